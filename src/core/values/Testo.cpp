@@ -1,0 +1,221 @@
+#include "core/values/Testo.h"
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+#include "core/values/Lettere.h"
+
+namespace fenalto {
+
+namespace {
+
+using lettere::Accoda;
+using lettere::Leggi;
+using lettere::Piega;
+using lettere::Unita;
+
+constexpr unsigned char Byte(char c) {
+  return static_cast<unsigned char>(c);
+}
+
+constexpr std::array<unsigned char, 128> kAsciiPiegato = [] {
+  std::array<unsigned char, 128> tavola{};
+  for (unsigned i = 0; i < tavola.size(); ++i)
+    tavola[i] = static_cast<unsigned char>(i >= 'A' && i <= 'Z' ? i + 32 : i);
+  return tavola;
+}();
+
+template <typename F>
+std::string Trasforma(std::string_view testo, F trasforma) {
+  std::string uscita;
+  uscita.reserve(testo.size());
+  while (!testo.empty()) {
+    const Unita unita = Leggi(testo);
+    testo.remove_prefix(unita.byte);
+    Accoda(uscita, unita.valida ? trasforma(unita.carattere) : unita.carattere, unita.valida);
+  }
+  return uscita;
+}
+
+/// The bytes of SenzaMaiuscole(testo), one at a time and without allocating.
+class FlussoPiegato {
+ public:
+  explicit FlussoPiegato(std::string_view testo) noexcept : testo_(testo) {}
+
+  /// Next byte, or -1 at the end.
+  int Prossimo() noexcept {
+    if (posto_ < quanti_) return buffer_[posto_++];
+    if (testo_.empty()) return -1;
+    const unsigned char primo = Byte(testo_.front());
+    if (primo < 0x80) {
+      testo_.remove_prefix(1);
+      return kAsciiPiegato[primo];
+    }
+    const Unita unita = Leggi(testo_);
+    testo_.remove_prefix(unita.byte);
+    if (!unita.valida) return primo;
+    quanti_ = lettere::Codifica(Piega(unita.carattere), buffer_);
+    posto_ = 1;
+    return buffer_[0];
+  }
+
+ private:
+  std::string_view testo_;
+  std::array<unsigned char, 4> buffer_{};
+  std::size_t posto_ = 0;
+  std::size_t quanti_ = 0;
+};
+
+int ConfrontaLento(std::string_view a, std::string_view b) noexcept {
+  FlussoPiegato flussoA(a);
+  FlussoPiegato flussoB(b);
+  for (;;) {
+    const int x = flussoA.Prossimo();
+    const int y = flussoB.Prossimo();
+    if (x != y) return x < y ? -1 : 1;
+    if (x < 0) return 0;
+  }
+}
+
+constexpr std::uint64_t kAlti = 0x8080808080808080U;
+
+std::uint64_t OttoByte(const char* p) noexcept {
+  std::uint64_t parola = 0;
+  std::memcpy(&parola, p, sizeof parola);
+  return parola;
+}
+
+}  // namespace
+
+std::string SenzaMaiuscole(std::string_view testo) {
+  return Trasforma(testo, Piega);
+}
+std::string Maiuscolo(std::string_view testo) {
+  return Trasforma(testo, lettere::Maiuscola);
+}
+std::string Minuscolo(std::string_view testo) {
+  return Trasforma(testo, lettere::Minuscola);
+}
+
+std::string PerRicerca(std::string_view testo) {
+  std::string uscita;
+  uscita.reserve(testo.size());
+  while (!testo.empty()) {
+    const Unita unita = Leggi(testo);
+    testo.remove_prefix(unita.byte);
+    if (!unita.valida) {
+      Accoda(uscita, unita.carattere, false);
+    } else if (unita.carattere < 0x80) {
+      uscita += static_cast<char>(kAsciiPiegato[unita.carattere]);
+    } else {
+      lettere::AccodaSpoglia(uscita, Piega(unita.carattere));
+    }
+  }
+  return uscita;
+}
+
+int ConfrontaTesto(std::string_view a, std::string_view b) noexcept {
+  const std::size_t comune = a.size() < b.size() ? a.size() : b.size();
+  std::size_t i = 0;
+  while (i < comune) {
+    if (comune - i >= sizeof(std::uint64_t)) {
+      const std::uint64_t parola = OttoByte(a.data() + i);
+      if (parola == OttoByte(b.data() + i) && (parola & kAlti) == 0) {
+        i += sizeof parola;
+        continue;
+      }
+    }
+    const unsigned char x = Byte(a[i]);
+    const unsigned char y = Byte(b[i]);
+    if ((x | y) >= 0x80) return ConfrontaLento(a.substr(i), b.substr(i));
+    if (x != y) {
+      const int differenza = int{kAsciiPiegato[x]} - int{kAsciiPiegato[y]};
+      if (differenza != 0) return differenza < 0 ? -1 : 1;
+    }
+    ++i;
+  }
+  if (a.size() == b.size()) return 0;
+  return a.size() < b.size() ? -1 : 1;
+}
+
+bool UgualeTesto(std::string_view a, std::string_view b) noexcept {
+  return ConfrontaTesto(a, b) == 0;
+}
+
+std::size_t HashTesto(std::string_view testo) noexcept {
+  constexpr std::uint64_t kPrimo = 0x100000001b3U;
+  std::uint64_t hash = 0xcbf29ce484222325U;
+  std::size_t i = 0;
+  for (; i < testo.size() && Byte(testo[i]) < 0x80; ++i)
+    hash = (hash ^ kAsciiPiegato[Byte(testo[i])]) * kPrimo;
+  FlussoPiegato flusso(testo.substr(i));
+  for (int b = flusso.Prossimo(); b >= 0; b = flusso.Prossimo())
+    hash = (hash ^ static_cast<std::uint64_t>(b)) * kPrimo;
+  return static_cast<std::size_t>(hash ^ (hash >> 32));
+}
+
+std::string_view Rifila(std::string_view testo) noexcept {
+  constexpr std::string_view kBianchi = " \t\r\n";
+  constexpr std::string_view kFisso = "\xC2\xA0";
+  for (;;) {
+    if (!testo.empty() && kBianchi.find(testo.front()) != std::string_view::npos) {
+      testo.remove_prefix(1);
+    } else if (testo.starts_with(kFisso)) {
+      testo.remove_prefix(kFisso.size());
+    } else {
+      break;
+    }
+  }
+  for (;;) {
+    if (!testo.empty() && kBianchi.find(testo.back()) != std::string_view::npos) {
+      testo.remove_suffix(1);
+    } else if (testo.ends_with(kFisso)) {
+      testo.remove_suffix(kFisso.size());
+    } else {
+      return testo;
+    }
+  }
+}
+
+std::size_t LunghezzaTesto(std::string_view testo) noexcept {
+  std::size_t n = 0;
+  while (!testo.empty()) {
+    testo.remove_prefix(Leggi(testo).byte);
+    ++n;
+  }
+  return n;
+}
+
+std::string Mid(std::string_view testo, std::size_t inizio, std::size_t lunghezza) {
+  for (; inizio > 1 && !testo.empty(); --inizio) testo.remove_prefix(Leggi(testo).byte);
+  std::string_view resto = testo;
+  for (; lunghezza > 0 && !resto.empty(); --lunghezza) resto.remove_prefix(Leggi(resto).byte);
+  return std::string(testo.substr(0, testo.size() - resto.size()));
+}
+
+bool Utf8Valido(std::string_view testo) noexcept {
+  while (!testo.empty()) {
+    const Unita unita = Leggi(testo);
+    if (!unita.valida) return false;
+    testo.remove_prefix(unita.byte);
+  }
+  return true;
+}
+
+std::string DaLatin1(std::string_view testo) {
+  // 0x80 to 0x9F of Windows-1252; the five places it leaves empty keep their control character.
+  static constexpr std::array<char32_t, 32> kAlti1252 = {
+      0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+      0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+      0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+  std::string uscita;
+  uscita.reserve(testo.size());
+  for (const char c : testo) {
+    const unsigned char b = Byte(c);
+    Accoda(uscita, b >= 0x80 && b < 0xA0 ? kAlti1252[b - 0x80U] : char32_t{b}, true);
+  }
+  return uscita;
+}
+
+}  // namespace fenalto
