@@ -1,0 +1,56 @@
+-- Due dates and the banks of presentation.
+--
+-- Types as in tessarc: IMPORTO counts ten-thousandths, DATA days since 30/12/1899, SINO is 0 or 1.
+
+-- A row is a due date of a customer ("C") or supplier ("F"). Stato: "00" as written by the program,
+-- "01" open, "10" partly paid, "30" paid. Importo and ImportoPagato are lire, the two ending in E
+-- euro. Numero is given by the program, the greatest plus 1.
+CREATE TABLE Scadenze (
+  Numero INTEGER NOT NULL DEFAULT 0 UNIQUE,
+  CFP TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Conto TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Dt DATA NOT NULL DEFAULT 0,
+  Tipo TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Stato TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Anno INTEGER NOT NULL DEFAULT 0,
+  Articolo INTEGER NOT NULL DEFAULT 0,
+  Riva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  NProt INTEGER NOT NULL DEFAULT 0,
+  NFat INTEGER NOT NULL DEFAULT 0,
+  DtFat DATA NOT NULL DEFAULT 0,
+  Programma TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Importo IMPORTO NOT NULL DEFAULT 0,
+  ImportoPagato IMPORTO NOT NULL DEFAULT 0,
+  ImportoE IMPORTO NOT NULL DEFAULT 0,
+  ImportoPagatoE IMPORTO NOT NULL DEFAULT 0,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  PrimaScad SINO NOT NULL DEFAULT 0,
+  Ultimascad SINO NOT NULL DEFAULT 0,
+  Pagamento TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  BancaPresentaz TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Ndistinta INTEGER NOT NULL DEFAULT 0,
+  DtPres DATA NOT NULL DEFAULT 0,
+  TipoDoc TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  anticipo SINO NOT NULL DEFAULT 0,
+  DtPag DATA NOT NULL DEFAULT 0
+);
+
+CREATE INDEX _Scadenze_conto ON Scadenze (CFP, Conto, Dt);
+CREATE INDEX _Scadenze_articolo ON Scadenze (Anno, Articolo);
+
+-- A row is a bank of presentation of bank receipts, with the number of its last batch.
+CREATE TABLE Banche (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Nome TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Abi TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CAB TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ContoCorrente TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Agenzia TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CodSia TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Cin TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CinInt TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Bic TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  paese TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  NUltDistinta INTEGER NOT NULL DEFAULT 0,
+  NUltDistintaBonifici INTEGER NOT NULL DEFAULT 0
+);

@@ -1,0 +1,436 @@
+-- Books, chart, codes and parties of a company.
+--
+-- Types: IMPORTO counts ten-thousandths, DATA days since 30/12/1899 (0 is the null date), SINO is 0
+-- or 1. Columns and tables that begin with "_" are the store's own.
+
+-- A row is an accounting year that the company keeps.
+CREATE TABLE Anni (
+  Anno INTEGER NOT NULL DEFAULT 0 UNIQUE,
+  Euro SINO NOT NULL DEFAULT 0,
+  VER TEXT NOT NULL DEFAULT '000' COLLATE FENALTO,
+  IvaTrimestrale SINO NOT NULL DEFAULT 0
+);
+
+-- A row is a user; Password is a hash, never the password itself.
+CREATE TABLE Ut (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Livello INTEGER NOT NULL DEFAULT 0,
+  Password TEXT NOT NULL DEFAULT '' COLLATE FENALTO
+);
+
+-- A row is a master account; PatrEcon is "P" balance sheet or "E" profit and loss.
+CREATE TABLE Mastri (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  PatrEcon TEXT NOT NULL DEFAULT '' COLLATE FENALTO
+);
+
+-- A row is an account, Cod "master.sub". CFP: "P" plain, "C" or "F" summary of customers or
+-- suppliers. ImportoSitAziendale only adjusts the statements. Cespite marks depreciable goods.
+CREATE TABLE Conti (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CFP TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  PatrEcon TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ImportoSitAziendale IMPORTO NOT NULL DEFAULT 0,
+  Cespite SINO NOT NULL DEFAULT 0
+);
+
+-- A row is anything a movement may name: a plain account, a customer or a supplier.
+CREATE TABLE ContiClientiFornitori (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CFP TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Descrizione2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  PRIMARY KEY (Cod, CFP)
+);
+
+-- A row is a causal of movements. Codes from 1 to 9 belong to the VAT registers.
+CREATE TABLE Causali (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Ripete SINO NOT NULL DEFAULT 0
+);
+
+-- A row is the head of a registration. Riva is empty when it isn't on a VAT register.
+CREATE TABLE Articoli (
+  ID INTEGER PRIMARY KEY AUTOINCREMENT,
+  Anno INTEGER NOT NULL DEFAULT 0,
+  NumDoc INTEGER NOT NULL DEFAULT 0,
+  Dt DATA NOT NULL DEFAULT 0,
+  CFP TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Conto TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CfpA TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ContoA TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CREATOINAUTOMATICO INTEGER NOT NULL DEFAULT 0,
+  Duplicabile SINO NOT NULL DEFAULT 0,
+  DescrArtDupl TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Riva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  NProt INTEGER NOT NULL DEFAULT 0,
+  DtFat DATA NOT NULL DEFAULT 0,
+  NFat TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Ep SINO NOT NULL DEFAULT 0,
+  DtIncasso DATA NOT NULL DEFAULT 0,
+  Pagamento TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  NVarAnPrec SINO NOT NULL DEFAULT 0,
+  UNIQUE (Anno, NumDoc)
+);
+
+-- A protocol number is taken once a register and year; 0 is "not numbered".
+CREATE UNIQUE INDEX _Articoli_protocollo ON Articoli (Anno, Riva, NProt)
+  WHERE Riva <> '' AND NProt <> 0;
+-- The journal's order, and the first and last date of a year.
+CREATE INDEX _Articoli_data ON Articoli (Anno, Dt, NumDoc);
+
+-- A row is a line of a registration. _Dt mirrors Dt of its head, Null while there is none.
+CREATE TABLE Movimenti (
+  Num INTEGER PRIMARY KEY AUTOINCREMENT,
+  Anno INTEGER NOT NULL DEFAULT 0,
+  NumDoc INTEGER NOT NULL DEFAULT 0,
+  Posi INTEGER NOT NULL DEFAULT 0,
+  Causale TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CFP TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Conto TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ImpoDare IMPORTO NOT NULL DEFAULT 0,
+  ImpoAvere IMPORTO NOT NULL DEFAULT 0,
+  CFPControp TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ContoControp TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  DiversiControp SINO NOT NULL DEFAULT 0,
+  TIPORIGA INTEGER NOT NULL DEFAULT 0,
+  CodIva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Imponibile IMPORTO NOT NULL DEFAULT 0,
+  Iva IMPORTO NOT NULL DEFAULT 0,
+  IvaInd IMPORTO NOT NULL DEFAULT 0,
+  Categoria TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Commessa TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  _Dt DATA
+);
+
+CREATE INDEX _Movimenti_articolo ON Movimenti (Anno, NumDoc, Posi);
+-- Balances of a year: all that they read, in the order of their groups.
+CREATE INDEX _Movimenti_saldi
+  ON Movimenti (Anno, CFP, Conto, _Dt, Causale, ImpoDare, ImpoAvere);
+-- Balances and dates of one account over all years.
+CREATE INDEX _Movimenti_conto
+  ON Movimenti (CFP, Conto, _Dt, Causale, ImpoDare, ImpoAvere);
+
+-- A row says up to which date the journal of a year is printed in definitive.
+CREATE TABLE UltimaDataLibro (
+  Anno INTEGER NOT NULL DEFAULT 0,
+  dt DATA NOT NULL DEFAULT 0
+);
+
+-- A row is a category of invoices and movements; nonmodif rows refuse change.
+CREATE TABLE Categorie (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  nonmodif SINO NOT NULL DEFAULT 0
+);
+
+-- A row is a VAT code. PercInd is the part of the tax that isn't deductible; CampoElenco (0 to 5)
+-- is the column of the annual lists.
+CREATE TABLE CodiciIva (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Perc IMPORTO NOT NULL DEFAULT 0,
+  PercInd IMPORTO NOT NULL DEFAULT 0,
+  Ventilazione SINO NOT NULL DEFAULT 0,
+  Scorporo SINO NOT NULL DEFAULT 0,
+  CampoElenco INTEGER NOT NULL DEFAULT 0,
+  Note TEXT NOT NULL DEFAULT '' COLLATE FENALTO
+);
+
+-- A row is a VAT register. Importochiusura and UltProtSt are what was last settled and printed.
+CREATE TABLE RegistriIva (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Tipo TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Conto TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ContoCassa TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ContoRicaviCorrisp TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CauGiroCorrisp TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CodIva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  RegMensileCorrisp SINO NOT NULL DEFAULT 0,
+  Importochiusura IMPORTO NOT NULL DEFAULT 0,
+  UltProtSt INTEGER NOT NULL DEFAULT 0
+);
+
+-- A row is a type of VAT register; PIUMENO is the sign of its tax in the settlement, 0 for none.
+CREATE TABLE TIPIregistriiva (
+  cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  DESCRIZIONE TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  PIUMENO INTEGER NOT NULL DEFAULT 0
+);
+
+-- A row is a period of the VAT settlement: "01" to "12", "T1" to "T4", "Z" the whole year.
+CREATE TABLE Mesi (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO
+);
+
+-- A row is a way in which a rate is paid; "03" is the bank receipt.
+CREATE TABLE tipipagamento (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO
+);
+
+-- A row is a payment code. With NuovaCodifica its rates stand in Pagamento_r, otherwise in the
+-- fields from NumeroSc to Tipo. The two windows of dates move a due date to day ggSpost.
+CREATE TABLE Pagamento (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  DescrizioneEstesa TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  NuovaCodifica SINO NOT NULL DEFAULT 0,
+  AggiornaScad SINO NOT NULL DEFAULT 0,
+  NumeroSc INTEGER NOT NULL DEFAULT 0,
+  PrimaSc INTEGER NOT NULL DEFAULT 0,
+  GiornoSc INTEGER NOT NULL DEFAULT 0,
+  Mese INTEGER NOT NULL DEFAULT 0,
+  Tipo TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Conto TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Causale TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CodPagIva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ggSpost INTEGER NOT NULL DEFAULT 0,
+  DaMM INTEGER NOT NULL DEFAULT 0,
+  DaGG INTEGER NOT NULL DEFAULT 0,
+  AaMM INTEGER NOT NULL DEFAULT 0,
+  AaGG INTEGER NOT NULL DEFAULT 0,
+  ggSpost2 INTEGER NOT NULL DEFAULT 0,
+  DaMM2 INTEGER NOT NULL DEFAULT 0,
+  DaGG2 INTEGER NOT NULL DEFAULT 0,
+  AaMM2 INTEGER NOT NULL DEFAULT 0,
+  AaGG2 INTEGER NOT NULL DEFAULT 0
+);
+
+-- A row is a rate of a payment code.
+CREATE TABLE Pagamento_r (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Rata TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  PercImporto IMPORTO NOT NULL DEFAULT 0,
+  DopoMesi INTEGER NOT NULL DEFAULT 0,
+  DopoGiorni INTEGER NOT NULL DEFAULT 0,
+  FineMese SINO NOT NULL DEFAULT 0,
+  DataFattura SINO NOT NULL DEFAULT 0,
+  GiornoFisso SINO NOT NULL DEFAULT 0,
+  GGFisso INTEGER NOT NULL DEFAULT 0,
+  Tipo TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  PRIMARY KEY (Cod, Rata)
+);
+
+-- A row is a customer; Conto is its summary account.
+CREATE TABLE Clienti (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  ragsoc1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ragsoc2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Pseudonimo TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  indirizzo TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  cap TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  localita TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Prov TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Nazione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  telefono1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  telefono2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Fax TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  EMail TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Internet TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Contatto1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  TelContatto1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  EmailContatto1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Contatto2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  TelContatto2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  EmailContatto2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  piva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CodFisc TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Conto TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ContropFatture TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CodIva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  EsenzioneIva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Ep SINO NOT NULL DEFAULT 0,
+  Ritenuta TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Fido IMPORTO NOT NULL DEFAULT 0,
+  Pagamento TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ScCassa IMPORTO NOT NULL DEFAULT 0,
+  Agente TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Vettore TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Sc1 IMPORTO NOT NULL DEFAULT 0,
+  Sc2 IMPORTO NOT NULL DEFAULT 0,
+  Sc3 IMPORTO NOT NULL DEFAULT 0,
+  Prezzi123 INTEGER NOT NULL DEFAULT 0,
+  listino TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  SpRiBa TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Banca TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Agenzia TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Abi TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CAB TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Cin TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CinInt TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ContoBanca TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Bic TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  VarieDdt1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  VarieDdt2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  VarieFat1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  VarieFat2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  NoteIntestazioneOrd TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ConsegnaOrd TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  AttenzOrd TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  RagSoc1Dest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ragsoc2Dest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  indirizzodest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  capdest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  localitadest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  provdest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CodDest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CodForn TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  RaggrRigheDdt SINO NOT NULL DEFAULT 0,
+  EscludoFatAuto SINO NOT NULL DEFAULT 0,
+  ConsumatoreFin SINO NOT NULL DEFAULT 0,
+  Categoria TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Elenco SINO NOT NULL DEFAULT 0,
+  Privacy SINO NOT NULL DEFAULT 0,
+  Note TEXT NOT NULL DEFAULT '' COLLATE FENALTO
+);
+
+CREATE INDEX _Clienti_conto ON Clienti (Conto);
+CREATE INDEX _Clienti_ragsoc ON Clienti (ragsoc1);
+
+-- A row is a supplier; Conto is its summary account.
+CREATE TABLE Fornitori (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  ragsoc1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ragsoc2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Pseudonimo TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  indirizzo TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  cap TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  localita TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Prov TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Nazione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  telefono1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  telefono2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Fax TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  EMail TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Internet TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Contatto1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  TelContatto1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  EmailContatto1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Contatto2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  TelContatto2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  EmailContatto2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  piva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CodFisc TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Conto TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ContropFatture TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CodIva TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Ep SINO NOT NULL DEFAULT 0,
+  Pagamento TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Banca TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Agenzia TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Abi TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CAB TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Cin TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CinInt TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ContoBanca TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Bic TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  VarieDdt1 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  VarieDdt2 TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  NoteIntestazioneOrd TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ConsegnaOrd TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  AttenzOrd TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  RagSoc1Dest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  ragsoc2Dest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  indirizzodest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  capdest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  localitadest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  provdest TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Categoria TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Elenco SINO NOT NULL DEFAULT 0,
+  Privacy SINO NOT NULL DEFAULT 0,
+  Note TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  DataNascita DATA NOT NULL DEFAULT 0,
+  LuogoNascita TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  CertificazioneCompensi SINO NOT NULL DEFAULT 0
+);
+
+CREATE INDEX _Fornitori_conto ON Fornitori (Conto);
+CREATE INDEX _Fornitori_ragsoc ON Fornitori (ragsoc1);
+
+-- A row is a kind of withholding, with account and causal of its giro.
+CREATE TABLE Ritenute (
+  Cod TEXT NOT NULL DEFAULT '' COLLATE FENALTO PRIMARY KEY,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Perc IMPORTO NOT NULL DEFAULT 0,
+  Causale TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Conto TEXT NOT NULL DEFAULT '' COLLATE FENALTO
+);
+
+-- A row is a file attached to a record: the record IdRecord of the kind Tipo ("PrimaNota").
+CREATE TABLE Allegati (
+  Num INTEGER PRIMARY KEY AUTOINCREMENT,
+  Tipo TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  IdRecord INTEGER NOT NULL DEFAULT 0,
+  Descrizione TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  NomeFile TEXT NOT NULL DEFAULT '' COLLATE FENALTO,
+  Dt DATA NOT NULL DEFAULT 0
+);
+
+CREATE INDEX _Allegati_record ON Allegati (Tipo, IdRecord);
+
+-- A row is a mirrored column: `specchio` in `tabella` equals `colonna` of the row of `altra` that has
+-- the same `chiave`, and is Null exactly when there is none. Statements may read the mirror in place
+-- of the join.
+CREATE TABLE _specchi (
+  tabella TEXT NOT NULL,
+  altra TEXT NOT NULL,
+  chiave TEXT NOT NULL,
+  colonna TEXT NOT NULL,
+  specchio TEXT NOT NULL,
+  PRIMARY KEY (tabella, altra, colonna)
+);
+INSERT INTO _specchi (tabella, altra, chiave, colonna, specchio)
+  VALUES ('Movimenti', 'Articoli', 'Anno,NumDoc', 'Dt', '_Dt');
+
+-- Rows are written before their head, so the usual insertion of a row finds no head: one look-up by
+-- key and no second write. The comparison also puts right whatever the inserter gave for _Dt.
+CREATE TRIGGER _Movimenti_inserito AFTER INSERT ON Movimenti
+WHEN NEW._Dt IS NOT (SELECT Dt FROM Articoli WHERE Anno = NEW.Anno AND NumDoc = NEW.NumDoc)
+BEGIN
+  UPDATE Movimenti
+    SET _Dt = (SELECT Dt FROM Articoli WHERE Anno = NEW.Anno AND NumDoc = NEW.NumDoc)
+    WHERE Num = NEW.Num;
+END;
+
+CREATE TRIGGER _Movimenti_spostato AFTER UPDATE OF Anno, NumDoc ON Movimenti
+WHEN NEW._Dt IS NOT (SELECT Dt FROM Articoli WHERE Anno = NEW.Anno AND NumDoc = NEW.NumDoc)
+BEGIN
+  UPDATE Movimenti
+    SET _Dt = (SELECT Dt FROM Articoli WHERE Anno = NEW.Anno AND NumDoc = NEW.NumDoc)
+    WHERE Num = NEW.Num;
+END;
+
+CREATE TRIGGER _Articoli_inserito AFTER INSERT ON Articoli
+BEGIN
+  UPDATE Movimenti SET _Dt = NEW.Dt
+    WHERE Anno = NEW.Anno AND NumDoc = NEW.NumDoc AND _Dt IS NOT NEW.Dt;
+END;
+
+CREATE TRIGGER _Articoli_eliminato AFTER DELETE ON Articoli
+BEGIN
+  UPDATE Movimenti SET _Dt = NULL WHERE Anno = OLD.Anno AND NumDoc = OLD.NumDoc;
+END;
+
+CREATE TRIGGER _Articoli_spostato AFTER UPDATE OF Anno, NumDoc ON Articoli
+WHEN NEW.Anno <> OLD.Anno OR NEW.NumDoc <> OLD.NumDoc
+BEGIN
+  UPDATE Movimenti SET _Dt = NULL WHERE Anno = OLD.Anno AND NumDoc = OLD.NumDoc;
+  UPDATE Movimenti SET _Dt = NEW.Dt
+    WHERE Anno = NEW.Anno AND NumDoc = NEW.NumDoc AND _Dt IS NOT NEW.Dt;
+END;
+
+CREATE TRIGGER _Articoli_ridatato AFTER UPDATE OF Dt ON Articoli
+WHEN NEW.Dt <> OLD.Dt
+BEGIN
+  UPDATE Movimenti SET _Dt = NEW.Dt
+    WHERE Anno = NEW.Anno AND NumDoc = NEW.NumDoc AND _Dt IS NOT NEW.Dt;
+END;

@@ -1,0 +1,2 @@
+-- Registrations that aren't on a VAT register.
+SELECT * FROM Articoli WHERE Riva=''

@@ -1,0 +1,2 @@
+-- Registrations on a VAT register.
+SELECT * FROM Articoli WHERE Riva<>''

@@ -1,0 +1,2 @@
+-- The chart as account fields search it.
+SELECT Cod, Descrizione, CFP, PatrEcon, Cespite FROM Conti
