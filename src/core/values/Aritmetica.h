@@ -3,8 +3,8 @@
 // Every function works on the absolute value and puts the sign back unless it says otherwise.
 // "Whole part" (Int) steps are done in integers, so that 1.13 never becomes 112.99999. Where an
 // intermediate result is held as an amount it is rounded there to four decimals, to the nearest and
-// ties to even; everywhere else intermediates are exact, and may go beyond the range of Importo as
-// long as the result does not (FuoriCampo otherwise). `euro` false means
+// ties to even; everywhere else intermediates are exact. A result, or a net price or product on
+// the way to it, that does not fit an amount throws FuoriCampo. `euro` false means
 // that the year is kept in lire, whose rate is the fixed 1936.27 (Council Regulation (EC) No
 // 2866/98).
 #pragma once

@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <stdexcept>
+
+#include "core/values/Aritmetica.h"
+#include "core/values/Generatori.h"
+
+namespace fenalto {
+namespace {
+
+Importo I(const char* testo) {
+  return Importo::DaTesto(testo).value();
+}
+
+const Importo kMassimo = Importo::DaDecimillesimi(std::numeric_limits<std::int64_t>::max());
+const Importo kMinimo = Importo::DaDecimillesimi(std::numeric_limits<std::int64_t>::min());
+
+TEST(Aritmetica, Arrotonda) {
+  struct Caso {
+    const char* importo;
+    int decimali;
+    ModoArrotonda modo;
+    const char* atteso;
+  };
+  constexpr auto kSu = ModoArrotonda::Eccesso;
+  constexpr auto kGiu = ModoArrotonda::Difetto;
+  constexpr auto kVicino = ModoArrotonda::Vicino;
+  const Caso casi[] = {
+      {"1.125", 2, kVicino, "1.13"},
+      {"-1.125", 2, kVicino, "-1.13"},
+      {"1.1249", 2, kVicino, "1.12"},
+      {"1.13", 2, kVicino, "1.13"},
+      {"1.13", 2, kGiu, "1.13"},
+      {"1.1399", 2, kGiu, "1.13"},
+      {"-1.1399", 2, kGiu, "-1.13"},
+      // An exact amount rises by one in the last place, but not without decimals.
+      {"1.13", 2, kSu, "1.14"},
+      {"-1.13", 2, kSu, "-1.14"},
+      {"1.1301", 2, kSu, "1.14"},
+      {"0", 2, kSu, "0.01"},
+      {"1.3", 1, kSu, "1.4"},
+      {"7", 0, kSu, "7"},
+      {"7.0001", 0, kSu, "8"},
+      {"7.5", 0, kVicino, "8"},
+      {"-7.5", 0, kVicino, "-8"},
+      {"7.4999", 0, kVicino, "7"},
+      {"1.2345", 4, kVicino, "1.2345"},
+      {"-0.004", 2, kVicino, "0"},
+  };
+  for (const Caso& caso : casi)
+    EXPECT_EQ(Arrotonda(I(caso.importo), caso.decimali, caso.modo), I(caso.atteso))
+        << caso.importo << " a " << caso.decimali << " modo " << static_cast<int>(caso.modo);
+  EXPECT_THROW(Arrotonda(kMassimo, 0, ModoArrotonda::Vicino), FuoriCampo);
+  EXPECT_EQ(Arrotonda(kMinimo, 0, ModoArrotonda::Difetto), Importo::DaUnita(-922337203685477));
+  EXPECT_THROW(Arrotonda(I("1"), 5, ModoArrotonda::Vicino), std::invalid_argument);
+}
+
+TEST(Aritmetica, ModoDaNumero) {
+  EXPECT_EQ(ModoDaNumero(1), ModoArrotonda::Eccesso);
+  EXPECT_EQ(ModoDaNumero(3), ModoArrotonda::Vicino);
+  for (const int numero : {-1, 0, 4}) EXPECT_EQ(ModoDaNumero(numero), std::nullopt);
+}
+
+TEST(Aritmetica, Iva) {
+  struct Caso {
+    const char* imponibile;
+    const char* aliquota;
+    bool euro;
+    const char* atteso;
+  };
+  const Caso casi[] = {
+      {"10", "22", true, "2.2"},      {"-10", "22", true, "-2.2"},
+      {"0.25", "22", true, "0.06"},                                // 0.055: half a cent goes up
+      {"-0.25", "22", true, "-0.06"},                              // and down with the sign
+      {"0.2499", "22", true, "0.06"},                              // 0.054978 is held as 0.0550
+      {"0.2497", "22", true, "0.05"},                              // 0.054934 as 0.0549
+      {"1234.56", "0", true, "0"},    {"101", "20", false, "21"},  // 20.2 lire
+      {"-101", "20", false, "-21"},   {"100", "20", false, "20"},
+      {"100.004", "20", false, "20"},  // 20.0008: almost exact
+      {"100.005", "20", false, "21"},  // 20.001
+      {"0.0001", "20", false, "0"},
+  };
+  for (const Caso& caso : casi)
+    EXPECT_EQ(CalcolaIva(I(caso.imponibile), I(caso.aliquota), caso.euro), I(caso.atteso))
+        << caso.imponibile << " al " << caso.aliquota << (caso.euro ? " euro" : " lire");
+  EXPECT_THROW(CalcolaIva(kMassimo, I("200"), true), FuoriCampo);
+}
+
+TEST(Aritmetica, Scorporo) {
+  EXPECT_EQ(ScorporaImponibile(I("122"), I("22")), I("100"));
+  EXPECT_EQ(ScorporaImponibile(I("100"), I("22")), I("81.97"));
+  EXPECT_EQ(ScorporaImponibile(I("-100"), I("22")), I("-81.97"));
+  EXPECT_EQ(ScorporaImponibile(I("12345"), I("20")), I("10287.5"));
+  EXPECT_THROW(ScorporaImponibile(I("1"), I("-100")), std::domain_error);
+}
+
+TEST(Aritmetica, ScontoCassa) {
+  struct Caso {
+    const char* importo;
+    const char* sconto;
+    bool euro;
+    const char* atteso;
+  };
+  const Caso casi[] = {
+      {"100", "3", true, "97"},        {"10.05", "3", true, "9.74"},  // 9.7485 cut
+      {"-10.05", "3", true, "-9.75"},  // -9.7485 cut towards minus infinity
+      {"33.33", "0", true, "33.33"},   {"1.13", "0", true, "1.13"},
+      {"10050", "3", false, "9749"},    // discount 301.5, cut to 301
+      {"-10050", "3", false, "-9748"},  // discount -301.5, cut to -302
+  };
+  for (const Caso& caso : casi)
+    EXPECT_EQ(ApplicaScontoCassa(I(caso.importo), I(caso.sconto), caso.euro), I(caso.atteso))
+        << caso.importo << " meno " << caso.sconto << "%";
+}
+
+TEST(Aritmetica, Cambio) {
+  EXPECT_EQ(EuroInLire(I("1"), true), I("1936"));
+  EXPECT_EQ(EuroInLire(I("-1"), true), I("-1936"));
+  EXPECT_EQ(EuroInLire(I("100"), true), I("193627"));
+  EXPECT_EQ(EuroInLire(I("50"), true), I("96814"));    // 96813.5
+  EXPECT_EQ(EuroInLire(I("-50"), true), I("-96813"));  // Int of -96813.5 + 0.5
+  EXPECT_EQ(EuroInLire(I("1.5"), false), I("1.5"));
+  EXPECT_EQ(LireInEuro(I("1936.27"), 2), I("1"));
+  EXPECT_EQ(LireInEuro(I("1000"), 2), I("0.52"));
+  EXPECT_EQ(LireInEuro(I("-1000"), 2), I("-0.52"));
+  EXPECT_EQ(LireInEuro(I("1000"), 4), I("0.5165"));
+  EXPECT_THROW(EuroInLire(kMassimo, true), FuoriCampo);
+}
+
+TEST(Aritmetica, Riga) {
+  const Importo zero;
+  const Importo tre = I("3");
+  const Importo prezzo = I("1.3333");
+  // 10% of 1.3333 is held as 0.1333: 1.2000 net.
+  EXPECT_EQ(PrezzoNetto(prezzo, I("10"), zero, zero), I("1.2"));
+  EXPECT_EQ(ImportoRiga(prezzo, I("10"), zero, zero, tre, true, false), I("3.6"));
+  // 3.9999 without discount: cut, rounded, and in lire.
+  EXPECT_EQ(ImportoRiga(prezzo, zero, zero, zero, tre, true, false), I("3.99"));
+  EXPECT_EQ(ImportoRiga(prezzo, zero, zero, zero, tre, true, true), I("4"));
+  EXPECT_EQ(ImportoRiga(prezzo, zero, zero, zero, tre, false, true), I("3"));
+  EXPECT_EQ(ImportoRiga(prezzo, zero, zero, zero, I("-3"), true, false), I("-4"));
+  // A chain, not a sum: 100 less 50, less 10, less 20 percent.
+  EXPECT_EQ(PrezzoNetto(I("100"), I("50"), I("10"), I("20")), I("36"));
+  EXPECT_EQ(PrezzoNetto(I("99.9999"), I("100"), I("7"), I("7")), zero);
+  EXPECT_THROW(ImportoRiga(kMassimo, zero, zero, zero, tre, true, false), FuoriCampo);
+}
+
+}  // namespace
+}  // namespace fenalto
