@@ -377,9 +377,9 @@ CREATE TABLE Allegati (
 
 CREATE INDEX _Allegati_record ON Allegati (Tipo, IdRecord);
 
--- A row is a mirrored column: `specchio` in `tabella` equals `colonna` of the row of `altra` that has
--- the same `chiave`, and is Null exactly when there is none. Statements may read the mirror in place
--- of the join.
+-- A row is a mirrored column: `specchio` in `tabella` equals `colonna` of the row of `altra` with the
+-- same `chiave`, and is Null exactly when there is none. Statements may read the mirror in place of
+-- the join.
 CREATE TABLE _specchi (
   tabella TEXT NOT NULL,
   altra TEXT NOT NULL,

@@ -1,0 +1,325 @@
+// The model company is loaded into the real schema and asked whether it is whole: every code that a
+// row names exists, and a new company can post, collect and settle with it from the first day.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <regex>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Fields of a line; a field in double quotes may hold the separator and doubled quotes.
+std::vector<std::string> Campi(const std::string& riga) {
+  std::vector<std::string> campi(1);
+  bool traVirgolette = false;
+  for (std::size_t i = 0; i < riga.size(); ++i) {
+    const char c = riga[i];
+    if (c == '"') {
+      if (traVirgolette && i + 1 < riga.size() && riga[i + 1] == '"') {
+        campi.back() += riga[++i];
+      } else {
+        traVirgolette = !traVirgolette;
+      }
+    } else if (c == ';' && !traVirgolette) {
+      campi.emplace_back();
+    } else {
+      campi.back() += c;
+    }
+  }
+  return campi;
+}
+
+/// The value as the store keeps it, from its text in the file and the type of its column.
+std::string Memorizzato(const std::string& tipo, const std::string& testo) {
+  static const std::regex intero("-?[0-9]+");
+  static const std::regex decimale("(-?[0-9]+)(\\.([0-9]{1,4}))?");
+  std::smatch parti;
+  if (tipo == "TEXT") {
+    return testo;
+  }
+  if (tipo == "SINO" && (testo == "True" || testo == "False")) {
+    return testo == "True" ? "1" : "0";
+  }
+  if (tipo == "INTEGER" && std::regex_match(testo, intero)) {
+    return testo;
+  }
+  if (tipo == "IMPORTO" && std::regex_match(testo, parti, decimale)) {
+    std::string frazione = parti[3].str();
+    frazione.resize(4, '0');
+    return std::to_string(std::stoll(parti[1].str() + frazione));
+  }
+  throw std::runtime_error("\"" + testo + "\" non è un valore di tipo " + tipo);
+}
+
+int Confronta(void*, int n1, const void* p1, int n2, const void* p2) {
+  const auto minuscolo = [](int n, const void* p) {
+    std::string s(static_cast<const char*>(p), static_cast<std::size_t>(n));
+    std::transform(s.begin(), s.end(), s.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return s;
+  };
+  return minuscolo(n1, p1).compare(minuscolo(n2, p2));
+}
+
+/// One database of the model in memory, with the schema that companies have.
+class Base {
+ public:
+  explicit Base(const std::string& chiave) {
+    sqlite3* db = nullptr;
+    sqlite3_open(":memory:", &db);
+    db_.reset(db);
+    sqlite3_create_collation(db, "FENALTO", SQLITE_UTF8, nullptr, Confronta);
+    std::vector<fs::path> passi;
+    for (const auto& f : fs::directory_iterator(fs::path(FENALTO_DATA) / "schema" / chiave)) {
+      passi.push_back(f.path());
+    }
+    std::sort(passi.begin(), passi.end());
+    for (const auto& passo : passi) {
+      std::ostringstream testo;
+      testo << std::ifstream(passo).rdbuf();
+      Esegui(testo.str());
+    }
+    for (const auto& f : fs::directory_iterator(fs::path(FENALTO_DATA) / "modello" / chiave)) {
+      Carica(f.path());
+    }
+  }
+
+  void Esegui(const std::string& sql) {
+    if (sqlite3_exec(db_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+      throw std::runtime_error(sqlite3_errmsg(db_.get()));
+    }
+  }
+
+  /// First column of every row of a query.
+  std::vector<std::string> Colonna(const std::string& sql) { return Colonna(sql, {}); }
+
+  std::vector<std::string> Colonna(const std::string& sql, const std::vector<std::string>& valori) {
+    sqlite3_stmt* istruzione = nullptr;
+    if (sqlite3_prepare_v2(db_.get(), sql.c_str(), -1, &istruzione, nullptr) != SQLITE_OK) {
+      throw std::runtime_error(sqlite3_errmsg(db_.get()));
+    }
+    for (std::size_t i = 0; i < valori.size(); ++i) {
+      sqlite3_bind_text(istruzione, static_cast<int>(i) + 1, valori[i].c_str(), -1, nullptr);
+    }
+    std::vector<std::string> celle;
+    int esito = SQLITE_ROW;
+    while ((esito = sqlite3_step(istruzione)) == SQLITE_ROW) {
+      const void* testo = sqlite3_column_text(istruzione, 0);
+      celle.emplace_back(testo == nullptr ? "" : static_cast<const char*>(testo));
+    }
+    sqlite3_finalize(istruzione);
+    if (esito != SQLITE_DONE) {
+      throw std::runtime_error(sqlite3_errmsg(db_.get()));
+    }
+    return celle;
+  }
+
+  const std::vector<std::string>& Tabelle() const { return tabelle_; }
+
+ private:
+  struct Chiudi {
+    void operator()(sqlite3* db) const { sqlite3_close(db); }
+  };
+
+  void Carica(const fs::path& percorso) {
+    const std::string tabella = percorso.stem().string();
+    std::ifstream file(percorso);
+    std::string riga;
+    std::getline(file, riga);
+    const auto nomi = Campi(riga);
+    std::vector<std::string> tipi;
+    std::string elenco;
+    std::string segni;
+    for (const auto& nome : nomi) {
+      const auto tipo =
+          Colonna("SELECT type FROM pragma_table_info(?) WHERE name = ?", {tabella, nome});
+      if (tipo.size() != 1) {
+        throw std::runtime_error(tabella + " non ha il campo " + nome);
+      }
+      tipi.push_back(tipo[0]);
+      elenco += (elenco.empty() ? "" : ",") + nome;
+      segni += segni.empty() ? "?" : ",?";
+    }
+    const std::string istruzione =
+        "INSERT INTO " + tabella + " (" + elenco + ") VALUES (" + segni + ")";
+    while (std::getline(file, riga)) {
+      auto valori = Campi(riga);
+      if (valori.size() != nomi.size()) {
+        throw std::runtime_error(tabella + ": campi in numero errato: " + riga);
+      }
+      for (std::size_t i = 0; i < valori.size(); ++i) {
+        valori[i] = Memorizzato(tipi[i], valori[i]);
+      }
+      Colonna(istruzione, valori);
+    }
+    tabelle_.push_back(tabella);
+  }
+
+  std::unique_ptr<sqlite3, Chiudi> db_;
+  std::vector<std::string> tabelle_;
+};
+
+class ModelloDitta : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { base_ = std::make_unique<Base>("tessarc"); }
+  static void TearDownTestSuite() { base_.reset(); }
+
+  static void Nessuno(const std::string& difetto, const std::string& sql) {
+    EXPECT_THAT(base_->Colonna(sql), testing::IsEmpty()) << difetto;
+  }
+
+  static std::unique_ptr<Base> base_;
+};
+
+std::unique_ptr<Base> ModelloDitta::base_;
+
+TEST_F(ModelloDitta, IlPianoDeiContiSiTiene) {
+  Nessuno("conto senza mastro, o patrimoniale/economico diverso dal mastro",
+          "SELECT c.Cod FROM Conti c WHERE NOT EXISTS (SELECT 1 FROM Mastri m WHERE m.PatrEcon = "
+          "c.PatrEcon AND m.Cod || '.' = substr(c.Cod, 1, instr(c.Cod, '.')))");
+  Nessuno("mastro senza conti",
+          "SELECT m.Cod FROM Mastri m WHERE NOT EXISTS (SELECT 1 FROM Conti c WHERE "
+          "substr(c.Cod, 1, length(m.Cod) + 1) = m.Cod || '.')");
+  Nessuno("lettere non previste",
+          "SELECT Cod FROM Conti WHERE PatrEcon NOT IN ('P','E') OR CFP NOT IN ('C','F','P')");
+  Nessuno("riepilogativo o cespite economico",
+          "SELECT Cod FROM Conti WHERE PatrEcon = 'E' AND (CFP <> 'P' OR Cespite)");
+  Nessuno("elenco dei conti diverso dai conti di classe P",
+          "SELECT Cod || Descrizione FROM Conti WHERE CFP = 'P' EXCEPT SELECT Cod || Descrizione "
+          "FROM ContiClientiFornitori WHERE CFP = 'P'");
+  Nessuno("elenco dei conti con righe di troppo",
+          "SELECT Cod FROM ContiClientiFornitori WHERE CFP <> 'P' OR Descrizione2 <> '' OR Cod NOT "
+          "IN (SELECT Cod FROM Conti WHERE CFP = 'P')");
+  for (const char* classe : {"C", "F"}) {
+    EXPECT_FALSE(base_->Colonna("SELECT Cod FROM Conti WHERE CFP = ?", {classe}).empty()) << classe;
+  }
+}
+
+TEST_F(ModelloDitta, OgniCodiceNominatoEsiste) {
+  struct Legame {
+    const char* tabella;
+    const char* campo;
+    const char* verso;
+  };
+  const Legame legami[] = {
+      {"RegistriIva", "Tipo", "TIPIregistriiva"},
+      {"RegistriIva", "Conto", "Conti"},
+      {"RegistriIva", "ContoCassa", "Conti"},
+      {"RegistriIva", "ContoRicaviCorrisp", "Conti"},
+      {"RegistriIva", "CauGiroCorrisp", "Causali"},
+      {"RegistriIva", "CodIva", "CodiciIva"},
+      {"Pagamento", "Conto", "Conti"},
+      {"Pagamento", "Causale", "Causali"},
+      {"Pagamento", "Tipo", "tipipagamento"},
+      {"Pagamento", "CodPagIva", "Pagamento"},
+      {"Pagamento_r", "Cod", "Pagamento"},
+      {"Pagamento_r", "Tipo", "tipipagamento"},
+      {"Ritenute", "Conto", "Conti"},
+      {"Ritenute", "Causale", "Causali"},
+  };
+  for (const auto& l : legami) {
+    const std::string campo = l.campo;
+    Nessuno(std::string(l.tabella) + "." + campo, "SELECT " + campo + " FROM " + l.tabella +
+                                                      " WHERE " + campo + " <> '' AND " + campo +
+                                                      " NOT IN (SELECT Cod FROM " + l.verso + ")");
+  }
+  // Rows written by the program go on plain accounts of the balance sheet or of revenue.
+  Nessuno("conto di registro, pagamento o ritenuta non di classe P",
+          "SELECT Conto FROM (SELECT Conto FROM RegistriIva UNION ALL SELECT ContoCassa FROM "
+          "RegistriIva UNION ALL SELECT ContoRicaviCorrisp FROM RegistriIva UNION ALL SELECT Conto "
+          "FROM Pagamento UNION ALL SELECT Conto FROM Ritenute) WHERE Conto <> '' AND Conto NOT IN "
+          "(SELECT Cod FROM ContiClientiFornitori)");
+}
+
+TEST_F(ModelloDitta, ICodiciRispettanoLeRiserve) {
+  for (const auto& tabella : base_->Tabelle()) {
+    Nessuno(tabella, "SELECT Cod FROM " + tabella + " WHERE Cod = '' OR Cod LIKE 'X%'");
+  }
+  Nessuno("mastri da lasciare liberi", "SELECT Cod FROM Mastri WHERE Cod >= '990'");
+  Nessuno("codici lasciati a clienti e fornitori",
+          "SELECT Cod FROM ContiClientiFornitori WHERE Cod GLOB '9[0-9][0-9][0-9]'");
+  Nessuno("causale che comincia da 1 a 9 ma non è di un registro",
+          "SELECT Cod FROM Causali WHERE Cod >= '1' AND Cod <= '9zz' AND NOT EXISTS (SELECT 1 FROM "
+          "RegistriIva r WHERE Causali.Cod IN (r.Cod || '1', r.Cod || '2', r.Cod || '3'))");
+  Nessuno("codice iva creato solo dal programma", "SELECT Cod FROM CodiciIva WHERE Cod = 'ZCOR'");
+}
+
+TEST_F(ModelloDitta, IRegistriIvaSonoPronti) {
+  Nessuno("registro senza le tre causali, uguali fra loro",
+          "SELECT r.Cod FROM RegistriIva r WHERE r.Tipo NOT IN ('08','08A') AND (SELECT count(*) "
+          "FROM Causali c WHERE c.Ripete AND c.Descrizione <> '' AND c.Cod IN (r.Cod || '1', "
+          "r.Cod || '2', r.Cod || '3')) <> 3");
+  Nessuno("registro che la maschera rifiuterebbe",
+          "SELECT Cod FROM RegistriIva WHERE Conto = '' OR (Tipo IN ('02','07','09') AND "
+          "(ContoCassa = '' OR ContoRicaviCorrisp = '' OR CauGiroCorrisp = ''))");
+  Nessuno("registro acquisti che nella liquidazione non si sottrae, o viceversa",
+          "SELECT cod FROM TIPIregistriiva WHERE PIUMENO <> CASE WHEN cod IN ('03','05','08A') "
+          "THEN -1 WHEN cod = '06' THEN 0 ELSE 1 END");
+  EXPECT_THAT(base_->Colonna("SELECT Cod FROM RegistriIva ORDER BY Cod"),
+              testing::UnorderedElementsAre("1", "1V", "2", "3", "3V", "4", "5", "7", "8", "8A"));
+}
+
+TEST_F(ModelloDitta, ICodiciIvaHannoAliquoteVigenti) {
+  Nessuno("aliquota che non esiste",
+          "SELECT Cod FROM CodiciIva WHERE Perc NOT IN (0, 40000, 50000, 100000, 220000)");
+  Nessuno("indetraibilità fuori misura, o senza imposta",
+          "SELECT Cod FROM CodiciIva WHERE PercInd < 0 OR PercInd > 1000000 OR (PercInd <> 0 AND "
+          "Perc = 0)");
+  Nessuno("colonna degli elenchi non prevista, o imponibile fuori dagli elenchi",
+          "SELECT Cod FROM CodiciIva WHERE CampoElenco NOT BETWEEN 0 AND 5 OR (CampoElenco = 1) <> "
+          "(Perc <> 0)");
+}
+
+TEST_F(ModelloDitta, ICodiciPagamentoSonoCompleti) {
+  Nessuno("rate che non fanno 100",
+          "SELECT Cod FROM Pagamento_r GROUP BY Cod HAVING sum(PercImporto) <> 1000000");
+  Nessuno("rate non numerate da 01, o più di dieci",
+          "SELECT Cod FROM Pagamento_r GROUP BY Cod HAVING count(*) > 10 OR min(Rata) <> '01' OR "
+          "CAST(max(Rata) AS INTEGER) <> count(*)");
+  Nessuno("rata che non dice come si sposta la data",
+          "SELECT Cod FROM Pagamento_r WHERE FineMese + DataFattura + GiornoFisso <> 1 OR "
+          "GiornoFisso <> (GGFisso <> 0)");
+  Nessuno(
+      "codice che non paga subito e non ha scadenze, o fa tutte e due le cose",
+      "SELECT Cod FROM Pagamento p WHERE NOT NuovaCodifica OR AggiornaScad <> (Cod IN (SELECT "
+      "Cod FROM Pagamento_r)) OR AggiornaScad <> (Conto = '') OR (Conto = '') <> (Causale = '')");
+}
+
+TEST_F(ModelloDitta, CiSonoICodiciSuCuiIlProgrammaConta) {
+  const std::map<std::string, std::vector<std::string>> attesi = {
+      {"Conti", {"100.010", "170.001", "170.003", "700.010", "900.220"}},
+      {"Causali", {"037", "APE", "APEX"}},
+      {"CodiciIva", {"20"}},
+      {"tipipagamento", {"01", "02", "03", "05"}},
+      {"Mesi", {"01", "12", "T1", "T4", "Z"}},
+      {"TIPIregistriiva", {"01", "02", "03", "04", "05", "06", "07", "08", "08A", "09", "11"}},
+  };
+  for (const auto& [tabella, codici] : attesi) {
+    EXPECT_THAT(base_->Colonna("SELECT Cod FROM " + tabella), testing::IsSupersetOf(codici))
+        << tabella;
+  }
+  Nessuno("descrizione mancante", "SELECT Cod FROM Causali WHERE Descrizione = ''");
+}
+
+TEST_F(ModelloDitta, NonPortaRegistrazioniNePersone) {
+  for (const char* tabella : {"Anni", "Ut", "Articoli", "Movimenti", "Clienti", "Fornitori"}) {
+    EXPECT_THAT(base_->Colonna(std::string("SELECT 1 FROM ") + tabella), testing::IsEmpty())
+        << tabella;
+  }
+  Base scadenzario("scadenzario");
+  EXPECT_THAT(scadenzario.Colonna("SELECT 1 FROM Scadenze"), testing::IsEmpty());
+}
+
+}  // namespace
