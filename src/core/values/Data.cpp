@@ -87,10 +87,11 @@ std::optional<int> AnnoDigitato(std::string_view cifre) {
 /// "15", "1503", "150324", "15032024".
 std::optional<Digitata> LeggiAttaccata(std::string_view cifre) {
   if (cifre.size() <= 2) return Digitata{Numero(cifre), kMancante, kMancante};
+  if (cifre.size() < 4) return std::nullopt;
   const Digitata giornoMese{Numero(cifre.substr(0, 2)), Numero(cifre.substr(2, 2)), kMancante};
   if (cifre.size() == 4) return giornoMese;
-  if (cifre.size() != 6 && cifre.size() != 8) return std::nullopt;
   const auto anno = AnnoDigitato(cifre.substr(4));
+  if (!anno) return std::nullopt;
   return Digitata{giornoMese.giorno, giornoMese.mese, *anno};
 }
 
@@ -189,7 +190,9 @@ Data Data::PiuGiorni(std::int32_t n) const {
 Data Data::PiuMesi(std::int32_t n) const {
   const Gma gma = Scomponi(giorni_);
   const std::int64_t mesi = std::int64_t{gma.anno} * 12 + gma.mese - 1 + n;
-  if (mesi < kAnnoMinimo * 12 || mesi >= (kAnnoMassimo + 1) * 12)
+  constexpr std::int64_t kMeseMinimo = kAnnoMinimo * 12;
+  constexpr std::int64_t kMeseOltre = (kAnnoMassimo + 1) * 12;
+  if (mesi < kMeseMinimo || mesi >= kMeseOltre)
     throw std::out_of_range("data fuori dagli anni da 1 a 9999");
   const int anno = static_cast<int>(mesi / 12);
   const int mese = static_cast<int>(mesi % 12) + 1;

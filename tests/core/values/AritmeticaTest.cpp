@@ -125,6 +125,8 @@ TEST(Aritmetica, Cambio) {
   EXPECT_EQ(LireInEuro(I("1000"), 2), I("0.52"));
   EXPECT_EQ(LireInEuro(I("-1000"), 2), I("-0.52"));
   EXPECT_EQ(LireInEuro(I("1000"), 4), I("0.5165"));
+  EXPECT_EQ(LireInEuro(I("968.135"), 0), I("1"));  // exactly half a euro
+  EXPECT_EQ(LireInEuro(I("-968.135"), 0), I("0"));
   EXPECT_THROW(EuroInLire(kMassimo, true), FuoriCampo);
 }
 

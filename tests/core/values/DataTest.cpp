@@ -75,6 +75,7 @@ TEST(Data, GiorniCheNonEsistono) {
   EXPECT_THROW(static_cast<void>(G(1, 1, 2024).PiuGiorni(kEstremo)), std::out_of_range);
   EXPECT_THROW(static_cast<void>(G(1, 1, 2024).PiuMesi(kEstremo)), std::out_of_range);
   EXPECT_THROW(static_cast<void>(G(1, 1, 1).PiuMesi(-1)), std::out_of_range);
+  EXPECT_THROW(static_cast<void>(G(1, 12, 9999).PiuMesi(1)), std::out_of_range);
 }
 
 TEST(Data, Nulla) {
