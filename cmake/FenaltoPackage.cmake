@@ -1,0 +1,20 @@
+# Installation and the Debian package.
+include(GNUInstallDirs)
+install(TARGETS fenalto RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY data/schema data/modello data/fonts data/icons
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/fenalto)
+install(FILES data/icons/fenalto.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES data/fenalto.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME fenalto)
+set(CPACK_PACKAGE_CONTACT "Fenalto <fenalto@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Contabilità e gestione per la piccola impresa")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, fonts-liberation, qt6-translations-l10n")
+set(CPACK_STRIP_FILES ON)
+include(CPack)

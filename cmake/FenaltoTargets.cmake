@@ -1,0 +1,37 @@
+# Helpers for the project's targets: one place for warnings, sanitizers and the shape of a test.
+
+add_library(fenalto_warnings INTERFACE)
+target_compile_options(
+  fenalto_warnings
+  INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+            -Woverloaded-virtual -Wold-style-cast -Wimplicit-fallthrough -Werror)
+
+if(FENALTO_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# fenalto_library(NAME SOURCES a.cpp ... LINKS lib ...): a static library of the program. Its
+# headers are included by their path below src/ ("core/values/Importo.h").
+function(fenalto_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE fenalto_warnings)
+endfunction()
+
+# fenalto_test(NAME SOURCES a.cpp ... LINKS lib ... [TIMEOUT s]): a GoogleTest program, one ctest.
+function(fenalto_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src" "${CMAKE_SOURCE_DIR}/tests")
+  target_compile_definitions(${name} PRIVATE FENALTO_DATA="${CMAKE_SOURCE_DIR}/data"
+                                             FENALTO_SHARED_TESTS="${CMAKE_SOURCE_DIR}/tests")
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} fenalto_warnings GTest::gtest GTest::gmock
+                                        GTest::gtest_main)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+endfunction()
