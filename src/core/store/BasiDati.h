@@ -1,0 +1,92 @@
+// The two databases of a company on one connection, so that one transaction covers both.
+//
+// `tessarc` is the connection's main database and `scadenzario` is attached to it; both use a
+// rollback journal in TRUNCATE mode with synchronous=FULL, which is atomic over both files and
+// survives a power cut. Scratch databases are attached without syncing. Nothing in the process
+// opens or closes a database file but the engine: a second descriptor would drop its locks.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/store/Archivio.h"
+#include "core/store/Blocchi.h"
+#include "core/store/CopiaSicurezza.h"
+
+namespace fenalto {
+
+struct OpzioniApertura {
+  /// Folder `schema` of the program's data: numbered steps and stored queries.
+  std::filesystem::path cartellaSchema;
+  std::string stazione;
+  std::string utente;
+  /// Folder for the copies made before a schema step (default: `Copie` beside tessarc).
+  std::filesystem::path cartellaCopie;
+  /// How long a statement waits for another station's commit.
+  std::chrono::milliseconds attesa{10'000};
+  /// File layer of the engine, for tests; empty for the system's.
+  std::string vfs;
+};
+
+/// A failure injected by tests.
+enum class Guasto { Nessuno, Errore, Memoria };
+
+class BasiDati {
+ public:
+  /// Makes both databases, empty, at the newest schema step. Fails when a file exists.
+  static Esito<bool> Crea(const PercorsiArchivi& percorsi, const OpzioniApertura& opzioni);
+  /// Opens both, checks that they are this program's databases and whole, and brings an older
+  /// schema up to date (after a copy, in one transaction). The error says which file and what to do.
+  static Esito<std::unique_ptr<BasiDati>> Apri(const PercorsiArchivi& percorsi,
+                                               const OpzioniApertura& opzioni);
+  ~BasiDati();
+  BasiDati(const BasiDati&) = delete;
+  BasiDati& operator=(const BasiDati&) = delete;
+
+  [[nodiscard]] Archivio& Tessarc();
+  [[nodiscard]] Archivio& Scadenzario();
+  /// By key, without case; throws ErroreArchivio on another key.
+  [[nodiscard]] Archivio& PerChiave(std::string_view chiave);
+  /// Opens a scratch database made by CreaCopiaTemp. Tables it doesn't hold and that were not
+  /// linked are unknown to it; the stored queries of tessarc are known by name.
+  std::unique_ptr<Archivio> ApriTemp(const std::filesystem::path& percorso);
+
+  [[nodiscard]] fenalto::Blocchi& Blocchi();
+  [[nodiscard]] const PercorsiArchivi& Percorsi() const;
+  [[nodiscard]] bool InTransazione() const;
+
+  /// Test seam: the `n`-th statement from now (1 the next) fails with `guasto` instead of running,
+  /// BEGIN and COMMIT included; 0 takes the seam off.
+  void ImpostaGuasto(int n, Guasto guasto);
+  /// Statements run since the seam was set.
+  [[nodiscard]] int IstruzioniEseguite() const;
+
+ private:
+  friend class Archivio;
+  friend class Transazione;
+  struct Interno;
+  explicit BasiDati(std::unique_ptr<Interno> interno);
+  std::unique_ptr<Interno> interno_;
+};
+
+/// One transaction over both databases. Rolled back on destruction unless Conferma() succeeded.
+/// Not nested: opening a second one throws std::logic_error.
+class Transazione {
+ public:
+  explicit Transazione(BasiDati& basi);
+  ~Transazione();
+  Transazione(const Transazione&) = delete;
+  Transazione& operator=(const Transazione&) = delete;
+  /// Commits; throws ErroreArchivio when the engine can't, and then everything is rolled back.
+  void Conferma();
+
+ private:
+  BasiDati& basi_;
+  bool aperta_ = true;
+};
+
+}  // namespace fenalto
