@@ -1,0 +1,78 @@
+// A read-only grid: sort on headers, remembered widths, copy as text, type to search.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QTableView>
+#include <functional>
+#include <vector>
+
+#include "core/values/Valore.h"
+
+namespace fenalto {
+
+struct ColonnaGriglia {
+  QString titolo;
+  Tipo tipo = Tipo::Testo;
+  int larghezza = 100;   ///< pixels at first
+  int decimali = 2;      ///< of amounts
+};
+
+/// Rows of values held in memory.
+class ModelloGriglia : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  explicit ModelloGriglia(std::vector<ColonnaGriglia> colonne, QObject* genitore = nullptr);
+  /// Replaces all rows; each has one value a column.
+  void Righe(std::vector<std::vector<Valore>> righe);
+  [[nodiscard]] const std::vector<Valore>& Riga(int indice) const;
+  void Decimali(int decimali);
+  [[nodiscard]] const std::vector<ColonnaGriglia>& Colonne() const { return colonne_; }
+
+  [[nodiscard]] int rowCount(const QModelIndex& genitore = {}) const override;
+  [[nodiscard]] int columnCount(const QModelIndex& genitore = {}) const override;
+  [[nodiscard]] QVariant data(const QModelIndex& indice, int ruolo) const override;
+  [[nodiscard]] QVariant headerData(int sezione, Qt::Orientation verso, int ruolo) const override;
+  void sort(int colonna, Qt::SortOrder ordine) override;
+  bool canFetchMore(const QModelIndex& genitore) const override;
+  void fetchMore(const QModelIndex& genitore) override;
+
+  /// Rows that come in pages: `pagina(da)` returns the next rows after the `da` already there, and
+  /// none at the end. Sorting is then left to the source.
+  void Pagine(std::function<std::vector<std::vector<Valore>>(int da)> pagina);
+
+ private:
+  std::vector<ColonnaGriglia> colonne_;
+  std::vector<std::vector<Valore>> righe_;
+  std::function<std::vector<std::vector<Valore>>(int)> pagina_;
+  bool finite_ = true;
+};
+
+class Griglia : public QTableView {
+  Q_OBJECT
+
+ public:
+  /// `nome` is the object name; `finestra` names the window for the remembered widths.
+  Griglia(const QString& nome, const QString& finestra, std::vector<ColonnaGriglia> colonne,
+          QWidget* genitore = nullptr);
+  [[nodiscard]] ModelloGriglia& Modello() { return *modello_; }
+  /// Index of the current row, -1 for none.
+  [[nodiscard]] int RigaCorrente() const;
+  void VaiARiga(int indice);
+
+ signals:
+  /// A row was clicked, or Enter was pressed on it.
+  void RigaScelta(int indice);
+  void RigaDoppioClic(int indice);
+
+ protected:
+  void keyPressEvent(QKeyEvent* evento) override;
+  void contextMenuEvent(QContextMenuEvent* evento) override;
+
+ private:
+  void Copia() const;
+  QString finestra_;
+  ModelloGriglia* modello_;
+};
+
+}  // namespace fenalto

@@ -1,0 +1,55 @@
+// Binds the controls of a window to the fields of a record by name.
+//
+// A control is left when it loses the focus or Enter is pressed in it: its value goes into the
+// record when it changed, and `Lasciato` tells the field, so that the window can call the rule that
+// follows and show the record again. A text that can't be read stays in the control, which takes
+// the focus back after a message.
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "core/session/Porte.h"
+#include "core/session/Scheda.h"
+
+class QLabel;
+
+namespace fenalto {
+
+class CampoValore;
+
+class Legatura : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `scheda` is asked for at each use, since a use case may make it anew.
+  Legatura(std::function<Scheda&()> scheda, Dialoghi& dialoghi, QObject* genitore);
+
+  /// Binds a control to the field of its object name. Typed fields, combo boxes (by text), check
+  /// boxes, radio buttons and labels can be bound.
+  void Lega(QWidget* controllo);
+  /// Shows the record in all controls.
+  void Mostra();
+  /// Takes what is typed in the control that has the focus, as leaving it would. False when some
+  /// control holds a text that can't be read; its message was shown.
+  bool Raccogli();
+
+ signals:
+  /// A control was left; `cambiato` when its value is new.
+  void Lasciato(const QString& campo, bool cambiato);
+
+ protected:
+  bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+ private:
+  bool Lascia(QWidget* controllo);
+  void MostraUno(QWidget* controllo);
+  std::function<Scheda&()> scheda_;
+  Dialoghi& dialoghi_;
+  std::vector<QWidget*> controlli_;
+  bool occupata_ = false;
+};
+
+}  // namespace fenalto

@@ -1,0 +1,125 @@
+#include "screens/main/Applicazione.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLockFile>
+#include <QStandardPaths>
+#include <QStyleFactory>
+#include <QTimer>
+#include <QTranslator>
+
+#include "screens/ledger/FinestraMovimenti.h"
+#include "screens/users/FinestraUt.h"
+
+namespace fenalto {
+namespace {
+
+constexpr int kControlloCopia = 5'000;  // ms between looks at the running backup
+
+QString Qs(const std::filesystem::path& percorso) {
+  return QString::fromStdString(percorso.string());
+}
+
+template <typename Finestra>
+FinestraPrincipale::Costruttore Nuova() {
+  return [](Finestre& finestre) -> FinestraFunzione* { return new Finestra(finestre); };
+}
+
+}  // namespace
+
+/// Held while an instance of the program runs for this user.
+struct Applicazione::Istanza {
+  explicit Istanza(const QString& file) : blocco(file) { blocco.setStaleLockTime(0); }
+  QLockFile blocco;
+};
+
+Applicazione::Applicazione(OpzioniAmbiente opzioni, Dialoghi& dialoghi, Orologio& orologio,
+                           Caso& caso)
+    : dialoghi_(dialoghi),
+      ambiente_(std::make_unique<Ambiente>(std::move(opzioni), dialoghi, orologio, caso)),
+      principale_(std::make_unique<FinestraPrincipale>(*ambiente_, Costruttori())) {}
+
+Applicazione::~Applicazione() {
+  principale_.reset();
+  ambiente_.reset();
+}
+
+FinestraPrincipale::Costruttori Applicazione::Costruttori() {
+  return {
+      {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
+      {QStringLiteral("Ut"), Nuova<FinestraUt>()},
+  };
+}
+
+void Applicazione::Prepara(const std::filesystem::path& cartellaDati) {
+  QApplication::setApplicationName(QStringLiteral("fenalto"));
+  QApplication::setOrganizationName(QStringLiteral("fenalto"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Fenalto"));
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  const auto caratteri = cartellaDati / "fonts";
+  std::error_code errore;
+  for (const auto& file : std::filesystem::directory_iterator(caratteri, errore)) {
+    if (file.path().extension() == ".ttf") QFontDatabase::addApplicationFont(Qs(file.path()));
+  }
+  QFont::insertSubstitution(QStringLiteral("Arial Narrow"),
+                            QStringLiteral("Liberation Sans Narrow"));
+  const auto famiglie = QFontDatabase::families();
+  for (const auto* famiglia : {"Liberation Sans", "DejaVu Sans"}) {
+    if (!famiglie.contains(QLatin1String(famiglia))) continue;
+    QApplication::setFont(QFont(QLatin1String(famiglia), 10));
+    break;
+  }
+  QApplication::setWindowIcon(QIcon(Qs(cartellaDati / "icons" / "fenalto.svg")));
+  static QTranslator traduzione;
+  if (traduzione.load(QStringLiteral("qtbase_it"),
+                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(&traduzione);
+  }
+}
+
+bool Applicazione::SecondaIstanza() {
+  const QString cartella = QStandardPaths::writableLocation(QStandardPaths::TempLocation);
+  istanza_ = std::make_unique<Istanza>(
+      cartella + QStringLiteral("/fenalto-%1.lck").arg(qEnvironmentVariable("USER", "utente")));
+  if (istanza_->blocco.tryLock(0)) return true;
+  return dialoghi_.Domanda("Il programma è già aperto!\nsi vuole aprire un'altra sessione",
+                           Bottoni::SiNo, Risposta::No, "Fenalto", Icona::Avviso) == Risposta::Si;
+}
+
+bool Applicazione::Avvia(const std::string& ditta) {
+  if (!SecondaIstanza()) return false;
+  if (!ambiente_->Avvia(ditta)) return false;
+  principale_->MostraSessione();
+  return true;
+}
+
+Esito<bool> Applicazione::AvviaSu(const std::string& ditta, int anno, const std::string& utente,
+                                  const std::string& password) {
+  if (auto aperta = ambiente_->ApriDitta(ditta, anno); !aperta) return aperta;
+  if (!utente.empty()) {
+    if (auto accesso = ambiente_->Accedi(utente, password); !accesso) return accesso;
+  }
+  principale_->MostraSessione();
+  return true;
+}
+
+void Applicazione::Mostra() {
+  principale_->show();
+  QTimer::singleShot(0, principale_.get(), [this] { ambiente_->AvviaCopia(); });
+  auto* controllo = new QTimer(principale_.get());
+  QObject::connect(controllo, &QTimer::timeout, principale_.get(), [this] {
+    if (const auto guasto = ambiente_->EsitoCopia(); !guasto.empty()) {
+      dialoghi_.Messaggio(guasto, Icona::Avviso);
+    }
+  });
+  controllo->start(kControlloCopia);
+}
+
+void Applicazione::ChiediFine() {
+  fineChiesta_ = true;
+  QTimer::singleShot(0, principale_.get(), [this] { principale_->close(); });
+}
+
+}  // namespace fenalto

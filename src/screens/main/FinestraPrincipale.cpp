@@ -1,0 +1,314 @@
+#include "screens/main/FinestraPrincipale.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScrollBar>
+#include <QSettings>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include "screens/main/CercaFunzione.h"
+#include "screens/main/Sfondo.h"
+
+namespace fenalto {
+namespace {
+
+QString Qs(const std::string& testo) { return QString::fromStdString(testo); }
+
+/// The busy pointer while in scope.
+class Attesa {
+ public:
+  Attesa() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~Attesa() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+}  // namespace
+
+FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costruttori)
+    : ambiente_(ambiente), costruttori_(std::move(costruttori)), area_(new QMdiArea(this)) {
+  setObjectName(QStringLiteral("Principale"));
+  setWindowTitle(QStringLiteral("Fenalto"));
+  area_->setObjectName(QStringLiteral("Area"));
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setCentralWidget(area_);
+  statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+  stato_ = new QLabel(this);
+  stato_->setObjectName(QStringLiteral("Stato"));
+  statusBar()->addWidget(stato_, 1);
+  CreaBarra();
+  CreaMenu();
+  resize(1280, 720);
+}
+
+FinestraPrincipale::~FinestraPrincipale() { ChiudiTutto(); }
+
+// --- Session --------------------------------------------------------------------------------------
+
+void FinestraPrincipale::MostraSessione() {
+  cambiandoAnno_ = true;
+  anni_->clear();
+  int corrente = 0;
+  for (const int anno : ambiente_.Anni()) {
+    if (anno == ambiente_.Anno()) corrente = anni_->count();
+    anni_->addItem(QString::number(anno));
+  }
+  anni_->setCurrentIndex(corrente);
+  scorrimento_->setRange(0, std::max(0, anni_->count() - 1));
+  scorrimento_->setValue(corrente);
+  cambiandoAnno_ = false;
+  AggiornaStato();
+  MostraSfondo();
+}
+
+void FinestraPrincipale::AggiornaStato() {
+  const bool aperta = ambiente_.DittaAperta();
+  valuta_->setText(!aperta            ? QString()
+                   : ambiente_.Euro() ? QStringLiteral("EURO")
+                                      : QStringLiteral("LIRE"));
+  ditta_->setText(aperta ? Qs(ambiente_.Ditta()) : QString());
+  setWindowTitle(aperta ? QStringLiteral("Fenalto - %1").arg(Qs(ambiente_.Ditta()))
+                        : QStringLiteral("Fenalto"));
+  QString testo = tr("Ctrl+K cerca una funzione");
+  if (aperta) {
+    testo = tr("Ditta %1, anno %2").arg(Qs(ambiente_.Ditta())).arg(ambiente_.Anno());
+    if (const auto& utente = ambiente_.UtenteCorrente(); !utente.cod.empty()) {
+      testo += tr(", utente %1").arg(Qs(utente.cod));
+    }
+    testo += tr("   ·   Ctrl+K cerca una funzione");
+  }
+  stato_->setText(testo);
+}
+
+void FinestraPrincipale::CambiaAnno(int indice) {
+  if (cambiandoAnno_) return;
+  cambiandoAnno_ = true;
+  ScaricaSfondo();
+  if (anni_->count() == 0) {
+    cambiandoAnno_ = false;
+    return;
+  }
+  const int attuale = anni_->findText(QString::number(ambiente_.Anno()));
+  if (!FinestreAperte().isEmpty()) {
+    ambiente_.Dialogo().Messaggio("per cambiare anno chiudere prima tutte le finestre",
+                                  Icona::Avviso);
+    scorrimento_->setValue(attuale);
+    anni_->setCurrentIndex(attuale);
+    cambiandoAnno_ = false;
+    return;
+  }
+  {
+    const Attesa attesa;
+    anni_->setCurrentIndex(indice);
+    scorrimento_->setValue(indice);
+    if (auto esito = ambiente_.ScegliAnno(anni_->currentText().toInt()); !esito) {
+      ambiente_.Dialogo().Messaggio(esito.Errore().messaggio, Icona::Errore);
+      anni_->setCurrentIndex(attuale);
+      scorrimento_->setValue(attuale);
+    }
+    AggiornaStato();
+  }
+  cambiandoAnno_ = false;
+}
+
+bool FinestraPrincipale::PassaAnno(int anno) {
+  const int indice = anni_->findText(QString::number(anno));
+  if (indice < 0) return false;
+  scorrimento_->setValue(indice);
+  return ambiente_.Anno() == anno;
+}
+
+void FinestraPrincipale::SelezioneArchivi() {
+  ScaricaSfondo();
+  if (!FinestreAperte().isEmpty()) {
+    ambiente_.Dialogo().Messaggio("Chiudere prima tutte le finestre", Icona::Avviso);
+    return;
+  }
+  if (ambiente_.SelezioneArchivi()) MostraSessione();
+  for (const auto& [voce, azione] : azioni_) {
+    if (QLatin1String(voce->nome) == QLatin1String("ApreRitenuteAcconto")) {
+      azione->setVisible(Qs(ambiente_.Config("RITENUTAACCONTO")).compare(QLatin1String("SI"), Qt::CaseInsensitive) ==
+                         0);
+    }
+  }
+}
+
+// --- Background -----------------------------------------------------------------------------------
+
+void FinestraPrincipale::MostraSfondo() {
+  if (sfondo_ != nullptr) return;
+  sfondo_ = new Sfondo(area_->viewport());
+  connect(sfondo_, &Sfondo::GuidaRapida, this, &FinestraPrincipale::GuidaRapida);
+  connect(sfondo_, &Sfondo::ManualeContabilita, this, &FinestraPrincipale::ManualeContabilita);
+  connect(sfondo_, &Sfondo::VideoCorsi, this, &FinestraPrincipale::VideoCorsi);
+  sfondo_->show();
+  sfondo_->lower();
+}
+
+void FinestraPrincipale::ScaricaSfondo() {
+  delete sfondo_;
+  sfondo_ = nullptr;
+}
+
+QWidget* FinestraPrincipale::SfondoAperto() const { return sfondo_; }
+
+// --- Function windows -----------------------------------------------------------------------------
+
+QList<FinestraFunzione*> FinestraPrincipale::FinestreAperte() const {
+  QList<FinestraFunzione*> finestre;
+  for (auto* cornice : area_->subWindowList(QMdiArea::ActivationHistoryOrder)) {
+    if (auto* finestra = qobject_cast<FinestraFunzione*>(cornice->widget())) finestre << finestra;
+  }
+  return finestre;
+}
+
+FinestraFunzione* FinestraPrincipale::Aperta(const QString& finestra) const {
+  for (auto* aperta : FinestreAperte()) {
+    if (aperta->Nome().compare(finestra, Qt::CaseInsensitive) == 0) return aperta;
+  }
+  return nullptr;
+}
+
+bool FinestraPrincipale::FunzioneDisponibile(const QString& finestra) const {
+  const auto* voce = VoceDi(finestra);
+  return voce != nullptr && costruttori_.contains(QString::fromUtf8(voce->finestra));
+}
+
+void FinestraPrincipale::PortaAvanti(FinestraFunzione& finestra) {
+  auto* cornice = qobject_cast<QMdiSubWindow*>(finestra.parentWidget());
+  area_->setActiveSubWindow(cornice);
+  cornice->raise();
+}
+
+FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello) {
+  const auto costruttore = costruttori_.find(nome);
+  if (costruttore == costruttori_.end()) return nullptr;
+  if (!ambiente_.HaDiritto(livello)) {
+    ambiente_.Dialogo().Messaggio("l'utente non ha il diritto di usare questa funzione",
+                                  Icona::Avviso);
+    return nullptr;
+  }
+  const Attesa attesa;
+  auto* finestra = costruttore->second(*this);
+  if (finestra == nullptr) return nullptr;
+  auto* cornice = area_->addSubWindow(finestra);
+  cornice->setObjectName(QStringLiteral("Cornice") + nome);
+  cornice->setAttribute(Qt::WA_DeleteOnClose);
+  cornice->setWindowIcon(windowIcon());
+  const QByteArray posto =
+      QSettings().value(QStringLiteral("finestre/%1").arg(nome)).toByteArray();
+  if (posto.isEmpty() || !cornice->restoreGeometry(posto)) {
+    cornice->resize(finestra->sizeHint().expandedTo(QSize(900, 560)).boundedTo(area_->size()));
+  }
+  cornice->show();
+  PortaAvanti(*finestra);
+  return finestra;
+}
+
+FinestraFunzione* FinestraPrincipale::ApriFunzione(const QString& nome, int scheda) {
+  const auto* voce = VoceDi(nome, scheda);
+  if (voce == nullptr) return nullptr;
+  if (const auto azione = azioni_.find(voce); azione != azioni_.end()) {
+    if (!azione->second->isEnabled() || !azione->second->isVisible()) return nullptr;
+  }
+  const QString finestra = QString::fromUtf8(voce->finestra);
+  const int pagina = scheda >= 0 ? scheda : voce->scheda;
+  if (auto* aperta = Aperta(finestra)) {
+    PortaAvanti(*aperta);
+    aperta->ApriScheda(pagina);
+    return aperta;
+  }
+  auto* nuova = Carica(finestra, voce->livello);
+  if (nuova == nullptr) return nullptr;
+  if (voce->esclusiva != Esclusiva::No && FinestreAperte().size() > 1) {
+    ambiente_.Dialogo().Messaggio(TestoEsclusiva(voce->esclusiva).toStdString(), Icona::Avviso);
+    Scarica(*nuova);
+    return nullptr;
+  }
+  nuova->ApriScheda(pagina);
+  return nuova;
+}
+
+void FinestraPrincipale::Scarica(FinestraFunzione& finestra) {
+  finestra.Abbandona();
+  auto* cornice = qobject_cast<QMdiSubWindow*>(finestra.parentWidget());
+  area_->removeSubWindow(cornice);
+  delete cornice;
+}
+
+void FinestraPrincipale::ChiudiTutto() {
+  for (auto* finestra : FinestreAperte()) Scarica(*finestra);
+}
+
+bool FinestraPrincipale::ControlloUscita(FinestraFunzione& finestra) {
+  if (!finestra.InModifica()) return false;
+  PortaAvanti(finestra);
+  return !ambiente_.Dialogo().Conferma(
+      finestra.windowTitle().toStdString() +
+      "\nCi sono modifiche non confermate.\nSi vuole uscire senza confermarle ?");
+}
+
+void FinestraPrincipale::ChiudiFinestra(FinestraFunzione& finestra) {
+  if (auto* cornice = qobject_cast<QMdiSubWindow*>(finestra.parentWidget())) {
+    QSettings().setValue(QStringLiteral("finestre/%1").arg(finestra.Nome()),
+                         cornice->saveGeometry());
+  }
+}
+
+void FinestraPrincipale::ApreFormDaEvLibero(const QString& tabella, const QString& codice) {
+  const auto archivio = ArchivioDietro(tabella);
+  if (archivio.finestra.isEmpty()) return;
+  if (!costruttori_.contains(archivio.finestra)) {
+    ambiente_.Dialogo().Messaggio("l'archivio " + archivio.finestra.toStdString() +
+                                  " non è ancora disponibile");
+    return;
+  }
+  if (auto* aperta = Aperta(archivio.finestra)) {
+    if (ControlloUscita(*aperta)) return;
+    Scarica(*aperta);
+  }
+  auto* finestra = Carica(archivio.finestra, archivio.livello);
+  if (finestra == nullptr) return;
+  finestra->ApriScheda(0);
+  finestra->ApriCodice(codice);
+  finestra->setFocus();
+}
+
+void FinestraPrincipale::VediRegistrazione(std::int64_t numero, int anno) {
+  if (!ambiente_.Dialogo().Conferma("Vedere la registrazione contabile ?")) return;
+  if (anno != ambiente_.Anno()) {
+    ambiente_.Dialogo().Messaggio("selezionare l'anno " + std::to_string(anno), Icona::Avviso);
+    return;
+  }
+  const std::string registro =
+      NzStr(ambiente_.Cerca("tessarc", "ARTICOLI", {{"Anno", anno}, {"NumDoc", numero}}, "Riva"));
+  const QString nome = registro.empty() ? QStringLiteral("Movimenti") : QStringLiteral("Fatture");
+  if (auto* aperta = Aperta(nome)) {
+    if (ControlloUscita(*aperta)) return;
+    Scarica(*aperta);
+  }
+  if (auto* finestra = ApriFunzione(nome)) finestra->ApriCodice(QString::number(numero));
+}
+
+// --- Closing --------------------------------------------------------------------------------------
+
+void FinestraPrincipale::closeEvent(QCloseEvent* evento) {
+  ScaricaSfondo();
+  if (!FinestreAperte().isEmpty()) {
+    ambiente_.Dialogo().Messaggio("Chiudere prima tutte le finestre", Icona::Avviso);
+    evento->ignore();
+    return;
+  }
+  QSettings memoria;
+  memoria.remove(QStringLiteral("opz"));
+  memoria.setValue(QStringLiteral("finestre/Principale"), saveGeometry());
+  evento->accept();
+  emit Chiusa();
+}
+
+}  // namespace fenalto

@@ -1,0 +1,97 @@
+// The main window: menu, year list, function windows, and the rules by which they open and close.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <map>
+
+#include "screens/common/FinestraFunzione.h"
+#include "screens/main/MappaMenu.h"
+
+class QAction;
+class QComboBox;
+class QLabel;
+class QMdiArea;
+class QScrollBar;
+class QToolBar;
+
+namespace fenalto {
+
+class Sfondo;
+
+class FinestraPrincipale : public QMainWindow, public Finestre {
+  Q_OBJECT
+
+ public:
+  /// Builds a window by the name of its function; nothing when it isn't built yet.
+  using Costruttore = std::function<FinestraFunzione*(Finestre&)>;
+  using Costruttori = std::map<QString, Costruttore>;
+
+  FinestraPrincipale(Ambiente& ambiente, Costruttori costruttori);
+  ~FinestraPrincipale() override;
+
+  /// Fills the year list and the labels from the session that was opened, and shows the background.
+  void MostraSessione();
+  /// Steps the year list to that year, as its scroll bar does, refusals included. False when it was
+  /// refused or the company has no such year.
+  bool PassaAnno(int anno);
+  /// Menu "Selezione Archivi".
+  void SelezioneArchivi();
+  /// Opens the box that finds functions by a few letters.
+  void CercaFunzioni();
+
+  // Finestre
+  Ambiente& Sessione() override { return ambiente_; }
+  FinestraFunzione* ApriFunzione(const QString& finestra, int scheda = -1) override;
+  [[nodiscard]] bool FunzioneDisponibile(const QString& finestra) const override;
+  void ApreFormDaEvLibero(const QString& tabella, const QString& codice) override;
+  void VediRegistrazione(std::int64_t numero, int anno) override;
+  bool ControlloUscita(FinestraFunzione& finestra) override;
+  void ChiudiFinestra(FinestraFunzione& finestra) override;
+
+  /// Open function windows, the one in front last.
+  [[nodiscard]] QList<FinestraFunzione*> FinestreAperte() const;
+  [[nodiscard]] FinestraFunzione* Aperta(const QString& finestra) const;
+  [[nodiscard]] QWidget* SfondoAperto() const;
+  void PortaAvanti(FinestraFunzione& finestra);
+  /// Closes all function windows without questions: records in edit are given up.
+  void ChiudiTutto();
+
+ signals:
+  /// The main window was closed for good.
+  void Chiusa();
+
+ protected:
+  void closeEvent(QCloseEvent* evento) override;
+
+ private:
+  void CreaMenu();
+  void CreaBarra();
+  void CambiaAnno(int indice);
+  void Esegui(const VoceMenu& voce);
+  void PulsanteBarra(const QString& pulsante);
+  void ScaricaSfondo();
+  void MostraSfondo();
+  void AggiornaStato();
+  void GuidaRapida();
+  void ManualeContabilita();
+  void VideoCorsi();
+  void ApriDocumento(const QString& nome, const std::filesystem::path& file);
+  FinestraFunzione* Carica(const QString& finestra, int livello);
+  void Scarica(FinestraFunzione& finestra);
+
+  Ambiente& ambiente_;
+  Costruttori costruttori_;
+  QMdiArea* area_;
+  Sfondo* sfondo_ = nullptr;
+  QToolBar* barra_ = nullptr;
+  QComboBox* anni_ = nullptr;
+  QScrollBar* scorrimento_ = nullptr;
+  QLabel* valuta_ = nullptr;
+  QLabel* ditta_ = nullptr;
+  QLabel* stato_ = nullptr;
+  std::map<const VoceMenu*, QAction*> azioni_;
+  bool cambiandoAnno_ = false;
+};
+
+}  // namespace fenalto

@@ -1,0 +1,248 @@
+// The main window's menu, toolbar and help links.
+
+#include <QAction>
+#include <QComboBox>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScrollBar>
+#include <QSet>
+#include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
+
+#include "screens/main/CercaFunzione.h"
+#include "screens/main/FinestraPrincipale.h"
+
+namespace fenalto {
+namespace {
+
+/// The caption with a mnemonic that no sibling has.
+QString ConMnemonica(const QString& testo, QSet<QChar>& usate) {
+  for (int i = 0; i < testo.size(); ++i) {
+    const QChar lettera = testo[i].toUpper();
+    if (!lettera.isLetter() || lettera.unicode() > 127 || usate.contains(lettera)) continue;
+    usate.insert(lettera);
+    return QString(testo).insert(i, QLatin1Char('&'));
+  }
+  return testo;
+}
+
+/// Menus by path, made as they are met.
+class AlberoMenu {
+ public:
+  explicit AlberoMenu(QMenuBar* barra) : barra_(barra) {}
+
+  QMenu* Menu(const QString& percorso) {
+    if (const auto trovato = menu_.find(percorso); trovato != menu_.end()) return trovato->second;
+    const int taglio = static_cast<int>(percorso.lastIndexOf(QLatin1Char('|')));
+    const QString padre = taglio < 0 ? QString() : percorso.left(taglio);
+    const QString testo = ConMnemonica(percorso.mid(taglio + 1), usate_[padre]);
+    auto* menu = taglio < 0 ? barra_->addMenu(testo) : Menu(padre)->addMenu(testo);
+    menu_[percorso] = menu;
+    return menu;
+  }
+  QString Etichetta(const QString& percorso, const QString& voce) {
+    return ConMnemonica(voce, usate_[percorso]);
+  }
+  /// Menus that hold no entry that can be chosen are disabled.
+  void SpegniVuoti() {
+    for (auto& [percorso, menu] : menu_) menu->menuAction()->setEnabled(HaVoci(*menu));
+  }
+
+ private:
+  static bool HaVoci(const QMenu& menu) {
+    const auto azioni = menu.actions();
+    return std::any_of(azioni.begin(), azioni.end(), [](const QAction* azione) {
+      if (azione->isSeparator()) return false;
+      return azione->menu() != nullptr ? HaVoci(*azione->menu())
+                                       : azione->isEnabled() && azione->isVisible();
+    });
+  }
+  QMenuBar* barra_;
+  std::map<QString, QMenu*> menu_;
+  std::map<QString, QSet<QChar>> usate_;
+};
+
+QToolButton* Collegamento(const QString& nome, const QString& testo, QWidget* genitore) {
+  auto* pulsante = new QToolButton(genitore);
+  pulsante->setObjectName(nome);
+  pulsante->setText(testo);
+  pulsante->setAutoRaise(true);
+  pulsante->setCursor(Qt::PointingHandCursor);
+  pulsante->setFocusPolicy(Qt::NoFocus);
+  return pulsante;
+}
+
+}  // namespace
+
+void FinestraPrincipale::CreaMenu() {
+  AlberoMenu albero(menuBar());
+  for (const auto& voce : MappaMenu()) {
+    const QString percorso = QString::fromUtf8(voce.percorso);
+    auto* menu = albero.Menu(percorso);
+    auto* azione = menu->addAction(albero.Etichetta(percorso, QString::fromUtf8(voce.voce)));
+    if (voce.nome[0] != '\0') azione->setObjectName(QString::fromLatin1(voce.nome));
+    azione->setVisible(!voce.nascosta);
+    const QString finestra = QString::fromUtf8(voce.finestra);
+    azione->setEnabled(finestra == QLatin1String("@SelezioneArchivi") ||
+                       costruttori_.contains(finestra));
+    connect(azione, &QAction::triggered, this, [this, &voce] { Esegui(voce); });
+    azioni_[&voce] = azione;
+  }
+  albero.SpegniVuoti();
+}
+
+void FinestraPrincipale::Esegui(const VoceMenu& voce) {
+  const QString finestra = QString::fromUtf8(voce.finestra);
+  if (finestra == QLatin1String("@SelezioneArchivi")) {
+    SelezioneArchivi();
+    return;
+  }
+  auto* aperta = ApriFunzione(finestra, voce.scheda);
+  if (aperta == nullptr || finestra != QLatin1String("StRegistriIva")) return;
+  if (ambiente_.Dialogo().Conferma("La stampa dei singoli registri iva è obsoleta\n"
+                                   "SI= apro 'stampa registro iva unico'\n"
+                                   "NO = proseguo con la stampa dei singoli registri")) {
+    Scarica(*aperta);
+    ApriFunzione(QStringLiteral("STRegistroIvaUnico"));
+  }
+}
+
+void FinestraPrincipale::CreaBarra() {
+  barra_ = addToolBar(tr("Barra"));
+  barra_->setObjectName(QStringLiteral("Toolbar1"));
+  barra_->setMovable(false);
+  barra_->setContextMenuPolicy(Qt::PreventContextMenu);
+  const struct {
+    const char* nome;
+    QString testo;
+    QString aiuto;
+  } pulsanti[] = {
+      {"Archivi", tr("Ditta..."), tr("Selezione Archivi: sceglie ditta e anno")},
+      {"Primanota", tr("Primanota"), tr("Movimenti Non Iva - Primanota")},
+      {"Cerca", tr("Cerca"), tr("Cerca una funzione (Ctrl+K)")},
+  };
+  for (const auto& pulsante : pulsanti) {
+    auto* azione = barra_->addAction(pulsante.testo);
+    azione->setObjectName(QStringLiteral("Barra") + QLatin1String(pulsante.nome));
+    azione->setToolTip(pulsante.aiuto);
+    const QString nome = QString::fromLatin1(pulsante.nome);
+    connect(azione, &QAction::triggered, this, [this, nome] { PulsanteBarra(nome); });
+  }
+  auto* cerca = new QAction(this);
+  cerca->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+  connect(cerca, &QAction::triggered, this, &FinestraPrincipale::CercaFunzioni);
+  addAction(cerca);
+
+  auto* sessione = new QWidget(barra_);
+  auto* riga = new QHBoxLayout(sessione);
+  riga->setContentsMargins(12, 0, 12, 0);
+  riga->setSpacing(6);
+  ditta_ = new QLabel(sessione);
+  ditta_->setObjectName(QStringLiteral("NomeDitta"));
+  QFont grassetto = ditta_->font();
+  grassetto.setBold(true);
+  ditta_->setFont(grassetto);
+  anni_ = new QComboBox(sessione);
+  anni_->setObjectName(QStringLiteral("Anno"));
+  anni_->setToolTip(tr("Anno contabile"));
+  anni_->setMinimumWidth(78);
+  scorrimento_ = new QScrollBar(Qt::Vertical, sessione);
+  scorrimento_->setObjectName(QStringLiteral("VScroll1"));
+  scorrimento_->setPageStep(1);
+  scorrimento_->setFixedHeight(anni_->sizeHint().height());
+  scorrimento_->setFocusPolicy(Qt::StrongFocus);
+  valuta_ = new QLabel(sessione);
+  valuta_->setObjectName(QStringLiteral("Valuta"));
+  auto* etichetta = new QLabel(tr("Anno"), sessione);
+  for (QWidget* parte : std::initializer_list<QWidget*>{ditta_, etichetta, anni_, scorrimento_,
+                                                        valuta_}) {
+    riga->addWidget(parte);
+  }
+  barra_->addWidget(sessione);
+  connect(scorrimento_, &QScrollBar::valueChanged, this, &FinestraPrincipale::CambiaAnno);
+  connect(anni_, &QComboBox::activated, scorrimento_, &QScrollBar::setValue);
+
+  auto* vuoto = new QWidget(barra_);
+  vuoto->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  barra_->addWidget(vuoto);
+  auto* aiuti = new QFrame(barra_);
+  aiuti->setObjectName(QStringLiteral("Frame1"));
+  auto* rigaAiuti = new QHBoxLayout(aiuti);
+  rigaAiuti->setContentsMargins(0, 0, 6, 0);
+  auto* guida = Collegamento(QStringLiteral("GuidaRapida"), tr("guida rapida"), aiuti);
+  auto* manuale =
+      Collegamento(QStringLiteral("ManualeContabilita"), tr("manuale di contabilità"), aiuti);
+  auto* video = Collegamento(QStringLiteral("VideoCorsi"), tr("video corsi"), aiuti);
+  for (auto* collegamento : {guida, manuale, video}) rigaAiuti->addWidget(collegamento);
+  barra_->addWidget(aiuti);
+  connect(guida, &QToolButton::clicked, this, &FinestraPrincipale::GuidaRapida);
+  connect(manuale, &QToolButton::clicked, this, &FinestraPrincipale::ManualeContabilita);
+  connect(video, &QToolButton::clicked, this, &FinestraPrincipale::VideoCorsi);
+}
+
+void FinestraPrincipale::PulsanteBarra(const QString& pulsante) {
+  if (pulsante == QLatin1String("Archivi")) {
+    SelezioneArchivi();
+  } else if (pulsante == QLatin1String("Primanota")) {
+    ApriFunzione(QStringLiteral("Movimenti"));
+  } else if (pulsante == QLatin1String("Cerca")) {
+    CercaFunzioni();
+  }
+}
+
+void FinestraPrincipale::CercaFunzioni() {
+  std::vector<CercaFunzione::Funzione> funzioni;
+  for (const auto& voce : MappaMenu()) {
+    const auto azione = azioni_.find(&voce);
+    if (!azione->second->isEnabled() || !azione->second->isVisible()) continue;
+    QString percorso = QString::fromUtf8(voce.percorso);
+    percorso.replace(QLatin1Char('|'), QStringLiteral(" > "));
+    funzioni.push_back({QString::fromUtf8(voce.voce), percorso, [this, &voce] { Esegui(voce); }});
+  }
+  CercaFunzione::Apri(this, std::move(funzioni));
+}
+
+void FinestraPrincipale::ApriDocumento(const QString& nome, const std::filesystem::path& file) {
+  std::error_code errore;
+  if (!std::filesystem::exists(file, errore) ||
+      !ambiente_.Dialogo().ApriEsterno(file.string())) {
+    ambiente_.Dialogo().Messaggio("non si può aprire " + nome.toStdString() + ": manca il file " +
+                                      file.string() + " o il programma per leggerlo",
+                                  Icona::Avviso);
+  }
+}
+
+void FinestraPrincipale::GuidaRapida() {
+  ApriDocumento(QStringLiteral("la guida rapida"),
+                ambiente_.CartellaProgramma() / "TrebHelpPdf" / "ZZGeneral-TrebHelp1.pdf");
+}
+
+void FinestraPrincipale::ManualeContabilita() {
+  const bool aprire = ambiente_.Dialogo().Conferma(
+      "Manuale dedicato alla parte contabile del programma: con dettagli utili per la maggior parte "
+      "delle operazioni come fatture attive e passive, pagamenti, incassi, registrazione paghe e "
+      "stipendi, interessi c/c bancario, apertura e chiusura conti... \n"
+      "apro il manuale di contabilità adesso");
+  if (aprire) {
+    ApriDocumento(QStringLiteral("il manuale di contabilità"),
+                  ambiente_.CartellaProgramma() / "ManualeTessarc.CHM");
+  }
+}
+
+void FinestraPrincipale::VideoCorsi() {
+  const std::string indirizzo = ambiente_.LeggiImpostazione(
+      ambiente_.CartellaProgramma() / "Ini" / "Ini.ini", "impostazioni", "IndirizzoVideoCorsi");
+  if (indirizzo.empty()) {
+    ambiente_.Dialogo().Messaggio(
+        "l'indirizzo dei video corsi non è impostato: chiave IndirizzoVideoCorsi, sezione "
+        "impostazioni, file Ini/Ini.ini");
+  } else if (!ambiente_.Dialogo().ApriEsterno(indirizzo)) {
+    ambiente_.Dialogo().Messaggio("non si può aprire " + indirizzo, Icona::Avviso);
+  }
+}
+
+}  // namespace fenalto

@@ -1,0 +1,209 @@
+#include "screens/main/MappaMenu.h"
+
+#include <array>
+
+namespace fenalto {
+namespace {
+
+constexpr auto kVoci = std::to_array<VoceMenu>({
+    {"Archivi|Clienti", "Archivio", "Clienti", 30},
+    {"Archivi|Clienti", "Stampa anagrafica e contabile", "STClienti", 99},
+    {"Archivi|Clienti", "Stampa etichette e buste", "EtichetteCliFor", 99, 0},
+    {"Archivi|Fornitori", "Archivio", "Fornitori", 0},
+    {"Archivi|Fornitori", "Stampa anagrafica e contabile", "STFornitori", 99},
+    {"Archivi|Fornitori", "Stampa etichette e buste", "EtichetteCliFor", 99, 1},
+    {"Archivi|Contabilità: conti/causali/registri...|Piano dei Conti", "Mastri", "Mastri", 99},
+    {"Archivi|Contabilità: conti/causali/registri...|Piano dei Conti", "Conti", "Conti", 99},
+    {"Archivi|Contabilità: conti/causali/registri...|Piano dei Conti", "Tipi Riclassificazione",
+     "TipiRiclassificazione", 99},
+    {"Archivi|Contabilità: conti/causali/registri...|Piano dei Conti", "Codici Riclassificazione",
+     "Riclassificazione", 99},
+    {"Archivi|Contabilità: conti/causali/registri...", "Causali", "Causali", 99},
+    {"Archivi|Contabilità: conti/causali/registri...", "Codici Iva", "CodiciIva", 99},
+    {"Archivi|Contabilità: conti/causali/registri...", "Registri Iva", "RegistriIva", 99},
+    {"Archivi|Contabilità: conti/causali/registri...", "Categorie ripartiz. acq.", "Categorie", 99},
+    {"Archivi|Contabilità: conti/causali/registri...", "Tipi ritenuta per fatture emesse",
+     "Ritenute", 99, -1, Esclusiva::No, "ApreRitenuteAcconto", true},
+    {"Archivi|Prodotti, listini, distinta base, ...", "Prodotti", "CodiciRiga", 30},
+    {"Archivi|Prodotti, listini, distinta base, ...", "Listini", "Listini", 50},
+    {"Archivi|Prodotti, listini, distinta base, ...", "Distinta Base", "DistintaBase", 0},
+    {"Archivi|Prodotti, listini, distinta base, ...|Categorie e gruppi prodotti",
+     "Categorie prodotti", "CategorieMag", 30},
+    {"Archivi|Prodotti, listini, distinta base, ...|Categorie e gruppi prodotti",
+     "Categorie 2 prodotti", "CategorieMag2", 30},
+    {"Archivi|Prodotti, listini, distinta base, ...|Categorie e gruppi prodotti", "Gruppi prodotti",
+     "GruppiMag", 30},
+    {"Archivi|Prodotti, listini, distinta base, ...|Categorie e gruppi prodotti",
+     "Gruppi 2 prodotti", "GruppiMag2", 30},
+    {"Archivi", "Agenti", "Agenti", 99},
+    {"Archivi", "Codici Pagamento", "CodiciPagamento", 99},
+    {"Magazzino/Fatture/DDT/Ordini", "Emissione Fatture ddt e movimenti magazzino", "FattureCli",
+     50},
+    {"Magazzino/Fatture/DDT/Ordini", "Ordini Clienti/Offerte/Preventivi", "OrdiniCli", 50},
+    {"Magazzino/Fatture/DDT/Ordini", "Ordini Fornitori e richieste offerta", "OrdiniFor", 30},
+    {"Magazzino/Fatture/DDT/Ordini", "Commesse,Cantieri,Impianti,Riparazioni", "Commesse", 50},
+    {"Magazzino/Fatture/DDT/Ordini", "Carico Produzione e scarico componenti e Lotti",
+     "ScaricoDbLotti", 30},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Elenco prodotti, esistenze, lotti e funzioni varie", "StProdotti", 30},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Movimenti e fatturato per cliente/fornitore", "StMovxCliFor", 99},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Elenco documenti per tipo", "StMovxTipo", 99},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Statistiche Fatturato per cliente e prodotto", "StStatistiche", 99},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Calcolo provvigioni e fatturato agenti", "StProvvigioniAgenti", 99},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Creazione FilConad", "CreaFilConad", 0},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Situazione commesse", "StOrd", 30, 2},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Situazione Ordini Clienti", "StOrd", 50, 0},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Situazione Ordini Fornitori", "StOrd", 30, 1},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Situazione Lotti e tracciabilità/rintracciabilità", "StLotti", 30},
+    {"Magazzino/Fatture/DDT/Ordini|STAMPE e interrogazioni (magazzino,ordini,distinta base)",
+     "Stampa ETICHETTE articoli di magazzino", "Etichette", 30},
+    {"Registrazioni e stampe contabili|Registrazioni", "Movimenti Non Iva - Primanota", "Movimenti",
+     99},
+    {"Registrazioni e stampe contabili|Registrazioni", "Fatture e registrazioni IVA", "Fatture", 0},
+    {"Registrazioni e stampe contabili|Registrazioni", "Fatture in sospensione iva pagate",
+     "FattureSospIva", 0, -1, Esclusiva::No, "ApreFattureSospIva", true},
+    {"Registrazioni e stampe contabili|Stampe e interrogazioni", "Bilancio di Verifica",
+     "STBilancioVerifica", 99, 0},
+    {"Registrazioni e stampe contabili|Stampe e interrogazioni", "Movimenti per articolo",
+     "STArticoli", 99},
+    {"Registrazioni e stampe contabili|Stampe e interrogazioni", "Movimenti per conto",
+     "STMovimentiPerConto", 99},
+    {"Registrazioni e stampe contabili|Stampe e interrogazioni",
+     "Comparazione dei costi e ricavi per periodo", "STBilancioVerifica", 99, 2},
+    {"Registrazioni e stampe contabili|Stampe e interrogazioni",
+     "Stampa Patrimoniale e Utile/Perdita esercizio", "STBilancioVerifica", 99, 1},
+    {"Registrazioni e stampe contabili|Stampe e interrogazioni", "Elenchi Clienti e Fornitori",
+     "StElenchiCliFor", 99},
+    {"Registrazioni e stampe contabili|Stampe e interrogazioni", "Elenchi fatture",
+     "StElenchiFatture", 99},
+    {"Registrazioni e stampe contabili|Stampe e interrogazioni", "Ricerca movimenti",
+     "RicercaMovimenti", 99},
+    {"Registrazioni e stampe contabili|Stampe e interrogazioni", "Stampa Bilancio riclassificato",
+     "STBilancioRiclassificato", 99},
+    {"Registrazioni e stampe contabili|Registri IVA e Giornale", "Registro iva unico",
+     "STRegistroIvaUnico", 99},
+    {"Registrazioni e stampe contabili|Registri IVA e Giornale", "Registri Iva", "StRegistriIva",
+     99},
+    {"Registrazioni e stampe contabili|Registri IVA e Giornale", "Giornale", "StGiornale", 99},
+    {"Registrazioni e stampe contabili|Dichiarazioni Iva e Redditi", "Dichiarazioni Iva e Redditi",
+     "Righi", 99},
+    {"Scadenzario (partite aperte)", "Archivio Scadenze", "Scadenze", 99},
+    {"Scadenzario (partite aperte)", "Registrazione Pagamenti", "PagamentiDaScadenzario", 99},
+    {"Scadenzario (partite aperte)", "Registr.pagamenti singolo cliente/fornitore",
+     "PagamentiDaScadenzario1Cli", 99},
+    {"Scadenzario (partite aperte)", "Registr.anticipi su fatture da emettere/ricevere",
+     "AccontiPrimaDiFattura", 99},
+    {"Scadenzario (partite aperte)", "Stampa scadenze per cliente/fornitore", "STScadenzePerConto",
+     99},
+    {"Scadenzario (partite aperte)", "Stampa scadenze per data", "STScadenzePerData", 99},
+    {"Scadenzario (partite aperte)", "Stampa Estratto Conto", "STEstrattoConto", 99},
+    {"Scadenzario (partite aperte)", "Archivio Banche", "Banche", 99},
+    {"Scadenzario (partite aperte)", "Raggruppamento Ri.Ba.", "RiBaRaggruppamento", 99},
+    {"Scadenzario (partite aperte)", "Creazione disposizioni di incasso Ri.Ba.", "RiBa", 99},
+    {"Scadenzario (partite aperte)", "Registrazione Insoluti RiBa", "InsolutiRiba", 99},
+    {"Cespiti Ammortizz.", "Archivio Cespiti", "Cespiti", 99},
+    {"Cespiti Ammortizz.", "Categorie cespiti", "CategorieCespiti", 99},
+    {"Impostazioni/Chiusure/Aperture", "Selezione Archivi", "@SelezioneArchivi", 0},
+    {"Impostazioni/Chiusure/Aperture", "Creazione Nuova ditta", "Utility", 99, 0,
+     Esclusiva::ChiudereLeAltre, "ApreUtility0"},
+    {"Impostazioni/Chiusure/Aperture", "Modifica impostazioni Ditta", "Utility", 99, 1,
+     Esclusiva::ChiudereLeAltre, "ApreUtility1"},
+    {"Impostazioni/Chiusure/Aperture", "Apertura nuovo Anno", "NuovoEsercizio", 99, 0,
+     Esclusiva::ChiudereLeAltre},
+    {"Impostazioni/Chiusure/Aperture|Magazzino: impostazioni fatt,ddt e movimenti",
+     "Tipi Documento per movimenti mag.,fatture e ddt", "TipiFattureCli", 99},
+    {"Impostazioni/Chiusure/Aperture|Magazzino: impostazioni fatt,ddt e movimenti",
+     "Causali movimentazione magazzino", "CausaliMag", 99},
+    {"Impostazioni/Chiusure/Aperture|Magazzino: impostazioni fatt,ddt e movimenti",
+     "Magazzini e depositi", "Magazzini", 99},
+    {"Impostazioni/Chiusure/Aperture|Magazzino: impostazioni fatt,ddt e movimenti",
+     "Trasporto Esistenze Magazzino", "TrasportoEsistenze", 99, -1, Esclusiva::ChiudereLeAltre},
+    {"Impostazioni/Chiusure/Aperture|Magazzino: impostazioni fatt,ddt e movimenti",
+     "Causali trasporto per emissione ddt", "CodiciCausaliTrasporto", 30},
+    {"Impostazioni/Chiusure/Aperture|Magazzino: impostazioni fatt,ddt e movimenti",
+     "Vettori per emissione ddt", "Vettori", 50},
+    {"Impostazioni/Chiusure/Aperture|Magazzino: impostazioni fatt,ddt e movimenti",
+     "Porto (franco, assegnato, ..., per ddt)", "CodiciPorto", 30},
+    {"Impostazioni/Chiusure/Aperture|Magazzino: impostazioni fatt,ddt e movimenti",
+     "Aspetto dei beni (scatole, a vista, ..., per ddt)", "CodiciAspetto", 30},
+    {"Impostazioni/Chiusure/Aperture", "Contabilità: chiusure e aperture", "ChiusureAperture", 99,
+     -1, Esclusiva::ChiuderePrimaLeAltre},
+    {"Impostazioni/Chiusure/Aperture", "Compattamento database ed utilità", "Utility", 99, 2,
+     Esclusiva::ChiuderePrimaLeAltre, "ApreUtility2"},
+    {"Impostazioni/Chiusure/Aperture", "Eliminazione Registrazioni o Anno", "NuovoEsercizio", 99, 1,
+     Esclusiva::ChiuderePrimaLeAltre},
+    {"Impostazioni/Chiusure/Aperture", "Abilitazione password", "@AbilitaPassword", 0, -1,
+     Esclusiva::No, "apreabutenti", true},
+    {"Impostazioni/Chiusure/Aperture", "Impostazione utenti e diritti", "Ut", 0},
+});
+
+struct RigaArchivio {
+  const char* tabella;
+  const char* finestra;
+  int livello;
+};
+
+constexpr auto kArchivi = std::to_array<RigaArchivio>({
+    {"CLIENTI", "Clienti", 30},
+    {"FORNITORI", "Fornitori", 30},
+    {"CODICIRIGA", "CodiciRiga", 30},
+    {"ORDINIFOR", "OrdiniFor", 30},
+    {"DISTINTABASE", "DistintaBase", 30},
+    {"ORDINICLI", "OrdiniCli", 50},
+    {"CODICIPAGAMENTO", "CodiciPagamento", 99},
+    {"CONTI", "Conti", 99},
+    {"CAUSALI", "Causali", 99},
+    {"CODICIIVA", "CodiciIva", 99},
+    {"BANCHE", "Banche", 99},
+    {"CATEGORIECESPITI", "CategorieCespiti", 99},
+    {"CATEGORIE", "Categorie", 99},
+});
+
+}  // namespace
+
+std::span<const VoceMenu> MappaMenu() {
+  return kVoci;
+}
+
+const VoceMenu* VoceDi(const QString& finestra, int scheda) {
+  const VoceMenu* prima = nullptr;
+  for (const auto& voce : kVoci) {
+    if (QString::fromUtf8(voce.finestra).compare(finestra, Qt::CaseInsensitive) != 0) continue;
+    if (scheda >= 0 && voce.scheda == scheda) return &voce;
+    if (prima == nullptr) prima = &voce;
+  }
+  return prima;
+}
+
+QString TestoEsclusiva(Esclusiva esclusiva) {
+  switch (esclusiva) {
+    case Esclusiva::ChiudereLeAltre:
+      return QStringLiteral("chiudere le altre finestre");
+    case Esclusiva::ChiuderePrimaLeAltre:
+      return QStringLiteral("chiudere prima le altre finestre");
+    case Esclusiva::No:
+      break;
+  }
+  return {};
+}
+
+ArchivioDiTabella ArchivioDietro(const QString& tabella) {
+  const QString nome = tabella.toUpper();
+  for (const auto& riga : kArchivi) {
+    if (nome == QLatin1String(riga.tabella)) {
+      return {QString::fromLatin1(riga.finestra), riga.livello};
+    }
+  }
+  return {};
+}
+
+}  // namespace fenalto
