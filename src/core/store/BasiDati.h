@@ -40,7 +40,8 @@ class BasiDati {
   /// Makes both databases, empty, at the newest schema step. Fails when a file exists.
   static Esito<bool> Crea(const PercorsiArchivi& percorsi, const OpzioniApertura& opzioni);
   /// Opens both, checks that they are this program's databases and whole, and brings an older
-  /// schema up to date (after a copy, in one transaction). The error says which file and what to do.
+  /// schema up to date (after a copy, in one transaction). The error says which file and what to
+  /// do.
   static Esito<std::unique_ptr<BasiDati>> Apri(const PercorsiArchivi& percorsi,
                                                const OpzioniApertura& opzioni);
   ~BasiDati();

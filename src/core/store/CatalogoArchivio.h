@@ -39,7 +39,8 @@ std::string TipoDichiarato(Tipo tipo);
 
 class CatalogoArchivio final : public Catalogo {
  public:
-  explicit CatalogoArchivio(std::shared_ptr<const VisteArchivio> viste) : viste_(std::move(viste)) {}
+  explicit CatalogoArchivio(std::shared_ptr<const VisteArchivio> viste)
+      : viste_(std::move(viste)) {}
 
   /// Reads the tables of `schema`; throws ErroreArchivio, naming `file`.
   void Leggi(sqlite3* connessione, const std::string& schema, const std::filesystem::path& file);

@@ -10,14 +10,14 @@ namespace fenalto {
 class ErroreArchivio : public std::runtime_error {
  public:
   enum class Causa {
-    Sql,            ///< a text the dialect refuses: a fault of the program
-    Occupato,       ///< another station held the data too long
+    Sql,       ///< a text the dialect refuses: a fault of the program
+    Occupato,  ///< another station held the data too long
     DiscoPieno,
     SolaLettura,
-    Danneggiato,    ///< not a database, or a damaged one
+    Danneggiato,  ///< not a database, or a damaged one
     Mancante,
-    TroppoNuovo,    ///< schema of a later version of the program
-    Vincolo,        ///< a key that exists already
+    TroppoNuovo,  ///< schema of a later version of the program
+    Vincolo,      ///< a key that exists already
     Memoria,
     Altro
   };

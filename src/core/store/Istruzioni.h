@@ -54,7 +54,9 @@ class Preparata {
   ~Preparata() { Restituisci(); }
 
   [[nodiscard]] sqlite3_stmt* Motore() const { return istruzione_; }
-  [[nodiscard]] const std::shared_ptr<const PianoIstruzione>& Disegno() const { return voce_->piano; }
+  [[nodiscard]] const std::shared_ptr<const PianoIstruzione>& Disegno() const {
+    return voce_->piano;
+  }
   void Restituisci() noexcept;
 
  private:
@@ -69,8 +71,9 @@ class CacheIstruzioni {
 
   /// Null when that key isn't kept.
   std::shared_ptr<VoceCache> Cerca(const std::string& chiave);
-  std::shared_ptr<VoceCache> Aggiungi(const std::string& chiave, std::shared_ptr<const PianoIstruzione> piano,
-                                 std::string sql);
+  std::shared_ptr<VoceCache> Aggiungi(const std::string& chiave,
+                                      std::shared_ptr<const PianoIstruzione> piano,
+                                      std::string sql);
   void Svuota();
 
  private:

@@ -58,6 +58,8 @@ struct DatiArchivio {
   Preparata PreparaForma(std::string_view testo, const Forma& forma);
   /// Throws when the database is closed.
   void Verifica() const;
+  /// A table by name; throws when there is none.
+  [[nodiscard]] const TabellaArchivio& Tabella(std::string_view nome) const;
 };
 
 /// Sets value `v` as parameter `indice` (from 1).
@@ -75,9 +77,9 @@ std::int64_t InteroMotore(sqlite3* connessione, const std::string& sql,
 void EseguiMotore(sqlite3* connessione, const std::string& sql, const std::filesystem::path& file);
 
 /// Waits for another station's locks: short sleeps of uneven length, `limite` in all.
-class Attesa {
+class AttesaArchivio {
  public:
-  explicit Attesa(std::chrono::milliseconds limite) : limite_(limite) {}
+  explicit AttesaArchivio(std::chrono::milliseconds limite) : limite_(limite) {}
   /// Makes the connection wait so; the object must outlive it.
   void Installa(sqlite3* connessione);
 
@@ -131,6 +133,7 @@ class NucleoBasi {
 
   void Aggiungi(DatiArchivio* archivio) { archivi_.push_back(archivio); }
   void Togli(const DatiArchivio* archivio) noexcept;
+  [[nodiscard]] bool Aperto(const std::filesystem::path& percorso) const;
   /// The open database of a path or key; throws ErroreArchivio.
   [[nodiscard]] DatiArchivio& Trova(const std::filesystem::path& percorso) const;
 
@@ -140,6 +143,7 @@ class NucleoBasi {
 
  private:
   void EseguiContata(const char* sql);
+  [[nodiscard]] DatiArchivio* PerPercorso(const std::filesystem::path& percorso) const;
   void CompletaCursori(const DatiArchivio& archivio, const std::string& tabella);
   bool CompletaTutti();
   void StaccaOra(const std::string& schema) noexcept;
@@ -147,7 +151,7 @@ class NucleoBasi {
 
   PercorsiArchivi percorsi_;
   OpzioniApertura opzioni_;
-  Attesa attesa_;
+  AttesaArchivio attesa_;
   sqlite3* connessione_ = nullptr;
   std::optional<fenalto::Blocchi> blocchi_;
   bool inTransazione_ = false;

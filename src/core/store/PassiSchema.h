@@ -19,7 +19,8 @@ struct PassoSchema {
   std::filesystem::path file;
 };
 
-/// Steps of a folder in their order. An error when there are none, or when one is missing or double.
+/// Steps of a folder in their order. An error when there are none, or when one is missing or
+/// double.
 Esito<std::vector<PassoSchema>> LeggiPassi(const std::filesystem::path& cartella);
 
 /// Runs the steps after `daPasso` on the main database of a connection and writes the last one's

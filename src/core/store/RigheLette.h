@@ -1,4 +1,5 @@
-// Rows read from a statement, held tight: eight bytes and a mark a field, texts one after the other.
+// Rows read from a statement, held tight: eight bytes and a mark a field, texts one after the
+// other.
 #pragma once
 
 #include <cstdint>

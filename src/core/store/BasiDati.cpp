@@ -1,0 +1,206 @@
+#include "core/store/BasiDati.h"
+
+#include <stdexcept>
+
+#include "core/store/Apertura.h"
+#include "core/store/ArchivioInterno.h"
+#include "core/store/NucleoBasi.h"
+#include "core/values/Testo.h"
+
+namespace fenalto {
+namespace {
+
+namespace fs = std::filesystem;
+using Causa = ErroreArchivio::Causa;
+
+/// Runs `azione`; what it throws becomes an error that a user can read.
+template <typename T, typename Azione>
+Esito<T> ComeEsito(const Azione& azione) {
+  try {
+    return azione();
+  } catch (const ErroreArchivio& errore) {
+    return Errore{errore.what()};
+  } catch (const std::bad_alloc&) {
+    return Errore{"memoria insufficiente: chiudere altri programmi e riprovare"};
+  } catch (const std::exception& errore) {
+    return Errore{std::string("errore imprevisto sugli archivi: ") + errore.what()};
+  }
+}
+
+void Rimuovi(const fs::path& file) {
+  std::error_code errore;
+  fs::remove(file, errore);
+  fs::remove(file.string() + "-journal", errore);
+}
+
+std::shared_ptr<DatiArchivio> Dati(const std::shared_ptr<NucleoBasi>& nucleo,
+                                   const fs::path& percorso, const std::string& schema,
+                                   std::shared_ptr<const VisteArchivio> viste) {
+  auto dati = std::make_shared<DatiArchivio>(std::move(viste));
+  dati->nucleo = nucleo;
+  dati->percorso = percorso;
+  dati->nomeFile = percorso.string();
+  dati->schema = schema;
+  dati->catalogo.Leggi(nucleo->Connessione(), schema, percorso);
+  nucleo->Aggiungi(dati.get());
+  return dati;
+}
+
+}  // namespace
+
+struct BasiDati::Interno {
+  std::shared_ptr<NucleoBasi> nucleo;
+  std::shared_ptr<const VisteArchivio> viste;
+  std::unique_ptr<Archivio> tessarc;
+  std::unique_ptr<Archivio> scadenzario;
+};
+
+BasiDati::BasiDati(std::unique_ptr<Interno> interno) : interno_(std::move(interno)) {}
+
+BasiDati::~BasiDati() {
+  interno_->tessarc.reset();
+  interno_->scadenzario.reset();
+  interno_->nucleo->Chiudi();
+}
+
+Esito<bool> BasiDati::Crea(const PercorsiArchivi& percorsi, const OpzioniApertura& opzioni) {
+  const auto passi = LeggiPassiCompleti(opzioni.cartellaSchema);
+  if (!passi) return passi.Errore();
+  for (const fs::path& file : {percorsi.tessarc, percorsi.scadenzario}) {
+    std::error_code errore;
+    if (fs::exists(file, errore)) {
+      return Errore{"«" + file.string() +
+                    "» esiste già: scegliere un altro nome o un'altra cartella"};
+    }
+  }
+  auto esito = ComeEsito<bool>([&]() -> Esito<bool> {
+    CreaArchivio(percorsi.tessarc, passi.Valore().tessarc, opzioni.vfs);
+    CreaArchivio(percorsi.scadenzario, passi.Valore().scadenzario, opzioni.vfs);
+    return true;
+  });
+  if (!esito) {
+    Rimuovi(percorsi.tessarc);
+    Rimuovi(percorsi.scadenzario);
+  }
+  return esito;
+}
+
+Esito<std::unique_ptr<BasiDati>> BasiDati::Apri(const PercorsiArchivi& percorsi,
+                                                const OpzioniApertura& opzioni) {
+  using Aperte = std::unique_ptr<BasiDati>;
+  const auto passi = LeggiPassiCompleti(opzioni.cartellaSchema);
+  if (!passi) return passi.Errore();
+  for (const fs::path& file : {percorsi.tessarc, percorsi.scadenzario}) {
+    if (const auto verifica = VerificaFile(file); !verifica) return verifica.Errore();
+    const fs::path cartella = fs::absolute(file).parent_path();
+    if (file == percorsi.tessarc || cartella != fs::absolute(percorsi.tessarc).parent_path()) {
+      if (!BlocchiAffidabili(cartella)) {
+        return Errore{"nella cartella «" + cartella.string() +
+                      "» i blocchi fra le stazioni non funzionano e i dati andrebbero persi: "
+                      "spostare la ditta su un disco locale o su un'altra condivisione"};
+      }
+    }
+  }
+  return ComeEsito<Aperte>([&]() -> Esito<Aperte> {
+    auto nucleo = std::make_shared<NucleoBasi>(percorsi, opzioni);
+    nucleo->Apri();
+    if (DaAggiornare(*nucleo, passi.Valore())) {
+      nucleo->Chiudi();
+      AggiornaSchema(percorsi, passi.Valore(), opzioni);
+      nucleo->Apri();
+    }
+    // Made now, so that a folder that refuses the lock file is told at opening.
+    static_cast<void>(nucleo->Blocchi());
+    const fs::path cartellaViste = opzioni.cartellaSchema / "viste";
+    auto interno = std::make_unique<Interno>();
+    interno->nucleo = nucleo;
+    interno->viste = std::make_shared<const VisteArchivio>(LeggiViste(cartellaViste / "tessarc"));
+    const auto apri = [&](const fs::path& file, const char* schema,
+                          std::shared_ptr<const VisteArchivio> viste) {
+      auto dati = std::make_unique<Archivio::Interno>();
+      dati->dati = Dati(nucleo, file, schema, std::move(viste));
+      return std::unique_ptr<Archivio>(new Archivio(std::move(dati)));
+    };
+    interno->tessarc = apri(percorsi.tessarc, kSchemaTessarc, interno->viste);
+    interno->scadenzario =
+        apri(percorsi.scadenzario, kSchemaScadenzario,
+             std::make_shared<const VisteArchivio>(LeggiViste(cartellaViste / "scadenzario")));
+    return Aperte(new BasiDati(std::move(interno)));
+  });
+}
+
+Archivio& BasiDati::Tessarc() {
+  return *interno_->tessarc;
+}
+
+Archivio& BasiDati::Scadenzario() {
+  return *interno_->scadenzario;
+}
+
+Archivio& BasiDati::PerChiave(std::string_view chiave) {
+  if (UgualeTesto(chiave, "tessarc")) return Tessarc();
+  if (UgualeTesto(chiave, "scadenzario")) return Scadenzario();
+  throw ErroreArchivio(Causa::Mancante, "non c'è nessun archivio «" + std::string(chiave) + "»");
+}
+
+std::unique_ptr<Archivio> BasiDati::ApriTemp(const fs::path& percorso) {
+  NucleoBasi& nucleo = *interno_->nucleo;
+  if (nucleo.Aperto(percorso)) {
+    throw ErroreArchivio(Causa::Occupato,
+                         "l'archivio di lavoro «" + percorso.string() + "» è già aperto");
+  }
+  const std::string schema = nucleo.Attacca(percorso);
+  auto interno = std::make_unique<Archivio::Interno>();
+  try {
+    interno->dati = Dati(interno_->nucleo, percorso, schema, interno_->viste);
+  } catch (...) {
+    nucleo.Stacca(schema);
+    throw;
+  }
+  interno->dati->temporaneo = true;
+  return std::unique_ptr<Archivio>(new Archivio(std::move(interno)));
+}
+
+fenalto::Blocchi& BasiDati::Blocchi() {
+  return interno_->nucleo->Blocchi();
+}
+
+const PercorsiArchivi& BasiDati::Percorsi() const {
+  return interno_->nucleo->Percorsi();
+}
+
+bool BasiDati::InTransazione() const {
+  return interno_->nucleo->InTransazione();
+}
+
+void BasiDati::ImpostaGuasto(int n, Guasto guasto) {
+  interno_->nucleo->ImpostaGuasto(n, guasto);
+}
+
+int BasiDati::IstruzioniEseguite() const {
+  return interno_->nucleo->IstruzioniEseguite();
+}
+
+// --- Transaction
+// ----------------------------------------------------------------------------------
+
+Transazione::Transazione(BasiDati& basi) : basi_(basi) {
+  basi_.interno_->nucleo->Inizia();
+}
+
+Transazione::~Transazione() {
+  if (aperta_) basi_.interno_->nucleo->Annulla();
+}
+
+void Transazione::Conferma() {
+  if (!aperta_) throw std::logic_error("Transazione già conclusa");
+  aperta_ = false;
+  try {
+    basi_.interno_->nucleo->Conferma();
+  } catch (...) {
+    basi_.interno_->nucleo->Annulla();
+    throw;
+  }
+}
+
+}  // namespace fenalto

@@ -1,0 +1,122 @@
+#include "core/store/Istruzioni.h"
+
+#include <sqlite3.h>
+
+#include <bit>
+
+#include "core/store/ErroriMotore.h"
+#include "core/values/Testo.h"
+
+namespace fenalto {
+namespace {
+
+/// HashTesto is right for any name; this one agrees with it on which names are equal as long as
+/// they are ASCII, and costs no call. Names that aren't share one value.
+std::size_t HashNome(std::string_view nome) noexcept {
+  std::size_t h = 1469598103934665603ULL;
+  for (const char c : nome) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0x80) return 0;
+    const unsigned char minuscolo =
+        byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte | 0x20U) : byte;
+    h = (h ^ minuscolo) * 1099511628211ULL;
+  }
+  return h ^ (h >> 29U);
+}
+
+}  // namespace
+
+PianoIstruzione::PianoIstruzione(Istruzione istruzione) : istr(std::move(istruzione)) {
+  tavola_.resize(std::bit_ceil(istr.colonne.size() * 2 + 1));
+  for (std::size_t i = 0; i < istr.colonne.size(); ++i) {
+    if (Indice(istr.colonne[i].nome)) continue;
+    std::size_t posto = HashNome(istr.colonne[i].nome) & (tavola_.size() - 1);
+    while (tavola_[posto] != 0) posto = (posto + 1) & (tavola_.size() - 1);
+    tavola_[posto] = static_cast<std::uint32_t>(i + 1);
+  }
+}
+
+std::optional<std::size_t> PianoIstruzione::Indice(std::string_view nome) const noexcept {
+  std::size_t posto = HashNome(nome) & (tavola_.size() - 1);
+  while (tavola_[posto] != 0) {
+    const std::size_t i = tavola_[posto] - 1;
+    if (UgualeTesto(istr.colonne[i].nome, nome)) return i;
+    posto = (posto + 1) & (tavola_.size() - 1);
+  }
+  return std::nullopt;
+}
+
+VoceCache::~VoceCache() {
+  for (sqlite3_stmt* istruzione : liberi) sqlite3_finalize(istruzione);
+}
+
+Preparata::Preparata(sqlite3* connessione, std::shared_ptr<VoceCache> voce, const std::string& file)
+    : voce_(std::move(voce)) {
+  if (!voce_->liberi.empty()) {
+    istruzione_ = voce_->liberi.back();
+    voce_->liberi.pop_back();
+    return;
+  }
+  const int rc =
+      sqlite3_prepare_v3(connessione, voce_->sql.data(), static_cast<int>(voce_->sql.size()),
+                         SQLITE_PREPARE_PERSISTENT, &istruzione_, nullptr);
+  if (rc != SQLITE_OK) throw ErroreMotore(connessione, rc, file, voce_->sql);
+}
+
+Preparata::Preparata(Preparata&& altra) noexcept
+    : voce_(std::move(altra.voce_)), istruzione_(std::exchange(altra.istruzione_, nullptr)) {}
+
+Preparata& Preparata::operator=(Preparata&& altra) noexcept {
+  if (this != &altra) {
+    Restituisci();
+    voce_ = std::move(altra.voce_);
+    istruzione_ = std::exchange(altra.istruzione_, nullptr);
+  }
+  return *this;
+}
+
+void Preparata::Restituisci() noexcept {
+  if (istruzione_ == nullptr) return;
+  sqlite3_stmt* istruzione = std::exchange(istruzione_, nullptr);
+  sqlite3_reset(istruzione);
+  constexpr std::size_t kLiberiTenuti = 4;
+  try {
+    if (voce_->liberi.size() < kLiberiTenuti) {
+      voce_->liberi.push_back(istruzione);
+      istruzione = nullptr;
+    }
+  } catch (const std::bad_alloc&) {
+    // Without memory to keep it, it is finalized below.
+  }
+  sqlite3_finalize(istruzione);
+  voce_.reset();
+}
+
+std::shared_ptr<VoceCache> CacheIstruzioni::Cerca(const std::string& chiave) {
+  const auto trovata = perChiave_.find(chiave);
+  if (trovata == perChiave_.end()) return nullptr;
+  voci_.splice(voci_.begin(), voci_, trovata->second);
+  return trovata->second->second;
+}
+
+std::shared_ptr<VoceCache> CacheIstruzioni::Aggiungi(const std::string& chiave,
+                                                     std::shared_ptr<const PianoIstruzione> piano,
+                                                     std::string sql) {
+  auto voce = std::make_shared<VoceCache>();
+  voce->piano = std::move(piano);
+  voce->sql = std::move(sql);
+  voci_.emplace_front(chiave, voce);
+  perChiave_[voci_.front().first] = voci_.begin();
+  if (voci_.size() > capienza_) {
+    perChiave_.erase(voci_.back().first);
+    voci_.pop_back();
+  }
+  return voce;
+}
+
+void CacheIstruzioni::Svuota() {
+  perChiave_.clear();
+  voci_.clear();
+}
+
+}  // namespace fenalto
