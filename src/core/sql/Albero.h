@@ -28,9 +28,9 @@ enum class GenereEspr : std::uint8_t {
   Campo,
   Letterale,
   Nullo,
-  Chiamata,   ///< function by name, before binding
-  Aritmetica, ///< + - * / \ Mod & or a unary minus, before binding
-  Calcolo,    ///< function of the engine, after binding
+  Chiamata,    ///< function by name, before binding
+  Aritmetica,  ///< + - * / \ Mod & or a unary minus, before binding
+  Calcolo,     ///< function of the engine, after binding
   E,
   O,
   Non,
@@ -40,12 +40,12 @@ enum class GenereEspr : std::uint8_t {
   In,       ///< IN (list): first the value, then the list
   InQuery,  ///< IN (SELECT ...)
   Esiste,
-  ENullo,   ///< IS NULL
-  Se,       ///< IIf
+  ENullo,  ///< IS NULL
+  Se,      ///< IIf
   Aggregato,
   SottoQuery,
-  Rinvio,   ///< column of the SELECT list named by its alias
-  Stella    ///< the * of Count(*)
+  Rinvio,  ///< column of the SELECT list named by its alias
+  Stella   ///< the * of Count(*)
 };
 
 enum class Aggregazione : std::uint8_t { Conta, Somma, Media, Minimo, Massimo, Primo, Ultimo };
@@ -80,6 +80,7 @@ struct Espr {
   Fn funzione = Fn::Piu;
   Aggregazione aggregazione = Aggregazione::Conta;
   const Espr* rinvio = nullptr;
+  std::size_t peso = 1;  ///< of a Rinvio: parts of what it stands for
   bool haAggregati = false;
 
   Espr(GenereEspr g, std::size_t p) : genere(g), posizione(p) {}

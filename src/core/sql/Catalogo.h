@@ -23,8 +23,8 @@ struct ColonnaCatalogo {
 /// Columns of another table kept beside each row of this one by triggers: the binder drops a join
 /// that only reads them. `specchio` is Null exactly when the other table has no row of that key.
 struct Specchio {
-  std::string tabella;                          ///< the other table ("Articoli")
-  std::vector<std::string> chiave;              ///< key, same names on both sides ("Anno","NumDoc")
+  std::string tabella;              ///< the other table ("Articoli")
+  std::vector<std::string> chiave;  ///< key, same names on both sides ("Anno","NumDoc")
   std::vector<std::pair<std::string, std::string>> colonne;  ///< {other's column, local mirror}
 };
 

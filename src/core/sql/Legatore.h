@@ -17,8 +17,8 @@ class Legatore {
 
   /// Binds a whole statement; a refusal travels as Rifiuto.
   void Lega(Albero& albero);
-  /// Binds a condition on one source.
-  void LegaCondizione(EsprPtr& espr, Fonte& fonte);
+  /// Binds a condition on the columns of some sources.
+  void LegaCondizione(EsprPtr& espr, const std::vector<Fonte*>& fonti);
 
   /// Tables read or written, by catalogue name, each once.
   [[nodiscard]] const std::vector<std::string>& Tabelle() const { return tabelle_; }

@@ -13,9 +13,9 @@ namespace fenalto {
 
 enum class GenereSegno : std::uint8_t {
   Fine,
-  Parola,    ///< keyword or name
-  Quadre,    ///< [name]
-  Testo,     ///< 'text' or "text"
+  Parola,  ///< keyword or name
+  Quadre,  ///< [name]
+  Testo,   ///< 'text' or "text"
   Numero,
   Data,      ///< #mm/dd/yyyy#
   Booleano,  ///< True, False
@@ -62,7 +62,7 @@ class Lessico {
     Top,
     Vero,
     Falso,
-    Chiude,   ///< HAVING, UNION: ends a list of ORDER BY or GROUP BY
+    Chiude,  ///< HAVING, UNION: ends a list of ORDER BY or GROUP BY
     Seleziona,
     Lista,    ///< IN, VALUES: a list of values may follow
     Operando  ///< a value follows (AND, WHERE...): a minus before a digit is its sign

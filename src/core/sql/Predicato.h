@@ -31,7 +31,8 @@ class Predicato {
 
  private:
   struct Nodo;
-  Predicato();
+  using Coppie = std::vector<std::pair<std::size_t, Valore>>;
+  Predicato(std::unique_ptr<Nodo> radice, std::optional<Coppie> uguaglianze);
   std::unique_ptr<Nodo> radice_;
   std::optional<std::vector<std::pair<std::size_t, Valore>>> uguaglianze_;
 };

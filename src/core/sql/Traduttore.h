@@ -45,12 +45,12 @@ struct Forma {
 /// How a literal is bound to the engine.
 enum class Legame {
   Testo,
-  ModelloLike,   ///< a LIKE pattern, bound as it is for the store's own LIKE function
+  ModelloLike,  ///< a LIKE pattern, bound as it is for the store's own LIKE function
   Intero,
-  Importo,       ///< number of units, bound as ten-thousandths
+  Importo,  ///< number of units, bound as ten-thousandths
   Reale,
-  Data,          ///< bound as days
-  Booleano,      ///< 0 or 1
+  Data,      ///< bound as days
+  Booleano,  ///< 0 or 1
   Nullo
 };
 
@@ -62,17 +62,17 @@ struct ParametroSql {
 struct ColonnaUscita {
   std::string nome;
   Tipo tipo = Tipo::Testo;
-  std::string tabella;   ///< table the column comes from as it stands; empty for an expression
-  std::string colonna;   ///< its name there
+  std::string tabella;  ///< table the column comes from as it stands; empty for an expression
+  std::string colonna;  ///< its name there
 };
 
 /// A translated statement, ready to be prepared and cached under its Forma.
 struct Istruzione {
   enum class Genere { Selezione, Inserimento, Aggiornamento, Cancellazione };
   Genere genere = Genere::Selezione;
-  std::string sql;                          ///< for the engine; parameters are ?1, ?2, ... in order
-  std::vector<ParametroSql> parametri;      ///< what to bind to ?1, ?2, ...
-  std::vector<ColonnaUscita> colonne;       ///< of a SELECT, in order
+  std::string sql;                      ///< for the engine; parameters are ?1, ?2, ... in order
+  std::vector<ParametroSql> parametri;  ///< what to bind to ?1, ?2, ...
+  std::vector<ColonnaUscita> colonne;   ///< of a SELECT, in order
   /// Table whose rows the result can change: set when every row of a SELECT is one row of one
   /// table; then the statement has a last, hidden column with that row's engine identity (rowid).
   std::string tabellaBase;
