@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QStandardPaths>
 #include <QSysInfo>
+#include <QTimer>
 #include <cstdio>
 #include <exception>
 
@@ -37,15 +38,19 @@ int main(int argc, char** argv) {
   QCommandLineParser opzioni;
   opzioni.setApplicationDescription(QStringLiteral("Fenalto: contabilità e gestione"));
   opzioni.addHelpOption();
-  const QCommandLineOption cartella(QStringLiteral("folder"),
-                                    QStringLiteral("cartella dei dati"), QStringLiteral("DIR"));
+  const QCommandLineOption cartella(QStringLiteral("folder"), QStringLiteral("cartella dei dati"),
+                                    QStringLiteral("DIR"));
   const QCommandLineOption ditta(QStringLiteral("ditta"),
                                  QStringLiteral("apre questa ditta senza chiedere"),
                                  QStringLiteral("NOME"));
   const QCommandLineOption prepara(
       QStringLiteral("prepara-demo"),
       QStringLiteral("crea la ditta Demo se la cartella non ha ditte, e finisce"));
+  const QCommandLineOption provaAvvio(
+      QStringLiteral("prova-avvio"),
+      QStringLiteral("finisce appena la finestra è pronta (per misurare l'avvio)"));
   opzioni.addOption(prepara);
+  opzioni.addOption(provaAvvio);
   opzioni.addOption(cartella);
   opzioni.addOption(ditta);
   opzioni.process(applicazione);
@@ -73,6 +78,9 @@ int main(int argc, char** argv) {
     dialoghi.Sopra(&programma.Principale());
     if (!programma.Avvia(opzioni.value(ditta).toStdString())) return 0;
     programma.Mostra();
+    if (opzioni.isSet(provaAvvio)) {
+      QTimer::singleShot(0, &applicazione, &QCoreApplication::quit);
+    }
     return QApplication::exec();
   } catch (const std::exception& errore) {
     std::fprintf(stderr, "fenalto: %s\n", errore.what());

@@ -1,0 +1,84 @@
+// Benchmarks: a line NAME RATIO LIMIT for each measured ratio, exit status 0 when none is over its
+// limit. Generated companies are made at the first run and kept in the build folder.
+//
+//   fenalto-bench [NAME ...]     only the ratios whose name is given
+
+#include <QApplication>
+#include <QDir>
+#include <QSettings>
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+
+#include "bench/GeneraDitta.h"
+#include "bench/MisureArchivio.h"
+#include "bench/MisureFinestre.h"
+#include "screens/main/Applicazione.h"
+#include "screens/main/DialoghiQt.h"
+
+namespace {
+
+using fenalto::banco::Rapporto;
+
+constexpr const char* kGrande = "Grande";
+constexpr const char* kPiccola = "Piccola";
+constexpr int kRegistrazioni = 400'000;
+constexpr int kPoche = 4'000;
+
+std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni) {
+  const auto nuda = opzioni.cartellaProgramma / "nuda.db";
+  std::printf("# dati in %s\n", opzioni.cartellaProgramma.c_str());
+  fenalto::banco::GeneraDitta(opzioni, kPiccola, kPoche);
+  fenalto::banco::GeneraDitta(opzioni, kGrande, kRegistrazioni);
+  fenalto::banco::GeneraNuda(opzioni.cartellaProgramma / kGrande / "Cont32.mdb", nuda);
+  std::vector<Rapporto> rapporti;
+  {
+    fenalto::DialoghiQt dialoghi;
+    fenalto::OrologioDiSistema orologio;
+    fenalto::CasoDiSistema caso;
+    fenalto::Ambiente ambiente(opzioni, dialoghi, orologio, caso);
+    if (auto esito = ambiente.ApriDitta(kGrande); !esito) {
+      throw std::runtime_error(esito.Errore().messaggio);
+    }
+    rapporti = fenalto::banco::MisureArchivio(ambiente, nuda);
+  }
+  rapporti.push_back(fenalto::banco::MisuraSelettore(opzioni, kGrande, kPiccola));
+  for (auto& rapporto : fenalto::banco::MisureProcessi(opzioni, kGrande)) {
+    rapporti.push_back(std::move(rapporto));
+  }
+  return rapporti;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication applicazione(argc, argv);
+  fenalto::OpzioniAmbiente opzioni;
+  opzioni.cartellaProgramma = FENALTO_BANCO;
+  opzioni.cartellaDati = FENALTO_DATA;
+  opzioni.stazione = "banco";
+  opzioni.copie = false;
+  fenalto::Applicazione::Prepara(opzioni.cartellaDati);
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                     QString::fromStdString((opzioni.cartellaProgramma / "impostazioni").string()));
+  try {
+    const QStringList argomenti = QApplication::arguments().mid(1);
+    if (argomenti.size() == 2 && argomenti[0] == QLatin1String("--usa-movimenti")) {
+      fenalto::banco::UsaMovimenti(opzioni, argomenti[1].toStdString());
+      return 0;
+    }
+    bool entro = true;
+    for (const auto& rapporto : Misura(opzioni)) {
+      if (!argomenti.isEmpty() && !argomenti.contains(QString::fromStdString(rapporto.nome))) {
+        continue;
+      }
+      std::printf("%s %.2f %.2f\n", rapporto.nome.c_str(), rapporto.valore, rapporto.limite);
+      entro = entro && rapporto.valore <= rapporto.limite;
+    }
+    return entro ? 0 : 1;
+  } catch (const std::exception& errore) {
+    std::fprintf(stderr, "fenalto-bench: %s\n", errore.what());
+    return 2;
+  }
+}
