@@ -27,6 +27,7 @@ class CatalogoProva : public Catalogo {
   [[nodiscard]] const TabellaCatalogo* Tabella(std::string_view nome) const override;
   [[nodiscard]] const VistaCatalogo* Vista(std::string_view nome) const override;
   [[nodiscard]] const std::deque<TabellaCatalogo>& Tabelle() const { return tabelle_; }
+  [[nodiscard]] const std::deque<VistaCatalogo>& Viste() const { return viste_; }
   /// CREATE TABLE statements of all tables.
   [[nodiscard]] std::string Schema() const;
 
