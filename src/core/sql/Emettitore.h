@@ -36,6 +36,7 @@ class Emettitore {
   void EmettiIncorporato(const Espr& e);
   void EmettiCalcolo(const Espr& e);
   void EmettiFunzione(const Espr& e);
+  void EmettiTermini(const Espr& e);
   void EmettiUnione(const Espr& e);
   void EmettiInfisso(const Espr& e, std::string_view operatore);
   void EmettiCatena(const Espr& e, std::size_t da, std::size_t a);

@@ -179,7 +179,33 @@ void Emettitore::EmettiUnione(const Espr& e) {
   }
 }
 
+namespace {
+
+bool ESomma(const Espr& e) {
+  return e.genere == GenereEspr::Calcolo && (e.funzione == Fn::Piu || e.funzione == Fn::Meno);
+}
+
+}  // namespace
+
+/// The terms of a chain of sums and differences, one beside the other.
+void Emettitore::EmettiTermini(const Espr& e) {
+  const Espr& sinistra = *e.figli[0];
+  if (ESomma(sinistra)) {
+    EmettiTermini(sinistra);
+  } else {
+    EmettiEspr(sinistra);
+  }
+  Scrivi(e.funzione == Fn::Meno ? ",fen_neg(" : ",");
+  EmettiEspr(*e.figli[1]);
+  if (e.funzione == Fn::Meno) Scrivi(")");
+}
+
 void Emettitore::EmettiCalcolo(const Espr& e) {
+  if (ESomma(e) && ESomma(*e.figli[0])) {
+    Scrivi("fen_piu(");
+    EmettiTermini(e);
+    return Scrivi(")");
+  }
   switch (e.funzione) {
     case Fn::RealeDaImporto:
       return EmettiInfisso(e, "/10000.0");

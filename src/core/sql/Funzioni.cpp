@@ -41,6 +41,15 @@ bool Moltiplica(std::int64_t a, std::int64_t b, std::int64_t* r) {
   return __builtin_mul_overflow(a, b, r);
 }
 
+/// Any number of terms: a long sum must not become calls nested deeper than the engine reads.
+Cella Piu(Argomenti a, Deposito&) {
+  std::int64_t r = 0;
+  for (const Cella& c : a) {
+    if (__builtin_add_overflow(r, c.intero, &r)) throw ErroreCalcolo(kFuori);
+  }
+  return Cella::DiIntero(r);
+}
+
 Cella Negato(Argomenti a, Deposito& d) {
   const std::array<Cella, 2> argomenti{Cella::DiIntero(0), a[0]};
   return Controllata<Sottrae>(argomenti, d);
@@ -212,7 +221,7 @@ namespace f = funzioni;
 
 /// In the order of Fn.
 constexpr std::array<FunzioneMotore, static_cast<std::size_t>(Fn::Numero_)> kFunzioni{{
-    {"fen_piu", 2, 2, true, Controllata<Somma>},
+    {"fen_piu", kQuanti, kQuanti, true, Piu},
     {"fen_meno", 2, 2, true, Controllata<Sottrae>},
     {"fen_molt", 2, 2, true, Controllata<Moltiplica>},
     {"fen_neg", 1, 1, true, Negato},

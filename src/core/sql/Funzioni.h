@@ -109,6 +109,9 @@ enum class Fn : std::uint8_t {
   Numero_
 };
 
+/// As a function's number of arguments: any.
+inline constexpr int kQuanti = -1;
+
 struct FunzioneMotore {
   const char* nome;  ///< for the engine; null when the emitter writes an operator
   int argomentiMinimi;

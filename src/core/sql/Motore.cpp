@@ -6,6 +6,8 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "core/sql/Funzioni.h"
 #include "core/values/Testo.h"
@@ -71,11 +73,12 @@ void Protetta(sqlite3_context* contesto, F lavoro) noexcept {
 template <Fn funzione>
 void Chiama(sqlite3_context* contesto, int n, sqlite3_value** valori) {
   Protetta(contesto, [&] {
-    std::array<Cella, kArgomentiMassimi> argomenti;
-    for (int i = 0; i < n; ++i) argomenti[static_cast<std::size_t>(i)] = CellaDi(valori[i]);
+    std::array<Cella, kArgomentiMassimi> pochi;
+    std::vector<Cella> molti(n > kArgomentiMassimi ? static_cast<std::size_t>(n) : 0);
+    Cella* argomenti = molti.empty() ? pochi.data() : molti.data();
+    for (int i = 0; i < n; ++i) argomenti[i] = CellaDi(valori[i]);
     Deposito deposito;
-    Rispondi(contesto,
-             Calcola(funzione, {argomenti.data(), static_cast<std::size_t>(n)}, deposito));
+    Rispondi(contesto, Calcola(funzione, {argomenti, static_cast<std::size_t>(n)}, deposito));
   });
 }
 
