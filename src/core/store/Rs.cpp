@@ -73,7 +73,7 @@ bool Rs::Interno::Legge(std::string_view nomeMotore) const {
 }
 
 void Rs::Interno::LeggiTutto() {
-  if (!scartate) {
+  if (!scartate && !troncata) {
     Completa();
     return;
   }
@@ -91,6 +91,7 @@ void Rs::Interno::LeggiTutto() {
   Esegui();
   Completa();
   scartate = false;
+  troncata = false;
   pos = righe.Numero();
   if (!ferma) return;
   for (pos = 0; pos < righe.Numero(); ++pos) {
@@ -109,6 +110,7 @@ void Rs::Interno::LeggiTutto() {
 
 void Rs::Interno::VersoProssima() {
   if (Eof()) return;
+  if (troncata && pos + 1 == righe.Numero()) LeggiTutto();
   ++pos;
   if (!Eof() || !rigaPronta) return;
   righe.Svuota();

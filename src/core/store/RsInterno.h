@@ -59,6 +59,8 @@ struct Rs::Interno final : CursoreAperto {
   std::size_t pos = 0;
   /// Rows before the first in memory have been let go; to go back the query runs again.
   bool scartate = false;
+  /// Reading stopped before the last row; to go on the query runs again.
+  bool troncata = false;
   bool rigaPronta = false;  ///< the statement stands on a row not yet taken
   bool iscritto = false;
   IndiceRicerca indice;

@@ -205,14 +205,18 @@ void Rs::Interno::ScriviAggiunta() {
     if (!toccati[c]) continue;
     campi.emplace_back(ColonnaScrivibile(tabella, piano->istr.colonne[c].colonna), tampone[c]);
   }
+  if (rigaPronta) {
+    // A long result isn't read to its end for one new row: it runs again when more is asked for.
+    Interrompi();
+    troncata = true;
+  }
   const std::int64_t identita = InserisciRiga(*dati, tabella, campi);
   auto riga = Rileggi(identita);
   if (!riga) riga = tampone;
-  if (rigaPronta) {
-    // A long result isn't read to its end for one new row: it runs again when asked for.
-    Interrompi();
+  if (troncata) {
     righe.Svuota();
     scartate = true;
+    troncata = false;
   }
   righe.Accoda(*riga, identita);
   indice.Svuota();
