@@ -7,7 +7,9 @@
 namespace fenalto {
 namespace {
 
-std::string Utf8(const QString& testo) { return testo.toStdString(); }
+std::string Utf8(const QString& testo) {
+  return testo.toStdString();
+}
 
 }  // namespace
 
@@ -17,9 +19,13 @@ CampoTesto::CampoTesto(const QString& nome, QWidget* genitore, int lunghezza)
   setMaxLength(lunghezza);
 }
 
-void CampoTesto::Mostra(const Valore& valore) { setText(QString::fromStdString(valore.Testo())); }
+void CampoTesto::Mostra(const Valore& valore) {
+  setText(QString::fromStdString(valore.Testo()));
+}
 
-Esito<Valore> CampoTesto::Letto() const { return Valore(Utf8(text())); }
+Esito<Valore> CampoTesto::Letto() const {
+  return Valore(Utf8(text()));
+}
 
 void CampoTesto::Maiuscole(bool attive) {
   disconnect(this, &QLineEdit::textEdited, nullptr, nullptr);

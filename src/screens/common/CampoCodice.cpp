@@ -9,7 +9,7 @@
 namespace fenalto {
 namespace {
 
-constexpr int kVoci = 60;        // entries listed at most
+constexpr int kVoci = 60;  // entries listed at most
 constexpr int kVociInVista = 10;
 
 }  // namespace
@@ -35,7 +35,9 @@ CampoCodice::CampoCodice(const QString& nome, QString tabella, std::shared_ptr<F
   });
 }
 
-CampoCodice::~CampoCodice() { delete elenco_; }
+CampoCodice::~CampoCodice() {
+  delete elenco_;
+}
 
 void CampoCodice::Fonte(std::shared_ptr<FonteCodici> fonte, QString tabella) {
   fonte_ = std::move(fonte);
@@ -49,7 +51,9 @@ void CampoCodice::Mostra(const Valore& valore) {
   mostrando_ = false;
 }
 
-Esito<Valore> CampoCodice::Letto() const { return Valore(text().trimmed().toStdString()); }
+Esito<Valore> CampoCodice::Letto() const {
+  return Valore(text().trimmed().toStdString());
+}
 
 void CampoCodice::Risolvi() {
   const std::string codice = text().trimmed().toStdString();
@@ -87,13 +91,15 @@ void CampoCodice::Elenca(const QString& testo, bool tutto) {
   }
   elenco_->clear();
   for (const auto& voce : voci) {
-    auto* riga = new QListWidgetItem(QString::fromStdString(voce.codice + "   " + voce.descrizione));
+    auto* riga =
+        new QListWidgetItem(QString::fromStdString(voce.codice + "   " + voce.descrizione));
     riga->setData(Qt::UserRole, QString::fromStdString(voce.codice));
     elenco_->addItem(riga);
   }
   const int righe = std::min(static_cast<int>(voci.size()), kVociInVista);
   const int altezza = elenco_->sizeHintForRow(0) * righe + 2 * elenco_->frameWidth();
-  elenco_->setGeometry(QRect(mapToGlobal(QPoint(0, height())), QSize(std::max(width(), 380), altezza)));
+  elenco_->setGeometry(
+      QRect(mapToGlobal(QPoint(0, height())), QSize(std::max(width(), 380), altezza)));
   elenco_->show();
 }
 
@@ -160,8 +166,9 @@ void CampoCodice::keyPressEvent(QKeyEvent* evento) {
         Elenca(text(), true);
         return;
       }
-      elenco_->setCurrentRow(std::clamp(
-          elenco_->currentRow() + (evento->key() == Qt::Key_Down ? 1 : -1), 0, elenco_->count() - 1));
+      elenco_->setCurrentRow(
+          std::clamp(elenco_->currentRow() + (evento->key() == Qt::Key_Down ? 1 : -1), 0,
+                     elenco_->count() - 1));
       return;
     case Qt::Key_Escape:
       if (aperto) {

@@ -41,7 +41,8 @@ bool FinestraFunzione::Premi(std::initializer_list<const char*> nomi) {
     for (auto* pulsante : findChildren<QAbstractButton*>(QString::fromLatin1(nome))) {
       if (pulsante->isVisible() && pulsante->isEnabled()) {
         pulsante->setFocus();
-        pulsante->click();
+        // A field whose text can't be read has taken the focus back: nothing is pressed.
+        if (window()->focusWidget() == pulsante) pulsante->click();
         return true;
       }
     }
@@ -50,14 +51,25 @@ bool FinestraFunzione::Premi(std::initializer_list<const char*> nomi) {
 }
 
 bool FinestraFunzione::eventFilter(QObject* oggetto, QEvent* evento) {
-  if (evento->type() != QEvent::KeyPress) return false;
   auto* controllo = qobject_cast<QWidget*>(oggetto);
   if (controllo == nullptr || !isAncestorOf(controllo)) return false;
-  const auto* tasto = static_cast<QKeyEvent*>(evento);
+  if (evento->type() == QEvent::MouseButtonPress) return FocoNegato(controllo);
+  if (evento->type() != QEvent::KeyPress) return false;
+  return TastoPremuto(controllo, static_cast<QKeyEvent*>(evento));
+}
+
+bool FinestraFunzione::FocoNegato(const QWidget* controllo) const {
+  const auto* pulsante = qobject_cast<const QAbstractButton*>(controllo);
+  return pulsante != nullptr && pulsante->isEnabled() && isActiveWindow() &&
+         pulsante->focusPolicy() & Qt::ClickFocus && window()->focusWidget() != pulsante;
+}
+
+bool FinestraFunzione::TastoPremuto(QWidget* controllo, const QKeyEvent* tasto) {
   const bool invio = tasto->key() == Qt::Key_Return || tasto->key() == Qt::Key_Enter;
-  if (invio && tasto->modifiers().testFlag(Qt::ControlModifier)) {
-    return Premi({"ConfermaRiga", "Conferma"});
-  }
+  const bool ctrl = tasto->modifiers().testFlag(Qt::ControlModifier);
+  if (invio && ctrl) return Premi({"ConfermaRiga", "Conferma"});
+  // Before a line edit takes it as "delete the word".
+  if (tasto->key() == Qt::Key_Delete && ctrl && Premi({"EliminaRiga", "Elimina"})) return true;
   if (!invio || tasto->modifiers() & ~Qt::KeypadModifier) return false;
   // Enter in the selector opens; in a button it presses; in a grid it chooses; elsewhere it is Tab.
   if (controllo->objectName() == QStringLiteral("Rt1")) {
@@ -80,11 +92,6 @@ void FinestraFunzione::keyPressEvent(QKeyEvent* evento) {
   switch (evento->key()) {
     case Qt::Key_Insert:
       if (Premi({"PNuovaRiga", "Nuovo"})) return;
-      break;
-    case Qt::Key_Delete:
-      if (evento->modifiers().testFlag(Qt::ControlModifier) && Premi({"EliminaRiga", "Elimina"})) {
-        return;
-      }
       break;
     case Qt::Key_F5:
       Aggiorna();

@@ -10,6 +10,7 @@
 #include "screens/common/Finestre.h"
 
 class QAbstractButton;
+class QKeyEvent;
 
 namespace fenalto {
 
@@ -46,6 +47,12 @@ class FinestraFunzione : public QWidget {
   bool Premi(std::initializer_list<const char*> nomi);
 
  private:
+  /// A key in one of the window's controls; true when it was taken.
+  bool TastoPremuto(QWidget* controllo, const QKeyEvent* tasto);
+  /// A press on a button that couldn't get the focus, since a field with an unreadable text has
+  /// taken it back: the press must not go through, its release is lost behind the message.
+  [[nodiscard]] bool FocoNegato(const QWidget* controllo) const;
+
   Finestre& finestre_;
 };
 

@@ -74,6 +74,14 @@ void ModelloGriglia::Pagine(std::function<std::vector<std::vector<Valore>>(int d
   endResetModel();
 }
 
+void ModelloGriglia::Aggiungi(std::vector<std::vector<Valore>> righe) {
+  if (righe.empty()) return;
+  const int prima = static_cast<int>(righe_.size());
+  beginInsertRows({}, prima, prima + static_cast<int>(righe.size()) - 1);
+  std::move(righe.begin(), righe.end(), std::back_inserter(righe_));
+  endInsertRows();
+}
+
 const std::vector<Valore>& ModelloGriglia::Riga(int indice) const {
   return righe_.at(static_cast<std::size_t>(indice));
 }
@@ -138,10 +146,7 @@ void ModelloGriglia::fetchMore(const QModelIndex& genitore) {
     finite_ = true;
     return;
   }
-  const int prima = static_cast<int>(righe_.size());
-  beginInsertRows({}, prima, prima + static_cast<int>(altre.size()) - 1);
-  std::move(altre.begin(), altre.end(), std::back_inserter(righe_));
-  endInsertRows();
+  Aggiungi(std::move(altre));
 }
 
 Griglia::Griglia(const QString& nome, const QString& finestra, std::vector<ColonnaGriglia> colonne,
@@ -169,17 +174,25 @@ Griglia::Griglia(const QString& nome, const QString& finestra, std::vector<Colon
     setColumnWidth(indice, memoria.value(colonna.titolo, colonna.larghezza).toInt());
     ++indice;
   }
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int sezione, int, int nuova) {
-    if (sezione == modello_->columnCount() - 1) return;
-    QSettings().setValue(QStringLiteral("griglie/%1/%2/%3")
-                             .arg(finestra_, objectName(),
-                                  modello_->Colonne()[static_cast<std::size_t>(sezione)].titolo),
-                         nuova);
-  });
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this](int sezione, int, int nuova) {
+            if (sezione == modello_->columnCount() - 1) return;
+            QSettings().setValue(
+                QStringLiteral("griglie/%1/%2/%3")
+                    .arg(finestra_, objectName(),
+                         modello_->Colonne()[static_cast<std::size_t>(sezione)].titolo),
+                nuova);
+          });
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int sezione) {
     auto* testata = horizontalHeader();
     testata->setSortIndicatorShown(true);
     modello_->sort(sezione, testata->sortIndicatorOrder());
+  });
+  // Rows shown anew keep the order that the user chose.
+  connect(modello_, &QAbstractItemModel::modelReset, this, [this] {
+    const auto* testata = horizontalHeader();
+    if (!testata->isSortIndicatorShown()) return;
+    modello_->sort(testata->sortIndicatorSection(), testata->sortIndicatorOrder());
   });
   connect(this, &QTableView::clicked, this,
           [this](const QModelIndex& riga) { emit RigaScelta(riga.row()); });
@@ -187,7 +200,9 @@ Griglia::Griglia(const QString& nome, const QString& finestra, std::vector<Colon
           [this](const QModelIndex& riga) { emit RigaDoppioClic(riga.row()); });
 }
 
-int Griglia::RigaCorrente() const { return currentIndex().isValid() ? currentIndex().row() : -1; }
+int Griglia::RigaCorrente() const {
+  return currentIndex().isValid() ? currentIndex().row() : -1;
+}
 
 void Griglia::VaiARiga(int indice) {
   if (indice < 0 || indice >= modello_->rowCount()) return;
@@ -198,7 +213,9 @@ void Griglia::VaiARiga(int indice) {
 void Griglia::keyPressEvent(QKeyEvent* evento) {
   const bool invio = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
   if (invio && evento->modifiers() == Qt::NoModifier && RigaCorrente() >= 0) {
-    emit RigaScelta(RigaCorrente());
+    const int riga = RigaCorrente();
+    emit RigaScelta(riga);
+    emit RigaInvio(riga);
     return;
   }
   if (evento->matches(QKeySequence::Copy)) {

@@ -13,8 +13,8 @@ namespace fenalto {
 struct ColonnaGriglia {
   QString titolo;
   Tipo tipo = Tipo::Testo;
-  int larghezza = 100;   ///< pixels at first
-  int decimali = 2;      ///< of amounts
+  int larghezza = 100;  ///< pixels at first
+  int decimali = 2;     ///< of amounts
 };
 
 /// Rows of values held in memory.
@@ -23,8 +23,10 @@ class ModelloGriglia : public QAbstractTableModel {
 
  public:
   explicit ModelloGriglia(std::vector<ColonnaGriglia> colonne, QObject* genitore = nullptr);
-  /// Replaces all rows; each has one value a column.
+  /// Replaces all rows; each has one value a column, and may have more that aren't shown.
   void Righe(std::vector<std::vector<Valore>> righe);
+  /// Adds rows at the end.
+  void Aggiungi(std::vector<std::vector<Valore>> righe);
   [[nodiscard]] const std::vector<Valore>& Riga(int indice) const;
   void Decimali(int decimali);
   [[nodiscard]] const std::vector<ColonnaGriglia>& Colonne() const { return colonne_; }
@@ -64,6 +66,8 @@ class Griglia : public QTableView {
   /// A row was clicked, or Enter was pressed on it.
   void RigaScelta(int indice);
   void RigaDoppioClic(int indice);
+  /// Enter was pressed on a row.
+  void RigaInvio(int indice);
 
  protected:
   void keyPressEvent(QKeyEvent* evento) override;

@@ -9,16 +9,31 @@
 
 #include "core/values/FormatoImporto.h"
 #include "screens/common/Campi.h"
+#include "screens/common/CampoCodice.h"
 
 namespace fenalto {
 namespace {
 
-std::string NomeDi(const QWidget* controllo) { return controllo->objectName().toStdString(); }
+std::string NomeDi(const QWidget* controllo) {
+  return controllo->objectName().toStdString();
+}
 
 void SegnaErrato(QWidget* controllo, bool errato) {
   QPalette tavolozza;
   if (errato) tavolozza.setColor(QPalette::Text, QColor(200, 30, 30));
   controllo->setPalette(tavolozza);
+}
+
+QString TestoDi(const QWidget* controllo) {
+  const auto* riga = qobject_cast<const QLineEdit*>(controllo);
+  return riga != nullptr ? riga->text() : QString();
+}
+
+/// Typed in since its text was last set.
+bool Digitato(const QWidget* controllo) {
+  if (const auto* riga = qobject_cast<const QLineEdit*>(controllo)) return riga->isModified();
+  const auto* elenco = qobject_cast<const QComboBox*>(controllo);
+  return elenco != nullptr && elenco->lineEdit() != nullptr && elenco->lineEdit()->isModified();
 }
 
 }  // namespace
@@ -29,11 +44,13 @@ Legatura::Legatura(std::function<Scheda&()> scheda, Dialoghi& dialoghi, QObject*
 void Legatura::Lega(QWidget* controllo) {
   controlli_.push_back(controllo);
   controllo->installEventFilter(this);
+  const auto lascia = [this, controllo] { Lascia(controllo, true, Qt::OtherFocusReason); };
   if (auto* elenco = qobject_cast<QComboBox*>(controllo)) {
-    if (elenco->lineEdit() != nullptr) elenco->lineEdit()->installEventFilter(this);
-    connect(elenco, &QComboBox::activated, this, [this, elenco] { Lascia(elenco); });
+    connect(elenco, &QComboBox::activated, this, lascia);
   } else if (auto* casella = qobject_cast<QAbstractButton*>(controllo)) {
-    connect(casella, &QAbstractButton::clicked, this, [this, casella] { Lascia(casella); });
+    connect(casella, &QAbstractButton::clicked, this, lascia);
+  } else if (auto* codice = qobject_cast<CampoCodice*>(controllo)) {
+    connect(codice, &CampoCodice::Scelto, this, lascia);
   }
 }
 
@@ -59,21 +76,25 @@ void Legatura::MostraUno(QWidget* controllo) {
   }
 }
 
-bool Legatura::Lascia(QWidget* controllo) {
+bool Legatura::Rifiuta(QWidget* controllo, const std::string& messaggio) {
+  occupata_ = true;
+  rifiutato_ = controllo;
+  testoRifiutato_ = TestoDi(controllo);
+  SegnaErrato(controllo, true);
+  dialoghi_.Messaggio(messaggio, Icona::Avviso);
+  controllo->setFocus();
+  occupata_ = false;
+  return false;
+}
+
+bool Legatura::Lascia(QWidget* controllo, bool digitato, Qt::FocusReason motivo) {
   if (occupata_) return true;
   const std::string campo = NomeDi(controllo);
   if (!scheda_().Ha(campo)) return true;
   Valore nuovo;
   if (auto* tipizzato = dynamic_cast<CampoValore*>(controllo)) {
     auto letto = tipizzato->Letto();
-    if (!letto) {
-      occupata_ = true;
-      SegnaErrato(controllo, true);
-      dialoghi_.Messaggio(letto.Errore().messaggio, Icona::Avviso);
-      controllo->setFocus();
-      occupata_ = false;
-      return false;
-    }
+    if (!letto) return Rifiuta(controllo, letto.Errore().messaggio);
     nuovo = letto.Valore();
   } else if (auto* elenco = qobject_cast<QComboBox*>(controllo)) {
     nuovo = Valore(elenco->currentText().toStdString());
@@ -83,41 +104,63 @@ bool Legatura::Lascia(QWidget* controllo) {
     return true;
   }
   occupata_ = true;
-  const bool cambiato = !(scheda_().Leggi(campo) == nuovo) ||
-                        scheda_().Leggi(campo).Neutro() != nuovo.Neutro();
-  if (cambiato) scheda_().Scrivi(campo, nuovo);
+  rifiutato_ = nullptr;
+  const bool nuova =
+      !(scheda_().Leggi(campo) == nuovo) || scheda_().Leggi(campo).Neutro() != nuovo.Neutro();
+  if (nuova) scheda_().Scrivi(campo, nuovo);
   MostraUno(controllo);
   occupata_ = false;
-  emit Lasciato(controllo->objectName(), cambiato);
+  emit Lasciato(controllo->objectName(), nuova || digitato, motivo);
   return true;
 }
 
 bool Legatura::Raccogli() {
   for (auto* controllo : controlli_) {
-    const bool visibile = controllo->isVisible() && controllo->isEnabled();
-    if (visibile && dynamic_cast<CampoValore*>(controllo) != nullptr) {
-      const auto letto = dynamic_cast<CampoValore*>(controllo)->Letto();
-      if ((!letto || controllo->hasFocus()) && !Lascia(controllo)) return false;
+    if (!controllo->isVisible() || !controllo->isEnabled()) continue;
+    const auto* tipizzato = dynamic_cast<CampoValore*>(controllo);
+    const bool digitato = Digitato(controllo);
+    const bool illeggibile = tipizzato != nullptr && !tipizzato->Letto();
+    if (illeggibile && rifiutato_ == controllo && testoRifiutato_ == TestoDi(controllo)) {
+      rifiutato_ = nullptr;
+      return false;
     }
+    if (auto* codice = qobject_cast<CampoCodice*>(controllo); codice != nullptr && digitato) {
+      codice->Risolvi();
+    }
+    const bool daLasciare = illeggibile || digitato;
+    if (daLasciare && !Lascia(controllo, digitato, Qt::OtherFocusReason)) return false;
   }
   return true;
 }
 
+bool Legatura::Pendente() const {
+  return std::any_of(controlli_.begin(), controlli_.end(), [this](const QWidget* controllo) {
+    if (!Digitato(controllo) || !scheda_().Ha(NomeDi(controllo))) return false;
+    if (const auto* tipizzato = dynamic_cast<const CampoValore*>(controllo)) {
+      const auto letto = tipizzato->Letto();
+      return !letto || letto.Valore().Neutro() != scheda_().Leggi(NomeDi(controllo)).Neutro();
+    }
+    return true;
+  });
+}
+
 bool Legatura::eventFilter(QObject* oggetto, QEvent* evento) {
-  const bool uscita = evento->type() == QEvent::FocusOut &&
-                      static_cast<QFocusEvent*>(evento)->reason() != Qt::PopupFocusReason &&
-                      static_cast<QFocusEvent*>(evento)->reason() != Qt::ActiveWindowFocusReason;
-  if (!uscita) return QObject::eventFilter(oggetto, evento);
+  if (evento->type() != QEvent::FocusOut) return QObject::eventFilter(oggetto, evento);
+  const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
   auto* controllo = qobject_cast<QWidget*>(oggetto);
-  if (controllo != nullptr && !std::count(controlli_.begin(), controlli_.end(), controllo)) {
-    controllo = controllo->parentWidget();  // the line edit within a combo box
+  if (controllo == nullptr || motivo == Qt::PopupFocusReason ||
+      motivo == Qt::ActiveWindowFocusReason || !controllo->isVisible()) {
+    return QObject::eventFilter(oggetto, evento);
   }
-  if (controllo == nullptr) return false;
+  const bool digitato = Digitato(controllo);
   // The control first finishes what leaving means to it (a code resolves itself).
+  const bool prima = occupata_;
+  occupata_ = true;
   oggetto->removeEventFilter(this);
   oggetto->event(evento);
   oggetto->installEventFilter(this);
-  Lascia(controllo);
+  occupata_ = prima;
+  Lascia(controllo, digitato, motivo);
   return true;
 }
 

@@ -3,7 +3,8 @@
 // A control is left when it loses the focus or Enter is pressed in it: its value goes into the
 // record when it changed, and `Lasciato` tells the field, so that the window can call the rule that
 // follows and show the record again. A text that can't be read stays in the control, which takes
-// the focus back after a message.
+// the focus back after a message. Nothing is read from a control that was hidden while it had the
+// focus: its record is being given up.
 #pragma once
 
 #include <QObject>
@@ -35,21 +36,29 @@ class Legatura : public QObject {
   /// Takes what is typed in the control that has the focus, as leaving it would. False when some
   /// control holds a text that can't be read; its message was shown.
   bool Raccogli();
+  /// Whether a control holds typed text that isn't in the record yet.
+  [[nodiscard]] bool Pendente() const;
 
  signals:
-  /// A control was left; `cambiato` when its value is new.
-  void Lasciato(const QString& campo, bool cambiato);
+  /// A control was left; `cambiato` when its value is new or was typed again. `motivo` tells a
+  /// passage by key (Tab, Enter) from another.
+  void Lasciato(const QString& campo, bool cambiato, Qt::FocusReason motivo);
 
  protected:
   bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
  private:
-  bool Lascia(QWidget* controllo);
+  bool Lascia(QWidget* controllo, bool digitato, Qt::FocusReason motivo);
+  bool Rifiuta(QWidget* controllo, const std::string& messaggio);
   void MostraUno(QWidget* controllo);
   std::function<Scheda&()> scheda_;
   Dialoghi& dialoghi_;
   std::vector<QWidget*> controlli_;
   bool occupata_ = false;
+  /// The control and text that leaving has just complained about, so that the button pressed by the
+  /// same gesture doesn't repeat it.
+  QWidget* rifiutato_ = nullptr;
+  QString testoRifiutato_;
 };
 
 }  // namespace fenalto

@@ -1,0 +1,25 @@
+// How windows lay their controls out: labels, widths in characters, letters on buttons.
+#pragma once
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QList>
+
+class QPushButton;
+
+namespace fenalto {
+
+/// A caption of `controllo`, which screen readers take as its name.
+QLabel* Didascalia(const QString& testo, QWidget* controllo);
+
+/// Makes a field as wide as that many characters of its own typeface.
+void LargoCaratteri(QWidget* campo, int caratteri);
+
+/// A button with its object name; the tooltip is the caption with `tasto` ("Ins") when not empty.
+QPushButton* Pulsante(const QString& nome, const QString& testo, const QString& tasto = QString());
+
+/// Gives each button an Alt letter of its caption that no other of the list and no menu of the main
+/// window has. A button for which none is left goes without.
+void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti);
+
+}  // namespace fenalto

@@ -1,0 +1,267 @@
+#include "screens/ledger/PaginaScelta.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "screens/common/Campi.h"
+#include "screens/common/Disposizione.h"
+#include "screens/common/Griglia.h"
+#include "screens/ledger/ElencoRegistrazioni.h"
+
+namespace fenalto {
+namespace {
+
+constexpr int kCorrelatePerRiga = 5;
+
+struct Correlata {
+  const char* nome;
+  const char* testo;
+  const char* finestra;
+  int scheda = -1;
+};
+
+constexpr Correlata kCorrelate[] = {
+    {"FunzCor01", "movimenti per conto", "STMovimentiPerConto"},
+    {"FunzCor02", "situazione scadenze", "Scadenze"},
+    {"FunzCor03", "patrimoniale e costi/ricavi", "STBilancioVerifica", 1},
+    {"FunzCor04", "elenco articoli contabili", "STArticoli"},
+    {"FunzCor05", "ricerca movimenti", "RicercaMovimenti"},
+    {"FunzCor06", "bilancio di verifica", "STBilancioVerifica", 0},
+    {"FunzCor07", "librogiornale", "StGiornale"},
+    {"FunzCor08", "scadenze per cliente/fornitore", "STScadenzePerConto"},
+    {"FunzCor09", "scadenze per data", "STScadenzePerData"},
+    {"FunzCor10", "estratto conto clienti", "STEstrattoConto"},
+    {"FunzCor11", "archivio scadenze", "Scadenze"},
+    {"FunzCor12", "registrazioni iva", "Fatture"},
+    {"FunzCor15", "operazioni automatiche di apertura e chiusura", "ChiusureAperture"},
+};
+
+constexpr Correlata kAltriModi[] = {
+    {"NuovoDaScad",
+     "Pagamento/incasso con selezione scadenze da scaricare\n(singolo cliente/fornitore)",
+     "PagamentiDaScadenzario1Cli"},
+    {"NuovoDaScadMulti",
+     "Pagamento/incasso con selezione scadenze da scaricare\n(multi cliente/fornitore)",
+     "PagamentiDaScadenzario"},
+    {"NuovoAnticipo", "Anticipo su fattura da ricevere/emettere\ncon inserimento in scadenzario",
+     "AccontiPrimaDiFattura"},
+    {"NuovoInsoluti", "Registrazione insoluti riba", "InsolutiRiba"},
+    {"NuovoRiba", "Distinta riba", "RiBa"},
+};
+
+void ASinistra(QPushButton* pulsante) {
+  pulsante->setStyleSheet(QStringLiteral("text-align: left"));
+}
+
+}  // namespace
+
+PaginaScelta::PaginaScelta(Finestre& finestre, QWidget* genitore)
+    : QWidget(genitore),
+      finestre_(finestre),
+      selettore_(new CampoNumero(QStringLiteral("Rt1"))),
+      descrizione_(new QLabel) {
+  auto* griglia = new QGridLayout(this);
+  griglia->addWidget(CreaSelettore(), 0, 0, 1, 2);
+  riquadroElenco_ = CreaElenco();
+  griglia->addWidget(riquadroElenco_, 1, 0);
+  riquadroModelli_ = CreaModelli();
+  griglia->addWidget(riquadroModelli_, 1, 0);
+  griglia->addWidget(CreaModi(), 1, 1);
+  griglia->addWidget(CreaCorrelate(), 2, 0, 1, 2);
+  griglia->setColumnStretch(0, 1);
+  griglia->setRowStretch(1, 1);
+  AssegnaMnemoniche(pulsanti_);
+  Aggiorna();
+}
+
+QWidget* PaginaScelta::CreaSelettore() {
+  auto* riga = new QWidget;
+  auto* disposizione = new QHBoxLayout(riga);
+  disposizione->setContentsMargins(0, 0, 0, 0);
+  constexpr int kCifre = 10;
+  LargoCaratteri(selettore_, kCifre);
+  descrizione_->setObjectName(QStringLiteral("Rt1Descrizione"));
+  descrizione_->setTextFormat(Qt::PlainText);
+  descrizione_->setForegroundRole(QPalette::PlaceholderText);
+  auto* apri = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel numero"));
+  disposizione->addWidget(Didascalia(tr("Articolo n."), selettore_));
+  disposizione->addWidget(selettore_);
+  disposizione->addWidget(apri);
+  disposizione->addWidget(descrizione_, 1);
+  connect(selettore_, &QLineEdit::textChanged, this, &PaginaScelta::Descrivi);
+  connect(apri, &QPushButton::clicked, this, &PaginaScelta::Apri);
+  pulsanti_ << apri;
+  return riga;
+}
+
+QGroupBox* PaginaScelta::CreaElenco() {
+  auto* riquadro = new QGroupBox(tr("Registrazioni del %1").arg(finestre_.Sessione().Anno()));
+  auto* colonna = new QVBoxLayout(riquadro);
+  elenco_ = new ElencoRegistrazioni(finestre_.Sessione());
+  colonna->addWidget(elenco_);
+  connect(elenco_, &ElencoRegistrazioni::Indicato, this, &PaginaScelta::Seleziona);
+  connect(elenco_, &ElencoRegistrazioni::Scelto, this, [this](qint64 numero) {
+    Seleziona(numero);
+    Apri();
+  });
+  return riquadro;
+}
+
+QPushButton* PaginaScelta::Collegata(const QString& nome, const QString& testo,
+                                     const QString& finestra, int scheda) {
+  auto* pulsante = Pulsante(nome, testo);
+  ASinistra(pulsante);
+  const bool disponibile = finestre_.FunzioneDisponibile(finestra);
+  pulsante->setEnabled(disponibile);
+  if (disponibile) pulsanti_ << pulsante;
+  connect(pulsante, &QPushButton::clicked, this,
+          [this, finestra, scheda] { finestre_.ApriFunzione(finestra, scheda); });
+  return pulsante;
+}
+
+QGroupBox* PaginaScelta::CreaModi() {
+  auto* riquadro = new QGroupBox(tr("Nuova registrazione"));
+  auto* colonna = new QVBoxLayout(riquadro);
+  nuovo_ = Pulsante(QStringLiteral("Nuovo"), tr("Registrazione generica"), tr("Ins"));
+  auto* duplica = Pulsante(QStringLiteral("Sdoppia"), tr("Registrazione da movimento duplicabile"));
+  for (auto* pulsante : {nuovo_, duplica}) {
+    ASinistra(pulsante);
+    pulsanti_ << pulsante;
+    colonna->addWidget(pulsante);
+  }
+  connect(nuovo_, &QPushButton::clicked, this, &PaginaScelta::NuovoChiesto);
+  connect(duplica, &QPushButton::clicked, this, &PaginaScelta::ModelliChiesti);
+  for (const auto& modo : kAltriModi) {
+    colonna->addWidget(Collegata(QString::fromLatin1(modo.nome), QString::fromUtf8(modo.testo),
+                                 QString::fromLatin1(modo.finestra)));
+  }
+  colonna->addStretch(1);
+  return riquadro;
+}
+
+QGroupBox* PaginaScelta::CreaModelli() {
+  auto* riquadro =
+      new QGroupBox(tr("Registrazioni duplicabili: doppio clic per prendere le righe"));
+  riquadro->setObjectName(QStringLiteral("FrameDupl"));
+  modelli_ = new Griglia(QStringLiteral("GridArtDup"), QStringLiteral("Movimenti"),
+                         {{tr("Articolo"), Tipo::Intero, 70},
+                          {tr("Anno"), Tipo::Intero, 60},
+                          {tr("Data"), Tipo::Data, 90},
+                          {tr("Descrizione"), Tipo::Testo, 240},
+                          {tr("Dare"), Tipo::Testo, 100},
+                          {tr("Avere"), Tipo::Testo, 100}});
+  senzaModelli_ = new QLabel(
+      tr("Nessuna registrazione è segnata come duplicabile. Per averne una, aprirla, spuntare "
+         "\"duplicabile\" e confermarla."));
+  senzaModelli_->setObjectName(QStringLiteral("SenzaModelli"));
+  senzaModelli_->setWordWrap(true);
+  auto* chiudi = Pulsante(QStringLiteral("ChiudiDupl"), tr("Torna all'elenco"), tr("Esc"));
+  auto* sotto = new QHBoxLayout;
+  sotto->addWidget(senzaModelli_, 1);
+  sotto->addStretch();
+  sotto->addWidget(chiudi);
+  auto* colonna = new QVBoxLayout(riquadro);
+  colonna->addWidget(modelli_, 1);
+  colonna->addLayout(sotto);
+  riquadro->hide();
+  const auto prendi = [this](int riga) {
+    const auto& valori = modelli_->Modello().Riga(riga);
+    emit ModelloScelto(valori[0].Intero(), static_cast<int>(valori[1].Intero()));
+  };
+  connect(modelli_, &Griglia::RigaDoppioClic, this, prendi);
+  connect(modelli_, &Griglia::RigaInvio, this, prendi);
+  connect(chiudi, &QPushButton::clicked, this, &PaginaScelta::ChiudiModelli);
+  pulsanti_ << chiudi;
+  return riquadro;
+}
+
+QGroupBox* PaginaScelta::CreaCorrelate() {
+  auto* riquadro = new QGroupBox(tr("funzioni correlate"));
+  riquadro->setObjectName(QStringLiteral("FrameFunzCorr"));
+  auto* griglia = new QGridLayout(riquadro);
+  griglia->setVerticalSpacing(2);
+  int posto = 0;
+  for (const auto& funzione : kCorrelate) {
+    const QString finestra = QString::fromLatin1(funzione.finestra);
+    auto* pulsante = Collegata(QString::fromLatin1(funzione.nome),
+                               QString::fromUtf8(funzione.testo), finestra, funzione.scheda);
+    if (finestra == QLatin1String("ChiusureAperture")) {
+      disconnect(pulsante, &QPushButton::clicked, nullptr, nullptr);
+      connect(pulsante, &QPushButton::clicked, this, &PaginaScelta::ChiusureChieste);
+    }
+    const int colonna = posto % kCorrelatePerRiga;
+    const bool ultima = &funzione == std::end(kCorrelate) - 1;
+    griglia->addWidget(pulsante, posto / kCorrelatePerRiga, colonna, 1,
+                       ultima ? kCorrelatePerRiga - colonna : 1);
+    ++posto;
+  }
+  return riquadro;
+}
+
+void PaginaScelta::Aggiorna() {
+  elenco_->Ricarica();
+  Descrivi();
+}
+
+void PaginaScelta::Seleziona(std::int64_t numero) {
+  selettore_->Mostra(Valore(numero));
+}
+
+void PaginaScelta::FocoSelettore() {
+  selettore_->setFocus();
+}
+
+void PaginaScelta::FocoNuovo() {
+  nuovo_->setFocus();
+}
+
+void PaginaScelta::Descrivi() {
+  const auto letto = selettore_->Letto();
+  if (!letto) {
+    descrizione_->setText(QString::fromStdString(letto.Errore().messaggio));
+    return;
+  }
+  const auto numero = letto.Valore().Intero();
+  const QString testo = numero == 0 ? QString() : elenco_->Descrizione(numero);
+  descrizione_->setText(numero != 0 && testo.isEmpty()
+                            ? tr("nel %1 non c'è una registrazione non iva con questo numero")
+                                  .arg(finestre_.Sessione().Anno())
+                            : testo);
+}
+
+void PaginaScelta::Apri() {
+  Descrivi();
+  const auto letto = selettore_->Letto();
+  const std::int64_t numero = letto ? letto.Valore().Intero() : 0;
+  if (numero > 0) {
+    emit ApriChiesto(numero);
+  } else {
+    selettore_->setFocus();
+  }
+}
+
+void PaginaScelta::MostraModelli(const std::vector<ModelloPrimanota>& modelli) {
+  std::vector<std::vector<Valore>> righe;
+  for (const auto& modello : modelli) {
+    righe.push_back({modello.articolo, modello.anno, modello.dt, modello.descrArtDupl,
+                     modello.conto, modello.contoA});
+  }
+  senzaModelli_->setVisible(righe.empty());
+  modelli_->Modello().Righe(std::move(righe));
+  riquadroElenco_->hide();
+  riquadroModelli_->show();
+  modelli_->setFocus();
+  modelli_->VaiARiga(0);
+}
+
+bool PaginaScelta::ChiudiModelli() {
+  if (riquadroModelli_->isHidden()) return false;
+  riquadroModelli_->hide();
+  riquadroElenco_->show();
+  nuovo_->setFocus();
+  return true;
+}
+
+}  // namespace fenalto

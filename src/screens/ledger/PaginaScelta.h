@@ -1,0 +1,70 @@
+// First page of the primanota window: which registration to open, or how to start a new one.
+#pragma once
+
+#include <QWidget>
+
+#include "ledger/Primanota.h"
+#include "screens/common/Finestre.h"
+
+class QAbstractButton;
+class QGridLayout;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace fenalto {
+
+class CampoNumero;
+class ElencoRegistrazioni;
+class Griglia;
+
+class PaginaScelta : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PaginaScelta(Finestre& finestre, QWidget* genitore = nullptr);
+
+  /// Reads the list again.
+  void Aggiorna();
+  /// Puts a number into the selector; 0 empties it.
+  void Seleziona(std::int64_t numero);
+  void FocoSelettore();
+  void FocoNuovo();
+  /// Shows the models to choose from; says so when there is none.
+  void MostraModelli(const std::vector<ModelloPrimanota>& modelli);
+  /// Hides the models; false when they weren't shown.
+  bool ChiudiModelli();
+
+ signals:
+  void ApriChiesto(qint64 numero);
+  void NuovoChiesto();
+  void ModelliChiesti();
+  void ModelloScelto(qint64 articolo, int anno);
+  /// Closings and openings run alone: the window is to close first.
+  void ChiusureChieste();
+
+ private:
+  QWidget* CreaSelettore();
+  QGroupBox* CreaElenco();
+  QGroupBox* CreaModi();
+  QGroupBox* CreaModelli();
+  QGroupBox* CreaCorrelate();
+  QPushButton* Collegata(const QString& nome, const QString& testo, const QString& finestra,
+                         int scheda = -1);
+  void Descrivi();
+  void Apri();
+
+  Finestre& finestre_;
+  CampoNumero* selettore_;
+  QLabel* descrizione_;
+  QPushButton* nuovo_;
+  ElencoRegistrazioni* elenco_;
+  Griglia* modelli_;
+  QGroupBox* riquadroElenco_;
+  QGroupBox* riquadroModelli_;
+  QLabel* senzaModelli_;
+  QList<QAbstractButton*> pulsanti_;  ///< that can be pressed, the more used first
+};
+
+}  // namespace fenalto

@@ -1,0 +1,320 @@
+#include "screens/ledger/RiquadroRiga.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QPushButton>
+
+#include "core/values/FormatoImporto.h"
+#include "screens/common/Campi.h"
+#include "screens/common/CampoCodice.h"
+#include "screens/common/Disposizione.h"
+#include "screens/common/Legatura.h"
+#include "screens/ledger/FontiPrimanota.h"
+
+namespace fenalto {
+namespace {
+
+constexpr int kCifreImporto = 15;
+constexpr int kCaratteriConto = 14;
+
+/// A class of account: typed or picked, always a capital.
+QComboBox* CampoClasse(const QString& nome) {
+  auto* campo = new QComboBox;
+  campo->setObjectName(nome);
+  campo->setEditable(true);
+  campo->setInsertPolicy(QComboBox::NoInsert);
+  campo->setCompleter(nullptr);
+  campo->addItems({QStringLiteral("P"), QStringLiteral("C"), QStringLiteral("F")});
+  campo->lineEdit()->setMaxLength(1);
+  campo->setToolTip(QObject::tr("P conto, C cliente, F fornitore"));
+  constexpr int kLarghezza = 5;
+  LargoCaratteri(campo, kLarghezza);
+  QObject::connect(campo->lineEdit(), &QLineEdit::textEdited, campo, [campo](const QString& testo) {
+    campo->lineEdit()->setText(testo.toUpper());
+    campo->lineEdit()->setModified(true);
+  });
+  return campo;
+}
+
+/// A code field followed by its description, which takes the room there is.
+QWidget* ConDescrizione(CampoCodice* campo, int caratteri) {
+  auto* insieme = new QWidget;
+  auto* riga = new QHBoxLayout(insieme);
+  riga->setContentsMargins(0, 0, 0, 0);
+  LargoCaratteri(campo, caratteri);
+  riga->addWidget(campo);
+  auto* etichetta = campo->Etichetta();
+  etichetta->setMinimumWidth(0);
+  etichetta->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  riga->addWidget(etichetta, 1);
+  return insieme;
+}
+
+}  // namespace
+
+RiquadroRiga::RiquadroRiga(Primanota& primanota, Finestre& finestre, QWidget* genitore)
+    : QGroupBox(tr("Riga"), genitore), primanota_(primanota), finestre_(finestre) {
+  setObjectName(QStringLiteral("FrameRiga"));
+  legatura_ = new Legatura([this]() -> Scheda& { return primanota_.Riga(); },
+                           finestre_.Sessione().Dialogo(), this);
+  CreaCampi();
+  Disponi();
+  OrdineTab();
+  Collega();
+  hide();
+}
+
+void RiquadroRiga::CreaCampi() {
+  auto& sessione = finestre_.Sessione();
+  const int decimali = sessione.Euro() ? 2 : 0;
+  posi_ = new CampoNumero(QStringLiteral("Posi"));
+  causale_ =
+      new CampoCodice(QStringLiteral("Causale"), QStringLiteral("CAUSALI"), FonteCausali(sessione));
+  descrizione_ = new CampoTesto(QStringLiteral("Descrizione"));
+  cfp_ = CampoClasse(QStringLiteral("CFP"));
+  conto_ =
+      new CampoCodice(QStringLiteral("Conto"), QStringLiteral("CONTI"), FonteConti(sessione, "P"));
+  dare_ = new CampoImporto(QStringLiteral("ImpoDare"), nullptr, decimali);
+  avere_ = new CampoImporto(QStringLiteral("ImpoAvere"), nullptr, decimali);
+  cfpControp_ = CampoClasse(QStringLiteral("CFPControp"));
+  contoControp_ = new CampoCodice(QStringLiteral("ContoControp"), QStringLiteral("CONTI"),
+                                  FonteContropartite(sessione, "P"));
+  diversi_ = new QCheckBox(tr("+diversi"));
+  diversi_->setObjectName(QStringLiteral("DiversiControp"));
+  categoria_ = new CampoCodice(QStringLiteral("Categoria"), QStringLiteral("CATEGORIE"),
+                               FonteCategorie(sessione));
+  commessa_ = new CampoTesto(QStringLiteral("Commessa"));
+  quale_ = new QLabel;
+  quale_->setObjectName(QStringLiteral("L_nuova_vecchiariga"));
+  QFont grassetto = quale_->font();
+  grassetto.setBold(true);
+  quale_->setFont(grassetto);
+  visSaldo_ = Pulsante(QStringLiteral("VisSaldo"), tr("visualizza saldo"));
+  conferma_ = Pulsante(QStringLiteral("ConfermaRiga"), tr("Conferma riga"), tr("Ctrl+Invio"));
+  elimina_ = Pulsante(QStringLiteral("EliminaRiga"), tr("Elimina riga"), tr("Ctrl+Canc"));
+  annulla_ = Pulsante(QStringLiteral("AnnullaRiga"), tr("Lascia la riga"), tr("Esc"));
+  for (QWidget* campo : std::initializer_list<QWidget*>{posi_, causale_, descrizione_, cfp_, conto_,
+                                                        dare_, avere_, cfpControp_, contoControp_,
+                                                        diversi_, categoria_, commessa_}) {
+    legatura_->Lega(campo);
+  }
+}
+
+void RiquadroRiga::Disponi() {
+  auto* colonna = new QVBoxLayout(this);
+  colonna->setSpacing(4);
+  colonna->addLayout(DisponiCampi());
+  auto* pulsanti = new QHBoxLayout;
+  pulsanti->addWidget(quale_);
+  pulsanti->addWidget(CreaSaldo());
+  pulsanti->addStretch(1);
+  for (auto* pulsante : {visSaldo_, conferma_, elimina_, annulla_}) pulsanti->addWidget(pulsante);
+  colonna->addLayout(pulsanti);
+}
+
+QGridLayout* RiquadroRiga::DisponiCampi() {
+  constexpr int kCifrePosi = 8;
+  constexpr int kCaratteriCategoria = 8;
+  LargoCaratteri(posi_, kCifrePosi);
+  for (auto* importo : {dare_, avere_}) LargoCaratteri(importo, kCifreImporto);
+  auto* griglia = new QGridLayout;
+  griglia->setHorizontalSpacing(8);
+  griglia->setVerticalSpacing(4);
+  griglia->addWidget(Didascalia(tr("Posizione"), posi_), 0, 0);
+  griglia->addWidget(posi_, 0, 1);
+  griglia->addWidget(Didascalia(tr("Causale"), causale_), 0, 2);
+  griglia->addWidget(ConDescrizione(causale_, kCaratteriConto), 0, 3);
+  griglia->addWidget(Didascalia(tr("Descrizione"), descrizione_), 0, 4);
+  griglia->addWidget(descrizione_, 0, 5, 1, 3);
+  griglia->addWidget(Didascalia(tr("C/F/P"), cfp_), 1, 0);
+  griglia->addWidget(cfp_, 1, 1);
+  griglia->addWidget(Didascalia(tr("Conto"), conto_), 1, 2);
+  griglia->addWidget(ConDescrizione(conto_, kCaratteriConto), 1, 3);
+  griglia->addWidget(Didascalia(tr("Dare"), dare_), 1, 4);
+  griglia->addWidget(dare_, 1, 5);
+  griglia->addWidget(Didascalia(tr("Avere"), avere_), 1, 6);
+  griglia->addWidget(avere_, 1, 7, Qt::AlignLeft);
+  griglia->addWidget(CreaContropartita(), 2, 0, 2, 4);
+  griglia->addWidget(Didascalia(tr("Categoria"), categoria_), 2, 4);
+  griglia->addWidget(ConDescrizione(categoria_, kCaratteriCategoria), 2, 5, 1, 3);
+  griglia->addWidget(Didascalia(tr("Commessa"), commessa_), 3, 4);
+  griglia->addWidget(commessa_, 3, 5);
+  griglia->setColumnStretch(3, 3);
+  griglia->setColumnStretch(7, 2);
+  return griglia;
+}
+
+QWidget* RiquadroRiga::CreaContropartita() {
+  controp_ = new QGroupBox(tr("Contropartita"));
+  controp_->setObjectName(QStringLiteral("FrameControp"));
+  auto* riga = new QHBoxLayout(controp_);
+  riga->addWidget(Didascalia(tr("C/F/P"), cfpControp_));
+  riga->addWidget(cfpControp_);
+  riga->addWidget(Didascalia(tr("Conto"), contoControp_));
+  riga->addWidget(ConDescrizione(contoControp_, kCaratteriConto), 1);
+  riga->addWidget(diversi_);
+  return controp_;
+}
+
+QFrame* RiquadroRiga::CreaSaldo() {
+  saldo_ = new QFrame;
+  saldo_->setObjectName(QStringLiteral("FrameSaldo"));
+  auto* riga = new QHBoxLayout(saldo_);
+  riga->setContentsMargins(0, 0, 0, 0);
+  const struct {
+    const char* nome;
+    QString testo;
+  } valori[] = {{"SaldoIniz", tr("s.do iniz.")},
+                {"SaldoDare", tr("dare")},
+                {"SaldoAvere", tr("avere")},
+                {"Saldo", tr("saldo")}};
+  for (std::size_t i = 0; i < std::size(valori); ++i) {
+    auto* valore = new QLabel;
+    valore->setObjectName(QString::fromLatin1(valori[i].nome));
+    valore->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    valore->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    valoriSaldo_[i] = valore;
+    auto* didascalia = new QLabel(valori[i].testo);
+    didascalia->setForegroundRole(QPalette::PlaceholderText);
+    riga->addWidget(didascalia);
+    riga->addWidget(valore);
+  }
+  saldo_->hide();
+  return saldo_;
+}
+
+void RiquadroRiga::OrdineTab() {
+  QWidget* prima = posi_;
+  for (QWidget* campo : std::initializer_list<QWidget*>{
+           causale_, descrizione_, cfp_, conto_, dare_, avere_, cfpControp_, contoControp_,
+           diversi_, categoria_, commessa_, conferma_, elimina_, annulla_, visSaldo_}) {
+    setTabOrder(prima, campo);
+    prima = campo;
+  }
+}
+
+void RiquadroRiga::Collega() {
+  for (auto* campo : {causale_, conto_, contoControp_, categoria_}) {
+    connect(campo, &CampoCodice::EventoLibero, this,
+            [this](const QString& tabella, const QString& codice) {
+              finestre_.ApreFormDaEvLibero(tabella, codice);
+            });
+  }
+  connect(legatura_, &Legatura::Lasciato, this, &RiquadroRiga::CampoLasciato);
+  connect(conferma_, &QPushButton::clicked, this, &RiquadroRiga::Conferma);
+  connect(elimina_, &QPushButton::clicked, this, &RiquadroRiga::Elimina);
+  connect(visSaldo_, &QPushButton::clicked, this, &RiquadroRiga::VisSaldo);
+  connect(annulla_, &QPushButton::clicked, this, [this] {
+    primanota_.AnnullaRiga();
+    emit Annullata();
+  });
+}
+
+QList<QAbstractButton*> RiquadroRiga::Pulsanti() const {
+  return {conferma_, elimina_, annulla_, visSaldo_};
+}
+
+void RiquadroRiga::CampoLasciato(const QString& campo, bool cambiato) {
+  if (primanota_.StatoCorrente() != Primanota::Stato::RigaAperta) return;
+  // The proposed causal counts as found the first time that it is left.
+  const bool causale = campo == QLatin1String("Causale");
+  if (cambiato || (causale && !causaleVista_)) primanota_.RigaLasciata(campo.toStdString());
+  if (causale) causaleVista_ = true;
+  if (!cambiato && !causale) return;
+  if (campo == QLatin1String("Conto") || campo == QLatin1String("CFP")) saldo_->hide();
+  ScegliFonti();
+  legatura_->Mostra();
+}
+
+void RiquadroRiga::ScegliFonti() {
+  auto& sessione = finestre_.Sessione();
+  const std::string classe = primanota_.Riga().Testo("CFP");
+  if (classe != classe_) conto_->Fonte(FonteConti(sessione, classe), TabellaDiClasse(classe));
+  const std::string controp = primanota_.Riga().Testo("CFPControp");
+  if (controp != classeControp_) {
+    contoControp_->Fonte(FonteContropartite(sessione, controp), TabellaDiClasse(controp));
+  }
+  classe_ = classe;
+  classeControp_ = controp;
+}
+
+void RiquadroRiga::Mostra() {
+  const bool scrivibile = !primanota_.SolaLettura();
+  for (QWidget* campo :
+       std::initializer_list<QWidget*>{posi_, causale_, descrizione_, cfp_, conto_, dare_, avere_,
+                                       categoria_, commessa_, conferma_, elimina_}) {
+    campo->setEnabled(scrivibile);
+  }
+  controp_->setEnabled(scrivibile && !primanota_.ContropAutomatiche());
+  controp_->setToolTip(primanota_.ContropAutomatiche()
+                           ? tr("la calcola il programma: togliere \"contropartite automatiche\" "
+                                "per scriverla a mano")
+                           : QString());
+  quale_->setText(primanota_.RigaNuova() ? tr("nuova riga") : tr("riga esistente"));
+  ScegliFonti();
+  legatura_->Mostra();
+}
+
+void RiquadroRiga::Entra() {
+  causaleVista_ = !primanota_.RigaNuova();
+  saldo_->hide();
+  Mostra();
+  show();
+  if (primanota_.RigaNuova()) {
+    causale_->setFocus();
+  } else if (conferma_->isEnabled()) {
+    conferma_->setFocus();
+  } else {
+    annulla_->setFocus();
+  }
+}
+
+bool RiquadroRiga::Pendente() const {
+  return primanota_.StatoCorrente() == Primanota::Stato::RigaAperta && legatura_->Pendente();
+}
+
+bool RiquadroRiga::Raccogli() {
+  return primanota_.StatoCorrente() != Primanota::Stato::RigaAperta || legatura_->Raccogli();
+}
+
+void RiquadroRiga::Conferma() {
+  if (!legatura_->Raccogli()) return;
+  const auto posi = primanota_.Riga().Leggi("Posi").Intero();
+  if (primanota_.ConfermaRiga()) {
+    emit Confermata(posi);
+    return;
+  }
+  Mostra();
+  // Back to the first field that has something to put right.
+  if (!causale_->Esiste()) {
+    causale_->setFocus();
+  } else if (!conto_->Esiste()) {
+    conto_->setFocus();
+  }
+}
+
+void RiquadroRiga::Elimina() {
+  const auto posi = primanota_.Riga().Leggi("Posi").Intero();
+  if (primanota_.EliminaRiga()) emit Eliminata(posi);
+}
+
+void RiquadroRiga::VisSaldo() {
+  if (!legatura_->Raccogli()) return;
+  const auto saldo = primanota_.VisSaldo();
+  saldo_->setVisible(saldo.has_value());
+  if (!saldo) {
+    conto_->setFocus();
+    return;
+  }
+  constexpr int kPicture = 15;
+  const bool euro = finestre_.Sessione().Euro();
+  const Importo valori[] = {saldo->saldoIniziale, saldo->totaleDare, saldo->totaleAvere,
+                            saldo->Finale()};
+  for (std::size_t i = 0; i < std::size(valori); ++i) {
+    valoriSaldo_[i]->setText(
+        QString::fromStdString(PictureImporto(valori[i], kPicture, euro)).trimmed());
+  }
+}
+
+}  // namespace fenalto
