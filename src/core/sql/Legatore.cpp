@@ -117,7 +117,10 @@ void Legatore::LegaClausole(Selezione& s, Ambito& ambito) {
   }
   ambito.aggregati = true;
   if (s.avendo) LegaBooleano(s.avendo, ambito, "HAVING");
-  s.aggregata = s.aggregata || !s.gruppi.empty() || s.avendo;
+  s.aggregata = s.aggregata || !s.gruppi.empty() || (s.avendo && s.avendo->haAggregati);
+  if (s.avendo && !s.aggregata) {
+    Rifiuta(s.avendo->posizione, "HAVING vuole GROUP BY o un aggregato: usare WHERE");
+  }
   if (!s.aggregata) return;
   for (const Voce& voce : s.voci) VerificaGruppi(*voce.espr, s);
   if (s.avendo) VerificaGruppi(*s.avendo, s);

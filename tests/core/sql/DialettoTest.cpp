@@ -50,6 +50,7 @@ constexpr Caso kLettura[] = {
     {"SELECT Cod FROM Conti WHERE Livello>1.5", "70.001\nC001\n"},
     {"SELECT Cod FROM Conti WHERE Livello=1.5 OR EP=-1", "70.001\n"},
     {"SELECT Cod FROM Listini WHERE Pezzi<Prezzo", "A\n"},
+    {"SELECT Cod FROM Listini WHERE Prezzo<Pezzi*5", "A\nc\n"},
     {"SELECT Cod FROM Listini WHERE Sconto>0.1", "B\n"},
     {"SELECT * FROM zConti", "01.002|banca\n01.001|Cassa\nC001|L'Ànfora\n"},
     {"zAlta", "01.001|Cassa\n"},

@@ -282,7 +282,7 @@ RC_GTEST_PROP(EliminaGiunzione, StesseRigheDellaGiunzione, ()) {
       "M.Anno=A.Anno AND M.Num=A.Num AND A.Dt>0", "M.Anno=A.Num AND M.Num=A.Anno");
   std::string da =
       *inRange(0, 2) == 0 ? "M" + tipo + "A ON " + chiave : "A" + tipo + "M ON " + chiave;
-  if (*inRange(0, 3) == 0) {
+  if (*inRange(0, 2) == 0) {
     da = *inRange(0, 2) == 0 ? "(" + da + ") LEFT JOIN C ON M.Conto=C.Cod"
                              : "C LEFT JOIN (" + da + ") ON M.Conto=C.Cod";
   }

@@ -1,0 +1,1 @@
+SELECT R.K, Sum(M) AS [Somma di M] FROM R LEFT JOIN H ON (R.K = H.K) Where 1=1 And H.D>=#01/01/1990# And R.T<>'APE' GROUP BY R.K HAVING Sum(M)>100.5 ORDER BY 1 DESC

@@ -1,0 +1,1 @@
+insert into R (K,M,T,B) values (1,2.5,'l''a',True)

@@ -1,0 +1,1 @@
+INSERT INTO H SELECT K, D, [un nome] AS T FROM W, H WHERE W.K=H.K

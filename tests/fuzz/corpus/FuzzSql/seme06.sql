@@ -1,0 +1,1 @@
+delete * from R where ID=1;

@@ -1,0 +1,1 @@
+SELECT IIf(IsNull(S),Nz(M,0),Abs(-M)/3), Year(D)+Month(D)*100, D-1, Val(Str(7 Mod 2)), InStr(T,'x'), First(T) FROM (R INNER JOIN H ON R.K=H.K) GROUP BY S, M, D, T
