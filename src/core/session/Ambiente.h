@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,6 +37,8 @@ struct OpzioniAmbiente {
   std::string vfs;
   /// Make the daily backup (off in tests that don't want it).
   bool copie = true;
+  /// How a log-in that was tried too often is slowed down; sleeps when empty.
+  std::function<void(std::chrono::milliseconds)> attendi = {};
 };
 
 class Ambiente {
@@ -75,7 +78,8 @@ class Ambiente {
   /// Selects a year of the list; an error when the company has no such year.
   Esito<bool> ScegliAnno(int anno);
 
-  // --- Users ---------------------------------------------------------------------------------------
+  // --- Users
+  // ---------------------------------------------------------------------------------------
 
   [[nodiscard]] const Utente& UtenteCorrente() const;
   /// Whether the open company has users, so that a log-in is needed.
@@ -85,7 +89,8 @@ class Ambiente {
   /// Whether the user may open a function that asks `livello` (0 asks none).
   [[nodiscard]] bool HaDiritto(int livello) const;
 
-  // --- Paths -----------------------------------------------------------------------------------------
+  // --- Paths
+  // -----------------------------------------------------------------------------------------
 
   [[nodiscard]] const std::filesystem::path& CartellaProgramma() const;
   [[nodiscard]] const std::filesystem::path& CartellaDati() const;
@@ -97,10 +102,12 @@ class Ambiente {
   /// Path of the database behind `tessarc` or `scadenzario`, in any case.
   [[nodiscard]] std::filesystem::path PercorsoDb(std::string_view chiave) const;
   [[nodiscard]] std::filesystem::path FileImpostazioni() const;
-  /// Path of a private scratch database, a file `x*.mdb` in the system's folder for temporary files.
+  /// Path of a private scratch database, a file `x*.mdb` in the system's folder for temporary
+  /// files.
   std::filesystem::path CartellaTemp(std::string_view nomeFinestra, int indice);
 
-  // --- Data --------------------------------------------------------------------------------------------
+  // --- Data
+  // --------------------------------------------------------------------------------------------
 
   [[nodiscard]] BasiDati& Basi();
   [[nodiscard]] Archivio& ArchivioDi(std::string_view chiave);
@@ -122,7 +129,8 @@ class Ambiente {
   /// The earliest date of the system, the from-date of "all": 01/01/1990.
   [[nodiscard]] static Data DataMinima();
 
-  // --- Settings ----------------------------------------------------------------------------------------
+  // --- Settings
+  // ----------------------------------------------------------------------------------------
 
   /// Text of a key, empty when missing. An empty `file` means the company's settings.
   [[nodiscard]] std::string LeggiImpostazione(const std::filesystem::path& file,
@@ -133,7 +141,8 @@ class Ambiente {
   /// A key of section `config` of the open company.
   [[nodiscard]] std::string Config(std::string_view chiave);
 
-  // --- Ports -------------------------------------------------------------------------------------------
+  // --- Ports
+  // -------------------------------------------------------------------------------------------
 
   [[nodiscard]] Dialoghi& Dialogo();
   [[nodiscard]] Orologio& Ora();
@@ -141,7 +150,8 @@ class Ambiente {
   /// Announces a number: "ARTICOLO CONTABILE n. 12", a line, "annotare il numero".
   void AvvisoNumero(std::string_view oggetto, std::int64_t numero, std::string_view invito);
 
-  // --- Backup ------------------------------------------------------------------------------------------
+  // --- Backup
+  // ------------------------------------------------------------------------------------------
 
   /// Starts the daily backup of the open company on a thread of its own when it is due; a failure
   /// is kept for EsitoCopia. Called when the window is usable.

@@ -1,6 +1,6 @@
 // A text file of sections and `key=value` lines, kept as it was found: order, comments, spelling of
-// keys and unknown lines. Sections and keys are compared without case; a blank before `=` belongs to
-// the key.
+// keys and unknown lines. Sections and keys are compared without case; a blank before `=` belongs
+// to the key.
 #pragma once
 
 #include <filesystem>

@@ -46,8 +46,11 @@ class Scheda {
     Valore originale;
     bool diTabella = true;
     bool contatore = false;
+    bool ammetteNull = false;
   };
   [[nodiscard]] const Campo* Trova(std::string_view campo) const;
+  [[nodiscard]] const Campo& Preso(std::string_view campo) const;
+  static Valore Convertito(const Campo& campo, const Valore& valore);
   std::vector<Campo> campi_;
 };
 

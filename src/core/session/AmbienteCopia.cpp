@@ -1,0 +1,61 @@
+// The daily backup, on a thread of its own.
+
+#include <exception>
+#include <utility>
+
+#include "core/session/AmbienteInterno.h"
+
+namespace fenalto {
+
+namespace {
+
+/// The failure's text; empty when it went well.
+std::string Copia(const PercorsiArchivi& percorsi, const std::filesystem::path& cartella,
+                  Data oggi) {
+  try {
+    const auto esito = EseguiCopia(percorsi, cartella, oggi);
+    return esito ? std::string() : esito.Errore().messaggio;
+  } catch (const std::exception& errore) {
+    return errore.what();
+  }
+}
+
+}  // namespace
+
+void Ambiente::AvviaCopia() {
+  Interno& in = *interno_;
+  if (!in.opzioni.copie || !in.sessione) return;
+  {
+    const std::lock_guard guardia(in.bloccoCopia);
+    if (in.copiaInCorso) return;
+  }
+  in.AttendiCopia();
+  const auto cartella = CartellaDitta() / "Copie";
+  const Data oggi = in.orologio.Oggi();
+  if (!CopiaDovuta(cartella, oggi)) return;
+  in.copiaInCorso = true;
+  in.copia = std::thread(
+      [&in, cartella, oggi, ditta = in.sessione->ditta, percorsi = in.sessione->basi->Percorsi()] {
+        const std::string guasto = Copia(percorsi, cartella, oggi);
+        const std::lock_guard guardia(in.bloccoCopia);
+        in.copiaInCorso = false;
+        in.guastoCopia = guasto.empty() ? ""
+                                        : "la copia di sicurezza della ditta «" + ditta +
+                                              "» non è riuscita: " + guasto;
+      });
+}
+
+std::string Ambiente::EsitoCopia() {
+  const std::lock_guard guardia(interno_->bloccoCopia);
+  return std::exchange(interno_->guastoCopia, {});
+}
+
+void Ambiente::AttendiCopia() {
+  interno_->AttendiCopia();
+}
+
+void Ambiente::Interno::AttendiCopia() {
+  if (copia.joinable()) copia.join();
+}
+
+}  // namespace fenalto

@@ -1,0 +1,195 @@
+#include "core/session/CreaDitta.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <stdexcept>
+#include <system_error>
+
+#include "core/session/Csv.h"
+#include "core/session/Ditte.h"
+#include "core/session/FileIni.h"
+#include "core/session/FileTesto.h"
+#include "core/values/Testo.h"
+
+namespace fenalto {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kFileTessarc = "Cont32.mdb";
+constexpr const char* kFileScadenzario = "Scad32.mdb";
+
+/// The keys that a new company starts from; the empty ones are for whoever looks into the file.
+std::string ImpostazioniIniziali(const std::string& nome) {
+  constexpr std::array kPagamenti = {"CausalePagScad1",
+                                     "ContropartitaPagScad1",
+                                     "ContoArrotondamentiPagScad1",
+                                     "CausalePagScad2",
+                                     "ContropartitaPagScad2",
+                                     "ContoArrotondamentiPagScad2",
+                                     "RegistrazioneContabilePagScad2",
+                                     "CausalePagScad3",
+                                     "ContropartitaPagScad3",
+                                     "RegistrazioneContabilePagScad3",
+                                     "CausalePagScad4",
+                                     "ContropartitaPagScad4",
+                                     "RegistrazioneContabilePagScad4"};
+  std::string testo = "[Archivi]\nTessarc=" + std::string(kFileTessarc) +
+                      "\nScadenzario=" + kFileScadenzario + "\n\n[config]\nragsoc1 =" + nome +
+                      "\nRegAutoIntraCee=Si\nRegAutoBolleDoganali=Si\nCodficaCliFor=1\n"
+                      "DirectoryImm=Immagini\nDirectoryDoc=Documenti\n";
+  for (const char* chiave : kPagamenti) {
+    for (const char* suffisso : {"C", "F"}) testo.append(chiave).append(suffisso).append("=\n");
+  }
+  for (const char* chiave : {"ContoIvaErario", "ContoInteressiErario", "RegistrazioneContabileGiro",
+                             "RegistrazioneContabileErario"}) {
+    testo.append(chiave).append("=\n");
+  }
+  return testo;
+}
+
+/// What a failed creation takes away again.
+class Disfare {
+ public:
+  Disfare() = default;
+  Disfare(const Disfare&) = delete;
+  Disfare& operator=(const Disfare&) = delete;
+  ~Disfare() {
+    std::error_code errore;
+    for (auto p = fatti_.rbegin(); p != fatti_.rend(); ++p) fs::remove_all(*p, errore);
+  }
+  void Fatto(fs::path percorso) { fatti_.push_back(std::move(percorso)); }
+  void Riuscita() { fatti_.clear(); }
+
+ private:
+  std::vector<fs::path> fatti_;
+};
+
+/// What stops the creation, thrown out of the transaction.
+class Impossibile : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+void CaricaTabella(Archivio& archivio, const fs::path& file) {
+  const auto guasto = [&file](const std::string& motivo) {
+    return Impossibile("«" + file.string() + "», " + motivo);
+  };
+  const auto testo = LeggiFileTesto(file);
+  if (!testo) throw Impossibile(testo.Errore().messaggio);
+  const auto csv = LeggiCsv(testo.Valore());
+  if (!csv) throw guasto(csv.Errore().messaggio);
+  const TabellaCatalogo* tabella = archivio.Catalogo().Tabella(file.stem().string());
+  if (tabella == nullptr) throw guasto("non c'è nessuna tabella di questo nome");
+  std::vector<Coppia> campi;
+  std::vector<Tipo> tipi;
+  for (const std::string& nome : csv.Valore().nomi) {
+    const ColonnaCatalogo* colonna = tabella->Colonna(nome);
+    if (colonna == nullptr) throw guasto("riga 1: la tabella non ha il campo «" + nome + "»");
+    campi.emplace_back(nome, Valore());
+    tipi.push_back(colonna->tipo);
+  }
+  for (const auto& riga : csv.Valore().righe) {
+    for (std::size_t i = 0; i < campi.size(); ++i) {
+      try {
+        campi[i].second = Valore(riga.campi[i]).Come(tipi[i]);
+      } catch (const std::logic_error&) {
+        throw guasto("riga " + std::to_string(riga.linea) + ": «" + riga.campi[i] +
+                     "» non va bene per il campo " + campi[i].first);
+      }
+    }
+    archivio.Inserisci(tabella->nome, campi);
+  }
+}
+
+void CaricaCartella(Archivio& archivio, const fs::path& cartella) {
+  std::vector<fs::path> file;
+  for (const auto& voce : fs::directory_iterator(cartella)) {
+    if (voce.path().extension() == ".csv") file.push_back(voce.path());
+  }
+  std::sort(file.begin(), file.end());
+  for (const fs::path& uno : file) CaricaTabella(archivio, uno);
+}
+
+void Riempi(const OpzioniAmbiente& opzioni, const PercorsiArchivi& percorsi,
+            const std::vector<AnnoDitta>& anni) {
+  OpzioniApertura apertura;
+  apertura.cartellaSchema = opzioni.cartellaDati / "schema";
+  apertura.stazione = opzioni.stazione;
+  apertura.vfs = opzioni.vfs;
+  if (auto creati = BasiDati::Crea(percorsi, apertura); !creati) {
+    throw Impossibile(creati.Errore().messaggio);
+  }
+  auto aperte = BasiDati::Apri(percorsi, apertura);
+  if (!aperte) throw Impossibile(aperte.Errore().messaggio);
+  BasiDati& basi = *aperte.Valore();
+  Transazione transazione(basi);
+  const fs::path modello = opzioni.cartellaDati / "modello";
+  CaricaCartella(basi.Tessarc(), modello / "tessarc");
+  CaricaCartella(basi.Scadenzario(), modello / "scadenzario");
+  for (const AnnoDitta& anno : anni) {
+    basi.Tessarc().Inserisci(
+        "Anni",
+        {{"Anno", anno.anno}, {"Euro", anno.euro}, {"IvaTrimestrale", anno.ivaTrimestrale}});
+  }
+  transazione.Conferma();
+}
+
+Esito<bool> VerificaAnni(const std::vector<AnnoDitta>& anni) {
+  constexpr int kPrimo = 1900;
+  constexpr int kUltimo = 2999;
+  if (anni.empty()) return Errore{"indicare l'anno contabile della nuova ditta"};
+  for (auto anno = anni.begin(); anno != anni.end(); ++anno) {
+    if (anno->anno < kPrimo || anno->anno > kUltimo) {
+      return Errore{"l'anno " + std::to_string(anno->anno) + " non è un anno contabile"};
+    }
+    if (std::any_of(anni.begin(), anno,
+                    [&](const AnnoDitta& altro) { return altro.anno == anno->anno; })) {
+      return Errore{"l'anno " + std::to_string(anno->anno) + " è ripetuto"};
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+Esito<bool> CreaDittaDaModello(const OpzioniAmbiente& opzioni, const std::string& nome,
+                               const std::vector<AnnoDitta>& anni, bool predefinita) {
+  if (auto buono = VerificaNomeDitta(nome); !buono) return buono;
+  if (auto buoni = VerificaAnni(anni); !buoni) return buoni;
+  const Ditte ditte(fs::absolute(opzioni.cartellaProgramma).lexically_normal());
+  const fs::path fileIni = ditte.FileImpostazioni(nome);
+  const fs::path cartella = ditte.CartellaPerRegola(nome);
+  Disfare disfare;
+  try {
+    if (fs::exists(fileIni)) {
+      return Errore{"la ditta " + nome + " esiste già (file di inizializzazione " +
+                    fileIni.string() + ")"};
+    }
+    fs::create_directories(opzioni.cartellaProgramma);
+    fs::create_directories(cartella.parent_path());
+    if (!fs::create_directory(cartella)) {
+      return Errore{"la cartella «" + cartella.string() +
+                    "» esiste già: scegliere un altro nome o spostarla"};
+    }
+    disfare.Fatto(cartella);
+    fs::create_directory(cartella / "Immagini");
+    fs::create_directory(cartella / "Documenti");
+    Riempi(opzioni, {cartella / kFileTessarc, cartella / kFileScadenzario}, anni);
+    disfare.Fatto(fileIni);
+    if (auto scritto = ScriviFileTesto(fileIni, ImpostazioniIniziali(nome)); !scritto) {
+      return scritto;
+    }
+    if (predefinita) {
+      if (auto scritto = ditte.ImpostaPredefinita(nome); !scritto) return scritto;
+    }
+  } catch (const std::exception& errore) {
+    return Errore{"la ditta " + nome + " non è stata creata: " + errore.what()};
+  }
+  disfare.Riuscita();
+  return true;
+}
+
+}  // namespace fenalto

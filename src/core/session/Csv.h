@@ -1,0 +1,28 @@
+// Tables as text: first line the field names, `;` between fields, `""` quoting.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/values/Esito.h"
+
+namespace fenalto {
+
+struct TabellaCsv {
+  std::vector<std::string> nomi;
+  struct Riga {
+    std::size_t linea = 0;  ///< of the text, from 1
+    std::vector<std::string> campi;
+  };
+  std::vector<Riga> righe;
+};
+
+/// Reads a whole text (UTF-8, with or without mark, LF or CR LF). A field in double quotes may hold
+/// `;`, line breaks and doubled quotes. Empty lines are left out. An error names the line: a quote
+/// out of place or not closed, a number of fields other than that of the names, names missing or
+/// double, text that isn't UTF-8.
+Esito<TabellaCsv> LeggiCsv(std::string_view testo);
+
+}  // namespace fenalto

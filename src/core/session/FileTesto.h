@@ -1,0 +1,47 @@
+// Text files of the program folder: read whole as UTF-8, and replaced so that a reader finds the
+// old content or the new one, never a piece.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "core/values/Esito.h"
+
+namespace fenalto {
+
+/// A file longer than this isn't one of ours.
+inline constexpr std::uintmax_t kMassimoFileTesto = 64U * 1024 * 1024;
+
+/// Content as UTF-8: a file that isn't valid UTF-8 is read as Latin-1. A leading mark stays. A
+/// missing file reads as empty. The error says which file can't be read and why.
+Esito<std::string> LeggiFileTesto(const std::filesystem::path& percorso);
+
+/// Replaces the file: written beside, brought to the disk, renamed, and the folder brought to the
+/// disk. Follows a symbolic link, keeps the permissions; a file without write permission is
+/// refused though its folder would let it be replaced. Writers of one file must exclude each other
+/// with BloccoFile.
+Esito<bool> ScriviFileTesto(const std::filesystem::path& percorso, std::string_view testo);
+
+/// The bytes as UTF-8: as they are when valid, otherwise read as Latin-1.
+std::string ComeUtf8(std::string_view byte);
+
+/// An exclusive lock between processes and threads on the side file `.<name>.lck`; the file itself
+/// can't carry it, since it is replaced. Released on destruction.
+class BloccoFile {
+ public:
+  /// Waits for other writers at most `attesa`.
+  static Esito<BloccoFile> Prendi(const std::filesystem::path& percorso,
+                                  std::chrono::milliseconds attesa = std::chrono::seconds(10));
+  BloccoFile(BloccoFile&& altro) noexcept;
+  BloccoFile& operator=(BloccoFile&&) = delete;
+  ~BloccoFile();
+
+ private:
+  explicit BloccoFile(int descrittore) : descrittore_(descrittore) {}
+  int descrittore_ = -1;
+};
+
+}  // namespace fenalto
