@@ -5,6 +5,8 @@ install(DIRECTORY data/schema data/modello data/fonts data/icons
         DESTINATION ${CMAKE_INSTALL_DATADIR}/fenalto)
 install(FILES data/icons/fenalto.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES data/icons/fenalto.png
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/128x128/apps)
 install(FILES data/fenalto.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 

@@ -31,6 +31,7 @@ costruisci() {
   local bersagli=()
   [ $# -gt 0 ] && bersagli=(--target "$@")
   mkdir -p "$radice/build"
+  export CCACHE_BASEDIR=$radice CCACHE_NOHASHDIR=1
   export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
   (
     flock 9

@@ -56,7 +56,6 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
 void Applicazione::Prepara(const std::filesystem::path& cartellaDati) {
   QApplication::setApplicationName(QStringLiteral("fenalto"));
   QApplication::setOrganizationName(QStringLiteral("fenalto"));
-  QApplication::setApplicationDisplayName(QStringLiteral("Fenalto"));
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   const auto caratteri = cartellaDati / "fonts";
   std::error_code errore;
@@ -71,7 +70,7 @@ void Applicazione::Prepara(const std::filesystem::path& cartellaDati) {
     QApplication::setFont(QFont(QLatin1String(famiglia), 10));
     break;
   }
-  QApplication::setWindowIcon(QIcon(Qs(cartellaDati / "icons" / "fenalto.svg")));
+  QApplication::setWindowIcon(QIcon(Qs(cartellaDati / "icons" / "fenalto.png")));
   static QTranslator traduzione;
   if (traduzione.load(QStringLiteral("qtbase_it"),
                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
@@ -82,7 +81,8 @@ void Applicazione::Prepara(const std::filesystem::path& cartellaDati) {
 bool Applicazione::SecondaIstanza() {
   const QString cartella = QStandardPaths::writableLocation(QStandardPaths::TempLocation);
   istanza_ = std::make_unique<Istanza>(
-      cartella + QStringLiteral("/fenalto-%1.lck").arg(qEnvironmentVariable("USER", "utente")));
+      cartella + QStringLiteral("/fenalto-%1.lck")
+                     .arg(qEnvironmentVariable("USER", QStringLiteral("utente"))));
   if (istanza_->blocco.tryLock(0)) return true;
   return dialoghi_.Domanda("Il programma è già aperto!\nsi vuole aprire un'altra sessione",
                            Bottoni::SiNo, Risposta::No, "Fenalto", Icona::Avviso) == Risposta::Si;

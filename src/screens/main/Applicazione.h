@@ -19,8 +19,8 @@ class Applicazione {
   static void Prepara(const std::filesystem::path& cartellaDati);
 
   /// Start-up: second instance asked about, session opened with the choice of company and year (and
-  /// the log-in where the company has users), main window filled. `ditta` not empty is opened on its
-  /// last year without the choice. False: the program ends.
+  /// the log-in where the company has users), main window filled. `ditta` not empty is opened on
+  /// its last year without the choice. False: the program ends.
   bool Avvia(const std::string& ditta = "");
   /// The same on a company and year given beforehand; `utente` empty means no log-in is tried.
   Esito<bool> AvviaSu(const std::string& ditta, int anno, const std::string& utente = "",

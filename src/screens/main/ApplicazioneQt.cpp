@@ -12,9 +12,9 @@ bool ApplicazioneQt::notify(QObject* ricevente, QEvent* evento) {
     while (overrideCursor() != nullptr) restoreOverrideCursor();
     std::fprintf(stderr, "fenalto: %s\n", errore.what());
     if (dialoghi_ != nullptr) {
-      dialoghi_->Messaggio(std::string("L'operazione non è riuscita e non ha scritto niente.\n") +
-                               errore.what(),
-                           Icona::Errore);
+      dialoghi_->Messaggio(
+          std::string("L'operazione non è riuscita e non ha scritto niente.\n") + errore.what(),
+          Icona::Errore);
     }
     return true;
   }

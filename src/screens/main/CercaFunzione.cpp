@@ -17,7 +17,8 @@ constexpr QSize kMisura(560, 360);
 
 /// Whether every word typed stands in the entry or its path.
 bool Contiene(const CercaFunzione::Funzione& funzione, const QString& testo) {
-  const auto dove = PerRicerca((funzione.voce + QLatin1Char(' ') + funzione.percorso).toStdString());
+  const auto dove =
+      PerRicerca((funzione.voce + QLatin1Char(' ') + funzione.percorso).toStdString());
   const auto parole = testo.split(QLatin1Char(' '), Qt::SkipEmptyParts);
   return std::all_of(parole.begin(), parole.end(), [&](const QString& parola) {
     return dove.find(PerRicerca(parola.toStdString())) != std::string::npos;

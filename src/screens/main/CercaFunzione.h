@@ -19,8 +19,8 @@ class CercaFunzione : public QFrame {
     QString percorso;
     std::function<void()> apri;
   };
-  /// Shows the box over `finestra`; it goes by itself when a function was chosen, on Esc, or when it
-  /// loses the focus.
+  /// Shows the box over `finestra`; it goes by itself when a function was chosen, on Esc, or when
+  /// it loses the focus.
   static void Apri(QWidget* finestra, std::vector<Funzione> funzioni);
 
  protected:

@@ -17,7 +17,9 @@ namespace {
 
 constexpr int kAttesaProgresso = 500;  // ms before a progress box comes up
 
-QString Qs(const std::string& testo) { return QString::fromStdString(testo); }
+QString Qs(const std::string& testo) {
+  return QString::fromStdString(testo);
+}
 
 QMessageBox::Icon IconaQt(Icona icona) {
   switch (icona) {
@@ -120,12 +122,11 @@ std::optional<std::string> DialoghiQt::Chiedi(const std::string& testo,
 }
 
 std::optional<SceltaUscita> DialoghiQt::ScegliUscita(const std::string& rapporto, bool esporta) {
-  const QString filtro = esporta
-                             ? QStringLiteral("Foglio di calcolo (*.xlsx);;Testo csv (*.csv)")
-                             : QStringLiteral("PDF (*.pdf);;Testo (*.txt)");
+  const QString filtro = esporta ? QStringLiteral("Foglio di calcolo (*.xlsx);;Testo csv (*.csv)")
+                                 : QStringLiteral("PDF (*.pdf);;Testo (*.txt)");
   QString scelto;
-  const QString file = QFileDialog::getSaveFileName(sopra_, Qs(rapporto), Qs(rapporto), filtro,
-                                                    &scelto);
+  const QString file =
+      QFileDialog::getSaveFileName(sopra_, Qs(rapporto), Qs(rapporto), filtro, &scelto);
   if (file.isEmpty()) return std::nullopt;
   SceltaUscita uscita;
   uscita.file = file.toStdString();
@@ -176,8 +177,8 @@ std::unique_ptr<Avanzamento> DialoghiQt::Avvia(const std::string& testo, std::in
 
 bool DialoghiQt::ApriEsterno(const std::string& fileOIndirizzo) {
   const QString testo = Qs(fileOIndirizzo);
-  const QUrl indirizzo = testo.contains(QLatin1String("://")) ? QUrl(testo)
-                                                              : QUrl::fromLocalFile(testo);
+  const QUrl indirizzo =
+      testo.contains(QLatin1String("://")) ? QUrl(testo) : QUrl::fromLocalFile(testo);
   return QDesktopServices::openUrl(indirizzo);
 }
 

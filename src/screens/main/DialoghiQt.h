@@ -16,8 +16,7 @@ class DialoghiQt : public Dialoghi {
   void Messaggio(const std::string& testo, Icona icona) override;
   Risposta Domanda(const std::string& testo, Bottoni bottoni, Risposta predefinita,
                    const std::string& titolo, Icona icona) override;
-  std::optional<std::string> Chiedi(const std::string& testo,
-                                    const std::string& iniziale) override;
+  std::optional<std::string> Chiedi(const std::string& testo, const std::string& iniziale) override;
   std::optional<SceltaUscita> ScegliUscita(const std::string& rapporto, bool esporta) override;
   std::optional<std::filesystem::path> ScegliFile(const std::string& titolo, ModoFile modo,
                                                   const std::string& filtro) override;

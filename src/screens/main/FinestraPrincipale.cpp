@@ -18,7 +18,9 @@
 namespace fenalto {
 namespace {
 
-QString Qs(const std::string& testo) { return QString::fromStdString(testo); }
+QString Qs(const std::string& testo) {
+  return QString::fromStdString(testo);
+}
 
 /// The busy pointer while in scope.
 class Attesa {
@@ -46,9 +48,12 @@ FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costrutto
   resize(1280, 720);
 }
 
-FinestraPrincipale::~FinestraPrincipale() { ChiudiTutto(); }
+FinestraPrincipale::~FinestraPrincipale() {
+  ChiudiTutto();
+}
 
-// --- Session --------------------------------------------------------------------------------------
+// --- Session
+// --------------------------------------------------------------------------------------
 
 void FinestraPrincipale::MostraSessione() {
   cambiandoAnno_ = true;
@@ -132,13 +137,14 @@ void FinestraPrincipale::SelezioneArchivi() {
   if (ambiente_.SelezioneArchivi()) MostraSessione();
   for (const auto& [voce, azione] : azioni_) {
     if (QLatin1String(voce->nome) == QLatin1String("ApreRitenuteAcconto")) {
-      azione->setVisible(Qs(ambiente_.Config("RITENUTAACCONTO")).compare(QLatin1String("SI"), Qt::CaseInsensitive) ==
-                         0);
+      azione->setVisible(Qs(ambiente_.Config("RITENUTAACCONTO"))
+                             .compare(QLatin1String("SI"), Qt::CaseInsensitive) == 0);
     }
   }
 }
 
-// --- Background -----------------------------------------------------------------------------------
+// --- Background
+// -----------------------------------------------------------------------------------
 
 void FinestraPrincipale::MostraSfondo() {
   if (sfondo_ != nullptr) return;
@@ -155,9 +161,12 @@ void FinestraPrincipale::ScaricaSfondo() {
   sfondo_ = nullptr;
 }
 
-QWidget* FinestraPrincipale::SfondoAperto() const { return sfondo_; }
+QWidget* FinestraPrincipale::SfondoAperto() const {
+  return sfondo_;
+}
 
-// --- Function windows -----------------------------------------------------------------------------
+// --- Function windows
+// -----------------------------------------------------------------------------
 
 QList<FinestraFunzione*> FinestraPrincipale::FinestreAperte() const {
   QList<FinestraFunzione*> finestre;
@@ -200,10 +209,9 @@ FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello) {
   cornice->setObjectName(QStringLiteral("Cornice") + nome);
   cornice->setAttribute(Qt::WA_DeleteOnClose);
   cornice->setWindowIcon(windowIcon());
-  const QByteArray posto =
-      QSettings().value(QStringLiteral("finestre/%1").arg(nome)).toByteArray();
+  const QByteArray posto = QSettings().value(QStringLiteral("finestre/%1").arg(nome)).toByteArray();
   if (posto.isEmpty() || !cornice->restoreGeometry(posto)) {
-    cornice->resize(finestra->sizeHint().expandedTo(QSize(900, 560)).boundedTo(area_->size()));
+    cornice->resize(finestra->sizeHint().expandedTo(QSize(1180, 640)).boundedTo(area_->size()));
   }
   cornice->show();
   PortaAvanti(*finestra);
@@ -295,7 +303,8 @@ void FinestraPrincipale::VediRegistrazione(std::int64_t numero, int anno) {
   if (auto* finestra = ApriFunzione(nome)) finestra->ApriCodice(QString::number(numero));
 }
 
-// --- Closing --------------------------------------------------------------------------------------
+// --- Closing
+// --------------------------------------------------------------------------------------
 
 void FinestraPrincipale::closeEvent(QCloseEvent* evento) {
   ScaricaSfondo();

@@ -158,8 +158,8 @@ void FinestraPrincipale::CreaBarra() {
   valuta_ = new QLabel(sessione);
   valuta_->setObjectName(QStringLiteral("Valuta"));
   auto* etichetta = new QLabel(tr("Anno"), sessione);
-  for (QWidget* parte : std::initializer_list<QWidget*>{ditta_, etichetta, anni_, scorrimento_,
-                                                        valuta_}) {
+  for (QWidget* parte :
+       std::initializer_list<QWidget*>{ditta_, etichetta, anni_, scorrimento_, valuta_}) {
     riga->addWidget(parte);
   }
   barra_->addWidget(sessione);
@@ -208,8 +208,7 @@ void FinestraPrincipale::CercaFunzioni() {
 
 void FinestraPrincipale::ApriDocumento(const QString& nome, const std::filesystem::path& file) {
   std::error_code errore;
-  if (!std::filesystem::exists(file, errore) ||
-      !ambiente_.Dialogo().ApriEsterno(file.string())) {
+  if (!std::filesystem::exists(file, errore) || !ambiente_.Dialogo().ApriEsterno(file.string())) {
     ambiente_.Dialogo().Messaggio("non si può aprire " + nome.toStdString() + ": manca il file " +
                                       file.string() + " o il programma per leggerlo",
                                   Icona::Avviso);
@@ -223,7 +222,8 @@ void FinestraPrincipale::GuidaRapida() {
 
 void FinestraPrincipale::ManualeContabilita() {
   const bool aprire = ambiente_.Dialogo().Conferma(
-      "Manuale dedicato alla parte contabile del programma: con dettagli utili per la maggior parte "
+      "Manuale dedicato alla parte contabile del programma: con dettagli utili per la maggior "
+      "parte "
       "delle operazioni come fatture attive e passive, pagamenti, incassi, registrazione paghe e "
       "stipendi, interessi c/c bancario, apertura e chiusura conti... \n"
       "apro il manuale di contabilità adesso");

@@ -10,11 +10,11 @@ namespace fenalto {
 enum class Esclusiva { No, ChiudereLeAltre, ChiuderePrimaLeAltre };
 
 struct VoceMenu {
-  const char* percorso;   ///< submenus, parted by '|'
-  const char* voce;       ///< caption
-  const char* finestra;   ///< window it opens; begins with '@' for an operation of the main window
-  int livello;            ///< right asked; 0 asks none
-  int scheda = -1;        ///< page set on opening, where one window serves several entries
+  const char* percorso;  ///< submenus, parted by '|'
+  const char* voce;      ///< caption
+  const char* finestra;  ///< window it opens; begins with '@' for an operation of the main window
+  int livello;           ///< right asked; 0 asks none
+  int scheda = -1;       ///< page set on opening, where one window serves several entries
   Esclusiva esclusiva = Esclusiva::No;
   const char* nome = "";  ///< object name of the entry, where others refer to it
   bool nascosta = false;  ///< hidden at start

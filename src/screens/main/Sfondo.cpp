@@ -44,6 +44,7 @@ Sfondo::Sfondo(QWidget* genitore) : QWidget(genitore) {
     QFont sottolineato = pulsante->font();
     sottolineato.setUnderline(true);
     pulsante->setFont(sottolineato);
+    pulsante->setStyleSheet(QStringLiteral("text-align: left; padding: 2px 0;"));
     connect(pulsante, &QPushButton::clicked, this, collegamento.segnale);
     colonna->addWidget(pulsante, 0, Qt::AlignLeft);
   }
