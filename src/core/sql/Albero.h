@@ -72,6 +72,7 @@ struct Espr {
   bool puro = false;
   bool decimale = false;
   bool reale = false;
+  bool prefisso = false;
   Legame legame = Legame::Testo;
 
   // After binding.

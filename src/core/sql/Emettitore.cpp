@@ -88,8 +88,7 @@ void Emettitore::EmettiRamo(const Selezione& s, const Query& query, bool derivat
   std::string_view prima = " GROUP BY ";
   for (const EsprPtr& gruppo : s.gruppi) {
     Scrivi(prima);
-    // A bare number or parameter would be taken for a column's place, or for nothing.
-    EmettiTesto(*gruppo);
+    EmettiTermine(*gruppo);
     prima = ", ";
   }
   if (s.avendo) {
@@ -122,6 +121,17 @@ void Emettitore::EmettiDove(const Selezione& s) {
   for (const EsprPtr& aggiunta : s.aggiunte) scrivi(*aggiunta);
 }
 
+/// A bare number in ORDER BY or GROUP BY would be taken for a column's place.
+void Emettitore::EmettiTermine(const Espr& e) {
+  const Espr* p = &e;
+  while (p->genere == GenereEspr::Rinvio) p = p->rinvio;
+  const bool numero = p->genere == GenereEspr::Letterale && p->indice < 0 && p->tipo != Tipo::Testo;
+  if (!numero) return EmettiTesto(e);
+  Scrivi("ifnull(");
+  EmettiEspr(*p);
+  Scrivi(",NULL)");
+}
+
 void Emettitore::EmettiOrdine(const Query& query) {
   std::string_view prima = " ORDER BY ";
   for (const VoceOrdine& voce : query.ordine) {
@@ -129,7 +139,7 @@ void Emettitore::EmettiOrdine(const Query& query) {
     if (voce.colonna >= 0) {
       Scrivi(std::to_string(voce.colonna + 1));
     } else {
-      EmettiTesto(*voce.espr);
+      EmettiTermine(*voce.espr);
     }
     if (voce.discendente) Scrivi(" DESC");
     prima = ", ";

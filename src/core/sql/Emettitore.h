@@ -26,14 +26,17 @@ class Emettitore {
   void EmettiVoci(const Selezione& s, const Query& query, bool derivata);
   void EmettiDove(const Selezione& s);
   void EmettiOrdine(const Query& query);
+  void EmettiTermine(const Espr& e);
   void EmettiDa(const Da& da);
 
   // EmettitoreEspressioni.cpp.
   void EmettiEspr(const Espr& e);
   /// With the collation of text when the expression doesn't bring it.
   void EmettiTesto(const Espr& e);
-  void EmettiLetterale(const Espr& e);
-  void EmettiIncorporato(const Espr& e);
+  void EmettiLetterale(const Espr& e) { EmettiLegato(e, e.legame); }
+  void EmettiLegato(const Espr& letterale, Legame legame);
+  void EmettiCome(const Espr& e);
+  void EmettiIncorporato(const Espr& letterale, Legame legame);
   void EmettiCalcolo(const Espr& e);
   void EmettiFunzione(const Espr& e);
   void EmettiTermini(const Espr& e);

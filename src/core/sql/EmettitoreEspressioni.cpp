@@ -69,9 +69,7 @@ void Emettitore::EmettiEspr(const Espr& e) {
     case GenereEspr::Tra:
       return EmettiConfronto(e);
     case GenereEspr::Come:
-      Scrivi(e.negato ? "(NOT fen_somiglia(" : "fen_somiglia(");
-      EmettiElenco(e.figli, 0);
-      return Scrivi(e.negato ? "))" : ")");
+      return EmettiCome(e);
     case GenereEspr::In:
     case GenereEspr::InQuery:
       return EmettiIn(e);
@@ -102,6 +100,29 @@ void Emettitore::EmettiEspr(const Espr& e) {
   }
 }
 
+/// A column like a pattern that begins with plain characters lies in a range, which an index finds.
+void Emettitore::EmettiCome(const Espr& e) {
+  const Espr& testo = *e.figli[0];
+  const Espr& modello = *e.figli[1];
+  const bool intervallo = !e.negato && modello.genere == GenereEspr::Letterale &&
+                          modello.prefisso && testo.genere == GenereEspr::Campo &&
+                          HaCollazione(testo);
+  Scrivi(e.negato ? "(NOT " : "(");
+  if (intervallo) {
+    EmettiEspr(testo);
+    Scrivi(">=");
+    EmettiLegato(modello, Legame::InizioLike);
+    Scrivi(" AND ");
+    EmettiEspr(testo);
+    Scrivi("<");
+    EmettiLegato(modello, Legame::FineLike);
+    Scrivi(" AND ");
+  }
+  Scrivi("fen_somiglia(");
+  EmettiElenco(e.figli, 0);
+  Scrivi("))");
+}
+
 void Emettitore::EmettiElenco(const std::vector<EsprPtr>& espr, std::size_t da) {
   for (std::size_t i = da; i < espr.size(); ++i) {
     if (i > da) Scrivi(",");
@@ -109,22 +130,22 @@ void Emettitore::EmettiElenco(const std::vector<EsprPtr>& espr, std::size_t da) 
   }
 }
 
-void Emettitore::EmettiLetterale(const Espr& e) {
-  if (e.indice < 0) return EmettiIncorporato(e);
+void Emettitore::EmettiLegato(const Espr& e, Legame legame) {
+  if (e.indice < 0) return EmettiIncorporato(e, legame);
   constexpr std::size_t kLegami = 16;
   const auto letterale = static_cast<std::size_t>(e.indice);
   const auto [posto, nuovo] = numeri_.try_emplace(
-      letterale * kLegami + static_cast<std::size_t>(e.legame), parametri.size() + 1);
+      letterale * kLegami + static_cast<std::size_t>(legame), parametri.size() + 1);
   if (nuovo) {
     constexpr std::size_t kParametriMassimi = 32'000;
     if (parametri.size() >= kParametriMassimi) Rifiuta(e.posizione, "troppi valori nel testo");
-    parametri.push_back({letterale, e.legame});
+    parametri.push_back({letterale, legame});
   }
   Scrivi("?" + std::to_string(posto->second));
 }
 
-void Emettitore::EmettiIncorporato(const Espr& e) {
-  const Esito<Valore, ErroreSql> valore = ValoreLegato(*e.letterale, e.legame);
+void Emettitore::EmettiIncorporato(const Espr& e, Legame legame) {
+  const Esito<Valore, ErroreSql> valore = ValoreLegato(*e.letterale, legame);
   if (!valore) Rifiuta(e.posizione, valore.Errore().motivo);
   const Valore& v = valore.Valore();
   switch (v.Tipo()) {

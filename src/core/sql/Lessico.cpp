@@ -73,7 +73,7 @@ Lessico::Chiave Lessico::ChiaveDi(std::string_view p) {
       break;
     case 4:
       if (ParolaUguale(p, "true")) return Chiave::Vero;
-      if (ParolaUguale(p, "like")) return Chiave::Operando;
+      if (ParolaUguale(p, "like")) return Chiave::Come;
       break;
     case 5:
       if (ParolaUguale(p, "false")) return Chiave::Falso;
@@ -239,6 +239,8 @@ bool Lessico::LeggiRacchiuso(Segno& segno, char apertura) {
   segno.genere = apertura == '['   ? GenereSegno::Quadre
                  : apertura == '#' ? GenereSegno::Data
                                    : GenereSegno::Testo;
+  segno.prefisso = segno.genere == GenereSegno::Testo && chiavePrima_ == Chiave::Come &&
+                   PrefissoDi(segno.grezzo.substr(1, segno.grezzo.size() - 2)).size() > 0;
   if (apertura == '[' && segno.grezzo.size() == 2) return Rifiuta(inizio, "nome vuoto");
   if (apertura == '#') {
     for (char c : segno.grezzo.substr(1, segno.grezzo.size() - 2)) {
@@ -278,6 +280,10 @@ void Lessico::SegnaParentesi(char simbolo) {
     --livello_;
     if (livello_ < livelloBy_) livelloBy_ = -1;
   }
+}
+
+std::string_view PrefissoDi(std::string_view modello) {
+  return modello.substr(0, modello.find_first_of("*?#["));
 }
 
 std::string_view NomeDi(const Segno& segno) {
@@ -335,7 +341,7 @@ namespace {
 char MarcaDi(const Segno& segno) {
   switch (segno.genere) {
     case GenereSegno::Testo:
-      return 't';
+      return segno.prefisso ? 'p' : 't';
     case GenereSegno::Data:
       return 'g';
     case GenereSegno::Booleano:

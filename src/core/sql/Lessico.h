@@ -35,6 +35,8 @@ struct Segno {
   bool decimale = false;
   /// A number with an exponent or more than four decimals.
   bool reale = false;
+  /// A text after LIKE that begins with plain characters: a range of an index can serve.
+  bool prefisso = false;
   std::size_t posizione = 0;
   /// As written, with quotes, brackets or marks.
   std::string_view grezzo;
@@ -64,6 +66,7 @@ class Lessico {
     Falso,
     Chiude,  ///< HAVING, UNION: ends a list of ORDER BY or GROUP BY
     Seleziona,
+    Come,     ///< LIKE: a pattern follows
     Lista,    ///< IN, VALUES: a list of values may follow
     Operando  ///< a value follows (AND, WHERE...): a minus before a digit is its sign
   };
@@ -93,6 +96,8 @@ class Lessico {
 Letterale LetteraleDi(const Segno& segno);
 /// The name that a word or a bracketed word holds.
 std::string_view NomeDi(const Segno& segno);
+/// What a LIKE pattern begins with before its first mark.
+std::string_view PrefissoDi(std::string_view modello);
 /// Equal without case, ASCII only: keywords.
 bool ParolaUguale(std::string_view parola, std::string_view minuscola) noexcept;
 

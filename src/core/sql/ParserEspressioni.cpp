@@ -265,6 +265,7 @@ EsprPtr Parser::LeggiLetterale() {
   espr->puro = segno.puro;
   espr->decimale = segno.decimale;
   espr->reale = segno.reale;
+  espr->prefisso = segno.prefisso;
   Avanza();
   return espr;
 }

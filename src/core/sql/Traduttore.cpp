@@ -129,12 +129,18 @@ Esito<Valore, ErroreSql> Logico(const Letterale& letterale) {
 }  // namespace
 
 Esito<Valore, ErroreSql> ValoreLegato(const Letterale& letterale, Legame legame) {
+  static const Valore kNullo;
   switch (legame) {
     case Legame::Nullo:
-      return Valore();
+      return kNullo;
     case Legame::Testo:
     case Legame::ModelloLike:
       return Valore(letterale.testo);
+    case Legame::InizioLike:
+      return Valore(PrefissoDi(letterale.testo));
+    case Legame::FineLike:
+      // The last character of all: no text goes on with a greater one.
+      return Valore(std::string(PrefissoDi(letterale.testo)) + "\U0010FFFF");
     case Legame::Booleano:
       return Logico(letterale);
     case Legame::Data:

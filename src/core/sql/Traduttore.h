@@ -51,7 +51,9 @@ enum class Legame {
   Reale,
   Data,      ///< bound as days
   Booleano,  ///< 0 or 1
-  Nullo
+  Nullo,
+  InizioLike,  ///< what every text like the pattern begins with: the low end of a range
+  FineLike     ///< after every text that begins so
 };
 
 struct ParametroSql {

@@ -17,6 +17,7 @@ Listini: Cod testo, Prezzo importo, Sconto reale null, Dal data null, Note testo
 Vista zConti: SELECT Cod, Descrizione FROM Conti WHERE EP=False ORDER BY Descrizione
 Vista zMovimenti: SELECT Movimenti.*, Articoli.Dt, Articoli.Descrizione FROM Movimenti LEFT JOIN Articoli ON Movimenti.Anno=Articoli.Anno AND Movimenti.NumDoc=Articoli.NumDoc
 Vista zAlta: SELECT * FROM zConti WHERE Descrizione LIKE 'c*'
+Vista zFisse: SELECT 7 AS n, True AS s, Count(*) AS q FROM Conti GROUP BY n, True ORDER BY True, n
 Vista zGiro: SELECT * FROM zTondo
 Vista zTondo: SELECT * FROM zGiro
 Vista zRotta: SELECT Manca FROM Conti

@@ -53,6 +53,7 @@ constexpr Caso kLettura[] = {
     {"SELECT Cod FROM Listini WHERE Prezzo<Pezzi*5", "A\nc\n"},
     {"SELECT Cod FROM Listini WHERE Sconto>0.1", "B\n"},
     {"SELECT * FROM zConti", "01.002|banca\n01.001|Cassa\nC001|L'Ànfora\n"},
+    {"zFisse", "7|True|4\n"},
     {"zAlta", "01.001|Cassa\n"},
     {"articoli;",
      "2024|1|2024-01-01|Apertura\n2024|2|2024-01-09|Vendita\n"

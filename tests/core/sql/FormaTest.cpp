@@ -34,6 +34,7 @@ TEST(Forma, DiversaQuandoCambiaIlSignificato) {
       {"SELECT a FROM t GROUP BY Mid(a,1,2)", "SELECT a FROM t GROUP BY Mid(a,1,3)"},
       {"SELECT [a b] FROM t", "SELECT [a  b] FROM t"},
       {"SELECT a b FROM t", "SELECT ab FROM t"},
+      {"SELECT a FROM t WHERE a LIKE 'x*'", "SELECT a FROM t WHERE a LIKE '*x'"},
       {"SELECT a FROM t WHERE a=0.00001", "SELECT a FROM t WHERE a=0.1"},
   };
   for (const auto& [a, b] : diversi) EXPECT_NE(Chiave(a), Chiave(b));
@@ -127,6 +128,7 @@ TEST(Uscita, GliIndiciServono) {
       "CREATE INDEX i3 ON Listini(Pezzi); CREATE INDEX i4 ON Listini(Dal)");
   const char* testi[] = {
       "SELECT Note FROM Listini WHERE Cod='a'",
+      "SELECT Note FROM Listini WHERE Cod LIKE 'a*'",
       "SELECT Note FROM Listini WHERE Prezzo=5",
       "SELECT Note FROM Listini WHERE Prezzo>=5.25",
       "SELECT Note FROM Listini WHERE Prezzo='5'",

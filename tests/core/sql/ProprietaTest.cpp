@@ -77,6 +77,25 @@ RC_GTEST_PROP(Criterio, OgniValoreTornaUguale, ()) {
   RC_ASSERT(letta.righe[0][0].Neutro() == valore.Neutro());
 }
 
+RC_GTEST_PROP(Come, LIntervalloNonToglieRighe, ()) {
+  static const BancoProva banco("T: K intero, V testo");
+  banco.Motore("DELETE FROM T");
+  const auto testi = *rc::gen::container<std::vector<std::string>>(TestoOstile());
+  for (std::size_t i = 0; i < testi.size(); ++i) {
+    const Risposta scritta = banco.Esegui("INSERT INTO T (K,V) VALUES (" + std::to_string(i) + "," +
+                                          LetteraleSql(Valore(testi[i])) + ")");
+    RC_ASSERT(scritta.errore.empty());
+  }
+  const std::string modello = (testi.empty() ? "a" : (*rc::gen::elementOf(testi)).substr(0, 4)) +
+                              *element<std::string>("*", "?", "");
+  std::string attese;
+  for (std::size_t i = 0; i < testi.size(); ++i) {
+    if (Somiglia(testi[i], modello)) attese += std::to_string(i) + "\n";
+  }
+  RC_ASSERT(banco.Righe("SELECT K FROM T WHERE V LIKE " + LetteraleSql(Valore(modello)) +
+                        " ORDER BY K") == attese);
+}
+
 // Searches in memory --------------------------------------------------------------------------
 
 constexpr const char* kRicerca =
