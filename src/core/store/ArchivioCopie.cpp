@@ -50,7 +50,8 @@ std::string ColonneComuni(const TabellaArchivio& origine, const TabellaArchivio&
   for (const ColonnaCatalogo& colonna : destinazione.vista.colonne) {
     const ColonnaCatalogo* altra = origine.vista.Colonna(colonna.nome);
     if (colonna.contatore || colonna.nascosta || altra == nullptr || altra->nascosta) continue;
-    comuni += (comuni.empty() ? "" : ", ") + Virgolettato(colonna.nome);
+    if (!comuni.empty()) comuni += ", ";
+    comuni += Virgolettato(colonna.nome);
   }
   return comuni;
 }
@@ -108,7 +109,8 @@ std::int64_t Archivio::CopiaRighe(const fs::path& percorsoDestinazione, std::str
   std::vector<Valore> valori;
   for (std::size_t i = 0; i < condizioni.size(); ++i) {
     const std::size_t colonna = ColonnaScrivibile(origine, condizioni[i].first);
-    sql += (i == 0 ? " WHERE " : " AND ") + Virgolettato(origine.vista.colonne[colonna].nome);
+    sql += i == 0 ? " WHERE " : " AND ";
+    sql += Virgolettato(origine.vista.colonne[colonna].nome);
     if (condizioni[i].second.Nullo()) {
       sql += " IS NULL";
     } else {

@@ -40,7 +40,7 @@ std::optional<std::size_t> PianoIstruzione::Indice(std::string_view nome) const 
   std::size_t posto = HashNome(nome) & (tavola_.size() - 1);
   while (tavola_[posto] != 0) {
     const std::size_t i = tavola_[posto] - 1;
-    if (UgualeTesto(istr.colonne[i].nome, nome)) return i;
+    if (istr.colonne[i].nome == nome || UgualeTesto(istr.colonne[i].nome, nome)) return i;
     posto = (posto + 1) & (tavola_.size() - 1);
   }
   return std::nullopt;

@@ -257,7 +257,7 @@ std::string NucleoBasi::Attacca(const fs::path& percorso) {
   }
   PrimaDiEseguire();
   // Numbers aren't used again, so that a link to a detached database can't mean another one.
-  const std::string schema = "x" + std::to_string(prossimoTemporaneo_++);
+  const std::string schema = std::string("x").append(std::to_string(prossimoTemporaneo_++));
   sqlite3_stmt* attacca = nullptr;
   int rc =
       sqlite3_prepare_v2(connessione_, ("ATTACH ?1 AS " + schema).c_str(), -1, &attacca, nullptr);

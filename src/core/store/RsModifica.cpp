@@ -60,7 +60,10 @@ std::string Rs::Interno::TestoChiave(const std::vector<Valore>& chiave,
                                      std::int64_t identita) const {
   if (chiave.empty()) return "riga " + std::to_string(identita);
   std::string intera;
-  for (std::size_t i = 0; i < chiave.size(); ++i) intera += (i == 0 ? "" : "|") + chiave[i].Testo();
+  for (std::size_t i = 0; i < chiave.size(); ++i) {
+    if (i > 0) intera += '|';
+    intera += chiave[i].Testo();
+  }
   return intera;
 }
 
@@ -68,7 +71,10 @@ std::optional<std::vector<Valore>> Rs::Interno::Rileggi(std::int64_t identita) {
   // The query itself, narrowed to the row, so that columns of joined tables are read anew too.
   const std::size_t ultima = piano->istr.colonne.size();
   std::string sql = "WITH q(";
-  for (std::size_t c = 0; c <= ultima; ++c) sql += (c == 0 ? "c" : ",c") + std::to_string(c);
+  for (std::size_t c = 0; c <= ultima; ++c) {
+    sql += c == 0 ? "c" : ",c";
+    sql += std::to_string(c);
+  }
   sql += ") AS (" + piano->istr.sql + ") SELECT * FROM q WHERE c" + std::to_string(ultima) +
          " = ?" + std::to_string(piano->istr.parametri.size() + 1);
   const Preparata lettura = dati->Prepara(sql);

@@ -46,8 +46,9 @@ std::int64_t InserisciRiga(DatiArchivio& archivio, const TabellaArchivio& tabell
   std::string nomi;
   std::string segnaposti;
   for (std::size_t i = 0; i < tutti.size(); ++i) {
-    nomi += (i == 0 ? "" : ",") + Virgolettato(colonne[tutti[i].first].nome);
-    segnaposti += (i == 0 ? "?" : ",?");
+    nomi += i == 0 ? "" : ",";
+    nomi += Virgolettato(colonne[tutti[i].first].nome);
+    segnaposti += i == 0 ? "?" : ",?";
   }
   const std::string sql =
       "INSERT INTO " + tabella.vista.nomeMotore +
@@ -65,7 +66,8 @@ bool ModificaRiga(DatiArchivio& archivio, const TabellaArchivio& tabella,
                   const std::vector<CampoScritto>& campi, std::int64_t identita) {
   std::string sql = "UPDATE " + tabella.vista.nomeMotore + " SET ";
   for (std::size_t i = 0; i < campi.size(); ++i) {
-    sql += (i == 0 ? "" : ", ") + Virgolettato(tabella.vista.colonne[campi[i].first].nome) + " = ?";
+    sql += i == 0 ? "" : ", ";
+    sql += Virgolettato(tabella.vista.colonne[campi[i].first].nome) + " = ?";
   }
   sql += " WHERE rowid = ?";
   const Preparata preparata = archivio.Prepara(sql);

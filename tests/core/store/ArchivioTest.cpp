@@ -107,7 +107,7 @@ TEST_F(ArchivioTest, ScratchIsPrivateAndItsNameIsNotReused) {
 }
 
 TEST_F(ArchivioTest, ClosingAScratchDoesNotDisturbOpenResults) {
-  for (int i = 0; i < 600; ++i) A().Inserisci("Causali", {{"Cod", std::to_string(1000 + i)}});
+  Causali(*basi, 600);
   auto scratch = Scratch();
   Rs rs = A().Recordset("select * from Causali order by Cod");
   scratch->Inserisci("Movimenti", {{"Conto", "1"}});
@@ -146,12 +146,9 @@ TEST_F(ArchivioTest, TooManyScratchDatabasesIsToldAndOneClosedMakesRoom) {
 }
 
 TEST_F(ArchivioTest, OneShapeServesManyValuesAndManyShapesAreForgotten) {
+  Causali(*basi, 700);
   for (int i = 0; i < 700; ++i) {
-    A().Inserisci("Causali",
-                  {{"Cod", std::to_string(i)}, {"Descrizione", "n" + std::to_string(i)}});
-  }
-  for (int i = 0; i < 700; ++i) {
-    const std::string n = std::to_string(i);
+    const std::string n = std::to_string(1000 + i);
     EXPECT_EQ(A().Singolo("select Descrizione from Causali where Cod='" + n + "'").Testo(),
               "n" + n);
     EXPECT_EQ(A().Singolo("select Cod as C" + n + " from Causali where Cod='" + n + "'").Testo(),

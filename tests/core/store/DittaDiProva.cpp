@@ -106,6 +106,15 @@ std::string DittaDiProva::ErroreApertura() const {
   return aperte ? "" : aperte.Errore().messaggio;
 }
 
+void DittaDiProva::Causali(BasiDati& basi, int quante) {
+  Transazione transazione(basi);
+  for (int i = 0; i < quante; ++i) {
+    const std::string codice = std::to_string(1000 + i);
+    basi.Tessarc().Inserisci("Causali", {{"Cod", codice}, {"Descrizione", "n" + codice}});
+  }
+  transazione.Conferma();
+}
+
 void DittaDiProva::Motore(const fs::path& file, const std::string& sql) {
   sqlite3* connessione = ApriConnessione(file, "", true);
   EseguiMotore(connessione, sql, file);

@@ -24,6 +24,8 @@ class DittaDiProva : public ::testing::Test {
   std::unique_ptr<BasiDati> Apri() const;
   /// The message with which opening fails; empty when it doesn't.
   std::string ErroreApertura() const;
+  /// Adds `quante` causals to tessarc with codes from 1000 on.
+  static void Causali(BasiDati& basi, int quante);
   /// Runs engine SQL on a database of its own connection, behind the store's back.
   static void Motore(const std::filesystem::path& file, const std::string& sql);
 

@@ -196,7 +196,7 @@ TEST_F(RsTest, AddingToALongResultDoesNotLoseRows) {
 }
 
 TEST_F(RsTest, RefusedAdditionToALongResultLosesNothing) {
-  for (int i = 0; i < 600; ++i) A().Inserisci("Causali", {{"Cod", std::to_string(1000 + i)}});
+  Causali(*basi, 600);
   Rs rs = A().Recordset("select * from Causali order by Cod");
   rs.MoveNext();
   rs.AddNew();
