@@ -130,7 +130,8 @@ void Primanota::Interno::MostraRiga(bool nuovaRiga, std::int64_t num) {
   riga.Consolida();
   rigaNuova = nuovaRiga;
   numRiga = num;
-  causaleVista = riga.Testo("Causale");
+  // The causal proposed for a new row counts as found the first time that it is left.
+  causaleVista = nuovaRiga ? std::string() : riga.Testo("Causale");
   cfpVista = riga.Testo("CFP");
   cfpContropVista = riga.Testo("CFPControp");
   stato = Stato::RigaAperta;

@@ -105,13 +105,13 @@ void PaginaRegistrazione::CreaGriglia() {
   righe_ = new Griglia(QStringLiteral("GrigliaRighe"), QStringLiteral("Movimenti"),
                        {{tr("Posi"), Tipo::Intero, 50},
                         {tr("Causale"), Tipo::Testo, 60},
-                        {tr("Descr. causale"), Tipo::Testo, 150},
-                        {tr("Descrizione"), Tipo::Testo, 190},
+                        {tr("Descr. causale"), Tipo::Testo, 130},
+                        {tr("Descrizione"), Tipo::Testo, 170},
                         {tr("CFP"), Tipo::Testo, 40},
                         {tr("Conto"), Tipo::Testo, 80},
-                        {tr("Descr. conto"), Tipo::Testo, 190},
-                        {tr("Dare"), Tipo::Importo, 110},
-                        {tr("Avere"), Tipo::Importo, 110},
+                        {tr("Descr. conto"), Tipo::Testo, 180},
+                        {tr("Dare"), Tipo::Importo, 100},
+                        {tr("Avere"), Tipo::Importo, 100},
                         {tr("Controp."), Tipo::Testo, 80},
                         {tr("Diversi"), Tipo::Booleano, 50}});
   righe_->Modello().Decimali(finestre_.Sessione().Euro() ? 2 : 0);
@@ -140,19 +140,20 @@ QGridLayout* PaginaRegistrazione::DisponiTestata() {
   griglia->setVerticalSpacing(4);
   griglia->addWidget(Didascalia(tr("Articolo n."), numero_), 0, 0);
   griglia->addWidget(numero_, 0, 1);
-  griglia->addWidget(probabileDidascalia_, 0, 2);
-  griglia->addWidget(probabile_, 0, 3);
-  griglia->addWidget(new QLabel(tr("Anno")), 0, 4, Qt::AlignRight);
-  griglia->addWidget(anno_, 0, 5);
-  griglia->addWidget(Didascalia(tr("Data"), data_), 1, 0);
-  griglia->addWidget(data_, 1, 1);
-  griglia->addWidget(avvisoData_, 1, 2, 1, 4);
-  griglia->addWidget(Didascalia(tr("Modello"), descrizione_), 2, 0);
-  griglia->addWidget(duplicabile_, 2, 1);
-  griglia->addWidget(descrizione_, 2, 2, 1, 4);
-  griglia->setColumnStretch(3, 1);
-  griglia->setColumnStretch(5, 2);
-  griglia->setRowStretch(3, 1);
+  auto* probabile = new QHBoxLayout;
+  probabile->addWidget(probabileDidascalia_);
+  probabile->addWidget(probabile_);
+  griglia->addLayout(probabile, 0, 2);
+  griglia->addWidget(Didascalia(tr("Data"), data_), 0, 3, Qt::AlignRight);
+  griglia->addWidget(data_, 0, 4);
+  griglia->addWidget(new QLabel(tr("Anno")), 0, 5);
+  griglia->addWidget(anno_, 0, 6);
+  griglia->addWidget(avvisoData_, 0, 7);
+  griglia->addWidget(Didascalia(tr("Modello"), descrizione_), 1, 0);
+  griglia->addWidget(duplicabile_, 1, 1);
+  griglia->addWidget(descrizione_, 1, 2, 1, 6);
+  griglia->setColumnStretch(7, 1);
+  griglia->setRowStretch(2, 1);
   return griglia;
 }
 
@@ -226,8 +227,8 @@ void PaginaRegistrazione::Mostra() {
   const auto& testa = primanota_.Testa();
   anno_->setText(QString::fromStdString(testa.Testo("Anno")));
   probabileDidascalia_->setVisible(!probabile_->text().isEmpty());
-  const Data data = testa.Leggi("Dt").Data();
-  const bool altroAnno = !data.Nulla() && data.Anno() != testa.Leggi("Anno").Intero();
+  const Data registrata = testa.Leggi("Dt").Data();
+  const bool altroAnno = !registrata.Nulla() && registrata.Anno() != testa.Leggi("Anno").Intero();
   avvisoData_->setText(altroAnno ? tr("data di un altro anno") : QString());
   automatiche_->setChecked(primanota_.ContropAutomatiche());
   MostraRighe();

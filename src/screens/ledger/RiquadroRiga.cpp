@@ -217,11 +217,9 @@ QList<QAbstractButton*> RiquadroRiga::Pulsanti() const {
 
 void RiquadroRiga::CampoLasciato(const QString& campo, bool cambiato) {
   if (primanota_.StatoCorrente() != Primanota::Stato::RigaAperta) return;
-  // The proposed causal counts as found the first time that it is left.
-  const bool causale = campo == QLatin1String("Causale");
-  if (cambiato || (causale && !causaleVista_)) primanota_.RigaLasciata(campo.toStdString());
-  if (causale) causaleVista_ = true;
-  if (!cambiato && !causale) return;
+  // A causal proposed by the program counts too when it is just passed through.
+  if (!cambiato && campo != QLatin1String("Causale")) return;
+  primanota_.RigaLasciata(campo.toStdString());
   if (campo == QLatin1String("Conto") || campo == QLatin1String("CFP")) saldo_->hide();
   ScegliFonti();
   legatura_->Mostra();
@@ -257,7 +255,6 @@ void RiquadroRiga::Mostra() {
 }
 
 void RiquadroRiga::Entra() {
-  causaleVista_ = !primanota_.RigaNuova();
   saldo_->hide();
   Mostra();
   show();

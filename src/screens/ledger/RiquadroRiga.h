@@ -84,7 +84,6 @@ class RiquadroRiga : public QGroupBox {
   QPushButton* annulla_;
   std::string classe_;  ///< that the source of `Conto` is for
   std::string classeControp_;
-  bool causaleVista_ = false;  ///< the causal of the open row was left once
 };
 
 }  // namespace fenalto
