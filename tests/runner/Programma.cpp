@@ -1,0 +1,172 @@
+#include "runner/Programma.h"
+
+#include <algorithm>
+
+#include "core/values/Testo.h"
+#include "runner/Eventi.h"
+#include "runner/Fallimento.h"
+
+namespace fenalto::copione {
+
+Programma::Programma(OpzioniAmbiente opzioni, std::string ditta, int anno)
+    : opzioni_(std::move(opzioni)), ditta_(std::move(ditta)), anno_(anno) {}
+
+Programma::~Programma() {
+  Ferma();
+}
+
+void Programma::Ricorda() {
+  if (!app_ || !app_->Sessione().DittaAperta()) return;
+  ditta_ = app_->Sessione().Ditta();
+  anno_ = app_->Sessione().Anno();
+}
+
+void Programma::Crea() {
+  app_ = std::make_unique<Applicazione>(opzioni_, dialoghi, orologio, caso);
+  ++avvii_;
+}
+
+void Programma::Mostra() {
+  app_->Mostra();
+  Attiva(app_->Principale());
+}
+
+void Programma::AccertaDitta() {
+  const auto& sessione = app_->Sessione();
+  const auto ditte = sessione.DitteTrovate();
+  const bool trovata = std::any_of(ditte.begin(), ditte.end(),
+                                   [&](const DittaTrovata& d) { return d.nome == ditta_; });
+  if (!trovata) {
+    if (avvii_ == 1 || ditte.empty()) throw Fallimento("there is no company " + ditta_);
+    ditta_ = ditte.front().nome;
+    anno_ = 0;
+    return;
+  }
+  const auto anni = sessione.AnniDi(ditta_);
+  if (!anni) return;  // opening it tells why
+  const auto& lista = anni.Valore();
+  if (avvii_ > 1 && std::find(lista.begin(), lista.end(), anno_) == lista.end()) anno_ = 0;
+}
+
+void Programma::Avvia() {
+  if (app_) return;
+  Crea();
+  AccertaDitta();
+  if (auto esito = app_->AvviaSu(ditta_, anno_); !esito) {
+    Ferma();
+    throw Fallimento("the company " + ditta_ + " does not open: " + esito.Errore().messaggio);
+  }
+  if (app_->Sessione().ServeAccesso()) {
+    if (!accesso_) {
+      Ferma();
+      return;
+    }
+    auto accesso = app_->Sessione().Accedi(accesso_->utente, accesso_->password);
+    if (!accesso) {
+      Ferma();
+      accesso_.reset();
+      throw Fallimento("the log-in is refused: " + accesso.Errore().messaggio);
+    }
+    app_->Principale().MostraSessione();
+  }
+  Mostra();
+}
+
+void Programma::Ferma() {
+  if (!app_) return;
+  Ricorda();
+  app_->Principale().ChiudiTutto();
+  SmaltisciEventi();
+  app_.reset();
+  SmaltisciEventi();
+}
+
+void Programma::Riavvia() {
+  Ferma();
+  Avvia();
+}
+
+void Programma::Accedi(const std::string& utente, const std::string& password) {
+  Ferma();
+  Crea();
+  AccertaDitta();
+  if (auto esito = app_->AvviaSu(ditta_, anno_, utente, password); !esito) {
+    Ferma();
+    throw Fallimento(esito.Errore().messaggio);
+  }
+  accesso_ = Dialoghi::Credenziali{utente, password};
+  Mostra();
+}
+
+void Programma::ApriDitta(const std::string& ditta, int anno) {
+  if (!app_) {
+    Crea();
+  } else {
+    app_->Principale().ChiudiTutto();
+    SmaltisciEventi();
+  }
+  std::string nome = ditta;
+  for (const auto& trovata : app_->Sessione().DitteTrovate()) {
+    if (UgualeTesto(trovata.nome, ditta)) nome = trovata.nome;
+  }
+  if (app_->Sessione().DittaAperta()) {
+    dialoghi.Prepara(SceltaDitta{nome, anno}, accesso_);
+    app_->Principale().SelezioneArchivi();
+    dialoghi.Prepara(std::nullopt, std::nullopt);
+    const auto& sessione = app_->Sessione();
+    const bool aperta = sessione.DittaAperta() && sessione.Ditta() == nome &&
+                        (anno == 0 || sessione.Anno() == anno);
+    if (aperta) return;
+  }
+  // A company that asks for a log-in waits for `utente`; any other refusal is a failure.
+  const std::string guasto = dialoghi.PrendiGuasto();
+  Ferma();
+  const auto primaDitta = std::exchange(ditta_, nome);
+  const auto primoAnno = std::exchange(anno_, anno);
+  accesso_.reset();
+  Crea();
+  auto esito = app_->AvviaSu(ditta_, anno_);
+  const bool attende = esito && app_->Sessione().ServeAccesso();
+  if (esito && !attende && guasto.empty()) {
+    Mostra();
+    return;
+  }
+  if (attende) {
+    Ferma();
+    return;
+  }
+  app_.reset();
+  ditta_ = primaDitta;
+  anno_ = primoAnno;
+  throw Fallimento(!guasto.empty() ? guasto
+                   : !esito        ? esito.Errore().messaggio
+                                   : "the company " + nome + " did not open");
+}
+
+bool Programma::HaChiestoFine() const {
+  return app_ && (app_->FineChiesta() || app_->Principale().isHidden());
+}
+
+void Programma::Termina() {
+  if (!app_) throw Fallimento(std::string("the program does not run"));
+  if (!HaChiestoFine()) throw Fallimento(std::string("the program has not asked to end"));
+  Ferma();
+}
+
+Applicazione& Programma::App() {
+  if (!app_) Avvia();
+  if (!app_) {
+    throw Fallimento("the company " + ditta_ + " has users: `utente NAME PASSWORD` must log in");
+  }
+  if (HaChiestoFine()) {
+    throw Fallimento(std::string("the program has asked to end: `termina` checks that"));
+  }
+  return *app_;
+}
+
+bool Programma::Occupato() {
+  if (dialoghi.Lavori() > 0) return true;
+  return app_ && app_->Sessione().DittaAperta() && app_->Sessione().Basi().InTransazione();
+}
+
+}  // namespace fenalto::copione
