@@ -100,8 +100,7 @@ bool FinestraMovimenti::Interno::Lascia() {
 }
 
 void FinestraMovimenti::Interno::TornaAllaScelta(std::int64_t numero) {
-  Gira(kScelta);
-  schede->setTabEnabled(kRegistrazione, false);
+  finestra.Abbandona();
   scelta->ChiudiModelli();
   scelta->Seleziona(numero);
   scelta->Aggiorna();

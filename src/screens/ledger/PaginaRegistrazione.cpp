@@ -141,6 +141,7 @@ QGridLayout* PaginaRegistrazione::DisponiTestata() {
   griglia->addWidget(Didascalia(tr("Articolo n."), numero_), 0, 0);
   griglia->addWidget(numero_, 0, 1);
   auto* probabile = new QHBoxLayout;
+  probabile->setContentsMargins(0, 0, 16, 0);
   probabile->addWidget(probabileDidascalia_);
   probabile->addWidget(probabile_);
   griglia->addLayout(probabile, 0, 2);
@@ -183,7 +184,11 @@ void PaginaRegistrazione::Collega() {
     Mostra();
   });
   connect(righe_, &Griglia::RigaScelta, this, &PaginaRegistrazione::ApriRiga);
-  connect(righe_, &Griglia::RigaDoppioClic, this, &PaginaRegistrazione::ApriRiga);
+  // The first click has opened the row, the second has taken the focus to the grid.
+  connect(righe_, &Griglia::RigaDoppioClic, this, [this](int indice) {
+    ApriRiga(indice);
+    if (riga_->isVisible()) riga_->PrendiFoco();
+  });
   connect(riga_, &RiquadroRiga::Confermata, this, &PaginaRegistrazione::DopoRiga);
   connect(riga_, &RiquadroRiga::Eliminata, this, &PaginaRegistrazione::DopoRiga);
   connect(riga_, &RiquadroRiga::Annullata, this, [this] { DopoRiga(0); });

@@ -52,7 +52,7 @@ constexpr Correlata kAltriModi[] = {
 };
 
 void ASinistra(QPushButton* pulsante) {
-  pulsante->setStyleSheet(QStringLiteral("text-align: left; padding-left: 8px; padding-right: 8px"));
+  pulsante->setStyleSheet(QStringLiteral("text-align: left; padding: 4px 8px"));
 }
 
 }  // namespace

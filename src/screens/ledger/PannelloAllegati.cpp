@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include "screens/common/Disposizione.h"
 
@@ -20,15 +19,11 @@ PannelloAllegati::PannelloAllegati(Primanota& primanota, Finestre& finestre, QWi
   elenco_->setObjectName(QStringLiteral("ElencoAllegati"));
   elenco_->setTextElideMode(Qt::ElideMiddle);
   elenco_->setUniformItemSizes(true);
-  elenco_->setMinimumHeight(0);
-  elenco_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-  auto* colonna = new QVBoxLayout;
-  colonna->setSpacing(2);
-  for (auto* pulsante : {aggiungi_, apri_, togli_}) colonna->addWidget(pulsante);
-  colonna->addStretch(1);
+  // Two lines, as high as the head beside it.
+  elenco_->setFixedHeight(2 * elenco_->fontMetrics().height() + 4 * elenco_->frameWidth());
   auto* riga = new QHBoxLayout(this);
   riga->addWidget(elenco_, 1);
-  riga->addLayout(colonna);
+  for (auto* pulsante : {aggiungi_, apri_, togli_}) riga->addWidget(pulsante, 0, Qt::AlignTop);
   connect(aggiungi_, &QPushButton::clicked, this, &PannelloAllegati::Aggiungi);
   connect(apri_, &QPushButton::clicked, this, &PannelloAllegati::Apri);
   connect(togli_, &QPushButton::clicked, this, &PannelloAllegati::Togli);

@@ -93,7 +93,7 @@ void RiquadroRiga::CreaCampi() {
   visSaldo_ = Pulsante(QStringLiteral("VisSaldo"), tr("visualizza saldo"));
   conferma_ = Pulsante(QStringLiteral("ConfermaRiga"), tr("Conferma riga"), tr("Ctrl+Invio"));
   elimina_ = Pulsante(QStringLiteral("EliminaRiga"), tr("Elimina riga"), tr("Ctrl+Canc"));
-  annulla_ = Pulsante(QStringLiteral("AnnullaRiga"), tr("Lascia la riga"), tr("Esc"));
+  annulla_ = Pulsante(QStringLiteral("AnnullaRiga"), tr("Abbandona riga"), tr("Esc"));
   for (QWidget* campo : std::initializer_list<QWidget*>{posi_, causale_, descrizione_, cfp_, conto_,
                                                         dare_, avere_, cfpControp_, contoControp_,
                                                         diversi_, categoria_, commessa_}) {
@@ -260,7 +260,13 @@ void RiquadroRiga::Entra() {
   show();
   if (primanota_.RigaNuova()) {
     causale_->setFocus();
-  } else if (conferma_->isEnabled()) {
+  } else {
+    PrendiFoco();
+  }
+}
+
+void RiquadroRiga::PrendiFoco() {
+  if (conferma_->isEnabled()) {
     conferma_->setFocus();
   } else {
     annulla_->setFocus();

@@ -30,6 +30,8 @@ class RiquadroRiga : public QGroupBox {
 
   /// Shows the open row and takes the focus where work on it begins.
   void Entra();
+  /// Puts the focus where an existing row is left from.
+  void PrendiFoco();
   /// Shows the open row, and what may be done with it.
   void Mostra();
   /// Whether something typed isn't in the row yet.
