@@ -115,7 +115,8 @@ Esito<QString> LeggiTestoDi(const std::filesystem::path& file) {
     return QString::fromUtf8(testo.Valore());
   }
   if (contenuto.startsWith("PK\x03\x04")) return LeggiFoglio(nome);
-  QStringDecoder utf8(QStringDecoder::Utf8);
+  // At once, so that a sequence cut off at the end counts as broken.
+  QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
   QString testo = utf8(contenuto);
   if (utf8.hasError()) testo = QString::fromLatin1(contenuto);
   return testo;

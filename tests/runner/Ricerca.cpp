@@ -51,7 +51,8 @@ bool InAltraFinestra(const QWidget& controllo, const QWidget& radice, bool sfond
 
 bool Interno(const QString& nome) {
   return nome.isEmpty() || nome.startsWith(QLatin1String("qt_")) ||
-         nome == QLatin1String("ScrollLeftButton") || nome == QLatin1String("ScrollRightButton");
+         nome.startsWith(QLatin1String("_q_")) || nome == QLatin1String("ScrollLeftButton") ||
+         nome == QLatin1String("ScrollRightButton");
 }
 
 QString DescriviCopertura(const QWidget& sopra) {

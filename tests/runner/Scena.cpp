@@ -2,9 +2,6 @@
 
 #include <QApplication>
 #include <QFrame>
-#include <QMenuBar>
-#include <QStatusBar>
-#include <QToolBar>
 #include <algorithm>
 
 #include "runner/Eventi.h"
@@ -46,6 +43,7 @@ void Scena::Aggiorna() {
     pila_ = {principale};
     ultimaDavanti_ = nullptr;
     riquadro_ = false;
+    alzataDalRiquadro_ = false;
   }
   const auto aperte = Sopra();
   const bool chiusaDavanti = ultimaDavanti_.isNull() || !aperte.contains(ultimaDavanti_.data());
@@ -65,11 +63,15 @@ void Scena::Aggiorna() {
     if (!chiusaDavanti || pila_.last() != principale) InCima(davanti);
   }
   ultimaDavanti_ = davanti;
+  // A box belongs to the main window, which goes back where it was when the box has gone.
   const bool riquadro = RiquadroAperto();
-  if (riquadro && !riquadro_) InCima(principale);
-  if (!riquadro && riquadro_ && pila_.last() == principale) {
+  if (riquadro && !riquadro_ && pila_.last() != principale) {
+    InCima(principale);
+    alzataDalRiquadro_ = true;
+  } else if (!riquadro && alzataDalRiquadro_) {
     pila_.removeAll(principale);
     pila_.prepend(principale);
+    alzataDalRiquadro_ = false;
   }
   riquadro_ = riquadro;
 }
@@ -102,6 +104,7 @@ void Scena::PortaAvanti(QWidget& finestra) {
   SmaltisciEventi();
   Aggiorna();
   InCima(&finestra);
+  alzataDalRiquadro_ = false;
 }
 
 QStringList Scena::Aperte() {

@@ -37,6 +37,7 @@ class Scena {
   QList<QPointer<QWidget>> pila_;
   QPointer<QWidget> ultimaDavanti_;
   bool riquadro_ = false;
+  bool alzataDalRiquadro_ = false;  ///< the main window is in front only for its box
   int avvio_ = 0;
 };
 

@@ -1,0 +1,76 @@
+#include "runner/Banco.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QStandardPaths>
+
+#include "runner/Eventi.h"
+
+namespace fenalto::copione {
+namespace {
+
+QApplication& ApplicazioneQt() {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  static int argc = 1;
+  static char nome[] = "banco";
+  static char* argv[] = {nome, nullptr};
+  static QApplication applicazione(argc, argv);
+  return applicazione;
+}
+
+}  // namespace
+
+void Banco::SetUp() {
+  ApplicazioneQt();
+  QApplication::setQuitOnLastWindowClosed(false);
+  cartella = std::make_unique<CartellaProvvisoria>();
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                     Qs((cartella->Percorso() / "impostazioni").string()));
+  OpzioniAmbiente opzioni;
+  opzioni.cartellaProgramma = cartella->Percorso() / "programma";
+  opzioni.cartellaDati = FENALTO_DATA;
+  opzioni.stazione = "banco";
+  opzioni.copie = false;
+  const auto riempita = Riempi(opzioni);
+  ASSERT_TRUE(riempita) << riempita.Errore().messaggio;
+  programma = std::make_unique<Programma>(opzioni, "Prova", 2024);
+  programma->Avvia();
+  scena = std::make_unique<Scena>(*programma);
+  contesto = std::make_unique<Contesto>(Contesto{*programma, *scena, cartella->Percorso(), {}, 0});
+  finestra = new QWidget;
+  finestra->setObjectName(QStringLiteral("Prova"));
+  finestra->resize(600, 500);
+}
+
+void Banco::TearDown() {
+  delete finestra;
+  contesto.reset();
+  scena.reset();
+  programma.reset();
+}
+
+void Banco::Mostra() {
+  finestra->show();
+  Attiva(*finestra);
+  SmaltisciEventi();
+  scena->PortaAvanti(*finestra);
+}
+
+std::string Banco::Corri(const std::string& testo) {
+  const auto comandi = LeggiTesto(testo, "banco");
+  if (!comandi) return "illeggibile: " + comandi.Errore().testo;
+  for (const auto& comando : comandi.Valore()) {
+    contesto->scadenza = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    contesto->dialoghiPrima = programma->dialoghi.Mostrati();
+    try {
+      VoceDiComando(comando.nome)->esegui(*contesto, comando);
+      contesto->Attendi();
+      scena->Aggiorna();
+    } catch (const std::exception& errore) {
+      return std::to_string(comando.riga) + ": " + errore.what();
+    }
+  }
+  return "";
+}
+
+}  // namespace fenalto::copione

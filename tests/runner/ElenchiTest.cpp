@@ -1,0 +1,147 @@
+// Grids, lists and trees under real events.
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTableView>
+#include <QTableWidget>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "runner/Banco.h"
+
+namespace fenalto::copione {
+namespace {
+
+/// Rows that come ten at a time.
+class Pagine : public QAbstractTableModel {
+ public:
+  using QAbstractTableModel::QAbstractTableModel;
+  int rowCount(const QModelIndex& sotto) const override { return sotto.isValid() ? 0 : presenti_; }
+  int columnCount(const QModelIndex& sotto) const override { return sotto.isValid() ? 0 : 1; }
+  QVariant data(const QModelIndex& indice, int ruolo) const override {
+    return ruolo == Qt::DisplayRole ? QVariant(indice.row() + 1) : QVariant();
+  }
+  bool canFetchMore(const QModelIndex&) const override { return presenti_ < 95; }
+  void fetchMore(const QModelIndex&) override {
+    const int altre = std::min(10, 95 - presenti_);
+    beginInsertRows({}, presenti_, presenti_ + altre - 1);
+    presenti_ += altre;
+    endInsertRows();
+  }
+
+ private:
+  int presenti_ = 10;
+};
+
+class ComandiElenchi : public Banco {
+ protected:
+  void SetUp() override {
+    Banco::SetUp();
+    if (HasFatalFailure()) return;
+    new QVBoxLayout(finestra);
+  }
+  void Aggiungi(const char* nome, QWidget* controllo) {
+    controllo->setObjectName(QString::fromLatin1(nome));
+    finestra->layout()->addWidget(controllo);
+  }
+  QTableWidget* Griglia() {
+    auto* griglia = new QTableWidget(40, 4);
+    griglia->setHorizontalHeaderLabels({QStringLiteral("Num"), QStringLiteral("Nascosta"),
+                                        QStringLiteral("Data Doc"), QStringLiteral("Si")});
+    griglia->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    for (int i = 0; i < 40; ++i) {
+      griglia->setItem(i, 0, new QTableWidgetItem(QString::number(i + 1)));
+      griglia->setItem(i, 1, new QTableWidgetItem(QStringLiteral("mai")));
+      griglia->setItem(i, 2, new QTableWidgetItem(QStringLiteral(" d%1 ").arg(i + 1)));
+      auto* spunta = new QTableWidgetItem;
+      spunta->setCheckState(i % 2 == 0 ? Qt::Checked : Qt::Unchecked);
+      griglia->setItem(i, 3, spunta);
+    }
+    griglia->setColumnHidden(1, true);
+    griglia->setRowHidden(1, true);
+    Aggiungi("Griglia", griglia);
+    return griglia;
+  }
+};
+
+TEST_F(ComandiElenchi, RigheECelleInVista) {
+  Griglia();
+  Mostra();
+  EXPECT_EQ(Corri("righe Griglia 39\ncella Griglia 1 Num 1\ncella Griglia 2 num 3\n"
+                  "cella griglia 39 2 d40\ncella Griglia 3 \"DATA DOC\" d4\n"
+                  "cella Griglia 1 Si si\ncella Griglia 3 3 no"),
+            "");
+  EXPECT_EQ(Corri("righe Griglia 40"), "1: \"Griglia\" has 39 rows, not 40");
+  EXPECT_EQ(Corri("cella Griglia 40 Num x"), "1: \"Griglia\" has 39 rows, no row 40");
+  EXPECT_NE(Corri("cella Griglia 1 Nascosta mai").find("Num, Data Doc, Si"), std::string::npos);
+  EXPECT_NE(Corri("cella Griglia 1 4 x").find("no column"), std::string::npos);
+  EXPECT_EQ(Corri("cella Griglia 1 Num 2"),
+            "1: \"Griglia\" row 1 column Num shows \"1\", not \"2\"");
+}
+
+TEST_F(ComandiElenchi, ClicSuUnaRigaLontana) {
+  auto* griglia = Griglia();
+  auto* campo = new QLineEdit;
+  Aggiungi("Campo", campo);
+  QStringList fatti;
+  QObject::connect(campo, &QLineEdit::editingFinished, finestra,
+                   [&] { fatti << QStringLiteral("lasciato"); });
+  QObject::connect(griglia, &QTableWidget::clicked, finestra, [&](const QModelIndex& riga) {
+    fatti << QStringLiteral("clic %1").arg(riga.row());
+  });
+  QObject::connect(griglia, &QTableWidget::doubleClicked, finestra, [&](const QModelIndex& riga) {
+    fatti << QStringLiteral("doppio %1").arg(riga.row());
+  });
+  Mostra();
+  EXPECT_EQ(Corri("digita Campo x\nriga Griglia 39\ndoppioclic Griglia 2\nvale Griglia 3"), "");
+  EXPECT_EQ(fatti, (QStringList{QStringLiteral("lasciato"), QStringLiteral("clic 39"),
+                                QStringLiteral("clic 2"), QStringLiteral("doppio 2")}));
+  EXPECT_EQ(Corri("riga Griglia 40"), "1: \"Griglia\" has 39 rows, no row 40");
+}
+
+TEST_F(ComandiElenchi, RigheCheArrivanoAPagine) {
+  auto* vista = new QTableView;
+  vista->setModel(new Pagine(vista));
+  Aggiungi("Griglia", vista);
+  Mostra();
+  EXPECT_EQ(Corri("riga Griglia 55\nvale Griglia 55\ncella Griglia 95 1 95\nrighe Griglia 95"), "");
+  EXPECT_EQ(Corri("riga Griglia 96"), "1: \"Griglia\" has 95 rows, no row 96");
+}
+
+TEST_F(ComandiElenchi, Elenco) {
+  auto* elenco = new QListWidget;
+  elenco->addItems({QStringLiteral("alfa"), QStringLiteral("Beta"), QStringLiteral("gamma")});
+  Aggiungi("Elenco", elenco);
+  Mostra();
+  EXPECT_EQ(Corri("scegli Elenco beta\nvale Elenco Beta\nriga Elenco 3\nvale Elenco gamma\n"
+                  "righe Elenco 3\ncella Elenco 1 1 alfa"),
+            "");
+  EXPECT_NE(Corri("scegli Elenco delta").find("no entry \"delta\" in its 3 rows"),
+            std::string::npos);
+}
+
+TEST_F(ComandiElenchi, Albero) {
+  auto* albero = new QTreeWidget;
+  albero->setHeaderLabels({QStringLiteral("Voce"), QStringLiteral("Saldo")});
+  auto* ramo = new QTreeWidgetItem(albero, {QStringLiteral("Attivo"), QStringLiteral("10")});
+  new QTreeWidgetItem(ramo, {QStringLiteral("Cassa"), QStringLiteral("4")});
+  new QTreeWidgetItem(albero, {QStringLiteral("Passivo"), QStringLiteral("6")});
+  Aggiungi("Albero", albero);
+  Mostra();
+  EXPECT_EQ(Corri("righe Albero 2\ncella Albero 2 Saldo 6\nscegli Albero Cassa\nrighe Albero 3\n"
+                  "vale Albero Cassa\ncella Albero 2 saldo 4\nriga Albero 3\nvale Albero Passivo"),
+            "");
+}
+
+TEST_F(ComandiElenchi, NonSonoElenchi) {
+  Aggiungi("Campo", new QLineEdit);
+  Mostra();
+  for (const auto* riga :
+       {"riga Campo 1", "righe Campo 0", "cella Campo 1 1 x", "scegli Campo x"}) {
+    EXPECT_NE(Corri(riga).find("is no grid, list or tree"), std::string::npos) << riga;
+  }
+}
+
+}  // namespace
+}  // namespace fenalto::copione
