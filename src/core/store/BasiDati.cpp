@@ -173,6 +173,10 @@ bool BasiDati::InTransazione() const {
   return interno_->nucleo->InTransazione();
 }
 
+void BasiDati::RilasciaLetture(std::chrono::milliseconds ferme) {
+  interno_->nucleo->RilasciaLetture(ferme);
+}
+
 void BasiDati::ImpostaGuasto(int n, Guasto guasto) {
   interno_->nucleo->ImpostaGuasto(n, guasto);
 }
@@ -184,8 +188,8 @@ int BasiDati::IstruzioniEseguite() const {
 // --- Transaction
 // ----------------------------------------------------------------------------------
 
-Transazione::Transazione(BasiDati& basi) : basi_(basi) {
-  basi_.interno_->nucleo->Inizia();
+Transazione::Transazione(BasiDati& basi, Ambito ambito) : basi_(basi) {
+  basi_.interno_->nucleo->Inizia(ambito == Ambito::SoloLavoro);
 }
 
 Transazione::~Transazione() {

@@ -60,6 +60,10 @@ class BasiDati {
   [[nodiscard]] const PercorsiArchivi& Percorsi() const;
   [[nodiscard]] bool InTransazione() const;
 
+  /// To be called when the program is at rest: results of which nothing was read for `ferme` are
+  /// read to their end, so that a window left half way doesn't keep other stations from writing.
+  void RilasciaLetture(std::chrono::milliseconds ferme = std::chrono::seconds(1));
+
   /// Test seam: the `n`-th statement from now (1 the next) fails with `guasto` instead of running,
   /// BEGIN and COMMIT included; 0 takes the seam off.
   void ImpostaGuasto(int n, Guasto guasto);
@@ -78,7 +82,10 @@ class BasiDati {
 /// Not nested: opening a second one throws std::logic_error.
 class Transazione {
  public:
-  explicit Transazione(BasiDati& basi);
+  /// What it is going to write. Over scratch databases alone it doesn't lock the books, so that
+  /// typing a row neither waits for other stations nor syncs the disk.
+  enum class Ambito { Tutto, SoloLavoro };
+  explicit Transazione(BasiDati& basi, Ambito ambito = Ambito::Tutto);
   ~Transazione();
   Transazione(const Transazione&) = delete;
   Transazione& operator=(const Transazione&) = delete;

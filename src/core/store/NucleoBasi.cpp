@@ -138,7 +138,16 @@ fenalto::Blocchi& NucleoBasi::Blocchi() {
 
 // --- Running ------------------------------------------------------------------------------------
 
+void NucleoBasi::RilasciaLetture(std::chrono::milliseconds ferme) {
+  const auto limite = std::chrono::steady_clock::now() - ferme;
+  const std::vector<CursoreAperto*> tutti = cursori_;
+  for (CursoreAperto* cursore : tutti) {
+    if (cursore->UltimaLettura() <= limite) cursore->Completa();
+  }
+}
+
 void NucleoBasi::PrimaDiEseguire() {
+  if (!cursori_.empty()) RilasciaLetture(std::chrono::seconds(1));
   ++eseguite_;
   if (mancanoAlGuasto_ > 0 && --mancanoAlGuasto_ == 0) {
     if (guasto_ == Guasto::Memoria) {
@@ -226,11 +235,13 @@ void NucleoBasi::EseguiContata(const char* sql) {
   if (rc != SQLITE_OK) throw ErroreMotore(connessione_, rc, percorsi_.tessarc);
 }
 
-void NucleoBasi::Inizia() {
+void NucleoBasi::Inizia(bool soloLavoro) {
   if (inTransazione_) throw std::logic_error("Transazione annidata");
   // IMMEDIATE takes the write lock of every attached database, both of the company's included, so
   // nothing later in the transaction waits for another station.
-  EseguiContata("BEGIN IMMEDIATE");
+  // Where only scratch databases are written each is locked by its first statement, and the books
+  // have no part in the commit.
+  EseguiContata(soloLavoro ? "BEGIN" : "BEGIN IMMEDIATE");
   inTransazione_ = true;
 }
 

@@ -33,6 +33,8 @@ class CursoreAperto {
   virtual void Completa() = 0;
   /// Lets the statement go; what isn't read yet is lost.
   virtual void Interrompi() noexcept = 0;
+  /// When it last took rows from its statement.
+  [[nodiscard]] virtual std::chrono::steady_clock::time_point UltimaLettura() const = 0;
   /// Whether it reads a table of that engine name.
   [[nodiscard]] virtual bool Legge(std::string_view nomeMotore) const = 0;
 
@@ -105,6 +107,9 @@ class NucleoBasi {
   [[nodiscard]] const PercorsiArchivi& Percorsi() const { return percorsi_; }
   [[nodiscard]] const OpzioniApertura& Opzioni() const { return opzioni_; }
 
+  /// Reads to their end the open cursors that took no rows for that long.
+  void RilasciaLetture(std::chrono::milliseconds ferme);
+
   /// Called before every statement: counts it, fails it when the seam says so, and refuses it when
   /// the engine has given up the transaction it belongs to.
   void PrimaDiEseguire();
@@ -118,7 +123,7 @@ class NucleoBasi {
   std::int64_t EseguiAzione(const Preparata& preparata, const DatiArchivio& archivio,
                             const std::string& tabella);
 
-  void Inizia();
+  void Inizia(bool soloLavoro = false);
   void Conferma();
   void Annulla() noexcept;
   [[nodiscard]] bool InTransazione() const { return inTransazione_; }

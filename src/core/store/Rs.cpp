@@ -48,10 +48,11 @@ void Rs::Interno::LeggiPezzo(std::size_t quante) {
   }
   if (!rigaPronta) {
     Interrompi();
-  } else if (!iscritto) {
-    dati->nucleo->Registra(this);
-    iscritto = true;
+    return;
   }
+  ultimaLettura = std::chrono::steady_clock::now();
+  if (!iscritto) dati->nucleo->Registra(this);
+  iscritto = true;
 }
 
 void Rs::Interno::Completa() {
@@ -72,6 +73,46 @@ bool Rs::Interno::Legge(std::string_view nomeMotore) const {
   });
 }
 
+void Rs::Interno::Riesegui() {
+  Interrompi();
+  dati->Verifica();
+  preparata = dati->PreparaForma(testo, forma);
+  righe.Svuota();
+  indice.Svuota();
+  scartate = false;
+  troncata = false;
+  precedenti = 0;
+  pos = 0;
+  Esegui();
+}
+
+void Rs::Interno::Avanza() {
+  if (precedenti >= 0) precedenti += static_cast<std::int64_t>(righe.Numero());
+  righe.Svuota();
+  indice.Svuota();
+  scartate = true;
+  pos = 0;
+  LeggiPezzo(kPezzo);
+}
+
+void Rs::Interno::VersoPrima() {
+  if (scartate) Riesegui();
+  pos = 0;
+}
+
+std::int64_t Rs::Interno::Conta() {
+  if (rigaPronta && righe.Numero() < kDaContare) LeggiPezzo(kDaContare - righe.Numero());
+  if (rigaPronta) {
+    const Preparata conteggio = dati->Prepara("SELECT count(*) FROM (" + piano->istr.sql + ")");
+    LegaLetterali(conteggio.Motore(), piano->istr, forma, testo);
+    dati->nucleo->PrimaDiEseguire();
+    dati->nucleo->PrimoPasso(conteggio, *dati);
+    return sqlite3_column_int64(conteggio.Motore(), 0);
+  }
+  if (troncata || precedenti < 0) LeggiTutto();
+  return precedenti + static_cast<std::int64_t>(righe.Numero());
+}
+
 void Rs::Interno::LeggiTutto() {
   if (!scartate && !troncata) {
     Completa();
@@ -83,25 +124,24 @@ void Rs::Interno::LeggiTutto() {
   for (std::size_t c = 0; ferma && c < piano->istr.colonne.size(); ++c) {
     riga.push_back(righe.Campo(pos, c));
   }
-  Interrompi();
-  dati->Verifica();
-  preparata = dati->PreparaForma(testo, forma);
-  righe.Svuota();
-  indice.Svuota();
-  Esegui();
+  const auto posto = static_cast<std::size_t>(precedenti) + pos;  // out of range when not known
+  Riesegui();
   Completa();
-  scartate = false;
-  troncata = false;
   pos = righe.Numero();
   if (!ferma) return;
+  const auto stessa = [&](std::size_t i) {
+    if (!piano->istr.tabellaBase.empty()) return righe.Identita(i) == corrente;
+    std::size_t c = 0;
+    while (c < riga.size() && righe.Campo(i, c) == riga[c]) ++c;
+    return c == riga.size();
+  };
+  // Where it was before, if nothing has changed: rows may be alike.
+  if (posto < righe.Numero() && stessa(posto)) {
+    pos = posto;
+    return;
+  }
   for (pos = 0; pos < righe.Numero(); ++pos) {
-    if (!piano->istr.tabellaBase.empty()) {
-      if (righe.Identita(pos) == corrente) return;
-    } else {
-      std::size_t c = 0;
-      while (c < riga.size() && righe.Campo(pos, c) == riga[c]) ++c;
-      if (c == riga.size()) return;
-    }
+    if (stessa(pos)) return;
   }
   // Gone meanwhile, or never part of the query: it stays current, as the last.
   righe.Accoda(riga, corrente);
@@ -112,12 +152,7 @@ void Rs::Interno::VersoProssima() {
   if (Eof()) return;
   if (troncata && pos + 1 == righe.Numero()) LeggiTutto();
   ++pos;
-  if (!Eof() || !rigaPronta) return;
-  righe.Svuota();
-  indice.Svuota();
-  scartate = true;
-  pos = 0;
-  LeggiPezzo(kPezzo);
+  if (Eof() && rigaPronta) Avanza();
 }
 
 void Rs::Interno::VerificaRiga() const {
@@ -147,16 +182,13 @@ bool Rs::Eof() const {
 }
 
 std::int64_t Rs::RecordCount() {
-  if (!interno_) return 0;
-  interno_->LeggiTutto();
-  return static_cast<std::int64_t>(interno_->righe.Numero());
+  return interno_ ? interno_->Conta() : 0;
 }
 
 void Rs::MoveFirst() {
   if (!interno_) return;
   CancelUpdate();
-  if (interno_->scartate) interno_->LeggiTutto();
-  interno_->pos = 0;
+  interno_->VersoPrima();
 }
 
 void Rs::MoveNext() {

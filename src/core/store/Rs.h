@@ -1,8 +1,9 @@
 // A result set: rows of a query, moved through forward, searched, and changed one at a time.
 //
 // It is a forward cursor while it is only read forward: short results are read whole at once, long
-// ones in pieces, so that a report over a million rows holds few of them. RecordCount, MoveFirst
-// after the first piece, MoveLast and FindFirst read the rest into memory.
+// ones in pieces, so that a report over a million rows holds few of them. MoveFirst after the first
+// piece runs the query again; MoveLast and FindFirst read the rest into memory. While a long result
+// is half read, other stations can read but not write: see BasiDati::RilasciaLetture.
 #pragma once
 
 #include <cstdint>

@@ -1,6 +1,7 @@
 // What a result set holds.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -21,14 +22,26 @@ struct Rs::Interno final : CursoreAperto {
 
   /// Rows read at once; a result no longer than this leaves no lock behind.
   static constexpr std::size_t kPezzo = 256;
+  /// Rows read into memory to be counted; past these the engine counts.
+  static constexpr std::size_t kDaContare = 10'000;
 
+  /// Drops what is in memory, runs the query anew and reads the first piece.
+  void Riesegui();
+  /// Drops the rows in memory and reads the next piece.
+  void Avanza();
   /// Runs the statement and reads the first piece.
   void Esegui();
   void LeggiPezzo(std::size_t quante);
   /// All rows in memory, from the first; the position stays on its row.
   void LeggiTutto();
+  /// To the first row: runs the query again when that row has been let go.
+  void VersoPrima();
+  [[nodiscard]] std::int64_t Conta();
   void Completa() override;
   void Interrompi() noexcept override;
+  [[nodiscard]] std::chrono::steady_clock::time_point UltimaLettura() const override {
+    return ultimaLettura;
+  }
   [[nodiscard]] bool Legge(std::string_view nomeMotore) const override;
 
   [[nodiscard]] bool Eof() const { return pos >= righe.Numero(); }
@@ -59,10 +72,13 @@ struct Rs::Interno final : CursoreAperto {
   std::size_t pos = 0;
   /// Rows before the first in memory have been let go; to go back the query runs again.
   bool scartate = false;
+  /// How many they are; -1 when not known.
+  std::int64_t precedenti = 0;
   /// Reading stopped before the last row; to go on the query runs again.
   bool troncata = false;
   bool rigaPronta = false;  ///< the statement stands on a row not yet taken
   bool iscritto = false;
+  std::chrono::steady_clock::time_point ultimaLettura;
   IndiceRicerca indice;
 
   ModoModifica modo = ModoModifica::Nessuna;

@@ -222,6 +222,7 @@ void Rs::Interno::ScriviAggiunta() {
   if (troncata) {
     righe.Svuota();
     scartate = true;
+    precedenti = -1;
     troncata = false;
   }
   righe.Accoda(*riga, identita);
@@ -277,12 +278,7 @@ void Rs::Delete() {
   if (io.modo != ModoModifica::Nessuna) io.FineModifica();
   io.righe.Elimina(io.pos);
   io.indice.Svuota();
-  if (io.Eof() && io.rigaPronta) {
-    io.righe.Svuota();
-    io.scartate = true;
-    io.pos = 0;
-    io.LeggiPezzo(Interno::kPezzo);
-  }
+  if (io.Eof() && io.rigaPronta) io.Avanza();
 }
 
 }  // namespace fenalto

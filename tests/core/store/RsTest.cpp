@@ -109,10 +109,46 @@ TEST_F(RsTest, LongResultsReadInPiecesGiveEveryRowOnce) {
   contata.MoveLast();
   EXPECT_EQ(contata.Fields("Num").Intero(), 1000);
 
+  Rs simili = A().Recordset("select 1 as Uno from Movimenti");
+  for (int i = 0; i < 600; ++i) simili.MoveNext();
+  EXPECT_TRUE(simili.FindFirst("Uno=2"));
+  int restano = 0;
+  for (; !simili.Eof(); simili.MoveNext()) ++restano;
+  EXPECT_EQ(restano, 400) << "the search keeps the place among rows alike";
+
   Rs esatta = A().Recordset("select * from Movimenti where Num<=256");
   EXPECT_EQ(esatta.RecordCount(), 256);
   for (int i = 0; i < 256; ++i) esatta.MoveNext();
   EXPECT_TRUE(esatta.Eof());
+}
+
+TEST_F(RsTest, VeryLongResultsAreCountedAndReadAgainWithoutBeingHeld) {
+  Movimenti(10'700);
+  Rs rs = A().Recordset("select * from Movimenti where Num>200 order by Num desc");
+  EXPECT_EQ(rs.RecordCount(), 10'500);
+  std::int64_t atteso = 10'700;
+  for (; !rs.Eof(); rs.MoveNext()) ASSERT_EQ(rs.Fields("Num").Intero(), atteso--);
+  EXPECT_EQ(atteso, 200);
+  EXPECT_EQ(rs.RecordCount(), 10'500);
+  rs.MoveFirst();
+  EXPECT_EQ(rs.Fields("Num").Intero(), 10'700);
+  EXPECT_EQ(rs.RecordCount(), 10'500);
+}
+
+TEST_F(RsTest, HalfReadResultAtRestDoesNotKeepOthersFromWriting) {
+  Movimenti(600);
+  OpzioniApertura altre = opzioni;
+  altre.attesa = std::chrono::milliseconds(50);
+  auto seconda = BasiDati::Apri(percorsi, altre);
+  ASSERT_TRUE(seconda);
+  const auto scrivi = [&] { seconda.Valore()->Tessarc().Inserisci("Causali", {{"Cod", "X"}}); };
+  Rs rs = A().Recordset("select * from Movimenti order by Num");
+  EXPECT_EQ(CausaDi(scrivi), Causa::Occupato);
+  basi->RilasciaLetture(std::chrono::milliseconds(0));
+  EXPECT_NO_THROW(scrivi());
+  std::int64_t lette = 0;
+  for (; !rs.Eof(); rs.MoveNext()) ASSERT_EQ(rs.Fields("Num").Intero(), ++lette);
+  EXPECT_EQ(lette, 600);
 }
 
 TEST_F(RsTest, WritingWhileReadingSeesTheRowsAsTheyWere) {

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
 #include <stdexcept>
 
 #include "core/store/DiscoFinto.h"
@@ -114,6 +117,38 @@ TEST_F(TransazioneTest, FullDiskUndoesAllAndSaysSo) {
     }
   }
   EXPECT_EQ(falliti, -1) << "with room enough it goes through";
+}
+
+TEST_F(TransazioneTest, TwoProcessesConfirmAtOnceAndNeitherLosesAnything) {
+  basi.reset();
+  constexpr int kOgnuno = 12;
+  std::array<pid_t, 2> figli{};
+  for (std::size_t chi = 0; chi < figli.size(); ++chi) {
+    figli[chi] = fork();
+    if (figli[chi] != 0) continue;
+    opzioni.attesa = std::chrono::seconds(30);
+    basi = Apri();
+    try {
+      for (int i = 0; i < kOgnuno; ++i) {
+        Transazione transazione(*basi);
+        // Read and write in one transaction, so that no number is taken twice.
+        const auto numero =
+            basi->Tessarc().Singolo("select Max(NumDoc) from Articoli").Intero() + 1;
+        basi->Tessarc().Inserisci("Articoli", {{"Anno", 2024}, {"NumDoc", numero}});
+        basi->Scadenzario().Inserisci("Scadenze", {{"Numero", numero}});
+        transazione.Conferma();
+      }
+    } catch (const std::exception&) {
+      _exit(1);
+    }
+    _exit(0);
+  }
+  for (const pid_t figlio : figli) {
+    int esito = -1;
+    waitpid(figlio, &esito, 0);
+    EXPECT_EQ(esito, 0);
+  }
+  EXPECT_EQ(Righe(), "24/0/24");
 }
 
 TEST_F(TransazioneTest, NothingIsWrittenAfterTheEngineGaveUp) {
