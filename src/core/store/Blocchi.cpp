@@ -20,18 +20,20 @@
 namespace fenalto {
 namespace {
 
-// The lock file: a head, the ticket counters of the tables, then the slots. Lock bytes lie far
-// beyond any content, so that the file stays small.
-constexpr std::array<char, 8> kFirma = {'F', 'E', 'N', 'B', 'L', 'K', '0', '1'};
-constexpr std::int64_t kCode = 64;  // tables with a queue of their own
+// The lock file holds a head, the ticket counters and the slots; the locks themselves are on bytes
+// far beyond its end, which the file needn't have. Where a lock's byte is follows from its key
+// alone: whatever stands in the file, exclusion holds. The slots only tell who holds.
+constexpr std::array<char, 8> kFirma = {'F', 'E', 'N', 'B', 'L', 'K', '0', '2'};
+constexpr std::int64_t kCode = 4'096;  // queues, each with a ticket counter
+constexpr std::int64_t kInizioContatori = 64;
 constexpr std::int64_t kPosti = 4'096;
 constexpr std::int64_t kFinestra = 64;  // slots that a key may stand in
-constexpr std::int64_t kInizioPosti = 1'024;
-constexpr std::int64_t kByteIndice = std::int64_t{1} << 39;
+constexpr std::int64_t kInizioPosti = 65'536;
 constexpr std::int64_t kBytePosti = std::int64_t{1} << 40;
-constexpr std::int64_t kByteCode = std::int64_t{1} << 50;  // queue i begins i * 2^42 further
+constexpr std::int64_t kByteCode = std::int64_t{1} << 55;  // queue i begins i * 2^42 further
 constexpr std::int64_t kPassoCode = std::int64_t{1} << 42;
-constexpr auto kAttesaIndice = std::chrono::seconds(5);
+constexpr std::int64_t kByteChiavi = std::int64_t{1} << 60;
+constexpr auto kPausaMassima = std::chrono::microseconds(2'000);
 
 struct Posto {
   char occupato = 0;
@@ -84,7 +86,7 @@ std::string Testo(const char (&dove)[N]) {
   return std::string(dove, strnlen(dove, N));
 }
 
-std::uint64_t Impronta(std::string_view testo, std::uint64_t base) {
+std::uint64_t Impronta(std::string_view testo, std::uint64_t base = 14'695'981'039'346'656'037ULL) {
   std::uint64_t valore = base;
   for (const char c : testo) {
     valore ^= static_cast<unsigned char>(c);
@@ -103,9 +105,18 @@ std::string ChiaveDi(char genere, std::string_view tabella, std::string_view chi
   if (intera.size() <= kMassimo) return intera;
   char impronte[40];
   std::snprintf(impronte, sizeof impronte, "~%016llx%016llx",
-                static_cast<unsigned long long>(Impronta(intera, 14'695'981'039'346'656'037ULL)),
+                static_cast<unsigned long long>(Impronta(intera)),
                 static_cast<unsigned long long>(Impronta(intera, 88'172'645'463'325'252ULL)));
   return intera.substr(0, kMassimo - 33) + impronte;
+}
+
+/// The byte that the holder of a key locks: among 2^60 of them two keys don't meet.
+std::int64_t ByteDi(const std::string& chiave) {
+  // Mixed once more, since the digest's low bits hardly depend on the key's first letters.
+  std::uint64_t valore = Impronta(chiave);
+  valore = (valore ^ (valore >> 32)) * 0x9E3779B97F4A7C15ULL;
+  valore ^= valore >> 31;
+  return kByteChiavi + static_cast<std::int64_t>(valore % (std::uint64_t{1} << 60));
 }
 
 std::string AdessoLocale() {
@@ -134,7 +145,7 @@ std::string Detentore::Descrizione() const {
 }
 
 // --- Blocco
-// ---------------------------------------------------------------------------------------
+// -----------------------------------------------------------------------------------------
 
 Blocco::Blocco(Blocco&& altro) noexcept
     : descrittore_(std::exchange(altro.descrittore_, -1)), posto_(altro.posto_) {}
@@ -155,14 +166,19 @@ Blocco::~Blocco() {
 void Blocco::Rilascia() noexcept {
   if (descrittore_ < 0) return;
   const char libero = 0;
-  // A slot left marked is found free all the same, since its byte isn't held any more.
-  (void)!pwrite(descrittore_, &libero, 1, OffsetPosto(posto_));
+  // A slot left marked does no harm: its byte isn't held any more.
+  if (posto_ >= 0) (void)!pwrite(descrittore_, &libero, 1, OffsetPosto(posto_));
+  // Not left to the closing: a process being started may hold a copy of the descriptor for a while.
+  struct flock tutto{};
+  tutto.l_type = F_UNLCK;
+  tutto.l_whence = SEEK_SET;
+  (void)fcntl(descrittore_, F_OFD_SETLK, &tutto);
   close(descrittore_);
   descrittore_ = -1;
 }
 
 // --- Blocchi
-// --------------------------------------------------------------------------------------
+// ----------------------------------------------------------------------------------------
 
 struct Blocchi::Interno {
   std::filesystem::path file;
@@ -181,18 +197,8 @@ struct Blocchi::Interno {
     return descrittore;
   }
 
-  /// Takes the lock over the slot table; false when it can't be had in time.
-  [[nodiscard]] static bool PrendiIndice(int descrittore) {
-    const auto limite = std::chrono::steady_clock::now() + kAttesaIndice;
-    while (!Blocca(descrittore, kByteIndice, F_WRLCK)) {
-      if (std::chrono::steady_clock::now() > limite) return false;
-      std::this_thread::sleep_for(std::chrono::microseconds(100));
-    }
-    return true;
-  }
-
-  /// Makes the file anew when it isn't one of ours. The slot table must be locked.
-  static void Verifica(int descrittore) {
+  /// Makes the file anew when it isn't one of ours. Locks held meanwhile go on holding.
+  void Verifica(int descrittore) const {
     std::array<char, 8> firma{};
     struct stat stato{};
     const bool buona =
@@ -204,59 +210,73 @@ struct Blocchi::Interno {
         pwrite(descrittore, kFirma.data(), kFirma.size(), 0) !=
             static_cast<ssize_t>(kFirma.size())) {
       throw ErroreArchivio(
-          ErroreArchivio::Causa::Altro,
-          std::string("il file dei blocchi non si può preparare: ") + std::strerror(errno));
+          errno == ENOSPC ? ErroreArchivio::Causa::DiscoPieno : ErroreArchivio::Causa::Altro,
+          "il file dei blocchi " + file.string() + " non si può preparare: " +
+              std::strerror(errno) + ". Controllare lo spazio e i permessi della cartella.");
     }
   }
 
   static std::int64_t PrimoPosto(const std::string& chiave) {
-    return static_cast<std::int64_t>(Impronta(chiave, 14'695'981'039'346'656'037ULL) %
+    return static_cast<std::int64_t>(Impronta(chiave) %
                                      static_cast<std::uint64_t>(kPosti - kFinestra + 1));
   }
 
-  static void Leggi(int descrittore, std::int64_t primo, Finestra& finestra) {
-    const auto letti = pread(descrittore, finestra.data(), sizeof finestra, OffsetPosto(primo));
-    if (letti != static_cast<ssize_t>(sizeof finestra)) finestra = {};
-  }
-
-  /// Index in the window of the slot in which another holds this key.
-  static std::optional<std::size_t> Altrui(int descrittore, std::int64_t primo,
-                                           const Finestra& finestra, const std::string& chiave) {
+  /// Who holds a key that another descriptor holds; without a name when no slot tells.
+  static Detentore Chi(int descrittore, const std::string& chiave) {
+    const std::int64_t primo = PrimoPosto(chiave);
+    Finestra finestra{};
+    (void)!pread(descrittore, finestra.data(), sizeof finestra, OffsetPosto(primo));
     for (std::size_t i = 0; i < finestra.size(); ++i) {
       if (finestra[i].occupato != 0 && Testo(finestra[i].chiave) == chiave &&
           TenutoDaAltri(descrittore, kBytePosti + primo + static_cast<std::int64_t>(i), 1)) {
-        return i;
+        return DetentoreDi(finestra[i]);
       }
     }
-    return std::nullopt;
+    return {"?", "", 0, ""};
   }
 
-  /// Takes a free slot of the window for the key; the slot table must be locked.
-  [[nodiscard]] std::int64_t Occupa(int descrittore, std::int64_t primo, const Finestra& finestra,
-                                    const std::string& chiave) const {
-    for (const bool anchePersi : {false, true}) {
-      for (std::size_t i = 0; i < finestra.size(); ++i) {
-        // A marked slot whose byte is free was left by a process that died.
-        if (finestra[i].occupato != 0 && !anchePersi) continue;
-        const std::int64_t posto = primo + static_cast<std::int64_t>(i);
-        if (!Blocca(descrittore, kBytePosti + posto, F_WRLCK)) continue;
-        Posto nuovo;
-        nuovo.occupato = 1;
-        Copia(nuovo.chiave, chiave);
-        Copia(nuovo.stazione, stazione);
-        Copia(nuovo.utente, utente);
-        nuovo.processo = getpid();
-        Copia(nuovo.dalle, AdessoLocale());
-        if (pwrite(descrittore, &nuovo, sizeof nuovo, OffsetPosto(posto)) ==
-            static_cast<ssize_t>(sizeof nuovo)) {
-          return posto;
-        }
-        throw ErroreArchivio(ErroreArchivio::Causa::DiscoPieno,
-                             "non si può scrivere il file dei blocchi " + file.string());
-      }
+  /// Writes the holder of a key just taken into a free slot and returns it; -1 when there is none
+  /// or it can't be written: the lock holds without it, it just has no name for others.
+  [[nodiscard]] std::int64_t Iscrivi(int descrittore, const std::string& chiave) const {
+    const std::int64_t primo = PrimoPosto(chiave);
+    for (std::int64_t posto = primo; posto < primo + kFinestra; ++posto) {
+      if (!Blocca(descrittore, kBytePosti + posto, F_WRLCK)) continue;
+      Posto nuovo;
+      nuovo.occupato = 1;
+      Copia(nuovo.chiave, chiave);
+      Copia(nuovo.stazione, stazione);
+      Copia(nuovo.utente, utente);
+      nuovo.processo = getpid();
+      Copia(nuovo.dalle, AdessoLocale());
+      const bool scritto = pwrite(descrittore, &nuovo, sizeof nuovo, OffsetPosto(posto)) ==
+                           static_cast<ssize_t>(sizeof nuovo);
+      return scritto ? posto : -1;
     }
-    throw ErroreArchivio(ErroreArchivio::Causa::Occupato,
-                         "troppi blocchi contemporanei in " + file.string());
+    return -1;
+  }
+
+  /// Joins the queue that begins at byte `coda`: the ticket taken, greater than all before it; 0
+  /// when the moment was bad and it must be tried again.
+  static std::int64_t Biglietto(int descrittore, std::int64_t coda, std::int64_t contatore) {
+    std::int64_t ultimo = 0;
+    const auto leggi = [&] {
+      std::int64_t letto = 0;
+      (void)!pread(descrittore, &letto, sizeof letto, contatore);
+      return letto < 0 || letto >= kPassoCode - 2 ? 0 : letto;
+    };
+    ultimo = leggi();
+    const std::int64_t mio = ultimo + 1;
+    if (!Blocca(descrittore, coda + mio, F_WRLCK)) {
+      // Taken by one that hasn't counted it yet, or by one from before the counter was spoilt.
+      return 0;
+    }
+    if (leggi() != ultimo) {
+      Blocca(descrittore, coda + mio, F_UNLCK);
+      return 0;
+    }
+    // Only the holder of this byte moves the counter on from `ultimo`.
+    (void)!pwrite(descrittore, &mio, sizeof mio, contatore);
+    return mio;
   }
 };
 
@@ -267,11 +287,7 @@ Blocchi::Blocchi(std::filesystem::path file, std::string stazione, std::string u
   interno_->utente = std::move(utente);
   const int descrittore = interno_->Apri();
   try {
-    if (!Interno::PrendiIndice(descrittore)) {
-      throw ErroreArchivio(ErroreArchivio::Causa::Occupato,
-                           "il file dei blocchi " + interno_->file.string() + " è occupato");
-    }
-    Interno::Verifica(descrittore);
+    interno_->Verifica(descrittore);
   } catch (...) {
     close(descrittore);
     throw;
@@ -307,18 +323,10 @@ class Custode {
 
 Esito<Blocco, Detentore> Blocchi::Record(std::string_view tabella, std::string_view chiave) {
   const std::string nome = ChiaveDi('R', tabella, chiave);
-  const std::int64_t primo = Interno::PrimoPosto(nome);
   Custode custode(interno_->Apri());
-  if (!Interno::PrendiIndice(custode.Get())) return Detentore{"?", "", 0, ""};
-  Interno::Verifica(custode.Get());
-  Finestra finestra;
-  Interno::Leggi(custode.Get(), primo, finestra);
-  if (const auto altrui = Interno::Altrui(custode.Get(), primo, finestra, nome)) {
-    return DetentoreDi(finestra[*altrui]);
-  }
+  if (!Blocca(custode.Get(), ByteDi(nome), F_WRLCK)) return Interno::Chi(custode.Get(), nome);
   Blocco blocco;
-  blocco.posto_ = interno_->Occupa(custode.Get(), primo, finestra, nome);
-  Blocca(custode.Get(), kByteIndice, F_UNLCK);
+  blocco.posto_ = interno_->Iscrivi(custode.Get(), nome);
   blocco.descrittore_ = custode.Cedi();
   return blocco;
 }
@@ -326,64 +334,43 @@ Esito<Blocco, Detentore> Blocchi::Record(std::string_view tabella, std::string_v
 Esito<Blocco, Detentore> Blocchi::Tabella(std::string_view tabella,
                                           std::chrono::milliseconds attesa) {
   const std::string nome = ChiaveDi('T', tabella, "");
-  const std::int64_t primo = Interno::PrimoPosto(nome);
-  const std::int64_t coda = primo % kCode;
-  const std::int64_t inizioCoda = kByteCode + coda * kPassoCode;
-  const std::int64_t contatore = 16 + coda * 8;  // offset of the queue's ticket counter
+  const std::int64_t byte = ByteDi(nome);
+  const auto indice = static_cast<std::int64_t>(Impronta(nome) % std::uint64_t{kCode});
+  const std::int64_t coda = kByteCode + indice * kPassoCode;
+  const std::int64_t contatore = kInizioContatori + indice * 8;
   const auto limite = std::chrono::steady_clock::now() + attesa;
   Custode custode(interno_->Apri());
   const int descrittore = custode.Get();
   std::int64_t biglietto = 0;  // 0 until one is taken
   auto pausa = std::chrono::microseconds(200);
-  Detentore chi{"?", "", 0, ""};
   while (true) {
-    // Whoever holds a smaller ticket and lives comes first.
-    const bool tocca = biglietto == 0 || !TenutoDaAltri(descrittore, inizioCoda + 1, biglietto - 1);
-    if (tocca && Interno::PrendiIndice(descrittore)) {
-      Interno::Verifica(descrittore);
-      std::int64_t ultimo = 0;
-      (void)!pread(descrittore, &ultimo, sizeof ultimo, contatore);
-      if (ultimo < 0 || ultimo >= kPassoCode - 1) ultimo = 0;
-      Finestra finestra;
-      Interno::Leggi(descrittore, primo, finestra);
-      const auto altrui = Interno::Altrui(descrittore, primo, finestra, nome);
-      const bool inCoda = biglietto == 0 && TenutoDaAltri(descrittore, inizioCoda + 1, ultimo);
-      if (!altrui && !inCoda) {
-        Blocco blocco;
-        blocco.posto_ = interno_->Occupa(descrittore, primo, finestra, nome);
-        if (biglietto != 0) Blocca(descrittore, inizioCoda + biglietto, F_UNLCK);
-        Blocca(descrittore, kByteIndice, F_UNLCK);
-        blocco.descrittore_ = custode.Cedi();
-        return blocco;
-      }
-      if (altrui) chi = DetentoreDi(finestra[*altrui]);
-      if (biglietto == 0 && attesa.count() > 0) {
-        biglietto = ultimo + 1;
-        (void)!pwrite(descrittore, &biglietto, sizeof biglietto, contatore);
-        Blocca(descrittore, inizioCoda + biglietto, F_WRLCK);
-      }
-      Blocca(descrittore, kByteIndice, F_UNLCK);
+    // Nobody passes those who wait already; of them, the smallest ticket that lives comes first.
+    const bool tocca = biglietto == 0 ? !TenutoDaAltri(descrittore, coda + 1, kPassoCode - 2)
+                                      : !TenutoDaAltri(descrittore, coda + 1, biglietto - 1);
+    if (tocca && Blocca(descrittore, byte, F_WRLCK)) {
+      Blocco blocco;
+      blocco.posto_ = interno_->Iscrivi(descrittore, nome);
+      if (biglietto != 0) Blocca(descrittore, coda + biglietto, F_UNLCK);
+      blocco.descrittore_ = custode.Cedi();
+      return blocco;
     }
-    if (std::chrono::steady_clock::now() >= limite) return chi;
+    if (std::chrono::steady_clock::now() >= limite) return Interno::Chi(descrittore, nome);
+    if (biglietto == 0) biglietto = Interno::Biglietto(descrittore, coda, contatore);
     std::this_thread::sleep_for(pausa);
-    pausa = std::min(pausa * 2, std::chrono::microseconds(2'000));
+    pausa = std::min(pausa * 2, kPausaMassima);
   }
 }
 
 std::optional<Detentore> Blocchi::ChiTiene(std::string_view tabella,
                                            std::string_view chiave) const {
   const std::string nome = ChiaveDi('R', tabella, chiave);
-  const std::int64_t primo = Interno::PrimoPosto(nome);
   const Custode custode(interno_->Apri());
-  Finestra finestra;
-  Interno::Leggi(custode.Get(), primo, finestra);
-  const auto altrui = Interno::Altrui(custode.Get(), primo, finestra, nome);
-  if (!altrui) return std::nullopt;
-  return DetentoreDi(finestra[*altrui]);
+  if (!TenutoDaAltri(custode.Get(), ByteDi(nome), 1)) return std::nullopt;
+  return Interno::Chi(custode.Get(), nome);
 }
 
 // --- Folders
-// --------------------------------------------------------------------------------------
+// ----------------------------------------------------------------------------------------
 
 bool BlocchiAffidabili(const std::filesystem::path& cartella) {
   const auto file = cartella / (".prova-blocchi-" + std::to_string(getpid()));
