@@ -16,7 +16,7 @@
 namespace fenalto {
 namespace {
 
-constexpr int kControlloCopia = 5'000;  // ms between looks at the running backup
+constexpr int kControllo = 2'000;  // ms between looks at the running backup and at idle readings
 
 QString Qs(const std::filesystem::path& percorso) {
   return QString::fromStdString(percorso.string());
@@ -110,11 +110,12 @@ void Applicazione::Mostra() {
   QTimer::singleShot(0, principale_.get(), [this] { ambiente_->AvviaCopia(); });
   auto* controllo = new QTimer(principale_.get());
   QObject::connect(controllo, &QTimer::timeout, principale_.get(), [this] {
+    if (ambiente_->DittaAperta()) ambiente_->Basi().RilasciaLetture();
     if (const auto guasto = ambiente_->EsitoCopia(); !guasto.empty()) {
       dialoghi_.Messaggio(guasto, Icona::Avviso);
     }
   });
-  controllo->start(kControlloCopia);
+  controllo->start(kControllo);
 }
 
 void Applicazione::ChiediFine() {

@@ -32,7 +32,7 @@ class Attesa {
 }  // namespace
 
 FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costruttori)
-    : ambiente_(ambiente), costruttori_(std::move(costruttori)), area_(new QMdiArea(this)) {
+    : ambiente_(ambiente), costruttori_(std::move(costruttori)), area_(new AreaFinestre(this)) {
   setObjectName(QStringLiteral("Principale"));
   setWindowTitle(QStringLiteral("Fenalto"));
   area_->setObjectName(QStringLiteral("Area"));

@@ -51,19 +51,26 @@ Sfondo::Sfondo(QWidget* genitore) : QWidget(genitore) {
   colonna->addStretch(1);
 }
 
-void Sfondo::paintEvent(QPaintEvent*) {
-  QPainter pittore(this);
-  const QColor alto = palette().color(QPalette::Window);
-  const QColor accento = palette().color(QPalette::Highlight);
+void DipingiBande(QWidget& dove) {
+  QPainter pittore(&dove);
+  const QColor alto = dove.palette().color(QPalette::Window);
+  const QColor accento = dove.palette().color(QPalette::Highlight);
   for (int banda = 0; banda < kBande; ++banda) {
-    // From the window's colour to a touch of the accent, so that light and dark palettes both work.
     const double parte = 0.35 * banda / (kBande - 1);
     const auto misto = [&](int a, int b) { return static_cast<int>(a + (b - a) * parte); };
     const QColor colore(misto(alto.red(), accento.red()), misto(alto.green(), accento.green()),
                         misto(alto.blue(), accento.blue()));
-    const int da = height() * banda / kBande;
-    pittore.fillRect(0, da, width(), height() * (banda + 1) / kBande - da, colore);
+    const int da = dove.height() * banda / kBande;
+    pittore.fillRect(0, da, dove.width(), dove.height() * (banda + 1) / kBande - da, colore);
   }
+}
+
+void AreaFinestre::paintEvent(QPaintEvent*) {
+  DipingiBande(*viewport());
+}
+
+void Sfondo::paintEvent(QPaintEvent*) {
+  DipingiBande(*this);
 }
 
 bool Sfondo::eventFilter(QObject* oggetto, QEvent* evento) {

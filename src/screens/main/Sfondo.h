@@ -1,9 +1,24 @@
 // The background behind the function windows: a gradient of 256 bands and links to the help.
 #pragma once
 
+#include <QMdiArea>
 #include <QWidget>
 
 namespace fenalto {
+
+/// Paints the bands of the background, from the window's colour to a touch of the accent.
+void DipingiBande(QWidget& dove);
+
+/// The area of the function windows, which looks the same when the background is unloaded.
+class AreaFinestre : public QMdiArea {
+  Q_OBJECT
+
+ public:
+  using QMdiArea::QMdiArea;
+
+ protected:
+  void paintEvent(QPaintEvent* evento) override;
+};
 
 class Sfondo : public QWidget {
   Q_OBJECT
