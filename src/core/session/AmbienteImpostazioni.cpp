@@ -34,8 +34,8 @@ const FileIni& Ambiente::Interno::Impostazioni(const fs::path& file) {
   if (letto.impronta == impronta) return letto.file;
   auto riletto = FileIni::Leggi(file);
   // A key is never an error: what can't be read has no keys, and is tried again at the next read.
-  letto.file = riletto ? std::move(riletto).Valore() : FileIni();
   letto.impronta = riletto ? impronta : IniLetto::Impronta{};
+  letto.file = riletto ? std::move(riletto).Valore() : FileIni();
   return letto.file;
 }
 

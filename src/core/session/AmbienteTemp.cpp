@@ -42,7 +42,7 @@ pid_t ProcessoDi(const std::string& nome) {
 fs::path CartellaTemporanei() {
   const fs::path base = fs::temp_directory_path();
   const std::string nome = "fenalto-" + std::to_string(::geteuid());
-  const fs::path cartella = base / nome;
+  fs::path cartella = base / nome;
   if (::mkdir(cartella.c_str(), kSoloMio) == 0 || Privata(cartella)) return cartella;
   // Somebody else has taken the name: a folder of another name, for this run.
   static const fs::path altra = [&] {

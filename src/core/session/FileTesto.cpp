@@ -110,7 +110,7 @@ Esito<std::string> LeggiFileTesto(const fs::path& percorso) {
     return Errore{"impossibile leggere «" + percorso.string() + "»: non è un file di testo"};
   }
   std::string testo;
-  constexpr std::size_t kPezzo = 64U * 1024;
+  constexpr std::size_t kPezzo = 65'536;
   testo.reserve(std::min(static_cast<std::size_t>(stato.st_size), std::size_t{kMassimoFileTesto}));
   for (;;) {
     const std::size_t prima = testo.size();

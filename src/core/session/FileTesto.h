@@ -13,7 +13,7 @@
 namespace fenalto {
 
 /// A file longer than this isn't one of ours.
-inline constexpr std::uintmax_t kMassimoFileTesto = 64U * 1024 * 1024;
+inline constexpr std::uintmax_t kMassimoFileTesto = std::uintmax_t{64} << 20U;
 
 /// Content as UTF-8: a file that isn't valid UTF-8 is read as Latin-1. A leading mark stays. A
 /// missing file reads as empty. The error says which file can't be read and why.

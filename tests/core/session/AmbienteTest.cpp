@@ -257,10 +257,17 @@ TEST_F(AmbienteTest, CopiaUnaVoltaAlGiorno) {
   EXPECT_EQ(ambiente.EsitoCopia(), "");
   EXPECT_FALSE(ambiente.Cerca("tessarc", "Anni", {{"Anno", 2026}}, "Anno").Nullo());
 
-  // Closing waits for a copy that still runs.
+  // Closing the company, or the program, waits for a copy that still runs.
   fs::remove_all(copie);
   ambiente.AvviaCopia();
   ambiente.ChiudiDitta();
+  EXPECT_TRUE(fs::exists(copie / orologio_.oggi.Iso() / "Scad32.mdb"));
+  fs::remove_all(copie);
+  {
+    Ambiente breve(opzioni, dialoghi_, orologio_, caso_);
+    ASSERT_TRUE(breve.ApriDitta("Rossi"));
+    breve.AvviaCopia();
+  }
   EXPECT_TRUE(fs::exists(copie / orologio_.oggi.Iso() / "Scad32.mdb"));
 }
 
