@@ -426,20 +426,18 @@ Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) 
   }
   if (auto aperta = ambiente.ApriDitta(kDitta, corrente); !aperta) return aperta;
   try {
-    {
-      Transazione transazione(ambiente.Basi());
-      Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-      ScriviAnagrafiche(tessarc, kClientiDemo, "Clienti", "C", kClienti);
-      ScriviAnagrafiche(tessarc, kFornitoriDemo, "Fornitori", "F", kFornitori);
-      transazione.Conferma();
-    }
     ScriviImpostazioni(ambiente);
     LibroDemo libro(ambiente, dialoghi, orologio.Oggi());
+    // One for all: the first start waits for the disk once, not at every registration.
+    Transazione transazione(ambiente.Basi());
+    Archivio& tessarc = ambiente.ArchivioDi("tessarc");
+    ScriviAnagrafiche(tessarc, kClientiDemo, "Clienti", "C", kClienti);
+    ScriviAnagrafiche(tessarc, kFornitoriDemo, "Fornitori", "F", kFornitori);
     libro.PrimoAnno(corrente - 1);
     libro.SecondoAnno(corrente);
+    transazione.Conferma();
   } catch (const ErroreArchivio& e) {
-    return Errore{std::string("la ditta Demo è stata creata, ma senza tutte le registrazioni: ") +
-                  e.what()};
+    return Errore{std::string("la ditta Demo è stata creata, ma senza registrazioni: ") + e.what()};
   }
   ambiente.ChiudiDitta();
   return true;

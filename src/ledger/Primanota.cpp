@@ -222,7 +222,7 @@ void Primanota::Duplica(std::int64_t articolo, int anno) {
   if (io.stato == Stato::Inattiva) Nuovo();
   if (!io.nuova) return;
 
-  Transazione transazione(io.ambiente.Basi());
+  TransazionePrimanota transazione(io.ambiente.Basi(), Transazione::Ambito::SoloLavoro);
   const std::int64_t ultimaPosi = io.righe.empty() ? 0 : io.righe.back().posi;
   // Rows typed before stay, and the model's come after them.
   if (ultimaPosi != 0) io.temp->Esegui("update Movimenti set NumDoc=-1");

@@ -29,7 +29,7 @@ struct LatoTestata {
 bool Primanota::Interno::NumeroOccupato() {
   const std::int64_t numero = testa.Leggi("NumDoc").Intero();
   if (numero == numeroRecord) return false;
-  return ambiente.Esiste("tessarc", "Articoli", {{"Anno", anno}, {"NumDoc", numero}}, "articolo");
+  return ambiente.Esiste("tessarc", "Articoli", {{"NumDoc", numero}, {"Anno", anno}}, "articolo");
 }
 
 std::int64_t Primanota::Interno::ScriviTestata(std::int64_t numero) {
@@ -63,7 +63,7 @@ std::int64_t Primanota::Interno::ScriviTestata(std::int64_t numero) {
 }
 
 std::int64_t Primanota::Interno::ScriviRegistrazione() {
-  Transazione transazione(ambiente.Basi());
+  TransazionePrimanota transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
   std::int64_t numero = testa.Leggi("NumDoc").Intero();
   if (numero == 0) {
     numero = ambiente.Max("NumDoc", "Articoli", {{"Anno", anno}}, tessarc).Intero() + 1;
@@ -137,7 +137,7 @@ bool Primanota::Elimina() {
     return false;
   }
   try {
-    Transazione transazione(io.ambiente.Basi());
+    TransazionePrimanota transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
     io.tessarc.Esegui("delete * from Movimenti where " + Criterio("NumDoc", "=", io.numeroRecord) +
                       " and " + Criterio("anno", "=", io.anno));
     io.allegati.EliminaRighe();

@@ -341,7 +341,7 @@ bool Primanota::Interno::AggiornaContropartite(std::vector<RigaPrimanota>& corre
 
 void Primanota::Interno::SalvaRiga() {
   std::vector<RigaPrimanota> nuove = righe;
-  Transazione transazione(ambiente.Basi());
+  TransazionePrimanota transazione(ambiente.Basi(), Transazione::Ambito::SoloLavoro);
   std::int64_t num = numRiga;
   if (rigaNuova) {
     num = temp->Inserisci(kTabellaRighe, riga.Campi());
@@ -369,7 +369,7 @@ void Primanota::Interno::SalvaRiga() {
 void Primanota::Interno::CancellaRiga() {
   std::vector<RigaPrimanota> nuove = righe;
   TogliRiga(nuove, numRiga);
-  Transazione transazione(ambiente.Basi());
+  TransazionePrimanota transazione(ambiente.Basi(), Transazione::Ambito::SoloLavoro);
   temp->Esegui("delete * from Movimenti where " + Criterio("Num", "=", numRiga));
   if (contropAutomatiche) AggiornaContropartite(nuove);
   const TotaliPrimanota nuoviTotali = SommaRighe(nuove);
@@ -422,7 +422,7 @@ void Primanota::ContropAutomatiche(bool attive) {
   Interno& io = *interno_;
   if (attive && io.stato != Stato::Inattiva && !io.solaLettura) {
     std::vector<RigaPrimanota> nuove = io.righe;
-    Transazione transazione(io.ambiente.Basi());
+    TransazionePrimanota transazione(io.ambiente.Basi(), Transazione::Ambito::SoloLavoro);
     if (io.AggiornaContropartite(nuove)) io.righeModificate = true;
     transazione.Conferma();
     io.righe = std::move(nuove);

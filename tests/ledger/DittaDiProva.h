@@ -1,0 +1,79 @@
+// A company from the model with years in lire and in euro, and the shortest way to write its books.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/session/Ambiente.h"
+#include "core/session/CartellaProva.h"
+#include "core/session/DialoghiFinti.h"
+#include "ledger/Primanota.h"
+
+namespace fenalto::prova {
+
+/// Amount of a text in units: "12.5".
+inline Importo I(const char* testo) {
+  return Importo::DaTesto(testo).value();
+}
+
+inline Data G(int giorno, int mese, int anno) {
+  return Data::DaGma(giorno, mese, anno).value();
+}
+
+/// A row to type: debit above zero, credit below.
+struct RigaDaScrivere {
+  const char* conto;
+  Importo importo;
+  const char* cfp = "P";
+  const char* causale = "001";
+  std::string descrizione = "prova";
+};
+
+/// The program folder with the company "Prova", years 2000 in lire, 2023, 2024 and 2025 in euro.
+/// Today is 15/03/2024 and the selected year 2024.
+class DittaDiProva : public ::testing::Test {
+ protected:
+  DittaDiProva();
+  ~DittaDiProva() override;
+
+  /// A further station on the same company.
+  struct Stazione {
+    Stazione(const std::filesystem::path& programma, const std::string& nome, Data oggi);
+    DialoghiFinti dialoghi;
+    OrologioFinto orologio;
+    CasoFinto caso;
+    std::unique_ptr<Ambiente> ambiente;
+  };
+  std::unique_ptr<Stazione> NuovaStazione(const std::string& nome) const;
+
+  Archivio& Tessarc() { return ambiente.ArchivioDi("tessarc"); }
+  /// Everything that is in the books, row by row, as text.
+  [[nodiscard]] std::string Contenuto() const;
+  /// Messages since the last call.
+  std::vector<std::string> Messaggi();
+  /// The one message since the last call.
+  std::string SoloMessaggio();
+  [[nodiscard]] std::string UltimaDomanda() const;
+
+  /// Types one row and confirms it.
+  static bool Scrivi(Primanota& pn, const RigaDaScrivere& riga);
+  /// A whole new registration; its number, 0 when it was stopped.
+  static std::int64_t Registra(Primanota& pn, const std::vector<RigaDaScrivere>& righe,
+                               Data data = G(15, 3, 2024));
+  /// The same through a Primanota of its own.
+  std::int64_t Registra(const std::vector<RigaDaScrivere>& righe, Data data = G(15, 3, 2024));
+  Valore CampoTestata(std::int64_t numero, const char* campo);
+  std::int64_t NumeroRighe(std::int64_t numero);
+
+  CartellaProva cartella;
+  std::unique_ptr<Stazione> stazione;
+  Ambiente& ambiente;
+  DialoghiFinti& dialoghi;
+};
+
+}  // namespace fenalto::prova

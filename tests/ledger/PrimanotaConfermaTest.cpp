@@ -1,0 +1,206 @@
+// Confirmation and deletion: checks in order, the head, numbers, several stations.
+#include <set>
+#include <thread>
+
+#include "core/sql/Criterio.h"
+#include "ledger/DittaDiProva.h"
+
+namespace fenalto::prova {
+
+class PrimanotaConfermaTest : public DittaDiProva {
+ protected:
+  std::string Testata(std::int64_t numero) {
+    std::string testo;
+    for (const char* campo : {"CFP", "Conto", "CfpA", "ContoA"}) {
+      testo += CampoTestata(numero, campo).Testo() + "|";
+    }
+    return testo;
+  }
+  const std::vector<RigaDaScrivere> giroconto = {{"100.010", I("5")}, {"110.001", I("-5")}};
+};
+
+TEST_F(PrimanotaConfermaTest, ControlliInOrdine) {
+  Registra(giroconto);
+  const std::string prima = Contenuto();
+  Primanota pn(ambiente);
+  EXPECT_FALSE(pn.Conferma());
+  pn.Nuovo();
+  pn.Testa().Scrivi("NumDoc", 1);
+  ASSERT_TRUE(Scrivi(pn, {"100.010", I("5")}));
+  ASSERT_TRUE(pn.PNuovaRiga());
+  for (const auto& azione : {&Primanota::Conferma, &Primanota::Elimina}) {
+    EXPECT_FALSE((pn.*azione)());
+    EXPECT_EQ(SoloMessaggio(), "confermare o annullare prima la riga");
+  }
+  pn.AnnullaRiga();
+  EXPECT_FALSE(pn.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "articolo già esistente: 1, 2024");
+  pn.Testa().Scrivi("NumDoc", 7);
+  EXPECT_FALSE(pn.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "Sbilancio");
+  EXPECT_EQ(Contenuto(), prima);
+  EXPECT_EQ(pn.StatoCorrente(), Primanota::Stato::Aperta);
+  ASSERT_EQ(pn.Righe().size(), 1U);
+  // A difference of a ten-thousandth is one.
+  ASSERT_TRUE(Scrivi(pn, {"110.001", I("-4.9999")}));
+  EXPECT_FALSE(pn.Conferma());
+  ASSERT_TRUE(Scrivi(pn, {"110.001", I("-0.0001")}));
+  Messaggi();
+  ASSERT_TRUE(pn.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "ARTICOLO CONTABILE n. 7\nannotare il numero");
+  EXPECT_EQ(pn.NumeroConfermato(), 7);
+  EXPECT_EQ(pn.StatoCorrente(), Primanota::Stato::Inattiva);
+  EXPECT_TRUE(pn.Righe().empty());
+  EXPECT_EQ(NumeroRighe(7), 3);
+}
+
+TEST_F(PrimanotaConfermaTest, TestataDaiConti) {
+  struct Caso {
+    std::vector<RigaDaScrivere> righe;
+    const char* attesa;
+  };
+  const std::vector<Caso> casi = {
+      {giroconto, "P|100.010|P|110.001|"},
+      {{{"0001", I("5"), "C"}, {"0002", I("-5"), "F"}}, "C|0001|F|0002|"},
+      {{{"100.010", I("2")}, {"100.010", I("3")}, {"110.001", I("-5")}}, "|DIVERSI|P|110.001|"},
+      {{{"100.010", I("0")}, {"100.020", I("6")}, {"110.001", I("-5")}, {"0001", I("-1"), "C"}},
+       "P|100.020||DIVERSI|"},
+      {{}, "||||"},
+  };
+  for (const Caso& caso : casi) EXPECT_EQ(Testata(Registra(caso.righe)), caso.attesa);
+  // The head follows the rows when they change.
+  Primanota pn(ambiente);
+  ASSERT_TRUE(pn.Apri(1));
+  const auto id = CampoTestata(1, "ID").Intero();
+  ASSERT_TRUE(Scrivi(pn, {"100.010", I("5")}));
+  ASSERT_TRUE(Scrivi(pn, {"0001", I("-5"), "F"}));
+  ASSERT_TRUE(pn.Conferma());
+  EXPECT_EQ(Testata(1), "|DIVERSI||DIVERSI|");
+  EXPECT_EQ(NumeroRighe(1), 4);
+  EXPECT_EQ(CampoTestata(1, "ID").Intero(), id);
+}
+
+TEST_F(PrimanotaConfermaTest, Numeri) {
+  EXPECT_EQ(Registra(giroconto), 1);
+  Primanota pn(ambiente);
+  pn.Nuovo();
+  pn.Testa().Scrivi("NumDoc", 10);
+  ASSERT_TRUE(pn.Conferma());
+  // VAT registrations take their numbers from the same row.
+  Tessarc().Inserisci("Articoli", {{"Anno", 2024}, {"NumDoc", 11}, {"Riva", "1"}});
+  Tessarc().Inserisci("Articoli", {{"Anno", 2025}, {"NumDoc", 40}});
+  EXPECT_EQ(Registra(giroconto), 12);
+
+  // A changed number takes the rows along and leaves the old one free.
+  ASSERT_TRUE(pn.Apri(1));
+  pn.Testa().Scrivi("NumDoc", 11);
+  EXPECT_FALSE(pn.Conferma());
+  pn.Testa().Scrivi("NumDoc", 5);
+  ASSERT_TRUE(pn.Conferma());
+  EXPECT_EQ(NumeroRighe(1), 0);
+  EXPECT_EQ(NumeroRighe(5), 2);
+  EXPECT_TRUE(CampoTestata(1, "ID").Nullo());
+
+  // A deleted number comes back only when it was the greatest.
+  const auto elimina = [&](std::int64_t numero) {
+    ASSERT_TRUE(pn.Apri(numero));
+    dialoghi.Rispondera("ARTICOLO CONTABILE", Risposta::Si);
+    ASSERT_TRUE(pn.Elimina());
+    EXPECT_EQ(NumeroRighe(numero), 0);
+    EXPECT_TRUE(CampoTestata(numero, "ID").Nullo());
+    EXPECT_EQ(pn.StatoCorrente(), Primanota::Stato::Inattiva);
+  };
+  elimina(5);
+  EXPECT_EQ(Registra(giroconto), 13);
+  elimina(13);
+  EXPECT_EQ(Registra(giroconto), 13);
+  ASSERT_TRUE(pn.Apri(13));
+  dialoghi.Rispondera("ARTICOLO CONTABILE", Risposta::No);
+  EXPECT_FALSE(pn.Elimina());
+  EXPECT_EQ(UltimaDomanda(),
+            "Conferma eliminazione ARTICOLO CONTABILE ?\n(Attenzione all'annullamento se "
+            "l'articolo è stato generato automaticamente da registrazione su scadenzario o dal "
+            "pagamento di una fattura)");
+  EXPECT_EQ(NumeroRighe(13), 2);
+}
+
+TEST_F(PrimanotaConfermaTest, AnnoInLire) {
+  ASSERT_TRUE(ambiente.ScegliAnno(2000));
+  EXPECT_FALSE(ambiente.Euro());
+  // Decimals stay as typed.
+  const auto numero =
+      Registra({{"100.010", I("1000000.5")}, {"110.001", I("-1000000.5")}}, G(1, 2, 2000));
+  Primanota pn(ambiente);
+  ASSERT_TRUE(pn.Apri(numero));
+  EXPECT_EQ(pn.TotDare(), I("1000000.5"));
+  EXPECT_TRUE(pn.Sbilancio().Zero());
+}
+
+TEST_F(PrimanotaConfermaTest, IlBloccoDiNumerazioneEDiUnAltro) {
+  const auto altra = NuovaStazione("MAGAZZINO");
+  Blocco blocco = altra->ambiente->BloccaTabella("ARTICOLI", false);
+  ASSERT_TRUE(blocco.Tenuto());
+  Primanota pn(ambiente);
+  pn.Nuovo();
+  for (const auto& riga : giroconto) ASSERT_TRUE(Scrivi(pn, riga));
+  std::thread libera([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    blocco.Rilascia();
+  });
+  EXPECT_TRUE(pn.Conferma());
+  libera.join();
+  // It was given back before the number was announced, and nobody holds it now.
+  EXPECT_TRUE(altra->ambiente->BloccaTabella("ARTICOLI", false).Tenuto());
+}
+
+TEST_F(PrimanotaConfermaTest, DueStazioniInsiemeNonPrendonoLoStessoNumero) {
+  constexpr int kQuante = 25;
+  const auto altra = NuovaStazione("MAGAZZINO");
+  std::vector<std::int64_t> numeri[2];
+  const auto lavora = [&](Ambiente& dove, std::vector<std::int64_t>& presi) {
+    Primanota pn(dove);
+    for (int i = 0; i < kQuante; ++i) presi.push_back(Registra(pn, giroconto));
+  };
+  std::thread secondo([&] { lavora(*altra->ambiente, numeri[1]); });
+  lavora(ambiente, numeri[0]);
+  secondo.join();
+  std::set<std::int64_t> insieme(numeri[0].begin(), numeri[0].end());
+  insieme.insert(numeri[1].begin(), numeri[1].end());
+  EXPECT_EQ(insieme.size(), 2U * kQuante);
+  EXPECT_EQ(*insieme.begin(), 1);
+  EXPECT_EQ(*insieme.rbegin(), 2 * kQuante);
+  for (const std::int64_t numero : insieme) EXPECT_EQ(NumeroRighe(numero), 2);
+}
+
+TEST_F(PrimanotaConfermaTest, DuemilaRighe) {
+  constexpr int kRighe = 2000;
+  Primanota pn(ambiente);
+  pn.Nuovo();
+  for (int i = 0; i < kRighe; ++i) {
+    ASSERT_TRUE(Scrivi(pn, {i % 2 == 0 ? "100.010" : "110.001", I(i % 2 == 0 ? "1.01" : "-1.01")}));
+  }
+  EXPECT_EQ(pn.TotDare(), I("1010"));
+  ASSERT_TRUE(pn.Conferma());
+  EXPECT_EQ(NumeroRighe(1), kRighe);
+  ASSERT_TRUE(pn.Apri(1));
+  ASSERT_EQ(pn.Righe().size(), static_cast<std::size_t>(kRighe));
+  EXPECT_TRUE(pn.Righe()[1500].diversiControp);
+  pn.ContropAutomatiche(true);
+  // A new greatest row changes the contra-entry of every row of the other side.
+  ASSERT_TRUE(pn.ApriRiga(pn.Righe()[1000].num));
+  pn.Riga().Scrivi("Conto", "0001");
+  pn.Riga().Scrivi("CFP", "C");
+  pn.Riga().Scrivi("ImpoDare", I("2.01"));
+  ASSERT_TRUE(pn.ConfermaRiga());
+  ASSERT_TRUE(Scrivi(pn, {"110.001", I("-1")}));
+  EXPECT_EQ(pn.Righe()[1].contoControp, "0001");
+  ASSERT_TRUE(pn.Conferma());
+  EXPECT_EQ(NumeroRighe(1), kRighe + 1);
+  EXPECT_EQ(Tessarc()
+                .Singolo("select Count(*) from Movimenti where ContoControp='0001' and "
+                         "CFPControp='C' and ImpoAvere<>0")
+                .Intero(),
+            kRighe / 2 + 1);
+}
+
+}  // namespace fenalto::prova
