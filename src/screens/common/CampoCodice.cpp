@@ -24,7 +24,6 @@ CampoCodice::CampoCodice(const QString& nome, QString tabella, std::shared_ptr<F
   setMaxLength(60);
   etichetta_->setObjectName(nome + QStringLiteral("Descrizione"));
   etichetta_->setTextFormat(Qt::PlainText);
-  etichetta_->setForegroundRole(QPalette::PlaceholderText);
   QString aiuto = tr("F2 elenco");
   if (!tabella_.isEmpty()) aiuto += tr(", F3 archivio");
   setToolTip(aiuto);

@@ -1,5 +1,6 @@
 #include "screens/common/Disposizione.h"
 
+#include <QPalette>
 #include <QPushButton>
 #include <QSet>
 #include <algorithm>
@@ -49,6 +50,16 @@ QPushButton* Pulsante(const QString& nome, const QString& testo, const QString& 
     pulsante->setToolTip(QStringLiteral("%1 (%2)").arg(testo, tasto));
   }
   return pulsante;
+}
+
+void ColoraErrato(QWidget* campo, bool errato) {
+  constexpr int kMezzo = 128;
+  QPalette tavolozza;
+  if (errato) {
+    const bool scuro = campo->palette().color(QPalette::Base).lightness() < kMezzo;
+    tavolozza.setColor(QPalette::Text, scuro ? QColor(255, 120, 120) : QColor(190, 20, 20));
+  }
+  campo->setPalette(tavolozza);
 }
 
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti) {

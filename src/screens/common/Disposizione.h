@@ -18,6 +18,10 @@ void LargoCaratteri(QWidget* campo, int caratteri);
 /// A button with its object name; the tooltip is the caption with `tasto` ("Ins") when not empty.
 QPushButton* Pulsante(const QString& nome, const QString& testo, const QString& tasto = QString());
 
+/// Shows a field's text as wrong, in a red that is read on the palette's own background, or as
+/// usual.
+void ColoraErrato(QWidget* campo, bool errato);
+
 /// Gives each button an Alt letter of its caption that no other of the list and no menu of the main
 /// window has. A button for which none is left goes without.
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti);

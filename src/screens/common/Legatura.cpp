@@ -10,18 +10,13 @@
 #include "core/values/FormatoImporto.h"
 #include "screens/common/Campi.h"
 #include "screens/common/CampoCodice.h"
+#include "screens/common/Disposizione.h"
 
 namespace fenalto {
 namespace {
 
 std::string NomeDi(const QWidget* controllo) {
   return controllo->objectName().toStdString();
-}
-
-void SegnaErrato(QWidget* controllo, bool errato) {
-  QPalette tavolozza;
-  if (errato) tavolozza.setColor(QPalette::Text, QColor(200, 30, 30));
-  controllo->setPalette(tavolozza);
 }
 
 QString TestoDi(const QWidget* controllo) {
@@ -63,7 +58,7 @@ void Legatura::MostraUno(QWidget* controllo) {
   if (!scheda_().Ha(campo)) return;
   const Valore& valore = scheda_().Leggi(campo);
   if (auto* tipizzato = dynamic_cast<CampoValore*>(controllo)) {
-    SegnaErrato(controllo, false);
+    ColoraErrato(controllo, false);
     tipizzato->Mostra(valore);
   } else if (auto* elenco = qobject_cast<QComboBox*>(controllo)) {
     elenco->setCurrentText(QString::fromStdString(valore.Testo()));
@@ -80,7 +75,7 @@ bool Legatura::Rifiuta(QWidget* controllo, const std::string& messaggio) {
   occupata_ = true;
   rifiutato_ = controllo;
   testoRifiutato_ = TestoDi(controllo);
-  SegnaErrato(controllo, true);
+  ColoraErrato(controllo, true);
   dialoghi_.Messaggio(messaggio, Icona::Avviso);
   controllo->setFocus();
   occupata_ = false;

@@ -49,7 +49,6 @@ ElencoRegistrazioni::ElencoRegistrazioni(Ambiente& ambiente, QWidget* genitore)
   cerca_->setClearButtonEnabled(true);
   cerca_->installEventFilter(this);
   stato_->setObjectName(QStringLiteral("StatoRicerca"));
-  stato_->setForegroundRole(QPalette::PlaceholderText);
   // The order is the source's: rows come in pages.
   griglia_->horizontalHeader()->setSectionsClickable(false);
   ripresa_->setSingleShot(true);

@@ -37,12 +37,6 @@ CampoImporto* Totale(const char* nome, int decimali) {
   return campo;
 }
 
-void Colora(QWidget* campo, bool rosso) {
-  QPalette tavolozza;
-  if (rosso) tavolozza.setColor(QPalette::Text, QColor(200, 30, 30));
-  campo->setPalette(tavolozza);
-}
-
 }  // namespace
 
 PaginaRegistrazione::PaginaRegistrazione(Primanota& primanota, Finestre& finestre,
@@ -77,7 +71,6 @@ void PaginaRegistrazione::CreaCampi() {
   data_->setToolTip(tr("15, 1503, 150324 o 15/3: il resto si completa da solo"));
   anno_ = EtichettaDati("AnnoRegistrazione");
   avvisoData_ = EtichettaDati("AvvisoData");
-  avvisoData_->setForegroundRole(QPalette::PlaceholderText);
   automatiche_ = Casella("ContropAutomatiche", tr("contropartite automatiche"));
   duplicabile_ = Casella("Duplicabile", tr("duplicabile"));
   duplicabile_->setToolTip(tr("la registrazione si offre come modello per quelle nuove"));
@@ -267,7 +260,7 @@ void PaginaRegistrazione::MostraTotali() {
   totDare_->Mostra(primanota_.TotDare());
   totAvere_->Mostra(primanota_.TotAvere());
   sbilancio_->Mostra(primanota_.Sbilancio());
-  Colora(sbilancio_, !primanota_.Sbilancio().Zero());
+  ColoraErrato(sbilancio_, !primanota_.Sbilancio().Zero());
 }
 
 void PaginaRegistrazione::Entra() {

@@ -84,7 +84,6 @@ QWidget* PaginaScelta::CreaSelettore() {
   LargoCaratteri(selettore_, kCifre);
   descrizione_->setObjectName(QStringLiteral("Rt1Descrizione"));
   descrizione_->setTextFormat(Qt::PlainText);
-  descrizione_->setForegroundRole(QPalette::PlaceholderText);
   auto* apri = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel numero"));
   disposizione->addWidget(Didascalia(tr("Articolo n."), selettore_));
   disposizione->addWidget(selettore_);

@@ -176,7 +176,6 @@ QFrame* RiquadroRiga::CreaSaldo() {
     valore->setTextInteractionFlags(Qt::TextSelectableByMouse);
     valoriSaldo_[i] = valore;
     auto* didascalia = new QLabel(valori[i].testo);
-    didascalia->setForegroundRole(QPalette::PlaceholderText);
     riga->addWidget(didascalia);
     riga->addWidget(valore);
   }

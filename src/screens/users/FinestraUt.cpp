@@ -118,7 +118,6 @@ QWidget* FinestraUt::Interno::CreaScelta() {
   descrizioneSelettore = new QLabel;
   descrizioneSelettore->setObjectName(QStringLiteral("Rt1Descrizione"));
   descrizioneSelettore->setTextFormat(Qt::PlainText);
-  descrizioneSelettore->setForegroundRole(QPalette::PlaceholderText);
   apri = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel codice"));
   nuovo = Pulsante(QStringLiteral("Nuovo"), tr("Nuovo utente"), tr("Ins"));
   auto* riga = new QHBoxLayout;
@@ -149,11 +148,9 @@ QWidget* FinestraUt::Interno::CreaUtente() {
   livello->setObjectName(QStringLiteral("Livello"));
   for (const auto& voce : kLivelli) livello->addItem(QString::number(voce.livello));
   testoLivello = new QLabel;
-  testoLivello->setForegroundRole(QPalette::PlaceholderText);
   password = CampoPassword("Password");
   password2 = CampoPassword("Password2");
   notaPassword = new QLabel;
-  notaPassword->setForegroundRole(QPalette::PlaceholderText);
   conferma = Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"));
   elimina = Pulsante(QStringLiteral("Elimina"), tr("Elimina"), tr("Ctrl+Canc"));
   annulla = Pulsante(QStringLiteral("Annulla"), tr("Annulla"), tr("Esc"));
