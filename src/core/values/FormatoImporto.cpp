@@ -10,6 +10,7 @@ namespace fenalto {
 namespace {
 
 constexpr std::size_t kDecimali = 4;
+constexpr std::uint64_t kBase = 10;
 constexpr std::size_t kGruppo = 3;
 
 bool Cifra(char c) {
@@ -67,12 +68,15 @@ struct Parti {
   std::string decimali;  ///< always four digits
 };
 
-Parti Scomponi(Importo importo) {
+std::uint64_t Grandezza(Importo importo) {
   const auto valore = static_cast<std::uint64_t>(importo.Decimillesimi());
-  const std::uint64_t grandezza = importo.Negativo() ? 0 - valore : valore;
+  return importo.Negativo() ? 0 - valore : valore;
+}
+
+Parti Scomponi(std::uint64_t grandezza, bool negativo) {
   // The scale added makes a digit before the four, so that leading zeros stay.
   std::string decimali = std::to_string(Importo::kScala + grandezza % Importo::kScala).substr(1);
-  return {importo.Negativo(), grandezza / Importo::kScala, std::move(decimali)};
+  return {negativo, grandezza / Importo::kScala, std::move(decimali)};
 }
 
 bool TuttiZeri(std::string_view cifre) {
@@ -112,7 +116,7 @@ Esito<Importo> LeggiImporto(std::string_view testo) {
 }
 
 std::string ScriviImporto(Importo importo, int decimaliMinimi, bool migliaia) {
-  Parti parti = Scomponi(importo);
+  Parti parti = Scomponi(Grandezza(importo), importo.Negativo());
   const auto minimi = static_cast<std::size_t>(std::clamp(decimaliMinimi, 0, int{kDecimali}));
   const std::size_t ultima = parti.decimali.find_last_not_of('0');
   const std::size_t usati = ultima == std::string::npos ? 0 : ultima + 1;
@@ -124,7 +128,12 @@ std::string ScriviImporto(Importo importo, int decimaliMinimi, bool migliaia) {
 }
 
 std::string ScriviImportoFisso(Importo importo, int decimali, bool migliaia) {
-  Parti parti = Scomponi(importo);
+  const int tenuti = std::clamp(decimali, 0, int{kDecimali});
+  std::uint64_t passo = 1;
+  for (int i = tenuti; i < int{kDecimali}; ++i) passo *= kBase;
+  // The magnitude leaves room for half a step above the greatest amount.
+  const std::uint64_t grandezza = Grandezza(importo);
+  Parti parti = Scomponi((grandezza + passo / 2) / passo * passo, importo.Negativo());
   parti.decimali.resize(static_cast<std::size_t>(std::max(decimali, 0)), '0');
   const bool zero = parti.intera == 0 && TuttiZeri(parti.decimali);
   std::string testo = parti.negativo && !zero ? "-" : "";
@@ -135,15 +144,18 @@ std::string ScriviImportoFisso(Importo importo, int decimali, bool migliaia) {
 
 std::string PictureImporto(Importo importo, int larghezza, bool euro) {
   constexpr int kDecimaliMaschera = 3;
+
   if (larghezza <= 0) return {};
-  const auto posti = static_cast<std::size_t>(larghezza);
+  // The euro mask begins with a blank, which is none of its places.
+  const auto posti = static_cast<std::size_t>(std::min(larghezza, euro ? 15 : 16));
+  const std::string margine(static_cast<std::size_t>(larghezza) - posti, ' ');
   // The end of the mask that a narrow field takes has the comma only from the fourth place on.
   const bool virgola = euro && larghezza > kDecimaliMaschera;
   std::string testo = ScriviImportoFisso(importo, virgola ? kDecimaliMaschera : 0);
   // ",###" has no place for units: their zero is not written.
   if (virgola && larghezza == kDecimaliMaschera + 1 && testo.starts_with("0,")) testo.erase(0, 1);
-  if (testo.size() > posti) return std::string(posti, '*');
-  return std::string(posti - testo.size(), ' ') + testo;
+  if (testo.size() > posti) return margine + std::string(posti, '*');
+  return margine + std::string(posti - testo.size(), ' ') + testo;
 }
 
 }  // namespace fenalto

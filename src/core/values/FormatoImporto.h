@@ -24,16 +24,18 @@ Esito<Importo> LeggiImporto(std::string_view testo);
 /// always read back by LeggiImporto to the same value.
 std::string ScriviImporto(Importo importo, int decimaliMinimi, bool migliaia = true);
 
-/// Writes with exactly `decimali` decimals, cut towards zero, for fixed pictures on paper and
-/// panels: five decimals or more end in zeros, and what is cut to zero loses its minus.
+/// Writes with exactly `decimali` decimals, rounded to the nearest, halves away from zero, for
+/// fixed pictures on paper and panels: five decimals or more end in zeros, and what is rounded to
+/// zero loses its minus.
 std::string ScriviImportoFisso(Importo importo, int decimali, bool migliaia = true);
 
 /// The amount picture of a panel or a report: right-aligned in `larghezza` characters with
-/// thousands marks, three decimals in euro and none in lire, further decimals cut. It is the mask
-/// " ###.###.###,###" (euro) or "###.###.###.###," (lire, whose comma does not print), padded with
-/// blanks on the left when the field is wider than the mask; a narrower field takes the end of the
-/// mask, so that three characters or fewer in euro show whole units and four only the decimals. The
-/// minus stands directly before the number. A number too long fills the field with asterisks.
+/// thousands marks, three decimals in euro and none in lire, further decimals rounded. It is the
+/// mask " ###.###.###,###" (euro) or "###.###.###.###," (lire, whose comma does not print but keeps
+/// its place), padded with blanks on the left when the field is wider than the mask; a narrower
+/// field takes the end of the mask, so that three characters or fewer in euro show whole units and
+/// four only the decimals. The minus stands directly before the number. A number too long fills the
+/// picture with asterisks.
 std::string PictureImporto(Importo importo, int larghezza, bool euro);
 
 }  // namespace fenalto
