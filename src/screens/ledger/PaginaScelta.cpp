@@ -142,7 +142,7 @@ QGroupBox* PaginaScelta::CreaModi() {
 
 QGroupBox* PaginaScelta::CreaModelli() {
   auto* riquadro =
-      new QGroupBox(tr("Registrazioni duplicabili: doppio clic per prendere le righe"));
+      new QGroupBox(tr("Registrazioni duplicabili: doppio clic o Invio per prendere le righe"));
   riquadro->setObjectName(QStringLiteral("FrameDupl"));
   modelli_ = new Griglia(QStringLiteral("GridArtDup"), QStringLiteral("Movimenti"),
                          {{tr("Articolo"), Tipo::Intero, 70},

@@ -27,9 +27,9 @@ struct LivelloUtente {
   const char* testo;
 };
 constexpr LivelloUtente kLivelli[] = {
-    {99, "99: tutte le funzioni"},
-    {50, "50: tutto, tranne la contabilità"},
-    {30, "30: solo movimenti di magazzino e ordini a fornitori"},
+    {99, "tutte le funzioni"},
+    {50, "tutto, tranne la contabilità"},
+    {30, "solo movimenti di magazzino e ordini a fornitori"},
 };
 
 QLineEdit* CampoPassword(const char* nome) {
@@ -147,7 +147,7 @@ QWidget* FinestraUt::Interno::CreaUtente() {
   livello = new QComboBox;
   livello->setObjectName(QStringLiteral("Livello"));
   for (const auto& voce : kLivelli) livello->addItem(QString::number(voce.livello));
-  testoLivello = new QLabel;
+  testoLivello = new QLabel(QString::fromUtf8(kLivelli[0].testo));
   password = CampoPassword("Password");
   password2 = CampoPassword("Password2");
   notaPassword = new QLabel;
@@ -178,8 +178,10 @@ QGridLayout* FinestraUt::Interno::DisponiUtente() {
   disposizione->addWidget(Didascalia(tr("Descrizione"), descrizione), 1, 0);
   disposizione->addWidget(descrizione, 1, 1, 1, 2);
   disposizione->addWidget(Didascalia(tr("Livello"), livello), 2, 0);
-  disposizione->addWidget(livello, 2, 1, Qt::AlignLeft);
-  disposizione->addWidget(testoLivello, 2, 2);
+  auto* rigaLivello = new QHBoxLayout;
+  rigaLivello->addWidget(livello);
+  rigaLivello->addWidget(testoLivello, 1);
+  disposizione->addLayout(rigaLivello, 2, 1, 1, 2);
   disposizione->addWidget(Didascalia(tr("Password"), password), 3, 0);
   disposizione->addWidget(password, 3, 1);
   disposizione->addWidget(notaPassword, 3, 2);
@@ -201,7 +203,7 @@ void FinestraUt::Interno::Collega() {
   connect(elimina, &QPushButton::clicked, f, [this] { Elimina(); });
   connect(annulla, &QPushButton::clicked, f, [this] { Lascia(); });
   connect(livello, &QComboBox::currentIndexChanged, f, [this](int indice) {
-    testoLivello->setText(QString::fromUtf8(kLivelli[std::max(0, indice)].testo).mid(4));
+    testoLivello->setText(QString::fromUtf8(kLivelli[std::max(0, indice)].testo));
   });
   connect(schede, &QTabWidget::currentChanged, f, [this](int indice) {
     if (girando || indice != kScelta || !Aperto()) return;
