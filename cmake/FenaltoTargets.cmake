@@ -5,8 +5,8 @@ target_compile_options(
   fenalto_warnings
   INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
             -Woverloaded-virtual -Wold-style-cast -Wimplicit-fallthrough -Werror
-            # g++ 12 at -O3 sees overlaps in additions of texts that have none.
-            -Wno-restrict)
+            # g++ 12 sees overlaps and overflows in additions of texts that have none.
+            -Wno-restrict -Wno-stringop-overflow)
 
 if(FENALTO_SANITIZE)
   # g++ 12 sees uninitialised optionals and variants in instrumented code that has none.

@@ -5,17 +5,24 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
 #include <stdexcept>
 
 #include "core/sql/Motore.h"
+#include "core/store/NucleoBasi.h"
 
 namespace fenalto {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kAttesaMotore = 10'000;  // ms for another station's commit
+// For other stations' commits; long, since one that works without a pause leaves few gaps.
+constexpr auto kAttesaCopia = std::chrono::seconds(60);
 constexpr int kFirmaArchivio = 0x46656E61;
+constexpr const char* kEstensioneLavoro = ".tmp";  // of a folder in which a copy is being made
 
 /// What went wrong, on its way to the one place where it becomes the caller's error.
 class CopiaFallita : public std::runtime_error {
@@ -33,8 +40,13 @@ class Connessione {
       sqlite3_close(motore_);
       throw CopiaFallita("non si apre " + file.string() + ": " + motivo);
     }
-    sqlite3_busy_timeout(motore_, kAttesaMotore);
-    RegistraMotore(motore_);
+    attesa_.Installa(motore_);
+    try {
+      RegistraMotore(motore_);
+    } catch (...) {
+      sqlite3_close(motore_);
+      throw;
+    }
   }
   ~Connessione() { sqlite3_close(motore_); }
   Connessione(const Connessione&) = delete;
@@ -63,6 +75,7 @@ class Connessione {
 
  private:
   fs::path file_;
+  AttesaArchivio attesa_{kAttesaCopia};
   sqlite3* motore_ = nullptr;
 };
 
@@ -75,16 +88,23 @@ std::string Citato(const std::string& testo) {
   return citato + "'";
 }
 
+/// Waits until a file or folder is on the disk.
 void Sincronizza(const fs::path& percorso) {
   const int descrittore = open(percorso.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descrittore < 0) return;
-  fsync(descrittore);
-  close(descrittore);
+  const bool riuscita = descrittore >= 0 && fsync(descrittore) == 0;
+  const int motivo = errno;
+  if (descrittore >= 0) close(descrittore);
+  // Shares that can't synchronise a folder say so with EINVAL.
+  if (!riuscita && motivo != EINVAL) {
+    throw CopiaFallita(percorso.string() + " non arriva al disco: " + std::strerror(motivo));
+  }
 }
 
 /// Copies one schema of a connection, all pages at once, into a new file.
 void CopiaPagine(Connessione& origine, const char* schema, const fs::path& destinazione) {
   Connessione copia(destinazione, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  // Writers wait meanwhile: synchronising comes after, and a copy that fails is thrown away.
+  copia.Esegui("PRAGMA synchronous = OFF; PRAGMA journal_mode = OFF");
   sqlite3_backup* lavoro = sqlite3_backup_init(copia.Motore(), "main", origine.Motore(), schema);
   if (lavoro == nullptr) copia.Fallisci();
   const int esito = sqlite3_backup_step(lavoro, -1);
@@ -108,9 +128,21 @@ void ControllaArchivio(const fs::path& file) {
   }
 }
 
+/// Removes all but the newest copies, and what copies that were killed left behind. What can't be
+/// removed now will be another day.
 void TieniUltime(const fs::path& cartella) {
+  std::error_code ignorato;
   const auto copie = CopieEsistenti(cartella);
-  for (std::size_t i = kCopieTenute; i < copie.size(); ++i) fs::remove_all(copie[i]);
+  for (std::size_t i = kCopieTenute; i < copie.size(); ++i) fs::remove_all(copie[i], ignorato);
+  const auto ieri = fs::file_time_type::clock::now() - std::chrono::hours(24);
+  std::vector<fs::path> resti;
+  for (const auto& voce : fs::directory_iterator(cartella, ignorato)) {
+    const fs::path& resto = voce.path();
+    if (resto.extension() == kEstensioneLavoro && voce.last_write_time(ignorato) < ieri) {
+      resti.push_back(resto);
+    }
+  }
+  for (const fs::path& resto : resti) fs::remove_all(resto, ignorato);
 }
 
 std::string Giornale(const fs::path& archivio) {
@@ -121,7 +153,7 @@ std::string Giornale(const fs::path& archivio) {
 
 bool CopiaDovuta(const fs::path& cartella, Data oggi) {
   std::error_code errore;
-  return !fs::exists(cartella / oggi.Iso(), errore);
+  return !fs::is_directory(cartella / oggi.Iso(), errore);
 }
 
 std::vector<fs::path> CopieEsistenti(const fs::path& cartella) {
@@ -138,10 +170,12 @@ std::vector<fs::path> CopieEsistenti(const fs::path& cartella) {
 
 Esito<fs::path> EseguiCopia(const PercorsiArchivi& percorsi, const fs::path& cartella, Data oggi) {
   // One name a process: two stations that copy at once don't meet in one folder.
-  const fs::path lavoro = cartella / ("." + oggi.Iso() + "-" + std::to_string(getpid()) + ".tmp");
+  const fs::path lavoro =
+      cartella / ("." + oggi.Iso() + "-" + std::to_string(getpid()) + kEstensioneLavoro);
   const fs::path finale = cartella / oggi.Iso();
   try {
     fs::create_directories(cartella);
+    if (fs::is_directory(finale)) return finale;
     fs::remove_all(lavoro);
     fs::create_directory(lavoro);
     const fs::path tessarc = lavoro / percorsi.tessarc.filename();
@@ -162,11 +196,13 @@ Esito<fs::path> EseguiCopia(const PercorsiArchivi& percorsi, const fs::path& car
       Sincronizza(copia);
     }
     Sincronizza(lavoro);
-    if (fs::exists(finale)) {
+    std::error_code rinomina;
+    fs::rename(lavoro, finale, rinomina);
+    if (rinomina && fs::is_directory(finale)) {
       fs::remove_all(lavoro);  // another station was quicker
-      return finale;
+    } else if (rinomina) {
+      throw CopiaFallita(finale.string() + " non si può creare: " + rinomina.message());
     }
-    fs::rename(lavoro, finale);
     Sincronizza(cartella);
     TieniUltime(cartella);
     return finale;
@@ -180,31 +216,49 @@ Esito<fs::path> EseguiCopia(const PercorsiArchivi& percorsi, const fs::path& car
 }
 
 Esito<bool> RipristinaCopia(const fs::path& copia, const PercorsiArchivi& percorsi) {
-  const std::pair<fs::path, fs::path> coppie[] = {
-      {copia / percorsi.tessarc.filename(), percorsi.tessarc},
-      {copia / percorsi.scadenzario.filename(), percorsi.scadenzario}};
+  struct DaRimettere {
+    fs::path copia;
+    fs::path archivio;
+    bool messoVia = false;
+    bool giornaleVia = false;
+    bool rimesso = false;
+  };
+  std::array<DaRimettere, 2> coppie = {
+      DaRimettere{copia / percorsi.tessarc.filename(), percorsi.tessarc},
+      DaRimettere{copia / percorsi.scadenzario.filename(), percorsi.scadenzario}};
+  const auto nuovo = [](const DaRimettere& c) { return c.archivio.string() + ".nuovo"; };
+  const auto prima = [](const DaRimettere& c) { return c.archivio.string() + ".prima"; };
   try {
     // Everything that can fail on the copy's side is tried before anything is replaced.
-    for (const auto& [da, a] : coppie) {
-      ControllaArchivio(da);
-      fs::copy_file(da, a.string() + ".nuovo", fs::copy_options::overwrite_existing);
-      Sincronizza(a.string() + ".nuovo");
+    for (const DaRimettere& c : coppie) {
+      ControllaArchivio(c.copia);
+      fs::copy_file(c.copia, nuovo(c), fs::copy_options::overwrite_existing);
+      Sincronizza(nuovo(c));
     }
-    for (const auto& [da, a] : coppie) {
-      std::error_code ignorato;
-      if (fs::exists(a)) fs::rename(a, a.string() + ".prima");
-      fs::remove(Giornale(a), ignorato);
+    for (DaRimettere& c : coppie) {
+      // The journal goes with its database: the new one mustn't find it.
+      fs::remove(Giornale(prima(c)));
+      if (fs::exists(Giornale(c.archivio))) {
+        fs::rename(Giornale(c.archivio), Giornale(prima(c)));
+        c.giornaleVia = true;
+      }
+      if (!fs::exists(c.archivio)) continue;
+      fs::rename(c.archivio, prima(c));
+      c.messoVia = true;
     }
-    for (const auto& [da, a] : coppie) fs::rename(a.string() + ".nuovo", a);
-    Sincronizza(percorsi.tessarc.parent_path());
+    for (DaRimettere& c : coppie) {
+      fs::rename(nuovo(c), c.archivio);
+      c.rimesso = true;
+    }
+    for (const DaRimettere& c : coppie) Sincronizza(fs::absolute(c.archivio).parent_path());
     return true;
   } catch (const std::exception& errore) {
+    // Both as they were: one of each instant would be worse than either.
     std::error_code ignorato;
-    for (const auto& [da, a] : coppie) {
-      fs::remove(a.string() + ".nuovo", ignorato);
-      if (!fs::exists(a, ignorato) && fs::exists(a.string() + ".prima", ignorato)) {
-        fs::rename(a.string() + ".prima", a, ignorato);
-      }
+    for (const DaRimettere& c : coppie) {
+      fs::remove(c.rimesso ? c.archivio : fs::path(nuovo(c)), ignorato);
+      if (c.messoVia) fs::rename(prima(c), c.archivio, ignorato);
+      if (c.giornaleVia) fs::rename(Giornale(prima(c)), Giornale(c.archivio), ignorato);
     }
     return Errore{"Il ripristino da " + copia.string() + " non è riuscito: " + errore.what()};
   }
