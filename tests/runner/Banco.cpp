@@ -2,27 +2,36 @@
 
 #include <QApplication>
 #include <QSettings>
-#include <QStandardPaths>
+#include <array>
 
 #include "runner/Eventi.h"
 
 namespace fenalto::copione {
 namespace {
 
-QApplication& ApplicazioneQt() {
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  static int argc = 1;
-  static char nome[] = "banco";
-  static char* argv[] = {nome, nullptr};
-  static QApplication applicazione(argc, argv);
-  return applicazione;
-}
+/// The toolkit, up for all tests and down before the process ends.
+class AmbienteQt : public ::testing::Environment {
+ public:
+  void SetUp() override {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    applicazione_ = std::make_unique<QApplication>(argc_, argv_.data());
+    QApplication::setQuitOnLastWindowClosed(false);
+  }
+  void TearDown() override { applicazione_.reset(); }
+
+ private:
+  std::string nome_ = "banco";
+  std::array<char*, 2> argv_{nome_.data(), nullptr};
+  int argc_ = 1;
+  std::unique_ptr<QApplication> applicazione_;
+};
+
+const auto* const kAmbienteQt = ::testing::AddGlobalTestEnvironment(new AmbienteQt);
 
 }  // namespace
 
 void Banco::SetUp() {
-  ApplicazioneQt();
-  QApplication::setQuitOnLastWindowClosed(false);
+  ASSERT_NE(kAmbienteQt, nullptr);
   cartella = std::make_unique<CartellaProvvisoria>();
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                      Qs((cartella->Percorso() / "impostazioni").string()));

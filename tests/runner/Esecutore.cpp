@@ -8,8 +8,6 @@
 namespace fenalto::copione {
 namespace {
 
-constexpr std::int64_t kLimite = 60'000;  // ms that a command may take
-
 class Esecuzione {
  public:
   Esecuzione(const OpzioniEsecuzione& opzioni, Segnalibro& segno)
@@ -61,7 +59,6 @@ class Esecuzione {
     const std::string senzaRisposta = programma_.dialoghi.PrendiGuasto();
     guasto_ = !senzaRisposta.empty();
     if (guasto_) motivo = senzaRisposta;
-    segno_.Finisci();
     if (motivo.empty()) return true;
     Riferisci(comando.Luogo(), comando.nome, motivo);
     return false;

@@ -25,6 +25,8 @@ struct OpzioniEsecuzione {
 /// Company and year that every copione opens.
 inline constexpr const char* kDitta = "Prova";
 inline constexpr int kAnno = 2024;
+/// Milliseconds that a command may take.
+inline constexpr std::int64_t kLimite = 60'000;
 
 /// Runs a copione from its first command to the end and prints its failures. Needs a QApplication.
 /// True when all held.

@@ -1,5 +1,6 @@
 #include "runner/Programma.h"
 
+#include <QTimer>
 #include <algorithm>
 
 #include "core/values/Testo.h"
@@ -7,6 +8,20 @@
 #include "runner/Fallimento.h"
 
 namespace fenalto::copione {
+namespace {
+
+/// Longest wait of a window before it does what was asked (a search while typing).
+constexpr int kRimandato = 1'000;  // ms
+
+/// A window waits a moment before it goes on: that is work under way, too.
+bool HaLavoroRimandato(const QWidget& principale) {
+  const auto attese = principale.findChildren<QTimer*>();
+  return std::any_of(attese.begin(), attese.end(), [](const QTimer* attesa) {
+    return attesa->isActive() && attesa->isSingleShot() && attesa->interval() <= kRimandato;
+  });
+}
+
+}  // namespace
 
 Programma::Programma(OpzioniAmbiente opzioni, std::string ditta, int anno)
     : opzioni_(std::move(opzioni)), ditta_(std::move(ditta)), anno_(anno) {}
@@ -166,6 +181,7 @@ Applicazione& Programma::App() {
 
 bool Programma::Occupato() {
   if (dialoghi.Lavori() > 0) return true;
+  if (app_ && HaLavoroRimandato(app_->Principale())) return true;
   return app_ && app_->Sessione().DittaAperta() && app_->Sessione().Basi().InTransazione();
 }
 

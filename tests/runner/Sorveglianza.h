@@ -13,13 +13,12 @@ namespace fenalto::copione {
 struct Segnalibro {
   static constexpr std::size_t kLuogo = 1024;
   static constexpr std::size_t kComando = 32;
-  std::atomic<std::int64_t> scadenza{0};  ///< ms of the steady clock; 0 while no command runs
+  std::atomic<std::int64_t> scadenza{0};  ///< ms of the steady clock; 0 before the first command
   char luogo[kLuogo] = {};
   char comando[kComando] = {};
 
-  /// A command begins and must have ended at `fine`.
+  /// A command begins; the next one, or the end of the process, must come before `fine`.
   void Comincia(const std::string& dove, const std::string& quale, std::int64_t fine);
-  void Finisci() { scadenza.store(0); }
 };
 
 /// Milliseconds of the steady clock.

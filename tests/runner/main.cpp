@@ -79,6 +79,7 @@ void AvvisoQt(QtMsgType, const QMessageLogContext&, const QString& testo) {
 /// The work of the process that one copione has for itself.
 int Lavora(const Copione& copione, const OpzioniEsecuzione& opzioni,
            const std::filesystem::path& privata, Segnalibro& segno) {
+  segno.Comincia(copione.file + ":1", "avvio", AdessoMs() + kLimite);
   Isola(privata);
   qInstallMessageHandler(AvvisoQt);
   int argc = 1;
