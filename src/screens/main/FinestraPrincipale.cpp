@@ -11,6 +11,7 @@
 #include <QSettings>
 #include <QStatusBar>
 #include <QToolBar>
+#include <algorithm>
 
 #include "screens/main/CercaFunzione.h"
 #include "screens/main/Sfondo.h"
@@ -20,6 +21,14 @@ namespace {
 
 QString Qs(const std::string& testo) {
   return QString::fromStdString(testo);
+}
+
+/// A remembered place, brought inside the area that there is now.
+QRect Dentro(const QRect& posto, const QRect& area) {
+  QRect dentro(posto.topLeft(), posto.size().boundedTo(area.size()));
+  dentro.moveLeft(std::clamp(dentro.left(), 0, area.width() - dentro.width()));
+  dentro.moveTop(std::clamp(dentro.top(), 0, area.height() - dentro.height()));
+  return dentro;
 }
 
 /// The busy pointer while in scope.
@@ -46,6 +55,7 @@ FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costrutto
   CreaBarra();
   CreaMenu();
   resize(1280, 720);
+  restoreGeometry(QSettings().value(QStringLiteral("finestre/Principale")).toByteArray());
 }
 
 FinestraPrincipale::~FinestraPrincipale() {
@@ -209,11 +219,19 @@ FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello) {
   cornice->setObjectName(QStringLiteral("Cornice") + nome);
   cornice->setAttribute(Qt::WA_DeleteOnClose);
   cornice->setWindowIcon(windowIcon());
-  const QByteArray posto = QSettings().value(QStringLiteral("finestre/%1").arg(nome)).toByteArray();
-  if (posto.isEmpty() || !cornice->restoreGeometry(posto)) {
-    cornice->resize(finestra->sizeHint().expandedTo(QSize(1180, 640)).boundedTo(area_->size()));
+  const QSettings memoria;
+  const QRect area = area_->viewport()->rect();
+  const QRect posto = memoria.value(QStringLiteral("finestre/%1").arg(nome)).toRect();
+  if (posto.isValid()) {
+    cornice->setGeometry(Dentro(posto, area));
+  } else {
+    cornice->resize(finestra->sizeHint().expandedTo(QSize(1180, 640)).boundedTo(area.size()));
   }
-  cornice->show();
+  if (memoria.value(QStringLiteral("finestre/%1/massima").arg(nome)).toBool()) {
+    cornice->showMaximized();
+  } else {
+    cornice->show();
+  }
   PortaAvanti(*finestra);
   return finestra;
 }
@@ -263,8 +281,11 @@ bool FinestraPrincipale::ControlloUscita(FinestraFunzione& finestra) {
 
 void FinestraPrincipale::ChiudiFinestra(FinestraFunzione& finestra) {
   if (auto* cornice = qobject_cast<QMdiSubWindow*>(finestra.parentWidget())) {
-    QSettings().setValue(QStringLiteral("finestre/%1").arg(finestra.Nome()),
-                         cornice->saveGeometry());
+    QSettings memoria;
+    const QString chiave = QStringLiteral("finestre/%1").arg(finestra.Nome());
+    const bool massima = cornice->isMaximized();
+    memoria.setValue(chiave + QStringLiteral("/massima"), massima);
+    if (!massima && !cornice->isMinimized()) memoria.setValue(chiave, cornice->geometry());
   }
 }
 
