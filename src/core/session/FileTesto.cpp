@@ -16,6 +16,26 @@ namespace fenalto {
 
 namespace fs = std::filesystem;
 
+std::string MotivoDiSistema(int numero) {
+  switch (numero) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return "permesso negato o cartella in sola lettura: controllare i permessi";
+    case ENOENT:
+    case ENOTDIR:
+      return "la cartella non esiste";
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return "disco pieno: liberare spazio e riprovare";
+    case EISDIR:
+      return "è una cartella";
+    default:
+      return std::generic_category().message(numero);
+  }
+}
+
 namespace {
 
 constexpr mode_t kPermessiNuovo = 0664;
@@ -38,27 +58,8 @@ class Descrittore {
   int n_;
 };
 
-std::string Motivo(int numero) {
-  switch (numero) {
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return "permesso negato o cartella in sola lettura: controllare i permessi";
-    case ENOENT:
-    case ENOTDIR:
-      return "la cartella non esiste";
-    case ENOSPC:
-    case EDQUOT:
-      return "disco pieno: liberare spazio e riprovare";
-    case EISDIR:
-      return "è una cartella";
-    default:
-      return std::generic_category().message(numero);
-  }
-}
-
 Errore ErroreSu(const char* azione, const fs::path& file, int numero) {
-  return {"impossibile " + std::string(azione) + " «" + file.string() + "»: " + Motivo(numero)};
+  return {"impossibile " + std::string(azione) + " «" + file.string() + "»: " + MotivoDiSistema(numero)};
 }
 
 /// The file behind a symbolic link, so that the link isn't replaced by a file.

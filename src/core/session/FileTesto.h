@@ -25,6 +25,9 @@ Esito<std::string> LeggiFileTesto(const std::filesystem::path& percorso);
 /// with BloccoFile.
 Esito<bool> ScriviFileTesto(const std::filesystem::path& percorso, std::string_view testo);
 
+/// Why the system refused (an errno), in Italian, and what to do where there is something to do.
+std::string MotivoDiSistema(int numero);
+
 /// The bytes as UTF-8: as they are when valid, otherwise read as Latin-1.
 std::string ComeUtf8(std::string_view byte);
 

@@ -1,0 +1,79 @@
+#include "core/reports/TestoStampato.h"
+
+#include <algorithm>
+
+#include "core/values/FormatoImporto.h"
+#include "core/values/Lettere.h"
+
+namespace fenalto {
+
+namespace {
+
+constexpr char32_t kSostituto = 0xFFFD;
+
+bool AsciiStampabile(char c) {
+  return c >= ' ' && c <= '~';
+}
+
+/// Control characters, and the separators of lines and paragraphs that move the carriage too.
+bool Controllo(char32_t c) {
+  constexpr char32_t kFineAscii = 0x7F;
+  constexpr char32_t kFineC1 = 0x9F;
+  return c < U' ' || (c >= kFineAscii && c <= kFineC1) || c == 0x2028 || c == 0x2029;
+}
+
+}  // namespace
+
+std::string TestoStampato(const Valore& valore) {
+  switch (valore.Tipo()) {
+    case Tipo::Booleano:
+      return valore.Booleano() ? "Sì" : "No";
+    case Tipo::Importo:
+      return ScriviImporto(valore.Importo(), 0, false);
+    case Tipo::Data:
+      return valore.Data().Testo();
+    case Tipo::Reale: {
+      std::string testo = valore.Neutro();
+      std::ranges::replace(testo, '.', ',');
+      return testo;
+    }
+    case Tipo::Nullo:
+    case Tipo::Intero:
+    case Tipo::Testo:
+      break;
+  }
+  return valore.Neutro();
+}
+
+std::size_t AccodaPulito(std::string& riga, std::string_view testo, std::size_t massimo) {
+  std::size_t quanti = 0;
+  while (!testo.empty() && quanti < massimo) {
+    // Plain runs in one go: most text is.
+    const std::string_view resto = testo.substr(0, massimo - quanti);
+    const auto fine = std::ranges::find_if_not(resto, AsciiStampabile);
+    if (const auto n = static_cast<std::size_t>(fine - resto.begin()); n > 0) {
+      riga.append(resto.substr(0, n));
+      testo.remove_prefix(n);
+      quanti += n;
+      continue;
+    }
+    const lettere::Unita unita = lettere::Leggi(testo);
+    if (!unita.valida) {
+      lettere::Accoda(riga, kSostituto, true);
+    } else if (Controllo(unita.carattere)) {
+      riga += ' ';
+    } else {
+      riga.append(testo.substr(0, unita.byte));
+    }
+    testo.remove_prefix(unita.byte);
+    ++quanti;
+  }
+  return quanti;
+}
+
+bool Numerico(const Valore& valore) {
+  const Tipo tipo = valore.Tipo();
+  return tipo == Tipo::Intero || tipo == Tipo::Importo || tipo == Tipo::Reale;
+}
+
+}  // namespace fenalto

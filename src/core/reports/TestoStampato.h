@@ -1,0 +1,25 @@
+// Values as plain text on paper.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "core/values/Valore.h"
+
+namespace fenalto {
+
+/// A value as a reader expects it where no picture says how: dates gg/mm/aaaa, amounts with a comma
+/// and the decimals they have, no marks of thousands, yes-no as "Sì" and "No", Null and the null
+/// date as nothing.
+std::string TestoStampato(const Valore& valore);
+
+/// Appends at most `massimo` characters, control characters as blanks and bytes that are no
+/// character as U+FFFD; gives how many characters were appended.
+std::size_t AccodaPulito(std::string& riga, std::string_view testo,
+                         std::size_t massimo = std::string_view::npos);
+
+/// Whether the value is a number, which must not be cut.
+[[nodiscard]] bool Numerico(const Valore& valore);
+
+}  // namespace fenalto
