@@ -126,10 +126,13 @@ class LibroDemo {
   void Scegli(int anno);
   void Anno(int anno);
   void Mese(int anno, int mese);
-  void Personale(int mese, Data paga, Data f24, Data stipendi);
-  void Corrispettivi(int mese, Data data);
-  void PartiteAperte(int mese, Data incasso, Data pagamento);
-  void Trimestre(int mese, Data data);
+  void PagaPersonale(Data data);
+  void VersaF24(const std::string& mese, Data data);
+  void Stipendi(const std::string& mese, Data data, std::string_view modello);
+  void Corrispettivi(const std::string& mese, Data data);
+  /// Two customers pay, or two suppliers are paid, what is open.
+  void PartiteAperte(const std::string& cfp, Data data);
+  void Trimestre(const std::string& testo, const std::array<Data, 3>& giorni);
   void FineAnno(int anno);
 
   [[nodiscard]] Importo Saldo(const std::string& cfp, std::string_view conto) const {
@@ -249,71 +252,78 @@ void LibroDemo::Mese(int anno, int mese) {
            {Conto("550.001", affitto, "Affitto magazzino " + nome),
             Conto(kBanca, -affitto, "Affitto magazzino " + nome)},
            mese == 1 ? "Affitto magazzino" : "");
-  Personale(mese, giorno(10), giorno(16), giorno(27));
+  PagaPersonale(giorno(10));
   if (anno == primoAnno_ && mese == 2) {
     const std::string testo = "Versamento soci in conto capitale";
     Registra(giorno(12), "046",
              {Conto(kBanca, Importo::DaUnita(10'000), testo),
               Conto("300.004", Importo::DaUnita(-10'000), testo)});
   }
-  PartiteAperte(mese, giorno(13), giorno(20));
-  Corrispettivi(mese, giorno(18));
-  if (mese % 3 == 0) Trimestre(mese, giorno(25));
+  if (mese % 2 == 1) PartiteAperte("C", giorno(13));
+  VersaF24(nome, giorno(16));
+  Corrispettivi(nome, giorno(18));
+  if (mese % 2 == 0) PartiteAperte("F", giorno(20));
+  if (mese % 3 == 0) {
+    Trimestre(std::to_string(mese / 3) + "° trimestre", {giorno(25), giorno(26), giorno(27)});
+  }
+  Stipendi(nome, giorno(28), mese == 1 ? "Stipendi del mese" : "");
 }
 
-void LibroDemo::Personale(int mese, Data paga, Data f24, Data stipendi) {
-  const std::string nome(kMesi[static_cast<std::size_t>(mese - 1)]);
-  if (const Importo netti = Saldo("P", kDipendenti); !netti.Zero()) {
-    Registra(paga, "022",
-             {Conto(kDipendenti, -netti, "Pagamento stipendi"),
-              Conto(kBanca, netti, "Pagamento stipendi")});
-  }
+void LibroDemo::PagaPersonale(Data data) {
+  const Importo netti = Saldo("P", kDipendenti);
+  if (netti.Zero()) return;
+  Registra(data, "022",
+           {Conto(kDipendenti, -netti, "Pagamento stipendi"),
+            Conto(kBanca, netti, "Pagamento stipendi")});
+}
+
+void LibroDemo::VersaF24(const std::string& mese, Data data) {
   std::vector<RigaDemo> righe;
   Importo totale;
   for (const std::string_view conto : {kRitenute, kInps, kErarioIva}) {
     const Importo debito = Saldo("P", conto);
     if (!debito.Negativo()) continue;
-    righe.push_back(Conto(conto, -debito, "Versamento F24 " + nome));
+    righe.push_back(Conto(conto, -debito, "Versamento F24 " + mese));
     totale += debito;
   }
-  if (!righe.empty()) {
-    righe.push_back(Conto(kBanca, totale, "Versamento F24 " + nome));
-    Registra(f24, "023", righe);
-  }
+  if (righe.empty()) return;
+  righe.push_back(Conto(kBanca, totale, "Versamento F24 " + mese));
+  Registra(data, "023", righe);
+}
+
+void LibroDemo::Stipendi(const std::string& mese, Data data, std::string_view modello) {
   const Importo lordi = generatore_.Euro(2'900, 3'200);
   const Importo contributi = lordi.Percento(Importo::DaUnita(29));
   const Importo trattenute = lordi.Percento(Importo::DaUnita(9));
   const Importo ritenute = lordi.Percento(Importo::DaUnita(14));
   const auto centesimi = [](Importo i) { return Arrotonda(i, 2, ModoArrotonda::Vicino); };
   const Importo inps = centesimi(contributi) + centesimi(trattenute);
-  const std::string testo = "Stipendi " + nome;
-  Registra(stipendi, "020",
+  const std::string testo = "Stipendi " + mese;
+  Registra(data, "020",
            {Conto("560.001", lordi, testo), Conto("560.002", centesimi(contributi), testo),
             Conto(kInps, -inps, testo), Conto(kRitenute, -centesimi(ritenute), testo),
             Conto(kDipendenti, centesimi(trattenute) + centesimi(ritenute) - lordi, testo)},
-           mese == 1 ? "Stipendi del mese" : "");
+           modello);
 }
 
-void LibroDemo::Corrispettivi(int mese, Data data) {
+void LibroDemo::Corrispettivi(const std::string& mese, Data data) {
   const Importo netto = generatore_.Euro(5'600, 8'400);
   const Importo iva = CalcolaIva(netto, Importo::DaUnita(22), true);
   const Importo contanti = Importo::DaUnita((netto + iva).ParteIntera() / 4);
-  const std::string testo =
-      "Corrispettivi " + std::string(kMesi[static_cast<std::size_t>(mese - 1)]);
+  const std::string testo = "Corrispettivi " + mese;
   Registra(data, "037",
            {Conto(kCassa, contanti, testo), Conto(kBanca, netto + iva - contanti, testo),
             Conto("700.010", -netto, testo), Conto(kIvaDebito, -iva, testo)});
 }
 
-void LibroDemo::PartiteAperte(int mese, Data incasso, Data pagamento) {
-  const bool clienti = mese % 2 == 1;
-  const std::string cfp = clienti ? "C" : "F";
+void LibroDemo::PartiteAperte(const std::string& cfp, Data data) {
+  const bool clienti = cfp == "C";
   const std::size_t quanti = clienti ? kClientiDemo.size() : kFornitoriDemo.size();
   const std::string testo = clienti ? "Incasso a saldo" : "Pagamento a saldo";
   std::vector<RigaDemo> righe;
   Importo totale;
   const std::size_t primo = generatore_.Indice(quanti);
-  for (std::size_t passo = 0; passo < quanti && righe.size() < 3; ++passo) {
+  for (std::size_t passo = 0; passo < quanti && righe.size() < 2; ++passo) {
     const std::string codice = Codice((primo + passo) % quanti + 1);
     const Importo saldo = Saldo(cfp, codice);
     if (saldo.Zero()) continue;
@@ -323,40 +333,39 @@ void LibroDemo::PartiteAperte(int mese, Data incasso, Data pagamento) {
   if (righe.empty()) return;
   const RigaDemo banca = Conto(kBanca, totale, testo);
   righe.insert(clienti ? righe.begin() : righe.end(), banca);
-  Registra(clienti ? incasso : pagamento, clienti ? "002" : "003", righe);
+  Registra(data, clienti ? "002" : "003", righe);
 }
 
-void LibroDemo::Trimestre(int mese, Data data) {
-  const std::string testo = std::to_string(mese / 3) + "° trimestre";
+void LibroDemo::Trimestre(const std::string& testo, const std::array<Data, 3>& giorni) {
   const Importo spese = generatore_.Euro(38, 65);
-  Registra(data, "015",
+  Registra(giorni[0], "015",
            {Conto("520.020", spese, "Spese di conto " + testo),
             Conto(kBanca, -spese, "Spese di conto " + testo)});
   const Importo quota = Importo::DaUnita(1'500);
   const Importo interessi =
       Arrotonda((-Saldo("P", kMutuo)).Percento(Importo::DaUnita(1)), 2, ModoArrotonda::Vicino);
-  Registra(data, "018",
+  Registra(giorni[0], "018",
            {Conto(kMutuo, quota, "Rata mutuo " + testo),
             Conto("590.002", interessi, "Rata mutuo " + testo),
             Conto(kBanca, -(quota + interessi), "Rata mutuo " + testo)});
   const Importo versato = Importo::DaUnita((Saldo("P", kCassa).ParteIntera() / 100 - 5) * 100);
   if (versato > Importo()) {
-    Registra(data.PiuGiorni(1), "005",
+    Registra(giorni[1], "005",
              {Conto(kBanca, versato, "Versamento contanti"),
               Conto(kCassa, -versato, "Versamento contanti")});
   }
   const Importo iva = Saldo("P", kIvaDebito);
-  Registra(data.PiuGiorni(3), "027",
+  Registra(giorni[2], "027",
            {Conto(kIvaDebito, -iva, "Liquidazione IVA " + testo),
             Conto(kErarioIva, iva, "Liquidazione IVA " + testo)});
   ++note_;
   const std::string nota = "Nota di addebito n. " + std::to_string(note_) + " (fuori campo IVA)";
   const Importo addebito = generatore_.Euro(120, 480);
-  Registra(data.PiuGiorni(3), "001",
+  Registra(giorni[2], "001",
            {{"C", Codice(generatore_.Indice(kClientiDemo.size()) + 1), addebito, nota},
             Conto("710.090", -addebito, nota)});
   const Importo premio = generatore_.Euro(280, 420);
-  Registra(data.PiuGiorni(3), "001",
+  Registra(giorni[2], "001",
            {Conto("520.007", premio, "Premio polizza " + testo),
             {"F", Codice(2), -premio, "Premio polizza " + testo}});
 }

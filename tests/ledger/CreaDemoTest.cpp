@@ -49,6 +49,12 @@ TEST(CreaDemoTest, DueAnniCredibili) {
   EXPECT_EQ(demo.Singolo("select Count(*) from zArticoliNonIvaDupl").Intero(), 4);
   EXPECT_LE(demo.Singolo("select Max(Dt) from Articoli").Data(), oggi);
   EXPECT_EQ(demo.Singolo("select Count(*) from ContiClientiFornitori where CFP<>'P'").Intero(), 40);
+  // Numbers follow the dates.
+  EXPECT_EQ(
+      demo.Singolo("select Count(*) from Articoli as a, Articoli as b where a.Anno=b.Anno and "
+                   "b.NumDoc=a.NumDoc+1 and b.Dt<a.Dt")
+          .Intero(),
+      0);
   // Every row names an account of the list, and every registration balances.
   EXPECT_EQ(demo.Singolo("select Count(*) from Movimenti left join ContiClientiFornitori on "
                          "(Movimenti.Conto=ContiClientiFornitori.Cod) and "

@@ -143,12 +143,19 @@ TEST_F(PrimanotaConfermaTest, IlBloccoDiNumerazioneEDiUnAltro) {
   Primanota pn(ambiente);
   pn.Nuovo();
   for (const auto& riga : giroconto) ASSERT_TRUE(Scrivi(pn, riga));
+  pn.Testa().Scrivi("NumDoc", 5);
   std::thread libera([&] {
     std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    // Under its lock the other takes the number that was free when it was typed.
+    altra->ambiente->ArchivioDi("tessarc").Inserisci("Articoli", {{"Anno", 2024}, {"NumDoc", 5}});
     blocco.Rilascia();
   });
-  EXPECT_TRUE(pn.Conferma());
+  EXPECT_FALSE(pn.Conferma());
   libera.join();
+  EXPECT_EQ(SoloMessaggio(), "articolo già esistente: 5, 2024");
+  pn.Testa().Scrivi("NumDoc", 0);
+  EXPECT_TRUE(pn.Conferma());
+  EXPECT_EQ(pn.NumeroConfermato(), 6);
   // It was given back before the number was announced, and nobody holds it now.
   EXPECT_TRUE(altra->ambiente->BloccaTabella("ARTICOLI", false).Tenuto());
 }
