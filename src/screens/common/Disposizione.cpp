@@ -62,6 +62,10 @@ void ColoraErrato(QWidget* campo, bool errato) {
   campo->setPalette(tavolozza);
 }
 
+void FocoInVista(QWidget* controllo) {
+  controllo->setFocus(Qt::ShortcutFocusReason);
+}
+
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti) {
   QSet<QChar> usate;
   for (const auto lettera : QString(kLettereMenu)) usate.insert(lettera);

@@ -22,6 +22,9 @@ QPushButton* Pulsante(const QString& nome, const QString& testo, const QString& 
 /// usual.
 void ColoraErrato(QWidget* campo, bool errato);
 
+/// Moves the focus to a button and shows that it is there, which the toolkit does only after a key.
+void FocoInVista(QWidget* controllo);
+
 /// Gives each button an Alt letter of its caption that no other of the list and no menu of the main
 /// window has. A button for which none is left goes without.
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti);

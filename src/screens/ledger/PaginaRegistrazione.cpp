@@ -292,7 +292,7 @@ void PaginaRegistrazione::DopoRiga(qint64 posi) {
   Mostra();
   VaiAPosizione(posi);
   if (nuovaRiga_->isEnabled()) {
-    nuovaRiga_->setFocus();
+    FocoInVista(nuovaRiga_);
   } else {
     righe_->setFocus();
   }

@@ -213,7 +213,7 @@ void PaginaScelta::FocoSelettore() {
 }
 
 void PaginaScelta::FocoNuovo() {
-  nuovo_->setFocus();
+  FocoInVista(nuovo_);
 }
 
 void PaginaScelta::Descrivi() {

@@ -265,11 +265,7 @@ void RiquadroRiga::Entra() {
 }
 
 void RiquadroRiga::PrendiFoco() {
-  if (conferma_->isEnabled()) {
-    conferma_->setFocus();
-  } else {
-    annulla_->setFocus();
-  }
+  FocoInVista(conferma_->isEnabled() ? conferma_ : annulla_);
 }
 
 bool RiquadroRiga::Pendente() const {
