@@ -1,8 +1,6 @@
 #include "runner/DialoghiCopione.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <utility>
 
 namespace fenalto::copione {
@@ -82,9 +80,8 @@ void DialoghiCopione::Guasta(const std::string& motivo) {
   if (guasto_.empty()) guasto_ = motivo;
   // A loop that asks until it gets an answer would never end.
   if (++dopoGuasto_ <= kDomandeDopoGuasto) return;
-  std::fputs(("fenalto-copione: asked again and again: " + guasto_ + "\n").c_str(), stdout);
-  std::fflush(stdout);
-  std::_Exit(1);
+  dopoGuasto_ = 0;
+  if (senzaFine) senzaFine(guasto_);
 }
 
 std::string DialoghiCopione::PrendiGuasto() {

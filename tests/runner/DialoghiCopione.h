@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <random>
 #include <string>
@@ -35,6 +36,9 @@ class DialoghiCopione : public Dialoghi {
   void Accoda(RispostaAttesa risposta) { risposte_.push_back(std::move(risposta)); }
   void Accoda(UscitaAttesa uscita) { uscite_.push_back(std::move(uscita)); }
   void Accoda(FileAtteso file) { file_.push_back(std::move(file)); }
+  /// Told when a dialog without an answer is asked again and again: it can't be got out of.
+  std::function<void(const std::string& guasto)> senzaFine;
+
   /// What the next choice of company and the log-ins after it are answered with.
   void Prepara(std::optional<SceltaDitta> scelta, std::optional<Credenziali> accesso);
 

@@ -57,6 +57,18 @@ TEST(DialoghiCopione, SenzaRispostaAdatta) {
   }
 }
 
+TEST(DialoghiCopione, ChiChiedeSenzaFine) {
+  DialoghiCopione dialoghi;
+  std::string detto;
+  dialoghi.senzaFine = [&](const std::string& guasto) { detto = guasto; };
+  int volte = 0;
+  while (detto.empty() && volte < 10'000) {
+    ++volte;
+    Chiede(dialoghi, "Riprovo ?", Bottoni::SiNo);
+  }
+  EXPECT_EQ(detto, "a question with no answer queued: \"Riprovo ?\"");
+}
+
 TEST(DialoghiCopione, UsciteEFile) {
   DialoghiCopione dialoghi;
   dialoghi.Accoda(UscitaAttesa{"a.cop:1", SceltaUscita{Destinazione::Csv, "/x/a.csv"}});

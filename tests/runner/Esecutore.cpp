@@ -1,6 +1,7 @@
 #include "runner/Esecutore.h"
 
 #include <cstdio>
+#include <cstdlib>
 
 #include "runner/Contesto.h"
 #include "runner/Eventi.h"
@@ -15,7 +16,12 @@ class Esecuzione {
         scena_(programma_),
         contesto_{programma_, scena_, opzioni.uscita, {}, 0},
         segno_(segno),
-        continua_(opzioni.continua) {}
+        continua_(opzioni.continua) {
+    programma_.dialoghi.senzaFine = [this](const std::string& guasto) {
+      Riferisci(luogo_, comando_, guasto + " again and again");
+      std::_Exit(EXIT_FAILURE);
+    };
+  }
 
   bool Corri(const Copione& copione) {
     const Comando avvio{copione.file, 1, "avvio", {}};
@@ -47,6 +53,8 @@ class Esecuzione {
     segno_.Comincia(comando.Luogo(), comando.nome, AdessoMs() + limite);
     contesto_.scadenza = std::chrono::steady_clock::now() + std::chrono::milliseconds(limite);
     contesto_.dialoghiPrima = programma_.dialoghi.Mostrati();
+    luogo_ = comando.Luogo();
+    comando_ = comando.nome;
     std::string motivo;
     try {
       voce.esegui(contesto_, comando);
@@ -76,6 +84,8 @@ class Esecuzione {
   Scena scena_;
   Contesto contesto_;
   Segnalibro& segno_;
+  std::string luogo_;  ///< of the command under way
+  std::string comando_;
   bool continua_;
   bool fallito_ = false;
   bool guasto_ = false;  ///< the last command met a dialog without an answer
