@@ -1,0 +1,266 @@
+// Pages to PDF, read back with the tools of the trade.
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <fstream>
+#include <sstream>
+
+#include "core/session/CartellaProva.h"
+#include "print/Campione.h"
+#include "print/UscitaPdf.h"
+
+namespace fenalto {
+namespace {
+
+using namespace prova;
+using ::testing::Test;
+
+std::vector<std::string> Righe(const std::string& testo) {
+  std::vector<std::string> righe;
+  std::istringstream flusso(testo);
+  for (std::string riga; std::getline(flusso, riga);) righe.push_back(riga);
+  return righe;
+}
+
+int FileIn(const std::filesystem::path& cartella) {
+  int quanti = 0;
+  for ([[maybe_unused]] const auto& uno : std::filesystem::directory_iterator(cartella)) ++quanti;
+  return quanti;
+}
+
+/// Horizontal place of each word, in points, as the file has it.
+double PostoParola(const std::filesystem::path& file, const std::string& parola, bool fine) {
+  const std::string testo = Comando("pdftotext -bbox '" + file.string() + "' -");
+  const auto posto = testo.find(">" + parola + "<");
+  if (posto == std::string::npos) return -1;
+  const auto chiave = testo.rfind(fine ? "xMax=\"" : "xMin=\"", posto);
+  return std::stod(testo.substr(chiave + 6));
+}
+
+TEST(UscitaPdf, ColonneEsatteSuOgniFormato) {
+  const CartellaProva cartella;
+  const auto file = cartella / "bilancio.pdf";
+  UscitaPdf uscita(file);
+  uscita.Titolo("Bilancio di verifica");
+  ASSERT_TRUE(uscita.Aggiungi(PaginaFissa(kA4, 1, 40, 133)));
+  ASSERT_TRUE(uscita.Aggiungi(PaginaFissa(kA4Orizzontale, 2, 40, 192)));
+  ASSERT_TRUE(uscita.Aggiungi(PaginaFissa(kA4, 3, 2, 133)));
+  EXPECT_FALSE(std::filesystem::exists(file)) << "il nome viene solo alla fine";
+  ASSERT_TRUE(uscita.Fine());
+  EXPECT_EQ(FileIn(cartella.Percorso()), 1);
+
+  const std::string dati = DatiPdf(file);
+  EXPECT_NE(dati.find("Title:           Bilancio di verifica"), std::string::npos) << dati;
+  EXPECT_NE(dati.find("Pages:           3"), std::string::npos);
+  EXPECT_NE(dati.find("Page    1 size:  595"), std::string::npos) << dati;
+  EXPECT_NE(dati.find("Page    2 size:  842"), std::string::npos) << dati;
+  EXPECT_NE(dati.find("Page    3 size:  595"), std::string::npos) << dati;
+
+  // 133 columns from 5 mm at 17 an inch end at 5 + 133 * 25.4 / 17 mm; within a tenth of a column.
+  const double colonna = 72.0 / 17;
+  EXPECT_NEAR(PostoParola(file, "1000,00", true), 5 / 25.4 * 72 + 133 * colonna, colonna / 10);
+  EXPECT_NEAR(PostoParola(file, "p1", false), 5 / 25.4 * 72, colonna / 10);
+  EXPECT_NEAR(PostoParola(file, "1000,00", false), 5 / 25.4 * 72 + 126 * colonna, colonna / 10);
+  EXPECT_LT(std::filesystem::file_size(file), 60'000U);
+}
+
+TEST(UscitaPdf, TestoRilettoRigaPerRiga) {
+  const CartellaProva cartella;
+  const auto file = cartella / "testo.pdf";
+  Pagina pagina{kA4, 1, {}};
+  const std::vector<std::string> righe = {
+      "CONTO    DESCRIZIONE                          DARE           AVERE",
+      "-----------------------------------------------------------------",
+      "100.010  Cassa contanti perché sì          1.234,56               ",
+      "100.020  Società Łódź & C. – “l'unità”                     99,00 €",
+      "100.030  \xE2\x94\x82 \xE2\x94\x80\xE2\x94\x80 filetti                            12,34",
+      "100.040  \xE6\xBC\xA2\xE5\xAD\x97 straniere                            56,78",
+  };
+  for (std::size_t i = 0; i < righe.size(); ++i) {
+    pagina.elementi.emplace_back(
+        RigaFissa{500, 500 + static_cast<int>(i) * 400, 17, i == 0, righe[i], {}});
+  }
+  UscitaPdf uscita(file);
+  ASSERT_TRUE(uscita.Aggiungi(pagina));
+  ASSERT_TRUE(uscita.Fine());
+  const auto lette = Righe(TestoPdf(file));
+  ASSERT_GE(lette.size(), righe.size());
+  for (std::size_t i = 0; i < 4; ++i) {
+    // The margin of 5 mm is three columns and a bit.
+    std::string attesa = "   " + righe[i];
+    attesa.erase(attesa.find_last_not_of(' ') + 1);
+    EXPECT_EQ(lette[i], attesa);
+  }
+  // A face that lacks a character borrows it: what follows it keeps its column.
+  EXPECT_NEAR(PostoParola(file, "56,78", false), 5 / 25.4 * 72 + 49 * 72.0 / 17, 0.5);
+}
+
+TEST(UscitaPdf, ScritteTagliateENumeriMai) {
+  const CartellaProva cartella;
+  const auto file = cartella / "scritte.pdf";
+  Pagina pagina{kA4, 1, {}};
+  const Carattere carattere{"Arial Narrow", 900, false, false};
+  pagina.elementi.emplace_back(Scritta{1000,
+                                       1000,
+                                       2000,
+                                       Allineamento::Sinistra,
+                                       carattere,
+                                       "DescrizioneMoltoMoltoLungaDiUnConto",
+                                       {}});
+  pagina.elementi.emplace_back(
+      Scritta{5000, 1000, 1000, Allineamento::Destra, carattere, "123.456.789.012,34", {}, true});
+  pagina.elementi.emplace_back(
+      Scritta{9000, 1000, 3000, Allineamento::Destra, carattere, "12,34", {}, true});
+  UscitaPdf uscita(file);
+  ASSERT_TRUE(uscita.Aggiungi(pagina));
+  ASSERT_TRUE(uscita.Fine());
+  const std::string testo = TestoPdf(file);
+  EXPECT_NE(testo.find("DescrizioneM"), std::string::npos) << testo;
+  EXPECT_EQ(testo.find("Conto"), std::string::npos) << testo;
+  EXPECT_EQ(testo.find("123"), std::string::npos) << testo;
+  EXPECT_NE(testo.find("*****"), std::string::npos) << "un numero tagliato sarebbe un altro numero";
+  EXPECT_NEAR(PostoParola(file, "12,34", true), 120 / 25.4 * 72, 0.5);
+}
+
+TEST(UscitaPdf, NumeroDelleUltimePagineNelSegno) {
+  const CartellaProva cartella;
+  const auto file = cartella / "totale.pdf";
+  UscitaPdf uscita(file);
+  for (int numero = 1; numero <= 12; ++numero) {
+    Pagina pagina = PaginaFissa(kA4, numero, 1, 60);
+    if (numero > 1) {
+      pagina.elementi.emplace_back(
+          RigaFissa{500,
+                    2000,
+                    17,
+                    false,
+                    "Pag. " + std::to_string(numero) + " di \xEE\x80\x80   | fine",
+                    {}});
+    }
+    ASSERT_TRUE(uscita.Aggiungi(pagina));
+  }
+  ASSERT_TRUE(uscita.Fine());
+  const std::string testo = TestoPdf(file);
+  EXPECT_NE(testo.find("Pag. 2 di 12  | fine"), std::string::npos) << testo;
+  EXPECT_NE(testo.find("Pag. 12 di 12  | fine"), std::string::npos);
+  EXPECT_LT(testo.find("p1 r0"), testo.find("p2 r0"));
+  EXPECT_EQ(Righe(Comando("pdfinfo '" + file.string() + "' | grep Pages")).at(0),
+            "Pages:           12");
+}
+
+TEST(UscitaPdf, AnnullataNonLasciaNiente) {
+  const CartellaProva cartella;
+  ScriviFile(cartella / "vecchio.pdf", "di prima");
+  int chiamate = 0;
+  {
+    UscitaPdf uscita(cartella / "vecchio.pdf", [&](int, int) { return ++chiamate < 3; });
+    EXPECT_TRUE(uscita.Aggiungi(PaginaFissa(kA4, 1, 40, 133)));
+    EXPECT_TRUE(uscita.Aggiungi(PaginaFissa(kA4, 2, 40, 133)));
+    EXPECT_FALSE(uscita.Aggiungi(PaginaFissa(kA4, 3, 40, 133)));
+    const auto esito = uscita.Fine();
+    ASSERT_TRUE(esito) << "chi annulla non ha bisogno di un avviso";
+    EXPECT_FALSE(esito.Valore());
+  }
+  {
+    UscitaPdf uscita(cartella / "vecchio.pdf");
+    EXPECT_TRUE(uscita.Aggiungi(PaginaFissa(kA4, 1, 40, 133)));
+    uscita.Annulla();
+    EXPECT_FALSE(uscita.Aggiungi(PaginaFissa(kA4, 2, 40, 133)));
+  }
+  {
+    UscitaPdf abbandonata(cartella / "vecchio.pdf");
+    EXPECT_TRUE(abbandonata.Aggiungi(PaginaFissa(kA4, 1, 40, 133)));
+  }
+  EXPECT_EQ(FileIn(cartella.Percorso()), 1);
+  EXPECT_EQ(LeggiFile(cartella / "vecchio.pdf"), "di prima");
+}
+
+TEST(UscitaPdf, FileCheNonSiPuoScrivere) {
+  const CartellaProva cartella;
+  std::filesystem::create_directory(cartella / "cartella.pdf");
+  for (const auto& file : {cartella.Percorso() / "manca" / "a.pdf", cartella / "cartella.pdf"}) {
+    UscitaPdf uscita(file);
+    EXPECT_FALSE(uscita.Aggiungi(PaginaFissa(kA4, 1, 4, 60)));
+    const auto esito = uscita.Fine();
+    ASSERT_FALSE(esito);
+    EXPECT_NE(esito.Errore().messaggio.find(file.string()), std::string::npos);
+  }
+  EXPECT_EQ(FileIn(cartella.Percorso()), 1);
+}
+
+/// Files of this process can't grow past a size while it lives, as on a full disk.
+class DiscoPieno {
+ public:
+  explicit DiscoPieno(rlim_t byte) : segnale_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &prima_);
+    const rlimit limite{byte, prima_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limite);
+  }
+  ~DiscoPieno() {
+    ::setrlimit(RLIMIT_FSIZE, &prima_);
+    std::signal(SIGXFSZ, segnale_);
+  }
+  DiscoPieno(const DiscoPieno&) = delete;
+  DiscoPieno& operator=(const DiscoPieno&) = delete;
+
+ private:
+  rlimit prima_{};
+  void (*segnale_)(int);
+};
+
+TEST(UscitaPdf, DiscoPienoNonLasciaUnFileAMeta) {
+  for (const bool totale : {false, true}) {
+    const CartellaProva cartella;
+    Esito<bool> esito = true;
+    {
+      const DiscoPieno pieno(40'000);
+      UscitaPdf uscita(cartella / "grande.pdf");
+      for (int numero = 1; numero <= 40; ++numero) {
+        Pagina pagina = PaginaFissa(kA4, numero, 60, 133);
+        if (totale) pagina.elementi.emplace_back(RigaFissa{0, 0, 17, false, "\xEE\x80\x80", {}});
+        if (!uscita.Aggiungi(pagina)) break;
+      }
+      esito = uscita.Fine();
+    }
+    ASSERT_FALSE(esito);
+    EXPECT_NE(esito.Errore().messaggio.find("spazio"), std::string::npos)
+        << esito.Errore().messaggio;
+    EXPECT_EQ(FileIn(cartella.Percorso()), 0);
+  }
+}
+
+long MemoriaKb() {
+  std::ifstream stato("/proc/self/status");
+  for (std::string riga; std::getline(stato, riga);) {
+    if (riga.starts_with("VmRSS:")) return std::stol(riga.substr(6));
+  }
+  return 0;
+}
+
+TEST(UscitaPdf, MemoriaCheNonCresceConLePagine) {
+  const CartellaProva cartella;
+  UscitaPdf uscita(cartella / "lungo.pdf");
+  long prima = 0;
+  constexpr int kPagine = 600;
+  for (int numero = 1; numero <= kPagine; ++numero) {
+    Pagina pagina = PaginaFissa(kA4, numero, 80, 133);
+    pagina.elementi.emplace_back(RigaFissa{0, 0, 17, false, "\xEE\x80\x80", {}});
+    ASSERT_TRUE(uscita.Aggiungi(std::move(pagina)));
+    if (numero == 50) prima = MemoriaKb();
+  }
+  ASSERT_TRUE(uscita.Fine());
+  // 600 pages are 6 MB as text; what may grow is the toolkit's own caches and index.
+  EXPECT_LT(MemoriaKb() - prima, 6'000);
+}
+
+TEST(UscitaPdf, RapportoSenzaPagineEUnFoglioBianco) {
+  const CartellaProva cartella;
+  UscitaPdf uscita(cartella / "bianco.pdf");
+  ASSERT_TRUE(uscita.Fine());
+  EXPECT_NE(DatiPdf(cartella / "bianco.pdf").find("Pages:           1"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace fenalto
