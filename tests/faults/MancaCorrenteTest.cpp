@@ -1,7 +1,6 @@
 // The power goes at any moment of a confirmation: what was told as confirmed is there afterwards,
 // whole in both databases, and nothing is half there.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
@@ -15,8 +14,6 @@
 namespace fenalto::prova {
 namespace {
 
-namespace fs = std::filesystem;
-
 /// What came of one power cut.
 struct Esame {
   int confermate = 0;
@@ -27,19 +24,12 @@ struct Esame {
 class MancaCorrenteTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    std::string modello = (fs::temp_directory_path() / "fenalto-corrente-XXXXXX").string();
-    ASSERT_NE(mkdtemp(modello.data()), nullptr);
-    cartella = modello;
-    percorsi = CreaDitta(cartella);
+    percorsi = CreaDitta(cartella.Percorso());
     opzioni = OpzioniDiProva();
     opzioni.vfs = FileDiProva::Nome();
-    seme = Ambiente("FENALTO_SEME", static_cast<long>(std::random_device{}() % 1'000'000));
-    std::printf("seed %ld (FENALTO_SEME repeats it)\n", seme);
+    seme = Seme();
   }
-  void TearDown() override {
-    FileDiProva::Azzera();
-    fs::remove_all(cartella);
-  }
+  void TearDown() override { FileDiProva::Azzera(); }
 
   /// Registers until the power goes, at a moment chosen by `caso`, and looks at what is left. The
   /// power may go again while what was interrupted is being undone.
@@ -59,10 +49,8 @@ class MancaCorrenteTest : public ::testing::Test {
       BasiDati& basi = *aperte.Valore();
       FileDiProva::TagliaAlla(1 + static_cast<std::int64_t>(caso() % 500));
       while (!FileDiProva::Spento()) {
-        const bool nuova = confermate.empty() || caso() % 3 != 0;
-        const int numero = nuova ? static_cast<int>(confermate.size()) + 1
-                                 : 1 + static_cast<int>(caso() % confermate.size());
-        const int versione = nuova ? 1 : confermate[numero] + 1;
+        const int numero = Scegli(caso, confermate);
+        const int versione = confermate.contains(numero) ? confermate[numero] + 1 : 1;
         tentata = {{numero, versione}};
         try {
           Registra(basi, numero, versione);
@@ -85,6 +73,19 @@ class MancaCorrenteTest : public ::testing::Test {
   }
 
  private:
+  /// A new registration, one that is there already, or the row on its own.
+  static int Scegli(std::mt19937& caso, const Registrate& confermate) {
+    const int ultima = confermate.empty() ? 0 : confermate.rbegin()->first;
+    switch (caso() % 4) {
+      case 0:
+        return kRigaSola;
+      case 1:
+        return ultima == 0 ? 1 : 1 + static_cast<int>(caso() % static_cast<unsigned>(ultima));
+      default:
+        return ultima + 1;
+    }
+  }
+
   /// Opens and compares; true when the power went again meanwhile.
   bool Riapre(const Registrate& confermate, const Registrate& tentata, std::string& guasti) const {
     auto aperte = BasiDati::Apri(percorsi, opzioni);
@@ -111,7 +112,7 @@ class MancaCorrenteTest : public ::testing::Test {
   }
 
  protected:
-  fs::path cartella;
+  CartellaDiProva cartella;
   PercorsiArchivi percorsi;
   OpzioniApertura opzioni;
   long seme = 0;

@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
+#include <random>
 #include <set>
+#include <stdexcept>
 
 #include "core/store/NucleoBasi.h"
 
@@ -57,7 +61,30 @@ bool Intere(const Somme& s, int righe, std::int64_t totale, int versione) {
          s.descrizioni == std::set<std::string>{Descrizione(versione)};
 }
 
+constexpr const char* kCodiceRigaSola = "9000";
+
+void RegistraRigaSola(Archivio& tessarc, int versione) {
+  const std::string testo = "v" + std::to_string(versione);
+  if (versione == 1) {
+    tessarc.Inserisci("Causali", {{"Cod", kCodiceRigaSola}, {"Descrizione", testo}});
+  } else {
+    tessarc.Esegui("UPDATE Causali SET Descrizione = '" + testo + "' WHERE Cod = '" +
+                   kCodiceRigaSola + "'");
+  }
+}
+
 }  // namespace
+
+CartellaDiProva::CartellaDiProva() {
+  std::string modello = (std::filesystem::temp_directory_path() / "fenalto-guasti-XXXXXX").string();
+  if (mkdtemp(modello.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  percorso_ = modello;
+}
+
+CartellaDiProva::~CartellaDiProva() {
+  std::error_code ignorato;
+  std::filesystem::remove_all(percorso_, ignorato);
+}
 
 PercorsiArchivi CreaDitta(const std::filesystem::path& cartella) {
   const PercorsiArchivi percorsi{cartella / "Cont32.mdb", cartella / "Scad32.mdb"};
@@ -76,6 +103,10 @@ OpzioniApertura OpzioniDiProva(const std::string& stazione) {
 
 void Registra(BasiDati& basi, int numero, int versione) {
   Archivio& tessarc = basi.Tessarc();
+  if (numero == kRigaSola) {
+    RegistraRigaSola(tessarc, versione);
+    return;
+  }
   Archivio& scadenzario = basi.Scadenzario();
   const std::string descrizione = Descrizione(versione);
   Transazione transazione(basi);
@@ -112,6 +143,15 @@ void Registra(BasiDati& basi, int numero, int versione) {
   transazione.Conferma();
 }
 
+std::optional<int> RegistraProssimo(BasiDati& basi, std::chrono::milliseconds attesa) {
+  const auto numerazione = basi.Blocchi().Tabella("ARTICOLI", attesa);
+  if (!numerazione) return std::nullopt;
+  const Valore ultimo = basi.Tessarc().Singolo("SELECT Max(NumDoc) FROM Articoli");
+  const int numero = static_cast<int>(Nz(ultimo).Intero()) + 1;
+  Registra(basi, numero, 1);
+  return numero;
+}
+
 Registrate Leggi(BasiDati& basi, std::string& guasti) {
   Registrate registrate;
   Rs teste = basi.Tessarc().Recordset("SELECT NumDoc, DescrArtDupl FROM Articoli");
@@ -141,6 +181,9 @@ Registrate Leggi(BasiDati& basi, std::string& guasti) {
       if (!registrate.contains(numero)) guasta(numero, "rows without a head");
     }
   }
+  const Valore sola = basi.Tessarc().Singolo("SELECT Descrizione FROM Causali WHERE Cod = '" +
+                                             std::string(kCodiceRigaSola) + "'");
+  if (!sola.Nullo()) registrate[kRigaSola] = std::atoi(sola.Testo().c_str() + 1);
   return registrate;
 }
 
@@ -159,13 +202,17 @@ void ControllaFile(const PercorsiArchivi& percorsi, const std::string& vfs, std:
   }
 }
 
-long Ambiente(const char* nome, long altrimenti) {
-  const char* valore = std::getenv(nome);
-  return valore == nullptr || *valore == '\0' ? altrimenti : std::atol(valore);
+long Seme() {
+  const char* scelto = std::getenv("FENALTO_SEME");
+  const long seme =
+      scelto != nullptr ? std::atol(scelto) : static_cast<long>(std::random_device{}() % 1'000'000);
+  std::printf("seed %ld (FENALTO_SEME repeats it)\n", seme);
+  return seme;
 }
 
 bool Lungo() {
-  return Ambiente("FENALTO_LUNGO", 0) != 0;
+  const char* lungo = std::getenv("FENALTO_LUNGO");
+  return lungo != nullptr && std::string_view(lungo) == "1";
 }
 
 }  // namespace fenalto::prova
