@@ -151,6 +151,8 @@ TEST_F(PrimanotaTestaTest, Modelli) {
   EXPECT_FALSE(nuova.ContropAutomatiche());
   EXPECT_TRUE(nuova.Modificata());
   ASSERT_EQ(nuova.Righe().size(), 3U);
+  EXPECT_EQ(nuova.Righe()[0].posi, 100);
+  EXPECT_EQ(nuova.Righe()[0].conto, "100.010");
   EXPECT_EQ(nuova.Righe()[1].posi, 200);
   EXPECT_EQ(nuova.Righe()[2].contoControp, "300.001");
   ASSERT_TRUE(nuova.Conferma());
