@@ -151,7 +151,9 @@ std::string PictureImporto(Importo importo, int larghezza, bool euro) {
   const std::string margine(static_cast<std::size_t>(larghezza) - posti, ' ');
   // The end of the mask that a narrow field takes has the comma only from the fourth place on.
   const bool virgola = euro && larghezza > kDecimaliMaschera;
-  std::string testo = ScriviImportoFisso(importo, virgola ? kDecimaliMaschera : 0);
+  // So short an end of the mask that it has no mark of thousands.
+  const bool migliaia = larghezza > (euro ? 7 : 4);
+  std::string testo = ScriviImportoFisso(importo, virgola ? kDecimaliMaschera : 0, migliaia);
   // ",###" has no place for units: their zero is not written.
   if (virgola && larghezza == kDecimaliMaschera + 1 && testo.starts_with("0,")) testo.erase(0, 1);
   if (testo.size() > posti) return margine + std::string(posti, '*');

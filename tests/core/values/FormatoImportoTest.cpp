@@ -153,6 +153,8 @@ TEST(FormatoImporto, Picture) {
       {"1.5", 4, true, "****"},
       {"123.9", 3, true, "124"},
       {"1234", 3, true, "***"},
+      {"1234", 4, false, "1234"},
+      {"1234", 5, false, "1.234"},
       {"7", 0, true, ""},
   };
   for (const Caso& caso : casi)
