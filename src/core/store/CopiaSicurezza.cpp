@@ -277,6 +277,7 @@ Esito<bool> CopiaArchivio(const fs::path& origine, const fs::path& destinazione)
     }
     Controlla(destinazione);
     Sincronizza(destinazione);
+    Sincronizza(fs::absolute(destinazione).parent_path());
     return true;
   } catch (const std::exception& errore) {
     std::error_code ignorato;
