@@ -278,7 +278,7 @@ TEST_F(BlocchiTest, WaitersComeInTheOrderTheyCame) {
       _exit(0);
     }
     figli.push_back(figlio);
-    usleep(30'000);
+    usleep(60'000);
   }
   std::move(tenuto).Valore().Rilascia();
   std::string ordine;
