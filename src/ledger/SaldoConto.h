@@ -21,6 +21,12 @@ struct Saldo {
   Importo totaleAvere;
   /// saldoIniziale + totaleDare - totaleAvere
   [[nodiscard]] Importo Finale() const { return saldoIniziale + totaleDare - totaleAvere; }
+  Saldo& operator+=(const Saldo& altro) {
+    saldoIniziale += altro.saldoIniziale;
+    totaleDare += altro.totaleDare;
+    totaleAvere += altro.totaleAvere;
+    return *this;
+  }
 };
 
 /// The balance routine of the ledger. It keeps two result sets, one for the movements of the period

@@ -1,0 +1,50 @@
+# Bilancio di verifica, foglio A4.
+[pagina]
+formato A4 verticale
+margine 8
+carattere "Arial Narrow" punti 8.5
+linea x1 10 y1 33.5 x2 200 y2 33.5 spessore 0.4
+riquadro x 10 y 35 larghezza 190 altezza 6 grigio 235
+linea x1 10 y1 282 x2 200 y2 282 spessore 0.1
+
+[testata]
+campo DITTA x 10 y 9 larghezza 130 punti 12 grassetto
+campo Indirizzo_localita x 10 y 14.6 larghezza 130 punti 8
+campo PIVA x 140 y 9.8 larghezza 60 destra punti 8
+campo CODFISC x 140 y 14.6 larghezza 60 destra punti 8
+campo TITOLO x 10 y 21 larghezza 100 punti 13 grassetto
+campo INTESTAZ x 110 y 22.2 larghezza 90 destra punti 9.5
+campo TITOLO2 x 10 y 27.8 larghezza 190 punti 9
+testo "codice" x 11 y 36 grassetto
+testo "descrizione mastro / sottoconto" x 30 y 36 grassetto
+testo "saldo iniziale" x 103 y 36 larghezza 24 destra grassetto
+testo "dare" x 127 y 36 larghezza 24 destra grassetto
+testo "avere" x 151 y 36 larghezza 24 destra grassetto
+testo "saldo" x 175 y 36 larghezza 24 destra grassetto
+
+[corpo]
+inizio 43
+fine 281
+riga 4.2
+campo R_conto x 11 larghezza 19
+campo R_descrizione x 30 larghezza 72
+campo R_SALDOINIZIALE x 103 larghezza 24 destra formato "#####.###.###,##"
+campo R_DARE x 127 larghezza 24 destra formato "#####.###.###,##"
+campo R_AVERE x 151 larghezza 24 destra formato "#####.###.###,##"
+campo R_SALDO x 175 larghezza 24 destra formato "#####.###.###,##"
+carattere "Arial Narrow" punti 8.5 grassetto
+campo R_mastro x 11 larghezza 19
+campo R_descrmastro x 30 larghezza 72
+campo R_TOTSALDOINIZIALE x 103 larghezza 24 destra formato "#####.###.###,##"
+campo R_TOTDARE x 127 larghezza 24 destra formato "#####.###.###,##"
+campo R_TOTAVERE x 151 larghezza 24 destra formato "#####.###.###,##"
+campo R_TOTSALDO x 175 larghezza 24 destra formato "#####.###.###,##"
+
+[piede]
+carattere "Arial Narrow" punti 8
+testo "stampato il" x 10 y 283.2
+campo DATASTAMPA x 24 y 283.2 larghezza 40
+testo "pagina" x 165 y 283.2 larghezza 12 destra
+campo Pag x 178 y 283.2 larghezza 8 destra
+testo "di" x 187.5 y 283.2
+campo PagTot x 191 y 283.2 larghezza 9
