@@ -59,6 +59,7 @@ Esito<bool> EsportaCsv(const Foglio& foglio, const std::filesystem::path& file) 
   };
   for (const auto& valori : foglio.premessa) continua = continua && scrivi(valori);
   std::vector<Valore> titoli;
+  titoli.reserve(foglio.colonne.size());
   for (const ColonnaFoglio& colonna : foglio.colonne) titoli.emplace_back(colonna.titolo);
   continua = continua && scrivi(titoli);
   for (const auto& valori : foglio.righe) {

@@ -4,10 +4,12 @@
 #include <cmath>
 #include <map>
 #include <memory>
+#include <set>
 
 #include "core/reports/FileAccanto.h"
 #include "core/reports/Foglio.h"
 #include "core/reports/TestoStampato.h"
+#include "core/reports/VerificaXlsx.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 
@@ -76,15 +78,12 @@ class ScrittoreXlsx {
   void Scrivi(const Foglio& foglio) {
     for (const auto& riga : foglio.premessa) ScriviRiga(riga, foglio, false, false);
     std::vector<Valore> titoli;
+    titoli.reserve(foglio.colonne.size());
     for (const ColonnaFoglio& colonna : foglio.colonne) titoli.emplace_back(colonna.titolo);
     larghezze_.assign(foglio.colonne.size(), 0);
     ScriviRiga(titoli, foglio, true, true);
     worksheet_freeze_panes(foglio_, riga_, 0);
-    const std::map<std::size_t, bool> totali = [&] {
-      std::map<std::size_t, bool> quali;
-      for (const std::size_t n : foglio.totali) quali[n] = true;
-      return quali;
-    }();
+    const std::set<std::size_t> totali(foglio.totali.begin(), foglio.totali.end());
     for (std::size_t i = 0; i < foglio.righe.size(); ++i)
       ScriviRiga(foglio.righe[i], foglio, totali.contains(i), false);
     for (std::size_t i = 0; i < larghezze_.size(); ++i) {
@@ -96,11 +95,8 @@ class ScrittoreXlsx {
     }
   }
 
-  /// Writes the file; what the library says of a failure, or nothing.
-  std::string Chiudi() {
-    const lxw_error esito = workbook_close(libro_.release());
-    return esito == LXW_NO_ERROR ? std::string() : lxw_strerror(esito);
-  }
+  /// Writes the file; true when the library noticed no failure.
+  bool Chiudi() { return workbook_close(libro_.release()) == LXW_NO_ERROR; }
 
  private:
   lxw_format* Formato(const Aspetto& aspetto) {
@@ -190,8 +186,8 @@ Esito<bool> EsportaXlsx(const Foglio& foglio, const std::filesystem::path& file)
   ScrittoreXlsx scrittore(uscita.Percorso().string());
   if (!scrittore.Pronto()) return rifiuta("memoria insufficiente");
   scrittore.Scrivi(foglio);
-  if (const std::string perche = scrittore.Chiudi(); !perche.empty())
-    return rifiuta("disco pieno o guasto (" + perche + "): liberare spazio e riprovare");
+  if (!scrittore.Chiudi() || !XlsxIntero(uscita.Percorso()))
+    return rifiuta("disco pieno o guasto: liberare spazio e riprovare");
   return uscita.Chiudi();
 }
 

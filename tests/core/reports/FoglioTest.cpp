@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 
+#include "core/reports/DiscoPieno.h"
 #include "core/reports/Foglio.h"
 #include "core/session/CartellaProva.h"
 #include "core/session/Csv.h"
@@ -140,6 +141,35 @@ TEST(Foglio, DoveNonSiPuoScrivere) {
   }
   EXPECT_EQ(std::distance(fs::directory_iterator(cartella.Percorso()), fs::directory_iterator()),
             1);
+}
+
+// Wherever the disk fills up, in the library's own scratch files or in the result, what stood there
+// before stays.
+TEST(Foglio, DiscoPieno) {
+  const CartellaProva cartella;
+  const fs::path file = cartella / "elenco";
+  Foglio foglio = Prova();
+  for (int i = 0; i < 2'000; ++i)
+    foglio.righe.push_back({"riga " + std::to_string(i * 7919 % 2'000), i});
+  for (const auto esporta : {&EsportaXlsx, &EsportaCsv}) {
+    ASSERT_TRUE(esporta(foglio, file));
+    const auto intero = fs::file_size(file);
+    for (const std::uintmax_t quota : {0U, 1U, 10U, 50U, 90U, 99U}) {
+      ScriviFile(file, "di prima");
+      {
+        const DiscoPieno pieno(intero * quota / 100);
+        const auto esito = esporta(foglio, file);
+        EXPECT_FALSE(esito) << quota;
+        if (!esito) {
+          EXPECT_NE(esito.Errore().messaggio.find("disco pieno"), std::string::npos)
+              << esito.Errore().messaggio;
+        }
+      }
+      EXPECT_TRUE(LeggiFile(file) == "di prima") << quota;
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(cartella.Percorso()), fs::directory_iterator()),
+              1);
+  }
 }
 
 TEST(FoglioCsv, ByteAMano) {

@@ -1,11 +1,9 @@
 // The text output: what stands in the file, and that a failure leaves none.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
-
 #include "core/reports/AmbienteProva.h"
+#include "core/reports/DiscoPieno.h"
 
 namespace fenalto {
 namespace {
@@ -26,27 +24,6 @@ std::size_t FileIn(const fs::path& cartella) {
   return static_cast<std::size_t>(
       std::distance(fs::directory_iterator(cartella), fs::directory_iterator()));
 }
-
-/// No file of this process grows past a size: what a full disk looks like.
-class DiscoPieno {
- public:
-  explicit DiscoPieno(rlim_t byte) : gestore_(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &prima_);
-    rlimit stretto = prima_;
-    stretto.rlim_cur = byte;
-    ::setrlimit(RLIMIT_FSIZE, &stretto);
-  }
-  DiscoPieno(const DiscoPieno&) = delete;
-  DiscoPieno& operator=(const DiscoPieno&) = delete;
-  ~DiscoPieno() {
-    ::setrlimit(RLIMIT_FSIZE, &prima_);
-    std::signal(SIGXFSZ, gestore_);
-  }
-
- private:
-  rlimit prima_{};
-  void (*gestore_)(int);
-};
 
 TEST(UscitaTesto, PagineEUtf8) {
   const CartellaProva cartella;
