@@ -12,6 +12,7 @@
 #include <QTabWidget>
 
 #include "screens/common/CampoCodice.h"
+#include "screens/common/EsportaGriglia.h"
 
 namespace fenalto {
 
@@ -34,6 +35,10 @@ void FinestraFunzione::ApriCodice(const QString& codice) {
     selettore->setText(codice);
     Premi({"Apri"});
   }
+}
+
+void FinestraFunzione::Esporta(Griglia& griglia) {
+  EsportaGriglia(griglia, Sessione(), windowTitle().toStdString());
 }
 
 bool FinestraFunzione::Premi(std::initializer_list<const char*> nomi) {

@@ -14,6 +14,8 @@ class QKeyEvent;
 
 namespace fenalto {
 
+class Griglia;
+
 class FinestraFunzione : public QWidget {
   Q_OBJECT
 
@@ -34,6 +36,8 @@ class FinestraFunzione : public QWidget {
   virtual bool Indietro() { return false; }
   /// Reads again what the window shows.
   virtual void Aggiorna() {}
+  /// Writes a grid of the window to a spreadsheet file that the user chooses.
+  void Esporta(Griglia& griglia);
 
  protected:
   bool eventFilter(QObject* oggetto, QEvent* evento) override;

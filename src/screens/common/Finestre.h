@@ -8,12 +8,15 @@
 
 namespace fenalto {
 
+class FabbricaUscite;
 class FinestraFunzione;
 
 class Finestre {
  public:
   virtual ~Finestre() = default;
   virtual Ambiente& Sessione() = 0;
+  /// What makes the outputs of reports (Stampa).
+  virtual FabbricaUscite& Uscite() = 0;
   /// Opens a function as its menu entry does: right, exclusive rule, tab. Brings it to the front
   /// when it is open already. Null when it was refused or isn't built.
   virtual FinestraFunzione* ApriFunzione(const QString& finestra, int scheda = -1) = 0;

@@ -11,6 +11,7 @@
 
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
+#include "screens/common/FinestraFunzione.h"
 
 namespace fenalto {
 namespace {
@@ -233,6 +234,13 @@ void Griglia::keyPressEvent(QKeyEvent* evento) {
 void Griglia::contextMenuEvent(QContextMenuEvent* evento) {
   QMenu menu(this);
   menu.addAction(tr("&Copia come testo"), this, [this] { Copia(); });
+  QWidget* sopra = parentWidget();
+  while (sopra != nullptr && qobject_cast<FinestraFunzione*>(sopra) == nullptr) {
+    sopra = sopra->parentWidget();
+  }
+  if (auto* finestra = qobject_cast<FinestraFunzione*>(sopra)) {
+    menu.addAction(tr("&Esporta..."), this, [this, finestra] { finestra->Esporta(*this); });
+  }
   menu.exec(evento->globalPos());
 }
 

@@ -3,12 +3,15 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QSettings>
 #include <QUrl>
 
+#include "print/DialogoUscita.h"
 #include "screens/main/DialogoAccesso.h"
 #include "screens/main/DialogoDitta.h"
 
@@ -83,6 +86,31 @@ class ProgressoQt : public Avanzamento {
   std::int64_t totale_;
 };
 
+/// The file and the kind of spreadsheet that a grid is written to.
+std::optional<SceltaUscita> ScegliFoglio(const QString& titolo, QWidget* sopra) {
+  const auto chiave = QLatin1String("esporta/cartella");
+  QFileDialog dialogo(sopra, QCoreApplication::translate("Dialoghi", "Esporta: %1").arg(titolo),
+                      QSettings().value(chiave).toString());
+  dialogo.setAcceptMode(QFileDialog::AcceptSave);
+  dialogo.setNameFilters(
+      {QStringLiteral("Foglio di calcolo (*.xlsx)"), QStringLiteral("Testo csv (*.csv)")});
+  dialogo.setDefaultSuffix(QStringLiteral("xlsx"));
+  QObject::connect(&dialogo, &QFileDialog::filterSelected, &dialogo, [&](const QString& filtro) {
+    dialogo.setDefaultSuffix(filtro.contains(QLatin1String("csv")) ? QStringLiteral("csv")
+                                                                   : QStringLiteral("xlsx"));
+  });
+  dialogo.selectFile(NomeFile(titolo));
+  if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) return std::nullopt;
+  const QString file = dialogo.selectedFiles().first();
+  QSettings().setValue(chiave, QFileInfo(file).absolutePath());
+  SceltaUscita uscita;
+  uscita.file = file.toStdString();
+  uscita.destinazione = file.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive)
+                            ? Destinazione::Csv
+                            : Destinazione::Xlsx;
+  return uscita;
+}
+
 }  // namespace
 
 void DialoghiQt::Messaggio(const std::string& testo, Icona icona) {
@@ -122,20 +150,10 @@ std::optional<std::string> DialoghiQt::Chiedi(const std::string& testo,
 }
 
 std::optional<SceltaUscita> DialoghiQt::ScegliUscita(const std::string& rapporto, bool esporta) {
-  const QString filtro = esporta ? QStringLiteral("Foglio di calcolo (*.xlsx);;Testo csv (*.csv)")
-                                 : QStringLiteral("PDF (*.pdf);;Testo (*.txt)");
-  QString scelto;
-  const QString file =
-      QFileDialog::getSaveFileName(sopra_, Qs(rapporto), Qs(rapporto), filtro, &scelto);
-  if (file.isEmpty()) return std::nullopt;
-  SceltaUscita uscita;
-  uscita.file = file.toStdString();
-  const QString fine = file.section(QLatin1Char('.'), -1).toLower();
-  uscita.destinazione = fine == QLatin1String("xlsx")  ? Destinazione::Xlsx
-                        : fine == QLatin1String("csv") ? Destinazione::Csv
-                        : fine == QLatin1String("pdf") ? Destinazione::Pdf
-                                                       : Destinazione::Testo;
-  return uscita;
+  if (esporta) return ScegliFoglio(Qs(rapporto), sopra_);
+  DialogoUscita dialogo(Qs(rapporto), sopra_);
+  if (dialogo.exec() != QDialog::Accepted) return std::nullopt;
+  return dialogo.Scelta();
 }
 
 std::optional<std::filesystem::path> DialoghiQt::ScegliFile(const std::string& titolo,

@@ -13,6 +13,8 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "print/FabbricaUsciteQt.h"
+#include "print/FinestraAnteprima.h"
 #include "screens/main/CercaFunzione.h"
 #include "screens/main/Sfondo.h"
 
@@ -41,7 +43,10 @@ class Attesa {
 }  // namespace
 
 FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costruttori)
-    : ambiente_(ambiente), costruttori_(std::move(costruttori)), area_(new AreaFinestre(this)) {
+    : ambiente_(ambiente),
+      costruttori_(std::move(costruttori)),
+      area_(new AreaFinestre(this)),
+      uscite_(new FabbricaUsciteQt(ambiente.Dialogo(), this)) {
   setObjectName(QStringLiteral("Principale"));
   setWindowTitle(QStringLiteral("Fenalto"));
   area_->setObjectName(QStringLiteral("Area"));
@@ -54,6 +59,7 @@ FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costrutto
   statusBar()->addWidget(stato_, 1);
   CreaBarra();
   CreaMenu();
+  connect(uscite_, &FabbricaUsciteQt::RinvioScelto, this, &FinestraPrincipale::SegueRinvio);
   resize(1280, 720);
   restoreGeometry(QSettings().value(QStringLiteral("finestre/Principale")).toByteArray());
 }
@@ -144,7 +150,10 @@ void FinestraPrincipale::SelezioneArchivi() {
     ambiente_.Dialogo().Messaggio("Chiudere prima tutte le finestre", Icona::Avviso);
     return;
   }
-  if (ambiente_.SelezioneArchivi()) MostraSessione();
+  if (ambiente_.SelezioneArchivi()) {
+    ChiudiAnteprime();
+    MostraSessione();
+  }
   for (const auto& [voce, azione] : azioni_) {
     if (QLatin1String(voce->nome) == QLatin1String("ApreRitenuteAcconto")) {
       azione->setVisible(Qs(ambiente_.Config("RITENUTAACCONTO"))
@@ -324,6 +333,31 @@ void FinestraPrincipale::VediRegistrazione(std::int64_t numero, int anno) {
   if (auto* finestra = ApriFunzione(nome)) finestra->ApriCodice(QString::number(numero));
 }
 
+// --- Reports
+// ------------------------------------------------------------------------------------------
+
+FabbricaUscite& FinestraPrincipale::Uscite() {
+  return *uscite_;
+}
+
+void FinestraPrincipale::SegueRinvio(const Rinvio& rinvio) {
+  raise();
+  activateWindow();
+  if (rinvio.genere == Rinvio::Genere::Registrazione) {
+    VediRegistrazione(rinvio.numero, rinvio.anno);
+    return;
+  }
+  const QString funzione = QStringLiteral("MovimentiConto");
+  if (rinvio.genere != Rinvio::Genere::Conto || !FunzioneDisponibile(funzione)) return;
+  if (auto* finestra = ApriFunzione(funzione)) {
+    finestra->ApriCodice(Qs(rinvio.cfp + "|" + rinvio.conto));
+  }
+}
+
+void FinestraPrincipale::ChiudiAnteprime() {
+  for (auto* anteprima : findChildren<FinestraAnteprima*>()) anteprima->close();
+}
+
 // --- Closing
 // --------------------------------------------------------------------------------------
 
@@ -337,6 +371,7 @@ void FinestraPrincipale::closeEvent(QCloseEvent* evento) {
   QSettings memoria;
   memoria.remove(QStringLiteral("opz"));
   memoria.setValue(QStringLiteral("finestre/Principale"), saveGeometry());
+  ChiudiAnteprime();
   evento->accept();
   emit Chiusa();
 }

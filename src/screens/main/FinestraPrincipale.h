@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 
+#include "core/reports/Pagina.h"
 #include "screens/common/FinestraFunzione.h"
 #include "screens/main/MappaMenu.h"
 
@@ -17,6 +18,7 @@ class QToolBar;
 
 namespace fenalto {
 
+class FabbricaUsciteQt;
 class Sfondo;
 
 class FinestraPrincipale : public QMainWindow, public Finestre {
@@ -42,6 +44,7 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
 
   // Finestre
   Ambiente& Sessione() override { return ambiente_; }
+  FabbricaUscite& Uscite() override;
   FinestraFunzione* ApriFunzione(const QString& finestra, int scheda = -1) override;
   [[nodiscard]] bool FunzioneDisponibile(const QString& finestra) const override;
   void ApreFormDaEvLibero(const QString& tabella, const QString& codice) override;
@@ -56,6 +59,9 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void PortaAvanti(FinestraFunzione& finestra);
   /// Closes all function windows without questions: records in edit are given up.
   void ChiudiTutto();
+  /// Goes where a text of a preview leads: to the registration, after its question, or to the
+  /// movements of the account.
+  void SegueRinvio(const Rinvio& rinvio);
 
  signals:
   /// The main window was closed for good.
@@ -79,10 +85,13 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void ApriDocumento(const QString& nome, const std::filesystem::path& file);
   FinestraFunzione* Carica(const QString& finestra, int livello);
   void Scarica(FinestraFunzione& finestra);
+  /// Previews are of the session that made them.
+  void ChiudiAnteprime();
 
   Ambiente& ambiente_;
   Costruttori costruttori_;
   QMdiArea* area_;
+  FabbricaUsciteQt* uscite_;
   Sfondo* sfondo_ = nullptr;
   QToolBar* barra_ = nullptr;
   QComboBox* anni_ = nullptr;

@@ -1,0 +1,18 @@
+// A grid written to a spreadsheet file.
+#pragma once
+
+#include "core/reports/Foglio.h"
+#include "core/session/Ambiente.h"
+#include "screens/common/Griglia.h"
+
+namespace fenalto {
+
+/// The rows that the grid holds, typed as its columns are, with company, year, day and title above.
+/// Hidden columns stay out.
+Foglio FoglioDi(Griglia& griglia, Ambiente& ambiente, const std::string& titolo);
+
+/// Asks for the file and writes the grid there, rows not read so far included; what goes wrong is
+/// told. False when given up or failed.
+bool EsportaGriglia(Griglia& griglia, Ambiente& ambiente, const std::string& titolo);
+
+}  // namespace fenalto
