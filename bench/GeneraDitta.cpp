@@ -3,35 +3,12 @@
 #include <cstdio>
 #include <stdexcept>
 
+#include "bench/DialoghiMuti.h"
 #include "core/session/CreaDitta.h"
 #include "core/values/Importo.h"
 
 namespace fenalto::banco {
 namespace {
-
-/// Dialogs that a run without a person must not need.
-class DialoghiMuti : public Dialoghi {
- public:
-  void Messaggio(const std::string&, Icona) override {}
-  Risposta Domanda(const std::string&, Bottoni, Risposta predefinita, const std::string&,
-                   Icona) override {
-    return predefinita;
-  }
-  std::optional<std::string> Chiedi(const std::string&, const std::string&) override { return {}; }
-  std::optional<SceltaUscita> ScegliUscita(const std::string&, bool) override { return {}; }
-  std::optional<std::filesystem::path> ScegliFile(const std::string&, ModoFile,
-                                                  const std::string&) override {
-    return {};
-  }
-  std::optional<SceltaDitta> ScegliDitta(
-      const std::vector<DittaTrovata>&,
-      const std::function<std::vector<int>(const std::string&, std::string&)>&) override {
-    return {};
-  }
-  std::optional<Credenziali> ChiediAccesso(const std::string&) override { return {}; }
-  std::unique_ptr<Avanzamento> Avvia(const std::string&, std::int64_t) override { return nullptr; }
-  bool ApriEsterno(const std::string&) override { return false; }
-};
 
 std::string Numerato(const char* formato, int numero) {
   char testo[32];

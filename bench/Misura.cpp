@@ -33,6 +33,10 @@ rusage Esegui(const std::vector<std::string>& comando) {
 
 }  // namespace
 
+bool Chiesto(const Nomi& nomi, const std::string& nome) {
+  return nomi.empty() || std::find(nomi.begin(), nomi.end(), nome) != nomi.end();
+}
+
 double Secondi(const std::function<void()>& lavoro) {
   const auto inizio = std::chrono::steady_clock::now();
   lavoro();

@@ -14,6 +14,10 @@ struct Rapporto {
   double limite = 0;
 };
 
+/// Names of the ratios asked for; empty for all.
+using Nomi = std::vector<std::string>;
+bool Chiesto(const Nomi& nomi, const std::string& nome);
+
 /// Median seconds of `volte` runs of each, taken in turn so that both see the same machine.
 Rapporto Misura(const std::string& nome, double limite, const std::function<void()>& nostro,
                 const std::function<void()>& nudo, int volte = 5);

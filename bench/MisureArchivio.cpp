@@ -284,16 +284,17 @@ Rapporto MisuraRecordset(Archivio& archivio, Nuda& nuda) {
 
 }  // namespace
 
-std::vector<Rapporto> MisureArchivio(Ambiente& ambiente, const std::filesystem::path& nuda) {
+std::vector<Rapporto> MisureArchivio(Ambiente& ambiente, const std::filesystem::path& nuda,
+                                     const Nomi& nomi) {
   Nuda bara(nuda);
   auto& archivio = ambiente.ArchivioDi("tessarc");
   const auto conti = Conti(archivio);
   std::vector<Rapporto> rapporti;
-  rapporti.push_back(MisuraConferma(ambiente, bara));
-  rapporti.push_back(MisuraSaldo(archivio, bara, conti));
-  rapporti.push_back(MisuraSaldi(archivio, bara, conti));
-  rapporti.push_back(MisuraCerca(ambiente, bara, conti));
-  rapporti.push_back(MisuraRecordset(archivio, bara));
+  if (Chiesto(nomi, "conferma")) rapporti.push_back(MisuraConferma(ambiente, bara));
+  if (Chiesto(nomi, "saldo-conto")) rapporti.push_back(MisuraSaldo(archivio, bara, conti));
+  if (Chiesto(nomi, "saldi-anno")) rapporti.push_back(MisuraSaldi(archivio, bara, conti));
+  if (Chiesto(nomi, "cerca")) rapporti.push_back(MisuraCerca(ambiente, bara, conti));
+  if (Chiesto(nomi, "recordset")) rapporti.push_back(MisuraRecordset(archivio, bara));
   return rapporti;
 }
 

@@ -9,7 +9,9 @@
 
 namespace fenalto::banco {
 
-/// `ambiente` has the generated company open on its last year; `nuda` is its plain copy.
-std::vector<Rapporto> MisureArchivio(Ambiente& ambiente, const std::filesystem::path& nuda);
+/// Those of `nomi`. `ambiente` has the generated company open on its last year; `nuda` is its plain
+/// copy.
+std::vector<Rapporto> MisureArchivio(Ambiente& ambiente, const std::filesystem::path& nuda,
+                                     const Nomi& nomi);
 
 }  // namespace fenalto::banco

@@ -5,8 +5,8 @@
 #include <QLineEdit>
 #include <stdexcept>
 
+#include "bench/DialoghiMuti.h"
 #include "screens/main/Applicazione.h"
-#include "screens/main/DialoghiQt.h"
 
 namespace fenalto::banco {
 namespace {
@@ -23,7 +23,7 @@ struct Programma {
     applicazione.Principale().show();
     QApplication::processEvents();
   }
-  DialoghiQt dialoghi;
+  DialoghiMuti dialoghi;
   OrologioDiSistema orologio;
   CasoDiSistema caso;
   Applicazione applicazione;

@@ -10,11 +10,11 @@
 #include <cstdio>
 #include <exception>
 
+#include "bench/DialoghiMuti.h"
 #include "bench/GeneraDitta.h"
 #include "bench/MisureArchivio.h"
 #include "bench/MisureFinestre.h"
 #include "screens/main/Applicazione.h"
-#include "screens/main/DialoghiQt.h"
 
 namespace {
 
@@ -25,7 +25,8 @@ constexpr const char* kPiccola = "Piccola";
 constexpr int kRegistrazioni = 400'000;
 constexpr int kPoche = 4'000;
 
-std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni) {
+std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
+                             const fenalto::banco::Nomi& nomi) {
   const auto nuda = opzioni.cartellaProgramma / "nuda.db";
   std::printf("# dati in %s\n", opzioni.cartellaProgramma.c_str());
   fenalto::banco::GeneraDitta(opzioni, kPiccola, kPoche);
@@ -33,18 +34,22 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni) {
   fenalto::banco::GeneraNuda(opzioni.cartellaProgramma / kGrande / "Cont32.mdb", nuda);
   std::vector<Rapporto> rapporti;
   {
-    fenalto::DialoghiQt dialoghi;
+    fenalto::banco::DialoghiMuti dialoghi;
     fenalto::OrologioDiSistema orologio;
     fenalto::CasoDiSistema caso;
     fenalto::Ambiente ambiente(opzioni, dialoghi, orologio, caso);
     if (auto esito = ambiente.ApriDitta(kGrande); !esito) {
       throw std::runtime_error(esito.Errore().messaggio);
     }
-    rapporti = fenalto::banco::MisureArchivio(ambiente, nuda);
+    rapporti = fenalto::banco::MisureArchivio(ambiente, nuda, nomi);
   }
-  rapporti.push_back(fenalto::banco::MisuraSelettore(opzioni, kGrande, kPiccola));
-  for (auto& rapporto : fenalto::banco::MisureProcessi(opzioni, kGrande)) {
-    rapporti.push_back(std::move(rapporto));
+  if (fenalto::banco::Chiesto(nomi, "selettore")) {
+    rapporti.push_back(fenalto::banco::MisuraSelettore(opzioni, kGrande, kPiccola));
+  }
+  if (fenalto::banco::Chiesto(nomi, "avvio") || fenalto::banco::Chiesto(nomi, "memoria")) {
+    for (auto& rapporto : fenalto::banco::MisureProcessi(opzioni, kGrande)) {
+      rapporti.push_back(std::move(rapporto));
+    }
   }
   return rapporti;
 }
@@ -69,10 +74,9 @@ int main(int argc, char** argv) {
       return 0;
     }
     bool entro = true;
-    for (const auto& rapporto : Misura(opzioni)) {
-      if (!argomenti.isEmpty() && !argomenti.contains(QString::fromStdString(rapporto.nome))) {
-        continue;
-      }
+    fenalto::banco::Nomi nomi;
+    for (const auto& argomento : argomenti) nomi.push_back(argomento.toStdString());
+    for (const auto& rapporto : Misura(opzioni, nomi)) {
       std::printf("%s %.2f %.2f\n", rapporto.nome.c_str(), rapporto.valore, rapporto.limite);
       entro = entro && rapporto.valore <= rapporto.limite;
     }

@@ -63,7 +63,7 @@ std::int64_t Primanota::Interno::ScriviTestata(std::int64_t numero) {
 }
 
 std::int64_t Primanota::Interno::ScriviRegistrazione() {
-  TransazionePrimanota transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
+  TransazionePrimanota transazione(ambiente.Basi(), Transazione::Ambito::Tessarc);
   std::int64_t numero = testa.Leggi("NumDoc").Intero();
   if (numero == 0) {
     numero = ambiente.Max("NumDoc", "Articoli", {{"Anno", anno}}, tessarc).Intero() + 1;
@@ -137,7 +137,7 @@ bool Primanota::Elimina() {
     return false;
   }
   try {
-    TransazionePrimanota transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
+    TransazionePrimanota transazione(io.ambiente.Basi(), Transazione::Ambito::Tessarc);
     io.tessarc.Esegui("delete * from Movimenti where " + Criterio("NumDoc", "=", io.numeroRecord) +
                       " and " + Criterio("anno", "=", io.anno));
     io.allegati.EliminaRighe();

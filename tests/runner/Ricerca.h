@@ -32,11 +32,12 @@ class Ricerca {
   /// The failure of a control that can't be used, with the names that the window has.
   [[noreturn]] void Fallisci(const QString& nome, const QString& motivo) const;
 
+  /// Hidden only because other pages are in front, all of which can be turned.
+  [[nodiscard]] bool Girabile(const QWidget& controllo) const;
+
  private:
   [[nodiscard]] QList<QWidget*> Controlli() const;
   [[nodiscard]] QStringList Nomi() const;
-  /// Hidden only because other pages are in front, all of which can be turned.
-  [[nodiscard]] bool Girabile(const QWidget& controllo) const;
   void Gira(QWidget& controllo) const;
   QWidget* Unico(QList<QWidget*> candidati, const QString& nome) const;
 

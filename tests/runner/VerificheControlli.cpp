@@ -20,7 +20,8 @@ bool Mostrato(const Ricerca& ricerca, const QString& nome) {
   if (const auto* voce = SoloVoce(ricerca, nome)) return voce->isVisible();
   const auto tutti = ricerca.Tutti(nome);
   if (tutti.isEmpty()) ricerca.Fallisci(nome, QStringLiteral("is no control"));
-  return std::any_of(tutti.begin(), tutti.end(), [](const QWidget* w) { return w->isVisible(); });
+  return std::any_of(tutti.begin(), tutti.end(),
+                     [&](const QWidget* w) { return w->isVisible() || ricerca.Girabile(*w); });
 }
 
 }  // namespace

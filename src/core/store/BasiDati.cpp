@@ -189,7 +189,7 @@ int BasiDati::IstruzioniEseguite() const {
 // ----------------------------------------------------------------------------------
 
 Transazione::Transazione(BasiDati& basi, Ambito ambito) : basi_(basi) {
-  basi_.interno_->nucleo->Inizia(ambito == Ambito::SoloLavoro);
+  basi_.interno_->nucleo->Inizia(ambito);
 }
 
 Transazione::~Transazione() {

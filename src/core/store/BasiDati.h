@@ -82,9 +82,10 @@ class BasiDati {
 /// Not nested: opening a second one throws std::logic_error.
 class Transazione {
  public:
-  /// What it is going to write. Over scratch databases alone it doesn't lock the books, so that
-  /// typing a row neither waits for other stations nor syncs the disk.
-  enum class Ambito { Tutto, SoloLavoro };
+  /// What it is going to write. Tessarc alone needs three syncs fewer than both databases. Over
+  /// scratch databases alone the books aren't locked, so that typing a row neither waits for other
+  /// stations nor syncs the disk.
+  enum class Ambito { Tutto, Tessarc, SoloLavoro };
   explicit Transazione(BasiDati& basi, Ambito ambito = Ambito::Tutto);
   ~Transazione();
   Transazione(const Transazione&) = delete;

@@ -235,14 +235,38 @@ void NucleoBasi::EseguiContata(const char* sql) {
   if (rc != SQLITE_OK) throw ErroreMotore(connessione_, rc, percorsi_.tessarc);
 }
 
-void NucleoBasi::Inizia(bool soloLavoro) {
+void NucleoBasi::Inizia(Transazione::Ambito ambito) {
   if (inTransazione_) throw std::logic_error("Transazione annidata");
   // IMMEDIATE takes the write lock of every attached database, both of the company's included, so
-  // nothing later in the transaction waits for another station.
-  // Where only scratch databases are written each is locked by its first statement, and the books
-  // have no part in the commit.
-  EseguiContata(soloLavoro ? "BEGIN" : "BEGIN IMMEDIATE");
+  // nothing later in the transaction waits for another station. But each locked database counts as
+  // written at the commit, and two of them cost a file of their own and three more syncs: what
+  // writes tessarc alone locks just that one, by a statement that changes nothing, and what writes
+  // scratch databases alone locks each at its first statement.
+  EseguiContata(ambito == Transazione::Ambito::Tutto ? "BEGIN IMMEDIATE" : "BEGIN");
   inTransazione_ = true;
+  if (ambito != Transazione::Ambito::Tessarc) return;
+  try {
+    EseguiContata(NienteInTessarc().c_str());
+  } catch (...) {
+    Annulla();
+    throw;
+  }
+}
+
+const std::string& NucleoBasi::NienteInTessarc() {
+  if (nienteInTessarc_.empty()) {
+    sqlite3_stmt* prima = nullptr;
+    const char* sql =
+        "SELECT name FROM main.sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' "
+        "LIMIT 1";
+    if (sqlite3_prepare_v2(connessione_, sql, -1, &prima, nullptr) == SQLITE_OK &&
+        sqlite3_step(prima) == SQLITE_ROW) {
+      const auto* nome = reinterpret_cast<const char*>(sqlite3_column_text(prima, 0));
+      nienteInTessarc_ = std::string("DELETE FROM main.\"") + nome + "\" WHERE 0";
+    }
+    sqlite3_finalize(prima);
+  }
+  return nienteInTessarc_;
 }
 
 void NucleoBasi::Conferma() {

@@ -123,7 +123,9 @@ class NucleoBasi {
   std::int64_t EseguiAzione(const Preparata& preparata, const DatiArchivio& archivio,
                             const std::string& tabella);
 
-  void Inizia(bool soloLavoro = false);
+  void Inizia(Transazione::Ambito ambito);
+  /// A statement that takes the write lock of tessarc and changes nothing.
+  const std::string& NienteInTessarc();
   void Conferma();
   void Annulla() noexcept;
   [[nodiscard]] bool InTransazione() const { return inTransazione_; }
@@ -159,6 +161,7 @@ class NucleoBasi {
   AttesaArchivio attesa_;
   sqlite3* connessione_ = nullptr;
   std::optional<fenalto::Blocchi> blocchi_;
+  std::string nienteInTessarc_;
   bool inTransazione_ = false;
   int eseguite_ = 0;
   int mancanoAlGuasto_ = 0;
