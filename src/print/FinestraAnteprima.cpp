@@ -70,6 +70,9 @@ FinestraAnteprima::FinestraAnteprima(const QString& titolo, Dialoghi& dialoghi, 
   Costruisci();
   Collega();
   Scorciatoie();
+  // A window of its own: where a link leads, in the main window, must not stay hidden behind this.
+  winId();
+  windowHandle()->setTransientParent(nullptr);
   qApp->installEventFilter(this);
   respiro_.start();
 }
