@@ -407,7 +407,7 @@ bool FinestraAnteprima::SalvaPdf(const std::filesystem::path& file) {
   return true;
 }
 
-bool FinestraAnteprima::Stampa(std::function<std::unique_ptr<QPrinter>()> stampante) {
+bool FinestraAnteprima::Stampa(const std::function<std::unique_ptr<QPrinter>()>& stampante) {
   if (!composta_ || occupata_) return false;
   auto scelta = stampante();
   if (!scelta) return false;

@@ -59,7 +59,7 @@ class FinestraAnteprima : public QWidget {
   void Copia();
   /// Writes all pages to a PDF, or prints them; what goes wrong is told.
   bool SalvaPdf(const std::filesystem::path& file);
-  bool Stampa(std::function<std::unique_ptr<QPrinter>()> stampante);
+  bool Stampa(const std::function<std::unique_ptr<QPrinter>()>& stampante);
   [[nodiscard]] VistaPagina& Vista() { return *vista_; }
 
  signals:

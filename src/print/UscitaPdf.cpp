@@ -25,6 +25,13 @@ std::string UscitaPdf::Rifiuto() const {
 }
 
 Esito<bool> UscitaPdf::Apri() {
+  // A device or a folder must not be replaced by a file of its name.
+  std::error_code ignoto;
+  if (std::filesystem::exists(percorso_, ignoto) &&
+      !std::filesystem::is_regular_file(percorso_, ignoto)) {
+    return Errore{"Non si può scrivere su " + percorso_.string() +
+                  ": non è un file. Scegliere un altro nome."};
+  }
   if (!file_.open(QIODevice::WriteOnly)) return Errore{Rifiuto()};
   scrittore_ = std::make_unique<QPdfWriter>(&file_);
   scrittore_->setResolution(kPuntiPollice);

@@ -180,13 +180,15 @@ TEST(UscitaPdf, AnnullataNonLasciaNiente) {
 TEST(UscitaPdf, FileCheNonSiPuoScrivere) {
   const CartellaProva cartella;
   std::filesystem::create_directory(cartella / "cartella.pdf");
-  for (const auto& file : {cartella.Percorso() / "manca" / "a.pdf", cartella / "cartella.pdf"}) {
+  for (const auto& file : {cartella.Percorso() / "manca" / "a.pdf", cartella / "cartella.pdf",
+                           std::filesystem::path("/dev/full")}) {
     UscitaPdf uscita(file);
     EXPECT_FALSE(uscita.Aggiungi(PaginaFissa(kA4, 1, 4, 60)));
     const auto esito = uscita.Fine();
     ASSERT_FALSE(esito);
     EXPECT_NE(esito.Errore().messaggio.find(file.string()), std::string::npos);
   }
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
   EXPECT_EQ(FileIn(cartella.Percorso()), 1);
 }
 
