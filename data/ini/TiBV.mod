@@ -26,19 +26,19 @@ testo "saldo" x 175 y 36 larghezza 24 destra grassetto
 inizio 43
 fine 281
 riga 4.2
-campo R_conto x 11 larghezza 19
-campo R_descrizione x 30 larghezza 72
-campo R_SALDOINIZIALE x 103 larghezza 24 destra formato "#####.###.###,##"
-campo R_DARE x 127 larghezza 24 destra formato "#####.###.###,##"
-campo R_AVERE x 151 larghezza 24 destra formato "#####.###.###,##"
-campo R_SALDO x 175 larghezza 24 destra formato "#####.###.###,##"
+campo R_conto x 11 y 0.6 larghezza 19
+campo R_descrizione x 30 y 0.6 larghezza 72
+campo R_SALDOINIZIALE x 103 y 0.6 larghezza 24 destra formato "#####.###.###,##"
+campo R_DARE x 127 y 0.6 larghezza 24 destra formato "#####.###.###,##"
+campo R_AVERE x 151 y 0.6 larghezza 24 destra formato "#####.###.###,##"
+campo R_SALDO x 175 y 0.6 larghezza 24 destra formato "#####.###.###,##"
 carattere "Arial Narrow" punti 8.5 grassetto
-campo R_mastro x 11 larghezza 19
-campo R_descrmastro x 30 larghezza 72
-campo R_TOTSALDOINIZIALE x 103 larghezza 24 destra formato "#####.###.###,##"
-campo R_TOTDARE x 127 larghezza 24 destra formato "#####.###.###,##"
-campo R_TOTAVERE x 151 larghezza 24 destra formato "#####.###.###,##"
-campo R_TOTSALDO x 175 larghezza 24 destra formato "#####.###.###,##"
+campo R_mastro x 11 y 0.6 larghezza 19
+campo R_descrmastro x 30 y 0.6 larghezza 72
+campo R_TOTSALDOINIZIALE x 103 y 0.6 larghezza 24 destra formato "#####.###.###,##"
+campo R_TOTDARE x 127 y 0.6 larghezza 24 destra formato "#####.###.###,##"
+campo R_TOTAVERE x 151 y 0.6 larghezza 24 destra formato "#####.###.###,##"
+campo R_TOTSALDO x 175 y 0.6 larghezza 24 destra formato "#####.###.###,##"
 
 [piede]
 carattere "Arial Narrow" punti 8

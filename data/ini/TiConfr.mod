@@ -15,7 +15,8 @@ campo CODFISC x 227 y 14.6 larghezza 60 destra punti 8
 campo TITOLO x 10 y 21 larghezza 110 punti 13 grassetto
 campo INTESTAZ x 120 y 22.2 larghezza 60 punti 9.5
 campo titolo1 x 187 y 22.2 larghezza 100 destra punti 9
-campo TITOLO2 x 10 y 27.8 larghezza 170 punti 9
+campo SCELTE x 10 y 27.8 larghezza 170 punti 9
+campo titolo2 x 187 y 27.8 larghezza 100 destra punti 9
 testo "codice" x 11 y 36 grassetto
 testo "descrizione mastro / sottoconto" x 32 y 36 grassetto
 testo "costi A" x 112 y 36 larghezza 30 destra grassetto
@@ -29,23 +30,23 @@ testo "%" x 266 y 36 larghezza 20 destra grassetto
 inizio 43
 fine 195
 riga 4.2
-campo R_conto x 11 larghezza 21
-campo R_descrizione x 32 larghezza 80
-campo R_COSTIA x 112 larghezza 30 destra formato "#####.###.###,##"
-campo R_RICAVIA x 142 larghezza 30 destra formato "#####.###.###,##"
-campo R_COSTIB x 172 larghezza 30 destra formato "#####.###.###,##"
-campo R_RICAVIB x 202 larghezza 30 destra formato "#####.###.###,##"
-campo R_DIFF x 232 larghezza 34 destra formato "#####.###.###,##"
-campo R_PERC x 266 larghezza 20 destra formato "#########,#"
+campo R_conto x 11 y 0.6 larghezza 21
+campo R_descrizione x 32 y 0.6 larghezza 80
+campo R_COSTIA x 112 y 0.6 larghezza 30 destra formato "#####.###.###,##"
+campo R_RICAVIA x 142 y 0.6 larghezza 30 destra formato "#####.###.###,##"
+campo R_COSTIB x 172 y 0.6 larghezza 30 destra formato "#####.###.###,##"
+campo R_RICAVIB x 202 y 0.6 larghezza 30 destra formato "#####.###.###,##"
+campo R_DIFF x 232 y 0.6 larghezza 34 destra formato "#####.###.###,##"
+campo R_PERC x 266 y 0.6 larghezza 20 destra formato "#########,#"
 carattere "Arial Narrow" punti 8.5 grassetto
-campo R_mastro x 11 larghezza 21
-campo R_descrmastro x 32 larghezza 80
-campo R_TOTCOSTIA x 112 larghezza 30 destra formato "#####.###.###,##"
-campo R_TOTRICAVIA x 142 larghezza 30 destra formato "#####.###.###,##"
-campo R_TOTCOSTIB x 172 larghezza 30 destra formato "#####.###.###,##"
-campo R_TOTRICAVIB x 202 larghezza 30 destra formato "#####.###.###,##"
-campo R_TOTDIFF x 232 larghezza 34 destra formato "#####.###.###,##"
-campo R_TOTPERC x 266 larghezza 20 destra formato "#########,#"
+campo R_mastro x 11 y 0.6 larghezza 21
+campo R_descrmastro x 32 y 0.6 larghezza 80
+campo R_TOTCOSTIA x 112 y 0.6 larghezza 30 destra formato "#####.###.###,##"
+campo R_TOTRICAVIA x 142 y 0.6 larghezza 30 destra formato "#####.###.###,##"
+campo R_TOTCOSTIB x 172 y 0.6 larghezza 30 destra formato "#####.###.###,##"
+campo R_TOTRICAVIB x 202 y 0.6 larghezza 30 destra formato "#####.###.###,##"
+campo R_TOTDIFF x 232 y 0.6 larghezza 34 destra formato "#####.###.###,##"
+campo R_TOTPERC x 266 y 0.6 larghezza 20 destra formato "#########,#"
 
 [piede]
 carattere "Arial Narrow" punti 8

@@ -18,26 +18,26 @@ campo ScrittaAnnoPag x 130 y 27.6 larghezza 40 destra punti 9
 campo AnnoPag x 171 y 27.6 larghezza 29 destra punti 9 grassetto
 testo "data" x 11 y 36 grassetto
 testo "articolo" x 27 y 36 grassetto
-testo "conto" x 51 y 36 grassetto
-testo "causale e descrizione" x 101 y 36 grassetto
-testo "dare" x 157 y 36 larghezza 20 destra grassetto
+testo "conto" x 50 y 36 grassetto
+testo "causale e descrizione" x 97 y 36 grassetto
+testo "dare" x 158 y 36 larghezza 20 destra grassetto
 testo "avere" x 179 y 36 larghezza 20 destra grassetto
 
 [corpo]
 inizio 43
 fine 283
 riga 4
-campo R_Dt x 11 larghezza 15 grassetto
-campo R_nart x 27 larghezza 23
-campo R_conto x 51 larghezza 12
-campo R_DESCRCONTO x 63 larghezza 37
-campo R_DESCRIZIONE x 101 larghezza 54
-campo R_DARE x 155 larghezza 22 destra formato "#####.###.###,##"
-campo R_AVERE x 177 larghezza 22 destra formato "#####.###.###,##"
+campo R_Dt x 11 y 0.6 larghezza 15 grassetto
+campo R_nart x 27 y 0.6 larghezza 22
+campo R_conto x 50 y 0.6 larghezza 12
+campo R_DESCRCONTO x 62 y 0.6 larghezza 34
+campo R_DESCRIZIONE x 97 y 0.6 larghezza 60
+campo R_DARE x 157 y 0.6 larghezza 21 destra formato "#####.###.###,##"
+campo R_AVERE x 178 y 0.6 larghezza 21 destra formato "#####.###.###,##"
 carattere "Arial Narrow" punti 8 grassetto
-campo R_SCRITTATOT x 27 larghezza 73
-campo R_TOTDARE x 155 larghezza 22 destra formato "#####.###.###,##"
-campo R_TOTAVERE x 177 larghezza 22 destra formato "#####.###.###,##"
+campo R_SCRITTATOT x 27 y 0.6 larghezza 69
+campo R_TOTDARE x 157 y 0.6 larghezza 21 destra formato "#####.###.###,##"
+campo R_TOTAVERE x 178 y 0.6 larghezza 21 destra formato "#####.###.###,##"
 
 [piede]
 carattere "Arial Narrow" punti 7.5

@@ -26,15 +26,15 @@ campo TITOLOAVERE x 167 y 36 larghezza 32 destra grassetto
 inizio 43
 fine 266
 riga 4.5
-campo R_conto x 11 larghezza 22
-campo R_descrizione x 34 larghezza 98
-campo R_DARE x 133 larghezza 32 destra formato "#####.###.###,##"
-campo R_AVERE x 167 larghezza 32 destra formato "#####.###.###,##"
+campo R_conto x 11 y 0.6 larghezza 22
+campo R_descrizione x 34 y 0.6 larghezza 98
+campo R_DARE x 133 y 0.6 larghezza 32 destra formato "#####.###.###,##"
+campo R_AVERE x 167 y 0.6 larghezza 32 destra formato "#####.###.###,##"
 carattere "Arial Narrow" punti 9 grassetto
-campo R_mastro x 11 larghezza 22
-campo R_descrmastro x 34 larghezza 98
-campo R_TOTDARE x 133 larghezza 32 destra formato "#####.###.###,##"
-campo R_TOTAVERE x 167 larghezza 32 destra formato "#####.###.###,##"
+campo R_mastro x 11 y 0.6 larghezza 22
+campo R_descrmastro x 34 y 0.6 larghezza 98
+campo R_TOTDARE x 133 y 0.6 larghezza 32 destra formato "#####.###.###,##"
+campo R_TOTAVERE x 167 y 0.6 larghezza 32 destra formato "#####.###.###,##"
 
 [piede]
 campo NOTE2 x 10 y 276 larghezza 60 punti 8 corsivo

@@ -67,8 +67,9 @@ class TabulatoConfronto : private Tabulato {
   }
 
   void Testata() {
-    ApriTestata(kTitolo, ScrittaScelte(scelta));
+    ApriTestata(kTitolo, grafico ? "" : ScrittaScelte(scelta));
     if (grafico) {
+      stampa.CampoModello("SCELTE", ScrittaScelte(scelta));
       stampa.CampoModello("titolo1", Periodo(true));
       stampa.CampoModello("titolo2", Periodo(false));
       return;

@@ -65,6 +65,9 @@ class TabulatoGiornale {
   void RigaTesto(const RigaGiornale& riga, const Rinvio& rinvio);
   void RigaCompatta(const RigaGiornale& riga, const Rinvio& rinvio);
   void RigaModello(const RigaGiornale& riga, const Rinvio& rinvio);
+  /// Into the amounts carried forward, as soon as the row's amount is on the page: its text may go
+  /// on on the next.
+  void Conta(const RigaGiornale& riga);
   void Seguiti(const std::vector<std::string>& pezzi, const Rinvio& rinvio);
   void FinePagina();
   void Progressivi(const std::string& testo);

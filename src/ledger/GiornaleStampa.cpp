@@ -41,7 +41,7 @@ constexpr std::size_t kCodiceCompatto = 6;
 constexpr std::size_t kLarghezzaCompatta = 132;
 
 /// Characters of a piece of description in the graphic form.
-constexpr std::size_t kTestoModello = 62;
+constexpr std::size_t kTestoModello = 40;
 
 std::string TestoRighe(const SceltaGiornale& scelta, int anno) {
   return "SELECT Articoli.Dt, Articoli.NumDoc, Articoli.NProt, Movimenti.Causale, "
@@ -166,6 +166,9 @@ void TabulatoGiornale::Riga(const RigaGiornale& riga) {
   } else {
     RigaTesto(riga, rinvio);
   }
+}
+
+void TabulatoGiornale::Conta(const RigaGiornale& riga) {
   dare_ += riga.dare;
   avere_ += riga.avere;
 }
@@ -198,6 +201,7 @@ void TabulatoGiornale::RigaTesto(const RigaGiornale& riga, const Rinvio& rinvio)
   stampa_.Campo(3, pezzi.front());
   stampa_.Campo(4, avere ? riga.avere : riga.dare);
   stampa_.Riga(avere ? rigaAvere_ : rigaDare_, rinvio);
+  Conta(riga);
   Seguiti(pezzi, rinvio);
 }
 
@@ -224,6 +228,7 @@ void TabulatoGiornale::RigaCompatta(const RigaGiornale& riga, const Rinvio& rinv
   stampa_.Campo(3, testo);
   stampa_.Campo(4, avere ? riga.avere : riga.dare);
   stampa_.Riga(avere ? rigaAvere_ : rigaDare_, rinvio);
+  Conta(riga);
 }
 
 void TabulatoGiornale::RigaModello(const RigaGiornale& riga, const Rinvio& rinvio) {
@@ -241,6 +246,7 @@ void TabulatoGiornale::RigaModello(const RigaGiornale& riga, const Rinvio& rinvi
   const bool avere = !riga.avere.Zero();
   stampa_.CampoModello(avere ? "R_AVERE" : "R_DARE", PerModello(avere ? riga.avere : riga.dare), y,
                        rinvio);
+  Conta(riga);
   for (std::size_t i = 0; i < pezzi.size(); ++i) {
     if (i > 0) {
       if (stampa_.RigheLibere() < 1) FinePagina();

@@ -1,0 +1,375 @@
+// Trial balance, statements and comparison on books small enough to be worked out by hand.
+#include "core/values/Testo.h"
+#include "ledger/BilancioInterno.h"
+#include "ledger/BilancioVerifica.h"
+#include "ledger/MovimentiConto.h"
+#include "ledger/Stampati.h"
+
+namespace fenalto::prova {
+
+class BilancioTest : public DittaDaStampare {
+ protected:
+  BilancioTest() {
+    Articolo(2024, 1, G(1, 1, 2024),
+             {{"P", "100.010", I("1000"), "APE"}, {"P", "300.001", I("-1000"), "APE"}});
+    Articolo(2024, 2, G(10, 2, 2024),
+             {{"C", "0001", I("122")}, {"P", "700.010", I("-100")}, {"P", "170.001", I("-22")}});
+    Articolo(2024, 3, G(5, 3, 2024), {{"P", "100.010", I("122")}, {"C", "0001", I("-122")}});
+    Articolo(2024, 4, G(6, 3, 2024),
+             {{"P", "520.007", I("30.5")}, {"F", "0002", I("-30.5"), "062"}});
+    // The year before, for the comparison.
+    Articolo(2023, 1, G(1, 6, 2023), {{"P", "520.007", I("20")}, {"P", "700.010", I("-20")}});
+  }
+
+  SceltaBilancio Scelta() {
+    SceltaBilancio scelta = BilancioVerifica(ambiente, uscite).Proposta();
+    scelta.daDt = G(1, 1, 2024);
+    scelta.aaDt = G(31, 12, 2024);
+    scelta.escludoNonMovimentati = true;
+    return BilancioVerifica::PeriodoPrecedente(scelta);
+  }
+  /// The lines after the heading, without blanks at their ends.
+  [[nodiscard]] std::string Corpo() const {
+    const std::string testo = uscite.Testo();
+    return testo.substr(testo.find("---\n") + 4);
+  }
+  /// First cells of a sheet's rows.
+  static std::vector<std::string> Codici(const Foglio& foglio) {
+    std::vector<std::string> codici;
+    for (const auto& riga : foglio.righe) codici.push_back(riga[0].Testo());
+    return codici;
+  }
+  BilancioVerifica bilancio{ambiente, uscite};
+};
+
+TEST_F(BilancioTest, Verifica) {
+  SceltaBilancio scelta = Scelta();
+  scelta.stampoCliFor = true;
+  scelta.daMastro = "100";
+  scelta.aaMastro = "400";
+  ambiente.ScriviImpostazione({}, "config", "ragsoc1 ", "ROSSI");
+  ambiente.ScriviImpostazione({}, "config", "ragsoc2", "& FIGLI");
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(bilancio.StampaVerifica(scelta));
+  EXPECT_EQ(uscite.fini, 1);
+  const std::string vuote =
+      "|                |                |                |                |\n";
+  const std::string rigo = std::string(115, '-') + "\n";
+  EXPECT_EQ(
+      Corpo(),
+      "| 100      Cassa e valori                     " + vuote +
+          "| 100.010  Cassa contanti                     |       1.000,000|         122,000|"
+          "           0,000|       1.122,000|\n"
+          "| tot. 100 Cassa e valori                     |       1.000,000|         122,000|"
+          "           0,000|       1.122,000|\n" +
+          rigo + "| 120      Crediti verso clienti              " + vuote +
+          "| 120.001  Clienti Italia                     |           0,000|         122,000|"
+          "         122,000|           0,000|\n"
+          "| 0001       Clienti 0001 dell'Oro            |           0,000|         122,000|"
+          "         122,000|           0,000|\n"
+          "| tot. 120 Crediti verso clienti              |           0,000|         122,000|"
+          "         122,000|           0,000|\n" +
+          rigo + "| 170      Erario c/IVA                       " + vuote +
+          "| 170.001  IVA a debito                       |           0,000|           0,000|"
+          "          22,000|         -22,000|\n"
+          "| tot. 170 Erario c/IVA                       |           0,000|           0,000|"
+          "          22,000|         -22,000|\n" +
+          rigo + "| 300      Patrimonio netto                   " + vuote +
+          "| 300.001  Capitale sociale                   |      -1.000,000|           0,000|"
+          "           0,000|      -1.000,000|\n"
+          "| tot. 300 Patrimonio netto                   |      -1.000,000|           0,000|"
+          "           0,000|      -1.000,000|\n" +
+          rigo + "| 400      Debiti verso fornitori             " + vuote +
+          "| 400.001  Fornitori Italia                   |           0,000|           0,000|"
+          "          30,500|         -30,500|\n"
+          "| 0002       Fornitori 0002 dell'Oro          |           0,000|           0,000|"
+          "          30,500|         -30,500|\n"
+          "| tot. 400 Debiti verso fornitori             |           0,000|           0,000|"
+          "          30,500|         -30,500|\n" +
+          rigo + std::string(115, '=') +
+          "\n|          TOTALI                             |           0,000|         244,000|"
+          "         174,500|          69,500|\n" +
+          std::string(115, '=') + "\n");
+  EXPECT_EQ(uscite.Righe()[0][0].substr(0, 13), "ROSSI & FIGLI");
+  // A double click on an account's line leads to its movements.
+  const auto& riga = std::get<RigaFissa>(uscite.pagine[0].elementi[12]);
+  EXPECT_EQ(riga.rinvio.genere, Rinvio::Genere::Conto);
+  EXPECT_EQ(riga.rinvio.cfp + riga.rinvio.conto, "C120.001") << riga.testo;
+}
+
+TEST_F(BilancioTest, Prospetti) {
+  Tessarc().Esegui("UPDATE CONTI SET ImportoSitAziendale=-12.5 WHERE Cod='520.007'");
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(bilancio.StampaProspetti(Scelta()));
+  const std::string testo = uscite.Testo();
+  ASSERT_EQ(uscite.pagine.size(), 2U);
+  // What adjusts a cost downwards stands under the revenues.
+  EXPECT_NE(
+      testo.find(
+          " 520        Costi per servizi                           30,500           12,500\n"
+          " 520.007    Assicurazioni                               30,500\n"
+          "*520.007    Assicurazioni                                                12,500\n"
+          "\n"
+          " 700        Ricavi di vendita                            0,000          100,000\n"
+          " 700.010    Corrispettivi                                               100,000\n"),
+      std::string::npos)
+      << testo;
+  EXPECT_NE(testo.find("            TOTALI                                      30,500          "
+                       "112,500\n"),
+            std::string::npos)
+      << testo;
+  EXPECT_NE(testo.find("              UTILE DI ESERCIZIO                               82,000\n"),
+            std::string::npos)
+      << testo;
+  EXPECT_NE(testo.find("\n *=rettifiche di bilancio\n"), std::string::npos);
+  EXPECT_NE(testo.find("              eccedenza attiva                                 69,500\n"),
+            std::string::npos)
+      << testo;
+  EXPECT_EQ(uscite.Righe()[1][2].substr(0, 30), "stampa situazione patrimoniale");
+}
+
+TEST_F(BilancioTest, ProspettiInPerditaEInPareggio) {
+  SceltaBilancio scelta = Scelta();
+  scelta.daDt = G(1, 3, 2024);
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(bilancio.StampaProspetti(scelta));
+  EXPECT_NE(uscite.Testo().find("PERDITA DI ESERCIZIO"), std::string::npos);
+  EXPECT_NE(uscite.Testo().find("eccedenza passiva"), std::string::npos);
+  scelta.aaDt = G(5, 3, 2024);
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(bilancio.StampaProspetti(scelta));
+  EXPECT_EQ(uscite.Testo().find("ESERCIZIO"), std::string::npos);
+  EXPECT_EQ(uscite.Testo().find("eccedenza"), std::string::npos);
+}
+
+TEST_F(BilancioTest, Confronto) {
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(bilancio.StampaConfronto(Scelta()));
+  const std::string testo = uscite.Testo();
+  for (const char* riga :
+       {" Periodo A  dal 01/01/2024 al 31/12/2024  anno 2024\n",
+        " Periodo B  dal 01/01/2023 al 31/12/2023  anno 2023\n",
+        " 520.007    Assicurazioni                               30,500                        "
+        "20,000                       -10,500   -34,4\n",
+        " 700.010    Corrispettivi                                             100,000          "
+        "              20,000        -80,000   -80,0\n",
+        "            UTILE (RICAVI) / PERDITA (COSTI)                           69,500          "
+        "                            -69,500  -100,0\n"}) {
+    EXPECT_NE(testo.find(riga), std::string::npos) << riga << testo;
+  }
+}
+
+TEST_F(BilancioTest, ScostamentoSulLatoDelConto) {
+  const struct {
+    const char* a;
+    const char* b;
+    const char* differenza;
+    const char* percento;
+  } casi[] = {
+      {"100", "150", "50", "50"},     {"-100", "-150", "50", "50"}, {"-100", "-50", "-50", "-50"},
+      {"100", "-50", "-150", "-150"}, {"0", "-30", "30", ""},       {"0", "0", "0", ""},
+      {"3", "4", "1", "33.3"},        {"8", "8.02", "0.02", "0.3"}, {"100", "0", "-100", "-100"}};
+  for (const auto& c : casi) {
+    const Scostamento s = Scosta(I(c.a), I(c.b));
+    EXPECT_EQ(s.differenza.Testo(), c.differenza) << c.a << " " << c.b;
+    EXPECT_EQ(s.percento.Neutro(), c.percento) << c.a << " " << c.b;
+  }
+}
+
+TEST_F(BilancioTest, Scelte) {
+  // 0002 of the customers balances out at zero; 110.001 has only an opening.
+  Articolo(2024, 5, G(1, 4, 2024), {{"C", "0002", I("5")}, {"P", "130.001", I("-5")}});
+  Articolo(2024, 6, G(2, 4, 2024), {{"C", "0002", I("-5")}, {"P", "130.001", I("5")}});
+  Articolo(2024, 7, G(1, 1, 2024), {{"P", "110.001", I("7"), "APEX"}});
+  const auto codici = [&](void (*cambia)(SceltaBilancio&)) {
+    SceltaBilancio scelta = Scelta();
+    scelta.daMastro = "110";
+    scelta.aaMastro = "130";
+    cambia(scelta);
+    return Codici(bilancio.FoglioVerifica(scelta));
+  };
+  using Elenco = std::vector<std::string>;
+  EXPECT_EQ(codici([](SceltaBilancio&) {}),
+            (Elenco{"110.001", "tot. 110", "120.001", "tot. 120", "130.001", "tot. 130", ""}));
+  EXPECT_EQ(codici([](SceltaBilancio& s) { s.escludoSaldo0 = true; }),
+            (Elenco{"110.001", "tot. 110", ""}));
+  EXPECT_EQ(codici([](SceltaBilancio& s) { s.stampoCliFor = true; }),
+            (Elenco{"110.001", "tot. 110", "120.001", "0001", "0002", "tot. 120", "130.001",
+                    "tot. 130", ""}));
+  EXPECT_EQ(codici([](SceltaBilancio& s) { s.soloMastri = s.stampoCliFor = true; }),
+            (Elenco{"tot. 110", "tot. 120", "tot. 130", ""}));
+  EXPECT_EQ(codici([](SceltaBilancio& s) { s.escludoCausale = "001"; }),
+            (Elenco{"110.001", "tot. 110", ""}));
+  EXPECT_EQ(codici([](SceltaBilancio& s) { s.daDt = G(2, 1, 2024); }),
+            (Elenco{"120.001", "tot. 120", "130.001", "tot. 130", ""}));
+  EXPECT_EQ(codici([](SceltaBilancio& s) { s.anno = 2023; }), (Elenco{""}));
+  EXPECT_EQ(codici([](SceltaBilancio& s) {
+              s.anno = 2023;
+              s.noAnno = true;
+            }).size(),
+            7U);
+  // Everything that the chart has, moved or not.
+  EXPECT_GT(codici([](SceltaBilancio& s) { s.escludoNonMovimentati = false; }).size(), 20U);
+}
+
+TEST_F(BilancioTest, QuelCheNessunMastroRaccoglieStaInFondo) {
+  Articolo(2024, 5, G(1, 4, 2024),
+           {{"P", "999.001", I("10")}, {"C", "0003", I("5")}, {"P", "senza", I("-15")}});
+  Tessarc().Inserisci(
+      "Conti", {{"Cod", "888.1"}, {"CFP", "P"}, {"PatrEcon", "E"}, {"Descrizione", "orfano"}});
+  Tessarc().Inserisci("ContiClientiFornitori",
+                      {{"Cod", "888.1"}, {"CFP", "P"}, {"Descrizione", "orfano"}});
+  Articolo(2024, 6, G(1, 4, 2024), {{"P", "888.1", I("-4")}, {"P", "100.010", I("4")}});
+  const auto coda = [](const Foglio& foglio) {
+    std::vector<std::string> codici = Codici(foglio);
+    codici.erase(codici.begin(), std::ranges::find(codici, "tot. 700") + 1);
+    return codici;
+  };
+  SceltaBilancio scelta = Scelta();
+  const Foglio tutto = bilancio.FoglioVerifica(scelta);
+  EXPECT_EQ(coda(tutto),
+            (std::vector<std::string>{"0003", "888.1", "999.001", "senza", "tot. ", ""}));
+  EXPECT_EQ(tutto.righe.back()[6].Importo(), Importo());  // the books balance
+  scelta.daMastro = "700";
+  scelta.aaMastro = "999";
+  EXPECT_EQ(coda(bilancio.FoglioVerifica(scelta)),
+            (std::vector<std::string>{"888.1", "999.001", "tot. ", ""}));
+  // On the statements too, so that both pages end on the same difference.
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(bilancio.StampaProspetti(Scelta()));
+  EXPECT_NE(uscite.Testo().find(" 888.1      orfano"), std::string::npos);
+  EXPECT_NE(uscite.Testo().find("UTILE DI ESERCIZIO                               73,500\n"),
+            std::string::npos);
+  EXPECT_NE(uscite.Testo().find("eccedenza attiva                                 73,500\n"),
+            std::string::npos);
+}
+
+TEST_F(BilancioTest, CodiciDaCercareAllaLettera) {
+  // A master's code is no pattern, and an account belongs to one master.
+  for (const char* mastro : {"1*", "30", "30.1"}) {
+    Tessarc().Inserisci("Mastri", {{"Cod", mastro}, {"PatrEcon", "P"}, {"Descrizione", "l'uno"}});
+  }
+  for (const char* conto : {"1*.5", "30.1.2"}) {
+    Tessarc().Inserisci("Conti", {{"Cod", conto}, {"CFP", "P"}});
+  }
+  Articolo(2024, 5, G(1, 4, 2024), {{"P", "1*.5", I("1")}, {"P", "30.1.2", I("-1")}});
+  SceltaBilancio scelta = Scelta();
+  scelta.daMastro = "1*";
+  scelta.aaMastro = "30.1";
+  const std::vector<std::string> codici = Codici(bilancio.FoglioVerifica(scelta));
+  EXPECT_EQ(std::ranges::count(codici, "1*.5"), 1);
+  EXPECT_EQ(std::ranges::count(codici, "100.010"), 1);
+  EXPECT_EQ(std::ranges::count(codici, "30.1.2"), 1);
+}
+
+TEST_F(BilancioTest, ProposteERifiuti) {
+  const SceltaBilancio proposta = bilancio.Proposta();
+  EXPECT_EQ(proposta.daDt, G(1, 1, 2024));
+  EXPECT_EQ(proposta.aaDt, G(6, 3, 2024));
+  EXPECT_EQ(proposta.daMastro + proposta.aaMastro, "100980");
+  EXPECT_EQ(proposta.aaDtAP, G(6, 3, 2023));
+  ASSERT_TRUE(ambiente.ScegliAnno(2025));
+  EXPECT_EQ(bilancio.Proposta().daDt, G(1, 1, 2025));
+  EXPECT_EQ(bilancio.Proposta().aaDt, G(31, 12, 2025));
+
+  const auto rifiuto = [&](void (*cambia)(SceltaBilancio&)) {
+    SceltaBilancio scelta = Scelta();
+    cambia(scelta);
+    EXPECT_FALSE(bilancio.StampaConfronto(scelta));
+    return SoloMessaggio();
+  };
+  EXPECT_THAT(rifiuto([](SceltaBilancio& s) { std::swap(s.daDt, s.aaDt); }),
+              ::testing::HasSubstr("periodo A 31/12/2024 è successiva"));
+  EXPECT_THAT(rifiuto([](SceltaBilancio& s) { s.aaDtAP = {}; }), ::testing::HasSubstr("periodo B"));
+  EXPECT_THAT(rifiuto([](SceltaBilancio& s) { std::swap(s.daMastro, s.aaMastro); }),
+              ::testing::HasSubstr("mastro"));
+  EXPECT_EQ(rifiuto([](SceltaBilancio& s) { s.daMastro = s.aaMastro = "995"; }),
+            "non c'è nessun mastro da 995 a 995");
+}
+
+TEST_F(BilancioTest, RinunciaEInterruzione) {
+  dialoghi.ScegliaUscita(std::nullopt);
+  EXPECT_FALSE(bilancio.StampaVerifica(Scelta()));
+  dialoghi.annullaDopo = 100;
+  Verso(Destinazione::Testo);
+  EXPECT_FALSE(bilancio.StampaProspetti(Scelta()));
+  EXPECT_TRUE(uscite.pagine.empty());
+  EXPECT_EQ(uscite.fini, 0);
+  EXPECT_TRUE(bilancio.FoglioVerifica(Scelta()).colonne.empty());
+}
+
+TEST_F(BilancioTest, ImportoPiuGrandeDelCampo) {
+  Articolo(2024, 5, G(1, 4, 2024),
+           {{"P", "100.010", I("1234567890")}, {"P", "300.001", I("-1234567890")}});
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(bilancio.StampaVerifica(Scelta()));
+  EXPECT_NE(uscite.Testo().find("| ***************|"), std::string::npos);
+}
+
+TEST_F(BilancioTest, AnnoInLire) {
+  ASSERT_TRUE(ambiente.ScegliAnno(2000));
+  Articolo(2000, 1, G(1, 4, 2000), {{"P", "100.010", I("1000")}, {"P", "300.001", I("-1000")}});
+  SceltaBilancio scelta = bilancio.Proposta();
+  scelta.escludoNonMovimentati = true;
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(bilancio.StampaProspetti(scelta));
+  EXPECT_NE(uscite.Testo().find(" 100.010    Cassa contanti                               1.000\n"),
+            std::string::npos)
+      << uscite.Testo();
+}
+
+TEST_F(BilancioTest, FormaGrafica) {
+  SceltaBilancio scelta = Scelta();
+  scelta.stGrafico = true;
+  scelta.escludoNonMovimentati = false;
+  const auto conta = [&](const std::string& testo) {
+    return std::ranges::count(uscite.Scritte(), testo);
+  };
+  Verso(Destinazione::Pdf);
+  ASSERT_TRUE(bilancio.StampaVerifica(scelta));
+  EXPECT_GT(uscite.pagine.size(), 2U);
+  const auto pagine = static_cast<std::ptrdiff_t>(uscite.pagine.size());
+  EXPECT_EQ(conta("segue su pagina successiva"), pagine - 1);
+  EXPECT_EQ(conta("BILANCIO DI VERIFICA"), pagine);
+  EXPECT_EQ(conta("274,50"), 2);  // the totals
+  Verso(Destinazione::Pdf);
+  ASSERT_TRUE(bilancio.StampaProspetti(scelta));
+  EXPECT_EQ(conta("UTILE DI ESERCIZIO") + conta("ECCEDENZA ATTIVA"), 2);
+  Verso(Destinazione::Pdf);
+  ASSERT_TRUE(bilancio.StampaConfronto(scelta));
+  EXPECT_EQ(conta("-34,4"), 3);  // the account, its master and the costs
+  // A text output has no graphic form.
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(bilancio.StampaConfronto(scelta));
+  EXPECT_TRUE(uscite.Scritte().empty());
+}
+
+TEST_F(BilancioTest, ModelloGuastoFermaPrimaDellaPrimaRiga) {
+  std::filesystem::create_directories(ambiente.CartellaProgramma() / "Ini");
+  ScriviFile(ambiente.CartellaProgramma() / "Ini" / "TiBV.mod", "[pagina]\nboh\n");
+  SceltaBilancio scelta = Scelta();
+  scelta.stGrafico = true;
+  Verso(Destinazione::Pdf);
+  EXPECT_FALSE(bilancio.StampaVerifica(scelta));
+  EXPECT_THAT(SoloMessaggio(), ::testing::HasSubstr("TiBV.mod"));
+  EXPECT_EQ(uscite.fini, 0);
+}
+
+TEST_F(BilancioTest, MovimentiDiUnConto) {
+  Tessarc().Esegui(
+      "UPDATE Movimenti SET ContoControp='0001', DiversiControp=True WHERE Conto='100.010' AND "
+      "NumDoc=3");
+  const auto tutti =
+      MovimentiDiConto(ambiente, "P", "100.010", 2024, G(1, 1, 2024), G(31, 12, 2024));
+  ASSERT_EQ(tutti.size(), 2U);
+  EXPECT_EQ(tutti[0].saldo, I("1000"));
+  EXPECT_EQ(tutti[1].saldo, I("1122"));
+  EXPECT_EQ(tutti[1].articolo, 3);
+  EXPECT_EQ(tutti[1].controp, "0001+diversi");
+  EXPECT_EQ(MovimentiDiConto(ambiente, "P", "520.007", 0, G(1, 1, 2023), G(31, 12, 2024)).size(),
+            2U);
+  EXPECT_EQ(MovimentiDiConto(ambiente, "P", "520.007", 0, G(1, 1, 2023), G(31, 12, 2024), 1).size(),
+            1U);
+}
+
+}  // namespace fenalto::prova
