@@ -58,6 +58,11 @@ bool ApriDalMenu(Contesto& contesto, const QString& nome, int scheda) {
     throw Fallimento(QStringLiteral("no menu entry opens a window %1").arg(nome));
   }
   auto& principale = contesto.Principale();
+  if (*voce->voce == '\0') {
+    principale.ApriFunzione(nome, scheda);  // a window that only others open
+    contesto.Attendi();
+    return true;
+  }
   auto* azione = AzioneDi(principale, *voce);
   if (azione == nullptr) {
     throw Fallimento(QStringLiteral("the menu has no entry \"%1\" of the window %2")

@@ -10,7 +10,10 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include "screens/ledger/FinestraBilancioVerifica.h"
+#include "screens/ledger/FinestraGiornale.h"
 #include "screens/ledger/FinestraMovimenti.h"
+#include "screens/ledger/FinestraMovimentiConto.h"
 #include "screens/users/FinestraUt.h"
 
 namespace fenalto {
@@ -49,6 +52,9 @@ Applicazione::~Applicazione() {
 FinestraPrincipale::Costruttori Applicazione::Costruttori() {
   return {
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
+      {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
+      {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
+      {QStringLiteral("StGiornale"), Nuova<FinestraGiornale>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
   };
 }

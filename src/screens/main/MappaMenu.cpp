@@ -168,6 +168,11 @@ constexpr auto kArchivi = std::to_array<RigaArchivio>({
     {"CATEGORIE", "Categorie", 99},
 });
 
+/// Windows that only other windows and previews open.
+constexpr auto kSenzaVoce = std::to_array<VoceMenu>({
+    {"", "", "MovimentiConto", 99},
+});
+
 }  // namespace
 
 std::span<const VoceMenu> MappaMenu() {
@@ -180,6 +185,9 @@ const VoceMenu* VoceDi(const QString& finestra, int scheda) {
     if (QString::fromUtf8(voce.finestra).compare(finestra, Qt::CaseInsensitive) != 0) continue;
     if (scheda >= 0 && voce.scheda == scheda) return &voce;
     if (prima == nullptr) prima = &voce;
+  }
+  for (const auto& voce : kSenzaVoce) {
+    if (QString::fromUtf8(voce.finestra).compare(finestra, Qt::CaseInsensitive) == 0) return &voce;
   }
   return prima;
 }

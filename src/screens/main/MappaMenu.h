@@ -23,7 +23,8 @@ struct VoceMenu {
 /// All entries in menu order.
 std::span<const VoceMenu> MappaMenu();
 
-/// The entry of a window (of its page when `scheda` is not negative); null when there is none.
+/// The entry of a window (of its page when `scheda` is not negative); for a window that no menu
+/// opens, one without caption that isn't in MappaMenu. Null when there is none.
 const VoceMenu* VoceDi(const QString& finestra, int scheda = -1);
 
 /// Text that an exclusive function refuses with.

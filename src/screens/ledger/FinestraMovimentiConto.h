@@ -1,0 +1,27 @@
+// The window of one account's movements with the running balance: where a double click on an
+// account leads. It has no menu entry of its own.
+#pragma once
+
+#include <memory>
+
+#include "screens/common/FinestraFunzione.h"
+
+namespace fenalto {
+
+class FinestraMovimentiConto : public FinestraFunzione {
+  Q_OBJECT
+
+ public:
+  explicit FinestraMovimentiConto(Finestre& finestre);
+  ~FinestraMovimentiConto() override;
+
+  /// Shows the account of a text "class|code" ("P|100.010"), or of a code of the class chosen.
+  void ApriCodice(const QString& codice) override;
+  void Aggiorna() override;
+
+ private:
+  struct Interno;
+  std::unique_ptr<Interno> interno_;
+};
+
+}  // namespace fenalto
