@@ -46,6 +46,9 @@ FinestraGiornale::Interno::Interno(FinestraGiornale& finestraUsata, Finestre& ge
   perFat->setObjectName(QStringLiteral("PerFat"));
   Proponi();
   opzioni = new OpzioniGrafiche(finestra.Nome(), gestore.Sessione(), scheda, *legatura);
+  connect(perArticolo, &QRadioButton::toggled, &finestra, [this](bool attivo) {
+    gestore.Sessione().ScriviImpostazione({}, "config", "PerArticolo", attivo ? "True" : "False");
+  });
   auto* stampa = Pulsante(QStringLiteral("Stampa"), tr("Stampa"));
   connect(stampa, &QPushButton::clicked, &finestra, [this] { Stampa(); });
   AssegnaMnemoniche({stampa});
