@@ -122,6 +122,21 @@ TEST_F(RapportiTest, RinvioAllaRegistrazione) {
   EXPECT_EQ(principale->Aperta(QStringLiteral("Movimenti")), nullptr);
 }
 
+TEST_F(RapportiTest, RinvioAiMovimentiDelConto) {
+  Registra({{"100.010", I("50")}, {"110.001", I("-50")}});
+  const auto anteprima = Anteprima({Rinvio::Genere::Conto, "P", "110.001", 0, 0});
+  ASSERT_FALSE(anteprima.isNull());
+  DoppioClicSu(*anteprima);
+  finestra = principale->Aperta(QStringLiteral("MovimentiConto"));
+  ASSERT_NE(finestra, nullptr);
+  EXPECT_EQ(Testo("Rt1").toStdString(), "110.001");
+  ASSERT_EQ(Righe("GrigliaMovimenti"), 1);
+  EXPECT_TRUE(Testo("Totali").endsWith(QStringLiteral("saldo -50,00")));
+  // Another account in the window that is open already.
+  finestra->ApriCodice(QStringLiteral("P|100.010"));
+  EXPECT_TRUE(Testo("Totali").endsWith(QStringLiteral("saldo 50,00")));
+}
+
 TEST_F(RapportiTest, LeAnteprimeSeNeVannoConLaFinestraPrincipale) {
   const auto anteprima = Anteprima({});
   ASSERT_FALSE(anteprima.isNull());

@@ -61,6 +61,7 @@ FinestraGiornale::Interno::Interno(FinestraGiornale& finestraUsata, Finestre& ge
   griglia->addLayout(sotto, 3, 0);
   griglia->setColumnStretch(1, 1);
   griglia->setRowStretch(4, 1);
+  finestra.setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
   legatura->Mostra();
 }
 

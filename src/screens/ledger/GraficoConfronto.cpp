@@ -89,14 +89,12 @@ QString GraficoConfronto::Riassunto(const MeseConfronto& mese) const {
 QColor GraficoConfronto::Colore(int serie) const {
   constexpr int kMezzo = 128;
   const bool scuro = palette().color(QPalette::Base).lightness() < kMezzo;
-  // Costs red, revenues green; period A full, period B paler (on a dark ground, darker).
-  const QColor pieno = serie < kRicaviA ? (scuro ? QColor(235, 110, 90) : QColor(190, 60, 40))
-                                        : (scuro ? QColor(100, 200, 140) : QColor(30, 125, 75));
-  const bool periodoB = serie == kCostiB || serie == kRicaviB;
-  if (!periodoB) return pieno;
-  constexpr int kChiaro = 165;
-  constexpr int kScuro = 175;
-  return scuro ? pieno.darker(kScuro) : pieno.lighter(kChiaro);
+  // Costs red, revenues green; period A stands out from the ground more than B.
+  static const QColor kChiari[kSerie] = {
+      {150, 40, 30}, {225, 105, 80}, {20, 95, 60}, {60, 155, 105}};
+  static const QColor kScuri[kSerie] = {
+      {245, 140, 120}, {190, 80, 65}, {125, 215, 160}, {55, 145, 95}};
+  return scuro ? kScuri[serie] : kChiari[serie];
 }
 
 QRect GraficoConfronto::Area() const {

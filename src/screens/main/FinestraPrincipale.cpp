@@ -237,7 +237,9 @@ FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello) {
     // One beside the other there is no room for: each a little below and right of the one before.
     constexpr int kScalino = 26;
     const auto prima = static_cast<int>(FinestreAperte().size()) - 1;
-    const QSize misura = finestra->sizeHint().expandedTo(QSize(1180, 640)).boundedTo(area.size());
+    const bool piccola = finestra->sizePolicy().verticalPolicy() == QSizePolicy::Maximum;
+    const QSize minima = piccola ? QSize() : QSize(1180, 640);
+    const QSize misura = cornice->sizeHint().expandedTo(minima).boundedTo(area.size());
     cornice->setGeometry(Dentro({QPoint(kScalino, kScalino) * prima, misura}, area));
   }
   if (memoria.value(QStringLiteral("finestre/%1/massima").arg(nome)).toBool()) {
