@@ -1,6 +1,7 @@
 #include "ledger/BilancioVerifica.h"
 
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "core/sql/Criterio.h"
@@ -81,14 +82,15 @@ namespace {
 /// its side in every month, so that the months add up to the report.
 using Lati = std::map<std::pair<std::string, std::string>, std::array<bool, 2>>;
 
-Lati LatiDeiConti(Ambiente& ambiente, SceltaBilancio scelta) {
+/// Nothing when the user stopped the reading.
+std::optional<Lati> LatiDeiConti(Ambiente& ambiente, SceltaBilancio scelta) {
   scelta.stampoCliFor = true;
   Lati lati;
   const auto piega = [](const std::string& cfp, const std::string& cod) {
     return std::pair(SenzaMaiuscole(cfp), SenzaMaiuscole(cod));
   };
   VisitaConti visita(ambiente, RichiestaDi(scelta, "E", true));
-  visita.Visita("Mesi del confronto", [&](const MastroVisitato& mastro) {
+  const bool letti = visita.Visita("Mesi del confronto", [&](const MastroVisitato& mastro) {
     for (const ContoVisitato& conto : mastro.conti) {
       const std::array<bool, 2> costo = {!conto.saldi[0].Finale().Negativo(),
                                          !conto.saldi[1].Finale().Negativo()};
@@ -96,6 +98,7 @@ Lati LatiDeiConti(Ambiente& ambiente, SceltaBilancio scelta) {
       for (const ParteVisitata& parte : conto.parti) lati[piega(parte.cfp, parte.cod)] = costo;
     }
   });
+  if (!letti) return std::nullopt;
   return lati;
 }
 
@@ -122,14 +125,15 @@ std::vector<MeseConfronto> BilancioVerifica::MesiConfronto(const SceltaBilancio&
   std::vector<MeseConfronto> mesi(12);
   for (std::size_t i = 0; i < mesi.size(); ++i) mesi[i].mese = static_cast<int>(i) + 1;
   const RichiestaVisita richiesta = RichiestaDi(scelta, "E", true);
-  const Lati lati = LatiDeiConti(ambiente_, scelta);
+  const auto lati = LatiDeiConti(ambiente_, scelta);
+  if (!lati) return {};
   for (std::size_t p = 0; p < richiesta.periodi.size(); ++p) {
     Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(
         TestoGiorni(richiesta.periodi[p], scelta.escludoCausale));
     for (; !rs.Eof(); rs.MoveNext()) {
       const auto lato =
-          lati.find({SenzaMaiuscole(rs.Fields(0).Testo()), SenzaMaiuscole(rs.Fields(1).Testo())});
-      if (lato == lati.end()) continue;
+          lati->find({SenzaMaiuscole(rs.Fields(0).Testo()), SenzaMaiuscole(rs.Fields(1).Testo())});
+      if (lato == lati->end()) continue;
       MeseConfronto& mese = mesi[static_cast<std::size_t>(rs.Fields(2).Data().Mese()) - 1];
       const Importo saldo = rs.Fields(3).Importo() - rs.Fields(4).Importo();
       if (lato->second[p]) {

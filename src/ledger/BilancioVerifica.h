@@ -60,7 +60,8 @@ class BilancioVerifica {
   /// The same walks as sheets.
   [[nodiscard]] Foglio FoglioVerifica(const SceltaBilancio& scelta);
   [[nodiscard]] Foglio FoglioConfronto(const SceltaBilancio& scelta);
-  /// Twelve months; empty amounts where nothing was written.
+  /// Twelve months, empty amounts where nothing was written; none when the user stopped the
+  /// reading.
   [[nodiscard]] std::vector<MeseConfronto> MesiConfronto(const SceltaBilancio& scelta);
 
  private:

@@ -12,7 +12,7 @@ constexpr const char* kRigaMastro =
     "| $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$|                |                |"
     "                |                |";
 constexpr const char* kColonne =
-    "|  codice  descrizione mastro/sottoconto       |  Saldo Iniziale|            Dare|"
+    "|  codice  descrizione mastro/sottoconto      |  Saldo Iniziale|            Dare|"
     "           Avere|           Saldo|";
 constexpr std::size_t kLarghezza = 115;
 

@@ -296,6 +296,7 @@ TEST_F(BilancioTest, RinunciaEInterruzione) {
   EXPECT_TRUE(uscite.pagine.empty());
   EXPECT_EQ(uscite.fini, 0);
   EXPECT_TRUE(bilancio.FoglioVerifica(Scelta()).colonne.empty());
+  EXPECT_TRUE(bilancio.MesiConfronto(Scelta()).empty());
 }
 
 TEST_F(BilancioTest, ImportoPiuGrandeDelCampo) {

@@ -25,6 +25,20 @@ constexpr int kCifreData = 11;
 constexpr int kCifreAnno = 6;
 constexpr int kCifreCodice = 8;
 
+constexpr int kRipresaGrafico = 200;  // ms
+
+/// A flag set while in scope.
+class InCorso {
+ public:
+  explicit InCorso(bool& segno) : segno_(segno) { segno_ = true; }
+  ~InCorso() { segno_ = false; }
+  InCorso(const InCorso&) = delete;
+  InCorso& operator=(const InCorso&) = delete;
+
+ private:
+  bool& segno_;
+};
+
 using Stampante = bool (BilancioVerifica::*)(const SceltaBilancio&);
 using Compositore = Foglio (BilancioVerifica::*)(const SceltaBilancio&);
 
@@ -68,7 +82,7 @@ struct FinestraBilancioVerifica::Interno {
   GraficoConfronto* grafico;
   QTimer* attesaGrafico;
   QList<QAbstractButton*> pulsanti;
-  bool disegnando = false;
+  bool leggendo = false;  ///< a report, a sheet or the chart is being made
 };
 
 FinestraBilancioVerifica::Interno::Interno(FinestraBilancioVerifica& finestraUsata,
@@ -337,7 +351,9 @@ SceltaBilancio FinestraBilancioVerifica::Interno::Scelta() const {
 }
 
 void FinestraBilancioVerifica::Interno::Stampa(Stampante stampa) {
-  if (legatura->Raccogli()) (bilancio.*stampa)(Scelta());
+  if (!legatura->Raccogli()) return;
+  const InCorso lettura(leggendo);
+  (bilancio.*stampa)(Scelta());
 }
 
 void FinestraBilancioVerifica::Interno::Esporta(Compositore foglio, bool confronto) {
@@ -351,6 +367,7 @@ void FinestraBilancioVerifica::Interno::Esporta(Compositore foglio, bool confron
   const auto uscita =
       dialoghi.ScegliUscita(confronto ? "confronto costi e ricavi" : "bilancio di verifica", true);
   if (!uscita) return;
+  const InCorso lettura(leggendo);
   const Foglio composto = (bilancio.*foglio)(scelta);
   if (composto.colonne.empty()) return;  // stopped by the user
   const auto esito = uscita->destinazione == Destinazione::Csv
@@ -364,19 +381,21 @@ void FinestraBilancioVerifica::Interno::Esporta(Compositore foglio, bool confron
 }
 
 void FinestraBilancioVerifica::Interno::ChiediGrafico() {
-  if (schede->currentIndex() == kConfronto) attesaGrafico->start();
+  if (schede->currentIndex() == kConfronto) attesaGrafico->start(0);
 }
 
 void FinestraBilancioVerifica::Interno::MostraGrafico() {
-  // Reading may let events through: a change meanwhile asks for another round.
-  if (disegnando) return attesaGrafico->start();
+  // The timer may fire while a long reading lets events through: the chart comes after it.
+  if (leggendo) return attesaGrafico->start(kRipresaGrafico);
   const SceltaBilancio scelta = Scelta();
   if (const std::string errore = BilancioVerifica::Controlla(scelta, true); !errore.empty()) {
     return grafico->MostraTesto(QString::fromStdString(errore));
   }
-  disegnando = true;
+  const InCorso lettura(leggendo);
   auto mesi = bilancio.MesiConfronto(scelta);
-  disegnando = false;
+  if (mesi.empty()) {
+    return grafico->MostraTesto(tr("Lettura interrotta: F5 per vedere il grafico"));
+  }
   grafico->Mostra(std::move(mesi), Periodo(QStringLiteral("A"), scelta.daDt, scelta.aaDt),
                   Periodo(QStringLiteral("B"), scelta.daDtAP, scelta.aaDtAP),
                   gestore.Sessione().Euro() ? 2 : 0);

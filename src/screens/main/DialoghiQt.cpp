@@ -77,7 +77,9 @@ class ProgressoQt : public Avanzamento {
   bool Avanza(std::int64_t fatto) override {
     // Thousandths, so that a count past 32 bits is shown too.
     riquadro_.setValue(totale_ > 0 ? static_cast<int>(fatto * 1000 / totale_) : 0);
-    QApplication::processEvents();
+    // Until the box stands before them, the windows could be closed under the work that uses them.
+    QApplication::processEvents(riquadro_.isVisible() ? QEventLoop::AllEvents
+                                                      : QEventLoop::ExcludeUserInputEvents);
     return !riquadro_.wasCanceled();
   }
 
