@@ -22,6 +22,22 @@ std::string ControllaScelta(const SceltaGiornale& scelta) {
   return "";
 }
 
+std::string CondizionePeriodo(const SceltaGiornale& scelta, int anno) {
+  const Data da = scelta.daDt.Nulla() ? Ambiente::DataMinima() : scelta.daDt;
+  return Criterio("Articoli.Anno", "=", anno) + " AND " + Criterio("Articoli.Dt", ">=", da) +
+         " AND " + Criterio("Articoli.Dt", "<=", scelta.aaDt);
+}
+
+bool CiSonoProvvisori(Ambiente& ambiente, const SceltaGiornale& scelta) {
+  return ambiente.ArchivioDi("tessarc")
+             .Singolo(
+                 "SELECT Count(*) FROM Movimenti LEFT JOIN Articoli ON (Movimenti.Anno = "
+                 "Articoli.Anno) AND (Movimenti.NumDoc = Articoli.NumDoc) WHERE " +
+                 CondizionePeriodo(scelta, ambiente.Anno()) + " AND " +
+                 Criterio("Movimenti.Causale", "=", kCausaleAperturaProvvisoria))
+             .Intero() > 0;
+}
+
 /// The mark of the year only goes on: printing an earlier period again leaves it.
 void SegnaDefinitiva(Ambiente& ambiente, Data fino) {
   Archivio& archivio = ambiente.ArchivioDi("tessarc");
@@ -39,10 +55,10 @@ void SegnaDefinitiva(Ambiente& ambiente, Data fino) {
 }  // namespace
 
 std::string CondizioneGiornale(const SceltaGiornale& scelta, int anno) {
-  const Data da = scelta.daDt.Nulla() ? Ambiente::DataMinima() : scelta.daDt;
-  return Criterio("Articoli.Anno", "=", anno) + " AND " + Criterio("Articoli.Dt", ">=", da) +
-         " AND " + Criterio("Articoli.Dt", "<=", scelta.aaDt) + " AND " +
-         Criterio("Articoli.NumDoc", ">=", scelta.daArticolo);
+  // The sum keeps the engine from searching the rows by this term in place of their key, which
+  // would read the whole year once a registration.
+  return CondizionePeriodo(scelta, anno) + " AND " +
+         Criterio("Articoli.NumDoc + 0", ">=", scelta.daArticolo);
 }
 
 SceltaGiornale Giornale::Proposta() {
@@ -69,12 +85,7 @@ bool Giornale::Stampa(const SceltaGiornale& scelta) {
     return false;
   }
   ambiente_.ScriviImpostazione({}, "config", kPerArticolo, scelta.perArticolo ? "True" : "False");
-  const std::string provvisori =
-      "SELECT Count(*) FROM Movimenti INNER JOIN Articoli ON (Movimenti.Anno = Articoli.Anno) AND "
-      "(Movimenti.NumDoc = Articoli.NumDoc) WHERE " +
-      CondizioneGiornale(scelta, ambiente_.Anno()) + " AND " +
-      Criterio("Movimenti.Causale", "=", kCausaleAperturaProvvisoria);
-  if (ambiente_.ArchivioDi("tessarc").Singolo(provvisori).Intero() > 0) {
+  if (CiSonoProvvisori(ambiente_, scelta)) {
     ambiente_.Dialogo().Messaggio(
         "Ci sono saldi di apertura provvisori che non vengono stampati sul giornale",
         Icona::Avviso);

@@ -40,8 +40,16 @@ constexpr const char* kCompattaAvere =
 constexpr std::size_t kCodiceCompatto = 6;
 constexpr std::size_t kLarghezzaCompatta = 132;
 
-/// Characters of a piece of description in the graphic form.
-constexpr std::size_t kTestoModello = 40;
+/// Characters of a piece of description in the graphic form, where capitals take half as much
+/// again.
+constexpr std::size_t kTestoModello = 54;
+constexpr std::size_t kTestoModelloMaiuscolo = 40;
+
+std::size_t TestoDelModello(const std::string& testo) {
+  const auto maiuscole = std::ranges::count_if(testo, [](char c) { return c >= 'A' && c <= 'Z'; });
+  return static_cast<std::size_t>(maiuscole) * 3 > testo.size() ? kTestoModelloMaiuscolo
+                                                                : kTestoModello;
+}
 
 std::string TestoRighe(const SceltaGiornale& scelta, int anno) {
   return "SELECT Articoli.Dt, Articoli.NumDoc, Articoli.NProt, Movimenti.Causale, "
@@ -235,7 +243,7 @@ void TabulatoGiornale::RigaModello(const RigaGiornale& riga, const Rinvio& rinvi
   if (stampa_.RigheLibere() < 1) FinePagina();
   std::vector<std::string> pezzi = {
       Unisci(Causale(riga.causale), scelta_.stampaCompatta ? " / " : " ", riga.descrizione)};
-  if (!scelta_.stampaCompatta) pezzi = InRighe(pezzi.front(), kTestoModello);
+  if (!scelta_.stampaCompatta) pezzi = InRighe(pezzi.front(), TestoDelModello(pezzi.front()));
   double y = stampa_.YCorrente();
   if (riga.prima) {
     stampa_.CampoModello("R_Dt", riga.dt, y, rinvio);
