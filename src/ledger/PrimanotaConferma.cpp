@@ -74,8 +74,9 @@ std::int64_t Primanota::Interno::ScriviRegistrazione() {
   }
   temp->Esegui("update Movimenti set " + Criterio("NumDoc", "=", numero) + "," +
                Criterio("anno", "=", anno));
-  temp->CopiaRighe(tessarc.Percorso(), kTabellaRighe, {{"anno", anno}, {"NumDoc", numero}});
+  // The head first: the rows then take its date as they are written.
   const std::int64_t id = ScriviTestata(numero);
+  temp->CopiaRighe(tessarc.Percorso(), kTabellaRighe, {{"anno", anno}, {"NumDoc", numero}});
   allegati.Scrivi(id, "Articolo n.: " + std::to_string(numero));
   // Part of the same transaction: what failed leaves the rows in the scratch as well.
   temp->Esegui("delete * from Movimenti");

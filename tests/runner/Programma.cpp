@@ -52,7 +52,7 @@ void Programma::AccertaDitta() {
   const bool trovata = std::any_of(ditte.begin(), ditte.end(),
                                    [&](const DittaTrovata& d) { return d.nome == ditta_; });
   if (!trovata) {
-    if (avvii_ == 1 || ditte.empty()) throw Fallimento("there is no company " + ditta_);
+    if (ditte.empty()) throw Fallimento("there is no company " + ditta_);
     ditta_ = ditte.front().nome;
     anno_ = 0;
     return;

@@ -208,6 +208,14 @@ QWidget* Ricerca::Unico(QList<QWidget*> candidati, const QString& nome) const {
 }
 
 QWidget& Ricerca::Trova(const QString& nome) const {
+  auto& trovato = Guarda(nome);
+  if (trovato.isVisible()) return trovato;
+  Gira(trovato);
+  if (!trovato.isVisible()) Fallisci(nome, QStringLiteral("is on a page that did not turn"));
+  return trovato;
+}
+
+QWidget& Ricerca::Guarda(const QString& nome) const {
   const auto tutti = Tutti(nome);
   if (tutti.isEmpty()) Fallisci(nome, QStringLiteral("is no control"));
   QList<QWidget*> visibili;
@@ -222,8 +230,6 @@ QWidget& Ricerca::Trova(const QString& nome) const {
   if (auto* visibile = Unico(visibili, nome)) return *visibile;
   auto* altrove = Unico(girabili, nome);
   if (altrove == nullptr) Fallisci(nome, QStringLiteral("is hidden"));
-  Gira(*altrove);
-  if (!altrove->isVisible()) Fallisci(nome, QStringLiteral("is on a page that did not turn"));
   return *altrove;
 }
 

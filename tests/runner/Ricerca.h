@@ -21,6 +21,9 @@ class Ricerca {
   /// The one that is visible and enabled; else the visible one; else the one on a page that can be
   /// turned to, which is turned to. Fails when there is none or more than one.
   QWidget& Trova(const QString& nome) const;
+  /// The same without turning a page: what is only read must not leave the page that is in front,
+  /// since leaving it may give a record up.
+  QWidget& Guarda(const QString& nome) const;
   /// The same, and it can be used: visible, enabled, in view, not covered.
   QWidget& Usabile(const QString& nome) const;
   /// Fails when a control that was found can't be used any more.

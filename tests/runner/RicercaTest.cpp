@@ -52,7 +52,9 @@ class RicercaTest : public Banco {
 TEST_F(RicercaTest, GiraFinoAllaPaginaPiuInterna) {
   Aggiungi(dentro[1], "Fondo", "giù");
   Mostra();
-  EXPECT_EQ(Corri("visibile fondo\nvale FONDO giù\nvisibile Fondo"), "");
+  EXPECT_EQ(Corri("visibile fondo\nvale FONDO giù\nattivo Fondo"), "");
+  EXPECT_EQ(esterne->currentIndex(), 0);
+  EXPECT_EQ(Corri("scrivi Fondo su\nvale Fondo su"), "");
   EXPECT_EQ(esterne->currentIndex(), 2);
   EXPECT_EQ(interne->currentIndex(), 1);
 }

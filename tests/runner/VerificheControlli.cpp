@@ -33,7 +33,7 @@ void VerificaTesto(Contesto& contesto, const Comando& comando) {
   if (const auto* voce = SoloVoce(ricerca, nome)) {
     testo = SenzaMnemonica(voce->text());
   } else {
-    auto& controllo = ricerca.Trova(nome);
+    auto& controllo = ricerca.Guarda(nome);
     testo = TestoDi(controllo);
     if (!testo) {
       if (const auto* campo = CampoDentro(controllo)) testo = TestoDi(*campo);
@@ -52,7 +52,7 @@ void VerificaAttivo(Contesto& contesto, const Comando& comando) {
     if (voce->isEnabled() && voce->isVisible()) return;
     ricerca.Fallisci(nome, QStringLiteral("is a menu entry that can't be chosen"));
   }
-  const auto& controllo = ricerca.Trova(nome);
+  const auto& controllo = ricerca.Guarda(nome);
   if (!controllo.isEnabled()) throw Fallimento("\"" + comando.Testo(0) + "\" is disabled");
   if (SolaLettura(controllo)) throw Fallimento("\"" + comando.Testo(0) + "\" is read-only");
 }
@@ -69,7 +69,7 @@ void VerificaSpento(Contesto& contesto, const Comando& comando) {
         std::none_of(tutti.begin(), tutti.end(), [](const QWidget* w) { return SiUsa(*w); })) {
       return;
     }
-    if (!SiUsa(ricerca.Trova(nome))) return;
+    if (!SiUsa(ricerca.Guarda(nome))) return;
   }
   throw Fallimento("\"" + comando.Testo(0) + "\" can be used");
 }

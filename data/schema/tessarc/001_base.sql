@@ -112,9 +112,6 @@ CREATE INDEX _Movimenti_articolo ON Movimenti (Anno, NumDoc, Posi);
 -- Balances of a year: all that they read, in the order of their groups.
 CREATE INDEX _Movimenti_saldi
   ON Movimenti (Anno, CFP, Conto, _Dt, Causale, ImpoDare, ImpoAvere);
--- Balances and dates of one account over all years.
-CREATE INDEX _Movimenti_conto
-  ON Movimenti (CFP, Conto, _Dt, Causale, ImpoDare, ImpoAvere);
 
 -- A row says up to which date the journal of a year is printed in definitive.
 CREATE TABLE UltimaDataLibro (

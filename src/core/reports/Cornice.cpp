@@ -29,7 +29,7 @@ DatiDitta LeggiDatiDitta(Ambiente& ambiente) {
 
 std::filesystem::path PercorsoModello(const Ambiente& ambiente, std::string_view nome) {
   const std::string file = std::string(nome) + ".mod";
-  const std::filesystem::path proprio = ambiente.CartellaProgramma() / "Ini" / file;
+  std::filesystem::path proprio = ambiente.CartellaProgramma() / "Ini" / file;
   std::error_code errore;
   if (std::filesystem::exists(proprio, errore)) return proprio;
   return ambiente.CartellaDati() / "ini" / file;

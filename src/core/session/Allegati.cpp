@@ -101,8 +101,10 @@ std::string Allegati::Copia(const fs::path& file, std::int64_t idRecord) const {
   const std::string punto = file.extension().string();
   const std::string estensione = punto.size() > 1 ? "." + NomeSicuro(punto.substr(1)) : "";
   for (int volta = 1; volta < 10'000; ++volta) {
-    const std::string nome =
-        inizio + radice + (volta > 1 ? "_" + std::to_string(volta) : "") + estensione;
+    std::string nome = inizio;
+    nome += radice;
+    if (volta > 1) nome.append("_").append(std::to_string(volta));
+    nome += estensione;
     const fs::path destinazione = cartella / nome;
     // Fails when the file exists, without a moment between the look and the making of it.
     if (fs::copy_file(file, destinazione, fs::copy_options::none, errore)) {

@@ -59,7 +59,8 @@ class Descrittore {
 };
 
 Errore ErroreSu(const char* azione, const fs::path& file, int numero) {
-  return {"impossibile " + std::string(azione) + " «" + file.string() + "»: " + MotivoDiSistema(numero)};
+  return {"impossibile " + std::string(azione) + " «" + file.string() +
+          "»: " + MotivoDiSistema(numero)};
 }
 
 /// The file behind a symbolic link, so that the link isn't replaced by a file.

@@ -240,7 +240,7 @@ bool Lessico::LeggiRacchiuso(Segno& segno, char apertura) {
                  : apertura == '#' ? GenereSegno::Data
                                    : GenereSegno::Testo;
   segno.prefisso = segno.genere == GenereSegno::Testo && chiavePrima_ == Chiave::Come &&
-                   PrefissoDi(segno.grezzo.substr(1, segno.grezzo.size() - 2)).size() > 0;
+                   !PrefissoDi(segno.grezzo.substr(1, segno.grezzo.size() - 2)).empty();
   if (apertura == '[' && segno.grezzo.size() == 2) return Rifiuta(inizio, "nome vuoto");
   if (apertura == '#') {
     for (char c : segno.grezzo.substr(1, segno.grezzo.size() - 2)) {

@@ -56,6 +56,35 @@ std::string ColonneComuni(const TabellaArchivio& origine, const TabellaArchivio&
   return comuni;
 }
 
+/// A mirror's column list and the look-ups that fill it in the same write, so that the trigger
+/// which keeps it has nothing left to change.
+struct ColonneSpecchio {
+  std::string colonne;
+  std::string letture;
+};
+
+ColonneSpecchio Specchi(const TabellaArchivio& origine, const TabellaArchivio& destinazione,
+                        const CatalogoArchivio& catalogo) {
+  ColonneSpecchio specchi;
+  for (const Specchio& specchio : destinazione.vista.specchi) {
+    const TabellaArchivio* altra = catalogo.Completa(specchio.tabella);
+    if (altra == nullptr) continue;
+    std::string chiave;
+    for (const std::string& campo : specchio.chiave) {
+      if (origine.vista.Colonna(campo) == nullptr) return {};
+      if (!chiave.empty()) chiave += " AND ";
+      chiave += altra->vista.nomeMotore + "." + Virgolettato(campo) + " = " +
+                origine.vista.nomeMotore + "." + Virgolettato(campo);
+    }
+    for (const auto& [colonna, locale] : specchio.colonne) {
+      specchi.colonne += ", " + Virgolettato(locale);
+      specchi.letture += ", (SELECT " + altra->vista.nomeMotore + "." + Virgolettato(colonna) +
+                         " FROM " + altra->vista.nomeMotore + " WHERE " + chiave + ")";
+    }
+  }
+  return specchi;
+}
+
 }  // namespace
 
 bool Archivio::CreaCopiaTemp(const fs::path& percorso, std::string_view campoChiave,
@@ -104,8 +133,10 @@ std::int64_t Archivio::CopiaRighe(const fs::path& percorsoDestinazione, std::str
   DatiArchivio& altri = dati.nucleo->Trova(percorsoDestinazione);
   const TabellaArchivio& destinazione = altri.Tabella(tabella);
   const std::string comuni = ColonneComuni(origine, destinazione);
-  std::string sql = "INSERT INTO " + destinazione.vista.nomeMotore + " (" + comuni + ") SELECT " +
-                    comuni + " FROM " + origine.vista.nomeMotore;
+  const ColonneSpecchio specchi = Specchi(origine, destinazione, altri.catalogo);
+  std::string sql = "INSERT INTO " + destinazione.vista.nomeMotore + " (" + comuni +
+                    specchi.colonne + ") SELECT " + comuni + specchi.letture + " FROM " +
+                    origine.vista.nomeMotore;
   std::vector<Valore> valori;
   for (std::size_t i = 0; i < condizioni.size(); ++i) {
     const std::size_t colonna = ColonnaScrivibile(origine, condizioni[i].first);

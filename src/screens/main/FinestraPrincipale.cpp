@@ -332,6 +332,11 @@ void FinestraPrincipale::VediRegistrazione(std::int64_t numero, int anno) {
   const std::string registro =
       NzStr(ambiente_.Cerca("tessarc", "ARTICOLI", {{"Anno", anno}, {"NumDoc", numero}}, "Riva"));
   const QString nome = registro.empty() ? QStringLiteral("Movimenti") : QStringLiteral("Fatture");
+  if (!FunzioneDisponibile(nome)) {
+    ambiente_.Dialogo().Messaggio("la finestra " + nome.toStdString() +
+                                  " non è ancora disponibile");
+    return;
+  }
   if (auto* aperta = Aperta(nome)) {
     if (ControlloUscita(*aperta)) return;
     Scarica(*aperta);
