@@ -1,7 +1,7 @@
 # Installation and the Debian package.
 include(GNUInstallDirs)
 install(TARGETS fenalto RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(DIRECTORY data/schema data/modello data/fonts data/icons
+install(DIRECTORY data/schema data/modello data/ini data/fonts data/icons
         DESTINATION ${CMAKE_INSTALL_DATADIR}/fenalto)
 install(FILES data/icons/fenalto.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
@@ -10,6 +10,8 @@ install(FILES data/icons/fenalto.png
 install(FILES data/fenalto.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
+# The package needs the program alone, not the tests.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME fenalto)
 set(CPACK_PACKAGE_CONTACT "Fenalto <fenalto@localhost>")

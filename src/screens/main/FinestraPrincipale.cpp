@@ -57,6 +57,10 @@ FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costrutto
   stato_ = new QLabel(this);
   stato_->setObjectName(QStringLiteral("Stato"));
   statusBar()->addWidget(stato_, 1);
+  // The version of the archives that a year's row of `Anni` is stamped with.
+  auto* aggiornamento = new QLabel(QStringLiteral("000"), this);
+  aggiornamento->setObjectName(QStringLiteral("Aggiornamento"));
+  aggiornamento->hide();
   CreaBarra();
   CreaMenu();
   connect(uscite_, &FabbricaUsciteQt::RinvioScelto, this, &FinestraPrincipale::SegueRinvio);
