@@ -185,8 +185,7 @@ int BasiDati::IstruzioniEseguite() const {
   return interno_->nucleo->IstruzioniEseguite();
 }
 
-// --- Transaction
-// ----------------------------------------------------------------------------------
+// --- Transaction ------------------------------------------------------------------------------
 
 Transazione::Transazione(BasiDati& basi, Ambito ambito) : basi_(basi) {
   basi_.interno_->nucleo->Inizia(ambito);

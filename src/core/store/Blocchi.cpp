@@ -144,8 +144,7 @@ std::string Detentore::Descrizione() const {
   return dettagli.empty() ? testo : testo + " (" + dettagli + ")";
 }
 
-// --- Blocco
-// -----------------------------------------------------------------------------------------
+// --- Blocco -----------------------------------------------------------------------------------
 
 Blocco::Blocco(Blocco&& altro) noexcept
     : descrittore_(std::exchange(altro.descrittore_, -1)), posto_(altro.posto_) {}
@@ -177,8 +176,7 @@ void Blocco::Rilascia() noexcept {
   descrittore_ = -1;
 }
 
-// --- Blocchi
-// ----------------------------------------------------------------------------------------
+// --- Blocchi ----------------------------------------------------------------------------------
 
 struct Blocchi::Interno {
   std::filesystem::path file;
@@ -369,8 +367,7 @@ std::optional<Detentore> Blocchi::ChiTiene(std::string_view tabella,
   return Interno::Chi(custode.Get(), nome);
 }
 
-// --- Folders
-// ----------------------------------------------------------------------------------------
+// --- Folders ----------------------------------------------------------------------------------
 
 bool BlocchiAffidabili(const std::filesystem::path& cartella) {
   const auto file = cartella / (".prova-blocchi-" + std::to_string(getpid()));

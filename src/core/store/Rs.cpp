@@ -160,8 +160,7 @@ void Rs::Interno::VerificaRiga() const {
   throw ErroreArchivio(Causa::Sql, "nessun record corrente nel risultato di «" + testo + "»");
 }
 
-// --- The result set
-// -------------------------------------------------------------------------------
+// --- The result set ---------------------------------------------------------------------------
 
 Rs::Rs() = default;
 Rs::Rs(std::unique_ptr<Interno> interno) : interno_(std::move(interno)) {}

@@ -194,10 +194,13 @@ void PaginaRegistrazione::Collega() {
 void PaginaRegistrazione::CampoLasciato(const QString& campo, bool cambiato,
                                         Qt::FocusReason motivo) {
   if (primanota_.StatoCorrente() == Primanota::Stato::Inattiva) return;
-  // The date is checked each time that the user passes through it, changed or not.
-  const bool passata = campo == QLatin1String("Dt") &&
+  // The date is checked each time that it is typed, and once when the user passes through it.
+  const bool diData = campo == QLatin1String("Dt");
+  const Data valore = diData ? primanota_.Testa().Leggi("Dt").Data() : Data();
+  const bool passata = diData && valore != dataVista_ &&
                        (motivo == Qt::TabFocusReason || motivo == Qt::BacktabFocusReason);
   if (!cambiato && !passata) return;
+  if (diData) dataVista_ = valore;
   primanota_.TestaLasciata(campo.toStdString());
   Mostra();
 }
@@ -210,8 +213,7 @@ bool PaginaRegistrazione::Pendente() const {
   return legatura_->Pendente() || riga_->Pendente();
 }
 
-// --- What is shown
-// --------------------------------------------------------------------------------
+// --- What is shown ----------------------------------------------------------------------------
 
 void PaginaRegistrazione::Mostra() {
   const bool scrivibile = !primanota_.SolaLettura();
@@ -264,6 +266,8 @@ void PaginaRegistrazione::MostraTotali() {
 }
 
 void PaginaRegistrazione::Entra() {
+  // Opening a stored registration has checked its date already.
+  dataVista_ = primanota_.Nuova() ? Data() : primanota_.Testa().Leggi("Dt").Data();
   Mostra();
   if (primanota_.Nuova()) {
     data_->setFocus();
@@ -273,8 +277,7 @@ void PaginaRegistrazione::Entra() {
   }
 }
 
-// --- Rows
-// -----------------------------------------------------------------------------------------
+// --- Rows -------------------------------------------------------------------------------------
 
 void PaginaRegistrazione::ApriRiga(int indice) {
   if (!legatura_->Raccogli()) return;
@@ -305,8 +308,7 @@ bool PaginaRegistrazione::AnnullaRiga() {
   return true;
 }
 
-// --- Registration
-// ---------------------------------------------------------------------------------
+// --- Registration -----------------------------------------------------------------------------
 
 void PaginaRegistrazione::Conferma() {
   if (!Raccogli()) return;

@@ -71,6 +71,7 @@ class PaginaRegistrazione : public QWidget {
   CampoData* data_;
   QLabel* anno_;
   QLabel* avvisoData_;
+  Data dataVista_;  ///< date whose warnings were given on leaving its field
   QCheckBox* automatiche_;
   QCheckBox* duplicabile_;
   CampoTesto* descrizione_;

@@ -72,8 +72,7 @@ FinestraPrincipale::~FinestraPrincipale() {
   ChiudiTutto();
 }
 
-// --- Session
-// --------------------------------------------------------------------------------------
+// --- Session ----------------------------------------------------------------------------------
 
 void FinestraPrincipale::MostraSessione() {
   cambiandoAnno_ = true;
@@ -166,8 +165,7 @@ void FinestraPrincipale::SelezioneArchivi() {
   }
 }
 
-// --- Background
-// -----------------------------------------------------------------------------------
+// --- Background -------------------------------------------------------------------------------
 
 void FinestraPrincipale::MostraSfondo() {
   if (sfondo_ != nullptr) return;
@@ -188,8 +186,7 @@ QWidget* FinestraPrincipale::SfondoAperto() const {
   return sfondo_;
 }
 
-// --- Function windows
-// -----------------------------------------------------------------------------
+// --- Function windows -------------------------------------------------------------------------
 
 QList<FinestraFunzione*> FinestraPrincipale::FinestreAperte() const {
   QList<FinestraFunzione*> finestre;
@@ -348,8 +345,7 @@ void FinestraPrincipale::VediRegistrazione(std::int64_t numero, int anno) {
   if (auto* finestra = ApriFunzione(nome)) finestra->ApriCodice(QString::number(numero));
 }
 
-// --- Reports
-// ------------------------------------------------------------------------------------------
+// --- Reports ----------------------------------------------------------------------------------
 
 FabbricaUscite& FinestraPrincipale::Uscite() {
   return *uscite_;
@@ -373,8 +369,7 @@ void FinestraPrincipale::ChiudiAnteprime() {
   for (auto* anteprima : findChildren<FinestraAnteprima*>()) anteprima->close();
 }
 
-// --- Closing
-// --------------------------------------------------------------------------------------
+// --- Closing ----------------------------------------------------------------------------------
 
 void FinestraPrincipale::closeEvent(QCloseEvent* evento) {
   ScaricaSfondo();
