@@ -30,25 +30,33 @@ for f in "${file[@]}"; do
   fi
 done
 
+# A unit is linted again when it, one of the project's headers that it includes, or the rules
+# changed. What it includes is known from the build.
 mkdir -p build/tidy
 regole=$(sha256sum .clang-tidy | cut -c1-16)
-# A unit is linted again when it, a header of the project or the rules changed.
-testate=$(find src tests bench -name '*.h' -print0 | sort -z | xargs -0 sha256sum | sha256sum | cut -c1-16)
+declare -A somma impronta
+while read -r cifre nome; do somma[$nome]=$cifre; done < <(find src -name '*.cpp' -o -name '*.h' | sort | xargs sha256sum)
+while read -r unita dipendenza; do
+  [ -n "${somma[$unita]:-}" ] && impronta[$unita]+=${somma[$dipendenza]:-}
+done < <(ninja -C build/debug -t deps | awk '
+  / #deps / { unita = "" }
+  /^    / { sub(/^ *(\.\.\/)*/, ""); if (unita == "") unita = $0; print unita, $0 }' |
+  grep -E '^src/.*\.cpp src/')
 da_vedere=()
-while read -r unita; do
-  impronta=build/tidy/$(sha256sum "$unita" | cut -c1-32)-$testate-$regole
-  [ -e "$impronta" ] || da_vedere+=("$unita")
-done < <(find src -name '*.cpp' | sort)
+for unita in $(find src -name '*.cpp' | sort); do
+  segno=build/tidy/$(printf '%s' "$unita ${somma[$unita]} ${impronta[$unita]:-} $regole" | sha256sum | cut -c1-40)
+  [ -e "$segno" ] || da_vedere+=("$unita" "$segno")
+done
 if [ ${#da_vedere[@]} -gt 0 ]; then
-  echo "stile: clang-tidy su ${#da_vedere[@]} file"
-  export testate regole
-  if ! printf '%s\0' "${da_vedere[@]}" | xargs -0 -P2 -n1 bash -c '
-      if clang-tidy-19 -quiet --extra-arg=-Wno-unknown-warning-option -p build/debug "$0" >"build/tidy/esito.$$" 2>/dev/null; then
-        touch "build/tidy/$(sha256sum "$0" | cut -c1-32)-$testate-$regole"
-        rm -f "build/tidy/esito.$$"
+  echo "stile: clang-tidy su $((${#da_vedere[@]} / 2)) file"
+  if ! printf '%s\0' "${da_vedere[@]}" | xargs -0 -P2 -n2 bash -c '
+      if clang-tidy-19 -quiet --extra-arg=-Wno-unknown-warning-option -p build/debug "$0" \
+          >"$1.esito" 2>/dev/null; then
+        touch "$1"
+        rm -f "$1.esito"
       else
-        grep -E "error:|warning:" "build/tidy/esito.$$" | head -n 12
-        rm -f "build/tidy/esito.$$"
+        grep -E "error:|warning:" "$1.esito" | head -n 12
+        rm -f "$1.esito"
         exit 1
       fi'; then
     echo "stile: clang-tidy ha trovato qualcosa" >&2
