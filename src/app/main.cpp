@@ -2,9 +2,11 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QEventLoop>
 #include <QStandardPaths>
 #include <QSysInfo>
 #include <QTimer>
+#include <chrono>
 #include <cstdio>
 #include <exception>
 
@@ -59,6 +61,12 @@ int main(int argc, char** argv) {
   ambiente.cartellaProgramma = CartellaProgramma(opzioni.value(cartella));
   ambiente.cartellaDati = CartellaDati();
   ambiente.stazione = QSysInfo::machineHostName().toStdString();
+  // A slowed log-in waits with its window alive.
+  ambiente.attendi = [](std::chrono::milliseconds quanto) {
+    QEventLoop attesa;
+    QTimer::singleShot(quanto, &attesa, &QEventLoop::quit);
+    attesa.exec(QEventLoop::ExcludeUserInputEvents);
+  };
   fenalto::Applicazione::Prepara(ambiente.cartellaDati);
 
   fenalto::DialoghiQt dialoghi;

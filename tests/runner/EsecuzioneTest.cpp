@@ -82,7 +82,7 @@ TEST_F(Esecuzione, FallisceAllaRigaEConIlMotivo) {
     const char* riga;
     const char* motivo;
   } casi[] = {
-      {"clic Pippo", "window Principale has: Anno, "},
+      {"clic Pippo", "window Principale has: Aggiornamento, Anno, "},
       {"apri Pippo", "no menu entry"},
       {"apri Clienti", "disabled"},
       {"rifiuta Movimenti", "came up"},

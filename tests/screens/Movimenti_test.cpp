@@ -199,10 +199,18 @@ TEST_F(MovimentiTest, LaDataAvvisaQuandoCiSiPassa) {
   EXPECT_FALSE(Testo("AvvisoData").isEmpty());
   Campo("Dt")->setFocus();
   Tasto(Qt::Key_Return);
-  EXPECT_EQ(Messaggi().size(), 1u);
-  Campo("Dt")->setFocus();
-  Clic("PNuovaRiga");
   EXPECT_TRUE(Messaggi().empty());
+  Scrivi("Dt", "31/12/2023");
+  EXPECT_EQ(Messaggi().size(), 1u);
+  Clic("Conferma");
+  ApriNumero(1);
+  Messaggi();
+  // A stored date warns the first time that the user passes through it.
+  for (const std::size_t attesi : {1u, 0u}) {
+    Campo("Dt")->setFocus();
+    Tasto(Qt::Key_Return);
+    EXPECT_EQ(Messaggi().size(), attesi);
+  }
 }
 
 TEST_F(MovimentiTest, DueStazioniSullaStessaRegistrazione) {

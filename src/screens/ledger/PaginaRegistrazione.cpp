@@ -266,8 +266,7 @@ void PaginaRegistrazione::MostraTotali() {
 }
 
 void PaginaRegistrazione::Entra() {
-  // Opening a stored registration has checked its date already.
-  dataVista_ = primanota_.Nuova() ? Data() : primanota_.Testa().Leggi("Dt").Data();
+  dataVista_ = Data();
   Mostra();
   if (primanota_.Nuova()) {
     data_->setFocus();

@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLockFile>
+#include <QPalette>
 #include <QStandardPaths>
 #include <QStyleFactory>
 #include <QTimer>
@@ -63,6 +64,12 @@ void Applicazione::Prepara(const std::filesystem::path& cartellaDati) {
   QApplication::setApplicationName(QStringLiteral("fenalto"));
   QApplication::setOrganizationName(QStringLiteral("fenalto"));
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  // Some dark themes leave the hints of empty fields black on black.
+  QPalette suggerimenti;
+  QColor tenue = QApplication::palette().color(QPalette::Text);
+  tenue.setAlpha(140);
+  suggerimenti.setColor(QPalette::PlaceholderText, tenue);
+  QApplication::setPalette(suggerimenti);
   const auto caratteri = cartellaDati / "fonts";
   std::error_code errore;
   for (const auto& file : std::filesystem::directory_iterator(caratteri, errore)) {
