@@ -5,6 +5,12 @@
 
 namespace fenalto::banco {
 
+/// Progress that nobody looks at.
+class AvanzamentoMuto : public Avanzamento {
+ public:
+  bool Avanza(std::int64_t) override { return true; }
+};
+
 /// Dialogs that a run without a person must not need.
 class DialoghiMuti : public Dialoghi {
  public:
@@ -14,7 +20,7 @@ class DialoghiMuti : public Dialoghi {
     return predefinita;
   }
   std::optional<std::string> Chiedi(const std::string&, const std::string&) override { return {}; }
-  std::optional<SceltaUscita> ScegliUscita(const std::string&, bool) override { return {}; }
+  std::optional<SceltaUscita> ScegliUscita(const std::string&, bool) override { return uscita; }
   std::optional<std::filesystem::path> ScegliFile(const std::string&, ModoFile,
                                                   const std::string&) override {
     return {};
@@ -25,8 +31,13 @@ class DialoghiMuti : public Dialoghi {
     return {};
   }
   std::optional<Credenziali> ChiediAccesso(const std::string&) override { return {}; }
-  std::unique_ptr<Avanzamento> Avvia(const std::string&, std::int64_t) override { return nullptr; }
+  std::unique_ptr<Avanzamento> Avvia(const std::string&, std::int64_t) override {
+    return std::make_unique<AvanzamentoMuto>();
+  }
   bool ApriEsterno(const std::string&) override { return false; }
+
+  /// Chosen for every report; nothing gives the report up.
+  std::optional<SceltaUscita> uscita;
 };
 
 }  // namespace fenalto::banco

@@ -35,6 +35,8 @@ class Generatore {
   void Anagrafiche() {
     Rs esistenti = archivio_.Recordset("SELECT Cod FROM Conti WHERE CFP='P' ORDER BY Cod");
     for (; !esistenti.Eof(); esistenti.MoveNext()) conti_.push_back(esistenti.Fields(0).Testo());
+    archivio_.Inserisci("Mastri",
+                        {{"Cod", "995"}, {"Descrizione", "Mastro di prova"}, {"PatrEcon", "E"}});
     while (static_cast<int>(conti_.size()) < kConti) {
       const std::string codice = "995." + Numerato("%03d", static_cast<int>(conti_.size()));
       archivio_.Inserisci("Conti", {{"Cod", codice},
@@ -46,15 +48,16 @@ class Generatore {
           {{"Cod", codice}, {"CFP", "P"}, {"Descrizione", "Conto di prova " + codice}});
       conti_.push_back(codice);
     }
-    Parti("Clienti", "C", kClienti);
-    Parti("Fornitori", "F", kFornitori);
+    Parti("Clienti", "C", "120.001", kClienti);
+    Parti("Fornitori", "F", "400.001", kFornitori);
   }
 
-  void Parti(const char* tabella, const char* cfp, int quante) {
+  /// Parties of a summary account.
+  void Parti(const char* tabella, const char* cfp, const char* conto, int quante) {
     for (int i = 1; i <= quante; ++i) {
       const std::string codice = Numerato("%05d", i);
       const std::string nome = std::string(tabella) + " numero " + std::to_string(i) + " srl";
-      archivio_.Inserisci(tabella, {{"Cod", codice}, {"RagSoc1", nome}, {"Conto", conti_.front()}});
+      archivio_.Inserisci(tabella, {{"Cod", codice}, {"RagSoc1", nome}, {"Conto", conto}});
       archivio_.Inserisci("ContiClientiFornitori",
                           {{"Cod", codice}, {"CFP", cfp}, {"Descrizione", nome}});
     }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <fstream>
 #include <stdexcept>
 
 namespace fenalto::banco {
@@ -65,6 +66,15 @@ double SecondiDiProcesso(const std::vector<std::string>& comando) {
 
 double MegabyteDiProcesso(const std::vector<std::string>& comando) {
   return static_cast<double>(Esegui(comando).ru_maxrss) / 1024.0;
+}
+
+double MegabytePropri() {
+  std::ifstream stato("/proc/self/status");
+  for (std::string parola; stato >> parola;) {
+    double kilobyte = 0;
+    if (parola == "VmHWM:" && stato >> kilobyte) return kilobyte / 1024.0;
+  }
+  throw std::runtime_error("/proc/self/status non dice la memoria usata");
 }
 
 }  // namespace fenalto::banco

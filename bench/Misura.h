@@ -30,5 +30,8 @@ double Mediana(std::vector<double> valori);
 double SecondiDiProcesso(const std::vector<std::string>& comando);
 /// Greatest resident memory of a program, in megabytes; throws when it fails.
 double MegabyteDiProcesso(const std::vector<std::string>& comando);
+/// Greatest resident memory of this program so far, in megabytes. What MegabyteDiProcesso tells
+/// counts the memory that the caller held when the program began; this doesn't.
+double MegabytePropri();
 
 }  // namespace fenalto::banco

@@ -1,11 +1,10 @@
 #include "bench/MisureArchivio.h"
 
-#include <sqlite3.h>
-
 #include <stdexcept>
 #include <string>
 
 #include "bench/GeneraDitta.h"
+#include "bench/Nuda.h"
 #include "ledger/Primanota.h"
 #include "ledger/SaldoConto.h"
 
@@ -16,60 +15,6 @@ constexpr int kConferme = 15;  // confirmations in one run
 constexpr int kCerche = 100'000;
 constexpr int kLetture = 20'000;
 constexpr int kSaldi = 20;
-
-/// The engine's C interface on the plain tables.
-class Nuda {
- public:
-  explicit Nuda(const std::filesystem::path& file) {
-    if (sqlite3_open(file.c_str(), &motore_) != SQLITE_OK) throw std::runtime_error("nuda");
-    Esegui("PRAGMA journal_mode=TRUNCATE");
-    Esegui("PRAGMA synchronous=FULL");
-    Esegui("PRAGMA cache_size=-32000");
-  }
-  ~Nuda() {
-    for (auto* istruzione : preparate_) sqlite3_finalize(istruzione);
-    sqlite3_close(motore_);
-  }
-  Nuda(const Nuda&) = delete;
-  Nuda& operator=(const Nuda&) = delete;
-
-  void Esegui(const char* sql) {
-    if (sqlite3_exec(motore_, sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
-      throw std::runtime_error(sqlite3_errmsg(motore_));
-    }
-  }
-  sqlite3_stmt* Prepara(const char* sql) {
-    sqlite3_stmt* istruzione = nullptr;
-    if (sqlite3_prepare_v2(motore_, sql, -1, &istruzione, nullptr) != SQLITE_OK) {
-      throw std::runtime_error(sqlite3_errmsg(motore_));
-    }
-    preparate_.push_back(istruzione);
-    return istruzione;
-  }
-
- private:
-  sqlite3* motore_ = nullptr;
-  std::vector<sqlite3_stmt*> preparate_;
-};
-
-/// Steps through a bare statement, touching every column.
-std::int64_t Leggi(sqlite3_stmt* istruzione) {
-  std::int64_t somma = 0;
-  while (sqlite3_step(istruzione) == SQLITE_ROW) {
-    const int colonne = sqlite3_column_count(istruzione);
-    for (int i = 0; i < colonne; ++i) {
-      somma += sqlite3_column_type(istruzione, i) == SQLITE_TEXT
-                   ? static_cast<std::int64_t>(sqlite3_column_bytes(istruzione, i))
-                   : sqlite3_column_int64(istruzione, i);
-    }
-  }
-  sqlite3_reset(istruzione);
-  return somma;
-}
-
-void Lega(sqlite3_stmt* istruzione, int posto, const char* testo) {
-  sqlite3_bind_text(istruzione, posto, testo, -1, SQLITE_STATIC);
-}
 
 // Keeps a result from being computed for nothing.
 volatile std::int64_t ultimo = 0;
@@ -168,14 +113,6 @@ constexpr const char* kUnConto =
     "Articoli ON Movimenti.Anno=Articoli.Anno AND Movimenti.NumDoc=Articoli.NumDoc WHERE "
     "Articoli.Anno=2024 AND Articoli.Dt>=32874 AND Articoli.Dt<=51136 AND Movimenti.Conto=?1 AND "
     "Movimenti.CFP='P' AND ";
-constexpr const char* kTutti =
-    "SELECT Movimenti.CFP, Movimenti.Conto, Sum(ImpoDare), Sum(ImpoAvere) FROM Movimenti LEFT JOIN "
-    "Articoli ON Movimenti.Anno=Articoli.Anno AND Movimenti.NumDoc=Articoli.NumDoc WHERE "
-    "Articoli.Anno=2024 AND Articoli.Dt>=32874 AND Articoli.Dt<=51136 AND ";
-constexpr const char* kPeriodo = "Movimenti.Causale<>'APE' AND Movimenti.Causale<>'APEX'";
-constexpr const char* kApertura = "(Movimenti.Causale='APE' OR Movimenti.Causale='APEX')";
-constexpr const char* kGruppi =
-    " GROUP BY Movimenti.CFP, Movimenti.Conto ORDER BY Movimenti.CFP, Movimenti.Conto";
 
 SaldoConto::Richiesta Richiesta(const std::string& conto, bool tutti) {
   SaldoConto::Richiesta richiesta;

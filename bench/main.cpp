@@ -14,6 +14,7 @@
 #include "bench/GeneraDitta.h"
 #include "bench/MisureArchivio.h"
 #include "bench/MisureFinestre.h"
+#include "bench/MisureRapporti.h"
 #include "screens/main/Applicazione.h"
 
 namespace {
@@ -21,6 +22,7 @@ namespace {
 using fenalto::banco::Rapporto;
 
 constexpr const char* kGrande = "Grande";
+constexpr const char* kDecima = "Decima";
 constexpr const char* kPiccola = "Piccola";
 constexpr int kRegistrazioni = 400'000;
 constexpr int kPoche = 4'000;
@@ -42,6 +44,13 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
       throw std::runtime_error(esito.Errore().messaggio);
     }
     rapporti = fenalto::banco::MisureArchivio(ambiente, nuda, nomi);
+    for (auto& rapporto : fenalto::banco::MisureRapporti(ambiente, dialoghi, nuda, nomi)) {
+      rapporti.push_back(std::move(rapporto));
+    }
+  }
+  if (fenalto::banco::Chiesto(nomi, "giornale-memoria")) {
+    fenalto::banco::GeneraDitta(opzioni, kDecima, kRegistrazioni / 10);
+    rapporti.push_back(fenalto::banco::MisuraMemoriaGiornale(opzioni, kGrande, kDecima));
   }
   if (fenalto::banco::Chiesto(nomi, "selettore")) {
     rapporti.push_back(fenalto::banco::MisuraSelettore(opzioni, kGrande, kPiccola));
@@ -71,6 +80,11 @@ int main(int argc, char** argv) {
     const QStringList argomenti = QApplication::arguments().mid(1);
     if (argomenti.size() == 2 && argomenti[0] == QLatin1String("--usa-movimenti")) {
       fenalto::banco::UsaMovimenti(opzioni, argomenti[1].toStdString());
+      return 0;
+    }
+    if (argomenti.size() == 3 && argomenti[0] == QLatin1String("--giornale-pdf")) {
+      fenalto::banco::StampaGiornali(opzioni, argomenti[1].toStdString(),
+                                     argomenti[2].toStdString());
       return 0;
     }
     bool entro = true;
