@@ -33,15 +33,9 @@ std::string TabellaParti(const std::string& cfp) {
   return "";
 }
 
-/// Parties of a summary account that have ever moved.
-std::string TestoParti(const std::string& tabella, const ContoVisitato& conto) {
-  return "SELECT " + tabella + ".Cod, " + tabella + ".RAGSOC1, " + tabella + ".Conto" +
-         " FROM Movimenti INNER JOIN " + tabella + " ON Movimenti.Conto = " + tabella + ".Cod" +
-         " WHERE " + Criterio(tabella + ".Conto", "=", conto.cod) +
-         // A customer and a supplier may bear one code.
-         " AND " + Criterio("Movimenti.CFP", "=", conto.cfp) +  //
-         " GROUP BY " + tabella + ".Cod, " + tabella + ".Conto, " + tabella + ".RagSoc1" +
-         " ORDER BY " + tabella + ".COD";
+std::string TestoParti(const std::string& tabella, const std::string& conto) {
+  return "SELECT Cod, RAGSOC1 FROM " + tabella + " WHERE " + Criterio("Conto", "=", conto) +
+         " ORDER BY COD";
 }
 
 std::string TestoMossi(const PeriodoVisita& periodo) {
@@ -119,16 +113,34 @@ bool VisitaConti::LeggiConti(MastroVisitato& mastro) {
 bool VisitaConti::LeggiParti(ContoVisitato& conto) {
   const std::string tabella = TabellaParti(conto.cfp);
   if (tabella.empty()) return true;
-  Rs rs = archivio_.Recordset(TestoParti(tabella, conto));
+  // A customer and a supplier may bear one code.
+  const std::set<std::string>& mosse = PartiMosse(conto.cfp);
+  Rs rs = archivio_.Recordset(TestoParti(tabella, conto.cod));
   for (; !rs.Eof(); rs.MoveNext()) {
     if (!Avanza()) return false;
-    ParteVisitata parte{rs.Fields("Cod").Testo(), conto.cfp, rs.Fields("RAGSOC1").Testo(), {}};
+    ParteVisitata parte{rs.Fields(0).Testo(), conto.cfp, rs.Fields(1).Testo(), {}};
+    if (!mosse.contains(SenzaMaiuscole(parte.cod))) continue;
     if (!Segna(parte.cfp, parte.cod)) continue;
     parte.saldi = Calcola(parte.cfp, parte.cod);
     for (std::size_t i = 0; i < conto.saldi.size(); ++i) conto.saldi[i] += parte.saldi[i];
     if (richiesta_.parti) conto.parti.push_back(std::move(parte));
   }
   return true;
+}
+
+const std::set<std::string>& VisitaConti::PartiMosse(const std::string& cfp) {
+  const auto [posto, nuovo] = mosse_.try_emplace(SenzaMaiuscole(cfp));
+  std::set<std::string>& mosse = posto->second;
+  if (!nuovo) return mosse;
+  // A year at a time, which the index of balances answers without looking at the other accounts.
+  const std::string primo = "SELECT Min(Anno) FROM Movimenti";
+  for (Valore anno = archivio_.Singolo(primo); !anno.Nullo();
+       anno = archivio_.Singolo(primo + " WHERE " + Criterio("Anno", ">", anno))) {
+    Rs rs = archivio_.Recordset("SELECT Conto FROM Movimenti WHERE " + Criterio("Anno", "=", anno) +
+                                " AND " + Criterio("CFP", "=", cfp) + " GROUP BY Conto");
+    for (; !rs.Eof(); rs.MoveNext()) mosse.insert(SenzaMaiuscole(rs.Fields(0).Testo()));
+  }
+  return mosse;
 }
 
 bool VisitaConti::LeggiMancanti(MastroVisitato& mancante) {

@@ -78,6 +78,8 @@ class VisitaConti {
  private:
   bool LeggiConti(MastroVisitato& mastro);
   bool LeggiParti(ContoVisitato& conto);
+  /// Folded codes of the customers or suppliers that have ever moved; read once.
+  const std::set<std::string>& PartiMosse(const std::string& cfp);
   bool LeggiMancanti(MastroVisitato& mancante);
   /// Letter by code, both folded.
   using Mastri = std::map<std::string, std::string>;
@@ -93,6 +95,7 @@ class VisitaConti {
   RichiestaVisita richiesta_;
   std::vector<SaldoConto> saldi_;
   std::set<std::pair<std::string, std::string>> visti_;
+  std::map<std::string, std::set<std::string>> mosse_;
   std::unique_ptr<Avanzamento> avanzamento_;
   std::int64_t fatti_ = 0;
 };
