@@ -154,7 +154,8 @@ class Ambiente {
   // ------------------------------------------------------------------------------------------
 
   /// Starts the daily backup of the open company on a thread of its own when it is due; a failure
-  /// is kept for EsitoCopia. Called when the window is usable.
+  /// is kept for EsitoCopia. Called when the window is usable, and again from time to time, for the
+  /// company opened later and for the program left open overnight: each day is tried once.
   void AvviaCopia();
   /// Failure of the last backup, once; empty when it went well or still runs.
   std::string EsitoCopia();

@@ -29,9 +29,12 @@ void Ambiente::AvviaCopia() {
     const std::lock_guard guardia(in.bloccoCopia);
     if (in.copiaInCorso) return;
   }
+  const Data oggi = in.orologio.Oggi();
+  std::string tentativo = in.sessione->ditta + "|" + oggi.Iso();
+  if (tentativo == in.copiaTentata) return;
+  in.copiaTentata = std::move(tentativo);
   in.AttendiCopia();
   const auto cartella = CartellaDitta() / "Copie";
-  const Data oggi = in.orologio.Oggi();
   if (!CopiaDovuta(cartella, oggi)) return;
   in.copiaInCorso = true;
   in.copia = std::thread(

@@ -88,6 +88,7 @@ struct Ambiente::Interno {
   std::mutex bloccoCopia;
   bool copiaInCorso = false;
   std::string guastoCopia;
+  std::string copiaTentata;  ///< company and day of the last try, which isn't repeated
 };
 
 /// The user's own folder for scratch databases, made when missing.

@@ -92,6 +92,9 @@ void Rs::Interno::Avanza() {
   indice.Svuota();
   scartate = true;
   pos = 0;
+  if (rigaPronta && ++pezzi % kPezziTenuti == 0) {
+    sqlite3_db_release_memory(sqlite3_db_handle(preparata.Motore()));
+  }
   LeggiPezzo(kPezzo);
 }
 

@@ -22,6 +22,9 @@ struct Rs::Interno final : CursoreAperto {
 
   /// Rows read at once; a result no longer than this leaves no lock behind.
   static constexpr std::size_t kPezzo = 256;
+  /// Pieces after which the engine lets go of the pages it has passed: a long reading doesn't come
+  /// back to them, and would fill the whole cache.
+  static constexpr std::size_t kPezziTenuti = 64;
   /// Rows read into memory to be counted; past these the engine counts.
   static constexpr std::size_t kDaContare = 10'000;
 
@@ -70,6 +73,7 @@ struct Rs::Interno final : CursoreAperto {
 
   RigheLette righe;
   std::size_t pos = 0;
+  std::size_t pezzi = 0;  ///< read since the pages were let go
   /// Rows before the first in memory have been let go; to go back the query runs again.
   bool scartate = false;
   /// How many they are; -1 when not known.

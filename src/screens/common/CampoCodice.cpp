@@ -59,7 +59,10 @@ void CampoCodice::Risolvi() {
   const auto descrizione = codice.empty() ? std::nullopt : fonte_->Descrizione(codice);
   esiste_ = descrizione.has_value();
   if (!esiste_) {
-    etichetta_->setText(codice.empty() ? QString() : tr("codice non trovato"));
+    const bool vari = !codice.empty() && !mostrando_ && fonte_->Cerca(codice, 2).size() > 1;
+    etichetta_->setText(codice.empty() ? QString()
+                        : vari         ? tr("più codici: F2 per scegliere")
+                                       : tr("codice non trovato"));
     return;
   }
   etichetta_->setText(QString::fromStdString(*descrizione));

@@ -186,7 +186,8 @@ Griglia::Griglia(const QString& nome, const QString& finestra, std::vector<Colon
           });
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int sezione) {
     auto* testata = horizontalHeader();
-    testata->setSortIndicatorShown(true);
+    // Rows that come in pages keep their source's order.
+    testata->setSortIndicatorShown(!modello_->APagine());
     modello_->sort(sezione, testata->sortIndicatorOrder());
   });
   // Rows shown anew keep the order that the user chose.

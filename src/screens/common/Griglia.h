@@ -42,6 +42,7 @@ class ModelloGriglia : public QAbstractTableModel {
   /// Rows that come in pages: `pagina(da)` returns the next rows after the `da` already there, and
   /// none at the end. Sorting is then left to the source.
   void Pagine(std::function<std::vector<std::vector<Valore>>(int da)> pagina);
+  [[nodiscard]] bool APagine() const { return static_cast<bool>(pagina_); }
 
  private:
   std::vector<ColonnaGriglia> colonne_;

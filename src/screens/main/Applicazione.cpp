@@ -123,7 +123,10 @@ void Applicazione::Mostra() {
   QTimer::singleShot(0, principale_.get(), [this] { ambiente_->AvviaCopia(); });
   auto* controllo = new QTimer(principale_.get());
   QObject::connect(controllo, &QTimer::timeout, principale_.get(), [this] {
-    if (ambiente_->DittaAperta()) ambiente_->Basi().RilasciaLetture();
+    if (ambiente_->DittaAperta()) {
+      ambiente_->Basi().RilasciaLetture();
+      ambiente_->AvviaCopia();
+    }
     if (const auto guasto = ambiente_->EsitoCopia(); !guasto.empty()) {
       dialoghi_.Messaggio(guasto, Icona::Avviso);
     }
