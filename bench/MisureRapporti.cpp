@@ -260,6 +260,7 @@ double MegabyteGiornali(const OpzioniAmbiente& opzioni, const std::string& ditta
   std::ifstream detto(file.string() + ".megabyte");
   Pretendi(static_cast<bool>(detto >> megabyte), "memoria del giornale");
   std::filesystem::remove(file);
+  std::filesystem::remove(file.string() + ".megabyte");
   return megabyte;
 }
 
