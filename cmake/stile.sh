@@ -50,7 +50,7 @@ done
 if [ ${#da_vedere[@]} -gt 0 ]; then
   echo "stile: clang-tidy su $((${#da_vedere[@]} / 2)) file"
   if ! printf '%s\0' "${da_vedere[@]}" | xargs -0 -P2 -n2 bash -c '
-      if clang-tidy-19 -quiet --extra-arg=-Wno-unknown-warning-option -p build/debug "$0" \
+      if clang-tidy-19 -quiet --extra-arg=-Wno-unknown-warning-option --extra-arg=-Wno-ignored-gch -p build/debug "$0" \
           >"$1.esito" 2>/dev/null; then
         touch "$1"
         rm -f "$1.esito"
