@@ -101,7 +101,7 @@ void NucleoBasi::Apri() {
   // Sorts spill to temporary files past the cache, so that a report over all movements stays small.
   EseguiMotore(connessione_,
                "PRAGMA main.journal_mode = TRUNCATE; PRAGMA main.synchronous = FULL;"
-               "PRAGMA main.cache_size = -32000; PRAGMA foreign_keys = OFF;",
+               "PRAGMA main.cache_size = -12000; PRAGMA foreign_keys = OFF;",
                percorsi_.tessarc);
   EseguiMotore(connessione_,
                "PRAGMA scadenzario.journal_mode = TRUNCATE; PRAGMA scadenzario.synchronous = FULL;"
