@@ -77,6 +77,8 @@ struct Primanota::Interno {
   /// Saves or deletes the open row and does what follows, all or nothing; throws.
   void SalvaRiga();
   void CancellaRiga();
+  /// What follows a row saved or deleted: contra-entries, commit, and only then what is shown.
+  void ConcludiRighe(std::vector<RigaPrimanota> nuove, TransazionePrimanota& transazione);
   /// Contra-entries of all rows, in `correnti` and in the scratch; whether any changed.
   bool AggiornaContropartite(std::vector<RigaPrimanota>& correnti);
   void CausaleScelta();

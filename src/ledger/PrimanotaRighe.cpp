@@ -356,6 +356,11 @@ void Primanota::Interno::SalvaRiga() {
     const RigaPrimanota letta = LeggiRiga(rs);
     nuove.insert(std::upper_bound(nuove.begin(), nuove.end(), letta, PrimaDi), letta);
   }
+  ConcludiRighe(std::move(nuove), transazione);
+}
+
+void Primanota::Interno::ConcludiRighe(std::vector<RigaPrimanota> nuove,
+                                       TransazionePrimanota& transazione) {
   if (contropAutomatiche) AggiornaContropartite(nuove);
   const TotaliPrimanota nuoviTotali = SommaRighe(nuove);
   transazione.Conferma();
@@ -371,14 +376,7 @@ void Primanota::Interno::CancellaRiga() {
   TogliRiga(nuove, numRiga);
   TransazionePrimanota transazione(ambiente.Basi(), Transazione::Ambito::SoloLavoro);
   temp->Esegui("delete * from Movimenti where " + Criterio("Num", "=", numRiga));
-  if (contropAutomatiche) AggiornaContropartite(nuove);
-  const TotaliPrimanota nuoviTotali = SommaRighe(nuove);
-  transazione.Conferma();
-
-  righe = std::move(nuove);
-  totali = nuoviTotali;
-  righeModificate = true;
-  ChiudiRiga();
+  ConcludiRighe(std::move(nuove), transazione);
 }
 
 bool Primanota::ConfermaRiga() {
