@@ -1,0 +1,46 @@
+// The list of an archive: rows in pages, in order of code, narrowed by a text and by column.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/archives/DescrizioneArchivio.h"
+
+namespace fenalto {
+
+/// Columns of the list: `Cod`, the description, then the fields marked `elenco`.
+std::vector<CampoArchivio> ColonneElenco(const DescrizioneArchivio& descrizione);
+
+/// What narrows the list.
+struct FiltroElenco {
+  /// Records whose code begins with the text, or whose code or description holds it, without case
+  /// and accents; empty for all.
+  std::string testo;
+  /// One text a column of ColonneElenco, held anywhere in what the column shows; empty for all.
+  std::vector<std::string> colonne;
+  [[nodiscard]] bool Vuoto() const;
+};
+
+/// Reads rows of an archive without holding them.
+class ElencoArchivio {
+ public:
+  ElencoArchivio(Ambiente& ambiente, const DescrizioneArchivio& descrizione);
+
+  /// At most `massimo` rows after the code `dopo` (from the first when empty), one value a column.
+  /// With a text, those whose code begins with it aren't put first here: the order is by code.
+  std::vector<std::vector<Valore>> Pagina(const FiltroElenco& filtro, const std::string& dopo,
+                                          int massimo);
+  /// The code after (before) one in the filtered list; empty at its end.
+  std::string Successivo(const FiltroElenco& filtro, const std::string& codice);
+  std::string Precedente(const FiltroElenco& filtro, const std::string& codice);
+
+ private:
+  Ambiente& ambiente_;
+  const DescrizioneArchivio& descrizione_;
+};
+
+/// Prints the list as filtered: company, title, day, columns. Progress can be cancelled.
+void StampaElencoArchivio(Ambiente& ambiente, FabbricaUscite& uscite,
+                          const DescrizioneArchivio& descrizione, const FiltroElenco& filtro);
+
+}  // namespace fenalto

@@ -1,0 +1,33 @@
+// Where each kind of code is referred to, and whether one is in use: one routine over one table.
+//
+// A table that comes to hold codes of an archive adds its lines here, and every archive's guards
+// know of it.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/session/Ambiente.h"
+
+namespace fenalto {
+
+/// A field that holds codes of an archive.
+struct Riferimento {
+  const char* archivio;    ///< table of the codes ("Conti")
+  const char* chiave;      ///< database of the table that refers to them
+  const char* tabella;     ///< table that refers to them
+  const char* campo;
+  const char* condizione;  ///< of the dialect, on the same table; empty for none
+  const char* messaggio;   ///< what is told when a code is in use
+};
+
+std::span<const Riferimento> TavolaRiferimenti();
+
+/// What to tell when the code of that archive is in use, in the order of the table; nothing when it
+/// may be changed or deleted.
+std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view archivio,
+                                       std::string_view codice);
+
+}  // namespace fenalto

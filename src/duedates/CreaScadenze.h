@@ -1,0 +1,37 @@
+// Due dates of an invoice, from its payment code to rows of `Scadenze`.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/session/Ambiente.h"
+
+namespace fenalto {
+
+/// What an invoice gives its due dates.
+struct RichiestaScadenze {
+  std::string cfp;
+  std::string conto;
+  std::string codPag;
+  Data data;        ///< from which the rates count
+  Importo importo;  ///< total to schedule
+  Importo iva;      ///< the part that the second payment code schedules; 0 for none
+  std::string descrizione;
+  Data dataFat;
+  std::string numFat;  ///< the leading digits of it are stored, 0 when it has none
+  std::int64_t numProt = 0;
+  std::string riva;
+  int anno = 0;
+  std::int64_t articolo = 0;
+  std::string programma;  ///< "fatture", "fattintra", "bolladog", ...
+  std::string tipoDoc;
+};
+
+/// Writes the due dates in the transaction that the caller holds, and adds lines to the log; true
+/// when rows were written. Warnings to be shown to the user are added to `avvisi`: nothing is told
+/// from here, since the caller holds a transaction.
+bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::string& log,
+                  std::vector<std::string>& avvisi);
+
+}  // namespace fenalto

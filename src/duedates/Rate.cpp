@@ -1,0 +1,1 @@
+#include "duedates/Rate.h"

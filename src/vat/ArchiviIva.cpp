@@ -1,0 +1,1 @@
+#include "vat/ArchiviIva.h"

@@ -1,0 +1,1 @@
+#include "warehouse/ArchiviMagazzino.h"
