@@ -1,0 +1,132 @@
+// Registrations that follow from a VAT document: its payment, the withholding, the second half of a
+// reverse-charge pair with the giro of the cost, the customs giro.
+//
+// Nothing here asks, tells or opens a transaction: the caller holds the numbering lock of "ARTICOLI"
+// and one transaction over both databases from before the first number is taken to after the last
+// write. What happened is in the log, line by line; what the user must be told apart from it is in
+// `avvisi`, to be shown after the transaction.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/session/Ambiente.h"
+
+namespace fenalto {
+
+/// `CREATOINAUTOMATICO` of a registration: who wrote it.
+enum class Origine {
+  Manuale = 0,
+  StornoSospesa = 1,
+  Fattura = 11,
+  PagamentoScadenze = 21,
+  PagamentoSingolo = 22,
+  DistintaRiba = 23,
+  Pagamento = 24,
+  GiroRitenuta = 26,
+  ReverseCharge = 51,
+  BollaDoganale = 52,
+  RitenutaAcconto = 53
+};
+
+struct LogContabile {
+  std::string testo;  ///< lines separated by a line feed
+  std::vector<std::string> avvisi;
+  void Riga(std::string_view riga);
+};
+
+/// Next number of a registration of a year: the greatest plus 1.
+std::int64_t ProssimoNumDoc(Ambiente& ambiente, int anno);
+/// Next protocol of a register of a year: the greatest plus 1.
+std::int64_t ProssimoNProt(Ambiente& ambiente, int anno, const std::string& riva);
+
+/// A registration of two rows: `cfp`, `conto` against `cfpA`, `contoA`.
+struct RegistrazioneDueRighe {
+  int anno = 0;
+  Data dt;
+  std::string causale;
+  std::string descrizione;
+  std::string cfp;   ///< of row 1
+  std::string conto;
+  Importo dare;      ///< of row 1; row 2 has the sides swapped
+  Importo avere;
+  std::string cfpA;  ///< of row 2
+  std::string contoA;
+  std::int64_t posi1 = 1;
+  std::int64_t posi2 = 2;
+  Origine origine = Origine::Manuale;
+  /// Head: account of the debit side and of the credit side, as the source wants them.
+  std::string testaCfp;
+  std::string testaConto;
+  std::string testaCfpA;
+  std::string testaContoA;
+  Data dtFat;
+  std::string nFat;
+};
+/// Writes head and rows under the next number and gives it.
+std::int64_t ScriviDueRighe(Ambiente& ambiente, const RegistrazioneDueRighe& registrazione);
+
+/// The immediate payment of a document, when its payment code has account and causal; the number of
+/// the registration, 0 when nothing was written.
+struct RichiestaPagamento {
+  std::string cfp;  ///< "C" or "F"
+  std::string conto;
+  std::string pagamento;
+  std::string descrizione;
+  Importo importo;
+  Data dt;
+  int anno = 0;
+};
+std::int64_t CreaContabPagamento(Ambiente& ambiente, const RichiestaPagamento& richiesta,
+                                 LogContabile& log);
+
+/// The withholding giro by a code of `Ritenute`.
+struct RichiestaRitenuta {
+  std::string cfp;
+  std::string conto;
+  std::string codRitenuta;
+  std::string descrizione;
+  Importo importo;
+  Data dt;
+  int anno = 0;
+};
+std::int64_t CreaGiroRitenuta(Ambiente& ambiente, const RichiestaRitenuta& richiesta,
+                              LogContabile& log);
+
+/// Which stored registration another one follows from.
+struct ArticoloOrigine {
+  int anno = 0;
+  std::int64_t numDoc = 0;
+};
+
+/// Second half of a reverse-charge registration on a register of type "04".
+struct DatiIntra {
+  std::string rivaIntra;  ///< register of type "05"
+  bool senzaGiroCosto = false;
+  std::string causale;  ///< `CausaleIntraCosto_a_Forn`
+  std::string fornitore;
+  std::string contoCosti;
+  std::string pagamento;
+};
+bool RegistraIntra(Ambiente& ambiente, const ArticoloOrigine& origine, const DatiIntra& dati,
+                   LogContabile& log);
+
+struct DatiBollaDoganale {
+  std::string fornitore;
+  std::string causale;
+  std::string pagamento;
+};
+bool RegistraBollaDoganale(Ambiente& ambiente, const ArticoloOrigine& origine,
+                           const DatiBollaDoganale& dati, LogContabile& log);
+
+struct DatiGiroRitenuta {
+  std::string causale;
+  std::string conto;
+  Importo importo;
+};
+bool RegistraGiroRitenuta(Ambiente& ambiente, const ArticoloOrigine& origine,
+                          const DatiGiroRitenuta& dati, LogContabile& log);
+
+}  // namespace fenalto
