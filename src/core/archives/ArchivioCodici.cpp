@@ -1,1 +1,198 @@
 #include "core/archives/ArchivioCodici.h"
+
+#include <utility>
+#include <vector>
+
+#include "core/archives/ArchivioInterno.h"
+#include "core/values/Testo.h"
+
+namespace fenalto {
+
+bool ContestoArchivio::CodiceCambiato() const {
+  return nuovo || !UgualeTesto(Codice(), codicePrima);
+}
+
+ArchivioCodici::ArchivioCodici(Ambiente& ambiente, DescrizioneArchivio descrizione)
+    : interno_(std::make_unique<Interno>(ambiente, std::move(descrizione))) {}
+
+ArchivioCodici::~ArchivioCodici() = default;
+
+ArchivioCodici::Interno::Interno(Ambiente& ambienteUsato, DescrizioneArchivio descr)
+    : ambiente(ambienteUsato),
+      descrizione(std::move(descr)),
+      contesto{ambiente, record, false, "", nullptr, {}} {
+  const TabellaCatalogo* tabella = Dati().Catalogo().Tabella(descrizione.tabella);
+  if (tabella == nullptr) {
+    throw ErroreArchivio(ErroreArchivio::Causa::Mancante,
+                         "negli archivi della ditta manca la tabella «" + descrizione.tabella +
+                             "» della finestra " + descrizione.finestra);
+  }
+  record = Scheda(*tabella);
+  for (const auto& [nome, tipo] : descrizione.campiExtra) record.Aggiungi(nome, tipo);
+}
+
+Archivio& ArchivioCodici::Interno::Dati() {
+  return ambiente.ArchivioDi(descrizione.chiave);
+}
+
+Rs ArchivioCodici::Interno::Trova(const std::string& codice, bool conFiltro) {
+  std::string sql =
+      "select * from " + descrizione.tabella + " where " + Criterio("Cod", "=", codice);
+  if (conFiltro && !descrizione.filtro.empty()) sql += " and (" + descrizione.filtro + ")";
+  return Dati().Recordset(sql);
+}
+
+std::vector<Valore> ArchivioCodici::Interno::Valori(const Rs& riga) {
+  std::vector<Valore> valori;
+  const std::size_t colonne = riga.Colonne().size();
+  valori.reserve(colonne);
+  for (std::size_t c = 0; c < colonne; ++c) valori.push_back(riga.Fields(c));
+  return valori;
+}
+
+std::string ArchivioCodici::Interno::Nome() const {
+  if (contesto.nuovo) return descrizione.titoloNuovo;
+  return descrizione.titoloRecord + contesto.codicePrima;
+}
+
+void ArchivioCodici::Interno::Avviso(const std::string& testo, Icona icona) {
+  ambiente.Dialogo().Messaggio(testo, icona);
+}
+
+bool ArchivioCodici::Interno::RifiutaSolaLettura() {
+  if (!solaLettura) return false;
+  Avviso(Nome() + ": in modifica da un'altra stazione, si può solo consultare");
+  return true;
+}
+
+void ArchivioCodici::Interno::Chiudi() {
+  aperto = solaLettura = daScrivere = false;
+  riga = Rs();
+  letti.clear();
+}
+
+void ArchivioCodici::Interno::Dimentica() {
+  contesto.nuovo = false;
+  contesto.codicePrima.clear();
+  record.Svuota();
+}
+
+void ArchivioCodici::Interno::Riempi() {
+  if (descrizione.aperto) descrizione.aperto(contesto);
+  record.Consolida();
+}
+
+const DescrizioneArchivio& ArchivioCodici::Descrizione() const {
+  return interno_->descrizione;
+}
+
+bool ArchivioCodici::Aperto() const {
+  return interno_->aperto;
+}
+
+bool ArchivioCodici::Nuovo() const {
+  return interno_->aperto && interno_->contesto.nuovo;
+}
+
+bool ArchivioCodici::SolaLettura() const {
+  return interno_->solaLettura;
+}
+
+bool ArchivioCodici::Modificato() const {
+  const Interno& io = *interno_;
+  return io.aperto && !io.solaLettura && (io.daScrivere || io.record.Modificata());
+}
+
+std::string ArchivioCodici::Titolo() const {
+  return interno_->aperto ? interno_->Nome() : std::string();
+}
+
+Scheda& ArchivioCodici::Record() {
+  return interno_->record;
+}
+
+ContestoArchivio& ArchivioCodici::Contesto() {
+  return interno_->contesto;
+}
+
+bool ArchivioCodici::Apri(const std::string& codice) {
+  Interno& io = *interno_;
+  Rs trovato = io.Trova(codice, true);
+  if (trovato.Eof()) {
+    const std::string rifilato(Rifila(codice));
+    if (rifilato == codice) return false;
+    trovato = io.Trova(rifilato, true);
+    if (trovato.Eof()) return false;
+  }
+  // Before the lock is asked for: it may be this very record that is open.
+  Abbandona();
+
+  // Edit reads the row again under the lock: until now another station could still change it.
+  auto preso = trovato.Edit();
+  if (!preso && preso.Errore().stazione.empty()) return false;
+  io.contesto.nuovo = false;
+  io.contesto.codicePrima = trovato.Fields("Cod").Testo();
+  io.letti = Interno::Valori(trovato);
+  io.record.Svuota();
+  io.record.Carica(trovato);
+  io.solaLettura = !preso;
+  io.aperto = true;
+  io.riga = std::move(trovato);
+  io.Riempi();
+  if (io.solaLettura) {
+    io.Avviso(io.Nome() + ": in modifica " + preso.Errore().Descrizione() +
+              "\nsi può consultare, senza cambiarne i dati");
+  }
+  return true;
+}
+
+void ArchivioCodici::Inizia() {
+  Interno& io = *interno_;
+  Abbandona();
+  io.contesto.nuovo = true;
+  io.aperto = true;
+  io.Riempi();
+}
+
+void ArchivioCodici::Duplica() {
+  Interno& io = *interno_;
+  if (!io.aperto) return;
+  const std::vector<Coppia> valori = io.record.Campi();
+  io.Chiudi();
+  io.Dimentica();
+  io.contesto.nuovo = true;
+  const auto copia = [&] {
+    for (const auto& [campo, valore] : valori) {
+      if (!UgualeTesto(campo, "Cod")) io.record.Scrivi(campo, valore);
+    }
+  };
+  // Extra fields follow from the copied ones, whose values win over the proposals of a new record.
+  copia();
+  io.aperto = true;
+  io.Riempi();
+  copia();
+  io.record.Scrivi("Cod", "");
+  io.daScrivere = true;
+}
+
+void ArchivioCodici::Lasciato(const std::string& campo) {
+  Interno& io = *interno_;
+  if (io.aperto && !io.solaLettura && io.descrizione.lasciato) {
+    io.descrizione.lasciato(io.contesto, campo);
+  }
+}
+
+StatoCampo ArchivioCodici::Stato(const std::string& nome) const {
+  const Interno& io = *interno_;
+  StatoCampo stato;
+  if (io.descrizione.stato) stato = io.descrizione.stato(io.contesto, nome);
+  if (io.solaLettura) stato.attivo = false;
+  return stato;
+}
+
+void ArchivioCodici::Abbandona() {
+  interno_->Chiudi();
+  interno_->Dimentica();
+}
+
+}  // namespace fenalto

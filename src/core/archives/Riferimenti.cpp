@@ -1,1 +1,106 @@
 #include "core/archives/Riferimenti.h"
+
+#include "core/sql/Criterio.h"
+#include "core/values/Testo.h"
+
+// Pieces of messages, joined when compiled.
+#define FENALTO_IN_QUANTO "non si può variare o eliminare il codice in quanto ci sono "
+
+namespace fenalto {
+
+namespace {
+
+constexpr const char* kC = "tessarc";
+constexpr const char* kS = "scadenzario";
+
+constexpr const char* kClientiConto = FENALTO_IN_QUANTO "clienti che appartengono a questo conto";
+constexpr const char* kFornitoriConto =
+    FENALTO_IN_QUANTO "fornitori che appartengono a questo conto";
+constexpr const char* kRegistriConto = FENALTO_IN_QUANTO "regisstri iva collegati a questo conto";
+constexpr const char* kPagamentoConto =
+    FENALTO_IN_QUANTO "codici pagamento collegati a questo conto";
+constexpr const char* kMovimenti = FENALTO_IN_QUANTO "movimenti contabili che lo usano";
+constexpr const char* kArticoli = FENALTO_IN_QUANTO "registrazioni che lo usano";
+constexpr const char* kClienti = FENALTO_IN_QUANTO "clienti che lo usano";
+constexpr const char* kFornitori = FENALTO_IN_QUANTO "fornitori che lo usano";
+constexpr const char* kRegistri = FENALTO_IN_QUANTO "registri iva che lo usano";
+constexpr const char* kPagamenti = FENALTO_IN_QUANTO "codici pagamento che lo usano";
+constexpr const char* kRitenute = FENALTO_IN_QUANTO "ritenute che lo usano";
+constexpr const char* kScadenze = FENALTO_IN_QUANTO "scadenze che lo usano";
+constexpr const char* kContropClienti =
+    FENALTO_IN_QUANTO "clienti con questo conto come contropartita delle fatture";
+constexpr const char* kContropFornitori =
+    FENALTO_IN_QUANTO "fornitori con questo conto come contropartita delle fatture";
+
+// In the order in which uses are told.
+constexpr Riferimento kTavola[] = {
+    {"Conti", kC, "Clienti", "Conto", "", kClientiConto},
+    {"Conti", kC, "Fornitori", "Conto", "", kFornitoriConto},
+    {"Conti", kC, "RegistriIva", "Conto", "", kRegistriConto},
+    {"Conti", kC, "RegistriIva", "ContoCassa", "", kRegistriConto},
+    {"Conti", kC, "RegistriIva", "ContoRicaviCorrisp", "", kRegistriConto},
+    {"Conti", kC, "Pagamento", "Conto", "", kPagamentoConto},
+    {"Conti", kC, "Movimenti", "Conto", "CFP='P'", kMovimenti},
+    {"Conti", kC, "Movimenti", "ContoControp", "CFPControp='P'", kMovimenti},
+    {"Conti", kC, "Articoli", "Conto", "CFP='P'", kArticoli},
+    {"Conti", kC, "Articoli", "ContoA", "CfpA='P'", kArticoli},
+    {"Conti", kC, "Clienti", "ContropFatture", "", kContropClienti},
+    {"Conti", kC, "Fornitori", "ContropFatture", "", kContropFornitori},
+    {"Conti", kC, "Ritenute", "Conto", "", kRitenute},
+    {"Conti", kS, "Scadenze", "Conto", "CFP='P'", kScadenze},
+
+    {"Causali", kC, "Movimenti", "Causale", "", kMovimenti},
+    {"Causali", kC, "RegistriIva", "CauGiroCorrisp", "", kRegistri},
+    {"Causali", kC, "Pagamento", "Causale", "", kPagamenti},
+    {"Causali", kC, "Ritenute", "Causale", "", kRitenute},
+
+    {"CodiciIva", kC, "Movimenti", "CodIva", "", kMovimenti},
+    {"CodiciIva", kC, "RegistriIva", "CodIva", "", kRegistri},
+    {"CodiciIva", kC, "Clienti", "CodIva", "", kClienti},
+    {"CodiciIva", kC, "Clienti", "EsenzioneIva", "", kClienti},
+    {"CodiciIva", kC, "Fornitori", "CodIva", "", kFornitori},
+
+    {"RegistriIva", kC, "Articoli", "Riva", "", kArticoli},
+    {"RegistriIva", kS, "Scadenze", "Riva", "", kScadenze},
+
+    {"Categorie", kC, "Movimenti", "Categoria", "", kMovimenti},
+    {"Categorie", kC, "Clienti", "Categoria", "", kClienti},
+    {"Categorie", kC, "Fornitori", "Categoria", "", kFornitori},
+
+    {"Ritenute", kC, "Clienti", "Ritenuta", "", kClienti},
+    {"Agenti", kC, "Clienti", "Agente", "", kClienti},
+    {"Vettori", kC, "Clienti", "Vettore", "", kClienti},
+
+    {"Pagamento", kC, "Clienti", "Pagamento", "", kClienti},
+    {"Pagamento", kC, "Fornitori", "Pagamento", "", kFornitori},
+    {"Pagamento", kC, "Articoli", "Pagamento", "", kArticoli},
+    {"Pagamento", kS, "Scadenze", "Pagamento", "", kScadenze},
+    {"Pagamento", kC, "Pagamento", "CodPagIva", "", kPagamenti},
+
+    {"Banche", kS, "Scadenze", "BancaPresentaz", "", kScadenze},
+};
+
+}  // namespace
+
+std::span<const Riferimento> TavolaRiferimenti() {
+  return kTavola;
+}
+
+std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view archivio,
+                                       std::string_view codice) {
+  if (codice.empty()) return std::nullopt;  // an empty field refers to nothing
+  for (const Riferimento& r : kTavola) {
+    if (!UgualeTesto(r.archivio, archivio)) continue;
+    std::string sql = "select top 1 1 from ";
+    sql.append(r.tabella).append(" where ").append(Criterio(r.campo, "=", codice));
+    // A code that names itself may change: the reference goes with it.
+    if (UgualeTesto(r.tabella, archivio)) sql += " and " + Criterio("Cod", "<>", codice);
+    if (*r.condizione != '\0') sql.append(" and ").append(r.condizione);
+    if (!ambiente.ArchivioDi(r.chiave).Singolo(sql).Nullo()) return r.messaggio;
+  }
+  return std::nullopt;
+}
+
+}  // namespace fenalto
+
+#undef FENALTO_IN_QUANTO

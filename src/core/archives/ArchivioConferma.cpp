@@ -1,0 +1,234 @@
+// Confirmation and deletion of a record of an archive of codes.
+#include <algorithm>
+#include <utility>
+
+#include "core/archives/ArchivioInterno.h"
+#include "core/archives/Riferimenti.h"
+#include "core/values/Testo.h"
+
+namespace fenalto {
+
+namespace {
+
+/// Texts that differ in case only are the same to the store, not to who reads them.
+bool Identici(const Valore& a, const Valore& b) {
+  if (a.Tipo() == Tipo::Testo && b.Tipo() == Tipo::Testo) return a.RifTesto() == b.RifTesto();
+  return a == b;
+}
+
+std::string Mostrato(const Valore& valore) {
+  constexpr std::size_t kMassimo = 60;
+  std::string testo = valore.Tipo() == Tipo::Data ? valore.Data().Testo() : valore.Neutro();
+  if (LunghezzaTesto(testo) > kMassimo) testo = Mid(testo, 1, kMassimo) + "...";
+  return "«" + testo + "»";
+}
+
+}  // namespace
+
+bool ArchivioCodici::Interno::Rifiuta(const std::string& messaggio, const std::string& campo) {
+  if (!messaggio.empty()) Avviso(messaggio);
+  rifiuto.campo = campo;
+  return false;
+}
+
+bool ArchivioCodici::Interno::Passa(const std::vector<DescrizioneArchivio::Controllo>& controlli) {
+  return std::all_of(controlli.begin(), controlli.end(), [this](const auto& controllo) {
+    const std::optional<Rifiuto> no = controllo(contesto);
+    return !no || Rifiuta(no->messaggio, no->campo);
+  });
+}
+
+/// A code stored with blanks by another program stays as it is until it is typed anew.
+void ArchivioCodici::Interno::RifilaCodice() {
+  const std::string codice = contesto.Codice();
+  if (!contesto.nuovo && codice == contesto.codicePrima) return;
+  record.Scrivi("Cod", std::string(Rifila(codice)));
+}
+
+bool ArchivioCodici::Interno::CodiceLibero() {
+  if (!contesto.CodiceCambiato()) return true;
+  std::string nome(Rifila(descrizione.titoloRecord));
+  if (nome.empty()) nome = "codice";
+  const bool occupato =
+      ambiente.Esiste(descrizione.chiave, descrizione.tabella, {{"Cod", contesto.Codice()}}, nome);
+  return !occupato || Rifiuta("", "Cod");
+}
+
+bool ArchivioCodici::Interno::CodiceInUso() {
+  const auto uso = CodiceUsato(ambiente, descrizione.tabella, contesto.codicePrima);
+  return uso && !Rifiuta(*uso, "Cod");
+}
+
+bool ArchivioCodici::Interno::Ammesso() {
+  if (descrizione.compone) descrizione.compone(contesto);
+  RifilaCodice();
+  if (!descrizione.codiceComposto) {
+    if (contesto.Codice().empty()) return Rifiuta("inserire un codice", "Cod");
+    if (contesto.CodiceCambiato() &&
+        LunghezzaTesto(contesto.Codice()) > static_cast<std::size_t>(descrizione.caratteriCodice)) {
+      return Rifiuta("il codice può avere al più " + std::to_string(descrizione.caratteriCodice) +
+                         " caratteri",
+                     "Cod");
+    }
+  }
+  if (!Passa(descrizione.controlli) || !CodiceLibero()) return false;
+  if (contesto.nuovo || !contesto.CodiceCambiato()) return true;
+  return Passa(descrizione.guardieCodice) && !CodiceInUso();
+}
+
+bool ArchivioCodici::Interno::Tiene() {
+  if (contesto.nuovo || riga.EditMode() == ModoModifica::Modifica) return true;
+  Rs trovata = Trova(contesto.codicePrima, false);
+  if (trovata.Eof()) return true;  // told as a deletion
+  auto preso = trovata.Edit();
+  if (!preso && !preso.Errore().stazione.empty()) {
+    Avviso(Nome() + ": in modifica " + preso.Errore().Descrizione() +
+           "\nriprovare quando ha finito");
+    return false;
+  }
+  riga = std::move(trovata);
+  return true;
+}
+
+ArchivioCodici::Interno::Confronto ArchivioCodici::Interno::Confronta(std::vector<Valore>& ora) {
+  const Rs adesso = Trova(contesto.codicePrima, false);
+  if (adesso.Eof()) return Confronto::Eliminato;
+  ora = Valori(adesso);
+  return std::equal(ora.begin(), ora.end(), letti.begin(), letti.end(), Identici)
+             ? Confronto::Uguale
+             : Confronto::Cambiato;
+}
+
+void ArchivioCodici::Interno::DiventaNuovo() {
+  const std::string nome = Nome();
+  riga = Rs();
+  letti.clear();
+  contesto.nuovo = true;
+  contesto.codicePrima.clear();
+  daScrivere = true;
+  Avviso(nome +
+         ": da un'altra parte è stato eliminato dopo che lo si era aperto.\nI dati sono ancora "
+         "sullo schermo, come di un record nuovo: confermando ancora si registrano");
+}
+
+bool ArchivioCodici::Interno::Concorde() {
+  if (contesto.nuovo) return true;
+  std::vector<Valore> ora;
+  const Confronto confronto = Confronta(ora);
+  if (confronto == Confronto::Uguale) return true;
+  if (confronto == Confronto::Eliminato) {
+    DiventaNuovo();
+    return false;
+  }
+  std::string cambi;
+  const auto& colonne = riga.Colonne();
+  for (std::size_t c = 0; c < ora.size() && c < letti.size() && c < colonne.size(); ++c) {
+    if (Identici(ora[c], letti[c])) continue;
+    cambi +=
+        "\n" + colonne[c].nome + ": era " + Mostrato(letti[c]) + ", adesso " + Mostrato(ora[c]);
+  }
+  if (!ambiente.Dialogo().Conferma(Nome() +
+                                   ": cambiato da un'altra stazione o da un'altra funzione dopo "
+                                   "che lo si era aperto:" +
+                                   cambi + "\nRegistrare lo stesso quello che è sullo schermo ?")) {
+    return false;
+  }
+  letti = std::move(ora);
+  return true;
+}
+
+Transazione::Ambito ArchivioCodici::Interno::Ambito(bool conAltro) const {
+  // What is written along may stand in the other database.
+  return conAltro || !UgualeTesto(descrizione.chiave, "tessarc") ? Transazione::Ambito::Tutto
+                                                                 : Transazione::Ambito::Tessarc;
+}
+
+bool ArchivioCodici::Interno::Scrivi() {
+  Transazione transazione(ambiente.Basi(), Ambito(static_cast<bool>(descrizione.conScrittura)));
+  Rs nuova;
+  if (contesto.nuovo) {
+    nuova = Dati().Recordset("select * from " + descrizione.tabella + " where 1=0");
+    nuova.AddNew();
+  } else {
+    std::vector<Valore> ora;
+    if (Confronta(ora) != Confronto::Uguale) return false;
+  }
+  Rs& scritta = contesto.nuovo ? nuova : riga;
+  for (const auto& [campo, valore] : record.Campi()) scritta.Imposta(campo, valore);
+  scritta.Update();
+  if (descrizione.conScrittura) descrizione.conScrittura(contesto);
+  transazione.Conferma();
+  return true;
+}
+
+/// After a write that failed the record is taken in edit anew, if it can be.
+void ArchivioCodici::Interno::Riprendi() noexcept {
+  riga = Rs();
+  if (contesto.nuovo) return;
+  try {
+    Rs trovata = Trova(contesto.codicePrima, false);
+    if (!trovata.Eof() && trovata.Edit()) riga = std::move(trovata);
+  } catch (const std::exception&) {
+    // The next confirmation tries again, and tells what is wrong.
+  }
+}
+
+void ArchivioCodici::Interno::NonRiuscito(const std::string& azione, const std::exception& errore) {
+  Riprendi();
+  Avviso(Nome() + ": " + azione + " non riuscita: " + errore.what() +
+             "\nniente è stato scritto: i dati sono ancora sullo schermo, si può riprovare",
+         Icona::Errore);
+}
+
+bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
+  Interno& io = *interno_;
+  if (rifiuto != nullptr) *rifiuto = {};
+  if (!io.aperto || io.RifiutaSolaLettura()) return false;
+  io.rifiuto = {};
+  try {
+    bool scritto = false;
+    while (!scritto) {
+      if (!io.Ammesso() || !io.Tiene() || !io.Concorde()) {
+        if (rifiuto != nullptr) *rifiuto = io.rifiuto;
+        return false;
+      }
+      scritto = io.Scrivi();
+    }
+  } catch (const std::exception& e) {
+    io.NonRiuscito("conferma", e);
+    return false;
+  }
+  io.Chiudi();
+  // What is told after finds the context as written, and whatever it does the record is closed.
+  struct AllaFine {
+    Interno& io;
+    ~AllaFine() { io.Dimentica(); }
+  } const allaFine{io};
+  if (io.descrizione.dopoConferma) io.descrizione.dopoConferma(io.contesto);
+  return true;
+}
+
+bool ArchivioCodici::Elimina() {
+  Interno& io = *interno_;
+  if (!io.aperto || io.contesto.nuovo || io.RifiutaSolaLettura()) return false;
+  if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione DOCUMENTO ?")) return false;
+  const DescrizioneArchivio& descrizione = io.descrizione;
+  try {
+    if (!io.Passa(descrizione.guardieElimina) || !io.Passa(descrizione.guardieCodice) ||
+        io.CodiceInUso() || !io.Tiene()) {
+      return false;
+    }
+    Transazione transazione(io.ambiente.Basi(),
+                            io.Ambito(static_cast<bool>(descrizione.conEliminazione)));
+    if (io.riga.Aperto() && !io.riga.Eof()) io.riga.Delete();
+    if (descrizione.conEliminazione) descrizione.conEliminazione(io.contesto);
+    transazione.Conferma();
+  } catch (const std::exception& e) {
+    io.NonRiuscito("eliminazione", e);
+    return false;
+  }
+  Abbandona();
+  return true;
+}
+
+}  // namespace fenalto

@@ -1,0 +1,65 @@
+// State of an open archive of codes, shared by its opening and its confirmation.
+#pragma once
+
+#include <exception>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/archives/ArchivioCodici.h"
+#include "core/sql/Criterio.h"
+
+namespace fenalto {
+
+struct ArchivioCodici::Interno {
+  Interno(Ambiente& ambienteUsato, DescrizioneArchivio descr);
+
+  [[nodiscard]] Archivio& Dati();
+  Rs Trova(const std::string& codice, bool conFiltro);
+  static std::vector<Valore> Valori(const Rs& riga);
+  /// "agente 12", "nuovo agente"
+  [[nodiscard]] std::string Nome() const;
+  void Avviso(const std::string& testo, Icona icona = Icona::Avviso);
+  bool RifiutaSolaLettura();
+  /// No record is open any more; its values are still there for what is told after.
+  void Chiudi();
+  void Dimentica();
+  void Riempi();
+
+  // --- Confirmation and deletion (ArchivioConferma.cpp) ------------------------------------------
+
+  enum class Confronto { Uguale, Cambiato, Eliminato };
+
+  /// Tells a refusal; the focus goes where it says.
+  bool Rifiuta(const std::string& messaggio, const std::string& campo);
+  bool Passa(const std::vector<DescrizioneArchivio::Controllo>& controlli);
+  bool CodiceLibero();
+  bool CodiceInUso();
+  void RifilaCodice();
+  bool Ammesso();
+  /// Takes the lock again when it was lost in a write that failed.
+  bool Tiene();
+  Confronto Confronta(std::vector<Valore>& ora);
+  /// What was changed or deleted elsewhere is told or asked; false when the confirmation stops.
+  bool Concorde();
+  void DiventaNuovo();
+  /// False when the row is no longer as it was when the user last saw it: nothing was written.
+  bool Scrivi();
+  void Riprendi() noexcept;
+  void NonRiuscito(const std::string& azione, const std::exception& errore);
+  [[nodiscard]] Transazione::Ambito Ambito(bool conAltro) const;
+
+  Ambiente& ambiente;
+  DescrizioneArchivio descrizione;
+  Scheda record;
+  ContestoArchivio contesto;
+  bool aperto = false;
+  bool solaLettura = false;
+  /// To be written even if no field was typed: a copy, a record deleted elsewhere.
+  bool daScrivere = false;
+  Rs riga;                    ///< the record in edit, which holds its lock
+  std::vector<Valore> letti;  ///< as the table had it when the user last saw it
+  Rifiuto rifiuto;
+};
+
+}  // namespace fenalto
