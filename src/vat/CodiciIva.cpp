@@ -1,0 +1,101 @@
+#include "vat/CodiciIva.h"
+
+namespace fenalto {
+
+namespace {
+
+constexpr std::int64_t kUltimoCampoElenco = 5;
+
+bool Riservato(const std::string& codice) {
+  return Valore(codice) == Valore(kCodiceVentilazione);
+}
+
+std::optional<Rifiuto> ControllaRiservato(ContestoArchivio& contesto) {
+  if (Riservato(contesto.codicePrima)) {
+    return Rifiuto{
+        "il codice iva 'ZCOR' serve al programma per i corrispettivi da ventilare: non si può "
+        "modificare",
+        "Cod"};
+  }
+  if (Riservato(contesto.Codice())) {
+    return Rifiuto{
+        "il codice iva 'ZCOR' è riservato ai corrispettivi da ventilare: lo crea il programma alla "
+        "prima registrazione su un registro di tipo 07",
+        "Cod"};
+  }
+  return std::nullopt;
+}
+
+std::optional<Rifiuto> RifiutaEliminazione(ContestoArchivio& contesto) {
+  if (!Riservato(contesto.codicePrima)) return std::nullopt;
+  return Rifiuto{
+      "il codice iva 'ZCOR' serve al programma per i corrispettivi da ventilare: non si può "
+      "eliminare",
+      ""};
+}
+
+std::optional<Rifiuto> ControllaCampoElenco(ContestoArchivio& contesto) {
+  const std::int64_t campo = contesto.scheda.Leggi("CampoElenco").Intero();
+  if (campo >= 0 && campo <= kUltimoCampoElenco) return std::nullopt;
+  return Rifiuto{
+      "la colonna degli elenchi annuali va da 0 a 5: " + std::to_string(campo) + " non è ammesso",
+      "CampoElenco"};
+}
+
+/// Any rate is accepted; one that can hardly be meant is told, so that a slip of the keyboard
+/// doesn't go on to the invoices.
+void AvvisaAliquota(ContestoArchivio& contesto) {
+  const auto insolita = [](Importo percento) {
+    return percento.Negativo() || percento > Importo::DaUnita(100);
+  };
+  for (const auto& [campo, nome] :
+       {std::pair{"Perc", "l'aliquota"}, std::pair{"PercInd", "la percentuale indetraibile"}}) {
+    const Importo percento = contesto.scheda.Leggi(campo).Importo();
+    if (!insolita(percento)) continue;
+    contesto.ambiente.Dialogo().Messaggio(
+        "codice iva " + contesto.Codice() + ": " + nome + " è " + percento.Testo() +
+            "%, di solito è tra 0 e 100. Se è un errore, riaprire il codice e correggerla",
+        Icona::Avviso);
+  }
+}
+
+std::vector<VoceScelta> LegendaElenco() {
+  return {{"0", "0= non stampa in elenco"},
+          {"1", "1= operazioni imponibili"},
+          {"2", "2= operazioni non imponibili"},
+          {"3", "3 = operazioni esenti"},
+          {"4",
+           "4= (solo fornitori) operazioni imponibili comprensive dell'imposta afferente "
+           "(relativamente ad operazioni registrate senza separata indicazione dell'imponibile e "
+           "dell'imposta)"},
+          {"5", "5 = Operazioni imponibili con IVA non esposta in fattura"}};
+}
+
+}  // namespace
+
+DescrizioneArchivio CodiciIva() {
+  DescrizioneArchivio d;
+  d.finestra = "CodiciIva";
+  d.titolo = "Archivio Codici IVA";
+  d.tabella = "CodiciIva";
+  d.titoloNuovo = "nuovo codice iva";
+  d.titoloRecord = "codice iva ";
+  d.campi = {
+      {.nome = "Perc", .didascalia = "Aliquota %", .caratteri = 8, .elenco = true},
+      {.nome = "PercInd", .didascalia = "% indetraibile", .caratteri = 8, .elenco = true},
+      {.nome = "Ventilazione", .didascalia = "Partecipa alla ventilazione", .elenco = true},
+      {.nome = "Scorporo", .didascalia = "Importi IVA compresa (scorporo)", .elenco = true},
+      {.nome = "CampoElenco",
+       .didascalia = "Colonna elenchi clienti e fornitori",
+       .caratteri = 1,
+       .scelte = LegendaElenco(),
+       .elenco = true},
+      {.nome = "Note", .didascalia = "Note", .genere = GenereCampo::Note},
+  };
+  d.controlli = {ControllaRiservato, ControllaCampoElenco};
+  d.guardieElimina = {RifiutaEliminazione};
+  d.dopoConferma = AvvisaAliquota;
+  return d;
+}
+
+}  // namespace fenalto
