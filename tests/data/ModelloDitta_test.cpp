@@ -228,6 +228,7 @@ TEST_F(ModelloDitta, OgniCodiceNominatoEsiste) {
       {"Pagamento_r", "Tipo", "tipipagamento"},
       {"Ritenute", "Conto", "Conti"},
       {"Ritenute", "Causale", "Causali"},
+      {"TipiFattureCli", "CausaleMag", "CausaliMag"},
   };
   for (const auto& l : legami) {
     const std::string campo = l.campo;
@@ -303,6 +304,8 @@ TEST_F(ModelloDitta, CiSonoICodiciSuCuiIlProgrammaConta) {
       {"Causali", {"037", "APE", "APEX"}},
       {"CodiciIva", {"20"}},
       {"tipipagamento", {"01", "02", "03", "05"}},
+      {"CausaliMag", {"EI"}},
+      {"TipiFattureCli", {"EI"}},
       {"Mesi", {"01", "12", "T1", "T4", "Z"}},
       {"TIPIregistriiva", {"01", "02", "03", "04", "05", "06", "07", "08", "08A", "09", "11"}},
   };
@@ -311,10 +314,13 @@ TEST_F(ModelloDitta, CiSonoICodiciSuCuiIlProgrammaConta) {
         << tabella;
   }
   Nessuno("descrizione mancante", "SELECT Cod FROM Causali WHERE Descrizione = ''");
+  Nessuno("causale che non carica né scarica",
+          "SELECT Cod FROM CausaliMag WHERE CS NOT IN ('C','S')");
 }
 
 TEST_F(ModelloDitta, NonPortaRegistrazioniNePersone) {
-  for (const char* tabella : {"Anni", "Ut", "Articoli", "Movimenti", "Clienti", "Fornitori"}) {
+  for (const char* tabella : {"Anni", "Ut", "Articoli", "Movimenti", "Clienti", "Fornitori",
+                              "Agenti", "Vettori", "FattureCli", "FattureCli_r"}) {
     EXPECT_THAT(base_->Colonna(std::string("SELECT 1 FROM ") + tabella), testing::IsEmpty())
         << tabella;
   }

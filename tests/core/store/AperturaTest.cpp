@@ -262,6 +262,30 @@ TEST_F(AperturaTest, CatalogueKnowsTypesKeysMirrorsAndHidesItsOwn) {
   EXPECT_NE(basi->Scadenzario().Catalogo().Tabella("Scadenze"), nullptr);
 }
 
+TEST_F(AperturaTest, ACompanyOfTheFirstStepOpensWithTodaysSchema) {
+  const fs::path vera = fs::path(FENALTO_DATA) / "schema";
+  opzioni.cartellaSchema = cartella / "prima";
+  for (const char* chiave : {"tessarc", "scadenzario"}) {
+    fs::create_directories(opzioni.cartellaSchema / chiave);
+    fs::copy(vera / chiave / "001_base.sql", opzioni.cartellaSchema / chiave);
+  }
+  Crea();
+  Apri()->Tessarc().Inserisci("Causali", {{"Cod", "A"}, {"Descrizione", "di prima"}});
+  opzioni.cartellaSchema = vera;
+  auto basi = Apri();
+  ASSERT_NE(basi, nullptr);
+  Archivio& tessarc = basi->Tessarc();
+  EXPECT_EQ(tessarc.Singolo("select Descrizione from Causali where Cod='A'").Testo(), "di prima");
+  // What the program counts on is there in companies that no model filled.
+  EXPECT_EQ(tessarc.Singolo("select CS from CausaliMag where Cod='EI'").Testo(), "C");
+  EXPECT_EQ(tessarc.Singolo("select CausaleMag from TipiFattureCli where Cod='EI'").Testo(), "EI");
+  tessarc.Inserisci("FattureCli_r", {{"TipoDoc", "EI"}, {"Anno", 2024}, {"NumDoc", 1}});
+  EXPECT_THROW(
+      tessarc.Inserisci("FattureCli_r", {{"TipoDoc", "ei"}, {"Anno", 2024}, {"NumDoc", 1}}),
+      ErroreArchivio)
+      << "a row's place is its own";
+}
+
 TEST_F(AperturaTest, TheProgramsOwnSchemaMakesACompany) {
   opzioni.cartellaSchema = fs::path(FENALTO_DATA) / "schema";
   Crea();
