@@ -27,6 +27,13 @@ constexpr const char* kRegistri = FENALTO_IN_QUANTO "registri iva che lo usano";
 constexpr const char* kPagamenti = FENALTO_IN_QUANTO "codici pagamento che lo usano";
 constexpr const char* kRitenute = FENALTO_IN_QUANTO "ritenute che lo usano";
 constexpr const char* kScadenze = FENALTO_IN_QUANTO "scadenze che lo usano";
+constexpr const char* kDocumenti = FENALTO_IN_QUANTO "documenti che lo usano";
+constexpr const char* kRigheDocumenti = FENALTO_IN_QUANTO "righe di documenti che lo usano";
+constexpr const char* kTipiDocumento = FENALTO_IN_QUANTO "tipi documento che lo usano";
+constexpr const char* kMovimentiMag = FENALTO_IN_QUANTO "movimenti di magazzino che lo usano";
+constexpr const char* kCausaleMag =
+    "il codice non si può variare perchè esistono già movimenti magazzino con questa causale o "
+    "sono previsti tipi documento";
 constexpr const char* kContropClienti =
     FENALTO_IN_QUANTO "clienti con questo conto come contropartita delle fatture";
 constexpr const char* kContropFornitori =
@@ -48,6 +55,8 @@ constexpr Riferimento kTavola[] = {
     {"Conti", kC, "Fornitori", "ContropFatture", "", kContropFornitori},
     {"Conti", kC, "Ritenute", "Conto", "", kRitenute},
     {"Conti", kS, "Scadenze", "Conto", "CFP='P'", kScadenze},
+    {"Conti", kC, "FattureCli_r", "Conto", "", kRigheDocumenti},
+    {"Conti", kC, "TipiFattureCli", "Conto", "", kTipiDocumento},
 
     {"Causali", kC, "Movimenti", "Causale", "", kMovimenti},
     {"Causali", kC, "RegistriIva", "CauGiroCorrisp", "", kRegistri},
@@ -59,23 +68,43 @@ constexpr Riferimento kTavola[] = {
     {"CodiciIva", kC, "Clienti", "CodIva", "", kClienti},
     {"CodiciIva", kC, "Clienti", "EsenzioneIva", "", kClienti},
     {"CodiciIva", kC, "Fornitori", "CodIva", "", kFornitori},
+    {"CodiciIva", kC, "FattureCli_r", "CodIva", "", kRigheDocumenti},
+    {"CodiciIva", kC, "TipiFattureCli", "CodIva", "", kTipiDocumento},
 
     {"RegistriIva", kC, "Articoli", "Riva", "", kArticoli},
     {"RegistriIva", kS, "Scadenze", "Riva", "", kScadenze},
+    {"RegistriIva", kC, "FattureCli", "Riva", "", kDocumenti},
+    {"RegistriIva", kC, "TipiFattureCli", "Riva", "", kTipiDocumento},
 
     {"Categorie", kC, "Movimenti", "Categoria", "", kMovimenti},
     {"Categorie", kC, "Clienti", "Categoria", "", kClienti},
     {"Categorie", kC, "Fornitori", "Categoria", "", kFornitori},
 
     {"Ritenute", kC, "Clienti", "Ritenuta", "", kClienti},
+    {"Ritenute", kC, "FattureCli", "RaCod", "", kDocumenti},
+    {"Ritenute", kC, "FattureCli", "RaCod2", "", kDocumenti},
     {"Agenti", kC, "Clienti", "Agente", "", kClienti},
+    {"Agenti", kC, "FattureCli", "Agente", "", kDocumenti},
     {"Vettori", kC, "Clienti", "Vettore", "", kClienti},
+    {"Vettori", kC, "FattureCli", "CodiceVettore", "", kDocumenti},
+    {"CodiciAspetto", kC, "FattureCli", "CodAspetto", "", kDocumenti},
+    {"CodiciAspetto", kC, "TipiFattureCli", "CodAspetto", "", kTipiDocumento},
+    {"CodiciPorto", kC, "FattureCli", "Porto", "", kDocumenti},
+    {"CodiciPorto", kC, "TipiFattureCli", "Porto", "", kTipiDocumento},
+    {"CodiciCausaliTrasporto", kC, "FattureCli", "CodiceCausaleTrasporto", "", kDocumenti},
+    {"CodiciCausaliTrasporto", kC, "TipiFattureCli", "CodiceCausaleTrasporto", "", kTipiDocumento},
+
+    {"CausaliMag", kC, "FattureCli_r", "CausaleMag", "", kCausaleMag},
+    {"CausaliMag", kC, "TipiFattureCli", "CausaleMag", "", kCausaleMag},
+    {"Magazzini", kC, "FattureCli_r", "Mag", "", kMovimentiMag},
+    {"Magazzini", kC, "TipiFattureCli", "Mag", "", kTipiDocumento},
 
     {"Pagamento", kC, "Clienti", "Pagamento", "", kClienti},
     {"Pagamento", kC, "Fornitori", "Pagamento", "", kFornitori},
     {"Pagamento", kC, "Articoli", "Pagamento", "", kArticoli},
     {"Pagamento", kS, "Scadenze", "Pagamento", "", kScadenze},
     {"Pagamento", kC, "Pagamento", "CodPagIva", "", kPagamenti},
+    {"Pagamento", kC, "FattureCli", "Pagamento", "", kDocumenti},
 
     {"Banche", kS, "Scadenze", "BancaPresentaz", "", kScadenze},
 };
