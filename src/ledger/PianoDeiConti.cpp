@@ -1,1 +1,299 @@
 #include "ledger/PianoDeiConti.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/reports/Sagoma.h"
+#include "core/values/Testo.h"
+#include "ledger/CodiceConto.h"
+#include "ledger/ContiClientiFornitori.h"
+#include "ledger/SaldoConto.h"
+
+namespace fenalto {
+
+namespace {
+
+/// Greatest length of an account's code: the place it has on every report.
+constexpr int kCaratteriConto = 10;
+constexpr int kCaratteriMeta = 6;  ///< of a master's code, and of a sub-code
+/// How far the balance of the button looks ahead.
+constexpr int kAnniSaldo = 50;
+constexpr int kMesiAnno = 12;
+
+// Extra fields that no control shows.
+constexpr const char* kClassePrima = "CFPPrima";      ///< class as stored, empty for a new account
+constexpr const char* kProposto = "ContoxProposto";   ///< sub-code that the program put there
+constexpr const char* kVocePersa = "VoceNonTrovata";  ///< code that the list hadn't, to be told
+
+const std::vector<VoceScelta>& PatrimonialeEconomico() {
+  static const std::vector<VoceScelta> voci = {{"P", "Patrimoniale", "OptPatrimoniale"},
+                                               {"E", "Economico", "OptEcomomico"}};
+  return voci;
+}
+
+// --- Masters -------------------------------------------------------------------------------------
+
+constexpr const char* kMastroConConti =
+    "non si può variare o annullare : ci sono conti relativi a questo mastro";
+
+std::optional<Rifiuto> MastroUsato(ContestoArchivio& contesto) {
+  if (contesto.nuovo || !HaConti(contesto.ambiente, contesto.codicePrima)) return std::nullopt;
+  return Rifiuto{kMastroConConti, "Cod"};
+}
+
+std::optional<Rifiuto> MastroUsatoVariato(ContestoArchivio& contesto) {
+  return contesto.scheda.Modificata() ? MastroUsato(contesto) : std::nullopt;
+}
+
+DescrizioneArchivio Mastri() {
+  DescrizioneArchivio mastri;
+  mastri.finestra = "Mastri";
+  mastri.titolo = "Mastri";
+  mastri.tabella = "Mastri";
+  mastri.titoloNuovo = "nuovo mastro";
+  mastri.titoloRecord = "mastro ";
+  mastri.caratteriCodice = kCaratteriMeta;
+  mastri.campi = {{.nome = "PatrEcon",
+                   .didascalia = "Patrimoniale/Economico",
+                   .genere = GenereCampo::Opzioni,
+                   .scelte = PatrimonialeEconomico(),
+                   .elenco = true}};
+  mastri.aperto = [](ContestoArchivio& contesto) {
+    if (contesto.nuovo) contesto.scheda.Scrivi("PatrEcon", "P");
+  };
+  mastri.controlli = {MastroUsatoVariato};
+  mastri.guardieElimina = {MastroUsato};
+  return mastri;
+}
+
+// --- Accounts: the code and what follows from it -------------------------------------------------
+
+std::string Rifilato(const Scheda& scheda, const char* campo) {
+  return std::string(Rifila(scheda.Testo(campo)));
+}
+
+/// A field of the account's master; Null when there is no such master.
+Valore DelMastro(ContestoArchivio& contesto, const char* campo) {
+  return contesto.ambiente.Cerca("tessarc", "Mastri",
+                                 {{"Cod", Rifilato(contesto.scheda, "Mastro")}}, campo);
+}
+
+void ContoAperto(ContestoArchivio& contesto) {
+  Scheda& scheda = contesto.scheda;
+  const auto [mastro, contox] = DividiCodiceConto(contesto.ambiente, contesto.Codice());
+  scheda.Scrivi("Mastro", mastro);
+  scheda.Scrivi("Contox", contox);
+  scheda.Scrivi(kClassePrima, contesto.nuovo ? "" : scheda.Testo("CFP"));
+  scheda.Scrivi(kProposto, "");
+  scheda.Scrivi(kVocePersa, "");
+}
+
+/// The account takes its master's letter; a new one is proposed the sub-code that comes next, where
+/// nothing else was typed.
+void MastroLasciato(ContestoArchivio& contesto) {
+  Scheda& scheda = contesto.scheda;
+  const Valore lettera = DelMastro(contesto, "PatrEcon");
+  if (lettera.Nullo()) return;
+  scheda.Scrivi("PatrEcon", lettera);
+  if (!contesto.nuovo || scheda.Testo("Contox") != scheda.Testo(kProposto)) return;
+  const std::string prossimo = ProssimoContox(contesto.ambiente, Rifilato(scheda, "Mastro"));
+  scheda.Scrivi("Contox", prossimo);
+  scheda.Scrivi(kProposto, prossimo);
+}
+
+void ContoLasciato(ContestoArchivio& contesto, const std::string& campo) {
+  if (UgualeTesto(campo, "Mastro")) return MastroLasciato(contesto);
+  if (!UgualeTesto(campo, "CFP") || contesto.nuovo) return;
+  if (UgualeTesto(Rifilato(contesto.scheda, "CFP"), contesto.scheda.Testo(kClassePrima))) return;
+  contesto.ambiente.Dialogo().Messaggio(
+      "ATTENZIONE: se esistono già registrazioni contabili non variare questo dato", Icona::Avviso);
+}
+
+void ComponiConto(ContestoArchivio& contesto) {
+  Scheda& scheda = contesto.scheda;
+  // The master's own spelling: "ab" typed for "AB" is the same master.
+  const Valore mastro = DelMastro(contesto, "Cod");
+  scheda.Scrivi("Mastro", mastro.Nullo() ? Valore(Rifilato(scheda, "Mastro")) : mastro);
+  scheda.Scrivi("Contox", Rifilato(scheda, "Contox"));
+  scheda.Scrivi("CFP", Maiuscolo(Rifilato(scheda, "CFP")));
+  scheda.Scrivi("Cod", scheda.Testo("Mastro") + "." + scheda.Testo("Contox"));
+}
+
+// --- Accounts: checks of a confirmation ----------------------------------------------------------
+
+std::optional<Rifiuto> MancaCodice(ContestoArchivio& contesto) {
+  for (const char* campo : {"Mastro", "Contox"}) {
+    if (contesto.scheda.Testo(campo).empty()) return Rifiuto{"manca mastro o conto", campo};
+  }
+  return std::nullopt;
+}
+
+std::optional<Rifiuto> MancaClasse(ContestoArchivio& contesto) {
+  const std::string classe = contesto.scheda.Testo("CFP");
+  if (classe.empty()) return Rifiuto{"manca C F P", "CFP"};
+  if (classe == "P" || classe == "C" || classe == "F") return std::nullopt;
+  return Rifiuto{"C F P: «" + classe +
+                     "» non è previsto, impostare P (conto), C (riepilogativo clienti) o F "
+                     "(riepilogativo fornitori)",
+                 "CFP"};
+}
+
+std::optional<Rifiuto> MastroInesistente(ContestoArchivio& contesto) {
+  if (!DelMastro(contesto, "Cod").Nullo()) return std::nullopt;
+  return Rifiuto{"il mastro " + contesto.scheda.Testo("Mastro") +
+                     " non esiste: inserirlo prima nell'archivio Mastri",
+                 "Mastro"};
+}
+
+std::optional<Rifiuto> LetteraDiversa(ContestoArchivio& contesto) {
+  const std::string lettera = DelMastro(contesto, "PatrEcon").Testo();
+  if (UgualeTesto(contesto.scheda.Testo("PatrEcon"), lettera)) return std::nullopt;
+  return Rifiuto{"Patrimoniale/Economico : su mastro diverso da conto", "PatrEcon"};
+}
+
+std::optional<Rifiuto> CodiceLungo(ContestoArchivio& contesto) {
+  if (LunghezzaTesto(contesto.Codice()) <= static_cast<std::size_t>(kCaratteriConto)) {
+    return std::nullopt;
+  }
+  return Rifiuto{"il codice " + contesto.Codice() + " supera i " + std::to_string(kCaratteriConto) +
+                     " caratteri (punto compreso): accorciare il conto",
+                 "Contox"};
+}
+
+// --- Accounts: the list that movements search ----------------------------------------------------
+
+bool Semplice(const std::string& classe) {
+  return UgualeTesto(classe, "P");
+}
+
+/// Only plain accounts stand in the list: an account enters it, leaves it, or takes another text.
+void ScriviVoce(ContestoArchivio& contesto) {
+  Scheda& scheda = contesto.scheda;
+  Archivio& tessarc = contesto.ambiente.ArchivioDi("tessarc");
+  const VoceContiClientiFornitori prima{contesto.codicePrima, "P"};
+  const VoceContiClientiFornitori ora{contesto.Codice(), "P", scheda.Testo("Descrizione")};
+  const bool cEra = !contesto.nuovo && Semplice(scheda.Testo(kClassePrima));
+  const bool cE = Semplice(scheda.Testo("CFP"));
+
+  bool trovata = true;
+  if (cEra && cE && !contesto.CodiceCambiato()) {
+    trovata = CambiaVoce(tessarc, ora);
+  } else {
+    if (cEra) trovata = TogliVoce(tessarc, prima);
+    if (cE) AggiungiVoce(tessarc, ora);
+  }
+  scheda.Scrivi(kVocePersa, trovata ? "" : contesto.codicePrima);
+}
+
+void TogliVoceDiConto(ContestoArchivio& contesto) {
+  TogliVoce(contesto.ambiente.ArchivioDi("tessarc"), {contesto.codicePrima, "P"});
+}
+
+void DiVocePersa(ContestoArchivio& contesto) {
+  const std::string codice = contesto.scheda.Testo(kVocePersa);
+  if (codice.empty()) return;
+  contesto.ambiente.Dialogo().Messaggio(VoceNonTrovata(codice), Icona::Avviso);
+}
+
+// --- Accounts: buttons ---------------------------------------------------------------------------
+
+std::vector<std::string> MostraSaldo(ContestoArchivio& contesto) {
+  if (contesto.nuovo) return {"conto non ancora registrato"};
+  Ambiente& ambiente = contesto.ambiente;
+  SaldoConto saldoConto(ambiente.ArchivioDi("tessarc"));
+  SaldoConto::Richiesta richiesta;
+  richiesta.conto = contesto.codicePrima;
+  richiesta.daData = Ambiente::DataMinima();
+  richiesta.aData = ambiente.Ora().Oggi().PiuMesi(kAnniSaldo * kMesiAnno);
+  const Saldo saldo = saldoConto.Calcola(richiesta);
+
+  const auto riga = [&](const char* sagoma, Importo importo) {
+    const Valore valore(importo);
+    return Sagoma(PictureImporto(sagoma, ambiente.Euro())).Riempi({&valore, 1});
+  };
+  return {riga("s.do iniz. ççççççççççççççç", saldo.saldoIniziale),
+          riga("     dare  ççççççççççççççç", saldo.totaleDare),
+          riga("     avere ççççççççççççççç", saldo.totaleAvere),
+          riga("     saldo ççççççççççççççç", saldo.Finale())};
+}
+
+std::vector<std::string> MostraMovimenti(ContestoArchivio& contesto) {
+  if (contesto.nuovo) return {"conto non ancora registrato"};
+  if (contesto.apri) contesto.apri("MovimentiConto", "P|" + contesto.codicePrima);
+  return {};
+}
+
+std::vector<std::string> MostraPiano(ContestoArchivio& contesto) {
+  if (contesto.apri) contesto.apri("VisPdc", "");
+  return {};
+}
+
+PulsanteArchivio PulsanteStampa(const char* nome, const char* testo,
+                                void (*stampa)(Ambiente&, FabbricaUscite&)) {
+  return {nome, testo, false, [stampa](ContestoArchivio& contesto) {
+            if (contesto.uscite != nullptr) stampa(contesto.ambiente, *contesto.uscite);
+            return std::vector<std::string>();
+          }};
+}
+
+DescrizioneArchivio Conti() {
+  DescrizioneArchivio conti;
+  conti.finestra = "Conti";
+  conti.titolo = "Archivio Piano dei Conti";
+  conti.tabella = "Conti";
+  conti.titoloNuovo = "nuovo conto";
+  conti.titoloRecord = "conto ";
+  conti.caratteriCodice = kCaratteriConto;
+  conti.codiceComposto = true;
+  conti.campiExtra = {{"Mastro", Tipo::Testo},
+                      {"Contox", Tipo::Testo},
+                      {kClassePrima, Tipo::Testo},
+                      {kProposto, Tipo::Testo},
+                      {kVocePersa, Tipo::Testo}};
+  conti.campi = {
+      {.nome = "Mastro",
+       .didascalia = "Mastro",
+       .caratteri = kCaratteriMeta,
+       .genere = GenereCampo::Codice,
+       .fonte = {.fonte = "Mastri", .archivio = "MASTRI"}},
+      {.nome = "Contox", .didascalia = "Conto", .caratteri = kCaratteriMeta},
+      {.nome = "Descrizione", .didascalia = "Descrizione"},
+      {.nome = "CFP",
+       .didascalia = "C F P",
+       .caratteri = 1,
+       .scelte = {{"P", "conto"}, {"C", "riepilogativo clienti"}, {"F", "riepilogativo fornitori"}},
+       .elenco = true,
+       .maiuscole = true},
+      {.nome = "PatrEcon",
+       .didascalia = "Patrimoniale/Economico",
+       .genere = GenereCampo::Opzioni,
+       .scelte = PatrimonialeEconomico(),
+       .elenco = true},
+      {.nome = "ImportoSitAziendale",
+       .didascalia = "Rettifica di bilancio",
+       .nota = "stampata con * nei bilanci: non è una registrazione"},
+      {.nome = "Cespite", .didascalia = "bene ammortizzabile"}};
+  conti.pulsanti = {
+      {"saldo", "Saldo", true, MostraSaldo},
+      {"movimenti", "Movimenti", true, MostraMovimenti},
+      {"VisPdc", "Vedi piano dei conti", false, MostraPiano},
+      PulsanteStampa("StampaPdc", "Stampa Piano dei Conti", StampaPianoDeiConti),
+      PulsanteStampa("StampaRettifiche", "Stampa Conti con  rettifiche", StampaContiConRettifiche)};
+  conti.aperto = ContoAperto;
+  conti.lasciato = ContoLasciato;
+  conti.compone = ComponiConto;
+  conti.controlli = {MancaCodice, MancaClasse, MastroInesistente, LetteraDiversa, CodiceLungo};
+  conti.conScrittura = ScriviVoce;
+  conti.conEliminazione = TogliVoceDiConto;
+  conti.dopoConferma = DiVocePersa;
+  return conti;
+}
+
+}  // namespace
+
+std::vector<DescrizioneArchivio> ArchiviPianoDeiConti() {
+  return {Mastri(), Conti()};
+}
+
+}  // namespace fenalto

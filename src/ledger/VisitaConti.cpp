@@ -4,6 +4,7 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "ledger/CodiceConto.h"
 
 namespace fenalto {
 
@@ -13,18 +14,6 @@ namespace {
 constexpr std::int64_t kOgni = 50;
 
 constexpr std::string_view kPiano = "P";
-
-/// A code as it stands in a pattern of LIKE.
-std::string PerModello(const std::string& codice) {
-  std::string modello;
-  for (const char c : codice) {
-    const bool speciale = std::string_view("*?#[").find(c) != std::string_view::npos;
-    if (speciale) modello += '[';
-    modello += c;
-    if (speciale) modello += ']';
-  }
-  return modello;
-}
 
 /// Table of the parties of a class; empty for plain accounts.
 std::string TabellaParti(const std::string& cfp) {
@@ -92,7 +81,7 @@ bool VisitaConti::Visita(const std::string& testo, const SuMastro& su) {
 
 bool VisitaConti::LeggiConti(MastroVisitato& mastro) {
   Rs rs = archivio_.Recordset("SELECT * FROM CONTI WHERE COD LIKE " +
-                              LetteraleSql(PerModello(mastro.cod) + ".*") + " ORDER BY COD");
+                              LetteraleSql(ModelloConti(mastro.cod)) + " ORDER BY COD");
   for (; !rs.Eof(); rs.MoveNext()) {
     if (!Avanza()) return false;
     ContoVisitato conto;
