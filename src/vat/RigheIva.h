@@ -72,7 +72,8 @@ struct RigheComplete {
 };
 
 /// Completes the rows of a registration typed by hand: VAT and party's rows that are among them are
-/// dropped and made anew. The error names a type of register that isn't posted on.
+/// dropped and made anew, a row without `posi` gets the next number. The error names a type of
+/// register that isn't posted on.
 Esito<RigheComplete> CreaRigheIvaCli(const DocumentoIva& documento,
                                      const std::vector<RigaIva>& digitate);
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/values/Testo.h"
+
 namespace fenalto {
 
 namespace {
@@ -86,13 +88,6 @@ constexpr std::array kTipi{
     TipoRegistro{.tipo = "11", .cfp = "F", .latoImposta = kAvere, .didascalia = kVendite},
 };
 
-bool Uguale(std::string_view a, std::string_view b) {
-  // Keys of types are digits and, in one, a letter that may be typed small.
-  const auto maiuscola = [](char c) { return c == 'a' ? 'A' : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return maiuscola(x) == maiuscola(y); });
-}
-
 }  // namespace
 
 std::span<const TipoRegistro> TipiRegistro() {
@@ -101,8 +96,8 @@ std::span<const TipoRegistro> TipiRegistro() {
 
 const TipoRegistro* TrovaTipoRegistro(std::string_view tipo) {
   const auto* const trovato = std::find_if(
-      kTipi.begin(), kTipi.end(), [&](const TipoRegistro& t) { return Uguale(t.tipo, tipo); });
-  return trovato == kTipi.end() ? nullptr : &*trovato;
+      kTipi.begin(), kTipi.end(), [&](const TipoRegistro& t) { return UgualeTesto(t.tipo, tipo); });
+  return trovato == kTipi.end() ? nullptr : trovato;
 }
 
 bool RegistroCorrispettivi(std::string_view tipo) {
