@@ -138,8 +138,11 @@ class Ambiente {
   /// Writes a key, making the section when needed; tells the user when it can't.
   bool ScriviImpostazione(const std::filesystem::path& file, std::string_view sezione,
                           std::string_view chiave, std::string_view valore);
-  /// A key of section `config` of the open company.
+  /// A key of section `config` of the open company (core/session/Chiavi.h).
   [[nodiscard]] std::string Config(std::string_view chiave);
+  /// What another station wrote is seen from the next read on, not a tenth of a second later: for
+  /// a window that opens.
+  void RiguardaImpostazioni();
 
   // --- Ports
   // -------------------------------------------------------------------------------------------

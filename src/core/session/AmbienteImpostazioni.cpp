@@ -2,9 +2,11 @@
 
 #include <sys/stat.h>
 
+#include <stdexcept>
 #include <system_error>
 
 #include "core/session/AmbienteInterno.h"
+#include "core/session/Chiavi.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -12,6 +14,23 @@ namespace fenalto {
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr std::string_view kConfig = "config";
+
+/// For so long a file is taken to be as it was: a look at it costs as much as many reads. A window
+/// that opens looks anyway (RiguardaImpostazioni).
+constexpr auto kSenzaGuardare = std::chrono::milliseconds(100);
+
+/// In a debug build a key of section `config` that Chiavi.h doesn't have throws: a misspelled key
+/// would read as empty for ever.
+void VerificaDichiarata([[maybe_unused]] std::string_view sezione,
+                        [[maybe_unused]] std::string_view chiave) {
+#ifndef NDEBUG
+  if (!UgualeTesto(sezione, kConfig) || ChiaveDitta(chiave)) return;
+  throw std::logic_error("chiave non dichiarata in core/session/ChiaviTavola.h: " +
+                         std::string(chiave));
+#endif
+}
 
 IniLetto::Impronta ImprontaDi(const fs::path& file) {
   struct stat stato{};
@@ -28,29 +47,43 @@ fs::path Ambiente::Interno::PercorsoImpostazioni(const fs::path& file) const {
   return opzioni.cartellaProgramma / file;
 }
 
-const FileIni& Ambiente::Interno::Impostazioni(const fs::path& file) {
-  const IniLetto::Impronta impronta = ImprontaDi(file);
-  IniLetto& letto = letti[file];
-  if (letto.impronta == impronta) return letto.file;
-  auto riletto = FileIni::Leggi(file);
-  // A key is never an error: what can't be read has no keys, and is tried again at the next read.
+const IndiceIni& Ambiente::Interno::Impostazioni(const fs::path& file) {
+  const fs::path percorso = file.empty() ? fs::path() : PercorsoImpostazioni(file);
+  const bool dellaDitta =
+      file.empty() || (sessione != nullptr && percorso == sessione->fileImpostazioni);
+  IniLetto& letto = dellaDitta ? Aperta().impostazioni : letti[percorso];
+  const auto adesso = std::chrono::steady_clock::now();
+  if (letto.guardato && adesso - *letto.guardato < kSenzaGuardare) return letto.indice;
+  letto.guardato = adesso;
+  const fs::path& vero = dellaDitta ? Aperta().fileImpostazioni : percorso;
+  const IniLetto::Impronta impronta = ImprontaDi(vero);
+  if (letto.impronta == impronta) return letto.indice;
+  const auto riletto = FileIni::Leggi(vero);
+  // A key is never an error: what can't be read has no keys, and is tried again.
   letto.impronta = riletto ? impronta : IniLetto::Impronta{};
-  letto.file = riletto ? std::move(riletto).Valore() : FileIni();
-  return letto.file;
+  letto.indice = riletto ? IndiceIni(riletto.Valore()) : IndiceIni();
+  return letto.indice;
+}
+
+void Ambiente::RiguardaImpostazioni() {
+  if (interno_->sessione) interno_->sessione->impostazioni.guardato.reset();
+  for (auto& [percorso, letto] : interno_->letti) letto.guardato.reset();
 }
 
 std::string Ambiente::LeggiImpostazione(const fs::path& file, std::string_view sezione,
                                         std::string_view chiave) {
-  return interno_->Impostazioni(interno_->PercorsoImpostazioni(file)).Valore(sezione, chiave);
+  if (file.empty()) VerificaDichiarata(sezione, chiave);
+  return interno_->Impostazioni(file).Valore(sezione, chiave);
 }
 
 bool Ambiente::ScriviImpostazione(const fs::path& file, std::string_view sezione,
                                   std::string_view chiave, std::string_view valore) {
+  if (file.empty()) VerificaDichiarata(sezione, chiave);
   const fs::path percorso = interno_->PercorsoImpostazioni(file);
   std::error_code errore;
   fs::create_directories(percorso.parent_path(), errore);
   const auto scritto = FileIni::Scrivi(percorso, sezione, chiave, valore);
-  interno_->letti.erase(percorso);
+  RiguardaImpostazioni();
   if (scritto) return true;
   interno_->dialoghi.Messaggio("l'impostazione " + std::string(chiave) +
                                    " non è stata registrata: " + scritto.Errore().messaggio,
@@ -59,13 +92,12 @@ bool Ambiente::ScriviImpostazione(const fs::path& file, std::string_view sezione
 }
 
 std::string Ambiente::Config(std::string_view chiave) {
-  return LeggiImpostazione({}, "config", chiave);
+  return LeggiImpostazione({}, kConfig, chiave);
 }
 
 fs::path Ambiente::CartellaDocumenti() const {
   const fs::path ditta = CartellaDitta();
-  std::string valore(Rifila(
-      interno_->Impostazioni(interno_->PercorsoImpostazioni({})).Valore("config", "DirectoryDoc")));
+  std::string valore(Rifila(interno_->Impostazioni({}).Valore(kConfig, "DirectoryDoc")));
   for (char& c : valore) {
     if (c == '\\') c = '/';
   }

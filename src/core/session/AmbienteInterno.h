@@ -6,27 +6,15 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <thread>
 
 #include "core/session/Ambiente.h"
 #include "core/session/Ditte.h"
-#include "core/session/FileIni.h"
+#include "core/session/IndiceIni.h"
 
 namespace fenalto {
-
-/// An open company. A session to be is prepared whole beside the one that goes on, so that giving
-/// up or a failure leaves that one as it was.
-struct Sessione {
-  std::string ditta;
-  std::filesystem::path fileImpostazioni;
-  std::unique_ptr<BasiDati> basi;
-  std::vector<int> anni;
-  int anno = 0;
-  bool euro = true;
-  bool serveAccesso = false;
-  Utente utente;
-};
 
 /// A settings file as it was read, and how to tell that it hasn't changed since.
 struct IniLetto {
@@ -38,7 +26,23 @@ struct IniLetto {
     bool operator==(const Impronta&) const = default;
   };
   Impronta impronta;
-  FileIni file;
+  /// When the file was last looked at; nothing asks for a look at the next read.
+  std::optional<std::chrono::steady_clock::time_point> guardato;
+  IndiceIni indice;
+};
+
+/// An open company. A session to be is prepared whole beside the one that goes on, so that giving
+/// up or a failure leaves that one as it was.
+struct Sessione {
+  std::string ditta;
+  std::filesystem::path fileImpostazioni;
+  IniLetto impostazioni;
+  std::unique_ptr<BasiDati> basi;
+  std::vector<int> anni;
+  int anno = 0;
+  bool euro = true;
+  bool serveAccesso = false;
+  Utente utente;
 };
 
 struct Ambiente::Interno {
@@ -64,8 +68,8 @@ struct Ambiente::Interno {
   void ConsigliaServer();
   /// The open session; throws std::logic_error when there is none.
   [[nodiscard]] Sessione& Aperta() const;
-  /// The file's content, read again when it changed.
-  const FileIni& Impostazioni(const std::filesystem::path& file);
+  /// The keys of a settings file (the company's when empty), read again when it changed.
+  const IndiceIni& Impostazioni(const std::filesystem::path& file);
   [[nodiscard]] std::filesystem::path PercorsoImpostazioni(const std::filesystem::path& file) const;
   void AttendiCopia();
 

@@ -1,6 +1,7 @@
 #include "core/session/FileIni.h"
 
 #include <algorithm>
+#include <set>
 #include <stdexcept>
 
 #include "core/session/FileTesto.h"
@@ -134,6 +135,25 @@ FileIni FileIni::DaTesto(std::string_view testo) {
 std::string FileIni::Valore(std::string_view sezione, std::string_view chiave) const {
   const Posto posto = Cerca(testo_, sezione, SenzaVuotiDavanti(chiave));
   return posto.riga ? std::string(posto.riga->valore) : std::string();
+}
+
+std::vector<FileIni::Voce> FileIni::Voci() const {
+  std::vector<Voce> voci;
+  std::set<std::string> viste = {""};
+  std::string_view sezione;
+  bool dentro = true;
+  const std::string_view testo = testo_;
+  for (std::size_t i = InizioTesto(testo); i < testo.size();) {
+    const Riga riga = LeggiRiga(testo, i);
+    i = riga.fine;
+    if (riga.genere == Genere::Sezione) {
+      sezione = riga.nome;
+      dentro = viste.insert(SenzaMaiuscole(sezione)).second;
+    } else if (dentro && riga.genere == Genere::Chiave) {
+      voci.push_back({sezione, riga.nome, riga.valore});
+    }
+  }
+  return voci;
 }
 
 bool FileIni::HaSezione(std::string_view sezione) const {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/values/Esito.h"
 
@@ -22,6 +23,14 @@ class FileIni {
   /// The first occurrence; empty text when missing.
   [[nodiscard]] std::string Valore(std::string_view sezione, std::string_view chiave) const;
   [[nodiscard]] bool HaSezione(std::string_view sezione) const;
+  /// A key with its section, as written; valid while the file isn't changed.
+  struct Voce {
+    std::string_view sezione;
+    std::string_view chiave;
+    std::string_view valore;
+  };
+  /// Every key that `Valore` can answer, in the order of the file.
+  [[nodiscard]] std::vector<Voce> Voci() const;
   /// Writes the key, making the section when needed.
   void Imposta(std::string_view sezione, std::string_view chiave, std::string_view valore);
   [[nodiscard]] const std::string& Testo() const { return testo_; }

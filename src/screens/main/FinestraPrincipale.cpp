@@ -223,6 +223,7 @@ FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello) {
     return nullptr;
   }
   const Attesa attesa;
+  ambiente_.RiguardaImpostazioni();
   auto* finestra = costruttore->second(*this);
   if (finestra == nullptr) return nullptr;
   auto* cornice = area_->addSubWindow(finestra);

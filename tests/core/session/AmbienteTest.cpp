@@ -201,16 +201,27 @@ TEST_F(AmbienteTest, BloccoDellaNumerazione) {
 TEST_F(AmbienteTest, Impostazioni) {
   ASSERT_TRUE(ambiente_.ApriDitta("Rossi"));
   EXPECT_EQ(ambiente_.Config("ragsoc1 "), "Rossi");
-  EXPECT_EQ(ambiente_.Config("manca"), "");
+  EXPECT_EQ(ambiente_.Config("LogoOrdini"), "");
+#ifndef NDEBUG
+  EXPECT_THROW(ambiente_.Config("ragsoc1"), std::logic_error);
+  EXPECT_THROW(ambiente_.ScriviImpostazione({}, "config", "manca", "1"), std::logic_error);
+#endif
   EXPECT_TRUE(ambiente_.ScriviImpostazione({}, "config", "DecP", "3"));
   EXPECT_EQ(ambiente_.Config("decp"), "3");
 
-  // Another station's change is seen at the next read, of the same length too.
+  // Another station's change, of the same length too: at once where a window opens, in a moment
+  // everywhere.
   for (int n = 0; n < 20; ++n) {
     const std::string valore = std::to_string(n % 10);
     ASSERT_TRUE(FileIni::Scrivi(ambiente_.FileImpostazioni(), "config", "DecQ", valore));
+    ambiente_.RiguardaImpostazioni();
     ASSERT_EQ(ambiente_.Config("DecQ"), valore);
   }
+  ASSERT_TRUE(FileIni::Scrivi(ambiente_.FileImpostazioni(), "config", "DecQ", "0"));
+  for (int n = 0; n < 200 && ambiente_.Config("DecQ") != "0"; ++n) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  EXPECT_EQ(ambiente_.Config("DecQ"), "0");
   const fs::path stazione = "Ini/Ini.ini";
   EXPECT_EQ(ambiente_.LeggiImpostazione(stazione, "impostazioni", "VerifFatForn"), "");
   EXPECT_TRUE(ambiente_.ScriviImpostazione(stazione, "impostazioni", "VerifFatForn", "Si"));

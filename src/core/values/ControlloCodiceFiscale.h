@@ -1,0 +1,14 @@
+// The check letter of an Italian tax code.
+#pragma once
+
+#include <string_view>
+
+namespace fenalto {
+
+/// Why `codiceFiscale` can't be right, empty when it is or nothing is given: sixteen characters of
+/// a person, the last of which checks the others, or the eleven digits of a company. Letters that
+/// stand for digits (given to people whose codes would be equal) are taken. Case and blanks around
+/// it don't count.
+std::string_view ControlloCodiceFiscale(std::string_view codiceFiscale) noexcept;
+
+}  // namespace fenalto
