@@ -10,7 +10,8 @@ namespace {
 
 class LettoreCsv {
  public:
-  explicit LettoreCsv(std::string_view testo) : testo_(testo) {}
+  LettoreCsv(std::string_view testo, const OpzioniCsv& opzioni)
+      : testo_(testo), opzioni_(opzioni) {}
 
   [[nodiscard]] bool Fine() const { return i_ >= testo_.size(); }
   [[nodiscard]] std::size_t Linea() const { return linea_; }
@@ -23,7 +24,7 @@ class LettoreCsv {
       if (!campo) return campo.Errore();
       campi.push_back(std::move(campo).Valore());
       if (Fine()) return campi;
-      if (testo_[i_] == ';') {
+      if (testo_[i_] == opzioni_.separatore) {
         ++i_;
         continue;
       }
@@ -35,7 +36,7 @@ class LettoreCsv {
 
  private:
   [[nodiscard]] bool FineCampo() const {
-    return Fine() || testo_[i_] == ';' || testo_[i_] == '\n' ||
+    return Fine() || testo_[i_] == opzioni_.separatore || testo_[i_] == '\n' ||
            (testo_[i_] == '\r' && i_ + 1 < testo_.size() && testo_[i_ + 1] == '\n');
   }
 
@@ -46,7 +47,8 @@ class LettoreCsv {
       return TraVirgolette();
     }
     for (; !FineCampo(); ++i_) {
-      if (testo_[i_] == '"') return Errata("virgolette in mezzo a un campo");
+      if (testo_[i_] == '"' && !opzioni_.tollerante)
+        return Errata("virgolette in mezzo a un campo");
       campo += testo_[i_];
     }
     return campo;
@@ -63,7 +65,9 @@ class LettoreCsv {
         campo += testo_[i_++];
       } else {
         ++i_;
-        if (!FineCampo()) return Errata("testo dopo le virgolette di chiusura");
+        if (FineCampo()) return campo;
+        if (!opzioni_.tollerante) return Errata("testo dopo le virgolette di chiusura");
+        for (; !FineCampo(); ++i_) campo += testo_[i_];
         return campo;
       }
     }
@@ -75,6 +79,7 @@ class LettoreCsv {
   }
 
   std::string_view testo_;
+  const OpzioniCsv& opzioni_;
   std::size_t i_ = 0;
   std::size_t linea_ = 1;
 };
@@ -93,24 +98,34 @@ Esito<bool> VerificaNomi(const std::vector<std::string>& nomi) {
 }  // namespace
 
 Esito<TabellaCsv> LeggiCsv(std::string_view testo) {
+  return LeggiCsv(testo, {});
+}
+
+Esito<TabellaCsv> LeggiCsv(std::string_view testo, const OpzioniCsv& opzioni) {
   if (!Utf8Valido(testo)) return Errore{"il testo non è in UTF-8"};
   if (testo.starts_with("\xEF\xBB\xBF")) testo.remove_prefix(3);
-  LettoreCsv lettore(testo);
+  LettoreCsv lettore(testo, opzioni);
   TabellaCsv tabella;
   if (lettore.Fine()) return Errore{"riga 1: mancano i nomi dei campi"};
   auto nomi = lettore.Record();
   if (!nomi) return nomi.Errore();
   tabella.nomi = std::move(nomi).Valore();
-  if (auto buoni = VerificaNomi(tabella.nomi); !buoni) return buoni.Errore();
+  if (!opzioni.tollerante) {
+    if (auto buoni = VerificaNomi(tabella.nomi); !buoni) return buoni.Errore();
+  }
   while (!lettore.Fine()) {
     const std::size_t linea = lettore.Linea();
     auto campi = lettore.Record();
     if (!campi) return campi.Errore();
     if (campi.Valore().size() == 1 && campi.Valore()[0].empty() && tabella.nomi.size() > 1)
       continue;
-    if (campi.Valore().size() != tabella.nomi.size()) {
+    if (!opzioni.tollerante && campi.Valore().size() != tabella.nomi.size()) {
       return Errore{"riga " + std::to_string(linea) + ": " + std::to_string(campi.Valore().size()) +
                     " campi invece di " + std::to_string(tabella.nomi.size())};
+    }
+    if (opzioni.massimoRighe > 0 && tabella.righe.size() == opzioni.massimoRighe) {
+      return Errore{"riga " + std::to_string(linea) + ": più di " +
+                    std::to_string(opzioni.massimoRighe) + " righe"};
     }
     tabella.righe.push_back({linea, std::move(campi).Valore()});
   }

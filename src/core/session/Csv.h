@@ -1,4 +1,5 @@
-// Tables as text: first line the field names, `;` between fields, `""` quoting.
+// Tables as text: first line the field names, `;` between fields, `""` quoting. Our own are read
+// strictly; those of other programs as those programs write them.
 #pragma once
 
 #include <cstddef>
@@ -24,5 +25,16 @@ struct TabellaCsv {
 /// out of place or not closed, a number of fields other than that of the names, names missing or
 /// double, text that isn't UTF-8.
 Esito<TabellaCsv> LeggiCsv(std::string_view testo);
+
+/// How a table of another program is read.
+struct OpzioniCsv {
+  char separatore = ';';
+  /// Quotes out of place stand for themselves, names may be missing or double, and a line may have
+  /// more or fewer fields than there are names: the caller judges.
+  bool tollerante = false;
+  /// Most lines of data; 0 for any number. More are an error.
+  std::size_t massimoRighe = 0;
+};
+Esito<TabellaCsv> LeggiCsv(std::string_view testo, const OpzioniCsv& opzioni);
 
 }  // namespace fenalto

@@ -1,0 +1,62 @@
+#include "vat/ImportaCodiciIva.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/values/Testo.h"
+#include "vat/CodiciIva.h"
+
+namespace fenalto {
+namespace {
+
+constexpr std::size_t kLunghezzaCodice = 10;
+constexpr std::size_t kLunghezzaNote = 4'000;
+constexpr std::pair<int, int> kPercento{0, 100};
+constexpr std::pair<int, int> kColonneElenchi{0, 5};
+
+std::vector<MotivoImporta> Controlla(ContestoImporta& /*contesto*/, RigaImporta& riga) {
+  if (!UgualeTesto(riga.Testo("Cod"), kCodiceVentilazione)) return {};
+  return {{"Cod", "il codice iva 'ZCOR' è riservato ai corrispettivi da ventilare"}};
+}
+
+}  // namespace
+
+GenereImporta GenereImportaCodiciIva() {
+  GenereImporta codici;
+  codici.nome = "CodiciIva";
+  codici.titolo = "codici IVA";
+  codici.tabelle = {"CodiciIva"};
+  codici.campi = {
+      {.nome = "Cod",
+       .didascalia = "Codice",
+       .sinonimi = {"Codice IVA", "Cod. IVA", "Id"},
+       .obbligatorio = true,
+       .lunghezza = kLunghezzaCodice},
+      {.nome = "Descrizione",
+       .didascalia = "Descrizione",
+       .sinonimi = {"Denominazione", "Nome", "Descr"},
+       .obbligatorio = true},
+      {.nome = "Perc",
+       .didascalia = "Aliquota",
+       .sinonimi = {"Percentuale", "Aliquota IVA", "% IVA", "Perc. IVA"},
+       .limiti = kPercento},
+      {.nome = "PercInd",
+       .didascalia = "Percentuale indetraibile",
+       .sinonimi = {"Indetraibile", "% indetraibile", "Indetraibilità", "Perc. indetraibile"},
+       .limiti = kPercento},
+      {.nome = "Ventilazione", .didascalia = "Ventilazione", .sinonimi = {"Ventila"}},
+      {.nome = "Scorporo", .didascalia = "Scorporo", .sinonimi = {"IVA compresa", "Lordo"}},
+      {.nome = "CampoElenco",
+       .didascalia = "Colonna degli elenchi",
+       .sinonimi = {"Campo elenco", "Elenchi"},
+       .limiti = kColonneElenchi},
+      {.nome = "Note",
+       .didascalia = "Note",
+       .sinonimi = {"Annotazioni", "Riferimento normativo", "Norma"},
+       .lunghezza = kLunghezzaNote}};
+  codici.controlla = Controlla;
+  return codici;
+}
+
+}  // namespace fenalto
