@@ -50,11 +50,6 @@ std::optional<Rifiuto> Esistenza(ContestoArchivio& contesto) {
   return Rifiuto{"EI è una causale predefinita non si può eliminare", "Cod"};
 }
 
-std::optional<Rifiuto> CodiceFermo(ContestoArchivio& contesto) {
-  if (!InUso(contesto)) return std::nullopt;
-  return Rifiuto{std::string("il codice non si può variare ") + kEsistenti, "Cod"};
-}
-
 std::optional<Rifiuto> NonEliminabile(ContestoArchivio& contesto) {
   if (!InUso(contesto)) return std::nullopt;
   return Rifiuto{std::string("non si può eliminare ") + kEsistenti, "Cod"};
@@ -72,7 +67,8 @@ DescrizioneArchivio CausaliMag() {
                     .elenco = true,
                     .maiuscole = true}};
   causali.controlli = {CaricoOScarico, SensoFermo};
-  causali.guardieCodice = {Esistenza, CodiceFermo};
+  // A code in use is refused with the references' own message.
+  causali.guardieCodice = {Esistenza};
   causali.guardieElimina = {Esistenza, NonEliminabile};
   return causali;
 }
