@@ -6,10 +6,9 @@
 namespace fenalto {
 
 void ScriviGiroFornitore(Ambiente& ambiente, const GiroFornitore& giro, LogContabile& log) {
-  Rs articolo = ambiente.ArchivioDi("tessarc")
-                    .Recordset("select * from articoli where " +
-                               Criterio("numdoc", "=", giro.articolo.numDoc) + " and " +
-                               Criterio("anno", "=", giro.articolo.anno));
+  Rs articolo = ambiente.ArchivioDi("tessarc").Recordset(
+      "select * from articoli where " + Criterio("numdoc", "=", giro.articolo.numDoc) + " and " +
+      Criterio("anno", "=", giro.articolo.anno));
   RegistrazioneDueRighe r;
   r.anno = giro.articolo.anno;
   r.dt = articolo.Fields("Dt").Data();

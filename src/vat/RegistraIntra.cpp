@@ -18,17 +18,17 @@ struct CopiaRighe {
   std::int64_t posiParte = 0;
 };
 
-/// A row of the register "04" on the register "05": sides swapped, causal of the other register, and
-/// on the VAT row its account. The two halves so cancel on every account.
+/// A row of the register "04" on the register "05": sides swapped, causal of the other register,
+/// and on the VAT row its account. The two halves so cancel on every account.
 void CopiaRiga(Archivio& tessarc, const Rs& riga, const std::string& contoIva,
                const std::string& causale, std::int64_t numDoc) {
   std::vector<Coppia> campi = {{"NumDoc", numDoc},
                                {"Causale", causale},
                                {"ImpoDare", riga.Fields("ImpoAvere")},
                                {"ImpoAvere", riga.Fields("ImpoDare")}};
-  for (const char* campo : {"Anno", "Posi", "Descrizione", "CFP", "CodIva", "Imponibile", "Iva",
-                            "IvaInd", "CFPControp", "ContoControp", "Categoria", "Commessa",
-                            "TIPORIGA"}) {
+  for (const char* campo :
+       {"Anno", "Posi", "Descrizione", "CFP", "CodIva", "Imponibile", "Iva", "IvaInd", "CFPControp",
+        "ContoControp", "Categoria", "Commessa", "TIPORIGA"}) {
     campi.emplace_back(campo, riga.Fields(campo));
   }
   const bool iva = riga.Fields("TIPORIGA").Intero() == kIva;
@@ -77,12 +77,11 @@ bool RegistraIntra(Ambiente& ambiente, const ArticoloOrigine& origine, const Dat
   }
   const std::int64_t numDoc = ProssimoNumDoc(ambiente, origine.anno);
   const std::int64_t nProt = ProssimoNProt(ambiente, origine.anno, dati.rivaIntra);
-  std::vector<Coppia> testa = {
-      {"NumDoc", numDoc},
-      {"CFP", "F"},
-      {"Riva", dati.rivaIntra},
-      {"NProt", nProt},
-      {"CREATOINAUTOMATICO", static_cast<int>(Origine::ReverseCharge)}};
+  std::vector<Coppia> testa = {{"NumDoc", numDoc},
+                               {"CFP", "F"},
+                               {"Riva", dati.rivaIntra},
+                               {"NProt", nProt},
+                               {"CREATOINAUTOMATICO", static_cast<int>(Origine::ReverseCharge)}};
   for (const char* campo : {"Anno", "Dt", "Conto", "CfpA", "ContoA", "DtFat", "NFat"}) {
     testa.emplace_back(campo, articolo.Fields(campo));
   }

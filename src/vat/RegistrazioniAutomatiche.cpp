@@ -34,8 +34,8 @@ void ScriviRiga(Archivio& tessarc, const RegistrazioneDueRighe& r, std::int64_t 
                                   {"TIPORIGA", 0}});
 }
 
-/// A party against an account, on the sides of a payment: what a customer gives goes to the account,
-/// what a supplier gets comes from it.
+/// A party against an account, on the sides of a payment: what a customer gives goes to the
+/// account, what a supplier gets comes from it.
 RegistrazioneDueRighe ParteControConto(const std::string& cfp, const std::string& parte,
                                        const std::string& conto, Importo importo) {
   RegistrazioneDueRighe r;
@@ -87,19 +87,16 @@ std::int64_t ScriviDueRighe(Ambiente& ambiente, const RegistrazioneDueRighe& r) 
                                  {"CREATOINAUTOMATICO", static_cast<int>(r.origine)},
                                  {"DtFat", r.dtFat},
                                  {"NFat", r.nFat}});
-  ScriviRiga(tessarc, r, numDoc,
-             {r.posi1, r.cfp, r.conto, r.dare, r.avere, r.cfpA, r.contoA});
-  ScriviRiga(tessarc, r, numDoc,
-             {r.posi2, r.cfpA, r.contoA, r.avere, r.dare, r.cfp, r.conto});
+  ScriviRiga(tessarc, r, numDoc, {r.posi1, r.cfp, r.conto, r.dare, r.avere, r.cfpA, r.contoA});
+  ScriviRiga(tessarc, r, numDoc, {r.posi2, r.cfpA, r.contoA, r.avere, r.dare, r.cfp, r.conto});
   return numDoc;
 }
 
 std::int64_t CreaContabPagamento(Ambiente& ambiente, const RichiestaPagamento& richiesta,
                                  LogContabile& log) {
   if (richiesta.pagamento.empty()) return 0;
-  Rs codice = ambiente.ArchivioDi("tessarc")
-                  .Recordset("SELECT * FROM PAGAMENTO WHERE " +
-                             Criterio("COD", "=", richiesta.pagamento));
+  Rs codice = ambiente.ArchivioDi("tessarc").Recordset("SELECT * FROM PAGAMENTO WHERE " +
+                                                       Criterio("COD", "=", richiesta.pagamento));
   if (codice.Eof()) return 0;
   const std::string conto = codice.Fields("Conto").Testo();
   const std::string causale = codice.Fields("Causale").Testo();
@@ -117,9 +114,8 @@ std::int64_t CreaContabPagamento(Ambiente& ambiente, const RichiestaPagamento& r
 
 std::int64_t CreaGiroRitenuta(Ambiente& ambiente, const RichiestaRitenuta& richiesta,
                               LogContabile& log) {
-  Rs codice = ambiente.ArchivioDi("tessarc")
-                  .Recordset("SELECT * FROM ritenute WHERE " +
-                             Criterio("COD", "=", richiesta.codRitenuta));
+  Rs codice = ambiente.ArchivioDi("tessarc").Recordset("SELECT * FROM ritenute WHERE " +
+                                                       Criterio("COD", "=", richiesta.codRitenuta));
   const std::string conto = codice.Eof() ? "" : codice.Fields("Conto").Testo();
   const std::string causale = codice.Eof() ? "" : codice.Fields("Causale").Testo();
   if (conto.empty() || causale.empty()) {
@@ -151,15 +147,13 @@ bool RegistraGiroRitenuta(Ambiente& ambiente, const ArticoloOrigine& origine,
     log.Riga("manca causale per giro ritenuta");
     return false;
   }
-  auto registrazione =
-      ParteControConto(articolo.Fields("CFP").Testo(), articolo.Fields("Conto").Testo(), dati.conto,
-                       dati.importo);
+  auto registrazione = ParteControConto(articolo.Fields("CFP").Testo(),
+                                        articolo.Fields("Conto").Testo(), dati.conto, dati.importo);
   registrazione.anno = origine.anno;
   registrazione.dt = articolo.Fields("Dt").Data();
   registrazione.causale = dati.causale;
-  registrazione.descrizione =
-      NzStr(tessarc.Singolo("select top 1 descrizione from movimenti where " + chiave +
-                            " and tiporiga=5 order by posi"));
+  registrazione.descrizione = NzStr(tessarc.Singolo(
+      "select top 1 descrizione from movimenti where " + chiave + " and tiporiga=5 order by posi"));
   registrazione.origine = Origine::RitenutaAcconto;
   const auto numDoc = ScriviDueRighe(ambiente, registrazione);
   log.Riga("Registrazione giro ritenuta : Articolo n. " + std::to_string(numDoc) + " EFFETTUATA");

@@ -1,10 +1,10 @@
 // Registrations that follow from a VAT document: its payment, the withholding, the second half of a
 // reverse-charge pair with the giro of the cost, the customs giro.
 //
-// Nothing here asks, tells or opens a transaction: the caller holds the numbering lock of "ARTICOLI"
-// and one transaction over both databases from before the first number is taken to after the last
-// write. What happened is in the log, line by line; what the user must be told apart from it is in
-// `avvisi`, to be shown after the transaction.
+// Nothing here asks, tells or opens a transaction: the caller holds the numbering lock of
+// "ARTICOLI" and one transaction over both databases from before the first number is taken to after
+// the last write. What happened is in the log, line by line; what the user must be told apart from
+// it is in `avvisi`, to be shown after the transaction.
 #pragma once
 
 #include <cstdint>
@@ -48,9 +48,9 @@ struct RegistrazioneDueRighe {
   Data dt;
   std::string causale;
   std::string descrizione;
-  std::string cfp;   ///< of row 1
+  std::string cfp;  ///< of row 1
   std::string conto;
-  Importo dare;      ///< of row 1; row 2 has the sides swapped
+  Importo dare;  ///< of row 1; row 2 has the sides swapped
   Importo avere;
   std::string cfpA;  ///< of row 2
   std::string contoA;

@@ -1,0 +1,26 @@
+// Rows and registers of VAT registrations between the books and the postings.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/session/Ambiente.h"
+#include "vat/RigheIva.h"
+
+namespace fenalto {
+
+/// What is known of a document from its register and the company's settings: type, description and
+/// account of the register, InvertoDAinNoteCredito, CommesseVecchioSistema. An unknown register
+/// gives an empty type.
+DocumentoIva DocumentoDiRegistro(Ambiente& ambiente, const std::string& riva);
+
+void ScriviRigaIva(Archivio& tessarc, const RigaIva& riga);
+/// A row of `select * from movimenti`.
+RigaIva LeggiRigaIva(const Rs& riga);
+/// All rows of a registration, in order of `Posi`.
+std::vector<RigaIva> LeggiRigheIva(Archivio& tessarc, int anno, std::int64_t numDoc);
+
+/// A key of the settings that is read as a number: anything but zero is yes.
+bool ImpostazioneAttiva(Ambiente& ambiente, std::string_view chiave);
+
+}  // namespace fenalto
