@@ -34,4 +34,9 @@ struct RichiestaScadenze {
 bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::string& log,
                   std::vector<std::string>& avvisi);
 
+/// Deletes the due dates of a registration in the transaction that the caller holds, and adds a
+/// line to the log. When any of them has moved past state "00" none is deleted, and false is
+/// returned.
+bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo, std::string& log);
+
 }  // namespace fenalto

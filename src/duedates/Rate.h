@@ -2,9 +2,10 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/session/Ambiente.h"
@@ -54,11 +55,20 @@ struct CodicePagamento {
   std::vector<RataPagamento> rate;
 };
 
+/// The code of a record's fields, without its rates.
+CodicePagamento CodiceDaCampi(const std::function<Valore(std::string_view)>& campo);
+
+/// The rate of a row's fields.
+RataPagamento RataDaCampi(const std::function<Valore(std::string_view)>& campo);
+
+/// The rates of a code in order.
+std::vector<RataPagamento> LeggiRate(Ambiente& ambiente, const std::string& cod);
+
 /// Reads a code with its rates in order; nothing when it doesn't exist.
 std::optional<CodicePagamento> LeggiCodicePagamento(Ambiente& ambiente, const std::string& cod);
 
-/// Last day of a month when `giorno` is 31, with the program's fixed list of leap years (2008, 2012,
-/// 2016, 2020); the day itself otherwise.
+/// Last day of a month when `giorno` is 31, with the program's fixed list of leap years (2008,
+/// 2012, 2016, 2020); the day itself otherwise.
 int GiorniMese(int giorno, int mese, int anno);
 
 /// Date of one rate of the new form. `spostata` receives the day that a window moved it to.

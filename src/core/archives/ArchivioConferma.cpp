@@ -73,7 +73,7 @@ bool ArchivioCodici::Interno::Ammesso() {
   }
   if (!Passa(descrizione.controlli) || !CodiceLibero()) return false;
   if (contesto.nuovo || !contesto.CodiceCambiato()) return true;
-  return Passa(descrizione.guardieCodice) && !CodiceInUso();
+  return Passa(descrizione.guardieCodice) && (descrizione.portaCodice || !CodiceInUso());
 }
 
 bool ArchivioCodici::Interno::Tiene() {
@@ -144,7 +144,9 @@ Transazione::Ambito ArchivioCodici::Interno::Ambito(bool conAltro) const {
 }
 
 bool ArchivioCodici::Interno::Scrivi() {
-  Transazione transazione(ambiente.Basi(), Ambito(static_cast<bool>(descrizione.conScrittura)));
+  const bool porta = descrizione.portaCodice && !contesto.nuovo && contesto.CodiceCambiato();
+  Transazione transazione(ambiente.Basi(),
+                          Ambito(porta || static_cast<bool>(descrizione.conScrittura)));
   Rs nuova;
   if (contesto.nuovo) {
     nuova = Dati().Recordset("select * from " + descrizione.tabella + " where 1=0");
@@ -156,6 +158,7 @@ bool ArchivioCodici::Interno::Scrivi() {
   Rs& scritta = contesto.nuovo ? nuova : riga;
   for (const auto& [campo, valore] : record.Campi()) scritta.Imposta(campo, valore);
   scritta.Update();
+  if (porta) PortaCodice(ambiente, descrizione.tabella, contesto.codicePrima, contesto.Codice());
   if (descrizione.conScrittura) descrizione.conScrittura(contesto);
   transazione.Conferma();
   return true;

@@ -114,6 +114,8 @@ struct DescrizioneArchivio {
   std::string filtro = {};      ///< fixed condition of selector and list
   int caratteriCodice = 10;     ///< greatest length of `Cod`
   bool codiceComposto = false;  ///< `Cod` isn't typed: `compone` makes it of other fields
+  /// A changed code is carried to the fields that refer to it, instead of refused where in use.
+  bool portaCodice = false;
   std::vector<std::pair<std::string, Tipo>> campiExtra = {};  ///< fields that aren't columns
   std::vector<CampoArchivio> campi = {};                      ///< without `Cod` and description,
                                                               ///< unless they need more than usual

@@ -130,6 +130,19 @@ std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view arch
   return std::nullopt;
 }
 
+void PortaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view codicePrima,
+                 std::string_view codice) {
+  if (codicePrima.empty()) return;
+  for (const Riferimento& r : kTavola) {
+    if (!UgualeTesto(r.archivio, archivio)) continue;
+    std::string sql = "update ";
+    sql.append(r.tabella).append(" set ").append(r.campo).append("=").append(LetteraleSql(codice));
+    sql.append(" where ").append(Criterio(r.campo, "=", codicePrima));
+    if (*r.condizione != '\0') sql.append(" and ").append(r.condizione);
+    ambiente.ArchivioDi(r.chiave).Esegui(sql);
+  }
+}
+
 }  // namespace fenalto
 
 #undef FENALTO_IN_QUANTO

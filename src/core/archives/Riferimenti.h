@@ -15,9 +15,9 @@ namespace fenalto {
 
 /// A field that holds codes of an archive.
 struct Riferimento {
-  const char* archivio;    ///< table of the codes ("Conti")
-  const char* chiave;      ///< database of the table that refers to them
-  const char* tabella;     ///< table that refers to them
+  const char* archivio;  ///< table of the codes ("Conti")
+  const char* chiave;    ///< database of the table that refers to them
+  const char* tabella;   ///< table that refers to them
   const char* campo;
   const char* condizione;  ///< of the dialect, on the same table; empty for none
   const char* messaggio;   ///< what is told when a code is in use
@@ -29,5 +29,10 @@ std::span<const Riferimento> TavolaRiferimenti();
 /// may be changed or deleted.
 std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view archivio,
                                        std::string_view codice);
+
+/// Puts the new code wherever the table names the old one of that archive, in the transaction that
+/// the caller holds.
+void PortaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view codicePrima,
+                 std::string_view codice);
 
 }  // namespace fenalto
