@@ -23,7 +23,6 @@ constexpr int kMesiAnno = 12;
 
 // Extra fields that no control shows.
 constexpr const char* kClassePrima = "CFPPrima";      ///< class as stored, empty for a new account
-constexpr const char* kProposto = "ContoxProposto";   ///< sub-code that the program put there
 constexpr const char* kVocePersa = "VoceNonTrovata";  ///< code that the list hadn't, to be told
 
 const std::vector<VoceScelta>& PatrimonialeEconomico() {
@@ -85,21 +84,20 @@ void ContoAperto(ContestoArchivio& contesto) {
   scheda.Scrivi("Mastro", mastro);
   scheda.Scrivi("Contox", contox);
   scheda.Scrivi(kClassePrima, contesto.nuovo ? "" : scheda.Testo("CFP"));
-  scheda.Scrivi(kProposto, "");
+  scheda.Scrivi("ContoxLibero", "");
   scheda.Scrivi(kVocePersa, "");
 }
 
-/// The account takes its master's letter; a new one is proposed the sub-code that comes next, where
-/// nothing else was typed.
+/// The account takes its master's letter, and a new one is shown the sub-code that comes next: the
+/// place of the sub-code stays empty, so that one forgotten is still noticed.
 void MastroLasciato(ContestoArchivio& contesto) {
   Scheda& scheda = contesto.scheda;
   const Valore lettera = DelMastro(contesto, "PatrEcon");
-  if (lettera.Nullo()) return;
-  scheda.Scrivi("PatrEcon", lettera);
-  if (!contesto.nuovo || scheda.Testo("Contox") != scheda.Testo(kProposto)) return;
-  const std::string prossimo = ProssimoContox(contesto.ambiente, Rifilato(scheda, "Mastro"));
-  scheda.Scrivi("Contox", prossimo);
-  scheda.Scrivi(kProposto, prossimo);
+  if (!lettera.Nullo()) scheda.Scrivi("PatrEcon", lettera);
+  if (!contesto.nuovo) return;
+  scheda.Scrivi("ContoxLibero",
+                lettera.Nullo() ? std::string()
+                                : ProssimoContox(contesto.ambiente, Rifilato(scheda, "Mastro")));
 }
 
 void ContoLasciato(ContestoArchivio& contesto, const std::string& campo) {
@@ -249,7 +247,7 @@ DescrizioneArchivio Conti() {
   conti.campiExtra = {{"Mastro", Tipo::Testo},
                       {"Contox", Tipo::Testo},
                       {kClassePrima, Tipo::Testo},
-                      {kProposto, Tipo::Testo},
+                      {"ContoxLibero", Tipo::Testo},
                       {kVocePersa, Tipo::Testo}};
   conti.campi = {
       {.nome = "Mastro",
@@ -258,6 +256,10 @@ DescrizioneArchivio Conti() {
        .genere = GenereCampo::Codice,
        .fonte = {.fonte = "Mastri", .archivio = "MASTRI"}},
       {.nome = "Contox", .didascalia = "Conto", .caratteri = kCaratteriMeta},
+      {.nome = "ContoxLibero",
+       .didascalia = "primo conto libero",
+       .caratteri = kCaratteriMeta,
+       .genere = GenereCampo::Etichetta},
       {.nome = "Descrizione", .didascalia = "Descrizione"},
       {.nome = "CFP",
        .didascalia = "C F P",
@@ -282,6 +284,9 @@ DescrizioneArchivio Conti() {
       PulsanteStampa("StampaRettifiche", "Stampa Conti con  rettifiche", StampaContiConRettifiche)};
   conti.aperto = ContoAperto;
   conti.lasciato = ContoLasciato;
+  conti.stato = [](const ContestoArchivio& contesto, const std::string& nome) {
+    return StatoCampo{.visibile = nome != "ContoxLibero" || contesto.nuovo};
+  };
   conti.compone = ComponiConto;
   conti.controlli = {MancaCodice, MancaClasse, MastroInesistente, LetteraDiversa, CodiceLungo};
   conti.conScrittura = ScriviVoce;

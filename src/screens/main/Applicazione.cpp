@@ -15,6 +15,7 @@
 #include "screens/ledger/FinestraGiornale.h"
 #include "screens/ledger/FinestraMovimenti.h"
 #include "screens/ledger/FinestraMovimentiConto.h"
+#include "screens/ledger/FinestraVisPdc.h"
 #include "screens/users/FinestraUt.h"
 
 namespace fenalto {
@@ -57,6 +58,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
       {QStringLiteral("StGiornale"), Nuova<FinestraGiornale>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
+      {QStringLiteral("VisPdc"), Nuova<FinestraVisPdc>()},
   };
 }
 

@@ -171,6 +171,7 @@ constexpr auto kArchivi = std::to_array<RigaArchivio>({
 /// Windows that only other windows and previews open.
 constexpr auto kSenzaVoce = std::to_array<VoceMenu>({
     {"", "", "MovimentiConto", 99},
+    {"", "", "VisPdc", 99},
 });
 
 }  // namespace

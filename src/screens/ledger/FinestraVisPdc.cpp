@@ -1,0 +1,211 @@
+#include "screens/ledger/FinestraVisPdc.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <map>
+
+#include "core/values/Testo.h"
+#include "screens/common/Disposizione.h"
+
+namespace fenalto {
+namespace {
+
+enum Colonna { kCodice, kDescrizione, kClasse, kLettera };
+
+/// Archive behind a row.
+constexpr int kArchivio = Qt::UserRole;
+
+QTreeWidgetItem* Riga(const Rs& rs, const QString& classe, const char* archivio) {
+  const auto testo = [&](const char* campo) {
+    return QString::fromStdString(rs.Fields(campo).Testo());
+  };
+  auto* riga = new QTreeWidgetItem({testo("Cod"), testo("Descrizione"), classe, testo("PatrEcon")});
+  riga->setData(kCodice, kArchivio, QString::fromLatin1(archivio));
+  return riga;
+}
+
+void Grassetto(QTreeWidgetItem& riga) {
+  auto carattere = riga.font(kCodice);
+  carattere.setBold(true);
+  for (const int colonna : {kCodice, kDescrizione, kClasse, kLettera}) {
+    riga.setFont(colonna, carattere);
+  }
+}
+
+/// Whether the row's code begins with the text or its description holds it, without case and
+/// accents.
+bool Risponde(const QTreeWidgetItem& riga, const std::string& cercato) {
+  return PerRicerca(riga.text(kCodice).toStdString()).starts_with(cercato) ||
+         PerRicerca(riga.text(kDescrizione).toStdString()).find(cercato) != std::string::npos;
+}
+
+}  // namespace
+
+struct FinestraVisPdc::Interno {
+  Interno(FinestraVisPdc& finestraUsata, Finestre& gestoreUsato);
+  void Leggi();
+  void Filtra();
+  void VaiA(const QString& codice);
+  void Apri(const QTreeWidgetItem* riga);
+
+  FinestraVisPdc& finestra;
+  Finestre& gestore;
+  QLineEdit* cerca;
+  QLabel* stato;
+  QTreeWidget* albero;
+};
+
+FinestraVisPdc::Interno::Interno(FinestraVisPdc& finestraUsata, Finestre& gestoreUsato)
+    : finestra(finestraUsata),
+      gestore(gestoreUsato),
+      cerca(new QLineEdit),
+      stato(new QLabel),
+      albero(new QTreeWidget) {
+  constexpr int kLargoCodice = 130;
+  constexpr int kLargoDescrizione = 380;
+  cerca->setObjectName(QStringLiteral("CercaConti"));
+  cerca->setPlaceholderText(tr("codice o parte della descrizione"));
+  cerca->setClearButtonEnabled(true);
+  stato->setObjectName(QStringLiteral("StatoConti"));
+  albero->setObjectName(QStringLiteral("AlberoConti"));
+  albero->setHeaderLabels({tr("Codice"), tr("Descrizione"), tr("C F P"), tr("P/E")});
+  albero->setUniformRowHeights(true);
+  albero->setExpandsOnDoubleClick(false);
+  albero->header()->resizeSection(kCodice, kLargoCodice);
+  albero->header()->resizeSection(kDescrizione, kLargoDescrizione);
+  auto* sopra = new QHBoxLayout;
+  sopra->addWidget(Didascalia(tr("Cerca"), cerca));
+  sopra->addWidget(cerca, 1);
+  sopra->addWidget(stato);
+  auto* colonna = new QVBoxLayout(&finestra);
+  colonna->addLayout(sopra);
+  colonna->addWidget(albero, 1);
+  connect(cerca, &QLineEdit::textChanged, &finestra, [this] { Filtra(); });
+  connect(albero, &QTreeWidget::itemDoubleClicked, &finestra,
+          [this](const QTreeWidgetItem* riga) { Apri(riga); });
+}
+
+void FinestraVisPdc::Interno::Leggi() {
+  const auto* corrente = albero->currentItem();
+  const QString codice = corrente == nullptr ? QString() : corrente->text(kCodice);
+  albero->clear();
+  Archivio& tessarc = gestore.Sessione().ArchivioDi("tessarc");
+  std::map<std::string, QTreeWidgetItem*> mastri;
+  QList<QTreeWidgetItem*> righe;
+  for (Rs rs = tessarc.Recordset("SELECT Cod, Descrizione, PatrEcon FROM Mastri ORDER BY Cod");
+       !rs.Eof(); rs.MoveNext()) {
+    auto* mastro = Riga(rs, QString(), "MASTRI");
+    Grassetto(*mastro);
+    mastri.emplace(SenzaMaiuscole(rs.Fields("Cod").Testo()), mastro);
+    righe.append(mastro);
+  }
+  // What no master leads to stands by itself, last.
+  for (Rs rs = tessarc.Recordset("SELECT Cod, Descrizione, CFP, PatrEcon FROM Conti ORDER BY Cod");
+       !rs.Eof(); rs.MoveNext()) {
+    auto* conto = Riga(rs, QString::fromStdString(rs.Fields("CFP").Testo()), "CONTI");
+    const std::string cod = SenzaMaiuscole(rs.Fields("Cod").Testo());
+    auto padre = mastri.end();
+    for (auto punto = cod.find('.'); punto != std::string::npos && padre == mastri.end();
+         punto = cod.find('.', punto + 1)) {
+      padre = mastri.find(cod.substr(0, punto));
+    }
+    if (padre == mastri.end()) {
+      righe.append(conto);
+    } else {
+      padre->second->addChild(conto);
+    }
+  }
+  albero->addTopLevelItems(righe);
+  albero->expandAll();
+  Filtra();
+  VaiA(codice);
+}
+
+void FinestraVisPdc::Interno::Filtra() {
+  const std::string cercato = PerRicerca(cerca->text().trimmed().toStdString());
+  int conti = 0;
+  QTreeWidgetItem* primo = nullptr;
+  for (int m = 0; m < albero->topLevelItemCount(); ++m) {
+    auto* mastro = albero->topLevelItem(m);
+    const bool tutto = cercato.empty() || Risponde(*mastro, cercato);
+    if (tutto && mastro->data(kCodice, kArchivio) == QStringLiteral("CONTI")) ++conti;
+    bool qualcuno = tutto;
+    for (int c = 0; c < mastro->childCount(); ++c) {
+      auto* conto = mastro->child(c);
+      const bool trovato = tutto || Risponde(*conto, cercato);
+      conto->setHidden(!trovato);
+      qualcuno = qualcuno || trovato;
+      if (!trovato) continue;
+      ++conti;
+      // A code typed whole leads to its account, not to the master above it.
+      if (primo == nullptr) primo = conto;
+    }
+    mastro->setHidden(!qualcuno);
+    if (qualcuno && primo == nullptr) primo = mastro;
+  }
+  stato->setText(conti == 1 ? tr("1 conto") : tr("%1 conti").arg(conti));
+  if (!cercato.empty()) albero->setCurrentItem(primo);
+}
+
+void FinestraVisPdc::Interno::VaiA(const QString& codice) {
+  if (codice.isEmpty()) return;
+  const auto trovate =
+      albero->findItems(codice, Qt::MatchFixedString | Qt::MatchRecursive, kCodice);
+  if (!trovate.isEmpty()) albero->setCurrentItem(trovate.front());
+}
+
+void FinestraVisPdc::Interno::Apri(const QTreeWidgetItem* riga) {
+  if (riga == nullptr) return;
+  // Copied first: the main window may close this one.
+  const QString archivio = riga->data(kCodice, kArchivio).toString();
+  const QString codice = riga->text(kCodice);
+  gestore.ApreFormDaEvLibero(archivio, codice);
+}
+
+FinestraVisPdc::FinestraVisPdc(Finestre& finestre)
+    : FinestraFunzione(QStringLiteral("VisPdc"), tr("Piano dei conti"), finestre) {
+  interno_ = std::make_unique<Interno>(*this, finestre);
+  interno_->cerca->setFocus();
+}
+
+FinestraVisPdc::~FinestraVisPdc() {
+  hide();
+}
+
+void FinestraVisPdc::ApriCodice(const QString& codice) {
+  interno_->cerca->clear();
+  interno_->VaiA(codice);
+}
+
+void FinestraVisPdc::ApriScheda(int /*scheda*/) {
+  interno_->Leggi();
+}
+
+void FinestraVisPdc::Aggiorna() {
+  interno_->Leggi();
+}
+
+bool FinestraVisPdc::eventFilter(QObject* oggetto, QEvent* evento) {
+  if (interno_ == nullptr || evento->type() != QEvent::KeyPress) {
+    return FinestraFunzione::eventFilter(oggetto, evento);
+  }
+  const int tasto = static_cast<QKeyEvent*>(evento)->key();
+  const bool invio = tasto == Qt::Key_Return || tasto == Qt::Key_Enter;
+  // From the search line straight into what it has found.
+  if (oggetto == interno_->cerca && tasto == Qt::Key_Down) {
+    interno_->albero->setFocus();
+    return true;
+  }
+  if (invio && (oggetto == interno_->albero ||
+                (oggetto == interno_->cerca && !interno_->cerca->text().trimmed().isEmpty()))) {
+    interno_->Apri(interno_->albero->currentItem());
+    return true;
+  }
+  return FinestraFunzione::eventFilter(oggetto, evento);
+}
+
+}  // namespace fenalto
