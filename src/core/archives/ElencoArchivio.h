@@ -39,6 +39,9 @@ class ElencoArchivio {
   const DescrizioneArchivio& descrizione_;
 };
 
+/// What a column shows for a value: amounts with comma, dates as day/month/year, "sì" and "no".
+std::string MostraColonna(const CampoArchivio& colonna, const Valore& valore);
+
 /// Prints the list as filtered: company, title, day, columns. Progress can be cancelled.
 void StampaElencoArchivio(Ambiente& ambiente, FabbricaUscite& uscite,
                           const DescrizioneArchivio& descrizione, const FiltroElenco& filtro);

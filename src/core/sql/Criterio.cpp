@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdio>
 
+#include "core/values/Testo.h"
+
 namespace fenalto {
 
 namespace {
@@ -42,6 +44,14 @@ std::string Criterio(std::string_view campo, std::string_view operatore, const V
   std::string uscita(campo);
   if (valore.Nullo()) return uscita += operatore == "<>" ? " IS NOT NULL" : " IS NULL";
   return uscita.append(operatore).append(LetteraleSql(valore));
+}
+
+std::string CriterioContiene(std::string_view campo, std::string_view testo) {
+  return "InRicerca(" + std::string(campo) + ", " + TraApici(PerRicerca(testo)) + ")";
+}
+
+std::string CriterioInizia(std::string_view campo, std::string_view testo) {
+  return "IniziaRicerca(" + std::string(campo) + ", " + TraApici(PerRicerca(testo)) + ")";
 }
 
 }  // namespace fenalto

@@ -13,6 +13,11 @@ namespace fenalto {
 /// "campo IS NULL" (or IS NOT NULL with "<>"). `operatore` is one of = <> >= <= > <.
 std::string Criterio(std::string_view campo, std::string_view operatore, const Valore& valore);
 
+/// Conditions of search while typing: the field holds (begins with) the text, without case and
+/// accents.
+std::string CriterioContiene(std::string_view campo, std::string_view testo);
+std::string CriterioInizia(std::string_view campo, std::string_view testo);
+
 /// A value as it is written in SQL text.
 std::string LetteraleSql(const Valore& valore);
 

@@ -264,6 +264,8 @@ constexpr std::array<FunzioneMotore, static_cast<std::size_t>(Fn::Numero_)> kFun
     {"fen_giorno", 1, 1, true, f::Giorno},
     {"fen_chr", 1, 1, true, f::Chr},
     {"fen_instr", 2, 3, true, f::InStr},
+    {"fen_in_ricerca", 2, 2, true, f::InRicerca},
+    {"fen_inizia_ricerca", 2, 2, true, f::IniziaRicerca},
     {"fen_somiglia", 2, 2, true, SomigliaModello},
     {"fen_reale_piu", 2, 2, true, RealePiu},
     {"fen_reale_meno", 2, 2, true, RealeMeno},

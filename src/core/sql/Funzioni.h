@@ -92,6 +92,8 @@ enum class Fn : std::uint8_t {
   Giorno,
   Chr,
   InStr,
+  InRicerca,
+  IniziaRicerca,
   Somiglia,
   // Written by the emitter as operators of the engine.
   RealePiu,

@@ -143,6 +143,13 @@ Cella InStr(Argomenti a, Deposito&) {
   return Cella::DiIntero(static_cast<std::int64_t>(prima) + 1);
 }
 
+Cella InRicerca(Argomenti a, Deposito&) {
+  return Cella::DiIntero(fenalto::InRicerca(a[0].testo, a[1].testo) ? 1 : 0);
+}
+Cella IniziaRicerca(Argomenti a, Deposito&) {
+  return Cella::DiIntero(fenalto::IniziaRicerca(a[0].testo, a[1].testo) ? 1 : 0);
+}
+
 Cella Anno(Argomenti a, Deposito&) {
   return Cella::DiIntero(DataDi(a[0]).Anno());
 }

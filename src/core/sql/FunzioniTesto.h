@@ -24,6 +24,10 @@ Cella Chr(Argomenti a, Deposito& d);
 /// Place (from 1) of the second text in the first, without case, 0 when it isn't there; with three
 /// arguments the first is where to begin.
 Cella InStr(Argomenti a, Deposito& d);
+/// Whether the first text holds, or begins with, the second (folded by PerRicerca), without case
+/// and accents: search while typing.
+Cella InRicerca(Argomenti a, Deposito& d);
+Cella IniziaRicerca(Argomenti a, Deposito& d);
 Cella Anno(Argomenti a, Deposito& d);
 Cella Mese(Argomenti a, Deposito& d);
 Cella Giorno(Argomenti a, Deposito& d);

@@ -24,7 +24,7 @@ constexpr Tipo kT = Tipo::Testo;
 constexpr Tipo kI = Tipo::Intero;
 constexpr Tipo kD = Tipo::Data;
 
-constexpr std::array<FunzioneDialetto, 14> kFunzioni{{
+constexpr std::array<FunzioneDialetto, 16> kFunzioni{{
     {"mid", Fn::Mid, kT, {kT, kI, kI}, 2, 3},
     {"left", Fn::Left, kT, {kT, kI, kI}, 2, 2},
     {"right", Fn::Right, kT, {kT, kI, kI}, 2, 2},
@@ -38,6 +38,8 @@ constexpr std::array<FunzioneDialetto, 14> kFunzioni{{
     {"year", Fn::Anno, kI, {kD, kD, kD}, 1, 1},
     {"month", Fn::Mese, kI, {kD, kD, kD}, 1, 1},
     {"day", Fn::Giorno, kI, {kD, kD, kD}, 1, 1},
+    {"inricerca", Fn::InRicerca, Tipo::Booleano, {kT, kT, kT}, 2, 2},
+    {"iniziaricerca", Fn::IniziaRicerca, Tipo::Booleano, {kT, kT, kT}, 2, 2},
     {"chr", Fn::Chr, kT, {kI, kI, kI}, 1, 1},
 }};
 

@@ -1,5 +1,6 @@
 #include "core/values/Testo.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -113,6 +114,45 @@ std::string PerRicerca(std::string_view testo) {
     }
   }
   return uscita;
+}
+
+namespace {
+
+/// Folds what is plain ASCII into `piegato`; false on any other byte, or when it has no room.
+template <std::size_t N>
+bool PiegaAscii(std::string_view testo, std::array<char, N>& piegato) noexcept {
+  if (testo.size() > N) return false;
+  unsigned char tutti = 0;
+  for (std::size_t i = 0; i < testo.size(); ++i) {
+    const unsigned char c = Byte(testo[i]);
+    tutti = static_cast<unsigned char>(tutti | c);
+    // Without a branch or a table, so that the compiler does many bytes at once.
+    const bool grande = static_cast<unsigned char>(c - 'A') < 26;
+    piegato[i] = static_cast<char>(c | (grande ? 0x20U : 0U));
+  }
+  return tutti < 0x80;
+}
+
+constexpr std::size_t kTestoBreve = 256;
+
+}  // namespace
+
+bool InRicerca(std::string_view testo, std::string_view cercato) {
+  std::array<char, kTestoBreve> piegato;  // NOLINT: filled as far as it is read
+  if (PiegaAscii(testo, piegato)) {
+    return std::string_view(piegato.data(), testo.size()).find(cercato) != std::string_view::npos;
+  }
+  return PerRicerca(testo).find(cercato) != std::string::npos;
+}
+
+bool IniziaRicerca(std::string_view testo, std::string_view cercato) {
+  std::array<char, kTestoBreve> piegato;  // NOLINT: filled as far as it is read
+  if (PiegaAscii(testo.substr(0, cercato.size()), piegato)) {
+    // What follows a plain letter may still belong to it only as an accent, which is dropped.
+    const std::size_t n = std::min(testo.size(), cercato.size());
+    return std::string_view(piegato.data(), n) == cercato;
+  }
+  return PerRicerca(testo).starts_with(cercato);
 }
 
 int ConfrontaTesto(std::string_view a, std::string_view b) noexcept {

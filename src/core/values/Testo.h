@@ -11,6 +11,10 @@ namespace fenalto {
 std::string SenzaMaiuscole(std::string_view testo);
 /// Case-folded and without accents ("Perché" -> "perche"): what search while typing compares.
 std::string PerRicerca(std::string_view testo);
+/// Whether PerRicerca(testo) holds, or begins with, `cercato`, which is folded so already. Fast on
+/// plain ASCII: for searches over whole tables.
+bool InRicerca(std::string_view testo, std::string_view cercato);
+bool IniziaRicerca(std::string_view testo, std::string_view cercato);
 std::string Maiuscolo(std::string_view testo);
 std::string Minuscolo(std::string_view testo);
 

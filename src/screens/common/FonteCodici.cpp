@@ -6,11 +6,6 @@
 #include "core/values/Testo.h"
 
 namespace fenalto {
-namespace {
-
-constexpr std::size_t kRigheLette = 20'000;  // bound of one search
-
-}  // namespace
 
 FonteTabella::FonteTabella(std::function<Archivio&()> archivio, std::string fonte,
                            std::string campoChiave, std::string campoDescrizione,
@@ -21,9 +16,11 @@ FonteTabella::FonteTabella(std::function<Archivio&()> archivio, std::string font
       descrizione_(std::move(campoDescrizione)),
       filtro_(std::move(filtro)) {}
 
-std::string FonteTabella::Da(const std::string& condizione) const {
+std::string FonteTabella::Da(const std::string& condizione, int massimo) const {
   const bool interrogazione = UgualeTesto(std::string_view(fonte_).substr(0, 7), "select ");
-  std::string testo = "SELECT " + chiave_ + ", " + descrizione_ + " FROM ";
+  std::string testo = "SELECT ";
+  if (massimo > 0) testo += "TOP " + std::to_string(massimo) + " ";
+  testo += chiave_ + ", " + descrizione_ + " FROM ";
   testo += interrogazione ? "(" + fonte_ + ") AS Fonte" : fonte_;
   std::string filtro = filtro_ ? filtro_() : std::string();
   if (!filtro.empty() && !condizione.empty()) filtro = "(" + filtro + ") AND ";
@@ -44,26 +41,23 @@ std::string FonteTabella::Canonico(const std::string& codice) {
 }
 
 std::vector<VoceCodice> FonteTabella::Cerca(const std::string& testo, int massimo) {
-  const std::string cercato = PerRicerca(testo);
-  std::vector<VoceCodice> perCodice;
-  std::vector<VoceCodice> perDescrizione;
-  const auto limite = static_cast<std::size_t>(massimo);
-  Rs righe = archivio_().Recordset(Da("") + " ORDER BY " + chiave_);
-  for (std::size_t lette = 0; !righe.Eof() && lette < kRigheLette; righe.MoveNext(), ++lette) {
-    VoceCodice voce{righe.Fields(0).Testo(), NzStr(righe.Fields(1))};
-    if (PerRicerca(voce.codice).starts_with(cercato)) {
-      perCodice.push_back(std::move(voce));
-      if (perCodice.size() >= limite) break;
-    } else if (perDescrizione.size() < limite &&
-               PerRicerca(voce.descrizione).find(cercato) != std::string::npos) {
-      perDescrizione.push_back(std::move(voce));
+  std::vector<VoceCodice> voci;
+  const auto aggiungi = [&](const std::string& condizione) {
+    const int mancano = massimo - static_cast<int>(voci.size());
+    if (mancano <= 0) return;
+    Rs righe = archivio_().Recordset(Da(condizione, mancano) + " ORDER BY " + chiave_);
+    for (; !righe.Eof(); righe.MoveNext()) {
+      voci.push_back({NzStr(righe.Fields(0)), NzStr(righe.Fields(1))});
     }
+  };
+  if (testo.empty()) {
+    aggiungi("");
+    return voci;
   }
-  for (auto& voce : perDescrizione) {
-    if (perCodice.size() >= limite) break;
-    perCodice.push_back(std::move(voce));
-  }
-  return perCodice;
+  const std::string inizia = CriterioInizia(chiave_, testo);
+  aggiungi(inizia);
+  aggiungi(CriterioContiene(descrizione_, testo) + " AND NOT " + inizia);
+  return voci;
 }
 
 }  // namespace fenalto

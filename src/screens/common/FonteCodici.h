@@ -38,7 +38,8 @@ class FonteTabella : public FonteCodici {
   [[nodiscard]] std::string Canonico(const std::string& codice) override;
 
  private:
-  [[nodiscard]] std::string Da(const std::string& condizione) const;
+  /// The source's rows under a condition, at most `massimo` (0 for all).
+  [[nodiscard]] std::string Da(const std::string& condizione, int massimo = 0) const;
   std::function<Archivio&()> archivio_;
   std::string fonte_;
   std::string chiave_;

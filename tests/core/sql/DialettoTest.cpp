@@ -124,6 +124,9 @@ constexpr Caso kEspressioni[] = {
      "x|x | x|PERCHÉ|à\n"},
     {"SELECT Str(5), Str(-2.5), Val(' 12abc'), Val('x'), InStr('Abcb','B'), InStr(3,'abcb','b')",
      " 5|-2.5|12|0|2|4\n"},
+    {"SELECT InRicerca('Città Alta','ta al'), InRicerca('x','y'), IniziaRicerca('ÈX','e'), "
+     "IniziaRicerca('x',Null)",
+     "True|False|True|~\n"},
     {"SELECT Year(Dt), Month(Dt), Day(Dt), Dt+31, Dt-#01/01/2024# FROM Articoli WHERE NumDoc=2",
      "2024|1|9|2024-02-09|8\n"},
     {"SELECT Int(2.7), Int(-2.7), Abs(-3), Abs(-1.5), Int(7)", "2|-3|3|1.5|7\n"},

@@ -77,6 +77,26 @@ TEST(Testo, PerRicerca) {
   EXPECT_EQ(PerRicerca("Ά×Ж\xC3"), "α×ж\xC3");
 }
 
+TEST(Testo, InRicercaFaComePerRicerca) {
+  const std::string lungo = std::string(300, 'x') + "Fine";
+  for (const std::string& testo :
+       {std::string(), std::string("Rossi & C."), std::string("ROSSI S.p.A. [@`{"),
+        std::string("Università"), std::string("e\u0300a"), std::string("Stra\u00DFe"),
+        std::string("a\xC3"), lungo}) {
+    for (const std::string& cercato :
+         {std::string(), std::string("rossi"), std::string("si s"), std::string("a"),
+          std::string("e"), std::string("ea"), std::string("ita"), std::string("strass"),
+          std::string("fine"), std::string("\xC3"), std::string(257, 'x'), std::string("@`{"),
+          PerRicerca(testo), lungo}) {
+      const std::string piegato = PerRicerca(testo);
+      EXPECT_EQ(InRicerca(testo, cercato), piegato.find(cercato) != std::string::npos)
+          << testo << " | " << cercato;
+      EXPECT_EQ(IniziaRicerca(testo, cercato), piegato.starts_with(cercato))
+          << testo << " | " << cercato;
+    }
+  }
+}
+
 TEST(Testo, Ordine) {
   EXPECT_EQ(ConfrontaTesto("", ""), 0);
   EXPECT_LT(ConfrontaTesto("", "a"), 0);

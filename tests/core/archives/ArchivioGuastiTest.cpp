@@ -1,0 +1,83 @@
+// Every statement of a confirmation and of a deletion is made to fail once: nothing may have
+// changed, and the work can go on as if it had not happened.
+#include <functional>
+
+#include "core/archives/DittaArchivi.h"
+
+namespace fenalto::prova {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+class ArchivioGuastiTest : public DittaArchivi, public ::testing::WithParamInterface<Guasto> {
+ protected:
+  /// Also writes a row of the other database in the same transaction.
+  DescrizioneArchivio ConBanca() {
+    DescrizioneArchivio d = Categorie();
+    d.conScrittura = [](ContestoArchivio& c) {
+      c.ambiente.ArchivioDi("scadenzario")
+          .Inserisci("Banche", {{"Cod", c.Codice()}, {"Nome", "di prova"}});
+    };
+    d.conEliminazione = [](ContestoArchivio& c) {
+      c.ambiente.ArchivioDi("scadenzario")
+          .Esegui("delete * from Banche where " + Criterio("Cod", "=", c.codicePrima));
+    };
+    return d;
+  }
+  std::int64_t Banche() {
+    return ambiente.ArchivioDi("scadenzario").Singolo("select count(*) from Banche").Intero();
+  }
+  int ProvaTutti(ArchivioCodici& archivio, const std::function<bool()>& azione) {
+    const auto righe = Righe();
+    const std::int64_t banche = Banche();
+    const std::string titolo = archivio.Titolo();
+    const std::string descrizione = archivio.Record().Testo("Descrizione");
+    for (int n = 1; n < 60; ++n) {
+      SCOPED_TRACE(n);
+      ambiente.Basi().ImpostaGuasto(n, GetParam());
+      const bool riuscita = azione();
+      ambiente.Basi().ImpostaGuasto(0, Guasto::Nessuno);
+      EXPECT_FALSE(ambiente.Basi().InTransazione());
+      if (riuscita) return n - 1;
+      EXPECT_THAT(Messaggi(), ElementsAre(HasSubstr("niente è stato scritto")));
+      EXPECT_EQ(Righe(), righe);
+      EXPECT_EQ(Banche(), banche);
+      EXPECT_EQ(archivio.Titolo(), titolo);
+      EXPECT_EQ(archivio.Record().Testo("Descrizione"), descrizione);
+      EXPECT_EQ(ambiente.Basi().Blocchi().ChiTiene("Categorie", "A").has_value(),
+                !archivio.Nuovo());
+    }
+    ADD_FAILURE() << "non riesce mai";
+    return 0;
+  }
+};
+
+TEST_P(ArchivioGuastiTest, NuovoVariatoEliminato) {
+  ArchivioCodici archivio(ambiente, ConBanca());
+  archivio.Inizia();
+  archivio.Record().Scrivi("Cod", "N");
+  archivio.Record().Scrivi("Descrizione", "nuova");
+  EXPECT_GE(ProvaTutti(archivio, [&] { return archivio.Conferma(); }), 5);
+  EXPECT_EQ(Banche(), 1);
+
+  ASSERT_TRUE(archivio.Apri("A"));
+  archivio.Record().Scrivi("Cod", "AA");
+  archivio.Record().Scrivi("Descrizione", "variata");
+  EXPECT_GE(ProvaTutti(archivio, [&] { return archivio.Conferma(); }), 7);
+  EXPECT_THAT(Righe(), ElementsAre("AA=variata", "B=voce B", "C=voce C", "N=nuova"));
+
+  Tessarc().Inserisci("Categorie", {{"Cod", "A"}});
+  ASSERT_TRUE(archivio.Apri("A"));
+  EXPECT_GE(ProvaTutti(archivio,
+                       [&] {
+                         dialoghi.Rispondera("DOCUMENTO", Risposta::Si);
+                         return archivio.Elimina();
+                       }),
+            5);
+  EXPECT_THAT(Righe(), ElementsAre("AA=variata", "B=voce B", "C=voce C", "N=nuova"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Guasti, ArchivioGuastiTest,
+                         ::testing::Values(Guasto::Errore, Guasto::Memoria));
+
+}  // namespace fenalto::prova
