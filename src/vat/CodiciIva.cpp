@@ -59,17 +59,16 @@ void AvvisaAliquota(ContestoArchivio& contesto) {
   }
 }
 
-std::vector<VoceScelta> LegendaElenco() {
-  return {{"0", "0= non stampa in elenco"},
-          {"1", "1= operazioni imponibili"},
-          {"2", "2= operazioni non imponibili"},
-          {"3", "3 = operazioni esenti"},
-          {"4",
-           "4= (solo fornitori) operazioni imponibili comprensive dell'imposta afferente "
-           "(relativamente ad operazioni registrate senza separata indicazione dell'imponibile e "
-           "dell'imposta)"},
-          {"5", "5 = Operazioni imponibili con IVA non esposta in fattura"}};
-}
+/// What the columns of the annual lists stand for; the fourth goes over three lines.
+constexpr const char* kLegendaElenco =
+    "0= non stampa in elenco\n"
+    "1= operazioni imponibili\n"
+    "2= operazioni non imponibili\n"
+    "3 = operazioni esenti\n"
+    "4= (solo fornitori) operazioni imponibili comprensive dell'imposta\n"
+    "afferente (relativamente ad operazioni registrate senza separata\n"
+    "indicazione dell'imponibile e dell'imposta)\n"
+    "5 = Operazioni imponibili con IVA non esposta in fattura";
 
 }  // namespace
 
@@ -88,7 +87,7 @@ DescrizioneArchivio CodiciIva() {
       {.nome = "CampoElenco",
        .didascalia = "Colonna elenchi clienti e fornitori",
        .caratteri = 1,
-       .scelte = LegendaElenco(),
+       .nota = kLegendaElenco,
        .elenco = true},
       {.nome = "Note", .didascalia = "Note", .genere = GenereCampo::Note},
   };
