@@ -125,4 +125,29 @@ void CampoData::focusInEvent(QFocusEvent* evento) {
   if (evento->reason() != Qt::MouseFocusReason) selectAll();
 }
 
+CampoNote::CampoNote(const QString& nome, QWidget* genitore, int lunghezza)
+    : QPlainTextEdit(genitore), lunghezza_(lunghezza) {
+  constexpr int kRighe = 4;
+  constexpr int kMargine = 14;  // frame and inner margin of the text
+  setObjectName(nome);
+  setTabChangesFocus(true);
+  setFixedHeight(fontMetrics().lineSpacing() * kRighe + kMargine);
+}
+
+void CampoNote::Mostra(const Valore& valore) {
+  const QString testo = QString::fromStdString(valore.Testo());
+  // Set anew only when it differs, so that the cursor stays where it was.
+  if (testo != toPlainText()) setPlainText(testo);
+  document()->setModified(false);
+}
+
+Esito<Valore> CampoNote::Letto() const {
+  const QString testo = toPlainText();
+  if (lunghezza_ > 0 && testo.size() > lunghezza_) {
+    return Errore{"il testo ha " + std::to_string(testo.size()) + " caratteri: al massimo sono " +
+                  std::to_string(lunghezza_)};
+  }
+  return Valore(Utf8(testo));
+}
+
 }  // namespace fenalto

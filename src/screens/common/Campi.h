@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <functional>
 
 #include "core/values/Valore.h"
@@ -81,6 +82,19 @@ class CampoData : public QLineEdit, public CampoValore {
 
  private:
   std::function<std::pair<int, Data>()> annoEOggi_;
+};
+
+/// A text of several lines; Tab leaves it. `lunghezza` limits the characters, 0 doesn't.
+class CampoNote : public QPlainTextEdit, public CampoValore {
+  Q_OBJECT
+
+ public:
+  explicit CampoNote(const QString& nome, QWidget* genitore = nullptr, int lunghezza = 0);
+  void Mostra(const Valore& valore) override;
+  [[nodiscard]] Esito<Valore> Letto() const override;
+
+ private:
+  int lunghezza_;
 };
 
 }  // namespace fenalto

@@ -32,6 +32,7 @@ class FinestraArchivio : public FinestraFunzione {
   void Aggiorna() override;
 
  protected:
+  bool eventFilter(QObject* oggetto, QEvent* evento) override;
   [[nodiscard]] ArchivioCodici& Archivio();
   [[nodiscard]] QTabWidget& SchedeRecord();
   /// Layout of the first page of `SSTab2`, under the described fields.

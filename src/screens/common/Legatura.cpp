@@ -5,12 +5,15 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPlainTextEdit>
+#include <QTextDocument>
 #include <algorithm>
 
 #include "core/values/FormatoImporto.h"
 #include "screens/common/Campi.h"
 #include "screens/common/CampoCodice.h"
 #include "screens/common/Disposizione.h"
+#include "screens/common/GruppoScelta.h"
 
 namespace fenalto {
 namespace {
@@ -20,6 +23,7 @@ std::string NomeDi(const QWidget* controllo) {
 }
 
 QString TestoDi(const QWidget* controllo) {
+  if (const auto* note = qobject_cast<const QPlainTextEdit*>(controllo)) return note->toPlainText();
   const auto* riga = qobject_cast<const QLineEdit*>(controllo);
   return riga != nullptr ? riga->text() : QString();
 }
@@ -27,6 +31,9 @@ QString TestoDi(const QWidget* controllo) {
 /// Typed in since its text was last set.
 bool Digitato(const QWidget* controllo) {
   if (const auto* riga = qobject_cast<const QLineEdit*>(controllo)) return riga->isModified();
+  if (const auto* note = qobject_cast<const QPlainTextEdit*>(controllo)) {
+    return note->document()->isModified();
+  }
   const auto* elenco = qobject_cast<const QComboBox*>(controllo);
   return elenco != nullptr && elenco->lineEdit() != nullptr && elenco->lineEdit()->isModified();
 }
@@ -46,6 +53,8 @@ void Legatura::Lega(QWidget* controllo) {
     connect(casella, &QAbstractButton::clicked, this, lascia);
   } else if (auto* codice = qobject_cast<CampoCodice*>(controllo)) {
     connect(codice, &CampoCodice::Scelto, this, lascia);
+  } else if (auto* gruppo = qobject_cast<GruppoScelta*>(controllo)) {
+    connect(gruppo, &GruppoScelta::Scelto, this, lascia);
   }
 }
 

@@ -29,7 +29,7 @@ class Legatura : public QObject {
   Legatura(std::function<Scheda&()> scheda, Dialoghi& dialoghi, QObject* genitore);
 
   /// Binds a control to the field of its object name. Typed fields, combo boxes (by text), check
-  /// boxes, radio buttons and labels can be bound.
+  /// boxes, radio buttons alone or in a GruppoScelta, and labels can be bound.
   void Lega(QWidget* controllo);
   /// Shows the record in all controls.
   void Mostra();

@@ -11,11 +11,13 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include "screens/common/FinestraArchivio.h"
 #include "screens/ledger/FinestraBilancioVerifica.h"
 #include "screens/ledger/FinestraGiornale.h"
 #include "screens/ledger/FinestraMovimenti.h"
 #include "screens/ledger/FinestraMovimentiConto.h"
 #include "screens/ledger/FinestraVisPdc.h"
+#include "screens/main/Archivi.h"
 #include "screens/users/FinestraUt.h"
 
 namespace fenalto {
@@ -52,7 +54,7 @@ Applicazione::~Applicazione() {
 }
 
 FinestraPrincipale::Costruttori Applicazione::Costruttori() {
-  return {
+  FinestraPrincipale::Costruttori costruttori{
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
@@ -60,6 +62,13 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
       {QStringLiteral("VisPdc"), Nuova<FinestraVisPdc>()},
   };
+  for (auto& descrizione : TuttiGliArchivi()) {
+    const QString nome = QString::fromStdString(descrizione.finestra);
+    costruttori.emplace(nome, [descrizione = std::move(descrizione)](Finestre& finestre) {
+      return static_cast<FinestraFunzione*>(new FinestraArchivio(descrizione, finestre));
+    });
+  }
+  return costruttori;
 }
 
 void Applicazione::Prepara(const std::filesystem::path& cartellaDati) {

@@ -166,10 +166,28 @@ constexpr auto kArchivi = std::to_array<RigaArchivio>({
     {"BANCHE", "Banche", 99},
     {"CATEGORIECESPITI", "CategorieCespiti", 99},
     {"CATEGORIE", "Categorie", 99},
+    {"MASTRI", "Mastri", 99},
+    {"REGISTRIIVA", "RegistriIva", 99},
+    {"RITENUTE", "Ritenute", 99},
+    {"AGENTI", "Agenti", 99},
+    {"VETTORI", "Vettori", 50},
+    {"CODICIASPETTO", "CodiciAspetto", 30},
+    {"CODICIPORTO", "CodiciPorto", 30},
+    {"CODICICAUSALITRASPORTO", "CodiciCausaliTrasporto", 30},
+    {"MAGAZZINI", "Magazzini", 99},
+    {"CAUSALIMAG", "CausaliMag", 99},
+    {"CATEGORIEMAG", "CategorieMag", 30},
+    {"CATEGORIEMAG2", "CategorieMag2", 30},
+    {"GRUPPIMAG", "GruppiMag", 30},
+    {"GRUPPIMAG2", "GruppiMag2", 30},
+    {"TIPIRICLASSIFICAZIONE", "TipiRiclassificazione", 99},
+    {"RICLASSIFICAZIONE", "Riclassificazione", 99},
+    {"TIPIFATTURECLI", "TipiFattureCli", 99},
 });
 
 /// Windows that only other windows and previews open.
 constexpr auto kSenzaVoce = std::to_array<VoceMenu>({
+    {"", "", "Importa", 99},
     {"", "", "MovimentiConto", 99},
     {"", "", "VisPdc", 99},
 });

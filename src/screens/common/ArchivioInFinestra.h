@@ -1,0 +1,85 @@
+// What stands in a FinestraArchivio: the two sides, the buttons, and what each of them does.
+#pragma once
+
+#include <QList>
+#include <memory>
+
+#include "screens/common/CampiArchivio.h"
+#include "screens/common/FinestraArchivio.h"
+#include "screens/common/Legatura.h"
+#include "screens/common/PaginaSceltaArchivio.h"
+
+class QAbstractButton;
+class QLabel;
+class QPlainTextEdit;
+class QPushButton;
+class QSplitter;
+class QTabWidget;
+class QVBoxLayout;
+
+namespace fenalto {
+
+struct FinestraArchivio::Interno {
+  Interno(FinestraArchivio& finestraUsata, Finestre& gestoreUsato, DescrizioneArchivio descrizione);
+
+  // --- The parts -------------------------------------------------------------------------------
+  void Disponi();
+  QWidget* CreaScelta();
+  QWidget* CreaRecord();
+  QWidget* CreaBarra();
+  void CreaPropri();
+  void Collega();
+  void CollegaScelta();
+  void OrdinaFoco();
+  void Divisione();
+
+  // --- What the user does ----------------------------------------------------------------------
+  void Apri(const QString& codice);
+  void Comincia();
+  void Sdoppia();
+  void Vicino(bool dopo);
+  void Conferma();
+  void Elimina();
+  void Stampa();
+  void Esegui(const PulsanteArchivio& pulsante);
+  void CampoLasciato(const QString& campo, bool cambiato);
+  /// Gives the record up, after the question about its changes.
+  void Lascia();
+
+  // --- What it shows ---------------------------------------------------------------------------
+  void MostraAperto();
+  void MostraStato();
+  void MostraTitolo();
+  void MostraRighe(const std::vector<std::string>& righe);
+  void Avvisa(const QString& testo);
+  void DaiFoco(const QString& campo);
+  /// Closes the record on the screen: nothing that is typed is read any more.
+  void Spegni();
+  void TornaAllaScelta();
+
+  FinestraArchivio& finestra;
+  Finestre& gestore;
+  ArchivioCodici archivio;
+  Scheda vuota;  ///< shown while nothing is open
+  std::unique_ptr<Legatura> legami;
+  std::unique_ptr<CampiArchivio> campi;
+
+  QSplitter* divisione = nullptr;
+  QTabWidget* scelta = nullptr;  ///< SSTab1
+  QTabWidget* schede = nullptr;  ///< SSTab2
+  QWidget* lato = nullptr;       ///< SSTab2 with its notice and buttons
+  PaginaSceltaArchivio* pagina = nullptr;
+  QVBoxLayout* paginaRecord = nullptr;
+  QLabel* avviso = nullptr;
+  QPlainTextEdit* riquadro = nullptr;
+  QWidget* barra = nullptr;
+  QPushButton* conferma = nullptr;
+  QPushButton* elimina = nullptr;
+  QPushButton* sdoppia = nullptr;
+  QPushButton* precedente = nullptr;
+  QPushButton* successivo = nullptr;
+  QPushButton* annulla = nullptr;
+  QList<QAbstractButton*> propri;  ///< the description's own that work on the record
+};
+
+}  // namespace fenalto
