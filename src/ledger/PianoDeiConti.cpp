@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/archives/Importazione.h"
 #include "core/reports/Sagoma.h"
 #include "core/values/Testo.h"
 #include "ledger/CodiceConto.h"
@@ -280,6 +281,7 @@ DescrizioneArchivio Conti() {
       {"saldo", "Saldo", true, MostraSaldo},
       {"movimenti", "Movimenti", true, MostraMovimenti},
       {"VisPdc", "Vedi piano dei conti", false, MostraPiano},
+      PulsanteImporta("Conti"),
       PulsanteStampa("StampaPdc", "Stampa Piano dei Conti", StampaPianoDeiConti),
       PulsanteStampa("StampaRettifiche", "Stampa Conti con  rettifiche", StampaContiConRettifiche)};
   conti.aperto = ContoAperto;

@@ -1,5 +1,7 @@
 #include "vat/CodiciIva.h"
 
+#include "core/archives/Importazione.h"
+
 namespace fenalto {
 
 namespace {
@@ -91,6 +93,7 @@ DescrizioneArchivio CodiciIva() {
        .elenco = true},
       {.nome = "Note", .didascalia = "Note", .genere = GenereCampo::Note},
   };
+  d.pulsanti = {PulsanteImporta("CodiciIva")};
   d.controlli = {ControllaRiservato, ControllaCampoElenco};
   d.guardieElimina = {RifiutaEliminazione};
   d.dopoConferma = AvvisaAliquota;

@@ -5,6 +5,7 @@
 
 #include "core/archives/LettoreTabella.h"
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -20,6 +21,19 @@ const ColonnaCatalogo* ColonnaDi(Ambiente& ambiente, const std::string& tabella,
 
 bool HaTabella(Ambiente& ambiente, const std::string& tabella) {
   return ambiente.ArchivioDi("tessarc").Catalogo().Tabella(tabella) != nullptr;
+}
+
+std::string Mostrato(const Valore& valore) {
+  switch (valore.Tipo()) {
+    case Tipo::Booleano:
+      return valore.Booleano() ? "sì" : "no";
+    case Tipo::Importo:
+      return ScriviImporto(valore.Importo(), 2);
+    case Tipo::Data:
+      return valore.Data().Testo();
+    default:
+      return valore.Testo();
+  }
 }
 
 }  // namespace
@@ -109,8 +123,8 @@ std::vector<Decimali> Importazione::Stili() const {
   return stili;
 }
 
-std::vector<std::vector<Valore>> Importazione::Anteprima(std::size_t righe) const {
-  std::vector<std::vector<Valore>> mostrate;
+std::vector<std::vector<std::string>> Importazione::Anteprima(std::size_t righe) const {
+  std::vector<std::vector<std::string>> mostrate;
   if (!Aperta()) return mostrate;
   const auto abbinati = CampiAbbinati();
   const auto stili = Stili();
@@ -119,8 +133,8 @@ std::vector<std::vector<Valore>> Importazione::Anteprima(std::size_t righe) cons
     for (const auto& campo : abbinati) {
       const std::size_t colonna = *corrispondenze_->Colonna(campo.nome);
       const std::string& testo = tabella_.righe[i].campi[colonna];
-      auto letto = LeggiValoreDiFile(testo, campo, TipoDi(campo), stili[colonna]);
-      mostrata.push_back(letto ? std::move(letto).Valore() : Valore(testo));
+      const auto letto = LeggiValoreDiFile(testo, campo, TipoDi(campo), stili[colonna]);
+      mostrata.push_back(letto ? Mostrato(letto.Valore()) : "? " + testo);
     }
   }
   return mostrate;

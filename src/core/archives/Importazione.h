@@ -64,9 +64,9 @@ class Importazione {
   /// Only while open.
   [[nodiscard]] Corrispondenze& Abbinamenti() { return *corrispondenze_; }
 
-  /// The first lines as they would be stored, in the order of CampiAbbinati; what can't be read is
-  /// shown as it stands.
-  [[nodiscard]] std::vector<std::vector<Valore>> Anteprima(std::size_t righe) const;
+  /// The first lines as they would be stored, in the order of CampiAbbinati, as people read them;
+  /// what can't be read stands as it is behind a question mark.
+  [[nodiscard]] std::vector<std::vector<std::string>> Anteprima(std::size_t righe) const;
   /// Fields that a column gives, in the order of the kind.
   [[nodiscard]] std::vector<CampoImporta> CampiAbbinati() const;
   [[nodiscard]] Tipo TipoDi(const CampoImporta& campo) const;
