@@ -38,12 +38,16 @@ class Fatture {
   enum class Stato { SenzaRegistro, ConRegistro, Aperta, RigaAperta };
 
   explicit Fatture(Ambiente& ambiente);
+  /// Why no VAT document can be registered in the company at all; empty when it can.
+  [[nodiscard]] static std::string Impedimento(Ambiente& ambiente);
   ~Fatture();
 
   [[nodiscard]] Stato StatoCorrente() const;
   [[nodiscard]] bool Nuova() const;
   /// In edit elsewhere, or printed in definitive: can be looked at and not changed.
   [[nodiscard]] bool SolaLettura() const;
+  /// Why, empty when it can be changed.
+  [[nodiscard]] std::string MotivoSolaLettura() const;
   [[nodiscard]] bool Modificata() const;
 
   // --- Register ---------------------------------------------------------------------------------
@@ -109,7 +113,8 @@ class Fatture {
   void RigaLasciata(std::string_view campo);
   /// The button for gross amounts: taxable and VAT out of `Totale`.
   void PulisciImporti();
-  bool ConfermaRiga();
+  /// `campo` receives the control to go to when a check stopped it.
+  bool ConfermaRiga(std::string* campo = nullptr);
   bool EliminaRiga();
   void AnnullaRiga();
   /// Rows of the party's last registration on this register, amounts empty; taken by ProponiRighe.

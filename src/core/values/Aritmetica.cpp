@@ -78,6 +78,12 @@ Importo ScorporaImponibile(Importo lordo, Importo aliquota) {
   return lordo.Negativo() ? -imponibile : imponibile;
 }
 
+Importo IvaIndetraibile(Importo iva, Importo percInd, bool euro) {
+  const Intero128 prodotto = N(iva) * N(percInd);
+  if (!euro) return ImportoDa128(QuozientePavimento(prodotto, kScalaPercento) * kScala);
+  return ImportoDa128(QuozientePavimento(prodotto, kScala * kScala) * kCentesimo);
+}
+
 Importo ApplicaScontoCassa(Importo importo, Importo sconto, bool euro) {
   if (!euro) {
     const Intero128 lire = QuozientePavimento(N(importo) * N(sconto), kScalaPercento);

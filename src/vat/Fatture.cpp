@@ -1,0 +1,433 @@
+#include "vat/Fatture.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "core/sql/Criterio.h"
+#include "core/values/Testo.h"
+#include "duedates/DescrizioneCodice.h"
+#include "vat/DatiIva.h"
+#include "vat/FattureInterno.h"
+
+namespace fenalto {
+namespace {
+
+constexpr std::string_view kOpzioni = "impostazioni";
+
+using CampoTesta = std::pair<const char*, Tipo>;
+constexpr CampoTesta kCampiTesta[] = {{"Riva", Tipo::Testo},
+                                      {"NProt", Tipo::Testo},
+                                      {"NumDoc", Tipo::Intero},
+                                      {"Dt", Tipo::Data},
+                                      {"Contox", Tipo::Testo},
+                                      {"CFPx", Tipo::Testo},
+                                      {"Descrizionex", Tipo::Testo},
+                                      {"DtFat", Tipo::Data},
+                                      {"NFat", Tipo::Testo},
+                                      {"Pagamento", Tipo::Testo},
+                                      {"Ep", Tipo::Booleano},
+                                      {"DtIncasso", Tipo::Data},
+                                      {"NVarAnPrec", Tipo::Booleano},
+                                      {"TotaleXVerifica", Tipo::Importo},
+                                      {"BollaDog", Tipo::Booleano},
+                                      {"RitAcc", Tipo::Booleano},
+                                      {"RivaIntra", Tipo::Testo},
+                                      {"FornitoreIntra", Tipo::Testo},
+                                      {"CausaleIntra", Tipo::Testo},
+                                      {"ContoCostiIntra", Tipo::Testo},
+                                      {"PagamentoIntra", Tipo::Testo},
+                                      {"NoIntraCosto_a_Forn", Tipo::Booleano},
+                                      {"FornitoreBollaDog", Tipo::Testo},
+                                      {"CausaleBollaDog", Tipo::Testo},
+                                      {"PagamentoBollaDog", Tipo::Testo},
+                                      {"CausaleRitAcc1", Tipo::Testo},
+                                      {"ContoRitAcc1", Tipo::Testo},
+                                      {"ImportoRitAcc1", Tipo::Importo},
+                                      {"CausaleRitAcc2", Tipo::Testo},
+                                      {"ContoRitAcc2", Tipo::Testo},
+                                      {"ImportoRitAcc2", Tipo::Importo},
+                                      {"ProbabileNumDoc", Tipo::Testo},
+                                      {"ProbabileNProt", Tipo::Testo}};
+
+constexpr CampoTesta kCampiRiga[] = {{"Posi", Tipo::Intero},        {"Conto", Tipo::Testo},
+                                     {"CodIva", Tipo::Testo},       {"Descrizione", Tipo::Testo},
+                                     {"Categoria", Tipo::Testo},    {"Commessa", Tipo::Testo},
+                                     {"Imponibile", Tipo::Importo}, {"Iva", Tipo::Importo},
+                                     {"IvaInd", Tipo::Importo},     {"Totale", Tipo::Importo}};
+
+std::filesystem::path FileStazione(const Ambiente& ambiente) {
+  return ambiente.CartellaProgramma() / "Ini" / "Ini.ini";
+}
+
+}  // namespace
+
+Fatture::Interno::Interno(Ambiente& ambienteUsato)
+    : ambiente(ambienteUsato), tessarc(ambienteUsato.ArchivioDi("tessarc")) {
+  for (const auto& [nome, genere] : kCampiTesta) testa.Aggiungi(nome, genere);
+  for (const auto& [nome, genere] : kCampiRiga) riga.Aggiungi(nome, genere);
+}
+
+void Fatture::Interno::ChiudiRecord() noexcept {
+  stato = registro.cod.empty() ? Stato::SenzaRegistro : Stato::ConRegistro;
+  nuova = righeModificate = rigaNuova = false;
+  soloLettura.clear();
+  numeroRecord = nProtRecord = idRecord = 0;
+  pagamentoRecord.clear();
+  descrizioneProposta.clear();
+  blocco.Rilascia();
+  testa.Svuota();
+  riga.Svuota();
+  righe.clear();
+  proposte.clear();
+  totali = {};
+}
+
+bool Fatture::Interno::RigaInCorso() {
+  if (stato != Stato::RigaAperta) return false;
+  Avviso("confermare o annullare prima la riga");
+  return true;
+}
+
+bool Fatture::Interno::RifiutaSolaLettura() {
+  if (soloLettura.empty()) return false;
+  Avviso(soloLettura + ": si può solo consultare");
+  return true;
+}
+
+bool Fatture::Interno::Tipo(std::initializer_list<std::string_view> tipi) const {
+  return std::any_of(tipi.begin(), tipi.end(),
+                     [this](std::string_view t) { return UgualeTesto(t, registro.tipo); });
+}
+
+Valore Fatture::Interno::DellaParte(std::string_view campo) const {
+  const std::string classe = T("CFPx");
+  if (classe != "C" && classe != "F") return {};
+  return ambiente.Cerca("tessarc", classe == "C" ? "Clienti" : "Fornitori", {{"Cod", T("Contox")}},
+                        campo);
+}
+
+bool Fatture::Interno::AutomaticoIntra() const {
+  return UgualeTesto(Rifila(ambiente.Config("RegAutoIntraCee")), "SI");
+}
+
+Fatture::Fatture(Ambiente& ambiente) : interno_(std::make_unique<Interno>(ambiente)) {}
+Fatture::~Fatture() = default;
+
+Fatture::Stato Fatture::StatoCorrente() const {
+  return interno_->stato;
+}
+
+bool Fatture::Nuova() const {
+  return interno_->nuova;
+}
+
+bool Fatture::SolaLettura() const {
+  return !interno_->soloLettura.empty();
+}
+
+std::string Fatture::MotivoSolaLettura() const {
+  return interno_->soloLettura;
+}
+
+bool Fatture::Modificata() const {
+  const Interno& io = *interno_;
+  if (!io.Aperta() || SolaLettura()) return false;
+  return io.righeModificate || io.testa.Modificata() ||
+         (io.stato == Stato::RigaAperta && io.riga.Modificata());
+}
+
+std::string Fatture::Impedimento(Ambiente& ambiente) {
+  if (ambiente.Esiste("tessarc", "RegistriIva", {{"Tipo", "03"}})) return {};
+  return "Riavviare il programma ed creare almeno un registro IVA";
+}
+
+// --- Register ------------------------------------------------------------------------------------
+
+bool Fatture::Interno::LeggiRegistro(const std::string& riva) {
+  Rs letto = tessarc.Recordset("SELECT * FROM RegistriIva WHERE " + Criterio("Cod", "=", riva));
+  if (letto.Eof()) return false;
+  registro.cod = letto.Fields("Cod").Testo();
+  registro.tipo = letto.Fields("Tipo").Testo();
+  registro.descrizione = letto.Fields("Descrizione").Testo();
+  registro.conto = letto.Fields("Conto").Testo();
+  registro.contoCassa = letto.Fields("ContoCassa").Testo();
+  registro.contoRicavi = letto.Fields("ContoRicaviCorrisp").Testo();
+  registro.codIva = letto.Fields("CodIva").Testo();
+  registro.mensile = letto.Fields("RegMensileCorrisp").Booleano();
+  tipo = TrovaTipoRegistro(registro.tipo);
+  stato = Stato::ConRegistro;
+  return true;
+}
+
+bool Fatture::ScegliRegistro(const std::string& riva) {
+  Interno& io = *interno_;
+  const std::string cod(Rifila(riva));
+  if (cod.empty()) {
+    io.Avviso("inserire codice registro iva");
+    return false;
+  }
+  Abbandona();
+  if (!io.LeggiRegistro(cod)) {
+    io.Avviso("registro iva " + cod +
+              " non trovato: i registri sono in Archivi, Contabilità, "
+              "Registri Iva");
+    return false;
+  }
+  if (io.registro.conto.empty()) {
+    io.Avviso("Sul registro iva " + io.registro.cod + " " + io.registro.descrizione +
+              "\r\nbisogna inserire il conto iva per poter effettuare le registrazioni");
+  }
+  return true;
+}
+
+const RegistroScelto& Fatture::Registro() const {
+  return interno_->registro;
+}
+
+std::string Fatture::TitoloNuova() const {
+  return std::string(DidascaliaRegistrazione(interno_->registro.tipo, interno_->registro.mensile));
+}
+
+std::string Fatture::ClasseParte() const {
+  return interno_->tipo == nullptr ? std::string() : std::string(interno_->tipo->cfp);
+}
+
+std::string Fatture::EtichettaParte() const {
+  const std::string classe = ClasseParte();
+  return classe == "C" ? "Cliente" : classe == "F" ? "Fornitore" : "Conto cassa";
+}
+
+std::string Fatture::TestoRiprotocollo() const {
+  if (interno_->Tipo({"03"})) {
+    return "Riprotocollo automatico fatture acquisto per data registrazione";
+  }
+  if (interno_->Tipo({"02", "07", "09"})) {
+    return "Riprotocollo automatico corrispettivi per data registrazione";
+  }
+  return {};
+}
+
+std::int64_t Fatture::ProbabileNumDoc() {
+  return ProssimoNumDoc(interno_->ambiente, interno_->ambiente.Anno());
+}
+
+std::int64_t Fatture::ProbabileNProt() {
+  return ProssimoNProt(interno_->ambiente, interno_->ambiente.Anno(), interno_->registro.cod);
+}
+
+// --- Opening -------------------------------------------------------------------------------------
+
+void Fatture::Interno::AssicuraCodiceVentilazione() {
+  if (ambiente.Esiste("tessarc", "CodiciIva", {{"Cod", std::string(kCodiceVentilazione)}})) return;
+  ambiente.Dialogo().Messaggio(
+      "Verrà creato un codice iva 'ZCOR' che servirà al programma al momento della chiusura "
+      "periodica iva");
+  tessarc.Inserisci("CodiciIva", {{"Cod", std::string(kCodiceVentilazione)},
+                                  {"Descrizione", "VENTILZ.CORRISP."}});
+}
+
+void Fatture::Interno::PreparaOpzioni() {
+  testa.Scrivi("CausaleIntra", ambiente.Config("CausaleIntraCosto_a_Forn"));
+  testa.Scrivi("NoIntraCosto_a_Forn", ImpostazioneAttiva(ambiente, "NoIntraCosto_a_Forn"));
+  Rs acquisti = tessarc.Recordset("SELECT Cod FROM RegistriIva WHERE Tipo='05' ORDER BY Cod");
+  if (!acquisti.Eof()) testa.Scrivi("RivaIntra", acquisti.Fields(0));
+  for (const auto& [campo, valore] : ricordati) testa.Scrivi(campo, valore);
+}
+
+void Fatture::Interno::PreparaNuova() {
+  testa.Svuota();
+  anno = ambiente.Anno();
+  nuova = true;
+  dataAvvisata = {};
+  const std::int64_t nProt = ProssimoNProt(ambiente, anno, registro.cod);
+  testa.Scrivi("Riva", registro.cod);
+  testa.Scrivi("CFPx", std::string(tipo->cfp));
+  const auto ultima = ultimi.find("Dt");
+  testa.Scrivi("Dt", ultima == ultimi.end() ? Valore(ambiente.Ora().Oggi()) : ultima->second);
+  testa.Scrivi("ProbabileNumDoc", std::to_string(ProssimoNumDoc(ambiente, anno)));
+  testa.Scrivi("ProbabileNProt", std::to_string(nProt));
+  if (tipo->corrispettivi) {
+    testa.Scrivi("Contox", registro.contoCassa);
+    testa.Scrivi("DtFat", D("Dt"));
+  }
+  if (tipo->corrispettivi || Tipo({"01"})) testa.Scrivi("NFat", std::to_string(nProt));
+  PreparaOpzioni();
+  descrizioneProposta = DescrizioneProposta();
+  testa.Scrivi("Descrizionex", descrizioneProposta);
+  testa.Consolida();
+  stato = Stato::Aperta;
+}
+
+bool Fatture::Nuovo() {
+  Interno& io = *interno_;
+  Abbandona();
+  if (io.registro.cod.empty() || !io.LeggiRegistro(io.registro.cod)) {
+    io.Avviso("inserire codice registro iva");
+    return false;
+  }
+  if (io.registro.conto.empty()) {
+    io.Avviso("per effettuare registrazioni sul registro iva " + io.registro.cod +
+              " è necessario inserire il conto iva da : menu->archivi->registri iva");
+    return false;
+  }
+  if (io.tipo == nullptr || io.tipo->cfp.empty()) {
+    io.Avviso("non su può registrare su un registro di tipo " + io.registro.tipo + "!\r\n" +
+              io.registro.descrizione +
+              " viene aggiornato automaticamente inserendo la data incasso sulle fatture in "
+              "sospensione iva");
+    return false;
+  }
+  if (io.Tipo({"05"})) {
+    io.Avviso(
+        "Attenzione: le registrazioni di fatture con con sistema del reverse charge (intra e "
+        "altro) si effettuano sul registro di tipo 04 ed il programma provvede ad inserirle anche "
+        "su quello di tipo 05");
+  }
+  if (MostraIntra() && !io.ambiente.Esiste("tessarc", "RegistriIva", {{"Tipo", "05"}})) {
+    io.Avviso(
+        "Riavviare il programma ed creare almeno un registro IVA di tipo 05=intra su acquisti");
+    return false;
+  }
+  try {
+    if (io.Tipo({"07"})) io.AssicuraCodiceVentilazione();
+    io.PreparaNuova();
+  } catch (const std::exception& errore) {
+    io.NonRiuscito("nuova registrazione", errore);
+    return false;
+  }
+  return true;
+}
+
+Rs Fatture::Interno::TrovaTestata(std::int64_t numDoc) const {
+  return tessarc.Recordset("SELECT * FROM ZarticoliFatture WHERE " +
+                           Criterio("NumDoc", "=", numDoc) + " and " +
+                           Criterio("Anno", "=", ambiente.Anno()));
+}
+
+void Fatture::Interno::CaricaTesta(const Rs& record) {
+  testa.Svuota();
+  for (const char* campo :
+       {"Riva", "NumDoc", "Dt", "DtFat", "NFat", "Pagamento", "Ep", "DtIncasso", "NVarAnPrec"}) {
+    testa.Scrivi(campo, record.Fields(campo));
+  }
+  testa.Scrivi("NProt", std::to_string(record.Fields("NProt").Intero()));
+  testa.Scrivi("Contox", record.Fields("Conto"));
+  testa.Scrivi("CFPx", record.Fields("CFP"));
+  anno = ambiente.Anno();
+  numeroRecord = record.Fields("NumDoc").Intero();
+  nProtRecord = record.Fields("NProt").Intero();
+  idRecord = record.Fields("ID").Intero();
+  pagamentoRecord = record.Fields("Pagamento").Testo();
+  for (auto& letta : LeggiRigheIva(tessarc, anno, numeroRecord)) {
+    if (letta.tipoRiga == TipoRigaIva::Parte) testa.Scrivi("Descrizionex", letta.descrizione);
+    if (letta.tipoRiga == TipoRigaIva::Imponibile) righe.push_back(std::move(letta));
+  }
+  testa.Consolida();
+}
+
+bool Fatture::Apri(std::int64_t numDoc) {
+  Interno& io = *interno_;
+  if (io.TrovaTestata(numDoc).Eof()) return false;
+  Abbandona();
+  auto preso = io.ambiente.Basi().Blocchi().Record(
+      "ARTICOLI", std::to_string(io.ambiente.Anno()) + "|" + std::to_string(numDoc));
+  // Read under the lock: until now another station could still change it.
+  Rs record = io.TrovaTestata(numDoc);
+  if (record.Eof() || !io.LeggiRegistro(record.Fields("Riva").Testo())) return false;
+  const auto origine = record.Fields("CREATOINAUTOMATICO").Intero();
+  if (origine >= static_cast<int>(Origine::ReverseCharge) &&
+      origine <= static_cast<int>(Origine::RitenutaAcconto)) {
+    io.Avviso(
+        "ATTENZIONE : si tratta di una registrazione che ha creato automaticamente altre "
+        "operazioni contabili (ritenuta acconto, fattura intra, bolla doganale)");
+  } else if (origine != 0) {
+    io.Avviso(
+        "ATTENZIONE : si tratta di una registrazione creata automaticamente. (p.es. 'emissione "
+        "fatture', 'fatture intracee', ...) ");
+  }
+  io.CaricaTesta(record);
+  const auto stampato = io.ambiente
+                            .Max("UltProtSt", "UltProtStRegIva",
+                                 {{"Anno", io.anno}, {"Riva", io.registro.cod}}, io.tessarc)
+                            .Intero();
+  const Data giornale = io.ambiente.Max("dt", "UltimaDataLibro", {}, io.tessarc).Data();
+  if (!preso.Riuscito()) {
+    io.soloLettura = "la registrazione n. " + std::to_string(numDoc) + " è in modifica " +
+                     preso.Errore().Descrizione();
+  } else if (io.nProtRecord <= stampato) {
+    io.soloLettura = "documento già stampato su registro iva";
+  } else if (!giornale.Nulla() && io.D("Dt") <= giornale) {
+    io.soloLettura =
+        "data registrazione contabile antecedente all'ultima data già stampata su libro giornale";
+  } else {
+    io.blocco = std::move(preso).Valore();
+  }
+  if (!io.soloLettura.empty()) io.Avviso(io.soloLettura);
+  io.CalcolaTotali();
+  io.testa.Scrivi("TotaleXVerifica", io.totali.Totale());
+  io.testa.Consolida();
+  io.stato = Stato::Aperta;
+  return true;
+}
+
+void Fatture::Abbandona() {
+  interno_->ChiudiRecord();
+}
+
+// --- Options -------------------------------------------------------------------------------------
+
+bool Fatture::MostraIntra() const {
+  return interno_->Tipo({"04"}) && interno_->AutomaticoIntra();
+}
+
+bool Fatture::MostraBollaDoganale() const {
+  return interno_->Tipo({"03"}) &&
+         UgualeTesto(Rifila(interno_->ambiente.Config("RegAutoBolleDoganali")), "SI");
+}
+
+bool Fatture::MostraRitenute() const {
+  return interno_->Tipo({"01", "03", "06", "11"}) &&
+         UgualeTesto(Rifila(interno_->ambiente.Config("RITENUTAACCONTO")), "SI");
+}
+
+bool Fatture::MostraDtIncasso() const {
+  return interno_->Tipo({"06"}) || interno_->B("Ep");
+}
+
+std::string Fatture::NotaPagamento() const {
+  const auto codice = LeggiCodicePagamento(interno_->ambiente, interno_->T("Pagamento"));
+  return codice ? InformazioneCodice(*codice) : std::string();
+}
+
+std::optional<Valore> Fatture::Precedente(std::string_view campo) const {
+  const auto trovato =
+      std::find_if(interno_->ultimi.begin(), interno_->ultimi.end(),
+                   [&](const auto& voce) { return UgualeTesto(voce.first, campo); });
+  if (trovato == interno_->ultimi.end()) return std::nullopt;
+  return trovato->second;
+}
+
+bool Fatture::VerificaTotale() const {
+  return UgualeTesto(interno_->ambiente.LeggiImpostazione(FileStazione(interno_->ambiente),
+                                                          kOpzioni, "TotaleXVerifica"),
+                     "SI");
+}
+
+void Fatture::VerificaTotale(bool attiva) {
+  interno_->ambiente.ScriviImpostazione(FileStazione(interno_->ambiente), kOpzioni,
+                                        "TotaleXVerifica", attiva ? "Si" : "No");
+}
+
+bool Fatture::VerificaFatForn() const {
+  return UgualeTesto(interno_->ambiente.LeggiImpostazione(FileStazione(interno_->ambiente),
+                                                          kOpzioni, "VerifFatForn"),
+                     "SI");
+}
+
+void Fatture::VerificaFatForn(bool attiva) {
+  interno_->ambiente.ScriviImpostazione(FileStazione(interno_->ambiente), kOpzioni, "VerifFatForn",
+                                        attiva ? "Si" : "No");
+}
+
+}  // namespace fenalto

@@ -1,0 +1,270 @@
+// Confirming and deleting a VAT registration: the numbers, the one transaction, what is told after.
+#include <limits>
+#include <utility>
+
+#include "core/sql/Criterio.h"
+#include "core/values/Testo.h"
+#include "vat/DatiIva.h"
+#include "vat/FattureInterno.h"
+
+namespace fenalto {
+namespace {
+
+/// Fields that the next registration may repeat.
+constexpr const char* kRipetibili[] = {"Contox", "Pagamento", "Descrizionex", "NFat",
+                                       "DtFat",  "Dt",        "NProt",        "Riva"};
+/// Fields that the next registration begins with.
+constexpr const char* kMantenuti[] = {"FornitoreIntra", "ContoCostiIntra", "FornitoreBollaDog",
+                                      "CausaleRitAcc1", "ContoRitAcc1",    "CausaleRitAcc2",
+                                      "ContoRitAcc2"};
+
+}  // namespace
+
+// --- Numbers -------------------------------------------------------------------------------------
+
+std::int64_t Fatture::Interno::NProtForzato() const {
+  const std::string digitato(Rifila(T("NProt")));
+  return digitato.empty() ? 0 : Valore(digitato).Intero();
+}
+
+bool Fatture::Interno::NumeroOccupato() {
+  const std::int64_t numero = testa.Leggi("NumDoc").Intero();
+  if (numero == numeroRecord || numero == 0) return false;
+  return ambiente.Esiste("tessarc", "Articoli", {{"Anno", anno}, {"NumDoc", numero}}, "articolo");
+}
+
+bool Fatture::Interno::ProtocolloOccupato() {
+  const std::int64_t nProt = NProtForzato();
+  if (nProt == nProtRecord || nProt == 0) return false;
+  if (!ambiente.Esiste("tessarc", "Articoli",
+                       {{"Anno", anno}, {"riva", registro.cod}, {"nprot", nProt}})) {
+    return false;
+  }
+  Avviso("è stato forzato un numero di protocollo iva già esistente");
+  return true;
+}
+
+int Fatture::Interno::OrigineNuova() const {
+  if (B("RitAcc")) return static_cast<int>(Origine::RitenutaAcconto);
+  if (B("BollaDog")) return static_cast<int>(Origine::BollaDoganale);
+  if (Tipo({"04"}) && AutomaticoIntra()) return static_cast<int>(Origine::ReverseCharge);
+  return static_cast<int>(Origine::Manuale);
+}
+
+// --- Writing -------------------------------------------------------------------------------------
+
+void Fatture::Interno::ScriviTesta(Scritta& scritta) {
+  std::vector<Coppia> campi = {{"Anno", anno},
+                               {"NumDoc", scritta.numDoc},
+                               {"Dt", D("Dt")},
+                               {"CFP", T("CFPx")},
+                               {"Conto", T("Contox")},
+                               {"Riva", registro.cod},
+                               {"NProt", scritta.nProt},
+                               {"DtFat", D("DtFat")},
+                               {"NFat", T("NFat")},
+                               {"Ep", B("Ep")},
+                               {"DtIncasso", D("DtIncasso")},
+                               {"Pagamento", T("Pagamento")},
+                               {"NVarAnPrec", B("NVarAnPrec")}};
+  if (nuova) {
+    campi.emplace_back("CREATOINAUTOMATICO", OrigineNuova());
+    tessarc.Inserisci("Articoli", campi);
+    return;
+  }
+  std::string testo;
+  for (const auto& [campo, valore] : campi) {
+    testo += (testo.empty() ? "update Articoli set " : ",") + campo + "=" + LetteraleSql(valore);
+  }
+  if (tessarc.Esegui(testo + " where " + Criterio("ID", "=", idRecord)) == 0) {
+    throw ErroreArchivio(ErroreArchivio::Causa::Mancante,
+                         "la registrazione n. " + std::to_string(numeroRecord) +
+                             " non c'è più: è stata eliminata mentre era aperta");
+  }
+}
+
+void Fatture::Interno::ScriviScadenze(Scritta& scritta, Importo daPagare) {
+  RichiestaScadenze richiesta;
+  richiesta.cfp = T("CFPx");
+  richiesta.conto = T("Contox");
+  richiesta.codPag = T("Pagamento");
+  richiesta.data = D("DtFat").Nulla() ? D("Dt") : D("DtFat");
+  richiesta.importo = daPagare;
+  richiesta.iva = totali.iva + totali.ivaInd;
+  richiesta.descrizione = T("Descrizionex");
+  richiesta.dataFat = D("DtFat");
+  richiesta.numFat = T("NFat");
+  richiesta.numProt = scritta.nProt;
+  richiesta.riva = registro.cod;
+  richiesta.anno = anno;
+  richiesta.articolo = scritta.numDoc;
+  richiesta.programma = "fatture";
+  CreaScadenze(ambiente, richiesta, scritta.log.testo, scritta.log.avvisi);
+}
+
+void Fatture::Interno::ScriviSeguito(Scritta& scritta) {
+  if (Tipo({"02", "07", "04", "05", "09"})) return;
+  Importo daPagare = totali.Totale();
+  if (B("RitAcc")) daPagare -= I("ImportoRitAcc1") + I("ImportoRitAcc2");
+  if (nuova) {
+    CreaContabPagamento(
+        ambiente,
+        {T("CFPx"), T("Contox"), T("Pagamento"), T("Descrizionex"), daPagare, D("Dt"), anno},
+        scritta.log);
+    ScriviScadenze(scritta, daPagare);
+    return;
+  }
+  // A code taken away takes its due dates with it.
+  if (T("Pagamento").empty() && pagamentoRecord.empty()) return;
+  const bool aggiorna =
+      ambiente.Cerca("tessarc", "Pagamento", {{"Cod", T("Pagamento")}}, "AggiornaScad").Booleano();
+  if (!aggiorna && !T("Pagamento").empty()) {
+    const bool esistono =
+        ambiente.Esiste("scadenzario", "Scadenze", {{"Anno", anno}, {"Articolo", numeroRecord}});
+    if (esistono) {
+      scritta.log.Riga(
+          "queste scadenze potrebbero essere già state modificate manualmente (oppure sono "
+          "pagate)");
+    }
+    return;
+  }
+  const bool libere = EliminaScadenzeFattura(ambiente, anno, numeroRecord, scritta.log.testo);
+  if (libere && !T("Pagamento").empty()) ScriviScadenze(scritta, daPagare);
+}
+
+void Fatture::Interno::ScriviAutomatiche(Scritta& scritta) {
+  if (!nuova) return;
+  const ArticoloOrigine origine{anno, scritta.numDoc};
+  if (Tipo({"04"}) && AutomaticoIntra()) {
+    RegistraIntra(ambiente, origine,
+                  {T("RivaIntra"), B("NoIntraCosto_a_Forn"), T("CausaleIntra"), T("FornitoreIntra"),
+                   T("ContoCostiIntra"), T("PagamentoIntra")},
+                  scritta.log);
+  }
+  if (B("BollaDog")) {
+    RegistraBollaDoganale(ambiente, origine,
+                          {T("FornitoreBollaDog"), T("CausaleBollaDog"), T("PagamentoBollaDog")},
+                          scritta.log);
+  }
+  if (!B("RitAcc")) return;
+  RegistraGiroRitenuta(ambiente, origine,
+                       {T("CausaleRitAcc1"), T("ContoRitAcc1"), I("ImportoRitAcc1")}, scritta.log);
+  if (I("ImportoRitAcc2").Zero()) return;
+  RegistraGiroRitenuta(ambiente, origine,
+                       {T("CausaleRitAcc2"), T("ContoRitAcc2"), I("ImportoRitAcc2")}, scritta.log);
+}
+
+Fatture::Interno::Scritta Fatture::Interno::Scrivi() {
+  Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
+  Scritta scritta;
+  scritta.nProt =
+      NProtForzato() != 0 ? NProtForzato() : ProssimoNProt(ambiente, anno, registro.cod);
+  scritta.numDoc = testa.Leggi("NumDoc").Intero();
+  if (scritta.numDoc == 0) scritta.numDoc = ProssimoNumDoc(ambiente, anno);
+  auto complete = CreaRigheIvaCli(Documento(scritta.numDoc), RigheCompilate());
+  if (!complete) throw ErroreArchivio(ErroreArchivio::Causa::Altro, complete.Errore().messaggio);
+  if (!nuova) {
+    tessarc.Esegui("delete * from Movimenti where " + Criterio("NumDoc", "=", numeroRecord) +
+                   " and " + Criterio("anno", "=", anno));
+  }
+  // The head first: the rows then take its date as they are written.
+  ScriviTesta(scritta);
+  for (const auto& fatta : complete.Valore().righe) ScriviRigaIva(tessarc, fatta);
+  if (!complete.Valore().avviso.empty()) scritta.log.avvisi.push_back(complete.Valore().avviso);
+  ScriviSeguito(scritta);
+  ScriviAutomatiche(scritta);
+  transazione.Conferma();
+  return scritta;
+}
+
+// --- After ---------------------------------------------------------------------------------------
+
+void Fatture::Interno::Ricorda() {
+  for (const char* campo : kRipetibili) ultimi[campo] = testa.Leggi(campo);
+  for (const char* campo : kMantenuti) ricordati[campo] = testa.Leggi(campo);
+}
+
+void Fatture::Interno::Annuncia(const Scritta& scritta) {
+  for (const auto& avviso : scritta.log.avvisi) Avviso(avviso);
+  const std::string descrConto =
+      NzStr(ambiente.Cerca("tessarc", "ContiClientiFornitori",
+                           {{"Cod", T("Contox")}, {"CFP", T("CFPx")}}, "Descrizione"));
+  std::string testo = "Annotare il numero sul documento.\n\nRegistro iva " + registro.cod +
+                      " - N.Prot.IVA " + std::to_string(scritta.nProt) + " - Articolo Contabile" +
+                      std::to_string(scritta.numDoc);
+  testo += "\n\nRegistro iva: " + registro.cod + " " + registro.descrizione;
+  testo += "\nData registrazione: " + D("Dt").Testo();
+  testo += "\nConto: " + T("Contox") + " " + descrConto;
+  testo += "\nData fattura: " + D("DtFat").Testo();
+  testo += "\nNumero fattura: " + T("NFat");
+  testo += "\nArticolo n.: " + std::to_string(scritta.numDoc);
+  const std::string log = scritta.log.testo;
+  ambiente.Dialogo().Messaggio(testo);
+  if (!log.empty()) ambiente.Dialogo().Messaggio(log);
+}
+
+void Fatture::Interno::NonRiuscito(const std::string& azione, const std::exception& errore) {
+  ambiente.Dialogo().Messaggio(
+      azione + " non riuscita: " + errore.what() +
+          "\nNon è stato scritto nulla: la registrazione è ancora sullo schermo, si può riprovare",
+      Icona::Errore);
+}
+
+bool Fatture::Conferma(std::string* campo) {
+  Interno& io = *interno_;
+  if (!io.Aperta() || io.RigaInCorso() || io.RifiutaSolaLettura()) return false;
+  io.NumeroLasciato();
+  Interno::Scritta scritta;
+  try {
+    if (const auto rifiuto = io.Controlla()) {
+      if (!rifiuto->messaggio.empty()) io.Avviso(rifiuto->messaggio);
+      if (campo != nullptr) *campo = rifiuto->campo;
+      return false;
+    }
+    if (io.NumeroOccupato()) return false;
+    const Blocco numerazione = io.ambiente.BloccaTabella("ARTICOLI", true);
+    if (!numerazione.Tenuto()) return false;
+    // Another station may have taken a typed number since the first look.
+    if (io.NumeroOccupato() || io.ProtocolloOccupato()) return false;
+    scritta = io.Scrivi();
+  } catch (const std::exception& errore) {
+    io.NonRiuscito("conferma della registrazione", errore);
+    return false;
+  }
+  io.testa.Scrivi("NProt", std::to_string(scritta.nProt));
+  io.numeroConfermato = scritta.numDoc;
+  io.Ricorda();
+  io.Annuncia(scritta);
+  io.ChiudiRecord();
+  return true;
+}
+
+std::int64_t Fatture::NumeroConfermato() const {
+  return interno_->numeroConfermato;
+}
+
+bool Fatture::Elimina() {
+  Interno& io = *interno_;
+  if (!io.Aperta() || io.nuova || io.RigaInCorso() || io.RifiutaSolaLettura()) return false;
+  if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione ARTICOLO CONTABILE ?")) return false;
+  std::string log;
+  try {
+    Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
+    const std::string chiave =
+        Criterio("NumDoc", "=", io.numeroRecord) + " and " + Criterio("anno", "=", io.anno);
+    io.tessarc.Esegui("delete * from Movimenti where " + chiave);
+    io.tessarc.Esegui("delete * from Articoli where " + chiave);
+    EliminaScadenzeFattura(io.ambiente, io.anno, io.numeroRecord, log);
+    transazione.Conferma();
+  } catch (const std::exception& errore) {
+    io.NonRiuscito("eliminazione della registrazione", errore);
+    return false;
+  }
+  io.ambiente.Dialogo().Messaggio("N.Prot.IVA " + std::to_string(io.nProtRecord) +
+                                  " - Articolo Contabile" + std::to_string(io.numeroRecord) +
+                                  " eliminato" + (log.empty() ? "" : "\n" + log));
+  io.ChiudiRecord();
+  return true;
+}
+
+}  // namespace fenalto

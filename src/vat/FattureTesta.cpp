@@ -1,0 +1,144 @@
+// The head of a VAT registration: what follows each field that is left.
+#include <algorithm>
+#include <limits>
+
+#include "core/sql/Criterio.h"
+#include "core/values/Testo.h"
+#include "ledger/ControlliData.h"
+#include "vat/FattureInterno.h"
+
+namespace fenalto {
+namespace {
+
+constexpr int kMesiTrimestre = 3;
+
+/// Key of the period that a date falls in: month or quarter.
+std::string Periodo(Data data, bool trimestrale) {
+  const int mese = data.Mese();
+  if (trimestrale) return "T" + std::to_string((mese - 1) / kMesiTrimestre + 1);
+  return (mese < 10 ? "0" : "") + std::to_string(mese);
+}
+
+}  // namespace
+
+// --- Description ---------------------------------------------------------------------------------
+
+std::string Fatture::Interno::DescrizioneProposta() const {
+  const Data data = D("DtFat");
+  if (tipo == nullptr) return {};
+  if (!tipo->corrispettivi) {
+    if (T("NFat").empty() && data.Nulla()) return {};
+    return "FATT." + T("NFat") + " Del " + data.Testo();
+  }
+  if (!registro.mensile) return "CORRISPETTIVI Del " + data.Testo();
+  return "CORRISPETTIVI MESE " + std::to_string(data.Mese()) + "/" + std::to_string(data.Anno());
+}
+
+void Fatture::Interno::ImponiDescrizione(const std::string& testo) {
+  const std::string prima = T("Descrizionex");
+  testa.Scrivi("Descrizionex", testo);
+  for (auto& esistente : righe) {
+    if (esistente.descrizione == prima) esistente.descrizione = testo;
+  }
+  if (stato == Stato::RigaAperta && riga.Testo("Descrizione") == prima) {
+    riga.Scrivi("Descrizione", testo);
+  }
+  descrizioneProposta = testo;
+}
+
+void Fatture::Interno::AggiornaDescrizione(std::string_view domanda) {
+  const std::string proposta = DescrizioneProposta();
+  const std::string attuale = T("Descrizionex");
+  if (proposta.empty() || attuale == proposta) return;
+  const bool intatta = nuova && (attuale.empty() || attuale == descrizioneProposta);
+  if (intatta || ambiente.Dialogo().Conferma(std::string(domanda))) ImponiDescrizione(proposta);
+}
+
+// --- Numbers and dates ---------------------------------------------------------------------------
+
+void Fatture::Interno::NumeroLasciato() {
+  const std::int64_t numero = testa.Leggi("NumDoc").Intero();
+  if (numero <= 0 || numero > std::numeric_limits<std::int32_t>::max()) {
+    testa.Scrivi("NumDoc", numeroRecord);
+  }
+}
+
+bool Fatture::Interno::PeriodoChiuso() {
+  const bool trimestrale =
+      ambiente.Cerca("tessarc", "Anni", {{"Anno", ambiente.Anno()}}, "IvaTrimestrale").Booleano();
+  const bool chiuso =
+      ambiente.Esiste("tessarc", "CHIUSUREIVA",
+                      {{"MeseTrimestre", Periodo(D("Dt"), trimestrale)}, {"ANNO", D("Dt").Anno()}});
+  if (chiuso) {
+    Avviso("La data registrazione è relativa ad un periodo già stampato sul registro iva");
+  }
+  return chiuso;
+}
+
+void Fatture::Interno::AvvisaDataInferiore() {
+  if (!nuova || dataAvvisata == D("Dt")) return;
+  const Data ultima =
+      ambiente.Max("dt", "Articoli", {{"Anno", anno}, {"riva", registro.cod}}, tessarc).Data();
+  if (D("Dt") >= ultima) return;
+  dataAvvisata = D("Dt");
+  Avviso("data registrazione inferiore a quella dell'ultima fattura registrata");
+}
+
+void Fatture::Interno::AvvisaDataFattura() {
+  if (!D("DtFat").Nulla() && !D("Dt").Nulla() && D("DtFat") > D("Dt")) {
+    Avviso("data fattura successiva alla data registrazione");
+  }
+}
+
+void Fatture::Interno::DataLasciata() {
+  dataAvvisata = {};
+  ControlloAnno(ambiente, D("Dt"), false);
+  ControlloDataGiornale(ambiente, D("Dt"));
+  AvvisaDataInferiore();
+  PeriodoChiuso();
+  if (tipo != nullptr && tipo->corrispettivi && nuova) {
+    testa.Scrivi("DtFat", D("Dt"));
+    AggiornaDescrizione(
+        "E'stata modificata la data: si vuole cambiare automaticamente anche la descrizione ?");
+    return;
+  }
+  AvvisaDataFattura();
+}
+
+// --- Party ---------------------------------------------------------------------------------------
+
+void Fatture::Interno::ParteScelta() {
+  if (B("BollaDog")) return;
+  if (!Tipo({"01", "06", "03", "11"})) return;
+  if (const std::string pagamento = NzStr(DellaParte("Pagamento")); !pagamento.empty()) {
+    testa.Scrivi("Pagamento", pagamento);
+  }
+  if (Tipo({"01", "06"})) testa.Scrivi("Ep", DellaParte("Ep").Booleano());
+}
+
+void Fatture::TestaLasciata(std::string_view campo) {
+  Interno& io = *interno_;
+  if (!io.Aperta() || SolaLettura()) return;
+  if (UgualeTesto(campo, "NumDoc")) io.NumeroLasciato();
+  if (UgualeTesto(campo, "Dt")) io.DataLasciata();
+  if (UgualeTesto(campo, "Contox")) io.ParteScelta();
+  if (UgualeTesto(campo, "NFat")) {
+    io.AggiornaDescrizione(
+        "E'stato modificato il n.fattura: si vuole cambiare automaticamente anche la descrizione "
+        "?");
+  }
+  if (UgualeTesto(campo, "DtFat")) {
+    io.AvvisaDataFattura();
+    io.AggiornaDescrizione(
+        "E'stata modificata la data: si vuole cambiare automaticamente anche la descrizione ?");
+  }
+  if (UgualeTesto(campo, "Descrizionex") && io.nuova) {
+    // The text of the rows goes with that of the registration until someone types another.
+    const std::string nuovo = io.T("Descrizionex");
+    for (auto& riga : io.righe) {
+      if (riga.descrizione == io.descrizioneProposta) riga.descrizione = nuovo;
+    }
+  }
+}
+
+}  // namespace fenalto
