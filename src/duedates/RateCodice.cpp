@@ -1,6 +1,7 @@
 #include "duedates/RateCodice.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
@@ -118,6 +119,16 @@ bool RateCodice::ApriRiga(const std::string& rata) {
   rataPrima_ = trovata->rata;
   Mostra(*trovata);
   return true;
+}
+
+void RateCodice::Lasciato(const std::string& campo) {
+  constexpr const char* kModi[] = {"FineMese", "DataFattura", "GiornoFisso"};
+  const auto modo = [&](const char* nome) { return UgualeTesto(nome, campo); };
+  if (std::none_of(std::begin(kModi), std::end(kModi), modo) || !riga_.Leggi(campo).Booleano())
+    return;
+  for (const char* altro : kModi) {
+    if (!modo(altro)) riga_.Scrivi(altro, false);
+  }
 }
 
 bool RateCodice::Rifiuta(const char* messaggio, const char* campo, Rifiuto* rifiuto) {

@@ -35,6 +35,9 @@ class RateCodice {
   bool NuovaRiga();
   /// Opens the row of that number; false when there is none.
   bool ApriRiga(const std::string& rata);
+  /// A field of the row was left with a new value: of the three ways of fixing a date only the last
+  /// one chosen stays.
+  void Lasciato(const std::string& campo);
   /// Checks the row and keeps it; otherwise tells why, and `rifiuto` names the field to go to.
   bool ConfermaRiga(Rifiuto* rifiuto = nullptr);
   /// Asks and deletes the row in edit; gives a new one up.

@@ -12,6 +12,7 @@
 #include <QTranslator>
 
 #include "screens/common/FinestraArchivio.h"
+#include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/ledger/FinestraBilancioVerifica.h"
 #include "screens/ledger/FinestraGiornale.h"
 #include "screens/ledger/FinestraMovimenti.h"
@@ -55,6 +56,7 @@ Applicazione::~Applicazione() {
 
 FinestraPrincipale::Costruttori Applicazione::Costruttori() {
   FinestraPrincipale::Costruttori costruttori{
+      {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
