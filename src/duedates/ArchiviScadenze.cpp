@@ -51,18 +51,18 @@ DescrizioneArchivio Banche() {
   banche.campoDescrizione = "Nome";
   banche.titoloNuovo = "nuova banca";
   banche.titoloRecord = "banca ";
-  banche.campi = {
-      {.nome = "Agenzia", .didascalia = "Agenzia", .caratteri = 50, .elenco = true},
-      {.nome = "Abi", .didascalia = "ABI", .caratteri = 5, .elenco = true},
-      {.nome = "CAB", .didascalia = "CAB", .caratteri = 5, .elenco = true},
-      {.nome = "ContoCorrente", .didascalia = "Conto corrente", .caratteri = 12, .elenco = true},
-      {.nome = "Cin", .didascalia = "CIN", .caratteri = 1, .maiuscole = true},
-      {.nome = "paese", .didascalia = "Paese", .caratteri = 2, .maiuscole = true},
-      {.nome = "CinInt", .didascalia = "CIN internazionale", .caratteri = 2},
-      {.nome = "Bic", .didascalia = "BIC", .caratteri = 11, .maiuscole = true},
-      {.nome = "CodSia", .didascalia = "Codice SIA", .caratteri = 5, .maiuscole = true},
-      {.nome = "NUltDistinta", .didascalia = "N. ultima distinta Ri.Ba."},
-      {.nome = "NUltDistintaBonifici", .didascalia = "N. ultima distinta bonifici"}};
+  banche.campi = {{.nome = "Nome", .didascalia = "Nome", .caratteri = 50},
+                  {.nome = "Agenzia", .didascalia = "Agenzia", .caratteri = 50, .elenco = true},
+                  {.nome = "Abi", .didascalia = "ABI", .caratteri = 5, .elenco = true},
+                  {.nome = "CAB", .didascalia = "CAB", .caratteri = 5, .elenco = true},
+                  {.nome = "ContoCorrente", .didascalia = "Conto corrente", .caratteri = 12},
+                  {.nome = "Cin", .didascalia = "CIN", .caratteri = 1, .maiuscole = true},
+                  {.nome = "paese", .didascalia = "Paese", .caratteri = 2, .maiuscole = true},
+                  {.nome = "CinInt", .didascalia = "CIN internazionale", .caratteri = 2},
+                  {.nome = "Bic", .didascalia = "BIC", .caratteri = 11, .maiuscole = true},
+                  {.nome = "CodSia", .didascalia = "Codice SIA", .caratteri = 5, .maiuscole = true},
+                  {.nome = "NUltDistinta", .didascalia = "N. ultima distinta Ri.Ba."},
+                  {.nome = "NUltDistintaBonifici", .didascalia = "N. ultima distinta bonifici"}};
   banche.controlli = {ControllaAbi, ControllaCab, ControllaSia};
   return banche;
 }
