@@ -106,7 +106,9 @@ TEST(LettoreValori, ImportiSecondoLaColonna) {
     for (const auto& altro : caso.colonna) stile.Guarda(altro);
     const auto letto = LeggiImportoDiFile(caso.testo, stile.Stile());
     ASSERT_EQ(letto.Riuscito(), caso.atteso != nullptr) << caso.testo;
-    if (letto) EXPECT_EQ(letto.Valore().Testo(), caso.atteso) << caso.testo;
+    if (letto) {
+      EXPECT_EQ(letto.Valore().Testo(), caso.atteso) << caso.testo;
+    }
   }
 }
 
