@@ -133,6 +133,7 @@ QLayout* FinestraImporta::Interno::CreaTesta() {
 }
 
 QWidget* FinestraImporta::Interno::CreaGriglie() {
+  constexpr int kMeta = 600;  // of the splitter, which shares its width in this proportion
   const QString nome = QStringLiteral("Importa");
   colonne = new Griglia(QStringLiteral("GrigliaColonne"), nome,
                         {{tr("Colonna del file"), Tipo::Testo, 150},
@@ -148,11 +149,13 @@ QWidget* FinestraImporta::Interno::CreaGriglie() {
   postoAnteprima = new QWidget;
   auto* disposizione = new QVBoxLayout(postoAnteprima);
   disposizione->setContentsMargins(0, 0, 0, 0);
+  disposizione->addWidget(new QLabel(tr("Come saranno scritte le prime righe")));
+  disposizione->addStretch(0);
   auto* sopra = new QSplitter(Qt::Horizontal);
   sopra->addWidget(ConTitolo(tr("Dove va ogni colonna"), colonne));
   sopra->addWidget(postoAnteprima);
-  sopra->setStretchFactor(0, 1);
-  sopra->setStretchFactor(1, 1);
+  sopra->setChildrenCollapsible(false);
+  sopra->setSizes({kMeta, kMeta});
   auto* tutto = new QSplitter(Qt::Vertical);
   tutto->addWidget(sopra);
   tutto->addWidget(ConTitolo(tr("Righe sbagliate"), errori));
@@ -304,7 +307,7 @@ void FinestraImporta::Interno::MostraAnteprima() {
   anteprima =
       new Griglia(QStringLiteral("GrigliaAnteprima"), QStringLiteral("Importa"), std::move(titoli));
   anteprima->Modello().Righe(std::move(righe));
-  postoAnteprima->layout()->addWidget(anteprima);
+  qobject_cast<QVBoxLayout*>(postoAnteprima->layout())->insertWidget(1, anteprima, 1);
 }
 
 void FinestraImporta::Interno::MostraEsito(const EsitoImporta& trovato) {

@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include "screens/archives/FinestraImporta.h"
 #include "screens/common/FinestraArchivio.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/ledger/FinestraBilancioVerifica.h"
@@ -57,6 +58,7 @@ Applicazione::~Applicazione() {
 FinestraPrincipale::Costruttori Applicazione::Costruttori() {
   FinestraPrincipale::Costruttori costruttori{
       {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
+      {QStringLiteral("Importa"), Nuova<FinestraImporta>()},
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},

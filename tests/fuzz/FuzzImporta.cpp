@@ -1,0 +1,70 @@
+// A table of another program: any bytes. What is refused says why; what is taken is a table whose
+// values, read as each type of field, are refused with a reason or are what they were written as.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "core/archives/LettoreTabella.h"
+#include "core/archives/LettoreValori.h"
+#include "core/values/Testo.h"
+
+namespace {
+
+using namespace fenalto;
+
+void Pretendi(bool vero) {
+  if (!vero) std::abort();
+}
+
+/// The same amount in the writing of the column is read back.
+void ProvaImporto(const std::string& testo, Decimali stile) {
+  const auto letto = LeggiImportoDiFile(testo, stile);
+  if (!letto) {
+    Pretendi(Utf8Valido(letto.Errore().messaggio));
+    return;
+  }
+  const auto ancora = LeggiImportoDiFile(letto.Valore().Testo(), Decimali::Punto);
+  Pretendi(ancora.Riuscito() && ancora.Valore() == letto.Valore());
+}
+
+void ProvaValori(const std::string& testo, Decimali stile) {
+  ProvaImporto(testo, stile);
+  if (const auto data = LeggiDataDiFile(testo)) {
+    const auto ancora = LeggiDataDiFile(data.Valore().Testo());
+    Pretendi(ancora.Riuscito() && ancora.Valore() == data.Valore());
+  }
+  CampoImporta campo;
+  for (const Tipo tipo : {Tipo::Booleano, Tipo::Intero, Tipo::Testo}) {
+    const auto letto = LeggiValoreDiFile(testo, campo, tipo, stile);
+    if (!letto) {
+      Pretendi(!letto.Errore().messaggio.empty() && Utf8Valido(letto.Errore().messaggio));
+    } else if (tipo == Tipo::Testo) {
+      Pretendi(LunghezzaTesto(letto.Valore().RifTesto()) <= campo.lunghezza);
+    }
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
+  // libFuzzer speaks in bytes, the program in characters.
+  const auto letta =
+      LeggiTabellaDaTesto(std::string_view(reinterpret_cast<const char*>(dati), quanti));
+  if (!letta) {
+    Pretendi(!letta.Errore().messaggio.empty());
+    return 0;
+  }
+  const TabellaCsv& tabella = letta.Valore();
+  for (const auto& nome : tabella.nomi) Pretendi(!nome.empty());
+  for (std::size_t i = 0; i < tabella.nomi.size(); ++i) {
+    StileDecimali stile;
+    for (const auto& riga : tabella.righe) {
+      Pretendi(riga.campi.size() == tabella.nomi.size() && riga.linea > 0);
+      stile.Guarda(riga.campi[i]);
+    }
+    for (const auto& riga : tabella.righe) ProvaValori(riga.campi[i], stile.Stile());
+  }
+  return 0;
+}
