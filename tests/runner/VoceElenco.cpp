@@ -38,7 +38,10 @@ bool AltraPagina(QAbstractItemView& vista) {
 QModelIndex RamoDi(QTreeView& albero, int riga, int& contate) {
   contate = 0;
   const auto* modello = albero.model();
-  auto indice = modello->index(0, 0, albero.rootIndex());
+  // Only the first row has to be looked for: indexBelow passes over hidden ones by itself.
+  int prima = 0;
+  while (albero.isRowHidden(prima, albero.rootIndex())) ++prima;
+  auto indice = modello->index(prima, 0, albero.rootIndex());
   for (; indice.isValid(); indice = albero.indexBelow(indice)) {
     if (contate++ == riga) return indice;
   }

@@ -177,6 +177,12 @@ FinestraVisPdc::~FinestraVisPdc() {
 }
 
 void FinestraVisPdc::ApriCodice(const QString& codice) {
+  if (codice.isEmpty()) {
+    // What was searched last time stays, to be typed over.
+    interno_->cerca->setFocus();
+    interno_->cerca->selectAll();
+    return;
+  }
   interno_->cerca->clear();
   interno_->VaiA(codice);
 }
