@@ -158,6 +158,12 @@ std::string VariazioneDitta::Avviso(std::string_view campo) const {
   return {};
 }
 
+std::string VariazioneDitta::PercorsoBreve(const std::filesystem::path& percorso) const {
+  const auto relativo = percorso.lexically_relative(ambiente_.CartellaDitta());
+  const bool dentro = !relativo.empty() && *relativo.begin() != "..";
+  return dentro ? relativo.string() : percorso.string();
+}
+
 bool VariazioneDitta::Conferma() {
   for (const auto& campo : kCampi) {
     // A value that stood in the file may be out of bounds too.

@@ -39,6 +39,8 @@ class VariazioneDitta {
   bool CampoLasciato(std::string_view campo);
   /// What looks wrong in a field but is let go on (VAT number, tax code); empty when nothing does.
   [[nodiscard]] std::string Avviso(std::string_view campo) const;
+  /// A path as it is kept: from the company's folder when it lies inside it, whole otherwise.
+  [[nodiscard]] std::string PercorsoBreve(const std::filesystem::path& percorso) const;
   /// Asks, writes the year's row, then every key that is not in the file as it would be written,
   /// and tells. False when the user said no or something couldn't be written (it was told).
   bool Conferma();

@@ -58,13 +58,12 @@ std::string_view ControlloCodiceFiscale(std::string_view codiceFiscale) noexcept
   const std::string_view codice = Rifila(codiceFiscale);
   if (codice.empty()) return {};
   if (codice.size() == kSocieta && Cifra(codice[0])) {
-    return UndiciCifreValide(codice) ? std::string_view()
-                                     : "codice fiscale errato: la cifra di controllo non torna";
+    return UndiciCifreValide(codice) ? std::string_view() : "cifra di controllo errata";
   }
-  if (codice.size() != kPersona) return "il codice fiscale ha 16 caratteri, oppure 11 cifre";
-  if (!NellaForma(codice)) return "codice fiscale errato: lettere e cifre non sono al loro posto";
+  if (codice.size() != kPersona) return "il codice fiscale ha 16 caratteri o 11 cifre";
+  if (!NellaForma(codice)) return "lettere e cifre fuori posto";
   if (LetteraDiControllo(codice) != Maiuscola(codice.back())) {
-    return "codice fiscale errato: la lettera di controllo non torna";
+    return "lettera di controllo errata";
   }
   return {};
 }

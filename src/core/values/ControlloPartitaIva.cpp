@@ -45,7 +45,7 @@ std::string_view ControlloPartitaIva(std::string_view partitaIva) noexcept {
   if (resto.size() != kCifre || !std::all_of(resto.begin(), resto.end(), Cifra)) {
     return "la partita IVA ha 11 cifre";
   }
-  if (!UndiciCifreValide(resto)) return "partita IVA errata: la cifra di controllo non torna";
+  if (!UndiciCifreValide(resto)) return "cifra di controllo errata";
   return {};
 }
 

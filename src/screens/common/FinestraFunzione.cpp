@@ -72,7 +72,7 @@ bool FinestraFunzione::FocoNegato(const QWidget* controllo) const {
 bool FinestraFunzione::TastoPremuto(QWidget* controllo, const QKeyEvent* tasto) {
   const bool invio = tasto->key() == Qt::Key_Return || tasto->key() == Qt::Key_Enter;
   const bool ctrl = tasto->modifiers().testFlag(Qt::ControlModifier);
-  if (invio && ctrl) return Premi({"ConfermaRiga", "Conferma"});
+  if (invio && ctrl) return PremiConferma();
   // Before a line edit takes it as "delete the word".
   if (tasto->key() == Qt::Key_Delete && ctrl && Premi({"EliminaRiga", "Elimina"})) return true;
   if (!invio || tasto->modifiers() & ~Qt::KeypadModifier) return false;

@@ -47,6 +47,8 @@ class FinestraFunzione : public QWidget {
   [[nodiscard]] Ambiente& Sessione() const { return finestre_.Sessione(); }
   [[nodiscard]] Finestre& Gestore() const { return finestre_; }
   [[nodiscard]] Dialoghi& Dialogo() const { return Sessione().Dialogo(); }
+  /// Ctrl+Enter: presses `ConfermaRiga` or `Conferma`, or what the window has in their place.
+  virtual bool PremiConferma() { return Premi({"ConfermaRiga", "Conferma"}); }
   /// Presses the first of the named buttons that is visible and enabled.
   bool Premi(std::initializer_list<const char*> nomi);
 

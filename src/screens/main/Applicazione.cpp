@@ -13,6 +13,7 @@
 
 #include "screens/archives/FinestraImporta.h"
 #include "screens/common/FinestraArchivio.h"
+#include "screens/company/FinestraUtility.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/ledger/FinestraBilancioVerifica.h"
 #include "screens/ledger/FinestraGiornale.h"
@@ -64,6 +65,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
       {QStringLiteral("StGiornale"), Nuova<FinestraGiornale>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
+      {QStringLiteral("Utility:1"), Nuova<FinestraUtility>()},
       {QStringLiteral("VisPdc"), Nuova<FinestraVisPdc>()},
   };
   for (auto& descrizione : TuttiGliArchivi()) {

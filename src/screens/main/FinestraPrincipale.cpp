@@ -205,7 +205,17 @@ FinestraFunzione* FinestraPrincipale::Aperta(const QString& finestra) const {
 
 bool FinestraPrincipale::FunzioneDisponibile(const QString& finestra) const {
   const auto* voce = VoceDi(finestra);
-  return voce != nullptr && costruttori_.contains(QString::fromUtf8(voce->finestra));
+  return voce != nullptr &&
+         TrovaCostruttore(QString::fromUtf8(voce->finestra), voce->scheda) != nullptr;
+}
+
+const FinestraPrincipale::Costruttore* FinestraPrincipale::TrovaCostruttore(const QString& finestra,
+                                                                            int scheda) const {
+  auto trovato = costruttori_.find(finestra);
+  if (trovato == costruttori_.end()) {
+    trovato = costruttori_.find(QStringLiteral("%1:%2").arg(finestra).arg(scheda));
+  }
+  return trovato == costruttori_.end() ? nullptr : &trovato->second;
 }
 
 void FinestraPrincipale::PortaAvanti(FinestraFunzione& finestra) {
@@ -214,9 +224,9 @@ void FinestraPrincipale::PortaAvanti(FinestraFunzione& finestra) {
   cornice->raise();
 }
 
-FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello) {
-  const auto costruttore = costruttori_.find(nome);
-  if (costruttore == costruttori_.end()) return nullptr;
+FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello, int scheda) {
+  const Costruttore* costruttore = TrovaCostruttore(nome, scheda);
+  if (costruttore == nullptr) return nullptr;
   if (!ambiente_.HaDiritto(livello)) {
     ambiente_.Dialogo().Messaggio("l'utente non ha il diritto di usare questa funzione",
                                   Icona::Avviso);
@@ -224,7 +234,7 @@ FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello) {
   }
   const Attesa attesa;
   ambiente_.RiguardaImpostazioni();
-  auto* finestra = costruttore->second(*this);
+  auto* finestra = (*costruttore)(*this);
   if (finestra == nullptr) return nullptr;
   auto* cornice = area_->addSubWindow(finestra);
   cornice->setObjectName(QStringLiteral("Cornice") + nome);
@@ -266,7 +276,7 @@ FinestraFunzione* FinestraPrincipale::ApriFunzione(const QString& nome, int sche
     aperta->ApriScheda(pagina);
     return aperta;
   }
-  auto* nuova = Carica(finestra, voce->livello);
+  auto* nuova = Carica(finestra, voce->livello, voce->scheda);
   if (nuova == nullptr) return nullptr;
   if (voce->esclusiva != Esclusiva::No && FinestreAperte().size() > 1) {
     ambiente_.Dialogo().Messaggio(TestoEsclusiva(voce->esclusiva).toStdString(), Icona::Avviso);

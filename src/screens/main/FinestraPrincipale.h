@@ -27,6 +27,7 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
  public:
   /// Builds a window by the name of its function; nothing when it isn't built yet.
   using Costruttore = std::function<FinestraFunzione*(Finestre&)>;
+  /// By name; "NAME:SCHEDA" where only that entry of a window that serves several is built.
   using Costruttori = std::map<QString, Costruttore>;
 
   FinestraPrincipale(Ambiente& ambiente, Costruttori costruttori);
@@ -83,7 +84,9 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void ManualeContabilita();
   void VideoCorsi();
   void ApriDocumento(const QString& nome, const std::filesystem::path& file);
-  FinestraFunzione* Carica(const QString& finestra, int livello);
+  /// Null when the window, or that entry of it, isn't built.
+  [[nodiscard]] const Costruttore* TrovaCostruttore(const QString& finestra, int scheda) const;
+  FinestraFunzione* Carica(const QString& finestra, int livello, int scheda = -1);
   void Scarica(FinestraFunzione& finestra);
   /// Previews are of the session that made them.
   void ChiudiAnteprime();

@@ -88,7 +88,7 @@ void FinestraPrincipale::CreaMenu() {
     azione->setVisible(!voce.nascosta);
     const QString finestra = QString::fromUtf8(voce.finestra);
     azione->setEnabled(finestra == QLatin1String("@SelezioneArchivi") ||
-                       costruttori_.contains(finestra));
+                       TrovaCostruttore(finestra, voce.scheda) != nullptr);
     connect(azione, &QAction::triggered, this, [this, &voce] { Esegui(voce); });
     azioni_[&voce] = azione;
   }

@@ -16,9 +16,9 @@ TEST(ControlliFiscali, PartitaIva) {
       {" 12345678903 ", ""},
       {"it00743110157", ""},
       {"DE123456789", ""},
-      {"01234567896", "non torna"},
-      {"10234567897", "non torna"},  // two neighbours changed places
-      {"00000000000", "non torna"},
+      {"01234567896", "controllo errata"},
+      {"10234567897", "controllo errata"},  // two neighbours changed places
+      {"00000000000", "controllo errata"},
       {"0123456789", "11 cifre"},
       {"012345678977", "11 cifre"},
       {"0123456789O", "11 cifre"},
@@ -50,16 +50,16 @@ TEST(ControlliFiscali, CodiceFiscale) {
       {"MRTMTT91D08F205J", ""},
       {"01234567897", ""},
       {"01234567896", "cifra di controllo"},
-      {"RSSMRA85T10A562T", "non torna"},
-      {"RSSMRA85T01A562S", "non torna"},
+      {"RSSMRA85T10A562T", "controllo errata"},
+      {"RSSMRA85T01A562S", "controllo errata"},
       {"RSSMRA85T10A56S", "16 caratteri"},
       {"RSSMRA85T10A562SS", "16 caratteri"},
-      {"RSSMRA85Z10A562S", "al loro posto"},
-      {"1SSMRA85T10A562S", "al loro posto"},
-      {"RSSMRA8AT10A562S", "al loro posto"},
+      {"RSSMRA85Z10A562S", "fuori posto"},
+      {"1SSMRA85T10A562S", "fuori posto"},
+      {"RSSMRA8AT10A562S", "fuori posto"},
       {"RSSMR\xC3\xA0"
        "5T10A562S",
-       "al loro posto"},
+       "fuori posto"},
   };
   for (const auto& [codice, errore] : casi) {
     const std::string detto(ControlloCodiceFiscale(codice));
