@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QPalette>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -97,11 +98,11 @@ QWidget* FinestraUtility::Interno::CreaPagina() {
   auto* destra = new QVBoxLayout;
   // Made in the order in which Enter goes through the fields.
   sinistra->addWidget(CreaAnagrafica());
-  sinistra->addWidget(CreaCartelle());
   sinistra->addWidget(CreaContabilita());
   sinistra->addStretch(1);
   destra->addWidget(CreaDecimali());
   destra->addWidget(CreaDocumenti());
+  destra->addWidget(CreaCartelle());
   destra->addStretch(1);
   auto* colonne = new QHBoxLayout;
   colonne->addLayout(sinistra);
@@ -146,18 +147,25 @@ QGroupBox* FinestraUtility::Interno::CreaAnagrafica() {
     auto* avviso = new QLabel;
     avviso->setObjectName(QString::fromLatin1(nome) + QStringLiteral("Avviso"));
     ColoraErrato(avviso, true);
+    QPalette tavolozza = avviso->palette();
+    tavolozza.setColor(QPalette::WindowText, tavolozza.color(QPalette::Text));
+    avviso->setPalette(tavolozza);
     accanto->addWidget(avviso, 1);
     griglia->addLayout(accanto, riga++, 1);
     avvisi[nome] = avviso;
+    return accanto;
   };
   aggiungi("ragsoc1", tr("Ragione sociale"), kLargo);
   aggiungi("ragsoc2", tr("(seconda riga)"), kLargo);
   aggiungi("indirizzo", tr("Indirizzo"), kLargo);
   aggiungi("localita", tr("CAP, località, provincia"), kLargo);
-  aggiungi("NAZIONE", tr("Nazione (sigla)"), kSigla);
+  auto* nazione = aggiungi("NAZIONE", tr("Nazione (sigla)"), kSigla);
   aggiungi("piva", tr("Partita IVA"), kCodice);
   aggiungi("codfisc", tr("Codice fiscale"), kCodice);
-  aggiungi("tel", tr("Telefono"), kCodice);
+  auto* telefono = Testo("tel", kCodice);
+  nazione->addStretch(1);
+  nazione->addWidget(Didascalia(tr("Telefono"), telefono));
+  nazione->addWidget(telefono);
   griglia->setColumnStretch(1, 1);
   return riquadro;
 }
