@@ -1,5 +1,5 @@
-// The chart of accounts: masters and accounts as archives, and the list of everything that a movement
-// may name.
+// The chart of accounts: masters and accounts as archives, and the list of everything that a
+// movement may name.
 #pragma once
 
 #include <string>

@@ -132,6 +132,8 @@ TEST_F(ComandiElenchi, Albero) {
   EXPECT_EQ(Corri("righe Albero 2\ncella Albero 2 Saldo 6\nscegli Albero Cassa\nrighe Albero 3\n"
                   "vale Albero Cassa\ncella Albero 2 saldo 4\nriga Albero 3\nvale Albero Passivo"),
             "");
+  ramo->setHidden(true);
+  EXPECT_EQ(Corri("righe Albero 1\ncella Albero 1 Voce Passivo"), "");
 }
 
 TEST_F(ComandiElenchi, NonSonoElenchi) {

@@ -67,6 +67,7 @@ FinestraVisPdc::Interno::Interno(FinestraVisPdc& finestraUsata, Finestre& gestor
       albero(new QTreeWidget) {
   constexpr int kLargoCodice = 130;
   constexpr int kLargoDescrizione = 380;
+  constexpr int kLargoLettera = 60;
   cerca->setObjectName(QStringLiteral("CercaConti"));
   cerca->setPlaceholderText(tr("codice o parte della descrizione"));
   cerca->setClearButtonEnabled(true);
@@ -77,6 +78,7 @@ FinestraVisPdc::Interno::Interno(FinestraVisPdc& finestraUsata, Finestre& gestor
   albero->setExpandsOnDoubleClick(false);
   albero->header()->resizeSection(kCodice, kLargoCodice);
   albero->header()->resizeSection(kDescrizione, kLargoDescrizione);
+  albero->header()->resizeSection(kClasse, kLargoLettera);
   auto* sopra = new QHBoxLayout;
   sopra->addWidget(Didascalia(tr("Cerca"), cerca));
   sopra->addWidget(cerca, 1);
