@@ -120,8 +120,10 @@ std::vector<CampoArchivio> Finestra(const std::string& numero) {
 }
 
 std::vector<CampoArchivio> Campi() {
+  constexpr int kDescrizione = 255;  // built from ten rates it takes this room
   std::vector<CampoArchivio> campi = {
-      {.nome = "DescrizioneEstesa", .didascalia = "Descrizione estesa", .caratteri = 80},
+      {.nome = "Descrizione", .didascalia = "Descrizione", .caratteri = kDescrizione},
+      {.nome = "DescrizioneEstesa", .didascalia = "Descrizione estesa", .caratteri = kDescrizione},
       {.nome = "AggiornaScad", .didascalia = "crea le scadenze nello scadenzario", .elenco = true},
       {.nome = "NuovaCodifica", .didascalia = "scadenze secondo le rate"},
       {.nome = "NumeroSc",

@@ -53,6 +53,7 @@ PannelloProva::PannelloProva(Ambiente& ambiente,
   calendario_->setObjectName(QStringLiteral("CalendarioProva"));
   calendario_->setSelectionMode(QCalendarWidget::NoSelection);
   calendario_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendario_->setLocale(QLocale(QLocale::Italian, QLocale::Italy));
   calendario_->setFirstDayOfWeek(Qt::Monday);
   calendario_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   auto* prova = Pulsante(QStringLiteral("Prova"), tr("Prova"));
@@ -65,13 +66,11 @@ PannelloProva::PannelloProva(Ambiente& ambiente,
                                        Didascalia(tr("Importo"), importo_), importo_, prova})
     riga->addWidget(controllo);
   riga->addStretch(1);
-  auto* sotto = new QHBoxLayout;
-  sotto->addWidget(griglia_, 1);
-  sotto->addWidget(calendario_, 0, Qt::AlignTop);
   auto* colonna = new QVBoxLayout(this);
   colonna->addLayout(riga);
   colonna->addWidget(avvisi_);
-  colonna->addLayout(sotto, 1);
+  colonna->addWidget(griglia_, 1);
+  colonna->addWidget(calendario_);
   Svuota();
 }
 
@@ -92,6 +91,8 @@ void PannelloProva::Prova() {
   } else if (giorno.Valore().Data().Nulla()) {
     avvisi << tr("scrivere la data della fattura");
   } else if (const auto codice = codice_()) {
+    data_->Mostra(giorno.Valore());
+    importo_->Mostra(importo.Valore());
     const EsitoProva esito =
         ProvaCodice(ambiente_, *codice, giorno.Valore().Data(), importo.Valore().Importo());
     for (const auto& avviso : esito.avvisi) avvisi << QString::fromStdString(avviso);
