@@ -28,9 +28,16 @@ std::string MastroDi(ContestoImporta& contesto, const std::string& codice) {
   return {};
 }
 
+/// An empty cell isn't a class or a nature: an existing record keeps its own.
+void TieneSeVuoto(ContestoImporta& contesto, RigaImporta& riga, const char* campo) {
+  if (riga.nuova || !riga.Ha(campo) || !riga.Testo(campo).empty()) return;
+  riga.Scrivi(campo, contesto.Campo(riga.tabella, riga.Testo("Cod"), campo));
+}
+
 Motivi ControllaMastro(ContestoImporta& contesto, RigaImporta& riga) {
   const std::string codice = riga.Testo("Cod");
   if (codice.size() > kLunghezzaMeta) return {{"Cod", "codice di mastro oltre i 6 caratteri"}};
+  TieneSeVuoto(contesto, riga, "PatrEcon");
   if (riga.nuova && riga.Testo("PatrEcon").empty()) {
     return {{"PatrEcon", "manca Patrimoniale/Economico del mastro"}};
   }
@@ -53,6 +60,7 @@ Motivi ControllaConto(ContestoImporta& contesto, RigaImporta& riga) {
     return {{"Cod", "il mastro " + codice.substr(0, punto) +
                         " non esiste e non è fra le righe buone del file"}};
   }
+  TieneSeVuoto(contesto, riga, "CFP");
   const Valore patrEcon = contesto.Campo("Mastri", mastro, "PatrEcon");
   if (riga.Testo("PatrEcon").empty()) riga.Scrivi("PatrEcon", patrEcon);
   if (riga.Leggi("PatrEcon") != patrEcon) {

@@ -216,6 +216,23 @@ TEST_F(ImportazioneTest, PianoDeiContiConRigheSbagliate) {
               ElementsAre("990.001|P|Cassa di prova"));
 }
 
+TEST_F(ImportazioneTest, PianoDeiContiAggiornato) {
+  const auto importa =
+      Apri("Conti",
+           "Conto;Descrizione;Natura;C F P\n100;Mastro rinominato;;\n"
+           "100.010;Conto rinominato;;\n100.020;Altra classe;P;C\n110;Natura;E;\n");
+  EXPECT_THAT(
+      Errori(importa->Controlla({.aggiornaEsistenti = true})),
+      ElementsAre(HasSubstr("4 C F P: la classe"), HasSubstr("5 Natura: il mastro ha già")));
+  ASSERT_TRUE(importa->Importa({.aggiornaEsistenti = true, .escludiErrate = true}));
+  EXPECT_THAT(Righe("select Descrizione, PatrEcon from Mastri where Cod='100'"),
+              ElementsAre("Mastro rinominato|P"));
+  EXPECT_THAT(Righe("select Descrizione, PatrEcon, CFP from Conti where Cod='100.010'"),
+              ElementsAre("Conto rinominato|P|P"));
+  EXPECT_THAT(Righe("select Descrizione from ContiClientiFornitori where Cod='100.010'"),
+              ElementsAre("Conto rinominato"));
+}
+
 TEST_F(ImportazioneTest, ClientiNuoviEAggiornati) {
   const std::string testo =
       "Codice cliente,Rag. Soc.,Città,P.IVA,Cod. IVA,Fido,Conto,Colonna ignota\n"
