@@ -113,8 +113,10 @@ QWidget* FinestraArchivio::Interno::CreaRecord() {
   alto->addWidget(riquadro);
   alto->setStretchFactor(0, 2);
   alto->setStretchFactor(1, 1);
+  // The buttons stand on the line of those of the choice.
+  const int margine = pagina->layout()->contentsMargins().bottom();
   auto* insieme = new QVBoxLayout(lato);
-  insieme->setContentsMargins(0, 0, 0, 0);
+  insieme->setContentsMargins(0, 0, margine, margine);
   insieme->addWidget(alto, 1);
   insieme->addWidget(avviso);
   insieme->addWidget(CreaBarra());
@@ -129,8 +131,8 @@ QWidget* FinestraArchivio::Interno::CreaBarra() {
   elimina = Pulsante(QStringLiteral("Elimina"), tr("Elimina"), tr("Ctrl+Canc"));
   annulla = Pulsante(QStringLiteral("Annulla"), tr("Annulla"), tr("Esc"));
   conferma = Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"));
-  // A record can be given up from a field whose text can't be read, which doesn't let the focus go.
-  annulla->setFocusPolicy(Qt::TabFocus);
+  // A record can be given up from a field whose text can't be read.
+  legami->Rinuncia(annulla);
   barra = new QWidget;
   auto* colonna = new QVBoxLayout(barra);
   colonna->setContentsMargins(0, 0, 0, 0);

@@ -63,7 +63,9 @@ QLabel* Tenue(const QString& testo) {
   QColor colore = tavolozza.color(QPalette::WindowText);
   constexpr int kTenue = 190;
   colore.setAlpha(kTenue);
-  tavolozza.setColor(QPalette::WindowText, colore);
+  for (auto gruppo : {QPalette::Active, QPalette::Inactive}) {
+    tavolozza.setColor(gruppo, QPalette::WindowText, colore);
+  }
   etichetta->setPalette(tavolozza);
   return etichetta;
 }

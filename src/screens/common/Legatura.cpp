@@ -1,6 +1,7 @@
 #include "screens/common/Legatura.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
@@ -153,7 +154,8 @@ bool Legatura::eventFilter(QObject* oggetto, QEvent* evento) {
   const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
   auto* controllo = qobject_cast<QWidget*>(oggetto);
   if (controllo == nullptr || motivo == Qt::PopupFocusReason ||
-      motivo == Qt::ActiveWindowFocusReason || !controllo->isVisible()) {
+      motivo == Qt::ActiveWindowFocusReason || !controllo->isVisible() ||
+      (rinuncia_ != nullptr && QApplication::focusWidget() == rinuncia_)) {
     return QObject::eventFilter(oggetto, evento);
   }
   const bool digitato = Digitato(controllo);

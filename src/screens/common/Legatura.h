@@ -31,6 +31,8 @@ class Legatura : public QObject {
   /// Binds a control to the field of its object name. Typed fields, combo boxes (by text), check
   /// boxes, radio buttons alone or in a GruppoScelta, and labels can be bound.
   void Lega(QWidget* controllo);
+  /// The control that gives the record up: what is left for it isn't read.
+  void Rinuncia(QWidget* controllo) { rinuncia_ = controllo; }
   /// Shows the record in all controls.
   void Mostra();
   /// Takes what is typed in the control that has the focus, as leaving it would. False when some
@@ -54,6 +56,7 @@ class Legatura : public QObject {
   std::function<Scheda&()> scheda_;
   Dialoghi& dialoghi_;
   std::vector<QWidget*> controlli_;
+  QWidget* rinuncia_ = nullptr;
   bool occupata_ = false;
   /// The control and text that leaving has just complained about, so that the button pressed by the
   /// same gesture doesn't repeat it.

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "core/values/Testo.h"
 #include "screens/common/CampoCodice.h"
 #include "screens/common/Disposizione.h"
 #include "screens/common/Griglia.h"
@@ -39,13 +40,18 @@ std::vector<ColonnaGriglia> ColonneGriglia(Ambiente& ambiente,
                                            const DescrizioneArchivio& descrizione) {
   constexpr int kCarattere = 8;
   constexpr int kMinima = 70;
-  constexpr int kMassima = 260;
+  constexpr int kMassima = 160;
+  constexpr int kDescrizione = 240;  // the page's width beside a code and a short column
   std::vector<ColonnaGriglia> colonne;
   for (const auto& campo : ColonneElenco(descrizione)) {
-    const int caratteri =
-        std::max(campo.caratteri + 2, static_cast<int>(campo.didascalia.size()) + 2);
-    colonne.push_back({Qs(campo.didascalia), TipoColonna(ambiente, descrizione, campo.nome),
-                       std::clamp(caratteri * kCarattere, kMinima, kMassima), campo.decimali});
+    QString titolo = Qs(campo.didascalia);
+    titolo.replace(0, 1, titolo.left(1).toUpper());
+    const int caratteri = std::max(campo.caratteri + 2, static_cast<int>(titolo.size()) + 2);
+    const int larga = UgualeTesto(campo.nome, descrizione.campoDescrizione)
+                          ? kDescrizione
+                          : std::clamp(caratteri * kCarattere, kMinima, kMassima);
+    colonne.push_back(
+        {titolo, TipoColonna(ambiente, descrizione, campo.nome), larga, campo.decimali});
   }
   return colonne;
 }
@@ -190,8 +196,10 @@ void PaginaSceltaArchivio::Ricarica() {
   const int posto = griglia_->verticalScrollBar()->value();
   Leggi();
   while (modello.rowCount() < lette && !finito_) modello.fetchMore({});
-  Indica(codice);
+  // The bar's range follows the rows only at the next layout.
+  griglia_->doItemsLayout();
   griglia_->verticalScrollBar()->setValue(posto);
+  Indica(codice);
 }
 
 void PaginaSceltaArchivio::Indica(const QString& codice) {
