@@ -14,6 +14,7 @@
 #include "bench/GeneraDitta.h"
 #include "bench/MisureArchivio.h"
 #include "bench/MisureFinestre.h"
+#include "bench/MisureImpostazioni.h"
 #include "bench/MisureRapporti.h"
 #include "screens/main/Applicazione.h"
 
@@ -29,12 +30,16 @@ constexpr int kPoche = 4'000;
 
 std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
                              const fenalto::banco::Nomi& nomi) {
+  std::vector<Rapporto> rapporti;
+  if (fenalto::banco::Chiesto(nomi, "impostazioni")) {
+    rapporti.push_back(fenalto::banco::MisuraImpostazioni(opzioni));
+    if (nomi.size() == 1) return rapporti;  // needs none of the generated companies
+  }
   const auto nuda = opzioni.cartellaProgramma / "nuda.db";
   std::printf("# dati in %s\n", opzioni.cartellaProgramma.c_str());
   fenalto::banco::GeneraDitta(opzioni, kPiccola, kPoche);
   fenalto::banco::GeneraDitta(opzioni, kGrande, kRegistrazioni);
   fenalto::banco::GeneraNuda(opzioni.cartellaProgramma / kGrande / "Cont32.mdb", nuda);
-  std::vector<Rapporto> rapporti;
   {
     fenalto::banco::DialoghiMuti dialoghi;
     fenalto::OrologioDiSistema orologio;
@@ -43,7 +48,9 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
     if (auto esito = ambiente.ApriDitta(kGrande); !esito) {
       throw std::runtime_error(esito.Errore().messaggio);
     }
-    rapporti = fenalto::banco::MisureArchivio(ambiente, nuda, nomi);
+    for (auto& rapporto : fenalto::banco::MisureArchivio(ambiente, nuda, nomi)) {
+      rapporti.push_back(std::move(rapporto));
+    }
     for (auto& rapporto : fenalto::banco::MisureRapporti(ambiente, dialoghi, nuda, nomi)) {
       rapporti.push_back(std::move(rapporto));
     }
