@@ -27,6 +27,7 @@ constexpr int kCaratteriNumero = 8;
 constexpr int kCaratteriImporto = 15;
 constexpr int kCaratteriCodice = 12;
 constexpr int kSpazio = 8;
+constexpr int kSottoBordo = 4;  // from a field's edge to its text
 
 QString Qs(const std::string& testo) {
   return QString::fromStdString(testo);
@@ -218,21 +219,25 @@ void CampiArchivio::Aggiungi(const CampoArchivio& campo) {
   const int riga = griglia.righe++;
   const bool casella = qobject_cast<QCheckBox*>(voce.controllo) != nullptr;
   const bool note = qobject_cast<CampoNote*>(voce.controllo) != nullptr;
+  const QString legenda = campo.genere != GenereCampo::Opzioni ? Legenda(campo.scelte) : QString();
+  // Beside something tall, caption and field stand on its first line.
+  const auto righe =
+      std::max(legenda.count(QLatin1Char('\n')), Qs(campo.nota).count(QLatin1Char('\n')));
+  const auto lato = note || righe > 1 ? Qt::AlignTop : Qt::Alignment();
   if (!casella && !campo.didascalia.empty()) {
     auto* didascalia = Didascalia(Qs(campo.didascalia), voce.controllo);
-    griglia.disposizione->addWidget(didascalia, riga, 0,
-                                    note ? Qt::AlignLeft | Qt::AlignTop : Qt::Alignment());
+    if (lato) didascalia->setContentsMargins(0, kSottoBordo, 0, 0);
+    griglia.disposizione->addWidget(didascalia, riga, 0, lato);
     voce.contorno.push_back(didascalia);
   }
   auto* linea = new QHBoxLayout;
   linea->setSpacing(kSpazio);
-  linea->addWidget(voce.controllo, note ? 1 : 0);
+  linea->addWidget(voce.controllo, note ? 1 : 0, note ? Qt::Alignment() : lato);
   if (auto* codice = qobject_cast<CampoCodice*>(voce.controllo)) {
     linea->addWidget(codice->Etichetta());
     voce.contorno.push_back(codice->Etichetta());
   }
-  const bool legenda = campo.genere != GenereCampo::Opzioni && !campo.scelte.empty();
-  for (const auto& testo : {legenda ? Legenda(campo.scelte) : QString(), Qs(campo.nota)}) {
+  for (const auto& testo : {legenda, Qs(campo.nota)}) {
     if (testo.isEmpty()) continue;
     linea->addWidget(Tenue(testo));
     voce.contorno.push_back(linea->itemAt(linea->count() - 1)->widget());
