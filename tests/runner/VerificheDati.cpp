@@ -74,7 +74,7 @@ void Imposta(Contesto& contesto, const Comando& comando) {
 }
 
 void VerificaImpostazione(Contesto& contesto, const Comando& comando) {
-  const auto valore = contesto.Sessione().Config(comando.Testo(0));
+  const auto valore = contesto.Sessione().LeggiImpostazione({}, "config", comando.Testo(0));
   if (valore != comando.Testo(1)) {
     throw Fallimento("the setting is \"" + valore + "\", not \"" + comando.Testo(1) + "\"");
   }

@@ -23,10 +23,9 @@ constexpr auto kSenzaGuardare = std::chrono::milliseconds(100);
 
 /// In a debug build a key of section `config` that Chiavi.h doesn't have throws: a misspelled key
 /// would read as empty for ever.
-void VerificaDichiarata([[maybe_unused]] std::string_view sezione,
-                        [[maybe_unused]] std::string_view chiave) {
+void VerificaDichiarata([[maybe_unused]] std::string_view chiave) {
 #ifndef NDEBUG
-  if (!UgualeTesto(sezione, kConfig) || ChiaveDitta(chiave)) return;
+  if (ChiaveDitta(chiave)) return;
   throw std::logic_error("chiave non dichiarata in core/session/ChiaviTavola.h: " +
                          std::string(chiave));
 #endif
@@ -72,13 +71,11 @@ void Ambiente::RiguardaImpostazioni() {
 
 std::string Ambiente::LeggiImpostazione(const fs::path& file, std::string_view sezione,
                                         std::string_view chiave) {
-  if (file.empty()) VerificaDichiarata(sezione, chiave);
   return interno_->Impostazioni(file).Valore(sezione, chiave);
 }
 
 bool Ambiente::ScriviImpostazione(const fs::path& file, std::string_view sezione,
                                   std::string_view chiave, std::string_view valore) {
-  if (file.empty()) VerificaDichiarata(sezione, chiave);
   const fs::path percorso = interno_->PercorsoImpostazioni(file);
   std::error_code errore;
   fs::create_directories(percorso.parent_path(), errore);
@@ -92,6 +89,7 @@ bool Ambiente::ScriviImpostazione(const fs::path& file, std::string_view sezione
 }
 
 std::string Ambiente::Config(std::string_view chiave) {
+  VerificaDichiarata(chiave);
   return LeggiImpostazione({}, kConfig, chiave);
 }
 
