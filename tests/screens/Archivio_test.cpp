@@ -1,5 +1,6 @@
 // The window of the archives of codes, on agents and on causals of the warehouse: choice, record,
 // list, and what it lets nobody lose.
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -325,6 +326,30 @@ TEST_F(ArchivioTest, DalCodiceAlSuoArchivio) {
   finestra = principale->findChild<FinestraFunzione*>(QStringLiteral("Mastri"));
   ASSERT_NE(finestra, nullptr);
   EXPECT_EQ(Testo("Cod"), "100");
+}
+
+TEST_F(ArchivioTest, IlFocoGiraComeStannoICampiEIPulsantiPropriMostranoLeRighe) {
+  Clic("Nuovo");
+  for (const char* nome : {"Cod", "Descrizione", "Provv", "Indirizzo", "Localita", "telefono"}) {
+    EXPECT_EQ(Foco(), nome);
+    Tasto(Qt::Key_Return);
+  }
+  Tasto(Qt::Key_Escape);
+
+  Apri(QStringLiteral("Conti"));
+  ApriCodice("100.010");
+  ASSERT_TRUE(Aperto());
+  EXPECT_FALSE(Campo("Riquadro")->isVisible());
+  Clic("saldo");
+  EXPECT_TRUE(Campo<QPlainTextEdit>("Riquadro")->toPlainText().contains(QStringLiteral("saldo")));
+  // A choice is a change as any other, and goes with the record that had it.
+  auto* scelte = Campo("PatrEcon")->findChildren<QAbstractButton*>().last();
+  QTest::mouseClick(scelte, Qt::LeftButton, Qt::NoModifier, QPoint(8, scelte->height() / 2));
+  EXPECT_TRUE(finestra->InModifica());
+  dialoghi.Rispondera("modifiche non confermate", Risposta::Si);
+  Tasto(Qt::Key_Escape);
+  EXPECT_FALSE(scelte->isChecked());
+  EXPECT_FALSE(Campo("Riquadro")->isVisible());
 }
 
 }  // namespace fenalto::prova
