@@ -74,6 +74,8 @@ void Fatture::Interno::ChiudiRecord() noexcept {
   soloLettura.clear();
   numeroRecord = nProtRecord = idRecord = 0;
   pagamentoRecord.clear();
+  pagamentoProposto.clear();
+  dtIncassoRecord = {};
   descrizioneProposta.clear();
   blocco.Rilascia();
   testa.Svuota();
@@ -140,6 +142,10 @@ bool Fatture::Modificata() const {
 std::string Fatture::Impedimento(Ambiente& ambiente) {
   if (ambiente.Esiste("tessarc", "RegistriIva", {{"Tipo", "03"}})) return {};
   return "Riavviare il programma ed creare almeno un registro IVA";
+}
+
+Scheda& Fatture::Testa() {
+  return interno_->testa;
 }
 
 // --- Register ------------------------------------------------------------------------------------
@@ -318,7 +324,8 @@ void Fatture::Interno::CaricaTesta(const Rs& record) {
   numeroRecord = record.Fields("NumDoc").Intero();
   nProtRecord = record.Fields("NProt").Intero();
   idRecord = record.Fields("ID").Intero();
-  pagamentoRecord = record.Fields("Pagamento").Testo();
+  pagamentoRecord = pagamentoProposto = record.Fields("Pagamento").Testo();
+  dtIncassoRecord = record.Fields("DtIncasso").Data();
   for (auto& letta : LeggiRigheIva(tessarc, anno, numeroRecord)) {
     if (letta.tipoRiga == TipoRigaIva::Parte) testa.Scrivi("Descrizionex", letta.descrizione);
     if (letta.tipoRiga == TipoRigaIva::Imponibile) righe.push_back(std::move(letta));

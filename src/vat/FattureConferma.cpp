@@ -15,8 +15,25 @@ constexpr const char* kRipetibili[] = {"Contox", "Pagamento", "Descrizionex", "N
                                        "DtFat",  "Dt",        "NProt",        "Riva"};
 /// Fields that the next registration begins with.
 constexpr const char* kMantenuti[] = {"FornitoreIntra", "ContoCostiIntra", "FornitoreBollaDog",
-                                      "CausaleRitAcc1", "ContoRitAcc1",    "CausaleRitAcc2",
-                                      "ContoRitAcc2"};
+                                      "CausaleRitAcc1", "ContoRitAcc1",    "ImportoRitAcc1",
+                                      "CausaleRitAcc2", "ContoRitAcc2",    "ImportoRitAcc2"};
+
+/// The greatest number plus 1 is no number any more after the last that can be typed.
+void ControllaNumeri(std::int64_t numDoc, std::int64_t nProt, const std::string& riva) {
+  constexpr std::int64_t kUltimo = std::numeric_limits<std::int32_t>::max();
+  if (nProt > kUltimo) {
+    throw ErroreArchivio(ErroreArchivio::Causa::Altro, "sul registro iva " + riva +
+                                                           " è già usato il protocollo " +
+                                                           std::to_string(kUltimo) +
+                                                           ", l'ultimo possibile: scrivere il "
+                                                           "numero di protocollo a mano");
+  }
+  if (numDoc > kUltimo) {
+    throw ErroreArchivio(ErroreArchivio::Causa::Altro,
+                         "è già usato l'articolo n. " + std::to_string(kUltimo) +
+                             ", l'ultimo possibile: scrivere il numero dell'articolo a mano");
+  }
+}
 
 }  // namespace
 
@@ -102,6 +119,14 @@ void Fatture::Interno::ScriviScadenze(Scritta& scritta, Importo daPagare) {
   CreaScadenze(ambiente, richiesta, scritta.log.testo, scritta.log.avvisi);
 }
 
+void Fatture::Interno::RinumeraScadenze(const Scritta& scritta) {
+  if (scritta.numDoc == numeroRecord && scritta.nProt == nProtRecord) return;
+  ambiente.ArchivioDi("scadenzario")
+      .Esegui("update Scadenze set " + Criterio("Articolo", "=", scritta.numDoc) + "," +
+              Criterio("NProt", "=", scritta.nProt) + " where " + Criterio("Anno", "=", anno) +
+              " and " + Criterio("Articolo", "=", numeroRecord));
+}
+
 void Fatture::Interno::ScriviSeguito(Scritta& scritta) {
   if (Tipo({"02", "07", "04", "05", "09"})) return;
   Importo daPagare = totali.Totale();
@@ -120,7 +145,7 @@ void Fatture::Interno::ScriviSeguito(Scritta& scritta) {
       ambiente.Cerca("tessarc", "Pagamento", {{"Cod", T("Pagamento")}}, "AggiornaScad").Booleano();
   if (!aggiorna && !T("Pagamento").empty()) {
     const bool esistono =
-        ambiente.Esiste("scadenzario", "Scadenze", {{"Anno", anno}, {"Articolo", numeroRecord}});
+        ambiente.Esiste("scadenzario", "Scadenze", {{"Anno", anno}, {"Articolo", scritta.numDoc}});
     if (esistono) {
       scritta.log.Riga(
           "queste scadenze potrebbero essere già state modificate manualmente (oppure sono "
@@ -128,7 +153,7 @@ void Fatture::Interno::ScriviSeguito(Scritta& scritta) {
     }
     return;
   }
-  const bool libere = EliminaScadenzeFattura(ambiente, anno, numeroRecord, scritta.log.testo);
+  const bool libere = EliminaScadenzeFattura(ambiente, anno, scritta.numDoc, scritta.log.testo);
   if (libere && !T("Pagamento").empty()) ScriviScadenze(scritta, daPagare);
 }
 
@@ -161,6 +186,7 @@ Fatture::Interno::Scritta Fatture::Interno::Scrivi() {
       NProtForzato() != 0 ? NProtForzato() : ProssimoNProt(ambiente, anno, registro.cod);
   scritta.numDoc = testa.Leggi("NumDoc").Intero();
   if (scritta.numDoc == 0) scritta.numDoc = ProssimoNumDoc(ambiente, anno);
+  ControllaNumeri(scritta.numDoc, scritta.nProt, registro.cod);
   auto complete = CreaRigheIvaCli(Documento(scritta.numDoc), RigheCompilate());
   if (!complete) throw ErroreArchivio(ErroreArchivio::Causa::Altro, complete.Errore().messaggio);
   if (!nuova) {
@@ -171,6 +197,7 @@ Fatture::Interno::Scritta Fatture::Interno::Scrivi() {
   ScriviTesta(scritta);
   for (const auto& fatta : complete.Valore().righe) ScriviRigaIva(tessarc, fatta);
   if (!complete.Valore().avviso.empty()) scritta.log.avvisi.push_back(complete.Valore().avviso);
+  if (!nuova) RinumeraScadenze(scritta);
   ScriviSeguito(scritta);
   ScriviAutomatiche(scritta);
   transazione.Conferma();
@@ -181,6 +208,8 @@ Fatture::Interno::Scritta Fatture::Interno::Scrivi() {
 
 void Fatture::Interno::Ricorda() {
   for (const char* campo : kRipetibili) ultimi[campo] = testa.Leggi(campo);
+  // A stored registration shows none of them.
+  if (!nuova) return;
   for (const char* campo : kMantenuti) ricordati[campo] = testa.Leggi(campo);
 }
 

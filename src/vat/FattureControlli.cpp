@@ -1,4 +1,6 @@
 // The checks of a confirmation, in the order in which they stop it.
+#include <limits>
+
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/ControlliData.h"
@@ -63,10 +65,12 @@ std::optional<Rifiuto> Fatture::Interno::ControllaRighe() {
 }
 
 std::optional<Rifiuto> Fatture::Interno::ControllaIncasso() {
-  if (!nuova || D("DtIncasso").Nulla()) return std::nullopt;
+  // A stored date was put there by the collection itself.
+  const bool digitata = !D("DtIncasso").Nulla() && (nuova || D("DtIncasso") != dtIncassoRecord);
+  if (!digitata) return std::nullopt;
   const bool sospesa = Tipo({"06"});
   if (!sospesa && B("Ep")) return std::nullopt;
-  testa.Scrivi("DtIncasso", Data());
+  testa.Scrivi("DtIncasso", dtIncassoRecord);
   return Rifiuto{sospesa ? "Fatture in sospensione IVA: la data di incasso si dovrà impostare "
                            "successivamente"
                          : "la data incasso si imposta solo per le fatture in sospensione IVA",
@@ -143,6 +147,10 @@ std::optional<Rifiuto> Fatture::Interno::ControllaProtocolloForzato() {
     return Rifiuto{"il protocollo «" + digitato +
                        "» non è un numero: scrivere solo cifre, o "
                        "lasciarlo vuoto perché lo assegni il programma",
+                   "NProt"};
+  }
+  if (NProtForzato() > std::numeric_limits<std::int32_t>::max()) {
+    return Rifiuto{"il protocollo " + digitato + " è troppo grande: il massimo è 2147483647",
                    "NProt"};
   }
   if (nuova && NProtForzato() == 0) {

@@ -108,6 +108,8 @@ struct Fatture::Interno {
   /// One transaction over both databases; throws, and then nothing was written.
   Scritta Scrivi();
   void ScriviTesta(Scritta& scritta);
+  /// Due dates that are kept bear the numbers of their registration.
+  void RinumeraScadenze(const Scritta& scritta);
   void ScriviSeguito(Scritta& scritta);
   void ScriviScadenze(Scritta& scritta, Importo daPagare);
   void ScriviAutomatiche(Scritta& scritta);
@@ -131,6 +133,8 @@ struct Fatture::Interno {
   std::int64_t idRecord = 0;
   std::int64_t numeroConfermato = 0;
   std::string pagamentoRecord;
+  std::string pagamentoProposto;  ///< that of the party, as last put in
+  Data dtIncassoRecord;
   Blocco blocco;
   Scheda testa;
   std::string descrizioneProposta;  ///< the last one put in by the program

@@ -47,7 +47,7 @@ bool Fatture::Riprotocolla(std::int64_t da, std::int64_t a) {
   if (!acquisti && !io.Tipo({"02", "07", "09"})) return false;
   const int anno = io.ambiente.Anno();
   const std::string& riva = io.registro.cod;
-  if (da <= 0 || a <= 0) {
+  if (da <= 0 || a < da) {
     io.Avviso("impostare da/a n.protocollo");
     return false;
   }

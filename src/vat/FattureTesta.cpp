@@ -110,8 +110,11 @@ void Fatture::Interno::DataLasciata() {
 void Fatture::Interno::ParteScelta() {
   if (B("BollaDog")) return;
   if (!Tipo({"01", "06", "03", "11"})) return;
-  if (const std::string pagamento = NzStr(DellaParte("Pagamento")); !pagamento.empty()) {
+  // A party without a code takes away that of the party before, never one typed by hand.
+  const std::string pagamento = NzStr(DellaParte("Pagamento"));
+  if (!pagamento.empty() || UgualeTesto(T("Pagamento"), pagamentoProposto)) {
     testa.Scrivi("Pagamento", pagamento);
+    pagamentoProposto = pagamento;
   }
   if (Tipo({"01", "06"})) testa.Scrivi("Ep", DellaParte("Ep").Booleano());
 }

@@ -71,9 +71,9 @@ std::unique_ptr<DittaDiProva::Stazione> DittaDiProva::NuovaStazione(const std::s
   return std::make_unique<Stazione>(cartella / "programma", nome, G(15, 3, 2024));
 }
 
-std::string DittaDiProva::Contenuto() const {
+std::string DittaDiProva::Contenuto(const std::string& archivio) const {
   sqlite3* db = nullptr;
-  sqlite3_open_v2(ambiente.PercorsoDb("tessarc").c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
+  sqlite3_open_v2(ambiente.PercorsoDb(archivio).c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
   std::ostringstream tutto;
   const auto scorri = [&](const std::string& sql, const auto& riga) {
     sqlite3_stmt* istruzione = nullptr;

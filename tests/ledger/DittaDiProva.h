@@ -52,8 +52,8 @@ class DittaDiProva : public ::testing::Test {
   std::unique_ptr<Stazione> NuovaStazione(const std::string& nome) const;
 
   Archivio& Tessarc() { return ambiente.ArchivioDi("tessarc"); }
-  /// Everything that is in the books, row by row, as text.
-  [[nodiscard]] std::string Contenuto() const;
+  /// Everything that is in one of the two databases, row by row, as text.
+  [[nodiscard]] std::string Contenuto(const std::string& archivio = "tessarc") const;
   /// Messages since the last call.
   std::vector<std::string> Messaggi();
   /// The one message since the last call.
