@@ -106,6 +106,21 @@ constexpr Riferimento kTavola[] = {
     {"Pagamento", kC, "Pagamento", "CodPagIva", "", kPagamenti},
     {"Pagamento", kC, "FattureCli", "Pagamento", "", kDocumenti},
 
+    {"Clienti", kC, "Movimenti", "Conto", "CFP='C'", kMovimenti},
+    {"Clienti", kC, "Movimenti", "ContoControp", "CFPControp='C'", kMovimenti},
+    {"Clienti", kC, "Articoli", "Conto", "CFP='C'", kArticoli},
+    {"Clienti", kC, "Articoli", "ContoA", "CfpA='C'", kArticoli},
+    {"Clienti", kS, "Scadenze", "Conto", "CFP='C'", kScadenze},
+    {"Clienti", kC, "FattureCli", "CliFor", "CFP='C'", kDocumenti},
+    {"Clienti", kC, "TipiFattureCli", "CliFor", "CFP='C'", kTipiDocumento},
+    {"Fornitori", kC, "Movimenti", "Conto", "CFP='F'", kMovimenti},
+    {"Fornitori", kC, "Movimenti", "ContoControp", "CFPControp='F'", kMovimenti},
+    {"Fornitori", kC, "Articoli", "Conto", "CFP='F'", kArticoli},
+    {"Fornitori", kC, "Articoli", "ContoA", "CfpA='F'", kArticoli},
+    {"Fornitori", kS, "Scadenze", "Conto", "CFP='F'", kScadenze},
+    {"Fornitori", kC, "FattureCli", "CliFor", "CFP='F'", kDocumenti},
+    {"Fornitori", kC, "TipiFattureCli", "CliFor", "CFP='F'", kTipiDocumento},
+
     {"Banche", kS, "Scadenze", "BancaPresentaz", "", kScadenze},
 };
 

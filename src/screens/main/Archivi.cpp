@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "documents/ArchiviDocumenti.h"
+#include "documents/ArchiviParti.h"
 #include "duedates/ArchiviScadenze.h"
 #include "ledger/ArchiviContabili.h"
 #include "ledger/PianoDeiConti.h"
@@ -14,7 +15,7 @@ namespace fenalto {
 std::vector<DescrizioneArchivio> TuttiGliArchivi() {
   std::vector<DescrizioneArchivio> tutti;
   for (auto stanza : {ArchiviContabili, ArchiviPianoDeiConti, ArchiviIva, ArchiviScadenze,
-                      ArchiviDocumenti, ArchiviMagazzino}) {
+                      ArchiviDocumenti, ArchiviParti, ArchiviMagazzino}) {
     auto suoi = stanza();
     std::move(suoi.begin(), suoi.end(), std::back_inserter(tutti));
   }

@@ -1,0 +1,257 @@
+// Customers and suppliers through the one use case: what stops, what is only told, the list that
+// movements search.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/archives/ArchivioCodici.h"
+#include "documents/ArchiviParti.h"
+#include "ledger/DittaDiProva.h"
+
+namespace fenalto {
+namespace {
+
+using Campi = std::vector<std::pair<const char*, Valore>>;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class ArchiviPartiTest : public prova::DittaDiProva {
+ protected:
+  ArchivioCodici Archivio(const std::string& finestra) {
+    const auto tutti = ArchiviParti();
+    return {ambiente, *std::ranges::find(tutti, finestra, &DescrizioneArchivio::finestra)};
+  }
+
+  /// As typed: each field is left after its value.
+  static void Scrivi(ArchivioCodici& archivio, const Campi& campi) {
+    for (const auto& [campo, valore] : campi) {
+      archivio.Record().Scrivi(campo, valore);
+      archivio.Lasciato(campo);
+    }
+  }
+
+  /// The row of the list: "Descrizione|Descrizione2", "-" for none.
+  std::string Voce(const std::string& cod, const std::string& cfp) {
+    Rs rs = Tessarc().Recordset(
+        "select Descrizione, Descrizione2 from ContiClientiFornitori where Cod='" + cod +
+        "' and CFP='" + cfp + "'");
+    return rs.Eof() ? "-" : rs.Fields(0).Testo() + "|" + rs.Fields(1).Testo();
+  }
+};
+
+TEST_F(ArchiviPartiTest, LElencoSegueLaParte) {
+  for (const auto& [tabella, cfp, conto] :
+       {std::tuple{"Clienti", "C", "120.001"}, std::tuple{"Fornitori", "F", "400.001"}}) {
+    SCOPED_TRACE(tabella);
+    const std::string altra = *cfp == 'C' ? "F" : "C";
+    ArchivioCodici archivio = Archivio(tabella);
+    archivio.Inizia();
+    EXPECT_EQ(archivio.Record().Testo("Conto"), conto) << "the first of the class is proposed";
+    Scrivi(archivio, {{"Cod", "9000"}, {"ragsoc1", "Rossi d'Adda"}, {"ragsoc2", "di Rossi Ugo"}});
+    ASSERT_TRUE(archivio.Conferma());
+    EXPECT_EQ(Voce("9000", cfp), "Rossi d'Adda|di Rossi Ugo");
+    EXPECT_EQ(Voce("9000", altra), "-");
+
+    ASSERT_TRUE(archivio.Apri("9000"));
+    Scrivi(archivio, {{"ragsoc2", ""}});
+    ASSERT_TRUE(archivio.Conferma());
+    EXPECT_EQ(Voce("9000", cfp), "Rossi d'Adda|");
+
+    ASSERT_TRUE(archivio.Apri("9000"));
+    Scrivi(archivio, {{"Cod", "9001"}});
+    ASSERT_TRUE(archivio.Conferma());
+    EXPECT_EQ(Voce("9000", cfp), "-");
+    EXPECT_EQ(Voce("9001", cfp), "Rossi d'Adda|");
+
+    // A row that somebody took away is told, and the record is written all the same.
+    Tessarc().Esegui("delete from ContiClientiFornitori where Cod='9001'");
+    ASSERT_TRUE(archivio.Apri("9001"));
+    Scrivi(archivio, {{"localita", "Lecco"}});
+    ASSERT_TRUE(archivio.Conferma());
+    EXPECT_THAT(SoloMessaggio(), HasSubstr("Cod 9001 non trovato"));
+    EXPECT_EQ(ambiente.Cerca("tessarc", tabella, {{"Cod", "9001"}}, "localita"), Valore("Lecco"));
+
+    ASSERT_TRUE(archivio.Apri("0002"));
+    dialoghi.Rispondera("Conferma eliminazione DOCUMENTO ?", Risposta::Si);
+    ASSERT_TRUE(archivio.Elimina());
+    EXPECT_EQ(Voce("0002", cfp), "-");
+    EXPECT_NE(Voce("0002", altra), *cfp == 'C' ? "-" : "");
+  }
+}
+
+TEST_F(ArchiviPartiTest, ChiHaMovimentiNonCambiaCodice) {
+  struct Caso {
+    const char* archivio;  ///< of the statement
+    const char* prepara;
+    const char* parte;  ///< archive whose code 0001 is then in use
+    const char* libera;
+    const char* uso;
+  };
+  const std::vector<Caso> casi = {
+      {"tessarc", "insert into Movimenti (Anno, CFP, Conto) values (2024, 'C', '0001')", "Clienti",
+       "Fornitori", "movimenti contabili"},
+      {"tessarc", "insert into Movimenti (CFPControp, ContoControp) values ('F', '0001')",
+       "Fornitori", "Clienti", "movimenti contabili"},
+      {"tessarc", "insert into Articoli (Anno, NumDoc, CFP, Conto) values (2024, 1, 'F', '0001')",
+       "Fornitori", "Clienti", "registrazioni"},
+      {"scadenzario", "insert into Scadenze (CFP, Conto) values ('C', '0001')", "Clienti",
+       "Fornitori", "scadenze"},
+  };
+  for (const Caso& caso : casi) {
+    SCOPED_TRACE(caso.prepara);
+    ambiente.ArchivioDi(caso.archivio).Esegui(caso.prepara);
+    ArchivioCodici archivio = Archivio(caso.parte);
+    ASSERT_TRUE(archivio.Apri("0001"));
+    Scrivi(archivio, {{"Cod", "9000"}});
+    Rifiuto rifiuto;
+    EXPECT_FALSE(archivio.Conferma(&rifiuto));
+    EXPECT_THAT(SoloMessaggio(), HasSubstr(caso.uso));
+    EXPECT_EQ(rifiuto.campo, "Cod");
+    dialoghi.Rispondera("Conferma eliminazione", Risposta::Si);
+    EXPECT_FALSE(archivio.Elimina());
+    EXPECT_THAT(SoloMessaggio(), HasSubstr(caso.uso));
+    // The summary account of a party in use may be another, not none.
+    Scrivi(archivio, {{"Cod", "0001"}, {"Conto", ""}});
+    EXPECT_FALSE(archivio.Conferma());
+    EXPECT_EQ(SoloMessaggio(),
+              "il conto riepilogativo non si può cancellare esistono registrazioni");
+    EXPECT_FALSE(archivio.Record().Testo("Conto").empty()) << "the stored account comes back";
+    // The same code of the other class is another party.
+    ArchivioCodici altro = Archivio(caso.libera);
+    ASSERT_TRUE(altro.Apri("0001"));
+    Scrivi(altro, {{"Cod", "9000"}});
+    EXPECT_TRUE(altro.Conferma());
+    ASSERT_TRUE(altro.Apri("9000"));
+    Scrivi(altro, {{"Cod", "0001"}});
+    EXPECT_TRUE(altro.Conferma());
+    for (const char* tabella : {"Movimenti", "Articoli"}) {
+      Tessarc().Esegui(std::string("delete from ") + tabella);
+    }
+  }
+}
+
+TEST_F(ArchiviPartiTest, Rifiuti) {
+  struct Caso {
+    Campi campi;
+    const char* messaggio;
+    const char* campo;
+  };
+  const std::vector<Caso> casi = {
+      {{}, "inserire un codice", "Cod"},
+      {{{"Cod", "1234567"}}, "il codice può avere al più 6 caratteri", "Cod"},
+      {{{"Cod", "9000"}, {"Conto", " "}}, "manca conto riepilogativo", "Conto"},
+      {{{"Cod", "9000"}, {"Conto", "400.001"}},
+       "il conto 400.001 non è un riepilogativo di classe C",
+       "Conto"},
+      {{{"Cod", "9000"}, {"Conto", "X"}}, "il conto X non è un riepilogativo di classe C", "Conto"},
+  };
+  for (const Caso& caso : casi) {
+    SCOPED_TRACE(caso.messaggio);
+    ArchivioCodici clienti = Archivio("Clienti");
+    clienti.Inizia();
+    Scrivi(clienti, caso.campi);
+    Rifiuto rifiuto;
+    EXPECT_FALSE(clienti.Conferma(&rifiuto));
+    EXPECT_EQ(SoloMessaggio(), caso.messaggio);
+    EXPECT_EQ(rifiuto.campo, caso.campo);
+  }
+  EXPECT_EQ(Voce("9000", "C"), "-");
+}
+
+TEST_F(ArchiviPartiTest, NumeriFiscaliErratiSiDicono) {
+  struct Caso {
+    Campi campi;
+    const char* avviso;  ///< begins so; empty for none
+  };
+  const std::vector<Caso> casi = {
+      {{{"piva", "12345678903"}}, ""},
+      {{{"piva", "12345678903     "}}, ""},
+      {{{"piva", "IT12345678903"}}, ""},
+      {{{"piva", "RSSMRA80A01H501U"}}, ""},
+      {{{"piva", ""}}, ""},
+      {{{"piva", "DE12345"}}, ""},
+      {{{"piva", "12345678901"}},
+       "PARTITA IVA ERRATA\n(oppure potrebbe trattarsi di codice fiscale o p.iva estera)"},
+      {{{"piva", "1234"}}, "PARTITA IVA ERRATA"},
+      {{{"CodFisc", "rssmra80a01h501u"}}, ""},
+      {{{"CodFisc", "12345678903"}}, ""},
+      {{{"CodFisc", "RSSMRA80A01H501A"}}, "CODICE FISCALE ERRATO\nlettera di controllo"},
+      {{{"CodFisc", "ESX1234567X"}}, ""},
+      {{{"piva", "FR12345678901"}, {"CodFisc", "12345"}}, ""},
+      {{{"CodFisc", "12345"}}, "CODICE FISCALE ERRATO"},
+  };
+  for (std::size_t i = 0; i < casi.size(); ++i) {
+    const Caso& caso = casi[i];
+    SCOPED_TRACE(i);
+    ArchivioCodici fornitori = Archivio("Fornitori");
+    fornitori.Inizia();
+    Scrivi(fornitori, caso.campi);
+    if (*caso.avviso == '\0') {
+      EXPECT_THAT(Messaggi(), IsEmpty());
+    } else {
+      EXPECT_THAT(SoloMessaggio(), HasSubstr(caso.avviso));
+    }
+    // It stops nothing.
+    fornitori.Record().Scrivi("Cod", std::to_string(9000 + i));
+    fornitori.Record().Scrivi("piva", "");
+    EXPECT_TRUE(fornitori.Conferma());
+  }
+}
+
+TEST_F(ArchiviPartiTest, LaPartitaIvaDiUnAltro) {
+  constexpr const char* kPiva = "12345678903";
+  constexpr const char* kDomanda = "partita iva già esistente su cod 0001\nproseguo ugualmente";
+  Tessarc().Esegui(std::string("update Clienti set piva='") + kPiva + "' where Cod='0001'");
+  Tessarc().Esegui(std::string("update Fornitori set piva='") + kPiva + "' where Cod='0002'");
+  ArchivioCodici clienti = Archivio("Clienti");
+
+  clienti.Inizia();
+  clienti.Record().Scrivi("Cod", "9000");
+  dialoghi.Rispondera(kDomanda, Risposta::No);
+  Scrivi(clienti, {{"piva", kPiva}});
+  EXPECT_EQ(clienti.Record().Testo("piva"), "");
+  dialoghi.Rispondera(kDomanda, Risposta::Si);
+  Scrivi(clienti, {{"piva", kPiva}});
+  EXPECT_TRUE(clienti.Conferma()) << "not asked twice";
+
+  // Nothing to ask about one's own, stored as it is.
+  ASSERT_TRUE(clienti.Apri("0001"));
+  Scrivi(clienti, {{"localita", "Como"}});
+  EXPECT_TRUE(clienti.Conferma());
+
+  // A copy has typed nothing.
+  ASSERT_TRUE(clienti.Apri("0001"));
+  clienti.Duplica();
+  clienti.Record().Scrivi("Cod", "9001");
+  dialoghi.Rispondera(kDomanda, Risposta::No);
+  Rifiuto rifiuto;
+  EXPECT_FALSE(clienti.Conferma(&rifiuto));
+  EXPECT_EQ(rifiuto.campo, "piva");
+  dialoghi.Rispondera(kDomanda, Risposta::Si);
+  EXPECT_TRUE(clienti.Conferma());
+}
+
+TEST_F(ArchiviPartiTest, IPulsantiApronoLaPartita) {
+  for (const auto& descrizione : ArchiviParti()) {
+    const auto& movimenti = descrizione.pulsanti.front();
+    ASSERT_EQ(movimenti.nome, "movimenti");
+    ArchivioCodici archivio(ambiente, descrizione);
+    std::vector<std::string> aperte;
+    archivio.Contesto().apri = [&](const std::string& finestra, const std::string& codice) {
+      aperte.push_back(finestra + " " + codice);
+    };
+    archivio.Inizia();
+    EXPECT_FALSE(movimenti.azione(archivio.Contesto()).empty()) << "a new one has none to show";
+    ASSERT_TRUE(archivio.Apri("0001"));
+    movimenti.azione(archivio.Contesto());
+    EXPECT_THAT(aperte,
+                ElementsAre(std::string("MovimentiConto ") + descrizione.finestra[0] + "|0001"));
+  }
+}
+
+}  // namespace
+}  // namespace fenalto
