@@ -52,9 +52,8 @@ std::optional<Rifiuto> Fatture::Interno::ControllaRegistro() {
 std::optional<Rifiuto> Fatture::Interno::ControllaParte() {
   const std::string codice = T("Contox");
   if (codice.empty()) return Rifiuto{"manca codice cliente/fornitore iva", "Contox"};
-  const bool esiste =
-      ambiente.Esiste("tessarc", "ContiClientiFornitori", {{"Cod", codice}, {"CFP", T("CFPx")}});
-  if (esiste) return std::nullopt;
+  const char* archivio = T("CFPx") == "C" ? "Clienti" : T("CFPx") == "F" ? "Fornitori" : "Conti";
+  if (ambiente.Esiste("tessarc", archivio, {{"Cod", codice}})) return std::nullopt;
   const char* genere = T("CFPx") == "C" ? "il cliente " : "il fornitore ";
   return Rifiuto{(T("CFPx") == "P" ? "il conto " : genere) + codice + " non esiste", "Contox"};
 }

@@ -142,6 +142,8 @@ void Fatture::TestaLasciata(std::string_view campo) {
       if (riga.descrizione == io.descrizioneProposta) riga.descrizione = nuovo;
     }
   }
+  // The double entry bears the party and the text of the head.
+  if (!io.righe.empty()) io.CalcolaTotali();
 }
 
 }  // namespace fenalto

@@ -1,10 +1,13 @@
 #include "screens/common/CampoCodice.h"
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <algorithm>
+
+#include "screens/common/Disposizione.h"
 
 namespace fenalto {
 namespace {
@@ -194,6 +197,19 @@ void CampoCodice::mouseDoubleClickEvent(QMouseEvent* evento) {
 void CampoCodice::hideEvent(QHideEvent* evento) {
   ChiudiElenco();
   QLineEdit::hideEvent(evento);
+}
+
+QWidget* ConDescrizione(CampoCodice* campo, int caratteri) {
+  auto* insieme = new QWidget;
+  auto* riga = new QHBoxLayout(insieme);
+  riga->setContentsMargins(0, 0, 0, 0);
+  LargoCaratteri(campo, caratteri);
+  riga->addWidget(campo);
+  auto* etichetta = campo->Etichetta();
+  etichetta->setMinimumWidth(0);
+  etichetta->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  riga->addWidget(etichetta, 1);
+  return insieme;
 }
 
 }  // namespace fenalto

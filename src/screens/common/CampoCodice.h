@@ -65,4 +65,7 @@ class CampoCodice : public QLineEdit, public CampoValore {
   bool mostrando_ = false;
 };
 
+/// A code field of that width followed by its description, which takes the room there is.
+QWidget* ConDescrizione(CampoCodice* campo, int caratteri);
+
 }  // namespace fenalto

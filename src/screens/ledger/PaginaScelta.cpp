@@ -7,6 +7,7 @@
 
 #include "screens/common/Campi.h"
 #include "screens/common/Disposizione.h"
+#include "screens/common/FunzioniCorrelate.h"
 #include "screens/common/Griglia.h"
 #include "screens/ledger/ElencoRegistrazioni.h"
 
@@ -15,14 +16,7 @@ namespace {
 
 constexpr int kCorrelatePerRiga = 5;
 
-struct Correlata {
-  const char* nome;
-  const char* testo;
-  const char* finestra;
-  int scheda = -1;
-};
-
-constexpr Correlata kCorrelate[] = {
+constexpr FunzioneCorrelata kCorrelate[] = {
     {"FunzCor01", "movimenti per conto", "STMovimentiPerConto"},
     {"FunzCor02", "situazione scadenze", "Scadenze"},
     {"FunzCor03", "patrimoniale e costi/ricavi", "STBilancioVerifica", 1},
@@ -38,7 +32,7 @@ constexpr Correlata kCorrelate[] = {
     {"FunzCor15", "operazioni automatiche di apertura e chiusura", "ChiusureAperture"},
 };
 
-constexpr Correlata kAltriModi[] = {
+constexpr FunzioneCorrelata kAltriModi[] = {
     {"NuovoDaScad",
      "Pagamento/incasso con selezione scadenze da scaricare\n(singolo cliente/fornitore)",
      "PagamentiDaScadenzario1Cli"},
@@ -50,10 +44,6 @@ constexpr Correlata kAltriModi[] = {
     {"NuovoInsoluti", "Registrazione insoluti riba", "InsolutiRiba"},
     {"NuovoRiba", "Distinta riba", "RiBa"},
 };
-
-void ASinistra(QPushButton* pulsante) {
-  pulsante->setStyleSheet(QStringLiteral("text-align: left; padding: 4px 8px"));
-}
 
 }  // namespace
 
@@ -108,18 +98,6 @@ QGroupBox* PaginaScelta::CreaElenco() {
   return riquadro;
 }
 
-QPushButton* PaginaScelta::Collegata(const QString& nome, const QString& testo,
-                                     const QString& finestra, int scheda) {
-  auto* pulsante = Pulsante(nome, testo);
-  ASinistra(pulsante);
-  const bool disponibile = finestre_.FunzioneDisponibile(finestra);
-  pulsante->setEnabled(disponibile);
-  if (disponibile) pulsanti_ << pulsante;
-  connect(pulsante, &QPushButton::clicked, this,
-          [this, finestra, scheda] { finestre_.ApriFunzione(finestra, scheda); });
-  return pulsante;
-}
-
 QGroupBox* PaginaScelta::CreaModi() {
   auto* riquadro = new QGroupBox(tr("Nuova registrazione"));
   auto* colonna = new QVBoxLayout(riquadro);
@@ -133,8 +111,7 @@ QGroupBox* PaginaScelta::CreaModi() {
   connect(nuovo_, &QPushButton::clicked, this, &PaginaScelta::NuovoChiesto);
   connect(duplica, &QPushButton::clicked, this, &PaginaScelta::ModelliChiesti);
   for (const auto& modo : kAltriModi) {
-    colonna->addWidget(Collegata(QString::fromLatin1(modo.nome), QString::fromUtf8(modo.testo),
-                                 QString::fromLatin1(modo.finestra)));
+    colonna->addWidget(PulsanteFunzione(finestre_, modo, pulsanti_));
   }
   colonna->addStretch(1);
   return riquadro;
@@ -177,25 +154,10 @@ QGroupBox* PaginaScelta::CreaModelli() {
 }
 
 QGroupBox* PaginaScelta::CreaCorrelate() {
-  auto* riquadro = new QGroupBox(tr("funzioni correlate"));
-  riquadro->setObjectName(QStringLiteral("FrameFunzCorr"));
-  auto* griglia = new QGridLayout(riquadro);
-  griglia->setVerticalSpacing(2);
-  int posto = 0;
-  for (const auto& funzione : kCorrelate) {
-    const QString finestra = QString::fromLatin1(funzione.finestra);
-    auto* pulsante = Collegata(QString::fromLatin1(funzione.nome),
-                               QString::fromUtf8(funzione.testo), finestra, funzione.scheda);
-    if (finestra == QLatin1String("ChiusureAperture")) {
-      disconnect(pulsante, &QPushButton::clicked, nullptr, nullptr);
-      connect(pulsante, &QPushButton::clicked, this, &PaginaScelta::ChiusureChieste);
-    }
-    const int colonna = posto % kCorrelatePerRiga;
-    const bool ultima = &funzione == std::end(kCorrelate) - 1;
-    griglia->addWidget(pulsante, posto / kCorrelatePerRiga, colonna, 1,
-                       ultima ? kCorrelatePerRiga - colonna : 1);
-    ++posto;
-  }
+  auto* riquadro = RiquadroCorrelate(finestre_, kCorrelate, kCorrelatePerRiga, pulsanti_);
+  auto* chiusure = riquadro->findChild<QPushButton*>(QStringLiteral("FunzCor15"));
+  disconnect(chiusure, &QPushButton::clicked, nullptr, nullptr);
+  connect(chiusure, &QPushButton::clicked, this, &PaginaScelta::ChiusureChieste);
   return riquadro;
 }
 

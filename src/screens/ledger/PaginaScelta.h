@@ -50,8 +50,6 @@ class PaginaScelta : public QWidget {
   QGroupBox* CreaModi();
   QGroupBox* CreaModelli();
   QGroupBox* CreaCorrelate();
-  QPushButton* Collegata(const QString& nome, const QString& testo, const QString& finestra,
-                         int scheda = -1);
   void Descrivi();
   void Apri();
 

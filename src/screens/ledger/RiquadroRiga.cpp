@@ -37,20 +37,6 @@ QComboBox* CampoClasse(const QString& nome) {
   return campo;
 }
 
-/// A code field followed by its description, which takes the room there is.
-QWidget* ConDescrizione(CampoCodice* campo, int caratteri) {
-  auto* insieme = new QWidget;
-  auto* riga = new QHBoxLayout(insieme);
-  riga->setContentsMargins(0, 0, 0, 0);
-  LargoCaratteri(campo, caratteri);
-  riga->addWidget(campo);
-  auto* etichetta = campo->Etichetta();
-  etichetta->setMinimumWidth(0);
-  etichetta->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  riga->addWidget(etichetta, 1);
-  return insieme;
-}
-
 }  // namespace
 
 RiquadroRiga::RiquadroRiga(Primanota& primanota, Finestre& finestre, QWidget* genitore)

@@ -22,6 +22,7 @@
 #include "screens/ledger/FinestraVisPdc.h"
 #include "screens/main/Archivi.h"
 #include "screens/users/FinestraUt.h"
+#include "screens/vat/FinestraFatture.h"
 
 namespace fenalto {
 namespace {
@@ -59,6 +60,8 @@ Applicazione::~Applicazione() {
 FinestraPrincipale::Costruttori Applicazione::Costruttori() {
   FinestraPrincipale::Costruttori costruttori{
       {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
+      {QStringLiteral("Fatture"),
+       [](Finestre& finestre) -> FinestraFunzione* { return FinestraFatture::Crea(finestre); }},
       {QStringLiteral("Importa"), Nuova<FinestraImporta>()},
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},

@@ -1,0 +1,223 @@
+#include "screens/vat/RiquadroRigaIva.h"
+
+#include <QGridLayout>
+#include <QPushButton>
+
+#include "screens/common/Campi.h"
+#include "screens/common/CampoCodice.h"
+#include "screens/common/Disposizione.h"
+#include "screens/common/Legatura.h"
+#include "screens/ledger/FontiPrimanota.h"
+#include "screens/vat/FontiFatture.h"
+
+namespace fenalto {
+
+RiquadroRigaIva::RiquadroRigaIva(Fatture& fatture, Finestre& finestre, QWidget* genitore)
+    : QGroupBox(tr("Riga"), genitore), fatture_(fatture), finestre_(finestre) {
+  setObjectName(QStringLiteral("FrameRiga"));
+  legatura_ = new Legatura([this]() -> Scheda& { return fatture_.Riga(); },
+                           finestre_.Sessione().Dialogo(), this);
+  CreaCampi();
+  Disponi();
+  OrdineTab();
+  Collega();
+  hide();
+}
+
+void RiquadroRigaIva::CreaCampi() {
+  auto& sessione = finestre_.Sessione();
+  const int decimali = sessione.Euro() ? 2 : 0;
+  posi_ = new CampoNumero(QStringLiteral("Posi"));
+  conto_ =
+      new CampoCodice(QStringLiteral("Conto"), QStringLiteral("CONTI"), FonteConti(sessione, "P"));
+  codIva_ = new CampoCodice(QStringLiteral("CodIva"), QStringLiteral("CODICIIVA"),
+                            FonteCodiciIva(sessione));
+  descrizione_ = new CampoTesto(QStringLiteral("Descrizione"));
+  categoria_ = new CampoCodice(QStringLiteral("Categoria"), QStringLiteral("CATEGORIE"),
+                               FonteCategorie(sessione));
+  commessa_ = new CampoTesto(QStringLiteral("Commessa"));
+  imponibile_ = new CampoImporto(QStringLiteral("Imponibile"), nullptr, decimali);
+  iva_ = new CampoImporto(QStringLiteral("Iva"), nullptr, decimali);
+  ivaInd_ = new CampoImporto(QStringLiteral("IvaInd"), nullptr, decimali);
+  totale_ = new CampoImporto(QStringLiteral("Totale"), nullptr, decimali);
+  totale_->setToolTip(tr("importo iva compresa, da scorporare"));
+  quale_ = new QLabel;
+  quale_->setObjectName(QStringLiteral("L_nuova_vecchiariga"));
+  QFont grassetto = quale_->font();
+  grassetto.setBold(true);
+  quale_->setFont(grassetto);
+  scorpora_ = Pulsante(QStringLiteral("PulisciImporti"), tr("Scorpora il lordo"));
+  conferma_ = Pulsante(QStringLiteral("ConfermaRiga"), tr("Conferma riga"), tr("Ctrl+Invio"));
+  elimina_ = Pulsante(QStringLiteral("EliminaRiga"), tr("Elimina riga"), tr("Ctrl+Canc"));
+  annulla_ = Pulsante(QStringLiteral("AnnullaRiga"), tr("Abbandona riga"), tr("Esc"));
+  for (QWidget* campo :
+       std::initializer_list<QWidget*>{posi_, conto_, codIva_, descrizione_, categoria_, commessa_,
+                                       imponibile_, iva_, ivaInd_, totale_}) {
+    legatura_->Lega(campo);
+  }
+  legatura_->Rinuncia(annulla_);
+}
+
+void RiquadroRigaIva::Disponi() {
+  auto* colonna = new QVBoxLayout(this);
+  colonna->setSpacing(4);
+  colonna->addLayout(DisponiCampi());
+  colonna->addLayout(DisponiPulsanti());
+}
+
+QGridLayout* RiquadroRigaIva::DisponiCampi() {
+  constexpr int kCifreImporto = 14;
+  constexpr int kCifrePosi = 6;
+  constexpr int kCaratteriConto = 12;
+  constexpr int kCaratteriCodice = 7;
+  for (auto* importo : {imponibile_, iva_, ivaInd_, totale_}) {
+    LargoCaratteri(importo, kCifreImporto);
+  }
+  LargoCaratteri(posi_, kCifrePosi);
+  auto* griglia = new QGridLayout;
+  griglia->setHorizontalSpacing(8);
+  griglia->setVerticalSpacing(4);
+  griglia->addWidget(Didascalia(tr("Conto"), conto_), 0, 0);
+  griglia->addWidget(ConDescrizione(conto_, kCaratteriConto), 0, 1, 1, 3);
+  griglia->addWidget(Didascalia(tr("Codice iva"), codIva_), 0, 4);
+  griglia->addWidget(ConDescrizione(codIva_, kCaratteriCodice), 0, 5, 1, 3);
+  griglia->addWidget(Didascalia(tr("Imponibile"), imponibile_), 1, 0);
+  griglia->addWidget(imponibile_, 1, 1);
+  griglia->addWidget(Didascalia(tr("Iva"), iva_), 1, 2);
+  griglia->addWidget(iva_, 1, 3, Qt::AlignLeft);
+  griglia->addWidget(Didascalia(tr("Iva indetraib."), ivaInd_), 1, 4);
+  griglia->addWidget(ivaInd_, 1, 5);
+  griglia->addWidget(Didascalia(tr("Posizione"), posi_), 1, 6);
+  griglia->addWidget(posi_, 1, 7, Qt::AlignLeft);
+  griglia->addWidget(Didascalia(tr("Descrizione"), descrizione_), 2, 0);
+  griglia->addWidget(descrizione_, 2, 1, 1, 3);
+  griglia->addWidget(Didascalia(tr("Categoria"), categoria_), 2, 4);
+  griglia->addWidget(ConDescrizione(categoria_, kCaratteriCodice), 2, 5);
+  griglia->addWidget(Didascalia(tr("Commessa"), commessa_), 2, 6);
+  griglia->addWidget(commessa_, 2, 7);
+  griglia->setColumnStretch(3, 2);
+  griglia->setColumnStretch(7, 1);
+  return griglia;
+}
+
+QHBoxLayout* RiquadroRigaIva::DisponiPulsanti() {
+  auto* pulsanti = new QHBoxLayout;
+  pulsanti->addWidget(Didascalia(tr("Lordo"), totale_));
+  pulsanti->addWidget(totale_);
+  pulsanti->addWidget(scorpora_);
+  pulsanti->addWidget(quale_);
+  pulsanti->addStretch(1);
+  for (auto* pulsante : {conferma_, elimina_, annulla_}) pulsanti->addWidget(pulsante);
+  return pulsanti;
+}
+
+void RiquadroRigaIva::OrdineTab() {
+  QWidget* prima = conto_;
+  for (QWidget* campo : std::initializer_list<QWidget*>{
+           codIva_, imponibile_, iva_, ivaInd_, descrizione_, categoria_, commessa_, conferma_,
+           elimina_, annulla_, totale_, scorpora_, posi_}) {
+    setTabOrder(prima, campo);
+    prima = campo;
+  }
+}
+
+void RiquadroRigaIva::Collega() {
+  for (auto* codice : {conto_, codIva_, categoria_}) {
+    connect(codice, &CampoCodice::EventoLibero, this,
+            [this](const QString& tabella, const QString& cod) {
+              finestre_.ApreFormDaEvLibero(tabella, cod);
+            });
+  }
+  connect(legatura_, &Legatura::Lasciato, this, &RiquadroRigaIva::CampoLasciato);
+  connect(scorpora_, &QPushButton::clicked, this, &RiquadroRigaIva::Scorpora);
+  connect(conferma_, &QPushButton::clicked, this, &RiquadroRigaIva::Conferma);
+  connect(elimina_, &QPushButton::clicked, this, &RiquadroRigaIva::Elimina);
+  connect(annulla_, &QPushButton::clicked, this, [this] {
+    fatture_.AnnullaRiga();
+    emit Annullata();
+  });
+}
+
+QList<QAbstractButton*> RiquadroRigaIva::Pulsanti() const {
+  return {conferma_, elimina_, annulla_, scorpora_};
+}
+
+void RiquadroRigaIva::CampoLasciato(const QString& campo, bool cambiato) {
+  if (!cambiato || fatture_.StatoCorrente() != Fatture::Stato::RigaAperta) return;
+  fatture_.RigaLasciata(campo.toStdString());
+  legatura_->Mostra();
+}
+
+void RiquadroRigaIva::Mostra() {
+  const bool scrivibile = !fatture_.SolaLettura();
+  for (QWidget* campo : std::initializer_list<QWidget*>{
+           posi_, conto_, codIva_, descrizione_, categoria_, commessa_, imponibile_, iva_, ivaInd_,
+           totale_, scorpora_, conferma_, elimina_}) {
+    campo->setEnabled(scrivibile);
+  }
+  quale_->setText(fatture_.RigaNuova() ? tr("nuova riga") : tr("riga esistente"));
+  legatura_->Mostra();
+}
+
+void RiquadroRigaIva::Entra() {
+  Mostra();
+  show();
+  const auto& riga = fatture_.Riga();
+  if (!conferma_->isEnabled()) {
+    PrendiFoco();
+  } else if (riga.Testo("Conto").empty()) {
+    conto_->setFocus();
+  } else if (riga.Testo("CodIva").empty()) {
+    codIva_->setFocus();
+  } else if (riga.Leggi("Imponibile").Importo().Zero()) {
+    imponibile_->setFocus();
+  } else {
+    PrendiFoco();
+  }
+}
+
+void RiquadroRigaIva::PrendiFoco() {
+  FocoInVista(conferma_->isEnabled() ? conferma_ : annulla_);
+}
+
+bool RiquadroRigaIva::Pendente() const {
+  return fatture_.StatoCorrente() == Fatture::Stato::RigaAperta && legatura_->Pendente();
+}
+
+bool RiquadroRigaIva::Raccogli() {
+  return fatture_.StatoCorrente() != Fatture::Stato::RigaAperta || legatura_->Raccogli();
+}
+
+void RiquadroRigaIva::Scorpora() {
+  if (!legatura_->Raccogli()) return;
+  fatture_.PulisciImporti();
+  legatura_->Mostra();
+  if (codIva_->text().isEmpty()) {
+    codIva_->setFocus();
+  } else {
+    PrendiFoco();
+  }
+}
+
+void RiquadroRigaIva::Conferma() {
+  if (!legatura_->Raccogli()) return;
+  const auto posi = fatture_.Riga().Leggi("Posi").Intero();
+  std::string campo;
+  if (fatture_.ConfermaRiga(&campo)) {
+    emit Confermata(posi);
+    return;
+  }
+  Mostra();
+  // Back to what there is to put right.
+  if (auto* controllo = findChild<QWidget*>(QString::fromStdString(campo));
+      controllo != nullptr && !campo.empty()) {
+    controllo->setFocus();
+  }
+}
+
+void RiquadroRigaIva::Elimina() {
+  const auto posi = fatture_.Riga().Leggi("Posi").Intero();
+  if (fatture_.EliminaRiga()) emit Eliminata(posi);
+}
+
+}  // namespace fenalto
