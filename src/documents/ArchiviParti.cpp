@@ -177,7 +177,7 @@ void TogliVoceDiParte(ContestoArchivio& contesto, const Parte& parte) {
 
 std::vector<CampoArchivio> Anagrafica() {
   return {{.nome = "ragsoc1", .didascalia = "Ragione sociale", .caratteri = 50},
-          {.nome = "ragsoc2", .didascalia = "", .caratteri = 50, .elenco = true},
+          {.nome = "ragsoc2", .didascalia = "(seconda riga)", .caratteri = 50},
           {.nome = "indirizzo", .didascalia = "Indirizzo", .caratteri = 50},
           {.nome = "cap", .didascalia = "CAP", .caratteri = 10},
           {.nome = "localita", .didascalia = "Località", .caratteri = 50, .elenco = true},

@@ -84,7 +84,7 @@ TEST_F(Esecuzione, FallisceAllaRigaEConIlMotivo) {
   } casi[] = {
       {"clic Pippo", "window Principale has: Aggiornamento, Anno, "},
       {"apri Pippo", "no menu entry"},
-      {"apri Clienti", "disabled"},
+      {"apri CategorieCespiti", "disabled"},
       {"rifiuta Movimenti", "came up"},
       {"menu Pippo", "does not exist"},
       {"finestra Movimenti", "open are: Principale"},
