@@ -1,0 +1,309 @@
+// The checks of a confirmation: a document that offends all of them is mended one at a time, so
+// that each shows itself in its turn, and nothing is written until the last.
+#include <functional>
+
+#include "vat/FatturaDiProva.h"
+
+namespace fenalto::prova {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+/// What stops the confirmation, where it sends, and what mends it.
+struct Passo {
+  std::string atteso;
+  std::string campo;
+  std::function<void(Fatture&)> rimedia;
+};
+
+std::function<void(Fatture&)> Scrive(const char* campo, const Valore& valore) {
+  return [=](Fatture& f) { f.Testa().Scrivi(campo, valore); };
+}
+
+class FattureControlliTest : public FatturaDiProva {
+ protected:
+  void Percorri(Fatture& fatture, const std::vector<Passo>& passi) {
+    const std::string prima = Tutto();
+    for (const Passo& passo : passi) {
+      SCOPED_TRACE(passo.atteso);
+      Messaggi();
+      std::string campo;
+      EXPECT_FALSE(fatture.Conferma(&campo));
+      EXPECT_EQ(SoloMessaggio(), passo.atteso);
+      EXPECT_EQ(campo, passo.campo);
+      EXPECT_EQ(Tutto(), prima);
+      EXPECT_TRUE(fatture.Nuova());
+      passo.rimedia(fatture);
+    }
+    Messaggi();
+    EXPECT_TRUE(fatture.Conferma()) << ::testing::PrintToString(Messaggi());
+  }
+};
+
+TEST_F(FattureControlliTest, AcquistoNellOrdine) {
+  ASSERT_EQ(Inserisci({.riva = "3", .parte = "0001", .righe = {{"500.001", "22", I("9")}}}), 1);
+  Tessarc().Inserisci("UltimaDataLibro", {{"Anno", 2024}, {"dt", G(31, 3, 2024)}});
+  Tessarc().Inserisci("ChiusureIva", {{"Anno", 2024}, {"MeseTrimestre", "04"}});
+  Fatture f(ambiente);
+  f.VerificaFatForn(true);
+  f.VerificaTotale(true);
+  ASSERT_TRUE(f.ScegliRegistro("3"));
+  ASSERT_TRUE(f.Nuovo());
+  for (const auto& [campo, valore] :
+       std::vector<std::pair<const char*, Valore>>{{"Dt", G(31, 3, 2024)},
+                                                   {"DtFat", G(15, 3, 2024)},
+                                                   {"NFat", "12"},
+                                                   {"DtIncasso", G(1, 5, 2024)},
+                                                   {"BollaDog", true},
+                                                   {"RitAcc", true},
+                                                   {"NProt", "0"},
+                                                   {"NVarAnPrec", true}}) {
+    f.Testa().Scrivi(campo, valore);
+  }
+  const char* dogana = "mancano dati per registrazione giro bolla doganale";
+  const char* ritenuta1 = "mancano dati per registrazione giro ritenuta 1";
+  const char* ritenuta2 = "mancano dati per registrazione giro ritenuta 2";
+  Percorri(
+      f,
+      {{"data registrazione contabile antecedente all'ultima data già stampata su libro giornale",
+        "Dt", Scrive("Dt", G(1, 4, 2024))},
+       {"La data registrazione è relativa ad un periodo già stampato sul registro iva", "Dt",
+        Scrive("Dt", G(2, 5, 2024))},
+       {"manca codice cliente/fornitore iva", "Contox", Scrive("Contox", "9999")},
+       {"il fornitore 9999 non esiste", "Contox", Scrive("Contox", "0003")},
+       {"non è stata impostata la riga con imponibile ed iva", "PNuovaRiga",
+        [](Fatture& x) { DigitaRiga(x, {"500.001", "22", I("100")}); }},
+       {"la data incasso si imposta solo per le fatture in sospensione IVA", "DtIncasso",
+        // Cleared by the check itself.
+        [](Fatture& x) { EXPECT_TRUE(x.Testa().Leggi("DtIncasso").Data().Nulla()); }},
+       {"sull'anagrafica del fornitore 0003 non è inserito il conto riepilogativo", "Contox",
+        Scrive("Contox", "0001")},
+       {dogana, "FornitoreBollaDog", Scrive("FornitoreBollaDog", "0003")},
+       {dogana, "CausaleBollaDog", Scrive("CausaleBollaDog", "029")},
+       {ritenuta1, "CausaleRitAcc1", Scrive("CausaleRitAcc1", "024")},
+       {ritenuta1, "ContoRitAcc1", Scrive("ContoRitAcc1", "180.010")},
+       {ritenuta1, "ImportoRitAcc1",
+        [](Fatture& x) {
+          x.Testa().Scrivi("ImportoRitAcc1", I("20"));
+          x.Testa().Scrivi("CausaleRitAcc2", "024");
+        }},
+       {ritenuta2, "ContoRitAcc2", Scrive("ContoRitAcc2", "180.010")},
+       {ritenuta2, "ImportoRitAcc2",
+        [](Fatture& x) {
+          x.Testa().Scrivi("ImportoRitAcc2", I("5"));
+          x.Testa().Scrivi("CausaleRitAcc2", "");
+        }},
+       {ritenuta2, "CausaleRitAcc2",
+        [](Fatture& x) {
+          x.Testa().Scrivi("ContoRitAcc2", "");
+          x.Testa().Scrivi("ImportoRitAcc2", Importo());
+        }},
+       {"sull'anagrafica del fornitore  0003 non è inserito il conto riepilogativo",
+        "FornitoreBollaDog", Scrive("FornitoreBollaDog", "0002")},
+       {" non si può forzare n.protocollo=0", "NProt", Scrive("NProt", "12a")},
+       {"il protocollo «12a» non è un numero: scrivere solo cifre, o lasciarlo vuoto perché lo "
+        "assegni il programma",
+        "NProt", Scrive("NProt", "2147483648")},
+       {"il protocollo 2147483648 è troppo grande: il massimo è 2147483647", "NProt",
+        [](Fatture& x) {
+          x.Testa().Scrivi("NProt", "");
+          x.Testa().Scrivi("NFat", "13");
+        }},
+       {"Totale fattura diverso dal Totale fattura di controllo", "TotaleXVerifica",
+        Scrive("TotaleXVerifica", I("122"))},
+       {"E'stata spuntata la casella 'nota di variazione anni precedenti'\r\nse si tratta "
+        "effettivamente di nota di variazione bisogna inserire il segno meno sugli importi",
+        "NVarAnPrec", Scrive("NVarAnPrec", false)}});
+  // The document, the customs giro, one withholding.
+  EXPECT_EQ(Conti().substr(0, 1), "4");
+}
+
+TEST_F(FattureControlliTest, FatturaGiaRegistrata) {
+  const FatturaDaScrivere doppia{
+      .riva = "3", .parte = "0001", .righe = {{"500.001", "22", I("9")}}};
+  ASSERT_NE(Inserisci(doppia), 0);
+  ASSERT_NE(Inserisci(doppia), 0) << "the search is off until it is asked for";
+  Fatture f(ambiente);
+  f.VerificaFatForn(true);
+  ASSERT_TRUE(Digita(f, doppia));
+  const std::string prima = Tutto();
+  Messaggi();
+  dialoghi.Rispondera(
+      "esiste già una registrazione di fattura con il medesimo fornitore e numero "
+      "fattura",
+      Risposta::No);
+  EXPECT_FALSE(f.Conferma());
+  EXPECT_THAT(UltimaDomanda(), HasSubstr("Proseguo ugualmente ?"));
+  EXPECT_THAT(Messaggi(), ::testing::IsEmpty());
+  EXPECT_EQ(Tutto(), prima);
+  dialoghi.Rispondera("esiste già", Risposta::Si);
+  EXPECT_TRUE(f.Conferma());
+  // Another supplier, another register, a sale: no search.
+  for (const auto& [riva, parte] : std::vector<std::pair<std::string, std::string>>{
+           {"3", "0002"}, {"3V", "0001"}, {"1", "0001"}}) {
+    EXPECT_NE(Inserisci({.riva = riva, .parte = parte, .righe = doppia.righe}), 0);
+  }
+}
+
+TEST_F(FattureControlliTest, ReverseCharge) {
+  Fatture f(ambiente);
+  ASSERT_TRUE(Digita(f, {.riva = "4",
+                         .parte = "0001",
+                         .righe = {{"900.220", "22R", I("100")}},
+                         .altri = {{"RivaIntra", ""}}}));
+  const char* giro = "mancano dati per registrazione automatica giro 'costo a fornitore'";
+  Percorri(f, {{"inserire registro iva acquisti intra", "RivaIntra", Scrive("RivaIntra", "5")},
+               {giro, "CausaleIntra", Scrive("CausaleIntra", "029")},
+               {giro, "FornitoreIntra", Scrive("FornitoreIntra", "0003")},
+               {giro, "ContoCostiIntra", Scrive("ContoCostiIntra", "500.001")},
+               {"sull'anagrafica del fornitore  0003 non è inserito il conto riepilogativo",
+                "FornitoreIntra", Scrive("NoIntraCosto_a_Forn", true)}});
+  EXPECT_EQ(Conti().substr(0, 1), "2");
+  // Without the automatism nothing of it is asked.
+  Config("RegAutoIntraCee", "No");
+  EXPECT_NE(Inserisci({.riva = "4",
+                       .parte = "0001",
+                       .righe = {{"900.220", "22R", I("1")}},
+                       .altri = {{"RivaIntra", ""}}}),
+            0);
+}
+
+TEST_F(FattureControlliTest, DataIncasso) {
+  Fatture f(ambiente);
+  ASSERT_TRUE(Digita(f, {.riva = "6",
+                         .parte = "0001",
+                         .righe = {{"700.001", "22", I("100")}},
+                         .altri = {{"DtIncasso", G(1, 4, 2024)}}}));
+  Percorri(f, {{"Fatture in sospensione IVA: la data di incasso si dovrà impostare successivamente",
+                "DtIncasso", [](Fatture&) {}}});
+  EXPECT_THAT(TestaDi(1), ::testing::Not(HasSubstr("incasso")));
+  // The date that the collection put there stays through a change; another is refused.
+  Tessarc().Esegui("update Articoli set DtIncasso=#04/10/2024# where NumDoc=1");
+  ASSERT_TRUE(f.Apri(1));
+  EXPECT_TRUE(f.Conferma());
+  EXPECT_THAT(TestaDi(1), HasSubstr("incasso 10/04/2024"));
+  ASSERT_TRUE(f.Apri(1));
+  f.Testa().Scrivi("DtIncasso", G(11, 4, 2024));
+  EXPECT_FALSE(f.Conferma());
+  EXPECT_EQ(f.Testa().Leggi("DtIncasso").Data(), G(10, 4, 2024));
+  // With deferred VAT on an ordinary register it may be typed.
+  ASSERT_NE(Inserisci({.riva = "1",
+                       .parte = "0001",
+                       .righe = {{"700.001", "22", I("1")}},
+                       .altri = {{"Ep", true}, {"DtIncasso", G(1, 4, 2024)}}}),
+            0);
+}
+
+TEST_F(FattureControlliTest, AnnoDellaData) {
+  Fatture f(ambiente);
+  ASSERT_TRUE(Digita(f, {.riva = "1", .parte = "0001", .righe = {{"700.001", "22", I("100")}}}));
+  f.Testa().Scrivi("Dt", G(2, 1, 2025));
+  Messaggi();
+  const std::string prima = Tutto();
+  dialoghi.Rispondera(
+      "Attenzione : la data registrazione contabile è relativa ad un anno diverso da 2024",
+      Risposta::No);
+  EXPECT_FALSE(f.Conferma());
+  EXPECT_THAT(UltimaDomanda(), HasSubstr("Proseguo ugualmente"));
+  EXPECT_EQ(Tutto(), prima);
+  dialoghi.Rispondera("anno diverso da 2024", Risposta::Si);
+  EXPECT_TRUE(f.Conferma());
+}
+
+TEST_F(FattureControlliTest, DataInferioreEPeriodoTrimestrale) {
+  ASSERT_EQ(Inserisci({.riva = "1", .parte = "0001", .righe = {{"700.001", "22", I("9")}}}), 1);
+  Tessarc().Esegui("update Anni set IvaTrimestrale=True where Anno=2024");
+  Tessarc().Inserisci("ChiusureIva", {{"Anno", 2024}, {"MeseTrimestre", "T1"}});
+  Fatture f(ambiente);
+  ASSERT_TRUE(f.ScegliRegistro("1"));
+  ASSERT_TRUE(f.Nuovo());
+  Messaggi();
+  f.Testa().Scrivi("Dt", G(1, 3, 2024));
+  f.TestaLasciata("Dt");
+  EXPECT_THAT(Messaggi(),
+              ElementsAre("data registrazione inferiore a quella dell'ultima fattura registrata",
+                          "La data registrazione è relativa ad un periodo già stampato sul "
+                          "registro iva"));
+  f.Testa().Scrivi("Dt", G(1, 4, 2024));
+  f.TestaLasciata("Dt");
+  EXPECT_THAT(Messaggi(), ::testing::IsEmpty());
+}
+
+TEST_F(FattureControlliTest, Righe) {
+  Fatture f(ambiente);
+  ASSERT_TRUE(Digita(f, {.riva = "3", .parte = "0001"}));
+  ASSERT_TRUE(f.PNuovaRiga());
+  Messaggi();
+  const auto rifiuta = [&](const char* messaggio, const char* atteso) {
+    std::string campo;
+    EXPECT_FALSE(f.ConfermaRiga(&campo));
+    EXPECT_EQ(SoloMessaggio(), messaggio);
+    EXPECT_EQ(campo, atteso);
+  };
+  EXPECT_EQ(f.Riga().Testo("Conto"), "500.001");
+  EXPECT_EQ(f.Riga().Testo("CodIva"), "22");
+  EXPECT_EQ(f.Riga().Testo("Descrizione"), "FATT.12 Del 15/03/2024");
+  f.Riga().Scrivi("CodIva", "");
+  f.Riga().Scrivi("Conto", "");
+  rifiuta("manca codice iva", "CodIva");
+  f.PulisciImporti();
+  EXPECT_EQ(SoloMessaggio(), "manca codice iva");
+  f.Riga().Scrivi("CodIva", "ZCOR");
+  rifiuta("manca conto", "Conto");
+  f.Riga().Scrivi("Conto", "500.001");
+  Tessarc().Inserisci("CodiciIva", {{"Cod", "ZCOR"}});
+  rifiuta("il codice iva 'ZCOR' è riservato ai corrispettivi da ventilare", "CodIva");
+  // VAT of 8.20 by 60 percent that isn't deductible: 4.926 is cut.
+  f.Riga().Scrivi("CodIva", "22D40");
+  f.Riga().Scrivi("Imponibile", I("37.30"));
+  f.RigaLasciata("Imponibile");
+  EXPECT_EQ(f.Riga().Leggi("Iva").Importo(), I("3.29"));
+  EXPECT_EQ(f.Riga().Leggi("IvaInd").Importo(), I("4.92"));
+  f.Riga().Scrivi("Iva", I("3.3"));
+  dialoghi.Rispondera("importo IVA errato, proseguo ugualmente ?", Risposta::No);
+  EXPECT_FALSE(f.ConfermaRiga());
+  dialoghi.Rispondera("importo IVA errato", Risposta::Si);
+  EXPECT_TRUE(f.ConfermaRiga());
+  EXPECT_EQ(f.TotFat(), I("45.52"));
+  // The gross amount split.
+  ASSERT_TRUE(f.PNuovaRiga());
+  f.Riga().Scrivi("CodIva", "22I50");
+  f.Riga().Scrivi("Totale", I("-100"));
+  f.PulisciImporti();
+  EXPECT_EQ(f.Riga().Leggi("Imponibile").Importo(), I("-81.97"));
+  EXPECT_EQ(f.Riga().Leggi("IvaInd").Importo(), I("-9.02"));
+  EXPECT_EQ(f.Riga().Leggi("Iva").Importo(), I("-9.01"));
+  dialoghi.Rispondera("Conferma eliminazione RIGA ?", Risposta::Si);
+  EXPECT_TRUE(f.EliminaRiga());
+  EXPECT_EQ(f.Righe().size(), 1U);
+}
+
+TEST_F(FattureControlliTest, CorrispettiviDaVentilare) {
+  Fatture f(ambiente);
+  ASSERT_TRUE(f.ScegliRegistro("7"));
+  Messaggi();
+  ASSERT_TRUE(f.Nuovo());
+  EXPECT_EQ(SoloMessaggio(),
+            "Verrà creato un codice iva 'ZCOR' che servirà al programma al momento della chiusura "
+            "periodica iva");
+  ASSERT_TRUE(f.PNuovaRiga());
+  EXPECT_EQ(f.Riga().Testo("CodIva"), "ZCOR");
+  EXPECT_EQ(f.Riga().Testo("Conto"), "700.010");
+  f.Riga().Scrivi("CodIva", "22");
+  f.Riga().Scrivi("Imponibile", I("50"));
+  f.RigaLasciata("Imponibile");
+  EXPECT_TRUE(f.Riga().Leggi("Iva").Importo().Zero());
+  EXPECT_FALSE(f.ConfermaRiga());
+  EXPECT_EQ(SoloMessaggio(), "sui corrispettivi da ventilare si deve usare il codice iva 'ZCOR'");
+  f.Riga().Scrivi("CodIva", "ZCOR");
+  EXPECT_TRUE(f.ConfermaRiga());
+  EXPECT_TRUE(f.Conferma());
+  EXPECT_EQ(RigheDi(1).size(), 2U);
+  Messaggi();
+  ASSERT_TRUE(f.Nuovo());
+  EXPECT_THAT(Messaggi(), ::testing::IsEmpty());
+}
+
+}  // namespace
+}  // namespace fenalto::prova
