@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <exception>
 
-#include "ledger/CreaDemo.h"
+#include "demo/CreaDemo.h"
 #include "screens/main/Applicazione.h"
 #include "screens/main/ApplicazioneQt.h"
 #include "screens/main/DialoghiQt.h"

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "core/session/Allegati.h"
+#include "core/store/TransazioneComune.h"
 #include "ledger/Primanota.h"
 
 namespace fenalto {
@@ -21,20 +22,7 @@ struct TotaliPrimanota {
 /// Sums of the rows; throws FuoriCampo.
 TotaliPrimanota SommaRighe(const std::vector<RigaPrimanota>& righe);
 
-/// A transaction of its own; or a part of the one the caller holds to write many registrations at
-/// once, who then rolls it back when one of them isn't written.
-class TransazionePrimanota {
- public:
-  TransazionePrimanota(BasiDati& basi, Transazione::Ambito ambito) {
-    if (!basi.InTransazione()) propria_.emplace(basi, ambito);
-  }
-  void Conferma() {
-    if (propria_) propria_->Conferma();
-  }
-
- private:
-  std::optional<Transazione> propria_;
-};
+using TransazionePrimanota = TransazioneComune;
 
 /// An account that a row may name.
 struct VoceConto {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/sql/Criterio.h"
+#include "core/store/TransazioneComune.h"
 #include "core/values/Testo.h"
 #include "vat/DatiIva.h"
 #include "vat/FattureInterno.h"
@@ -180,7 +181,7 @@ void Fatture::Interno::ScriviAutomatiche(Scritta& scritta) {
 }
 
 Fatture::Interno::Scritta Fatture::Interno::Scrivi() {
-  Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
+  TransazioneComune transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
   Scritta scritta;
   scritta.nProt =
       NProtForzato() != 0 ? NProtForzato() : ProssimoNProt(ambiente, anno, registro.cod);

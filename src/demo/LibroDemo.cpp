@@ -1,29 +1,24 @@
-#include "ledger/CreaDemo.h"
+#include "demo/LibroDemo.h"
 
-#include <array>
-#include <map>
-#include <span>
-#include <utility>
+#include <algorithm>
 
-#include "core/session/CreaDitta.h"
+#include "core/sql/Criterio.h"
 #include "core/values/Aritmetica.h"
-#include "ledger/DatiDemo.h"
-#include "ledger/Primanota.h"
+#include "demo/AnagraficheDemo.h"
+#include "demo/DatiDemo.h"
 
 namespace fenalto {
 
 namespace {
 
-constexpr const char* kDitta = "Demo";
-
 constexpr std::string_view kCassa = "100.010";
 constexpr std::string_view kBanca = "110.001";
-constexpr std::string_view kClienti = "120.001";
 constexpr std::string_view kIvaDebito = "170.001";
+constexpr std::string_view kIvaCredito = "170.003";
 constexpr std::string_view kErarioIva = "170.010";
 constexpr std::string_view kMutuo = "350.010";
-constexpr std::string_view kFornitori = "400.001";
 constexpr std::string_view kRitenute = "420.001";
+constexpr std::string_view kRitenuteAutonomi = "420.002";
 constexpr std::string_view kInps = "430.001";
 constexpr std::string_view kDipendenti = "440.001";
 
@@ -31,133 +26,16 @@ constexpr std::array<std::string_view, 12> kMesi = {
     "gennaio", "febbraio", "marzo",     "aprile",  "maggio",   "giugno",
     "luglio",  "agosto",   "settembre", "ottobre", "novembre", "dicembre"};
 
-/// Nobody to ask: every question takes its default, and the last message is kept.
-class DialoghiMuti final : public Dialoghi {
- public:
-  void Messaggio(const std::string& testo, Icona /*icona*/) override { ultimo = testo; }
-  Risposta Domanda(const std::string& /*testo*/, Bottoni /*bottoni*/, Risposta predefinita,
-                   const std::string& /*titolo*/, Icona /*icona*/) override {
-    return predefinita;
-  }
-  std::optional<std::string> Chiedi(const std::string& /*testo*/,
-                                    const std::string& /*iniziale*/) override {
-    return std::nullopt;
-  }
-  std::optional<SceltaUscita> ScegliUscita(const std::string& /*rapporto*/,
-                                           bool /*esporta*/) override {
-    return std::nullopt;
-  }
-  std::optional<std::filesystem::path> ScegliFile(const std::string& /*titolo*/, ModoFile /*modo*/,
-                                                  const std::string& /*filtro*/) override {
-    return std::nullopt;
-  }
-  std::optional<SceltaDitta> ScegliDitta(
-      const std::vector<DittaTrovata>& /*ditte*/,
-      const std::function<std::vector<int>(const std::string&, std::string&)>& /*anniDi*/)
-      override {
-    return std::nullopt;
-  }
-  std::optional<Credenziali> ChiediAccesso(const std::string& /*avviso*/) override {
-    return std::nullopt;
-  }
-  std::unique_ptr<Avanzamento> Avvia(const std::string& /*testo*/,
-                                     std::int64_t /*totale*/) override {
-    return std::make_unique<AvanzamentoMuto>();
-  }
-  bool ApriEsterno(const std::string& /*fileOIndirizzo*/) override { return false; }
-
-  std::string ultimo;
-
- private:
-  class AvanzamentoMuto final : public Avanzamento {
-   public:
-    bool Avanza(std::int64_t /*fatto*/) override { return true; }
-  };
-};
-
-/// The same numbers every time, so that the demo of a day is always the same.
-class Generatore {
- public:
-  /// An amount in euro and cents, from `minimo` to `massimo` euro.
-  Importo Euro(std::int64_t minimo, std::int64_t massimo) {
-    const auto centesimi = static_cast<std::uint64_t>((massimo - minimo) * 100 + 1);
-    return Importo::DaDecimillesimi(
-        (minimo * 100 + static_cast<std::int64_t>(Prossimo() % centesimi)) * 100);
-  }
-  std::size_t Indice(std::size_t quanti) { return static_cast<std::size_t>(Prossimo() % quanti); }
-
- private:
-  std::uint64_t Prossimo() {
-    stato_ = stato_ * 6'364'136'223'846'793'005U + 1'442'695'040'888'963'407U;
-    return stato_ >> 33U;
-  }
-  std::uint64_t stato_ = 20'240'315;
-};
-
-/// Debit above zero, credit below.
-struct RigaDemo {
-  std::string cfp;
-  std::string conto;
-  Importo importo;
-  std::string descrizione;
-};
-
 RigaDemo Conto(std::string_view conto, Importo importo, std::string descrizione) {
   return {"P", std::string(conto), importo, std::move(descrizione)};
 }
 
-std::string Codice(std::size_t numero) {
-  const std::string cifre = std::to_string(numero);
-  return std::string(4 - cifre.size(), '0') + cifre;
-}
-
-/// Writes the registrations and keeps the balances that the next ones need.
-class LibroDemo {
- public:
-  LibroDemo(Ambiente& ambiente, DialoghiMuti& dialoghi, Data oggi)
-      : ambiente_(ambiente), dialoghi_(dialoghi), oggi_(oggi), primanota_(ambiente) {}
-
-  void PrimoAnno(int anno);
-  void SecondoAnno(int anno);
-
- private:
-  void Registra(Data data, std::string_view causale, const std::vector<RigaDemo>& righe,
-                std::string_view modello = "");
-  void Scegli(int anno);
-  void Anno(int anno);
-  void Mese(int anno, int mese);
-  void PagaPersonale(Data data);
-  void VersaF24(const std::string& mese, Data data);
-  void Stipendi(const std::string& mese, Data data, std::string_view modello);
-  void Corrispettivi(const std::string& mese, Data data);
-  /// Two customers pay, or two suppliers are paid, what is open.
-  void PartiteAperte(const std::string& cfp, Data data);
-  void Trimestre(const std::string& testo, const std::array<Data, 3>& giorni);
-  void FineAnno(int anno);
-
-  [[nodiscard]] Importo Saldo(const std::string& cfp, std::string_view conto) const {
-    const auto trovato = saldi_.find({cfp, std::string(conto)});
-    return trovato == saldi_.end() ? Importo() : trovato->second;
-  }
-  /// A day of a month that isn't a Sunday.
-  static Data Giorno(int giorno, int mese, int anno) {
-    const Data data = Data::DaGma(giorno, mese, anno).value();
-    return data.GiornoSettimana() == 7 ? data.PiuGiorni(-1) : data;
-  }
-
-  Ambiente& ambiente_;
-  DialoghiMuti& dialoghi_;
-  Data oggi_;
-  Primanota primanota_;
-  Generatore generatore_;
-  std::map<std::pair<std::string, std::string>, Importo> saldi_;
-  int primoAnno_ = 0;
-  int note_ = 0;
-};
+}  // namespace
 
 void LibroDemo::Registra(Data data, std::string_view causale, const std::vector<RigaDemo>& righe,
                          std::string_view modello) {
   if (data > oggi_) return;
+  Documenti(data);
   bool scritta = true;
   primanota_.Nuovo();
   Scheda& testa = primanota_.Testa();
@@ -178,6 +56,22 @@ void LibroDemo::Registra(Data data, std::string_view causale, const std::vector<
   if (!scritta || !primanota_.Conferma()) {
     throw ErroreArchivio(ErroreArchivio::Causa::Altro,
                          "registrazione del " + data.Testo() + ": " + dialoghi_.ultimo);
+  }
+}
+
+void LibroDemo::Documenti(Data data) {
+  if (!documenti_.Attende(data)) return;
+  Archivio& tessarc = ambiente_.ArchivioDi("tessarc");
+  const std::string anno = Criterio("Anno", "=", ambiente_.Anno());
+  const Valore ultimo = tessarc.Singolo("select Max(NumDoc) from Articoli where " + anno);
+  documenti_.FinoA(data);
+  for (Rs conto = tessarc.Recordset(
+           "select CFP, Conto, Sum(ImpoDare), Sum(ImpoAvere) from Movimenti where " + anno +
+           " and " + Criterio("NumDoc", ">", ultimo.Intero()) + " group by CFP, Conto");
+       !conto.Eof(); conto.MoveNext()) {
+    const std::pair chiave(conto.Fields(0).Testo(), conto.Fields(1).Testo());
+    const Importo saldo = conto.Fields(2).Importo() - conto.Fields(3).Importo();
+    (chiave.first == "P" ? saldi_ : daScadenze_)[chiave] += saldo;
   }
 }
 
@@ -212,10 +106,10 @@ void LibroDemo::PrimoAnno(int anno) {
     aggiungi(Conto(conto, Importo::DaUnita(euro), testo));
   }
   for (std::size_t n = 1; n <= kClientiDemo.size(); ++n) {
-    aggiungi({"C", Codice(n), generatore_.Euro(400, 4'800), testo});
+    aggiungi({"C", CodiceParteDemo(n), generatore_.Euro(400, 4'800), testo});
   }
   for (std::size_t n = 1; n <= kFornitoriDemo.size(); ++n) {
-    aggiungi({"F", Codice(n), -generatore_.Euro(300, 5'200), testo});
+    aggiungi({"F", CodiceParteDemo(n), -generatore_.Euro(300, 5'200), testo});
   }
   aggiungi(Conto("300.012", -totale, testo));
   Registra(Data::DaGma(1, 1, anno).value(), kCausaleApertura, righe);
@@ -227,7 +121,9 @@ void LibroDemo::SecondoAnno(int anno) {
   const std::string testo = "Saldo di apertura " + std::to_string(anno);
   std::vector<RigaDemo> righe;
   Importo totale;
-  for (const auto& [conto, saldo] : saldi_) {
+  auto finali = saldi_;
+  for (const auto& [conto, saldo] : daScadenze_) finali[conto] += saldo;
+  for (const auto& [conto, saldo] : finali) {
     // Accounts of the masters from 500 on are of the year's result.
     if (saldo.Zero() || (conto.first == "P" && conto.second >= "500")) continue;
     righe.push_back({conto.first, conto.second, saldo, testo});
@@ -236,12 +132,14 @@ void LibroDemo::SecondoAnno(int anno) {
   righe.push_back(Conto(totale.Negativo() ? "300.011" : "300.010", -totale, testo));
   saldi_.clear();
   Registra(Data::DaGma(1, 1, anno).value(), kCausaleApertura, righe);
+  for (const auto& [conto, saldo] : daScadenze_) saldi_[conto] -= saldo;
   Anno(anno);
 }
 
 void LibroDemo::Anno(int anno) {
   for (int mese = 1; mese <= 12; ++mese) Mese(anno, mese);
   FineAnno(anno);
+  Documenti(Data::DaGma(31, 12, anno).value());
 }
 
 void LibroDemo::Mese(int anno, int mese) {
@@ -278,9 +176,10 @@ void LibroDemo::PagaPersonale(Data data) {
 }
 
 void LibroDemo::VersaF24(const std::string& mese, Data data) {
+  Documenti(std::min(data, oggi_));
   std::vector<RigaDemo> righe;
   Importo totale;
-  for (const std::string_view conto : {kRitenute, kInps, kErarioIva}) {
+  for (const std::string_view conto : {kRitenute, kRitenuteAutonomi, kInps, kErarioIva}) {
     const Importo debito = Saldo("P", conto);
     if (!debito.Negativo()) continue;
     righe.push_back(Conto(conto, -debito, "Versamento F24 " + mese));
@@ -307,6 +206,11 @@ void LibroDemo::Stipendi(const std::string& mese, Data data, std::string_view mo
 }
 
 void LibroDemo::Corrispettivi(const std::string& mese, Data data) {
+  // From here on every day has its own, on the register.
+  if (data >= documenti_.Inizio()) {
+    VersaContanti(data);
+    return;
+  }
   const Importo netto = generatore_.Euro(5'600, 8'400);
   const Importo iva = CalcolaIva(netto, Importo::DaUnita(22), true);
   const Importo contanti = Importo::DaUnita((netto + iva).ParteIntera() / 4);
@@ -314,6 +218,16 @@ void LibroDemo::Corrispettivi(const std::string& mese, Data data) {
   Registra(data, "037",
            {Conto(kCassa, contanti, testo), Conto(kBanca, netto + iva - contanti, testo),
             Conto("700.010", -netto, testo), Conto(kIvaDebito, -iva, testo)});
+}
+
+void LibroDemo::VersaContanti(Data data) {
+  Documenti(std::min(data, oggi_));
+  const Importo versato = Importo::DaUnita((Saldo("P", kCassa).ParteIntera() / 100 - 5) * 100);
+  if (versato > Importo()) {
+    Registra(data, "005",
+             {Conto(kBanca, versato, "Versamento contanti"),
+              Conto(kCassa, -versato, "Versamento contanti")});
+  }
 }
 
 void LibroDemo::PartiteAperte(const std::string& cfp, Data data) {
@@ -324,7 +238,7 @@ void LibroDemo::PartiteAperte(const std::string& cfp, Data data) {
   Importo totale;
   const std::size_t primo = generatore_.Indice(quanti);
   for (std::size_t passo = 0; passo < quanti && righe.size() < 2; ++passo) {
-    const std::string codice = Codice((primo + passo) % quanti + 1);
+    const std::string codice = CodiceParteDemo((primo + passo) % quanti + 1);
     const Importo saldo = Saldo(cfp, codice);
     if (saldo.Zero()) continue;
     righe.push_back({cfp, codice, -saldo, testo});
@@ -348,26 +262,34 @@ void LibroDemo::Trimestre(const std::string& testo, const std::array<Data, 3>& g
            {Conto(kMutuo, quota, "Rata mutuo " + testo),
             Conto("590.002", interessi, "Rata mutuo " + testo),
             Conto(kBanca, -(quota + interessi), "Rata mutuo " + testo)});
-  const Importo versato = Importo::DaUnita((Saldo("P", kCassa).ParteIntera() / 100 - 5) * 100);
-  if (versato > Importo()) {
-    Registra(giorni[1], "005",
-             {Conto(kBanca, versato, "Versamento contanti"),
-              Conto(kCassa, -versato, "Versamento contanti")});
-  }
-  const Importo iva = Saldo("P", kIvaDebito);
-  Registra(giorni[2], "027",
-           {Conto(kIvaDebito, -iva, "Liquidazione IVA " + testo),
-            Conto(kErarioIva, iva, "Liquidazione IVA " + testo)});
+  VersaContanti(giorni[1]);
+  Liquidazione(testo, giorni[2]);
   ++note_;
   const std::string nota = "Nota di addebito n. " + std::to_string(note_) + " (fuori campo IVA)";
   const Importo addebito = generatore_.Euro(120, 480);
   Registra(giorni[2], "001",
-           {{"C", Codice(generatore_.Indice(kClientiDemo.size()) + 1), addebito, nota},
+           {{"C", CodiceParteDemo(generatore_.Indice(kClientiDemo.size()) + 1), addebito, nota},
             Conto("710.090", -addebito, nota)});
   const Importo premio = generatore_.Euro(280, 420);
   Registra(giorni[2], "001",
            {Conto("520.007", premio, "Premio polizza " + testo),
-            {"F", Codice(2), -premio, "Premio polizza " + testo}});
+            {"F", CodiceParteDemo(2), -premio, "Premio polizza " + testo}});
+}
+
+void LibroDemo::Liquidazione(const std::string& trimestre, Data data) {
+  Documenti(std::min(data, oggi_));
+  const std::string testo = "Liquidazione IVA " + trimestre;
+  std::vector<RigaDemo> righe;
+  Importo iva;
+  for (const std::string_view conto : {kIvaDebito, kIvaCredito}) {
+    const Importo saldo = Saldo("P", conto);
+    if (saldo.Zero()) continue;
+    righe.push_back(Conto(conto, -saldo, testo));
+    iva += saldo;
+  }
+  if (righe.empty() || iva.Zero()) return;
+  righe.push_back(Conto(kErarioIva, iva, testo));
+  Registra(data, "027", righe);
 }
 
 void LibroDemo::FineAnno(int anno) {
@@ -381,75 +303,6 @@ void LibroDemo::FineAnno(int anno) {
   registra("039", "570.004", "220.005", 2'775, "Ammortamento attrezzature");
   registra("039", "570.006", "220.008", 4'800, "Ammortamento autocarri");
   registra("026", "560.004", "320.001", 2'510, "Accantonamento TFR dell'anno");
-}
-
-// --- Parties and settings ------------------------------------------------------------------------
-
-void ScriviAnagrafiche(Archivio& tessarc, std::span<const AnagraficaDemo> anagrafiche,
-                       const char* tabella, const char* cfp, std::string_view conto) {
-  for (std::size_t n = 0; n < anagrafiche.size(); ++n) {
-    const AnagraficaDemo& a = anagrafiche[n];
-    const std::string codice = Codice(n + 1);
-    tessarc.Inserisci(tabella, {{"Cod", codice},
-                                {"ragsoc1", a.ragsoc1},
-                                {"indirizzo", a.indirizzo},
-                                {"cap", a.cap},
-                                {"localita", a.localita},
-                                {"Prov", a.provincia},
-                                {"Conto", conto}});
-    tessarc.Inserisci("ContiClientiFornitori",
-                      {{"Cod", codice}, {"CFP", cfp}, {"Descrizione", a.ragsoc1}});
-  }
-}
-
-void ScriviImpostazioni(Ambiente& ambiente) {
-  // The blank after ragsoc1 belongs to the key.
-  const std::array<std::pair<std::string_view, std::string_view>, 7> impostazioni = {
-      {{"ragsoc1 ", "EMPORIO BELLOSGUARDO S.R.L."},
-       {"ragsoc2", "ferramenta e casalinghi"},
-       {"indirizzo", "Via delle Botteghe 21"},
-       {"localita", "40068 San Lazzaro di Savena BO"},
-       {"piva", "01234567897"},
-       {"codfisc", "01234567897"},
-       {"NAZIONE", "IT"}}};
-  for (const auto& [chiave, valore] : impostazioni) {
-    ambiente.ScriviImpostazione("", "config", chiave, valore);
-  }
-}
-
-}  // namespace
-
-Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) {
-  DialoghiMuti dialoghi;
-  CasoDiSistema caso;
-  OpzioniAmbiente senzaCopie = opzioni;
-  senzaCopie.copie = false;
-  Ambiente ambiente(senzaCopie, dialoghi, orologio, caso);
-  if (!ambiente.DitteTrovate().empty()) return false;
-
-  const int corrente = orologio.Oggi().Anno();
-  if (auto creata =
-          CreaDittaDaModello(opzioni, kDitta, {{corrente - 1, true}, {corrente, true}}, true);
-      !creata) {
-    return creata;
-  }
-  if (auto aperta = ambiente.ApriDitta(kDitta, corrente); !aperta) return aperta;
-  try {
-    ScriviImpostazioni(ambiente);
-    LibroDemo libro(ambiente, dialoghi, orologio.Oggi());
-    // One for all: the first start waits for the disk once, not at every registration.
-    Transazione transazione(ambiente.Basi());
-    Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-    ScriviAnagrafiche(tessarc, kClientiDemo, "Clienti", "C", kClienti);
-    ScriviAnagrafiche(tessarc, kFornitoriDemo, "Fornitori", "F", kFornitori);
-    libro.PrimoAnno(corrente - 1);
-    libro.SecondoAnno(corrente);
-    transazione.Conferma();
-  } catch (const ErroreArchivio& e) {
-    return Errore{std::string("la ditta Demo è stata creata, ma senza registrazioni: ") + e.what()};
-  }
-  ambiente.ChiudiDitta();
-  return true;
 }
 
 }  // namespace fenalto

@@ -1,6 +1,6 @@
 #include <set>
 
-#include "ledger/CreaDemo.h"
+#include "demo/CreaDemo.h"
 #include "ledger/DittaDiProva.h"
 
 namespace fenalto::prova {
@@ -45,10 +45,10 @@ TEST(CreaDemoTest, DueAnniCredibili) {
   EXPECT_EQ(demo.ambiente->Config("ragsoc1 "), "EMPORIO BELLOSGUARDO S.R.L.");
   EXPECT_GE(demo.Singolo("select Count(*) from Articoli").Intero(), 120);
   EXPECT_EQ(demo.Singolo("select Count(*) from Clienti").Intero(), 25);
-  EXPECT_EQ(demo.Singolo("select Count(*) from Fornitori").Intero(), 15);
+  EXPECT_EQ(demo.Singolo("select Count(*) from Fornitori").Intero(), 18);
   EXPECT_EQ(demo.Singolo("select Count(*) from zArticoliNonIvaDupl").Intero(), 4);
   EXPECT_LE(demo.Singolo("select Max(Dt) from Articoli").Data(), oggi);
-  EXPECT_EQ(demo.Singolo("select Count(*) from ContiClientiFornitori where CFP<>'P'").Intero(), 40);
+  EXPECT_EQ(demo.Singolo("select Count(*) from ContiClientiFornitori where CFP<>'P'").Intero(), 43);
   // Numbers follow the dates.
   EXPECT_EQ(
       demo.Singolo("select Count(*) from Articoli as a, Articoli as b where a.Anno=b.Anno and "
@@ -87,9 +87,55 @@ TEST(CreaDemoTest, DueAnniCredibili) {
   EXPECT_FALSE(ancora.Valore());
 }
 
+TEST(CreaDemoTest, RegistriIvaScadenzeESeguito) {
+  Demo demo(G(24, 11, 2026));
+  const auto conta = [&](const std::string& registro) {
+    return demo.Singolo("select Count(*) from Articoli where riva='" + registro + "'").Intero();
+  };
+  EXPECT_EQ(conta("1"), 41);  // forty and a credit note
+  EXPECT_EQ(conta("3"), 42);  // forty, a credit note, a customs bill
+  EXPECT_EQ(conta("4"), 1);
+  EXPECT_EQ(conta("5"), 1);
+  EXPECT_GE(conta("2"), 60);
+  EXPECT_EQ(demo.Singolo("select Min(Dt) from Articoli where riva<>''").Data(), G(1, 9, 2026));
+  for (const std::string registro : {"1", "2", "3", "4", "5"}) {
+    // Protocols are 1, 2, 3, ... in order of date.
+    EXPECT_EQ(
+        demo.Singolo("select Max(NProt) from Articoli where riva='" + registro + "'").Intero(),
+        conta(registro));
+    EXPECT_EQ(demo.Singolo("select Count(*) from Articoli as a, Articoli as b where a.riva='" +
+                           registro + "' and b.riva=a.riva and b.NProt=a.NProt+1 and b.Dt<a.Dt")
+                  .Intero(),
+              0);
+  }
+  // The two halves of the reverse charge cancel, and the transit accounts of VAT are at zero.
+  EXPECT_TRUE(demo.Singolo("select Sum(ImpoDare)-Sum(ImpoAvere) from Movimenti where "
+                           "Conto='900.220'")
+                  .Importo()
+                  .Zero());
+  // Cost to the foreign supplier, customs giro, withholdings; and what is paid at once.
+  const auto origine = [&](int numero) {
+    return demo
+        .Singolo("select Count(*) from Articoli where CREATOINAUTOMATICO=" + std::to_string(numero))
+        .Intero();
+  };
+  EXPECT_EQ(origine(52), 2);
+  EXPECT_GE(origine(53), 2);
+  EXPECT_GE(origine(24), 1);
+  EXPECT_EQ(
+      demo.Singolo(
+              "select Sum(ImpoAvere)-Sum(ImpoDare) from Movimenti where CFP='F' and Conto='0016'")
+          .Importo(),
+      demo.Singolo("select Sum(ImpoDare) from Movimenti where Causale='029'").Importo());
+  Archivio& scadenzario = demo.ambiente->ArchivioDi("scadenzario");
+  EXPECT_GE(scadenzario.Singolo("select Count(*) from Scadenze").Intero(), 80);
+  EXPECT_EQ(scadenzario.Singolo("select Count(*) from Banche").Intero(), 3);
+}
+
 TEST(CreaDemoTest, SempreUgualeNelloStessoGiorno) {
-  Demo uno(G(1, 1, 2024));
-  Demo due(G(1, 1, 2024));
+  // Documents of both years, the first of which opens the second.
+  Demo uno(G(10, 1, 2024));
+  Demo due(G(10, 1, 2024));
   EXPECT_GE(uno.Singolo("select Count(*) from Articoli").Intero(), 80);
   EXPECT_EQ(uno.Libro(), due.Libro());
 }

@@ -1,0 +1,125 @@
+#include "demo/AnagraficheDemo.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "core/archives/ArchivioCodici.h"
+#include "demo/DatiDemo.h"
+#include "documents/ArchiviDocumenti.h"
+#include "duedates/ArchiviScadenze.h"
+#include "ledger/ContiClientiFornitori.h"
+
+namespace fenalto {
+
+namespace {
+
+constexpr std::string_view kClientiItalia = "120.001";
+constexpr std::string_view kFornitoriItalia = "400.001";
+constexpr std::string_view kFornitoriEsteri = "400.002";
+
+/// Every third customer comes from an agent.
+std::string_view Agente(std::size_t numero) {
+  return numero % 3 == 0 ? kAgentiDemo[numero / 3 % kAgentiDemo.size()].cod : std::string_view();
+}
+
+void ScriviParti(Archivio& tessarc, std::span<const AnagraficaDemo> parti, bool clienti) {
+  for (std::size_t n = 1; n <= parti.size(); ++n) {
+    const AnagraficaDemo& a = parti[n - 1];
+    const std::string codice = CodiceParteDemo(n);
+    const std::string_view conto = clienti             ? kClientiItalia
+                                   : a.nazione == "IT" ? kFornitoriItalia
+                                                       : kFornitoriEsteri;
+    std::vector<Coppia> campi = {{"Cod", codice},
+                                 {"ragsoc1", a.ragsoc1},
+                                 {"indirizzo", a.indirizzo},
+                                 {"cap", a.cap},
+                                 {"localita", a.localita},
+                                 {"Prov", a.provincia},
+                                 {"Nazione", a.nazione},
+                                 {"piva", a.piva},
+                                 {"Conto", conto},
+                                 {"ContropFatture", a.controp},
+                                 {"CodIva", a.codIva},
+                                 {"Pagamento", a.pagamento}};
+    if (clienti) campi.emplace_back("Agente", Agente(n));
+    tessarc.Inserisci(clienti ? "Clienti" : "Fornitori", campi);
+    AggiungiVoce(tessarc, {codice, clienti ? "C" : "F", std::string(a.ragsoc1)});
+  }
+}
+
+/// Writes records of an archive as its window does, checks included.
+class ScrittoreArchivio {
+ public:
+  ScrittoreArchivio(Ambiente& ambiente, DialoghiMuti& dialoghi,
+                    const std::vector<DescrizioneArchivio>& stanza, std::string_view tabella)
+      : dialoghi_(dialoghi),
+        archivio_(ambiente, *std::find_if(stanza.begin(), stanza.end(),
+                                          [&](const auto& d) { return d.tabella == tabella; })) {}
+
+  void Scrivi(const std::vector<std::pair<std::string_view, std::string_view>>& campi) {
+    archivio_.Inizia();
+    for (const auto& [campo, valore] : campi) archivio_.Record().Scrivi(campo, valore);
+    if (archivio_.Conferma()) return;
+    throw ErroreArchivio(ErroreArchivio::Causa::Altro,
+                         archivio_.Descrizione().titolo + ", codice " +
+                             archivio_.Record().Testo("Cod") + ": " + dialoghi_.ultimo);
+  }
+
+ private:
+  DialoghiMuti& dialoghi_;
+  ArchivioCodici archivio_;
+};
+
+}  // namespace
+
+std::string CodiceParteDemo(std::size_t numero) {
+  const std::string cifre = std::to_string(numero);
+  return std::string(kCifreParteDemo - cifre.size(), '0') + cifre;
+}
+
+void ScriviImpostazioniDemo(Ambiente& ambiente) {
+  // The blank after ragsoc1 belongs to the key.
+  const std::array<std::pair<std::string_view, std::string_view>, 11> impostazioni = {
+      {{"ragsoc1 ", "EMPORIO BELLOSGUARDO S.R.L."},
+       {"ragsoc2", "ferramenta e casalinghi"},
+       {"indirizzo", "Via delle Botteghe 21"},
+       {"localita", "40068 San Lazzaro di Savena BO"},
+       {"piva", "01234567897"},
+       {"codfisc", "01234567897"},
+       {"NAZIONE", "IT"},
+       {"RegAutoIntraCee", "Si"},
+       {"CausaleIntraCosto_a_Forn", "029"},
+       {"RegAutoBolleDoganali", "Si"},
+       {"RITENUTAACCONTO", "SI"}}};
+  for (const auto& [chiave, valore] : impostazioni) {
+    ambiente.ScriviImpostazione("", "config", chiave, valore);
+  }
+}
+
+void ScriviAnagraficheDemo(Ambiente& ambiente, DialoghiMuti& dialoghi) {
+  ScrittoreArchivio banche(ambiente, dialoghi, ArchiviScadenze(), "Banche");
+  for (const BancaDemo& b : kBancheDemo) {
+    banche.Scrivi({{"Cod", b.cod},
+                   {"Nome", b.nome},
+                   {"Agenzia", b.agenzia},
+                   {"Abi", b.abi},
+                   {"CAB", b.cab},
+                   {"ContoCorrente", b.conto},
+                   {"paese", "IT"}});
+  }
+  ScrittoreArchivio agenti(ambiente, dialoghi, ArchiviDocumenti(), "Agenti");
+  for (const AgenteDemo& a : kAgentiDemo) {
+    agenti.Scrivi({{"Cod", a.cod},
+                   {"Descrizione", a.descrizione},
+                   {"Provv", a.provvigione},
+                   {"Localita", a.localita}});
+  }
+  Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tessarc);
+  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
+  ScriviParti(tessarc, kClientiDemo, true);
+  ScriviParti(tessarc, kFornitoriDemo, false);
+  transazione.Conferma();
+}
+
+}  // namespace fenalto

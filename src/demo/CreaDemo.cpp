@@ -1,0 +1,46 @@
+#include "demo/CreaDemo.h"
+
+#include "core/session/CreaDitta.h"
+#include "demo/AnagraficheDemo.h"
+#include "demo/LibroDemo.h"
+
+namespace fenalto {
+
+namespace {
+
+constexpr const char* kDitta = "Demo";
+
+}  // namespace
+
+Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) {
+  DialoghiMuti dialoghi;
+  CasoDiSistema caso;
+  OpzioniAmbiente senzaCopie = opzioni;
+  senzaCopie.copie = false;
+  Ambiente ambiente(senzaCopie, dialoghi, orologio, caso);
+  if (!ambiente.DitteTrovate().empty()) return false;
+
+  const int corrente = orologio.Oggi().Anno();
+  if (auto creata =
+          CreaDittaDaModello(opzioni, kDitta, {{corrente - 1, true}, {corrente, true}}, true);
+      !creata) {
+    return creata;
+  }
+  if (auto aperta = ambiente.ApriDitta(kDitta, corrente); !aperta) return aperta;
+  try {
+    ScriviImpostazioniDemo(ambiente);
+    ScriviAnagraficheDemo(ambiente, dialoghi);
+    LibroDemo libro(ambiente, dialoghi, orologio.Oggi());
+    // One for all registrations: the first start waits for the disk once.
+    Transazione transazione(ambiente.Basi());
+    libro.PrimoAnno(corrente - 1);
+    libro.SecondoAnno(corrente);
+    transazione.Conferma();
+  } catch (const ErroreArchivio& e) {
+    return Errore{std::string("la ditta Demo è stata creata, ma senza registrazioni: ") + e.what()};
+  }
+  ambiente.ChiudiDitta();
+  return true;
+}
+
+}  // namespace fenalto
