@@ -26,11 +26,7 @@ class ArchivioTest : public FinestraProva {
     Digita("Rt1", codice);
     Tasto(Qt::Key_Return);
   }
-  bool Aperto() {
-    const bool scelta = Campo("SSTab1")->isEnabled();
-    EXPECT_NE(scelta, Campo("SSTab2")->isEnabled());
-    return !scelta;
-  }
+  bool Aperto() { return Campo("SSTab2")->isEnabled(); }
   QString Scheda() { return Campo<QTabWidget>("SSTab2")->tabText(0); }
   std::string Descrizione(const char* codice) {
     return NzStr(ambiente.Cerca("tessarc", "Agenti", {{"Cod", codice}}, "Descrizione"));
@@ -225,6 +221,25 @@ TEST_F(ArchivioTest, NienteDiScrittoSiPerdeSenzaDomanda) {
   dialoghi.Rispondera("modifiche non confermate", Risposta::Si);
   finestra->ApriCodice(QStringLiteral("XB"));
   EXPECT_EQ(Testo("Cod"), "XB");
+
+  // Another code chosen on the left: the list, the selector, a new one; one that isn't there.
+  Digita("Descrizione", "ancora");
+  for (const bool elenco : {true, false}) {
+    dialoghi.Rispondera("modifiche non confermate", Risposta::No);
+    if (elenco) {
+      DoppioClic("GrigliaArchivio", 0);
+    } else {
+      Clic("Nuovo");
+    }
+    EXPECT_EQ(Testo("Cod"), "XB");
+    EXPECT_EQ(Testo("Descrizione"), "ancora");
+  }
+  ApriCodice("XNONCE");
+  EXPECT_EQ(Testo("Descrizione"), "ancora");
+  dialoghi.Rispondera("modifiche non confermate", Risposta::Si);
+  ApriCodice("XA");
+  EXPECT_EQ(Testo("Cod"), "XA");
+  finestra->ApriCodice(QStringLiteral("XB"));
 
   // Given up from a field whose text can't be read, by its button and by Esc.
   for (const bool clic : {true, false}) {

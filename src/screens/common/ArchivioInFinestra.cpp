@@ -187,14 +187,13 @@ void FinestraArchivio::Interno::Collega() {
             gestore.ApreFormDaEvLibero(tabella, codice);
           });
   QList<QAbstractButton*> record{conferma, elimina, annulla, sdoppia, precedente, successivo};
-  AssegnaMnemoniche(record + propri);
-  AssegnaMnemoniche(pagina->Pulsanti());
+  AssegnaMnemoniche(record + pagina->Pulsanti() + propri);
 }
 
 void FinestraArchivio::Interno::CollegaScelta() {
   auto* f = &finestra;
   connect(pagina, &PaginaSceltaArchivio::Scelto, f,
-          [this](const QString& codice) { Apri(codice); });
+          [this](const QString& codice) { Scegli(codice); });
   connect(pagina, &PaginaSceltaArchivio::Nuovo, f, [this] { Comincia(); });
   connect(pagina, &PaginaSceltaArchivio::Stampa, f, [this] { Stampa(); });
   connect(pagina, &PaginaSceltaArchivio::Esporta, f,

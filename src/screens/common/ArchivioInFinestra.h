@@ -34,6 +34,11 @@ struct FinestraArchivio::Interno {
   void Divisione();
 
   // --- What the user does ----------------------------------------------------------------------
+  /// Gives an open record up before another comes, after the question about its changes; false
+  /// when it stays.
+  bool LasciaPrecedente();
+  /// A code was chosen on the left, with or without a record open.
+  void Scegli(const QString& codice);
   void Apri(const QString& codice);
   void Comincia();
   void Sdoppia();

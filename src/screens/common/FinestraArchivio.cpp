@@ -21,6 +21,21 @@ QString Qs(const std::string& testo) {
 
 // --- What the user does -------------------------------------------------------------------------
 
+bool FinestraArchivio::Interno::LasciaPrecedente() {
+  if (!archivio.Aperto()) return true;
+  if (gestore.ControlloUscita(finestra)) return false;
+  finestra.Abbandona();
+  return true;
+}
+
+void FinestraArchivio::Interno::Scegli(const QString& codice) {
+  // A code that isn't there leaves the open record as it is.
+  if (archivio.Aperto() && !pagina->Esiste(codice)) return;
+  if (!LasciaPrecedente()) return;
+  pagina->Indica(codice);
+  Apri(codice);
+}
+
 void FinestraArchivio::Interno::Apri(const QString& codice) {
   if (codice.isEmpty() || !archivio.Apri(codice.toStdString())) {
     pagina->MostraCodice(codice);
@@ -32,6 +47,7 @@ void FinestraArchivio::Interno::Apri(const QString& codice) {
 }
 
 void FinestraArchivio::Interno::Comincia() {
+  if (!LasciaPrecedente()) return;
   archivio.Inizia();
   MostraAperto();
 }
@@ -52,8 +68,7 @@ void FinestraArchivio::Interno::Vicino(bool dopo) {
     Avvisa(dopo ? tr("È l'ultimo codice dell'elenco.") : tr("È il primo codice dell'elenco."));
     return;
   }
-  if (gestore.ControlloUscita(finestra)) return;
-  finestra.Abbandona();
+  if (!LasciaPrecedente()) return;
   pagina->Indica(Qs(codice));
   Apri(Qs(codice));
 }
@@ -114,7 +129,6 @@ void FinestraArchivio::Interno::MostraAperto() {
   DaiFoco(archivio.Nuovo() || archivio.Descrizione().codiceComposto
               ? QString()
               : Qs(archivio.Descrizione().campoDescrizione));
-  scelta->setEnabled(false);
 }
 
 void FinestraArchivio::Interno::MostraStato() {
@@ -170,7 +184,6 @@ void FinestraArchivio::Interno::Spegni() {
   MostraTitolo();
   Avvisa({});
   MostraRighe({});
-  scelta->setEnabled(true);
   lato->setEnabled(false);
 }
 
@@ -236,10 +249,7 @@ void FinestraArchivio::ApriScheda(int scheda) {
 }
 
 void FinestraArchivio::ApriCodice(const QString& codice) {
-  if (interno_->archivio.Aperto()) {
-    if (Gestore().ControlloUscita(*this)) return;
-    Abbandona();
-  }
+  if (!interno_->LasciaPrecedente()) return;
   interno_->pagina->MostraCodice(codice);
   interno_->Apri(codice);
 }

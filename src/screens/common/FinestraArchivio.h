@@ -1,5 +1,6 @@
 // The window of every archive of codes: the choice of a record on the left (`SSTab1`: selector
-// `Rt1`, list, filter), the record on the right (`SSTab2`), which is enabled while one is open.
+// `Rt1`, list, filter), the record on the right (`SSTab2`), which is enabled while one is open. The
+// choice stays in use: another code opens after the question about changes.
 //
 // It binds what the description says and knows no rule. An archive with more than fields (rows of
 // its own, a test panel) derives from it and adds pages to `SSTab2`.

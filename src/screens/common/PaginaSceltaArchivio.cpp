@@ -216,6 +216,11 @@ void PaginaSceltaArchivio::Pronta() {
   selettore_->setFocus(Qt::OtherFocusReason);
 }
 
+bool PaginaSceltaArchivio::Esiste(const QString& codice) {
+  MostraCodice(codice);
+  return selettore_->Esiste();
+}
+
 void PaginaSceltaArchivio::MostraCodice(const QString& codice) {
   selettore_->Mostra(Valore(codice.toStdString()));
 }

@@ -32,6 +32,8 @@ class PaginaSceltaArchivio : public QWidget {
   void Pronta();
   void MostraCodice(const QString& codice);
   [[nodiscard]] QString Codice() const;
+  /// Shows the code in the selector; whether the archive has it.
+  bool Esiste(const QString& codice);
   [[nodiscard]] FiltroElenco Filtro() const;
   [[nodiscard]] ElencoArchivio& Elenco() { return elenco_; }
   [[nodiscard]] fenalto::Griglia& Griglia() { return *griglia_; }
