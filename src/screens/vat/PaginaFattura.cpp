@@ -69,14 +69,14 @@ void PaginaFattura::CreaGriglia() {
   righe_ = new Griglia(QStringLiteral("GrigliaRighe"), QStringLiteral("Fatture"),
                        {{tr("Posi"), Tipo::Intero, 40},
                         {tr("Conto"), Tipo::Testo, 75},
-                        {tr("Descr. conto"), Tipo::Testo, 150},
-                        {tr("Cod. iva"), Tipo::Testo, 60},
+                        {tr("Descr. conto"), Tipo::Testo, 125},
+                        {tr("Cod. iva"), Tipo::Testo, 55},
                         {tr("Imponibile"), Tipo::Importo, 90},
-                        {tr("Iva"), Tipo::Importo, 80},
-                        {tr("Iva indetr."), Tipo::Importo, 80},
+                        {tr("Iva"), Tipo::Importo, 72},
+                        {tr("Iva indetr."), Tipo::Importo, 72},
+                        {tr("Descrizione"), Tipo::Testo, 110},
                         {tr("Categoria"), Tipo::Testo, 65},
-                        {tr("Commessa"), Tipo::Testo, 65},
-                        {tr("Descrizione"), Tipo::Testo, 150}});
+                        {tr("Commessa"), Tipo::Testo, 65}});
   righe_->Modello().Decimali(finestre_.Sessione().Euro() ? 2 : 0);
   righe_->setToolTip(tr("clic o Invio su una riga la apre"));
   constexpr int kRigheMinime = 3;
@@ -203,8 +203,8 @@ void PaginaFattura::MostraRighe() {
   std::vector<std::vector<Valore>> righe;
   for (const auto& riga : fatture_.Righe()) {
     righe.push_back({riga.posi, riga.conto, DescrittoConto(riga.conto), riga.codIva,
-                     riga.imponibile, riga.iva, riga.ivaInd, riga.categoria, riga.commessa,
-                     riga.descrizione});
+                     riga.imponibile, riga.iva, riga.ivaInd, riga.descrizione, riga.categoria,
+                     riga.commessa});
   }
   const int corrente = righe_->RigaCorrente();
   const auto posi = corrente >= 0 ? righe_->Modello().Riga(corrente).front().Intero() : 0;

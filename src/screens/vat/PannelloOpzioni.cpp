@@ -158,6 +158,7 @@ void PannelloOpzioni::Mostra() {
   intra_->setVisible(fatture_.MostraIntra() && fatture_.Nuova());
   bolla_->setVisible(fatture_.MostraBollaDoganale() && fatture_.Nuova());
   ritenute_->setVisible(fatture_.MostraRitenute());
+  setVisible(!intra_->isHidden() || !bolla_->isHidden() || !ritenute_->isHidden());
   conBolla_->setEnabled(scrivibile);
   conRitenute_->setEnabled(scrivibile);
   const bool giro = !testa.Leggi("NoIntraCosto_a_Forn").Booleano();

@@ -11,6 +11,16 @@
 #include "screens/vat/FontiFatture.h"
 
 namespace fenalto {
+namespace {
+
+QHBoxLayout* RigaCampi() {
+  constexpr int kSpazio = 6;
+  auto* riga = new QHBoxLayout;
+  riga->setSpacing(kSpazio);
+  return riga;
+}
+
+}  // namespace
 
 RiquadroRigaIva::RiquadroRigaIva(Fatture& fatture, Finestre& finestre, QWidget* genitore)
     : QGroupBox(tr("Riga"), genitore), fatture_(fatture), finestre_(finestre) {
@@ -18,7 +28,7 @@ RiquadroRigaIva::RiquadroRigaIva(Fatture& fatture, Finestre& finestre, QWidget* 
   legatura_ = new Legatura([this]() -> Scheda& { return fatture_.Riga(); },
                            finestre_.Sessione().Dialogo(), this);
   CreaCampi();
-  Disponi();
+  setLayout(DisponiCampi());
   OrdineTab();
   Collega();
   hide();
@@ -58,13 +68,6 @@ void RiquadroRigaIva::CreaCampi() {
   legatura_->Rinuncia(annulla_);
 }
 
-void RiquadroRigaIva::Disponi() {
-  auto* colonna = new QVBoxLayout(this);
-  colonna->setSpacing(4);
-  colonna->addLayout(DisponiCampi());
-  colonna->addLayout(DisponiPulsanti());
-}
-
 QGridLayout* RiquadroRigaIva::DisponiCampi() {
   constexpr int kCifreImporto = 14;
   constexpr int kCifrePosi = 6;
@@ -74,35 +77,42 @@ QGridLayout* RiquadroRigaIva::DisponiCampi() {
     LargoCaratteri(importo, kCifreImporto);
   }
   LargoCaratteri(posi_, kCifrePosi);
+  auto* conto = RigaCampi();
+  conto->addWidget(ConDescrizione(conto_, kCaratteriConto), 3);
+  conto->addWidget(Didascalia(tr("Codice iva"), codIva_));
+  conto->addWidget(ConDescrizione(codIva_, kCaratteriCodice), 2);
+  conto->addWidget(Didascalia(tr("Posizione"), posi_));
+  conto->addWidget(posi_);
+  auto* importi = RigaCampi();
+  importi->addWidget(imponibile_);
+  importi->addWidget(Didascalia(tr("Iva"), iva_));
+  importi->addWidget(iva_);
+  importi->addWidget(Didascalia(tr("Iva indetraibile"), ivaInd_));
+  importi->addWidget(ivaInd_);
+  importi->addStretch(1);
+  auto* testi = RigaCampi();
+  testi->addWidget(descrizione_, 3);
+  testi->addWidget(Didascalia(tr("Categoria"), categoria_));
+  testi->addWidget(ConDescrizione(categoria_, kCaratteriCodice), 1);
+  testi->addWidget(Didascalia(tr("Commessa"), commessa_));
+  testi->addWidget(commessa_, 1);
   auto* griglia = new QGridLayout;
   griglia->setHorizontalSpacing(8);
   griglia->setVerticalSpacing(4);
   griglia->addWidget(Didascalia(tr("Conto"), conto_), 0, 0);
-  griglia->addWidget(ConDescrizione(conto_, kCaratteriConto), 0, 1, 1, 3);
-  griglia->addWidget(Didascalia(tr("Codice iva"), codIva_), 0, 4);
-  griglia->addWidget(ConDescrizione(codIva_, kCaratteriCodice), 0, 5, 1, 3);
+  griglia->addLayout(conto, 0, 1);
   griglia->addWidget(Didascalia(tr("Imponibile"), imponibile_), 1, 0);
-  griglia->addWidget(imponibile_, 1, 1);
-  griglia->addWidget(Didascalia(tr("Iva"), iva_), 1, 2);
-  griglia->addWidget(iva_, 1, 3, Qt::AlignLeft);
-  griglia->addWidget(Didascalia(tr("Iva indetraib."), ivaInd_), 1, 4);
-  griglia->addWidget(ivaInd_, 1, 5);
-  griglia->addWidget(Didascalia(tr("Posizione"), posi_), 1, 6);
-  griglia->addWidget(posi_, 1, 7, Qt::AlignLeft);
+  griglia->addLayout(importi, 1, 1);
   griglia->addWidget(Didascalia(tr("Descrizione"), descrizione_), 2, 0);
-  griglia->addWidget(descrizione_, 2, 1, 1, 3);
-  griglia->addWidget(Didascalia(tr("Categoria"), categoria_), 2, 4);
-  griglia->addWidget(ConDescrizione(categoria_, kCaratteriCodice), 2, 5);
-  griglia->addWidget(Didascalia(tr("Commessa"), commessa_), 2, 6);
-  griglia->addWidget(commessa_, 2, 7);
-  griglia->setColumnStretch(3, 2);
-  griglia->setColumnStretch(7, 1);
+  griglia->addLayout(testi, 2, 1);
+  griglia->addWidget(Didascalia(tr("Lordo"), totale_), 3, 0);
+  griglia->addLayout(DisponiPulsanti(), 3, 1);
+  griglia->setColumnStretch(1, 1);
   return griglia;
 }
 
 QHBoxLayout* RiquadroRigaIva::DisponiPulsanti() {
-  auto* pulsanti = new QHBoxLayout;
-  pulsanti->addWidget(Didascalia(tr("Lordo"), totale_));
+  auto* pulsanti = RigaCampi();
   pulsanti->addWidget(totale_);
   pulsanti->addWidget(scorpora_);
   pulsanti->addWidget(quale_);

@@ -45,7 +45,6 @@ class RiquadroRigaIva : public QGroupBox {
 
  private:
   void CreaCampi();
-  void Disponi();
   QGridLayout* DisponiCampi();
   QHBoxLayout* DisponiPulsanti();
   void OrdineTab();

@@ -131,9 +131,9 @@ QHBoxLayout* TestaFattura::DisponiDocumento() {
 
 QHBoxLayout* TestaFattura::DisponiPagamento() {
   auto* riga = Riga();
-  riga->addWidget(ConDescrizione(pagamento_, kCaratteriCodice), 3);
+  riga->addWidget(ConDescrizione(pagamento_, kCaratteriCodice), 2);
   nota_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  riga->addWidget(nota_, 2);
+  riga->addWidget(nota_, 3);
   return riga;
 }
 
@@ -194,7 +194,7 @@ void TestaFattura::Mostra() {
   didascaliaIncasso_->setVisible(incassi);
   dtIncasso_->setVisible(incassi);
   didascaliaDtFat_->setText(fatture_.ClasseParte() == "P" ? tr("data corrispettivi") : tr("del"));
-  nota_->setText(QString::fromStdString(fatture_.NotaPagamento()));
+  nota_->setText(QString::fromStdString(fatture_.NotaPagamento()).simplified());
   nota_->setToolTip(nota_->text());
 }
 
