@@ -7,8 +7,8 @@
 #include "core/archives/ArchivioCodici.h"
 #include "demo/DatiDemo.h"
 #include "documents/ArchiviDocumenti.h"
+#include "documents/ArchiviParti.h"
 #include "duedates/ArchiviScadenze.h"
-#include "ledger/ContiClientiFornitori.h"
 
 namespace fenalto {
 
@@ -21,31 +21,6 @@ constexpr std::string_view kFornitoriEsteri = "400.002";
 /// Every third customer comes from an agent.
 std::string_view Agente(std::size_t numero) {
   return numero % 3 == 0 ? kAgentiDemo[numero / 3 % kAgentiDemo.size()].cod : std::string_view();
-}
-
-void ScriviParti(Archivio& tessarc, std::span<const AnagraficaDemo> parti, bool clienti) {
-  for (std::size_t n = 1; n <= parti.size(); ++n) {
-    const AnagraficaDemo& a = parti[n - 1];
-    const std::string codice = CodiceParteDemo(n);
-    const std::string_view conto = clienti             ? kClientiItalia
-                                   : a.nazione == "IT" ? kFornitoriItalia
-                                                       : kFornitoriEsteri;
-    std::vector<Coppia> campi = {{"Cod", codice},
-                                 {"ragsoc1", a.ragsoc1},
-                                 {"indirizzo", a.indirizzo},
-                                 {"cap", a.cap},
-                                 {"localita", a.localita},
-                                 {"Prov", a.provincia},
-                                 {"Nazione", a.nazione},
-                                 {"piva", a.piva},
-                                 {"Conto", conto},
-                                 {"ContropFatture", a.controp},
-                                 {"CodIva", a.codIva},
-                                 {"Pagamento", a.pagamento}};
-    if (clienti) campi.emplace_back("Agente", Agente(n));
-    tessarc.Inserisci(clienti ? "Clienti" : "Fornitori", campi);
-    AggiungiVoce(tessarc, {codice, clienti ? "C" : "F", std::string(a.ragsoc1)});
-  }
 }
 
 /// Writes records of an archive as its window does, checks included.
@@ -70,6 +45,31 @@ class ScrittoreArchivio {
   DialoghiMuti& dialoghi_;
   ArchivioCodici archivio_;
 };
+
+void ScriviParti(ScrittoreArchivio archivio, std::span<const AnagraficaDemo> parti, bool clienti) {
+  for (std::size_t n = 1; n <= parti.size(); ++n) {
+    const AnagraficaDemo& a = parti[n - 1];
+    const std::string codice = CodiceParteDemo(n);
+    const std::string_view conto = clienti             ? kClientiItalia
+                                   : a.nazione == "IT" ? kFornitoriItalia
+                                                       : kFornitoriEsteri;
+    std::vector<std::pair<std::string_view, std::string_view>> campi = {
+        {"Cod", codice},
+        {"ragsoc1", a.ragsoc1},
+        {"indirizzo", a.indirizzo},
+        {"cap", a.cap},
+        {"localita", a.localita},
+        {"Prov", a.provincia},
+        {"Nazione", a.nazione},
+        {"piva", a.piva},
+        {"Conto", conto},
+        {"ContropFatture", a.controp},
+        {"CodIva", a.codIva},
+        {"Pagamento", a.pagamento}};
+    if (clienti) campi.emplace_back("Agente", Agente(n));
+    archivio.Scrivi(campi);
+  }
+}
 
 }  // namespace
 
@@ -115,11 +115,9 @@ void ScriviAnagraficheDemo(Ambiente& ambiente, DialoghiMuti& dialoghi) {
                    {"Provv", a.provvigione},
                    {"Localita", a.localita}});
   }
-  Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tessarc);
-  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  ScriviParti(tessarc, kClientiDemo, true);
-  ScriviParti(tessarc, kFornitoriDemo, false);
-  transazione.Conferma();
+  const std::vector<DescrizioneArchivio> parti = ArchiviParti();
+  ScriviParti({ambiente, dialoghi, parti, "Clienti"}, kClientiDemo, true);
+  ScriviParti({ambiente, dialoghi, parti, "Fornitori"}, kFornitoriDemo, false);
 }
 
 }  // namespace fenalto

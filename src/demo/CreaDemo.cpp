@@ -29,10 +29,10 @@ Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) 
   if (auto aperta = ambiente.ApriDitta(kDitta, corrente); !aperta) return aperta;
   try {
     ScriviImpostazioniDemo(ambiente);
-    ScriviAnagraficheDemo(ambiente, dialoghi);
     LibroDemo libro(ambiente, dialoghi, orologio.Oggi());
-    // One for all registrations: the first start waits for the disk once.
+    // One for all: the first start waits for the disk once, not at every record.
     Transazione transazione(ambiente.Basi());
+    ScriviAnagraficheDemo(ambiente, dialoghi);
     libro.PrimoAnno(corrente - 1);
     libro.SecondoAnno(corrente);
     transazione.Conferma();

@@ -4,6 +4,7 @@
 
 #include "core/archives/ArchivioInterno.h"
 #include "core/archives/Riferimenti.h"
+#include "core/store/TransazioneComune.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -145,8 +146,8 @@ Transazione::Ambito ArchivioCodici::Interno::Ambito(bool conAltro) const {
 
 bool ArchivioCodici::Interno::Scrivi() {
   const bool porta = descrizione.portaCodice && !contesto.nuovo && contesto.CodiceCambiato();
-  Transazione transazione(ambiente.Basi(),
-                          Ambito(porta || static_cast<bool>(descrizione.conScrittura)));
+  TransazioneComune transazione(ambiente.Basi(),
+                                Ambito(porta || static_cast<bool>(descrizione.conScrittura)));
   Rs nuova;
   if (contesto.nuovo) {
     nuova = Dati().Recordset("select * from " + descrizione.tabella + " where 1=0");
