@@ -86,6 +86,31 @@ RC_GTEST_PROP(AritmeticaProprieta, ApplicaScontoCassa,
             InImporto(atteso));
 }
 
+RC_GTEST_PROP(AritmeticaProprieta, IvaIndetraibile, (Importo iva, Importo percInd, bool euro)) {
+  const Razionale quota = Esatto(iva) * Esatto(percInd) / 100;
+  const Razionale atteso = euro ? Razionale(Int(quota * 100)) / 100 : Razionale(Int(quota));
+  RC_ASSERT(OFuoriCampo([&] { return IvaIndetraibile(iva, percInd, euro); }) == InImporto(atteso));
+}
+
+// The button for gross amounts: net, VAT and the part that isn't deductible are the gross again.
+RC_GTEST_PROP(AritmeticaProprieta, ScorporoDelLordo, (bool euro)) {
+  const auto fra = [](std::int64_t da, std::int64_t a) {
+    return Importo::DaDecimillesimi(*rc::gen::inRange(da, a));
+  };
+  const Importo lordo = fra(-10'000'000'000, 10'000'000'000);
+  const Importo aliquota = fra(0, 1'000'001);
+  const Importo percInd = fra(0, 1'000'001);
+  const Importo imponibile = ScorporaImponibile(lordo, aliquota);
+  const Razionale netto = Tenuto(Grandezza(Esatto(lordo)) * 100 / (100 + Esatto(aliquota)));
+  RC_ASSERT(Esatto(imponibile) == Segnato(AlCentesimo(netto), lordo));
+  const Importo totale = lordo - imponibile;
+  const Importo indetraibile = IvaIndetraibile(totale, percInd, euro);
+  RC_ASSERT(imponibile + (totale - indetraibile) + indetraibile == lordo);
+  // Between nothing and all of it, but for the cent (the lira) that the cut may take.
+  const Importo passo = euro ? Importo::DaDecimillesimi(100) : Importo::DaUnita(1);
+  RC_ASSERT(indetraibile.Assoluto() < totale.Assoluto() + passo);
+}
+
 RC_GTEST_PROP(AritmeticaProprieta, LireEdEuro, (Importo importo)) {
   const Razionale lire = Int(Esatto(importo) * kCambio + Razionale(1, 2));
   RC_ASSERT(OFuoriCampo([&] { return EuroInLire(importo, true); }) == InImporto(lire));

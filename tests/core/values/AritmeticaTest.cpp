@@ -130,6 +130,54 @@ TEST(Aritmetica, Cambio) {
   EXPECT_THROW(EuroInLire(kMassimo, true), FuoriCampo);
 }
 
+// With ! : binary floating point gives another cent.
+TEST(Aritmetica, IvaIndetraibile) {
+  struct Caso {
+    const char *iva, *percento, *euro, *lire;
+  };
+  for (const Caso& caso : {Caso{"8.8", "50", "4.4", "4"},
+                           {"8.21", "60", "4.92", "4"},
+                           {"-8.21", "60", "-4.93", "-5"},  // towards minus infinity
+                           {"22", "0", "0", "0"},
+                           {"22.5", "100", "22.5", "22"},
+                           {"0.57", "100", "0.57", "0"},  // !
+                           {"0.29", "100", "0.29", "0"},  // !
+                           {"2.9", "10", "0.29", "0"},    // !
+                           {"2.85", "40", "1.14", "1"},   // !
+                           {"1.14", "50", "0.57", "0"},   // !
+                           {"0.95", "60", "0.57", "0"},   // !
+                           {"1.13", "100", "1.13", "1"},
+                           {"3333", "33.33", "1110.88", "1110"},
+                           {"0.01", "99", "0", "0"},
+                           {"-0.01", "1", "-0.01", "-1"}}) {
+    EXPECT_EQ(IvaIndetraibile(I(caso.iva), I(caso.percento), true), I(caso.euro))
+        << caso.iva << " " << caso.percento;
+    EXPECT_EQ(IvaIndetraibile(I(caso.iva), I(caso.percento), false), I(caso.lire))
+        << caso.iva << " " << caso.percento;
+  }
+  EXPECT_THROW(IvaIndetraibile(kMassimo, I("200"), true), FuoriCampo);
+}
+
+TEST(Aritmetica, CentesimiDellIvaEDelloScorporo) {
+  struct Caso {
+    const char *imponibile, *aliquota, *iva;
+  };
+  for (const Caso& caso : {Caso{"2.85", "10", "0.29"},  // all of them a cent less in binary
+                           {"10.05", "10", "1.01"},
+                           {"10.75", "10", "1.08"},
+                           {"-10.05", "10", "-1.01"}}) {
+    EXPECT_EQ(CalcolaIva(I(caso.imponibile), I(caso.aliquota), true), I(caso.iva))
+        << caso.imponibile;
+  }
+  for (const Caso& caso : {Caso{"1.17", "4", "1.13"},
+                           {"3.51", "4", "3.38"},
+                           {"10.53", "4", "10.13"},
+                           {"-20.15", "4", "-19.38"}}) {
+    EXPECT_EQ(ScorporaImponibile(I(caso.imponibile), I(caso.aliquota)), I(caso.iva))
+        << caso.imponibile;
+  }
+}
+
 TEST(Aritmetica, Riga) {
   const Importo zero;
   const Importo tre = I("3");
