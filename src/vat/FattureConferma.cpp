@@ -54,10 +54,12 @@ bool Fatture::Interno::NumeroOccupato() {
 bool Fatture::Interno::ProtocolloOccupato() {
   const std::int64_t nProt = NProtForzato();
   if (nProt == nProtRecord || nProt == 0) return false;
-  if (!ambiente.Esiste("tessarc", "Articoli",
-                       {{"Anno", anno}, {"riva", registro.cod}, {"nprot", nProt}})) {
-    return false;
-  }
+  const bool occupato = !tessarc
+                             .Singolo("select 1 from Articoli where NProt<>0 and " +
+                                      DelRegistro(anno, registro.cod) + " and " +
+                                      Criterio("NProt", "=", nProt))
+                             .Nullo();
+  if (!occupato) return false;
   Avviso("è stato forzato un numero di protocollo iva già esistente");
   return true;
 }
@@ -183,6 +185,9 @@ void Fatture::Interno::ScriviAutomatiche(Scritta& scritta) {
 Fatture::Interno::Scritta Fatture::Interno::Scrivi() {
   TransazioneComune transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
   Scritta scritta;
+  scritta.descrConto =
+      NzStr(ambiente.Cerca("tessarc", "ContiClientiFornitori",
+                           {{"Cod", T("Contox")}, {"CFP", T("CFPx")}}, "Descrizione"));
   scritta.nProt =
       NProtForzato() != 0 ? NProtForzato() : ProssimoNProt(ambiente, anno, registro.cod);
   scritta.numDoc = testa.Leggi("NumDoc").Intero();
@@ -216,15 +221,12 @@ void Fatture::Interno::Ricorda() {
 
 void Fatture::Interno::Annuncia(const Scritta& scritta) {
   for (const auto& avviso : scritta.log.avvisi) Avviso(avviso);
-  const std::string descrConto =
-      NzStr(ambiente.Cerca("tessarc", "ContiClientiFornitori",
-                           {{"Cod", T("Contox")}, {"CFP", T("CFPx")}}, "Descrizione"));
   std::string testo = "Annotare il numero sul documento.\n\nRegistro iva " + registro.cod +
                       " - N.Prot.IVA " + std::to_string(scritta.nProt) + " - Articolo Contabile" +
                       std::to_string(scritta.numDoc);
   testo += "\n\nRegistro iva: " + registro.cod + " " + registro.descrizione;
   testo += "\nData registrazione: " + D("Dt").Testo();
-  testo += "\nConto: " + T("Contox") + " " + descrConto;
+  testo += "\nConto: " + T("Contox") + " " + scritta.descrConto;
   testo += "\nData fattura: " + D("DtFat").Testo();
   testo += "\nNumero fattura: " + T("NFat");
   testo += "\nArticolo n.: " + std::to_string(scritta.numDoc);

@@ -39,6 +39,8 @@ struct Fatture::Interno {
   // --- Register and opening
   // -----------------------------------------------------------------------
 
+  /// What is to be known before registering on a register of that type.
+  void AvvisaTipo();
   bool LeggiRegistro(const std::string& riva);
   Rs TrovaTestata(std::int64_t numDoc) const;
   void PreparaNuova();
@@ -101,6 +103,7 @@ struct Fatture::Interno {
     std::int64_t numDoc = 0;
     std::int64_t nProt = 0;
     LogContabile log;
+    std::string descrConto;  ///< of the party: once written nothing is read that could fail
   };
   [[nodiscard]] std::int64_t NProtForzato() const;
   bool NumeroOccupato();

@@ -46,11 +46,13 @@ TEST_F(FattureTest, Registri) {
             "da : menu->archivi->registri iva");
   for (const auto& [cod, tipo] : {std::pair{"8", "08"}, {"8A", "08A"}}) {
     EXPECT_TRUE(f.ScegliRegistro(cod));
+    const std::string scelto = SoloMessaggio();
     EXPECT_FALSE(f.Nuovo());
-    EXPECT_EQ(SoloMessaggio(), std::string("non su può registrare su un registro di tipo ") + tipo +
-                                   "!\r\nFatt.Sospens.IVA incassate viene aggiornato "
-                                   "automaticamente inserendo la data incasso sulle fatture in "
-                                   "sospensione iva");
+    EXPECT_EQ(SoloMessaggio(), scelto);
+    EXPECT_EQ(scelto, std::string("non su può registrare su un registro di tipo ") + tipo +
+                          "!\r\nFatt.Sospens.IVA incassate viene aggiornato "
+                          "automaticamente inserendo la data incasso sulle fatture in "
+                          "sospensione iva");
   }
   EXPECT_TRUE(f.ScegliRegistro("5"));
   EXPECT_TRUE(f.Nuovo());
