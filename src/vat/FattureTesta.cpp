@@ -6,20 +6,10 @@
 #include "core/values/Testo.h"
 #include "ledger/ControlliData.h"
 #include "vat/FattureInterno.h"
+#include "vat/PeriodoIva.h"
 
 namespace fenalto {
-namespace {
-
-constexpr int kMesiTrimestre = 3;
-
-/// Key of the period that a date falls in: month or quarter.
-std::string Periodo(Data data, bool trimestrale) {
-  const int mese = data.Mese();
-  if (trimestrale) return "T" + std::to_string((mese - 1) / kMesiTrimestre + 1);
-  return (mese < 10 ? "0" : "") + std::to_string(mese);
-}
-
-}  // namespace
+namespace {}  // namespace
 
 // --- Description ---------------------------------------------------------------------------------
 
@@ -64,11 +54,9 @@ void Fatture::Interno::NumeroLasciato() {
 }
 
 bool Fatture::Interno::PeriodoChiuso() {
-  const bool trimestrale =
-      ambiente.Cerca("tessarc", "Anni", {{"Anno", ambiente.Anno()}}, "IvaTrimestrale").Booleano();
-  const bool chiuso =
-      ambiente.Esiste("tessarc", "CHIUSUREIVA",
-                      {{"MeseTrimestre", Periodo(D("Dt"), trimestrale)}, {"ANNO", D("Dt").Anno()}});
+  const std::string periodo = ChiavePeriodo(D("Dt"), IvaTrimestrale(ambiente, ambiente.Anno()));
+  const bool chiuso = ambiente.Esiste("tessarc", "CHIUSUREIVA",
+                                      {{"MeseTrimestre", periodo}, {"ANNO", D("Dt").Anno()}});
   if (chiuso) {
     Avviso("La data registrazione è relativa ad un periodo già stampato sul registro iva");
   }
@@ -78,7 +66,8 @@ bool Fatture::Interno::PeriodoChiuso() {
 void Fatture::Interno::AvvisaDataInferiore() {
   if (!nuova || dataAvvisata == D("Dt")) return;
   const Data ultima =
-      ambiente.Max("dt", "Articoli", {{"Anno", anno}, {"riva", registro.cod}}, tessarc).Data();
+      ambiente.Max("Dt", "ZarticoliFatture", {{"Anno", anno}, {"Riva", registro.cod}}, tessarc)
+          .Data();
   if (D("Dt") >= ultima) return;
   dataAvvisata = D("Dt");
   Avviso("data registrazione inferiore a quella dell'ultima fattura registrata");

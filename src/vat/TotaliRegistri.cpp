@@ -1,0 +1,213 @@
+#include "vat/TotaliRegistri.h"
+
+#include <algorithm>
+
+#include "core/sql/Criterio.h"
+#include "core/values/Aritmetica.h"
+#include "core/values/Testo.h"
+#include "vat/TotaliInterno.h"
+
+namespace fenalto {
+namespace {
+
+constexpr const char* kSomme =
+    "SELECT CodIva, Ep, Sum(Imponibile) AS tImponibile, Sum(Iva) AS tIva, Sum(IvaInd) AS tIvaind, "
+    "Sum(IIf(Iva=0 AND IvaInd=0, Imponibile, 0)) AS tLordo FROM MovimentiIva WHERE ";
+
+/// Sums of deferred invoices collected in the period: they may have been registered in any year.
+std::vector<GruppoIva> LeggiIncassati(Ambiente& ambiente, const std::string& tipo,
+                                      const PeriodoIva& periodo) {
+  std::vector<GruppoIva> gruppi;
+  Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
+      "SELECT Movimenti.CodIva, Sum(Movimenti.Imponibile) AS tImponibile, Sum(Movimenti.Iva) AS "
+      "tIva, Sum(Movimenti.IvaInd) AS tIvaind FROM Articoli INNER JOIN Movimenti ON (Articoli.Anno "
+      "= Movimenti.Anno) AND (Articoli.NumDoc = Movimenti.NumDoc) WHERE " +
+      CondizioneIncassati(ambiente, tipo, periodo) +
+      " AND Movimenti.TIPORIGA=3 GROUP BY Movimenti.CodIva ORDER BY Movimenti.CodIva");
+  for (; !rs.Eof(); rs.MoveNext()) {
+    GruppoIva gruppo;
+    gruppo.codIva = rs.Fields(0).Testo();
+    gruppo.imponibile = rs.Fields(1).Importo();
+    gruppo.iva = rs.Fields(2).Importo();
+    gruppo.ivaInd = rs.Fields(3).Importo();
+    gruppi.push_back(gruppo);
+  }
+  return gruppi;
+}
+
+/// A group as a total; gross receipts are split into taxable and VAT.
+TotaleCodice InTotale(const GruppoIva& gruppo, Importo perc, bool lordi, Importo& scorporata) {
+  TotaleCodice totale;
+  totale.codIva = gruppo.codIva;
+  totale.imponibile = gruppo.imponibile;
+  totale.iva = gruppo.iva;
+  totale.ivaInd = gruppo.ivaInd;
+  if (lordi && !gruppo.lordo.Zero()) {
+    const Importo iva = gruppo.lordo - ScorporaImponibile(gruppo.lordo, perc);
+    totale.imponibile -= iva;
+    totale.iva += iva;
+    scorporata += iva;
+  }
+  return totale;
+}
+
+void Somma(std::vector<TotaleCodice>& totali, const TotaleCodice& altro) {
+  if (totali.empty() || !UgualeTesto(totali.back().codIva, altro.codIva)) {
+    totali.push_back(altro);
+    return;
+  }
+  totali.back().imponibile += altro.imponibile;
+  totali.back().iva += altro.iva;
+  totali.back().ivaInd += altro.ivaInd;
+}
+
+Importo SommaIva(const std::vector<TotaleCodice>& totali) {
+  Importo somma;
+  for (const TotaleCodice& totale : totali) somma += totale.iva;
+  return somma;
+}
+
+/// Computes the registers of a run, one at a time.
+class Calcolo {
+ public:
+  Calcolo(Ambiente& ambiente, const PeriodoIva& periodo, const Ventilazione& ventilazione)
+      : ambiente_(ambiente), periodo_(periodo), ventilazione_(ventilazione) {}
+
+  Esito<TotaleRegistro> Registro(const IntervalloRegistro& intervallo) {
+    TotaleRegistro totale;
+    totale.intervallo = intervallo;
+    totale.conto =
+        NzStr(ambiente_.Cerca("tessarc", "RegistriIva", {{"Cod", intervallo.riva}}, "Conto"));
+    totale.segno = static_cast<int>(
+        Nz(ambiente_.Cerca("tessarc", "TIPIregistriiva", {{"Cod", intervallo.tipo}}, "PIUMENO"))
+            .Intero());
+    const std::vector<GruppoIva> gruppi = Gruppi(intervallo);
+    if (const std::string errore = ErroreVentilazione(intervallo.tipo, gruppi); !errore.empty()) {
+      return Errore{"Registro " + intervallo.riva + " " + intervallo.descrizione + "\n" + errore};
+    }
+    const bool ventilato = UgualeTesto(intervallo.tipo, "07");
+    for (const GruppoIva& gruppo : gruppi) {
+      if (ventilato) {
+        totale.corrispettiviDaVentilare += gruppo.imponibile + gruppo.iva + gruppo.ivaInd;
+      } else {
+        Aggiungi(totale, gruppo);
+      }
+    }
+    if (ventilato && !totale.corrispettiviDaVentilare.Zero()) {
+      auto acquisti = LeggiAcquisti(ambiente_, periodo_.anno, ventilazione_);
+      if (!acquisti) return acquisti.Errore();
+      Ventila(totale, std::move(acquisti).Valore());
+    }
+    for (TotaleCodice& codice : totale.codici) CompletaCodice(ambiente_, codice);
+    for (TotaleCodice& codice : totale.differiti) CompletaCodice(ambiente_, codice);
+    return totale;
+  }
+
+ private:
+  std::vector<GruppoIva> Gruppi(const IntervalloRegistro& intervallo) {
+    if (intervallo.Vuoto()) return {};
+    if (!intervallo.daIncassi) {
+      return LeggiGruppi(ambiente_, CondizioneIntervallo(intervallo, periodo_.anno));
+    }
+    // Of several registers of that type the first takes them: an invoice counts once.
+    const bool giaPresi = std::ranges::any_of(
+        incassati_, [&](const std::string& tipo) { return UgualeTesto(tipo, intervallo.tipo); });
+    if (giaPresi) return {};
+    incassati_.push_back(intervallo.tipo);
+    return LeggiIncassati(ambiente_, intervallo.tipo, periodo_);
+  }
+
+  void Aggiungi(TotaleRegistro& totale, const GruppoIva& gruppo) {
+    const Importo perc =
+        Nz(ambiente_.Cerca("tessarc", "CodiciIva", {{"Cod", gruppo.codIva}}, "Perc")).Importo();
+    const bool lordi = UgualeTesto(totale.intervallo.tipo, "02");
+    const TotaleCodice codice = InTotale(gruppo, perc, lordi, totale.ivaScorporata);
+    Somma(totale.codici, codice);
+    if (gruppo.ep) Somma(totale.differiti, codice);
+  }
+
+  Ambiente& ambiente_;
+  const PeriodoIva& periodo_;
+  const Ventilazione& ventilazione_;
+  std::vector<std::string> incassati_;
+};
+
+}  // namespace
+
+Importo TotaleRegistro::Iva() const {
+  return SommaIva(codici);
+}
+
+Importo TotaleRegistro::IvaDifferita() const {
+  return SommaIva(differiti);
+}
+
+std::string CondizioneIntervallo(const IntervalloRegistro& intervallo, int anno,
+                                 const std::string& prefisso) {
+  // The last two repeat what the ones before say, so that the engine knows the index of the
+  // numbered registrations to hold them all.
+  return Criterio(prefisso + "Anno", "=", anno) + " AND " +
+         Criterio(prefisso + "Riva", "=", intervallo.riva) + " AND " +
+         Criterio(prefisso + "NProt", ">=", intervallo.daNProt) + " AND " +
+         Criterio(prefisso + "NProt", "<=", intervallo.aaNProt) + " AND " + prefisso +
+         "Riva<>'' AND " + prefisso + "NProt<>0";
+}
+
+std::string CondizioneIncassati(Ambiente& ambiente, const std::string& tipo,
+                                const PeriodoIva& periodo) {
+  const char* origine = UgualeTesto(tipo, "08A") ? "03" : "01";
+  std::string registri;
+  for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset("SELECT Cod FROM RegistriIva WHERE " +
+                                                        Criterio("Tipo", "=", origine));
+       !rs.Eof(); rs.MoveNext()) {
+    registri += (registri.empty() ? "" : " OR ") + Criterio("Articoli.Riva", "=", rs.Fields(0));
+  }
+  if (registri.empty()) registri = "Articoli.Riva=''";
+  return "(" + registri + ") AND Articoli.Ep=True AND " +
+         Criterio("Articoli.DtIncasso", ">=", periodo.Primo()) + " AND " +
+         Criterio("Articoli.DtIncasso", "<=", periodo.UltimoGiorno());
+}
+
+std::vector<GruppoIva> LeggiGruppi(Ambiente& ambiente, const std::string& condizione) {
+  std::vector<GruppoIva> gruppi;
+  Rs rs = ambiente.ArchivioDi("tessarc").Recordset(kSomme + condizione +
+                                                   " GROUP BY CodIva, Ep ORDER BY CodIva, Ep");
+  for (; !rs.Eof(); rs.MoveNext()) {
+    GruppoIva gruppo;
+    gruppo.codIva = rs.Fields(0).Testo();
+    gruppo.ep = rs.Fields(1).Booleano();
+    gruppo.imponibile = rs.Fields(2).Importo();
+    gruppo.iva = rs.Fields(3).Importo();
+    gruppo.ivaInd = rs.Fields(4).Importo();
+    gruppo.lordo = rs.Fields(5).Importo();
+    gruppi.push_back(gruppo);
+  }
+  return gruppi;
+}
+
+void CompletaCodice(Ambiente& ambiente, TotaleCodice& totale) {
+  Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
+      "SELECT Descrizione, Perc FROM CodiciIva WHERE " + Criterio("Cod", "=", totale.codIva));
+  if (rs.Eof()) return;
+  totale.descrizione = rs.Fields(0).Testo();
+  totale.perc = rs.Fields(1).Importo();
+}
+
+Esito<std::vector<TotaleRegistro>> CalcolaTotaliRegistri(
+    Ambiente& ambiente, const PeriodoIva& periodo,
+    const std::vector<IntervalloRegistro>& intervalli, const Ventilazione& ventilazione) {
+  std::vector<const IntervalloRegistro*> inOrdine;
+  for (const IntervalloRegistro& intervallo : intervalli) inOrdine.push_back(&intervallo);
+  std::ranges::stable_sort(
+      inOrdine, [](const auto* a, const auto* b) { return ConfrontaTesto(a->riva, b->riva) < 0; });
+  Calcolo calcolo(ambiente, periodo, ventilazione);
+  std::vector<TotaleRegistro> totali;
+  for (const IntervalloRegistro* intervallo : inOrdine) {
+    auto totale = calcolo.Registro(*intervallo);
+    if (!totale) return totale.Errore();
+    totali.push_back(std::move(totale).Valore());
+  }
+  return totali;
+}
+
+}  // namespace fenalto
