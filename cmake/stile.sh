@@ -14,7 +14,8 @@ if ! clang-format-19 --dry-run -Werror "${file[@]}" 2>build/stile.log; then
 fi
 
 # The logic knows no window, and nobody prints or reads the clock but through the ports.
-if grep -nE '#include <Q|#include "screens/|#include "print/' -r src/core src/ledger; then
+if grep -nE '#include <Q|#include "screens/|#include "print/' -r src/core src/ledger src/vat src/duedates \
+  src/documents src/warehouse src/demo; then
   echo "stile: core e stanze non includono Qt né le finestre" >&2
   esito=1
 fi
