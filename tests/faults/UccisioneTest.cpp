@@ -1,17 +1,14 @@
 // A process is killed at any moment while it registers: what it told as confirmed is there, whole
 // and balanced, nothing is half there and no lock stays behind.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <random>
-#include <thread>
 
 #include "faults/Registrazioni.h"
+#include "faults/Uccisione.h"
 
 namespace fenalto::prova {
 namespace {
@@ -36,28 +33,8 @@ class UccisioneTest : public ::testing::Test {
  protected:
   void SetUp() override { percorsi = CreaDitta(cartella.Percorso()); }
 
-  /// Starts a process that registers, kills it some time after it is under way, and returns the
-  /// last number it told.
   int UccidiUno(std::chrono::microseconds dopo) const {
-    std::array<int, 2> tubo{};
-    if (pipe(tubo.data()) != 0) return -1;
-    const pid_t figlio = fork();
-    if (figlio == 0) {
-      close(tubo[0]);
-      RegistraSenzaFine(percorsi, tubo[1]);
-    }
-    close(tubo[1]);
-    int annunciato = 0;
-    // The first number tells that it has opened: counted from there, the time falls on its work.
-    if (read(tubo[0], &annunciato, sizeof annunciato) != sizeof annunciato) annunciato = -1;
-    std::this_thread::sleep_for(dopo);
-    kill(figlio, SIGKILL);
-    int stato = 0;
-    waitpid(figlio, &stato, 0);
-    if (!WIFSIGNALED(stato)) annunciato = -1;
-    for (int letto = 0; read(tubo[0], &letto, sizeof letto) == sizeof letto;) annunciato = letto;
-    close(tubo[0]);
-    return annunciato;
+    return UccidiAlLavoro(dopo, [this](int tubo) { RegistraSenzaFine(percorsi, tubo); });
   }
 
   CartellaDiProva cartella;
