@@ -58,9 +58,9 @@ void FattureDemo::Vendite(const std::vector<Data>& giorni) {
   for (std::size_t n = 0; n < kVendite; ++n) {
     Documento fattura{.dt = Giorno(giorni, n, kVendite), .riva = "1"};
     fattura.parte = CodiceParteDemo(generatore_.Indice(kClientiDemo.size()) + 1);
-    fattura.righe.push_back({.imponibile = generatore_.Euro(70, 1'450)});
+    fattura.righe.push_back({.imponibile = generatore_.Euro(40, 620)});
     if (n % 4 == 1) fattura.righe.push_back({"700.030", "22", generatore_.Euro(12, 48)});
-    if (n % 9 == 5) fattura.righe.push_back({"700.001", "10", generatore_.Euro(40, 260)});
+    if (n % 9 == 5) fattura.righe.push_back({"700.001", "10", generatore_.Euro(20, 160)});
     // Goods given back: a credit note on the same register, with the minus sign.
     if (n == kVendite / 2) {
       const Documento reso{.dt = fattura.dt,
@@ -83,7 +83,7 @@ void FattureDemo::Acquisti(const std::vector<Data>& giorni) {
     fattura.nFat = std::to_string(kPrimoNumeroFornitore + static_cast<std::int64_t>(n * 13)) +
                    (n % 3 == 0 ? "/A" : "");
     fattura.dtFat = fattura.dt.PiuGiorni(-static_cast<std::int32_t>(generatore_.Indice(7)));
-    fattura.righe.push_back({.imponibile = generatore_.Euro(60, 1'100)});
+    fattura.righe.push_back({.imponibile = generatore_.Euro(35, 520)});
     if (n % 6 == 2) fattura.righe.push_back({"500.010", "22", generatore_.Euro(9, 42)});
     if (fornitore == kCommercialista) {
       const Importo ritenuta =
@@ -111,7 +111,7 @@ void FattureDemo::Estero(const std::vector<Data>& giorni) {
                         .riva = "4",
                         .parte = CodiceParteDemo(kFornitoreUe),
                         .nFat = "20418",
-                        .righe = {{"500.030", "22R", generatore_.Euro(900, 1'400)}},
+                        .righe = {{"500.030", "22R", generatore_.Euro(500, 900)}},
                         .altri = {{"FornitoreIntra", CodiceParteDemo(kFornitoreUe)},
                                   {"ContoCostiIntra", "500.030"},
                                   {"PagamentoIntra", "BB60"}}});
@@ -120,7 +120,7 @@ void FattureDemo::Estero(const std::vector<Data>& giorni) {
                         .riva = "3",
                         .parte = CodiceParteDemo(kDogana),
                         .nFat = "4412/K",
-                        .righe = {{"500.031", "22", generatore_.Euro(1'800, 2'600)}},
+                        .righe = {{"500.031", "22", generatore_.Euro(900, 1'500)}},
                         .altri = {{"BollaDog", true},
                                   {"FornitoreBollaDog", CodiceParteDemo(kFornitoreExtraUe)},
                                   {"CausaleBollaDog", "030"},
@@ -132,7 +132,7 @@ void FattureDemo::Corrispettivi(const std::vector<Data>& giorni) {
     documenti_.push_back({.dt = giorno,
                           .riva = "2",
                           .righe = {{.imponibile = generatore_.Euro(
-                                         190, giorno.GiornoSettimana() == 6 ? 620 : 410)}}});
+                                         120, giorno.GiornoSettimana() == 6 ? 430 : 310)}}});
   }
 }
 

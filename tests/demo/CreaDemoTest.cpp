@@ -38,15 +38,19 @@ struct Demo {
 
 }  // namespace
 
-TEST(CreaDemoTest, DueAnniCredibili) {
-  const Data oggi = G(24, 11, 2026);
+class CreaDemoNelGiorno : public testing::TestWithParam<Data> {};
+
+TEST_P(CreaDemoNelGiorno, DueAnniCredibili) {
+  const Data oggi = GetParam();
   Demo demo(oggi);
-  EXPECT_EQ(demo.ambiente->Anni(), (std::vector<int>{2025, 2026}));
+  const int anno = oggi.Anno();
+  EXPECT_EQ(demo.ambiente->Anni(), (std::vector<int>{anno - 1, anno}));
   EXPECT_EQ(demo.ambiente->Config("ragsoc1 "), "EMPORIO BELLOSGUARDO S.R.L.");
-  EXPECT_GE(demo.Singolo("select Count(*) from Articoli").Intero(), 120);
+  EXPECT_GE(demo.Singolo("select Count(*) from Articoli").Intero(), 230);
   EXPECT_EQ(demo.Singolo("select Count(*) from Clienti").Intero(), 25);
   EXPECT_EQ(demo.Singolo("select Count(*) from Fornitori").Intero(), 18);
-  EXPECT_EQ(demo.Singolo("select Count(*) from zArticoliNonIvaDupl").Intero(), 4);
+  EXPECT_EQ(demo.Singolo("select Count(*) from zArticoliNonIvaDupl").Intero(),
+            oggi < G(28, 1, anno) ? 2 : 4);
   EXPECT_LE(demo.Singolo("select Max(Dt) from Articoli").Data(), oggi);
   EXPECT_EQ(demo.Singolo("select Count(*) from ContiClientiFornitori where CFP<>'P'").Intero(), 43);
   // Numbers follow the dates.
@@ -73,9 +77,9 @@ TEST(CreaDemoTest, DueAnniCredibili) {
     r.conto = conto;
     r.daData = Ambiente::DataMinima();
     r.aData = oggi;
-    r.anno = 2025;
+    r.anno = anno - 1;
     const Saldo primo = saldo.Calcola(r);
-    r.anno = 2026;
+    r.anno = anno;
     const Saldo secondo = saldo.Calcola(r);
     EXPECT_EQ(primo.Finale(), secondo.saldoIniziale) << conto;
     EXPECT_FALSE(primo.Finale().Negativo()) << conto;
@@ -86,6 +90,11 @@ TEST(CreaDemoTest, DueAnniCredibili) {
   ASSERT_TRUE(ancora);
   EXPECT_FALSE(ancora.Valore());
 }
+
+// In the middle of a year, at either end, on the day that few years have.
+INSTANTIATE_TEST_SUITE_P(Giorni, CreaDemoNelGiorno,
+                         testing::Values(G(24, 11, 2026), G(1, 1, 2026), G(31, 12, 2025),
+                                         G(29, 2, 2028)));
 
 TEST(CreaDemoTest, RegistriIvaScadenzeESeguito) {
   Demo demo(G(24, 11, 2026));
