@@ -166,6 +166,20 @@ bool Fatture::Interno::LeggiRegistro(const std::string& riva) {
   return true;
 }
 
+void Fatture::Interno::AvvisaTipo() {
+  if (tipo == nullptr || tipo->cfp.empty()) {
+    Avviso("non su può registrare su un registro di tipo " + registro.tipo + "!\r\n" +
+           registro.descrizione +
+           " viene aggiornato automaticamente inserendo la data incasso sulle fatture in "
+           "sospensione iva");
+  } else if (Tipo({"05"})) {
+    Avviso(
+        "Attenzione: le registrazioni di fatture con con sistema del reverse charge (intra e "
+        "altro) si effettuano sul registro di tipo 04 ed il programma provvede ad inserirle anche "
+        "su quello di tipo 05");
+  }
+}
+
 bool Fatture::ScegliRegistro(const std::string& riva) {
   Interno& io = *interno_;
   const std::string cod(Rifila(riva));
@@ -184,6 +198,7 @@ bool Fatture::ScegliRegistro(const std::string& riva) {
     io.Avviso("Sul registro iva " + io.registro.cod + " " + io.registro.descrizione +
               "\r\nbisogna inserire il conto iva per poter effettuare le registrazioni");
   }
+  io.AvvisaTipo();
   return true;
 }
 
@@ -278,17 +293,8 @@ bool Fatture::Nuovo() {
     return false;
   }
   if (io.tipo == nullptr || io.tipo->cfp.empty()) {
-    io.Avviso("non su può registrare su un registro di tipo " + io.registro.tipo + "!\r\n" +
-              io.registro.descrizione +
-              " viene aggiornato automaticamente inserendo la data incasso sulle fatture in "
-              "sospensione iva");
+    io.AvvisaTipo();
     return false;
-  }
-  if (io.Tipo({"05"})) {
-    io.Avviso(
-        "Attenzione: le registrazioni di fatture con con sistema del reverse charge (intra e "
-        "altro) si effettuano sul registro di tipo 04 ed il programma provvede ad inserirle anche "
-        "su quello di tipo 05");
   }
   if (MostraIntra() && !io.ambiente.Esiste("tessarc", "RegistriIva", {{"Tipo", "05"}})) {
     io.Avviso(

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QTableView>
+#include <limits>
 
 #include "core/store/BasiDati.h"
 #include "screens/FinestraProva.h"
@@ -200,6 +201,30 @@ TEST_F(FinestraFattureTest, RiquadriDelTipoDiRegistro) {
   EXPECT_TRUE(Vede("DtIncasso"));
 }
 
+TEST_F(FinestraFattureTest, SceltaDelRegistro) {
+  Apri(QStringLiteral("Fatture"));
+  EXPECT_EQ(Foco(), "RivaX");
+  Clic("Nuovo");
+  EXPECT_EQ(SoloMessaggio(), "inserire codice registro iva");
+  EXPECT_EQ(Foco(), "RivaX");
+  Scrivi("RivaX", "3");
+  EXPECT_TRUE(
+      finestra->windowTitle().endsWith(QStringLiteral("Fattura acquisti o nota credito su "
+                                                      "acquisti")));
+  // A register that doesn't exist keeps the focus, then leaves the one that was chosen.
+  Scrivi("RivaX", "QQ");
+  EXPECT_THAT(SoloMessaggio(), ::testing::HasSubstr("QQ non trovato"));
+  EXPECT_EQ(Foco(), "RivaX");
+  Tasto(Qt::Key_Tab);
+  EXPECT_EQ(Testo("RivaX"), "3");
+  EXPECT_TRUE(Messaggi().empty());
+  // Picked from the list, without a letter typed.
+  Campo("RivaX")->setFocus();
+  Tasto(Qt::Key_F2);
+  Tasto(Qt::Key_Tab);
+  EXPECT_EQ(Testo("TitoloNuova"), "Fattura vendite o nota credito su vendite");
+}
+
 TEST_F(FinestraFattureTest, ControlloDelTotaleMentreSiScrive) {
   ApriSu("3");
   Clic("OptTotaleXVerifica");
@@ -270,6 +295,60 @@ TEST_F(FinestraFattureTest, ElencoCercatoEOrdinato) {
     QTest::qWait(1);
     EXPECT_EQ(Righe("ElencoFatture"), caso.trovate) << caso.cercato;
   }
+}
+
+TEST_F(FinestraFattureTest, UnRegistroLungoSiApreComeUnoCorto) {
+  constexpr int kLungo = 100'000;
+  constexpr int kCorto = 1'000;
+  constexpr int kProve = 7;
+  constexpr double kRapporto = 1.5;
+  const auto riempi = [this](const char* riva, int prima, int quante) {
+    const std::string r = "'" + std::string(riva) + "'";
+    Tessarc().Esegui(
+        "INSERT INTO Articoli (Anno, NumDoc, Dt, Riva, NProt, NFat, CFP, Conto) VALUES "
+        "(2024, " +
+        std::to_string(prima) + ", #03/01/2024#, " + r + ", 1, '7', 'F', '9001')");
+    for (int fatte = 1; fatte < quante; fatte *= 2) {
+      const std::string n = std::to_string(fatte);
+      const std::string top = std::to_string(std::min(fatte, quante - fatte));
+      Tessarc().Esegui(
+          "INSERT INTO Articoli (Anno, NumDoc, Dt, Riva, NProt, NFat, CFP, Conto) "
+          "SELECT TOP " +
+          top + " Anno, NumDoc+" + n + ", Dt, Riva, NProt+" + n +
+          ", NFat, CFP, Conto FROM Articoli WHERE Riva=" + r + " ORDER BY NumDoc");
+    }
+    Tessarc().Esegui(
+        "INSERT INTO Movimenti (Anno, NumDoc, Posi, TIPORIGA, CFP, Conto, Imponibile, "
+        "Iva) SELECT Anno, NumDoc, 1, 3, 'P', '500.005', 100, 22 FROM Articoli WHERE "
+        "Riva=" +
+        r);
+  };
+  {
+    Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
+    riempi("3", 1, kLungo);
+    riempi("3V", kLungo + 1, kCorto);
+    transazione.Conferma();
+  }
+  ASSERT_EQ(Tessarc().Recordset("SELECT COUNT(*) FROM Articoli").Fields(0).Intero(),
+            kLungo + kCorto);
+  const auto apri = [this](const char* registro) {
+    qint64 migliore = std::numeric_limits<qint64>::max();
+    for (int i = 0; i < kProve; ++i) {
+      QElapsedTimer orologio;
+      orologio.start();
+      ApriSu(registro);
+      Clic("Nuovo");
+      migliore = std::min(migliore, orologio.nsecsElapsed());
+      EXPECT_EQ(Cella("ElencoFatture", 0, "Totale"), "122,00");
+      EXPECT_EQ(Righe("ElencoFatture"), 100);
+      principale->ChiudiTutto();
+    }
+    return static_cast<double>(migliore);
+  };
+  const double corto = apri("3V");
+  const double lungo = apri("3");
+  RecordProperty("rapporto", std::to_string(lungo / corto));
+  EXPECT_LE(lungo, corto * kRapporto) << lungo / 1e6 << " ms contro " << corto / 1e6;
 }
 
 }  // namespace fenalto::prova

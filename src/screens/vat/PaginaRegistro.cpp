@@ -168,11 +168,17 @@ bool PaginaRegistro::eventFilter(QObject* oggetto, QEvent* evento) {
   // The field first resolves its code.
   scegliendo_ = true;
   const bool digitato = registro_->isModified();
+  const QString prima = registro_->text();
   registro_->removeEventFilter(this);
   oggetto->event(evento);
   registro_->installEventFilter(this);
   scegliendo_ = false;
-  if (digitato) ScegliRegistro();
+  if (digitato || registro_->text() != prima) {
+    ScegliRegistro();
+  } else {
+    // A code that was refused gives way to the register that is still chosen.
+    registro_->Mostra(Valore(fatture_.Registro().cod));
+  }
   return true;
 }
 

@@ -90,6 +90,7 @@ QGridLayout* RiquadroRigaIva::DisponiCampi() {
   importi->addWidget(Didascalia(tr("Iva indetraibile"), ivaInd_));
   importi->addWidget(ivaInd_);
   importi->addStretch(1);
+  importi->addWidget(quale_);
   auto* testi = RigaCampi();
   testi->addWidget(descrizione_, 3);
   testi->addWidget(Didascalia(tr("Categoria"), categoria_));
@@ -115,7 +116,6 @@ QHBoxLayout* RiquadroRigaIva::DisponiPulsanti() {
   auto* pulsanti = RigaCampi();
   pulsanti->addWidget(totale_);
   pulsanti->addWidget(scorpora_);
-  pulsanti->addWidget(quale_);
   pulsanti->addStretch(1);
   for (auto* pulsante : {conferma_, elimina_, annulla_}) pulsanti->addWidget(pulsante);
   return pulsanti;
