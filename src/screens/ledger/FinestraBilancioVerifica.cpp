@@ -392,11 +392,11 @@ void FinestraBilancioVerifica::Interno::MostraGrafico() {
     return grafico->MostraTesto(QString::fromStdString(errore));
   }
   const InCorso lettura(leggendo);
-  auto mesi = bilancio.MesiConfronto(scelta);
+  const auto mesi = bilancio.MesiConfronto(scelta);
   if (mesi.empty()) {
     return grafico->MostraTesto(tr("Lettura interrotta: F5 per vedere il grafico"));
   }
-  grafico->Mostra(std::move(mesi), Periodo(QStringLiteral("A"), scelta.daDt, scelta.aaDt),
+  grafico->Mostra(mesi, Periodo(QStringLiteral("A"), scelta.daDt, scelta.aaDt),
                   Periodo(QStringLiteral("B"), scelta.daDtAP, scelta.aaDtAP),
                   gestore.Sessione().Euro() ? 2 : 0);
 }
