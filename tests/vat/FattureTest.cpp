@@ -45,21 +45,21 @@ TEST_F(FattureTest, Registri) {
             "per effettuare registrazioni sul registro iva 1X è necessario inserire il conto iva "
             "da : menu->archivi->registri iva");
   for (const auto& [cod, tipo] : {std::pair{"8", "08"}, {"8A", "08A"}}) {
-    EXPECT_TRUE(f.ScegliRegistro(cod));
-    const std::string scelto = SoloMessaggio();
+    const std::string speciale = std::string("non su può registrare su un registro di tipo ") +
+                                 tipo +
+                                 "!\r\nFatt.Sospens.IVA incassate viene aggiornato automaticamente "
+                                 "inserendo la data incasso sulle fatture in sospensione iva";
+    EXPECT_TRUE(f.ScegliRegistro(cod)) << "it can be looked through";
+    EXPECT_EQ(SoloMessaggio(), speciale);
     EXPECT_FALSE(f.Nuovo());
-    EXPECT_EQ(SoloMessaggio(), scelto);
-    EXPECT_EQ(scelto, std::string("non su può registrare su un registro di tipo ") + tipo +
-                          "!\r\nFatt.Sospens.IVA incassate viene aggiornato "
-                          "automaticamente inserendo la data incasso sulle fatture in "
-                          "sospensione iva");
+    EXPECT_EQ(SoloMessaggio(), speciale);
   }
   EXPECT_TRUE(f.ScegliRegistro("5"));
-  EXPECT_TRUE(f.Nuovo());
   EXPECT_EQ(SoloMessaggio(),
             "Attenzione: le registrazioni di fatture con con sistema del reverse charge (intra e "
             "altro) si effettuano sul registro di tipo 04 ed il programma provvede ad inserirle "
             "anche su quello di tipo 05");
+  EXPECT_TRUE(f.Nuovo());
   const char* acquisti = "Riprotocollo automatico fatture acquisto per data registrazione";
   const char* corrispettivi = "Riprotocollo automatico corrispettivi per data registrazione";
   struct Caso {
