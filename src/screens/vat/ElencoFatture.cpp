@@ -130,12 +130,12 @@ QString ElencoFatture::Descrizione(std::int64_t numero) {
   const auto letta = lettore_.Una(numero);
   if (!letta) return {};
   const int decimali = ambiente_.Euro() ? 2 : 0;
-  return tr("registro %1 prot. %2   %3   %4  %5   %6")
+  return tr("registro %1 prot. %2   %3   %4   %5  %6")
       .arg(QString::fromStdString(letta->riva))
       .arg(letta->nProt)
-      .arg(QString::fromStdString(letta->data.Testo()), QString::fromStdString(letta->conto),
-           QString::fromStdString(letta->descrConto),
-           QString::fromStdString(ScriviImporto(letta->totale, decimali)));
+      .arg(QString::fromStdString(letta->data.Testo()),
+           QString::fromStdString(ScriviImporto(letta->totale, decimali)),
+           QString::fromStdString(letta->conto), QString::fromStdString(letta->descrConto));
 }
 
 bool ElencoFatture::eventFilter(QObject* oggetto, QEvent* evento) {

@@ -26,7 +26,7 @@ class ElencoFatture : public QWidget {
   void Mostra(const std::string& riva, const std::string& classe, const std::string& titolo);
   /// Reads again from the newest, with the same search.
   void Ricarica();
-  /// "3 prot. 12   15/03/2024   9001  Rossi snc   122,00"; empty when there is none.
+  /// "registro 3 prot. 12   15/03/2024   122,00   9001  Rossi snc"; empty when there is none.
   [[nodiscard]] QString Descrizione(std::int64_t numero);
   [[nodiscard]] QPushButton* PulsanteEsporta() const { return esporta_; }
 

@@ -78,6 +78,7 @@ void TestaFattura::CreaCampi(Legatura& legatura) {
   pagamento_ = new CampoCodice(QStringLiteral("Pagamento"), QStringLiteral("CODICIPAGAMENTO"),
                                FontePagamenti(sessione));
   nota_ = Nota("NotaPagamento");
+  nota_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   descrizione_ = new CampoTesto(QStringLiteral("Descrizionex"));
   ep_ = Casella("Ep", tr("iva in sospensione"));
   variazione_ = Casella("NVarAnPrec", tr("nota di variazione anni precedenti"));
@@ -129,14 +130,6 @@ QHBoxLayout* TestaFattura::DisponiDocumento() {
   return riga;
 }
 
-QHBoxLayout* TestaFattura::DisponiPagamento() {
-  auto* riga = Riga();
-  riga->addWidget(ConDescrizione(pagamento_, kCaratteriCodice), 2);
-  nota_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  riga->addWidget(nota_, 3);
-  return riga;
-}
-
 QGridLayout* TestaFattura::Disponi() {
   for (auto* campo : {data_, dtFat_, dtIncasso_}) LargoCaratteri(campo, kCifreData);
   auto* griglia = new QGridLayout;
@@ -157,12 +150,13 @@ QGridLayout* TestaFattura::Disponi() {
   griglia->addWidget(Didascalia(tr("N. fattura"), nFat_), 3, 0);
   griglia->addLayout(DisponiDocumento(), 3, 1);
   griglia->addWidget(Didascalia(tr("Pagamento"), pagamento_), 4, 0);
-  griglia->addLayout(DisponiPagamento(), 4, 1);
-  griglia->addWidget(Didascalia(tr("Descrizione"), descrizione_), 5, 0);
+  griglia->addWidget(ConDescrizione(pagamento_, kCaratteriCodice), 4, 1);
+  griglia->addWidget(nota_, 5, 1);
+  griglia->addWidget(Didascalia(tr("Descrizione"), descrizione_), 6, 0);
   auto* ultima = Riga();
   ultima->addWidget(descrizione_, 1);
   ultima->addWidget(variazione_);
-  griglia->addLayout(ultima, 5, 1);
+  griglia->addLayout(ultima, 6, 1);
   griglia->setColumnStretch(1, 1);
   return griglia;
 }
@@ -196,6 +190,7 @@ void TestaFattura::Mostra() {
   didascaliaDtFat_->setText(fatture_.ClasseParte() == "P" ? tr("data corrispettivi") : tr("del"));
   nota_->setText(QString::fromStdString(fatture_.NotaPagamento()).simplified());
   nota_->setToolTip(nota_->text());
+  nota_->setVisible(!nota_->text().isEmpty());
 }
 
 void TestaFattura::FocoData() {

@@ -39,7 +39,6 @@ class TestaFattura : public QWidget {
   QGridLayout* Disponi();
   QHBoxLayout* DisponiNumeri();
   QHBoxLayout* DisponiDocumento();
-  QHBoxLayout* DisponiPagamento();
   void ScegliParte();
 
   Fatture& fatture_;
