@@ -1,5 +1,5 @@
-// The settlement of a period: from the totals of the registers to what is owed, its lines and notes,
-// and what it writes.
+// The settlement of a period: from the totals of the registers to what is owed, its lines and
+// notes, and what it writes.
 #pragma once
 
 #include <array>
@@ -29,7 +29,9 @@ struct DatiLiquidazione {
 struct RigaLiquidazione {
   std::string descrizione;
   Importo importo;
-  bool nota = false;  ///< a text without an amount
+  bool nota = false;    ///< a text without an amount
+  int segno = 0;        ///< below the balance: -1 is taken off it, 1 is added
+  bool totale = false;  ///< sums up the lines above
 };
 
 /// VAT of a register as it enters the settlement.
@@ -38,8 +40,11 @@ struct IvaRegistro {
   std::string tipo;
   std::string conto;
   int segno = 0;
-  Importo iva;  ///< unsigned
+  Importo iva;        ///< unsigned
+  Importo differita;  ///< part of `iva` that is due only when the invoices are collected
   Importo ivaScorporata;
+  /// What falls due in the period, with which its account is cleared.
+  [[nodiscard]] Importo Dovuta() const { return iva - differita; }
 };
 
 struct Liquidazione {
@@ -50,10 +55,13 @@ struct Liquidazione {
   Importo saldoPeriodo;  ///< before credits and debits; above zero is owed
   Importo risultato;     ///< R of the period, without interest
   Importo interessi;
-  Importo daVersare;     ///< with interest; zero or below when nothing is owed
-  bool sottoMinimo = false;  ///< owed but below 25.82, so not paid in this period
+  Importo daVersare;                      ///< with interest; zero or below when nothing is owed
+  bool sottoMinimo = false;               ///< owed but below 25.82, so not paid in this period
   [[nodiscard]] Importo Credito() const;  ///< carried on; zero when something is owed
 };
+
+/// What the user must put right in the percentages; empty when they can be used.
+std::string ErroreDatiLiquidazione(const DatiLiquidazione& dati);
 
 /// Pure: the lines in their order, with thresholds, interest and notes.
 Liquidazione CalcolaLiquidazione(const PeriodoIva& periodo,
@@ -66,7 +74,7 @@ DatiLiquidazione ProponiLiquidazione(Ambiente& ambiente, const PeriodoIva& perio
 
 /// Accounts and causals of the giros, from the settings.
 struct DatiGiri {
-  bool erario = false;  ///< RegistrazioneContabileErario
+  bool erario = false;         ///< RegistrazioneContabileErario
   bool corrispettivi = false;  ///< RegistrazioneContabileGiro
   std::string contoErario;
   std::string contoInteressi;
@@ -75,8 +83,9 @@ struct DatiGiri {
 };
 DatiGiri LeggiDatiGiri(Ambiente& ambiente);
 /// "mancano dati per registrazione contabile " and the like; empty when the giros can be written.
+/// `interessi` of the settlement, which need an account of their own.
 std::string MancanoDatiGiri(Ambiente& ambiente, const DatiGiri& giri,
-                            const std::vector<TotaleRegistro>& registri);
+                            const std::vector<TotaleRegistro>& registri, Importo interessi = {});
 
 /// Replaces the stored settlement of the period, credit and lines, and writes the giros, in the
 /// transaction that the caller holds under the numbering lock.
@@ -84,7 +93,11 @@ void MemorizzaLiquidazione(Ambiente& ambiente, const Liquidazione& liquidazione,
                            const std::vector<TotaleRegistro>& registri, const DatiGiri& giri,
                            int ultimaPagina, LogContabile& log);
 
-/// Prints the settlement on a page of its own of a report that is open (model `TiChiuIva`).
+/// "manca modello chiusura iva" when the settlement's model isn't there; to be asked before the
+/// first page. A model that can't be read is told by the print itself.
+std::string MancaModelloLiquidazione(Ambiente& ambiente);
+/// Prints the settlement on a page of its own, the last, of a report that is open (model
+/// `TiChiuIva`); the report's heading stands on it too.
 void StampaLiquidazione(Ambiente& ambiente, Stampa& stampa, const Liquidazione& liquidazione);
 
 /// A stored settlement's lines; empty when the period isn't settled.

@@ -26,6 +26,8 @@ enum class Origine {
   DistintaRiba = 23,
   Pagamento = 24,
   GiroRitenuta = 26,
+  GiroErario = 41,
+  GiroCorrispettivi = 42,
   ReverseCharge = 51,
   BollaDoganale = 52,
   RitenutaAcconto = 53

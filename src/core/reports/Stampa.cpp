@@ -253,6 +253,10 @@ void Stampa::ModoTesto(bool attivo) {
   interno_->testo = attivo || SoloTesto();
 }
 
+bool Stampa::Grafico() const {
+  return !interno_->testo;
+}
+
 void Stampa::CarattereTesto(int passo) {
   interno_->passoChiesto = passo;
   if (!interno_->pagina) interno_->disposizione = DisponiTesto(interno_->larghezza, passo);

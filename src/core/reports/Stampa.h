@@ -40,6 +40,8 @@ class Stampa {
   /// Loads a model; tells the user what is wrong and returns false when it can't: the report stops.
   bool Modello(const std::filesystem::path& percorso);
   void ModoTesto(bool attivo);
+  /// Whether lines are named fields of the model, not templates.
+  [[nodiscard]] bool Grafico() const;
   /// Pitch of text mode, in characters an inch.
   void CarattereTesto(int passo);
   /// Horizontal position of graphic mode: 10 plus the form's correction, in millimetres. Models are

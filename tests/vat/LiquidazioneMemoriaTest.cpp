@@ -1,0 +1,361 @@
+// What a settlement leaves in the store and in the ledger, and how it is printed.
+#include <functional>
+#include <map>
+
+#include "core/sql/Criterio.h"
+#include "ledger/Stampati.h"
+#include "vat/LiquidazioneDiProva.h"
+
+namespace fenalto::prova {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::IsSupersetOf;
+
+class LiquidazioneMemoriaTest : public DittaDaStampare {
+ protected:
+  LiquidazioneMemoriaTest() {
+    const std::vector<std::pair<const char*, const char*>> impostazioni = {
+        {"ContoIvaErario", "170.010"},
+        {"ContoInteressiErario", "590.004"},
+        {"CausaleErario", "027"},
+        {"RegistrazioneContabileErario", "1"},
+        {"ChiusIva", "1"},
+        {"RegistrazioneContabileGiro", "1"}};
+    for (const auto& [chiave, valore] : impostazioni) {
+      ambiente.ScriviImpostazione({}, "config", chiave, valore);
+    }
+  }
+
+  /// A definitive run with the giros of the settings, dated the last day of the period.
+  Liquidazione Memorizza(const std::string& cod, const std::vector<TotaleRegistro>& registri,
+                         const DatiLiquidazione& dati = {}, int anno = 2024) {
+    const PeriodoIva periodo = Periodo(cod, anno);
+    DatiGiri giri = LeggiDatiGiri(ambiente);
+    giri.dt = periodo.UltimoGiorno();
+    EXPECT_EQ(MancanoDatiGiri(ambiente, giri, registri, dati.interessi), "");
+    const Liquidazione l = CalcolaLiquidazione(periodo, registri, dati);
+    log = {};
+    Transazione transazione(ambiente.Basi());
+    MemorizzaLiquidazione(ambiente, l, registri, giri, 12, log);
+    transazione.Conferma();
+    return l;
+  }
+
+  std::string Chiusura(const std::string& cod, int anno = 2024) {
+    Rs r = Tessarc().Recordset("select * from ChiusureIva where " + Criterio("Anno", "=", anno) +
+                               " and " + Criterio("MESETRIMESTRE", "=", cod));
+    if (r.Eof()) return "";
+    EXPECT_EQ(r.RecordCount(), 1);
+    return r.Fields("CreditoPrec").Importo().Testo() + " " +
+           r.Fields("Importo1").Importo().Testo() + " " +
+           r.Fields("ImportoInteressi").Importo().Testo() + " " +
+           r.Fields("Importo").Importo().Testo();
+  }
+  std::string Credito() {
+    return Tessarc().Singolo("select CreditoIva from CreditoIva where Cod='01'").Importo().Testo();
+  }
+  std::string Proposta(const std::string& cod, int anno = 2024) {
+    const DatiLiquidazione d = ProponiLiquidazione(ambiente, Periodo(cod, anno));
+    return d.creditoPrec.Testo() + " " + d.piu[0].descrizione + " " + d.piu[0].importo.Testo();
+  }
+
+  /// Debit minus credit of each account.
+  std::map<std::string, Importo> Saldi() {
+    std::map<std::string, Importo> saldi;
+    for (Rs r = Tessarc().Recordset("select * from Movimenti"); !r.Eof(); r.MoveNext()) {
+      saldi[r.Fields("Conto").Testo()] +=
+          r.Fields("ImpoDare").Importo() - r.Fields("ImpoAvere").Importo();
+    }
+    return saldi;
+  }
+
+  /// Registrations as "dt autoN causale conto dare/avere contro «descrizione»", head and row 1.
+  std::vector<std::string> Giri() {
+    std::vector<std::string> righe;
+    for (Rs r = Tessarc().Recordset("select * from Articoli order by Anno,NumDoc"); !r.Eof();
+         r.MoveNext()) {
+      Rs m = Tessarc().Recordset("select * from Movimenti where " +
+                                 Criterio("Anno", "=", r.Fields("Anno")) + " and " +
+                                 Criterio("NumDoc", "=", r.Fields("NumDoc")) + " order by Posi");
+      righe.push_back(
+          r.Fields("Dt").Data().Testo() + " auto" + r.Fields("CREATOINAUTOMATICO").Testo() + " " +
+          m.Fields("Causale").Testo() + " " + m.Fields("Conto").Testo() + " " +
+          m.Fields("ImpoDare").Importo().Testo() + "/" + m.Fields("ImpoAvere").Importo().Testo() +
+          " " + m.Fields("ContoControp").Testo() + " «" + m.Fields("Descrizione").Testo() +
+          "» testa " + r.Fields("Conto").Testo() + "," + r.Fields("ContoA").Testo());
+    }
+    return righe;
+  }
+
+  LogContabile log;
+};
+
+std::vector<TotaleRegistro> RegistriPieni() {
+  std::vector<TotaleRegistro> registri = {
+      Registro("01", 1, I("1000"), I("100"), "170.001"), Registro("02", 1, I("220"), {}, "170.001"),
+      Registro("03", -1, I("400"), I("30"), "170.003"),  Registro("04", 1, I("22"), {}, "900.220"),
+      Registro("05", -1, I("22"), {}, "900.220"),        Registro("06", 0, I("77"), {}, "170.002"),
+      Registro("08", 1, I("15"), I("15"), "170.002")};
+  // The model's own register "2": causal 037, revenues 700.010.
+  registri[1].intervallo.riva = "2";
+  registri[1].ivaScorporata = I("200");
+  return registri;
+}
+
+// --- Chain of the periods --------------------------------------------------------------------
+
+TEST_F(LiquidazioneMemoriaTest, CreditoEImportoNonVersatoPassanoAlPeriodoDopo) {
+  ambiente.ScriviImpostazione({}, "config", "ProRata", "12,5");
+  ambiente.ScriviImpostazione({}, "config", "RegistrazioneContabileErario", "0");
+  EXPECT_EQ(ProponiLiquidazione(ambiente, Periodo("01")).proRata, I("12.5"));
+  EXPECT_EQ(Tessarc().Singolo("select Count(*) from CreditoIva").Intero(), 1);
+  EXPECT_EQ(Proposta("01"), "0  0");
+
+  Memorizza("12", {Registro("01", 1, I("25.81"))}, {}, 2023);
+  EXPECT_EQ(Chiusura("12", 2023), "0 25.81 0 25.81");
+  EXPECT_EQ(Proposta("01"), "0 importo non versato periodo precedente 25.81");
+  EXPECT_EQ(Proposta("02"), "0  0");
+
+  Memorizza("01", {Registro("03", -1, I("300"))});
+  EXPECT_EQ(Chiusura("01"), "0 -300 0 0");
+  EXPECT_EQ(Credito(), "300");
+  EXPECT_EQ(Proposta("02"), "300  0");
+
+  // Printed again it starts from what it started from.
+  EXPECT_EQ(Proposta("01"), "0 importo non versato periodo precedente 25.81");
+  Memorizza("01", {Registro("03", -1, I("250"))});
+  EXPECT_EQ(Proposta("02"), "250  0");
+  EXPECT_THAT(log.avvisi, IsEmpty());
+
+  DatiLiquidazione dati = ProponiLiquidazione(ambiente, Periodo("02"));
+  dati.interessi = I("1");
+  Memorizza("02", {Registro("01", 1, I("350"))}, dati);
+  EXPECT_EQ(Chiusura("02"), "250 100 1 101");
+  EXPECT_EQ(Credito(), "0");
+  EXPECT_EQ(Proposta("03"), "0  0");
+  EXPECT_EQ(Tessarc().Singolo("select UltPag from ChiusureIva where MESETRIMESTRE='02'").Intero(),
+            12);
+
+  // An earlier period stored again says that the later one stands on its old credit.
+  Memorizza("01", {Registro("03", -1, I("240"))});
+  EXPECT_EQ(Credito(), "0");
+  ASSERT_EQ(log.avvisi.size(), 1U);
+  EXPECT_THAT(log.avvisi[0], HasSubstr("02/2024"));
+  EXPECT_THAT(log.avvisi[0], HasSubstr("240,00"));
+}
+
+TEST_F(LiquidazioneMemoriaTest, TrimestreDopoMese) {
+  Tessarc().Esegui("update Anni set IvaTrimestrale=True where Anno=2024");
+  Memorizza("12", {Registro("09", 1, I("10"))}, {}, 2023);
+  EXPECT_EQ(Proposta("T1"), "0 importo non versato periodo precedente 10");
+  Memorizza("T4", {Registro("09", 1, I("11"))});
+  EXPECT_EQ(Proposta("01", 2025), "0 importo non versato periodo precedente 11");
+}
+
+TEST_F(LiquidazioneMemoriaTest, RigheConservateSeSiVuole) {
+  Memorizza("12", {Registro("07", 1, I("12.2"))});
+  const Liquidazione l = Memorizza("12", {Registro("07", 1, I("10"))});
+  EXPECT_EQ(InRighe(LiquidazioneMemorizzata(ambiente, 2024, "12")), InRighe(l));
+  EXPECT_EQ(
+      Tessarc().Singolo("select ScrittaPeriodo from ChiusIva where MeseTrimestre='12'").Testo(),
+      "periodo 12");
+  ambiente.ScriviImpostazione({}, "config", "ChiusIva", "");
+  Memorizza("12", {Registro("07", 1, I("10"))});
+  EXPECT_THAT(LiquidazioneMemorizzata(ambiente, 2024, "12"), IsEmpty());
+}
+
+// --- Giros --------------------------------------------------------------------------------------
+
+TEST_F(LiquidazioneMemoriaTest, Giri) {
+  DatiLiquidazione dati;
+  dati.interessi = I("1");
+  const Liquidazione l = Memorizza("T2", RegistriPieni(), dati);
+  EXPECT_THAT(
+      Giri(),
+      ElementsAre("30/06/2024 auto41 027 170.001 900/0 170.010 «IVA fatture emesse T2/2024» testa "
+                  "170.001,170.010",
+                  "30/06/2024 auto41 027 170.001 220/0 170.010 «IVA corrispettivi T2/2024» testa "
+                  "170.001,170.010",
+                  "30/06/2024 auto41 027 170.003 0/370 170.010 «IVA fatture ricevute T2/2024» "
+                  "testa 170.010,170.003",
+                  "30/06/2024 auto41 027 170.002 15/0 170.010 «IVA differita fatture incassate "
+                  "T2/2024» testa 170.002,170.010",
+                  "30/06/2024 auto41 027 590.004 7.65/0 170.010 «Interessi IVA» testa "
+                  "590.004,170.010",
+                  "30/06/2024 auto42 037 700.010 200/0 170.001 «SCORPORO IVA CORRISP.T2/2024» "
+                  "testa 700.010,170.001"));
+  EXPECT_EQ(log.testo,
+            "Registrazione Erario c/Iva : Articoli n. 1, 2, 3, 4, 5 EFFETTUATA\n"
+            "Registrazione giro IVA Articolo n. 6 EFFETTUATA");
+  // What stands on the tax authority's account is what is to be paid.
+  EXPECT_EQ(-Saldi()["170.010"], l.daVersare);
+  EXPECT_EQ(Tessarc().Singolo("select Importochiusura from RegistriIva where Cod='2'").Importo(),
+            I("220"));
+}
+
+TEST_F(LiquidazioneMemoriaTest, GiriSpieganoIlContoErario) {
+  DatiLiquidazione dati;
+  dati.proRata = I("10");
+  const Liquidazione l = Memorizza("03", RegistriPieni(), dati);
+  // Line by line: the registers that pass with their stornos, nothing else. The pro-rata is a cost,
+  // the two halves of a reverse charge cancel on an account of their own.
+  std::map<std::string, Importo> attesi;
+  Importo erario;
+  for (std::size_t i = 0; i < l.righe.size(); ++i) {
+    const std::string& testo = l.righe[i].descrizione;
+    if (testo.starts_with("IVA a debito")) break;
+    if (testo.starts_with("Pro-Rata") || testo.starts_with("Registro 04") ||
+        testo.starts_with("Registro 05")) {
+      continue;
+    }
+    erario -= l.righe[i].importo;
+  }
+  for (const IvaRegistro& r : l.registri) {
+    if (r.tipo == "04" || r.tipo == "05") continue;
+    attesi[r.conto] += r.segno < 0 ? r.differita - r.iva : r.iva - r.differita;
+  }
+  attesi["170.010"] = erario;
+  attesi["170.001"] -= I("200");  // the giro of the receipts
+  attesi["700.010"] = I("200");
+  EXPECT_EQ(Saldi(), attesi);
+}
+
+TEST_F(LiquidazioneMemoriaTest, RistampaLasciaUnaSerieDiGiri) {
+  DatiLiquidazione dati;
+  dati.interessi = I("1");
+  Registra({{"100.010", I("5")}, {"700.010", I("-5")}});
+  Memorizza("T1", {Registro("01", 1, I("500"))}, dati);
+  Memorizza("T2", RegistriPieni(), dati);
+  const std::size_t prima = Giri().size();
+  auto registri = RegistriPieni();
+  registri[0].codici[0].iva = I("-1000");
+  registri[1].ivaScorporata = I("-3");
+  dati.interessi = {};
+  Memorizza("T2", registri, dati);
+  EXPECT_EQ(Giri().size(), prima - 1);  // no interest any more
+  EXPECT_THAT(log.testo,
+              HasSubstr("Registrazione Erario c/Iva : Articoli n. 4, 5, 6, 7, 8 della stampa "
+                        "precedente ELIMINATI\nRegistrazione Erario c/Iva : Articoli n. "));
+  EXPECT_THAT(log.testo,
+              HasSubstr("Registrazione giro IVA Articoli n. 9 della stampa precedente ELIMINATI"));
+  EXPECT_THAT(log.avvisi, IsEmpty());
+  // Below zero the sides are swapped.
+  EXPECT_THAT(Giri(),
+              IsSupersetOf({"30/06/2024 auto41 027 170.001 0/1100 170.010 «IVA fatture emesse "
+                            "T2/2024» testa 170.010,170.001",
+                            "30/06/2024 auto42 037 700.010 0/3 170.001 «SCORPORO IVA "
+                            "CORRISP.T2/2024» testa 170.001,700.010",
+                            "31/03/2024 auto41 027 590.004 5/0 170.010 «Interessi IVA» testa "
+                            "590.004,170.010"}));
+}
+
+TEST_F(LiquidazioneMemoriaTest, GiriCambiatiOSulGiornaleNonSiContanoDueVolte) {
+  for (const char* guasto :
+       {"update Movimenti set Descrizione='mia' where NumDoc=2 and Posi=2",
+        "update Movimenti set ImpoDare=1 where NumDoc=2 and ImpoDare<>0",
+        "delete * from Movimenti where NumDoc=2 and Posi=2",
+        "insert into UltimaDataLibro (Anno, dt) values (2024, #06/30/2024#)"}) {
+    SCOPED_TRACE(guasto);
+    Tessarc().Esegui("delete * from Articoli");
+    Tessarc().Esegui("delete * from Movimenti");
+    Memorizza("06", RegistriPieni());
+    Tessarc().Esegui(guasto);
+    const auto giri = Giri();
+    auto registri = RegistriPieni();
+    registri[0] = Registro("01", 1, I("7"));
+    Memorizza("06", registri);
+    EXPECT_EQ(Giri(), giri);
+    ASSERT_FALSE(log.avvisi.empty());
+    EXPECT_THAT(log.avvisi[0], HasSubstr("2 ("));
+    EXPECT_EQ(Chiusura("06"), "0 -128 0 0");
+  }
+}
+
+TEST_F(LiquidazioneMemoriaTest, MancanoDati) {
+  struct Caso {
+    const char* nome;
+    std::function<void(DatiGiri&, std::vector<TotaleRegistro>&)> rompi;
+    const char* messaggio;
+  };
+  const std::string dati = "mancano dati per registrazione contabile ";
+  const std::vector<Caso> casi = {
+      {"niente", [](auto&, auto&) {}, ""},
+      {"data", [](auto& g, auto&) { g.dt = {}; }, "(data di registrazione)"},
+      {"anno", [](auto& g, auto&) { g.dt = G(15, 1, 2026); },
+       "(anno 2026 tra gli anni della ditta)"},
+      {"causale e conto", [](auto& g, auto&) { g.causaleErario = g.contoErario = "ZZ"; },
+       "(causale, conto erario c/IVA)"},
+      {"conto interessi", [](auto& g, auto&) { g.contoInteressi = ""; }, "(conto interessi)"},
+      {"conto di un registro", [](auto&, auto& r) { r[2].conto = ""; }, "(conto del registro 03)"},
+      {"conto che non serve", [](auto&, auto& r) { r[3].conto = r[5].conto = ""; }, ""},
+      {"erario non voluto",
+       [](auto& g, auto&) {
+         g.erario = false;
+         g.causaleErario = "";
+       },
+       ""},
+      {"nessun giro",
+       [](auto& g, auto&) {
+         g.erario = g.corrispettivi = false;
+         g.dt = {};
+       },
+       ""}};
+  for (const Caso& caso : casi) {
+    DatiGiri giri = LeggiDatiGiri(ambiente);
+    giri.dt = G(30, 6, 2024);
+    auto registri = RegistriPieni();
+    caso.rompi(giri, registri);
+    EXPECT_EQ(MancanoDatiGiri(ambiente, giri, registri, I("1")),
+              *caso.messaggio == 0 ? "" : dati + caso.messaggio)
+        << caso.nome;
+  }
+  Tessarc().Esegui("update RegistriIva set CauGiroCorrisp='' where Cod='2'");
+  DatiGiri giri = LeggiDatiGiri(ambiente);
+  giri.dt = G(30, 6, 2024);
+  EXPECT_EQ(MancanoDatiGiri(ambiente, giri, RegistriPieni()),
+            "mancano causale o conti per registraz. giro Iva corrispettivi (registro 2)");
+}
+
+// --- Print --------------------------------------------------------------------------------------
+
+TEST_F(LiquidazioneMemoriaTest, Stampa) {
+  DatiLiquidazione dati;
+  dati.creditoPrec = I("25");
+  const Liquidazione l = CalcolaLiquidazione(Periodo("12"), {Registro("07", 1, I("1050.2"))}, dati);
+  for (const bool grafico : {false, true}) {
+    Verso(grafico ? Destinazione::Pdf : Destinazione::Testo);
+    fenalto::Stampa stampa(ambiente, uscite);
+    ASSERT_TRUE(stampa.Inizio("prova"));
+    if (grafico) {
+      ASSERT_TRUE(stampa.Modello(ambiente.CartellaDati() / "ini" / "TiGio.mod"));
+      stampa.ModoTesto(false);
+      stampa.Intestazione([&] { stampa.CampoModello("AnnoPag", "2024/7"); });
+      stampa.CampoModello("R_Descrizione", "registro", stampa.YCorrente());
+    } else {
+      stampa.Riga("registro");
+    }
+    StampaLiquidazione(ambiente, stampa, l);
+    ASSERT_TRUE(stampa.Fine());
+    ASSERT_EQ(uscite.pagine.size(), 2U);
+    if (!grafico) {
+      EXPECT_THAT(uscite.Testo(), HasSubstr("registro\n\nLIQUIDAZIONE IVA  periodo 12\n\n"
+                                            "Registro 07 Prova*"));
+      EXPECT_THAT(uscite.Testo(), HasSubstr(" 1.050,20\n"));
+      EXPECT_THAT(uscite.Testo(), HasSubstr("\n*corrispettivi ventilati: la somma"));
+      continue;
+    }
+    EXPECT_THAT(
+        uscite.Scritte(),
+        IsSupersetOf({"LIQUIDAZIONE IVA  periodo 12", "2024/7", "Registro 07 Prova*", "1.050,20",
+                      "Credito precedente", "-", "25,00", "IVA DA VERSARE", "1.025,20",
+                      "*corrispettivi ventilati: la somma importi iva "
+                      "mese/trim può"}));
+  }
+  EXPECT_EQ(MancaModelloLiquidazione(ambiente), "");
+}
+
+}  // namespace
+}  // namespace fenalto::prova
