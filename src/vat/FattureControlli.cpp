@@ -31,6 +31,7 @@ std::optional<Rifiuto> Fatture::Interno::Controlla() {
 }
 
 std::optional<Rifiuto> Fatture::Interno::ControllaData() {
+  if (D("Dt").Nulla()) return Rifiuto{"manca la data della registrazione", "Dt"};
   if (ControlloAnno(ambiente, D("Dt"), true)) return Rifiuto{"", "Dt"};
   // Up to the last printed date, that day included: a page of the journal is closed.
   const Data stampata = ambiente.Max("dt", "UltimaDataLibro", {}, tessarc).Data();

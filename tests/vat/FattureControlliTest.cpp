@@ -51,7 +51,7 @@ TEST_F(FattureControlliTest, AcquistoNellOrdine) {
   ASSERT_TRUE(f.ScegliRegistro("3"));
   ASSERT_TRUE(f.Nuovo());
   for (const auto& [campo, valore] :
-       std::vector<std::pair<const char*, Valore>>{{"Dt", G(31, 3, 2024)},
+       std::vector<std::pair<const char*, Valore>>{{"Dt", Data()},
                                                    {"DtFat", G(15, 3, 2024)},
                                                    {"NFat", "12"},
                                                    {"DtIncasso", G(1, 5, 2024)},
@@ -66,7 +66,8 @@ TEST_F(FattureControlliTest, AcquistoNellOrdine) {
   const char* ritenuta2 = "mancano dati per registrazione giro ritenuta 2";
   Percorri(
       f,
-      {{"data registrazione contabile antecedente all'ultima data già stampata su libro giornale",
+      {{"manca la data della registrazione", "Dt", Scrive("Dt", G(31, 3, 2024))},
+       {"data registrazione contabile antecedente all'ultima data già stampata su libro giornale",
         "Dt", Scrive("Dt", G(1, 4, 2024))},
        {"La data registrazione è relativa ad un periodo già stampato sul registro iva", "Dt",
         Scrive("Dt", G(2, 5, 2024))},

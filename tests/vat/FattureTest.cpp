@@ -281,6 +281,7 @@ TEST_F(FattureTest, QuelCheSegue) {
   for (const Caso& caso :
        {Caso{"senza codice", Vendita(), "1 3 0", 0},
         {"rate", pagata(Vendita(), "DUE"), "1 3 2", 0},
+        {"codice che non c'è più", pagata(Vendita(), "MAI"), "1 3 0", 0},
         {"pagata subito", pagata(Acquisto(), "MISTO"), "2 5 2", 0},
         {"corrispettivi", pagata({.riva = "2", .righe = {{"700.010", "20", I("1")}}}, "MISTO"),
          "1 2 0", 0},

@@ -221,6 +221,11 @@ TEST_F(RegistrazioniAutomaticheTest, ReverseChargeIncompleto) {
   EXPECT_EQ(Tutto(), prima);
   EXPECT_TRUE(registra(primo, {"5", true, "", "", "", ""}));
   EXPECT_EQ(log.testo, "Registraz.IVA su registro 5: N.Prot.1 - Articolo 2 EFFETTUATA");
+  // The VAT goes to the account of the second register, where that is another.
+  Tessarc().Esegui("update RegistriIva set Conto='170.003' where Cod='5'");
+  EXPECT_TRUE(registra(primo, {"5", true, "", "", "", ""}));
+  EXPECT_THAT(RigheDi(3)[0], HasSubstr("1 51 P:900.220 1000/0"));
+  EXPECT_THAT(RigheDi(3)[1], HasSubstr("9998 52 P:170.003 220/0"));
   for (const DatiIntra& dati : {DatiIntra{"5", false, "", "0002", "500.001", ""},
                                 DatiIntra{"5", false, "029", "", "500.001", ""}}) {
     EXPECT_FALSE(registra(primo, dati));
