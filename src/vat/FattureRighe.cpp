@@ -197,7 +197,10 @@ std::optional<Rifiuto> Fatture::Interno::ControllaRiga() {
   if (!ambiente.Esiste("tessarc", "CodiciIva", {{"Cod", codIva}})) {
     return Rifiuto{"il codice iva " + codIva + " non esiste", "CodIva"};
   }
-  if (!ambiente.Esiste("tessarc", "Conti", {{"Cod", conto}})) {
+  const bool nelPiano =
+      ambiente.Esiste("tessarc", "Conti", {{"Cod", conto}}) ||
+      ambiente.Esiste("tessarc", "ContiClientiFornitori", {{"Cod", conto}, {"CFP", "P"}});
+  if (!nelPiano) {
     return Rifiuto{"il conto " + conto + " non esiste nel piano dei conti", "Conto"};
   }
   const bool ventilazione = UgualeTesto(codIva, kCodiceVentilazione);
@@ -277,8 +280,8 @@ std::vector<RigaIva> UltimeRighe(Archivio& tessarc, int anno, const std::string&
                                  const std::string& cfp, const std::string& conto) {
   for (const int cercato : {anno, anno - 1}) {
     Rs ultima = tessarc.Recordset(
-        "select top 1 NumDoc from Articoli where " + Criterio("Anno", "=", cercato) + " and " +
-        Criterio("Riva", "=", riva) + " and " + Criterio("CFP", "=", cfp) + " and " +
+        "select top 1 NumDoc from ZarticoliFatture where " + Criterio("Anno", "=", cercato) +
+        " and " + Criterio("Riva", "=", riva) + " and " + Criterio("CFP", "=", cfp) + " and " +
         Criterio("Conto", "=", conto) + " order by NumDoc desc");
     if (ultima.Eof()) continue;
     auto righe = LeggiRigheIva(tessarc, cercato, ultima.Fields(0).Intero());
