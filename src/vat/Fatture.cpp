@@ -74,6 +74,7 @@ void Fatture::Interno::ChiudiRecord() noexcept {
   soloLettura.clear();
   numeroRecord = nProtRecord = idRecord = 0;
   pagamentoRecord.clear();
+  ritenuteRecord = {};
   pagamentoProposto.clear();
   dtIncassoRecord = {};
   descrizioneProposta.clear();
@@ -317,6 +318,23 @@ Rs Fatture::Interno::TrovaTestata(std::int64_t numDoc) const {
                            Criterio("Anno", "=", ambiente.Anno()));
 }
 
+Importo Fatture::Interno::RitenuteGirate() const {
+  Rs giro = tessarc.Recordset(
+      "select Movimenti.ImpoDare, Movimenti.ImpoAvere from Movimenti inner join Articoli on "
+      "(Movimenti.Anno = Articoli.Anno) and (Movimenti.NumDoc = Articoli.NumDoc) where " +
+      Criterio("Articoli.Anno", "=", anno) + " and " +
+      Criterio("Articoli.NumDoc", ">", numeroRecord) + " and " +
+      Criterio("Articoli.CREATOINAUTOMATICO", "=", static_cast<int>(Origine::RitenutaAcconto)) +
+      " and Articoli.Riva='' and " + Criterio("Movimenti.CFP", "=", T("CFPx")) + " and " +
+      Criterio("Movimenti.Conto", "=", T("Contox")) + " and " +
+      Criterio("Movimenti.Descrizione", "=", T("Descrizionex")));
+  Importo girate;
+  for (; !giro.Eof(); giro.MoveNext()) {
+    girate += giro.Fields(0).Importo() + giro.Fields(1).Importo();
+  }
+  return girate;
+}
+
 void Fatture::Interno::CaricaTesta(const Rs& record) {
   testa.Svuota();
   for (const char* campo :
@@ -335,6 +353,9 @@ void Fatture::Interno::CaricaTesta(const Rs& record) {
   for (auto& letta : LeggiRigheIva(tessarc, anno, numeroRecord)) {
     if (letta.tipoRiga == TipoRigaIva::Parte) testa.Scrivi("Descrizionex", letta.descrizione);
     if (letta.tipoRiga == TipoRigaIva::Imponibile) righe.push_back(std::move(letta));
+  }
+  if (record.Fields("CREATOINAUTOMATICO").Intero() == static_cast<int>(Origine::RitenutaAcconto)) {
+    ritenuteRecord = RitenuteGirate();
   }
   testa.Consolida();
 }

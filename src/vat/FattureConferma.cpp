@@ -54,11 +54,9 @@ bool Fatture::Interno::NumeroOccupato() {
 bool Fatture::Interno::ProtocolloOccupato() {
   const std::int64_t nProt = NProtForzato();
   if (nProt == nProtRecord || nProt == 0) return false;
-  const bool occupato = !tessarc
-                             .Singolo("select 1 from Articoli where NProt<>0 and " +
-                                      DelRegistro(anno, registro.cod) + " and " +
-                                      Criterio("NProt", "=", nProt))
-                             .Nullo();
+  const bool occupato =
+      ambiente.Esiste("tessarc", "ZarticoliProtocollati",
+                      {{"Anno", anno}, {"Riva", registro.cod}, {"NProt", nProt}});
   if (!occupato) return false;
   Avviso("è stato forzato un numero di protocollo iva già esistente");
   return true;
@@ -133,7 +131,8 @@ void Fatture::Interno::RinumeraScadenze(const Scritta& scritta) {
 void Fatture::Interno::ScriviSeguito(Scritta& scritta) {
   if (Tipo({"02", "07", "04", "05", "09"})) return;
   Importo daPagare = totali.Totale();
-  if (B("RitAcc")) daPagare -= I("ImportoRitAcc1") + I("ImportoRitAcc2");
+  // Of a stored registration: what its withholding giros have already taken off.
+  daPagare -= B("RitAcc") ? I("ImportoRitAcc1") + I("ImportoRitAcc2") : ritenuteRecord;
   if (nuova) {
     CreaContabPagamento(
         ambiente,
@@ -224,7 +223,8 @@ void Fatture::Interno::Annuncia(const Scritta& scritta) {
   std::string testo = "Annotare il numero sul documento.\n\nRegistro iva " + registro.cod +
                       " - N.Prot.IVA " + std::to_string(scritta.nProt) + " - Articolo Contabile" +
                       std::to_string(scritta.numDoc);
-  testo += "\n\nRegistro iva: " + registro.cod + " " + registro.descrizione;
+  testo += "\n\nRegistrazione fatture in contabilità";
+  testo += "\nRegistro iva: " + registro.cod + " " + registro.descrizione;
   testo += "\nData registrazione: " + D("Dt").Testo();
   testo += "\nConto: " + T("Contox") + " " + scritta.descrConto;
   testo += "\nData fattura: " + D("DtFat").Testo();

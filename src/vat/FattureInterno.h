@@ -48,6 +48,8 @@ struct Fatture::Interno {
   /// The code that marks receipts to be ventilated is made the first time it is needed.
   void AssicuraCodiceVentilazione();
   void CaricaTesta(const Rs& record);
+  /// What the withholding giros of the open registration have moved from its party.
+  [[nodiscard]] Importo RitenuteGirate() const;
 
   // --- Head -------------------------------------------------------------------------------------
 
@@ -136,6 +138,7 @@ struct Fatture::Interno {
   std::int64_t idRecord = 0;
   std::int64_t numeroConfermato = 0;
   std::string pagamentoRecord;
+  Importo ritenuteRecord;  ///< moved by the withholding giros of the stored registration
   std::string pagamentoProposto;  ///< that of the party, as last put in
   Data dtIncassoRecord;
   Blocco blocco;

@@ -243,6 +243,24 @@ TEST_F(FattureTest, DueStazioniSulloStessoProtocollo) {
 
 // --- What follows --------------------------------------------------------------------------------
 
+// A stored invoice remembers nothing of its withholding but the giro: its due dates stay net of it.
+TEST_F(FattureTest, LaRitenutaRestaFuoriDalleScadenzeRifatte) {
+  auto fattura = Acquisto("1000");
+  fattura.pagamento = "DUE";
+  fattura.altri = {{"RitAcc", true},
+                   {"CausaleRitAcc1", "024"},
+                   {"ContoRitAcc1", "420.010"},
+                   {"ImportoRitAcc1", I("200")}};
+  const auto numDoc = Inserisci(fattura);
+  ASSERT_NE(numDoc, 0);
+  const auto prima = Scadenze();
+  Fatture fatture(ambiente);
+  ASSERT_TRUE(fatture.Apri(numDoc));
+  fatture.Testa().Scrivi("NVarAnPrec", false);
+  ASSERT_TRUE(fatture.Conferma());
+  EXPECT_EQ(Scadenze(), prima);
+}
+
 TEST_F(FattureTest, QuelCheSegue) {
   struct Caso {
     const char* nome;
