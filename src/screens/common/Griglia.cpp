@@ -87,6 +87,12 @@ const std::vector<Valore>& ModelloGriglia::Riga(int indice) const {
   return righe_.at(static_cast<std::size_t>(indice));
 }
 
+void ModelloGriglia::Cella(int riga, int colonna, Valore valore) {
+  righe_.at(static_cast<std::size_t>(riga)).at(static_cast<std::size_t>(colonna)) =
+      std::move(valore);
+  emit dataChanged(index(riga, colonna), index(riga, colonna));
+}
+
 void ModelloGriglia::Decimali(int decimali) {
   for (auto& colonna : colonne_) colonna.decimali = decimali;
 }

@@ -28,6 +28,8 @@ class ModelloGriglia : public QAbstractTableModel {
   /// Adds rows at the end.
   void Aggiungi(std::vector<std::vector<Valore>> righe);
   [[nodiscard]] const std::vector<Valore>& Riga(int indice) const;
+  /// Replaces one value; the rest of the grid stays as it is.
+  void Cella(int riga, int colonna, Valore valore);
   void Decimali(int decimali);
   [[nodiscard]] const std::vector<ColonnaGriglia>& Colonne() const { return colonne_; }
 

@@ -23,16 +23,13 @@ Importo Allineamento(const std::string& testo) {
 }  // namespace
 
 OpzioniGrafiche::OpzioniGrafiche(const QString& finestra, Ambiente& ambiente, Scheda& scheda,
-                                 Legatura& legatura)
+                                 Legatura& legatura, bool soloGrafico)
     : QObject(&legatura),
       chiave_(finestra.toStdString()),
       ambiente_(ambiente),
       scheda_(scheda),
       legatura_(legatura),
-      grafico_(new QCheckBox(tr("Stampa in formato grafico"))),
       allineamento_(new CampoImporto(QStringLiteral("XTar"), nullptr, 0)) {
-  grafico_->setObjectName(QStringLiteral("StGrafico"));
-  grafico_->setToolTip(tr("caratteri proporzionali e riquadri, secondo il modello del tabulato"));
   allineamento_->setToolTip(
       tr("millimetri di cui spostare la stampa a destra (a sinistra se negativi), al massimo %1")
           .arg(kMassimo));
@@ -42,15 +39,22 @@ OpzioniGrafiche::OpzioniGrafiche(const QString& finestra, Ambiente& ambiente, Sc
   scheda_.Aggiungi("XTar", Tipo::Importo);
   scheda_.Scrivi("StGrafico", ambiente_.Config(chiave_) == kSi);
   scheda_.Scrivi("XTar", Allineamento(ambiente_.Config(chiave_ + "_XTar")));
-  legatura_.Lega(grafico_);
+  if (!soloGrafico) {
+    grafico_ = new QCheckBox(tr("Stampa in formato grafico"));
+    grafico_->setObjectName(QStringLiteral("StGrafico"));
+    grafico_->setToolTip(tr("caratteri proporzionali e riquadri, secondo il modello del tabulato"));
+    legatura_.Lega(grafico_);
+  }
   legatura_.Lega(allineamento_);
   connect(&legatura_, &Legatura::Lasciato, this, &OpzioniGrafiche::Lasciato);
 }
 
 QHBoxLayout* OpzioniGrafiche::Riga() {
   auto* riga = new QHBoxLayout;
-  riga->addWidget(grafico_);
-  riga->addSpacing(16);
+  if (grafico_ != nullptr) {
+    riga->addWidget(grafico_);
+    riga->addSpacing(16);
+  }
   riga->addWidget(Didascalia(tr("allineamento mm"), allineamento_));
   riga->addWidget(allineamento_);
   riga->addStretch(1);

@@ -20,8 +20,10 @@ class OpzioniGrafiche : public QObject {
   Q_OBJECT
 
  public:
-  /// Adds the two fields to the record with what was remembered, and binds their controls.
-  OpzioniGrafiche(const QString& finestra, Ambiente& ambiente, Scheda& scheda, Legatura& legatura);
+  /// Adds the two fields to the record with what was remembered, and binds their controls. A report
+  /// that is always in graphic form has `XTar` alone.
+  OpzioniGrafiche(const QString& finestra, Ambiente& ambiente, Scheda& scheda, Legatura& legatura,
+                  bool soloGrafico = false);
   /// The controls in one line.
   [[nodiscard]] QHBoxLayout* Riga();
   [[nodiscard]] bool StGrafico() const { return scheda_.Leggi("StGrafico").Booleano(); }
@@ -35,7 +37,7 @@ class OpzioniGrafiche : public QObject {
   Ambiente& ambiente_;
   Scheda& scheda_;
   Legatura& legatura_;
-  QCheckBox* grafico_;
+  QCheckBox* grafico_ = nullptr;
   CampoImporto* allineamento_;
 };
 

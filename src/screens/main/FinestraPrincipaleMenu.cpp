@@ -101,14 +101,15 @@ void FinestraPrincipale::Esegui(const VoceMenu& voce) {
     SelezioneArchivi();
     return;
   }
-  auto* aperta = ApriFunzione(finestra, voce.scheda);
-  if (aperta == nullptr || finestra != QLatin1String("StRegistriIva")) return;
-  if (ambiente_.Dialogo().Conferma("La stampa dei singoli registri iva è obsoleta\n"
-                                   "SI= apro 'stampa registro iva unico'\n"
-                                   "NO = proseguo con la stampa dei singoli registri")) {
-    Scarica(*aperta);
+  if (finestra == QLatin1String("StRegistriIva") && ambiente_.HaDiritto(voce.livello) &&
+      ambiente_.Dialogo().Domanda("La stampa dei singoli registri iva è obsoleta\n"
+                                  "SI= apro 'stampa registro iva unico'\n"
+                                  "NO = proseguo con la stampa dei singoli registri",
+                                  Bottoni::SiNo, Risposta::Si) == Risposta::Si) {
     ApriFunzione(QStringLiteral("STRegistroIvaUnico"));
+    return;
   }
+  ApriFunzione(finestra, voce.scheda);
 }
 
 void FinestraPrincipale::CreaBarra() {

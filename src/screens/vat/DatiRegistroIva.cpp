@@ -6,6 +6,7 @@
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 #include "screens/common/Disposizione.h"
+#include "vat/DatiIva.h"
 
 namespace fenalto {
 namespace {
@@ -88,13 +89,15 @@ DatiRegistroIva::DatiRegistroIva(Finestre& finestreUsate, QObject* genitore)
       registro(finestreUsate.Sessione()),
       legatura([this]() -> Scheda& { return scheda; }, finestreUsate.Sessione().Dialogo(), this) {
   AggiungiCampi();
+  LeggiImpostazioni();
+  PrendiOpzioni();
   connect(&legatura, &Legatura::Lasciato, this, &DatiRegistroIva::Lasciato);
 }
 
 void DatiRegistroIva::AggiungiCampi() {
-  for (const char* nome : {"StIndirizzo", "SaltoCartaTotaliIva", "SoloTotali", "SoloChiusura",
-                           "RegistrazioneContabileErario", "RegistrazioneContabileGiro",
-                           "ChiusIva"}) {
+  for (const char* nome :
+       {"StIndirizzo", "SaltoCartaTotaliIva", "SoloTotali", "SoloChiusura",
+        "RegistrazioneContabileErario", "RegistrazioneContabileGiro", "ChiusIva"}) {
     scheda.Aggiungi(nome, Tipo::Booleano);
   }
   for (const char* nome : {"RivaVentil", "RivaVentil1", "CausaleErario", "ContoIvaErario",
@@ -112,14 +115,22 @@ void DatiRegistroIva::AggiungiCampi() {
   for (const char* nome : kImpMeno) voce(nome);
   for (const char* nome : kImpPiu) voce(nome);
   scheda.Aggiungi("DtReg", Tipo::Data);
-  // What the run doesn't hold comes from the settings.
-  for (const char* nome : {"CausaleErario", "ContoIvaErario", "ContoInteressiErario"}) {
-    scheda.Scrivi(nome, Valore(Sessione().Config(nome)));
-  }
-  for (const char* nome :
-       {"RegistrazioneContabileErario", "RegistrazioneContabileGiro", "ChiusIva"}) {
-    const std::string testo = Sessione().Config(nome);
-    scheda.Scrivi(nome, !testo.empty() && testo != "0");
+}
+
+void DatiRegistroIva::LeggiImpostazioni() {
+  for (const char* nome : kImpostazioni) {
+    switch (scheda.TipoDi(nome)) {
+      case Tipo::Booleano:
+        scheda.Scrivi(nome, ImpostazioneAttiva(Sessione(), nome));
+        break;
+      case Tipo::Importo:
+        if (const auto letto = LeggiImporto(Sessione().Config(nome))) {
+          scheda.Scrivi(nome, letto.Valore());
+        }
+        break;
+      default:
+        scheda.Scrivi(nome, Valore(Sessione().Config(nome)));
+    }
   }
 }
 
@@ -229,9 +240,8 @@ void DatiRegistroIva::PrendiOpzioni() {
 void DatiRegistroIva::Lasciato(const QString& campo, bool cambiato) {
   if (!cambiato) return;
   const std::string nome = campo.toStdString();
-  const bool impostazione =
-      std::any_of(std::begin(kImpostazioni), std::end(kImpostazioni),
-                  [&nome](const char* chiave) { return nome == chiave; });
+  const bool impostazione = std::any_of(std::begin(kImpostazioni), std::end(kImpostazioni),
+                                        [&nome](const char* chiave) { return nome == chiave; });
   if (impostazione) {
     Sessione().ScriviImpostazione({}, "config", nome, TestoChiave(scheda.Leggi(nome)));
   }

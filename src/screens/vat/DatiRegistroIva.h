@@ -34,8 +34,8 @@ class DatiRegistroIva : public QObject {
 
   [[nodiscard]] Ambiente& Sessione() { return finestre.Sessione(); }
   [[nodiscard]] int Decimali() { return Sessione().Euro() ? 2 : 0; }
-  /// Whether a period is confirmed.
-  [[nodiscard]] bool ConPeriodo() const { return !registro.Periodo().cod.empty(); }
+  /// Whether the period shown is the one that the run is on.
+  bool confermato = false;
 
   QCheckBox* Casella(const char* nome, const QString& testo);
   CampoNumero* Numero(const char* nome);
@@ -56,6 +56,7 @@ class DatiRegistroIva : public QObject {
 
  private:
   void AggiungiCampi();
+  void LeggiImpostazioni();
   void Lasciato(const QString& campo, bool cambiato);
 };
 

@@ -117,16 +117,16 @@ QGroupBox* PaginaPeriodoIva::CreaGiri() {
   auto& sessione = dati_.Sessione();
   auto* riquadro = new QGroupBox(tr("Con la stampa definitiva"));
   auto* griglia = new QGridLayout(riquadro);
-  griglia->addWidget(dati_.Casella("RegistrazioneContabileErario",
-                                   tr("Registro il giro dell'iva all'erario")),
-                     0, 0, 1, 4);
+  griglia->addWidget(
+      dati_.Casella("RegistrazioneContabileErario", tr("Registro il giro dell'iva all'erario")), 0,
+      0, 1, 4);
   griglia->addWidget(dati_.Casella("RegistrazioneContabileGiro",
                                    tr("Registro lo scorporo dell'iva dei corrispettivi")),
                      1, 0, 1, 4);
   griglia->addWidget(
-      dati_.Casella("ChiusIva", tr("Conservo le righe della liquidazione per ristamparla")), 2, 0, 1,
-      4);
-  auto* data = dati_.DataDi("DtReg");
+      dati_.Casella("ChiusIva", tr("Conservo le righe della liquidazione per ristamparla")), 2, 0,
+      1, 4);
+  auto* giorno = dati_.DataDi("DtReg");
   auto* causale = dati_.Codice("CausaleErario", "CAUSALI", FonteCausali(sessione));
   auto* erario = dati_.Codice("ContoIvaErario", "CONTI", FonteConti(sessione, "P"));
   auto* interessi = dati_.Codice("ContoInteressiErario", "CONTI", FonteConti(sessione, "P"));
@@ -139,8 +139,8 @@ QGroupBox* PaginaPeriodoIva::CreaGiri() {
     griglia->addWidget(ConDescrizione(campo, kCaratteriCodice), riga, 1, 1, 3);
     ++riga;
   }
-  griglia->addWidget(Didascalia(tr("Data registrazioni"), data), riga, 0);
-  griglia->addWidget(data, riga, 1);
+  griglia->addWidget(Didascalia(tr("Data registrazioni"), giorno), riga, 0);
+  griglia->addWidget(giorno, riga, 1);
   griglia->setColumnStretch(1, 1);
   return riquadro;
 }
@@ -150,20 +150,19 @@ void PaginaPeriodoIva::FocoPeriodo() {
 }
 
 void PaginaPeriodoIva::Sconferma() {
-  if (!dati_.ConPeriodo()) return;
-  // A run without a period: nothing can be printed until the new one is confirmed.
-  dati_.registro.ScegliPeriodo({});
+  if (!dati_.confermato) return;
+  dati_.confermato = false;
   MostraRegistri();
   emit PeriodoCambiato();
 }
 
 void PaginaPeriodoIva::ConfermaPeriodo() {
   if (!dati_.legatura.Raccogli()) return;
-  const bool scelto = dati_.registro.ScegliPeriodo(dati_.scheda.Testo("MeseTrimestre"));
-  if (scelto) dati_.MostraOpzioni();
+  dati_.confermato = dati_.registro.ScegliPeriodo(dati_.scheda.Testo("MeseTrimestre"));
+  if (dati_.confermato) dati_.MostraOpzioni();
   MostraRegistri();
   emit PeriodoCambiato();
-  if (!scelto) periodo_->setFocus();
+  if (!dati_.confermato) periodo_->setFocus();
 }
 
 std::vector<std::vector<Valore>> PaginaPeriodoIva::Righe() const {
@@ -185,16 +184,19 @@ void PaginaPeriodoIva::MostraRegistri() {
             if (cambiato) RigaLasciata(campo);
           });
   righe_ = Scheda();
-  const bool confermato = dati_.ConPeriodo();
+  const bool confermato = dati_.confermato;
   // The reset of the rows takes the editors of the period before with it.
   griglia_->Modello().Righe(confermato ? Righe() : std::vector<std::vector<Valore>>());
-  stato_->setText(confermato
-                      ? tr("%1 %2: i protocolli da stampare, registro per registro")
-                            .arg(QString::fromStdString(dati_.registro.Periodo().testo))
-                            .arg(dati_.Sessione().Anno())
-                      : tr("Scegliere il periodo e confermarlo"));
-  if (!confermato) return;
+  stato_->setText(confermato ? tr("%1 %2: i protocolli da stampare, registro per registro")
+                                   .arg(QString::fromStdString(dati_.registro.Periodo().testo))
+                                   .arg(dati_.Sessione().Anno())
+                             : tr("Scegliere il periodo e confermarlo"));
+  if (confermato) CreaIntervalli();
+}
+
+void PaginaPeriodoIva::CreaIntervalli() {
   const auto& intervalli = dati_.registro.Intervalli();
+  QWidget* prima = conferma_;
   for (std::size_t riga = 0; riga < intervalli.size(); ++riga) {
     if (intervalli[riga].daIncassi) continue;
     const std::pair<const char*, Colonna> estremi[] = {{kDaNProt, kDaProt}, {kAaNprot, kAProt}};
@@ -203,15 +205,15 @@ void PaginaPeriodoIva::MostraRegistri() {
       auto* campo = new CampoNumero(QString::fromStdString(nome));
       campo->setFrame(false);
       campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      campo->setAccessibleName(QStringLiteral("%1 %2")
-                                   .arg(QString::fromStdString(intervalli[riga].descrizione),
-                                        colonna == kDaProt ? tr("da protocollo")
-                                                           : tr("a protocollo")));
+      campo->setAccessibleName(QStringLiteral("%1 %2").arg(
+          QString::fromStdString(intervalli[riga].descrizione),
+          colonna == kDaProt ? tr("da protocollo") : tr("a protocollo")));
       righe_.Aggiungi(nome, Tipo::Intero);
-      righe_.Scrivi(nome,
-                    colonna == kDaProt ? intervalli[riga].daNProt : intervalli[riga].aaNProt);
+      righe_.Scrivi(nome, colonna == kDaProt ? intervalli[riga].daNProt : intervalli[riga].aaNProt);
       griglia_->setIndexWidget(griglia_->Modello().index(static_cast<int>(riga), colonna), campo);
       legaturaRighe_->Lega(campo);
+      setTabOrder(prima, campo);
+      prima = campo;
     }
   }
   legaturaRighe_->Mostra();
@@ -221,8 +223,11 @@ void PaginaPeriodoIva::RigaLasciata(const QString& campo) {
   const std::string nome = campo.toStdString();
   auto& intervalli = dati_.registro.Intervalli();
   for (std::size_t riga = 0; riga < intervalli.size(); ++riga) {
-    if (nome == NomeRiga(kDaNProt, riga)) intervalli[riga].daNProt = righe_.Leggi(nome).Intero();
-    if (nome == NomeRiga(kAaNprot, riga)) intervalli[riga].aaNProt = righe_.Leggi(nome).Intero();
+    const bool inizio = nome == NomeRiga(kDaNProt, riga);
+    if (!inizio && nome != NomeRiga(kAaNprot, riga)) continue;
+    const std::int64_t numero = righe_.Leggi(nome).Intero();
+    (inizio ? intervalli[riga].daNProt : intervalli[riga].aaNProt) = numero;
+    griglia_->Modello().Cella(static_cast<int>(riga), inizio ? kDaProt : kAProt, Valore(numero));
   }
   emit IntervalliCambiati();
 }

@@ -41,9 +41,8 @@ class PaginaPeriodoIva : public QWidget {
   void ConfermaPeriodo();
   void Sconferma();
   void MostraRegistri();
-  void MostraIntervallo(int riga);
+  void CreaIntervalli();
   void RigaLasciata(const QString& campo);
-  /// The value of an editor's cell beside it: what copying and exporting the grid take.
   [[nodiscard]] std::vector<std::vector<Valore>> Righe() const;
 
   DatiRegistroIva& dati_;
