@@ -9,7 +9,6 @@
 #include "vat/PeriodoIva.h"
 
 namespace fenalto {
-namespace {}  // namespace
 
 // --- Description ---------------------------------------------------------------------------------
 

@@ -1,4 +1,5 @@
-// The run of the unified VAT register: period, ranges, checks, print in test or in definitive, store.
+// The run of the unified VAT register: period, ranges, checks, print in test or in definitive,
+// store.
 //
 // A definitive run asks everything first, prints, and then stores protocols, totals, settlement and
 // giros in one transaction under the numbering lock: all of it or nothing. Repeating it replaces.
@@ -21,6 +22,7 @@ struct OpzioniRegistroIva {
   Ventilazione ventilazione;
   DatiLiquidazione liquidazione;
   Data dtReg;  ///< date of the giros
+  bool stGrafico = true;
   double xTar = 0;
 };
 
