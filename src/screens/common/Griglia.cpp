@@ -266,4 +266,9 @@ void Griglia::Copia() const {
   QApplication::clipboard()->setText(righe.join(QLatin1Char('\n')));
 }
 
+void AllargaColonna(Griglia& griglia, int colonna) {
+  griglia.horizontalHeader()->setStretchLastSection(false);
+  griglia.horizontalHeader()->setSectionResizeMode(colonna, QHeaderView::Stretch);
+}
+
 }  // namespace fenalto

@@ -82,4 +82,7 @@ class Griglia : public QTableView {
   ModelloGriglia* modello_;
 };
 
+/// Gives one column, in place of the last, the room that the others leave.
+void AllargaColonna(Griglia& griglia, int colonna);
+
 }  // namespace fenalto

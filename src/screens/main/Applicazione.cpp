@@ -23,6 +23,8 @@
 #include "screens/main/Archivi.h"
 #include "screens/users/FinestraUt.h"
 #include "screens/vat/FinestraFatture.h"
+#include "screens/vat/FinestraRegistriIva.h"
+#include "screens/vat/FinestraRegistroIva.h"
 
 namespace fenalto {
 namespace {
@@ -66,7 +68,9 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
+      {QStringLiteral("STRegistroIvaUnico"), Nuova<FinestraRegistroIva>()},
       {QStringLiteral("StGiornale"), Nuova<FinestraGiornale>()},
+      {QStringLiteral("StRegistriIva"), Nuova<FinestraRegistriIva>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
       {QStringLiteral("Utility:1"), Nuova<FinestraUtility>()},
       {QStringLiteral("VisPdc"), Nuova<FinestraVisPdc>()},

@@ -34,6 +34,7 @@ QGroupBox* PaginaElenchiIva::CreaChiusure(const QString& finestra) {
                           {tr("periodo"), Tipo::Testo, 80},
                           {tr("n"), Tipo::Intero, 60},
                           {tr("anno"), Tipo::Intero, 80}});
+  AllargaColonna(*griglia_, 0);
   auto* mostra = Pulsante(QStringLiteral("Command3"), tr("Elenco liquidazioni"));
   auto* stampa = Pulsante(QStringLiteral("StampaElencoChiusure"), tr("Stampa elenco"));
   auto* elimina = Pulsante(QStringLiteral("Command2"),
@@ -86,7 +87,7 @@ QGroupBox* PaginaElenchiIva::CreaSospese() {
   for (const auto& [nome, testo] : scelte) {
     auto* scelta = new QRadioButton(testo);
     scelta->setObjectName(QString::fromLatin1(nome));
-    scelta->setChecked(sotto->isEmpty());
+    scelta->setChecked(sotto->count() == 0);
     sotto->addWidget(scelta);
   }
   sotto->addStretch(1);

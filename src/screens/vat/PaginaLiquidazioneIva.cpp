@@ -43,6 +43,7 @@ PaginaLiquidazioneIva::PaginaLiquidazioneIva(DatiRegistroIva& dati, const QStrin
       grafico_(new GraficoBarre(QStringLiteral("GraficoIva"))) {
   titolo_->setObjectName(QStringLiteral("TitoloLiquidazione"));
   titolo_->setWordWrap(true);
+  AllargaColonna(*griglia_, 0);
   // The lines tell a sum from above to below.
   griglia_->horizontalHeader()->setSectionsClickable(false);
   grafico_->setAccessibleName(tr("Iva a debito e a credito per periodo dell'anno"));

@@ -66,6 +66,9 @@ QWidget* PaginaPeriodoIva::CreaPeriodo(const QString& finestra) {
                           {tr("Tipo"), Tipo::Testo, kLargoNumero / 2},
                           {tr("Da prot."), Tipo::Intero, kLargoNumero},
                           {tr("A prot."), Tipo::Intero, kLargoNumero}});
+  AllargaColonna(*griglia_, kDescrizione);
+  // The editors have a frame.
+  griglia_->verticalHeader()->setDefaultSectionSize(periodo_->sizeHint().height());
   // The registers stay in the order in which they are printed.
   griglia_->horizontalHeader()->setSectionsClickable(false);
   griglia_->setFocusPolicy(Qt::ClickFocus);
@@ -203,7 +206,6 @@ void PaginaPeriodoIva::CreaIntervalli() {
     for (const auto& [inizio, colonna] : estremi) {
       const std::string nome = NomeRiga(inizio, riga);
       auto* campo = new CampoNumero(QString::fromStdString(nome));
-      campo->setFrame(false);
       campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
       campo->setAccessibleName(QStringLiteral("%1 %2").arg(
           QString::fromStdString(intervalli[riga].descrizione),
