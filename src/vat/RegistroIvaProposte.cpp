@@ -6,6 +6,7 @@
 #include "core/values/Testo.h"
 #include "vat/DatiIva.h"
 #include "vat/RegistroIvaInterno.h"
+#include "vat/TotaliInterno.h"
 
 namespace fenalto {
 namespace {
@@ -114,24 +115,19 @@ void RegistroIvaUnico::Interno::AvvisaIntervallo(const IntervalloRegistro& inter
 }
 
 void RegistroIvaUnico::Interno::AvvisaIncassi() {
-  const auto manca = [&](const char* tipo, const char* speciale) {
+  const auto manca = [&](const char* speciale) {
     if (ambiente.Esiste("tessarc", "RegistriIva", {{"Tipo", speciale}})) return false;
-    for (const IntervalloRegistro& intervallo : intervalli) {
-      if (!UgualeTesto(intervallo.tipo, tipo)) continue;
-      const Valore quante = tessarc.Singolo(
-          "SELECT Count(*) FROM Articoli WHERE " + Criterio("Riva", "=", intervallo.riva) +
-          " AND Ep=True AND " + Criterio("DtIncasso", ">=", periodo.Primo()) + " AND " +
-          Criterio("DtIncasso", "<=", periodo.UltimoGiorno()));
-      if (quante.Intero() > 0) return true;
-    }
-    return false;
+    return tessarc
+               .Singolo("SELECT Count(*) FROM Articoli WHERE " +
+                        CondizioneIncassati(ambiente, speciale, periodo))
+               .Intero() > 0;
   };
-  if (manca("01", "08")) {
+  if (manca("08")) {
     Avviso(
         "ci sono fatture vendita in sospensione iva pagate:\nè necessario creare un registro iva "
         "di tipo 08");
   }
-  if (manca("03", "08A")) {
+  if (manca("08A")) {
     Avviso(
         "ci sono fatture acquisti in sospensione iva incassate:\nè necessario creare un registro "
         "iva di tipo 08A");
@@ -142,6 +138,12 @@ void RegistroIvaUnico::Interno::ProponiOpzioni() {
   opzioni.stIndirizzo = ImpostazioneAttiva(ambiente, "StIndirizzo");
   opzioni.ventilazione.riva = ambiente.Config("RivaVentil");
   opzioni.ventilazione.riva1 = ambiente.Config("RivaVentil1");
+  ProponiVentilazione();
+  opzioni.liquidazione = ProponiLiquidazione(ambiente, periodo);
+  opzioni.dtReg = periodo.UltimoGiorno();
+}
+
+void RegistroIvaUnico::Interno::ProponiVentilazione() {
   const auto ultimo = [&](const std::string& riva) {
     if (riva.empty()) return std::int64_t{0};
     return Nz(tessarc.Singolo("SELECT Max(NProt) FROM ZarticoliFatture WHERE " +
@@ -152,8 +154,6 @@ void RegistroIvaUnico::Interno::ProponiOpzioni() {
   };
   opzioni.ventilazione.aaNProt = ultimo(opzioni.ventilazione.riva);
   opzioni.ventilazione.aaNProt1 = ultimo(opzioni.ventilazione.riva1);
-  opzioni.liquidazione = ProponiLiquidazione(ambiente, periodo);
-  opzioni.dtReg = periodo.UltimoGiorno();
 }
 
 }  // namespace fenalto

@@ -155,10 +155,12 @@ std::string CondizioneIntervallo(const IntervalloRegistro& intervallo, int anno,
 
 std::string CondizioneIncassati(Ambiente& ambiente, const std::string& tipo,
                                 const PeriodoIva& periodo) {
-  const char* origine = UgualeTesto(tipo, "08A") ? "03" : "01";
+  // Sales may also be kept apart, on a register of type 06.
+  const bool acquisti = UgualeTesto(tipo, "08A");
   std::string registri;
-  for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset("SELECT Cod FROM RegistriIva WHERE " +
-                                                        Criterio("Tipo", "=", origine));
+  for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
+           acquisti ? "SELECT Cod FROM RegistriIva WHERE Tipo='03'"
+                    : "SELECT Cod FROM RegistriIva WHERE Tipo='01' OR Tipo='06'");
        !rs.Eof(); rs.MoveNext()) {
     registri += (registri.empty() ? "" : " OR ") + Criterio("Articoli.Riva", "=", rs.Fields(0));
   }
