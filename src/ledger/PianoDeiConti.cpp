@@ -203,6 +203,8 @@ std::vector<std::string> MostraSaldo(ContestoArchivio& contesto) {
   SaldoConto saldoConto(ambiente.ArchivioDi("tessarc"));
   SaldoConto::Richiesta richiesta;
   richiesta.conto = contesto.codicePrima;
+  // Over all years the openings of each would count what the years before have moved.
+  richiesta.anno = ambiente.Anno();
   richiesta.daData = Ambiente::DataMinima();
   richiesta.aData = ambiente.Ora().Oggi().PiuMesi(kAnniSaldo * kMesiAnno);
   const Saldo saldo = saldoConto.Calcola(richiesta);

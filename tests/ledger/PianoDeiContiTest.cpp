@@ -269,14 +269,15 @@ TEST_F(PianoDeiContiTest, PrimoContoLibero) {
 }
 
 TEST_F(PianoDeiContiTest, SaldoEMovimenti) {
-  Articolo(2023, 1, G(1, 1, 2023), {{"P", "100.010", I("1000.5"), "APE"}});
+  Articolo(2023, 1, G(1, 1, 2023), {{"P", "100.010", I("900"), "APE"}});
+  Articolo(2024, 2, G(1, 1, 2024), {{"P", "100.010", I("1000.5"), "APE"}});
   Articolo(2024, 1, G(10, 3, 2024), {{"P", "100.010", I("-200.25")}, {"C", "100.010", I("7")}});
   Articolo(2025, 1, G(10, 3, 2025), {{"P", "100.010", I("50")}});
   ASSERT_TRUE(conti.Apri("100.010"));
   EXPECT_EQ(Premi(conti, "saldo"),
             (std::vector<std::string>{"s.do iniz.       1.000,500",  //
-                                      "     dare           50,000", "     avere         200,250",
-                                      "     saldo         850,250"}));
+                                      "     dare            0,000", "     avere         200,250",
+                                      "     saldo         800,250"}));
   std::string aperta;
   conti.Contesto().apri = [&](const std::string& finestra, const std::string& codice) {
     aperta = finestra + " " + codice;
