@@ -87,10 +87,10 @@ inline constexpr auto kChiaviDitta = std::to_array<ChiaveImpostazione>({
     {"InvertoDAinNoteCredito", kGruppoRegistrazioni, G::Uno, "no",
      "Nelle note di credito un importo negativo passa, senza segno, nella colonna opposta."},
     {"RegAutoIntraCee", kGruppoRegistrazioni, G::SiNo, "No",
-     "La fattura intracomunitaria o con inversione contabile si registra da sola anche sul "
-     "registro delle vendite."},
+     "La fattura intracomunitaria o con inversione contabile, scritta sul registro 04, si registra "
+     "da sola anche su quello 05 degli acquisti, con il giro del costo al fornitore."},
     {"RegAutoBolleDoganali", kGruppoRegistrazioni, G::SiNo, "No",
-     "Con la bolla doganale si registra da sola anche la fattura del fornitore estero."},
+     "Con la bolla doganale si registra da solo anche il giro al fornitore estero."},
     {"NoIntraCosto_a_Forn", kGruppoRegistrazioni, G::Uno, "no",
      "Non registra il giro «costo a fornitore» delle fatture intracomunitarie."},
     {"CausaleIntraCosto_a_Forn", kGruppoRegistrazioni, G::Causale, "manca, va indicata",

@@ -211,7 +211,7 @@ QGroupBox* FinestraUtility::Interno::CreaContabilita() {
                              tr("Note di credito: inverto dare e avere, senza segno meno")));
   colonna->addWidget(
       Casella("RegAutoIntraCee", tr("Registro da solo le fatture intracomunitarie e in reverse "
-                                    "charge anche sulle vendite")));
+                                    "charge anche sugli acquisti")));
   colonna->addWidget(Casella("NoIntraCosto_a_Forn", tr("... senza il giro «costo a fornitore»")));
   auto* causale = Testo("CausaleIntraCosto_a_Forn", kCausale, 10);
   auto* riga = new QHBoxLayout;
