@@ -36,16 +36,19 @@ struct RegistroIvaUnico::Interno {
   void AvvisaIntervallo(const IntervalloRegistro& intervallo, std::int64_t stampato);
   void AvvisaIncassi();
   void ProponiOpzioni();
+  void ProponiVentilazione();
   /// First protocol that isn't printed in definitive.
   std::int64_t PrimoDaStampare(const std::string& riva, std::int64_t ultProtSt);
   std::int64_t UltimoNelPeriodo(const std::string& riva);
 
   // Checks.
-  void ControllaRegistro(const IntervalloRegistro& intervallo,
+  /// What must be right for a print; with `tutto` also what is only worth a look.
+  void ControllaRegistro(const IntervalloRegistro& intervallo, bool tutto,
                          std::vector<ProblemaRegistro>& problemi);
-  void ControllaSequenza(const IntervalloRegistro& intervallo,
+  bool SequenzaIntera(const IntervalloRegistro& intervallo);
+  void ControllaSequenza(const IntervalloRegistro& intervallo, bool tutto,
                          std::vector<ProblemaRegistro>& problemi);
-  void ControllaRighe(const IntervalloRegistro& intervallo,
+  void ControllaRighe(const IntervalloRegistro& intervallo, bool tutto,
                       std::vector<ProblemaRegistro>& problemi);
   void ControllaCodici(const IntervalloRegistro& intervallo,
                        std::vector<ProblemaRegistro>& problemi);

@@ -59,6 +59,10 @@ OpzioniRegistroIva& RegistroIvaUnico::Opzioni() {
   return interno_->opzioni;
 }
 
+void RegistroIvaUnico::ProponiVentilazione() {
+  interno_->ProponiVentilazione();
+}
+
 Esito<std::vector<TotaleRegistro>> RegistroIvaUnico::Totali() {
   return interno_->Totali();
 }
@@ -138,7 +142,11 @@ bool RegistroIvaUnico::Interno::ChiediDefinitiva(DatiStampaRegistro& dati) {
 
 bool RegistroIvaUnico::Stampa(FabbricaUscite& uscite) {
   Interno& io = *interno_;
-  if (!io.opzioni.soloChiusura && !io.Superati(Controlla())) return false;
+  std::vector<ProblemaRegistro> problemi;
+  if (!io.opzioni.soloChiusura) {
+    for (const IntervalloRegistro& i : io.intervalli) io.ControllaRegistro(i, false, problemi);
+  }
+  if (!io.Superati(problemi)) return false;
   auto dati = io.Prepara();
   if (!dati) return false;
   const std::string impronta = io.Impronta(dati->totali);
@@ -162,7 +170,7 @@ bool RegistroIvaUnico::StampaSingolo(FabbricaUscite& uscite, const std::string& 
     return false;
   }
   std::vector<ProblemaRegistro> problemi;
-  io.ControllaRegistro(solo.front(), problemi);
+  io.ControllaRegistro(solo.front(), false, problemi);
   if (!io.Superati(problemi)) return false;
   auto totali = CalcolaTotaliRegistri(io.ambiente, io.periodo, solo, io.opzioni.ventilazione);
   if (!totali) {

@@ -47,6 +47,8 @@ class RegistroIvaUnico {
   /// One a register, in order of code; the user may change the ranges.
   [[nodiscard]] std::vector<IntervalloRegistro>& Intervalli();
   [[nodiscard]] OpzioniRegistroIva& Opzioni();
+  /// Proposes the last protocols of the period for the registers that ventilation reads.
+  void ProponiVentilazione();
 
   /// The page of checks: gaps, missing rows, dates outside the period, ZCOR, ventilation.
   [[nodiscard]] std::vector<ProblemaRegistro> Controlla();

@@ -40,12 +40,17 @@ PaginaPeriodoIva::PaginaPeriodoIva(DatiRegistroIva& dati, const QString& finestr
   griglia->addLayout(destra, 0, 1);
   griglia->setColumnStretch(0, 1);
   dati_.scheda.Scrivi("MeseTrimestre", Valore(PeriodoDaLiquidare(dati_.Sessione())));
-  connect(&dati_, &DatiRegistroIva::Cambiato, this, [this](const QString& campo) {
-    if (campo == QLatin1String("MeseTrimestre") &&
-        dati_.scheda.Testo("MeseTrimestre") != dati_.registro.Periodo().cod) {
-      Sconferma();
-    }
-  });
+  connect(&dati_, &DatiRegistroIva::Cambiato, this, &PaginaPeriodoIva::CampoCambiato);
+}
+
+void PaginaPeriodoIva::CampoCambiato(const QString& campo) {
+  if (campo == QLatin1String("MeseTrimestre")) {
+    if (dati_.scheda.Testo("MeseTrimestre") != dati_.registro.Periodo().cod) Sconferma();
+  } else if (campo == QLatin1String("RivaVentil") || campo == QLatin1String("RivaVentil1")) {
+    if (!dati_.confermato) return;
+    dati_.registro.ProponiVentilazione();
+    dati_.MostraOpzioni();
+  }
 }
 
 QWidget* PaginaPeriodoIva::CreaPeriodo(const QString& finestra) {

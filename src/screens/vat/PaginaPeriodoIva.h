@@ -38,6 +38,7 @@ class PaginaPeriodoIva : public QWidget {
   QGroupBox* CreaStampa();
   QGroupBox* CreaVentilazione();
   QGroupBox* CreaGiri();
+  void CampoCambiato(const QString& campo);
   void ConfermaPeriodo();
   void Sconferma();
   void MostraRegistri();
