@@ -23,6 +23,7 @@
 #include "screens/main/Archivi.h"
 #include "screens/users/FinestraUt.h"
 #include "screens/vat/FinestraFatture.h"
+#include "screens/vat/FinestraFattureSospIva.h"
 #include "screens/vat/FinestraRegistriIva.h"
 #include "screens/vat/FinestraRegistroIva.h"
 
@@ -64,6 +65,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
       {QStringLiteral("Fatture"),
        [](Finestre& finestre) -> FinestraFunzione* { return FinestraFatture::Crea(finestre); }},
+      {QStringLiteral("FattureSospIva"), Nuova<FinestraFattureSospIva>()},
       {QStringLiteral("Importa"), Nuova<FinestraImporta>()},
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},

@@ -17,6 +17,7 @@
 #include "print/FinestraAnteprima.h"
 #include "screens/main/CercaFunzione.h"
 #include "screens/main/Sfondo.h"
+#include "vat/FattureSospese.h"
 
 namespace fenalto {
 namespace {
@@ -87,7 +88,17 @@ void FinestraPrincipale::MostraSessione() {
   scorrimento_->setValue(corrente);
   cambiandoAnno_ = false;
   AggiornaStato();
+  MostraVoceSospese();
   MostraSfondo();
+}
+
+void FinestraPrincipale::MostraVoceSospese() {
+  const bool usate = ambiente_.DittaAperta() && FattureSospese::Usate(ambiente_);
+  for (const auto& [voce, azione] : azioni_) {
+    if (QLatin1String(voce->nome) == QLatin1String("ApreFattureSospIva")) {
+      azione->setVisible(usate);
+    }
+  }
 }
 
 void FinestraPrincipale::AggiornaStato() {
@@ -314,6 +325,8 @@ void FinestraPrincipale::ChiudiFinestra(FinestraFunzione& finestra) {
     memoria.setValue(chiave + QStringLiteral("/massima"), massima);
     if (!massima && !cornice->isMinimized()) memoria.setValue(chiave, cornice->geometry());
   }
+  // A register may have been made or erased in it.
+  MostraVoceSospese();
 }
 
 void FinestraPrincipale::ApreFormDaEvLibero(const QString& tabella, const QString& codice) {

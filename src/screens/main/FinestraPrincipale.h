@@ -80,6 +80,8 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void ScaricaSfondo();
   void MostraSfondo();
   void AggiornaStato();
+  /// The entry of deferred-VAT invoices is for companies that have registers for them.
+  void MostraVoceSospese();
   void GuidaRapida();
   void ManualeContabilita();
   void VideoCorsi();
