@@ -120,15 +120,16 @@ class Generatore {
 
 }  // namespace
 
-void GeneraDitta(const OpzioniAmbiente& opzioni, const std::string& nome, int registrazioni) {
+void FaiDitta(const OpzioniAmbiente& opzioni, const std::string& nome, int primoAnno, int anni,
+              const std::function<void(Ambiente&)>& riempi) {
   const auto fatta = opzioni.cartellaProgramma / (nome + ".fatta");
   if (std::filesystem::exists(fatta)) return;
   std::filesystem::remove_all(opzioni.cartellaProgramma / nome);
   std::filesystem::remove(opzioni.cartellaProgramma / (nome + ".ini"));
   std::filesystem::create_directories(opzioni.cartellaProgramma);
-  std::vector<AnnoDitta> anni;
-  for (int i = 0; i < kAnni; ++i) anni.push_back({kPrimoAnno + i, true, false});
-  if (auto esito = CreaDittaDaModello(opzioni, nome, anni, true); !esito) {
+  std::vector<AnnoDitta> suoi;
+  for (int i = 0; i < anni; ++i) suoi.push_back({primoAnno + i, true, false});
+  if (auto esito = CreaDittaDaModello(opzioni, nome, suoi, true); !esito) {
     throw std::runtime_error(esito.Errore().messaggio);
   }
   DialoghiMuti dialoghi;
@@ -138,12 +139,18 @@ void GeneraDitta(const OpzioniAmbiente& opzioni, const std::string& nome, int re
   if (auto esito = ambiente.ApriDitta(nome); !esito) {
     throw std::runtime_error(esito.Errore().messaggio);
   }
-  Transazione transazione(ambiente.Basi());
-  Generatore(ambiente.ArchivioDi("tessarc"), registrazioni).Genera();
-  transazione.Conferma();
+  riempi(ambiente);
   ambiente.ChiudiDitta();
   std::FILE* segno = std::fopen(fatta.c_str(), "w");
   if (segno != nullptr) std::fclose(segno);
+}
+
+void GeneraDitta(const OpzioniAmbiente& opzioni, const std::string& nome, int registrazioni) {
+  FaiDitta(opzioni, nome, kPrimoAnno, kAnni, [&](Ambiente& ambiente) {
+    Transazione transazione(ambiente.Basi());
+    Generatore(ambiente.ArchivioDi("tessarc"), registrazioni).Genera();
+    transazione.Conferma();
+  });
 }
 
 }  // namespace fenalto::banco

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "core/session/Ambiente.h"
@@ -13,6 +14,10 @@ inline constexpr int kAnni = 3;
 inline constexpr int kConti = 300;
 inline constexpr int kClienti = 3'000;
 inline constexpr int kFornitori = 2'000;
+
+/// Makes a company with those years unless it is there, and fills it, opened on its last year.
+void FaiDitta(const OpzioniAmbiente& opzioni, const std::string& nome, int primoAnno, int anni,
+              const std::function<void(Ambiente&)>& riempi);
 
 /// Makes the company unless it is there: `registrazioni` of two and three rows in turn, spread over
 /// kAnni years, on kConti accounts and kClienti + kFornitori parties. Deterministic.

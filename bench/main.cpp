@@ -12,7 +12,9 @@
 
 #include "bench/DialoghiMuti.h"
 #include "bench/GeneraDitta.h"
+#include "bench/MisureArchivi.h"
 #include "bench/MisureArchivio.h"
+#include "bench/MisureFatture.h"
 #include "bench/MisureFinestre.h"
 #include "bench/MisureImpostazioni.h"
 #include "bench/MisureRapporti.h"
@@ -31,10 +33,16 @@ constexpr int kPoche = 4'000;
 std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
                              const fenalto::banco::Nomi& nomi) {
   std::vector<Rapporto> rapporti;
+  const auto aggiungi = [&](std::vector<Rapporto> altri) {
+    for (auto& rapporto : altri) rapporti.push_back(std::move(rapporto));
+  };
+  // These make what they need.
   if (fenalto::banco::Chiesto(nomi, "impostazioni")) {
     rapporti.push_back(fenalto::banco::MisuraImpostazioni(opzioni));
-    if (nomi.size() == 1) return rapporti;  // needs none of the generated companies
   }
+  aggiungi(fenalto::banco::MisureArchivi(opzioni, nomi));
+  aggiungi(fenalto::banco::MisureFatture(opzioni, nomi));
+  if (!nomi.empty() && rapporti.size() == nomi.size()) return rapporti;
   const auto nuda = opzioni.cartellaProgramma / "nuda.db";
   std::printf("# dati in %s\n", opzioni.cartellaProgramma.c_str());
   fenalto::banco::GeneraDitta(opzioni, kPiccola, kPoche);
@@ -48,12 +56,8 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
     if (auto esito = ambiente.ApriDitta(kGrande); !esito) {
       throw std::runtime_error(esito.Errore().messaggio);
     }
-    for (auto& rapporto : fenalto::banco::MisureArchivio(ambiente, nuda, nomi)) {
-      rapporti.push_back(std::move(rapporto));
-    }
-    for (auto& rapporto : fenalto::banco::MisureRapporti(ambiente, dialoghi, nuda, nomi)) {
-      rapporti.push_back(std::move(rapporto));
-    }
+    aggiungi(fenalto::banco::MisureArchivio(ambiente, nuda, nomi));
+    aggiungi(fenalto::banco::MisureRapporti(ambiente, dialoghi, nuda, nomi));
   }
   if (fenalto::banco::Chiesto(nomi, "giornale-memoria")) {
     fenalto::banco::GeneraDitta(opzioni, kDecima, kRegistrazioni / 10);
@@ -63,9 +67,7 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
     rapporti.push_back(fenalto::banco::MisuraSelettore(opzioni, kGrande, kPiccola));
   }
   if (fenalto::banco::Chiesto(nomi, "avvio") || fenalto::banco::Chiesto(nomi, "memoria")) {
-    for (auto& rapporto : fenalto::banco::MisureProcessi(opzioni, kGrande)) {
-      rapporti.push_back(std::move(rapporto));
-    }
+    aggiungi(fenalto::banco::MisureProcessi(opzioni, kGrande));
   }
   return rapporti;
 }
