@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
+#include <forward_list>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -29,14 +29,15 @@ struct Cella {
   }
 };
 
-/// Keeps the texts that functions make while an evaluation lasts.
+/// Keeps the texts that functions make while an evaluation lasts. One that keeps none allocates
+/// nothing: the engine makes one a call.
 class Deposito {
  public:
-  std::string_view Tieni(std::string testo) { return testi_.emplace_back(std::move(testo)); }
+  std::string_view Tieni(std::string testo) { return testi_.emplace_front(std::move(testo)); }
   void Vuota() { testi_.clear(); }
 
  private:
-  std::deque<std::string> testi_;
+  std::forward_list<std::string> testi_;
 };
 
 /// A calculation that can't be done (overflow, division by zero): its text is for the user.

@@ -6,6 +6,7 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -142,13 +143,31 @@ void Controlla(int esito, const char* cosa) {
   }
 }
 
+/// Searches go over whole tables at each key: a call of them does nothing but search.
+template <bool (*trovata)(std::string_view, std::string_view)>
+void Cerca(sqlite3_context* contesto, int, sqlite3_value** valori) {
+  Protetta(contesto, [&] {
+    const Cella dove = CellaDi(valori[0]);
+    const Cella cosa = CellaDi(valori[1]);
+    if (dove.Nullo() || cosa.Nullo()) return sqlite3_result_null(contesto);
+    sqlite3_result_int(contesto, trovata(dove.testo, cosa.testo) ? 1 : 0);
+  });
+}
+
+template <Fn funzione>
+constexpr auto Chiamata() {
+  if constexpr (funzione == Fn::InRicerca) return Cerca<InRicerca>;
+  if constexpr (funzione == Fn::IniziaRicerca) return Cerca<IniziaRicerca>;
+  return Chiama<funzione>;
+}
+
 template <Fn funzione>
 void Registra(sqlite3* connessione) {
   const FunzioneMotore& f = Descrizione(funzione);
   if (f.nome == nullptr) return;
   for (int n = f.argomentiMinimi; n <= f.argomentiMassimi; ++n) {
-    Controlla(sqlite3_create_function_v2(connessione, f.nome, n, kPura, nullptr, Chiama<funzione>,
-                                         nullptr, nullptr, nullptr),
+    Controlla(sqlite3_create_function_v2(connessione, f.nome, n, kPura, nullptr,
+                                         Chiamata<funzione>(), nullptr, nullptr, nullptr),
               f.nome);
   }
 }

@@ -118,19 +118,32 @@ std::string PerRicerca(std::string_view testo) {
 
 namespace {
 
+/// Eight plain ASCII letters at once, capitals made small.
+constexpr std::uint64_t PiegaOtto(std::uint64_t parola) noexcept {
+  constexpr std::uint64_t kUno = 0x0101010101010101U;
+  // The high bit of each byte: at least 'A', and not past 'Z'.
+  const std::uint64_t daA = parola + kUno * (0x80U - 'A');
+  const std::uint64_t oltreZ = parola + kUno * (0x80U - 'Z' - 1);
+  return parola | ((daA & ~oltreZ & kAlti) >> 2);
+}
+
 /// Folds what is plain ASCII into `piegato`; false on any other byte, or when it has no room.
 template <std::size_t N>
 bool PiegaAscii(std::string_view testo, std::array<char, N>& piegato) noexcept {
   if (testo.size() > N) return false;
-  unsigned char tutti = 0;
-  for (std::size_t i = 0; i < testo.size(); ++i) {
-    const unsigned char c = Byte(testo[i]);
-    tutti = static_cast<unsigned char>(tutti | c);
-    // Without a branch or a table, so that the compiler does many bytes at once.
-    const bool grande = static_cast<unsigned char>(c - 'A') < 26;
-    piegato[i] = static_cast<char>(c | (grande ? 0x20U : 0U));
+  std::size_t i = 0;
+  for (; i + sizeof(std::uint64_t) <= testo.size(); i += sizeof(std::uint64_t)) {
+    std::uint64_t parola = OttoByte(testo.data() + i);
+    if ((parola & kAlti) != 0) return false;
+    parola = PiegaOtto(parola);
+    std::memcpy(piegato.data() + i, &parola, sizeof parola);
   }
-  return tutti < 0x80;
+  for (; i < testo.size(); ++i) {
+    const unsigned char c = Byte(testo[i]);
+    if (c >= 0x80) return false;
+    piegato[i] = static_cast<char>(kAsciiPiegato[c]);
+  }
+  return true;
 }
 
 constexpr std::size_t kTestoBreve = 256;

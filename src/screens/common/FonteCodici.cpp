@@ -1,5 +1,6 @@
 #include "screens/common/FonteCodici.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/sql/Criterio.h"
@@ -41,23 +42,33 @@ std::string FonteTabella::Canonico(const std::string& codice) {
 }
 
 std::vector<VoceCodice> FonteTabella::Cerca(const std::string& testo, int massimo) {
-  std::vector<VoceCodice> voci;
-  const auto aggiungi = [&](const std::string& condizione) {
-    const int mancano = massimo - static_cast<int>(voci.size());
-    if (mancano <= 0) return;
-    Rs righe = archivio_().Recordset(Da(condizione, mancano) + " ORDER BY " + chiave_);
+  const auto leggi = [&](const std::string& condizione) {
+    std::vector<VoceCodice> voci;
+    Rs righe = archivio_().Recordset(Da(condizione, massimo) + " ORDER BY " + chiave_);
     for (; !righe.Eof(); righe.MoveNext()) {
       voci.push_back({NzStr(righe.Fields(0)), NzStr(righe.Fields(1))});
     }
-  };
-  if (testo.empty()) {
-    aggiungi("");
     return voci;
-  }
+  };
+  if (massimo <= 0) return {};
+  if (testo.empty()) return leggi("");
   const std::string inizia = CriterioInizia(chiave_, testo);
-  aggiungi(inizia);
-  aggiungi(CriterioContiene(descrizione_, testo) + " AND NOT " + inizia);
-  return voci;
+  const auto comincia = [cercato = PerRicerca(testo)](const VoceCodice& voce) {
+    return IniziaRicerca(voce.codice, cercato);
+  };
+  // One pass over the table finds all there is, unless there is more than is asked for: then codes
+  // that begin with the text may come later, and a pass over the codes alone finds them.
+  auto trovate = leggi("(" + inizia + " OR " + CriterioContiene(descrizione_, testo) + ")");
+  if (trovate.size() < static_cast<std::size_t>(massimo)) {
+    std::stable_partition(trovate.begin(), trovate.end(), comincia);
+    return trovate;
+  }
+  auto prime = leggi(inizia);
+  for (auto& voce : trovate) {
+    if (prime.size() >= static_cast<std::size_t>(massimo)) break;
+    if (!comincia(voce)) prime.push_back(std::move(voce));
+  }
+  return prime;
 }
 
 }  // namespace fenalto
