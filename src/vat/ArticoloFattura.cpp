@@ -175,7 +175,7 @@ bool EliminaContabFattura(Ambiente& ambiente, int anno, const std::string& riva,
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
   const std::string documento = Criterio("NProt", "=", nProt) + " and " +
                                 Criterio("Anno", "=", anno) + " and " + Criterio("Riva", "=", riva);
-  Rs articolo = tessarc.Recordset("select NumDoc from articoli where " + documento);
+  Rs articolo = tessarc.Recordset("select NumDoc from ZarticoliFatture where " + documento);
   if (articolo.Eof()) {
     log.avvisi.push_back(std::string(kTestaAttenzione) +
                          "\npotrebbero essere state effettuate variazioni o annullamenti errati o "
@@ -193,7 +193,7 @@ bool EliminaContabFattura(Ambiente& ambiente, int anno, const std::string& riva,
         "errati : LA REGISTRAZIONE CONTABILE NON VERRA' AGGIORNATA");
     return false;
   }
-  tessarc.Esegui("delete * from articoli where " + documento);
+  tessarc.Esegui("delete * from articoli where " + chiave);
   tessarc.Esegui("delete * from movimenti where " + chiave);
   log.Riga("elim.contabilizzazione fattura art." + std::to_string(numDoc));
   if (!pagamento.empty()) EliminaScadenzeFattura(ambiente, anno, numDoc, log.testo);

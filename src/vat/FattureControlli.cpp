@@ -166,10 +166,10 @@ std::optional<Rifiuto> Fatture::Interno::ControllaDoppioFornitore() {
                                              "impostazioni", "VerifFatForn"),
                   "SI");
   if (!attiva) return std::nullopt;
-  Rs doppia = tessarc.Recordset("SELECT NumDoc FROM ARTICOLI WHERE " + Criterio("ANNO", "=", anno) +
-                                " and " + Criterio("NFAT", "=", T("NFat")) + " and " +
-                                Criterio("RIVA", "=", registro.cod) + " and " +
-                                Criterio("CONTO", "=", T("Contox")) + " and CFP='F'");
+  Rs doppia = tessarc.Recordset(
+      "SELECT NumDoc FROM ZarticoliFatture WHERE " + Criterio("ANNO", "=", anno) + " and " +
+      Criterio("RIVA", "=", registro.cod) + " and " + Criterio("NFAT", "=", T("NFat")) + " and " +
+      Criterio("CONTO", "=", T("Contox")) + " and CFP='F'");
   if (doppia.Eof()) return std::nullopt;
   const bool prosegue = ambiente.Dialogo().Conferma(
       "esiste già una registrazione di fattura con il medesimo fornitore e numero fattura\n"

@@ -76,5 +76,8 @@ CREATE TABLE CreditoIva (
   CreditoIva IMPORTO NOT NULL DEFAULT 0
 );
 
+-- The last date of a register.
+CREATE INDEX _Articoli_registro_data ON Articoli (Anno, Riva, Dt) WHERE Riva <> '';
+
 -- Deferred invoices by the day they are collected.
 CREATE INDEX _Articoli_incasso ON Articoli (Riva, DtIncasso) WHERE Ep <> 0;
