@@ -34,7 +34,7 @@ ElencoFatture::ElencoFatture(Ambiente& ambiente, QWidget* genitore)
                             {tr("Articolo"), Tipo::Intero, 65},
                             {tr("Data"), Tipo::Data, 80},
                             {tr("Codice"), Tipo::Testo, 70},
-                            {tr("Cliente/fornitore"), Tipo::Testo, 190},
+                            {tr("Cliente/fornitore"), Tipo::Testo, 160},
                             {tr("N. fattura"), Tipo::Testo, 80},
                             {tr("Data fattura"), Tipo::Data, 85},
                             {tr("Totale"), Tipo::Importo, 90}})),
