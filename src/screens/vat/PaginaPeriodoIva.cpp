@@ -170,7 +170,9 @@ void PaginaPeriodoIva::ConfermaPeriodo() {
   if (dati_.confermato) dati_.MostraOpzioni();
   MostraRegistri();
   emit PeriodoCambiato();
-  if (!dati_.confermato) periodo_->setFocus();
+  // On to the first range, or back to what wasn't found.
+  auto* seguente = dati_.confermato ? conferma_->nextInFocusChain() : periodo_;
+  seguente->setFocus(Qt::TabFocusReason);
 }
 
 std::vector<std::vector<Valore>> PaginaPeriodoIva::Righe() const {

@@ -1,0 +1,105 @@
+// Settlements beside those of a year before, and the periods of a year.
+#include "ledger/DittaDiProva.h"
+#include "vat/ConfrontoLiquidazioni.h"
+
+namespace fenalto::prova {
+namespace {
+
+RigaLiquidazione Riga(const char* descrizione, const char* importo) {
+  RigaLiquidazione riga;
+  riga.descrizione = descrizione;
+  riga.importo = I(importo);
+  return riga;
+}
+
+RigaLiquidazione Nota(const char* descrizione) {
+  RigaLiquidazione riga;
+  riga.descrizione = descrizione;
+  riga.nota = true;
+  return riga;
+}
+
+/// "description=now/before", line by line.
+std::vector<std::string> Testi(const std::vector<RigaAffiancata>& righe) {
+  std::vector<std::string> testi;
+  for (const auto& riga : righe) {
+    testi.push_back(riga.descrizione + (riga.nota ? ""
+                                                  : "=" + Valore(riga.importo).Neutro() + "/" +
+                                                        Valore(riga.precedente).Neutro()));
+  }
+  return testi;
+}
+
+}  // namespace
+
+TEST(ConfrontoLiquidazioni, RigheUgualiAffiancateLeAltreAlLoroPosto) {
+  using ::testing::ElementsAre;
+  const std::vector<RigaLiquidazione> ora{Riga("Registro 1", "10"), Riga("Registro 3", "-4"),
+                                          Riga("IVA a debito", "6"), Riga("IVA DA VERSARE", "6"),
+                                          Nota("nota")};
+  EXPECT_THAT(Testi(AffiancaLiquidazioni(ora, {})),
+              ElementsAre("Registro 1=10/0", "Registro 3=-4/0", "IVA a debito=6/0",
+                          "IVA DA VERSARE=6/0", "nota"));
+  // A line twice in one settlement goes with the second one; old notes aren't told.
+  const std::vector<RigaLiquidazione> prima{
+      Riga("registro 1", "8"),     Riga("Registro 2", "1"),     Riga("Registro 3", "-20"),
+      Riga("IVA a credito", "11"), Riga("IVA A CREDITO", "11"), Nota("vecchia")};
+  EXPECT_THAT(
+      Testi(AffiancaLiquidazioni(ora, prima)),
+      ElementsAre("Registro 1=10/8", "Registro 2=0/1", "Registro 3=-4/-20", "IVA a debito=6/0",
+                  "IVA DA VERSARE=6/0", "nota", "IVA a credito=0/11", "IVA A CREDITO=0/11"));
+  EXPECT_THAT(Testi(AffiancaLiquidazioni({Riga("x", "1"), Riga("x", "2")},
+                                         {Riga("x", "3"), Riga("x", "4")})),
+              ElementsAre("x=1/3", "x=2/4"));
+}
+
+class ConfrontoLiquidazioniTest : public DittaDiProva {
+ protected:
+  void Chiudi(const char* periodo) {
+    Tessarc().Inserisci("ChiusureIva", {{"Anno", 2024}, {"MESETRIMESTRE", periodo}});
+  }
+  void Totale(const char* periodo, const char* riva, const char* tipo, const char* iva,
+              bool definitivo = true) {
+    Tessarc().Inserisci("TotaliIva", {{"Anno", 2024},
+                                      {"PERIODO", periodo},
+                                      {"Riva", riva},
+                                      {"Tipo", tipo},
+                                      {"TOTALEIVA", I(iva)},
+                                      {"DEFINITIVO", definitivo}});
+  }
+};
+
+TEST_F(ConfrontoLiquidazioniTest, IlPrimoPeriodoDopoGliUltimiLiquidati) {
+  EXPECT_EQ(PeriodoDaLiquidare(ambiente), "01");
+  Chiudi("01");
+  Chiudi("03");  // February was left out
+  EXPECT_EQ(PeriodoDaLiquidare(ambiente), "04");
+  Chiudi("12");
+  EXPECT_EQ(PeriodoDaLiquidare(ambiente), "");
+  Tessarc().Esegui("UPDATE Anni SET IvaTrimestrale=True WHERE Anno=2024");
+  EXPECT_EQ(PeriodoDaLiquidare(ambiente), "T1");
+}
+
+TEST_F(ConfrontoLiquidazioniTest, AndamentoDeiPeriodiLiquidatiEDiQuelloInCorso) {
+  Totale("01", "1", "01", "100");
+  Totale("01", "2", "02", "-10");  // returns lower what is owed
+  Totale("01", "3", "03", "40");
+  Totale("01", "6", "06", "7");    // takes no part
+  Totale("02", "1", "01", "900");  // the current period as it was stored before
+  Totale("04", "1", "01", "500", /*definitivo=*/false);
+  Liquidazione corrente;
+  corrente.periodo = LeggiPeriodo(ambiente, 2024, "02");
+  IvaRegistro vendite;
+  vendite.segno = 1;
+  vendite.iva = I("30");
+  corrente.registri.push_back(vendite);
+  const auto periodi = AndamentoIva(ambiente, corrente);
+  ASSERT_EQ(periodi.size(), 12U);
+  EXPECT_EQ(periodi[0].debito, I("90"));
+  EXPECT_EQ(periodi[0].credito, I("40"));
+  EXPECT_EQ(periodi[1].debito, I("30"));
+  EXPECT_TRUE(periodi[0].presente && periodi[1].presente);
+  for (std::size_t i = 2; i < periodi.size(); ++i) EXPECT_FALSE(periodi[i].presente) << i;
+}
+
+}  // namespace fenalto::prova
