@@ -54,9 +54,8 @@ bool Fatture::Interno::NumeroOccupato() {
 bool Fatture::Interno::ProtocolloOccupato() {
   const std::int64_t nProt = NProtForzato();
   if (nProt == nProtRecord || nProt == 0) return false;
-  const bool occupato =
-      ambiente.Esiste("tessarc", "ZarticoliProtocollati",
-                      {{"Anno", anno}, {"Riva", registro.cod}, {"NProt", nProt}});
+  const bool occupato = ambiente.Esiste("tessarc", "ZarticoliProtocollati",
+                                        {{"Anno", anno}, {"Riva", registro.cod}, {"NProt", nProt}});
   if (!occupato) return false;
   Avviso("è stato forzato un numero di protocollo iva già esistente");
   return true;

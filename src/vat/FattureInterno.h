@@ -138,7 +138,7 @@ struct Fatture::Interno {
   std::int64_t idRecord = 0;
   std::int64_t numeroConfermato = 0;
   std::string pagamentoRecord;
-  Importo ritenuteRecord;  ///< moved by the withholding giros of the stored registration
+  Importo ritenuteRecord;         ///< moved by the withholding giros of the stored registration
   std::string pagamentoProposto;  ///< that of the party, as last put in
   Data dtIncassoRecord;
   Blocco blocco;

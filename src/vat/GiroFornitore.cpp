@@ -26,10 +26,10 @@ void ScriviGiroFornitore(Ambiente& ambiente, const GiroFornitore& giro, LogConta
   const auto numDoc = ScriviDueRighe(ambiente, r);
   log.Riga(giro.testo + std::to_string(numDoc) + " EFFETTUATA");
 
-  RichiestaPagamento pagamento;
+  RichiestaControConto pagamento;
   pagamento.cfp = "F";
   pagamento.conto = giro.fornitore;
-  pagamento.pagamento = giro.pagamento;
+  pagamento.codice = giro.pagamento;
   pagamento.descrizione = giro.descrizione;
   pagamento.importo = giro.importo;
   pagamento.dt = r.dt;

@@ -93,11 +93,13 @@ std::int64_t ScriviDueRighe(Ambiente& ambiente, const RegistrazioneDueRighe& r) 
   return numDoc;
 }
 
-std::int64_t CreaContabPagamento(Ambiente& ambiente, const RichiestaPagamento& richiesta,
-                                 LogContabile& log) {
-  if (richiesta.pagamento.empty()) return 0;
-  Rs codice = ambiente.ArchivioDi("tessarc").Recordset("SELECT * FROM PAGAMENTO WHERE " +
-                                                       Criterio("COD", "=", richiesta.pagamento));
+namespace {
+
+/// The registration by account and causal of a code's row in `tabella`; 0 when they aren't there.
+std::int64_t ScriviControConto(Ambiente& ambiente, const RichiestaControConto& richiesta,
+                               std::string_view tabella, Origine origine) {
+  Rs codice = ambiente.ArchivioDi("tessarc").Recordset(
+      "SELECT * FROM " + std::string(tabella) + " WHERE " + Criterio("COD", "=", richiesta.codice));
   if (codice.Eof()) return 0;
   const std::string conto = codice.Fields("Conto").Testo();
   const std::string causale = codice.Fields("Causale").Testo();
@@ -107,30 +109,27 @@ std::int64_t CreaContabPagamento(Ambiente& ambiente, const RichiestaPagamento& r
   registrazione.dt = richiesta.dt;
   registrazione.causale = causale;
   registrazione.descrizione = richiesta.descrizione;
-  registrazione.origine = Origine::Pagamento;
-  const auto numDoc = ScriviDueRighe(ambiente, registrazione);
-  log.Riga("Effettuata contabilizzazione pagamento : art." + std::to_string(numDoc));
+  registrazione.origine = origine;
+  return ScriviDueRighe(ambiente, registrazione);
+}
+
+}  // namespace
+
+std::int64_t CreaContabPagamento(Ambiente& ambiente, const RichiestaControConto& richiesta,
+                                 LogContabile& log) {
+  if (richiesta.codice.empty()) return 0;
+  const auto numDoc = ScriviControConto(ambiente, richiesta, "Pagamento", Origine::Pagamento);
+  if (numDoc != 0) {
+    log.Riga("Effettuata contabilizzazione pagamento : art." + std::to_string(numDoc));
+  }
   return numDoc;
 }
 
-std::int64_t CreaGiroRitenuta(Ambiente& ambiente, const RichiestaRitenuta& richiesta,
+std::int64_t CreaGiroRitenuta(Ambiente& ambiente, const RichiestaControConto& richiesta,
                               LogContabile& log) {
-  Rs codice = ambiente.ArchivioDi("tessarc").Recordset("SELECT * FROM ritenute WHERE " +
-                                                       Criterio("COD", "=", richiesta.codRitenuta));
-  const std::string conto = codice.Eof() ? "" : codice.Fields("Conto").Testo();
-  const std::string causale = codice.Eof() ? "" : codice.Fields("Causale").Testo();
-  if (conto.empty() || causale.empty()) {
-    log.Riga("Impossibile creare registrazione giro ritenuta " + richiesta.codRitenuta);
-    return 0;
-  }
-  auto registrazione = ParteControConto(richiesta.cfp, richiesta.conto, conto, richiesta.importo);
-  registrazione.anno = richiesta.anno;
-  registrazione.dt = richiesta.dt;
-  registrazione.causale = causale;
-  registrazione.descrizione = richiesta.descrizione;
-  registrazione.origine = Origine::GiroRitenuta;
-  const auto numDoc = ScriviDueRighe(ambiente, registrazione);
-  log.Riga("Effettuata registrazione giro ritenuta : art." + std::to_string(numDoc));
+  const auto numDoc = ScriviControConto(ambiente, richiesta, "Ritenute", Origine::GiroRitenuta);
+  log.Riga(numDoc == 0 ? "Impossibile creare registrazione giro ritenuta " + richiesta.codice
+                       : "Effettuata registrazione giro ritenuta : art." + std::to_string(numDoc));
   return numDoc;
 }
 

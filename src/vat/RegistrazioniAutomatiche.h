@@ -70,31 +70,22 @@ struct RegistrazioneDueRighe {
 /// Writes head and rows under the next number and gives it.
 std::int64_t ScriviDueRighe(Ambiente& ambiente, const RegistrazioneDueRighe& registrazione);
 
-/// The immediate payment of a document, when its payment code has account and causal; the number of
-/// the registration, 0 when nothing was written.
-struct RichiestaPagamento {
+/// A party's document and the code of `Pagamento` or `Ritenute` that gives account and causal.
+struct RichiestaControConto {
   std::string cfp;  ///< "C" or "F"
   std::string conto;
-  std::string pagamento;
+  std::string codice;
   std::string descrizione;
   Importo importo;
   Data dt;
   int anno = 0;
 };
-std::int64_t CreaContabPagamento(Ambiente& ambiente, const RichiestaPagamento& richiesta,
+/// The immediate payment of a document, when its payment code has account and causal; the number of
+/// the registration, 0 when nothing was written.
+std::int64_t CreaContabPagamento(Ambiente& ambiente, const RichiestaControConto& richiesta,
                                  LogContabile& log);
-
-/// The withholding giro by a code of `Ritenute`.
-struct RichiestaRitenuta {
-  std::string cfp;
-  std::string conto;
-  std::string codRitenuta;
-  std::string descrizione;
-  Importo importo;
-  Data dt;
-  int anno = 0;
-};
-std::int64_t CreaGiroRitenuta(Ambiente& ambiente, const RichiestaRitenuta& richiesta,
+/// The withholding giro by a code of `Ritenute`; likewise.
+std::int64_t CreaGiroRitenuta(Ambiente& ambiente, const RichiestaControConto& richiesta,
                               LogContabile& log);
 
 /// Which stored registration another one follows from.

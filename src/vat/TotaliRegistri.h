@@ -45,8 +45,8 @@ struct TotaleCodice {
 struct QuotaVentilazione {
   std::string codIva;
   Importo perc;
-  Importo acquisti;  ///< taxable plus VAT
-  Importo quota;     ///< percent of the purchases total, four decimals
+  Importo acquisti;       ///< taxable plus VAT
+  Importo quota;          ///< percent of the purchases total, four decimals
   Importo corrispettivi;  ///< part of the receipts
 };
 
@@ -54,9 +54,9 @@ struct TotaleRegistro {
   IntervalloRegistro intervallo;
   int segno = 0;  ///< PIUMENO of its type
   std::string conto;
-  std::vector<TotaleCodice> codici;       ///< without ZCOR
-  std::vector<TotaleCodice> differiti;    ///< of deferred invoices among them
-  std::vector<QuotaVentilazione> quote;   ///< of a type 07 register
+  std::vector<TotaleCodice> codici;      ///< without ZCOR
+  std::vector<TotaleCodice> differiti;   ///< of deferred invoices among them
+  std::vector<QuotaVentilazione> quote;  ///< of a type 07 register
   Importo corrispettiviDaVentilare;
   Importo acquistiVentilazione;
   /// VAT found by splitting gross receipts (types 02 and 07): what the giro of receipts posts.
@@ -70,7 +70,7 @@ struct TotaleRegistro {
 /// to be ventilated are split by the shares of the purchases, each part rounded to cents to the
 /// nearest, the last code taking what remains. The error tells what a register lacks.
 Esito<std::vector<TotaleRegistro>> CalcolaTotaliRegistri(
-    Ambiente& ambiente, const PeriodoIva& periodo, const std::vector<IntervalloRegistro>& intervalli,
-    const Ventilazione& ventilazione);
+    Ambiente& ambiente, const PeriodoIva& periodo,
+    const std::vector<IntervalloRegistro>& intervalli, const Ventilazione& ventilazione);
 
 }  // namespace fenalto

@@ -1,5 +1,5 @@
-// The use case of every archive of codes: open, new, duplicate, confirm, delete, for whatever archive
-// is described.
+// The use case of every archive of codes: open, new, duplicate, confirm, delete, for whatever
+// archive is described.
 //
 // A record of the table is in edit from its opening to its confirmation or giving up, so that no
 // other station changes it meanwhile; it is all the same compared with what was read before it is

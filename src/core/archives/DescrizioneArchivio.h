@@ -1,8 +1,8 @@
 // What makes one archive of codes different from the others: its table, fields, texts and checks.
 //
-// An archive is a value of this type; ArchivioCodici is the one use case and FinestraArchivio the one
-// window that work on it. Functions are given only for what the rule of the trade asks; a record is
-// reached through Contesto, never through the window.
+// An archive is a value of this type; ArchivioCodici is the one use case and FinestraArchivio the
+// one window that work on it. Functions are given only for what the rule of the trade asks; a
+// record is reached through Contesto, never through the window.
 #pragma once
 
 #include <functional>
@@ -59,7 +59,7 @@ struct VoceScelta {
 /// Where a code field looks up.
 struct FonteCampo {
   std::string chiave = "tessarc";  ///< database
-  std::string fonte = {};          ///< table, stored query or SELECT; a further condition in `filtro`
+  std::string fonte = {};  ///< table, stored query or SELECT; a further condition in `filtro`
   std::string campoDescrizione = "Descrizione";
   std::string archivio = {};  ///< archive behind it in capitals ("CONTI"), empty for none
   std::string filtro = {};
@@ -131,7 +131,8 @@ struct DescrizioneArchivio {
   Azione compone = {};
   /// The archive's own checks at a confirmation, in order; each stops at its refusal.
   std::vector<Controllo> controlli = {};
-  /// On changing the code of an existing record and on deleting one, before the check of references.
+  /// On changing the code of an existing record and on deleting one, before the check of
+  /// references.
   std::vector<Controllo> guardieCodice = {};
   /// On deleting only, after the question and before the guards of the code.
   std::vector<Controllo> guardieElimina = {};

@@ -35,8 +35,8 @@ Importo Arrotonda(Importo importo, int decimali, ModoArrotonda modo);
 /// whole lira unless the fraction is under 0.001.
 Importo CalcolaIva(Importo imponibile, Importo aliquota, bool euro);
 
-/// The part of a row's VAT that isn't deductible, `percInd` percent of it. Euro: cut to cents towards
-/// minus infinity; lire: to whole lire.
+/// The part of a row's VAT that isn't deductible, `percInd` percent of it. Euro: cut to cents
+/// towards minus infinity; lire: to whole lire.
 Importo IvaIndetraibile(Importo iva, Importo percInd, bool euro);
 
 /// Taxable part of a gross amount: gross / (1 + aliquota / 100) at four decimals, then
