@@ -36,33 +36,52 @@ std::vector<RigaAffiancata> AffiancaLiquidazioni(const std::vector<RigaLiquidazi
   return affiancate;
 }
 
+namespace {
+
+bool Liquidato(Ambiente& ambiente, const std::string& periodo) {
+  return ambiente.Esiste("tessarc", "ChiusureIva",
+                         {{"Anno", ambiente.Anno()}, {"MESETRIMESTRE", periodo}});
+}
+
+void Aggiungi(IvaDelPeriodo& periodo, Importo segno, Importo iva) {
+  if (segno > Importo()) periodo.debito += iva;
+  if (segno < Importo()) periodo.credito += iva;
+}
+
+/// Takes the period as it was stored. A deferred invoice is due when it is collected: on its own
+/// register it counts on neither side.
+void LeggiMemorizzato(Ambiente& ambiente, IvaDelPeriodo& periodo) {
+  const auto somma = [&](const std::string& tabella, const std::string& campo,
+                         const std::string& condizione, bool toglie) {
+    Rs righe = ambiente.ArchivioDi("tessarc").Recordset(
+        "SELECT PIUMENO, " + campo + " FROM " + tabella + " INNER JOIN TIPIregistriiva ON " +
+        tabella + ".Tipo = TIPIregistriiva.Cod WHERE " + Criterio("Anno", "=", ambiente.Anno()) +
+        " AND " + Criterio("PERIODO", "=", periodo.periodo.cod) + condizione);
+    for (; !righe.Eof(); righe.MoveNext()) {
+      const Importo iva = righe.Fields(1).Importo();
+      Aggiungi(periodo, righe.Fields(0).Importo(), toglie ? Importo() - iva : iva);
+    }
+  };
+  somma("TotaliIva", "TOTALEIVA", " AND " + Criterio("CodIva", "=", ""), false);
+  somma("TotaliIvaEP", "Iva", "", true);
+}
+
+}  // namespace
+
 std::vector<IvaDelPeriodo> AndamentoIva(Ambiente& ambiente, const Liquidazione& corrente) {
   std::vector<IvaDelPeriodo> periodi;
-  for (auto& periodo : PeriodiIva(ambiente, ambiente.Anno())) {
-    if (!periodo.Annuale()) periodi.push_back({std::move(periodo), {}, {}, false});
-  }
-  const auto aggiungi = [&periodi](const std::string& cod, Importo segno, Importo iva) {
-    const auto trovato = std::find_if(
-        periodi.begin(), periodi.end(),
-        [&cod](const IvaDelPeriodo& uno) { return UgualeTesto(uno.periodo.cod, cod); });
-    if (trovato == periodi.end()) return;
-    trovato->presente = true;
-    if (segno > Importo{}) trovato->debito += iva;
-    if (segno < Importo{}) trovato->credito += iva;
-  };
-  Rs righe = ambiente.ArchivioDi("tessarc").Recordset(
-      "SELECT PERIODO, PIUMENO, TOTALEIVA FROM TotaliIva INNER JOIN TIPIregistriiva ON "
-      "TotaliIva.Tipo = TIPIregistriiva.Cod WHERE " +
-      Criterio("Anno", "=", ambiente.Anno()) + " AND " + Criterio("CodIva", "=", "") + " AND " +
-      Criterio("DEFINITIVO", "=", true));
-  for (; !righe.Eof(); righe.MoveNext()) {
-    const std::string cod = NzStr(righe.Fields(0));
-    if (!UgualeTesto(cod, corrente.periodo.cod)) {
-      aggiungi(cod, righe.Fields(1).Importo(), righe.Fields(2).Importo());
+  for (const auto& periodo : PeriodiIva(ambiente, ambiente.Anno())) {
+    if (periodo.Annuale()) continue;
+    auto& uno = periodi.emplace_back(IvaDelPeriodo{periodo, {}, {}, true});
+    if (periodo.cod == corrente.periodo.cod) {
+      for (const auto& registro : corrente.registri) {
+        Aggiungi(uno, Importo::DaUnita(registro.segno), registro.Dovuta());
+      }
+    } else if (Liquidato(ambiente, periodo.cod)) {
+      LeggiMemorizzato(ambiente, uno);
+    } else {
+      uno.presente = false;
     }
-  }
-  for (const auto& registro : corrente.registri) {
-    aggiungi(corrente.periodo.cod, Importo::DaUnita(registro.segno), registro.iva);
   }
   return periodi;
 }
@@ -71,9 +90,7 @@ std::string PeriodoDaLiquidare(Ambiente& ambiente) {
   std::string primo;
   for (const auto& periodo : PeriodiIva(ambiente, ambiente.Anno())) {
     if (periodo.Annuale()) continue;
-    const bool liquidato = ambiente.Esiste(
-        "tessarc", "ChiusureIva", {{"Anno", ambiente.Anno()}, {"MESETRIMESTRE", periodo.cod}});
-    if (liquidato) {
+    if (Liquidato(ambiente, periodo.cod)) {
       primo.clear();
     } else if (primo.empty()) {
       primo = periodo.cod;

@@ -22,7 +22,7 @@ struct RigaAffiancata {
 std::vector<RigaAffiancata> AffiancaLiquidazioni(const std::vector<RigaLiquidazione>& corrente,
                                                  const std::vector<RigaLiquidazione>& precedente);
 
-/// VAT owed and VAT deducted in a period.
+/// VAT that falls due and VAT deducted in a period.
 struct IvaDelPeriodo {
   PeriodoIva periodo;
   Importo debito;

@@ -58,14 +58,12 @@ class ConfrontoLiquidazioniTest : public DittaDiProva {
   void Chiudi(const char* periodo) {
     Tessarc().Inserisci("ChiusureIva", {{"Anno", 2024}, {"MESETRIMESTRE", periodo}});
   }
-  void Totale(const char* periodo, const char* riva, const char* tipo, const char* iva,
-              bool definitivo = true) {
+  void Totale(const char* periodo, const char* riva, const char* tipo, const char* iva) {
     Tessarc().Inserisci("TotaliIva", {{"Anno", 2024},
                                       {"PERIODO", periodo},
                                       {"Riva", riva},
                                       {"Tipo", tipo},
-                                      {"TOTALEIVA", I(iva)},
-                                      {"DEFINITIVO", definitivo}});
+                                      {"TOTALEIVA", I(iva)}});
   }
 };
 
@@ -86,16 +84,25 @@ TEST_F(ConfrontoLiquidazioniTest, AndamentoDeiPeriodiLiquidatiEDiQuelloInCorso) 
   Totale("01", "3", "03", "40");
   Totale("01", "6", "06", "7");    // takes no part
   Totale("02", "1", "01", "900");  // the current period as it was stored before
-  Totale("04", "1", "01", "500", /*definitivo=*/false);
+  Totale("04", "1", "01", "500");  // of a settlement that was erased
+  Chiudi("01");
+  Chiudi("02");
+  Tessarc().Inserisci("TotaliIvaEP", {{"Anno", 2024},
+                                      {"PERIODO", "01"},
+                                      {"Riva", "1"},
+                                      {"CodIva", "22"},
+                                      {"Tipo", "01"},
+                                      {"Iva", I("60")}});
   Liquidazione corrente;
   corrente.periodo = LeggiPeriodo(ambiente, 2024, "02");
   IvaRegistro vendite;
   vendite.segno = 1;
-  vendite.iva = I("30");
+  vendite.iva = I("35");
+  vendite.differita = I("5");
   corrente.registri.push_back(vendite);
   const auto periodi = AndamentoIva(ambiente, corrente);
   ASSERT_EQ(periodi.size(), 12U);
-  EXPECT_EQ(periodi[0].debito, I("90"));
+  EXPECT_EQ(periodi[0].debito, I("30"));  // 100 - 10, 60 of which aren't collected yet
   EXPECT_EQ(periodi[0].credito, I("40"));
   EXPECT_EQ(periodi[1].debito, I("30"));
   EXPECT_TRUE(periodi[0].presente && periodi[1].presente);

@@ -74,9 +74,12 @@ QGridLayout* FinestraRegistriIva::Interno::CreaCampi() {
     ++riga;
   }
   griglia->addWidget(Didascalia(tr("Dal n. protocollo"), da), riga, 0);
-  griglia->addWidget(da, riga, 1);
-  griglia->addWidget(Didascalia(tr("al"), fino), riga, 2);
-  griglia->addWidget(fino, riga, 3);
+  auto* estremi = new QHBoxLayout;
+  estremi->addWidget(da);
+  estremi->addWidget(Didascalia(tr("al"), fino));
+  estremi->addWidget(fino);
+  estremi->addStretch(1);
+  griglia->addLayout(estremi, riga, 1, 1, 3);
   ++riga;
   griglia->addWidget(dati.Casella("StIndirizzo", tr("Stampo indirizzo e partita iva")), riga, 0, 1,
                      4);

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "core/values/FormatoImporto.h"
 #include "screens/common/Disposizione.h"
@@ -40,6 +41,7 @@ PaginaLiquidazioneIva::PaginaLiquidazioneIva(DatiRegistroIva& dati, const QStrin
                             {tr("Importo"), Tipo::Importo, 130, dati.Decimali()},
                             {tr("Anno prec."), Tipo::Importo, 130, dati.Decimali()}})),
       titolo_(new QLabel),
+      risultato_(new QLabel),
       grafico_(new GraficoBarre(QStringLiteral("GraficoIva"))) {
   titolo_->setObjectName(QStringLiteral("TitoloLiquidazione"));
   titolo_->setWordWrap(true);
@@ -48,8 +50,15 @@ PaginaLiquidazioneIva::PaginaLiquidazioneIva(DatiRegistroIva& dati, const QStrin
   griglia_->horizontalHeader()->setSectionsClickable(false);
   grafico_->setAccessibleName(tr("Iva a debito e a credito per periodo dell'anno"));
   auto* colonna = new QVBoxLayout;
-  colonna->addWidget(titolo_);
-  constexpr int kParteGriglia = 3;
+  QFont grassetto = risultato_->font();
+  grassetto.setBold(true);
+  risultato_->setFont(grassetto);
+  risultato_->setObjectName(QStringLiteral("RisultatoLiquidazione"));
+  auto* sopra = new QHBoxLayout;
+  sopra->addWidget(titolo_, 1);
+  sopra->addWidget(risultato_);
+  colonna->addLayout(sopra);
+  constexpr int kParteGriglia = 5;
   constexpr int kParteGrafico = 2;
   colonna->addWidget(griglia_, kParteGriglia);
   colonna->addWidget(grafico_, kParteGrafico);
@@ -80,7 +89,7 @@ QGroupBox* PaginaLiquidazioneIva::CreaDati() {
     const std::string nomeDescr = std::string(nome) + "Descr";
     auto* descrizione = dati_.Testo(nomeDescr.c_str(), kLunghezzaDescr);
     auto* importo = dati_.ImportoDi(nome, dati_.Decimali());
-    descrizione->setMinimumWidth(200);
+    descrizione->setMinimumWidth(250);
     descrizione->setPlaceholderText(tr("descrizione"));
     descrizione->setAccessibleName(tr("descrizione"));
     importo->setAccessibleName(tr("importo"));
@@ -102,6 +111,7 @@ QGroupBox* PaginaLiquidazioneIva::CreaDati() {
 void PaginaLiquidazioneIva::MostraTesto(const QString& testo) {
   griglia_->Modello().Righe({});
   titolo_->setText(testo);
+  risultato_->clear();
   grafico_->MostraTesto({});
 }
 
@@ -128,6 +138,15 @@ void PaginaLiquidazioneIva::MostraRighe(const Liquidazione& liquidazione) {
     titolo += tr(" - del %1 non c'è la liquidazione").arg(liquidazione.periodo.anno - 1);
   }
   titolo_->setText(titolo);
+  // The last sum, whatever the grid has room for.
+  const auto& voci = liquidazione.righe;
+  const auto ultima = std::find_if(voci.rbegin(), voci.rend(),
+                                   [](const RigaLiquidazione& riga) { return riga.totale; });
+  risultato_->setText(
+      ultima == voci.rend()
+          ? QString()
+          : QStringLiteral("%1  %2").arg(Qs(ultima->descrizione),
+                                         Qs(ScriviImporto(ultima->importo, dati_.Decimali()))));
 }
 
 void PaginaLiquidazioneIva::MostraAndamento(const Liquidazione& liquidazione) {

@@ -33,6 +33,7 @@ class PaginaLiquidazioneIva : public QWidget {
   DatiRegistroIva& dati_;
   Griglia* griglia_;
   QLabel* titolo_;
+  QLabel* risultato_;
   GraficoBarre* grafico_;
 };
 
