@@ -18,7 +18,15 @@ std::string Nome(const IntervalloRegistro& intervallo) {
 
 }  // namespace
 
-void RegistroIvaUnico::Interno::ControllaSequenza(const IntervalloRegistro& intervallo,
+/// Each protocol of the range is there and dated in the period: told by three numbers.
+bool RegistroIvaUnico::Interno::SequenzaIntera(const IntervalloRegistro& intervallo) {
+  Rs rs = tessarc.Recordset("SELECT Count(*), Min(Dt), Max(Dt) FROM ZarticoliProtocollati WHERE " +
+                            CondizioneIntervallo(intervallo, periodo.anno));
+  return rs.Fields(0).Intero() == intervallo.aaNProt - intervallo.daNProt + 1 &&
+         periodo.Contiene(rs.Fields(1).Data()) && periodo.Contiene(rs.Fields(2).Data());
+}
+
+void RegistroIvaUnico::Interno::ControllaSequenza(const IntervalloRegistro& intervallo, bool tutto,
                                                   std::vector<ProblemaRegistro>& problemi) {
   std::int64_t atteso = intervallo.daNProt;
   std::size_t detti = 0;
@@ -38,7 +46,7 @@ void RegistroIvaUnico::Interno::ControllaSequenza(const IntervalloRegistro& inte
     }
     atteso = fino;
   };
-  Rs rs = tessarc.Recordset("SELECT NProt, NumDoc, Dt FROM Articoli WHERE " +
+  Rs rs = tessarc.Recordset("SELECT NProt, NumDoc, Dt FROM ZarticoliProtocollati WHERE " +
                             CondizioneIntervallo(intervallo, periodo.anno) + " ORDER BY NProt");
   for (; !rs.Eof(); rs.MoveNext()) {
     const std::int64_t nProt = rs.Fields(0).Intero();
@@ -49,7 +57,7 @@ void RegistroIvaUnico::Interno::ControllaSequenza(const IntervalloRegistro& inte
       aggiungi(nProt, rs.Fields(1).Intero(), false,
                Nome(intervallo) + " : il numero protocollo " + std::to_string(nProt) +
                    " ha data registrazione " + dt.Testo() + " diversa da " + periodo.testo);
-    } else if (dt < prima) {
+    } else if (tutto && dt < prima) {
       aggiungi(nProt, rs.Fields(1).Intero(), false,
                Nome(intervallo) + " : il numero protocollo " + std::to_string(nProt) + " del " +
                    dt.Testo() + " segue un protocollo del " + prima.Testo());
@@ -59,9 +67,9 @@ void RegistroIvaUnico::Interno::ControllaSequenza(const IntervalloRegistro& inte
   mancanti(intervallo.aaNProt + 1);
 }
 
-void RegistroIvaUnico::Interno::ControllaRighe(const IntervalloRegistro& intervallo,
+void RegistroIvaUnico::Interno::ControllaRighe(const IntervalloRegistro& intervallo, bool tutto,
                                                std::vector<ProblemaRegistro>& problemi) {
-  const std::string righe = "SELECT NProt, NumDoc FROM Articoli WHERE " +
+  const std::string righe = "SELECT NProt, NumDoc FROM ZarticoliProtocollati AS Articoli WHERE " +
                             CondizioneIntervallo(intervallo, periodo.anno, "Articoli.") + " AND ";
   const std::string propria =
       "(SELECT * FROM Movimenti WHERE Movimenti.Anno=Articoli.Anno AND "
@@ -77,6 +85,7 @@ void RegistroIvaUnico::Interno::ControllaRighe(const IntervalloRegistro& interva
   };
   cerca("NOT EXISTS " + propria + "Movimenti.TIPORIGA=3)", true,
         " : manca movimento relativo al n.protocollo");
+  if (!tutto) return;
   // Receipts by hand may leave the VAT to the print; elsewhere it must be in the books.
   cerca("EXISTS " + propria + "Movimenti.TIPORIGA=3 AND Movimenti.Iva<>0) AND NOT EXISTS " +
             propria + "Movimenti.TIPORIGA=4)",
@@ -125,18 +134,19 @@ bool RegistroIvaUnico::Interno::Superati(const std::vector<ProblemaRegistro>& pr
   return ambiente.Dialogo().Conferma(domanda + "Proseguo ugualmente ?");
 }
 
-void RegistroIvaUnico::Interno::ControllaRegistro(const IntervalloRegistro& intervallo,
+void RegistroIvaUnico::Interno::ControllaRegistro(const IntervalloRegistro& intervallo, bool tutto,
                                                   std::vector<ProblemaRegistro>& problemi) {
   if (intervallo.daIncassi || intervallo.Vuoto()) return;
-  ControllaSequenza(intervallo, problemi);
-  ControllaRighe(intervallo, problemi);
-  ControllaCodici(intervallo, problemi);
+  if (tutto || !SequenzaIntera(intervallo)) ControllaSequenza(intervallo, tutto, problemi);
+  ControllaRighe(intervallo, tutto, problemi);
+  // A print hears of wrong codes from the totals.
+  if (tutto) ControllaCodici(intervallo, problemi);
 }
 
 std::vector<ProblemaRegistro> RegistroIvaUnico::Controlla() {
   std::vector<ProblemaRegistro> problemi;
   for (const IntervalloRegistro& intervallo : interno_->intervalli) {
-    interno_->ControllaRegistro(intervallo, problemi);
+    interno_->ControllaRegistro(intervallo, true, problemi);
   }
   interno_->ControllaVentilazione(problemi);
   return problemi;

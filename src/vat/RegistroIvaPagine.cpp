@@ -10,6 +10,7 @@ using testo_registro::kLarghezza;
 using testo_registro::kRientro;
 
 constexpr std::size_t kDestra = 28;
+constexpr std::size_t kCodice = 6;
 constexpr const char* kTotale = "                          TOTALE";
 constexpr const char* kRigaQuota = "$$$$ $$$$ ##.###.###,###  ###,#####";
 constexpr const char* kRigaAcquisti = "importo acquisti ##.###.###,###";
@@ -205,7 +206,7 @@ void TabulatoRegistroIva::RigaTotale(const TotaleCodice& codice) {
     return stampa_.AvanzaRiga();
   }
   std::string codiceLargo = codice.codIva;
-  if (codiceLargo.size() < 6) codiceLargo.resize(6, ' ');
+  if (codiceLargo.size() < kCodice) codiceLargo.resize(kCodice, ' ');
   stampa_.Campo(1, codiceLargo + " " + codice.descrizione);
   CampiImporti(importi, 2);
   stampa_.Riga(rigaTotale_);

@@ -15,8 +15,10 @@ namespace {
 /// Registrations between two signs of life.
 constexpr std::int64_t kOgni = 200;
 /// Characters of a party's name in the graphic form; capitals take half as much again.
-constexpr std::size_t kNomeModello = 32;
-constexpr std::size_t kNomeModelloMaiuscolo = 25;
+constexpr std::size_t kNomeModello = 36;
+constexpr std::size_t kNomeModelloMaiuscolo = 29;
+/// Characters of a VAT code's description in the graphic form.
+constexpr std::size_t kIvaModello = 19;
 constexpr std::size_t kNumeroModello = 12;
 
 /// Parties known by heart: enough for a year of most firms, little enough for any.
@@ -31,9 +33,10 @@ std::size_t LargoModello(const std::string& testo) {
 constexpr const char* kColonneLette =
     "SELECT Articoli.NProt, Articoli.NumDoc, Articoli.Anno, Articoli.Dt, Articoli.CFP, "
     "Articoli.Conto, Articoli.DtFat, Articoli.NFat, Articoli.Ep, Articoli.DtIncasso, "
-    "Movimenti.CodIva, Movimenti.Imponibile, Movimenti.Iva, Movimenti.IvaInd FROM Articoli INNER "
-    "JOIN Movimenti ON (Articoli.Anno = Movimenti.Anno) AND (Articoli.NumDoc = Movimenti.NumDoc) "
-    "WHERE ";
+    "Movimenti.CodIva, Movimenti.Imponibile, Movimenti.Iva, Movimenti.IvaInd FROM ";
+constexpr const char* kGiunzione =
+    " INNER JOIN Movimenti ON (Articoli.Anno = Movimenti.Anno) AND (Articoli.NumDoc = "
+    "Movimenti.NumDoc) WHERE ";
 
 RigaRegistro Leggi(const Rs& rs) {
   RigaRegistro riga;
@@ -52,12 +55,12 @@ RigaRegistro Leggi(const Rs& rs) {
   return riga;
 }
 
-/// The pieces that aren't empty, with a blank between.
-std::string Accosta(const std::vector<std::string>& pezzi) {
+/// The pieces that aren't empty, with `segno` between.
+std::string Accosta(const std::vector<std::string>& pezzi, std::string_view segno = " ") {
   std::string insieme;
   for (const std::string& pezzo : pezzi) {
     if (pezzo.empty()) continue;
-    if (!insieme.empty()) insieme += ' ';
+    if (!insieme.empty()) insieme += segno;
     insieme += pezzo;
   }
   return insieme;
@@ -140,6 +143,8 @@ bool TabulatoRegistroIva::Registro(const TotaleRegistro& totale) {
 bool TabulatoRegistroIva::Scorri(const TotaleRegistro& totale) {
   const IntervalloRegistro& intervallo = totale.intervallo;
   const bool incassate = intervallo.daIncassi;
+  // The stored query lets the engine find protocols by their index.
+  const char* articoli = incassate ? "Articoli" : "ZarticoliProtocollati AS Articoli";
   const std::string condizione =
       incassate ? CondizioneIncassati(ambiente_, intervallo.tipo, dati_.periodo)
                 : CondizioneIntervallo(intervallo, dati_.periodo.anno, "Articoli.");
@@ -149,19 +154,20 @@ bool TabulatoRegistroIva::Scorri(const TotaleRegistro& totale) {
                 : " ORDER BY Articoli.NProt, Movimenti.Posi";
   conRiporto_ = true;
   std::optional<RigaRegistro> testa;
-  Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(kColonneLette + condizione +
-                                                    " AND Movimenti.TIPORIGA=3" + ordine);
+  Rs rs =
+      ambiente_.ArchivioDi("tessarc").Recordset(kColonneLette + std::string(articoli) + kGiunzione +
+                                                condizione + " AND Movimenti.TIPORIGA=3" + ordine);
   for (; !rs.Eof() && !stampa_.Interrotta(); rs.MoveNext()) {
     const RigaRegistro riga = Leggi(rs);
     const bool prima = !testa || testa->numDoc != riga.numDoc || testa->anno != riga.anno;
     if (prima) {
       if (testa) FineArticolo(*testa, incassate);
       if (++fatti_ % kOgni == 0 && !avanzamento_->Avanza(fatti_)) return false;
-      PrimaRiga(riga);
+      // The lines of a registration stay together.
+      Spazio(1 + (opzioni_.stIndirizzo ? 1 : 0) + (riga.ep ? 1 : 0));
       testa = riga;
-    } else {
-      AltraRiga(riga);
     }
+    Stendi(riga, prima);
   }
   if (testa) FineArticolo(*testa, incassate);
   Progressivi("totale del registro", progressivo_);
@@ -169,27 +175,16 @@ bool TabulatoRegistroIva::Scorri(const TotaleRegistro& totale) {
   return !stampa_.Interrotta();
 }
 
-void TabulatoRegistroIva::PrimaRiga(const RigaRegistro& riga) {
-  Stendi(riga, true);
-}
-
-void TabulatoRegistroIva::AltraRiga(const RigaRegistro& riga) {
-  Stendi(riga, false);
-}
-
 void TabulatoRegistroIva::Stendi(const RigaRegistro& riga, bool prima) {
   Spazio(1);
-  if (!prima) {
-    grafico_ ? StendiModello(riga, false, "") : StendiTesto(riga, false, "");
-    return;
+  std::string nome;
+  if (prima) {
+    const std::string& intero = ParteDi(riga.cfp, riga.conto).nome;
+    nome = InRighe(intero, grafico_ ? LargoModello(intero) : testo_registro::kNome).front();
+    restoNome_ = Rifila(std::string_view(intero).substr(std::min(intero.size(), nome.size())));
   }
-  const std::string& nome = ParteDi(riga.cfp, riga.conto).nome;
-  const std::vector<std::string> pezzi =
-      InRighe(nome, grafico_ ? LargoModello(nome) : testo_registro::kNome);
-  grafico_ ? StendiModello(riga, true, pezzi.front()) : StendiTesto(riga, true, pezzi.front());
-  for (std::size_t i = 1; i < pezzi.size(); ++i) Seguito(pezzi[i]);
-  const std::size_t largo = grafico_ ? kNumeroModello : testo_registro::kNumero;
-  if (LunghezzaTesto(riga.nFat) > largo) Seguito("documento n. " + riga.nFat);
+  grafico_ ? StendiModello(riga, prima, nome) : StendiTesto(riga, prima, nome);
+  progressivo_ += riga.importi;
 }
 
 void TabulatoRegistroIva::StendiTesto(const RigaRegistro& riga, bool prima,
@@ -204,7 +199,6 @@ void TabulatoRegistroIva::StendiTesto(const RigaRegistro& riga, bool prima,
   stampa_.Campo(6, DescrizioneIva(riga.codIva));
   CampiImporti(riga.importi, 7);
   stampa_.Riga(riga_, RinvioDi(riga));
-  progressivo_ += riga.importi;
 }
 
 void TabulatoRegistroIva::StendiModello(const RigaRegistro& riga, bool prima,
@@ -220,16 +214,16 @@ void TabulatoRegistroIva::StendiModello(const RigaRegistro& riga, bool prima,
   }
   stampa_.CampoModello("R_DESCRIVA", DescrizioneIva(riga.codIva), y, rinvio);
   CampiImportiModello({"R_IMPONIBILE", "R_IVA", "R_IVAIND", "R_TOT"}, riga.importi, y);
-  progressivo_ += riga.importi;
   stampa_.AvanzaRiga();
 }
 
-/// What follows the amounts of a registration.
+/// What follows the amounts of a registration: all that had no room beside them, and the address.
 void TabulatoRegistroIva::FineArticolo(const RigaRegistro& testa, bool incassata) {
-  if (opzioni_.stIndirizzo) {
-    const std::string& indirizzo = ParteDi(testa.cfp, testa.conto).indirizzo;
-    if (!indirizzo.empty()) Seguito(indirizzo);
-  }
+  std::vector<std::string> pezzi{restoNome_, {}, {}};
+  const std::size_t largo = grafico_ ? kNumeroModello : testo_registro::kNumero;
+  if (LunghezzaTesto(testa.nFat) > largo) pezzi[1] = "documento n. " + testa.nFat;
+  if (opzioni_.stIndirizzo) pezzi[2] = ParteDi(testa.cfp, testa.conto).indirizzo;
+  if (const std::string seguito = Accosta(pezzi, " - "); !seguito.empty()) Seguito(seguito);
   if (incassata) {
     Seguito("Fatt.con IVA ad esigibilità differita  PAGATA IL " + testa.dtIncasso.Testo());
   } else if (testa.ep) {
@@ -285,6 +279,9 @@ const std::string& TabulatoRegistroIva::DescrizioneIva(const std::string& cod) {
   if (nota != codici_.end()) return nota->second;
   std::string descrizione =
       NzStr(ambiente_.Cerca("tessarc", "CodiciIva", {{"Cod", cod}}, "Descrizione"));
+  // A description that its place would cut comes behind its code, or gives place to it.
+  const std::size_t largo = grafico_ ? kIvaModello : testo_registro::kIva - 1;
+  if (LunghezzaTesto(descrizione) > largo) descrizione = grafico_ ? cod + " " + descrizione : cod;
   if (descrizione.empty()) descrizione = cod;
   return codici_.emplace(cod, std::move(descrizione)).first->second;
 }

@@ -58,8 +58,6 @@ class TabulatoRegistroIva {
   // RegistroIvaStampa.cpp: the rows.
   bool Registro(const TotaleRegistro& totale);
   bool Scorri(const TotaleRegistro& totale);
-  void PrimaRiga(const RigaRegistro& riga);
-  void AltraRiga(const RigaRegistro& riga);
   void FineArticolo(const RigaRegistro& testa, bool incassata);
   void Stendi(const RigaRegistro& riga, bool prima);
   void StendiTesto(const RigaRegistro& riga, bool prima, const std::string& nome);
@@ -100,6 +98,7 @@ class TabulatoRegistroIva {
   std::string sezione_;      ///< what the page is about
   bool conRiporto_ = false;  ///< among the rows of a register
   ImportiRiga progressivo_;
+  std::string restoNome_;  ///< what the first line of the registration had no room for
   std::string riga_;
   std::string rigaTotale_;
   std::string colonne_;

@@ -68,13 +68,17 @@ Esito<std::vector<TotaleRegistro>> RegistroIvaUnico::Totali() {
 }
 
 Esito<Liquidazione> RegistroIvaUnico::Liquida() {
-  Interno& io = *interno_;
+  auto totali = Totali();
+  if (!totali) return totali.Errore();
+  return Liquida(totali.Valore());
+}
+
+Esito<Liquidazione> RegistroIvaUnico::Liquida(const std::vector<TotaleRegistro>& totali) {
+  const Interno& io = *interno_;
   if (std::string errore = ErroreDatiLiquidazione(io.opzioni.liquidazione); !errore.empty()) {
     return Errore{std::move(errore)};
   }
-  auto totali = io.Totali();
-  if (!totali) return totali.Errore();
-  return CalcolaLiquidazione(io.periodo, totali.Valore(), io.opzioni.liquidazione);
+  return CalcolaLiquidazione(io.periodo, totali, io.opzioni.liquidazione);
 }
 
 Esito<std::vector<TotaleRegistro>> RegistroIvaUnico::Interno::Totali() {

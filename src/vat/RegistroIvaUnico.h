@@ -55,6 +55,8 @@ class RegistroIvaUnico {
   /// Totals and settlement as they would be printed, for the screen.
   Esito<std::vector<TotaleRegistro>> Totali();
   Esito<Liquidazione> Liquida();
+  /// The same over totals read before, when only the data of the settlement have changed.
+  Esito<Liquidazione> Liquida(const std::vector<TotaleRegistro>& totali);
   /// Checks, questions, print, and in definitive the store. True when it was printed (and stored).
   bool Stampa(FabbricaUscite& uscite);
 

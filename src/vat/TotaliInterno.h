@@ -23,7 +23,8 @@ struct GruppoIva {
   [[nodiscard]] bool Vuoto() const { return imponibile.Zero() && iva.Zero() && ivaInd.Zero(); }
 };
 
-/// Condition of a range on `MovimentiIva` or `Articoli`, whose columns begin with `prefisso`.
+/// Condition of a range on `MovimentiIva` or `ZarticoliProtocollati`, whose columns begin with
+/// `prefisso`.
 std::string CondizioneIntervallo(const IntervalloRegistro& intervallo, int anno,
                                  const std::string& prefisso = "");
 /// Condition on `Articoli` of the deferred invoices collected in the period, of the registers that

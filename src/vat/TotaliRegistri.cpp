@@ -144,13 +144,10 @@ Importo TotaleRegistro::IvaDifferita() const {
 
 std::string CondizioneIntervallo(const IntervalloRegistro& intervallo, int anno,
                                  const std::string& prefisso) {
-  // The last two repeat what the ones before say, so that the engine knows the index of the
-  // numbered registrations to hold them all.
   return Criterio(prefisso + "Anno", "=", anno) + " AND " +
          Criterio(prefisso + "Riva", "=", intervallo.riva) + " AND " +
          Criterio(prefisso + "NProt", ">=", intervallo.daNProt) + " AND " +
-         Criterio(prefisso + "NProt", "<=", intervallo.aaNProt) + " AND " + prefisso +
-         "Riva<>'' AND " + prefisso + "NProt<>0";
+         Criterio(prefisso + "NProt", "<=", intervallo.aaNProt);
 }
 
 std::string CondizioneIncassati(Ambiente& ambiente, const std::string& tipo,
