@@ -62,6 +62,7 @@ void TabulatoRegistroIva::TestataTestoRegistro() {
   stampa_.Campo(2, dati_.definitiva ? "" : "stampa di prova");
   stampa_.Riga(due, {}, true);
   stampa_.Riga(Ripeti("=", kLarghezza));
+  if (colonne_.empty()) return;
   stampa_.Riga(colonne_);
   stampa_.Riga(Ripeti("-", kLarghezza));
 }

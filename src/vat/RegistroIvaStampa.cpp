@@ -115,6 +115,7 @@ std::optional<int> TabulatoRegistroIva::Esegui() {
   }
   if (dati_.conLiquidazione) {
     sezione_ = dati_.periodo.Annuale() ? "Riepilogo annuale" : "Liquidazione periodica";
+    colonne_.clear();
     StampaLiquidazione(ambiente_, stampa_, dati_.liquidazione);
   }
   const bool interrotta = stampa_.Interrotta();

@@ -364,4 +364,43 @@ TEST_F(RegistroIvaTest, Annuale) {
   EXPECT_EQ(Tessarc().Singolo("SELECT Count(*) FROM UltProtStRegIva").Intero(), 0);
 }
 
+TEST_F(RegistroIvaTest, DifferiteModelloEdElenchi) {
+  Tessarc().Esegui("update Clienti set indirizzo='Via Po 1', piva='01234567897' where Cod='0001'");
+  Scrivi({"1", 7, G(10, 12, 2023), {{"22", I("100"), I("22")}}, true, G(20, 3, 2024), 2023});
+  Scrivi({"1", 1, G(10, 3, 2024), {{"22", I("50"), I("11")}, {"10", I("10"), I("1")}}, true});
+  Scegli("03");
+  registro.Opzioni().stIndirizzo = true;
+  ASSERT_TRUE(Stampa(Risposta::No));
+  EXPECT_THAT(uscite.Testo(),
+              ::testing::ContainsRegex(
+                  "10/03/24 +1 Clienti 0001 dell'Oro +1 +10/03/24 IVA 22% +50,00 +11,00 +61,00"));
+  EXPECT_THAT(uscite.Testo(), HasSubstr("Via Po 1 Partita IVA 01234567897\n"));
+  EXPECT_THAT(uscite.Testo(), HasSubstr("    ---- IVA ad esigibilità differita ----\n"));
+  EXPECT_THAT(uscite.Testo(), HasSubstr("PAGATA IL 20/03/2024\n"));
+  EXPECT_THAT(uscite.Testo(), HasSubstr("TOTALI per cod.IVA esigibilità differita\n"));
+  dialoghi.Rispondera("STAMPA DEFINITIVA ?", Risposta::No);
+  Verso(Destinazione::Pdf);
+  ASSERT_TRUE(registro.Stampa(uscite));
+  EXPECT_THAT(uscite.Scritte(),
+              ::testing::IsSupersetOf({"REGISTRO IVA UNICO", "Marzo 2024", "Anno/pag. 2024/1",
+                                       "Registro 1 Fatture emesse", "totale del registro", "61,00",
+                                       "LIQUIDAZIONE IVA  Marzo"}));
+  // One register alone asks nothing and settles nothing.
+  Verso(Destinazione::Testo);
+  ASSERT_TRUE(registro.StampaSingolo(uscite, "1"));
+  EXPECT_THAT(uscite.Testo(), Not(HasSubstr("LIQUIDAZIONE IVA")));
+
+  const auto elenco = [&](bool daPagare, bool pagate) {
+    Verso(Destinazione::Testo);
+    registro.StampaElencoSospese(uscite, {"1", G(1, 1, 2023), G(31, 12, 2024), daPagare, pagate});
+    return uscite.Testo();
+  };
+  const std::string tutte = elenco(false, false);
+  EXPECT_THAT(tutte, HasSubstr("ELENCO FATTURE AD ESIGIBILTA' IVA DIFFERITA  dal 01/01/23 al "
+                               "31/12/24"));
+  EXPECT_THAT(tutte, HasSubstr("TOTALE         160,000          34,000"));
+  EXPECT_THAT(elenco(true, false), HasSubstr("TOTALE          60,000          12,000"));
+  EXPECT_THAT(elenco(false, true), HasSubstr("20/03/24\n"));
+}
+
 }  // namespace fenalto::prova
