@@ -7,6 +7,7 @@
 #include "core/values/Testo.h"
 #include "vat/DatiIva.h"
 #include "vat/FattureInterno.h"
+#include "vat/StornoSospesa.h"
 
 namespace fenalto {
 namespace {
@@ -193,6 +194,7 @@ Fatture::Interno::Scritta Fatture::Interno::Scrivi() {
   ControllaNumeri(scritta.numDoc, scritta.nProt, registro.cod);
   auto complete = CreaRigheIvaCli(Documento(scritta.numDoc), RigheCompilate());
   if (!complete) throw ErroreArchivio(ErroreArchivio::Causa::Altro, complete.Errore().messaggio);
+  const bool stornoLibero = nuova || LevaStornoSospesa(ambiente, {anno, numeroRecord}, scritta.log);
   if (!nuova) {
     tessarc.Esegui("delete * from Movimenti where " + Criterio("NumDoc", "=", numeroRecord) +
                    " and " + Criterio("anno", "=", anno));
@@ -204,6 +206,7 @@ Fatture::Interno::Scritta Fatture::Interno::Scrivi() {
   if (!nuova) RinumeraScadenze(scritta);
   ScriviSeguito(scritta);
   ScriviAutomatiche(scritta);
+  if (stornoLibero) RimettiStornoSospesa(ambiente, {anno, scritta.numDoc}, scritta.log);
   transazione.Conferma();
   return scritta;
 }
@@ -278,14 +281,15 @@ bool Fatture::Elimina() {
   Interno& io = *interno_;
   if (!io.Aperta() || io.nuova || io.RigaInCorso() || io.RifiutaSolaLettura()) return false;
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione ARTICOLO CONTABILE ?")) return false;
-  std::string log;
+  LogContabile log;
   try {
     Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
+    LevaStornoSospesa(io.ambiente, {io.anno, io.numeroRecord}, log);
     const std::string chiave =
         Criterio("NumDoc", "=", io.numeroRecord) + " and " + Criterio("anno", "=", io.anno);
     io.tessarc.Esegui("delete * from Movimenti where " + chiave);
     io.tessarc.Esegui("delete * from Articoli where " + chiave);
-    EliminaScadenzeFattura(io.ambiente, io.anno, io.numeroRecord, log);
+    EliminaScadenzeFattura(io.ambiente, io.anno, io.numeroRecord, log.testo);
     transazione.Conferma();
   } catch (const std::exception& errore) {
     io.NonRiuscito("eliminazione della registrazione", errore);
@@ -293,7 +297,8 @@ bool Fatture::Elimina() {
   }
   io.ambiente.Dialogo().Messaggio("N.Prot.IVA " + std::to_string(io.nProtRecord) +
                                   " - Articolo Contabile" + std::to_string(io.numeroRecord) +
-                                  " eliminato" + (log.empty() ? "" : "\n" + log));
+                                  " eliminato" + (log.testo.empty() ? "" : "\n" + log.testo));
+  for (const std::string& avviso : log.avvisi) io.Avviso(avviso);
   io.ChiudiRecord();
   return true;
 }

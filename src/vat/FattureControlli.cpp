@@ -5,6 +5,7 @@
 #include "core/values/Testo.h"
 #include "ledger/ControlliData.h"
 #include "vat/FattureInterno.h"
+#include "vat/StornoSospesa.h"
 
 namespace fenalto {
 
@@ -64,12 +65,19 @@ std::optional<Rifiuto> Fatture::Interno::ControllaRighe() {
   return Rifiuto{"non è stata impostata la riga con imponibile ed iva", "PNuovaRiga"};
 }
 
+std::optional<Rifiuto> Fatture::Interno::ControllaPeriodoIncasso() {
+  const Data prima = nuova ? Data() : dtIncassoRecord;
+  std::string chiuso = IncassoInPeriodoChiuso(ambiente, prima, D("DtIncasso"));
+  if (chiuso.empty()) return std::nullopt;
+  testa.Scrivi("DtIncasso", prima);
+  return Rifiuto{std::move(chiuso), "DtIncasso"};
+}
+
 std::optional<Rifiuto> Fatture::Interno::ControllaIncasso() {
   // A stored date was put there by the collection itself.
   const bool digitata = !D("DtIncasso").Nulla() && (nuova || D("DtIncasso") != dtIncassoRecord);
-  if (!digitata) return std::nullopt;
   const bool sospesa = Tipo({"06"});
-  if (!sospesa && B("Ep")) return std::nullopt;
+  if (!digitata || (!sospesa && B("Ep"))) return ControllaPeriodoIncasso();
   testa.Scrivi("DtIncasso", dtIncassoRecord);
   return Rifiuto{sospesa ? "Fatture in sospensione IVA: la data di incasso si dovrà impostare "
                            "successivamente"

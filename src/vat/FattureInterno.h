@@ -89,6 +89,7 @@ struct Fatture::Interno {
   std::optional<Rifiuto> ControllaParte();
   std::optional<Rifiuto> ControllaRighe();
   std::optional<Rifiuto> ControllaIncasso();
+  std::optional<Rifiuto> ControllaPeriodoIncasso();
   std::optional<Rifiuto> ControllaContoParte();
   std::optional<Rifiuto> ControllaIntra();
   std::optional<Rifiuto> ControllaBollaDoganale();

@@ -179,6 +179,49 @@ TEST_F(FattureSospeseTest, Rifiuti) {
   EXPECT_EQ(SoloMessaggio(), "è necessario creare un registro iva di tipo 08A");
 }
 
+// The invoice itself changed, or erased, in its own window.
+TEST_F(FattureSospeseTest, LoStornoSegueLaFattura) {
+  Tessarc().Esegui("update RegistriIva set Conto='170.002' where Cod='1'");
+  differita = Inserisci({.riva = "1",
+                         .parte = "0001",
+                         .righe = {{"700.001", "22", I("60")}},
+                         .altri = {{"Ep", true}, {"DtIncasso", G(2, 5, 2024)}}});
+  Messaggi();
+  const auto storno = [this] {
+    Rs r = Tessarc().Recordset(
+        "select Movimenti.* from Articoli inner join Movimenti on (Articoli.Anno=Movimenti.Anno) "
+        "and (Articoli.NumDoc=Movimenti.NumDoc) where CREATOINAUTOMATICO=1 and Posi=1");
+    std::string testo;
+    for (; !r.Eof(); r.MoveNext()) {
+      testo += r.Fields("Conto").Testo() + " " + Stringa(r.Fields("ImpoDare").Importo()) + ";";
+    }
+    return testo;
+  };
+  EXPECT_EQ(storno(), "170.002 13.2;");
+  Fatture fatture(ambiente);
+  ASSERT_TRUE(fatture.Apri(differita));
+  ASSERT_TRUE(DigitaRiga(fatture, {"700.001", "22", I("100")}));
+  fatture.Testa().Scrivi("Dt", G(16, 3, 2024));
+  ASSERT_TRUE(fatture.Conferma());
+  Messaggi();
+  EXPECT_EQ(storno(), "170.002 35.2;");
+
+  // A settled period is refused here too; so is what would be taken out of it.
+  Tessarc().Esegui("insert into ChiusureIva (Anno, MESETRIMESTRE) values (2024, '05')");
+  ASSERT_TRUE(fatture.Apri(differita));
+  for (const Data data : {Data(), G(2, 6, 2024)}) {
+    fatture.Testa().Scrivi("DtIncasso", data);
+    EXPECT_FALSE(fatture.Conferma());
+    EXPECT_THAT(SoloMessaggio(), HasSubstr("nel periodo 05/2024"));
+    EXPECT_EQ(fatture.Testa().Leggi("DtIncasso").Data(), G(2, 5, 2024));
+  }
+  Tessarc().Esegui("delete * from ChiusureIva");
+  dialoghi.Rispondera("Conferma eliminazione", Risposta::Si);
+  ASSERT_TRUE(fatture.Elimina());
+  Messaggi();
+  EXPECT_EQ(storno(), "");
+}
+
 TEST_F(FattureSospeseTest, FatturaInModificaAltrove) {
   const auto altra = NuovaStazione("MAGAZZINO");
   Fatture fatture(*altra->ambiente);
