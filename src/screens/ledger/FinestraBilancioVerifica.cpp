@@ -12,6 +12,7 @@
 #include "ledger/BilancioVerifica.h"
 #include "screens/common/CampoCodice.h"
 #include "screens/common/Disposizione.h"
+#include "screens/common/InCorso.h"
 #include "screens/common/OpzioniGrafiche.h"
 #include "screens/ledger/FontiPrimanota.h"
 #include "screens/ledger/GraficoConfronto.h"
@@ -26,18 +27,6 @@ constexpr int kCifreAnno = 6;
 constexpr int kCifreCodice = 8;
 
 constexpr int kRipresaGrafico = 200;  // ms
-
-/// A flag set while in scope.
-class InCorso {
- public:
-  explicit InCorso(bool& segno) : segno_(segno) { segno_ = true; }
-  ~InCorso() { segno_ = false; }
-  InCorso(const InCorso&) = delete;
-  InCorso& operator=(const InCorso&) = delete;
-
- private:
-  bool& segno_;
-};
 
 using Stampante = bool (BilancioVerifica::*)(const SceltaBilancio&);
 using Compositore = Foglio (BilancioVerifica::*)(const SceltaBilancio&);

@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -15,6 +14,7 @@
 
 #include "print/FabbricaUsciteQt.h"
 #include "print/FinestraAnteprima.h"
+#include "screens/common/Attesa.h"
 #include "screens/main/CercaFunzione.h"
 #include "screens/main/Sfondo.h"
 #include "vat/FattureSospese.h"
@@ -33,13 +33,6 @@ QRect Dentro(const QRect& posto, const QRect& area) {
   dentro.moveTop(std::clamp(dentro.top(), 0, area.height() - dentro.height()));
   return dentro;
 }
-
-/// The busy pointer while in scope.
-class Attesa {
- public:
-  Attesa() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~Attesa() { QGuiApplication::restoreOverrideCursor(); }
-};
 
 }  // namespace
 

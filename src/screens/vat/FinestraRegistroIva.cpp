@@ -5,7 +5,9 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "screens/common/Attesa.h"
 #include "screens/common/Disposizione.h"
+#include "screens/common/InCorso.h"
 #include "screens/common/OpzioniGrafiche.h"
 #include "screens/vat/DatiRegistroIva.h"
 #include "screens/vat/PaginaControlliIva.h"
@@ -80,27 +82,34 @@ void FinestraRegistroIva::Interno::Collega() {
   connect(schede, &QTabWidget::currentChanged, f, [this] { ChiediLettura(); });
   connect(stampa, &QPushButton::clicked, f, [this] { Stampa(); });
   connect(periodo, &PaginaPeriodoIva::PeriodoCambiato, f, [this] { PeriodoCambiato(); });
-  connect(periodo, &PaginaPeriodoIva::IntervalliCambiati, f, [this] { controlli->Svuota(); });
+  connect(periodo, &PaginaPeriodoIva::IntervalliCambiati, f, [this] {
+    controlli->Svuota();
+    liquidazione->Svuota();
+  });
   connect(&dati, &DatiRegistroIva::Cambiato, f, [this](const QString& campo) {
-    if (liquidazione->Ha(campo)) ChiediLettura();
+    if (!liquidazione->Ha(campo)) return;
+    if (leggendo) return ChiediLettura();
+    liquidazione->Calcola();
   });
 }
 
 void FinestraRegistroIva::Interno::PeriodoCambiato() {
   stampa->setEnabled(dati.confermato);
   controlli->Svuota();
+  liquidazione->Svuota();
 }
 
 void FinestraRegistroIva::Interno::Leggi() {
   // A long reading lets events through: another one comes after it.
   if (leggendo) return attesa->start(kRipresa);
-  leggendo = true;
+  const InCorso lettura(leggendo);
+  const Attesa attesaLettura;
   switch (schede->currentIndex()) {
     case kControlli:
       controlli->Controlla();
       break;
     case kLiquidazione:
-      liquidazione->Calcola();
+      liquidazione->Leggi();
       break;
     case kElenchi:
       elenchi->MostraChiusure();
@@ -108,16 +117,13 @@ void FinestraRegistroIva::Interno::Leggi() {
     default:
       break;
   }
-  leggendo = false;
 }
 
 void FinestraRegistroIva::Interno::Stampa() {
   if (leggendo || !periodo->Raccogli()) return;
   dati.registro.Opzioni().xTar = opzioni.XTar();
-  leggendo = true;
-  const bool stampato = dati.registro.Stampa(dati.finestre.Uscite());
-  leggendo = false;
-  if (stampato) ChiediLettura();
+  const InCorso lettura(leggendo);
+  if (dati.registro.Stampa(dati.finestre.Uscite())) ChiediLettura();
 }
 
 FinestraRegistroIva::FinestraRegistroIva(Finestre& finestre)

@@ -115,9 +115,19 @@ void PaginaLiquidazioneIva::MostraTesto(const QString& testo) {
   grafico_->MostraTesto({});
 }
 
+void PaginaLiquidazioneIva::Leggi() {
+  totali_.reset();
+  Calcola();
+}
+
 void PaginaLiquidazioneIva::Calcola() {
   if (!dati_.confermato) return MostraTesto(tr("Scegliere il periodo e confermarlo"));
-  const auto liquidazione = dati_.registro.Liquida();
+  if (!totali_) {
+    auto totali = dati_.registro.Totali();
+    if (!totali) return MostraTesto(Qs(totali.Errore().messaggio));
+    totali_ = std::move(totali).Valore();
+  }
+  const auto liquidazione = dati_.registro.Liquida(*totali_);
   if (!liquidazione) return MostraTesto(Qs(liquidazione.Errore().messaggio));
   MostraRighe(liquidazione.Valore());
   MostraAndamento(liquidazione.Valore());

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
+#include <vector>
 
 #include "screens/vat/DatiRegistroIva.h"
 
@@ -19,8 +21,12 @@ class PaginaLiquidazioneIva : public QWidget {
  public:
   PaginaLiquidazioneIva(DatiRegistroIva& dati, const QString& finestra,
                         QWidget* genitore = nullptr);
-  /// Works the settlement out and shows it.
+  /// Reads the registers again, works the settlement out and shows it.
+  void Leggi();
+  /// Works the settlement out anew after a change of a field of this page.
   void Calcola();
+  /// Forgets the registers: period or ranges are others.
+  void Svuota() { totali_.reset(); }
   /// Whether a field of this page bears that name.
   [[nodiscard]] bool Ha(const QString& campo) const { return findChild<QWidget*>(campo); }
 
@@ -31,6 +37,7 @@ class PaginaLiquidazioneIva : public QWidget {
   void MostraTesto(const QString& testo);
 
   DatiRegistroIva& dati_;
+  std::optional<std::vector<TotaleRegistro>> totali_;
   Griglia* griglia_;
   QLabel* titolo_;
   QLabel* risultato_;
