@@ -121,7 +121,7 @@ QHBoxLayout* FinestraFattureSospIva::Interno::CreaFiltri() {
   riva->setObjectName(QStringLiteral("RivaFattSosp"));
   riva->addItem(tr("tutti i registri"), QString());
   for (const auto& [cod, descrizione] : sospese.Registri()) {
-    riva->addItem(Qs(cod + " " + descrizione), Qs(cod));
+    riva->addItem(QStringLiteral("%1 %2").arg(Qs(cod), Qs(descrizione)), Qs(cod));
   }
   stato->setObjectName(QStringLiteral("Stato"));
   stato->addItems({tr("tutte"), tr("solo non pagate"), tr("solo pagate")});
