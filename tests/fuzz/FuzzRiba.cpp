@@ -1,0 +1,48 @@
+// A file of bank receipts: any bytes. Nothing may break the reader; what it calls good has the
+// lines, the numbers and the total that it says.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "core/values/Testo.h"
+#include "duedates/VerificaFileRiba.h"
+
+namespace {
+
+using namespace fenalto;
+
+void Pretendi(bool vero) {
+  if (!vero) std::abort();
+}
+
+void Prova(std::string_view testo, RibaSegno segno) {
+  const LetturaRiba letto = VerificaRiba(testo, segno);
+  Pretendi(letto.segnalazioni.size() <= 2 * kMassimoSegnalazioniRiba + 1);
+  for (const auto& segnalazione : letto.segnalazioni) {
+    Pretendi(segnalazione.riga > 0 && segnalazione.colonna > 0);
+    Pretendi(segnalazione.colonna <= kColonneRiba + 1);
+    Pretendi(!segnalazione.messaggio.empty() && Utf8Valido(segnalazione.messaggio));
+  }
+  if (!letto.Buona()) return;
+  constexpr std::size_t kRiga = kColonneRiba + 2;
+  Pretendi(testo.size() == letto.righe * kRiga);
+  Pretendi(letto.righe == letto.ricevute.size() * kRecordPerRicevuta + 2);
+  Importo somma;
+  for (std::size_t i = 0; i < letto.ricevute.size(); ++i) {
+    Pretendi(letto.ricevute[i].numero == static_cast<int>(i) + 1);
+    somma += letto.ricevute[i].importo;
+  }
+  Pretendi(somma == letto.totale && !letto.ricevute.empty());
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
+  // libFuzzer speaks in bytes, the program in characters.
+  const std::string_view testo(reinterpret_cast<const char*>(dati), quanti);
+  Prova(testo, RibaSegno::DellImporto);
+  Prova(testo, RibaSegno::SempreMeno);
+  return 0;
+}
