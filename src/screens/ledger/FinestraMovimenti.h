@@ -1,29 +1,43 @@
 // The window "Inserimento Movimenti contabili non Iva - Primanota": thin over Primanota.
 #pragma once
 
-#include <memory>
-
 #include "ledger/Primanota.h"
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/FinestraDuePagine.h"
 
 namespace fenalto {
 
-class FinestraMovimenti : public FinestraFunzione {
+class PaginaRegistrazione;
+class PaginaScelta;
+
+class FinestraMovimenti : public FinestraDuePagine {
   Q_OBJECT
 
  public:
   explicit FinestraMovimenti(Finestre& finestre);
   ~FinestraMovimenti() override;
 
-  [[nodiscard]] bool InModifica() const override;
-  void Abbandona() override;
-  void ApriCodice(const QString& codice) override;
-  bool Indietro() override;
-  void Aggiorna() override;
+ protected:
+  [[nodiscard]] bool Aperta() const override;
+  [[nodiscard]] bool DaPerdere() const override;
+  void Apri(std::int64_t numero) override;
+  void ChiudiRegistrazione() override;
+  bool AnnullaRiga() override;
+  bool IndietroDaScelta() override;
+  void FocoScelta() override;
+  void AggiornaScelta() override;
+  void AggiornaRegistrazione() override;
 
  private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  void Collega();
+  void Nuovo();
+  void PrendiModello(std::int64_t articolo, int anno);
+  void MostraRegistrazione();
+  void TornaAllaScelta(std::int64_t numero);
+  void ApriChiusure();
+
+  Primanota primanota_;
+  PaginaScelta* scelta_;
+  PaginaRegistrazione* registrazione_;
 };
 
 }  // namespace fenalto

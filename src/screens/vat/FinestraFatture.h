@@ -1,13 +1,15 @@
 // The window "Inserimento Fatture e registrazioni IVA in contabilità": thin over Fatture.
 #pragma once
 
-#include <memory>
-
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/FinestraDuePagine.h"
+#include "vat/Fatture.h"
 
 namespace fenalto {
 
-class FinestraFatture : public FinestraFunzione {
+class PaginaFattura;
+class PaginaRegistro;
+
+class FinestraFatture : public FinestraDuePagine {
   Q_OBJECT
 
  public:
@@ -17,19 +19,29 @@ class FinestraFatture : public FinestraFunzione {
   /// The window, or null after telling why no VAT document can be registered in the company.
   static FinestraFatture* Crea(Finestre& finestre);
 
-  [[nodiscard]] bool InModifica() const override;
-  void Abbandona() override;
-  void ApriCodice(const QString& codice) override;
-  bool Indietro() override;
-  void Aggiorna() override;
-
  protected:
   bool eventFilter(QObject* oggetto, QEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
 
+  [[nodiscard]] bool Aperta() const override;
+  [[nodiscard]] bool DaPerdere() const override;
+  void Apri(std::int64_t numero) override;
+  void ChiudiRegistrazione() override;
+  bool AnnullaRiga() override;
+  void FocoScelta() override;
+  void AggiornaScelta() override;
+  void AggiornaRegistrazione() override;
+
  private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  void Collega();
+  void Nuovo();
+  void MostraRegistrazione();
+  void MostraTitolo();
+  void TornaAlRegistro(std::int64_t numero);
+
+  Fatture fatture_;
+  PaginaRegistro* scelta_;
+  PaginaFattura* registrazione_;
 };
 
 }  // namespace fenalto

@@ -1,0 +1,98 @@
+#include "screens/common/FinestraDuePagine.h"
+
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace fenalto {
+namespace {
+
+enum Pagina { kScelta = 0, kRegistrazione = 1 };
+
+}  // namespace
+
+FinestraDuePagine::FinestraDuePagine(const QString& nome, const QString& titolo, Finestre& finestre)
+    : FinestraFunzione(nome, titolo, finestre), schede_(new QTabWidget(this)) {
+  schede_->setObjectName(QStringLiteral("SSTab1"));
+  schede_->setDocumentMode(true);
+  auto* colonna = new QVBoxLayout(this);
+  colonna->setContentsMargins(4, 4, 4, 4);
+  colonna->addWidget(schede_);
+}
+
+void FinestraDuePagine::Disponi(QWidget* scelta, const QString& titoloScelta,
+                                QWidget* registrazione) {
+  schede_->addTab(scelta, titoloScelta);
+  schede_->addTab(registrazione, QString());
+  TitoloRegistrazione(QString());
+  schede_->setTabEnabled(kRegistrazione, false);
+  connect(schede_, &QTabWidget::currentChanged, this, &FinestraDuePagine::SchedaCambiata);
+}
+
+void FinestraDuePagine::TogliPagine() {
+  hide();
+  girando_ = true;
+  delete schede_;
+  schede_ = nullptr;
+}
+
+void FinestraDuePagine::TitoloRegistrazione(const QString& titolo) {
+  // An ampersand in a record's name is no letter to press.
+  schede_->setTabText(kRegistrazione,
+                      titolo.isEmpty()
+                          ? tr("Registrazione")
+                          : QString(titolo).replace(QLatin1Char('&'), QStringLiteral("&&")));
+}
+
+void FinestraDuePagine::Gira(int indice) {
+  girando_ = true;
+  schede_->setCurrentIndex(indice);
+  girando_ = false;
+}
+
+void FinestraDuePagine::SchedaCambiata(int indice) {
+  if (girando_ || indice != kScelta || !Aperta()) return;
+  // The record stays in sight while its question is answered.
+  Gira(kRegistrazione);
+  Lascia();
+}
+
+void FinestraDuePagine::GiraARegistrazione() {
+  schede_->setTabEnabled(kRegistrazione, true);
+  Gira(kRegistrazione);
+}
+
+bool FinestraDuePagine::Lascia() {
+  if (!Aperta()) return true;
+  if (Gestore().ControlloUscita(*this)) return false;
+  Abbandona();
+  FocoScelta();
+  return true;
+}
+
+void FinestraDuePagine::Abbandona() {
+  Gira(kScelta);
+  schede_->setTabEnabled(kRegistrazione, false);
+  ChiudiRegistrazione();
+}
+
+void FinestraDuePagine::ApriCodice(const QString& codice) {
+  bool numero = false;
+  const auto articolo = codice.toLongLong(&numero);
+  if (numero) Apri(articolo);
+}
+
+bool FinestraDuePagine::Indietro() {
+  if (AnnullaRiga()) return true;
+  if (!Aperta()) return IndietroDaScelta();
+  Lascia();
+  return true;
+}
+
+void FinestraDuePagine::Aggiorna() {
+  AggiornaScelta();
+  if (Aperta() && schede_->currentIndex() == kRegistrazione && isVisible() && !InModifica()) {
+    AggiornaRegistrazione();
+  }
+}
+
+}  // namespace fenalto

@@ -1,0 +1,65 @@
+// A window of two pages: one to choose a record or begin a new one, one for the record that is
+// open.
+//
+// The record's page can be turned to only while a record is open. Turning back to the choice, Esc
+// and opening another record leave the open one, after the question of `ControlloUscita`. The
+// window's own class says what the record is.
+#pragma once
+
+#include "screens/common/FinestraFunzione.h"
+
+class QTabWidget;
+
+namespace fenalto {
+
+class FinestraDuePagine : public FinestraFunzione {
+  Q_OBJECT
+
+ public:
+  FinestraDuePagine(const QString& nome, const QString& titolo, Finestre& finestre);
+
+  [[nodiscard]] bool InModifica() const override { return Aperta() && DaPerdere(); }
+  void Abbandona() override;
+  void ApriCodice(const QString& codice) override;
+  bool Indietro() override;
+  void Aggiorna() override;
+
+ protected:
+  /// A record is open.
+  [[nodiscard]] virtual bool Aperta() const = 0;
+  /// Leaving the open record would lose something.
+  [[nodiscard]] virtual bool DaPerdere() const = 0;
+  /// Opens a record by number, after leaving the open one.
+  virtual void Apri(std::int64_t numero) = 0;
+  /// Gives the open record up; its page is out of sight already.
+  virtual void ChiudiRegistrazione() = 0;
+  /// Gives the open row up; false when none is open.
+  virtual bool AnnullaRiga() = 0;
+  /// Esc with no record open; false when the window is to close.
+  virtual bool IndietroDaScelta() { return false; }
+  /// Where the focus goes after a record was left.
+  virtual void FocoScelta() = 0;
+  virtual void AggiornaScelta() = 0;
+  virtual void AggiornaRegistrazione() = 0;
+
+  /// Puts the pages into the window, once both are made.
+  void Disponi(QWidget* scelta, const QString& titoloScelta, QWidget* registrazione);
+  /// Deletes the pages, out of sight: to be called by a window's destructor, since they look at a
+  /// use case that is about to go and nothing is to be read from them any more.
+  void TogliPagine();
+  /// Turns to the record that was just opened.
+  void GiraARegistrazione();
+  /// The caption of the record's page; empty for the one that it has when none is open.
+  void TitoloRegistrazione(const QString& titolo);
+  /// Leaves the open record after its question; false when the user stays in it.
+  bool Lascia();
+
+ private:
+  void SchedaCambiata(int indice);
+  void Gira(int indice);
+
+  QTabWidget* schede_;
+  bool girando_ = false;
+};
+
+}  // namespace fenalto
