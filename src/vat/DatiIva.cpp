@@ -5,9 +5,10 @@
 
 namespace fenalto {
 
-bool ImpostazioneAttiva(Ambiente& ambiente, std::string_view chiave) {
+bool ImpostazioneAttiva(Ambiente& ambiente, std::string_view chiave, bool seVuota) {
   const std::string letta = ambiente.Config(chiave);
   const std::string_view testo = Rifila(letta);
+  if (testo.empty()) return seVuota;
   if (UgualeTesto(testo, "si") || UgualeTesto(testo, "true") || UgualeTesto(testo, "vero")) {
     return true;
   }

@@ -71,7 +71,7 @@ void ScriviCredito(Ambiente& ambiente, const Liquidazione& l, LogContabile& log)
 void ScriviRighe(Ambiente& ambiente, const Liquidazione& l) {
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
   tessarc.Esegui("DELETE * FROM CHIUSIVA WHERE " + Chiave(l.periodo.anno, l.periodo.cod));
-  if (!ImpostazioneAttiva(ambiente, "ChiusIva")) return;
+  if (!ImpostazioneAttiva(ambiente, "ChiusIva", true)) return;
   int n = 0;
   for (const RigaLiquidazione& riga : l.righe) {
     tessarc.Inserisci("ChiusIva", {{"Anno", l.periodo.anno},

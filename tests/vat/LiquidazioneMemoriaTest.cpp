@@ -162,7 +162,7 @@ TEST_F(LiquidazioneMemoriaTest, RigheConservateSeSiVuole) {
   EXPECT_EQ(
       Tessarc().Singolo("select ScrittaPeriodo from ChiusIva where MeseTrimestre='12'").Testo(),
       "periodo 12");
-  ambiente.ScriviImpostazione({}, "config", "ChiusIva", "");
+  ambiente.ScriviImpostazione({}, "config", "ChiusIva", "0");
   Memorizza("12", {Registro("07", 1, I("10"))});
   EXPECT_THAT(LiquidazioneMemorizzata(ambiente, 2024, "12"), IsEmpty());
 }

@@ -121,7 +121,8 @@ void DatiRegistroIva::LeggiImpostazioni() {
   for (const char* nome : kImpostazioni) {
     switch (scheda.TipoDi(nome)) {
       case Tipo::Booleano:
-        scheda.Scrivi(nome, ImpostazioneAttiva(Sessione(), nome));
+        // Lines of a settlement are kept unless someone has said no.
+        scheda.Scrivi(nome, ImpostazioneAttiva(Sessione(), nome, UgualeTesto(nome, "ChiusIva")));
         break;
       case Tipo::Importo:
         if (const auto letto = LeggiImporto(Sessione().Config(nome))) {
