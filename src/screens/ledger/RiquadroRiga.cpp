@@ -40,15 +40,12 @@ QComboBox* CampoClasse(const QString& nome) {
 }  // namespace
 
 RiquadroRiga::RiquadroRiga(Primanota& primanota, Finestre& finestre, QWidget* genitore)
-    : QGroupBox(tr("Riga"), genitore), primanota_(primanota), finestre_(finestre) {
-  setObjectName(QStringLiteral("FrameRiga"));
-  legatura_ = new Legatura([this]() -> Scheda& { return primanota_.Riga(); },
-                           finestre_.Sessione().Dialogo(), this);
+    : RiquadroDiRiga(finestre, genitore), primanota_(primanota) {
   CreaCampi();
   Disponi();
   OrdineTab();
-  Collega();
-  hide();
+  ApriTabelle({causale_, conto_, contoControp_, categoria_});
+  connect(visSaldo_, &QPushButton::clicked, this, &RiquadroRiga::VisSaldo);
 }
 
 void RiquadroRiga::CreaCampi() {
@@ -71,15 +68,7 @@ void RiquadroRiga::CreaCampi() {
   categoria_ = new CampoCodice(QStringLiteral("Categoria"), QStringLiteral("CATEGORIE"),
                                FonteCategorie(sessione));
   commessa_ = new CampoTesto(QStringLiteral("Commessa"));
-  quale_ = new QLabel;
-  quale_->setObjectName(QStringLiteral("L_nuova_vecchiariga"));
-  QFont grassetto = quale_->font();
-  grassetto.setBold(true);
-  quale_->setFont(grassetto);
   visSaldo_ = Pulsante(QStringLiteral("VisSaldo"), tr("visualizza saldo"));
-  conferma_ = Pulsante(QStringLiteral("ConfermaRiga"), tr("Conferma riga"), tr("Ctrl+Invio"));
-  elimina_ = Pulsante(QStringLiteral("EliminaRiga"), tr("Elimina riga"), tr("Ctrl+Canc"));
-  annulla_ = Pulsante(QStringLiteral("AnnullaRiga"), tr("Abbandona riga"), tr("Esc"));
   for (QWidget* campo : std::initializer_list<QWidget*>{posi_, causale_, descrizione_, cfp_, conto_,
                                                         dare_, avere_, cfpControp_, contoControp_,
                                                         diversi_, categoria_, commessa_}) {
@@ -170,38 +159,24 @@ QFrame* RiquadroRiga::CreaSaldo() {
 }
 
 void RiquadroRiga::OrdineTab() {
-  QWidget* prima = posi_;
-  for (QWidget* campo : std::initializer_list<QWidget*>{
-           causale_, descrizione_, cfp_, conto_, dare_, avere_, cfpControp_, contoControp_,
-           diversi_, categoria_, commessa_, conferma_, elimina_, annulla_, visSaldo_}) {
-    setTabOrder(prima, campo);
-    prima = campo;
-  }
-}
-
-void RiquadroRiga::Collega() {
-  for (auto* campo : {causale_, conto_, contoControp_, categoria_}) {
-    connect(campo, &CampoCodice::EventoLibero, this,
-            [this](const QString& tabella, const QString& codice) {
-              finestre_.ApreFormDaEvLibero(tabella, codice);
-            });
-  }
-  connect(legatura_, &Legatura::Lasciato, this, &RiquadroRiga::CampoLasciato);
-  connect(conferma_, &QPushButton::clicked, this, &RiquadroRiga::Conferma);
-  connect(elimina_, &QPushButton::clicked, this, &RiquadroRiga::Elimina);
-  connect(visSaldo_, &QPushButton::clicked, this, &RiquadroRiga::VisSaldo);
-  connect(annulla_, &QPushButton::clicked, this, [this] {
-    primanota_.AnnullaRiga();
-    emit Annullata();
-  });
+  Ordina({posi_, causale_, descrizione_, cfp_, conto_, dare_, avere_, cfpControp_, contoControp_,
+          diversi_, categoria_, commessa_, conferma_, elimina_, annulla_, visSaldo_});
 }
 
 QList<QAbstractButton*> RiquadroRiga::Pulsanti() const {
-  return {conferma_, elimina_, annulla_, visSaldo_};
+  return RiquadroDiRiga::Pulsanti() << visSaldo_;
+}
+
+bool RiquadroRiga::RigaAperta() const {
+  return primanota_.StatoCorrente() == Primanota::Stato::RigaAperta;
+}
+
+Scheda& RiquadroRiga::Riga() const {
+  return primanota_.Riga();
 }
 
 void RiquadroRiga::CampoLasciato(const QString& campo, bool cambiato) {
-  if (primanota_.StatoCorrente() != Primanota::Stato::RigaAperta) return;
+  if (!RigaAperta()) return;
   // A causal proposed by the program counts too when it is just passed through.
   if (!cambiato && campo != QLatin1String("Causale")) return;
   primanota_.RigaLasciata(campo.toStdString());
@@ -250,37 +225,23 @@ void RiquadroRiga::Entra() {
   }
 }
 
-void RiquadroRiga::PrendiFoco() {
-  FocoInVista(conferma_->isEnabled() ? conferma_ : annulla_);
-}
-
-bool RiquadroRiga::Pendente() const {
-  return primanota_.StatoCorrente() == Primanota::Stato::RigaAperta && legatura_->Pendente();
-}
-
-bool RiquadroRiga::Raccogli() {
-  return primanota_.StatoCorrente() != Primanota::Stato::RigaAperta || legatura_->Raccogli();
-}
-
-void RiquadroRiga::Conferma() {
-  if (!legatura_->Raccogli()) return;
-  const auto posi = primanota_.Riga().Leggi("Posi").Intero();
-  if (primanota_.ConfermaRiga()) {
-    emit Confermata(posi);
-    return;
-  }
+bool RiquadroRiga::ConfermaRiga() {
+  if (primanota_.ConfermaRiga()) return true;
   Mostra();
-  // Back to the first field that has something to put right.
   if (!causale_->Esiste()) {
     causale_->setFocus();
   } else if (!conto_->Esiste()) {
     conto_->setFocus();
   }
+  return false;
 }
 
-void RiquadroRiga::Elimina() {
-  const auto posi = primanota_.Riga().Leggi("Posi").Intero();
-  if (primanota_.EliminaRiga()) emit Eliminata(posi);
+bool RiquadroRiga::EliminaRiga() {
+  return primanota_.EliminaRiga();
+}
+
+void RiquadroRiga::AnnullaRiga() {
+  primanota_.AnnullaRiga();
 }
 
 void RiquadroRiga::VisSaldo() {

@@ -1,18 +1,13 @@
 // The row frame: the fields of one row of the registration, while it is open.
 #pragma once
 
-#include <QGroupBox>
-
 #include "ledger/Primanota.h"
-#include "screens/common/Finestre.h"
+#include "screens/common/RiquadroDiRiga.h"
 
-class QAbstractButton;
 class QCheckBox;
 class QComboBox;
 class QFrame;
 class QGridLayout;
-class QLabel;
-class QPushButton;
 
 namespace fenalto {
 
@@ -20,31 +15,24 @@ class CampoCodice;
 class CampoImporto;
 class CampoNumero;
 class CampoTesto;
-class Legatura;
 
-class RiquadroRiga : public QGroupBox {
+class RiquadroRiga : public RiquadroDiRiga {
   Q_OBJECT
 
  public:
   RiquadroRiga(Primanota& primanota, Finestre& finestre, QWidget* genitore = nullptr);
 
-  /// Shows the open row and takes the focus where work on it begins.
-  void Entra();
-  /// Puts the focus where an existing row is left from.
-  void PrendiFoco();
-  /// Shows the open row, and what may be done with it.
-  void Mostra();
-  /// Whether something typed isn't in the row yet.
-  [[nodiscard]] bool Pendente() const;
-  /// Takes what is typed; false when it can't be read (told).
-  bool Raccogli();
-  [[nodiscard]] QList<QAbstractButton*> Pulsanti() const;
+  void Entra() override;
+  void Mostra() override;
+  [[nodiscard]] QList<QAbstractButton*> Pulsanti() const override;
 
- signals:
-  /// The row was confirmed, deleted or given up; `posi` is its position.
-  void Confermata(qint64 posi);
-  void Eliminata(qint64 posi);
-  void Annullata();
+ protected:
+  [[nodiscard]] bool RigaAperta() const override;
+  [[nodiscard]] Scheda& Riga() const override;
+  bool ConfermaRiga() override;
+  bool EliminaRiga() override;
+  void AnnullaRiga() override;
+  void CampoLasciato(const QString& campo, bool cambiato) override;
 
  private:
   void CreaCampi();
@@ -53,17 +41,11 @@ class RiquadroRiga : public QGroupBox {
   QWidget* CreaContropartita();
   QFrame* CreaSaldo();
   void OrdineTab();
-  void Collega();
-  void CampoLasciato(const QString& campo, bool cambiato);
   /// Gives the account fields the source of the classes in the row.
   void ScegliFonti();
-  void Conferma();
-  void Elimina();
   void VisSaldo();
 
   Primanota& primanota_;
-  Finestre& finestre_;
-  Legatura* legatura_;
   CampoNumero* posi_;
   CampoCodice* causale_;
   CampoTesto* descrizione_;
@@ -77,13 +59,9 @@ class RiquadroRiga : public QGroupBox {
   QCheckBox* diversi_;
   CampoCodice* categoria_;
   CampoTesto* commessa_;
-  QLabel* quale_;
   QFrame* saldo_;
   QLabel* valoriSaldo_[4];
   QPushButton* visSaldo_;
-  QPushButton* conferma_;
-  QPushButton* elimina_;
-  QPushButton* annulla_;
   std::string classe_;  ///< that the source of `Conto` is for
   std::string classeControp_;
 };

@@ -23,15 +23,12 @@ QHBoxLayout* RigaCampi() {
 }  // namespace
 
 RiquadroRigaIva::RiquadroRigaIva(Fatture& fatture, Finestre& finestre, QWidget* genitore)
-    : QGroupBox(tr("Riga"), genitore), fatture_(fatture), finestre_(finestre) {
-  setObjectName(QStringLiteral("FrameRiga"));
-  legatura_ = new Legatura([this]() -> Scheda& { return fatture_.Riga(); },
-                           finestre_.Sessione().Dialogo(), this);
+    : RiquadroDiRiga(finestre, genitore), fatture_(fatture) {
   CreaCampi();
   setLayout(DisponiCampi());
   OrdineTab();
-  Collega();
-  hide();
+  ApriTabelle({conto_, codIva_, categoria_});
+  connect(scorpora_, &QPushButton::clicked, this, &RiquadroRigaIva::Scorpora);
 }
 
 void RiquadroRigaIva::CreaCampi() {
@@ -51,15 +48,7 @@ void RiquadroRigaIva::CreaCampi() {
   ivaInd_ = new CampoImporto(QStringLiteral("IvaInd"), nullptr, decimali);
   totale_ = new CampoImporto(QStringLiteral("Totale"), nullptr, decimali);
   totale_->setToolTip(tr("importo iva compresa, da scorporare"));
-  quale_ = new QLabel;
-  quale_->setObjectName(QStringLiteral("L_nuova_vecchiariga"));
-  QFont grassetto = quale_->font();
-  grassetto.setBold(true);
-  quale_->setFont(grassetto);
   scorpora_ = Pulsante(QStringLiteral("PulisciImporti"), tr("Scorpora il lordo"));
-  conferma_ = Pulsante(QStringLiteral("ConfermaRiga"), tr("Conferma riga"), tr("Ctrl+Invio"));
-  elimina_ = Pulsante(QStringLiteral("EliminaRiga"), tr("Elimina riga"), tr("Ctrl+Canc"));
-  annulla_ = Pulsante(QStringLiteral("AnnullaRiga"), tr("Abbandona riga"), tr("Esc"));
   for (QWidget* campo :
        std::initializer_list<QWidget*>{posi_, conto_, codIva_, descrizione_, categoria_, commessa_,
                                        imponibile_, iva_, ivaInd_, totale_}) {
@@ -122,38 +111,24 @@ QHBoxLayout* RiquadroRigaIva::DisponiPulsanti() {
 }
 
 void RiquadroRigaIva::OrdineTab() {
-  QWidget* prima = conto_;
-  for (QWidget* campo : std::initializer_list<QWidget*>{
-           codIva_, imponibile_, iva_, ivaInd_, descrizione_, categoria_, commessa_, conferma_,
-           elimina_, annulla_, totale_, scorpora_, posi_}) {
-    setTabOrder(prima, campo);
-    prima = campo;
-  }
-}
-
-void RiquadroRigaIva::Collega() {
-  for (auto* codice : {conto_, codIva_, categoria_}) {
-    connect(codice, &CampoCodice::EventoLibero, this,
-            [this](const QString& tabella, const QString& cod) {
-              finestre_.ApreFormDaEvLibero(tabella, cod);
-            });
-  }
-  connect(legatura_, &Legatura::Lasciato, this, &RiquadroRigaIva::CampoLasciato);
-  connect(scorpora_, &QPushButton::clicked, this, &RiquadroRigaIva::Scorpora);
-  connect(conferma_, &QPushButton::clicked, this, &RiquadroRigaIva::Conferma);
-  connect(elimina_, &QPushButton::clicked, this, &RiquadroRigaIva::Elimina);
-  connect(annulla_, &QPushButton::clicked, this, [this] {
-    fatture_.AnnullaRiga();
-    emit Annullata();
-  });
+  Ordina({conto_, codIva_, imponibile_, iva_, ivaInd_, descrizione_, categoria_, commessa_,
+          conferma_, elimina_, annulla_, totale_, scorpora_, posi_});
 }
 
 QList<QAbstractButton*> RiquadroRigaIva::Pulsanti() const {
-  return {conferma_, elimina_, annulla_, scorpora_};
+  return RiquadroDiRiga::Pulsanti() << scorpora_;
+}
+
+bool RiquadroRigaIva::RigaAperta() const {
+  return fatture_.StatoCorrente() == Fatture::Stato::RigaAperta;
+}
+
+Scheda& RiquadroRigaIva::Riga() const {
+  return fatture_.Riga();
 }
 
 void RiquadroRigaIva::CampoLasciato(const QString& campo, bool cambiato) {
-  if (!cambiato || fatture_.StatoCorrente() != Fatture::Stato::RigaAperta) return;
+  if (!cambiato || !RigaAperta()) return;
   fatture_.RigaLasciata(campo.toStdString());
   legatura_->Mostra();
 }
@@ -186,18 +161,6 @@ void RiquadroRigaIva::Entra() {
   }
 }
 
-void RiquadroRigaIva::PrendiFoco() {
-  FocoInVista(conferma_->isEnabled() ? conferma_ : annulla_);
-}
-
-bool RiquadroRigaIva::Pendente() const {
-  return fatture_.StatoCorrente() == Fatture::Stato::RigaAperta && legatura_->Pendente();
-}
-
-bool RiquadroRigaIva::Raccogli() {
-  return fatture_.StatoCorrente() != Fatture::Stato::RigaAperta || legatura_->Raccogli();
-}
-
 void RiquadroRigaIva::Scorpora() {
   if (!legatura_->Raccogli()) return;
   fatture_.PulisciImporti();
@@ -209,25 +172,23 @@ void RiquadroRigaIva::Scorpora() {
   }
 }
 
-void RiquadroRigaIva::Conferma() {
-  if (!legatura_->Raccogli()) return;
-  const auto posi = fatture_.Riga().Leggi("Posi").Intero();
+bool RiquadroRigaIva::ConfermaRiga() {
   std::string campo;
-  if (fatture_.ConfermaRiga(&campo)) {
-    emit Confermata(posi);
-    return;
-  }
+  if (fatture_.ConfermaRiga(&campo)) return true;
   Mostra();
-  // Back to what there is to put right.
   if (auto* controllo = findChild<QWidget*>(QString::fromStdString(campo));
       controllo != nullptr && !campo.empty()) {
     controllo->setFocus();
   }
+  return false;
 }
 
-void RiquadroRigaIva::Elimina() {
-  const auto posi = fatture_.Riga().Leggi("Posi").Intero();
-  if (fatture_.EliminaRiga()) emit Eliminata(posi);
+bool RiquadroRigaIva::EliminaRiga() {
+  return fatture_.EliminaRiga();
+}
+
+void RiquadroRigaIva::AnnullaRiga() {
+  fatture_.AnnullaRiga();
 }
 
 }  // namespace fenalto

@@ -1,16 +1,11 @@
 // The row frame of a VAT registration: the fields of one taxable row, while it is open.
 #pragma once
 
-#include <QGroupBox>
-
-#include "screens/common/Finestre.h"
+#include "screens/common/RiquadroDiRiga.h"
 #include "vat/Fatture.h"
 
-class QAbstractButton;
 class QGridLayout;
 class QHBoxLayout;
-class QLabel;
-class QPushButton;
 
 namespace fenalto {
 
@@ -18,45 +13,33 @@ class CampoCodice;
 class CampoImporto;
 class CampoNumero;
 class CampoTesto;
-class Legatura;
 
-class RiquadroRigaIva : public QGroupBox {
+class RiquadroRigaIva : public RiquadroDiRiga {
   Q_OBJECT
 
  public:
   RiquadroRigaIva(Fatture& fatture, Finestre& finestre, QWidget* genitore = nullptr);
 
-  /// Shows the open row and takes the focus where there is something to type.
-  void Entra();
-  /// Puts the focus where an existing row is left from.
-  void PrendiFoco();
-  void Mostra();
-  /// Whether something typed isn't in the row yet.
-  [[nodiscard]] bool Pendente() const;
-  /// Takes what is typed; false when it can't be read (told).
-  bool Raccogli();
-  [[nodiscard]] QList<QAbstractButton*> Pulsanti() const;
+  void Entra() override;
+  void Mostra() override;
+  [[nodiscard]] QList<QAbstractButton*> Pulsanti() const override;
 
- signals:
-  /// The row was confirmed or deleted; `posi` is the position that it had.
-  void Confermata(qint64 posi);
-  void Eliminata(qint64 posi);
-  void Annullata();
+ protected:
+  [[nodiscard]] bool RigaAperta() const override;
+  [[nodiscard]] Scheda& Riga() const override;
+  bool ConfermaRiga() override;
+  bool EliminaRiga() override;
+  void AnnullaRiga() override;
+  void CampoLasciato(const QString& campo, bool cambiato) override;
 
  private:
   void CreaCampi();
   QGridLayout* DisponiCampi();
   QHBoxLayout* DisponiPulsanti();
   void OrdineTab();
-  void Collega();
-  void CampoLasciato(const QString& campo, bool cambiato);
   void Scorpora();
-  void Conferma();
-  void Elimina();
 
   Fatture& fatture_;
-  Finestre& finestre_;
-  Legatura* legatura_;
   CampoNumero* posi_;
   CampoCodice* conto_;
   CampoCodice* codIva_;
@@ -67,11 +50,7 @@ class RiquadroRigaIva : public QGroupBox {
   CampoImporto* iva_;
   CampoImporto* ivaInd_;
   CampoImporto* totale_;
-  QLabel* quale_;
   QPushButton* scorpora_;
-  QPushButton* conferma_;
-  QPushButton* elimina_;
-  QPushButton* annulla_;
 };
 
 }  // namespace fenalto
