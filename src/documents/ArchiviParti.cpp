@@ -17,7 +17,7 @@ namespace fenalto {
 namespace {
 
 /// Greatest length of a party's code: the place it has on lists and in the bank's files.
-constexpr int kCaratteriCodice = 6;
+constexpr int kCaratteriCodice = 10;
 
 // Extra fields that no control shows.
 constexpr const char* kContoPrima = "ContoPrima";     ///< summary account as stored

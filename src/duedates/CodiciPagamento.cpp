@@ -176,7 +176,7 @@ bool FebbraioTagliato(const CodicePagamento& codice, std::size_t indice, Data da
 
 }  // namespace
 
-DescrizioneArchivio DescrizioneCodiciPagamento(std::shared_ptr<RateCodice> rate) {
+DescrizioneArchivio DescrizioneCodiciPagamento(const std::shared_ptr<RateCodice>& rate) {
   DescrizioneArchivio codici;
   codici.finestra = "CodiciPagamento";
   codici.titolo = "Archivio Codici pagamento";

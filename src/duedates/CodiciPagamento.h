@@ -11,7 +11,7 @@
 namespace fenalto {
 
 /// `CodiciPagamento`. The window owns `rate` too, and shows it beside the record.
-DescrizioneArchivio DescrizioneCodiciPagamento(std::shared_ptr<RateCodice> rate);
+DescrizioneArchivio DescrizioneCodiciPagamento(const std::shared_ptr<RateCodice>& rate);
 
 /// One due date that a code gives in the test of its form.
 struct RigaProva {
