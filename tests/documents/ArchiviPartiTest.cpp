@@ -142,7 +142,7 @@ TEST_F(ArchiviPartiTest, Rifiuti) {
   };
   const std::vector<Caso> casi = {
       {{}, "inserire un codice", "Cod"},
-      {{{"Cod", "1234567"}}, "il codice può avere al più 6 caratteri", "Cod"},
+      {{{"Cod", "12345678901"}}, "il codice può avere al più 10 caratteri", "Cod"},
       {{{"Cod", "9000"}, {"Conto", " "}}, "manca conto riepilogativo", "Conto"},
       {{{"Cod", "9000"}, {"Conto", "400.001"}},
        "il conto 400.001 non è un riepilogativo di classe C",
