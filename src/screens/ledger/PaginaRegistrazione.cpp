@@ -41,20 +41,21 @@ CampoImporto* Totale(const char* nome, int decimali) {
 
 PaginaRegistrazione::PaginaRegistrazione(Primanota& primanota, Finestre& finestre,
                                          QWidget* genitore)
-    : QWidget(genitore), primanota_(primanota), finestre_(finestre) {
-  legatura_ = new Legatura([this]() -> Scheda& { return primanota_.Testa(); },
-                           finestre_.Sessione().Dialogo(), this);
-  riga_ = new RiquadroRiga(primanota_, finestre_);
+    : PaginaConRighe(finestre, genitore), primanota_(primanota) {
+  constexpr int kRigheMinime = 4;
+  Usa(CreaGriglia(), kRigheMinime, new RiquadroRiga(primanota_, finestre_));
   allegati_ = new PannelloAllegati(primanota_, finestre_);
   CreaCampi();
-  CreaGriglia();
   auto* colonna = new QVBoxLayout(this);
   colonna->addWidget(CreaTestata());
   colonna->addWidget(solaLettura_);
   colonna->addWidget(righe_, 1);
   colonna->addWidget(riga_);
   colonna->addWidget(CreaPiede());
-  Collega();
+  connect(automatiche_, &QCheckBox::clicked, this, [this](bool attive) {
+    primanota_.ContropAutomatiche(attive);
+    Mostra();
+  });
   AssegnaMnemoniche(QList<QAbstractButton*>{conferma_, nuovaRiga_, elimina_} + riga_->Pulsanti() +
                     QList<QAbstractButton*>{annulla_} + allegati_->Pulsanti());
 }
@@ -76,41 +77,29 @@ void PaginaRegistrazione::CreaCampi() {
   duplicabile_->setToolTip(tr("la registrazione si offre come modello per quelle nuove"));
   descrizione_ = new CampoTesto(QStringLiteral("DescrArtDupl"));
   descrizione_->setPlaceholderText(tr("nome nell'elenco delle registrazioni duplicabili"));
-  solaLettura_ = EtichettaDati("AvvisoSolaLettura");
   solaLettura_->setText(tr("Registrazione in modifica altrove: si può consultare, non cambiare."));
-  QFont grassetto = solaLettura_->font();
-  grassetto.setBold(true);
-  solaLettura_->setFont(grassetto);
   totDare_ = Totale("TotDare", decimali);
   totAvere_ = Totale("TotAvere", decimali);
   sbilancio_ = Totale("Sbilancio", decimali);
-  nuovaRiga_ = Pulsante(QStringLiteral("PNuovaRiga"), tr("Nuova riga"), tr("Ins"));
-  conferma_ = Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"));
-  elimina_ = Pulsante(QStringLiteral("Elimina"), tr("Elimina"), tr("Ctrl+Canc"));
-  annulla_ = Pulsante(QStringLiteral("Annulla"), tr("Annulla"), tr("Esc"));
   for (QWidget* campo :
        std::initializer_list<QWidget*>{numero_, data_, duplicabile_, descrizione_, probabile_}) {
     legatura_->Lega(campo);
   }
 }
 
-void PaginaRegistrazione::CreaGriglia() {
-  righe_ = new Griglia(QStringLiteral("GrigliaRighe"), QStringLiteral("Movimenti"),
-                       {{tr("Posi"), Tipo::Intero, 50},
-                        {tr("Causale"), Tipo::Testo, 60},
-                        {tr("Descr. causale"), Tipo::Testo, 130},
-                        {tr("Descrizione"), Tipo::Testo, 170},
-                        {tr("CFP"), Tipo::Testo, 40},
-                        {tr("Conto"), Tipo::Testo, 80},
-                        {tr("Descr. conto"), Tipo::Testo, 180},
-                        {tr("Dare"), Tipo::Importo, 100},
-                        {tr("Avere"), Tipo::Importo, 100},
-                        {tr("Controp."), Tipo::Testo, 80},
-                        {tr("Diversi"), Tipo::Booleano, 50}});
-  righe_->Modello().Decimali(finestre_.Sessione().Euro() ? 2 : 0);
-  righe_->setToolTip(tr("clic o Invio su una riga la apre"));
-  constexpr int kRigheMinime = 4;
-  righe_->setMinimumHeight(righe_->fontMetrics().height() * (kRigheMinime + 2));
+Griglia* PaginaRegistrazione::CreaGriglia() {
+  return new Griglia(QStringLiteral("GrigliaRighe"), QStringLiteral("Movimenti"),
+                     {{tr("Posi"), Tipo::Intero, 50},
+                      {tr("Causale"), Tipo::Testo, 60},
+                      {tr("Descr. causale"), Tipo::Testo, 130},
+                      {tr("Descrizione"), Tipo::Testo, 170},
+                      {tr("CFP"), Tipo::Testo, 40},
+                      {tr("Conto"), Tipo::Testo, 80},
+                      {tr("Descr. conto"), Tipo::Testo, 180},
+                      {tr("Dare"), Tipo::Importo, 100},
+                      {tr("Avere"), Tipo::Importo, 100},
+                      {tr("Controp."), Tipo::Testo, 80},
+                      {tr("Diversi"), Tipo::Booleano, 50}});
 }
 
 QWidget* PaginaRegistrazione::CreaTestata() {
@@ -170,47 +159,24 @@ QWidget* PaginaRegistrazione::CreaPiede() {
   return piede;
 }
 
-void PaginaRegistrazione::Collega() {
-  connect(legatura_, &Legatura::Lasciato, this, &PaginaRegistrazione::CampoLasciato);
-  connect(automatiche_, &QCheckBox::clicked, this, [this](bool attive) {
-    primanota_.ContropAutomatiche(attive);
-    Mostra();
-  });
-  connect(righe_, &Griglia::RigaScelta, this, &PaginaRegistrazione::ApriRiga);
-  // The first click has opened the row, the second has taken the focus to the grid.
-  connect(righe_, &Griglia::RigaDoppioClic, this, [this](int indice) {
-    ApriRiga(indice);
-    if (riga_->isVisible()) riga_->PrendiFoco();
-  });
-  connect(riga_, &RiquadroRiga::Confermata, this, &PaginaRegistrazione::DopoRiga);
-  connect(riga_, &RiquadroRiga::Eliminata, this, &PaginaRegistrazione::DopoRiga);
-  connect(riga_, &RiquadroRiga::Annullata, this, [this] { DopoRiga(0); });
-  connect(nuovaRiga_, &QPushButton::clicked, this, &PaginaRegistrazione::NuovaRiga);
-  connect(conferma_, &QPushButton::clicked, this, &PaginaRegistrazione::Conferma);
-  connect(elimina_, &QPushButton::clicked, this, &PaginaRegistrazione::Elimina);
-  connect(annulla_, &QPushButton::clicked, this, &PaginaRegistrazione::AbbandonoChiesto);
+Scheda& PaginaRegistrazione::Testa() const {
+  return primanota_.Testa();
 }
 
-void PaginaRegistrazione::CampoLasciato(const QString& campo, bool cambiato,
-                                        Qt::FocusReason motivo) {
-  if (primanota_.StatoCorrente() == Primanota::Stato::Inattiva) return;
-  // The date is checked each time that it is typed, and once when the user passes through it.
-  const bool diData = campo == QLatin1String("Dt");
-  const Data valore = diData ? primanota_.Testa().Leggi("Dt").Data() : Data();
-  const bool passata = diData && valore != dataVista_ &&
-                       (motivo == Qt::TabFocusReason || motivo == Qt::BacktabFocusReason);
-  if (!cambiato && !passata) return;
-  if (diData) dataVista_ = valore;
-  primanota_.TestaLasciata(campo.toStdString());
-  Mostra();
+bool PaginaRegistrazione::Aperta() const {
+  return primanota_.StatoCorrente() != Primanota::Stato::Inattiva;
 }
 
-bool PaginaRegistrazione::Raccogli() {
-  return legatura_->Raccogli() && riga_->Raccogli();
+bool PaginaRegistrazione::Nuova() const {
+  return primanota_.Nuova();
 }
 
-bool PaginaRegistrazione::Pendente() const {
-  return legatura_->Pendente() || riga_->Pendente();
+bool PaginaRegistrazione::RigaAperta() const {
+  return primanota_.StatoCorrente() == Primanota::Stato::RigaAperta;
+}
+
+void PaginaRegistrazione::TestaLasciata(const std::string& campo) {
+  primanota_.TestaLasciata(campo);
 }
 
 // --- What is shown ----------------------------------------------------------------------------
@@ -231,31 +197,20 @@ void PaginaRegistrazione::Mostra() {
   const bool altroAnno = !registrata.Nulla() && registrata.Anno() != testa.Leggi("Anno").Intero();
   avvisoData_->setText(altroAnno ? tr("data di un altro anno") : QString());
   automatiche_->setChecked(primanota_.ContropAutomatiche());
-  MostraRighe();
+  MostraElencoRighe();
   MostraTotali();
   allegati_->Mostra();
-  const bool rigaAperta = primanota_.StatoCorrente() == Primanota::Stato::RigaAperta;
-  if (rigaAperta) riga_->Mostra();
-  riga_->setVisible(rigaAperta);
+  MostraRiquadro();
 }
 
-void PaginaRegistrazione::MostraRighe() {
+void PaginaRegistrazione::MostraElencoRighe() {
   std::vector<std::vector<Valore>> righe;
   for (const auto& riga : primanota_.Righe()) {
     righe.push_back({riga.posi, riga.causale, riga.descrCausale, riga.descrizione, riga.cfp,
                      riga.conto, riga.descrConto, riga.impoDare, riga.impoAvere, riga.contoControp,
                      riga.diversiControp, riga.num});
   }
-  const int corrente = righe_->RigaCorrente();
-  const auto posi = corrente >= 0 ? righe_->Modello().Riga(corrente).front().Intero() : 0;
-  righe_->Modello().Righe(std::move(righe));
-  VaiAPosizione(posi);
-}
-
-void PaginaRegistrazione::VaiAPosizione(std::int64_t posi) {
-  for (int i = 0; i < righe_->Modello().rowCount(); ++i) {
-    if (righe_->Modello().Riga(i).front().Intero() == posi) righe_->VaiARiga(i);
-  }
+  MostraRighe(std::move(righe));
 }
 
 void PaginaRegistrazione::MostraTotali() {
@@ -265,15 +220,8 @@ void PaginaRegistrazione::MostraTotali() {
   ColoraErrato(sbilancio_, !primanota_.Sbilancio().Zero());
 }
 
-void PaginaRegistrazione::Entra() {
-  dataVista_ = Data();
-  Mostra();
-  if (primanota_.Nuova()) {
-    data_->setFocus();
-  } else {
-    righe_->setFocus();
-    righe_->VaiARiga(0);
-  }
+void PaginaRegistrazione::FocoData() {
+  data_->setFocus();
 }
 
 // --- Rows -------------------------------------------------------------------------------------
@@ -290,40 +238,22 @@ void PaginaRegistrazione::NuovaRiga() {
   riga_->Entra();
 }
 
-void PaginaRegistrazione::DopoRiga(qint64 posi) {
-  Mostra();
-  VaiAPosizione(posi);
-  if (nuovaRiga_->isEnabled()) {
-    FocoInVista(nuovaRiga_);
-  } else {
-    righe_->setFocus();
-  }
-}
-
-bool PaginaRegistrazione::AnnullaRiga() {
-  if (primanota_.StatoCorrente() != Primanota::Stato::RigaAperta) return false;
+void PaginaRegistrazione::RinunciaRiga() {
   primanota_.AnnullaRiga();
-  DopoRiga(0);
-  return true;
 }
 
 // --- Registration -----------------------------------------------------------------------------
 
-void PaginaRegistrazione::Conferma() {
-  if (!Raccogli()) return;
-  if (primanota_.Conferma()) {
-    emit Confermata(primanota_.NumeroConfermato());
-  } else {
-    Mostra();
-  }
+std::optional<std::int64_t> PaginaRegistrazione::ConfermaRegistrazione() {
+  if (primanota_.Conferma()) return primanota_.NumeroConfermato();
+  Mostra();
+  return std::nullopt;
 }
 
-void PaginaRegistrazione::Elimina() {
-  if (primanota_.Elimina()) {
-    emit Eliminata();
-  } else {
-    Mostra();
-  }
+bool PaginaRegistrazione::EliminaRegistrazione() {
+  if (primanota_.Elimina()) return true;
+  Mostra();
+  return false;
 }
 
 }  // namespace fenalto

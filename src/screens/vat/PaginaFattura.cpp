@@ -24,29 +24,17 @@ bool SenzaImporti(const RigaIva& riga) {
 }  // namespace
 
 PaginaFattura::PaginaFattura(Fatture& fatture, Finestre& finestre, QWidget* genitore)
-    : QWidget(genitore), fatture_(fatture), finestre_(finestre) {
-  legatura_ = new Legatura([this]() -> Scheda& { return fatture_.Testa(); },
-                           finestre_.Sessione().Dialogo(), this);
+    : PaginaConRighe(finestre, genitore), fatture_(fatture) {
   testa_ = new TestaFattura(fatture_, finestre_, *legatura_);
   opzioni_ = new PannelloOpzioni(fatture_, finestre_, *legatura_);
   contabile_ = new PannelloContabile(fatture_, finestre_, *legatura_);
-  riga_ = new RiquadroRigaIva(fatture_, finestre_);
-  solaLettura_ = new QLabel;
-  solaLettura_->setObjectName(QStringLiteral("AvvisoSolaLettura"));
-  solaLettura_->setTextFormat(Qt::PlainText);
+  constexpr int kRigheMinime = 3;
+  Usa(CreaGriglia(), kRigheMinime, new RiquadroRigaIva(fatture_, finestre_));
   solaLettura_->setWordWrap(true);
-  QFont grassetto = solaLettura_->font();
-  grassetto.setBold(true);
-  solaLettura_->setFont(grassetto);
   proposta_ = new QLabel;
   proposta_->setObjectName(QStringLiteral("RigheProponibili"));
   proponi_ = Pulsante(QStringLiteral("ProponiRighe"), tr("Proponi le righe"), tr("F6"));
-  nuovaRiga_ = Pulsante(QStringLiteral("PNuovaRiga"), tr("Nuova riga"), tr("Ins"));
-  conferma_ = Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"));
-  elimina_ = Pulsante(QStringLiteral("Elimina"), tr("Elimina"), tr("Ctrl+Canc"));
-  annulla_ = Pulsante(QStringLiteral("Annulla"), tr("Annulla"), tr("Esc"));
   legatura_->Rinuncia(annulla_);
-  CreaGriglia();
   auto* destra = new QVBoxLayout;
   destra->addWidget(opzioni_);
   destra->addWidget(contabile_, 1);
@@ -60,27 +48,23 @@ PaginaFattura::PaginaFattura(Fatture& fatture, Finestre& finestre, QWidget* geni
   colonna->addLayout(corpo, 1);
   colonna->addLayout(DisponiPiede());
   OrdineTab();
-  Collega();
+  connect(proponi_, &QPushButton::clicked, this, &PaginaFattura::ProponiRighe);
   AssegnaMnemoniche(QList<QAbstractButton*>{conferma_, nuovaRiga_, proponi_, elimina_} +
                     riga_->Pulsanti() + QList<QAbstractButton*>{annulla_});
 }
 
-void PaginaFattura::CreaGriglia() {
-  righe_ = new Griglia(QStringLiteral("GrigliaRighe"), QStringLiteral("Fatture"),
-                       {{tr("Posi"), Tipo::Intero, 40},
-                        {tr("Conto"), Tipo::Testo, 75},
-                        {tr("Descr. conto"), Tipo::Testo, 125},
-                        {tr("Cod. iva"), Tipo::Testo, 55},
-                        {tr("Imponibile"), Tipo::Importo, 90},
-                        {tr("Iva"), Tipo::Importo, 72},
-                        {tr("Iva indetr."), Tipo::Importo, 72},
-                        {tr("Descrizione"), Tipo::Testo, 110},
-                        {tr("Categoria"), Tipo::Testo, 65},
-                        {tr("Commessa"), Tipo::Testo, 65}});
-  righe_->Modello().Decimali(finestre_.Sessione().Euro() ? 2 : 0);
-  righe_->setToolTip(tr("clic o Invio su una riga la apre"));
-  constexpr int kRigheMinime = 3;
-  righe_->setMinimumHeight(righe_->fontMetrics().height() * (kRigheMinime + 2));
+Griglia* PaginaFattura::CreaGriglia() {
+  return new Griglia(QStringLiteral("GrigliaRighe"), QStringLiteral("Fatture"),
+                     {{tr("Posi"), Tipo::Intero, 40},
+                      {tr("Conto"), Tipo::Testo, 75},
+                      {tr("Descr. conto"), Tipo::Testo, 125},
+                      {tr("Cod. iva"), Tipo::Testo, 55},
+                      {tr("Imponibile"), Tipo::Importo, 90},
+                      {tr("Iva"), Tipo::Importo, 72},
+                      {tr("Iva indetr."), Tipo::Importo, 72},
+                      {tr("Descrizione"), Tipo::Testo, 110},
+                      {tr("Categoria"), Tipo::Testo, 65},
+                      {tr("Commessa"), Tipo::Testo, 65}});
 }
 
 QVBoxLayout* PaginaFattura::DisponiSinistra() {
@@ -119,46 +103,24 @@ void PaginaFattura::OrdineTab() {
   for (int i = 1; i < ordine.size(); ++i) setTabOrder(ordine[i - 1], ordine[i]);
 }
 
-void PaginaFattura::Collega() {
-  connect(legatura_, &Legatura::Lasciato, this, &PaginaFattura::CampoLasciato);
-  connect(righe_, &Griglia::RigaScelta, this, &PaginaFattura::ApriRiga);
-  // The first click has opened the row, the second has taken the focus to the grid.
-  connect(righe_, &Griglia::RigaDoppioClic, this, [this](int indice) {
-    ApriRiga(indice);
-    if (riga_->isVisible()) riga_->PrendiFoco();
-  });
-  connect(riga_, &RiquadroRigaIva::Confermata, this, &PaginaFattura::DopoRiga);
-  connect(riga_, &RiquadroRigaIva::Eliminata, this, &PaginaFattura::DopoRiga);
-  connect(riga_, &RiquadroRigaIva::Annullata, this, [this] {
-    percorre_ = false;
-    DopoRiga(0);
-  });
-  connect(proponi_, &QPushButton::clicked, this, &PaginaFattura::ProponiRighe);
-  connect(nuovaRiga_, &QPushButton::clicked, this, &PaginaFattura::NuovaRiga);
-  connect(conferma_, &QPushButton::clicked, this, &PaginaFattura::Conferma);
-  connect(elimina_, &QPushButton::clicked, this, &PaginaFattura::Elimina);
-  connect(annulla_, &QPushButton::clicked, this, &PaginaFattura::AbbandonoChiesto);
+Scheda& PaginaFattura::Testa() const {
+  return fatture_.Testa();
 }
 
-void PaginaFattura::CampoLasciato(const QString& campo, bool cambiato, Qt::FocusReason motivo) {
-  if (fatture_.StatoCorrente() < Fatture::Stato::Aperta) return;
-  // The date is checked each time that it is typed, and once when the user passes through it.
-  const bool diData = campo == QLatin1String("Dt");
-  const Data valore = diData ? fatture_.Testa().Leggi("Dt").Data() : Data();
-  const bool passata = diData && valore != dataVista_ &&
-                       (motivo == Qt::TabFocusReason || motivo == Qt::BacktabFocusReason);
-  if (!cambiato && !passata) return;
-  if (diData) dataVista_ = valore;
-  fatture_.TestaLasciata(campo.toStdString());
-  Mostra();
+bool PaginaFattura::Aperta() const {
+  return fatture_.StatoCorrente() >= Fatture::Stato::Aperta;
 }
 
-bool PaginaFattura::Raccogli() {
-  return legatura_->Raccogli() && riga_->Raccogli();
+bool PaginaFattura::Nuova() const {
+  return fatture_.Nuova();
 }
 
-bool PaginaFattura::Pendente() const {
-  return legatura_->Pendente() || riga_->Pendente();
+bool PaginaFattura::RigaAperta() const {
+  return fatture_.StatoCorrente() == Fatture::Stato::RigaAperta;
+}
+
+void PaginaFattura::TestaLasciata(const std::string& campo) {
+  fatture_.TestaLasciata(campo);
 }
 
 bool PaginaFattura::Ripeti(QWidget* campo) {
@@ -177,8 +139,7 @@ bool PaginaFattura::Ripeti(QWidget* campo) {
 
 void PaginaFattura::Mostra() {
   const bool scrivibile = !fatture_.SolaLettura();
-  const bool rigaAperta = fatture_.StatoCorrente() == Fatture::Stato::RigaAperta;
-  nuovaRiga_->setEnabled(scrivibile && !rigaAperta);
+  nuovaRiga_->setEnabled(scrivibile && !RigaAperta());
   conferma_->setEnabled(scrivibile);
   elimina_->setEnabled(scrivibile && !fatture_.Nuova());
   contabile_->TotaleDigitato()->setEnabled(scrivibile);
@@ -188,28 +149,24 @@ void PaginaFattura::Mostra() {
   testa_->Mostra();
   opzioni_->Mostra();
   legatura_->Mostra();
-  MostraRighe();
+  MostraElencoRighe();
   MostraProposta();
   contabile_->Mostra();
-  if (rigaAperta) riga_->Mostra();
-  riga_->setVisible(rigaAperta);
+  MostraRiquadro();
 }
 
 std::string PaginaFattura::DescrittoConto(const std::string& conto) {
   return NzStr(finestre_.Sessione().Cerca("tessarc", "Conti", {{"Cod", conto}}, "Descrizione"));
 }
 
-void PaginaFattura::MostraRighe() {
+void PaginaFattura::MostraElencoRighe() {
   std::vector<std::vector<Valore>> righe;
   for (const auto& riga : fatture_.Righe()) {
     righe.push_back({riga.posi, riga.conto, DescrittoConto(riga.conto), riga.codIva,
                      riga.imponibile, riga.iva, riga.ivaInd, riga.descrizione, riga.categoria,
                      riga.commessa});
   }
-  const int corrente = righe_->RigaCorrente();
-  const auto posi = corrente >= 0 ? righe_->Modello().Riga(corrente).front().Intero() : 0;
-  righe_->Modello().Righe(std::move(righe));
-  VaiAPosizione(posi);
+  MostraRighe(std::move(righe));
 }
 
 void PaginaFattura::MostraProposta() {
@@ -220,23 +177,14 @@ void PaginaFattura::MostraProposta() {
                                  : tr("l'ultima registrazione ha %1 righe").arg(quante));
 }
 
-void PaginaFattura::VaiAPosizione(std::int64_t posi) {
-  for (int i = 0; i < righe_->Modello().rowCount(); ++i) {
-    if (righe_->Modello().Riga(i).front().Intero() == posi) righe_->VaiARiga(i);
-  }
-}
-
 void PaginaFattura::Entra() {
-  dataVista_ = Data();
   percorre_ = false;
   contabile_->Dimentica();
-  Mostra();
-  if (fatture_.Nuova()) {
-    testa_->FocoData();
-  } else {
-    righe_->setFocus();
-    righe_->VaiARiga(0);
-  }
+  PaginaConRighe::Entra();
+}
+
+void PaginaFattura::FocoData() {
+  testa_->FocoData();
 }
 
 // --- Rows -------------------------------------------------------------------------------------
@@ -244,7 +192,7 @@ void PaginaFattura::Entra() {
 void PaginaFattura::ApriRiga(int indice) {
   if (!legatura_->Raccogli()) return;
   const auto posi = righe_->Modello().Riga(indice).front().Intero();
-  if (fatture_.StatoCorrente() == Fatture::Stato::RigaAperta) {
+  if (RigaAperta()) {
     if (fatture_.Riga().Leggi("Posi").Intero() == posi && !fatture_.RigaNuova()) return;
     if (riga_->Pendente() || fatture_.Riga().Modificata()) {
       finestre_.Sessione().Dialogo().Messaggio("confermare o annullare prima la riga",
@@ -291,24 +239,17 @@ void PaginaFattura::ProponiRighe() {
 
 void PaginaFattura::DopoRiga(qint64 posi) {
   if (percorre_ && ApriProposta(posi)) return;
-  const bool percorse = std::exchange(percorre_, false);
-  Mostra();
-  VaiAPosizione(posi);
-  if (percorse) {
-    FocoInVista(conferma_);
-  } else if (nuovaRiga_->isEnabled()) {
-    FocoInVista(nuovaRiga_);
-  } else {
-    righe_->setFocus();
-  }
+  PaginaConRighe::DopoRiga(posi);
+  if (std::exchange(percorre_, false)) FocoInVista(conferma_);
 }
 
-bool PaginaFattura::AnnullaRiga() {
-  if (fatture_.StatoCorrente() != Fatture::Stato::RigaAperta) return false;
-  fatture_.AnnullaRiga();
+void PaginaFattura::DopoRinuncia() {
   percorre_ = false;
-  DopoRiga(0);
-  return true;
+  PaginaConRighe::DopoRinuncia();
+}
+
+void PaginaFattura::RinunciaRiga() {
+  fatture_.AnnullaRiga();
 }
 
 // --- Registration -----------------------------------------------------------------------------
@@ -324,24 +265,19 @@ void PaginaFattura::VaiA(const std::string& campo) {
   }
 }
 
-void PaginaFattura::Conferma() {
-  if (!Raccogli()) return;
+std::optional<std::int64_t> PaginaFattura::ConfermaRegistrazione() {
   std::string campo;
-  if (fatture_.Conferma(&campo)) {
-    emit Confermata(fatture_.NumeroConfermato());
-    return;
-  }
+  if (fatture_.Conferma(&campo)) return fatture_.NumeroConfermato();
   Mostra();
   VaiA(campo);
+  return std::nullopt;
 }
 
-void PaginaFattura::Elimina() {
-  if (!Raccogli()) return;
-  if (fatture_.Elimina()) {
-    emit Eliminata();
-  } else {
-    Mostra();
-  }
+bool PaginaFattura::EliminaRegistrazione() {
+  if (!Raccogli()) return false;
+  if (fatture_.Elimina()) return true;
+  Mostra();
+  return false;
 }
 
 }  // namespace fenalto

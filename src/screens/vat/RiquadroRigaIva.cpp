@@ -147,18 +147,19 @@ void RiquadroRigaIva::Mostra() {
 void RiquadroRigaIva::Entra() {
   Mostra();
   show();
-  const auto& riga = fatture_.Riga();
-  if (!conferma_->isEnabled()) {
-    PrendiFoco();
-  } else if (riga.Testo("Conto").empty()) {
-    conto_->setFocus();
-  } else if (riga.Testo("CodIva").empty()) {
-    codIva_->setFocus();
-  } else if (riga.Leggi("Imponibile").Importo().Zero()) {
-    imponibile_->setFocus();
+  auto* vuoto = conferma_->isEnabled() ? PrimoVuoto() : nullptr;
+  if (vuoto != nullptr) {
+    vuoto->setFocus();
   } else {
     PrendiFoco();
   }
+}
+
+QWidget* RiquadroRigaIva::PrimoVuoto() const {
+  const auto& riga = fatture_.Riga();
+  if (riga.Testo("Conto").empty()) return conto_;
+  if (riga.Testo("CodIva").empty()) return codIva_;
+  return riga.Leggi("Imponibile").Importo().Zero() ? imponibile_ : nullptr;
 }
 
 void RiquadroRigaIva::Scorpora() {

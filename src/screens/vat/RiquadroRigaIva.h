@@ -37,6 +37,8 @@ class RiquadroRigaIva : public RiquadroDiRiga {
   QGridLayout* DisponiCampi();
   QHBoxLayout* DisponiPulsanti();
   void OrdineTab();
+  /// The first field that an accepted row can't be without and is empty; null when none is.
+  [[nodiscard]] QWidget* PrimoVuoto() const;
   void Scorpora();
 
   Fatture& fatture_;
