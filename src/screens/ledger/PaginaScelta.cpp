@@ -5,10 +5,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "screens/common/Campi.h"
 #include "screens/common/Disposizione.h"
 #include "screens/common/FunzioniCorrelate.h"
 #include "screens/common/Griglia.h"
+#include "screens/common/SelettoreArticolo.h"
 #include "screens/ledger/ElencoRegistrazioni.h"
 
 namespace fenalto {
@@ -48,10 +48,7 @@ constexpr FunzioneCorrelata kAltriModi[] = {
 }  // namespace
 
 PaginaScelta::PaginaScelta(Finestre& finestre, QWidget* genitore)
-    : QWidget(genitore),
-      finestre_(finestre),
-      selettore_(new CampoNumero(QStringLiteral("Rt1"))),
-      descrizione_(new QLabel) {
+    : QWidget(genitore), finestre_(finestre) {
   auto* griglia = new QGridLayout(this);
   griglia->addWidget(CreaSelettore(), 0, 0, 1, 2);
   riquadroElenco_ = CreaElenco();
@@ -70,18 +67,17 @@ QWidget* PaginaScelta::CreaSelettore() {
   auto* riga = new QWidget;
   auto* disposizione = new QHBoxLayout(riga);
   disposizione->setContentsMargins(0, 0, 0, 0);
-  constexpr int kCifre = 10;
-  LargoCaratteri(selettore_, kCifre);
-  descrizione_->setObjectName(QStringLiteral("Rt1Descrizione"));
-  descrizione_->setTextFormat(Qt::PlainText);
-  auto* apri = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel numero"));
-  disposizione->addWidget(Didascalia(tr("Articolo n."), selettore_));
-  disposizione->addWidget(selettore_);
-  disposizione->addWidget(apri);
-  disposizione->addWidget(descrizione_, 1);
-  connect(selettore_, &QLineEdit::textChanged, this, &PaginaScelta::Descrivi);
-  connect(apri, &QPushButton::clicked, this, &PaginaScelta::Apri);
-  pulsanti_ << apri;
+  selettore_ = new SelettoreArticolo(
+      [this](std::int64_t numero) {
+        const QString testo = elenco_->Descrizione(numero);
+        return testo.isEmpty() ? tr("nel %1 non c'è una registrazione non iva con questo numero")
+                                     .arg(finestre_.Sessione().Anno())
+                               : testo;
+      },
+      this);
+  connect(selettore_, &SelettoreArticolo::ApriChiesto, this, &PaginaScelta::ApriChiesto);
+  selettore_->Disponi(*disposizione, 1);
+  pulsanti_ << selettore_->PulsanteApri();
   return riga;
 }
 
@@ -93,7 +89,7 @@ QGroupBox* PaginaScelta::CreaElenco() {
   connect(elenco_, &ElencoRegistrazioni::Indicato, this, &PaginaScelta::Seleziona);
   connect(elenco_, &ElencoRegistrazioni::Scelto, this, [this](qint64 numero) {
     Seleziona(numero);
-    Apri();
+    selettore_->Apri();
   });
   return riquadro;
 }
@@ -163,44 +159,19 @@ QGroupBox* PaginaScelta::CreaCorrelate() {
 
 void PaginaScelta::Aggiorna() {
   elenco_->Ricarica();
-  Descrivi();
+  selettore_->Descrivi();
 }
 
 void PaginaScelta::Seleziona(std::int64_t numero) {
-  selettore_->Mostra(Valore(numero));
+  selettore_->Seleziona(numero);
 }
 
 void PaginaScelta::FocoSelettore() {
-  selettore_->setFocus();
+  selettore_->Foco();
 }
 
 void PaginaScelta::FocoNuovo() {
   FocoInVista(nuovo_);
-}
-
-void PaginaScelta::Descrivi() {
-  const auto letto = selettore_->Letto();
-  if (!letto) {
-    descrizione_->setText(QString::fromStdString(letto.Errore().messaggio));
-    return;
-  }
-  const auto numero = letto.Valore().Intero();
-  const QString testo = numero == 0 ? QString() : elenco_->Descrizione(numero);
-  descrizione_->setText(numero != 0 && testo.isEmpty()
-                            ? tr("nel %1 non c'è una registrazione non iva con questo numero")
-                                  .arg(finestre_.Sessione().Anno())
-                            : testo);
-}
-
-void PaginaScelta::Apri() {
-  Descrivi();
-  const auto letto = selettore_->Letto();
-  const std::int64_t numero = letto ? letto.Valore().Intero() : 0;
-  if (numero > 0) {
-    emit ApriChiesto(numero);
-  } else {
-    selettore_->setFocus();
-  }
 }
 
 void PaginaScelta::MostraModelli(const std::vector<ModelloPrimanota>& modelli) {

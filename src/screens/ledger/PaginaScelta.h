@@ -15,9 +15,9 @@ class QVBoxLayout;
 
 namespace fenalto {
 
-class CampoNumero;
 class ElencoRegistrazioni;
 class Griglia;
+class SelettoreArticolo;
 
 class PaginaScelta : public QWidget {
   Q_OBJECT
@@ -50,12 +50,9 @@ class PaginaScelta : public QWidget {
   QGroupBox* CreaModi();
   QGroupBox* CreaModelli();
   QGroupBox* CreaCorrelate();
-  void Descrivi();
-  void Apri();
 
   Finestre& finestre_;
-  CampoNumero* selettore_;
-  QLabel* descrizione_;
+  SelettoreArticolo* selettore_;
   QPushButton* nuovo_;
   ElencoRegistrazioni* elenco_;
   Griglia* modelli_;

@@ -12,6 +12,7 @@
 #include "screens/common/CampoCodice.h"
 #include "screens/common/Disposizione.h"
 #include "screens/common/FunzioniCorrelate.h"
+#include "screens/common/SelettoreArticolo.h"
 #include "screens/vat/ElencoFatture.h"
 #include "screens/vat/FontiFatture.h"
 
@@ -69,25 +70,24 @@ QWidget* PaginaRegistro::CreaSopra() {
       new CampoCodice(QStringLiteral("RivaX"), QString(), FonteRegistri(finestre_.Sessione()));
   registro_->installEventFilter(this);
   connect(registro_, &CampoCodice::Scelto, this, &PaginaRegistro::ScegliRegistro);
-  selettore_ = new CampoNumero(QStringLiteral("Rt1"));
-  LargoCaratteri(selettore_, kCifre);
-  descrizione_ = new QLabel;
-  descrizione_->setObjectName(QStringLiteral("Rt1Descrizione"));
-  descrizione_->setTextFormat(Qt::PlainText);
-  descrizione_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  auto* apri = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel numero"));
+  selettore_ = new SelettoreArticolo(
+      [this](std::int64_t numero) {
+        const QString testo = elenco_->Descrizione(numero);
+        return testo.isEmpty() ? tr("nel %1 non c'è una registrazione iva con questo numero")
+                                     .arg(finestre_.Sessione().Anno())
+                               : testo;
+      },
+      this);
+  selettore_->Descrizione().setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  connect(selettore_, &SelettoreArticolo::ApriChiesto, this, &PaginaRegistro::ApriChiesto);
   auto* riga = new QWidget;
   auto* disposizione = new QHBoxLayout(riga);
   disposizione->setContentsMargins(0, 0, 0, 0);
   disposizione->addWidget(Didascalia(tr("Registro iva"), registro_));
   disposizione->addWidget(ConDescrizione(registro_, kCaratteriRegistro), 2);
-  disposizione->addWidget(Didascalia(tr("Articolo n."), selettore_));
-  disposizione->addWidget(selettore_);
-  disposizione->addWidget(apri);
-  disposizione->addWidget(descrizione_, 3);
-  connect(selettore_, &QLineEdit::textChanged, this, &PaginaRegistro::Descrivi);
-  connect(apri, &QPushButton::clicked, this, &PaginaRegistro::Apri);
-  pulsanti_ << apri;
+  constexpr int kPesoDescrizione = 3;
+  selettore_->Disponi(*disposizione, kPesoDescrizione);
+  pulsanti_ << selettore_->PulsanteApri();
   return riga;
 }
 
@@ -99,7 +99,7 @@ QGroupBox* PaginaRegistro::CreaElenco() {
   connect(elenco_, &ElencoFatture::Indicato, this, &PaginaRegistro::Seleziona);
   connect(elenco_, &ElencoFatture::Scelto, this, [this](qint64 numero) {
     Seleziona(numero);
-    Apri();
+    selettore_->Apri();
   });
   return riquadro;
 }
@@ -202,7 +202,7 @@ void PaginaRegistro::Mostra() {
   const auto& scelto = fatture_.Registro();
   elenco_->Mostra(scelto.cod, fatture_.ClasseParte(),
                   "Registro iva " + scelto.cod + " " + scelto.descrizione);
-  Descrivi();
+  selettore_->Descrivi();
 }
 
 void PaginaRegistro::MostraRegistro() {
@@ -220,7 +220,7 @@ void PaginaRegistro::MostraRegistro() {
 }
 
 void PaginaRegistro::Seleziona(std::int64_t numero) {
-  selettore_->Mostra(Valore(numero));
+  selettore_->Seleziona(numero);
 }
 
 void PaginaRegistro::FocoRegistro() {
@@ -228,37 +228,11 @@ void PaginaRegistro::FocoRegistro() {
 }
 
 void PaginaRegistro::FocoSelettore() {
-  selettore_->setFocus();
+  selettore_->Foco();
 }
 
 void PaginaRegistro::FocoNuovo() {
   FocoInVista(nuovo_);
-}
-
-void PaginaRegistro::Descrivi() {
-  const auto letto = selettore_->Letto();
-  if (!letto) {
-    descrizione_->setText(Qs(letto.Errore().messaggio));
-    return;
-  }
-  const auto numero = letto.Valore().Intero();
-  const QString testo = numero == 0 ? QString() : elenco_->Descrizione(numero);
-  descrizione_->setText(numero != 0 && testo.isEmpty()
-                            ? tr("nel %1 non c'è una registrazione iva con questo numero")
-                                  .arg(finestre_.Sessione().Anno())
-                            : testo);
-  descrizione_->setToolTip(descrizione_->text());
-}
-
-void PaginaRegistro::Apri() {
-  Descrivi();
-  const auto letto = selettore_->Letto();
-  const std::int64_t numero = letto ? letto.Valore().Intero() : 0;
-  if (numero > 0) {
-    emit ApriChiesto(numero);
-  } else {
-    selettore_->setFocus();
-  }
 }
 
 void PaginaRegistro::Riprotocolla() {

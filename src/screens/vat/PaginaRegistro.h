@@ -17,6 +17,7 @@ namespace fenalto {
 class CampoCodice;
 class CampoNumero;
 class ElencoFatture;
+class SelettoreArticolo;
 
 class PaginaRegistro : public QWidget {
   Q_OBJECT
@@ -49,15 +50,12 @@ class PaginaRegistro : public QWidget {
   QGroupBox* CreaRiprotocollo();
   void ScegliRegistro();
   void MostraRegistro();
-  void Descrivi();
-  void Apri();
   void Riprotocolla();
 
   Fatture& fatture_;
   Finestre& finestre_;
   CampoCodice* registro_;
-  CampoNumero* selettore_;
-  QLabel* descrizione_;
+  SelettoreArticolo* selettore_;
   QLabel* titoloNuova_;
   QPushButton* nuovo_;
   QCheckBox* verificaTotale_;
