@@ -32,7 +32,7 @@ std::string Mancanti(const std::vector<Protocollo>& letti, std::int64_t da) {
   for (const auto& letto : letti) {
     for (; atteso < letto.nProt; ++atteso) {
       if (++elencati > kMassimo) return lista + "...";
-      lista += std::to_string(atteso) + " ";
+      lista.append(std::to_string(atteso)).append(" ");
     }
     atteso = letto.nProt + 1;
   }
