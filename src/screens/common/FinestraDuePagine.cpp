@@ -3,6 +3,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "screens/common/PaginaConRighe.h"
+
 namespace fenalto {
 namespace {
 
@@ -20,12 +22,16 @@ FinestraDuePagine::FinestraDuePagine(const QString& nome, const QString& titolo,
 }
 
 void FinestraDuePagine::Disponi(QWidget* scelta, const QString& titoloScelta,
-                                QWidget* registrazione) {
+                                PaginaConRighe* registrazione) {
+  pagina_ = registrazione;
   schede_->addTab(scelta, titoloScelta);
   schede_->addTab(registrazione, QString());
   TitoloRegistrazione(QString());
   schede_->setTabEnabled(kRegistrazione, false);
   connect(schede_, &QTabWidget::currentChanged, this, &FinestraDuePagine::SchedaCambiata);
+  connect(registrazione, &PaginaConRighe::Confermata, this, &FinestraDuePagine::TornaAllaScelta);
+  connect(registrazione, &PaginaConRighe::Eliminata, this, [this] { TornaAllaScelta(0); });
+  connect(registrazione, &PaginaConRighe::AbbandonoChiesto, this, &FinestraDuePagine::Lascia);
 }
 
 void FinestraDuePagine::TogliPagine() {
@@ -33,6 +39,7 @@ void FinestraDuePagine::TogliPagine() {
   girando_ = true;
   delete schede_;
   schede_ = nullptr;
+  pagina_ = nullptr;
 }
 
 void FinestraDuePagine::TitoloRegistrazione(const QString& titolo) {
@@ -56,9 +63,15 @@ void FinestraDuePagine::SchedaCambiata(int indice) {
   Lascia();
 }
 
-void FinestraDuePagine::GiraARegistrazione() {
+void FinestraDuePagine::EntraInRegistrazione() {
   schede_->setTabEnabled(kRegistrazione, true);
   Gira(kRegistrazione);
+  pagina_->Entra();
+}
+
+void FinestraDuePagine::TornaAllaScelta(std::int64_t numero) {
+  Abbandona();
+  DopoRegistrazione(numero);
 }
 
 bool FinestraDuePagine::Lascia() {
@@ -82,7 +95,7 @@ void FinestraDuePagine::ApriCodice(const QString& codice) {
 }
 
 bool FinestraDuePagine::Indietro() {
-  if (AnnullaRiga()) return true;
+  if (pagina_->AnnullaRiga()) return true;
   if (!Aperta()) return IndietroDaScelta();
   Lascia();
   return true;
@@ -90,9 +103,7 @@ bool FinestraDuePagine::Indietro() {
 
 void FinestraDuePagine::Aggiorna() {
   AggiornaScelta();
-  if (Aperta() && schede_->currentIndex() == kRegistrazione && isVisible() && !InModifica()) {
-    AggiornaRegistrazione();
-  }
+  if (Aperta() && pagina_->isVisible() && !InModifica()) pagina_->Mostra();
 }
 
 }  // namespace fenalto

@@ -12,6 +12,8 @@ class QTabWidget;
 
 namespace fenalto {
 
+class PaginaConRighe;
+
 class FinestraDuePagine : public FinestraFunzione {
   Q_OBJECT
 
@@ -33,22 +35,21 @@ class FinestraDuePagine : public FinestraFunzione {
   virtual void Apri(std::int64_t numero) = 0;
   /// Gives the open record up; its page is out of sight already.
   virtual void ChiudiRegistrazione() = 0;
-  /// Gives the open row up; false when none is open.
-  virtual bool AnnullaRiga() = 0;
   /// Esc with no record open; false when the window is to close.
   virtual bool IndietroDaScelta() { return false; }
   /// Where the focus goes after a record was left.
   virtual void FocoScelta() = 0;
   virtual void AggiornaScelta() = 0;
-  virtual void AggiornaRegistrazione() = 0;
+  /// The open record was confirmed with that number, or deleted (0): the choice is in sight again.
+  virtual void DopoRegistrazione(std::int64_t numero) = 0;
 
   /// Puts the pages into the window, once both are made.
-  void Disponi(QWidget* scelta, const QString& titoloScelta, QWidget* registrazione);
+  void Disponi(QWidget* scelta, const QString& titoloScelta, PaginaConRighe* registrazione);
   /// Deletes the pages, out of sight: to be called by a window's destructor, since they look at a
   /// use case that is about to go and nothing is to be read from them any more.
   void TogliPagine();
-  /// Turns to the record that was just opened.
-  void GiraARegistrazione();
+  /// Turns to the record that was just opened, which takes the focus.
+  void EntraInRegistrazione();
   /// The caption of the record's page; empty for the one that it has when none is open.
   void TitoloRegistrazione(const QString& titolo);
   /// Leaves the open record after its question; false when the user stays in it.
@@ -57,8 +58,10 @@ class FinestraDuePagine : public FinestraFunzione {
  private:
   void SchedaCambiata(int indice);
   void Gira(int indice);
+  void TornaAllaScelta(std::int64_t numero);
 
   QTabWidget* schede_;
+  PaginaConRighe* pagina_ = nullptr;
   bool girando_ = false;
 };
 

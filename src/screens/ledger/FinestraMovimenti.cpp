@@ -27,10 +27,6 @@ void FinestraMovimenti::Collega() {
           [this] { scelta_->MostraModelli(primanota_.Modelli()); });
   connect(scelta_, &PaginaScelta::ModelloScelto, this, &FinestraMovimenti::PrendiModello);
   connect(scelta_, &PaginaScelta::ChiusureChieste, this, &FinestraMovimenti::ApriChiusure);
-  connect(registrazione_, &PaginaRegistrazione::Confermata, this,
-          &FinestraMovimenti::TornaAllaScelta);
-  connect(registrazione_, &PaginaRegistrazione::Eliminata, this, [this] { TornaAllaScelta(0); });
-  connect(registrazione_, &PaginaRegistrazione::AbbandonoChiesto, this, &FinestraMovimenti::Lascia);
 }
 
 bool FinestraMovimenti::Aperta() const {
@@ -41,8 +37,7 @@ bool FinestraMovimenti::DaPerdere() const {
   return !primanota_.SolaLettura() && (primanota_.Modificata() || registrazione_->Pendente());
 }
 
-void FinestraMovimenti::TornaAllaScelta(std::int64_t numero) {
-  Abbandona();
+void FinestraMovimenti::DopoRegistrazione(std::int64_t numero) {
   scelta_->ChiudiModelli();
   scelta_->Seleziona(numero);
   scelta_->Aggiorna();
@@ -54,8 +49,7 @@ void FinestraMovimenti::MostraRegistrazione() {
       primanota_.Nuova()
           ? tr("Nuova registrazione")
           : tr("Registrazione n. %1").arg(primanota_.Testa().Leggi("NumDoc").Intero()));
-  GiraARegistrazione();
-  registrazione_->Entra();
+  EntraInRegistrazione();
 }
 
 void FinestraMovimenti::Apri(std::int64_t numero) {
@@ -95,10 +89,6 @@ void FinestraMovimenti::ChiudiRegistrazione() {
   primanota_.Abbandona();
 }
 
-bool FinestraMovimenti::AnnullaRiga() {
-  return registrazione_->AnnullaRiga();
-}
-
 bool FinestraMovimenti::IndietroDaScelta() {
   return scelta_->ChiudiModelli();
 }
@@ -109,10 +99,6 @@ void FinestraMovimenti::FocoScelta() {
 
 void FinestraMovimenti::AggiornaScelta() {
   scelta_->Aggiorna();
-}
-
-void FinestraMovimenti::AggiornaRegistrazione() {
-  registrazione_->Mostra();
 }
 
 }  // namespace fenalto

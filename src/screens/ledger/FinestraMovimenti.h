@@ -21,18 +21,16 @@ class FinestraMovimenti : public FinestraDuePagine {
   [[nodiscard]] bool DaPerdere() const override;
   void Apri(std::int64_t numero) override;
   void ChiudiRegistrazione() override;
-  bool AnnullaRiga() override;
   bool IndietroDaScelta() override;
   void FocoScelta() override;
   void AggiornaScelta() override;
-  void AggiornaRegistrazione() override;
+  void DopoRegistrazione(std::int64_t numero) override;
 
  private:
   void Collega();
   void Nuovo();
   void PrendiModello(std::int64_t articolo, int anno);
   void MostraRegistrazione();
-  void TornaAllaScelta(std::int64_t numero);
   void ApriChiusure();
 
   Primanota primanota_;

@@ -39,9 +39,6 @@ void FinestraFatture::Collega() {
   connect(scelta_, &PaginaRegistro::ApriChiesto, this, &FinestraFatture::Apri);
   connect(scelta_, &PaginaRegistro::NuovoChiesto, this, &FinestraFatture::Nuovo);
   connect(scelta_, &PaginaRegistro::RegistroCambiato, this, &FinestraFatture::MostraTitolo);
-  connect(registrazione_, &PaginaFattura::Confermata, this, &FinestraFatture::TornaAlRegistro);
-  connect(registrazione_, &PaginaFattura::Eliminata, this, [this] { TornaAlRegistro(0); });
-  connect(registrazione_, &PaginaFattura::AbbandonoChiesto, this, &FinestraFatture::Lascia);
 }
 
 bool FinestraFatture::Aperta() const {
@@ -52,8 +49,7 @@ bool FinestraFatture::DaPerdere() const {
   return !fatture_.SolaLettura() && (fatture_.Modificata() || registrazione_->Pendente());
 }
 
-void FinestraFatture::TornaAlRegistro(std::int64_t numero) {
-  Abbandona();
+void FinestraFatture::DopoRegistrazione(std::int64_t numero) {
   scelta_->Seleziona(numero);
   scelta_->Mostra();
   scelta_->FocoNuovo();
@@ -76,8 +72,7 @@ void FinestraFatture::MostraTitolo() {
 
 void FinestraFatture::MostraRegistrazione() {
   MostraTitolo();
-  GiraARegistrazione();
-  registrazione_->Entra();
+  EntraInRegistrazione();
 }
 
 void FinestraFatture::Apri(std::int64_t numero) {
@@ -105,20 +100,12 @@ void FinestraFatture::ChiudiRegistrazione() {
   MostraTitolo();
 }
 
-bool FinestraFatture::AnnullaRiga() {
-  return registrazione_->AnnullaRiga();
-}
-
 void FinestraFatture::FocoScelta() {
   scelta_->FocoNuovo();
 }
 
 void FinestraFatture::AggiornaScelta() {
   scelta_->Mostra();
-}
-
-void FinestraFatture::AggiornaRegistrazione() {
-  registrazione_->Mostra();
 }
 
 bool FinestraFatture::eventFilter(QObject* oggetto, QEvent* evento) {

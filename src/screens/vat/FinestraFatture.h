@@ -27,17 +27,15 @@ class FinestraFatture : public FinestraDuePagine {
   [[nodiscard]] bool DaPerdere() const override;
   void Apri(std::int64_t numero) override;
   void ChiudiRegistrazione() override;
-  bool AnnullaRiga() override;
   void FocoScelta() override;
   void AggiornaScelta() override;
-  void AggiornaRegistrazione() override;
+  void DopoRegistrazione(std::int64_t numero) override;
 
  private:
   void Collega();
   void Nuovo();
   void MostraRegistrazione();
   void MostraTitolo();
-  void TornaAlRegistro(std::int64_t numero);
 
   Fatture fatture_;
   PaginaRegistro* scelta_;
