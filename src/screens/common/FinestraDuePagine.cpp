@@ -50,6 +50,14 @@ void FinestraDuePagine::TitoloRegistrazione(const QString& titolo) {
                           : QString(titolo).replace(QLatin1Char('&'), QStringLiteral("&&")));
 }
 
+bool FinestraDuePagine::Aperta() const {
+  return pagina_ != nullptr && pagina_->Aperta();
+}
+
+bool FinestraDuePagine::InModifica() const {
+  return Aperta() && pagina_->Cambiata();
+}
+
 void FinestraDuePagine::Gira(int indice) {
   girando_ = true;
   schede_->setCurrentIndex(indice);

@@ -2,8 +2,9 @@
 // open.
 //
 // The record's page can be turned to only while a record is open. Turning back to the choice, Esc
-// and opening another record leave the open one, after the question of `ControlloUscita`. The
-// window's own class says what the record is.
+// and opening another record leave the open one, after the question of `ControlloUscita`. A record
+// that was confirmed or deleted goes back to the choice. The window's own class says how a record is
+// opened and what the choice shows.
 #pragma once
 
 #include "screens/common/FinestraFunzione.h"
@@ -20,17 +21,13 @@ class FinestraDuePagine : public FinestraFunzione {
  public:
   FinestraDuePagine(const QString& nome, const QString& titolo, Finestre& finestre);
 
-  [[nodiscard]] bool InModifica() const override { return Aperta() && DaPerdere(); }
+  [[nodiscard]] bool InModifica() const override;
   void Abbandona() override;
   void ApriCodice(const QString& codice) override;
   bool Indietro() override;
   void Aggiorna() override;
 
  protected:
-  /// A record is open.
-  [[nodiscard]] virtual bool Aperta() const = 0;
-  /// Leaving the open record would lose something.
-  [[nodiscard]] virtual bool DaPerdere() const = 0;
   /// Opens a record by number, after leaving the open one.
   virtual void Apri(std::int64_t numero) = 0;
   /// Gives the open record up; its page is out of sight already.
@@ -43,6 +40,8 @@ class FinestraDuePagine : public FinestraFunzione {
   /// The open record was confirmed with that number, or deleted (0): the choice is in sight again.
   virtual void DopoRegistrazione(std::int64_t numero) = 0;
 
+  /// A record is open.
+  [[nodiscard]] bool Aperta() const;
   /// Puts the pages into the window, once both are made.
   void Disponi(QWidget* scelta, const QString& titoloScelta, PaginaConRighe* registrazione);
   /// Deletes the pages, out of sight: to be called by a window's destructor, since they look at a

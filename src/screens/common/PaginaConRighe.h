@@ -31,6 +31,9 @@ class PaginaConRighe : public QWidget {
   virtual void Mostra() = 0;
   /// Whether something typed isn't in the record yet.
   [[nodiscard]] bool Pendente() const;
+  [[nodiscard]] virtual bool Aperta() const = 0;
+  /// The open registration has something that leaving it would lose.
+  [[nodiscard]] virtual bool Cambiata() const = 0;
   /// Gives the open row up; false when none is open.
   bool AnnullaRiga();
 
@@ -44,8 +47,7 @@ class PaginaConRighe : public QWidget {
   PaginaConRighe(Finestre& finestre, QWidget* genitore);
 
   [[nodiscard]] virtual Scheda& Testa() const = 0;
-  /// A registration is open, and one that isn't stored yet.
-  [[nodiscard]] virtual bool Aperta() const = 0;
+  /// The open registration isn't stored yet.
   [[nodiscard]] virtual bool Nuova() const = 0;
   [[nodiscard]] virtual bool RigaAperta() const = 0;
   /// A field of the head was left and what it holds counts.

@@ -29,14 +29,6 @@ void FinestraMovimenti::Collega() {
   connect(scelta_, &PaginaScelta::ChiusureChieste, this, &FinestraMovimenti::ApriChiusure);
 }
 
-bool FinestraMovimenti::Aperta() const {
-  return primanota_.StatoCorrente() != Primanota::Stato::Inattiva;
-}
-
-bool FinestraMovimenti::DaPerdere() const {
-  return !primanota_.SolaLettura() && (primanota_.Modificata() || registrazione_->Pendente());
-}
-
 void FinestraMovimenti::DopoRegistrazione(std::int64_t numero) {
   scelta_->ChiudiModelli();
   scelta_->Seleziona(numero);

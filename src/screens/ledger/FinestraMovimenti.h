@@ -17,8 +17,6 @@ class FinestraMovimenti : public FinestraDuePagine {
   ~FinestraMovimenti() override;
 
  protected:
-  [[nodiscard]] bool Aperta() const override;
-  [[nodiscard]] bool DaPerdere() const override;
   void Apri(std::int64_t numero) override;
   void ChiudiRegistrazione() override;
   bool IndietroDaScelta() override;

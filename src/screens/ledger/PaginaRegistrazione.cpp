@@ -41,10 +41,10 @@ CampoImporto* Totale(const char* nome, int decimali) {
 
 PaginaRegistrazione::PaginaRegistrazione(Primanota& primanota, Finestre& finestre,
                                          QWidget* genitore)
-    : PaginaConRighe(finestre, genitore), primanota_(primanota) {
+    : PaginaSul(primanota, finestre, genitore) {
   constexpr int kRigheMinime = 4;
-  Usa(CreaGriglia(), kRigheMinime, new RiquadroRiga(primanota_, finestre_));
-  allegati_ = new PannelloAllegati(primanota_, finestre_);
+  Usa(CreaGriglia(), kRigheMinime, new RiquadroRiga(caso_, finestre_));
+  allegati_ = new PannelloAllegati(caso_, finestre_);
   CreaCampi();
   auto* colonna = new QVBoxLayout(this);
   colonna->addWidget(CreaTestata());
@@ -53,7 +53,7 @@ PaginaRegistrazione::PaginaRegistrazione(Primanota& primanota, Finestre& finestr
   colonna->addWidget(riga_);
   colonna->addWidget(CreaPiede());
   connect(automatiche_, &QCheckBox::clicked, this, [this](bool attive) {
-    primanota_.ContropAutomatiche(attive);
+    caso_.ContropAutomatiche(attive);
     Mostra();
   });
   AssegnaMnemoniche(QList<QAbstractButton*>{conferma_, nuovaRiga_, elimina_} + riga_->Pulsanti() +
@@ -159,30 +159,10 @@ QWidget* PaginaRegistrazione::CreaPiede() {
   return piede;
 }
 
-Scheda& PaginaRegistrazione::Testa() const {
-  return primanota_.Testa();
-}
-
-bool PaginaRegistrazione::Aperta() const {
-  return primanota_.StatoCorrente() != Primanota::Stato::Inattiva;
-}
-
-bool PaginaRegistrazione::Nuova() const {
-  return primanota_.Nuova();
-}
-
-bool PaginaRegistrazione::RigaAperta() const {
-  return primanota_.StatoCorrente() == Primanota::Stato::RigaAperta;
-}
-
-void PaginaRegistrazione::TestaLasciata(const std::string& campo) {
-  primanota_.TestaLasciata(campo);
-}
-
 // --- What is shown ----------------------------------------------------------------------------
 
 void PaginaRegistrazione::Mostra() {
-  const bool scrivibile = !primanota_.SolaLettura();
+  const bool scrivibile = !caso_.SolaLettura();
   for (QWidget* campo :
        std::initializer_list<QWidget*>{numero_, data_, duplicabile_, descrizione_, automatiche_,
                                        nuovaRiga_, conferma_, elimina_}) {
@@ -190,13 +170,13 @@ void PaginaRegistrazione::Mostra() {
   }
   solaLettura_->setVisible(!scrivibile);
   legatura_->Mostra();
-  const auto& testa = primanota_.Testa();
+  const auto& testa = caso_.Testa();
   anno_->setText(QString::fromStdString(testa.Testo("Anno")));
   probabileDidascalia_->setVisible(!probabile_->text().isEmpty());
   const Data registrata = testa.Leggi("Dt").Data();
   const bool altroAnno = !registrata.Nulla() && registrata.Anno() != testa.Leggi("Anno").Intero();
   avvisoData_->setText(altroAnno ? tr("data di un altro anno") : QString());
-  automatiche_->setChecked(primanota_.ContropAutomatiche());
+  automatiche_->setChecked(caso_.ContropAutomatiche());
   MostraElencoRighe();
   MostraTotali();
   allegati_->Mostra();
@@ -205,7 +185,7 @@ void PaginaRegistrazione::Mostra() {
 
 void PaginaRegistrazione::MostraElencoRighe() {
   std::vector<std::vector<Valore>> righe;
-  for (const auto& riga : primanota_.Righe()) {
+  for (const auto& riga : caso_.Righe()) {
     righe.push_back({riga.posi, riga.causale, riga.descrCausale, riga.descrizione, riga.cfp,
                      riga.conto, riga.descrConto, riga.impoDare, riga.impoAvere, riga.contoControp,
                      riga.diversiControp, riga.num});
@@ -214,10 +194,10 @@ void PaginaRegistrazione::MostraElencoRighe() {
 }
 
 void PaginaRegistrazione::MostraTotali() {
-  totDare_->Mostra(primanota_.TotDare());
-  totAvere_->Mostra(primanota_.TotAvere());
-  sbilancio_->Mostra(primanota_.Sbilancio());
-  ColoraErrato(sbilancio_, !primanota_.Sbilancio().Zero());
+  totDare_->Mostra(caso_.TotDare());
+  totAvere_->Mostra(caso_.TotAvere());
+  sbilancio_->Mostra(caso_.Sbilancio());
+  ColoraErrato(sbilancio_, !caso_.Sbilancio().Zero());
 }
 
 void PaginaRegistrazione::FocoData() {
@@ -228,30 +208,26 @@ void PaginaRegistrazione::FocoData() {
 
 void PaginaRegistrazione::ApriRiga(int indice) {
   if (!legatura_->Raccogli()) return;
-  if (!primanota_.ApriRiga(righe_->Modello().Riga(indice).back().Intero())) return;
+  if (!caso_.ApriRiga(righe_->Modello().Riga(indice).back().Intero())) return;
   riga_->Entra();
   righe_->VaiARiga(indice);
 }
 
 void PaginaRegistrazione::NuovaRiga() {
-  if (!Raccogli() || !primanota_.PNuovaRiga()) return;
+  if (!Raccogli() || !caso_.PNuovaRiga()) return;
   riga_->Entra();
-}
-
-void PaginaRegistrazione::RinunciaRiga() {
-  primanota_.AnnullaRiga();
 }
 
 // --- Registration -----------------------------------------------------------------------------
 
 std::optional<std::int64_t> PaginaRegistrazione::ConfermaRegistrazione() {
-  if (primanota_.Conferma()) return primanota_.NumeroConfermato();
+  if (caso_.Conferma()) return caso_.NumeroConfermato();
   Mostra();
   return std::nullopt;
 }
 
 bool PaginaRegistrazione::EliminaRegistrazione() {
-  if (primanota_.Elimina()) return true;
+  if (caso_.Elimina()) return true;
   Mostra();
   return false;
 }

@@ -3,7 +3,7 @@
 
 #include "ledger/Primanota.h"
 #include "screens/common/Finestre.h"
-#include "screens/common/PaginaConRighe.h"
+#include "screens/common/SulCasoUso.h"
 
 class QCheckBox;
 class QGridLayout;
@@ -16,7 +16,7 @@ class CampoNumero;
 class CampoTesto;
 class PannelloAllegati;
 
-class PaginaRegistrazione : public PaginaConRighe {
+class PaginaRegistrazione : public PaginaSul<Primanota> {
   Q_OBJECT
 
  public:
@@ -25,14 +25,8 @@ class PaginaRegistrazione : public PaginaConRighe {
   void Mostra() override;
 
  protected:
-  [[nodiscard]] Scheda& Testa() const override;
-  [[nodiscard]] bool Aperta() const override;
-  [[nodiscard]] bool Nuova() const override;
-  [[nodiscard]] bool RigaAperta() const override;
-  void TestaLasciata(const std::string& campo) override;
   void ApriRiga(int indice) override;
   void NuovaRiga() override;
-  void RinunciaRiga() override;
   std::optional<std::int64_t> ConfermaRegistrazione() override;
   bool EliminaRegistrazione() override;
   void FocoData() override;
@@ -46,7 +40,6 @@ class PaginaRegistrazione : public PaginaConRighe {
   void MostraElencoRighe();
   void MostraTotali();
 
-  Primanota& primanota_;
   CampoNumero* numero_;
   QLabel* probabileDidascalia_;
   QLabel* probabile_;

@@ -40,7 +40,7 @@ QComboBox* CampoClasse(const QString& nome) {
 }  // namespace
 
 RiquadroRiga::RiquadroRiga(Primanota& primanota, Finestre& finestre, QWidget* genitore)
-    : RiquadroDiRiga(finestre, genitore), primanota_(primanota) {
+    : RiquadroSul(primanota, finestre, genitore) {
   CreaCampi();
   Disponi();
   OrdineTab();
@@ -167,19 +167,11 @@ QList<QAbstractButton*> RiquadroRiga::Pulsanti() const {
   return RiquadroDiRiga::Pulsanti() << visSaldo_;
 }
 
-bool RiquadroRiga::RigaAperta() const {
-  return primanota_.StatoCorrente() == Primanota::Stato::RigaAperta;
-}
-
-Scheda& RiquadroRiga::Riga() const {
-  return primanota_.Riga();
-}
-
 void RiquadroRiga::CampoLasciato(const QString& campo, bool cambiato) {
   if (!RigaAperta()) return;
   // A causal proposed by the program counts too when it is just passed through.
   if (!cambiato && campo != QLatin1String("Causale")) return;
-  primanota_.RigaLasciata(campo.toStdString());
+  caso_.RigaLasciata(campo.toStdString());
   if (campo == QLatin1String("Conto") || campo == QLatin1String("CFP")) saldo_->hide();
   ScegliFonti();
   legatura_->Mostra();
@@ -187,9 +179,9 @@ void RiquadroRiga::CampoLasciato(const QString& campo, bool cambiato) {
 
 void RiquadroRiga::ScegliFonti() {
   auto& sessione = finestre_.Sessione();
-  const std::string classe = primanota_.Riga().Testo("CFP");
+  const std::string classe = caso_.Riga().Testo("CFP");
   if (classe != classe_) conto_->Fonte(FonteConti(sessione, classe), TabellaDiClasse(classe));
-  const std::string controp = primanota_.Riga().Testo("CFPControp");
+  const std::string controp = caso_.Riga().Testo("CFPControp");
   if (controp != classeControp_) {
     contoControp_->Fonte(FonteContropartite(sessione, controp), TabellaDiClasse(controp));
   }
@@ -198,18 +190,18 @@ void RiquadroRiga::ScegliFonti() {
 }
 
 void RiquadroRiga::Mostra() {
-  const bool scrivibile = !primanota_.SolaLettura();
+  const bool scrivibile = !caso_.SolaLettura();
   for (QWidget* campo :
        std::initializer_list<QWidget*>{posi_, causale_, descrizione_, cfp_, conto_, dare_, avere_,
                                        categoria_, commessa_, conferma_, elimina_}) {
     campo->setEnabled(scrivibile);
   }
-  controp_->setEnabled(scrivibile && !primanota_.ContropAutomatiche());
-  controp_->setToolTip(primanota_.ContropAutomatiche()
+  controp_->setEnabled(scrivibile && !caso_.ContropAutomatiche());
+  controp_->setToolTip(caso_.ContropAutomatiche()
                            ? tr("la calcola il programma: togliere \"contropartite automatiche\" "
                                 "per scriverla a mano")
                            : QString());
-  quale_->setText(primanota_.RigaNuova() ? tr("nuova riga") : tr("riga esistente"));
+  quale_->setText(caso_.RigaNuova() ? tr("nuova riga") : tr("riga esistente"));
   ScegliFonti();
   legatura_->Mostra();
 }
@@ -218,7 +210,7 @@ void RiquadroRiga::Entra() {
   saldo_->hide();
   Mostra();
   show();
-  if (primanota_.RigaNuova()) {
+  if (caso_.RigaNuova()) {
     causale_->setFocus();
   } else {
     PrendiFoco();
@@ -226,7 +218,7 @@ void RiquadroRiga::Entra() {
 }
 
 bool RiquadroRiga::ConfermaRiga() {
-  if (primanota_.ConfermaRiga()) return true;
+  if (caso_.ConfermaRiga()) return true;
   Mostra();
   if (!causale_->Esiste()) {
     causale_->setFocus();
@@ -236,17 +228,9 @@ bool RiquadroRiga::ConfermaRiga() {
   return false;
 }
 
-bool RiquadroRiga::EliminaRiga() {
-  return primanota_.EliminaRiga();
-}
-
-void RiquadroRiga::AnnullaRiga() {
-  primanota_.AnnullaRiga();
-}
-
 void RiquadroRiga::VisSaldo() {
   if (!legatura_->Raccogli()) return;
-  const auto saldo = primanota_.VisSaldo();
+  const auto saldo = caso_.VisSaldo();
   saldo_->setVisible(saldo.has_value());
   if (!saldo) {
     conto_->setFocus();

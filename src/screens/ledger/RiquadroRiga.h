@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ledger/Primanota.h"
-#include "screens/common/RiquadroDiRiga.h"
+#include "screens/common/SulCasoUso.h"
 
 class QCheckBox;
 class QComboBox;
@@ -16,7 +16,7 @@ class CampoImporto;
 class CampoNumero;
 class CampoTesto;
 
-class RiquadroRiga : public RiquadroDiRiga {
+class RiquadroRiga : public RiquadroSul<Primanota> {
   Q_OBJECT
 
  public:
@@ -27,11 +27,7 @@ class RiquadroRiga : public RiquadroDiRiga {
   [[nodiscard]] QList<QAbstractButton*> Pulsanti() const override;
 
  protected:
-  [[nodiscard]] bool RigaAperta() const override;
-  [[nodiscard]] Scheda& Riga() const override;
   bool ConfermaRiga() override;
-  bool EliminaRiga() override;
-  void AnnullaRiga() override;
   void CampoLasciato(const QString& campo, bool cambiato) override;
 
  private:
@@ -45,7 +41,6 @@ class RiquadroRiga : public RiquadroDiRiga {
   void ScegliFonti();
   void VisSaldo();
 
-  Primanota& primanota_;
   CampoNumero* posi_;
   CampoCodice* causale_;
   CampoTesto* descrizione_;

@@ -41,14 +41,6 @@ void FinestraFatture::Collega() {
   connect(scelta_, &PaginaRegistro::RegistroCambiato, this, &FinestraFatture::MostraTitolo);
 }
 
-bool FinestraFatture::Aperta() const {
-  return fatture_.StatoCorrente() >= Fatture::Stato::Aperta;
-}
-
-bool FinestraFatture::DaPerdere() const {
-  return !fatture_.SolaLettura() && (fatture_.Modificata() || registrazione_->Pendente());
-}
-
 void FinestraFatture::DopoRegistrazione(std::int64_t numero) {
   scelta_->Seleziona(numero);
   scelta_->Mostra();

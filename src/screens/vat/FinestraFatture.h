@@ -23,8 +23,6 @@ class FinestraFatture : public FinestraDuePagine {
   bool eventFilter(QObject* oggetto, QEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
 
-  [[nodiscard]] bool Aperta() const override;
-  [[nodiscard]] bool DaPerdere() const override;
   void Apri(std::int64_t numero) override;
   void ChiudiRegistrazione() override;
   void FocoScelta() override;

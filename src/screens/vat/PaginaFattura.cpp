@@ -24,12 +24,12 @@ bool SenzaImporti(const RigaIva& riga) {
 }  // namespace
 
 PaginaFattura::PaginaFattura(Fatture& fatture, Finestre& finestre, QWidget* genitore)
-    : PaginaConRighe(finestre, genitore), fatture_(fatture) {
-  testa_ = new TestaFattura(fatture_, finestre_, *legatura_);
-  opzioni_ = new PannelloOpzioni(fatture_, finestre_, *legatura_);
-  contabile_ = new PannelloContabile(fatture_, finestre_, *legatura_);
+    : PaginaSul(fatture, finestre, genitore) {
+  testa_ = new TestaFattura(caso_, finestre_, *legatura_);
+  opzioni_ = new PannelloOpzioni(caso_, finestre_, *legatura_);
+  contabile_ = new PannelloContabile(caso_, finestre_, *legatura_);
   constexpr int kRigheMinime = 3;
-  Usa(CreaGriglia(), kRigheMinime, new RiquadroRigaIva(fatture_, finestre_));
+  Usa(CreaGriglia(), kRigheMinime, new RiquadroRigaIva(caso_, finestre_));
   solaLettura_->setWordWrap(true);
   proposta_ = new QLabel;
   proposta_->setObjectName(QStringLiteral("RigheProponibili"));
@@ -103,34 +103,14 @@ void PaginaFattura::OrdineTab() {
   for (int i = 1; i < ordine.size(); ++i) setTabOrder(ordine[i - 1], ordine[i]);
 }
 
-Scheda& PaginaFattura::Testa() const {
-  return fatture_.Testa();
-}
-
-bool PaginaFattura::Aperta() const {
-  return fatture_.StatoCorrente() >= Fatture::Stato::Aperta;
-}
-
-bool PaginaFattura::Nuova() const {
-  return fatture_.Nuova();
-}
-
-bool PaginaFattura::RigaAperta() const {
-  return fatture_.StatoCorrente() == Fatture::Stato::RigaAperta;
-}
-
-void PaginaFattura::TestaLasciata(const std::string& campo) {
-  fatture_.TestaLasciata(campo);
-}
-
 bool PaginaFattura::Ripeti(QWidget* campo) {
   if (!testa_->isAncestorOf(campo) || !campo->isEnabled()) return false;
   const std::string nome = campo->objectName().toStdString();
-  const auto precedente = fatture_.Precedente(nome);
-  if (!fatture_.Testa().Ha(nome)) return false;
-  if (!precedente || fatture_.SolaLettura()) return true;
-  fatture_.Testa().Scrivi(nome, *precedente);
-  fatture_.TestaLasciata(nome);
+  const auto precedente = caso_.Precedente(nome);
+  if (!caso_.Testa().Ha(nome)) return false;
+  if (!precedente || caso_.SolaLettura()) return true;
+  caso_.Testa().Scrivi(nome, *precedente);
+  caso_.TestaLasciata(nome);
   Mostra();
   return true;
 }
@@ -138,13 +118,13 @@ bool PaginaFattura::Ripeti(QWidget* campo) {
 // --- What is shown ----------------------------------------------------------------------------
 
 void PaginaFattura::Mostra() {
-  const bool scrivibile = !fatture_.SolaLettura();
+  const bool scrivibile = !caso_.SolaLettura();
   nuovaRiga_->setEnabled(scrivibile && !RigaAperta());
   conferma_->setEnabled(scrivibile);
-  elimina_->setEnabled(scrivibile && !fatture_.Nuova());
+  elimina_->setEnabled(scrivibile && !caso_.Nuova());
   contabile_->TotaleDigitato()->setEnabled(scrivibile);
   solaLettura_->setVisible(!scrivibile);
-  solaLettura_->setText(QString::fromStdString(fatture_.MotivoSolaLettura()) +
+  solaLettura_->setText(QString::fromStdString(caso_.MotivoSolaLettura()) +
                         tr(": si può consultare, non cambiare."));
   testa_->Mostra();
   opzioni_->Mostra();
@@ -161,7 +141,7 @@ std::string PaginaFattura::DescrittoConto(const std::string& conto) {
 
 void PaginaFattura::MostraElencoRighe() {
   std::vector<std::vector<Valore>> righe;
-  for (const auto& riga : fatture_.Righe()) {
+  for (const auto& riga : caso_.Righe()) {
     righe.push_back({riga.posi, riga.conto, DescrittoConto(riga.conto), riga.codIva,
                      riga.imponibile, riga.iva, riga.ivaInd, riga.descrizione, riga.categoria,
                      riga.commessa});
@@ -170,7 +150,7 @@ void PaginaFattura::MostraElencoRighe() {
 }
 
 void PaginaFattura::MostraProposta() {
-  const auto quante = fatture_.SolaLettura() ? 0 : fatture_.RigheProponibili();
+  const auto quante = caso_.SolaLettura() ? 0 : caso_.RigheProponibili();
   proposta_->setVisible(quante > 0);
   proponi_->setVisible(quante > 0);
   proposta_->setText(quante == 1 ? tr("l'ultima registrazione ha 1 riga")
@@ -193,18 +173,18 @@ void PaginaFattura::ApriRiga(int indice) {
   if (!legatura_->Raccogli()) return;
   const auto posi = righe_->Modello().Riga(indice).front().Intero();
   if (RigaAperta()) {
-    if (fatture_.Riga().Leggi("Posi").Intero() == posi && !fatture_.RigaNuova()) return;
-    if (riga_->Pendente() || fatture_.Riga().Modificata()) {
+    if (caso_.Riga().Leggi("Posi").Intero() == posi && !caso_.RigaNuova()) return;
+    if (riga_->Pendente() || caso_.Riga().Modificata()) {
       finestre_.Sessione().Dialogo().Messaggio("confermare o annullare prima la riga",
                                                Icona::Avviso);
       return;
     }
-    fatture_.AnnullaRiga();
+    caso_.AnnullaRiga();
   }
-  const auto& righe = fatture_.Righe();
+  const auto& righe = caso_.Righe();
   for (std::size_t i = 0; i < righe.size(); ++i) {
     if (righe[i].posi != posi) continue;
-    if (!fatture_.ApriRiga(i)) return;
+    if (!caso_.ApriRiga(i)) return;
     Mostra();
     riga_->Entra();
     VaiAPosizione(posi);
@@ -213,15 +193,15 @@ void PaginaFattura::ApriRiga(int indice) {
 }
 
 void PaginaFattura::NuovaRiga() {
-  if (!Raccogli() || !fatture_.PNuovaRiga()) return;
+  if (!Raccogli() || !caso_.PNuovaRiga()) return;
   Mostra();
   riga_->Entra();
 }
 
 bool PaginaFattura::ApriProposta(qint64 dopo) {
-  const auto& righe = fatture_.Righe();
+  const auto& righe = caso_.Righe();
   for (std::size_t i = 0; i < righe.size(); ++i) {
-    if (righe[i].posi <= dopo || !SenzaImporti(righe[i]) || !fatture_.ApriRiga(i)) continue;
+    if (righe[i].posi <= dopo || !SenzaImporti(righe[i]) || !caso_.ApriRiga(i)) continue;
     Mostra();
     riga_->Entra();
     VaiAPosizione(righe[i].posi);
@@ -231,8 +211,8 @@ bool PaginaFattura::ApriProposta(qint64 dopo) {
 }
 
 void PaginaFattura::ProponiRighe() {
-  if (!Raccogli() || fatture_.RigheProponibili() == 0) return;
-  fatture_.ProponiRighe();
+  if (!Raccogli() || caso_.RigheProponibili() == 0) return;
+  caso_.ProponiRighe();
   percorre_ = true;
   if (!ApriProposta(0)) DopoRiga(0);
 }
@@ -246,10 +226,6 @@ void PaginaFattura::DopoRiga(qint64 posi) {
 void PaginaFattura::DopoRinuncia() {
   percorre_ = false;
   PaginaConRighe::DopoRinuncia();
-}
-
-void PaginaFattura::RinunciaRiga() {
-  fatture_.AnnullaRiga();
 }
 
 // --- Registration -----------------------------------------------------------------------------
@@ -267,7 +243,7 @@ void PaginaFattura::VaiA(const std::string& campo) {
 
 std::optional<std::int64_t> PaginaFattura::ConfermaRegistrazione() {
   std::string campo;
-  if (fatture_.Conferma(&campo)) return fatture_.NumeroConfermato();
+  if (caso_.Conferma(&campo)) return caso_.NumeroConfermato();
   Mostra();
   VaiA(campo);
   return std::nullopt;
@@ -275,7 +251,7 @@ std::optional<std::int64_t> PaginaFattura::ConfermaRegistrazione() {
 
 bool PaginaFattura::EliminaRegistrazione() {
   if (!Raccogli()) return false;
-  if (fatture_.Elimina()) return true;
+  if (caso_.Elimina()) return true;
   Mostra();
   return false;
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "screens/common/Finestre.h"
-#include "screens/common/PaginaConRighe.h"
+#include "screens/common/SulCasoUso.h"
 #include "vat/Fatture.h"
 
 class QHBoxLayout;
@@ -14,7 +14,7 @@ class PannelloContabile;
 class PannelloOpzioni;
 class TestaFattura;
 
-class PaginaFattura : public PaginaConRighe {
+class PaginaFattura : public PaginaSul<Fatture> {
   Q_OBJECT
 
  public:
@@ -28,14 +28,8 @@ class PaginaFattura : public PaginaConRighe {
   bool Ripeti(QWidget* campo);
 
  protected:
-  [[nodiscard]] Scheda& Testa() const override;
-  [[nodiscard]] bool Aperta() const override;
-  [[nodiscard]] bool Nuova() const override;
-  [[nodiscard]] bool RigaAperta() const override;
-  void TestaLasciata(const std::string& campo) override;
   void ApriRiga(int indice) override;
   void NuovaRiga() override;
-  void RinunciaRiga() override;
   std::optional<std::int64_t> ConfermaRegistrazione() override;
   bool EliminaRegistrazione() override;
   void FocoData() override;
@@ -55,7 +49,6 @@ class PaginaFattura : public PaginaConRighe {
   void VaiA(const std::string& campo);
   std::string DescrittoConto(const std::string& conto);
 
-  Fatture& fatture_;
   TestaFattura* testa_;
   PannelloOpzioni* opzioni_;
   PannelloContabile* contabile_;

@@ -23,7 +23,7 @@ QHBoxLayout* RigaCampi() {
 }  // namespace
 
 RiquadroRigaIva::RiquadroRigaIva(Fatture& fatture, Finestre& finestre, QWidget* genitore)
-    : RiquadroDiRiga(finestre, genitore), fatture_(fatture) {
+    : RiquadroSul(fatture, finestre, genitore) {
   CreaCampi();
   setLayout(DisponiCampi());
   OrdineTab();
@@ -119,28 +119,20 @@ QList<QAbstractButton*> RiquadroRigaIva::Pulsanti() const {
   return RiquadroDiRiga::Pulsanti() << scorpora_;
 }
 
-bool RiquadroRigaIva::RigaAperta() const {
-  return fatture_.StatoCorrente() == Fatture::Stato::RigaAperta;
-}
-
-Scheda& RiquadroRigaIva::Riga() const {
-  return fatture_.Riga();
-}
-
 void RiquadroRigaIva::CampoLasciato(const QString& campo, bool cambiato) {
   if (!cambiato || !RigaAperta()) return;
-  fatture_.RigaLasciata(campo.toStdString());
+  caso_.RigaLasciata(campo.toStdString());
   legatura_->Mostra();
 }
 
 void RiquadroRigaIva::Mostra() {
-  const bool scrivibile = !fatture_.SolaLettura();
+  const bool scrivibile = !caso_.SolaLettura();
   for (QWidget* campo : std::initializer_list<QWidget*>{
            posi_, conto_, codIva_, descrizione_, categoria_, commessa_, imponibile_, iva_, ivaInd_,
            totale_, scorpora_, conferma_, elimina_}) {
     campo->setEnabled(scrivibile);
   }
-  quale_->setText(fatture_.RigaNuova() ? tr("nuova riga") : tr("riga esistente"));
+  quale_->setText(caso_.RigaNuova() ? tr("nuova riga") : tr("riga esistente"));
   legatura_->Mostra();
 }
 
@@ -156,7 +148,7 @@ void RiquadroRigaIva::Entra() {
 }
 
 QWidget* RiquadroRigaIva::PrimoVuoto() const {
-  const auto& riga = fatture_.Riga();
+  const auto& riga = caso_.Riga();
   if (riga.Testo("Conto").empty()) return conto_;
   if (riga.Testo("CodIva").empty()) return codIva_;
   return riga.Leggi("Imponibile").Importo().Zero() ? imponibile_ : nullptr;
@@ -164,7 +156,7 @@ QWidget* RiquadroRigaIva::PrimoVuoto() const {
 
 void RiquadroRigaIva::Scorpora() {
   if (!legatura_->Raccogli()) return;
-  fatture_.PulisciImporti();
+  caso_.PulisciImporti();
   legatura_->Mostra();
   if (codIva_->text().isEmpty()) {
     codIva_->setFocus();
@@ -175,21 +167,13 @@ void RiquadroRigaIva::Scorpora() {
 
 bool RiquadroRigaIva::ConfermaRiga() {
   std::string campo;
-  if (fatture_.ConfermaRiga(&campo)) return true;
+  if (caso_.ConfermaRiga(&campo)) return true;
   Mostra();
   if (auto* controllo = findChild<QWidget*>(QString::fromStdString(campo));
       controllo != nullptr && !campo.empty()) {
     controllo->setFocus();
   }
   return false;
-}
-
-bool RiquadroRigaIva::EliminaRiga() {
-  return fatture_.EliminaRiga();
-}
-
-void RiquadroRigaIva::AnnullaRiga() {
-  fatture_.AnnullaRiga();
 }
 
 }  // namespace fenalto

@@ -1,7 +1,7 @@
 // The row frame of a VAT registration: the fields of one taxable row, while it is open.
 #pragma once
 
-#include "screens/common/RiquadroDiRiga.h"
+#include "screens/common/SulCasoUso.h"
 #include "vat/Fatture.h"
 
 class QGridLayout;
@@ -14,7 +14,7 @@ class CampoImporto;
 class CampoNumero;
 class CampoTesto;
 
-class RiquadroRigaIva : public RiquadroDiRiga {
+class RiquadroRigaIva : public RiquadroSul<Fatture> {
   Q_OBJECT
 
  public:
@@ -25,11 +25,7 @@ class RiquadroRigaIva : public RiquadroDiRiga {
   [[nodiscard]] QList<QAbstractButton*> Pulsanti() const override;
 
  protected:
-  [[nodiscard]] bool RigaAperta() const override;
-  [[nodiscard]] Scheda& Riga() const override;
   bool ConfermaRiga() override;
-  bool EliminaRiga() override;
-  void AnnullaRiga() override;
   void CampoLasciato(const QString& campo, bool cambiato) override;
 
  private:
@@ -41,7 +37,6 @@ class RiquadroRigaIva : public RiquadroDiRiga {
   [[nodiscard]] QWidget* PrimoVuoto() const;
   void Scorpora();
 
-  Fatture& fatture_;
   CampoNumero* posi_;
   CampoCodice* conto_;
   CampoCodice* codIva_;
