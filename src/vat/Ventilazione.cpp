@@ -18,8 +18,9 @@ constexpr const char* kNessuno =
 constexpr int kCentesimi = 2;
 
 /// `intero` times `parte` over `totale`, cut to ten-thousandths: exact enough to round to cents,
-/// since cutting never takes a value across a half cent.
+/// since cutting never takes a value across a half cent. Nothing of a total of nothing.
 Importo Proporzione(Importo intero, Importo parte, Importo totale) {
+  if (totale.Zero()) return {};
   const auto prodotto = static_cast<Intero128>(intero.Decimillesimi()) *
                         static_cast<Intero128>(parte.Decimillesimi());
   return Importo::DaDecimillesimi(
