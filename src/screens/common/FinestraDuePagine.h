@@ -3,8 +3,8 @@
 //
 // The record's page can be turned to only while a record is open. Turning back to the choice, Esc
 // and opening another record leave the open one, after the question of `ControlloUscita`. A record
-// that was confirmed or deleted goes back to the choice. The window's own class says how a record is
-// opened and what the choice shows.
+// that was confirmed or deleted goes back to the choice. The window's own class says how a record
+// is opened and what the choice shows.
 #pragma once
 
 #include "screens/common/FinestraFunzione.h"

@@ -1,7 +1,6 @@
 #include "screens/ledger/LettoreArticoli.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
@@ -9,16 +8,7 @@
 namespace fenalto {
 namespace {
 
-constexpr std::size_t kContiCercati = 400;  // accounts that one search may stand for
 constexpr std::string_view kDiversi = "DIVERSI";
-
-std::optional<std::int64_t> ComeNumero(std::string_view testo) {
-  std::int32_t numero = 0;
-  const auto* fine = testo.data() + testo.size();
-  const auto [dove, errore] = std::from_chars(testo.data(), fine, numero);
-  if (errore != std::errc() || dove != fine || numero <= 0) return std::nullopt;
-  return numero;
-}
 
 void Unisci(std::string& condizione, const std::string& altra) {
   if (altra.empty()) return;
@@ -35,12 +25,8 @@ std::string DiClasse(const std::string& classe, const std::string& codici) {
 
 std::string LettoreArticoli::Descritto(const std::string& cfp, const std::string& conto) {
   if (conto.empty() || conto == kDiversi) return conto;
-  auto [voce, nuova] = descrizioni_.try_emplace(cfp + "|" + conto);
-  if (nuova) {
-    voce->second = NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
-                                         {{"Cod", conto}, {"CFP", cfp}}, "Descrizione"));
-  }
-  return voce->second.empty() ? conto : conto + "  " + voce->second;
+  const std::string& descrizione = descrizioni_.Di(cfp, conto);
+  return descrizione.empty() ? conto : conto + "  " + descrizione;
 }
 
 std::vector<ArticoloLetto> LettoreArticoli::Pagina(const RicercaArticoli& ricerca,
@@ -73,23 +59,11 @@ std::int64_t LettoreArticoli::Inizio() {
 }
 
 std::string LettoreArticoli::ConConto(const std::string& testo) {
-  const std::string cercato = PerRicerca(testo);
-  std::map<std::string, std::string> codici;  // by class
-  std::size_t trovati = 0;
-  Rs righe = Tessarc().Recordset("SELECT Cod, CFP, Descrizione FROM ContiClientiFornitori");
-  for (; !righe.Eof() && trovati < kContiCercati; righe.MoveNext()) {
-    const std::string codice = righe.Fields(0).Testo();
-    if (!PerRicerca(codice).starts_with(cercato) &&
-        PerRicerca(NzStr(righe.Fields(2))).find(cercato) == std::string::npos) {
-      continue;
-    }
-    auto& elenco = codici[righe.Fields(1).Testo()];
-    if (!elenco.empty()) elenco += ",";
-    elenco += LetteraleSql(codice);
-    ++trovati;
-  }
   std::string condizione;
-  for (const auto& [classe, elenco] : codici) Unisci(condizione, DiClasse(classe, elenco));
+  for (const auto& [classe, elenco] : ContiCercati(Tessarc(), testo)) {
+    Unisci(condizione, DiClasse(classe, elenco));
+  }
+  const std::string cercato = PerRicerca(testo);
   constexpr std::size_t kLettereDiversi = 3;
   if (cercato.size() >= kLettereDiversi && PerRicerca(kDiversi).starts_with(cercato)) {
     Unisci(condizione, "Conto='DIVERSI' OR ContoA='DIVERSI'");
@@ -99,19 +73,15 @@ std::string LettoreArticoli::ConConto(const std::string& testo) {
 
 RicercaArticoli LettoreArticoli::Interpreta(const std::string& testo) {
   RicercaArticoli ricerca;
-  const std::string cercato(Rifila(testo));
-  if (cercato.empty()) return ricerca;
-  const auto numero = ComeNumero(cercato);
-  if (!numero) {
-    const auto data = LeggiData(cercato, ambiente_.Anno(), ambiente_.Ora().Oggi());
-    if (data && !data.Valore().Nulla()) {
-      ricerca.condizione = Criterio("Dt", "=", data.Valore());
-      return ricerca;
-    }
+  const auto cercato = LeggiCercato(testo, ambiente_);
+  if (cercato.testo.empty()) return ricerca;
+  if (!cercato.data.Nulla()) {
+    ricerca.condizione = Criterio("Dt", "=", cercato.data);
+    return ricerca;
   }
-  ricerca.condizione = ConConto(cercato);
+  ricerca.condizione = ConConto(cercato.testo);
   ricerca.immediata = ricerca.condizione.empty();
-  if (numero) Unisci(ricerca.condizione, Criterio("NumDoc", "=", *numero));
+  if (cercato.numero) Unisci(ricerca.condizione, Criterio("NumDoc", "=", *cercato.numero));
   ricerca.impossibile = ricerca.condizione.empty();
   return ricerca;
 }

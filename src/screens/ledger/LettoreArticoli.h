@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/session/Ambiente.h"
+#include "screens/common/RicercaRegistrazioni.h"
 
 namespace fenalto {
 
@@ -29,7 +29,7 @@ struct RicercaArticoli {
 
 class LettoreArticoli {
  public:
-  explicit LettoreArticoli(Ambiente& ambiente) : ambiente_(ambiente) {}
+  explicit LettoreArticoli(Ambiente& ambiente) : ambiente_(ambiente), descrizioni_(ambiente) {}
 
   /// Registrations with a number below `sotto` and above `oltre`, at most `quante`.
   std::vector<ArticoloLetto> Pagina(const RicercaArticoli& ricerca, std::int64_t sotto,
@@ -40,7 +40,7 @@ class LettoreArticoli {
   /// A number, a date, or an account of the head by code or by a part of its description.
   RicercaArticoli Interpreta(const std::string& testo);
   /// Forgets the descriptions read so far.
-  void Dimentica() { descrizioni_.clear(); }
+  void Dimentica() { descrizioni_.Dimentica(); }
 
  private:
   std::string ConConto(const std::string& testo);
@@ -48,7 +48,7 @@ class LettoreArticoli {
   Archivio& Tessarc() { return ambiente_.ArchivioDi("tessarc"); }
 
   Ambiente& ambiente_;
-  std::map<std::string, std::string> descrizioni_;  ///< by class and code
+  DescrizioniConti descrizioni_;
 };
 
 }  // namespace fenalto

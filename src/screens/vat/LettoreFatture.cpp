@@ -1,35 +1,11 @@
 #include "screens/vat/LettoreFatture.h"
 
-#include <charconv>
+#include <map>
 
 #include "core/sql/Criterio.h"
-#include "core/values/Testo.h"
 #include "vat/RigheIva.h"
 
 namespace fenalto {
-namespace {
-
-constexpr std::size_t kPartiCercate = 400;  // parties that one search may stand for
-
-std::optional<std::int64_t> ComeNumero(std::string_view testo) {
-  std::int32_t numero = 0;
-  const auto* fine = testo.data() + testo.size();
-  const auto [dove, errore] = std::from_chars(testo.data(), fine, numero);
-  if (errore != std::errc() || dove != fine || numero <= 0) return std::nullopt;
-  return numero;
-}
-
-}  // namespace
-
-std::string LettoreFatture::Descritto(const std::string& cfp, const std::string& conto) {
-  if (conto.empty()) return {};
-  auto [voce, nuova] = descrizioni_.try_emplace(cfp + "|" + conto);
-  if (nuova) {
-    voce->second = NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
-                                         {{"Cod", conto}, {"CFP", cfp}}, "Descrizione"));
-  }
-  return voce->second;
-}
 
 std::vector<FatturaLetta> LettoreFatture::Leggi(const std::string& condizione, int quante) {
   std::vector<FatturaLetta> lette;
@@ -43,7 +19,9 @@ std::vector<FatturaLetta> LettoreFatture::Leggi(const std::string& condizione, i
     letta.numDoc = righe.Fields(1).Intero();
     letta.data = righe.Fields(2).Data();
     letta.conto = NzStr(righe.Fields(4));
-    letta.descrConto = Descritto(NzStr(righe.Fields(3)), letta.conto);
+    if (!letta.conto.empty()) {
+      letta.descrConto = descrizioni_.Di(NzStr(righe.Fields(3)), letta.conto);
+    }
     letta.nFat = NzStr(righe.Fields(5));
     letta.dtFat = righe.Fields(6).Data();
     letta.riva = righe.Fields(7).Testo();
@@ -87,39 +65,25 @@ std::optional<FatturaLetta> LettoreFatture::Una(std::int64_t numDoc) {
 }
 
 std::string LettoreFatture::Parti(const std::string& cercato, const std::string& classe) {
-  std::string codici;
-  std::size_t trovati = 0;
-  Rs righe = Tessarc().Recordset("SELECT Cod, Descrizione FROM ContiClientiFornitori WHERE " +
-                                 Criterio("CFP", "=", classe));
-  for (; !righe.Eof() && trovati < kPartiCercate; righe.MoveNext()) {
-    const std::string codice = righe.Fields(0).Testo();
-    if (!PerRicerca(codice).starts_with(cercato) &&
-        PerRicerca(NzStr(righe.Fields(1))).find(cercato) == std::string::npos) {
-      continue;
-    }
-    codici += (codici.empty() ? "" : ",") + LetteraleSql(codice);
-    ++trovati;
+  std::string condizione;
+  for (const auto& [trovata, codici] : ContiCercati(Tessarc(), cercato, classe)) {
+    condizione += " OR (" + Criterio("CFP", "=", trovata) + " AND Conto IN (" + codici + "))";
   }
-  if (codici.empty()) return {};
-  return " OR (" + Criterio("CFP", "=", classe) + " AND Conto IN (" + codici + "))";
+  return condizione;
 }
 
 std::string LettoreFatture::Interpreta(const std::string& testo, const std::string& classe) {
-  const std::string cercato(Rifila(testo));
-  if (cercato.empty()) return {};
-  const auto numero = ComeNumero(cercato);
-  if (!numero) {
-    const auto data = LeggiData(cercato, ambiente_.Anno(), ambiente_.Ora().Oggi());
-    if (data && !data.Valore().Nulla()) {
-      return Criterio("Dt", "=", data.Valore()) + " OR " + Criterio("DtFat", "=", data.Valore());
-    }
+  const auto cercato = LeggiCercato(testo, ambiente_);
+  if (cercato.testo.empty()) return {};
+  if (!cercato.data.Nulla()) {
+    return Criterio("Dt", "=", cercato.data) + " OR " + Criterio("DtFat", "=", cercato.data);
   }
-  std::string condizione = CriterioInizia("NFat", cercato);
-  if (numero) {
-    condizione +=
-        " OR " + Criterio("NumDoc", "=", *numero) + " OR " + Criterio("NProt", "=", *numero);
+  std::string condizione = CriterioInizia("NFat", cercato.testo);
+  if (cercato.numero) {
+    condizione += " OR " + Criterio("NumDoc", "=", *cercato.numero) + " OR " +
+                  Criterio("NProt", "=", *cercato.numero);
   }
-  return condizione + Parti(PerRicerca(cercato), classe);
+  return condizione + Parti(cercato.testo, classe);
 }
 
 }  // namespace fenalto

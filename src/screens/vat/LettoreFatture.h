@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "core/session/Ambiente.h"
+#include "screens/common/RicercaRegistrazioni.h"
 
 namespace fenalto {
 
@@ -29,7 +29,7 @@ class LettoreFatture {
  public:
   static constexpr std::int64_t kDallInizio = std::numeric_limits<std::int32_t>::max();
 
-  explicit LettoreFatture(Ambiente& ambiente) : ambiente_(ambiente) {}
+  explicit LettoreFatture(Ambiente& ambiente) : ambiente_(ambiente), descrizioni_(ambiente) {}
 
   /// Condition for what a line typed by the user looks for: a number (article, protocol, invoice),
   /// a date, an invoice number from its beginning, a party of the class by code or by a part of its
@@ -41,17 +41,16 @@ class LettoreFatture {
   /// The registration with that number, on whatever register.
   std::optional<FatturaLetta> Una(std::int64_t numDoc);
   /// Forgets the descriptions read so far.
-  void Dimentica() { descrizioni_.clear(); }
+  void Dimentica() { descrizioni_.Dimentica(); }
 
  private:
   std::vector<FatturaLetta> Leggi(const std::string& condizione, int quante);
   void LeggiTotali(std::vector<FatturaLetta>& lette);
-  std::string Descritto(const std::string& cfp, const std::string& conto);
   std::string Parti(const std::string& cercato, const std::string& classe);
   Archivio& Tessarc() { return ambiente_.ArchivioDi("tessarc"); }
 
   Ambiente& ambiente_;
-  std::map<std::string, std::string> descrizioni_;  ///< by class and code
+  DescrizioniConti descrizioni_;
 };
 
 }  // namespace fenalto
