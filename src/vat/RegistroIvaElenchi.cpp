@@ -103,10 +103,10 @@ std::string TestoSospese(const RegistroIvaUnico::ElencoSospese& richiesta) {
   std::string sql =
       "SELECT Articoli.Anno, Articoli.NumDoc, Articoli.NProt, Articoli.NFat, Articoli.Dt, "
       "Articoli.DtIncasso, Articoli.CFP, Articoli.Conto, Movimenti.Imponibile, Movimenti.Iva, "
-      "Movimenti.IvaInd FROM Articoli INNER JOIN Movimenti ON (Articoli.Anno = Movimenti.Anno) "
+      "Movimenti.IvaInd FROM ZarticoliSospese AS Articoli INNER JOIN Movimenti ON (Articoli.Anno = "
+      "Movimenti.Anno) "
       "AND (Articoli.NumDoc = Movimenti.NumDoc) WHERE " +
-      Criterio("Articoli.Riva", "=", richiesta.riva) +
-      " AND Articoli.Ep=True AND Movimenti.TIPORIGA=3";
+      Criterio("Articoli.Riva", "=", richiesta.riva) + " AND Movimenti.TIPORIGA=3";
   if (!richiesta.da.Nulla()) sql += " AND " + Criterio("Articoli.Dt", ">=", richiesta.da);
   if (!richiesta.a.Nulla()) sql += " AND " + Criterio("Articoli.Dt", "<=", richiesta.a);
   if (richiesta.soloDaPagare) sql += " AND " + Criterio("Articoli.DtIncasso", "=", Data());

@@ -58,7 +58,7 @@ std::int64_t RegistroIvaUnico::Interno::PrimoDaStampare(const std::string& riva,
 }
 
 std::int64_t RegistroIvaUnico::Interno::UltimoNelPeriodo(const std::string& riva) {
-  std::string condizione = "SELECT Max(NProt) FROM ZarticoliFatture WHERE " +
+  std::string condizione = "SELECT Max(NProt) FROM ZarticoliProtocollati WHERE " +
                            Criterio("Riva", "=", riva) + " and " +
                            Criterio("Anno", "=", periodo.anno);
   if (!periodo.Annuale()) {
@@ -98,7 +98,7 @@ void RegistroIvaUnico::Interno::ProponiIntervalli() {
 void RegistroIvaUnico::Interno::AvvisaIntervallo(const IntervalloRegistro& intervallo,
                                                  std::int64_t stampato) {
   const auto data = [&](std::int64_t nProt) {
-    return ambiente.Cerca("tessarc", "ZarticoliFatture",
+    return ambiente.Cerca("tessarc", "ZarticoliProtocollati",
                           {{"Riva", intervallo.riva}, {"Anno", periodo.anno}, {"NProt", nProt}},
                           "Dt");
   };
@@ -118,7 +118,7 @@ void RegistroIvaUnico::Interno::AvvisaIncassi() {
   const auto manca = [&](const char* speciale) {
     if (ambiente.Esiste("tessarc", "RegistriIva", {{"Tipo", speciale}})) return false;
     return tessarc
-               .Singolo("SELECT Count(*) FROM Articoli WHERE " +
+               .Singolo("SELECT Count(*) FROM ZarticoliSospese AS Articoli WHERE " +
                         CondizioneIncassati(ambiente, speciale, periodo))
                .Intero() > 0;
   };

@@ -144,8 +144,9 @@ bool TabulatoRegistroIva::Registro(const TotaleRegistro& totale) {
 bool TabulatoRegistroIva::Scorri(const TotaleRegistro& totale) {
   const IntervalloRegistro& intervallo = totale.intervallo;
   const bool incassate = intervallo.daIncassi;
-  // The stored query lets the engine find protocols by their index.
-  const char* articoli = incassate ? "Articoli" : "ZarticoliProtocollati AS Articoli";
+  // The stored queries let the engine find protocols and collections by their index.
+  const char* articoli =
+      incassate ? "ZarticoliSospese AS Articoli" : "ZarticoliProtocollati AS Articoli";
   const std::string condizione =
       incassate ? CondizioneIncassati(ambiente_, intervallo.tipo, dati_.periodo)
                 : CondizioneIntervallo(intervallo, dati_.periodo.anno, "Articoli.");

@@ -27,12 +27,12 @@ struct GruppoIva {
 /// `prefisso`.
 std::string CondizioneIntervallo(const IntervalloRegistro& intervallo, int anno,
                                  const std::string& prefisso = "");
-/// Condition on `Articoli` of the deferred invoices collected in the period, of the registers that
+/// Condition on `ZarticoliSospese AS Articoli` of the deferred invoices collected in the period, of the registers that
 /// a register of type 08 or 08A collects from.
 std::string CondizioneIncassati(Ambiente& ambiente, const std::string& tipo,
                                 const PeriodoIva& periodo);
 
-/// By code, in order; one grouped query.
+/// By code, in order, from one pass over the rows of `MovimentiIva` that meet a condition.
 std::vector<GruppoIva> LeggiGruppi(Ambiente& ambiente, const std::string& condizione);
 
 /// What is wrong with the code ZCOR, or with its absence, among the sums of a register; empty when

@@ -1,6 +1,10 @@
 #include "vat/TotaliRegistri.h"
 
 #include <algorithm>
+#include <array>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
 
 #include "core/sql/Criterio.h"
 #include "core/values/Aritmetica.h"
@@ -10,9 +14,8 @@
 namespace fenalto {
 namespace {
 
-constexpr const char* kSomme =
-    "SELECT CodIva, Ep, Sum(Imponibile) AS tImponibile, Sum(Iva) AS tIva, Sum(IvaInd) AS tIvaind, "
-    "Sum(IIf(Iva=0 AND IvaInd=0, Imponibile, 0)) AS tLordo FROM MovimentiIva WHERE ";
+constexpr const char* kRighe =
+    "SELECT CodIva, Ep, Imponibile, Iva, IvaInd FROM MovimentiIva WHERE ";
 
 /// Sums of deferred invoices collected in the period: they may have been registered in any year.
 std::vector<GruppoIva> LeggiIncassati(Ambiente& ambiente, const std::string& tipo,
@@ -20,7 +23,8 @@ std::vector<GruppoIva> LeggiIncassati(Ambiente& ambiente, const std::string& tip
   std::vector<GruppoIva> gruppi;
   Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
       "SELECT Movimenti.CodIva, Sum(Movimenti.Imponibile) AS tImponibile, Sum(Movimenti.Iva) AS "
-      "tIva, Sum(Movimenti.IvaInd) AS tIvaind FROM Articoli INNER JOIN Movimenti ON (Articoli.Anno "
+      "tIva, Sum(Movimenti.IvaInd) AS tIvaind FROM ZarticoliSospese AS Articoli INNER JOIN "
+      "Movimenti ON (Articoli.Anno "
       "= Movimenti.Anno) AND (Articoli.NumDoc = Movimenti.NumDoc) WHERE " +
       CondizioneIncassati(ambiente, tipo, periodo) +
       " AND Movimenti.TIPORIGA=3 GROUP BY Movimenti.CodIva ORDER BY Movimenti.CodIva");
@@ -31,6 +35,32 @@ std::vector<GruppoIva> LeggiIncassati(Ambiente& ambiente, const std::string& tip
     gruppo.iva = rs.Fields(2).Importo();
     gruppo.ivaInd = rs.Fields(3).Importo();
     gruppi.push_back(gruppo);
+  }
+  return gruppi;
+}
+
+void Somma(GruppoIva& gruppo, const GruppoIva& altro) {
+  gruppo.imponibile += altro.imponibile;
+  gruppo.iva += altro.iva;
+  gruppo.ivaInd += altro.ivaInd;
+  gruppo.lordo += altro.lordo;
+}
+
+/// In order of code, those whose codes differ in case alone made one.
+std::vector<GruppoIva> Raccogli(std::vector<GruppoIva> sparsi) {
+  std::ranges::sort(sparsi, [](const GruppoIva& a, const GruppoIva& b) {
+    const int confronto = ConfrontaTesto(a.codIva, b.codIva);
+    if (confronto != 0) return confronto < 0;
+    return std::tie(a.ep, a.codIva) < std::tie(b.ep, b.codIva);
+  });
+  std::vector<GruppoIva> gruppi;
+  for (GruppoIva& gruppo : sparsi) {
+    if (!gruppi.empty() && gruppi.back().ep == gruppo.ep &&
+        UgualeTesto(gruppi.back().codIva, gruppo.codIva)) {
+      Somma(gruppi.back(), gruppo);
+    } else {
+      gruppi.push_back(std::move(gruppo));
+    }
   }
   return gruppi;
 }
@@ -162,26 +192,35 @@ std::string CondizioneIncassati(Ambiente& ambiente, const std::string& tipo,
     registri += (registri.empty() ? "" : " OR ") + Criterio("Articoli.Riva", "=", rs.Fields(0));
   }
   if (registri.empty()) registri = "Articoli.Riva=''";
-  return "(" + registri + ") AND Articoli.Ep=True AND " +
-         Criterio("Articoli.DtIncasso", ">=", periodo.Primo()) + " AND " +
-         Criterio("Articoli.DtIncasso", "<=", periodo.UltimoGiorno());
+  return "(" + registri + ") AND " + Criterio("Articoli.DtIncasso", ">=", periodo.Primo()) +
+         " AND " + Criterio("Articoli.DtIncasso", "<=", periodo.UltimoGiorno());
 }
 
 std::vector<GruppoIva> LeggiGruppi(Ambiente& ambiente, const std::string& condizione) {
-  std::vector<GruppoIva> gruppi;
-  Rs rs = ambiente.ArchivioDi("tessarc").Recordset(kSomme + condizione +
-                                                   " GROUP BY CodIva, Ep ORDER BY CodIva, Ep");
-  for (; !rs.Eof(); rs.MoveNext()) {
-    GruppoIva gruppo;
-    gruppo.codIva = rs.Fields(0).Testo();
-    gruppo.ep = rs.Fields(1).Booleano();
-    gruppo.imponibile = rs.Fields(2).Importo();
-    gruppo.iva = rs.Fields(3).Importo();
-    gruppo.ivaInd = rs.Fields(4).Importo();
-    gruppo.lordo = rs.Fields(5).Importo();
-    gruppi.push_back(gruppo);
+  // Grouped here, by the code as it is written: the engine would sort all rows, comparing text
+  // without case at each step.
+  std::unordered_map<std::string, std::array<std::optional<GruppoIva>, 2>> perCodice;
+  for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset(kRighe + condizione); !rs.Eof();
+       rs.MoveNext()) {
+    const bool ep = rs.Fields(1).Booleano();
+    auto& gruppo = perCodice[rs.Fields(0).Testo()][ep ? 1 : 0];
+    if (!gruppo) gruppo.emplace();
+    const Importo imponibile = rs.Fields(2).Importo();
+    const Importo iva = rs.Fields(3).Importo();
+    const Importo ivaInd = rs.Fields(4).Importo();
+    Somma(*gruppo,
+          {{}, ep, imponibile, iva, ivaInd, iva.Zero() && ivaInd.Zero() ? imponibile : Importo()});
   }
-  return gruppi;
+  std::vector<GruppoIva> gruppi;
+  for (auto& [codice, due] : perCodice) {
+    for (std::size_t ep = 0; ep < due.size(); ++ep) {
+      if (!due[ep]) continue;
+      due[ep]->codIva = codice;
+      due[ep]->ep = ep == 1;
+      gruppi.push_back(*due[ep]);
+    }
+  }
+  return Raccogli(std::move(gruppi));
 }
 
 void CompletaCodice(Ambiente& ambiente, TotaleCodice& totale) {

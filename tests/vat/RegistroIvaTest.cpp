@@ -207,6 +207,8 @@ TEST_F(RegistroIvaTest, Ventilazione) {
 TEST_F(RegistroIvaTest, CorrispettiviLordi) {
   Scrivi({"2", 1, G(8, 3, 2024), {{"20", I("100"), {}}, {"20", I("22"), {}}}});
   Scrivi({"2", 2, G(9, 3, 2024), {{"20", I("50"), I("11")}, {"10", I("10"), {}}}});
+  // Codes are the same whatever their case; apart, two cents each would hold no VAT.
+  Scrivi({"2", 3, G(9, 3, 2024), {{"22i50", I("0.02"), {}}, {"22I50", I("0.02"), {}}}});
   Scegli("03");
   const auto totali = registro.Totali();
   ASSERT_TRUE(totali);
@@ -216,9 +218,9 @@ TEST_F(RegistroIvaTest, CorrispettiviLordi) {
       righe.push_back(t.intervallo.riva + " " + c.codIva + " " + c.imponibile.Testo() + "+" +
                       c.iva.Testo());
     }
-    EXPECT_EQ(t.ivaScorporata, t.intervallo.riva == "2" ? I("22.91") : Importo());
+    EXPECT_EQ(t.ivaScorporata, t.intervallo.riva == "2" ? I("22.92") : Importo());
   }
-  EXPECT_THAT(righe, ElementsAre("2 10 9.09+0.91", "2 20 150+33"));
+  EXPECT_THAT(righe, ElementsAre("2 10 9.09+0.91", "2 20 150+33", "2 22I50 0.03+0.01"));
 }
 
 TEST_F(RegistroIvaTest, DefinitivaDueVolte) {

@@ -1,0 +1,2 @@
+-- Registrations whose VAT is deferred.
+SELECT * FROM Articoli WHERE Ep<>False
