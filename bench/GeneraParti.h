@@ -16,6 +16,10 @@ inline constexpr const char* kPagamentoDueRate = "XDUE";
 inline constexpr const char* kFornitoreFatture = "00001";
 inline constexpr int kAnnoFatture = 2024;
 inline constexpr int kRigheImponibile = 4;
+/// Companies of invoices that several measures share.
+inline constexpr const char* kFattureMolte = "FattureMolte";
+inline constexpr const char* kFattureDecima = "FattureDecima";
+inline constexpr int kQuanteFatture = 100'000;
 
 /// Makes a company with so many purchase invoices of kRigheImponibile taxable rows and two due
 /// dates, in kAnnoFatture on kRegistroAcquisti, written by the program's own routines, unless it is

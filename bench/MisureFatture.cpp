@@ -19,9 +19,7 @@
 namespace fenalto::banco {
 namespace {
 
-constexpr const char* kMolte = "FattureMolte";
 constexpr const char* kPoche = "FatturePoche";
-constexpr int kMolteFatture = 100'000;
 constexpr int kPocheFatture = 1'000;
 constexpr int kGiri = 5;
 constexpr int kConferme = 15;  // in a round
@@ -180,12 +178,12 @@ Rapporto MisuraConfermaFattura(const OpzioniAmbiente& opzioni) {
   const auto& cartella = opzioni.cartellaProgramma;
   const auto bareTessarc = cartella / "fatture-nude.db";
   const auto bareScadenze = cartella / "scadenze-nude.db";
-  GeneraNude(cartella / kMolte, bareTessarc, bareScadenze);
+  GeneraNude(cartella / kFattureMolte, bareTessarc, bareScadenze);
   DialoghiMuti dialoghi;
   OrologioDiSistema orologio;
   CasoDiSistema caso;
   Ambiente ambiente(opzioni, dialoghi, orologio, caso);
-  if (auto esito = ambiente.ApriDitta(kMolte); !esito) {
+  if (auto esito = ambiente.ApriDitta(kFattureMolte); !esito) {
     throw std::runtime_error(esito.Errore().messaggio);
   }
   Nuda nuda(bareTessarc);
@@ -227,12 +225,12 @@ std::vector<Rapporto> MisureFatture(const OpzioniAmbiente& opzioni, const Nomi& 
   const bool fattura = Chiesto(nomi, "fattura");
   const bool apertura = Chiesto(nomi, "fatture-apertura");
   if (!fattura && !apertura) return rapporti;
-  GeneraFatture(opzioni, kMolte, kMolteFatture);
+  GeneraFatture(opzioni, kFattureMolte, kQuanteFatture);
   if (fattura) rapporti.push_back(MisuraConfermaFattura(opzioni));
   if (apertura) {
     GeneraFatture(opzioni, kPoche, kPocheFatture);
     rapporti.push_back(MisuraApertura("fatture-apertura", opzioni, QStringLiteral("Fatture"),
-                                      kMolte, kPoche, DigitaRegistro));
+                                      kFattureMolte, kPoche, DigitaRegistro));
   }
   return rapporti;
 }

@@ -13,8 +13,10 @@ namespace fenalto::banco {
 /// The engine's C interface on the plain tables.
 class Nuda {
  public:
-  explicit Nuda(const std::filesystem::path& file) {
+  /// `prepara` gives the connection what the file's schema names.
+  explicit Nuda(const std::filesystem::path& file, void (*prepara)(sqlite3*) = nullptr) {
     if (sqlite3_open(file.c_str(), &motore_) != SQLITE_OK) throw std::runtime_error("nuda");
+    if (prepara != nullptr) prepara(motore_);
     Esegui("PRAGMA journal_mode=TRUNCATE");
     Esegui("PRAGMA synchronous=FULL");
     Esegui("PRAGMA cache_size=-32000");

@@ -18,6 +18,7 @@
 #include "bench/MisureFinestre.h"
 #include "bench/MisureImpostazioni.h"
 #include "bench/MisureRapporti.h"
+#include "bench/MisureRegistro.h"
 #include "screens/main/Applicazione.h"
 
 namespace {
@@ -42,6 +43,7 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
   }
   aggiungi(fenalto::banco::MisureArchivi(opzioni, nomi));
   aggiungi(fenalto::banco::MisureFatture(opzioni, nomi));
+  aggiungi(fenalto::banco::MisureRegistro(opzioni, nomi));
   if (!nomi.empty() && rapporti.size() == nomi.size()) return rapporti;
   const auto nuda = opzioni.cartellaProgramma / "nuda.db";
   std::printf("# dati in %s\n", opzioni.cartellaProgramma.c_str());
@@ -93,6 +95,11 @@ int main(int argc, char** argv) {
     }
     if (argomenti.size() == 3 && argomenti[0] == QLatin1String("--giornale-pdf")) {
       fenalto::banco::StampaGiornali(opzioni, argomenti[1].toStdString(),
+                                     argomenti[2].toStdString());
+      return 0;
+    }
+    if (argomenti.size() == 3 && argomenti[0] == QLatin1String("--registro-iva")) {
+      fenalto::banco::StampaRegistri(opzioni, argomenti[1].toStdString(),
                                      argomenti[2].toStdString());
       return 0;
     }
