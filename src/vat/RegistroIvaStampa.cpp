@@ -38,7 +38,8 @@ constexpr const char* kGiunzione =
     " INNER JOIN Movimenti ON (Articoli.Anno = Movimenti.Anno) AND (Articoli.NumDoc = "
     "Movimenti.NumDoc) WHERE ";
 
-RigaRegistro Leggi(const Rs& rs) {
+/// What all rows of a registration share; the rest is left empty.
+RigaRegistro LeggiTesta(const Rs& rs) {
   RigaRegistro riga;
   riga.nProt = rs.Fields(0).Intero();
   riga.numDoc = rs.Fields(1).Intero();
@@ -50,9 +51,12 @@ RigaRegistro Leggi(const Rs& rs) {
   riga.nFat = rs.Fields(7).Testo();
   riga.ep = rs.Fields(8).Booleano();
   riga.dtIncasso = rs.Fields(9).Data();
+  return riga;
+}
+
+void LeggiImporti(const Rs& rs, RigaRegistro& riga) {
   riga.codIva = rs.Fields(10).Testo();
   riga.importi = {rs.Fields(11).Importo(), rs.Fields(12).Importo(), rs.Fields(13).Importo()};
-  return riga;
 }
 
 /// The pieces that aren't empty, with `segno` between.
@@ -155,23 +159,24 @@ bool TabulatoRegistroIva::Scorri(const TotaleRegistro& totale) {
       incassate ? " ORDER BY Articoli.Anno, Articoli.Riva, Articoli.NProt, Movimenti.Posi"
                 : " ORDER BY Articoli.NProt, Movimenti.Posi";
   conRiporto_ = true;
-  std::optional<RigaRegistro> testa;
+  std::optional<RigaRegistro> riga;
   Rs rs =
       ambiente_.ArchivioDi("tessarc").Recordset(kColonneLette + std::string(articoli) + kGiunzione +
                                                 condizione + " AND Movimenti.TIPORIGA=3" + ordine);
   for (; !rs.Eof() && !stampa_.Interrotta(); rs.MoveNext()) {
-    const RigaRegistro riga = Leggi(rs);
-    const bool prima = !testa || testa->numDoc != riga.numDoc || testa->anno != riga.anno;
+    const bool prima =
+        !riga || riga->numDoc != rs.Fields(1).Intero() || riga->anno != rs.Fields(2).Intero();
     if (prima) {
-      if (testa) FineArticolo(*testa, incassate);
+      if (riga) FineArticolo(*riga, incassate);
       if (++fatti_ % kOgni == 0 && !avanzamento_->Avanza(fatti_)) return false;
+      riga = LeggiTesta(rs);
       // The lines of a registration stay together.
-      Spazio(1 + (opzioni_.stIndirizzo ? 1 : 0) + (riga.ep ? 1 : 0));
-      testa = riga;
+      Spazio(1 + (opzioni_.stIndirizzo ? 1 : 0) + (riga->ep ? 1 : 0));
     }
-    Stendi(riga, prima);
+    LeggiImporti(rs, *riga);
+    Stendi(*riga, prima);
   }
-  if (testa) FineArticolo(*testa, incassate);
+  if (riga) FineArticolo(*riga, incassate);
   Progressivi("totale del registro", progressivo_);
   conRiporto_ = false;
   return !stampa_.Interrotta();

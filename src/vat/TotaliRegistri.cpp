@@ -203,7 +203,8 @@ std::vector<GruppoIva> LeggiGruppi(Ambiente& ambiente, const std::string& condiz
   for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset(kRighe + condizione); !rs.Eof();
        rs.MoveNext()) {
     const bool ep = rs.Fields(1).Booleano();
-    auto& gruppo = perCodice[rs.Fields(0).Testo()][ep ? 1 : 0];
+    const Valore codIva = rs.Fields(0);
+    auto& gruppo = perCodice[codIva.RifTesto()][ep ? 1 : 0];
     if (!gruppo) gruppo.emplace();
     const Importo imponibile = rs.Fields(2).Importo();
     const Importo iva = rs.Fields(3).Importo();
