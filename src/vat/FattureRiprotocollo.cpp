@@ -31,7 +31,7 @@ std::string Mancanti(const std::vector<Protocollo>& letti, std::int64_t da) {
   std::int64_t atteso = da;
   for (const auto& letto : letti) {
     for (; atteso < letto.nProt; ++atteso) {
-      if (++elencati > kMassimo) return lista + "...";
+      if (++elencati > kMassimo) return lista.append("...");
       lista.append(std::to_string(atteso)).append(" ");
     }
     atteso = letto.nProt + 1;

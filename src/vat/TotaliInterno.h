@@ -27,8 +27,8 @@ struct GruppoIva {
 /// `prefisso`.
 std::string CondizioneIntervallo(const IntervalloRegistro& intervallo, int anno,
                                  const std::string& prefisso = "");
-/// Condition on `ZarticoliSospese AS Articoli` of the deferred invoices collected in the period, of the registers that
-/// a register of type 08 or 08A collects from.
+/// Condition on `ZarticoliSospese AS Articoli` of the deferred invoices collected in the period, of
+/// the registers that a register of type 08 or 08A collects from.
 std::string CondizioneIncassati(Ambiente& ambiente, const std::string& tipo,
                                 const PeriodoIva& periodo);
 
