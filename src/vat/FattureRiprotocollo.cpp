@@ -14,9 +14,9 @@ struct Protocollo {
 std::vector<Protocollo> Leggi(Archivio& tessarc, const std::string& condizione,
                               const std::string& ordine) {
   std::vector<Protocollo> letti;
-  for (Rs riga = tessarc.Recordset("select * from ZarticoliProtocollati where " + condizione +
-                                   " ORDER BY " + ordine);
-       !riga.Eof(); riga.MoveNext()) {
+  Rs riga = tessarc.Recordset("select * from ZarticoliProtocollati where " + condizione +
+                              " ORDER BY " + ordine);
+  for (; !riga.Eof(); riga.MoveNext()) {
     letti.push_back({riga.Fields("ID").Intero(), riga.Fields("NumDoc").Intero(),
                      riga.Fields("NProt").Intero()});
   }
