@@ -4,6 +4,7 @@
 #include "core/sql/Criterio.h"
 #include "ledger/Primanota.h"
 #include "ledger/PrimanotaInterno.h"
+#include "ledger/TestataArticolo.h"
 
 namespace fenalto {
 
@@ -50,15 +51,7 @@ std::int64_t Primanota::Interno::ScriviTestata(std::int64_t numero) {
                                      {"DescrArtDupl", testa.Testo("DescrArtDupl")}};
   if (nuova) return tessarc.Inserisci("Articoli", campi);
 
-  std::string testo;
-  for (const auto& [campo, valore] : campi) {
-    testo += (testo.empty() ? "update Articoli set " : ",") + campo + "=" + LetteraleSql(valore);
-  }
-  if (tessarc.Esegui(testo + " where " + Criterio("ID", "=", idRecord)) == 0) {
-    throw ErroreArchivio(ErroreArchivio::Causa::Mancante,
-                         "la registrazione n. " + std::to_string(numeroRecord) +
-                             " non c'è più: è stata eliminata mentre era aperta");
-  }
+  AggiornaTestata(tessarc, idRecord, numeroRecord, campi);
   return idRecord;
 }
 

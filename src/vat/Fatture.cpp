@@ -56,10 +56,6 @@ constexpr CampoTesta kCampiRiga[] = {{"Posi", Tipo::Intero},        {"Conto", Ti
                                      {"Imponibile", Tipo::Importo}, {"Iva", Tipo::Importo},
                                      {"IvaInd", Tipo::Importo},     {"Totale", Tipo::Importo}};
 
-std::filesystem::path FileStazione(const Ambiente& ambiente) {
-  return ambiente.CartellaProgramma() / "Ini" / "Ini.ini";
-}
-
 }  // namespace
 
 Fatture::Interno::Interno(Ambiente& ambienteUsato)
@@ -442,26 +438,28 @@ std::optional<Valore> Fatture::Precedente(std::string_view campo) const {
   return trovato->second;
 }
 
+bool Fatture::Interno::OpzioneStazione(std::string_view chiave) const {
+  return UgualeTesto(ambiente.LeggiImpostazione(ambiente.FileStazione(), kOpzioni, chiave), "SI");
+}
+
+void Fatture::Interno::ScriviOpzione(std::string_view chiave, bool attiva) {
+  ambiente.ScriviImpostazione(ambiente.FileStazione(), kOpzioni, chiave, attiva ? "Si" : "No");
+}
+
 bool Fatture::VerificaTotale() const {
-  return UgualeTesto(interno_->ambiente.LeggiImpostazione(FileStazione(interno_->ambiente),
-                                                          kOpzioni, "TotaleXVerifica"),
-                     "SI");
+  return interno_->OpzioneStazione(kVerificaTotale);
 }
 
 void Fatture::VerificaTotale(bool attiva) {
-  interno_->ambiente.ScriviImpostazione(FileStazione(interno_->ambiente), kOpzioni,
-                                        "TotaleXVerifica", attiva ? "Si" : "No");
+  interno_->ScriviOpzione(kVerificaTotale, attiva);
 }
 
 bool Fatture::VerificaFatForn() const {
-  return UgualeTesto(interno_->ambiente.LeggiImpostazione(FileStazione(interno_->ambiente),
-                                                          kOpzioni, "VerifFatForn"),
-                     "SI");
+  return interno_->OpzioneStazione(kVerificaFornitore);
 }
 
 void Fatture::VerificaFatForn(bool attiva) {
-  interno_->ambiente.ScriviImpostazione(FileStazione(interno_->ambiente), kOpzioni, "VerifFatForn",
-                                        attiva ? "Si" : "No");
+  interno_->ScriviOpzione(kVerificaFornitore, attiva);
 }
 
 }  // namespace fenalto

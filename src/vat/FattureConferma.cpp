@@ -5,6 +5,7 @@
 #include "core/sql/Criterio.h"
 #include "core/store/TransazioneComune.h"
 #include "core/values/Testo.h"
+#include "ledger/TestataArticolo.h"
 #include "vat/DatiIva.h"
 #include "vat/FattureInterno.h"
 #include "vat/StornoSospesa.h"
@@ -90,15 +91,7 @@ void Fatture::Interno::ScriviTesta(Scritta& scritta) {
     tessarc.Inserisci("Articoli", campi);
     return;
   }
-  std::string testo;
-  for (const auto& [campo, valore] : campi) {
-    testo += (testo.empty() ? "update Articoli set " : ",") + campo + "=" + LetteraleSql(valore);
-  }
-  if (tessarc.Esegui(testo + " where " + Criterio("ID", "=", idRecord)) == 0) {
-    throw ErroreArchivio(ErroreArchivio::Causa::Mancante,
-                         "la registrazione n. " + std::to_string(numeroRecord) +
-                             " non c'è più: è stata eliminata mentre era aperta");
-  }
+  AggiornaTestata(tessarc, idRecord, numeroRecord, campi);
 }
 
 void Fatture::Interno::ScriviScadenze(Scritta& scritta, Importo daPagare) {
@@ -196,8 +189,7 @@ Fatture::Interno::Scritta Fatture::Interno::Scrivi() {
   if (!complete) throw ErroreArchivio(ErroreArchivio::Causa::Altro, complete.Errore().messaggio);
   const bool stornoLibero = nuova || LevaStornoSospesa(ambiente, {anno, numeroRecord}, scritta.log);
   if (!nuova) {
-    tessarc.Esegui("delete * from Movimenti where " + Criterio("NumDoc", "=", numeroRecord) +
-                   " and " + Criterio("anno", "=", anno));
+    tessarc.Esegui("delete * from Movimenti where " + ChiaveArticolo({anno, numeroRecord}));
   }
   // The head first: the rows then take its date as they are written.
   ScriviTesta(scritta);
@@ -285,8 +277,7 @@ bool Fatture::Elimina() {
   try {
     Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
     LevaStornoSospesa(io.ambiente, {io.anno, io.numeroRecord}, log);
-    const std::string chiave =
-        Criterio("NumDoc", "=", io.numeroRecord) + " and " + Criterio("anno", "=", io.anno);
+    const std::string chiave = ChiaveArticolo({io.anno, io.numeroRecord});
     io.tessarc.Esegui("delete * from Movimenti where " + chiave);
     io.tessarc.Esegui("delete * from Articoli where " + chiave);
     EliminaScadenzeFattura(io.ambiente, io.anno, io.numeroRecord, log.testo);

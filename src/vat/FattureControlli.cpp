@@ -169,11 +169,7 @@ std::optional<Rifiuto> Fatture::Interno::ControllaProtocolloForzato() {
 
 std::optional<Rifiuto> Fatture::Interno::ControllaDoppioFornitore() {
   if (!nuova || !Tipo({"03"}) || T("NFat").empty()) return std::nullopt;
-  const bool attiva =
-      UgualeTesto(ambiente.LeggiImpostazione(ambiente.CartellaProgramma() / "Ini" / "Ini.ini",
-                                             "impostazioni", "VerifFatForn"),
-                  "SI");
-  if (!attiva) return std::nullopt;
+  if (!OpzioneStazione(kVerificaFornitore)) return std::nullopt;
   Rs doppia = tessarc.Recordset(
       "SELECT NumDoc FROM ZarticoliFatture WHERE " + Criterio("ANNO", "=", anno) + " and " +
       Criterio("RIVA", "=", registro.cod) + " and " + Criterio("NFAT", "=", T("NFat")) + " and " +
@@ -188,11 +184,8 @@ std::optional<Rifiuto> Fatture::Interno::ControllaDoppioFornitore() {
 }
 
 std::optional<Rifiuto> Fatture::Interno::ControllaTotale() {
-  const bool attivo =
-      UgualeTesto(ambiente.LeggiImpostazione(ambiente.CartellaProgramma() / "Ini" / "Ini.ini",
-                                             "impostazioni", "TotaleXVerifica"),
-                  "SI");
-  if (!attivo || I("TotaleXVerifica") == totali.Totale()) return std::nullopt;
+  const bool torna = I("TotaleXVerifica") == totali.Totale();
+  if (torna || !OpzioneStazione(kVerificaTotale)) return std::nullopt;
   return Rifiuto{"Totale fattura diverso dal Totale fattura di controllo", "TotaleXVerifica"};
 }
 

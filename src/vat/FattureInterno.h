@@ -16,6 +16,10 @@ namespace fenalto {
 
 inline constexpr std::string_view kCodiceVentilazione = "ZCOR";
 
+/// Keys of the station's options.
+inline constexpr std::string_view kVerificaTotale = "TotaleXVerifica";
+inline constexpr std::string_view kVerificaFornitore = "VerifFatForn";
+
 struct Fatture::Interno {
   explicit Interno(Ambiente& ambienteUsato);
 
@@ -35,6 +39,8 @@ struct Fatture::Interno {
   /// unknown.
   [[nodiscard]] Valore DellaParte(std::string_view campo) const;
   [[nodiscard]] bool AutomaticoIntra() const;
+  [[nodiscard]] bool OpzioneStazione(std::string_view chiave) const;
+  void ScriviOpzione(std::string_view chiave, bool attiva);
 
   // --- Register and opening
   // -----------------------------------------------------------------------
@@ -78,6 +84,8 @@ struct Fatture::Interno {
   void MostraRiga(const RigaIva& mostrata);
   [[nodiscard]] DocumentoIva Documento(std::int64_t numDoc) const;
   [[nodiscard]] std::vector<RigaIva> RigheCompilate() const;
+  /// Taxable rows of the party's last registration here, while they can be proposed.
+  [[nodiscard]] std::vector<RigaIva> RigheDellUltima() const;
 
   // --- Checks
   // -------------------------------------------------------------------------------------

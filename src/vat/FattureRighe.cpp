@@ -242,16 +242,17 @@ bool Fatture::ConfermaRiga(std::string* campo) {
   std::stable_sort(nuove.begin(), nuove.end(),
                    [](const RigaIva& a, const RigaIva& b) { return a.posi < b.posi; });
   const auto precedenti = std::exchange(io.righe, std::move(nuove));
+  const auto proposte = io.proposte;
+  io.proposte.erase(prima);
+  io.proposte.erase(fatta.posi);
   try {
     io.CalcolaTotali();
   } catch (const FuoriCampo& errore) {
     io.righe = precedenti;
+    io.proposte = proposte;
     io.Avviso(std::string("totali della registrazione: ") + errore.what());
     return false;
   }
-  io.proposte.erase(prima);
-  io.proposte.erase(fatta.posi);
-  io.CalcolaTotali();
   io.righeModificate = true;
   AnnullaRiga();
   return true;
@@ -293,19 +294,22 @@ std::vector<RigaIva> UltimeRighe(Archivio& tessarc, int anno, const std::string&
 
 }  // namespace
 
+std::vector<RigaIva> Fatture::Interno::RigheDellUltima() const {
+  const bool adatta = nuova && stato == Stato::Aperta && righe.empty() && !tipo->corrispettivi &&
+                      !T("Contox").empty();
+  if (!adatta) return {};
+  return UltimeRighe(tessarc, anno, registro.cod, T("CFPx"), T("Contox"));
+}
+
 std::size_t Fatture::RigheProponibili() const {
-  const Interno& io = *interno_;
-  const bool adatta = io.nuova && io.stato == Stato::Aperta && io.righe.empty() &&
-                      !io.tipo->corrispettivi && !io.T("Contox").empty();
-  if (!adatta) return 0;
-  return UltimeRighe(io.tessarc, io.anno, io.registro.cod, io.T("CFPx"), io.T("Contox")).size();
+  return interno_->RigheDellUltima().size();
 }
 
 void Fatture::ProponiRighe() {
   Interno& io = *interno_;
-  if (RigheProponibili() == 0) return;
-  for (const auto& vecchia :
-       UltimeRighe(io.tessarc, io.anno, io.registro.cod, io.T("CFPx"), io.T("Contox"))) {
+  const auto vecchie = io.RigheDellUltima();
+  if (vecchie.empty()) return;
+  for (const auto& vecchia : vecchie) {
     RigaIva proposta;
     proposta.posi = static_cast<std::int64_t>(io.righe.size()) + 1;
     proposta.cfp = "P";

@@ -1,14 +1,11 @@
 #include "vat/GiroFornitore.h"
 
-#include "core/sql/Criterio.h"
 #include "duedates/CreaScadenze.h"
 
 namespace fenalto {
 
 void ScriviGiroFornitore(Ambiente& ambiente, const GiroFornitore& giro, LogContabile& log) {
-  Rs articolo = ambiente.ArchivioDi("tessarc").Recordset(
-      "select * from articoli where " + Criterio("numdoc", "=", giro.articolo.numDoc) + " and " +
-      Criterio("anno", "=", giro.articolo.anno));
+  Rs articolo = LeggiArticolo(ambiente, giro.articolo);
   RegistrazioneDueRighe r;
   r.anno = giro.articolo.anno;
   r.dt = articolo.Fields("Dt").Data();

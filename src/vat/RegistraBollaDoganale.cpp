@@ -1,6 +1,5 @@
 // The customs giro: the taxable amount of a customs bill goes from the bill's party to the supplier
 // of the goods.
-#include "core/sql/Criterio.h"
 #include "vat/GiroFornitore.h"
 #include "vat/RegistrazioniAutomatiche.h"
 
@@ -9,9 +8,8 @@ namespace fenalto {
 bool RegistraBollaDoganale(Ambiente& ambiente, const ArticoloOrigine& origine,
                            const DatiBollaDoganale& dati, LogContabile& log) {
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  const std::string chiave =
-      Criterio("numdoc", "=", origine.numDoc) + " and " + Criterio("anno", "=", origine.anno);
-  Rs articolo = tessarc.Recordset("select * from articoli where " + chiave);
+  const std::string chiave = ChiaveArticolo(origine);
+  Rs articolo = LeggiArticolo(ambiente, origine);
   if (articolo.Eof()) {
     log.Riga("registraz.automatica intra : NON ESISTE L'ARTICOLO del registro 03");
     return false;

@@ -1,6 +1,5 @@
 // The second half of a reverse-charge registration, and the giro that gives its cost to the foreign
 // supplier.
-#include "core/sql/Criterio.h"
 #include "duedates/CreaScadenze.h"
 #include "vat/GiroFornitore.h"
 #include "vat/RegistrazioniAutomatiche.h"
@@ -62,9 +61,8 @@ CopiaRighe CopiaTutte(Ambiente& ambiente, const std::string& chiave, const std::
 bool RegistraIntra(Ambiente& ambiente, const ArticoloOrigine& origine, const DatiIntra& dati,
                    LogContabile& log) {
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  const std::string chiave =
-      Criterio("numdoc", "=", origine.numDoc) + " and " + Criterio("anno", "=", origine.anno);
-  Rs articolo = tessarc.Recordset("select * from articoli where " + chiave);
+  const std::string chiave = ChiaveArticolo(origine);
+  Rs articolo = LeggiArticolo(ambiente, origine);
   if (articolo.Eof()) {
     log.Riga("registraz.automatica intra : NON ESISTE L'ARTICOLO del registro 04");
     return false;

@@ -59,6 +59,15 @@ void LogContabile::Riga(std::string_view riga) {
   testo += riga;
 }
 
+std::string ChiaveArticolo(const ArticoloOrigine& articolo) {
+  return Criterio("Anno", "=", articolo.anno) + " and " + Criterio("NumDoc", "=", articolo.numDoc);
+}
+
+Rs LeggiArticolo(Ambiente& ambiente, const ArticoloOrigine& articolo) {
+  return ambiente.ArchivioDi("tessarc").Recordset("select * from articoli where " +
+                                                  ChiaveArticolo(articolo));
+}
+
 std::int64_t ProssimoNumDoc(Ambiente& ambiente, int anno) {
   return ambiente.Max("NumDoc", "Articoli", {{"Anno", anno}}, ambiente.ArchivioDi("tessarc"))
              .Intero() +
@@ -135,10 +144,7 @@ std::int64_t CreaGiroRitenuta(Ambiente& ambiente, const RichiestaControConto& ri
 
 bool RegistraGiroRitenuta(Ambiente& ambiente, const ArticoloOrigine& origine,
                           const DatiGiroRitenuta& dati, LogContabile& log) {
-  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  const std::string chiave =
-      Criterio("Anno", "=", origine.anno) + " and " + Criterio("NumDoc", "=", origine.numDoc);
-  Rs articolo = tessarc.Recordset("select * from articoli where " + chiave);
+  Rs articolo = LeggiArticolo(ambiente, origine);
   if (articolo.Eof()) {
     log.Riga("registraz.giro ritenuta : NON ESISTE L'ARTICOLO della fattura");
     return false;
@@ -152,8 +158,9 @@ bool RegistraGiroRitenuta(Ambiente& ambiente, const ArticoloOrigine& origine,
   registrazione.anno = origine.anno;
   registrazione.dt = articolo.Fields("Dt").Data();
   registrazione.causale = dati.causale;
-  registrazione.descrizione = NzStr(tessarc.Singolo(
-      "select top 1 descrizione from movimenti where " + chiave + " and tiporiga=5 order by posi"));
+  registrazione.descrizione = NzStr(ambiente.ArchivioDi("tessarc").Singolo(
+      "select top 1 descrizione from movimenti where " + ChiaveArticolo(origine) +
+      " and tiporiga=5 order by posi"));
   registrazione.origine = Origine::RitenutaAcconto;
   const auto numDoc = ScriviDueRighe(ambiente, registrazione);
   log.Riga("Registrazione giro ritenuta : Articolo n. " + std::to_string(numDoc) + " EFFETTUATA");

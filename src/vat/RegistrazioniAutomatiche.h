@@ -93,6 +93,10 @@ struct ArticoloOrigine {
   int anno = 0;
   std::int64_t numDoc = 0;
 };
+/// Condition that finds its head, or its rows.
+std::string ChiaveArticolo(const ArticoloOrigine& articolo);
+/// Its head; at the end when there is none.
+Rs LeggiArticolo(Ambiente& ambiente, const ArticoloOrigine& articolo);
 
 /// Second half of a reverse-charge registration on a register of type "04".
 struct DatiIntra {

@@ -9,10 +9,6 @@ namespace fenalto {
 
 namespace {
 
-std::string Chiave(const ArticoloOrigine& articolo) {
-  return Criterio("Anno", "=", articolo.anno) + " and " + Criterio("NumDoc", "=", articolo.numDoc);
-}
-
 /// By which a storno is found again.
 std::string Descrizione(const SospesaStornabile& sospesa) {
   return "Storno IVA differita prot. " + sospesa.Nome();
@@ -43,7 +39,7 @@ bool SospesaStornabile::ContoAParte() const {
 
 std::optional<SospesaStornabile> LeggiSospesa(Ambiente& ambiente, const ArticoloOrigine& articolo) {
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  Rs r = tessarc.Recordset("select * from Articoli where " + Chiave(articolo));
+  Rs r = tessarc.Recordset("select * from Articoli where " + ChiaveArticolo(articolo));
   if (r.Eof()) return std::nullopt;
   SospesaStornabile s;
   s.articolo = articolo;
@@ -102,8 +98,8 @@ bool SulGiornale(Ambiente& ambiente, Data data) {
 
 void EliminaStorno(Ambiente& ambiente, const ArticoloOrigine& storno) {
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  tessarc.Esegui("delete * from Movimenti where " + Chiave(storno));
-  tessarc.Esegui("delete * from Articoli where " + Chiave(storno));
+  tessarc.Esegui("delete * from Movimenti where " + ChiaveArticolo(storno));
+  tessarc.Esegui("delete * from Articoli where " + ChiaveArticolo(storno));
 }
 
 std::int64_t ScriviStorno(Ambiente& ambiente, const SospesaStornabile& sospesa) {

@@ -10,10 +10,6 @@ namespace {
 /// Remembered for a column that the user left out.
 constexpr std::string_view kNessuno = "-";
 
-std::filesystem::path FileStazione(const Ambiente& ambiente) {
-  return ambiente.CartellaProgramma() / "Ini" / "Ini.ini";
-}
-
 bool SiChiama(const CampoImporta& campo, const std::string& nome) {
   return NomeColonna(campo.nome) == nome || NomeColonna(campo.didascalia) == nome ||
          std::any_of(campo.sinonimi.begin(), campo.sinonimi.end(),
@@ -49,7 +45,7 @@ std::string Corrispondenze::Chiave(std::size_t colonna) const {
 }
 
 void Corrispondenze::Proponi() {
-  const auto file = FileStazione(ambiente_);
+  const auto file = ambiente_.FileStazione();
   std::vector<bool> decise(colonne_.size(), false);
   for (std::size_t i = 0; i < colonne_.size(); ++i) {
     if (Chiave(i).empty()) continue;
@@ -90,7 +86,7 @@ void Corrispondenze::Abbina(std::size_t colonna, std::string_view campo) {
 }
 
 void Corrispondenze::Ricorda() {
-  const auto file = FileStazione(ambiente_);
+  const auto file = ambiente_.FileStazione();
   for (std::size_t i = 0; i < colonne_.size(); ++i) {
     if (Chiave(i).empty()) continue;
     const std::string scelta = scelte_[i] ? campi_[*scelte_[i]].nome : std::string(kNessuno);

@@ -102,6 +102,8 @@ class Ambiente {
   /// Path of the database behind `tessarc` or `scadenzario`, in any case.
   [[nodiscard]] std::filesystem::path PercorsoDb(std::string_view chiave) const;
   [[nodiscard]] std::filesystem::path FileImpostazioni() const;
+  /// The settings of this station, `Ini/Ini.ini` of the program folder.
+  [[nodiscard]] std::filesystem::path FileStazione() const;
   /// Path of a private scratch database, a file `x*.mdb` in the system's folder for temporary
   /// files.
   std::filesystem::path CartellaTemp(std::string_view nomeFinestra, int indice);

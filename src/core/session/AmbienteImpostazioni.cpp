@@ -64,6 +64,10 @@ const IndiceIni& Ambiente::Interno::Impostazioni(const fs::path& file) {
   return letto.indice;
 }
 
+fs::path Ambiente::FileStazione() const {
+  return CartellaProgramma() / "Ini" / "Ini.ini";
+}
+
 void Ambiente::RiguardaImpostazioni() {
   if (interno_->sessione) interno_->sessione->impostazioni.guardato.reset();
   for (auto& [percorso, letto] : interno_->letti) letto.guardato.reset();

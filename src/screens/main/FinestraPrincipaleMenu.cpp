@@ -235,8 +235,8 @@ void FinestraPrincipale::ManualeContabilita() {
 }
 
 void FinestraPrincipale::VideoCorsi() {
-  const std::string indirizzo = ambiente_.LeggiImpostazione(
-      ambiente_.CartellaProgramma() / "Ini" / "Ini.ini", "impostazioni", "IndirizzoVideoCorsi");
+  const std::string indirizzo =
+      ambiente_.LeggiImpostazione(ambiente_.FileStazione(), "impostazioni", "IndirizzoVideoCorsi");
   if (indirizzo.empty()) {
     ambiente_.Dialogo().Messaggio(
         "l'indirizzo dei video corsi non è impostato: chiave IndirizzoVideoCorsi, sezione "
