@@ -5,11 +5,10 @@
 #include <vector>
 
 #include "core/archives/Importazione.h"
-#include "core/reports/Sagoma.h"
 #include "core/values/Testo.h"
 #include "ledger/CodiceConto.h"
 #include "ledger/ContiClientiFornitori.h"
-#include "ledger/SaldoConto.h"
+#include "ledger/PannelloSaldo.h"
 
 namespace fenalto {
 
@@ -18,9 +17,6 @@ namespace {
 /// Greatest length of an account's code: the place it has on every report.
 constexpr int kCaratteriConto = 10;
 constexpr int kCaratteriMeta = 6;  ///< of a master's code, and of a sub-code
-/// How far the balance of the button looks ahead.
-constexpr int kAnniSaldo = 50;
-constexpr int kMesiAnno = 12;
 
 // Extra fields that no control shows.
 constexpr const char* kClassePrima = "CFPPrima";      ///< class as stored, empty for a new account
@@ -199,24 +195,7 @@ void DiVocePersa(ContestoArchivio& contesto) {
 
 std::vector<std::string> MostraSaldo(ContestoArchivio& contesto) {
   if (contesto.nuovo) return {"conto non ancora registrato"};
-  Ambiente& ambiente = contesto.ambiente;
-  SaldoConto saldoConto(ambiente.ArchivioDi("tessarc"));
-  SaldoConto::Richiesta richiesta;
-  richiesta.conto = contesto.codicePrima;
-  // Over all years the openings of each would count what the years before have moved.
-  richiesta.anno = ambiente.Anno();
-  richiesta.daData = Ambiente::DataMinima();
-  richiesta.aData = ambiente.Ora().Oggi().PiuMesi(kAnniSaldo * kMesiAnno);
-  const Saldo saldo = saldoConto.Calcola(richiesta);
-
-  const auto riga = [&](const char* sagoma, Importo importo) {
-    const Valore valore(importo);
-    return Sagoma(PictureImporto(sagoma, ambiente.Euro())).Riempi({&valore, 1});
-  };
-  return {riga("s.do iniz. ççççççççççççççç", saldo.saldoIniziale),
-          riga("     dare  ççççççççççççççç", saldo.totaleDare),
-          riga("     avere ççççççççççççççç", saldo.totaleAvere),
-          riga("     saldo ççççççççççççççç", saldo.Finale())};
+  return RigheSaldo(contesto.ambiente, "P", contesto.codicePrima);
 }
 
 std::vector<std::string> MostraMovimenti(ContestoArchivio& contesto) {

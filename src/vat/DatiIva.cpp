@@ -1,20 +1,9 @@
 #include "vat/DatiIva.h"
 
+#include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
-#include "core/values/Testo.h"
 
 namespace fenalto {
-
-bool ImpostazioneAttiva(Ambiente& ambiente, std::string_view chiave, bool seVuota) {
-  const std::string letta = ambiente.Config(chiave);
-  const std::string_view testo = Rifila(letta);
-  if (testo.empty()) return seVuota;
-  if (UgualeTesto(testo, "si") || UgualeTesto(testo, "true") || UgualeTesto(testo, "vero")) {
-    return true;
-  }
-  const auto numero = Importo::DaTesto(testo);
-  return numero && !numero->Zero();
-}
 
 DocumentoIva DocumentoDiRegistro(Ambiente& ambiente, const std::string& riva) {
   DocumentoIva documento;

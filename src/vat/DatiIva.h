@@ -20,8 +20,4 @@ RigaIva LeggiRigaIva(const Rs& riga);
 /// All rows of a registration, in order of `Posi`.
 std::vector<RigaIva> LeggiRigheIva(Archivio& tessarc, int anno, std::int64_t numDoc);
 
-/// A key of the settings that is read as a number: anything but zero is yes. A missing or empty one
-/// is `seVuota`.
-bool ImpostazioneAttiva(Ambiente& ambiente, std::string_view chiave, bool seVuota = false);
-
 }  // namespace fenalto

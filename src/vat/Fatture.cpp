@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "duedates/DescrizioneCodice.h"
@@ -107,7 +108,7 @@ Valore Fatture::Interno::DellaParte(std::string_view campo) const {
 }
 
 bool Fatture::Interno::AutomaticoIntra() const {
-  return UgualeTesto(Rifila(ambiente.Config("RegAutoIntraCee")), "SI");
+  return ImpostazioneAttiva(ambiente, "RegAutoIntraCee");
 }
 
 Fatture::Fatture(Ambiente& ambiente) : interno_(std::make_unique<Interno>(ambiente)) {}
@@ -412,13 +413,12 @@ bool Fatture::MostraIntra() const {
 }
 
 bool Fatture::MostraBollaDoganale() const {
-  return interno_->Tipo({"03"}) &&
-         UgualeTesto(Rifila(interno_->ambiente.Config("RegAutoBolleDoganali")), "SI");
+  return interno_->Tipo({"03"}) && ImpostazioneAttiva(interno_->ambiente, "RegAutoBolleDoganali");
 }
 
 bool Fatture::MostraRitenute() const {
   return interno_->Tipo({"01", "03", "06", "11"}) &&
-         UgualeTesto(Rifila(interno_->ambiente.Config("RITENUTAACCONTO")), "SI");
+         ImpostazioneAttiva(interno_->ambiente, "RITENUTAACCONTO");
 }
 
 bool Fatture::MostraDtIncasso() const {

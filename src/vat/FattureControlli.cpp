@@ -42,7 +42,7 @@ std::optional<Rifiuto> Fatture::Interno::ControllaData() {
         "Dt"};
   }
   AvvisaDataInferiore();
-  if (PeriodoChiuso()) return Rifiuto{"", "Dt"};
+  if (AvvisaPeriodoChiuso()) return Rifiuto{"", "Dt"};
   return std::nullopt;
 }
 

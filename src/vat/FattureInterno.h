@@ -67,7 +67,7 @@ struct Fatture::Interno {
   void NumeroLasciato();
   void DataLasciata();
   /// Refuses a date in a period that is settled; says so.
-  bool PeriodoChiuso();
+  bool AvvisaPeriodoChiuso();
   /// A date before that of the last registration of the register: said once a date.
   void AvvisaDataInferiore();
   void AvvisaDataFattura();

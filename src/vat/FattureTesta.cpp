@@ -52,10 +52,8 @@ void Fatture::Interno::NumeroLasciato() {
   }
 }
 
-bool Fatture::Interno::PeriodoChiuso() {
-  const std::string periodo = ChiavePeriodo(D("Dt"), IvaTrimestrale(ambiente, ambiente.Anno()));
-  const bool chiuso = ambiente.Esiste("tessarc", "CHIUSUREIVA",
-                                      {{"MeseTrimestre", periodo}, {"ANNO", D("Dt").Anno()}});
+bool Fatture::Interno::AvvisaPeriodoChiuso() {
+  const bool chiuso = !PeriodoChiuso(ambiente, D("Dt")).empty();
   if (chiuso) {
     Avviso("La data registrazione è relativa ad un periodo già stampato sul registro iva");
   }
@@ -83,7 +81,7 @@ void Fatture::Interno::DataLasciata() {
   ControlloAnno(ambiente, D("Dt"), false);
   ControlloDataGiornale(ambiente, D("Dt"));
   AvvisaDataInferiore();
-  PeriodoChiuso();
+  AvvisaPeriodoChiuso();
   if (tipo != nullptr && tipo->corrispettivi && nuova) {
     testa.Scrivi("DtFat", D("Dt"));
     AggiornaDescrizione(

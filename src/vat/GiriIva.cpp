@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "vat/DatiIva.h"

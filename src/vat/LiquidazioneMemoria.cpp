@@ -1,9 +1,9 @@
 // What a settlement takes from the store and leaves in it.
 #include <algorithm>
 
+#include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/FormatoImporto.h"
-#include "vat/DatiIva.h"
 #include "vat/LiquidazioneInterno.h"
 
 namespace fenalto {

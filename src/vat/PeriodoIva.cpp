@@ -46,6 +46,14 @@ std::string ChiavePeriodo(Data data, bool trimestrale) {
   return (mese < 10 ? "0" : "") + std::to_string(mese);
 }
 
+std::string PeriodoChiuso(Ambiente& ambiente, Data data) {
+  if (data.Nulla()) return {};
+  std::string periodo = ChiavePeriodo(data, IvaTrimestrale(ambiente, data.Anno()));
+  const bool chiuso = ambiente.Esiste("tessarc", "ChiusureIva",
+                                      {{"MeseTrimestre", periodo}, {"Anno", data.Anno()}});
+  return chiuso ? periodo : std::string();
+}
+
 std::vector<PeriodoIva> PeriodiIva(Ambiente& ambiente, int anno) {
   const std::string elenco = IvaTrimestrale(ambiente, anno)
                                  ? "select * from Mesi where COD='Z' OR (COD>='T1' AND COD<='T4') "

@@ -26,6 +26,10 @@ struct PeriodoIva {
 bool IvaTrimestrale(Ambiente& ambiente, int anno);
 /// Key of the month or quarter that a date falls in.
 std::string ChiavePeriodo(Data data, bool trimestrale);
+/// Key of the period that a date falls in when its settlement is stored, empty while it is open.
+/// The date's own year says whether it is settled by month or by quarter, whatever year is
+/// selected.
+std::string PeriodoChiuso(Ambiente& ambiente, Data data);
 /// The periods that the year offers: the annual summary, then months or quarters.
 std::vector<PeriodoIva> PeriodiIva(Ambiente& ambiente, int anno);
 /// Period of a key; an empty `cod` when there is none.

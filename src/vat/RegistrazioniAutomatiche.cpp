@@ -7,33 +7,6 @@
 namespace fenalto {
 namespace {
 
-/// One row of a two-row registration.
-struct RigaSemplice {
-  std::int64_t posi;
-  const std::string& cfp;
-  const std::string& conto;
-  Importo dare;
-  Importo avere;
-  const std::string& cfpControp;
-  const std::string& contoControp;
-};
-
-void ScriviRiga(Archivio& tessarc, const RegistrazioneDueRighe& r, std::int64_t numDoc,
-                const RigaSemplice& riga) {
-  tessarc.Inserisci("Movimenti", {{"Anno", r.anno},
-                                  {"NumDoc", numDoc},
-                                  {"Posi", riga.posi},
-                                  {"Causale", r.causale},
-                                  {"Descrizione", r.descrizione},
-                                  {"CFP", riga.cfp},
-                                  {"Conto", riga.conto},
-                                  {"ImpoDare", riga.dare},
-                                  {"ImpoAvere", riga.avere},
-                                  {"CFPControp", riga.cfpControp},
-                                  {"ContoControp", riga.contoControp},
-                                  {"TIPORIGA", 0}});
-}
-
 /// A party against an account, on the sides of a payment: what a customer gives goes to the
 /// account, what a supplier gets comes from it.
 RegistrazioneDueRighe ParteControConto(const std::string& cfp, const std::string& parte,
@@ -68,12 +41,6 @@ Rs LeggiArticolo(Ambiente& ambiente, const ArticoloOrigine& articolo) {
                                                   ChiaveArticolo(articolo));
 }
 
-std::int64_t ProssimoNumDoc(Ambiente& ambiente, int anno) {
-  return ambiente.Max("NumDoc", "Articoli", {{"Anno", anno}}, ambiente.ArchivioDi("tessarc"))
-             .Intero() +
-         1;
-}
-
 std::int64_t ProssimoNProt(Ambiente& ambiente, int anno, const std::string& riva) {
   // Through the stored query: the engine uses an index of some rows only when told which ones.
   return ambiente
@@ -81,25 +48,6 @@ std::int64_t ProssimoNProt(Ambiente& ambiente, int anno, const std::string& riva
                   ambiente.ArchivioDi("tessarc"))
              .Intero() +
          1;
-}
-
-std::int64_t ScriviDueRighe(Ambiente& ambiente, const RegistrazioneDueRighe& r) {
-  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  const std::int64_t numDoc = ProssimoNumDoc(ambiente, r.anno);
-  // The head first: the rows then take its date as they are written.
-  tessarc.Inserisci("Articoli", {{"Anno", r.anno},
-                                 {"NumDoc", numDoc},
-                                 {"Dt", r.dt},
-                                 {"CFP", r.testaCfp},
-                                 {"Conto", r.testaConto},
-                                 {"CfpA", r.testaCfpA},
-                                 {"ContoA", r.testaContoA},
-                                 {"CREATOINAUTOMATICO", static_cast<int>(r.origine)},
-                                 {"DtFat", r.dtFat},
-                                 {"NFat", r.nFat}});
-  ScriviRiga(tessarc, r, numDoc, {r.posi1, r.cfp, r.conto, r.dare, r.avere, r.cfpA, r.contoA});
-  ScriviRiga(tessarc, r, numDoc, {r.posi2, r.cfpA, r.contoA, r.avere, r.dare, r.cfp, r.conto});
-  return numDoc;
 }
 
 namespace {

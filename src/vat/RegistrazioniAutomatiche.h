@@ -13,25 +13,9 @@
 #include <vector>
 
 #include "core/session/Ambiente.h"
+#include "ledger/RegistrazioneAutomatica.h"
 
 namespace fenalto {
-
-/// `CREATOINAUTOMATICO` of a registration: who wrote it.
-enum class Origine {
-  Manuale = 0,
-  StornoSospesa = 1,
-  Fattura = 11,
-  PagamentoScadenze = 21,
-  PagamentoSingolo = 22,
-  DistintaRiba = 23,
-  Pagamento = 24,
-  GiroRitenuta = 26,
-  GiroErario = 41,
-  GiroCorrispettivi = 42,
-  ReverseCharge = 51,
-  BollaDoganale = 52,
-  RitenutaAcconto = 53
-};
 
 struct LogContabile {
   std::string testo;  ///< lines separated by a line feed
@@ -39,36 +23,8 @@ struct LogContabile {
   void Riga(std::string_view riga);
 };
 
-/// Next number of a registration of a year: the greatest plus 1.
-std::int64_t ProssimoNumDoc(Ambiente& ambiente, int anno);
 /// Next protocol of a register of a year: the greatest plus 1.
 std::int64_t ProssimoNProt(Ambiente& ambiente, int anno, const std::string& riva);
-
-/// A registration of two rows: `cfp`, `conto` against `cfpA`, `contoA`.
-struct RegistrazioneDueRighe {
-  int anno = 0;
-  Data dt;
-  std::string causale;
-  std::string descrizione;
-  std::string cfp;  ///< of row 1
-  std::string conto;
-  Importo dare;  ///< of row 1; row 2 has the sides swapped
-  Importo avere;
-  std::string cfpA;  ///< of row 2
-  std::string contoA;
-  std::int64_t posi1 = 1;
-  std::int64_t posi2 = 2;
-  Origine origine = Origine::Manuale;
-  /// Head: account of the debit side and of the credit side, as the source wants them.
-  std::string testaCfp;
-  std::string testaConto;
-  std::string testaCfpA;
-  std::string testaContoA;
-  Data dtFat;
-  std::string nFat;
-};
-/// Writes head and rows under the next number and gives it.
-std::int64_t ScriviDueRighe(Ambiente& ambiente, const RegistrazioneDueRighe& registrazione);
 
 /// A party's document and the code of `Pagamento` or `Ritenute` that gives account and causal.
 struct RichiestaControConto {

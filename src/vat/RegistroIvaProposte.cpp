@@ -1,10 +1,10 @@
 // What a chosen period proposes, and what it warns of.
 #include <algorithm>
 
+#include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
-#include "vat/DatiIva.h"
 #include "vat/RegistroIvaInterno.h"
 #include "vat/TotaliInterno.h"
 

@@ -14,13 +14,9 @@ std::string Descrizione(const SospesaStornabile& sospesa) {
   return "Storno IVA differita prot. " + sospesa.Nome();
 }
 
-std::string PeriodoChiuso(Ambiente& ambiente, Data data) {
-  if (data.Nulla()) return {};
-  const std::string periodo = ChiavePeriodo(data, IvaTrimestrale(ambiente, data.Anno()));
-  if (!ambiente.Esiste("tessarc", "ChiusureIva",
-                       {{"Anno", data.Anno()}, {"MESETRIMESTRE", periodo}})) {
-    return {};
-  }
+std::string RifiutoPeriodoChiuso(Ambiente& ambiente, Data data) {
+  const std::string periodo = PeriodoChiuso(ambiente, data);
+  if (periodo.empty()) return {};
   return "La data di incasso " + data.Testo() + " cade nel periodo " + periodo + "/" +
          std::to_string(data.Anno()) +
          ", la cui liquidazione IVA è già stampata in definitiva.\nLa data non si può cambiare: "
@@ -72,8 +68,8 @@ std::optional<SospesaStornabile> LeggiSospesa(Ambiente& ambiente, const Articolo
 
 std::string IncassoInPeriodoChiuso(Ambiente& ambiente, Data prima, Data dopo) {
   if (prima == dopo) return {};
-  std::string chiuso = PeriodoChiuso(ambiente, prima);
-  return chiuso.empty() ? PeriodoChiuso(ambiente, dopo) : chiuso;
+  std::string chiuso = RifiutoPeriodoChiuso(ambiente, prima);
+  return chiuso.empty() ? RifiutoPeriodoChiuso(ambiente, dopo) : chiuso;
 }
 
 std::optional<ArticoloOrigine> TrovaStorno(Ambiente& ambiente, const SospesaStornabile& sospesa) {

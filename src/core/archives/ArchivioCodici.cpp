@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/archives/ArchivioInterno.h"
+#include "core/archives/ConfrontoRecord.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -42,14 +43,6 @@ Rs ArchivioCodici::Interno::Trova(const std::string& codice, bool conFiltro) {
   return Dati().Recordset(sql);
 }
 
-std::vector<Valore> ArchivioCodici::Interno::Valori(const Rs& riga) {
-  std::vector<Valore> valori;
-  const std::size_t colonne = riga.Colonne().size();
-  valori.reserve(colonne);
-  for (std::size_t c = 0; c < colonne; ++c) valori.push_back(riga.Fields(c));
-  return valori;
-}
-
 std::string ArchivioCodici::Interno::Nome() const {
   if (contesto.nuovo) return descrizione.titoloNuovo;
   return descrizione.titoloRecord + contesto.codicePrima;
@@ -63,6 +56,10 @@ bool ArchivioCodici::Interno::RifiutaSolaLettura() {
   if (!solaLettura) return false;
   Avviso(Nome() + ": in modifica da un'altra stazione, si può solo consultare");
   return true;
+}
+
+bool ArchivioCodici::Interno::SoloEsistenti() const {
+  return descrizione.soloEsistenti && descrizione.soloEsistenti(ambiente);
 }
 
 void ArchivioCodici::Interno::Chiudi() {
@@ -103,6 +100,10 @@ bool ArchivioCodici::Modificato() const {
   return io.aperto && !io.solaLettura && (io.daScrivere || io.record.Modificata());
 }
 
+bool ArchivioCodici::SoloEsistenti() const {
+  return interno_->SoloEsistenti();
+}
+
 std::string ArchivioCodici::Titolo() const {
   return interno_->aperto ? interno_->Nome() : std::string();
 }
@@ -132,7 +133,7 @@ bool ArchivioCodici::Apri(const std::string& codice) {
   if (!preso && preso.Errore().stazione.empty()) return false;
   io.contesto.nuovo = false;
   io.contesto.codicePrima = trovato.Fields("Cod").Testo();
-  io.letti = Interno::Valori(trovato);
+  io.letti = ValoriDi(trovato);
   io.record.Svuota();
   io.record.Carica(trovato);
   io.solaLettura = !preso;
@@ -148,6 +149,7 @@ bool ArchivioCodici::Apri(const std::string& codice) {
 
 void ArchivioCodici::Inizia() {
   Interno& io = *interno_;
+  if (io.SoloEsistenti()) return;
   Abbandona();
   io.contesto.nuovo = true;
   io.aperto = true;
@@ -156,7 +158,7 @@ void ArchivioCodici::Inizia() {
 
 void ArchivioCodici::Duplica() {
   Interno& io = *interno_;
-  if (!io.aperto) return;
+  if (!io.aperto || io.SoloEsistenti()) return;
   const std::vector<Coppia> valori = io.record.Campi();
   io.Chiudi();
   io.Dimentica();
@@ -171,7 +173,6 @@ void ArchivioCodici::Duplica() {
   io.aperto = true;
   io.Riempi();
   copia();
-  io.record.Scrivi("Cod", "");
   io.daScrivere = true;
 }
 
@@ -186,7 +187,7 @@ StatoCampo ArchivioCodici::Stato(const std::string& nome) const {
   const Interno& io = *interno_;
   StatoCampo stato;
   if (io.descrizione.stato) stato = io.descrizione.stato(io.contesto, nome);
-  if (io.solaLettura) stato.attivo = false;
+  if (io.solaLettura || (UgualeTesto(nome, "Cod") && io.SoloEsistenti())) stato.attivo = false;
   return stato;
 }
 

@@ -25,6 +25,8 @@ class ArchivioCodici {
   /// The record is in edit elsewhere (told at opening): it can be looked at and not changed.
   [[nodiscard]] bool SolaLettura() const;
   [[nodiscard]] bool Modificato() const;
+  /// Records are neither added nor deleted here, and keep their codes.
+  [[nodiscard]] bool SoloEsistenti() const;
   /// "nuovo agente", "agente 12"; empty while nothing is open.
   [[nodiscard]] std::string Titolo() const;
   /// The open record: the table's columns and the extra fields.
@@ -34,7 +36,8 @@ class ArchivioCodici {
   /// Opens the record of that code; false when there is none (nothing is told, nothing changes).
   bool Apri(const std::string& codice);
   void Inizia();
-  /// The open record as a new one, without its code.
+  /// The open record as a new one, without its code (or with the one that a new record is
+  /// proposed).
   void Duplica();
   /// A field was left with a new value.
   void Lasciato(const std::string& campo);

@@ -3,28 +3,12 @@
 #include <utility>
 
 #include "core/archives/ArchivioInterno.h"
+#include "core/archives/ConfrontoRecord.h"
 #include "core/archives/Riferimenti.h"
 #include "core/store/TransazioneComune.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
-
-namespace {
-
-/// Texts that differ in case only are the same to the store, not to who reads them.
-bool Identici(const Valore& a, const Valore& b) {
-  if (a.Tipo() == Tipo::Testo && b.Tipo() == Tipo::Testo) return a.RifTesto() == b.RifTesto();
-  return a == b;
-}
-
-std::string Mostrato(const Valore& valore) {
-  constexpr std::size_t kMassimo = 60;
-  std::string testo = valore.Tipo() == Tipo::Data ? valore.Data().Testo() : valore.Neutro();
-  if (LunghezzaTesto(testo) > kMassimo) testo = Mid(testo, 1, kMassimo) + "...";
-  return "«" + testo + "»";
-}
-
-}  // namespace
 
 bool ArchivioCodici::Interno::Rifiuta(const std::string& messaggio, const std::string& campo) {
   if (!messaggio.empty()) Avviso(messaggio);
@@ -73,8 +57,11 @@ bool ArchivioCodici::Interno::Ammesso() {
     }
   }
   if (!Passa(descrizione.controlli) || !CodiceLibero()) return false;
-  if (contesto.nuovo || !contesto.CodiceCambiato()) return true;
-  return Passa(descrizione.guardieCodice) && (descrizione.portaCodice || !CodiceInUso());
+  if (!contesto.nuovo && contesto.CodiceCambiato() &&
+      (!Passa(descrizione.guardieCodice) || (!descrizione.portaCodice && CodiceInUso()))) {
+    return false;
+  }
+  return Passa(descrizione.controlliDopoCodice);
 }
 
 bool ArchivioCodici::Interno::Tiene() {
@@ -94,10 +81,8 @@ bool ArchivioCodici::Interno::Tiene() {
 ArchivioCodici::Interno::Confronto ArchivioCodici::Interno::Confronta(std::vector<Valore>& ora) {
   const Rs adesso = Trova(contesto.codicePrima, false);
   if (adesso.Eof()) return Confronto::Eliminato;
-  ora = Valori(adesso);
-  return std::equal(ora.begin(), ora.end(), letti.begin(), letti.end(), Identici)
-             ? Confronto::Uguale
-             : Confronto::Cambiato;
+  ora = ValoriDi(adesso);
+  return RecordIdentici(ora, letti) ? Confronto::Uguale : Confronto::Cambiato;
 }
 
 void ArchivioCodici::Interno::DiventaNuovo() {
@@ -107,9 +92,7 @@ void ArchivioCodici::Interno::DiventaNuovo() {
   contesto.nuovo = true;
   contesto.codicePrima.clear();
   daScrivere = true;
-  Avviso(nome +
-         ": da un'altra parte è stato eliminato dopo che lo si era aperto.\nI dati sono ancora "
-         "sullo schermo, come di un record nuovo: confermando ancora si registrano");
+  Avviso(TestoEliminato(nome));
 }
 
 bool ArchivioCodici::Interno::Concorde() {
@@ -121,17 +104,7 @@ bool ArchivioCodici::Interno::Concorde() {
     DiventaNuovo();
     return false;
   }
-  std::string cambi;
-  const auto& colonne = riga.Colonne();
-  for (std::size_t c = 0; c < ora.size() && c < letti.size() && c < colonne.size(); ++c) {
-    if (Identici(ora[c], letti[c])) continue;
-    cambi +=
-        "\n" + colonne[c].nome + ": era " + Mostrato(letti[c]) + ", adesso " + Mostrato(ora[c]);
-  }
-  if (!ambiente.Dialogo().Conferma(Nome() +
-                                   ": cambiato da un'altra stazione o da un'altra funzione dopo "
-                                   "che lo si era aperto:" +
-                                   cambi + "\nRegistrare lo stesso quello che è sullo schermo ?")) {
+  if (!ambiente.Dialogo().Conferma(DomandaCambiato(Nome(), riga.Colonne(), letti, ora))) {
     return false;
   }
   letti = std::move(ora);
@@ -179,9 +152,7 @@ void ArchivioCodici::Interno::Riprendi() noexcept {
 
 void ArchivioCodici::Interno::NonRiuscito(const std::string& azione, const std::exception& errore) {
   Riprendi();
-  Avviso(Nome() + ": " + azione + " non riuscita: " + errore.what() +
-             "\nniente è stato scritto: i dati sono ancora sullo schermo, si può riprovare",
-         Icona::Errore);
+  Avviso(TestoNonRiuscita(Nome(), azione, errore.what()), Icona::Errore);
 }
 
 bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
@@ -214,7 +185,8 @@ bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
 
 bool ArchivioCodici::Elimina() {
   Interno& io = *interno_;
-  if (!io.aperto || io.contesto.nuovo || io.RifiutaSolaLettura()) return false;
+  if (!io.aperto || io.contesto.nuovo || io.RifiutaSolaLettura() || io.SoloEsistenti())
+    return false;
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione DOCUMENTO ?")) return false;
   const DescrizioneArchivio& descrizione = io.descrizione;
   try {
@@ -231,7 +203,9 @@ bool ArchivioCodici::Elimina() {
     io.NonRiuscito("eliminazione", e);
     return false;
   }
-  Abbandona();
+  io.Chiudi();
+  if (descrizione.dopoEliminazione) descrizione.dopoEliminazione(io.contesto);
+  io.Dimentica();
   return true;
 }
 

@@ -16,11 +16,11 @@ struct ArchivioCodici::Interno {
 
   [[nodiscard]] Archivio& Dati();
   Rs Trova(const std::string& codice, bool conFiltro);
-  static std::vector<Valore> Valori(const Rs& riga);
   /// "agente 12", "nuovo agente"
   [[nodiscard]] std::string Nome() const;
   void Avviso(const std::string& testo, Icona icona = Icona::Avviso);
   bool RifiutaSolaLettura();
+  [[nodiscard]] bool SoloEsistenti() const;
   /// No record is open any more; its values are still there for what is told after.
   void Chiudi();
   void Dimentica();

@@ -35,6 +35,8 @@ struct ContestoArchivio {
   FabbricaUscite* uscite = nullptr;
   /// Opens a function on a code ("MovimentiConto", "P|100.010"); does nothing outside a window.
   std::function<void(const std::string& finestra, const std::string& codice)> apri = {};
+  /// Set by a rule of a field that was left: the control that takes the focus (back).
+  std::string foco = {};
 
   [[nodiscard]] std::string Codice() const { return scheda.Testo("Cod"); }
   /// The code is new or differs from the stored one in more than case.
@@ -77,11 +79,21 @@ struct CampoArchivio {
   bool maiuscole = false;               ///< typed letters become capitals
   int decimali = 2;                     ///< least decimals of an amount
   std::string riquadro = {};            ///< object name of the frame it stands in, empty for none
+  bool accanto = false;                 ///< on the line of the field before it
+  int mostrati = 0;                     ///< width shown, when it isn't `caratteri`
 };
 
-/// A frame of the record page. Its fields name it.
+/// A frame of a record page. Its fields name it.
 struct RiquadroArchivio {
   std::string nome;
+  std::string titolo;
+  std::string pagina = {};  ///< page it stands on, empty for the first
+  bool largo = false;       ///< has a line of its own
+};
+
+/// A page of the record after the first, which has the record's title. Frames name it.
+struct PaginaArchivio {
+  std::string nome;  ///< object name
   std::string titolo;
 };
 
@@ -98,6 +110,8 @@ struct PulsanteArchivio {
   std::string testo;
   bool conRecord = true;  ///< works on the open record; otherwise it stands on the choice page
   std::function<std::vector<std::string>(ContestoArchivio&)> azione;
+  /// Function that the button opens: while there is none, it can't be pressed. Empty for none.
+  std::string finestra = {};
 };
 
 struct DescrizioneArchivio {
@@ -120,7 +134,12 @@ struct DescrizioneArchivio {
   std::vector<CampoArchivio> campi = {};                      ///< without `Cod` and description,
                                                               ///< unless they need more than usual
   std::vector<RiquadroArchivio> riquadri = {};
+  std::vector<PaginaArchivio> pagine = {};
   std::vector<PulsanteArchivio> pulsanti = {};
+  /// Going to the next or previous record confirms the open one first, instead of asking.
+  bool confermaPassando = false;
+  /// True while records are neither added nor deleted here and keep their codes. Empty for never.
+  std::function<bool(Ambiente&)> soloEsistenti = {};
 
   /// Fills extra fields after a record was read or a new one begun.
   Azione aperto = {};
@@ -131,6 +150,8 @@ struct DescrizioneArchivio {
   Azione compone = {};
   /// The archive's own checks at a confirmation, in order; each stops at its refusal.
   std::vector<Controllo> controlli = {};
+  /// The archive's own checks that come after those of a changed code.
+  std::vector<Controllo> controlliDopoCodice = {};
   /// On changing the code of an existing record and on deleting one, before the check of
   /// references.
   std::vector<Controllo> guardieCodice = {};
@@ -141,6 +162,8 @@ struct DescrizioneArchivio {
   Azione conEliminazione = {};
   /// What is told after the record was written.
   Azione dopoConferma = {};
+  /// What is told after it was erased; the record is still that one.
+  Azione dopoEliminazione = {};
   /// The archive's own print instead of the plain list; empty for that.
   std::function<void(ContestoArchivio&)> stampa = {};
 };

@@ -62,10 +62,12 @@ std::string_view ControlloCodiceFiscale(std::string_view codiceFiscale) noexcept
   }
   if (codice.size() != kPersona) return "il codice fiscale ha 16 caratteri o 11 cifre";
   if (!NellaForma(codice)) return "lettere e cifre fuori posto";
-  if (LetteraDiControllo(codice) != Maiuscola(codice.back())) {
-    return "lettera di controllo errata";
-  }
+  if (!LetteraDiControlloGiusta(codice)) return "lettera di controllo errata";
   return {};
+}
+
+bool LetteraDiControlloGiusta(std::string_view sedici) noexcept {
+  return LetteraDiControllo(sedici) == Maiuscola(sedici.back());
 }
 
 }  // namespace fenalto

@@ -11,4 +11,7 @@ namespace fenalto {
 /// it don't count.
 std::string_view ControlloCodiceFiscale(std::string_view codiceFiscale) noexcept;
 
+/// Whether the last of sixteen letters and digits checks the others; their form isn't looked at.
+bool LetteraDiControlloGiusta(std::string_view sedici) noexcept;
+
 }  // namespace fenalto

@@ -11,6 +11,8 @@
 #include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <iterator>
 
 #include "screens/common/Disposizione.h"
 #include "screens/common/Griglia.h"
@@ -85,19 +87,17 @@ QWidget* FinestraArchivio::Interno::CreaRecord() {
   schede = new QTabWidget;
   schede->setObjectName(QStringLiteral("SSTab2"));
   schede->setDocumentMode(true);
-  auto* contenuto = new QWidget;
-  auto* colonna = new QVBoxLayout(contenuto);
-  paginaRecord = new QVBoxLayout;
-  colonna->addLayout(paginaRecord);
-  colonna->addStretch(1);
-  campi = std::make_unique<CampiArchivio>(gestore.Sessione(), archivio.Descrizione(), *legami,
-                                          *paginaRecord);
-  auto* scorri = new QScrollArea;
-  scorri->setWidgetResizable(true);
-  scorri->setFrameShape(QFrame::NoFrame);
-  scorri->setFocusPolicy(Qt::NoFocus);
-  scorri->setWidget(contenuto);
-  schede->addTab(scorri, QString());
+  schede->addTab(CreaPagina(paginaRecord), QString());
+  for (const auto& descritta : archivio.Descrizione().pagine) {
+    auto* altra = CreaPagina(altrePagine[descritta.nome]);
+    altra->setObjectName(Qs(descritta.nome));
+    schede->addTab(altra, Qs(descritta.titolo));
+  }
+  campi =
+      std::make_unique<CampiArchivio>(gestore.Sessione(), archivio.Descrizione(), *legami,
+                                      [this](const std::string& nome) -> QVBoxLayout& {
+                                        return nome.empty() ? *paginaRecord : *altrePagine.at(nome);
+                                      });
 
   avviso = new QLabel;
   avviso->setObjectName(QStringLiteral("AvvisoRecord"));
@@ -123,11 +123,29 @@ QWidget* FinestraArchivio::Interno::CreaRecord() {
   return lato;
 }
 
+QWidget* FinestraArchivio::Interno::CreaPagina(QVBoxLayout*& colonna) {
+  auto* contenuto = new QWidget;
+  auto* intera = new QVBoxLayout(contenuto);
+  colonna = new QVBoxLayout;
+  intera->addLayout(colonna);
+  intera->addStretch(1);
+  auto* scorri = new QScrollArea;
+  scorri->setWidgetResizable(true);
+  scorri->setFrameShape(QFrame::NoFrame);
+  scorri->setFocusPolicy(Qt::NoFocus);
+  scorri->setWidget(contenuto);
+  return scorri;
+}
+
 QWidget* FinestraArchivio::Interno::CreaBarra() {
   precedente = Pulsante(QStringLiteral("Precedente"), tr("Precedente"), tr("Ctrl+Pag su"));
   successivo = Pulsante(QStringLiteral("Successivo"), tr("Successivo"), tr("Ctrl+Pag giù"));
   sdoppia = Pulsante(QStringLiteral("Sdoppia"), tr("Sdoppia"));
   sdoppia->setToolTip(tr("un codice nuovo con i dati di questo"));
+  if (archivio.Descrizione().confermaPassando) {
+    precedente->setToolTip(tr("Conferma e passa all'elemento precedente (Ctrl+Pag su)"));
+    successivo->setToolTip(tr("Conferma e passa all'elemento successivo (Ctrl+Pag giù)"));
+  }
   elimina = Pulsante(QStringLiteral("Elimina"), tr("Elimina"), tr("Ctrl+Canc"));
   annulla = Pulsante(QStringLiteral("Annulla"), tr("Annulla"), tr("Esc"));
   conferma = Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"));
@@ -157,6 +175,8 @@ void FinestraArchivio::Interno::CreaPropri() {
   for (const auto& descritto : archivio.Descrizione().pulsanti) {
     auto* pulsante = Pulsante(Qs(descritto.nome), Qs(descritto.testo));
     connect(pulsante, &QPushButton::clicked, &finestra, [this, &descritto] { Esegui(descritto); });
+    pulsante->setEnabled(descritto.finestra.empty() ||
+                         gestore.FunzioneDisponibile(Qs(descritto.finestra)));
     if (descritto.conRecord) {
       propri << pulsante;
     } else {
@@ -187,7 +207,12 @@ void FinestraArchivio::Interno::Collega() {
             gestore.ApreFormDaEvLibero(tabella, codice);
           });
   QList<QAbstractButton*> record{conferma, elimina, annulla, sdoppia, precedente, successivo};
-  AssegnaMnemoniche(record + pagina->Pulsanti() + propri);
+  record += pagina->Pulsanti();
+  std::copy_if(propri.begin(), propri.end(), std::back_inserter(record),
+               [](const QAbstractButton* pulsante) {
+                 return pulsante->isEnabledTo(pulsante->parentWidget());
+               });
+  AssegnaMnemoniche(record);
 }
 
 void FinestraArchivio::Interno::CollegaScelta() {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QList>
+#include <map>
 #include <memory>
+#include <string>
 
 #include "screens/common/CampiArchivio.h"
 #include "screens/common/FinestraArchivio.h"
@@ -26,6 +28,9 @@ struct FinestraArchivio::Interno {
   void Disponi();
   QWidget* CreaScelta();
   QWidget* CreaRecord();
+  /// A page of the record with its scroll area; frames and a derived window's own go into
+  /// `colonna`.
+  QWidget* CreaPagina(QVBoxLayout*& colonna);
   QWidget* CreaBarra();
   void CreaPropri();
   void Collega();
@@ -43,6 +48,8 @@ struct FinestraArchivio::Interno {
   void Comincia();
   void Sdoppia();
   void Vicino(bool dopo);
+  /// Confirms what is changed before another record comes; false when it was refused.
+  bool ConfermaAperto();
   void Conferma();
   void Elimina();
   void Stampa();
@@ -75,6 +82,7 @@ struct FinestraArchivio::Interno {
   QWidget* lato = nullptr;       ///< SSTab2 with its notice and buttons
   PaginaSceltaArchivio* pagina = nullptr;
   QVBoxLayout* paginaRecord = nullptr;
+  std::map<std::string, QVBoxLayout*> altrePagine;  ///< described pages by name
   QLabel* avviso = nullptr;
   QPlainTextEdit* riquadro = nullptr;
   QWidget* barra = nullptr;

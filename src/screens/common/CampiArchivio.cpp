@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <map>
 #include <stdexcept>
 
 #include "core/values/Testo.h"
@@ -74,13 +75,13 @@ QLabel* Tenue(const QString& testo) {
 }  // namespace
 
 CampiArchivio::CampiArchivio(Ambiente& ambiente, const DescrizioneArchivio& descrizione,
-                             Legatura& legatura, QVBoxLayout& pagina)
+                             Legatura& legatura, const Pagine& pagine)
     : ambiente_(ambiente),
       descrizione_(descrizione),
       legatura_(legatura),
       tabella_(TabellaDi(ambiente, descrizione)) {
   for (const auto& campo : Campi()) Aggiungi(campo);
-  DisponiRiquadri(pagina);
+  DisponiRiquadri(pagine);
 }
 
 std::vector<CampoArchivio> CampiArchivio::Campi() const {
@@ -170,7 +171,8 @@ QWidget* CampiArchivio::Crea(const CampoArchivio& campo, Tipo tipo) {
 QWidget* CampiArchivio::CreaTipizzato(const CampoArchivio& campo, Tipo tipo) {
   const QString nome = Qs(campo.nome);
   const auto largo = [&](QWidget* controllo, int predefiniti) {
-    const int caratteri = campo.caratteri > 0 ? campo.caratteri : predefiniti;
+    const int descritti = campo.mostrati > 0 ? campo.mostrati : campo.caratteri;
+    const int caratteri = descritti > 0 ? descritti : predefiniti;
     LargoCaratteri(controllo, std::min(caratteri + 1, kCaratteriMostrati));
     return controllo;
   };
@@ -216,7 +218,12 @@ void CampiArchivio::Aggiungi(const CampoArchivio& campo) {
   const Tipo tipo = TipoDi(campo.nome);
   auto& griglia = GrigliaDi(campo.riquadro);
   Voce voce{campo.nome, Crea(campo, tipo), {}};
-  const int riga = griglia.righe++;
+  Disponi(campo, griglia, voce);
+  legatura_.Lega(voce.controllo);
+  voci_.push_back(std::move(voce));
+}
+
+void CampiArchivio::Disponi(const CampoArchivio& campo, Griglia& griglia, Voce& voce) {
   const bool casella = qobject_cast<QCheckBox*>(voce.controllo) != nullptr;
   const bool note = qobject_cast<CampoNote*>(voce.controllo) != nullptr;
   const QString legenda = campo.genere != GenereCampo::Opzioni ? Legenda(campo.scelte) : QString();
@@ -224,14 +231,25 @@ void CampiArchivio::Aggiungi(const CampoArchivio& campo) {
   const auto righe =
       std::max(legenda.count(QLatin1Char('\n')), Qs(campo.nota).count(QLatin1Char('\n')));
   const auto lato = note || righe > 1 ? Qt::AlignTop : Qt::Alignment();
+  const bool accanto = campo.accanto && griglia.linea != nullptr;
+  auto* linea = accanto ? griglia.linea : new QHBoxLayout;
+  if (accanto) {
+    // The stretch that ends the line stays last.
+    if (auto* fine = linea->takeAt(linea->count() - 1)) delete fine;
+  } else {
+    linea->setSpacing(kSpazio);
+    griglia.disposizione->addLayout(linea, griglia.righe++, 1);
+  }
   if (!casella && !campo.didascalia.empty()) {
     auto* didascalia = Didascalia(Qs(campo.didascalia), voce.controllo);
     if (lato) didascalia->setContentsMargins(0, kSottoBordo, 0, 0);
-    griglia.disposizione->addWidget(didascalia, riga, 0, lato);
+    if (accanto) {
+      linea->addWidget(didascalia);
+    } else {
+      griglia.disposizione->addWidget(didascalia, griglia.righe - 1, 0, lato);
+    }
     voce.contorno.push_back(didascalia);
   }
-  auto* linea = new QHBoxLayout;
-  linea->setSpacing(kSpazio);
   linea->addWidget(voce.controllo, note ? 1 : 0, note ? Qt::Alignment() : lato);
   if (auto* codice = qobject_cast<CampoCodice*>(voce.controllo)) {
     linea->addWidget(codice->Etichetta());
@@ -243,28 +261,37 @@ void CampiArchivio::Aggiungi(const CampoArchivio& campo) {
     voce.contorno.push_back(linea->itemAt(linea->count() - 1)->widget());
   }
   if (!note) linea->addStretch(1);
-  griglia.disposizione->addLayout(linea, riga, 1);
-  legatura_.Lega(voce.controllo);
-  voci_.push_back(std::move(voce));
+  griglia.linea = note ? nullptr : linea;
 }
 
-void CampiArchivio::DisponiRiquadri(QVBoxLayout& pagina) {
+void CampiArchivio::DisponiRiquadri(const Pagine& pagine) {
   constexpr int kLarghezza = 700;  // of a row of frames, as the page is at first
-  QHBoxLayout* fila = nullptr;
-  int larga = 0;
+  const auto descritto = [this](const std::string& nome) {
+    for (const auto& riquadro : descrizione_.riquadri) {
+      if (UgualeTesto(riquadro.nome, nome)) return riquadro;
+    }
+    return RiquadroArchivio{};
+  };
+  struct Fila {
+    QHBoxLayout* disposizione = nullptr;
+    int larga = 0;
+  };
+  std::map<std::string, Fila> file;  // the last row of frames of each page
   for (auto& griglia : griglie_) {
     if (griglia->riquadro == nullptr) {
-      pagina.insertLayout(0, griglia->disposizione);
+      pagine("").insertLayout(0, griglia->disposizione);
       continue;
     }
+    const auto riquadro = descritto(griglia->nome);
+    auto& fila = file[riquadro.pagina];
     const int sua = griglia->riquadro->sizeHint().width();
-    if (fila == nullptr || larga + sua > kLarghezza) {
-      fila = new QHBoxLayout;
-      pagina.addLayout(fila);
-      larga = 0;
+    if (fila.disposizione == nullptr || riquadro.largo || fila.larga + sua > kLarghezza) {
+      fila.disposizione = new QHBoxLayout;
+      pagine(riquadro.pagina).addLayout(fila.disposizione);
+      fila.larga = 0;
     }
-    fila->addWidget(griglia->riquadro);
-    larga += sua + kSpazio;
+    fila.disposizione->addWidget(griglia->riquadro);
+    fila.larga += riquadro.largo ? kLarghezza : sua + kSpazio;
   }
 }
 

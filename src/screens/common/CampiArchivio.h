@@ -13,6 +13,7 @@
 
 class QGridLayout;
 class QGroupBox;
+class QHBoxLayout;
 class QVBoxLayout;
 class QWidget;
 
@@ -25,9 +26,12 @@ class CampiArchivio : public QObject {
   Q_OBJECT
 
  public:
-  /// Builds the controls into `pagina` and binds them.
+  /// Where the frames of a page go; the empty name is the first page.
+  using Pagine = std::function<QVBoxLayout&(const std::string& nome)>;
+
+  /// Builds the controls into their pages and binds them.
   CampiArchivio(Ambiente& ambiente, const DescrizioneArchivio& descrizione, Legatura& legatura,
-                QVBoxLayout& pagina);
+                const Pagine& pagine);
   /// Shows each field and frame as `stato` says; none can be typed in when `solaLettura`.
   void Applica(const std::function<StatoCampo(const std::string&)>& stato, bool solaLettura);
   /// Looks the descriptions of codes up again.
@@ -55,16 +59,19 @@ class CampiArchivio : public QObject {
     QGroupBox* riquadro = nullptr;
     QGridLayout* disposizione = nullptr;
     int righe = 0;
+    QHBoxLayout* linea = nullptr;  ///< of the last field, where one beside it goes
   };
 
   [[nodiscard]] std::vector<CampoArchivio> Campi() const;
   [[nodiscard]] Tipo TipoDi(const std::string& campo) const;
   Griglia& GrigliaDi(const std::string& riquadro);
   void Aggiungi(const CampoArchivio& campo);
+  /// Puts a field with its surroundings on a line of its grid.
+  void Disponi(const CampoArchivio& campo, Griglia& griglia, Voce& voce);
   QWidget* Crea(const CampoArchivio& campo, Tipo tipo);
   QWidget* CreaTipizzato(const CampoArchivio& campo, Tipo tipo);
   QWidget* CreaCodice(const CampoArchivio& campo);
-  void DisponiRiquadri(QVBoxLayout& pagina);
+  void DisponiRiquadri(const Pagine& pagine);
 
   Ambiente& ambiente_;
   const DescrizioneArchivio& descrizione_;

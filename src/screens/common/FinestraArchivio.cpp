@@ -47,7 +47,7 @@ void FinestraArchivio::Interno::Apri(const QString& codice) {
 }
 
 void FinestraArchivio::Interno::Comincia() {
-  if (!LasciaPrecedente()) return;
+  if (archivio.SoloEsistenti() || !LasciaPrecedente()) return;
   archivio.Inizia();
   MostraAperto();
 }
@@ -68,9 +68,15 @@ void FinestraArchivio::Interno::Vicino(bool dopo) {
     Avvisa(dopo ? tr("È l'ultimo codice dell'elenco.") : tr("È il primo codice dell'elenco."));
     return;
   }
-  if (!LasciaPrecedente()) return;
+  if (!(archivio.Descrizione().confermaPassando ? ConfermaAperto() : LasciaPrecedente())) return;
   pagina->Indica(Qs(codice));
   Apri(Qs(codice));
+}
+
+bool FinestraArchivio::Interno::ConfermaAperto() {
+  if (!finestra.InModifica()) return true;
+  Conferma();
+  return !archivio.Aperto();
 }
 
 void FinestraArchivio::Interno::Conferma() {
@@ -106,8 +112,14 @@ void FinestraArchivio::Interno::Esegui(const PulsanteArchivio& pulsante) {
 
 void FinestraArchivio::Interno::CampoLasciato(const QString& campo, bool cambiato) {
   if (!cambiato || !archivio.Aperto() || archivio.SolaLettura()) return;
+  archivio.Contesto().foco.clear();
   archivio.Lasciato(campo.toStdString());
   if (archivio.Aperto()) finestra.MostraRecord();
+  const QString foco = Qs(archivio.Contesto().foco);
+  // The focus is on its way to another control: it comes back once it is there.
+  if (!foco.isEmpty()) {
+    QMetaObject::invokeMethod(&finestra, [this, foco] { DaiFoco(foco); }, Qt::QueuedConnection);
+  }
 }
 
 void FinestraArchivio::Interno::Lascia() {
@@ -138,6 +150,10 @@ void FinestraArchivio::Interno::MostraStato() {
   const bool esistente = aperto && !archivio.Nuovo();
   conferma->setEnabled(aperto && !fermo);
   elimina->setEnabled(esistente && !fermo);
+  const bool soloEsistenti = archivio.SoloEsistenti();
+  elimina->setVisible(!soloEsistenti);
+  sdoppia->setVisible(!soloEsistenti);
+  pagina->MostraNuovo(!soloEsistenti);
   for (auto* pulsante : {sdoppia, precedente, successivo}) pulsante->setEnabled(esistente);
 }
 
@@ -221,6 +237,10 @@ QTabWidget& FinestraArchivio::SchedeRecord() {
 
 QVBoxLayout& FinestraArchivio::PaginaRecord() {
   return *interno_->paginaRecord;
+}
+
+QVBoxLayout& FinestraArchivio::Pagina(const std::string& nome) {
+  return *interno_->altrePagine.at(nome);
 }
 
 Legatura& FinestraArchivio::Legami() {

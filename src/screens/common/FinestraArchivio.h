@@ -38,6 +38,8 @@ class FinestraArchivio : public FinestraFunzione {
   [[nodiscard]] QTabWidget& SchedeRecord();
   /// Layout of the first page of `SSTab2`, under the described fields.
   [[nodiscard]] QVBoxLayout& PaginaRecord();
+  /// Layout of a described page, under its frames.
+  [[nodiscard]] QVBoxLayout& Pagina(const std::string& nome);
   /// Binding of the record's controls; a derived window binds its own to the same record.
   [[nodiscard]] Legatura& Legami();
   /// The record was opened, begun or changed by a rule: shows it in all controls.

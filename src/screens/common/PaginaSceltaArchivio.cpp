@@ -129,6 +129,10 @@ void PaginaSceltaArchivio::Disponi() {
   colonna->addLayout(fila_);
 }
 
+void PaginaSceltaArchivio::MostraNuovo(bool visibile) {
+  nuovo_->setVisible(visibile);
+}
+
 void PaginaSceltaArchivio::AggiungiPulsante(QPushButton* pulsante) {
   const auto posto = fila_->count();
   fila_->addWidget(pulsante, posto / 2, posto % 2);

@@ -45,6 +45,8 @@ class PaginaSceltaArchivio : public QWidget {
   /// another control.
   bool InvioInRicerca(const QObject* controllo);
   void AggiungiPulsante(QPushButton* pulsante);
+  /// Whether records can be added here.
+  void MostraNuovo(bool visibile);
   [[nodiscard]] QList<QAbstractButton*> Pulsanti() const { return pulsanti_; }
   /// The focus goes through the controls as they stand on the page.
   void OrdinaFoco();

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "core/session/ImpostazioneAttiva.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 #include "screens/common/Disposizione.h"
-#include "vat/DatiIva.h"
 
 namespace fenalto {
 namespace {
