@@ -16,12 +16,6 @@ constexpr const char* kNonCreate =
     "Scadenze: NON create (se si utilizza lo scadenzario verificare la corretta impostazione dei "
     "codici pagamento)";
 
-struct RataDaScrivere {
-  Data data;
-  Importo importo;
-  std::string tipo;
-};
-
 std::int64_t CifreIniziali(std::string_view testo) {
   testo = Rifila(testo);
   std::int64_t numero = 0;
@@ -58,7 +52,7 @@ class Scadenziere {
     Aggiungi(*codice, resto);
   }
 
-  [[nodiscard]] const std::vector<RataDaScrivere>& Rate() const { return rate_; }
+  [[nodiscard]] const std::vector<RataDocumento>& Rate() const { return rate_; }
 
   void Scrivi() {
     Archivio& scadenzario = ambiente_.ArchivioDi("scadenzario");
@@ -90,7 +84,7 @@ class Scadenziere {
     }
   }
 
-  [[nodiscard]] std::vector<Coppia> Campi(const RataDaScrivere& rata) const {
+  [[nodiscard]] std::vector<Coppia> Campi(const RataDocumento& rata) const {
     return {{"CFP", richiesta_.cfp},
             {"Conto", richiesta_.conto},
             {"Dt", rata.data},
@@ -111,7 +105,7 @@ class Scadenziere {
   Ambiente& ambiente_;
   const RichiestaScadenze& richiesta_;
   std::vector<std::string>& avvisi_;
-  std::vector<RataDaScrivere> rate_;
+  std::vector<RataDocumento> rate_;
 };
 
 void AggiungiAlLog(std::string& log, const std::string& testo) {
@@ -120,6 +114,13 @@ void AggiungiAlLog(std::string& log, const std::string& testo) {
 }
 
 }  // namespace
+
+std::vector<RataDocumento> RateDocumento(Ambiente& ambiente, const RichiestaScadenze& richiesta,
+                                         std::vector<std::string>& avvisi) {
+  Scadenziere scadenziere(ambiente, richiesta, avvisi);
+  scadenziere.Calcola();
+  return scadenziere.Rate();
+}
 
 bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::string& log,
                   std::vector<std::string>& avvisi) {
@@ -131,7 +132,7 @@ bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::s
   }
   scadenziere.Scrivi();
   std::string testo = "Create Scadenze: \n";
-  for (const RataDaScrivere& rata : scadenziere.Rate()) testo += rata.data.Testo() + " ";
+  for (const RataDocumento& rata : scadenziere.Rate()) testo += rata.data.Testo() + " ";
   AggiungiAlLog(log, testo);
   return true;
 }

@@ -28,6 +28,18 @@ struct RichiestaScadenze {
   std::string tipoDoc;
 };
 
+/// A due date to come.
+struct RataDocumento {
+  Data data;
+  Importo importo;
+  std::string tipo;
+};
+
+/// The due dates that CreaScadenze would write: those of the VAT on its own payment code first,
+/// then those of the rest.
+std::vector<RataDocumento> RateDocumento(Ambiente& ambiente, const RichiestaScadenze& richiesta,
+                                         std::vector<std::string>& avvisi);
+
 /// Writes the due dates in the transaction that the caller holds, and adds lines to the log; true
 /// when rows were written. Warnings to be shown to the user are added to `avvisi`: nothing is told
 /// from here, since the caller holds a transaction.

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "core/values/Testo.h"
-#include "duedates/VerificaFileRiba.h"
+#include "duedates/riba/VerificaFileRiba.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 
 #include "core/session/CartellaProva.h"
 #include "core/values/Testo.h"
-#include "duedates/FileRiba.h"
-#include "duedates/VerificaFileRiba.h"
+#include "duedates/riba/FileRiba.h"
+#include "duedates/riba/VerificaFileRiba.h"
 #include "ledger/DittaDiProva.h"
 
 namespace fenalto {

@@ -10,7 +10,7 @@
 #include "core/values/Data.h"
 #include "core/values/Esito.h"
 #include "core/values/Importo.h"
-#include "duedates/TracciatoRiba.h"
+#include "duedates/riba/TracciatoRiba.h"
 
 namespace fenalto {
 

@@ -1,4 +1,4 @@
-#include "duedates/TracciatoRiba.h"
+#include "duedates/riba/TracciatoRiba.h"
 
 #include <algorithm>
 #include <array>

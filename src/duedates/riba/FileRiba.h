@@ -8,7 +8,7 @@
 #include "core/values/Data.h"
 #include "core/values/Esito.h"
 #include "core/values/Importo.h"
-#include "duedates/TracciatoRiba.h"
+#include "duedates/riba/TracciatoRiba.h"
 
 namespace fenalto {
 
@@ -18,6 +18,7 @@ struct BancaRiba {
   std::string abi;
   std::string cab;
   std::string contoCorrente;
+  bool operator==(const BancaRiba&) const = default;
 };
 
 /// The company.

@@ -1,4 +1,4 @@
-#include "duedates/VerificaFileRiba.h"
+#include "duedates/riba/VerificaFileRiba.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,4 +1,4 @@
-#include "duedates/FileRiba.h"
+#include "duedates/riba/FileRiba.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -9,7 +9,7 @@
 #include "core/reports/FileAccanto.h"
 #include "core/values/Intero128.h"
 #include "core/values/Testo.h"
-#include "duedates/VerificaFileRiba.h"
+#include "duedates/riba/VerificaFileRiba.h"
 
 namespace fenalto {
 

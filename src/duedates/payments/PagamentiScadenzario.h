@@ -1,0 +1,121 @@
+// Payments typed from due dates: which are chosen, what is paid of each, and the confirmation that
+// writes them with their registration. What the window of several parties and that of one share.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/session/Scheda.h"
+#include "duedates/ImpostazioniPagamento.h"
+#include "duedates/RicercaScadenze.h"
+#include "duedates/payments/RegistraPagamento.h"
+
+namespace fenalto {
+
+/// A row of the payment as its grid shows it.
+struct RigaScelta {
+  std::int64_t num = 0;
+  std::int64_t posi = 0;
+  Scadenza vista;
+  std::string nome;  ///< of the party
+  Importo importo;   ///< to settle
+  Importo importoPagato;
+  Importo arrotondamento;
+  bool saldata = true;
+};
+
+/// The rows live in a private scratch database, beside which each due date is kept as it was when
+/// the user chose it: the confirmation compares it with what stands there then.
+class PagamentiScadenzario {
+ public:
+  enum class Modo { PiuParti, SingolaParte };
+  enum class Stato { Inattiva, Aperta, RigaAperta };
+
+  PagamentiScadenzario(Ambiente& ambiente, Modo modo);
+  ~PagamentiScadenzario();
+  PagamentiScadenzario(const PagamentiScadenzario&) = delete;
+  PagamentiScadenzario& operator=(const PagamentiScadenzario&) = delete;
+
+  [[nodiscard]] Stato StatoCorrente() const { return stato_; }
+  /// There are rows that leaving would lose.
+  [[nodiscard]] bool Modificata() const;
+
+  // --- Party, settings, head -----------------------------------------------------------------
+
+  /// Class ("C" or "F") and code, which several parties take as a filter of the search. Another
+  /// class has settings of its own. While a payment is open the class stays, and so does the one
+  /// party: false.
+  bool ScegliParte(const std::string& cfp, const std::string& conto);
+  [[nodiscard]] const std::string& Cfp() const { return cfp_; }
+  /// Causal, accounts and whether the registration is written, by the names of their settings.
+  [[nodiscard]] Scheda& Impostazioni() { return impostazioni_; }
+  /// A setting was left: kept for the next time.
+  void ImpostazioneLasciata();
+  /// `Dt`, `Descrizione`, `DescrizioneParte`.
+  [[nodiscard]] Scheda& Testa() { return testa_; }
+
+  // --- Payment -------------------------------------------------------------------------------
+
+  /// Starts a payment; false when something is missing (told).
+  bool Nuovo();
+  /// Open due dates of the class, and of the party when there is one.
+  [[nodiscard]] RicercaScadenze Ricerca(std::int64_t nFat, Data dtFat) const;
+  /// Adds a due date, to be settled as a whole; `veloce` leaves its row closed. False when it can't
+  /// be taken (told).
+  bool Scegli(std::int64_t numero, bool veloce);
+  [[nodiscard]] const std::vector<RigaScelta>& Righe() const { return righe_; }
+  [[nodiscard]] Importo TotPagato() const;
+  [[nodiscard]] Importo TotArrotondamento() const;
+  /// Everything is checked and written, and told; false, and nothing is lost, when it isn't.
+  bool Conferma();
+  /// Of the last registration; 0 when only due dates were written.
+  [[nodiscard]] std::int64_t NumeroConfermato() const { return numeroConfermato_; }
+  /// Gives the payment up.
+  void Abbandona();
+
+  // --- The open row --------------------------------------------------------------------------
+
+  bool ApriRiga(std::int64_t num);
+  [[nodiscard]] Scheda& Riga() { return riga_; }
+  /// The due date of the open row, nothing when none is open.
+  [[nodiscard]] const RigaScelta* RigaInCorso() const;
+  /// What the open row leaves unsettled goes to the rounding.
+  void ArrotondaDifferenza();
+  bool ConfermaRiga();
+  bool EliminaRiga();
+  /// Gives the open row up: as it was, or taken off when it has just been chosen.
+  void AnnullaRiga();
+
+ private:
+  [[nodiscard]] FinestraPagamento Finestra() const;
+  /// Name of a setting in this window.
+  [[nodiscard]] std::string Chiave(const char* impostazione) const;
+  void LeggiImpostazioniDiClasse();
+  [[nodiscard]] ImpostazioniPagamento ImpostazioniScritte() const;
+  [[nodiscard]] std::string RifiutoNuovo() const;
+  [[nodiscard]] std::string RifiutoScelta(std::int64_t numero) const;
+  void TogliRiga(std::int64_t num);
+  void ChiudiRiga();
+  [[nodiscard]] Pagamento ComePagamento() const;
+  bool Avviso(const std::string& testo) const;
+
+  Ambiente& ambiente_;
+  Modo modo_;
+  std::filesystem::path percorsoTemp_;
+  std::unique_ptr<Archivio> temp_;
+  Stato stato_ = Stato::Inattiva;
+  std::string cfp_ = "C";
+  std::string conto_;
+  Scheda impostazioni_;
+  Scheda testa_;
+  std::vector<RigaScelta> righe_;  ///< the scratch, with each due date as it was seen
+  Scheda riga_;
+  std::int64_t numRiga_ = 0;
+  bool rigaNuova_ = false;
+  std::int64_t numeroConfermato_ = 0;
+};
+
+}  // namespace fenalto

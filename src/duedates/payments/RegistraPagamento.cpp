@@ -1,0 +1,250 @@
+#include "duedates/payments/RegistraPagamento.h"
+
+#include <algorithm>
+#include <exception>
+#include <numeric>
+#include <set>
+
+#include "core/sql/Criterio.h"
+
+namespace fenalto {
+namespace {
+
+constexpr const char* kDiversi = "DIVERSI";
+/// Step between the positions of two rows, so that one can be put between by hand.
+constexpr std::int64_t kPassoPosi = 100;
+
+/// Parties of a payment, each once.
+std::set<std::string> Parti(const Pagamento& pagamento) {
+  std::set<std::string> parti;
+  for (const RigaPagamento& riga : pagamento.righe) parti.insert(riga.vista.conto);
+  return parti;
+}
+
+bool ContoEsiste(Ambiente& ambiente, const std::string& conto) {
+  return !ambiente.ArchivioDi("tessarc")
+              .Recordset("select Cod from zConti where CFP='P' and " + Criterio("Cod", "=", conto))
+              .Eof();
+}
+
+/// `rifiuto` when `conto` is empty, and with its code when the chart of accounts lacks it.
+std::string RifiutoConto(Ambiente& ambiente, const std::string& conto, const std::string& rifiuto) {
+  if (conto.empty()) return rifiuto;
+  if (ContoEsiste(ambiente, conto)) return {};
+  return rifiuto + ": " + conto + " non è nel piano dei conti";
+}
+
+std::string SenzaRiepilogo(const Pagamento& pagamento, const std::string& conto) {
+  if (pagamento.origine == Origine::PagamentoSingolo) {
+    return "sull'anagrafica del cliente/fornitore " + conto +
+           " non è inserito il conto riepilogativo";
+  }
+  return (pagamento.cfp == "C" ? "sul cliente " : "sul fornitore ") + conto +
+         " manca conto riepilogativo";
+}
+
+/// What stands against writing the registration.
+std::string RifiutoContabile(Ambiente& ambiente, const Pagamento& pagamento) {
+  if (!ambiente.Euro()) {
+    return "lo scadenzario non funziona in lire: selezionare un anno in euro";
+  }
+  if (pagamento.origine == Origine::PagamentoSingolo && pagamento.descrizione.empty()) {
+    return "Mancano le descrizioni contabili";
+  }
+  if (std::string r = RifiutoConto(ambiente, pagamento.contropartita, "manca contropartita");
+      !r.empty()) {
+    return r;
+  }
+  const bool arrotondata = std::ranges::any_of(
+      pagamento.righe, [](const RigaPagamento& riga) { return !riga.arrotondamento.Zero(); });
+  if (arrotondata) {
+    std::string r =
+        RifiutoConto(ambiente, pagamento.contoArrotondamenti, "manca conto arrotondamenti");
+    if (!r.empty()) return r;
+  }
+  for (const std::string& conto : Parti(pagamento)) {
+    if (ContoRiepilogativo(ambiente, pagamento.cfp, conto).empty()) {
+      return SenzaRiepilogo(pagamento, conto);
+    }
+  }
+  return {};
+}
+
+std::string DescrizioneRiga(const Pagamento& pagamento, const Scadenza& scadenza) {
+  const std::string& testo =
+      pagamento.descrizioneParte.empty() ? pagamento.descrizione : pagamento.descrizioneParte;
+  if (scadenza.nFat == 0) return testo;
+  return testo + (testo.empty() ? "FT. " : " FT. ") + std::to_string(scadenza.nFat);
+}
+
+/// The registration of a payment. Parties stand on one side, counter-account and roundings on the
+/// other; an amount below zero goes over to the opposite side, so that none in the books is
+/// negative and the sides stay even.
+class RegistrazionePagamento {
+ public:
+  RegistrazionePagamento(const Pagamento& pagamento, int anno)
+      : pagamento_(pagamento), cliente_(pagamento.cfp == "C") {
+    const auto parti = Parti(pagamento);
+    const bool sola = parti.size() == 1;
+    parte_ = sola ? *parti.begin() : kDiversi;
+    testa_.anno = anno;
+    testa_.dt = pagamento.dt;
+    testa_.origine = pagamento.origine;
+    // The class of several accounts is empty.
+    Lato(true, sola ? pagamento.cfp : "", parte_);
+    Lato(false, "P", pagamento.contropartita);
+    Righe();
+  }
+
+  /// Its number; 0 when no amount moves and there is nothing to register.
+  [[nodiscard]] std::int64_t Scrivi(Ambiente& ambiente) const {
+    return righe_.empty() ? 0 : ScriviRegistrazione(ambiente, testa_, righe_);
+  }
+
+ private:
+  void Lato(bool delleParti, const std::string& cfp, const std::string& conto) {
+    const bool dare = delleParti != cliente_;
+    (dare ? testa_.cfp : testa_.cfpA) = cfp;
+    (dare ? testa_.conto : testa_.contoA) = conto;
+  }
+
+  void Righe() {
+    for (const RigaPagamento& riga : pagamento_.righe) {
+      Aggiungi(true, pagamento_.cfp, riga.vista.conto, riga.importoPagato + riga.arrotondamento,
+               DescrizioneRiga(pagamento_, riga.vista));
+    }
+    Aggiungi(false, "P", pagamento_.contropartita, pagamento_.TotPagato(), pagamento_.descrizione);
+    Aggiungi(false, "P", pagamento_.contoArrotondamenti, pagamento_.TotArrotondamento(),
+             pagamento_.descrizione);
+  }
+
+  void Aggiungi(bool delleParti, const std::string& cfp, const std::string& conto, Importo importo,
+                const std::string& descrizione) {
+    if (importo.Zero()) return;
+    RigaRegistrazione riga;
+    riga.posi = kPassoPosi * (static_cast<std::int64_t>(righe_.size()) + 1);
+    riga.causale = pagamento_.causale;
+    riga.descrizione = descrizione;
+    riga.cfp = cfp;
+    riga.conto = conto;
+    const bool dare = (delleParti != cliente_) != importo.Negativo();
+    (dare ? riga.dare : riga.avere) = importo.Assoluto();
+    riga.cfpControp = delleParti ? "P" : pagamento_.cfp;
+    riga.contoControp = delleParti ? pagamento_.contropartita : parte_;
+    righe_.push_back(riga);
+  }
+
+  const Pagamento& pagamento_;
+  bool cliente_;
+  std::string parte_;  ///< the only party's code, or "DIVERSI"
+  TestaRegistrazione testa_;
+  std::vector<RigaRegistrazione> righe_;
+};
+
+void AggiornaScadenza(Ambiente& ambiente, const RigaPagamento& riga, Data dt) {
+  std::string campi =
+      "Stato=" + LetteraleSql(Valore(riga.saldata ? kStatoPagata : kStatoParziale)) +
+      ",DtPag=" + LetteraleSql(dt);
+  for (const auto& [campo, valore] :
+       CampiPagato(riga.vista.importoPagatoE + riga.importoPagato + riga.arrotondamento)) {
+    campi += "," + campo + "=" + LetteraleSql(valore);
+  }
+  ambiente.ArchivioDi("scadenzario")
+      .Esegui("update Scadenze set " + campi + " where " +
+              Criterio("Numero", "=", riga.vista.numero));
+}
+
+/// Under the numbering lock. The refusal, or empty and `scritto` told.
+std::string Scrivi(Ambiente& ambiente, const Pagamento& pagamento,
+                   const std::function<void(std::int64_t)>& altro, PagamentoScritto& scritto) {
+  Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
+  // One by one, so that a due date that is there twice is found changed at its second row.
+  for (const RigaPagamento& riga : pagamento.righe) {
+    if (auto cambiata = ScadenzaCambiata(ambiente, riga.vista)) return *cambiata;
+    AggiornaScadenza(ambiente, riga, pagamento.dt);
+  }
+  std::int64_t numDoc = 0;
+  if (pagamento.conRegistrazione) {
+    numDoc = RegistrazionePagamento(pagamento, ambiente.Anno()).Scrivi(ambiente);
+  }
+  if (altro) altro(numDoc);
+  transazione.Conferma();
+  scritto = {true, numDoc};
+  return {};
+}
+
+std::string RifiutoRighe(Ambiente& ambiente, const Pagamento& pagamento) {
+  for (const RigaPagamento& riga : pagamento.righe) {
+    const std::string rifiuto = RifiutoRigaPagamento(riga);
+    if (!rifiuto.empty()) return NomeScadenza(ambiente, riga.vista) + ":\n" + rifiuto;
+  }
+  return {};
+}
+
+}  // namespace
+
+Importo Pagamento::TotPagato() const {
+  return std::accumulate(
+      righe.begin(), righe.end(), Importo(),
+      [](Importo somma, const RigaPagamento& riga) { return somma + riga.importoPagato; });
+}
+
+Importo Pagamento::TotArrotondamento() const {
+  return std::accumulate(
+      righe.begin(), righe.end(), Importo(),
+      [](Importo somma, const RigaPagamento& riga) { return somma + riga.arrotondamento; });
+}
+
+std::string RifiutoRigaPagamento(const RigaPagamento& riga) {
+  const Importo daSaldare = riga.vista.Residuo();
+  if (riga.saldata) {
+    if (riga.importoPagato + riga.arrotondamento == daSaldare) return {};
+    return "importo pagato+arrotondamento diverso da importo da saldare";
+  }
+  if (!riga.arrotondamento.Zero()) {
+    return "l'arrotondamento e'valido solo se la scadenza e'saldata";
+  }
+  if (riga.importoPagato != daSaldare) return {};
+  return "se l'importo pagato è uguale all'importo scadenza inserire spunta su 'scadenza saldata'";
+}
+
+std::string RifiutoPagamento(Ambiente& ambiente, const Pagamento& pagamento) {
+  if (pagamento.righe.empty()) return "non è stata selezionata alcuna scadenza";
+  return pagamento.conRegistrazione ? RifiutoContabile(ambiente, pagamento) : std::string();
+}
+
+PagamentoScritto RegistraPagamento(Ambiente& ambiente, const Pagamento& pagamento,
+                                   const std::function<void(std::int64_t numDoc)>& altro) {
+  Dialoghi& dialogo = ambiente.Dialogo();
+  PagamentoScritto scritto;
+  try {
+    std::string rifiuto = RifiutoPagamento(ambiente, pagamento);
+    if (rifiuto.empty()) rifiuto = RifiutoRighe(ambiente, pagamento);
+    if (!rifiuto.empty()) {
+      dialogo.Messaggio(rifiuto, Icona::Avviso);
+      return {};
+    }
+    const Blocco numerazione = ambiente.BloccaTabella("ARTICOLI", true);
+    if (!numerazione.Tenuto()) return {};
+    rifiuto = Scrivi(ambiente, pagamento, altro, scritto);
+    if (!rifiuto.empty()) {
+      dialogo.Messaggio(rifiuto + "\nNon è stato scritto nulla.", Icona::Avviso);
+    }
+  } catch (const std::exception& errore) {
+    dialogo.Messaggio(std::string("registrazione del pagamento non riuscita: ") + errore.what() +
+                          "\nNon è stato scritto nulla, si può riprovare.",
+                      Icona::Errore);
+    return {};
+  }
+  return scritto;
+}
+
+std::string TestoPagamentoScritto(const PagamentoScritto& scritto) {
+  std::string testo = "- Scadenzario aggiornato";
+  if (scritto.numDoc != 0) {
+    testo += "\n- Creato articolo contabile " + std::to_string(scritto.numDoc);
+  }
+  return testo;
+}
+
+}  // namespace fenalto

@@ -1,0 +1,68 @@
+// A payment: due dates settled, in whole or in part, and the registration that says so, written
+// together or not at all. What the windows of payments and the matching of bank statements share.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/session/Ambiente.h"
+#include "duedates/Scadenza.h"
+#include "ledger/RegistrazioneAutomatica.h"
+
+namespace fenalto {
+
+/// A due date that the payment settles.
+struct RigaPagamento {
+  /// As it was when the user chose it.
+  Scadenza vista;
+  Importo importoPagato;
+  /// `importoPagato` + `arrotondamento` is what leaves the due date.
+  Importo arrotondamento;
+  /// The due date goes to state "30"; otherwise to "10", with a rest.
+  bool saldata = true;
+};
+
+struct Pagamento {
+  std::string cfp;  ///< class of all the parties, "C" or "F"
+  Data dt;
+  std::string causale;
+  std::string descrizione;  ///< of the row on the counter-account
+  /// Description of a party's row; empty for `descrizione`. The number of the invoice follows it.
+  std::string descrizioneParte;
+  std::string contropartita;
+  std::string contoArrotondamenti;
+  Origine origine = Origine::PagamentoScadenze;
+  /// Off: the due dates alone.
+  bool conRegistrazione = true;
+  std::vector<RigaPagamento> righe;
+
+  [[nodiscard]] Importo TotPagato() const;
+  [[nodiscard]] Importo TotArrotondamento() const;
+};
+
+/// Why a row can't be, by the three rules of a settled and of an open rest; empty when it can.
+std::string RifiutoRigaPagamento(const RigaPagamento& riga);
+/// Why the payment can't be made; empty when it can: no rows, no counter-account, no account for
+/// roundings, a party without summary account. Asks nothing. With Origine::PagamentoSingolo the
+/// texts are those of the window of one party.
+std::string RifiutoPagamento(Ambiente& ambiente, const Pagamento& pagamento);
+
+struct PagamentoScritto {
+  bool scritto = false;
+  std::int64_t numDoc = 0;  ///< 0 without registration
+};
+
+/// Takes the numbering lock, looks whether each due date still is as it was chosen, updates them
+/// and writes the registration of the selected year, all in one transaction over both databases.
+/// When one was changed or paid elsewhere nothing is written, and the user is told which. `altro`
+/// is called inside the transaction, for what the caller writes beside. Tells refusals, not
+/// success.
+PagamentoScritto RegistraPagamento(Ambiente& ambiente, const Pagamento& pagamento,
+                                   const std::function<void(std::int64_t numDoc)>& altro = {});
+
+/// What is told of a success: "- Scadenzario aggiornato" and "- Creato articolo contabile 12".
+std::string TestoPagamentoScritto(const PagamentoScritto& scritto);
+
+}  // namespace fenalto

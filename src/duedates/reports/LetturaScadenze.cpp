@@ -1,0 +1,150 @@
+#include "duedates/reports/LetturaScadenze.h"
+
+#include "core/sql/Criterio.h"
+#include "core/values/Testo.h"
+#include "duedates/RicercaScadenze.h"
+#include "duedates/Scadenza.h"
+
+namespace fenalto {
+namespace {
+
+// A party that is no longer in the list of accounts keeps its due dates.
+constexpr const char* kSelezione =
+    "SELECT SCADENZE.CFP, SCADENZE.Conto, ContiClientiFornitori.Descrizione AS Ragsoc, "
+    "SCADENZE.Dt, SCADENZE.Tipo, SCADENZE.Stato, SCADENZE.Anno, SCADENZE.Articolo, SCADENZE.NFat, "
+    "SCADENZE.DtFat, SCADENZE.ImportoE, SCADENZE.ImportoPagatoE, SCADENZE.Descrizione, "
+    "SCADENZE.anticipo FROM SCADENZE LEFT JOIN ContiClientiFornitori ON (SCADENZE.Conto = "
+    "ContiClientiFornitori.Cod) AND (SCADENZE.CFP = ContiClientiFornitori.CFP) WHERE ";
+
+/// Columns of the statement, in its order.
+enum Colonna : std::size_t {
+  kCfp,
+  kConto,
+  kRagsoc,
+  kDt,
+  kTipo,
+  kStato,
+  kAnno,
+  kArticolo,
+  kNFat,
+  kDtFat,
+  kImporto,
+  kPagato,
+  kDescrizione,
+  kAnticipo
+};
+
+std::string Condizione(const SceltaScadenze& s) {
+  std::string testo = Criterio("SCADENZE.CFP", "=", s.cfp);
+  const auto aggiungi = [&testo](const std::string& altra) { testo += " AND " + altra; };
+  if (!s.daCliFor.empty()) aggiungi(Criterio("SCADENZE.Conto", ">=", s.daCliFor));
+  if (!s.aCliFor.empty()) aggiungi(Criterio("SCADENZE.Conto", "<=", s.aCliFor));
+  if (!s.daData.Nulla()) aggiungi(Criterio("SCADENZE.Dt", ">=", s.daData));
+  if (!s.aData.Nulla()) aggiungi(Criterio("SCADENZE.Dt", "<=", s.aData));
+  if (!s.anchePagate) {
+    aggiungi(CondizioneAperta());
+  } else if (!s.pagateDal.Nulla()) {
+    // Where the day of payment wasn't kept, the due date stands for it.
+    aggiungi("(" + CondizioneAperta() + " OR " + Criterio("SCADENZE.DtPag", ">=", s.pagateDal) +
+             " OR (" + Criterio("SCADENZE.DtPag", "=", Data()) + " AND " +
+             Criterio("SCADENZE.Dt", ">=", s.pagateDal) + "))");
+  }
+  return testo;
+}
+
+ScadenzaStampata Leggi(const Rs& rs) {
+  ScadenzaStampata s;
+  s.cfp = rs.Fields(kCfp).Testo();
+  s.conto = rs.Fields(kConto).Testo();
+  s.ragsoc = NzStr(rs.Fields(kRagsoc));
+  s.dt = rs.Fields(kDt).Data();
+  s.tipo = rs.Fields(kTipo).Testo();
+  s.stato = rs.Fields(kStato).Testo();
+  s.anno = static_cast<int>(rs.Fields(kAnno).Intero());
+  s.articolo = rs.Fields(kArticolo).Intero();
+  s.nFat = rs.Fields(kNFat).Intero();
+  s.dtFat = rs.Fields(kDtFat).Data();
+  s.importo = rs.Fields(kImporto).Importo();
+  s.pagato = rs.Fields(kPagato).Importo();
+  s.descrizione = rs.Fields(kDescrizione).Testo();
+  s.anticipo = rs.Fields(kAnticipo).Booleano();
+  return s;
+}
+
+std::string Intervallo(const std::string& da, const std::string& a, const char* prima,
+                       const char* seconda) {
+  std::string testo;
+  if (!da.empty()) testo += std::string(prima) + da;
+  if (!a.empty()) testo += (testo.empty() ? "" : " ") + std::string(seconda) + a;
+  return testo;
+}
+
+}  // namespace
+
+bool ScadenzaStampata::Aperta() const {
+  return ConfrontaTesto(stato, kStatoPagata) < 0;
+}
+
+std::string ScadenzaStampata::StatoInParola() const {
+  if (!Aperta()) return "pagata";
+  if (ConfrontaTesto(stato, kStatoPresentabile) >= 0) return "presentata";
+  return ConfrontaTesto(stato, kStatoParziale) >= 0 ? "parziale" : "aperta";
+}
+
+std::string ScadenzaStampata::DescrizioneSegnata() const {
+  if (!anticipo) return descrizione;
+  return descrizione.empty() ? "ACCONTO" : "ACCONTO - " + descrizione;
+}
+
+Rinvio ScadenzaStampata::RinvioARegistrazione() const {
+  Rinvio rinvio;
+  rinvio.genere = articolo == 0 ? Rinvio::Genere::Conto : Rinvio::Genere::Registrazione;
+  rinvio.cfp = cfp;
+  rinvio.conto = conto;
+  rinvio.anno = anno;
+  rinvio.numero = articolo;
+  return rinvio;
+}
+
+std::optional<std::string> DifettoScelta(const SceltaScadenze& s) {
+  if (!s.daData.Nulla() && !s.aData.Nulla() && s.daData > s.aData) {
+    return "la data iniziale " + s.daData.Testo() + " è successiva a quella finale " +
+           s.aData.Testo();
+  }
+  if (!s.daCliFor.empty() && !s.aCliFor.empty() && ConfrontaTesto(s.daCliFor, s.aCliFor) > 0) {
+    return "il codice iniziale " + s.daCliFor + " viene dopo quello finale " + s.aCliFor;
+  }
+  return std::nullopt;
+}
+
+std::string NomeClasse(const SceltaScadenze& scelta) {
+  return UgualeTesto(scelta.cfp, "C") ? "clienti" : "fornitori";
+}
+
+std::string ScrittaScelta(const SceltaScadenze& s) {
+  std::string testo = s.anchePagate ? "scadenze aperte e pagate" : "scadenze aperte";
+  const std::string periodo = Intervallo(s.daData.Testo(), s.aData.Testo(), "dal ", "al ");
+  if (!periodo.empty()) testo += " " + periodo;
+  const std::string parti = Intervallo(s.daCliFor, s.aCliFor, "da ", "a ");
+  return testo + (parti.empty() ? "" : ", " + NomeClasse(s) + " " + parti);
+}
+
+std::int64_t ContaScadenze(Ambiente& ambiente, const SceltaScadenze& scelta) {
+  return ambiente.ArchivioDi("scadenzario")
+      .Singolo("SELECT Count(*) FROM SCADENZE WHERE " + Condizione(scelta))
+      .Intero();
+}
+
+bool ScorriScadenze(Ambiente& ambiente, const SceltaScadenze& scelta, OrdineScadenze ordine,
+                    const std::function<bool(const ScadenzaStampata&)>& riga) {
+  const char* per = ordine == OrdineScadenze::PerConto
+                        ? " ORDER BY SCADENZE.CFP, SCADENZE.Conto, SCADENZE.Dt, SCADENZE.Numero"
+                        : " ORDER BY SCADENZE.Dt, SCADENZE.Conto, SCADENZE.Numero";
+  Rs rs = ScadenzarioConConti(ambiente).Recordset(kSelezione + Condizione(scelta) + per);
+  for (; !rs.Eof(); rs.MoveNext()) {
+    if (!riga(Leggi(rs))) return false;
+  }
+  return true;
+}
+
+}  // namespace fenalto

@@ -1,0 +1,271 @@
+// Confirming a batch: the checks and questions, the print, the file, the one transaction.
+#include <exception>
+#include <filesystem>
+#include <system_error>
+
+#include "core/sql/Criterio.h"
+#include "core/values/Testo.h"
+#include "duedates/riba/FileDistinta.h"
+#include "duedates/riba/Riba.h"
+#include "duedates/riba/SegnalazioniRiba.h"
+#include "duedates/riba/StampaDistinta.h"
+#include "ledger/ControlliData.h"
+#include "ledger/RegistrazioneAutomatica.h"
+
+namespace fenalto {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kDiversi = "DIVERSI";
+
+constexpr const char* kNessunaScelta =
+    "NON E'STATA SELEZIONATA ALCUNA RIBA\n"
+    "nella griglia 'Selezione Riba' vengono visualizzati gli estremi delle fatture che sono state "
+    "emesse con condizioni di pagamento di tipo riba\n"
+    "per selezionarle:\n"
+    "     -cliccare su una riga\n"
+    "     -premere tasto barra spaziatrice per selezionare una fattura\n"
+    "     ripetere l'operazione per tutte le fatture che interessano";
+
+constexpr const char* kDefinitiva =
+    "DISTINTA DEFINITIVA ?\n"
+    "le scadenze selezionate verranno passate in stato=30\n"
+    "per ripetere una distinta erroneamente confermata in definitiva è necessario:\n"
+    "-dal menu>scadenzario>archivio scadenze\n"
+    "-impostare 'anche scadenze pagate'\n"
+    "-aprire ogni scadenza della distinta e modificare lo stato da 30 a 01\n"
+    "-se necessario eliminare anche la registrazione contabile";
+
+/// "24/02/26"
+std::string DataCorta(Data data) {
+  const std::string intera = data.Testo();
+  constexpr std::size_t kGiornoMese = 6;
+  return intera.empty() ? intera : intera.substr(0, kGiornoMese) + intera.substr(kGiornoMese + 2);
+}
+
+bool Cartella(const fs::path& percorso) {
+  std::error_code errore;
+  return !percorso.empty() && fs::is_directory(percorso, errore);
+}
+
+CreditoreRiba LeggiCreditore(Ambiente& ambiente) {
+  // The blank after ragsoc1 belongs to the key.
+  return {ambiente.Config("ragsoc1 "), ambiente.Config("ragsoc2"), ambiente.Config("indirizzo"),
+          ambiente.Config("localita"), ambiente.Config("piva")};
+}
+
+/// The customer and its account at the bank; empty when it is gone.
+DebitoreRiba LeggiDebitore(Ambiente& ambiente, const std::string& conto, std::string& iban) {
+  Rs rs = ambiente.ArchivioDi("tessarc").Recordset("SELECT * FROM Clienti WHERE " +
+                                                   Criterio("Cod", "=", conto));
+  if (rs.Eof()) return {};
+  const auto testo = [&rs](const char* campo) { return rs.Fields(campo).Testo(); };
+  iban = testo("CININT") + testo("CIN") + testo("ABI") + testo("CAB") + testo("ContoBanca");
+  return {testo("ragsoc1"),  testo("ragsoc2"), testo("indirizzo"), testo("cap"),
+          testo("localita"), testo("prov"),    testo("piva"),      testo("ABI"),
+          testo("CAB"),      testo("banca"),   testo("agenzia")};
+}
+
+RigaRegistrazione RigaCliente(const Scadenza& s, const ImpostazioniRiba& impostazioni) {
+  RigaRegistrazione riga;
+  riga.causale = impostazioni.causale;
+  riga.descrizione = "ft." + std::to_string(s.nFat) + " " + DataCorta(s.dtFat) + " sc." +
+                     DataCorta(s.dt) + " " + s.descrizione;
+  riga.cfp = s.cfp;
+  riga.conto = s.conto;
+  riga.cfpControp = "P";
+  riga.contoControp = impostazioni.contropartita;
+  return riga;
+}
+
+/// Credit above zero; a negative amount goes over to the other side, so that none in the books is.
+void InAvere(RigaRegistrazione& riga, Importo importo) {
+  (importo.Negativo() ? riga.dare : riga.avere) = importo.Assoluto();
+}
+
+}  // namespace
+
+bool Riba::DatiCompleti() {
+  if (!banca_) return Avviso("inserire banca");
+  if (!Cartella(impostazioni_.directory) || !Cartella(fs::path(NomeFile()).parent_path())) {
+    return Avviso("cartella non valida");
+  }
+  if (scelte_.empty()) return Avviso(kNessunaScelta);
+  if (data_.Nulla()) return Avviso("inserire la data della distinta");
+  return true;
+}
+
+bool Riba::DatiContabili() {
+  if (!impostazioni_.registrazione) return true;
+  const std::string manca = "Mancano dati per registrazione contabile";
+  if (impostazioni_.causale.empty() || impostazioni_.contropartita.empty()) return Avviso(manca);
+  if (!ambiente_.Esiste("tessarc", "Causali", {{"Cod", impostazioni_.causale}})) {
+    return Avviso(manca + "\nla causale " + impostazioni_.causale + " non è in archivio");
+  }
+  Rs conto =
+      ambiente_.ArchivioDi("tessarc").Recordset("select Cod from zConti where CFP='P' and " +
+                                                Criterio("Cod", "=", impostazioni_.contropartita));
+  if (conto.Eof()) {
+    return Avviso(manca + "\nil conto " + impostazioni_.contropartita +
+                  " non è nel piano dei conti");
+  }
+  if (!ambiente_.Euro()) {
+    return Avviso("lo scadenzario non funziona in lire: selezionare un anno in euro");
+  }
+  if (ControlloAnno(ambiente_, data_, true)) return false;
+  ControlloDataGiornale(ambiente_, data_);
+  return true;
+}
+
+bool Riba::SostituisceFile() {
+  std::error_code errore;
+  if (!fs::exists(NomeFile(), errore)) return true;
+  return ambiente_.Dialogo().Conferma(
+      "il file " + NomeFile() +
+      " c'è già: è di un'altra distinta, di un'altra banca o di una conferma interrotta\nlo "
+      "sostituisco ?\n(rispondendo no si "
+      "può cambiare il nome del file o la cartella)");
+}
+
+DatiDistinta Riba::Prepara() {
+  DatiDistinta dati;
+  dati.numero = Numero();
+  dati.banca = *banca_;
+  dati.nomeFile = NomeFile();
+  dati.vista = Ordinate();
+  dati.distinta.data = data_;
+  dati.distinta.banca = banca_->conto;
+  dati.distinta.creditore = LeggiCreditore(ambiente_);
+  dati.distinta.segno = Segno();
+  for (const Scadenza& s : dati.vista) {
+    std::string iban;
+    dati.distinta.ricevute.push_back(
+        {s.dt, s.importoE, s.descrizione, LeggiDebitore(ambiente_, s.conto, iban)});
+    dati.iban.push_back(iban);
+  }
+  dati.file = ComponiFileRiba(dati.distinta);
+  dati.segnalazioni = SegnalazioniRiba(ambiente_, dati.distinta, dati.file, dati.vista,
+                                       impostazioni_.registrazione);
+  return dati;
+}
+
+bool Riba::Chiede(const DatiDistinta& dati) {
+  if (const std::string note = MessaggioSegnalazioni(dati.segnalazioni); !note.empty()) {
+    Avviso(note);
+  }
+  return ambiente_.Dialogo().Conferma(kDefinitiva) && DatiContabili() && SostituisceFile();
+}
+
+std::int64_t Riba::Registra(const DatiDistinta& dati) {
+  TestaRegistrazione testa;
+  testa.anno = ambiente_.Anno();
+  testa.dt = data_;
+  testa.cfp = "P";
+  testa.conto = impostazioni_.contropartita;
+  testa.cfpA = "C";
+  testa.contoA = kDiversi;
+  testa.origine = Origine::DistintaRiba;
+  std::vector<RigaRegistrazione> righe;
+  bool unCliente = true;
+  for (const Scadenza& s : dati.vista) {
+    RigaRegistrazione riga = RigaCliente(s, impostazioni_);
+    riga.posi = static_cast<std::int64_t>(righe.size()) + 1;
+    InAvere(riga, s.importoE);
+    unCliente = unCliente && s.conto == dati.vista.front().conto;
+    righe.push_back(std::move(riga));
+  }
+  RigaRegistrazione totale;
+  totale.posi = static_cast<std::int64_t>(righe.size()) + 1;
+  totale.causale = impostazioni_.causale;
+  totale.descrizione = Descrizione();
+  totale.cfp = "P";
+  totale.conto = impostazioni_.contropartita;
+  InAvere(totale, -dati.Totale());
+  totale.cfpControp = "C";
+  totale.contoControp = unCliente ? dati.vista.front().conto : kDiversi;
+  righe.push_back(std::move(totale));
+  return ScriviRegistrazione(ambiente_, testa, righe);
+}
+
+/// Under the numbering lock. Why nothing was written, or empty and `numDoc` told.
+std::string Riba::Scrivi(const DatiDistinta& dati, std::int64_t& numDoc) {
+  Archivio& scadenzario = ambiente_.ArchivioDi("scadenzario");
+  FileDistinta file(dati.nomeFile);
+  Transazione transazione(ambiente_.Basi(), Transazione::Ambito::Tutto);
+  const auto banca = LeggiBanca(ambiente_, dati.banca.cod);
+  if (!banca) return "la banca " + dati.banca.cod + " è stata eliminata da un'altra postazione";
+  if (banca->nUltDistinta != dati.banca.nUltDistinta) {
+    return "il numero " + std::to_string(dati.numero) + " è già di un'altra distinta della banca " +
+           banca->nome + ", confermata da un'altra postazione: la prossima è la n. " +
+           std::to_string(banca->nUltDistinta + 1) +
+           "\nConfermare ancora: la distinta viene ristampata con il suo numero.";
+  }
+  if (*banca != dati.banca) {
+    return "la banca " + banca->nome +
+           " è stata modificata da un'altra postazione: confermare ancora, la distinta viene "
+           "ristampata";
+  }
+  for (const Scadenza& s : dati.vista) {
+    if (auto cambiata = ScadenzaCambiata(ambiente_, s)) return *cambiata;
+    scadenzario.Esegui("update Scadenze set " + Criterio("Stato", "=", kStatoPagata) + "," +
+                       Criterio("BancaPresentaz", "=", banca->cod) + "," +
+                       Criterio("Ndistinta", "=", dati.numero) + "," +
+                       Criterio("DtPres", "=", data_) + " where " +
+                       Criterio("Numero", "=", s.numero));
+  }
+  scadenzario.Esegui("update Banche set " + Criterio("NUltDistinta", "=", dati.numero) + " where " +
+                     Criterio("Cod", "=", banca->cod));
+  if (impostazioni_.registrazione) numDoc = Registra(dati);
+  // The file last, so that it stands alone on the disk for the shortest time.
+  if (const auto scritto = file.Scrivi(dati.file); !scritto) return scritto.Errore().messaggio;
+  transazione.Conferma();
+  file.Tieni();
+  return {};
+}
+
+/// Up to the commit; false when it was stopped, and told why.
+bool Riba::Esegui(DatiDistinta& dati, StampaDistinta& stampa, std::int64_t& numDoc) {
+  if (!DatiCompleti()) return false;
+  dati = Prepara();
+  if (const std::string no = ImpedimentiRiba(dati.distinta, dati.file); !no.empty()) {
+    return Avviso(no);
+  }
+  if (!stampa.Prova() || !Chiede(dati)) return false;
+  const Blocco numerazione = ambiente_.BloccaTabella("ARTICOLI", true);
+  if (!numerazione.Tenuto()) return false;
+  const std::string rifiuto = Scrivi(dati, numDoc);
+  if (rifiuto.empty()) return true;
+  Avviso(rifiuto + "\nNon è stato scritto nulla.");
+  RileggiBanca();
+  Rileggi();
+  return false;
+}
+
+bool Riba::Conferma(FabbricaUscite& uscite) {
+  DatiDistinta dati;
+  StampaDistinta stampa(ambiente_, uscite, dati);
+  std::int64_t numDoc = 0;
+  try {
+    if (!Esegui(dati, stampa, numDoc)) return false;
+  } catch (const std::exception& errore) {
+    ambiente_.Dialogo().Messaggio(std::string("conferma della distinta non riuscita: ") +
+                                      errore.what() +
+                                      "\nNon è stato scritto nulla, si può riprovare.",
+                                  Icona::Errore);
+    return false;
+  }
+  scelte_.clear();
+  std::string testo;
+  if (numDoc != 0) testo = "creato articolo " + std::to_string(numDoc) + "\n";
+  ambiente_.Dialogo().Messaggio(testo + "distinta n. " + std::to_string(dati.numero) + ": " +
+                                std::to_string(dati.vista.size()) + " RiBa memorizzate su file " +
+                                dati.nomeFile);
+  stampa.Definitiva(numDoc);
+  RileggiBanca();
+  Rileggi();
+  return true;
+}
+
+}  // namespace fenalto

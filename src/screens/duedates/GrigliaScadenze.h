@@ -1,0 +1,37 @@
+// The grid of due dates (`GrigliaScadenze`) that the windows of this folder share.
+#pragma once
+
+#include <cstdint>
+
+#include "core/session/Ambiente.h"
+#include "duedates/RicercaScadenze.h"
+#include "screens/common/Griglia.h"
+
+namespace fenalto {
+
+class GrigliaScadenze : public Griglia {
+  Q_OBJECT
+
+ public:
+  /// `finestra` names the window for the remembered widths.
+  explicit GrigliaScadenze(const QString& finestra, QWidget* genitore = nullptr,
+                           const QString& nome = QStringLiteral("GrigliaScadenze"));
+
+  /// Fills the grid; a long search shows how far it is and can be cancelled, which leaves what was
+  /// found so far. Returns the rows and what is left to pay of them.
+  struct Totale {
+    int righe = 0;
+    Importo residuo;
+    bool interrotta = false;
+  };
+  Totale Cerca(Ambiente& ambiente, const RicercaScadenze& ricerca);
+  void Svuota();
+  /// Number of the due date of a row, of the current one when -1; 0 for none.
+  [[nodiscard]] std::int64_t Numero(int riga = -1);
+
+ signals:
+  /// A row was double-clicked, or Enter was pressed on it.
+  void Scelta(qint64 numero);
+};
+
+}  // namespace fenalto

@@ -1,0 +1,80 @@
+#include "screens/duedates/SceltaParte.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+
+#include "screens/common/CampoCodice.h"
+#include "screens/common/Disposizione.h"
+#include "screens/ledger/FontiPrimanota.h"
+
+namespace fenalto {
+namespace {
+
+constexpr int kCifreCodice = 12;
+
+}  // namespace
+
+SceltaParte::SceltaParte(Finestre& finestre, const QString& vuota, QWidget* genitore)
+    : QWidget(genitore),
+      finestre_(finestre),
+      classe_(new QComboBox),
+      codice_(new CampoCodice(QStringLiteral("CliFor"), TabellaDiClasse("C"),
+                              FonteConti(finestre.Sessione(), "C"))) {
+  classe_->setObjectName(QStringLiteral("CFPx"));
+  classe_->addItem(tr("C - clienti"), QStringLiteral("C"));
+  classe_->addItem(tr("F - fornitori"), QStringLiteral("F"));
+  codice_->setPlaceholderText(vuota);
+  codice_->Etichetta()->setObjectName(QStringLiteral("CliForDescrizione"));
+  auto* riga = new QHBoxLayout(this);
+  riga->setContentsMargins(0, 0, 0, 0);
+  riga->addWidget(classe_);
+  riga->addWidget(ConDescrizione(codice_, kCifreCodice), 1);
+  connect(classe_, &QComboBox::currentIndexChanged, this, &SceltaParte::CambiaClasse);
+  connect(codice_, &CampoCodice::EventoLibero, this,
+          [this](const QString& tabella, const QString& codice) {
+            finestre_.ApreFormDaEvLibero(tabella, codice);
+          });
+  connect(codice_, &CampoCodice::Scelto, this, &SceltaParte::Lasciata);
+  connect(codice_, &QLineEdit::editingFinished, this, &SceltaParte::Lasciata);
+}
+
+std::string SceltaParte::Cfp() const {
+  return classe_->currentData().toString().toStdString();
+}
+
+std::string SceltaParte::Codice() const {
+  const auto letto = codice_->Letto();
+  return letto ? letto.Valore().Testo() : std::string();
+}
+
+bool SceltaParte::Esiste() const {
+  return codice_->Esiste();
+}
+
+void SceltaParte::Imposta(const std::string& cfp, const std::string& codice) {
+  classe_->setCurrentIndex(classe_->findData(QString::fromStdString(cfp)));
+  codice_->Mostra(Valore(codice));
+  Lasciata();
+}
+
+void SceltaParte::Bloccata(bool classe, bool codice) {
+  classe_->setEnabled(!classe);
+  codice_->setEnabled(!codice);
+}
+
+void SceltaParte::CambiaClasse() {
+  codice_->Fonte(FonteConti(finestre_.Sessione(), Cfp()), TabellaDiClasse(Cfp()));
+  codice_->Mostra(Valore(std::string()));
+  emit ClasseCambiata();
+  Lasciata();
+}
+
+void SceltaParte::Lasciata() {
+  codice_->Risolvi();
+  std::string ora = Cfp() + Codice();
+  if (ora == detta_) return;
+  detta_ = std::move(ora);
+  emit ParteCambiata();
+}
+
+}  // namespace fenalto

@@ -1,0 +1,107 @@
+#include "screens/duedates/reports/SceltaStampaParti.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+
+#include "screens/common/Campi.h"
+#include "screens/common/CampoCodice.h"
+#include "screens/common/Disposizione.h"
+#include "screens/ledger/FontiPrimanota.h"
+
+namespace fenalto {
+namespace {
+
+constexpr int kCifreCodice = 12;
+constexpr int kCifreData = 11;
+constexpr int kLarghezzaMinima = 560;
+
+}  // namespace
+
+SceltaStampaParti::SceltaStampaParti(Finestre& finestre, Scheda& scheda, Legatura& legatura)
+    : QGroupBox(tr("Scadenze")),
+      finestre_(finestre),
+      scheda_(scheda),
+      legatura_(legatura),
+      classe_(new QComboBox),
+      da_(Codice("DaCliFor")),
+      a_(Codice("ACliFor")) {
+  classe_->setObjectName(QStringLiteral("CFPx"));
+  classe_->addItem(tr("C - clienti"), QStringLiteral("C"));
+  classe_->addItem(tr("F - fornitori"), QStringLiteral("F"));
+  da_->setPlaceholderText(tr("dal primo"));
+  a_->setPlaceholderText(tr("all'ultimo"));
+  auto* daData = Data("DaData", finestre_, scheda_, legatura_);
+  auto* aData = Data("AData", finestre_, scheda_, legatura_);
+  scheda_.Aggiungi("AnchePagate", Tipo::Booleano);
+  auto* pagate = new QCheckBox(tr("anche le scadenze pagate"));
+  pagate->setObjectName(QStringLiteral("AnchePagate"));
+  legatura_.Lega(pagate);
+
+  auto* griglia = new QGridLayout(this);
+  griglia->addWidget(Didascalia(tr("stampo"), classe_), 0, 0);
+  griglia->addWidget(classe_, 0, 1, Qt::AlignLeft);
+  griglia->addWidget(Didascalia(tr("dal codice"), da_), 1, 0);
+  griglia->addWidget(ConDescrizione(da_, kCifreCodice), 1, 1);
+  griglia->addWidget(Didascalia(tr("al codice"), a_), 2, 0);
+  griglia->addWidget(ConDescrizione(a_, kCifreCodice), 2, 1);
+  auto* date = new QHBoxLayout;
+  date->addWidget(daData);
+  date->addSpacing(8);
+  date->addWidget(Didascalia(tr("al"), aData));
+  date->addWidget(aData);
+  date->addSpacing(16);
+  date->addWidget(pagate);
+  date->addStretch(1);
+  griglia->addWidget(Didascalia(tr("scadenza dal"), daData), 3, 0);
+  griglia->addLayout(date, 3, 1);
+  griglia->setColumnStretch(1, 1);
+  setMinimumWidth(kLarghezzaMinima);
+  connect(classe_, &QComboBox::currentIndexChanged, this, &SceltaStampaParti::CambiaClasse);
+}
+
+CampoCodice* SceltaStampaParti::Codice(const char* nome) {
+  auto* campo = new CampoCodice(QString::fromLatin1(nome), TabellaDiClasse("C"),
+                                FonteConti(finestre_.Sessione(), "C"));
+  scheda_.Aggiungi(nome, Tipo::Testo);
+  legatura_.Lega(campo);
+  connect(campo, &CampoCodice::EventoLibero, this,
+          [this](const QString& tabella, const QString& codice) {
+            finestre_.ApreFormDaEvLibero(tabella, codice);
+          });
+  return campo;
+}
+
+CampoData* SceltaStampaParti::Data(const char* nome, Finestre& finestre, Scheda& scheda,
+                                   Legatura& legatura) {
+  auto* campo = new CampoData(QString::fromLatin1(nome), [&finestre] {
+    auto& sessione = finestre.Sessione();
+    return std::pair(sessione.Anno(), sessione.Ora().Oggi());
+  });
+  LargoCaratteri(campo, kCifreData);
+  scheda.Aggiungi(nome, Tipo::Data);
+  legatura.Lega(campo);
+  return campo;
+}
+
+void SceltaStampaParti::CambiaClasse() {
+  const std::string classe = classe_->currentData().toString().toStdString();
+  for (CampoCodice* campo : {da_, a_}) {
+    campo->Fonte(FonteConti(finestre_.Sessione(), classe), TabellaDiClasse(classe));
+    scheda_.Scrivi(campo->objectName().toStdString(), Valore(std::string()));
+    campo->Mostra(Valore(std::string()));
+  }
+}
+
+SceltaScadenze SceltaStampaParti::Scelta() const {
+  SceltaScadenze s;
+  s.cfp = classe_->currentData().toString().toStdString();
+  s.daCliFor = scheda_.Leggi("DaCliFor").Testo();
+  s.aCliFor = scheda_.Leggi("ACliFor").Testo();
+  s.daData = scheda_.Leggi("DaData").Data();
+  s.aData = scheda_.Leggi("AData").Data();
+  s.anchePagate = scheda_.Leggi("AnchePagate").Booleano();
+  return s;
+}
+
+}  // namespace fenalto

@@ -1,0 +1,42 @@
+// The choice that the printed reports of due dates have in common: class, range of parties, range
+// of dates, the paid ones too.
+#pragma once
+
+#include <QGroupBox>
+
+#include "duedates/reports/LetturaScadenze.h"
+#include "screens/common/Finestre.h"
+#include "screens/common/Legatura.h"
+
+class QComboBox;
+class QGridLayout;
+
+namespace fenalto {
+
+class CampoCodice;
+class CampoData;
+
+class SceltaStampaParti : public QGroupBox {
+  Q_OBJECT
+
+ public:
+  /// Adds the fields `DaCliFor`, `ACliFor`, `DaData`, `AData` and `AnchePagate` to the record and
+  /// binds their controls. `CFPx` is the class.
+  SceltaStampaParti(Finestre& finestre, Scheda& scheda, Legatura& legatura);
+  [[nodiscard]] SceltaScadenze Scelta() const;
+  /// A date bound to the record's field of that name.
+  static CampoData* Data(const char* nome, Finestre& finestre, Scheda& scheda, Legatura& legatura);
+
+ private:
+  CampoCodice* Codice(const char* nome);
+  void CambiaClasse();
+
+  Finestre& finestre_;
+  Scheda& scheda_;
+  Legatura& legatura_;
+  QComboBox* classe_;
+  CampoCodice* da_;
+  CampoCodice* a_;
+};
+
+}  // namespace fenalto

@@ -1,0 +1,250 @@
+#include "screens/duedates/riba/FinestraRaggruppamento.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <optional>
+
+#include "core/values/FormatoImporto.h"
+#include "duedates/riba/RaggruppamentoRiba.h"
+#include "screens/common/CampoCodice.h"
+#include "screens/common/Disposizione.h"
+#include "screens/common/Griglia.h"
+#include "screens/common/InCorso.h"
+#include "screens/ledger/FontiPrimanota.h"
+
+namespace fenalto {
+namespace {
+
+constexpr int kCifreData = 11;
+constexpr int kCifreCodice = 12;
+constexpr int kColonnaRiferimenti = 6;
+
+QString Qs(const std::string& testo) {
+  return QString::fromStdString(testo);
+}
+
+}  // namespace
+
+struct FinestraRaggruppamento::Interno {
+  Interno(FinestraRaggruppamento& finestraUsata, Finestre& gestoreUsato);
+  CampoData* CampoGiorno(const char* nome, Data proposto);
+  void CreaGriglia();
+  QHBoxLayout* CreaScelta();
+  QHBoxLayout* CreaPulsanti();
+  void Collega();
+  /// The choice as typed; nothing, and told why, when a day can't be read or the period is empty.
+  [[nodiscard]] std::optional<SceltaRaggruppamento> Scelta(bool avvisa);
+  void Carica();
+  void MostraTotali();
+  void Stampa();
+  void Conferma();
+
+  FinestraRaggruppamento& finestra;
+  Finestre& gestore;
+  RaggruppamentoRiba raggruppamento;
+  std::vector<GruppoRiba> gruppi;
+  CampoData* da;
+  CampoData* a;
+  CampoCodice* cliente;
+  Griglia* griglia = nullptr;
+  QLabel* totali = new QLabel;
+  QCheckBox* definitivo;
+  QPushButton* stampa;
+  QPushButton* conferma;
+  QPushButton* esporta;
+  bool leggendo = false;
+};
+
+FinestraRaggruppamento::Interno::Interno(FinestraRaggruppamento& finestraUsata,
+                                         Finestre& gestoreUsato)
+    : finestra(finestraUsata),
+      gestore(gestoreUsato),
+      raggruppamento(gestoreUsato.Sessione(), gestoreUsato.Uscite()),
+      da(CampoGiorno("DaData", Data::DaGma(1, 1, gestoreUsato.Sessione().Anno()).value())),
+      a(CampoGiorno("AData", Data::DaGma(31, 12, gestoreUsato.Sessione().Anno()).value())),
+      cliente(new CampoCodice(QStringLiteral("CliFor"), TabellaDiClasse("C"),
+                              FonteConti(gestoreUsato.Sessione(), "C"))),
+      definitivo(new QCheckBox(tr("Stampa definitiva: raggruppa le scadenze"))),
+      stampa(Pulsante(QStringLiteral("Stampa"), tr("Stampa di prova"))),
+      conferma(Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"))),
+      esporta(Pulsante(QStringLiteral("XlsEsp"), tr("Esporto in Excel"))) {
+  CreaGriglia();
+  definitivo->setObjectName(QStringLiteral("Definitivo"));
+  cliente->setPlaceholderText(tr("tutti"));
+  cliente->Etichetta()->setObjectName(QStringLiteral("CliForDescrizione"));
+  totali->setObjectName(QStringLiteral("Totali"));
+  totali->setAlignment(Qt::AlignRight);
+  auto* colonna = new QVBoxLayout(&finestra);
+  colonna->addLayout(CreaScelta());
+  colonna->addWidget(griglia, 1);
+  colonna->addWidget(totali);
+  colonna->addLayout(CreaPulsanti());
+  AssegnaMnemoniche({stampa, conferma, esporta});
+  Collega();
+}
+
+CampoData* FinestraRaggruppamento::Interno::CampoGiorno(const char* nome, Data proposto) {
+  auto* campo = new CampoData(QString::fromLatin1(nome), [this] {
+    Ambiente& ambiente = gestore.Sessione();
+    return std::pair(ambiente.Anno(), ambiente.Ora().Oggi());
+  });
+  LargoCaratteri(campo, kCifreData);
+  campo->Mostra(proposto);
+  connect(campo, &QLineEdit::editingFinished, campo, [campo] {
+    const auto letto = campo->Letto();
+    ColoraErrato(campo, !letto);
+    campo->setToolTip(letto ? QString() : Qs(letto.Errore().messaggio));
+    if (letto) campo->Mostra(letto.Valore());
+  });
+  return campo;
+}
+
+void FinestraRaggruppamento::Interno::CreaGriglia() {
+  griglia = new Griglia(QStringLiteral("GrigliaGruppi"), finestra.Nome(),
+                        {{tr("Cliente"), Tipo::Testo, 80},
+                         {tr("RagSoc1"), Tipo::Testo, 280},
+                         {tr("DataScad"), Tipo::Data, 95},
+                         {tr("n_riba"), Tipo::Intero, 60},
+                         {tr("Importo"), Tipo::Importo, 120},
+                         {tr("Pag"), Tipo::Testo, 60},
+                         {tr("Riferimenti"), Tipo::Testo, 420}});
+  AllargaColonna(*griglia, kColonnaRiferimenti);
+}
+
+QHBoxLayout* FinestraRaggruppamento::Interno::CreaScelta() {
+  auto* riga = new QHBoxLayout;
+  riga->addWidget(Didascalia(tr("Scadenze dal"), da));
+  riga->addWidget(da);
+  riga->addWidget(Didascalia(tr("al"), a));
+  riga->addWidget(a);
+  riga->addSpacing(16);
+  riga->addWidget(Didascalia(tr("Cliente"), cliente));
+  riga->addWidget(ConDescrizione(cliente, kCifreCodice), 1);
+  return riga;
+}
+
+QHBoxLayout* FinestraRaggruppamento::Interno::CreaPulsanti() {
+  auto* riga = new QHBoxLayout;
+  riga->addWidget(definitivo);
+  riga->addWidget(conferma);
+  riga->addStretch(1);
+  riga->addWidget(stampa);
+  riga->addWidget(esporta);
+  return riga;
+}
+
+void FinestraRaggruppamento::Interno::Collega() {
+  auto* f = &finestra;
+  const auto carica = [this] { Carica(); };
+  for (QLineEdit* campo : std::initializer_list<QLineEdit*>{da, a}) {
+    connect(campo, &QLineEdit::editingFinished, f, carica);
+  }
+  const auto cambiato = [this] {
+    cliente->Risolvi();
+    Carica();
+  };
+  connect(cliente, &CampoCodice::Scelto, f, cambiato);
+  connect(cliente, &QLineEdit::editingFinished, f, cambiato);
+  connect(cliente, &CampoCodice::EventoLibero, f,
+          [this](const QString& tabella, const QString& codice) {
+            gestore.ApreFormDaEvLibero(tabella, codice);
+          });
+  connect(stampa, &QPushButton::clicked, f, [this] { Stampa(); });
+  connect(conferma, &QPushButton::clicked, f, [this] { Conferma(); });
+  connect(esporta, &QPushButton::clicked, f, [this] { finestra.Esporta(*griglia); });
+}
+
+std::optional<SceltaRaggruppamento> FinestraRaggruppamento::Interno::Scelta(bool avvisa) {
+  const auto rifiuta = [&](const std::string& testo, QWidget* campo) {
+    if (avvisa) {
+      gestore.Sessione().Dialogo().Messaggio(testo, Icona::Avviso);
+      campo->setFocus();
+    }
+    return std::nullopt;
+  };
+  SceltaRaggruppamento scelta;
+  for (const auto& [campo, giorno] : {std::pair(da, &scelta.da), std::pair(a, &scelta.a)}) {
+    const auto letto = campo->Letto();
+    if (!letto) return rifiuta(letto.Errore().messaggio, campo);
+    *giorno = letto.Valore().Data();
+    if (giorno->Nulla()) return rifiuta("impostare le date di scadenza da cui e a cui", campo);
+  }
+  if (scelta.a < scelta.da) {
+    return rifiuta("la data finale viene prima di quella iniziale", a);
+  }
+  scelta.conto = cliente->Letto().Valore().Testo();
+  if (!scelta.conto.empty() && !cliente->Esiste()) {
+    return rifiuta("il cliente " + scelta.conto + " non esiste", cliente);
+  }
+  return scelta;
+}
+
+void FinestraRaggruppamento::Interno::Carica() {
+  if (leggendo) return;
+  const InCorso inCorso(leggendo);
+  gruppi.clear();
+  if (const auto scelta = Scelta(false)) {
+    if (auto letti = raggruppamento.Elenco(*scelta)) gruppi = std::move(*letti);
+  }
+  std::vector<std::vector<Valore>> righe;
+  righe.reserve(gruppi.size());
+  for (const GruppoRiba& g : gruppi) {
+    righe.push_back({g.conto, g.ragsoc, g.dt, static_cast<std::int64_t>(g.scadenze.size()),
+                     g.Totale(), g.pagamento, RiferimentiFatture(g.scadenze)});
+  }
+  griglia->Modello().Righe(std::move(righe));
+  MostraTotali();
+  esporta->setEnabled(!gruppi.empty());
+}
+
+void FinestraRaggruppamento::Interno::MostraTotali() {
+  Importo importo;
+  qsizetype scadenze = 0;
+  for (const GruppoRiba& g : gruppi) {
+    importo += g.Totale();
+    scadenze += static_cast<qsizetype>(g.scadenze.size());
+  }
+  const auto daFare =
+      std::count_if(gruppi.begin(), gruppi.end(), [](const auto& g) { return g.DaRaggruppare(); });
+  totali->setText(tr("%1 scadenze in %2 gruppi, %3 da raggruppare    importo %4")
+                      .arg(scadenze)
+                      .arg(gruppi.size())
+                      .arg(daFare)
+                      .arg(Qs(ScriviImporto(importo, 2))));
+}
+
+void FinestraRaggruppamento::Interno::Stampa() {
+  if (const auto scelta = Scelta(true)) raggruppamento.StampaProva(*scelta, gruppi);
+}
+
+void FinestraRaggruppamento::Interno::Conferma() {
+  const auto scelta = Scelta(true);
+  if (!scelta) return;
+  if (!definitivo->isChecked()) {
+    raggruppamento.StampaProva(*scelta, gruppi);
+    return;
+  }
+  // The next confirmation is a test again unless it is asked for.
+  if (raggruppamento.Definitivo(*scelta, gruppi)) definitivo->setChecked(false);
+  Carica();
+}
+
+FinestraRaggruppamento::FinestraRaggruppamento(Finestre& finestre)
+    : FinestraFunzione(QStringLiteral("RiBaRaggruppamento"), tr("Raggruppamento Ri.Ba."),
+                       finestre) {
+  interno_ = std::make_unique<Interno>(*this, finestre);
+  interno_->Carica();
+}
+
+FinestraRaggruppamento::~FinestraRaggruppamento() {
+  hide();
+}
+
+void FinestraRaggruppamento::Aggiorna() {
+  interno_->Carica();
+}
+
+}  // namespace fenalto

@@ -1,0 +1,316 @@
+// Payments as they are typed: what starts one, which due dates can be chosen, the rules of a row,
+// the order of a confirmation's checks, what stays after a refusal.
+#include "duedates/payments/PagamentiScadenzario.h"
+#include "duedates/payments/ScadenzeDiProva.h"
+#include "ledger/GuastiDiProva.h"
+
+namespace fenalto::prova {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using Modo = PagamentiScadenzario::Modo;
+using Stato = PagamentiScadenzario::Stato;
+
+class PagamentiScadenzarioTest : public ScadenzeDiProva {
+ protected:
+  PagamentiScadenzarioTest() {
+    for (const char* finestra : {"1", "2"}) {
+      Config(std::string("CausalePagScad") + finestra, "002");
+      Config(std::string("ContropartitaPagScad") + finestra, "100.010");
+      Config(std::string("ContoArrotondamentiPagScad") + finestra, "580.010");
+    }
+    Config("RegistrazioneContabilePagScad2", "1");
+  }
+  void Config(const std::string& chiave, const char* valore) {
+    for (const char* classe : {"C", "F"}) {
+      ambiente.ScriviImpostazione({}, "config", chiave + classe, valore);
+    }
+  }
+  /// A payment of customers that is ready for its due dates.
+  static void Inizia(PagamentiScadenzario& p, const char* conto = "") {
+    p.ScegliParte("C", conto);
+    p.Testa().Scrivi("Descrizione", "incasso");
+    ASSERT_TRUE(p.Nuovo());
+  }
+  static bool Digita(PagamentiScadenzario& p, const char* pagato, const char* arrotondamento,
+                     bool saldata) {
+    p.Riga().Scrivi("ImportoPagato", I(pagato));
+    p.Riga().Scrivi("Arrotondamento", I(arrotondamento));
+    p.Riga().Scrivi("Saldata", saldata);
+    return p.ConfermaRiga();
+  }
+  std::vector<std::int64_t> Trovate(const RicercaScadenze& ricerca) {
+    std::vector<std::int64_t> numeri;
+    CercaScadenze(ambiente, ricerca, [&](const RigaScadenza& riga) {
+      numeri.push_back(riga.numero);
+      return true;
+    });
+    return numeri;
+  }
+};
+
+TEST_F(PagamentiScadenzarioTest, CosaMancaPerIniziare) {
+  PagamentiScadenzario piu(ambiente, Modo::PiuParti);
+  PagamentiScadenzario una(ambiente, Modo::SingolaParte);
+  const auto rifiuta = [this](PagamentiScadenzario& p, const char* messaggio) {
+    EXPECT_FALSE(p.Nuovo());
+    EXPECT_EQ(SoloMessaggio(), messaggio);
+    EXPECT_EQ(p.StatoCorrente(), Stato::Inattiva);
+  };
+  rifiuta(una, "impostare un codice cliente o fornitore");
+  una.ScegliParte("C", "8888");
+  rifiuta(una, "impostare un codice cliente o fornitore");
+  una.ScegliParte("C", "0001");
+  rifiuta(una, "Manca descrizione contabile");
+  una.Impostazioni().Scrivi("RegistrazioneContabilePagScad2", false);
+  EXPECT_TRUE(una.Nuovo());
+
+  rifiuta(piu, "Manca descrizione contabile");
+  piu.Testa().Scrivi("Descrizione", "incasso");
+  for (const char* campo : {"CausalePagScad1", "ContropartitaPagScad1"}) {
+    const std::string prima = piu.Impostazioni().Testo(campo);
+    for (const char* valore : {"", "ZZZ"}) {
+      piu.Impostazioni().Scrivi(campo, valore);
+      rifiuta(piu, "Manca causale o conti");
+    }
+    piu.Impostazioni().Scrivi(campo, prima);
+  }
+  piu.Impostazioni().Scrivi("ContoArrotondamentiPagScad1", "ZZZ");
+  rifiuta(piu, "Manca causale o conti");
+  piu.Impostazioni().Scrivi("ContoArrotondamentiPagScad1", "");
+  EXPECT_TRUE(piu.Nuovo());
+}
+
+TEST_F(PagamentiScadenzarioTest, OgniClasseHaLeSueImpostazioni) {
+  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  p.ScegliParte("F", "");
+  p.Impostazioni().Scrivi("CausalePagScad1", "003");
+  p.ImpostazioneLasciata();
+  p.ScegliParte("C", "");
+  EXPECT_EQ(p.Impostazioni().Testo("CausalePagScad1"), "002");
+  PagamentiScadenzario dopo(ambiente, Modo::PiuParti);
+  dopo.ScegliParte("F", "");
+  EXPECT_EQ(dopo.Impostazioni().Testo("CausalePagScad1"), "003");
+  // Class and party stay while a payment is open.
+  Inizia(p);
+  EXPECT_FALSE(p.ScegliParte("F", ""));
+  EXPECT_TRUE(p.ScegliParte("C", "0002"));
+  PagamentiScadenzario una(ambiente, Modo::SingolaParte);
+  Inizia(una, "0001");
+  EXPECT_FALSE(una.ScegliParte("C", "0002"));
+}
+
+TEST_F(PagamentiScadenzarioTest, DataProposta) {
+  EXPECT_EQ(PagamentiScadenzario(ambiente, Modo::PiuParti).Testa().Leggi("Dt").Data(),
+            G(15, 3, 2024));
+  ASSERT_TRUE(ambiente.ScegliAnno(2023));
+  EXPECT_EQ(PagamentiScadenzario(ambiente, Modo::PiuParti).Testa().Leggi("Dt").Data(),
+            G(31, 12, 2023));
+}
+
+TEST_F(PagamentiScadenzarioTest, RicercaEScelta) {
+  const auto terza = Nuova("C", "0001", "30", 7);
+  const auto prima = Nuova("C", "0001", "100", 5);
+  const auto altra = Nuova("C", "0002", "50", 6);
+  const auto fornitore = Nuova("F", "0001", "10", 5);
+  const auto pagata = Nuova("C", "0001", "9", 4);
+  Scadenzario().Esegui("update Scadenze set Stato='30' where Numero=5");
+  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  p.ScegliParte("C", "");
+  EXPECT_THAT(Trovate(p.Ricerca(0, {})), ElementsAre(terza, prima, altra));
+  EXPECT_THAT(Trovate(p.Ricerca(5, {})), ElementsAre(prima));
+  EXPECT_THAT(Trovate(p.Ricerca(0, G(1, 2, 2024))), IsEmpty());
+  PagamentiScadenzario una(ambiente, Modo::SingolaParte);
+  una.ScegliParte("C", "0001");
+  EXPECT_THAT(Trovate(una.Ricerca(0, {})), ElementsAre(prima, terza));
+
+  EXPECT_FALSE(una.Scegli(prima, false));
+  EXPECT_THAT(SoloMessaggio(), HasSubstr("Nuova Registrazione"));
+  Inizia(una, "0001");
+  const std::vector<std::pair<std::int64_t, const char*>> rifiutate = {
+      {99, "Manca scadenza"},
+      {pagata, "è già stata pagata o presentata"},
+      {altra, "non è del cliente/fornitore del pagamento"},
+      {fornitore, "non è del cliente/fornitore del pagamento"}};
+  for (const auto& [numero, messaggio] : rifiutate) {
+    EXPECT_FALSE(una.Scegli(numero, true));
+    EXPECT_THAT(SoloMessaggio(), HasSubstr(messaggio));
+  }
+  EXPECT_THAT(una.Righe(), IsEmpty());
+
+  ASSERT_TRUE(una.Scegli(prima, false));
+  EXPECT_EQ(una.StatoCorrente(), Stato::RigaAperta);
+  EXPECT_EQ(una.Riga().Leggi("ImportoPagato").Importo(), I("100"));
+  EXPECT_TRUE(una.Riga().Leggi("Saldata").Booleano());
+  EXPECT_FALSE(una.Scegli(prima, false));
+  EXPECT_EQ(SoloMessaggio(), "il pagamento e' gia stato selezionato");
+  EXPECT_FALSE(una.Scegli(terza, false));
+  EXPECT_EQ(SoloMessaggio(), "confermare o annullare prima la riga");
+  // Given up, a due date just chosen isn't there any more.
+  una.AnnullaRiga();
+  EXPECT_THAT(una.Righe(), IsEmpty());
+  ASSERT_TRUE(una.Scegli(prima, true));
+  EXPECT_EQ(una.StatoCorrente(), Stato::Aperta);
+  ASSERT_TRUE(una.Scegli(terza, true));
+  EXPECT_EQ(una.TotPagato(), I("130"));
+
+  ASSERT_TRUE(una.ApriRiga(una.Righe()[0].num));
+  una.AnnullaRiga();
+  EXPECT_EQ(una.Righe().size(), 2U);
+  ASSERT_TRUE(una.ApriRiga(una.Righe()[0].num));
+  dialoghi.Rispondera("Conferma eliminazione RIGA ?", Risposta::No);
+  EXPECT_FALSE(una.EliminaRiga());
+  dialoghi.Rispondera("Conferma eliminazione RIGA ?", Risposta::Si);
+  EXPECT_TRUE(una.EliminaRiga());
+  EXPECT_EQ(una.TotPagato(), I("30"));
+  // A new payment starts from nothing.
+  Inizia(una, "0001");
+  EXPECT_THAT(una.Righe(), IsEmpty());
+  EXPECT_TRUE(una.Scegli(terza, true));
+}
+
+TEST_F(PagamentiScadenzarioTest, RegoleDellaRiga) {
+  const auto n = Nuova("C", "0001", "100.02", 5);
+  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  Inizia(p);
+  ASSERT_TRUE(p.Scegli(n, false));
+  struct Caso {
+    const char* pagato;
+    const char* arrotondamento;
+    bool saldata;
+    const char* messaggio;
+  };
+  const Caso casi[] = {
+      {"100", "0", true, "importo pagato+arrotondamento diverso da importo da saldare"},
+      {"100", "-0.02", true, "importo pagato+arrotondamento diverso da importo da saldare"},
+      {"100", "0.02", false, "l'arrotondamento e'valido solo se la scadenza e'saldata"},
+      {"100.02", "0", false,
+       "se l'importo pagato è uguale all'importo scadenza inserire spunta su 'scadenza saldata'"},
+      {"900000000000000", "900000000000000", true, "Correggere l'importo"},
+  };
+  for (const Caso& caso : casi) {
+    EXPECT_FALSE(Digita(p, caso.pagato, caso.arrotondamento, caso.saldata));
+    EXPECT_THAT(SoloMessaggio(), HasSubstr(caso.messaggio));
+    EXPECT_EQ(p.StatoCorrente(), Stato::RigaAperta);
+  }
+  EXPECT_TRUE(Digita(p, "100", "0.02", true));
+  EXPECT_EQ(p.TotArrotondamento(), I("0.02"));
+  ASSERT_TRUE(p.ApriRiga(p.Righe()[0].num));
+  p.Riga().Scrivi("ImportoPagato", I("101"));
+  p.ArrotondaDifferenza();
+  EXPECT_TRUE(p.ConfermaRiga());
+  EXPECT_EQ(p.TotArrotondamento(), I("-0.98"));
+  ASSERT_TRUE(p.ApriRiga(p.Righe()[0].num));
+  EXPECT_TRUE(Digita(p, "40", "0", false));
+  EXPECT_EQ(p.TotPagato(), I("40"));
+}
+
+TEST_F(PagamentiScadenzarioTest, Conferma) {
+  const auto n = Nuova("C", "0001", "100.02", 5);
+  PagamentiScadenzario p(ambiente, Modo::SingolaParte);
+  EXPECT_FALSE(p.Conferma());
+  Inizia(p, "0001");
+  EXPECT_FALSE(p.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "non è stata selezionata alcuna scadenza");
+  ASSERT_TRUE(p.Scegli(n, false));
+  p.Riga().Scrivi("ImportoPagato", I("100"));
+  // The open row is confirmed first, by its own rules.
+  EXPECT_FALSE(p.Conferma());
+  EXPECT_THAT(SoloMessaggio(), HasSubstr("importo pagato+arrotondamento"));
+  p.Riga().Scrivi("Arrotondamento", I("0.02"));
+  struct Caso {
+    bool testa;
+    const char* campo;
+    const char* messaggio;
+  };
+  for (const Caso& caso : {Caso{true, "Descrizione", "Mancano le descrizioni contabili"},
+                           {false, "ContropartitaPagScad2", "manca contropartita"},
+                           {false, "ContoArrotondamentiPagScad2", "manca conto arrotondamenti"}}) {
+    Scheda& scheda = caso.testa ? p.Testa() : p.Impostazioni();
+    const std::string prima = scheda.Testo(caso.campo);
+    scheda.Scrivi(caso.campo, "");
+    EXPECT_FALSE(p.Conferma());
+    EXPECT_EQ(SoloMessaggio(), caso.messaggio);
+    scheda.Scrivi(caso.campo, prima);
+  }
+  p.Testa().Scrivi("Dt", Data());
+  EXPECT_FALSE(p.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "manca la data di registrazione");
+  p.Testa().Scrivi("Dt", G(2, 1, 2025));
+  dialoghi.Rispondera("anno diverso da 2024", Risposta::No);
+  EXPECT_FALSE(p.Conferma());
+  EXPECT_EQ(p.Righe().size(), 1U);
+  p.Testa().Scrivi("Dt", G(14, 3, 2024));
+  Tessarc().Esegui("insert into UltimaDataLibro (Anno, dt) values (2024, #03/14/2024#)");
+  ASSERT_TRUE(p.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "- Scadenzario aggiornato\n- Creato articolo contabile 1");
+  EXPECT_EQ(p.NumeroConfermato(), 1);
+  EXPECT_EQ(p.StatoCorrente(), Stato::Inattiva);
+  EXPECT_EQ(Pagata(n), "30 100.02 14/03/2024");
+  EXPECT_EQ(TestaDi(1), "P:100.010 C:0001 22 14/03/2024");
+  EXPECT_THAT(RigheDi(1), ElementsAre("100 002 C:0001 0/100.02 P:100.010 «incasso FT. 5»",
+                                      "200 002 P:100.010 100/0 C:0001 «incasso»",
+                                      "300 002 P:580.010 0.02/0 C:0001 «incasso»"));
+}
+
+TEST_F(PagamentiScadenzarioTest, SingolaParteSenzaRegistrazione) {
+  const auto n = Nuova("C", "0001", "100", 5);
+  Config("RegistrazioneContabilePagScad2", "0");
+  PagamentiScadenzario p(ambiente, Modo::SingolaParte);
+  p.ScegliParte("C", "0001");
+  ASSERT_TRUE(p.Nuovo());
+  ASSERT_TRUE(p.Scegli(n, true));
+  ASSERT_TRUE(p.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "- Scadenzario aggiornato");
+  EXPECT_EQ(Pagata(n), "30 100 15/03/2024");
+  EXPECT_EQ(TestaDi(1), "manca");
+}
+
+// What another station did between choice and confirmation is told at the confirmation; the rows
+// stay, and without the due date that was paid the rest goes through.
+TEST_F(PagamentiScadenzarioTest, PagataAltroveDopoLaScelta) {
+  const auto altra = NuovaStazione("MAGAZZINO");
+  const auto una = Nuova("C", "0001", "100", 5);
+  const auto contesa = Nuova("C", "0002", "200", 6);
+  PagamentiScadenzario qui(ambiente, Modo::PiuParti);
+  PagamentiScadenzario la(*altra->ambiente, Modo::PiuParti);
+  for (auto* p : {&qui, &la}) {
+    Inizia(*p);
+    ASSERT_TRUE(p->Scegli(contesa, true));
+  }
+  ASSERT_TRUE(qui.Scegli(una, true));
+  ASSERT_TRUE(la.Conferma());
+  const std::string dopo = Tutto();
+  EXPECT_FALSE(qui.Conferma());
+  EXPECT_THAT(SoloMessaggio(), HasSubstr("è già stata pagata"));
+  EXPECT_EQ(Tutto(), dopo);
+  ASSERT_EQ(qui.Righe().size(), 2U);
+  ASSERT_TRUE(qui.ApriRiga(qui.Righe()[0].num));
+  dialoghi.Rispondera("Conferma eliminazione RIGA ?", Risposta::Si);
+  ASSERT_TRUE(qui.EliminaRiga());
+  ASSERT_TRUE(qui.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "- Scadenzario aggiornato\n- Creato articolo contabile 2");
+  EXPECT_EQ(Pagata(una), "30 100 15/03/2024");
+}
+
+TEST_F(PagamentiScadenzarioTest, GuastoAllaConfermaLasciaLeRighe) {
+  const auto uno = Nuova("C", "0001", "100", 5);
+  const auto due = Nuova("C", "0002", "50", 6);
+  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  Inizia(p);
+  ASSERT_TRUE(p.Scegli(uno, true));
+  ASSERT_TRUE(p.Scegli(due, true));
+  EXPECT_GT(FallisceOgniIstruzione(
+                ambiente.Basi(), Guasto::Errore,
+                [&] { return Tutto() + std::to_string(p.Righe().size()); },
+                [&] { return p.Conferma() || p.StatoCorrente() == Stato::Inattiva; }),
+            6);
+  Messaggi();
+  EXPECT_EQ(RigheDi(1).size(), 3U);
+  EXPECT_EQ(Pagata(due), "30 50 15/03/2024");
+}
+
+}  // namespace
+}  // namespace fenalto::prova
