@@ -66,7 +66,15 @@ void ScriviParti(ScrittoreArchivio archivio, std::span<const AnagraficaDemo> par
         {"ContropFatture", a.controp},
         {"CodIva", a.codIva},
         {"Pagamento", a.pagamento}};
-    if (clienti) campi.emplace_back("Agente", Agente(n));
+    if (clienti) {
+      // Receipts are presented to the customer's own bank.
+      const BancaDemo& banca = kBancheDemo[n % kBancheDemo.size()];
+      campi.emplace_back("Agente", Agente(n));
+      campi.emplace_back("Banca", banca.nome);
+      campi.emplace_back("Agenzia", banca.agenzia);
+      campi.emplace_back("Abi", banca.abi);
+      campi.emplace_back("CAB", banca.cab);
+    }
     archivio.Scrivi(campi);
   }
 }
@@ -80,7 +88,7 @@ std::string CodiceParteDemo(std::size_t numero) {
 
 void ScriviImpostazioniDemo(Ambiente& ambiente) {
   // The blank after ragsoc1 belongs to the key.
-  const std::array<std::pair<std::string_view, std::string_view>, 11> impostazioni = {
+  const std::array<std::pair<std::string_view, std::string_view>, 28> impostazioni = {
       {{"ragsoc1 ", "EMPORIO BELLOSGUARDO S.R.L."},
        {"ragsoc2", "ferramenta e casalinghi"},
        {"indirizzo", "Via delle Botteghe 21"},
@@ -91,10 +99,28 @@ void ScriviImpostazioniDemo(Ambiente& ambiente) {
        {"RegAutoIntraCee", "Si"},
        {"CausaleIntraCosto_a_Forn", "029"},
        {"RegAutoBolleDoganali", "Si"},
+       {"CausalePagScad1C", "002"},
+       {"ContropartitaPagScad1C", "110.001"},
+       {"ContoArrotondamentiPagScad1C", "580.010"},
+       {"CausalePagScad1F", "003"},
+       {"ContropartitaPagScad1F", "110.001"},
+       {"ContoArrotondamentiPagScad1F", "710.010"},
+       {"CausalePagScad2C", "002"},
+       {"ContropartitaPagScad2C", "110.001"},
+       {"ContoArrotondamentiPagScad2C", "580.010"},
+       {"CausalePagScad2F", "003"},
+       {"ContropartitaPagScad2F", "110.001"},
+       {"ContoArrotondamentiPagScad2F", "710.010"},
+       {"RegistrazioneContabilePagScad2C", "1"},
+       {"RegistrazioneContabilePagScad2F", "1"},
+       {"CausaleRiba", "011"},
+       {"ContropartitaRiba", "125.001"},
+       {"RegistrazioneContabileRiba", "1"},
        {"RITENUTAACCONTO", "SI"}}};
   for (const auto& [chiave, valore] : impostazioni) {
     ambiente.ScriviImpostazione("", "config", chiave, valore);
   }
+  ambiente.ScriviImpostazione("", "config", "DirectoryRiba", ambiente.CartellaDocumenti().string());
 }
 
 void ScriviAnagraficheDemo(Ambiente& ambiente, DialoghiMuti& dialoghi) {
@@ -106,6 +132,7 @@ void ScriviAnagraficheDemo(Ambiente& ambiente, DialoghiMuti& dialoghi) {
                    {"Abi", b.abi},
                    {"CAB", b.cab},
                    {"ContoCorrente", b.conto},
+                   {"CodSia", kSiaDemo},
                    {"paese", "IT"}});
   }
   ScrittoreArchivio agenti(ambiente, dialoghi, ArchiviDocumenti(), "Agenti");

@@ -43,6 +43,9 @@ inline constexpr std::array<BancaDemo, 3> kBancheDemo = {{
     {"03", "Cassa di Risparmio di Montepiano", "Imola", "09993", "21002", "000040011973"},
 }};
 
+/// The company's code at the banks that collect its receipts.
+inline constexpr std::string_view kSiaDemo = "0DEM0";
+
 inline constexpr std::array<AgenteDemo, 3> kAgentiDemo = {{
     {"01", "Brambilla Ornella", "4.5", "Bologna"},
     {"02", "Caputo Salvatore", "5", "Napoli"},

@@ -60,11 +60,12 @@ void LibroDemo::Registra(Data data, std::string_view causale, const std::vector<
 }
 
 void LibroDemo::Documenti(Data data) {
-  if (!documenti_.Attende(data)) return;
+  if (data < documenti_.Inizio()) return;
   Archivio& tessarc = ambiente_.ArchivioDi("tessarc");
   const std::string anno = Criterio("Anno", "=", ambiente_.Anno());
   const Valore ultimo = tessarc.Singolo("select Max(NumDoc) from Articoli where " + anno);
   documenti_.FinoA(data);
+  pagamenti_.FinoA(std::min(data, oggi_));
   for (Rs conto = tessarc.Recordset(
            "select CFP, Conto, Sum(ImpoDare), Sum(ImpoAvere) from Movimenti where " + anno +
            " and " + Criterio("NumDoc", ">", ultimo.Intero()) + " group by CFP, Conto");

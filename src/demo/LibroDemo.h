@@ -12,6 +12,7 @@
 #include "demo/DialoghiMuti.h"
 #include "demo/FattureDemo.h"
 #include "demo/Generatore.h"
+#include "demo/PagamentiDemo.h"
 #include "ledger/Primanota.h"
 
 namespace fenalto {
@@ -32,7 +33,8 @@ class LibroDemo {
         dialoghi_(dialoghi),
         oggi_(oggi),
         primanota_(ambiente),
-        documenti_(ambiente, dialoghi, oggi) {}
+        documenti_(ambiente, dialoghi, oggi),
+        pagamenti_(ambiente, dialoghi) {}
 
   void PrimoAnno(int anno);
   void SecondoAnno(int anno);
@@ -40,7 +42,8 @@ class LibroDemo {
  private:
   void Registra(Data data, std::string_view causale, const std::vector<RigaDemo>& righe,
                 std::string_view modello = "");
-  /// The VAT documents up to `data`, which then count in the balances.
+  /// The VAT documents up to `data`, then the payments of what has fallen due, which all count in
+  /// the balances.
   void Documenti(Data data);
   void Scegli(int anno);
   void Anno(int anno);
@@ -71,9 +74,10 @@ class LibroDemo {
   Data oggi_;
   Primanota primanota_;
   FattureDemo documenti_;
+  PagamentiDemo pagamenti_;
   Generatore generatore_{20'240'315};
   std::map<std::pair<std::string, std::string>, Importo> saldi_;
-  /// Of parties, what the documents made: their due dates are still open, so nobody pays it here.
+  /// Of parties, what documents and payments made: due dates follow it, so nobody pays it here.
   std::map<std::pair<std::string, std::string>, Importo> daScadenze_;
   int primoAnno_ = 0;
   int note_ = 0;

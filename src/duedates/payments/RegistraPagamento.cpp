@@ -6,6 +6,7 @@
 #include <set>
 
 #include "core/sql/Criterio.h"
+#include "core/store/TransazioneComune.h"
 
 namespace fenalto {
 namespace {
@@ -157,7 +158,7 @@ void AggiornaScadenza(Ambiente& ambiente, const RigaPagamento& riga, Data dt) {
 /// Under the numbering lock. The refusal, or empty and `scritto` told.
 std::string Scrivi(Ambiente& ambiente, const Pagamento& pagamento,
                    const std::function<void(std::int64_t)>& altro, PagamentoScritto& scritto) {
-  Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
+  TransazioneComune transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
   // One by one, so that a due date that is there twice is found changed at its second row.
   for (const RigaPagamento& riga : pagamento.righe) {
     if (auto cambiata = ScadenzaCambiata(ambiente, riga.vista)) return *cambiata;
