@@ -158,8 +158,9 @@ inline constexpr auto kChiaviDitta = std::to_array<ChiaveImpostazione>({
      "Conto degli effetti presentati."},
     {"RegistrazioneContabileRiba", kGruppoRiba, G::Uno, "no",
      "La distinta definitiva si registra in contabilità."},
-    {"RibaSegno", kGruppoRiba, G::Testo, "nessun segno",
-     "Segno davanti all'importo nei record del file per la banca."},
+    {"RibaSegno", kGruppoRiba, G::Testo, "quello dell'importo",
+     "Segno dopo l'importo nel file per la banca: \"-\" lo scrive fisso, come il tracciato delle "
+     "banche."},
 
     {"OrdCTipo", kGruppoOrdini, G::Testo, "titolo del modello",
      "Titolo che l'ordine o l'offerta a un cliente porta sulla carta."},

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "core/session/FileTesto.h"
+#include "duedates/riba/VerificaFileRiba.h"
 
 namespace fenalto {
 
@@ -25,17 +26,17 @@ void SincronizzaCartella(const fs::path& cartella) {
   ::close(descrittore);
 }
 
-/// A name beside that no file has: one left by a program that was killed isn't written over.
-fs::path NomeLibero(const fs::path& percorso) {
+}  // namespace
+
+fs::path NomeConservato(const fs::path& percorso) {
   std::error_code errore;
+  if (percorso.empty() || !fs::exists(percorso, errore)) return {};
   fs::path nome = percorso.string() + ".prima";
   for (int n = 2; fs::exists(nome, errore); ++n) {
     nome = percorso.string() + ".prima" + std::to_string(n);
   }
   return nome;
 }
-
-}  // namespace
 
 FileDistinta::FileDistinta(fs::path percorso) : percorso_(std::move(percorso)) {
   std::error_code errore;
@@ -51,9 +52,9 @@ FileDistinta::~FileDistinta() {
 }
 
 Esito<bool> FileDistinta::ConservaPrecedente() {
+  const fs::path nome = NomeConservato(percorso_);
+  if (nome.empty()) return true;
   std::error_code errore;
-  if (!fs::exists(percorso_, errore)) return true;
-  const fs::path nome = NomeLibero(percorso_);
   if (fs::copy_file(percorso_, nome, errore)) {
     precedente_ = nome;
     return true;
@@ -64,6 +65,11 @@ Esito<bool> FileDistinta::ConservaPrecedente() {
 }
 
 Esito<bool> FileDistinta::Scrivi(const FileRiba& file) {
+  // What says the same already may stay, whoever wrote it.
+  if (const auto presente = LeggiByteRiba(percorso_);
+      presente && presente.Valore() == file.testo && !file.testo.empty()) {
+    return true;
+  }
   if (auto conservato = ConservaPrecedente(); !conservato) return conservato;
   daTogliere_ = true;
   auto scritto = ScriviFileRiba(percorso_, file);
@@ -73,9 +79,6 @@ Esito<bool> FileDistinta::Scrivi(const FileRiba& file) {
 
 void FileDistinta::Tieni() {
   daTogliere_ = false;
-  if (precedente_.empty()) return;
-  std::error_code errore;
-  fs::remove(precedente_, errore);
   precedente_.clear();
 }
 

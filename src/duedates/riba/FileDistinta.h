@@ -7,8 +7,12 @@
 
 namespace fenalto {
 
-/// Writes the file, and takes it away again unless the batch was confirmed (Tieni). A file of that
-/// name is kept beside meanwhile (`12.rib.prima`) and gets its name back.
+/// The name beside (`12.rib.prima`) that a file which is there already is kept under; empty when
+/// there is none. One of another bank, or of a confirmation that was broken off, is never lost.
+std::filesystem::path NomeConservato(const std::filesystem::path& percorso);
+
+/// Writes the file, and takes it away again unless the batch was confirmed (Tieni): a file that was
+/// there before then gets its name back.
 class FileDistinta {
  public:
   explicit FileDistinta(std::filesystem::path percorso);
@@ -18,8 +22,10 @@ class FileDistinta {
 
   /// As ScriviFileRiba; the folder is on the disk too when it returns.
   Esito<bool> Scrivi(const FileRiba& file);
-  /// The batch stands: so does the file, and the one before goes.
+  /// The batch stands: so does the file, with the one before beside it.
   void Tieni();
+  /// Where the file of that name that was there before is kept; empty when there was none.
+  [[nodiscard]] const std::filesystem::path& Precedente() const { return precedente_; }
 
  private:
   Esito<bool> ConservaPrecedente();

@@ -8,6 +8,7 @@
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "duedates/riba/FileDistinta.h"
 
 namespace fenalto {
 namespace {
@@ -213,6 +214,7 @@ std::string Riba::NomeFile() const {
   if (!nomeFile_.empty()) return nomeFile_;
   if (!banca_) return {};
   return (std::filesystem::path(impostazioni_.directory) / (std::to_string(Numero()) + ".rib"))
+      .lexically_normal()
       .string();
 }
 
@@ -221,6 +223,10 @@ void Riba::ImpostaNomeFile(const std::string& nome) {
   const std::string rifilato(Rifila(nome));
   if (rifilato.empty() || rifilato == NomeFile()) return;
   nomeFile_ = (std::filesystem::path(impostazioni_.directory) / rifilato).string();
+}
+
+std::string Riba::FileConservato() const {
+  return NomeConservato(NomeFile()).string();
 }
 
 void Riba::Imposta(const ImpostazioniRiba& nuove) {
@@ -251,6 +257,12 @@ void Riba::AvvisaCausale() {
 
 RibaSegno Riba::Segno() const {
   return RibaSegnoDaChiave(ambiente_.Config("RibaSegno"));
+}
+
+std::string Riba::TestoSegno() const {
+  return Segno() == RibaSegno::SempreMeno
+             ? "segno dopo ogni importo: «-» fisso, come il tracciato delle banche (RibaSegno)"
+             : "segno dopo ogni importo: «+», «-» se negativo";
 }
 
 }  // namespace fenalto

@@ -93,6 +93,8 @@ class Riba {
   [[nodiscard]] std::string NomeFile() const;
   /// Another name for this batch, in the folder unless it names one; empty for the usual one.
   void ImpostaNomeFile(const std::string& nome);
+  /// The name that a file which is there already will be kept under; empty when there is none.
+  [[nodiscard]] std::string FileConservato() const;
 
   // --- Settings
   [[nodiscard]] const ImpostazioniRiba& Impostazioni() const { return impostazioni_; }
@@ -100,12 +102,16 @@ class Riba {
   void Imposta(const ImpostazioniRiba& impostazioni);
   /// Warns of a causal that belongs to VAT registrations.
   void AvvisaCausale();
-  /// What the file carries before each amount (`RibaSegno`).
+  /// What the file carries after each amount (`RibaSegno`).
   [[nodiscard]] RibaSegno Segno() const;
+  /// The same for the user.
+  [[nodiscard]] std::string TestoSegno() const;
 
   /// Checks, prints the batch, asks, and writes file, due dates, bank and registration: all or
   /// nothing. After success the selection is empty and the bank has its next number.
   bool Conferma(FabbricaUscite& uscite);
+  /// What the last confirmation wrote, in a line; empty before.
+  [[nodiscard]] const std::string& Scritto() const { return scritto_; }
 
  private:
   /// The bank as it is now; a typed name of the file stays while the number does.
@@ -116,11 +122,11 @@ class Riba {
   [[nodiscard]] std::vector<Scadenza> Ordinate() const;
   [[nodiscard]] bool DatiCompleti();
   bool DatiContabili();
-  bool SostituisceFile();
   DatiDistinta Prepara();
   bool Chiede(const DatiDistinta& dati);
   bool Esegui(DatiDistinta& dati, StampaDistinta& stampa, std::int64_t& numDoc);
-  std::string Scrivi(const DatiDistinta& dati, std::int64_t& numDoc);
+  std::string Scrivi(DatiDistinta& dati, std::int64_t& numDoc);
+  void Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64_t numDoc);
   std::int64_t Registra(const DatiDistinta& dati);
   bool Avviso(const std::string& testo) const;
 
@@ -131,6 +137,7 @@ class Riba {
   Data data_;
   std::string nomeFile_;  ///< typed; empty for the usual one
   ImpostazioniRiba impostazioni_;
+  std::string scritto_;
 };
 
 }  // namespace fenalto

@@ -119,16 +119,6 @@ bool Riba::DatiContabili() {
   return true;
 }
 
-bool Riba::SostituisceFile() {
-  std::error_code errore;
-  if (!fs::exists(NomeFile(), errore)) return true;
-  return ambiente_.Dialogo().Conferma(
-      "il file " + NomeFile() +
-      " c'è già: è di un'altra distinta, di un'altra banca o di una conferma interrotta\nlo "
-      "sostituisco ?\n(rispondendo no si "
-      "può cambiare il nome del file o la cartella)");
-}
-
 DatiDistinta Riba::Prepara() {
   DatiDistinta dati;
   dati.numero = Numero();
@@ -146,16 +136,15 @@ DatiDistinta Riba::Prepara() {
     dati.iban.push_back(iban);
   }
   dati.file = ComponiFileRiba(dati.distinta);
-  dati.segnalazioni = SegnalazioniRiba(ambiente_, dati.distinta, dati.file, dati.vista,
-                                       impostazioni_.registrazione);
+  dati.segnalazioni =
+      SegnalazioniRiba(ambiente_, dati.distinta, dati.vista, impostazioni_.registrazione);
+  dati.noteFile = SegnalazioniFile(dati.distinta, dati.file);
   return dati;
 }
 
 bool Riba::Chiede(const DatiDistinta& dati) {
-  if (const std::string note = MessaggioSegnalazioni(dati.segnalazioni); !note.empty()) {
-    Avviso(note);
-  }
-  return ambiente_.Dialogo().Conferma(kDefinitiva) && DatiContabili() && SostituisceFile();
+  const std::string domanda = kDefinitiva + AvvertenzeRiba(dati.segnalazioni, dati.noteFile);
+  return ambiente_.Dialogo().Conferma(domanda) && DatiContabili();
 }
 
 std::int64_t Riba::Registra(const DatiDistinta& dati) {
@@ -190,7 +179,7 @@ std::int64_t Riba::Registra(const DatiDistinta& dati) {
 }
 
 /// Under the numbering lock. Why nothing was written, or empty and `numDoc` told.
-std::string Riba::Scrivi(const DatiDistinta& dati, std::int64_t& numDoc) {
+std::string Riba::Scrivi(DatiDistinta& dati, std::int64_t& numDoc) {
   Archivio& scadenzario = ambiente_.ArchivioDi("scadenzario");
   FileDistinta file(dati.nomeFile);
   Transazione transazione(ambiente_.Basi(), Transazione::Ambito::Tutto);
@@ -221,12 +210,15 @@ std::string Riba::Scrivi(const DatiDistinta& dati, std::int64_t& numDoc) {
   // The file last, so that it stands alone on the disk for the shortest time.
   if (const auto scritto = file.Scrivi(dati.file); !scritto) return scritto.Errore().messaggio;
   transazione.Conferma();
+  dati.conservato = file.Precedente().string();
   file.Tieni();
   return {};
 }
 
 /// Up to the commit; false when it was stopped, and told why.
 bool Riba::Esegui(DatiDistinta& dati, StampaDistinta& stampa, std::int64_t& numDoc) {
+  // The number on the print is to be the bank's next now.
+  RileggiBanca();
   if (!DatiCompleti()) return false;
   dati = Prepara();
   if (const std::string no = ImpedimentiRiba(dati.distinta, dati.file); !no.empty()) {
@@ -243,6 +235,25 @@ bool Riba::Esegui(DatiDistinta& dati, StampaDistinta& stampa, std::int64_t& numD
   return false;
 }
 
+/// The batch stands: what fails here only isn't told or printed.
+void Riba::Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64_t numDoc) {
+  scritto_ = "distinta n. " + std::to_string(dati.numero) + ": " +
+             std::to_string(dati.vista.size()) + " RiBa memorizzate su file " + dati.nomeFile;
+  if (numDoc != 0) {
+    scritto_ += ", creato articolo " + std::to_string(numDoc);
+    ambiente_.Dialogo().Messaggio("creato articolo " + std::to_string(numDoc));
+  }
+  if (const std::string note = MessaggioFile(dati.noteFile); !note.empty()) Avviso(note);
+  try {
+    stampa.Definitiva(numDoc);
+    RileggiBanca();
+    Rileggi();
+  } catch (const std::exception& errore) {
+    Avviso("la distinta è confermata (" + scritto_ +
+           "), ma la stampa finale non è riuscita: " + errore.what());
+  }
+}
+
 bool Riba::Conferma(FabbricaUscite& uscite) {
   DatiDistinta dati;
   StampaDistinta stampa(ambiente_, uscite, dati);
@@ -257,14 +268,7 @@ bool Riba::Conferma(FabbricaUscite& uscite) {
     return false;
   }
   scelte_.clear();
-  std::string testo;
-  if (numDoc != 0) testo = "creato articolo " + std::to_string(numDoc) + "\n";
-  ambiente_.Dialogo().Messaggio(testo + "distinta n. " + std::to_string(dati.numero) + ": " +
-                                std::to_string(dati.vista.size()) + " RiBa memorizzate su file " +
-                                dati.nomeFile);
-  stampa.Definitiva(numDoc);
-  RileggiBanca();
-  Rileggi();
+  Racconta(dati, stampa, numDoc);
   return true;
 }
 

@@ -1,6 +1,7 @@
 #include "duedates/riba/SegnalazioniRiba.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 #include "core/values/FormatoImporto.h"
@@ -11,8 +12,10 @@ namespace {
 constexpr int kCentesimi = 2;
 /// Receipts that a group names before it only counts them.
 constexpr std::size_t kNominate = 4;
-/// Lines of the message.
-constexpr std::ptrdiff_t kRigheMessaggio = 24;
+/// Lines of the message, and of what the question adds.
+constexpr std::ptrdiff_t kRigheMessaggio = 36;
+constexpr std::ptrdiff_t kRigheDomanda = 12;
+constexpr const char* kInFondo = "in fondo alla stampa della distinta";
 
 /// "ricevuta 3 ROSSI SRL"
 std::string NomeRicevuta(const DistintaRiba& distinta, std::size_t numero) {
@@ -43,7 +46,8 @@ class Gruppi {
   [[nodiscard]] std::vector<std::string> Testi() const {
     std::vector<std::string> testi;
     for (const Gruppo& gruppo : gruppi_) {
-      testi.push_back(gruppo.ricevute.empty()
+      // The only receipt needs no name.
+      testi.push_back(gruppo.ricevute.empty() || distinta_.ricevute.size() == 1
                           ? gruppo.testo
                           : gruppo.testo + "\n" + Elenco(distinta_, gruppo.ricevute));
     }
@@ -74,11 +78,25 @@ void Importi(Gruppi& gruppi, const Scadenza& vista, std::size_t numero) {
   }
 }
 
+/// The groups one under the other, as many as fit; the rest is counted.
+std::string Accodati(const std::vector<std::string>& gruppi, std::ptrdiff_t massimo) {
+  std::string testo;
+  std::ptrdiff_t righe = 0;
+  for (std::size_t i = 0; i < gruppi.size(); ++i) {
+    righe += std::ranges::count(gruppi[i], '\n') + 1;
+    if (i > 0 && righe > massimo) {
+      return testo + "\n... e altre " + std::to_string(gruppi.size() - i) + ": sono tutte " +
+             kInFondo;
+    }
+    testo += "\n" + gruppi[i];
+  }
+  return testo;
+}
+
 }  // namespace
 
 std::vector<std::string> SegnalazioniRiba(Ambiente& ambiente, const DistintaRiba& distinta,
-                                          const FileRiba& file, const std::vector<Scadenza>& viste,
-                                          bool contabile) {
+                                          const std::vector<Scadenza>& viste, bool contabile) {
   Gruppi gruppi(distinta);
   std::set<std::string> visti;
   for (std::size_t i = 0; i < viste.size(); ++i) {
@@ -88,34 +106,38 @@ std::vector<std::string> SegnalazioniRiba(Ambiente& ambiente, const DistintaRiba
       gruppi.Aggiungi("sul cliente " + viste[i].conto + " manca conto riepilogativo", i + 1);
     }
   }
+  return gruppi.Testi();
+}
+
+std::vector<std::string> SegnalazioniFile(const DistintaRiba& distinta, const FileRiba& file) {
+  Gruppi gruppi(distinta);
   for (const NotaRiba& nota : file.note) {
     gruppi.Aggiungi(nota.messaggio, static_cast<std::size_t>(nota.ricevuta));
   }
   return gruppi.Testi();
 }
 
-std::string MessaggioSegnalazioni(const std::vector<std::string>& gruppi) {
-  if (gruppi.empty()) return {};
-  std::string testo = "Segnalazioni sul file per la banca:\n";
-  std::ptrdiff_t righe = 0;
-  for (std::size_t i = 0; i < gruppi.size(); ++i) {
-    righe += std::ranges::count(gruppi[i], '\n') + 1;
-    if (i > 0 && righe > kRigheMessaggio) {
-      return testo + "\n... e altre " + std::to_string(gruppi.size() - i) +
-             ": sono tutte in fondo alla stampa della distinta";
-    }
-    testo += "\n" + gruppi[i];
+std::string AvvertenzeRiba(const std::vector<std::string>& distinta,
+                           const std::vector<std::string>& file) {
+  std::string testo;
+  if (!distinta.empty()) testo = "\n\nATTENZIONE" + Accodati(distinta, kRigheDomanda);
+  if (!file.empty()) {
+    testo +=
+        "\n\nsegnalazioni sul file per la banca: " + std::to_string(file.size()) + ", " + kInFondo;
   }
   return testo;
 }
 
+std::string MessaggioFile(const std::vector<std::string>& gruppi) {
+  if (gruppi.empty()) return {};
+  return "Segnalazioni sul file per la banca:\n" + Accodati(gruppi, kRigheMessaggio);
+}
+
 std::string ImpedimentiRiba(const DistintaRiba& distinta, const FileRiba& file) {
-  Gruppi gruppi(distinta);
-  for (const NotaRiba& nota : file.note) {
-    if (nota.grave) gruppi.Aggiungi(nota.messaggio, static_cast<std::size_t>(nota.ricevuta));
-  }
+  FileRiba gravi;
+  std::ranges::copy_if(file.note, std::back_inserter(gravi.note), &NotaRiba::grave);
   std::string testo;
-  for (const std::string& gruppo : gruppi.Testi()) testo += "\n" + gruppo;
+  for (const std::string& gruppo : SegnalazioniFile(distinta, gravi)) testo += "\n" + gruppo;
   return testo.empty() ? testo : "il file per la banca non può essere scritto:" + testo;
 }
 

@@ -83,6 +83,9 @@ class Distinta {
       stampa_.Riga(" CREATO ARTICOLO CONTABILE ######,", {}, true);
     }
     Testo(" MEMORIZZATE RIBA SU FILE " + dati_.nomeFile, true);
+    if (!dati_.conservato.empty()) {
+      Testo(" il file che c'era prima è ora " + dati_.conservato, false);
+    }
     stampa_.Riga("");
     // Its heading never stands without the lines of a receipt.
     stampa_.Riserva(2 + 1 + kRecordPerRicevuta);
@@ -158,18 +161,22 @@ class Distinta {
   }
 
   void Segnalazioni() {
-    if (dati_.segnalazioni.empty()) return;
+    if (dati_.segnalazioni.empty() && dati_.noteFile.empty()) return;
     stampa_.Riserva(4);
     stampa_.Riga("");
-    Testo("SEGNALAZIONI SUL FILE PER LA BANCA", true);
-    for (const std::string& gruppo : dati_.segnalazioni) {
-      std::string_view resto = gruppo;
-      stampa_.Riserva(static_cast<int>(std::ranges::count(resto, '\n')) + 1);
-      while (!resto.empty()) {
-        const auto fine = resto.find('\n');
-        Testo(std::string(resto.substr(0, fine)), false);
-        resto.remove_prefix(fine == std::string_view::npos ? resto.size() : fine + 1);
-      }
+    Testo("SEGNALAZIONI", true);
+    for (const auto* gruppi : {&dati_.segnalazioni, &dati_.noteFile}) {
+      for (const std::string& gruppo : *gruppi) Gruppo(gruppo);
+    }
+  }
+
+  /// Its lines together on a page.
+  void Gruppo(std::string_view resto) {
+    stampa_.Riserva(static_cast<int>(std::ranges::count(resto, '\n')) + 1);
+    while (!resto.empty()) {
+      const auto fine = resto.find('\n');
+      Testo(std::string(resto.substr(0, fine)), false);
+      resto.remove_prefix(fine == std::string_view::npos ? resto.size() : fine + 1);
     }
   }
 

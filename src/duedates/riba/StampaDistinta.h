@@ -20,7 +20,9 @@ struct DatiDistinta {
   std::vector<std::string> iban;  ///< of the customers, as far as it is known
   FileRiba file;
   std::string nomeFile;
-  std::vector<std::string> segnalazioni;  ///< groups of remarks, each of several lines
+  std::string conservato;                 ///< the file of that name that was there before
+  std::vector<std::string> segnalazioni;  ///< remarks on the receipts, each of several lines
+  std::vector<std::string> noteFile;      ///< remarks on the file
 
   [[nodiscard]] Importo Totale() const;
 };
