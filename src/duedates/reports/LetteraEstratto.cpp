@@ -13,10 +13,10 @@ namespace {
 constexpr std::int64_t kOgni = 200;
 
 constexpr const char* kRiga =
-    "$$$$$$$$$$ $$$$$$$$ $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ ######, "
+    "$$$$$$$$$$ ######## $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ ######, "
     "###.###.###,## ###.###.###,## ###.###.###,##";
 constexpr const char* kColonne =
-    "scadenza   fattura  del        descrizione                         ritardo "
+    "scadenza    fattura del        descrizione                         ritardo "
     "       importo         pagato        residuo";
 constexpr std::size_t kLarghezza = 119;
 constexpr std::size_t kLargoImporto = 15;
@@ -138,7 +138,7 @@ void LetteraEstratto::Riga(const ScadenzaStampata& s) {
   stampa_.Riserva(2);
   if (grafico_) return RigaModello(s);
   stampa_.Campo(1, s.dt);
-  if (s.nFat != 0) stampa_.Campo(2, std::to_string(s.nFat));
+  if (s.nFat != 0) stampa_.Campo(2, s.nFat);
   stampa_.Campo(3, s.dtFat);
   stampa_.Campo(4, s.DescrizioneSegnata());
   if (sezione_ == Sezione::Scadute) stampa_.Campo(5, scelta_.alla.Giorni() - s.dt.Giorni());
@@ -207,13 +207,13 @@ void LetteraEstratto::Chiusura() {
   stampa_.Riserva(kRigheChiusura);
   const Importo saldo = scaduto_ + aScadere_;
   const bool aNoi = Cliente() != saldo.Negativo();
+  Totale(std::string("SALDO AL ") + scelta_.alla.Testo() +
+             (aNoi ? " A NOSTRO CREDITO" : " A VOSTRO CREDITO"),
+         saldo.Assoluto(), true);
   if (!scaduto_.Zero() && !aScadere_.Zero()) {
     Totale("di cui scaduto", scaduto_, false);
     Totale("di cui a scadere", aScadere_, false);
   }
-  Totale(std::string("SALDO AL ") + scelta_.alla.Testo() +
-             (aNoi ? " A NOSTRO CREDITO" : " A VOSTRO CREDITO"),
-         saldo.Assoluto(), true);
   Vuota();
   if (!aNoi || !Cliente()) {
     Capoverso(

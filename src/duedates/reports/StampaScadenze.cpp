@@ -11,15 +11,15 @@ using Totale = SeguitoScadenze::Totale;
 
 constexpr const char* kImporti = " ###.###.###,## ###.###.###,## ###.###.###,##";
 constexpr const char* kRigaConto =
-    "$$$$$$$$$$ $$$$$$$$ $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ $$ $$$$$$$$$$";
+    "$$$$$$$$$$ ######## $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ $$ $$$$$$$$$$";
 constexpr const char* kColonneConto =
-    "scadenza   fattura  del        descrizione                           tp stato     "
+    "scadenza    fattura del        descrizione                           tp stato     "
     "        importo         pagato        residuo";
 constexpr const char* kRigaData =
-    "$$$$$$$$$$ $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ $$$$$$$$ $$$$$$$$$$ "
+    "$$$$$$$$$$ $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ ######## $$$$$$$$$$ "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ $$ $$$$$$$$$$";
 constexpr const char* kColonneData =
-    "scadenza   codice   cliente/fornitore                  fattura  del        "
+    "scadenza   codice   cliente/fornitore                   fattura del        "
     "descrizione                        tp stato     "
     "        importo         pagato        residuo";
 constexpr std::size_t kLargoImporti = 45;
@@ -34,7 +34,7 @@ std::string TitoloDi(const SceltaStampaScadenze& scelta) {
 
 /// The number of an invoice; nothing where there is none.
 Valore Fattura(const ScadenzaStampata& s) {
-  return s.nFat == 0 ? Valore() : Valore(std::to_string(s.nFat));
+  return s.nFat == 0 ? Valore() : Valore(s.nFat);
 }
 
 class TabulatoScadenze : private SeguitoScadenze {
@@ -136,7 +136,7 @@ class TabulatoScadenze : private SeguitoScadenze {
         {"R_DTSCAD", s.dt},
         {"R_CONTO", perConto_ ? Valore() : Valore(s.conto)},
         {"R_RAGSOC", perConto_ ? Valore() : Valore(s.ragsoc)},
-        {"R_NFAT", Fattura(s)},
+        {"R_NFAT", s.nFat == 0 ? Valore() : Valore(std::to_string(s.nFat))},
         {"R_DTFAT", s.dtFat},
         {"R_DESCRIZIONE", s.DescrizioneSegnata()},
         {"R_TIPO", s.tipo},
@@ -216,9 +216,8 @@ class FoglioDiScadenze : public SeguitoScadenze {
   explicit FoglioDiScadenze(Foglio& foglio) : foglio_(foglio) {}
   void Parte(const ScadenzaStampata& /*prima*/) override {}
   void Riga(const ScadenzaStampata& s) override {
-    foglio_.righe.push_back({s.dt, s.conto, s.ragsoc, s.nFat == 0 ? Valore() : Valore(s.nFat),
-                             s.dtFat, s.DescrizioneSegnata(), s.tipo, s.StatoInParola(), s.importo,
-                             s.pagato, s.Residuo()});
+    foglio_.righe.push_back({s.dt, s.conto, s.ragsoc, Fattura(s), s.dtFat, s.DescrizioneSegnata(),
+                             s.tipo, s.StatoInParola(), s.importo, s.pagato, s.Residuo()});
   }
   void Totali(Totale /*quale*/, const std::string& scritta, const TotaliScadenze& t) override {
     foglio_.totali.push_back(foglio_.righe.size());

@@ -29,6 +29,7 @@ MeseScadenze MeseDi(Data data) {
 }
 
 std::string NomeMese(MeseScadenze mese) {
+  if (mese == MeseDi(Data())) return "senza data";
   return std::string(kMesi.at(static_cast<std::size_t>(mese % kMesiAnno))) + " " +
          std::to_string(mese / kMesiAnno);
 }
@@ -84,8 +85,8 @@ void VisitaScadenze::Fine() {
   FineMese();
   if (PerConto()) FineParte();
   for (const auto& [mese, totali] : mesi_) {
-    seguito_.Totali(SeguitoScadenze::Totale::MeseDiTutti, "in scadenza a " + NomeMese(mese),
-                    totali);
+    const char* prima = mese == MeseDi(Data()) ? "" : "in scadenza a ";
+    seguito_.Totali(SeguitoScadenze::Totale::MeseDiTutti, prima + NomeMese(mese), totali);
   }
   seguito_.Totali(SeguitoScadenze::Totale::Generale, "TOTALE GENERALE", generale_);
 }

@@ -18,7 +18,7 @@ struct TotaliScadenze {
 /// A month, as year * 12 + month - 1.
 using MeseScadenze = int;
 MeseScadenze MeseDi(Data data);
-/// "marzo 2024"
+/// "marzo 2024"; "senza data" for that of the null date.
 std::string NomeMese(MeseScadenze mese);
 
 /// What a walk tells, in the order of the report.

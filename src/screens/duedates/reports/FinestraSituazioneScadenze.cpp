@@ -1,0 +1,404 @@
+#include "screens/duedates/reports/FinestraSituazioneScadenze.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <array>
+
+#include "core/values/FormatoImporto.h"
+#include "duedates/reports/SituazioneScadenze.h"
+#include "screens/common/Campi.h"
+#include "screens/common/Disposizione.h"
+#include "screens/common/GraficoBarre.h"
+#include "screens/common/Griglia.h"
+#include "screens/common/InCorso.h"
+
+namespace fenalto {
+namespace {
+
+enum Pagina { kSituazione = 0, kScadenze = 1 };
+
+constexpr int kCifreData = 11;
+constexpr int kLarghezzaMesi = 550;
+/// Columns of the due dates that say nothing when a party is chosen.
+constexpr int kColonneParte[] = {1, 2};
+/// After the columns shown: the due date's place in the list, which sorting doesn't change.
+constexpr std::size_t kPosto = 12;
+
+/// The amounts told under the parties, in the order of GrigliaParti.
+constexpr std::array<const char*, kFasce + 2> kNomiTotali = {
+    "TotAScadere", "TotFino30", "TotFino60", "TotFino90", "TotOltre", "TotScaduto", "Totale"};
+
+QString Qs(const std::string& testo) {
+  return QString::fromStdString(testo);
+}
+
+QString Scritto(Importo importo) {
+  return Qs(ScriviImporto(importo, 2));
+}
+
+/// Classes, what is overdue of them, all.
+std::array<Importo, kNomiTotali.size()> Importi(const ImportiFasce& fasce) {
+  return {fasce.Di(Fascia::AScadere),
+          fasce.Di(Fascia::Fino30),
+          fasce.Di(Fascia::Fino60),
+          fasce.Di(Fascia::Fino90),
+          fasce.Di(Fascia::Oltre),
+          fasce.Scaduto(),
+          fasce.Totale()};
+}
+
+std::vector<Valore> Celle(const ScadenzaStampata& s, Data alla, std::int64_t posto) {
+  const auto ritardo = GiorniRitardo(s.dt, alla);
+  return {s.dt,        s.conto,
+          s.ragsoc,    s.nFat == 0 ? Valore() : Valore(s.nFat),
+          s.dtFat,     s.DescrizioneSegnata(),
+          s.tipo,      s.StatoInParola(),
+          s.importo,   s.pagato,
+          s.Residuo(), ritardo ? Valore(*ritardo) : Valore(),
+          posto};
+}
+
+}  // namespace
+
+struct FinestraSituazioneScadenze::Interno {
+  Interno(FinestraSituazioneScadenze& finestraUsata, Finestre& gestoreUsato);
+  void CreaGriglie();
+  QHBoxLayout* CreaScelta();
+  QHBoxLayout* CreaTotali();
+  QWidget* CreaSituazione();
+  QWidget* CreaScadenze();
+  void Collega();
+  [[nodiscard]] SceltaSituazione Scelta() const;
+  void DataLasciata();
+  void Carica();
+  /// Reads again, and stays on the due dates of the party at hand.
+  void Rileggi();
+  void Mostra(const Situazione& situazione);
+  void MostraGrafico(const Situazione& situazione);
+  /// The open due dates of a party; of all, when empty.
+  void VediScadenze(const std::string& quale, const std::string& ragsoc);
+  /// The same of the party in a row.
+  void VediParte(int riga);
+  void VediScadenza(int riga);
+
+  FinestraSituazioneScadenze& finestra;
+  Finestre& gestore;
+  SituazioneScadenze situazioni;
+  std::vector<ScadenzaStampata> elencate;
+  Data mostrata;  ///< day of what is shown
+  /// Code and name of the party whose due dates are listed; empty for all.
+  std::pair<std::string, std::string> vista;
+
+  QComboBox* classe = new QComboBox;
+  CampoData* alla;
+  QTabWidget* schede = new QTabWidget;
+  Griglia* parti = nullptr;
+  Griglia* mesi = nullptr;
+  Griglia* scadenze = nullptr;
+  GraficoBarre* grafico = new GraficoBarre(QStringLiteral("Grafico"));
+  std::array<QLabel*, kNomiTotali.size()> totali{};
+  QLabel* parte = new QLabel;
+  QLabel* totaleScadenze = new QLabel;
+  QPushButton* aggiorna;
+  QPushButton* tutte;
+  QPushButton* esporta;
+  bool leggendo = false;
+};
+
+FinestraSituazioneScadenze::Interno::Interno(FinestraSituazioneScadenze& finestraUsata,
+                                             Finestre& gestoreUsato)
+    : finestra(finestraUsata),
+      gestore(gestoreUsato),
+      situazioni(gestoreUsato.Sessione()),
+      alla(new CampoData(QStringLiteral("AllaData"),
+                         [this] {
+                           auto& sessione = gestore.Sessione();
+                           return std::pair(sessione.Anno(), sessione.Ora().Oggi());
+                         })),
+      aggiorna(Pulsante(QStringLiteral("Aggiorna"), tr("Aggiorna"), tr("F5"))),
+      tutte(Pulsante(QStringLiteral("Tutte"), tr("Tutte le scadenze"))),
+      esporta(Pulsante(QStringLiteral("XlsEsp"), tr("Esporto in Excel"))) {
+  CreaGriglie();
+  schede->setObjectName(QStringLiteral("SSTab1"));
+  schede->addTab(CreaSituazione(), tr("Situazione"));
+  schede->addTab(CreaScadenze(), tr("Scadenze"));
+  auto* colonna = new QVBoxLayout(&finestra);
+  colonna->addLayout(CreaScelta());
+  colonna->addWidget(schede, 1);
+  AssegnaMnemoniche({aggiorna, tutte, esporta});
+  Collega();
+}
+
+void FinestraSituazioneScadenze::Interno::CreaGriglie() {
+  parti = new Griglia(QStringLiteral("GrigliaParti"), finestra.Nome(),
+                      {{tr("Conto"), Tipo::Testo, 80},
+                       {tr("Ragsoc"), Tipo::Testo, 230},
+                       {tr("n_scad"), Tipo::Intero, 60},
+                       {tr("a scadere"), Tipo::Importo, 105},
+                       {tr("fino a 30"), Tipo::Importo, 105},
+                       {tr("fino a 60"), Tipo::Importo, 105},
+                       {tr("fino a 90"), Tipo::Importo, 105},
+                       {tr("oltre"), Tipo::Importo, 105},
+                       {tr("scaduto"), Tipo::Importo, 110},
+                       {tr("totale"), Tipo::Importo, 115}});
+  AllargaColonna(*parti, 1);
+  mesi = new Griglia(QStringLiteral("GrigliaMesi"), finestra.Nome(),
+                     {{tr("mese"), Tipo::Testo, 108},
+                      {tr("n_scad"), Tipo::Intero, 50},
+                      {tr("scaduto"), Tipo::Importo, 90},
+                      {tr("a scadere"), Tipo::Importo, 90},
+                      {tr("totale"), Tipo::Importo, 90},
+                      {tr("progressivo"), Tipo::Importo, 95}});
+  // By name, April would come first.
+  mesi->setSortingEnabled(false);
+  scadenze = new Griglia(QStringLiteral("GrigliaScadenze"), finestra.Nome(),
+                         {{tr("DataScad"), Tipo::Data, 90},
+                          {tr("Conto"), Tipo::Testo, 80},
+                          {tr("Ragsoc"), Tipo::Testo, 200},
+                          {tr("NFat"), Tipo::Intero, 60},
+                          {tr("DtFat"), Tipo::Data, 90},
+                          {tr("Descrizione"), Tipo::Testo, 240},
+                          {tr("Tipo"), Tipo::Testo, 45},
+                          {tr("Stato"), Tipo::Testo, 85},
+                          {tr("Importo"), Tipo::Importo, 100},
+                          {tr("Pagato"), Tipo::Importo, 100},
+                          {tr("Residuo"), Tipo::Importo, 100},
+                          {tr("gg_ritardo"), Tipo::Intero, 80}});
+  AllargaColonna(*scadenze, 5);
+}
+
+QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaScelta() {
+  classe->setObjectName(QStringLiteral("CFPx"));
+  classe->addItem(tr("C - clienti"), QStringLiteral("C"));
+  classe->addItem(tr("F - fornitori"), QStringLiteral("F"));
+  const SceltaSituazione proposta = situazioni.Proposta();
+  classe->setCurrentIndex(classe->findData(Qs(proposta.cfp)));
+  alla->Mostra(proposta.alla);
+  alla->setToolTip(tr("le scadenze anteriori a questa data sono date per scadute"));
+  LargoCaratteri(alla, kCifreData);
+  auto* riga = new QHBoxLayout;
+  riga->addWidget(Didascalia(tr("Scadenze aperte di"), classe));
+  riga->addWidget(classe);
+  riga->addWidget(Didascalia(tr("alla data del"), alla));
+  riga->addWidget(alla);
+  riga->addWidget(aggiorna);
+  riga->addStretch(1);
+  riga->addWidget(tutte);
+  riga->addWidget(esporta);
+  return riga;
+}
+
+QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaTotali() {
+  const std::array<QString, kNomiTotali.size()> nomi = {
+      tr("a scadere"), tr("scaduto fino a 30 giorni"), tr("fino a 60"), tr("fino a 90"),
+      tr("oltre"),     tr("totale scaduto"),           tr("TOTALE")};
+  auto* riga = new QHBoxLayout;
+  for (std::size_t i = 0; i < nomi.size(); ++i) {
+    auto* importo = totali.at(i) = new QLabel;
+    importo->setObjectName(QString::fromLatin1(kNomiTotali.at(i)));
+    importo->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto carattere = importo->font();
+    carattere.setBold(true);
+    importo->setFont(carattere);
+    auto* sotto = new QVBoxLayout;
+    sotto->setSpacing(0);
+    sotto->addWidget(Didascalia(nomi.at(i), importo), 0, Qt::AlignRight);
+    sotto->addWidget(importo, 0, Qt::AlignRight);
+    riga->addLayout(sotto, 1);
+  }
+  return riga;
+}
+
+QWidget* FinestraSituazioneScadenze::Interno::CreaSituazione() {
+  auto* pagina = new QWidget;
+  auto* sotto = new QHBoxLayout;
+  mesi->setMinimumWidth(kLarghezzaMesi);
+  sotto->addWidget(mesi);
+  sotto->addWidget(grafico, 1);
+  auto* colonna = new QVBoxLayout(pagina);
+  colonna->addWidget(parti, 3);
+  colonna->addLayout(CreaTotali());
+  colonna->addLayout(sotto, 2);
+  grafico->setAccessibleName(tr("Scaduto e a scadere per mese"));
+  parti->setToolTip(tr("doppio clic o Invio: le scadenze aperte"));
+  return pagina;
+}
+
+QWidget* FinestraSituazioneScadenze::Interno::CreaScadenze() {
+  auto* pagina = new QWidget;
+  parte->setObjectName(QStringLiteral("Parte"));
+  totaleScadenze->setObjectName(QStringLiteral("TotaleScadenze"));
+  totaleScadenze->setAlignment(Qt::AlignRight);
+  scadenze->setToolTip(tr("doppio clic o Invio: la registrazione"));
+  auto* colonna = new QVBoxLayout(pagina);
+  colonna->addWidget(parte);
+  colonna->addWidget(scadenze, 1);
+  colonna->addWidget(totaleScadenze);
+  return pagina;
+}
+
+void FinestraSituazioneScadenze::Interno::Collega() {
+  auto* f = &finestra;
+  connect(classe, &QComboBox::currentIndexChanged, f, [this] { Carica(); });
+  connect(alla, &QLineEdit::editingFinished, f, [this] { DataLasciata(); });
+  connect(aggiorna, &QPushButton::clicked, f, [this] { Rileggi(); });
+  connect(tutte, &QPushButton::clicked, f, [this] { VediScadenze({}, {}); });
+  connect(esporta, &QPushButton::clicked, f,
+          [this] { finestra.Esporta(schede->currentIndex() == kScadenze ? *scadenze : *parti); });
+  // The page turned to by hand shows what is chosen on the first.
+  connect(schede, &QTabWidget::currentChanged, f, [this](int pagina) {
+    if (pagina == kScadenze) VediParte(parti->RigaCorrente());
+  });
+  const auto vediParte = [this](int riga) { VediParte(riga); };
+  connect(parti, &Griglia::RigaDoppioClic, f, vediParte);
+  connect(parti, &Griglia::RigaInvio, f, vediParte);
+  const auto vediScadenza = [this](int riga) { VediScadenza(riga); };
+  connect(scadenze, &Griglia::RigaDoppioClic, f, vediScadenza);
+  connect(scadenze, &Griglia::RigaInvio, f, vediScadenza);
+}
+
+SceltaSituazione FinestraSituazioneScadenze::Interno::Scelta() const {
+  SceltaSituazione scelta;
+  scelta.cfp = classe->currentData().toString().toStdString();
+  if (const auto letta = alla->Letto()) scelta.alla = letta.Valore().Data();
+  return scelta;
+}
+
+void FinestraSituazioneScadenze::Interno::DataLasciata() {
+  const auto letta = alla->Letto();
+  ColoraErrato(alla, !letta);
+  if (!letta) return;
+  alla->Mostra(letta.Valore());
+  if (letta.Valore().Data() != mostrata) Rileggi();
+}
+
+void FinestraSituazioneScadenze::Interno::Rileggi() {
+  const bool scadenzeInVista = schede->currentIndex() == kScadenze;
+  Carica();
+  if (scadenzeInVista && tutte->isEnabled()) VediScadenze(vista.first, vista.second);
+}
+
+void FinestraSituazioneScadenze::Interno::Carica() {
+  if (leggendo) return;
+  const InCorso inCorso(leggendo);
+  const SceltaSituazione scelta = Scelta();
+  mostrata = scelta.alla;
+  elencate.clear();
+  scadenze->Modello().Righe({});
+  parte->clear();
+  totaleScadenze->clear();
+  schede->setCurrentIndex(kSituazione);
+  // What couldn't be read whole isn't shown at all.
+  const auto situazione = situazioni.Calcola(scelta);
+  Mostra(situazione.value_or(Situazione{}));
+  if (!situazione) grafico->MostraTesto(tr("La situazione non è stata letta"));
+  esporta->setEnabled(situazione && situazione->scadenze != 0);
+  tutte->setEnabled(esporta->isEnabled());
+}
+
+void FinestraSituazioneScadenze::Interno::Mostra(const Situazione& situazione) {
+  std::vector<std::vector<Valore>> righe;
+  righe.reserve(situazione.parti.size());
+  for (const ParteAperta& p : situazione.parti) {
+    std::vector<Valore> celle = {p.conto, p.ragsoc, p.scadenze};
+    for (const Importo importo : Importi(p.importi)) celle.emplace_back(importo);
+    righe.push_back(std::move(celle));
+  }
+  parti->Modello().Righe(std::move(righe));
+  if (!situazione.parti.empty()) parti->VaiARiga(0);
+  righe.clear();
+  for (const MeseAperto& m : situazione.mesi) {
+    righe.push_back(
+        {NomeMese(m.mese), m.scadenze, m.scaduto, m.aScadere, m.Totale(), m.progressivo});
+  }
+  mesi->Modello().Righe(std::move(righe));
+  const auto importi = Importi(situazione.totali);
+  for (std::size_t i = 0; i < importi.size(); ++i) totali.at(i)->setText(Scritto(importi.at(i)));
+  MostraGrafico(situazione);
+}
+
+void FinestraSituazioneScadenze::Interno::MostraGrafico(const Situazione& situazione) {
+  if (situazione.scadenze == 0) return grafico->MostraTesto(tr("Non ci sono scadenze aperte"));
+  std::vector<GraficoBarre::Gruppo> gruppi;
+  for (const ColonnaMesi& colonna : ColonneMesi(situazione.mesi, mostrata)) {
+    gruppi.push_back(
+        {Qs(colonna.nome),
+         {colonna.scaduto, colonna.aScadere},
+         tr("%1\nscaduto %2\na scadere %3")
+             .arg(Qs(colonna.nome), Scritto(colonna.scaduto), Scritto(colonna.aScadere))});
+  }
+  grafico->Mostra({{tr("scaduto"), {190, 60, 45}, {240, 130, 110}},
+                   {tr("a scadere"), {40, 100, 160}, {120, 180, 235}}},
+                  std::move(gruppi), {{{0, 1}, QString()}});
+}
+
+void FinestraSituazioneScadenze::Interno::VediScadenze(const std::string& quale,
+                                                       const std::string& ragsoc) {
+  if (leggendo) return;
+  const InCorso inCorso(leggendo);
+  auto aperte = situazioni.Aperte(Scelta(), quale);
+  if (!aperte) return;
+  vista = {quale, ragsoc};
+  elencate = std::move(*aperte);
+  Importo residuo;
+  std::vector<std::vector<Valore>> righe;
+  righe.reserve(elencate.size());
+  for (const ScadenzaStampata& s : elencate) {
+    righe.push_back(Celle(s, mostrata, static_cast<std::int64_t>(righe.size())));
+    residuo += s.Residuo();
+  }
+  const bool vuota = righe.empty();
+  scadenze->Modello().Righe(std::move(righe));
+  for (const int colonna : kColonneParte) scadenze->setColumnHidden(colonna, !quale.empty());
+  parte->setText(quale.empty() ? tr("tutte le scadenze aperte") : Qs(quale + "  " + ragsoc));
+  totaleScadenze->setText(
+      tr("%1 scadenze    residuo %2").arg(elencate.size()).arg(Scritto(residuo)));
+  schede->setCurrentIndex(kScadenze);
+  if (!vuota) scadenze->VaiARiga(0);
+  scadenze->setFocus();
+}
+
+void FinestraSituazioneScadenze::Interno::VediParte(int riga) {
+  if (leggendo || riga < 0) return;
+  const auto& celle = parti->Modello().Riga(riga);
+  VediScadenze(celle[0].Testo(), celle[1].Testo());
+}
+
+void FinestraSituazioneScadenze::Interno::VediScadenza(int riga) {
+  // Copied first: the main window may close this one.
+  Finestre& principale = gestore;
+  const auto posto = static_cast<std::size_t>(scadenze->Modello().Riga(riga)[kPosto].Intero());
+  const Rinvio rinvio = elencate.at(posto).RinvioARegistrazione();
+  if (rinvio.genere == Rinvio::Genere::Registrazione) {
+    principale.VediRegistrazione(rinvio.numero, rinvio.anno);
+  } else if (auto* conto = principale.ApriFunzione(QStringLiteral("MovimentiConto"))) {
+    conto->ApriCodice(Qs(rinvio.cfp + "|" + rinvio.conto));
+  }
+}
+
+FinestraSituazioneScadenze::FinestraSituazioneScadenze(Finestre& finestre)
+    : FinestraFunzione(QStringLiteral("SituazioneScadenze"), tr("Situazione scadenze"), finestre) {
+  interno_ = std::make_unique<Interno>(*this, finestre);
+  interno_->Carica();
+}
+
+FinestraSituazioneScadenze::~FinestraSituazioneScadenze() {
+  hide();  // nothing is read from its fields any more
+}
+
+void FinestraSituazioneScadenze::Aggiorna() {
+  interno_->Rileggi();
+}
+
+bool FinestraSituazioneScadenze::Indietro() {
+  if (interno_->schede->currentIndex() != kScadenze) return false;
+  interno_->schede->setCurrentIndex(kSituazione);
+  interno_->parti->setFocus();
+  return true;
+}
+
+}  // namespace fenalto
