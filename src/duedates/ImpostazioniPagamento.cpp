@@ -74,4 +74,34 @@ void ScriviImpostazioni(Ambiente& ambiente, FinestraPagamento finestra, const st
   }
 }
 
+SchedaImpostazioni::SchedaImpostazioni(FinestraPagamento finestra) : finestra_(finestra) {
+  for (const char* campo : {kCausale, kContropartita, kArrotondamenti}) {
+    scheda_.Aggiungi(Chiave(campo), Tipo::Testo);
+  }
+  scheda_.Aggiungi(Chiave(kRegistrazione), Tipo::Booleano);
+}
+
+std::string SchedaImpostazioni::Chiave(const char* nome) const {
+  return nome + std::to_string(static_cast<int>(finestra_));
+}
+
+void SchedaImpostazioni::Leggi(Ambiente& ambiente, const std::string& cfp) {
+  const ImpostazioniPagamento lette = LeggiImpostazioni(ambiente, finestra_, cfp);
+  scheda_.Scrivi(Chiave(kCausale), lette.causale);
+  scheda_.Scrivi(Chiave(kContropartita), lette.contropartita);
+  scheda_.Scrivi(Chiave(kArrotondamenti), lette.contoArrotondamenti);
+  scheda_.Scrivi(Chiave(kRegistrazione), lette.conRegistrazione);
+}
+
+void SchedaImpostazioni::Scrivi(Ambiente& ambiente, const std::string& cfp) const {
+  ScriviImpostazioni(ambiente, finestra_, cfp, Valori());
+}
+
+ImpostazioniPagamento SchedaImpostazioni::Valori() const {
+  return {scheda_.Testo(Chiave(kCausale)), scheda_.Testo(Chiave(kContropartita)),
+          scheda_.Testo(Chiave(kArrotondamenti)),
+          finestra_ == FinestraPagamento::Scadenzario ||
+              scheda_.Leggi(Chiave(kRegistrazione)).Booleano()};
+}
+
 }  // namespace fenalto

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/session/Ambiente.h"
+#include "core/session/Scheda.h"
 
 namespace fenalto {
 
@@ -27,5 +28,22 @@ ImpostazioniPagamento LeggiImpostazioni(Ambiente& ambiente, FinestraPagamento fi
 /// field is left.
 void ScriviImpostazioni(Ambiente& ambiente, FinestraPagamento finestra, const std::string& cfp,
                         const ImpostazioniPagamento& impostazioni);
+
+/// The same as the record that a window binds: each field bears the name of its key
+/// ("CausalePagScad1"), whatever the class.
+class SchedaImpostazioni {
+ public:
+  explicit SchedaImpostazioni(FinestraPagamento finestra);
+  [[nodiscard]] Scheda& Record() { return scheda_; }
+  void Leggi(Ambiente& ambiente, const std::string& cfp);
+  /// A field was left.
+  void Scrivi(Ambiente& ambiente, const std::string& cfp) const;
+  [[nodiscard]] ImpostazioniPagamento Valori() const;
+
+ private:
+  [[nodiscard]] std::string Chiave(const char* nome) const;
+  FinestraPagamento finestra_;
+  Scheda scheda_;
+};
 
 }  // namespace fenalto

@@ -85,7 +85,8 @@ std::string NomeScadenza(Ambiente& ambiente, const Scadenza& s) {
   const std::string nome = NomeParte(ambiente, s.cfp, s.conto);
   std::string testo = "scadenza n. " + std::to_string(s.numero) + " del " + s.dt.Testo() + " di " +
                       (nome.empty() ? s.cfp + " " + s.conto : nome);
-  if (s.nFat != 0) testo += ", ft. " + std::to_string(s.nFat) + " del " + s.dtFat.Testo();
+  if (s.nFat != 0) testo += ", ft. " + std::to_string(s.nFat);
+  if (s.nFat != 0 && !s.dtFat.Nulla()) testo += " del " + s.dtFat.Testo();
   return testo + ", euro " + ScriviImporto(s.importoE, kCentesimi);
 }
 
@@ -93,11 +94,12 @@ std::optional<std::string> ScadenzaCambiata(Ambiente& ambiente, const Scadenza& 
   const auto ora = LeggiScadenza(ambiente, vista.numero);
   if (ora && *ora == vista) return std::nullopt;
   const std::string nome = NomeScadenza(ambiente, vista);
-  if (!ora) return "Manca scadenza\n" + nome + "\nè stata eliminata da un'altra postazione";
+  if (!ora)
+    return "Manca scadenza\n" + nome + "\nè stata eliminata da un'altra postazione o finestra";
   if (vista.Aperta() && !ora->Aperta()) {
-    return nome + "\nè già stata pagata o presentata da un'altra postazione";
+    return nome + "\nè già stata pagata o presentata da un'altra postazione o finestra";
   }
-  return nome + "\nè stata modificata da un'altra postazione:" + Differenze(vista, *ora);
+  return nome + "\nè stata modificata da un'altra postazione o finestra:" + Differenze(vista, *ora);
 }
 
 std::string NomeParte(Ambiente& ambiente, const std::string& cfp, const std::string& conto) {

@@ -5,6 +5,7 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "duedates/payments/ScadenzaConRegistrazione.h"
 #include "ledger/ControlliData.h"
 
 namespace fenalto {
@@ -14,22 +15,8 @@ constexpr const char* kTabella = "Pagamenti_R";
 /// Step between the positions of two rows.
 constexpr std::int64_t kPassoPosi = 100;
 
-constexpr const char* kCausale = "CausalePagScad";
-constexpr const char* kContropartita = "ContropartitaPagScad";
-constexpr const char* kArrotondamenti = "ContoArrotondamentiPagScad";
-constexpr const char* kRegistrazione = "RegistrazioneContabilePagScad";
-
 bool Manca(Ambiente& ambiente, const char* tabella, const std::string& codice) {
   return codice.empty() || ambiente.Cerca("tessarc", tabella, {{"Cod", codice}}, "Cod").Nullo();
-}
-
-/// Today, or the last day of the selected year when today is of another.
-Data DataProposta(Ambiente& ambiente) {
-  constexpr int kDicembre = 12;
-  constexpr int kUltimo = 31;
-  const Data oggi = ambiente.Ora().Oggi();
-  if (oggi.Anno() == ambiente.Anno()) return oggi;
-  return Data::DaGma(kUltimo, kDicembre, ambiente.Anno()).value_or(oggi);
 }
 
 }  // namespace
@@ -37,7 +24,8 @@ Data DataProposta(Ambiente& ambiente) {
 PagamentiScadenzario::PagamentiScadenzario(Ambiente& ambiente, Modo modo)
     : ambiente_(ambiente),
       modo_(modo),
-      percorsoTemp_(ambiente.CartellaTemp(kTabella, static_cast<int>(Finestra()))) {
+      percorsoTemp_(ambiente.CartellaTemp(kTabella, static_cast<int>(Finestra()))),
+      impostazioni_(Finestra()) {
   if (!ambiente.ArchivioDi("scadenzario").CreaCopiaTemp(percorsoTemp_, "NUM", kTabella)) {
     throw ErroreArchivio(ErroreArchivio::Causa::Altro,
                          "non si può creare l'archivio di lavoro «" + percorsoTemp_.string() +
@@ -45,15 +33,11 @@ PagamentiScadenzario::PagamentiScadenzario(Ambiente& ambiente, Modo modo)
   }
   temp_ = ambiente.Basi().ApriTemp(percorsoTemp_);
   riga_ = Scheda(*temp_->Catalogo().Tabella(kTabella));
-  for (const char* campo : {kCausale, kContropartita, kArrotondamenti}) {
-    impostazioni_.Aggiungi(Chiave(campo), Tipo::Testo);
-  }
-  impostazioni_.Aggiungi(Chiave(kRegistrazione), Tipo::Booleano);
   testa_.Aggiungi("Dt", Tipo::Data);
   testa_.Aggiungi("Descrizione", Tipo::Testo);
   testa_.Aggiungi("DescrizioneParte", Tipo::Testo);
-  testa_.Scrivi("Dt", DataProposta(ambiente));
-  LeggiImpostazioniDiClasse();
+  testa_.Scrivi("Dt", DataRegistrazioneProposta(ambiente));
+  impostazioni_.Leggi(ambiente, cfp_);
 }
 
 PagamentiScadenzario::~PagamentiScadenzario() {
@@ -77,26 +61,8 @@ FinestraPagamento PagamentiScadenzario::Finestra() const {
   return modo_ == Modo::PiuParti ? FinestraPagamento::Scadenzario : FinestraPagamento::SingolaParte;
 }
 
-std::string PagamentiScadenzario::Chiave(const char* impostazione) const {
-  return impostazione + std::to_string(static_cast<int>(Finestra()));
-}
-
-void PagamentiScadenzario::LeggiImpostazioniDiClasse() {
-  const ImpostazioniPagamento lette = LeggiImpostazioni(ambiente_, Finestra(), cfp_);
-  impostazioni_.Scrivi(Chiave(kCausale), lette.causale);
-  impostazioni_.Scrivi(Chiave(kContropartita), lette.contropartita);
-  impostazioni_.Scrivi(Chiave(kArrotondamenti), lette.contoArrotondamenti);
-  impostazioni_.Scrivi(Chiave(kRegistrazione), lette.conRegistrazione);
-}
-
-ImpostazioniPagamento PagamentiScadenzario::ImpostazioniScritte() const {
-  return {impostazioni_.Testo(Chiave(kCausale)), impostazioni_.Testo(Chiave(kContropartita)),
-          impostazioni_.Testo(Chiave(kArrotondamenti)),
-          modo_ == Modo::PiuParti || impostazioni_.Leggi(Chiave(kRegistrazione)).Booleano()};
-}
-
 void PagamentiScadenzario::ImpostazioneLasciata() {
-  ScriviImpostazioni(ambiente_, Finestra(), cfp_, ImpostazioniScritte());
+  impostazioni_.Scrivi(ambiente_, cfp_);
 }
 
 bool PagamentiScadenzario::ScegliParte(const std::string& cfp, const std::string& conto) {
@@ -107,7 +73,7 @@ bool PagamentiScadenzario::ScegliParte(const std::string& cfp, const std::string
   }
   cfp_ = cfp;
   conto_ = conto;
-  if (altraClasse) LeggiImpostazioniDiClasse();
+  if (altraClasse) impostazioni_.Leggi(ambiente_, cfp_);
   return true;
 }
 
@@ -118,7 +84,7 @@ std::string PagamentiScadenzario::RifiutoNuovo() const {
       ContoRiepilogativo(ambiente_, cfp_, conto_).empty()) {
     return "impostare un codice cliente o fornitore";
   }
-  const ImpostazioniPagamento scritte = ImpostazioniScritte();
+  const ImpostazioniPagamento scritte = impostazioni_.Valori();
   if (!scritte.conRegistrazione) return {};
   const std::string& arrotondamenti = scritte.contoArrotondamenti;
   if (Manca(ambiente_, "Causali", scritte.causale) ||
@@ -156,11 +122,7 @@ RicercaScadenze PagamentiScadenzario::Ricerca(std::int64_t nFat, Data dtFat) con
 }
 
 std::string PagamentiScadenzario::RifiutoScelta(std::int64_t numero) const {
-  if (std::ranges::any_of(righe_,
-                          [&](const RigaScelta& riga) { return riga.vista.numero == numero; })) {
-    return "il pagamento e' gia stato selezionato";
-  }
-  if (stato_ == Stato::RigaAperta) return "confermare o annullare prima la riga";
+  if (Scelta(numero)) return "il pagamento e' gia stato selezionato";
   if (stato_ == Stato::Inattiva)
     return "iniziare prima una registrazione con 'Nuova Registrazione'";
   const auto scadenza = LeggiScadenza(ambiente_, numero);
@@ -175,8 +137,14 @@ std::string PagamentiScadenzario::RifiutoScelta(std::int64_t numero) const {
              : NomeScadenza(ambiente_, *scadenza) + "\nnon è del cliente/fornitore del pagamento";
 }
 
+bool PagamentiScadenzario::Scelta(std::int64_t numero) const {
+  return std::ranges::any_of(righe_,
+                             [&](const RigaScelta& riga) { return riga.vista.numero == numero; });
+}
+
 bool PagamentiScadenzario::Scegli(std::int64_t numero, bool veloce) {
   if (const std::string rifiuto = RifiutoScelta(numero); !rifiuto.empty()) return Avviso(rifiuto);
+  if (stato_ == Stato::RigaAperta && !ConfermaRiga()) return false;
   const auto scadenza = LeggiScadenza(ambiente_, numero);
   if (!scadenza) return Avviso("Manca scadenza");
   RigaScelta riga;
@@ -204,7 +172,7 @@ Importo PagamentiScadenzario::TotArrotondamento() const {
 }
 
 Pagamento PagamentiScadenzario::ComePagamento() const {
-  const ImpostazioniPagamento scritte = ImpostazioniScritte();
+  const ImpostazioniPagamento scritte = impostazioni_.Valori();
   Pagamento pagamento;
   pagamento.cfp = cfp_;
   pagamento.dt = testa_.Leggi("Dt").Data();
@@ -223,7 +191,6 @@ Pagamento PagamentiScadenzario::ComePagamento() const {
 }
 
 bool PagamentiScadenzario::Conferma() {
-  if (stato_ == Stato::Inattiva) return false;
   if (stato_ == Stato::RigaAperta && !ConfermaRiga()) return false;
   const Pagamento pagamento = ComePagamento();
   if (const std::string rifiuto = RifiutoPagamento(ambiente_, pagamento); !rifiuto.empty()) {

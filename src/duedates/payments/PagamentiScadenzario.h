@@ -51,7 +51,7 @@ class PagamentiScadenzario {
   bool ScegliParte(const std::string& cfp, const std::string& conto);
   [[nodiscard]] const std::string& Cfp() const { return cfp_; }
   /// Causal, accounts and whether the registration is written, by the names of their settings.
-  [[nodiscard]] Scheda& Impostazioni() { return impostazioni_; }
+  [[nodiscard]] Scheda& Impostazioni() { return impostazioni_.Record(); }
   /// A setting was left: kept for the next time.
   void ImpostazioneLasciata();
   /// `Dt`, `Descrizione`, `DescrizioneParte`.
@@ -63,8 +63,10 @@ class PagamentiScadenzario {
   bool Nuovo();
   /// Open due dates of the class, and of the party when there is one.
   [[nodiscard]] RicercaScadenze Ricerca(std::int64_t nFat, Data dtFat) const;
-  /// Adds a due date, to be settled as a whole; `veloce` leaves its row closed. False when it can't
-  /// be taken (told).
+  /// Whether the due date has a row.
+  [[nodiscard]] bool Scelta(std::int64_t numero) const;
+  /// Adds a due date, to be settled as a whole; `veloce` leaves its row closed. The row that was
+  /// open is confirmed first. False when it can't be taken (told).
   bool Scegli(std::int64_t numero, bool veloce);
   [[nodiscard]] const std::vector<RigaScelta>& Righe() const { return righe_; }
   [[nodiscard]] Importo TotPagato() const;
@@ -91,10 +93,6 @@ class PagamentiScadenzario {
 
  private:
   [[nodiscard]] FinestraPagamento Finestra() const;
-  /// Name of a setting in this window.
-  [[nodiscard]] std::string Chiave(const char* impostazione) const;
-  void LeggiImpostazioniDiClasse();
-  [[nodiscard]] ImpostazioniPagamento ImpostazioniScritte() const;
   [[nodiscard]] std::string RifiutoNuovo() const;
   [[nodiscard]] std::string RifiutoScelta(std::int64_t numero) const;
   void TogliRiga(std::int64_t num);
@@ -109,7 +107,7 @@ class PagamentiScadenzario {
   Stato stato_ = Stato::Inattiva;
   std::string cfp_ = "C";
   std::string conto_;
-  Scheda impostazioni_;
+  SchedaImpostazioni impostazioni_;
   Scheda testa_;
   std::vector<RigaScelta> righe_;  ///< the scratch, with each due date as it was seen
   Scheda riga_;

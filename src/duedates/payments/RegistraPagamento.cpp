@@ -7,6 +7,7 @@
 
 #include "core/sql/Criterio.h"
 #include "core/store/TransazioneComune.h"
+#include "core/values/Testo.h"
 
 namespace fenalto {
 namespace {
@@ -44,6 +45,27 @@ std::string SenzaRiepilogo(const Pagamento& pagamento, const std::string& conto)
          " manca conto riepilogativo";
 }
 
+/// The first party without a summary account, empty when each has one: hundreds of them in one
+/// look.
+std::string PrimaSenzaRiepilogo(Ambiente& ambiente, const Pagamento& pagamento) {
+  const auto parti = Parti(pagamento);
+  std::string elenco;
+  for (const std::string& conto : parti) {
+    elenco += (elenco.empty() ? "" : ",") + LetteraleSql(Valore(conto));
+  }
+  const auto minore = [](const std::string& a, const std::string& b) {
+    return ConfrontaTesto(a, b) < 0;
+  };
+  std::set<std::string, decltype(minore)> conRiepilogo;
+  Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
+      std::string("select Cod from ") + (pagamento.cfp == "C" ? "Clienti" : "Fornitori") +
+      " where Conto<>'' and Cod in (" + elenco + ")");
+  for (; !rs.Eof(); rs.MoveNext()) conRiepilogo.insert(rs.Fields("Cod").Testo());
+  const auto manca = std::ranges::find_if(
+      parti, [&](const std::string& conto) { return !conRiepilogo.contains(conto); });
+  return manca == parti.end() ? std::string() : *manca;
+}
+
 /// What stands against writing the registration.
 std::string RifiutoContabile(Ambiente& ambiente, const Pagamento& pagamento) {
   if (!ambiente.Euro()) {
@@ -63,12 +85,8 @@ std::string RifiutoContabile(Ambiente& ambiente, const Pagamento& pagamento) {
         RifiutoConto(ambiente, pagamento.contoArrotondamenti, "manca conto arrotondamenti");
     if (!r.empty()) return r;
   }
-  for (const std::string& conto : Parti(pagamento)) {
-    if (ContoRiepilogativo(ambiente, pagamento.cfp, conto).empty()) {
-      return SenzaRiepilogo(pagamento, conto);
-    }
-  }
-  return {};
+  const std::string conto = PrimaSenzaRiepilogo(ambiente, pagamento);
+  return conto.empty() ? std::string() : SenzaRiepilogo(pagamento, conto);
 }
 
 std::string DescrizioneRiga(const Pagamento& pagamento, const Scadenza& scadenza) {
@@ -94,6 +112,11 @@ class RegistrazionePagamento {
     // The class of several accounts is empty.
     Lato(true, sola ? pagamento.cfp : "", parte_);
     Lato(false, "P", pagamento.contropartita);
+    // Several parties are told by the first account of the head, on whichever side they stand.
+    if (!sola) {
+      testa_.cfp.clear();
+      testa_.conto = kDiversi;
+    }
     Righe();
   }
 
@@ -205,8 +228,12 @@ std::string RifiutoRigaPagamento(const RigaPagamento& riga) {
   if (!riga.arrotondamento.Zero()) {
     return "l'arrotondamento e'valido solo se la scadenza e'saldata";
   }
-  if (riga.importoPagato != daSaldare) return {};
-  return "se l'importo pagato è uguale all'importo scadenza inserire spunta su 'scadenza saldata'";
+  if (riga.importoPagato == daSaldare) {
+    return "se l'importo pagato è uguale all'importo scadenza inserire spunta su 'scadenza "
+           "saldata'";
+  }
+  // It would be marked as paid in part, on a day on which nothing was paid.
+  return riga.importoPagato.Zero() ? "l'importo pagato è zero: indicarlo o eliminare la riga" : "";
 }
 
 std::string RifiutoPagamento(Ambiente& ambiente, const Pagamento& pagamento) {

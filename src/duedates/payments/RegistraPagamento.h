@@ -42,7 +42,8 @@ struct Pagamento {
   [[nodiscard]] Importo TotArrotondamento() const;
 };
 
-/// Why a row can't be, by the three rules of a settled and of an open rest; empty when it can.
+/// Why a row can't be, by the rules of a settled due date and of one with a rest; empty when it
+/// can.
 std::string RifiutoRigaPagamento(const RigaPagamento& riga);
 /// Why the payment can't be made; empty when it can: no rows, no counter-account, no account for
 /// roundings, a party without summary account. Asks nothing. With Origine::PagamentoSingolo the

@@ -8,20 +8,20 @@ constexpr std::size_t kColonnaNumero = 13;
 constexpr int kPasso = 2'000;
 
 std::vector<ColonnaGriglia> Colonne() {
-  return {{QStringLiteral("Conto"), Tipo::Testo, 80},
-          {QStringLiteral("Ragsoc"), Tipo::Testo, 220},
+  return {{QStringLiteral("Conto"), Tipo::Testo, 60},
+          {QStringLiteral("Ragsoc"), Tipo::Testo, 190},
           {QStringLiteral("DataScad"), Tipo::Data, 90},
-          {QStringLiteral("ant"), Tipo::Booleano, 40},
-          {QStringLiteral("ImportoE"), Tipo::Importo, 100},
-          {QStringLiteral("Pagato"), Tipo::Importo, 100},
-          {QStringLiteral("Residuo"), Tipo::Importo, 100},
-          {QStringLiteral("Descrizione_scadenza"), Tipo::Testo, 220},
-          {QStringLiteral("NProt"), Tipo::Intero, 60},
-          {QStringLiteral("NFat"), Tipo::Intero, 60},
+          {QStringLiteral("ant"), Tipo::Booleano, 35},
+          {QStringLiteral("ImportoE"), Tipo::Importo, 90},
+          {QStringLiteral("Pagato"), Tipo::Importo, 90},
+          {QStringLiteral("Residuo"), Tipo::Importo, 90},
+          {QStringLiteral("Descrizione_scadenza"), Tipo::Testo, 165},
+          {QStringLiteral("NProt"), Tipo::Intero, 50},
+          {QStringLiteral("NFat"), Tipo::Intero, 50},
           {QStringLiteral("DtFat"), Tipo::Data, 90},
-          {QStringLiteral("Tipo"), Tipo::Testo, 45},
-          {QStringLiteral("Stato"), Tipo::Testo, 50},
-          {QStringLiteral("Numero"), Tipo::Intero, 70}};
+          {QStringLiteral("Tipo"), Tipo::Testo, 40},
+          {QStringLiteral("Stato"), Tipo::Testo, 45},
+          {QStringLiteral("Numero"), Tipo::Intero, 60}};
 }
 
 std::vector<Valore> Celle(const RigaScadenza& r) {

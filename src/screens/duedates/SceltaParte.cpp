@@ -12,17 +12,35 @@ namespace {
 
 constexpr int kCifreCodice = 12;
 
+/// Parties of a class, or of both when it is empty.
+std::shared_ptr<FonteCodici> FonteDi(Ambiente& sessione, const std::string& classe) {
+  if (!classe.empty()) return FonteConti(sessione, classe);
+  return std::make_shared<FonteTabella>(
+      [&sessione]() -> Archivio& { return sessione.ArchivioDi("tessarc"); },
+      "SELECT * FROM ContiClientiFornitori WHERE CFP<>'P'", "Cod", "Descrizione");
+}
+
+/// The archive behind a code; none for a code that may be of either class.
+QString TabellaDi(const std::string& classe) {
+  return classe.empty() ? QString() : TabellaDiClasse(classe);
+}
+
 }  // namespace
 
-SceltaParte::SceltaParte(Finestre& finestre, const QString& vuota, QWidget* genitore)
+SceltaParte::SceltaParte(Finestre& finestre, const QString& vuota, QWidget* genitore, Classe classe)
     : QWidget(genitore),
       finestre_(finestre),
       classe_(new QComboBox),
       codice_(new CampoCodice(QStringLiteral("CliFor"), TabellaDiClasse("C"),
                               FonteConti(finestre.Sessione(), "C"))) {
   classe_->setObjectName(QStringLiteral("CFPx"));
-  classe_->addItem(tr("C - clienti"), QStringLiteral("C"));
-  classe_->addItem(tr("F - fornitori"), QStringLiteral("F"));
+  if (classe == Classe::Facoltativa) {
+    classe_->addItem(QString(), QString());
+    codice_->Fonte(FonteDi(finestre.Sessione(), {}), QString());
+  }
+  classe_->addItem(QStringLiteral("C"), QStringLiteral("C"));
+  classe_->addItem(QStringLiteral("F"), QStringLiteral("F"));
+  classe_->setToolTip(tr("C cliente, F fornitore"));
   codice_->setPlaceholderText(vuota);
   codice_->Etichetta()->setObjectName(QStringLiteral("CliForDescrizione"));
   auto* riga = new QHBoxLayout(this);
@@ -63,7 +81,7 @@ void SceltaParte::Bloccata(bool classe, bool codice) {
 }
 
 void SceltaParte::CambiaClasse() {
-  codice_->Fonte(FonteConti(finestre_.Sessione(), Cfp()), TabellaDiClasse(Cfp()));
+  codice_->Fonte(FonteDi(finestre_.Sessione(), Cfp()), TabellaDi(Cfp()));
   codice_->Mostra(Valore(std::string()));
   emit ClasseCambiata();
   Lasciata();

@@ -1,5 +1,5 @@
 // The choice of a customer or supplier: class (`CFPx`, "C" or "F") and code (`CliFor`), whose
-// search follows the class.
+// search follows the class. Where both classes may be meant at once the class may be empty.
 #pragma once
 
 #include <QWidget>
@@ -17,10 +17,13 @@ class SceltaParte : public QWidget {
   Q_OBJECT
 
  public:
+  /// Whether the class may be left empty, which it then is at first.
+  enum class Classe { Data, Facoltativa };
   /// `vuota` is what no code means ("tutti"), shown as hint; empty where a party is needed.
-  explicit SceltaParte(Finestre& finestre, const QString& vuota = {}, QWidget* genitore = nullptr);
+  explicit SceltaParte(Finestre& finestre, const QString& vuota = {}, QWidget* genitore = nullptr,
+                       Classe classe = Classe::Data);
 
-  /// "C" or "F".
+  /// "C" or "F"; empty for both, where it may be.
   [[nodiscard]] std::string Cfp() const;
   /// The code typed, in the archive's spelling; empty when none is.
   [[nodiscard]] std::string Codice() const;

@@ -146,8 +146,10 @@ TEST_F(PagamentiScadenzarioTest, RicercaEScelta) {
   EXPECT_TRUE(una.Riga().Leggi("Saldata").Booleano());
   EXPECT_FALSE(una.Scegli(prima, false));
   EXPECT_EQ(SoloMessaggio(), "il pagamento e' gia stato selezionato");
+  // Another one is refused while the open row can't be confirmed.
+  una.Riga().Scrivi("Arrotondamento", I("1"));
   EXPECT_FALSE(una.Scegli(terza, false));
-  EXPECT_EQ(SoloMessaggio(), "confermare o annullare prima la riga");
+  EXPECT_THAT(SoloMessaggio(), HasSubstr("importo pagato+arrotondamento"));
   // Given up, a due date just chosen isn't there any more.
   una.AnnullaRiga();
   EXPECT_THAT(una.Righe(), IsEmpty());
@@ -188,6 +190,7 @@ TEST_F(PagamentiScadenzarioTest, RegoleDellaRiga) {
       {"100", "0.02", false, "l'arrotondamento e'valido solo se la scadenza e'saldata"},
       {"100.02", "0", false,
        "se l'importo pagato è uguale all'importo scadenza inserire spunta su 'scadenza saldata'"},
+      {"0", "0", false, "l'importo pagato è zero"},
       {"900000000000000", "900000000000000", true, "Correggere l'importo"},
   };
   for (const Caso& caso : casi) {
@@ -211,6 +214,7 @@ TEST_F(PagamentiScadenzarioTest, Conferma) {
   const auto n = Nuova("C", "0001", "100.02", 5);
   PagamentiScadenzario p(ambiente, Modo::SingolaParte);
   EXPECT_FALSE(p.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "non è stata selezionata alcuna scadenza");
   Inizia(p, "0001");
   EXPECT_FALSE(p.Conferma());
   EXPECT_EQ(SoloMessaggio(), "non è stata selezionata alcuna scadenza");
@@ -243,9 +247,12 @@ TEST_F(PagamentiScadenzarioTest, Conferma) {
   EXPECT_FALSE(p.Conferma());
   EXPECT_EQ(p.Righe().size(), 1U);
   p.Testa().Scrivi("Dt", G(14, 3, 2024));
-  Tessarc().Esegui("insert into UltimaDataLibro (Anno, dt) values (2024, #03/14/2024#)");
+  Messaggi();
+  // Already on the journal: a warning alone.
+  Tessarc().Esegui("insert into UltimaDataLibro (Anno, dt) values (2024, #03/20/2024#)");
   ASSERT_TRUE(p.Conferma());
-  EXPECT_EQ(SoloMessaggio(), "- Scadenzario aggiornato\n- Creato articolo contabile 1");
+  EXPECT_THAT(Messaggi(), ElementsAre(HasSubstr("già stampata su libro giornale"),
+                                      "- Scadenzario aggiornato\n- Creato articolo contabile 1"));
   EXPECT_EQ(p.NumeroConfermato(), 1);
   EXPECT_EQ(p.StatoCorrente(), Stato::Inattiva);
   EXPECT_EQ(Pagata(n), "30 100.02 14/03/2024");

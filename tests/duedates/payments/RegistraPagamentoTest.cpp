@@ -117,7 +117,7 @@ TEST_F(RegistraPagamentoTest, PiuParti) {
   const auto terza = Nuova("C", "0001", "10", 1);
   const auto quarta = Nuova("C", "0002", "20", 2);
   EXPECT_EQ(TestaDi(Registra(Base("C", {R(terza, "10"), R(quarta, "20")}))),
-            "P:100.010 :DIVERSI 21 14/03/2024");
+            ":DIVERSI :DIVERSI 21 14/03/2024");
 }
 
 TEST_F(RegistraPagamentoTest, SenzaRegistrazione) {

@@ -1,0 +1,70 @@
+#include "screens/duedates/CampiScadenza.h"
+
+#include "screens/common/Disposizione.h"
+#include "screens/ledger/FontiPrimanota.h"
+
+namespace fenalto {
+namespace {
+
+constexpr int kCifreData = 11;
+
+QString Nome(const char* nome) {
+  return QString::fromLatin1(nome);
+}
+
+CampoCodice* ConArchivio(CampoCodice* campo, Finestre& finestre) {
+  QObject::connect(campo, &CampoCodice::EventoLibero, campo,
+                   [&finestre](const QString& tabella, const QString& codice) {
+                     finestre.ApreFormDaEvLibero(tabella, codice);
+                   });
+  return campo;
+}
+
+std::shared_ptr<FonteCodici> Fonte(Finestre& finestre, const char* archivio, const char* tabella,
+                                   const char* descrizione) {
+  Ambiente& sessione = finestre.Sessione();
+  return std::make_shared<FonteTabella>(
+      [&sessione, archivio]() -> Archivio& { return sessione.ArchivioDi(archivio); }, tabella,
+      "Cod", descrizione);
+}
+
+}  // namespace
+
+CampoData* CampoGiorno(const char* nome, Finestre& finestre) {
+  Ambiente& sessione = finestre.Sessione();
+  auto* campo = new CampoData(
+      Nome(nome), [&sessione] { return std::pair(sessione.Anno(), sessione.Ora().Oggi()); });
+  LargoCaratteri(campo, kCifreData);
+  return campo;
+}
+
+CampoCodice* CampoConto(const char* nome, Finestre& finestre) {
+  return ConArchivio(new CampoCodice(Nome(nome), TabellaDiClasse("P"),
+                                     FonteContropartite(finestre.Sessione(), "P")),
+                     finestre);
+}
+
+CampoCodice* CampoCausale(const char* nome, Finestre& finestre) {
+  return ConArchivio(
+      new CampoCodice(Nome(nome), QStringLiteral("CAUSALI"), FonteCausali(finestre.Sessione())),
+      finestre);
+}
+
+CampoCodice* CampoTipo(const char* nome, Finestre& finestre) {
+  return new CampoCodice(Nome(nome), QString(),
+                         Fonte(finestre, "tessarc", "tipipagamento", "Descrizione"));
+}
+
+CampoCodice* CampoPagamento(const char* nome, Finestre& finestre) {
+  return ConArchivio(new CampoCodice(Nome(nome), QStringLiteral("CODICIPAGAMENTO"),
+                                     Fonte(finestre, "tessarc", "Pagamento", "Descrizione")),
+                     finestre);
+}
+
+CampoCodice* CampoBanca(const char* nome, Finestre& finestre) {
+  return ConArchivio(new CampoCodice(Nome(nome), QStringLiteral("BANCHE"),
+                                     Fonte(finestre, "scadenzario", "Banche", "Nome")),
+                     finestre);
+}
+
+}  // namespace fenalto

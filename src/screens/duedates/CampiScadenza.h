@@ -1,0 +1,29 @@
+// The fields that the windows of this folder have in common.
+#pragma once
+
+#include <QLayout>
+#include <initializer_list>
+
+#include "screens/common/Campi.h"
+#include "screens/common/CampoCodice.h"
+#include "screens/common/Finestre.h"
+
+namespace fenalto {
+
+/// A day, completed from the session's year.
+CampoData* CampoGiorno(const char* nome, Finestre& finestre);
+/// An account of the chart, with its description; F3 opens the archive.
+CampoCodice* CampoConto(const char* nome, Finestre& finestre);
+CampoCodice* CampoCausale(const char* nome, Finestre& finestre);
+/// A type of payment.
+CampoCodice* CampoTipo(const char* nome, Finestre& finestre);
+/// A payment code.
+CampoCodice* CampoPagamento(const char* nome, Finestre& finestre);
+/// A bank of presentation.
+CampoCodice* CampoBanca(const char* nome, Finestre& finestre);
+
+/// Amounts are typed in this width; so is a number of an invoice.
+inline constexpr int kCifreImporto = 14;
+inline constexpr int kCifreNumero = 8;
+
+}  // namespace fenalto
