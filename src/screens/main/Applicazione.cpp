@@ -15,6 +15,7 @@
 #include "screens/common/FinestraArchivio.h"
 #include "screens/company/FinestraUtility.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
+#include "screens/duedates/riba/FinestraRiba.h"
 #include "screens/ledger/FinestraBilancioVerifica.h"
 #include "screens/ledger/FinestraGiornale.h"
 #include "screens/ledger/FinestraMovimenti.h"
@@ -69,6 +70,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("Importa"), Nuova<FinestraImporta>()},
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
+      {QStringLiteral("RiBa"), Nuova<FinestraRiba>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
       {QStringLiteral("STRegistroIvaUnico"), Nuova<FinestraRegistroIva>()},
       {QStringLiteral("StGiornale"), Nuova<FinestraGiornale>()},
