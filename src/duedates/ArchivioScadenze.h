@@ -40,10 +40,9 @@ class ArchivioScadenze {
 
   /// False when there is none of that number: nothing is told, nothing changes.
   bool Apri(std::int64_t numero);
-  /// A new one, with the next number and what is given.
+  /// A new one, with what is given over what is proposed (today, the selected year). It gets its
+  /// number when it is written.
   void Inizia(const std::vector<Coppia>& valori = {});
-  /// A field was left: the amounts in lire follow those in euro.
-  void Lasciato(const std::string& campo);
 
   /// Checks, warnings, then the writing, after which nothing is open any more. False when a check
   /// or the user stopped it (told): `campo` names the field to go to, and what was typed stays.
@@ -52,12 +51,18 @@ class ArchivioScadenze {
   bool Elimina();
   /// Whether the open one counts as paid and could be restored.
   [[nodiscard]] bool Ripristinabile() const;
-  /// Asks and writes the due date as not paid, which stays open as it stands now. A payment's
+  /// Asks and writes the due date as not paid, which stays open with what was typed. A payment's
   /// amount goes back to nothing, so that the whole can be paid again; a receipt's presentation is
   /// taken off, and what had been paid of it before stays paid.
   bool Ripristina();
-  /// Asks whether to see the registration of the open one: its number in the selected year.
-  std::optional<std::int64_t> VedereRegCont();
+
+  /// A registration of the selected year to be shown.
+  struct Registrazione {
+    std::int64_t numero = 0;
+    bool iva = false;  ///< it stands on a VAT register
+  };
+  /// Asks whether to see the registration of the open one; tells when there is none to see.
+  std::optional<Registrazione> VedereRegCont();
   /// Gives the open record up.
   void Abbandona();
 

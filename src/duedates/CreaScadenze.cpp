@@ -16,14 +16,6 @@ constexpr const char* kNonCreate =
     "Scadenze: NON create (se si utilizza lo scadenzario verificare la corretta impostazione dei "
     "codici pagamento)";
 
-std::int64_t CifreIniziali(std::string_view testo) {
-  testo = Rifila(testo);
-  std::int64_t numero = 0;
-  if (testo.empty() || testo.front() == '-') return 0;
-  const auto letto = std::from_chars(testo.data(), testo.data() + testo.size(), numero);
-  return letto.ec == std::errc() ? numero : 0;
-}
-
 std::string PrimaRiga(const std::string& testo) {
   return Mid(testo.substr(0, testo.find_first_of("\r\n")), 1, kCaratteriDescrizione);
 }
@@ -115,6 +107,14 @@ void AggiungiAlLog(std::string& log, const std::string& testo) {
 
 }  // namespace
 
+std::int64_t CifreIniziali(std::string_view testo) {
+  testo = Rifila(testo);
+  std::int64_t numero = 0;
+  if (testo.empty() || testo.front() == '-') return 0;
+  const auto letto = std::from_chars(testo.data(), testo.data() + testo.size(), numero);
+  return letto.ec == std::errc() ? numero : 0;
+}
+
 std::vector<RataDocumento> RateDocumento(Ambiente& ambiente, const RichiestaScadenze& richiesta,
                                          std::vector<std::string>& avvisi) {
   Scadenziere scadenziere(ambiente, richiesta, avvisi);
@@ -142,9 +142,11 @@ bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo,
   const std::string quali = " FROM Scadenze WHERE Anno=" + std::to_string(anno) +
                             " AND Articolo=" + std::to_string(articolo);
   std::string testo = "elim. scadenze ";
-  Rs scadenze = scadenzario.Recordset("SELECT Dt, Stato" + quali + " ORDER BY Dt, Numero");
+  Rs scadenze =
+      scadenzario.Recordset("SELECT Dt, Stato, Modificata" + quali + " ORDER BY Dt, Numero");
   for (; !scadenze.Eof(); scadenze.MoveNext()) {
-    if (ConfrontaTesto(scadenze.Fields("Stato").Testo(), "00") > 0) {
+    if (ConfrontaTesto(scadenze.Fields("Stato").Testo(), "00") > 0 ||
+        scadenze.Fields("Modificata").Booleano()) {
       AggiungiAlLog(log,
                     "impossibile eliminare/rettificare scadenze! (se si utilizza lo scadenzario: "
                     "scadenze già pagate, modificate manualmente, cambiato pagamento sulla fattura "

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/session/Ambiente.h"
@@ -35,6 +36,9 @@ struct RataDocumento {
   std::string tipo;
 };
 
+/// The number of an invoice as due dates keep it: the leading digits of its text, 0 without.
+std::int64_t CifreIniziali(std::string_view testo);
+
 /// The due dates that CreaScadenze would write: those of the VAT on its own payment code first,
 /// then those of the rest.
 std::vector<RataDocumento> RateDocumento(Ambiente& ambiente, const RichiestaScadenze& richiesta,
@@ -47,8 +51,8 @@ bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::s
                   std::vector<std::string>& avvisi);
 
 /// Deletes the due dates of a registration in the transaction that the caller holds, and adds a
-/// line to the log. When any of them has moved past state "00" none is deleted, and false is
-/// returned.
+/// line to the log. When any of them has moved past state "00", or a person has written or changed
+/// it, none is deleted, and false is returned.
 bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo, std::string& log);
 
 }  // namespace fenalto

@@ -7,6 +7,7 @@
 
 #include "screens/common/Campi.h"
 #include "screens/common/Disposizione.h"
+#include "screens/common/FinestraFunzione.h"
 #include "screens/common/Griglia.h"
 #include "screens/common/Legatura.h"
 #include "screens/vat/PannelloContabile.h"
@@ -34,6 +35,8 @@ PaginaFattura::PaginaFattura(Fatture& fatture, Finestre& finestre, QWidget* geni
   proposta_ = new QLabel;
   proposta_->setObjectName(QStringLiteral("RigheProponibili"));
   proponi_ = Pulsante(QStringLiteral("ProponiRighe"), tr("Proponi le righe"), tr("F6"));
+  scadenze_ = Pulsante(QStringLiteral("ScadenzeModifica"), tr("Scadenze"));
+  scadenze_->setToolTip(tr("le scadenze della registrazione e gli anticipi da dedurre"));
   legatura_->Rinuncia(annulla_);
   auto* destra = new QVBoxLayout;
   destra->addWidget(opzioni_);
@@ -49,7 +52,8 @@ PaginaFattura::PaginaFattura(Fatture& fatture, Finestre& finestre, QWidget* geni
   colonna->addLayout(DisponiPiede());
   OrdineTab();
   connect(proponi_, &QPushButton::clicked, this, &PaginaFattura::ProponiRighe);
-  AssegnaMnemoniche(QList<QAbstractButton*>{conferma_, nuovaRiga_, proponi_, elimina_} +
+  connect(scadenze_, &QPushButton::clicked, this, &PaginaFattura::VediScadenze);
+  AssegnaMnemoniche(QList<QAbstractButton*>{conferma_, nuovaRiga_, proponi_, elimina_, scadenze_} +
                     riga_->Pulsanti() + QList<QAbstractButton*>{annulla_});
 }
 
@@ -91,6 +95,8 @@ QHBoxLayout* PaginaFattura::DisponiPiede() {
   aiuto->setForegroundRole(QPalette::PlaceholderText);
   riga->addWidget(aiuto);
   riga->addStretch(1);
+  riga->addWidget(scadenze_);
+  riga->addSpacing(12);
   for (auto* pulsante : {conferma_, elimina_, annulla_}) riga->addWidget(pulsante);
   return riga;
 }
@@ -99,7 +105,7 @@ void PaginaFattura::OrdineTab() {
   QList<QWidget*> ordine = testa_->Ordine();
   ordine << contabile_->TotaleDigitato() << opzioni_->Controlli() << nuovaRiga_ << proponi_
          << righe_;
-  ordine << conferma_ << elimina_ << annulla_ << testa_->Rari();
+  ordine << scadenze_ << conferma_ << elimina_ << annulla_ << testa_->Rari();
   for (int i = 1; i < ordine.size(); ++i) setTabOrder(ordine[i - 1], ordine[i]);
 }
 
@@ -122,6 +128,8 @@ void PaginaFattura::Mostra() {
   nuovaRiga_->setEnabled(scrivibile && !RigaAperta());
   conferma_->setEnabled(scrivibile);
   elimina_->setEnabled(scrivibile && !caso_.Nuova());
+  scadenze_->setEnabled(!caso_.Nuova() &&
+                        finestre_.FunzioneDisponibile(QStringLiteral("ScadenzeModifica")));
   contabile_->TotaleDigitato()->setEnabled(scrivibile);
   solaLettura_->setVisible(!scrivibile);
   solaLettura_->setText(QString::fromStdString(caso_.MotivoSolaLettura()) +
@@ -133,6 +141,14 @@ void PaginaFattura::Mostra() {
   MostraProposta();
   contabile_->Mostra();
   MostraRiquadro();
+}
+
+void PaginaFattura::VediScadenze() {
+  const auto& testa = caso_.Testa();
+  const QString quale =
+      QStringLiteral("%1|%2").arg(finestre_.Sessione().Anno()).arg(testa.Leggi("NumDoc").Intero());
+  auto* finestra = finestre_.ApriFunzione(QStringLiteral("ScadenzeModifica"));
+  if (finestra != nullptr) finestra->ApriCodice(quale);
 }
 
 std::string PaginaFattura::DescrittoConto(const std::string& conto) {

@@ -46,6 +46,8 @@ class PaginaFattura : public PaginaSul<Fatture> {
   bool ApriProposta(qint64 dopo);
   void MostraElencoRighe();
   void MostraProposta();
+  /// Opens the due dates of the registration.
+  void VediScadenze();
   void VaiA(const std::string& campo);
   std::string DescrittoConto(const std::string& conto);
 
@@ -54,6 +56,7 @@ class PaginaFattura : public PaginaSul<Fatture> {
   PannelloContabile* contabile_;
   QLabel* proposta_;
   QPushButton* proponi_;
+  QPushButton* scadenze_;
   bool percorre_ = false;  ///< the proposed rows are being filled one after the other
 };
 
