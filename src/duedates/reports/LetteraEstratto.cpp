@@ -1,7 +1,9 @@
 #include "duedates/reports/LetteraEstratto.h"
 
 #include <algorithm>
+#include <filesystem>
 
+#include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/GiornaleInterno.h"
@@ -28,6 +30,14 @@ constexpr std::size_t kLargoModello = 120;
 /// The balance, the closing sentences and the signature stay together.
 constexpr int kRigheChiusura = 11;
 
+/// The firm's own model where the settings say so (`ECModulo`, with or without its ending).
+std::string ModelloLettera(Ambiente& ambiente) {
+  const std::string modulo(Rifila(ambiente.Config("ECModulo")));
+  if (modulo.empty() || !ImpostazioneAttiva(ambiente, "ECTracciatoPersonal")) return "TiEC";
+  const std::filesystem::path file = std::filesystem::path(modulo).filename();
+  return UgualeTesto(file.extension().string(), ".mod") ? file.stem().string() : file.string();
+}
+
 std::string Accosta(const std::string& a, const std::string& b) {
   return std::string(Rifila(a + " " + b));
 }
@@ -46,12 +56,9 @@ bool LetteraEstratto::Cliente() const {
 }
 
 bool LetteraEstratto::Esegui(std::int64_t quante) {
-  const Cornice cornice{"estratto conto",
-                        "Estratto conto al " + scelta_.alla.Testo(),
-                        "TiEC",
-                        kLarghezza,
-                        scelta_.stGrafico,
-                        scelta_.xTar};
+  const Cornice cornice{"estratto conto",          "Estratto conto al " + scelta_.alla.Testo(),
+                        ModelloLettera(ambiente_), kLarghezza,
+                        scelta_.stGrafico,         scelta_.xTar};
   const ModoStampa modo = ApriStampa(stampa_, ambiente_, cornice);
   if (modo == ModoStampa::Fermata) return false;
   grafico_ = modo == ModoStampa::Grafico;

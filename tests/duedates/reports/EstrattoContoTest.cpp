@@ -118,6 +118,32 @@ TEST_F(EstrattoContoTest, LePagineDiOgniLetteraSiContanoDaCapo) {
   EXPECT_THAT(uscite.Scritte(), Contains("300,00"));
 }
 
+TEST_F(EstrattoContoTest, ConIlModelloDellaDitta) {
+  namespace fs = std::filesystem;
+  Scrivi({"C", "0001", G(1, 1, 2024), "5"});
+  const fs::path ini = ambiente.CartellaProgramma() / "Ini";
+  fs::create_directories(ini);
+  fs::copy_file(ambiente.CartellaDati() / "ini" / "TiEC.mod", ini / "Nostro.mod");
+  std::ofstream(ini / "Nostro.mod", std::ios::app) << "testo \"sede di Lecco\" x 15 y 290\n";
+  scelta.stGrafico = true;
+  struct Caso {
+    const char* modulo;
+    const char* personale;
+    bool nostro;
+  };
+  for (const Caso& caso : {Caso{"Nostro", "1", true}, Caso{"Nostro.mod", "1", true},
+                           Caso{"Nostro", "0", false}, Caso{"", "1", false}}) {
+    ambiente.ScriviImpostazione(ambiente.FileImpostazioni(), "config", "ECModulo", caso.modulo);
+    ambiente.ScriviImpostazione(ambiente.FileImpostazioni(), "config", "ECTracciatoPersonal",
+                                caso.personale);
+    ASSERT_TRUE(Stampa(Destinazione::Pdf));
+    EXPECT_THAT(uscite.Scritte(), Contains("5,00"));
+    const auto scritte = uscite.Scritte();
+    EXPECT_EQ(std::count(scritte.begin(), scritte.end(), "sede di Lecco") > 0, caso.nostro)
+        << caso.modulo << caso.personale;
+  }
+}
+
 TEST_F(EstrattoContoTest, QuelCheNonSiStampa) {
   Scrivi({"C", "0001", G(1, 1, 2024), "5", "30", "5"});
   scelta.scadenze.anchePagate = true;
