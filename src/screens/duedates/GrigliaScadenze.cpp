@@ -15,7 +15,7 @@ std::vector<ColonnaGriglia> Colonne() {
           {QStringLiteral("ImportoE"), Tipo::Importo, 90},
           {QStringLiteral("Pagato"), Tipo::Importo, 90},
           {QStringLiteral("Residuo"), Tipo::Importo, 90},
-          {QStringLiteral("Descrizione_scadenza"), Tipo::Testo, 165},
+          {QStringLiteral("Descrizione_scadenza"), Tipo::Testo, 145},
           {QStringLiteral("NProt"), Tipo::Intero, 50},
           {QStringLiteral("NFat"), Tipo::Intero, 50},
           {QStringLiteral("DtFat"), Tipo::Data, 90},

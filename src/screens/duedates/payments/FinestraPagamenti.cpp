@@ -121,7 +121,7 @@ FinestraPagamenti::Interno::Interno(FinestraPagamenti& finestraUsata, Finestre& 
       scadenze(new GrigliaScadenze(finestraUsata.Nome())),
       righe(new Griglia(QStringLiteral("GrigliaRighe"), finestraUsata.Nome(),
                         {{tr("Conto"), Tipo::Testo, 60},
-                         {tr("Ragsoc"), Tipo::Testo, 165},
+                         {tr("Ragsoc"), Tipo::Testo, 145},
                          {tr("NFat"), Tipo::Intero, 60},
                          {tr("DtFat"), Tipo::Data, 90},
                          {tr("DataScad"), Tipo::Data, 90},
