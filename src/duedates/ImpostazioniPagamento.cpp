@@ -10,31 +10,47 @@ class Chiavi {
   Chiavi(Ambiente& ambiente, FinestraPagamento finestra, const std::string& cfp)
       : ambiente_(ambiente),
         numero_(std::to_string(static_cast<int>(finestra))),
-        classe_(cfp == "F" ? "F" : "C") {}
+        classe_(cfp == "F" ? "F" : "C"),
+        altra_(cfp == "F" ? "C" : "F") {}
 
-  [[nodiscard]] std::string Nome(const char* chiave) const { return chiave + numero_; }
-  [[nodiscard]] std::string DiClasse(const char* chiave) const { return Nome(chiave) + classe_; }
   [[nodiscard]] std::string Leggi(const char* chiave) const {
-    const std::string propria = ambiente_.Config(DiClasse(chiave));
-    return propria.empty() ? ambiente_.Config(Nome(chiave)) : propria;
+    return ambiente_.Config(Valida(chiave));
   }
   [[nodiscard]] bool Attiva(const char* chiave) const {
-    return ImpostazioneAttiva(ambiente_, DiClasse(chiave),
-                              ImpostazioneAttiva(ambiente_, Nome(chiave)));
+    return ImpostazioneAttiva(ambiente_, Valida(chiave));
   }
   void Scrivi(const char* chiave, const std::string& valore) {
-    if (Leggi(chiave) == valore) return;
-    ambiente_.ScriviImpostazione({}, "config", DiClasse(chiave), valore);
+    if (Leggi(chiave) != valore) Registra(chiave, valore);
   }
   void Scrivi(const char* chiave, bool valore) {
-    if (Attiva(chiave) == valore) return;
-    ambiente_.ScriviImpostazione({}, "config", DiClasse(chiave), valore ? "1" : "0");
+    if (Attiva(chiave) != valore) Registra(chiave, valore ? "1" : "0");
   }
 
  private:
+  [[nodiscard]] std::string SenzaClasse(const char* chiave) const { return chiave + numero_; }
+  /// The name of the key that counts: without class as long as neither class has its own.
+  [[nodiscard]] std::string Valida(const char* chiave) const {
+    const std::string nome = SenzaClasse(chiave);
+    const bool comune =
+        ambiente_.Config(nome + classe_).empty() && ambiente_.Config(nome + altra_).empty();
+    return comune ? nome : nome + classe_;
+  }
+  /// The key without class keeps what was typed last; what the other class had from it stays its.
+  void Registra(const char* chiave, const std::string& valore) {
+    const std::string nome = SenzaClasse(chiave);
+    const std::string comune = ambiente_.Config(nome);
+    if (Valida(chiave) == nome && !comune.empty()) {
+      ambiente_.ScriviImpostazione({}, "config", nome + altra_, comune);
+    }
+    for (const std::string& quale : {nome + classe_, nome}) {
+      ambiente_.ScriviImpostazione({}, "config", quale, valore);
+    }
+  }
+
   Ambiente& ambiente_;
   std::string numero_;
   std::string classe_;
+  std::string altra_;
 };
 
 constexpr const char* kCausale = "CausalePagScad";

@@ -20,12 +20,12 @@ struct ImpostazioniPagamento {
   bool conRegistrazione = true;
 };
 
-/// The keys of the party's class ("CausalePagScad1C"); where one is empty, the key without the
-/// class.
+/// The keys of the party's class ("CausalePagScad1C"); as long as neither class has its own, the
+/// key without class.
 ImpostazioniPagamento LeggiImpostazioni(Ambiente& ambiente, FinestraPagamento finestra,
                                         const std::string& cfp);
-/// Writes what differs from what is read, under the keys of the class; a window writes as each
-/// field is left.
+/// Writes what differs from what is read, under the keys of the class and, as the last typed, under
+/// those without; a window writes as each field is left.
 void ScriviImpostazioni(Ambiente& ambiente, FinestraPagamento finestra, const std::string& cfp,
                         const ImpostazioniPagamento& impostazioni);
 

@@ -102,6 +102,38 @@ TEST_F(PagamentiScadenzarioTest, OgniClasseHaLeSueImpostazioni) {
   EXPECT_FALSE(una.ScegliParte("C", "0002"));
 }
 
+// A company may have the keys without class alone: they serve both until one class gets its own.
+TEST_F(PagamentiScadenzarioTest, ImpostazioniSenzaClasse) {
+  const std::string chiave = "ContropartitaPagScad1";
+  Config(chiave, "");
+  ambiente.ScriviImpostazione({}, "config", chiave, "100.010");
+  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  const auto lascia = [&](const char* classe, const char* valore) {
+    p.ScegliParte(classe, "");
+    p.Impostazioni().Scrivi(chiave, valore);
+    p.ImpostazioneLasciata();
+  };
+  const auto lette = [&] {
+    std::string insieme = ambiente.Config(chiave);
+    for (const char* classe : {"C", "F"}) {
+      PagamentiScadenzario dopo(ambiente, Modo::PiuParti);
+      dopo.ScegliParte("F", "");
+      dopo.ScegliParte(classe, "");
+      insieme += "|" + dopo.Impostazioni().Testo(chiave);
+    }
+    return insieme;
+  };
+  EXPECT_EQ(lette(), "100.010|100.010|100.010");
+  lascia("F", "100.020");
+  EXPECT_EQ(lette(), "100.020|100.010|100.020");
+  lascia("C", "");
+  EXPECT_EQ(lette(), "||100.020");
+  lascia("F", "");
+  EXPECT_EQ(lette(), "||");
+  lascia("C", "100.010");
+  EXPECT_EQ(lette(), "100.010|100.010|");
+}
+
 TEST_F(PagamentiScadenzarioTest, DataProposta) {
   EXPECT_EQ(PagamentiScadenzario(ambiente, Modo::PiuParti).Testa().Leggi("Dt").Data(),
             G(15, 3, 2024));
