@@ -48,7 +48,7 @@ carattere "Arial Narrow" punti 9.5 grassetto
 campo R_TITOLO x 16 y 0.5 larghezza 178
 campo R_SCRITTATOT x 68 y 0.5 larghezza 100
 campo R_TOTRESIDUO x 168 y 0.5 larghezza 26 destra formato "####.###.###,##"
-campo R_FIRMA x 110 y 0.5 larghezza 85 punti 10.5
+campo R_FIRMA x 75 y 0.5 larghezza 120 destra punti 10
 
 [piede]
 carattere "Arial Narrow" punti 8

@@ -355,8 +355,9 @@ void FinestraSituazioneScadenze::Interno::VediScadenze(const std::string& quale,
   scadenze->Modello().Righe(std::move(righe));
   for (const int colonna : kColonneParte) scadenze->setColumnHidden(colonna, !quale.empty());
   parte->setText(quale.empty() ? tr("tutte le scadenze aperte") : Qs(quale + "  " + ragsoc));
-  totaleScadenze->setText(
-      tr("%1 scadenze    residuo %2").arg(elencate.size()).arg(Scritto(residuo)));
+  const QString quante =
+      elencate.size() == 1 ? tr("1 scadenza") : tr("%1 scadenze").arg(elencate.size());
+  totaleScadenze->setText(tr("%1    residuo %2").arg(quante, Scritto(residuo)));
   schede->setCurrentIndex(kScadenze);
   if (!vuota) scadenze->VaiARiga(0);
   scadenze->setFocus();
