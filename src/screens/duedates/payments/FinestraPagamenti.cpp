@@ -340,7 +340,7 @@ void FinestraPagamenti::Interno::ParteCambiata() {
 }
 
 void FinestraPagamenti::Interno::Nuovo() {
-  if (!Raccogli()) return;
+  if (!Raccogli() || gestore.ControlloUscita(finestra)) return;
   if (!caso.Nuovo()) {
     Mostra();
     return;
