@@ -1,7 +1,6 @@
 #include "duedates/ArchivioScadenze.h"
 
 #include <algorithm>
-#include <cctype>
 #include <exception>
 
 #include "core/sql/Criterio.h"
@@ -25,13 +24,6 @@ constexpr const char* kGiaPagata =
     "Si tratta di una scadenza già pagata. Si puo ripristinarla come 'non pagata', ma attenzione:";
 constexpr const char* kNulla =
     "\nNon è stato scritto nulla: per vedere la scadenza com'è adesso, abbandonarla e riaprirla.";
-
-/// Two digits, which is how states compare.
-bool FormaDiStato(const std::string& stato) {
-  return stato.size() == 2 && std::ranges::all_of(stato, [](char c) {
-           return std::isdigit(static_cast<unsigned char>(c)) != 0;
-         });
-}
 
 struct Rifiuto {
   std::string testo;
@@ -133,9 +125,8 @@ std::optional<Rifiuto> ArchivioScadenze::Interno::Errata() const {
   if (Cambiato("Tipo") && !ambiente.Esiste("tessarc", "tipipagamento", {{"Cod", T("Tipo")}})) {
     return Rifiuto{"il tipo " + T("Tipo") + " non è fra i tipi di pagamento", "Tipo"};
   }
-  if (Cambiato("Stato") && !FormaDiStato(T("Stato"))) {
-    return Rifiuto{"lo stato è di due cifre: 00 e 01 aperta, 10 pagata in parte, 30 pagata",
-                   "Stato"};
+  if (Cambiato("Stato") && !StatoValido(T("Stato"))) {
+    return Rifiuto{kStatoDiDueCifre, "Stato"};
   }
   if (record.Leggi("Dt").Data().Nulla()) return Rifiuto{"manca la data della scadenza", "Dt"};
   return std::nullopt;
@@ -352,6 +343,9 @@ bool ArchivioScadenze::Ripristina() {
                         (io.Riba() ? "contabile RIBA a CLIENTI" : "contabile del pagamento");
   if (io.vista.anticipo) {
     domanda += "\ne rimettere l'anticipo sulla scadenza della fattura da cui era stato dedotto";
+  }
+  if (UgualeTesto(io.T("Programma"), kProgrammaRaggruppata)) {
+    domanda += "\ne la scadenza in cui questa era stata raggruppata";
   }
   domanda += "\n\nimposto questa scadenza come NON ANCORA PAGATA";
   if (!io.ambiente.Dialogo().Conferma(domanda)) return false;

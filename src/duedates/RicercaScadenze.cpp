@@ -78,7 +78,7 @@ std::string SqlScadenze(const RicercaScadenze& r) {
   condizioni.Testo("SCADENZE.CFP", r.cfp);
   condizioni.Testo("SCADENZE.CONTO", r.conto);
   condizioni.Testo("SCADENZE.STATO", r.stato);
-  if (!r.anchePagate) condizioni.Aggiungi(CondizioneAperta());
+  if (!r.anchePagate && r.stato.empty()) condizioni.Aggiungi(CondizioneAperta());
   if (r.soloAnticipi) condizioni.Aggiungi(Criterio("SCADENZE.ANTICIPO", "=", true));
   condizioni.Numero("SCADENZE.ANNO", r.anno);
   condizioni.Numero("SCADENZE.nfat", r.nFat);

@@ -23,7 +23,7 @@ struct RicercaScadenze {
   std::string riva;
   Data daData;  ///< of the due date
   Data aData;
-  bool anchePagate = false;   ///< those at state '30' too
+  bool anchePagate = false;   ///< those at state '30' too, when `stato` is empty
   bool soloAnticipi = false;  ///< deposits alone
   std::string ordine = "SCADENZE.DT, SCADENZE.NUMERO";
 };

@@ -1,5 +1,8 @@
 #include "duedates/Scadenza.h"
 
+#include <algorithm>
+#include <cctype>
+
 #include "core/sql/Criterio.h"
 #include "core/values/Aritmetica.h"
 #include "core/values/FormatoImporto.h"
@@ -40,6 +43,12 @@ std::string Differenze(const Scadenza& prima, const Scadenza& ora) {
 }
 
 }  // namespace
+
+bool StatoValido(const std::string& stato) {
+  return stato.size() == 2 && std::ranges::all_of(stato, [](char c) {
+           return std::isdigit(static_cast<unsigned char>(c)) != 0;
+         });
+}
 
 std::string CondizioneAperta() {
   return Criterio("SCADENZE.STATO", "<", kStatoPagata);

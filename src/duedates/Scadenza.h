@@ -23,6 +23,15 @@ inline constexpr const char* kStatoPagata = "30";
 /// `Tipo` of a bank receipt.
 inline constexpr const char* kTipoRiba = "03";
 
+/// `Programma` of a due date closed, and not paid, because another took the place of several.
+inline constexpr const char* kProgrammaRaggruppata = "Raggruppata";
+
+/// States compare as texts, so each is two digits.
+bool StatoValido(const std::string& stato);
+/// What is told of another one.
+inline constexpr const char* kStatoDiDueCifre =
+    "lo stato è di due cifre: 00 e 01 aperta, 10 pagata in parte, 30 pagata";
+
 /// Condition of the dialect that open due dates meet: "SCADENZE.STATO<'30'".
 std::string CondizioneAperta();
 

@@ -220,6 +220,11 @@ TEST_F(ArchivioScadenzeTest, RipristinaUnaRiba) {
   EXPECT_EQ(Campo(n, "Ndistinta").Intero(), 0);
   EXPECT_EQ(Campo(n, "BancaPresentaz").Testo(), "");
   EXPECT_TRUE(Campo(n, "DtPres").Data().Nulla());
+  // What took its place would be asked for a second time.
+  Imposta(n, "Stato='30', Programma='Raggruppata'");
+  ASSERT_TRUE(archivio.Apri(n));
+  dialoghi.Rispondera("e la scadenza in cui questa era stata raggruppata", Risposta::No);
+  EXPECT_FALSE(archivio.Ripristina());
   // Paid by hand, not presented.
   Imposta(n, "Stato='30', DtPag=#03/14/2024#");
   ASSERT_TRUE(archivio.Apri(n));

@@ -21,8 +21,6 @@ class FabbricaUscite;
 
 /// `Programma` of the due date that takes the place of others.
 inline constexpr const char* kProgrammaRaggruppamento = "RaggRiba";
-/// `Programma` of a due date closed because another took its place.
-inline constexpr const char* kProgrammaRaggruppata = "Raggruppata";
 
 struct SceltaRaggruppamento {
   Data da;            ///< of the due date

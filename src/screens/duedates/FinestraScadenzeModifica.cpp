@@ -101,8 +101,8 @@ QWidget* FinestraScadenzeModifica::CreaStampa() {
     testo->setObjectName(QStringLiteral("Testo") + QString::fromLatin1(scelta.lettera));
     testo->setTextFormat(Qt::PlainText);
     testo->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    griglia->addWidget(pulsante, riga, 0, Qt::AlignTop);
-    griglia->addWidget(testo, riga, 1, Qt::AlignTop);
+    griglia->addWidget(pulsante, riga, 0);
+    griglia->addWidget(testo, riga, 1);
     testi_.push_back({pulsante, testo});
     ++riga;
   }

@@ -166,7 +166,6 @@ QWidget* RiquadroScadenza::CreaFattura() {
   metti(Numero("Anno"), tr("anno"), riga, 2);
   ++riga;
   metti(programma, tr("Scritta da"), riga, 0);
-  griglia->addWidget(vedi_, riga, 2, 1, 2);
   griglia->setColumnStretch(4, 1);
   return riquadro;
 }
@@ -193,6 +192,7 @@ QWidget* RiquadroScadenza::CreaPiede() {
   auto* piede = new QWidget;
   auto* fila = new QHBoxLayout(piede);
   fila->setContentsMargins(0, 0, 0, 0);
+  fila->addWidget(vedi_);
   fila->addWidget(ripristina_);
   fila->addStretch(1);
   for (auto* pulsante : {conferma_, elimina_, annulla_}) fila->addWidget(pulsante);
