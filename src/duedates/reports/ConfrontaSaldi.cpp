@@ -1,0 +1,108 @@
+#include "duedates/reports/ConfrontaSaldi.h"
+
+#include <map>
+
+#include "core/sql/Criterio.h"
+#include "core/values/Testo.h"
+#include "duedates/Scadenza.h"
+#include "ledger/SaldoConto.h"
+
+namespace fenalto {
+namespace {
+
+/// Parties between two signs of life.
+constexpr std::int64_t kOgni = 200;
+
+/// No registration is later.
+Data UltimaData() {
+  constexpr int kUltimo = 31;
+  constexpr int kDicembre = 12;
+  constexpr int kAnno = 9'999;
+  return Data::DaGma(kUltimo, kDicembre, kAnno).value_or(Data());
+}
+
+struct SenzaCaso {
+  bool operator()(const std::string& a, const std::string& b) const {
+    return ConfrontaTesto(a, b) < 0;
+  }
+};
+
+struct DatiParte {
+  std::string descrizione;
+  Importo saldoScadenze;
+};
+using Parti = std::map<std::string, DatiParte, SenzaCaso>;
+
+/// Class and range, over a table's column of codes.
+std::string Condizione(const SceltaConfronto& s, const std::string& colonna) {
+  std::string testo = Criterio("CFP", "=", s.cfp);
+  if (!s.daCliFor.empty()) testo += " AND " + Criterio(colonna, ">=", s.daCliFor);
+  if (!s.aCliFor.empty()) testo += " AND " + Criterio(colonna, "<=", s.aCliFor);
+  return testo;
+}
+
+Parti LeggiParti(Ambiente& ambiente, const SceltaConfronto& scelta) {
+  Parti parti;
+  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
+  for (Rs r = tessarc.Recordset("SELECT Cod, Descrizione FROM ContiClientiFornitori WHERE " +
+                                Condizione(scelta, "Cod"));
+       !r.Eof(); r.MoveNext()) {
+    parti[r.Fields(0).Testo()].descrizione = NzStr(r.Fields(1));
+  }
+  // Who was erased may still have moved, and have something open.
+  for (Rs r = tessarc.Recordset("SELECT Conto FROM Movimenti WHERE " +
+                                Criterio("Anno", "=", ambiente.Anno()) + " AND " +
+                                Condizione(scelta, "Conto") + " GROUP BY Conto");
+       !r.Eof(); r.MoveNext()) {
+    parti[r.Fields(0).Testo()];
+  }
+  for (Rs r = ambiente.ArchivioDi("scadenzario")
+                  .Recordset("SELECT Conto, Sum(ImportoE), Sum(ImportoPagatoE) FROM SCADENZE "
+                             "WHERE " +
+                             Condizione(scelta, "CONTO") + " AND " + CondizioneAperta() +
+                             " GROUP BY Conto");
+       !r.Eof(); r.MoveNext()) {
+    parti[r.Fields(0).Testo()].saldoScadenze = r.Fields(1).Importo() - r.Fields(2).Importo();
+  }
+  return parti;
+}
+
+}  // namespace
+
+bool ConfrontaSaldi(Ambiente& ambiente, const SceltaConfronto& scelta,
+                    const std::function<bool(const ParteDiscorde&)>& parte) {
+  const Parti parti = LeggiParti(ambiente, scelta);
+  const auto avanzamento =
+      ambiente.Dialogo().Avvia("Controllo saldi", static_cast<std::int64_t>(parti.size()));
+  SaldoConto saldi(ambiente.ArchivioDi("tessarc"));
+  SaldoConto::Richiesta richiesta;
+  richiesta.mantieniAperto = true;
+  richiesta.cfp = scelta.cfp;
+  // A registration belongs to its year, whatever its day.
+  richiesta.anno = ambiente.Anno();
+  richiesta.daData = Ambiente::DataMinima();
+  richiesta.aData = UltimaData();
+  const bool fornitori = UgualeTesto(scelta.cfp, "F");
+  std::int64_t fatte = 0;
+  for (const auto& [cod, dati] : parti) {
+    if (++fatte % kOgni == 0 && !avanzamento->Avanza(fatte)) return false;
+    richiesta.conto = cod;
+    // The ledger has what is owed to a supplier in credit; a due date of his is above zero.
+    const Importo finale = saldi.Calcola(richiesta).Finale();
+    const Importo saldo = fornitori ? -finale : finale;
+    if (saldo == dati.saldoScadenze) continue;
+    if (!parte({scelta.cfp, cod, dati.descrizione, saldo, dati.saldoScadenze})) return false;
+  }
+  return true;
+}
+
+std::vector<ParteDiscorde> ConfrontaSaldi(Ambiente& ambiente, const SceltaConfronto& scelta) {
+  std::vector<ParteDiscorde> discordi;
+  ConfrontaSaldi(ambiente, scelta, [&discordi](const ParteDiscorde& parte) {
+    discordi.push_back(parte);
+    return true;
+  });
+  return discordi;
+}
+
+}  // namespace fenalto
