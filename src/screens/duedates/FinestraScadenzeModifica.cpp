@@ -141,10 +141,9 @@ void FinestraScadenzeModifica::Mostra() {
   nuovo_->setEnabled(aperto);
   GrigliaScadenze::Totale totale;
   if (aperto) totale = griglia_->Cerca(Sessione(), documento_.Ricerca());
-  totale_->setText(tr("%1 scadenze, da pagare euro %2")
-                       .arg(totale.righe)
-                       .arg(QString::fromStdString(ScriviImporto(totale.residuo, 2))));
-  totale_->setVisible(aperto);
+  const QString importo = QString::fromStdString(ScriviImporto(totale.residuo, 2));
+  totale_->setText(aperto ? tr("%1 scadenze, da pagare euro %2").arg(totale.righe).arg(importo)
+                          : QString());
   riquadroAnticipi_->setVisible(aperto && !documento_.Anticipi().empty());
   if (aperto) anticipi_->Cerca(Sessione(), documento_.RicercaAnticipi());
   stampa_->setVisible(documento_.ConStampa());
