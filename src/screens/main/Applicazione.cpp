@@ -15,6 +15,8 @@
 #include "screens/common/FinestraArchivio.h"
 #include "screens/company/FinestraUtility.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
+#include "screens/duedates/FinestraScadenze.h"
+#include "screens/duedates/FinestraScadenzeModifica.h"
 #include "screens/duedates/riba/FinestraRiba.h"
 #include "screens/ledger/FinestraBilancioVerifica.h"
 #include "screens/ledger/FinestraGiornale.h"
@@ -73,6 +75,8 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("RiBa"), Nuova<FinestraRiba>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
       {QStringLiteral("STRegistroIvaUnico"), Nuova<FinestraRegistroIva>()},
+      {QStringLiteral("Scadenze"), Nuova<FinestraScadenze>()},
+      {QStringLiteral("ScadenzeModifica"), Nuova<FinestraScadenzeModifica>()},
       {QStringLiteral("StGiornale"), Nuova<FinestraGiornale>()},
       {QStringLiteral("StRegistriIva"), Nuova<FinestraRegistriIva>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},

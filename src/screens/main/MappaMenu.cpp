@@ -189,6 +189,7 @@ constexpr auto kArchivi = std::to_array<RigaArchivio>({
 constexpr auto kSenzaVoce = std::to_array<VoceMenu>({
     {"", "", "Importa", 99},
     {"", "", "MovimentiConto", 99},
+    {"", "", "ScadenzeModifica", 99},
     {"", "", "VisPdc", 99},
 });
 
