@@ -83,7 +83,7 @@ bool LetteraEstratto::Scadenza(const ScadenzaStampata& s) {
     conto_ = s.conto;
   }
   if (!s.Aperta()) {
-    pagate_.push_back(s);
+    chiuse_.push_back(s);
     return !stampa_.Interrotta();
   }
   if (!aperta_) ApriParte(s);
@@ -106,18 +106,24 @@ void LetteraEstratto::ApriParte(const ScadenzaStampata& s) {
 void LetteraEstratto::ChiudiParte() {
   if (aperta_) {
     ChiudiSezione();
-    if (!pagate_.empty()) {
-      Apri(Sezione::Pagate, scelta_.scadenze.pagateDal.Nulla()
+    Chiuse(Sezione::Presentate, "Ricevute bancarie presentate");
+    Chiuse(Sezione::Pagate, scelta_.scadenze.pagateDal.Nulla()
                                 ? "Già pagate"
                                 : "Già pagate dal " + scelta_.scadenze.pagateDal.Testo());
-      for (const ScadenzaStampata& s : pagate_) Riga(s);
-      ChiudiSezione();
-    }
     Chiusura();
   }
   aperta_ = false;
-  pagate_.clear();
+  chiuse_.clear();
   scaduto_ = aScadere_ = {};
+}
+
+void LetteraEstratto::Chiuse(Sezione sezione, const std::string& titolo) {
+  for (const ScadenzaStampata& s : chiuse_) {
+    if (s.inDistinta != (sezione == Sezione::Presentate)) continue;
+    Apri(sezione, titolo);
+    Riga(s);
+  }
+  ChiudiSezione();
 }
 
 void LetteraEstratto::Apri(Sezione sezione, const std::string& titolo) {
@@ -132,6 +138,7 @@ void LetteraEstratto::ChiudiSezione() {
   if (sezione_ == Sezione::Nessuna) return;
   const char* scritta = "totale a scadere";
   if (sezione_ == Sezione::Scadute) scritta = "totale scaduto";
+  if (sezione_ == Sezione::Presentate) scritta = "totale presentato";
   if (sezione_ == Sezione::Pagate) scritta = "totale pagato";
   Totale(scritta, parziale_, false);
   if (stampa_.RigheLibere() > 0) Vuota();
@@ -140,7 +147,11 @@ void LetteraEstratto::ChiudiSezione() {
 }
 
 void LetteraEstratto::Riga(const ScadenzaStampata& s) {
-  parziale_ += sezione_ == Sezione::Pagate ? s.pagato : s.Residuo();
+  if (sezione_ == Sezione::Pagate) {
+    parziale_ += s.pagato;
+  } else {
+    parziale_ += s.inDistinta ? s.importo : s.Residuo();
+  }
   // A page never begins with a total alone.
   stampa_.Riserva(2);
   if (grafico_) return RigaModello(s);

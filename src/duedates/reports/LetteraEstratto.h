@@ -17,7 +17,7 @@ class LetteraEstratto {
   bool Esegui(std::int64_t quante);
 
  private:
-  enum class Sezione { Nessuna, Scadute, AScadere, Pagate };
+  enum class Sezione { Nessuna, Scadute, AScadere, Presentate, Pagate };
   struct Destinatario {
     std::string nome;
     std::string nome2;
@@ -29,6 +29,8 @@ class LetteraEstratto {
   bool Scadenza(const ScadenzaStampata& s);
   void ApriParte(const ScadenzaStampata& s);
   void ChiudiParte();
+  /// Those presented to the bank, or those paid.
+  void Chiuse(Sezione sezione, const std::string& titolo);
   void Apri(Sezione sezione, const std::string& titolo);
   void ChiudiSezione();
   void Riga(const ScadenzaStampata& s);
@@ -60,8 +62,8 @@ class LetteraEstratto {
   Importo parziale_;
   Importo scaduto_;
   Importo aScadere_;
-  /// Paid ones come below, so they wait: a party has few since a day.
-  std::vector<ScadenzaStampata> pagate_;
+  /// Closed ones come below, so they wait: a party has few since a day.
+  std::vector<ScadenzaStampata> chiuse_;
 };
 
 }  // namespace fenalto

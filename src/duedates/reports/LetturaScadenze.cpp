@@ -13,7 +13,8 @@ constexpr const char* kSelezione =
     "SELECT SCADENZE.CFP, SCADENZE.Conto, ContiClientiFornitori.Descrizione AS Ragsoc, "
     "SCADENZE.Dt, SCADENZE.Tipo, SCADENZE.Stato, SCADENZE.Anno, SCADENZE.Articolo, SCADENZE.NFat, "
     "SCADENZE.DtFat, SCADENZE.ImportoE, SCADENZE.ImportoPagatoE, SCADENZE.Descrizione, "
-    "SCADENZE.anticipo FROM SCADENZE LEFT JOIN ContiClientiFornitori ON (SCADENZE.Conto = "
+    "SCADENZE.anticipo, SCADENZE.Programma, SCADENZE.Ndistinta FROM SCADENZE LEFT JOIN "
+    "ContiClientiFornitori ON (SCADENZE.Conto = "
     "ContiClientiFornitori.Cod) AND (SCADENZE.CFP = ContiClientiFornitori.CFP) WHERE ";
 
 /// Columns of the statement, in its order.
@@ -31,7 +32,9 @@ enum Colonna : std::size_t {
   kImporto,
   kPagato,
   kDescrizione,
-  kAnticipo
+  kAnticipo,
+  kProgramma,
+  kDistinta
 };
 
 std::string Condizione(const SceltaScadenze& s) {
@@ -43,7 +46,13 @@ std::string Condizione(const SceltaScadenze& s) {
   if (!s.aData.Nulla()) aggiungi(Criterio("SCADENZE.Dt", "<=", s.aData));
   if (!s.anchePagate) {
     aggiungi(CondizioneAperta());
-  } else if (!s.pagateDal.Nulla()) {
+    return testo;
+  }
+  // What became part of another due date is told there, but for what had been paid of it.
+  aggiungi("(" + CondizioneAperta() + " OR " +
+           Criterio("SCADENZE.Programma", "<>", kProgrammaRaggruppata) +
+           " OR SCADENZE.ImportoPagatoE<>0)");
+  if (!s.pagateDal.Nulla()) {
     // Where the day of payment wasn't kept, the due date stands for it.
     aggiungi("(" + CondizioneAperta() + " OR " + Criterio("SCADENZE.DtPag", ">=", s.pagateDal) +
              " OR (" + Criterio("SCADENZE.DtPag", "=", Data()) + " AND " +
@@ -68,6 +77,10 @@ ScadenzaStampata Leggi(const Rs& rs) {
   s.pagato = rs.Fields(kPagato).Importo();
   s.descrizione = rs.Fields(kDescrizione).Testo();
   s.anticipo = rs.Fields(kAnticipo).Booleano();
+  if (s.Aperta()) return s;
+  s.raggruppata = UgualeTesto(rs.Fields(kProgramma).Testo(), kProgrammaRaggruppata);
+  if (s.raggruppata) s.importo = s.pagato;
+  s.inDistinta = !s.raggruppata && s.pagato.Zero() && rs.Fields(kDistinta).Intero() != 0;
   return s;
 }
 
@@ -86,6 +99,8 @@ bool ScadenzaStampata::Aperta() const {
 }
 
 std::string ScadenzaStampata::StatoInParola() const {
+  if (raggruppata) return "raggrupp.";
+  if (inDistinta) return "presentata";
   if (!Aperta()) return "pagata";
   if (ConfrontaTesto(stato, kStatoPresentabile) >= 0) return "presentata";
   return ConfrontaTesto(stato, kStatoParziale) >= 0 ? "parziale" : "aperta";

@@ -38,11 +38,15 @@ struct ScadenzaStampata {
   Importo pagato;
   std::string descrizione;
   bool anticipo = false;
+  /// Closed by a batch of receipts: the bank has it, nothing was paid yet.
+  bool inDistinta = false;
+  /// Closed because another took its place: its amount is what had been paid of it before.
+  bool raggruppata = false;
 
   [[nodiscard]] bool Aperta() const;
   /// What is still to be settled: nothing of a due date that is closed, whatever was allowed on it.
   [[nodiscard]] Importo Residuo() const { return Aperta() ? importo - pagato : Importo(); }
-  /// The state in a word: "aperta", "parziale", "presentata", "pagata".
+  /// The state in a word: "aperta", "parziale", "presentata", "pagata", "raggrupp."
   [[nodiscard]] std::string StatoInParola() const;
   /// The description, marked when it is a deposit.
   [[nodiscard]] std::string DescrizioneSegnata() const;

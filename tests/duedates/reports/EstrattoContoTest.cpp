@@ -7,6 +7,7 @@ namespace {
 
 using ::testing::AllOf;
 using ::testing::Contains;
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
@@ -73,6 +74,20 @@ TEST_F(EstrattoContoTest, LePagateSottoEDaUnGiorno) {
   scelta.scadenze.pagateDal = G(19, 3, 2024);
   ASSERT_TRUE(Stampa());
   EXPECT_THAT(uscite.Testo(), Not(HasSubstr("Già pagate")));
+}
+
+TEST_F(EstrattoContoTest, LePresentateInBancaSottoIlLoroTitolo) {
+  Scrivi({"C", "0001", G(30, 4, 2024), "80", "30", "0", 3, {{"Ndistinta", 12}}});
+  Scrivi({"C", "0001", G(10, 1, 2024), "11", "30", "11", 4, {{"DtPag", G(10, 1, 2024)}}});
+  Scrivi({"C", "0001", G(31, 5, 2024), "5", "00", "0", 5});
+  scelta.scadenze.anchePagate = true;
+  ASSERT_TRUE(Stampa());
+  EXPECT_THAT(
+      uscite.Testo(),
+      AllOf(HasSubstr("\nRicevute bancarie presentate\n30/04/2024        3 "),
+            ContainsRegex("totale presentato +80,00\n"),
+            HasSubstr("\nGià pagate\n10/01/2024        4 "),
+            ContainsRegex("totale pagato +11,00\n"), ContainsRegex("A NOSTRO CREDITO +5,00\n")));
 }
 
 TEST_F(EstrattoContoTest, DiChiEIlCredito) {

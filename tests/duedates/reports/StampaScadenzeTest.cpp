@@ -100,6 +100,22 @@ TEST_F(StampaScadenzeTest, LeScelte) {
   EXPECT_THAT(Righe(senzaData), Contains("senza data: 5/0/5"));
 }
 
+TEST_F(StampaScadenzeTest, RaggruppateEPresentateNonSonoPagate) {
+  Scrivi({"C", "0001", G(1, 5, 2024), "100", "30", "0", 1, {{"Programma", "Raggruppata"}}});
+  Scrivi({"C", "0001", G(2, 5, 2024), "300", "30", "40", 2, {{"Programma", "Raggruppata"}}});
+  Scrivi({"C", "0001", G(3, 5, 2024), "360", "00", "0", 0, {{"Programma", "RaggRiba"}}});
+  Scrivi({"C", "0001", G(4, 5, 2024), "80", "30", "0", 3, {{"Ndistinta", 12}}});
+  Scrivi({"C", "0001", G(5, 5, 2024), "90", "30", "90", 4, {{"Ndistinta", 11}}});
+  Scrivi({"C", "0001", G(6, 5, 2024), "7", "01", "0", 5, {{"Programma", "Raggruppata"}}});
+  SceltaStampaScadenze scelta = Scelta(OrdineScadenze::PerData);
+  scelta.scadenze.anchePagate = true;
+  // What the customer was asked for is told once: 40 paid, 360 in the place of what was left.
+  EXPECT_THAT(Righe(scelta),
+              ElementsAre("02/05/2024 0001 raggrupp. 40/40/0", "03/05/2024 0001 aperta 360/0/360",
+                          "04/05/2024 0001 presentata 80/0/0", "05/05/2024 0001 pagata 90/90/0",
+                          "06/05/2024 0001 aperta 7/0/7", "TOTALE GENERALE: 577/130/367"));
+}
+
 TEST_F(StampaScadenzeTest, QuelCheNonSiStampa) {
   ScriviTutte();
   struct Caso {
