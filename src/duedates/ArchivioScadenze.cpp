@@ -186,7 +186,9 @@ std::string ArchivioScadenze::Interno::Scrivi() {
 }
 
 bool ArchivioScadenze::Interno::Riba() const {
-  return vista.tipo == kTipoRiba && record.Leggi("DtPag").Data().Nulla();
+  // A payment leaves no rest; what had been paid of a receipt before its presentation leaves one.
+  return vista.tipo == kTipoRiba &&
+         (record.Leggi("DtPag").Data().Nulla() || !vista.Residuo().Zero());
 }
 
 std::vector<Coppia> ArchivioScadenze::Interno::CampiRipristinati() const {

@@ -6,6 +6,7 @@
 #include "core/sql/Criterio.h"
 #include "core/store/BasiDati.h"
 #include "core/values/FormatoImporto.h"
+#include "core/values/Testo.h"
 
 namespace fenalto {
 namespace {
@@ -105,6 +106,11 @@ std::vector<QuotaAnticipo> ScegliAnticipi(Ambiente& ambiente, const Scadenza& sc
   Importo resto = scadenza.Residuo();
   for (const Scadenza& anticipo : anticipi) {
     if (resto <= Importo()) break;
+    // A number given anew after an erased registration brings the due dates of two parties
+    // together.
+    if (!UgualeTesto(anticipo.cfp, scadenza.cfp) || !UgualeTesto(anticipo.conto, scadenza.conto)) {
+      continue;
+    }
     // Typed with the wrong sign: a debt, which would be lost if it were taken off.
     if (!anticipo.Residuo().Negativo()) continue;
     const QuotaAnticipo quota{anticipo, std::min(resto, anticipo.Residuo().Assoluto())};

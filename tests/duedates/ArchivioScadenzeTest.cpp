@@ -211,12 +211,14 @@ TEST_F(ArchivioScadenzeTest, RipristinaUnaPagata) {
 // A batch confirmed by mistake: what the customer had paid before stays paid.
 TEST_F(ArchivioScadenzeTest, RipristinaUnaRiba) {
   const auto n = Nuova("C", "0001", "100", 5, "40");
-  Imposta(n, "Tipo='03', Stato='30', Ndistinta=7, BancaPresentaz='01', DtPres=#03/10/2024#");
+  Imposta(n,
+          "Tipo='03', Stato='30', Ndistinta=7, BancaPresentaz='01', DtPres=#03/10/2024#, "
+          "DtPag=#03/05/2024#");
   ASSERT_TRUE(archivio.Apri(n));
   dialoghi.Rispondera("bisogna anche eliminare la registrazione contabile RIBA a CLIENTI",
                       Risposta::Si);
   ASSERT_TRUE(archivio.Ripristina());
-  EXPECT_EQ(Pagata(n), "01 40 ");
+  EXPECT_EQ(Pagata(n), "01 40 05/03/2024");
   EXPECT_EQ(Campo(n, "Ndistinta").Intero(), 0);
   EXPECT_EQ(Campo(n, "BancaPresentaz").Testo(), "");
   EXPECT_TRUE(Campo(n, "DtPres").Data().Nulla());
@@ -226,7 +228,7 @@ TEST_F(ArchivioScadenzeTest, RipristinaUnaRiba) {
   dialoghi.Rispondera("e la scadenza in cui questa era stata raggruppata", Risposta::No);
   EXPECT_FALSE(archivio.Ripristina());
   // Paid by hand, not presented.
-  Imposta(n, "Stato='30', DtPag=#03/14/2024#");
+  Imposta(n, "Stato='30', DtPag=#03/14/2024#, ImportoPagatoE=100");
   ASSERT_TRUE(archivio.Apri(n));
   dialoghi.Rispondera("registrazione contabile del pagamento", Risposta::No);
   EXPECT_FALSE(archivio.Ripristina());

@@ -207,6 +207,17 @@ TEST_F(ScadenzeDocumentoTest, NonSiDeduceDaUnaPagataNeDaUnAltroAnticipo) {
   EXPECT_EQ(Tutto(), prima);
 }
 
+// The number of an erased registration was given anew: due dates of two parties stand together.
+TEST_F(ScadenzeDocumentoTest, LAnticipoDiUnAltroNonSiDeduce) {
+  const auto vecchia = Nuova("C", "0002", "100", 5);
+  Scadenzario().Esegui("update Scadenze set Articolo=12");
+  Fattura();
+  Anticipo("-30");
+  ASSERT_TRUE(documento.Apri(2024, 12));
+  EXPECT_FALSE(documento.DeduciAnticipi(vecchia));
+  EXPECT_EQ(Com(vecchia), "00 100 0");
+}
+
 // The due date was paid, or the deposit taken off another invoice, since this window showed them.
 TEST_F(ScadenzeDocumentoTest, CambiateDaUnAltraPostazione) {
   const auto rata = Rata("100");
