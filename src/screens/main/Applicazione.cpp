@@ -17,6 +17,10 @@
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/duedates/FinestraScadenze.h"
 #include "screens/duedates/FinestraScadenzeModifica.h"
+#include "screens/duedates/reports/FinestraEstrattoConto.h"
+#include "screens/duedates/reports/FinestraSituazioneScadenze.h"
+#include "screens/duedates/reports/FinestraStampaScadenze.h"
+#include "screens/duedates/riba/FinestraRaggruppamento.h"
 #include "screens/duedates/riba/FinestraRiba.h"
 #include "screens/ledger/FinestraBilancioVerifica.h"
 #include "screens/ledger/FinestraGiornale.h"
@@ -42,6 +46,12 @@ QString Qs(const std::filesystem::path& percorso) {
 template <typename Finestra>
 FinestraPrincipale::Costruttore Nuova() {
   return [](Finestre& finestre) -> FinestraFunzione* { return new Finestra(finestre); };
+}
+
+/// A class of windows that serves several functions, by what tells them apart.
+template <typename Finestra, typename Quale>
+FinestraPrincipale::Costruttore NuovaCon(Quale quale) {
+  return [quale](Finestre& finestre) -> FinestraFunzione* { return new Finestra(quale, finestre); };
 }
 
 }  // namespace
@@ -73,10 +83,17 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
       {QStringLiteral("RiBa"), Nuova<FinestraRiba>()},
+      {QStringLiteral("RiBaRaggruppamento"), Nuova<FinestraRaggruppamento>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
+      {QStringLiteral("STEstrattoConto"), Nuova<FinestraEstrattoConto>()},
       {QStringLiteral("STRegistroIvaUnico"), Nuova<FinestraRegistroIva>()},
+      {QStringLiteral("STScadenzePerConto"),
+       NuovaCon<FinestraStampaScadenze>(OrdineScadenze::PerConto)},
+      {QStringLiteral("STScadenzePerData"),
+       NuovaCon<FinestraStampaScadenze>(OrdineScadenze::PerData)},
       {QStringLiteral("Scadenze"), Nuova<FinestraScadenze>()},
       {QStringLiteral("ScadenzeModifica"), Nuova<FinestraScadenzeModifica>()},
+      {QStringLiteral("SituazioneScadenze"), Nuova<FinestraSituazioneScadenze>()},
       {QStringLiteral("StGiornale"), Nuova<FinestraGiornale>()},
       {QStringLiteral("StRegistriIva"), Nuova<FinestraRegistriIva>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},

@@ -106,6 +106,7 @@ constexpr auto kVoci = std::to_array<VoceMenu>({
      99},
     {"Scadenzario (partite aperte)", "Stampa scadenze per data", "STScadenzePerData", 99},
     {"Scadenzario (partite aperte)", "Stampa Estratto Conto", "STEstrattoConto", 99},
+    {"Scadenzario (partite aperte)", "Situazione scadenze", "SituazioneScadenze", 99},
     {"Scadenzario (partite aperte)", "Archivio Banche", "Banche", 99},
     {"Scadenzario (partite aperte)", "Raggruppamento Ri.Ba.", "RiBaRaggruppamento", 99},
     {"Scadenzario (partite aperte)", "Creazione disposizioni di incasso Ri.Ba.", "RiBa", 99},
