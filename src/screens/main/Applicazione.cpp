@@ -17,9 +17,13 @@
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/duedates/FinestraScadenze.h"
 #include "screens/duedates/FinestraScadenzeModifica.h"
+#include "screens/duedates/payments/FinestraAnticipi.h"
+#include "screens/duedates/payments/FinestraInsoluti.h"
+#include "screens/duedates/payments/FinestraPagamenti.h"
 #include "screens/duedates/reports/FinestraEstrattoConto.h"
 #include "screens/duedates/reports/FinestraSituazioneScadenze.h"
 #include "screens/duedates/reports/FinestraStampaScadenze.h"
+#include "screens/duedates/reports/FinestraTestSaldi.h"
 #include "screens/duedates/riba/FinestraRaggruppamento.h"
 #include "screens/duedates/riba/FinestraRiba.h"
 #include "screens/ledger/FinestraBilancioVerifica.h"
@@ -75,13 +79,19 @@ Applicazione::~Applicazione() {
 
 FinestraPrincipale::Costruttori Applicazione::Costruttori() {
   FinestraPrincipale::Costruttori costruttori{
+      {QStringLiteral("AccontiPrimaDiFattura"), Nuova<FinestraAnticipi>()},
       {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
       {QStringLiteral("Fatture"),
        [](Finestre& finestre) -> FinestraFunzione* { return FinestraFatture::Crea(finestre); }},
       {QStringLiteral("FattureSospIva"), Nuova<FinestraFattureSospIva>()},
       {QStringLiteral("Importa"), Nuova<FinestraImporta>()},
+      {QStringLiteral("InsolutiRiba"), Nuova<FinestraInsoluti>()},
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
+      {QStringLiteral("PagamentiDaScadenzario"),
+       NuovaCon<FinestraPagamenti>(PagamentiScadenzario::Modo::PiuParti)},
+      {QStringLiteral("PagamentiDaScadenzario1Cli"),
+       NuovaCon<FinestraPagamenti>(PagamentiScadenzario::Modo::SingolaParte)},
       {QStringLiteral("RiBa"), Nuova<FinestraRiba>()},
       {QStringLiteral("RiBaRaggruppamento"), Nuova<FinestraRaggruppamento>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
@@ -96,6 +106,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("SituazioneScadenze"), Nuova<FinestraSituazioneScadenze>()},
       {QStringLiteral("StGiornale"), Nuova<FinestraGiornale>()},
       {QStringLiteral("StRegistriIva"), Nuova<FinestraRegistriIva>()},
+      {QStringLiteral("TestSaldi"), Nuova<FinestraTestSaldi>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
       {QStringLiteral("Utility:1"), Nuova<FinestraUtility>()},
       {QStringLiteral("VisPdc"), Nuova<FinestraVisPdc>()},

@@ -191,6 +191,7 @@ constexpr auto kSenzaVoce = std::to_array<VoceMenu>({
     {"", "", "Importa", 99},
     {"", "", "MovimentiConto", 99},
     {"", "", "ScadenzeModifica", 99},
+    {"", "", "TestSaldi", 99},
     {"", "", "VisPdc", 99},
 });
 

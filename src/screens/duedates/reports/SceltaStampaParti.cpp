@@ -18,11 +18,13 @@ constexpr int kLarghezzaMinima = 560;
 
 }  // namespace
 
-SceltaStampaParti::SceltaStampaParti(Finestre& finestre, Scheda& scheda, Legatura& legatura)
-    : QGroupBox(tr("Scadenze")),
+SceltaStampaParti::SceltaStampaParti(Finestre& finestre, Scheda& scheda, Legatura& legatura,
+                                     Cosa cosa)
+    : QGroupBox(cosa == Cosa::Scadenze ? tr("Scadenze") : tr("Clienti o fornitori")),
       finestre_(finestre),
       scheda_(scheda),
       legatura_(legatura),
+      cosa_(cosa),
       classe_(new QComboBox),
       da_(Codice("DaCliFor")),
       a_(Codice("ACliFor")) {
@@ -31,12 +33,6 @@ SceltaStampaParti::SceltaStampaParti(Finestre& finestre, Scheda& scheda, Legatur
   classe_->addItem(tr("F - fornitori"), QStringLiteral("F"));
   da_->setPlaceholderText(tr("dal primo"));
   a_->setPlaceholderText(tr("all'ultimo"));
-  auto* daData = Data("DaData", finestre_, scheda_, legatura_);
-  auto* aData = Data("AData", finestre_, scheda_, legatura_);
-  scheda_.Aggiungi("AnchePagate", Tipo::Booleano);
-  auto* pagate = new QCheckBox(tr("anche le scadenze pagate"));
-  pagate->setObjectName(QStringLiteral("AnchePagate"));
-  legatura_.Lega(pagate);
 
   auto* griglia = new QGridLayout(this);
   griglia->addWidget(Didascalia(tr("stampo"), classe_), 0, 0);
@@ -45,6 +41,19 @@ SceltaStampaParti::SceltaStampaParti(Finestre& finestre, Scheda& scheda, Legatur
   griglia->addWidget(ConDescrizione(da_, kCifreCodice), 1, 1);
   griglia->addWidget(Didascalia(tr("al codice"), a_), 2, 0);
   griglia->addWidget(ConDescrizione(a_, kCifreCodice), 2, 1);
+  if (cosa == Cosa::Scadenze) CreaScadenze(*griglia, 3);
+  griglia->setColumnStretch(1, 1);
+  setMinimumWidth(kLarghezzaMinima);
+  connect(classe_, &QComboBox::currentIndexChanged, this, &SceltaStampaParti::CambiaClasse);
+}
+
+void SceltaStampaParti::CreaScadenze(QGridLayout& griglia, int linea) {
+  auto* daData = Data("DaData", finestre_, scheda_, legatura_);
+  auto* aData = Data("AData", finestre_, scheda_, legatura_);
+  scheda_.Aggiungi("AnchePagate", Tipo::Booleano);
+  auto* pagate = new QCheckBox(tr("anche le scadenze pagate"));
+  pagate->setObjectName(QStringLiteral("AnchePagate"));
+  legatura_.Lega(pagate);
   auto* date = new QHBoxLayout;
   date->addWidget(daData);
   date->addSpacing(8);
@@ -53,11 +62,8 @@ SceltaStampaParti::SceltaStampaParti(Finestre& finestre, Scheda& scheda, Legatur
   date->addSpacing(16);
   date->addWidget(pagate);
   date->addStretch(1);
-  griglia->addWidget(Didascalia(tr("scadenza dal"), daData), 3, 0);
-  griglia->addLayout(date, 3, 1);
-  griglia->setColumnStretch(1, 1);
-  setMinimumWidth(kLarghezzaMinima);
-  connect(classe_, &QComboBox::currentIndexChanged, this, &SceltaStampaParti::CambiaClasse);
+  griglia.addWidget(Didascalia(tr("scadenza dal"), daData), linea, 0);
+  griglia.addLayout(date, linea, 1);
 }
 
 CampoCodice* SceltaStampaParti::Codice(const char* nome) {
@@ -98,6 +104,7 @@ SceltaScadenze SceltaStampaParti::Scelta() const {
   s.cfp = classe_->currentData().toString().toStdString();
   s.daCliFor = scheda_.Leggi("DaCliFor").Testo();
   s.aCliFor = scheda_.Leggi("ACliFor").Testo();
+  if (cosa_ == Cosa::Parti) return s;
   s.daData = scheda_.Leggi("DaData").Data();
   s.aData = scheda_.Leggi("AData").Data();
   s.anchePagate = scheda_.Leggi("AnchePagate").Booleano();

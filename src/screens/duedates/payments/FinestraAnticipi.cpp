@@ -1,0 +1,16 @@
+#include "screens/duedates/payments/FinestraAnticipi.h"
+
+#include "duedates/payments/AnticipoFattura.h"
+
+namespace fenalto {
+
+FinestraAnticipi::FinestraAnticipi(Finestre& finestre)
+    : FinestraScadenzaDigitata(QStringLiteral("AccontiPrimaDiFattura"),
+                               tr("Registrazione anticipi su fatture da emettere o ricevere"),
+                               static_cast<int>(FinestraPagamento::Anticipi),
+                               std::make_unique<AnticipoFattura>(finestre.Sessione()), finestre) {
+  Disponi();
+  setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+}
+
+}  // namespace fenalto

@@ -1,0 +1,39 @@
+// The window "Registrazione insoluti RiBa": the receipt that came back, and what follows from it.
+#pragma once
+
+#include "screens/duedates/payments/FinestraScadenzaDigitata.h"
+
+class QLabel;
+
+namespace fenalto {
+
+class CampoNumero;
+class Griglia;
+class InsolutoRiba;
+
+class FinestraInsoluti : public FinestraScadenzaDigitata {
+  Q_OBJECT
+
+ public:
+  explicit FinestraInsoluti(Finestre& finestre);
+  /// Number of the due date of an unpaid receipt.
+  void ApriCodice(const QString& codice) override;
+
+ protected:
+  void AltriRiquadri(QVBoxLayout& colonna) override;
+  void AltroPiede(QHBoxLayout& piede) override;
+  void ParteCambiata() override;
+  void Mostra() override;
+
+ private:
+  QWidget* CreaRicevute();
+  QWidget* CreaDatiRiba();
+  void Apri();
+  [[nodiscard]] InsolutoRiba& Insoluto() const;
+
+  CampoNumero* selettore_ = nullptr;
+  Griglia* ricevute_ = nullptr;
+  QLabel* effettuata_ = nullptr;
+};
+
+}  // namespace fenalto

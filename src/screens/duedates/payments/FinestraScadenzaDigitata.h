@@ -1,0 +1,64 @@
+// The windows of deposits and of unpaid receipts: party, due date, registration, `Conferma`.
+#pragma once
+
+#include <memory>
+
+#include "screens/common/FinestraFunzione.h"
+
+class QHBoxLayout;
+class QPushButton;
+class QVBoxLayout;
+
+namespace fenalto {
+
+class Legatura;
+class ScadenzaDigitata;
+class SceltaParte;
+
+class FinestraScadenzaDigitata : public FinestraFunzione {
+  Q_OBJECT
+
+ public:
+  ~FinestraScadenzaDigitata() override;
+
+  [[nodiscard]] bool InModifica() const override;
+  void Abbandona() override;
+  bool Indietro() override;
+
+ protected:
+  /// `numero` is that of the settings' keys.
+  FinestraScadenzaDigitata(const QString& nome, const QString& titolo, int numero,
+                           std::unique_ptr<ScadenzaDigitata> caso, Finestre& finestre);
+
+  /// Lays the window out; frames of a derived window go to `AltriRiquadri`.
+  void Disponi();
+  virtual void AltriRiquadri(QVBoxLayout& /*colonna*/) {}
+  /// What stands at the foot beside `Conferma`.
+  virtual void AltroPiede(QHBoxLayout& /*piede*/) {}
+  /// Another party was chosen.
+  virtual void ParteCambiata() {}
+  /// The due date is shown, a new one or as it was changed.
+  virtual void Mostra();
+
+  [[nodiscard]] ScadenzaDigitata& Caso() const { return *caso_; }
+  [[nodiscard]] Legatura& Dati() { return *dati_; }
+  [[nodiscard]] SceltaParte& Parte() { return *parte_; }
+
+ private:
+  QWidget* CreaScadenza();
+  QWidget* CreaRegistrazione();
+  void Collega();
+  void Nuovo();
+  void Conferma();
+  void VaiA(const std::string& campo);
+
+  int numero_;
+  std::unique_ptr<ScadenzaDigitata> caso_;
+  Legatura* dati_;
+  Legatura* impostazioni_;
+  SceltaParte* parte_;
+  QPushButton* nuovo_;
+  QPushButton* conferma_;
+};
+
+}  // namespace fenalto
