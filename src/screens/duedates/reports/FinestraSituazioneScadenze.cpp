@@ -284,6 +284,11 @@ void FinestraSituazioneScadenze::Interno::Rileggi() {
 
 void FinestraSituazioneScadenze::Interno::Carica() {
   if (leggendo) return;
+  if (const auto letta = alla->Letto(); !letta) {
+    gestore.Sessione().Dialogo().Messaggio(letta.Errore().messaggio, Icona::Avviso);
+    alla->setFocus();
+    return;
+  }
   const InCorso inCorso(leggendo);
   const SceltaSituazione scelta = Scelta();
   mostrata = scelta.alla;
