@@ -19,6 +19,7 @@
 #include "bench/MisureImpostazioni.h"
 #include "bench/MisureRapporti.h"
 #include "bench/MisureRegistro.h"
+#include "bench/MisureScadenze.h"
 #include "screens/main/Applicazione.h"
 
 namespace {
@@ -44,6 +45,7 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
   aggiungi(fenalto::banco::MisureArchivi(opzioni, nomi));
   aggiungi(fenalto::banco::MisureFatture(opzioni, nomi));
   aggiungi(fenalto::banco::MisureRegistro(opzioni, nomi));
+  aggiungi(fenalto::banco::MisureScadenze(opzioni, nomi));
   if (!nomi.empty() && rapporti.size() == nomi.size()) return rapporti;
   const auto nuda = opzioni.cartellaProgramma / "nuda.db";
   std::printf("# dati in %s\n", opzioni.cartellaProgramma.c_str());

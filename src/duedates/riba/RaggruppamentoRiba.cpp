@@ -21,7 +21,8 @@ std::string Selezione(const SceltaRaggruppamento& scelta) {
       "SELECT Scadenze.*, clienti.RagSoc1 FROM Scadenze INNER JOIN clienti ON Scadenze.Conto = "
       "clienti.Cod where " +
       Criterio("Scadenze.CFP", "=", "C") + " and " + Criterio("Scadenze.Tipo", "=", kTipoRiba) +
-      " and " + Criterio("Scadenze.Stato", "<", kStatoPresentabile) + " and Scadenze.Nfat<>0";
+      " and " + Criterio("Scadenze.Stato", "<", kStatoPresentabile) + " and " + CondizioneAperta() +
+      " and Scadenze.Nfat<>0";
   if (!scelta.da.Nulla()) sql += " and " + Criterio("Scadenze.Dt", ">=", scelta.da);
   if (!scelta.a.Nulla()) sql += " and " + Criterio("Scadenze.Dt", "<=", scelta.a);
   if (!scelta.conto.empty()) sql += " and " + Criterio("Scadenze.Conto", "=", scelta.conto);

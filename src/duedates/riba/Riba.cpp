@@ -20,7 +20,8 @@ constexpr const char* kPresentabili =
     "SCADENZE.DtFat AS [Data Fatt], SCADENZE.Pagamento as pag "
     "FROM SCADENZE INNER JOIN Clienti ON SCADENZE.Conto = Clienti.Cod "
     "WHERE (((SCADENZE.CFP)='C') AND ((SCADENZE.Tipo)='03') AND ((SCADENZE.Stato)<'20')) "
-    "ORDER BY SCADENZE.NFat";
+    // For the index of the open ones.
+    "AND SCADENZE.Stato<'30' ORDER BY SCADENZE.NFat";
 
 /// Columns of the statement, in its order.
 enum Colonna : std::size_t {
