@@ -9,7 +9,7 @@
 
 #include "core/archives/LettoreTabella.h"
 #include "core/values/Testo.h"
-#include "duedates/payments/LineeEstratto.h"
+#include "duedates/bank/LineeEstratto.h"
 
 namespace {
 

@@ -17,6 +17,7 @@
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/duedates/FinestraScadenze.h"
 #include "screens/duedates/FinestraScadenzeModifica.h"
+#include "screens/duedates/bank/FinestraEstrattoBanca.h"
 #include "screens/duedates/payments/FinestraAnticipi.h"
 #include "screens/duedates/payments/FinestraInsoluti.h"
 #include "screens/duedates/payments/FinestraPagamenti.h"
@@ -79,6 +80,7 @@ Applicazione::~Applicazione() {
 
 FinestraPrincipale::Costruttori Applicazione::Costruttori() {
   FinestraPrincipale::Costruttori costruttori{
+      {QStringLiteral("AbbinaEstratto"), Nuova<FinestraEstrattoBanca>()},
       {QStringLiteral("AccontiPrimaDiFattura"), Nuova<FinestraAnticipi>()},
       {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
       {QStringLiteral("Fatture"),

@@ -111,6 +111,7 @@ constexpr auto kVoci = std::to_array<VoceMenu>({
     {"Scadenzario (partite aperte)", "Raggruppamento Ri.Ba.", "RiBaRaggruppamento", 99},
     {"Scadenzario (partite aperte)", "Creazione disposizioni di incasso Ri.Ba.", "RiBa", 99},
     {"Scadenzario (partite aperte)", "Registrazione Insoluti RiBa", "InsolutiRiba", 99},
+    {"Scadenzario (partite aperte)", "Abbinamento estratto conto", "AbbinaEstratto", 99},
     {"Cespiti Ammortizz.", "Archivio Cespiti", "Cespiti", 99},
     {"Cespiti Ammortizz.", "Categorie cespiti", "CategorieCespiti", 99},
     {"Impostazioni/Chiusure/Aperture", "Selezione Archivi", "@SelezioneArchivi", 0},

@@ -12,7 +12,7 @@
 
 #include "core/session/Ambiente.h"
 #include "duedates/Scadenza.h"
-#include "duedates/payments/EstrattoBanca.h"
+#include "duedates/bank/EstrattoBanca.h"
 #include "duedates/payments/RegistraPagamento.h"
 
 namespace fenalto {

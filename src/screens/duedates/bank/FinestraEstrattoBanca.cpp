@@ -1,4 +1,4 @@
-#include "screens/duedates/payments/FinestraEstrattoBanca.h"
+#include "screens/duedates/bank/FinestraEstrattoBanca.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,7 +11,7 @@
 
 #include "core/values/FormatoImporto.h"
 #include "duedates/ImpostazioniPagamento.h"
-#include "duedates/payments/AbbinamentoBanca.h"
+#include "duedates/bank/AbbinamentoBanca.h"
 #include "screens/common/Campi.h"
 #include "screens/common/CampoCodice.h"
 #include "screens/common/Disposizione.h"

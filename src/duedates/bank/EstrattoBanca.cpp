@@ -1,4 +1,4 @@
-#include "duedates/payments/EstrattoBanca.h"
+#include "duedates/bank/EstrattoBanca.h"
 
 #include <utility>
 

@@ -15,7 +15,7 @@
 #include "core/session/Ambiente.h"
 #include "core/session/Csv.h"
 #include "core/values/Esito.h"
-#include "duedates/payments/LineeEstratto.h"
+#include "duedates/bank/LineeEstratto.h"
 
 namespace fenalto {
 

@@ -1,4 +1,4 @@
-#include "duedates/payments/LineeEstratto.h"
+#include "duedates/bank/LineeEstratto.h"
 
 #include <cstdint>
 #include <map>

@@ -1,4 +1,4 @@
-#include "duedates/payments/AbbinamentoBanca.h"
+#include "duedates/bank/AbbinamentoBanca.h"
 
 #include <algorithm>
 #include <utility>
