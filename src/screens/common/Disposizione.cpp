@@ -10,6 +10,7 @@ namespace {
 
 /// Letters of the main window's menus: a letter that two things have presses neither.
 constexpr QLatin1String kLettereMenu("AMRSCI");
+constexpr int kUltimaCifra = 9;
 
 /// Index of the letter to mark: a word's first one if it can be, or -1.
 int Scelta(const QString& testo, const QSet<QChar>& usate) {
@@ -69,12 +70,16 @@ void FocoInVista(QWidget* controllo) {
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti) {
   QSet<QChar> usate;
   for (const auto lettera : QString(kLettereMenu)) usate.insert(lettera);
+  int cifra = 0;
   for (auto* pulsante : pulsanti) {
     const QString testo = pulsante->text();
     const int indice = Scelta(testo, usate);
-    if (indice < 0) continue;
-    usate.insert(testo[indice].toUpper());
-    pulsante->setText(QString(testo).insert(indice, QLatin1Char('&')));
+    if (indice >= 0) {
+      usate.insert(testo[indice].toUpper());
+      pulsante->setText(QString(testo).insert(indice, QLatin1Char('&')));
+    } else if (testo.size() > 1 && cifra < kUltimaCifra) {
+      pulsante->setText(QStringLiteral("%1 (&%2)").arg(testo).arg(++cifra));
+    }
   }
 }
 

@@ -26,7 +26,7 @@ void ColoraErrato(QWidget* campo, bool errato);
 void FocoInVista(QWidget* controllo);
 
 /// Gives each button an Alt letter of its caption that no other of the list and no menu of the main
-/// window has. A button for which none is left goes without.
+/// window has; when they run out, a digit after the caption.
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti);
 
 }  // namespace fenalto

@@ -173,8 +173,9 @@ void FinestraSituazioneScadenze::Interno::CreaGriglie() {
 
 QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaScelta() {
   classe->setObjectName(QStringLiteral("CFPx"));
-  classe->addItem(tr("C - clienti"), QStringLiteral("C"));
-  classe->addItem(tr("F - fornitori"), QStringLiteral("F"));
+  classe->addItem(QStringLiteral("C"), QStringLiteral("C"));
+  classe->addItem(QStringLiteral("F"), QStringLiteral("F"));
+  classe->setToolTip(tr("C clienti, F fornitori"));
   const SceltaSituazione proposta = situazioni.Proposta();
   classe->setCurrentIndex(classe->findData(Qs(proposta.cfp)));
   alla->Mostra(proposta.alla);

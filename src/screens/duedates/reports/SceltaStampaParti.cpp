@@ -29,8 +29,9 @@ SceltaStampaParti::SceltaStampaParti(Finestre& finestre, Scheda& scheda, Legatur
       da_(Codice("DaCliFor")),
       a_(Codice("ACliFor")) {
   classe_->setObjectName(QStringLiteral("CFPx"));
-  classe_->addItem(tr("C - clienti"), QStringLiteral("C"));
-  classe_->addItem(tr("F - fornitori"), QStringLiteral("F"));
+  classe_->addItem(QStringLiteral("C"), QStringLiteral("C"));
+  classe_->addItem(QStringLiteral("F"), QStringLiteral("F"));
+  classe_->setToolTip(tr("C clienti, F fornitori"));
   da_->setPlaceholderText(tr("dal primo"));
   a_->setPlaceholderText(tr("all'ultimo"));
 
