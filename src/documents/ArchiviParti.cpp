@@ -1,148 +1,83 @@
 #include "documents/ArchiviParti.h"
 
-#include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "core/archives/Importazione.h"
-#include "core/archives/Riferimenti.h"
+#include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
-#include "core/values/ControlloCodiceFiscale.h"
-#include "core/values/ControlloPartitaIva.h"
 #include "core/values/Testo.h"
+#include "documents/CodiceParte.h"
+#include "documents/PartiInterno.h"
 #include "ledger/ContiClientiFornitori.h"
+#include "ledger/PannelloSaldo.h"
 
 namespace fenalto {
 namespace {
 
 /// Greatest length of a party's code: the place it has on lists and in the bank's files.
 constexpr int kCaratteriCodice = 10;
+/// Right that the functions of accounting ask.
+constexpr int kLivelloContabile = 99;
+constexpr const char* kInviaEmail = "InviaEmail";
 
-// Extra fields that no control shows.
-constexpr const char* kContoPrima = "ContoPrima";     ///< summary account as stored
-constexpr const char* kPivaPrima = "PivaPrima";       ///< VAT number as stored
-constexpr const char* kPivaAmmessa = "PivaAmmessa";   ///< one the user wants though it's taken
-constexpr const char* kVocePersa = "VoceNonTrovata";  ///< code that the list hadn't, to be told
-
-/// What makes customers different from suppliers.
-struct Parte {
-  const char* tabella;
-  const char* classe;  ///< in registrations, and of the summary accounts
-  const char* titolo;
-  const char* titoloNuovo;
-  const char* titoloRecord;
-};
-constexpr Parte kClienti = {"Clienti", "C", "Archivio Clienti", "nuovo cliente", "cliente "};
-constexpr Parte kFornitori = {"Fornitori", "F", "Archivio Fornitori", "nuovo fornitore",
-                              "fornitore "};
-
-std::string Rifilato(const Scheda& scheda, const char* campo) {
-  return std::string(Rifila(scheda.Testo(campo)));
-}
+constexpr Parte kClienti = {.tabella = "Clienti",
+                            .classe = "C",
+                            .titolo = "Archivio Clienti",
+                            .titoloNuovo = "nuovo cliente",
+                            .titoloRecord = "cliente ",
+                            .plurale = "clienti",
+                            .chiaveNuovo = "nuovocliente",
+                            .ordini = "OrdiniCli"};
+constexpr Parte kFornitori = {.tabella = "Fornitori",
+                              .classe = "F",
+                              .titolo = "Archivio Fornitori",
+                              .titoloNuovo = "nuovo fornitore",
+                              .titoloRecord = "fornitore ",
+                              .plurale = "fornitori",
+                              .chiaveNuovo = "nuovofornitore",
+                              .ordini = "OrdiniFor"};
 
 // --- Opening -------------------------------------------------------------------------------------
 
-/// A new party is proposed the first summary account of its class.
-void Aperta(ContestoArchivio& contesto, const Parte& parte) {
+/// A new party is proposed the next code, and the first summary account of its class.
+void Proponi(ContestoArchivio& contesto, const Parte& parte) {
   Scheda& scheda = contesto.scheda;
-  if (contesto.nuovo && scheda.Testo("Conto").empty()) {
+  if (CodificaAutomatica(contesto.ambiente)) {
+    const std::string ultimo = UltimoCodice(contesto.ambiente, parte.tabella);
+    scheda.Scrivi(kUltimoCodice, ultimo);
+    scheda.Scrivi("Cod", CodiceDopo(ultimo));
+  }
+  if (scheda.Testo("Conto").empty()) {
     scheda.Scrivi("Conto", contesto.ambiente.ArchivioDi("tessarc")
                                .Singolo("SELECT Min(Cod) FROM Conti WHERE " +
                                         Criterio("CFP", "=", parte.classe))
                                .Testo());
   }
+}
+
+void Aperta(ContestoArchivio& contesto, const Parte& parte) {
+  Scheda& scheda = contesto.scheda;
+  scheda.Scrivi(kUltimoCodice, "");
+  if (contesto.nuovo) Proponi(contesto, parte);
   scheda.Scrivi(kContoPrima, contesto.nuovo ? "" : scheda.Testo("Conto"));
   scheda.Scrivi(kPivaPrima, contesto.nuovo ? "" : scheda.Testo("piva"));
   scheda.Scrivi(kPivaAmmessa, "");
   scheda.Scrivi(kVocePersa, "");
+  MostraPagamento(contesto);
 }
 
-// --- Tax numbers ---------------------------------------------------------------------------------
-
-/// Begins with the letters of another state; sixteen characters are a person's Italian tax code.
-bool Estero(std::string_view numero) {
-  constexpr std::size_t kPersona = 16;
-  const auto lettera = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-  const std::string_view resto = Rifila(numero);
-  return resto.size() > 2 && resto.size() != kPersona && lettera(resto[0]) && lettera(resto[1]) &&
-         !UgualeTesto(resto.substr(0, 2), "IT");
-}
-
-/// Told, and the number stays.
-void AvvisaPiva(ContestoArchivio& contesto) {
-  const std::string piva = contesto.scheda.Testo("piva");
-  const std::string_view errore = ControlloPartitaIva(piva);
-  // A person may be known by the tax code alone.
-  if (errore.empty() || ControlloCodiceFiscale(piva).empty()) return;
-  contesto.ambiente.Dialogo().Messaggio(
-      "PARTITA IVA ERRATA\n(oppure potrebbe trattarsi di codice fiscale o p.iva estera)\n" +
-          std::string(errore),
-      Icona::Avviso);
-}
-
-void AvvisaCodFisc(ContestoArchivio& contesto) {
-  const Scheda& scheda = contesto.scheda;
-  const std::string_view errore = ControlloCodiceFiscale(scheda.Testo("CodFisc"));
-  if (errore.empty() || Estero(scheda.Testo("CodFisc")) || Estero(scheda.Testo("piva"))) return;
-  contesto.ambiente.Dialogo().Messaggio(
-      "CODICE FISCALE ERRATO\n" + std::string(errore) + ": controllare, oppure proseguire",
-      Icona::Avviso);
-}
-
-/// True when no other party of the class has that VAT number, or the user wants it all the same.
-bool AmmettePiva(ContestoArchivio& contesto, const Parte& parte) {
-  Scheda& scheda = contesto.scheda;
-  const std::string piva = Rifilato(scheda, "piva");
-  if (piva.empty() || UgualeTesto(piva, scheda.Testo(kPivaAmmessa)) ||
-      (!contesto.nuovo && UgualeTesto(piva, Rifilato(scheda, kPivaPrima)))) {
-    return true;
+void ClienteAperto(ContestoArchivio& contesto, DestinazioniCliente& destinazioni) {
+  // A new record that holds values already is a copy: its destinations are copied too.
+  const bool copia = contesto.nuovo && contesto.scheda.Modificata();
+  if (copia) {
+    destinazioni.Copiate();
+  } else {
+    destinazioni.Leggi(contesto.ambiente, contesto.codicePrima);
+    constexpr std::int64_t kPrimoPrezzo = 1;
+    if (contesto.nuovo) contesto.scheda.Scrivi("Prezzi123", kPrimoPrezzo);
   }
-  std::string sql = "SELECT Min(Cod) FROM ";
-  sql.append(parte.tabella).append(" WHERE ").append(Criterio("piva", "=", piva));
-  if (!contesto.nuovo) sql += " AND " + Criterio("Cod", "<>", contesto.codicePrima);
-  const Valore altra = contesto.ambiente.ArchivioDi("tessarc").Singolo(sql);
-  if (altra.Nullo()) return true;
-  if (!contesto.ambiente.Dialogo().Conferma("partita iva già esistente su cod " + altra.Testo() +
-                                            "\nproseguo ugualmente")) {
-    return false;
-  }
-  scheda.Scrivi(kPivaAmmessa, piva);
-  return true;
-}
-
-void Lasciata(ContestoArchivio& contesto, const Parte& parte, const std::string& campo) {
-  if (UgualeTesto(campo, "CodFisc")) return AvvisaCodFisc(contesto);
-  if (!UgualeTesto(campo, "piva")) return;
-  AvvisaPiva(contesto);
-  if (!AmmettePiva(contesto, parte)) contesto.scheda.Scrivi("piva", "");
-}
-
-// --- Checks of a confirmation --------------------------------------------------------------------
-
-std::optional<Rifiuto> MancaConto(ContestoArchivio& contesto, const Parte& parte) {
-  Scheda& scheda = contesto.scheda;
-  if (!Rifilato(scheda, "Conto").empty()) return std::nullopt;
-  const std::string prima = scheda.Testo(kContoPrima);
-  if (!prima.empty() && CodiceUsato(contesto.ambiente, parte.tabella, contesto.codicePrima)) {
-    scheda.Scrivi("Conto", prima);
-    return Rifiuto{"il conto riepilogativo non si può cancellare esistono registrazioni", "Conto"};
-  }
-  return Rifiuto{"manca conto riepilogativo", "Conto"};
-}
-
-std::optional<Rifiuto> ContoDiAltraClasse(ContestoArchivio& contesto, const Parte& parte) {
-  const std::string conto = Rifilato(contesto.scheda, "Conto");
-  const Valore classe = contesto.ambiente.Cerca("tessarc", "Conti", {{"Cod", conto}}, "CFP");
-  if (UgualeTesto(classe.Testo(), parte.classe)) return std::nullopt;
-  return Rifiuto{"il conto " + conto + " non è un riepilogativo di classe " + parte.classe,
-                 "Conto"};
-}
-
-/// Asked here too: a copied record comes with a number that nobody typed.
-std::optional<Rifiuto> PivaDiAltri(ContestoArchivio& contesto, const Parte& parte) {
-  if (AmmettePiva(contesto, parte)) return std::nullopt;
-  return Rifiuto{"", "piva"};
+  Aperta(contesto, kClienti);
 }
 
 // --- The list that movements search --------------------------------------------------------------
@@ -170,56 +105,79 @@ void DiVocePersa(ContestoArchivio& contesto) {
 }
 
 void TogliVoceDiParte(ContestoArchivio& contesto, const Parte& parte) {
-  TogliVoce(contesto.ambiente.ArchivioDi("tessarc"), {contesto.codicePrima, parte.classe});
+  const bool trovata =
+      TogliVoce(contesto.ambiente.ArchivioDi("tessarc"), {contesto.codicePrima, parte.classe});
+  contesto.scheda.Scrivi(kVocePersa, trovata ? "" : contesto.codicePrima);
+}
+
+// --- Buttons -------------------------------------------------------------------------------------
+
+using Righe = std::vector<std::string>;
+
+Righe NonRegistrata(const Parte& parte) {
+  return {std::string(parte.titoloRecord) + "non ancora registrato"};
+}
+
+Righe MostraSaldo(ContestoArchivio& contesto, const Parte& parte) {
+  Ambiente& ambiente = contesto.ambiente;
+  if (!ambiente.HaDiritto(kLivelloContabile)) {
+    ambiente.Dialogo().Messaggio(
+        "l'utente " + ambiente.UtenteCorrente().cod + " non ha i diritti per questa operazione",
+        Icona::Avviso);
+    return {};
+  }
+  if (contesto.nuovo) return NonRegistrata(parte);
+  return RigheSaldo(ambiente, parte.classe, contesto.codicePrima);
+}
+
+/// A button that opens a function on the party.
+PulsanteArchivio Collegamento(const Parte& parte, const char* nome, const char* testo,
+                              const char* finestra) {
+  return {nome, testo, true,
+          [&parte, finestra](ContestoArchivio& contesto) {
+            if (contesto.nuovo) return NonRegistrata(parte);
+            if (contesto.apri) {
+              contesto.apri(finestra, std::string(parte.classe) + "|" + contesto.codicePrima);
+            }
+            return Righe();
+          },
+          finestra};
+}
+
+Righe InviaEmail(ContestoArchivio& contesto) {
+  const std::string indirizzo(Rifila(contesto.scheda.Testo("EMail")));
+  if (!indirizzo.empty() && !contesto.ambiente.Dialogo().ApriEsterno("mailto:" + indirizzo)) {
+    contesto.ambiente.Dialogo().Messaggio(
+        "non si apre il programma di posta per scrivere a " + indirizzo, Icona::Avviso);
+  }
+  return {};
+}
+
+std::vector<PulsanteArchivio> Pulsanti(const Parte& parte) {
+  return {Collegamento(parte, "movimenti", "Movimenti", "MovimentiConto"),
+          {"saldo", "Saldo", true, [&parte](ContestoArchivio& c) { return MostraSaldo(c, parte); }},
+          Collegamento(parte, "scadenze", "Scadenze", "Scadenze"),
+          Collegamento(parte, "statistiche", "Statistiche", "StStatistiche"),
+          Collegamento(parte, "ordini", "Ordini", parte.ordini),
+          Collegamento(parte, "interroga", "Interrogazione", "InterrCliFor"),
+          {kInviaEmail, "Invia email", true, InviaEmail},
+          PulsanteImporta(parte.tabella)};
 }
 
 // --- The description -----------------------------------------------------------------------------
 
-std::vector<CampoArchivio> Anagrafica() {
-  return {{.nome = "ragsoc1", .didascalia = "Ragione sociale", .caratteri = 50},
-          {.nome = "ragsoc2", .didascalia = "(seconda riga)", .caratteri = 50},
-          {.nome = "indirizzo", .didascalia = "Indirizzo", .caratteri = 50},
-          {.nome = "cap", .didascalia = "CAP", .caratteri = 10},
-          {.nome = "localita", .didascalia = "Località", .caratteri = 50, .elenco = true},
-          {.nome = "Prov",
-           .didascalia = "Provincia",
-           .caratteri = 4,
-           .elenco = true,
-           .maiuscole = true},
-          {.nome = "telefono1", .didascalia = "Telefono", .caratteri = 30, .elenco = true},
-          {.nome = "EMail", .didascalia = "E-mail", .caratteri = 120},
-          {.nome = "piva",
-           .didascalia = "Partita IVA",
-           .caratteri = 16,
-           .elenco = true,
-           .maiuscole = true},
-          {.nome = "CodFisc", .didascalia = "Codice fiscale", .caratteri = 16, .maiuscole = true}};
-}
-
-/// How invoices are accounted.
-std::vector<CampoArchivio> Contabili(const Parte& parte) {
-  const auto codice = [](const char* nome, const char* didascalia, const char* tabella,
-                         const char* archivio, std::string filtro = "") {
-    return CampoArchivio{
-        .nome = nome,
-        .didascalia = didascalia,
-        .genere = GenereCampo::Codice,
-        .fonte = {.fonte = tabella, .archivio = archivio, .filtro = std::move(filtro)},
-        .riquadro = "Contabilita"};
-  };
-  return {
-      codice("Conto", "Conto riepilogativo", "Conti", "CONTI", Criterio("CFP", "=", parte.classe)),
-      codice("ContropFatture", "Contropartita fatture", "Conti", "CONTI", "CFP='P'"),
-      codice("CodIva", "Codice IVA", "CodiciIva", "CODICIIVA"),
-      codice("Pagamento", "Pagamento", "Pagamento", "CODICIPAGAMENTO"),
-      codice("Categoria", "Categoria", "Categorie", "CATEGORIE"),
-      {.nome = "Ep", .didascalia = "Sospensione IVA", .riquadro = "Contabilita"}};
-}
-
-std::vector<std::string> MostraMovimenti(ContestoArchivio& contesto, const Parte& parte) {
-  if (contesto.nuovo) return {std::string(parte.titoloRecord) + "non ancora registrato"};
-  if (contesto.apri) {
-    contesto.apri("MovimentiConto", std::string(parte.classe) + "|" + contesto.codicePrima);
+StatoCampo StatoDi(const ContestoArchivio& contesto, const std::string& nome) {
+  if (UgualeTesto(nome, kUltimoCodice)) {
+    return {.visibile = !contesto.scheda.Testo(kUltimoCodice).empty()};
+  }
+  if (UgualeTesto(nome, kPersonaFisica)) {
+    return {.visibile = ImpostazioneAttiva(contesto.ambiente, "RITENUTAACCONTO")};
+  }
+  if (UgualeTesto(nome, kInfoPagamento)) {
+    return {.visibile = !contesto.scheda.Testo(kInfoPagamento).empty()};
+  }
+  if (UgualeTesto(nome, kInviaEmail)) {
+    return {.attivo = !Rifila(contesto.scheda.Testo("EMail")).empty()};
   }
   return {};
 }
@@ -233,34 +191,61 @@ DescrizioneArchivio ArchivioParte(const Parte& parte) {
   archivio.titoloNuovo = parte.titoloNuovo;
   archivio.titoloRecord = parte.titoloRecord;
   archivio.caratteriCodice = kCaratteriCodice;
-  archivio.campiExtra = {{kContoPrima, Tipo::Testo},
-                         {kPivaPrima, Tipo::Testo},
-                         {kPivaAmmessa, Tipo::Testo},
-                         {kVocePersa, Tipo::Testo}};
-  archivio.campi = Anagrafica();
-  archivio.riquadri = {{"Contabilita", "Contabilità"}};
-  for (CampoArchivio& campo : Contabili(parte)) archivio.campi.push_back(std::move(campo));
-  archivio.pulsanti = {{"movimenti", "Movimenti", true,
-                        [&parte](ContestoArchivio& c) { return MostraMovimenti(c, parte); }},
-                       PulsanteImporta(parte.tabella)};
+  archivio.confermaPassando = true;
+  archivio.soloEsistenti = [&parte](Ambiente& ambiente) {
+    return UgualeTesto(Rifila(ambiente.Config(parte.chiaveNuovo)), "NO");
+  };
+  for (const char* extra :
+       {kUltimoCodice, kInfoPagamento, kContoPrima, kPivaPrima, kPivaAmmessa, kVocePersa}) {
+    archivio.campiExtra.emplace_back(extra, Tipo::Testo);
+  }
+  DescriviCampi(archivio, parte);
+  archivio.pulsanti = Pulsanti(parte);
 
   archivio.aperto = [&parte](ContestoArchivio& c) { Aperta(c, parte); };
   archivio.lasciato = [&parte](ContestoArchivio& c, const std::string& campo) {
-    Lasciata(c, parte, campo);
+    ParteLasciata(c, parte, nullptr, campo);
   };
-  archivio.controlli = {[&parte](ContestoArchivio& c) { return MancaConto(c, parte); },
-                        [&parte](ContestoArchivio& c) { return ContoDiAltraClasse(c, parte); },
-                        [&parte](ContestoArchivio& c) { return PivaDiAltri(c, parte); }};
+  archivio.stato = StatoDi;
+  archivio.controlli = ControlliParte(parte);
+  archivio.controlliDopoCodice = ControlliParteDopoCodice(parte);
   archivio.conScrittura = [&parte](ContestoArchivio& c) { ScriviVoce(c, parte); };
   archivio.conEliminazione = [&parte](ContestoArchivio& c) { TogliVoceDiParte(c, parte); };
   archivio.dopoConferma = DiVocePersa;
+  archivio.dopoEliminazione = DiVocePersa;
   return archivio;
 }
 
 }  // namespace
 
+DescrizioneArchivio ArchivioClienti(const std::shared_ptr<DestinazioniCliente>& destinazioni) {
+  DescrizioneArchivio clienti = ArchivioParte(kClienti);
+  clienti.aperto = [destinazioni](ContestoArchivio& c) { ClienteAperto(c, *destinazioni); };
+  clienti.lasciato = [destinazioni](ContestoArchivio& c, const std::string& campo) {
+    ParteLasciata(c, kClienti, destinazioni.get(), campo);
+  };
+  clienti.stato = [destinazioni](const ContestoArchivio& c, const std::string& nome) {
+    // The page has room for one of them at a time.
+    if (UgualeTesto(nome, kPredefinita)) return StatoCampo{.visibile = !destinazioni->InRiga()};
+    return StatoDi(c, nome);
+  };
+  clienti.conScrittura = [destinazioni](ContestoArchivio& c) {
+    destinazioni->Scrivi(c.ambiente, c.codicePrima, c.Codice());
+    ScriviVoce(c, kClienti);
+  };
+  clienti.conEliminazione = [](ContestoArchivio& c) {
+    DestinazioniCliente::EliminaTutte(c.ambiente, c.codicePrima);
+    TogliVoceDiParte(c, kClienti);
+  };
+  return clienti;
+}
+
+DescrizioneArchivio ArchivioFornitori() {
+  return ArchivioParte(kFornitori);
+}
+
 std::vector<DescrizioneArchivio> ArchiviParti() {
-  return {ArchivioParte(kClienti), ArchivioParte(kFornitori)};
+  return {ArchivioClienti(std::make_shared<DestinazioniCliente>()), ArchivioFornitori()};
 }
 
 }  // namespace fenalto

@@ -65,6 +65,8 @@ void PivaLasciata(ContestoArchivio& contesto, const Parte& parte) {
   const std::string piva = contesto.scheda.Testo("piva");
   if (Rifila(piva).empty()) return;
   ControlloPartitaIva(contesto.ambiente.Dialogo(), piva, true);
+  // Stored with blanks behind, it would be no other's number.
+  contesto.scheda.Scrivi("piva", Rifilato(contesto.scheda, "piva"));
   if (AmmettePiva(contesto, parte)) return;
   contesto.scheda.Scrivi("piva", "");
   contesto.foco = "piva";

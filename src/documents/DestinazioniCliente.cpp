@@ -32,7 +32,7 @@ void DestinazioniCliente::Leggi(Ambiente& ambiente, const std::string& cod) {
   Rs rs =
       ambiente.ArchivioDi("tessarc").Recordset(sql + Criterio("COD", "=", cod) + " order by POSI");
   for (; !rs.Eof(); rs.MoveNext()) {
-    Destinazione letta;
+    DestinazioneMerce letta;
     letta.posi = rs.Fields("POSI").Intero();
     for (std::size_t i = 0; i < letta.testi.size(); ++i) {
       letta.testi[i] = rs.Fields(kCampiDestinazione[i]).Testo();
@@ -46,7 +46,7 @@ void DestinazioniCliente::Copiate() {
   modificate_ = !righe_.empty();
 }
 
-void DestinazioniCliente::Mostra(const Destinazione& destinazione) {
+void DestinazioniCliente::Mostra(const DestinazioneMerce& destinazione) {
   riga_.Svuota();
   riga_.Scrivi("Posi", destinazione.posi);
   for (std::size_t i = 0; i < destinazione.testi.size(); ++i) {
@@ -65,8 +65,8 @@ bool DestinazioniCliente::Nuova(ContestoArchivio& cliente) {
         Icona::Avviso);
     return false;
   }
-  Destinazione nuova;
-  for (const Destinazione& riga : righe_) nuova.posi = std::max(nuova.posi, riga.posi);
+  DestinazioneMerce nuova;
+  for (const DestinazioneMerce& riga : righe_) nuova.posi = std::max(nuova.posi, riga.posi);
   ++nuova.posi;
   posiPrima_ = 0;
   Mostra(nuova);
@@ -83,7 +83,7 @@ bool DestinazioniCliente::Apri(std::int64_t posi) {
 
 bool DestinazioniCliente::Conferma(Dialoghi& dialogo) {
   if (!inRiga_) return false;
-  Destinazione riga;
+  DestinazioneMerce riga;
   riga.posi = riga_.Leggi("Posi").Intero();
   for (std::size_t i = 0; i < riga.testi.size(); ++i) {
     riga.testi[i] = std::string(Rifila(riga_.Testo(kCampiDestinazione[i])));
@@ -126,7 +126,7 @@ void DestinazioniCliente::Scrivi(Ambiente& ambiente, const std::string& codicePr
   // Rows under the new code can only be what a deletion by another program left behind.
   if (!codicePrima.empty()) EliminaTutte(ambiente, codicePrima);
   EliminaTutte(ambiente, codice);
-  for (const Destinazione& riga : righe_) {
+  for (const DestinazioneMerce& riga : righe_) {
     std::vector<Coppia> campi = {{"COD", codice}, {"POSI", riga.posi}};
     for (std::size_t i = 0; i < riga.testi.size(); ++i) {
       campi.emplace_back(kCampiDestinazione[i], riga.testi[i]);
@@ -140,9 +140,9 @@ void DestinazioniCliente::EliminaTutte(Ambiente& ambiente, const std::string& co
                                         Criterio("COD", "=", codice));
 }
 
-std::vector<Destinazione>::iterator DestinazioniCliente::Trova(std::int64_t posi) {
+std::vector<DestinazioneMerce>::iterator DestinazioniCliente::Trova(std::int64_t posi) {
   return std::find_if(righe_.begin(), righe_.end(),
-                      [&](const Destinazione& riga) { return riga.posi == posi; });
+                      [&](const DestinazioneMerce& riga) { return riga.posi == posi; });
 }
 
 }  // namespace fenalto

@@ -21,7 +21,7 @@ inline constexpr std::array kCampiPredefinita = {"RagSoc1Dest", "ragsoc2Dest",  
                                                  "CodDest"};
 
 /// A row of `Destinazioni_R`; `posi` is what documents keep of it.
-struct Destinazione {
+struct DestinazioneMerce {
   std::int64_t posi = 0;
   std::array<std::string, kCampiDestinazione.size()> testi = {};
 };
@@ -36,7 +36,7 @@ class DestinazioniCliente {
   void Leggi(Ambiente& ambiente, const std::string& cod);
   /// The destinations are those of a copied customer: to be written with the new one.
   void Copiate();
-  [[nodiscard]] const std::vector<Destinazione>& Righe() const { return righe_; }
+  [[nodiscard]] const std::vector<DestinazioneMerce>& Righe() const { return righe_; }
   /// A row was added, changed or deleted.
   [[nodiscard]] bool Modificate() const { return modificate_; }
 
@@ -64,10 +64,10 @@ class DestinazioniCliente {
   static void EliminaTutte(Ambiente& ambiente, const std::string& codice);
 
  private:
-  [[nodiscard]] std::vector<Destinazione>::iterator Trova(std::int64_t posi);
-  void Mostra(const Destinazione& destinazione);
+  [[nodiscard]] std::vector<DestinazioneMerce>::iterator Trova(std::int64_t posi);
+  void Mostra(const DestinazioneMerce& destinazione);
 
-  std::vector<Destinazione> righe_;
+  std::vector<DestinazioneMerce> righe_;
   Scheda riga_;
   bool inRiga_ = false;
   std::int64_t posiPrima_ = 0;  ///< position of the row in edit, 0 for a new one

@@ -39,8 +39,8 @@ inline constexpr const char* kVocePersa = "VoceNonTrovata";  ///< code that the 
 void DescriviCampi(DescrizioneArchivio& archivio, const Parte& parte);
 /// Frame of what is asked of natural persons under withholding.
 inline constexpr const char* kPersonaFisica = "PersonaFisica";
-/// Page of the destinations.
-inline constexpr const char* kPaginaDestinazioni = "PaginaDestinazioni";
+/// Frame of the predefined destination.
+inline constexpr const char* kPredefinita = "DestinazionePredefinita";
 
 // --- Rules (ControlliParti.cpp) ------------------------------------------------------------------
 

@@ -141,7 +141,7 @@ TEST_F(ArchiviPartiTest, Rifiuti) {
     const char* campo;
   };
   const std::vector<Caso> casi = {
-      {{}, "inserire un codice", "Cod"},
+      {{{"Cod", " "}}, "inserire un codice", "Cod"},
       {{{"Cod", "12345678901"}}, "il codice può avere al più 10 caratteri", "Cod"},
       {{{"Cod", "9000"}, {"Conto", " "}}, "manca conto riepilogativo", "Conto"},
       {{{"Cod", "9000"}, {"Conto", "400.001"}},
@@ -170,10 +170,10 @@ TEST_F(ArchiviPartiTest, NumeriFiscaliErratiSiDicono) {
   const std::vector<Caso> casi = {
       {{{"piva", "12345678903"}}, ""},
       {{{"piva", "12345678903     "}}, ""},
-      {{{"piva", "IT12345678903"}}, ""},
       {{{"piva", "RSSMRA80A01H501U"}}, ""},
       {{{"piva", ""}}, ""},
-      {{{"piva", "DE12345"}}, ""},
+      {{{"piva", "IT12345678903"}}, "PARTITA IVA ERRATA"},
+      {{{"piva", "DE12345"}}, "PARTITA IVA ERRATA"},
       {{{"piva", "12345678901"}},
        "PARTITA IVA ERRATA\n(oppure potrebbe trattarsi di codice fiscale o p.iva estera)"},
       {{{"piva", "1234"}}, "PARTITA IVA ERRATA"},
@@ -181,7 +181,7 @@ TEST_F(ArchiviPartiTest, NumeriFiscaliErratiSiDicono) {
       {{{"CodFisc", "12345678903"}}, ""},
       {{{"CodFisc", "RSSMRA80A01H501A"}}, "CODICE FISCALE ERRATO\nlettera di controllo"},
       {{{"CodFisc", "ESX1234567X"}}, ""},
-      {{{"piva", "FR12345678901"}, {"CodFisc", "12345"}}, ""},
+      {{{"piva", "FR12345678901"}, {"CodFisc", "12345"}}, "PARTITA IVA ERRATA"},
       {{{"CodFisc", "12345"}}, "CODICE FISCALE ERRATO"},
   };
   for (std::size_t i = 0; i < casi.size(); ++i) {

@@ -97,7 +97,7 @@ struct PaginaArchivio {
   std::string titolo;
 };
 
-/// How a field or frame is shown for the record as it is now.
+/// How a field, a frame or a button of the record is shown for the record as it is now.
 struct StatoCampo {
   bool visibile = true;
   bool attivo = true;

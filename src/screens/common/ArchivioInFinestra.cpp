@@ -175,10 +175,12 @@ void FinestraArchivio::Interno::CreaPropri() {
   for (const auto& descritto : archivio.Descrizione().pulsanti) {
     auto* pulsante = Pulsante(Qs(descritto.nome), Qs(descritto.testo));
     connect(pulsante, &QPushButton::clicked, &finestra, [this, &descritto] { Esegui(descritto); });
-    pulsante->setEnabled(descritto.finestra.empty() ||
-                         gestore.FunzioneDisponibile(Qs(descritto.finestra)));
+    const bool disponibile =
+        descritto.finestra.empty() || gestore.FunzioneDisponibile(Qs(descritto.finestra));
+    pulsante->setEnabled(disponibile);
     if (descritto.conRecord) {
       propri << pulsante;
+      if (disponibile) disponibili << pulsante;
     } else {
       pagina->AggiungiPulsante(pulsante);
     }

@@ -92,7 +92,8 @@ struct FinestraArchivio::Interno {
   QPushButton* precedente = nullptr;
   QPushButton* successivo = nullptr;
   QPushButton* annulla = nullptr;
-  QList<QAbstractButton*> propri;  ///< the description's own that work on the record
+  QList<QAbstractButton*> propri;       ///< the description's own that work on the record
+  QList<QAbstractButton*> disponibili;  ///< those of them whose function there is
 };
 
 }  // namespace fenalto

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QTabWidget>
+#include <algorithm>
 
 #include "screens/common/ArchivioInFinestra.h"
 #include "screens/common/CampoCodice.h"
@@ -155,6 +156,9 @@ void FinestraArchivio::Interno::MostraStato() {
   sdoppia->setVisible(!soloEsistenti);
   pagina->MostraNuovo(!soloEsistenti);
   for (auto* pulsante : {sdoppia, precedente, successivo}) pulsante->setEnabled(esistente);
+  for (auto* pulsante : disponibili) {
+    pulsante->setEnabled(archivio.Stato(pulsante->objectName().toStdString()).attivo);
+  }
 }
 
 void FinestraArchivio::Interno::MostraTitolo() {
@@ -171,6 +175,10 @@ void FinestraArchivio::Interno::MostraRighe(const std::vector<std::string>& righ
   QStringList testo;
   for (const auto& riga : righe) testo << Qs(riga);
   riquadro->setPlainText(testo.join(QLatin1Char('\n')));
+  // A few lines don't take the record's place; one more keeps the last clear of the scroll bar.
+  constexpr int kMinime = 4;
+  const int linee = std::max(kMinime, static_cast<int>(testo.size())) + 2;
+  riquadro->setMaximumHeight(linee * riquadro->fontMetrics().lineSpacing());
   riquadro->setVisible(!righe.empty());
 }
 

@@ -157,6 +157,13 @@ void FinestraScadenze::Apri() {
 }
 
 void FinestraScadenze::ApriCodice(const QString& codice) {
+  if (const auto barra = codice.indexOf(QLatin1Char('|')); barra >= 0) {
+    if (Caso().Aperta()) return;
+    parte_->Imposta(codice.left(barra).toStdString(), codice.mid(barra + 1).toStdString());
+    Cerca();
+    FocoScelta();
+    return;
+  }
   bool numero = false;
   const qint64 quale = codice.toLongLong(&numero);
   if (numero && ApriScadenza(quale)) {

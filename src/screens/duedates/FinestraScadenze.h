@@ -22,7 +22,7 @@ class FinestraScadenze : public FinestraConScadenza {
   explicit FinestraScadenze(Finestre& finestre);
   ~FinestraScadenze() override;
 
-  /// The number of a due date.
+  /// The number of a due date, or a party ("C|0001"): those that it has to pay.
   void ApriCodice(const QString& codice) override;
 
  protected:

@@ -14,6 +14,7 @@
 #include "screens/archives/FinestraImporta.h"
 #include "screens/common/FinestraArchivio.h"
 #include "screens/company/FinestraUtility.h"
+#include "screens/documents/FinestraClienti.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/duedates/FinestraScadenze.h"
 #include "screens/duedates/FinestraScadenzeModifica.h"
@@ -82,6 +83,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
   FinestraPrincipale::Costruttori costruttori{
       {QStringLiteral("AbbinaEstratto"), Nuova<FinestraEstrattoBanca>()},
       {QStringLiteral("AccontiPrimaDiFattura"), Nuova<FinestraAnticipi>()},
+      {QStringLiteral("Clienti"), Nuova<FinestraClienti>()},
       {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
       {QStringLiteral("Fatture"),
        [](Finestre& finestre) -> FinestraFunzione* { return FinestraFatture::Crea(finestre); }},

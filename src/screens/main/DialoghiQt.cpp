@@ -197,8 +197,9 @@ std::unique_ptr<Avanzamento> DialoghiQt::Avvia(const std::string& testo, std::in
 
 bool DialoghiQt::ApriEsterno(const std::string& fileOIndirizzo) {
   const QString testo = Qs(fileOIndirizzo);
-  const QUrl indirizzo =
-      testo.contains(QLatin1String("://")) ? QUrl(testo) : QUrl::fromLocalFile(testo);
+  const bool indirizzato =
+      testo.contains(QLatin1String("://")) || testo.startsWith(QLatin1String("mailto:"));
+  const QUrl indirizzo = indirizzato ? QUrl(testo) : QUrl::fromLocalFile(testo);
   return QDesktopServices::openUrl(indirizzo);
 }
 
