@@ -7,7 +7,10 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/session/Ambiente.h"
@@ -31,15 +34,15 @@ struct ConteggioRamo {
 };
 
 struct FogliaParte {
-  std::string chiave;  ///< of its branch, without the x
+  std::string chiave;  ///< of its branch, without the x: "SCAD", "MOVANNO", "MOVPREC", "DOC"
   std::string testo;
   GenereFoglia genere = GenereFoglia::Scadenza;
   /// Number of the due date, of the registration or of the document, with the year of the last two.
   std::int64_t numero = 0;
   int anno = 0;
   std::string tipoDoc;
-  Importo importo;
-  bool conImporto = false;
+  /// What is left to pay, debit minus credit; nothing for documents.
+  std::optional<Importo> importo;
   /// Place in the order of the branch; the next page begins after it.
   std::vector<Valore> segno;
 };
@@ -77,6 +80,8 @@ struct TotaleIvaDocumento {
 };
 struct DocumentoParte {
   std::string titolo;
+  /// Payment, notes and the like, a line each.
+  std::vector<std::string> scritte;
   std::vector<RigaDocumento> righe;
   std::vector<TotaleIvaDocumento> totali;
 };
@@ -101,7 +106,7 @@ class InterrogazioneParte {
   [[nodiscard]] std::vector<RamoParte> Rami();
   [[nodiscard]] ConteggioRamo Conta(const RamoParte& ramo);
   /// Caption of a counted branch: that of movements tells the balance too.
-  [[nodiscard]] std::string Didascalia(const RamoParte& ramo, const ConteggioRamo& conteggio) const;
+  [[nodiscard]] std::string Didascalia(const RamoParte& ramo, const ConteggioRamo& conteggio);
   /// At most `quante` leaves after that one (from the first when null), in the order of the branch.
   [[nodiscard]] std::vector<FogliaParte> Foglie(const RamoParte& ramo, const FogliaParte* dopo,
                                                 std::size_t quante);
@@ -110,16 +115,23 @@ class InterrogazioneParte {
   /// more.
   [[nodiscard]] DocumentoParte Documento(const FogliaParte& foglia);
   [[nodiscard]] std::vector<RigaRegistrazione> Registrazione(int anno, std::int64_t numero);
-  /// Names and values of what a due date says of itself.
+  /// Names and values of what a due date says of itself; none when it isn't there any more.
   [[nodiscard]] std::vector<std::pair<std::string, std::string>> Scadenza(std::int64_t numero);
+  /// The registration behind a leaf: that of a movement, or of the invoice of a due date.
+  [[nodiscard]] std::optional<std::pair<int, std::int64_t>> Articolo(const FogliaParte& foglia);
 
+  /// Whether the amounts of a year are euro.
+  [[nodiscard]] bool InEuro(int anno);
   /// Decimals of the amounts of a year: lire have none.
-  [[nodiscard]] int DecimaliDi(int anno) const;
+  [[nodiscard]] int DecimaliDi(int anno);
 
  private:
+  [[nodiscard]] Rs Vista(const char* nome, const FogliaParte& foglia, const char* ordine);
+
   Ambiente& ambiente_;
   std::string cfp_;
   std::string codice_;
+  std::map<int, bool> euro_;
 };
 
 }  // namespace fenalto

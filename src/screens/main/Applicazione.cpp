@@ -15,6 +15,7 @@
 #include "screens/common/FinestraArchivio.h"
 #include "screens/company/FinestraUtility.h"
 #include "screens/documents/FinestraClienti.h"
+#include "screens/documents/FinestraInterrCliFor.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/duedates/FinestraScadenze.h"
 #include "screens/duedates/FinestraScadenzeModifica.h"
@@ -90,6 +91,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("FattureSospIva"), Nuova<FinestraFattureSospIva>()},
       {QStringLiteral("Importa"), Nuova<FinestraImporta>()},
       {QStringLiteral("InsolutiRiba"), Nuova<FinestraInsoluti>()},
+      {QStringLiteral("InterrCliFor"), Nuova<FinestraInterrCliFor>()},
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
       {QStringLiteral("PagamentiDaScadenzario"),

@@ -190,6 +190,7 @@ constexpr auto kArchivi = std::to_array<RigaArchivio>({
 /// Windows that only other windows and previews open.
 constexpr auto kSenzaVoce = std::to_array<VoceMenu>({
     {"", "", "Importa", 99},
+    {"", "", "InterrCliFor", 30},
     {"", "", "MovimentiConto", 99},
     {"", "", "ScadenzeModifica", 99},
     {"", "", "TestSaldi", 99},

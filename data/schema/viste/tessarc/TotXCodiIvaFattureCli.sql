@@ -1,4 +1,4 @@
--- What the rows of each document come to, by VAT code; rows without an amount or a code don't count.
+-- What the rows of each document come to, by VAT code; a row with neither amount nor code is text.
 SELECT FattureCli_r.TipoDoc, FattureCli_r.Anno, FattureCli_r.NumDoc, FattureCli_r.CodIva,
   CodiciIva.Descrizione AS DescrIva, CodiciIva.Perc AS Perc, Sum(FattureCli_r.Importo) AS Totale
 FROM FattureCli_r LEFT JOIN CodiciIva ON FattureCli_r.CodIva = CodiciIva.Cod
