@@ -6,8 +6,6 @@
 namespace fenalto {
 namespace {
 
-constexpr int kCifreData = 11;
-
 QString Nome(const char* nome) {
   return QString::fromLatin1(nome);
 }
@@ -29,14 +27,6 @@ std::shared_ptr<FonteCodici> Fonte(Finestre& finestre, const char* archivio, con
 }
 
 }  // namespace
-
-CampoData* CampoGiorno(const char* nome, Finestre& finestre) {
-  Ambiente& sessione = finestre.Sessione();
-  auto* campo = new CampoData(
-      Nome(nome), [&sessione] { return std::pair(sessione.Anno(), sessione.Ora().Oggi()); });
-  LargoCaratteri(campo, kCifreData);
-  return campo;
-}
 
 CampoCodice* CampoConto(const char* nome, Finestre& finestre) {
   return ConArchivio(new CampoCodice(Nome(nome), TabellaDiClasse("P"),

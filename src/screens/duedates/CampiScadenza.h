@@ -6,12 +6,11 @@
 
 #include "screens/common/Campi.h"
 #include "screens/common/CampoCodice.h"
+#include "screens/common/CampoGiorno.h"
 #include "screens/common/Finestre.h"
 
 namespace fenalto {
 
-/// A day, completed from the session's year.
-CampoData* CampoGiorno(const char* nome, Finestre& finestre);
 /// An account of the chart, with its description; F3 opens the archive.
 CampoCodice* CampoConto(const char* nome, Finestre& finestre);
 CampoCodice* CampoCausale(const char* nome, Finestre& finestre);

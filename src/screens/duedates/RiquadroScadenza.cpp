@@ -99,7 +99,7 @@ QWidget* RiquadroScadenza::CreaDati() {
   parte->addWidget(ConDescrizione(conto_, kCifreParte), 1);
   Lega(conto_);
 
-  auto* giorno = CampoGiorno("Dt", finestre_);
+  auto* giorno = CampoGiorno("Dt", finestre_.Sessione());
   auto* tipo = CampoTipo("Tipo", finestre_);
   tipo->setToolTip(tr("03 ricevuta bancaria; negli altri casi è solo un'indicazione"));
   auto* stato = new CampoTesto(QStringLiteral("Stato"), nullptr, 2);
@@ -120,7 +120,7 @@ QWidget* RiquadroScadenza::CreaDati() {
 
   auto* importo = InEuro("ImportoE");
   auto* pagato = InEuro("ImportoPagatoE");
-  auto* giornoPagato = CampoGiorno("DtPag", finestre_);
+  auto* giornoPagato = CampoGiorno("DtPag", finestre_.Sessione());
   auto* anticipo = new QCheckBox(tr("anticipo su fattura da emettere o ricevere"));
   anticipo->setObjectName(QStringLiteral("anticipo"));
   auto* seconda = fila(importo, tr("Importo"));
@@ -157,7 +157,7 @@ QWidget* RiquadroScadenza::CreaFattura() {
   programma->setToolTip(tr("chi ha scritto la scadenza"));
   int riga = 0;
   metti(Numero("NFat"), tr("Fattura n."), riga, 0);
-  metti(CampoGiorno("DtFat", finestre_), tr("del"), riga, 2);
+  metti(CampoGiorno("DtFat", finestre_.Sessione()), tr("del"), riga, 2);
   ++riga;
   metti(riva, tr("Registro iva"), riga, 0);
   metti(Numero("NProt"), tr("Protocollo"), riga, 2);
@@ -180,7 +180,7 @@ QWidget* RiquadroScadenza::CreaRiba() {
   auto* distinta = Numero("Ndistinta");
   griglia->addWidget(Didascalia(tr("Distinta n."), distinta), 1, 0);
   griglia->addWidget(Lega(distinta), 1, 1, Qt::AlignLeft);
-  auto* presentata = CampoGiorno("DtPres", finestre_);
+  auto* presentata = CampoGiorno("DtPres", finestre_.Sessione());
   griglia->addWidget(Didascalia(tr("Presentata il"), presentata), 2, 0);
   griglia->addWidget(Lega(presentata), 2, 1, Qt::AlignLeft);
   griglia->setColumnStretch(1, 1);

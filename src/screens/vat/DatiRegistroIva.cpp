@@ -6,6 +6,7 @@
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
+#include "screens/common/CampoGiorno.h"
 #include "screens/common/Disposizione.h"
 
 namespace fenalto {
@@ -165,11 +166,7 @@ CampoTesto* DatiRegistroIva::Testo(const char* nome, int lunghezza) {
 }
 
 CampoData* DatiRegistroIva::DataDi(const char* nome) {
-  constexpr int kCifre = 11;
-  auto* campo = new CampoData(QString::fromLatin1(nome), [this] {
-    return std::pair(Sessione().Anno(), Sessione().Ora().Oggi());
-  });
-  LargoCaratteri(campo, kCifre);
+  auto* campo = CampoGiorno(nome, Sessione());
   legatura.Lega(campo);
   return campo;
 }

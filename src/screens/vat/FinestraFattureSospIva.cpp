@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "core/values/FormatoImporto.h"
-#include "screens/common/Campi.h"
+#include "screens/common/CampoGiorno.h"
 #include "screens/common/Disposizione.h"
 #include "screens/common/Griglia.h"
 #include "vat/FattureSospese.h"
@@ -30,7 +30,6 @@ QString Qs(const std::string& testo) {
 
 struct FinestraFattureSospIva::Interno {
   Interno(FinestraFattureSospIva& finestraUsata, Finestre& gestoreUsato);
-  CampoData* CampoGiorno(const char* nome);
   void CreaGriglia();
   QHBoxLayout* CreaFiltri();
   QHBoxLayout* CreaPulsanti();
@@ -68,9 +67,9 @@ FinestraFattureSospIva::Interno::Interno(FinestraFattureSospIva& finestraUsata,
     : finestra(finestraUsata),
       gestore(gestoreUsato),
       sospese(gestoreUsato.Sessione()),
-      da(CampoGiorno("DaDt")),
-      a(CampoGiorno("AaDt")),
-      incasso(CampoGiorno("DtIncasso")),
+      da(CampoGiornoLibero("DaDt", gestoreUsato.Sessione())),
+      a(CampoGiornoLibero("AaDt", gestoreUsato.Sessione())),
+      incasso(CampoGiornoLibero("DtIncasso", gestoreUsato.Sessione())),
       imposta(Pulsante(QStringLiteral("Imposta"), tr("Imposta"), tr("Ctrl+Invio"))),
       annulla(Pulsante(QStringLiteral("AnnullaData"), tr("Annulla data"))),
       vedi(Pulsante(QStringLiteral("Vedi"), tr("Vedi registrazione"), tr("doppio clic"))),
@@ -86,22 +85,6 @@ FinestraFattureSospIva::Interno::Interno(FinestraFattureSospIva& finestraUsata,
   colonna->addLayout(CreaPulsanti());
   AssegnaMnemoniche({imposta, annulla, vedi, stampa, esporta});
   Collega();
-}
-
-CampoData* FinestraFattureSospIva::Interno::CampoGiorno(const char* nome) {
-  constexpr int kCifre = 11;
-  auto* campo = new CampoData(QString::fromLatin1(nome), [this] {
-    Ambiente& ambiente = gestore.Sessione();
-    return std::pair(ambiente.Anno(), ambiente.Ora().Oggi());
-  });
-  LargoCaratteri(campo, kCifre);
-  connect(campo, &QLineEdit::editingFinished, campo, [campo] {
-    const auto letto = campo->Letto();
-    ColoraErrato(campo, !letto);
-    campo->setToolTip(letto ? QString() : Qs(letto.Errore().messaggio));
-    if (letto) campo->Mostra(letto.Valore());
-  });
-  return campo;
 }
 
 void FinestraFattureSospIva::Interno::CreaGriglia() {

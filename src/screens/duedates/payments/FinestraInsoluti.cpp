@@ -87,7 +87,7 @@ QWidget* FinestraInsoluti::CreaDatiRiba() {
   auto* distinta = new CampoNumero(QStringLiteral("Ndistinta"));
   LargoCaratteri(distinta, kCifreNumero);
   aggiungi(distinta, tr("Distinta n."), *linea);
-  aggiungi(CampoGiorno("DtPres", Gestore()), tr("del"), *linea);
+  aggiungi(CampoGiorno("DtPres", Gestore().Sessione()), tr("del"), *linea);
   auto* pagamento =
       new QGroupBox(tr("Estremi pagamento (dalla registrazione pagamenti da scadenzario)"));
   auto* estremi = new QHBoxLayout(pagamento);

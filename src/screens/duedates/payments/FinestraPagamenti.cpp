@@ -172,7 +172,7 @@ FinestraPagamenti::Interno::Interno(FinestraPagamenti& finestraUsata, Finestre& 
 
 QLayout* FinestraPagamenti::Interno::CreaTesta() {
   auto* griglia = new QGridLayout;
-  auto* data = CampoGiorno("Dt", gestore);
+  auto* data = CampoGiorno("Dt", gestore.Sessione());
   auto* descrizione = new CampoTesto(QStringLiteral("Descrizione"));
   auto* diParte = new CampoTesto(QStringLiteral("DescrizioneParte"));
   diParte->setPlaceholderText(tr("come la descrizione"));
@@ -226,7 +226,7 @@ QLayout* FinestraPagamenti::Interno::CreaRicerca() {
   auto* fila = new QHBoxLayout;
   auto* nFat = new CampoNumero(QStringLiteral("nfat"));
   LargoCaratteri(nFat, kCifreNumero);
-  auto* dtFat = CampoGiorno("dtfat", gestore);
+  auto* dtFat = CampoGiorno("dtfat", gestore.Sessione());
   filtri->Lega(nFat);
   filtri->Lega(dtFat);
   fila->addWidget(Didascalia(tr("Fattura n."), nFat));

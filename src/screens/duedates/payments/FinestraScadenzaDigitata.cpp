@@ -83,14 +83,14 @@ QWidget* FinestraScadenzaDigitata::CreaScadenza() {
   stato->setToolTip(tr("00 e 01 aperta, 10 pagata in parte, 30 pagata"));
   auto* nFat = new CampoNumero(QStringLiteral("NFat"));
   LargoCaratteri(nFat, kCifreNumero);
-  aggiungi(CampoGiorno("Dt", Gestore()), tr("Data scadenza"), 0);
+  aggiungi(CampoGiorno("Dt", Gestore().Sessione()), tr("Data scadenza"), 0);
   aggiungi(importo, tr("Importo"), 2);
   ++linea;
   aggiungi(CampoTipo("Tipo", Gestore()), tr("Tipo"), 0);
   aggiungi(stato, tr("Stato"), 2);
   ++linea;
   aggiungi(nFat, tr("Fattura n."), 0);
-  aggiungi(CampoGiorno("DtFat", Gestore()), tr("del"), 2);
+  aggiungi(CampoGiorno("DtFat", Gestore().Sessione()), tr("del"), 2);
   ++linea;
   auto* descrizione = new CampoTesto(QStringLiteral("Descrizione"), nullptr, kCaratteriDescrizione);
   LargoCaratteri(descrizione, kCaratteriDescrizione);
@@ -108,7 +108,7 @@ QWidget* FinestraScadenzaDigitata::CreaRegistrazione() {
   auto* crea = new QCheckBox(tr("Creo registrazione contabile"));
   crea->setObjectName(QString::fromStdString("RegistrazioneContabilePagScad" + numero));
   impostazioni_->Lega(crea);
-  auto* giorno = CampoGiorno("DtReg", Gestore());
+  auto* giorno = CampoGiorno("DtReg", Gestore().Sessione());
   auto* descrizione = new CampoTesto(QStringLiteral("DescrizioneContabile"));
   dati_->Lega(giorno);
   dati_->Lega(descrizione);

@@ -10,7 +10,7 @@
 
 #include "core/values/FormatoImporto.h"
 #include "duedates/reports/SituazioneScadenze.h"
-#include "screens/common/Campi.h"
+#include "screens/common/CampoGiorno.h"
 #include "screens/common/Disposizione.h"
 #include "screens/common/GraficoBarre.h"
 #include "screens/common/Griglia.h"
@@ -21,7 +21,6 @@ namespace {
 
 enum Pagina { kSituazione = 0, kScadenze = 1 };
 
-constexpr int kCifreData = 11;
 constexpr int kLarghezzaMesi = 550;
 /// Columns of the due dates that say nothing when a party is chosen.
 constexpr int kColonneParte[] = {1, 2};
@@ -114,11 +113,7 @@ FinestraSituazioneScadenze::Interno::Interno(FinestraSituazioneScadenze& finestr
     : finestra(finestraUsata),
       gestore(gestoreUsato),
       situazioni(gestoreUsato.Sessione()),
-      alla(new CampoData(QStringLiteral("AllaData"),
-                         [this] {
-                           auto& sessione = gestore.Sessione();
-                           return std::pair(sessione.Anno(), sessione.Ora().Oggi());
-                         })),
+      alla(CampoGiorno("AllaData", gestoreUsato.Sessione())),
       aggiorna(Pulsante(QStringLiteral("Aggiorna"), tr("Aggiorna"), tr("F5"))),
       tutte(Pulsante(QStringLiteral("Tutte"), tr("Tutte le scadenze"))),
       esporta(Pulsante(QStringLiteral("XlsEsp"), tr("Esporto in Excel"))) {
@@ -180,7 +175,6 @@ QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaScelta() {
   classe->setCurrentIndex(classe->findData(Qs(proposta.cfp)));
   alla->Mostra(proposta.alla);
   alla->setToolTip(tr("le scadenze anteriori a questa data sono date per scadute"));
-  LargoCaratteri(alla, kCifreData);
   auto* riga = new QHBoxLayout;
   riga->addWidget(Didascalia(tr("Scadenze aperte di"), classe));
   riga->addWidget(classe);

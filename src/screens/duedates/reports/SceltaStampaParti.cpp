@@ -6,6 +6,7 @@
 
 #include "screens/common/Campi.h"
 #include "screens/common/CampoCodice.h"
+#include "screens/common/CampoGiorno.h"
 #include "screens/common/Disposizione.h"
 #include "screens/ledger/FontiPrimanota.h"
 
@@ -13,7 +14,6 @@ namespace fenalto {
 namespace {
 
 constexpr int kCifreCodice = 12;
-constexpr int kCifreData = 11;
 constexpr int kLarghezzaMinima = 560;
 
 }  // namespace
@@ -81,11 +81,7 @@ CampoCodice* SceltaStampaParti::Codice(const char* nome) {
 
 CampoData* SceltaStampaParti::Data(const char* nome, Finestre& finestre, Scheda& scheda,
                                    Legatura& legatura) {
-  auto* campo = new CampoData(QString::fromLatin1(nome), [&finestre] {
-    auto& sessione = finestre.Sessione();
-    return std::pair(sessione.Anno(), sessione.Ora().Oggi());
-  });
-  LargoCaratteri(campo, kCifreData);
+  auto* campo = CampoGiorno(nome, finestre.Sessione());
   scheda.Aggiungi(nome, Tipo::Data);
   legatura.Lega(campo);
   return campo;

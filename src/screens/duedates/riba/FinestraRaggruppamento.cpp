@@ -10,6 +10,7 @@
 #include "core/values/FormatoImporto.h"
 #include "duedates/riba/RaggruppamentoRiba.h"
 #include "screens/common/CampoCodice.h"
+#include "screens/common/CampoGiorno.h"
 #include "screens/common/Disposizione.h"
 #include "screens/common/Griglia.h"
 #include "screens/common/InCorso.h"
@@ -18,7 +19,6 @@
 namespace fenalto {
 namespace {
 
-constexpr int kCifreData = 11;
 constexpr int kCifreCodice = 12;
 constexpr int kColonnaRiferimenti = 6;
 
@@ -30,7 +30,6 @@ QString Qs(const std::string& testo) {
 
 struct FinestraRaggruppamento::Interno {
   Interno(FinestraRaggruppamento& finestraUsata, Finestre& gestoreUsato);
-  CampoData* CampoGiorno(const char* nome, Data proposto);
   void CreaGriglia();
   QHBoxLayout* CreaScelta();
   QHBoxLayout* CreaPulsanti();
@@ -63,8 +62,10 @@ FinestraRaggruppamento::Interno::Interno(FinestraRaggruppamento& finestraUsata,
     : finestra(finestraUsata),
       gestore(gestoreUsato),
       raggruppamento(gestoreUsato.Sessione(), gestoreUsato.Uscite()),
-      da(CampoGiorno("DaData", Data::DaGma(1, 1, gestoreUsato.Sessione().Anno()).value())),
-      a(CampoGiorno("AData", Data::DaGma(31, 12, gestoreUsato.Sessione().Anno()).value())),
+      da(CampoGiornoLibero("DaData", gestoreUsato.Sessione(),
+                           Data::DaGma(1, 1, gestoreUsato.Sessione().Anno()).value())),
+      a(CampoGiornoLibero("AData", gestoreUsato.Sessione(),
+                          Data::DaGma(31, 12, gestoreUsato.Sessione().Anno()).value())),
       cliente(new CampoCodice(QStringLiteral("CliFor"), TabellaDiClasse("C"),
                               FonteConti(gestoreUsato.Sessione(), "C"))),
       definitivo(new QCheckBox(tr("Stampa definitiva: raggruppa le scadenze"))),
@@ -84,22 +85,6 @@ FinestraRaggruppamento::Interno::Interno(FinestraRaggruppamento& finestraUsata,
   colonna->addLayout(CreaPulsanti());
   AssegnaMnemoniche({stampa, conferma, esporta});
   Collega();
-}
-
-CampoData* FinestraRaggruppamento::Interno::CampoGiorno(const char* nome, Data proposto) {
-  auto* campo = new CampoData(QString::fromLatin1(nome), [this] {
-    Ambiente& ambiente = gestore.Sessione();
-    return std::pair(ambiente.Anno(), ambiente.Ora().Oggi());
-  });
-  LargoCaratteri(campo, kCifreData);
-  campo->Mostra(proposto);
-  connect(campo, &QLineEdit::editingFinished, campo, [campo] {
-    const auto letto = campo->Letto();
-    ColoraErrato(campo, !letto);
-    campo->setToolTip(letto ? QString() : Qs(letto.Errore().messaggio));
-    if (letto) campo->Mostra(letto.Valore());
-  });
-  return campo;
 }
 
 void FinestraRaggruppamento::Interno::CreaGriglia() {

@@ -159,7 +159,7 @@ FinestraRiba::Interno::Interno(FinestraRiba& finestraUsata, Finestre& gestoreUsa
 QLayout* FinestraRiba::Interno::CreaDistinta() {
   auto* insieme = new QGridLayout;
   auto* banca = CampoBanca("Banca", gestore);
-  auto* data = CampoGiorno("DataDistinta", gestore);
+  auto* data = CampoGiorno("DataDistinta", gestore.Sessione());
   auto* cartella = new CampoTesto(QStringLiteral("DirectoryRiba"));
   auto* file = new CampoTesto(QStringLiteral("NomeFile"));
   cartella->setToolTip(tr("cartella dei file per la banca"));
