@@ -53,12 +53,15 @@ struct FinestraInterrCliFor::Interno {
   void MostraCorrente();
   /// Enter or a double click: the record itself, the next page of a branch.
   void Apri(const QModelIndex& indice);
+  /// The registration behind what is shown.
+  void VediRegistrazione();
 
   FinestraInterrCliFor& finestra;
   Finestre& gestore;
   std::unique_ptr<InterrogazioneParte> interrogazione;
   SceltaParte* parte;
   QPushButton* aggiorna;
+  QPushButton* registrazione;
   QLabel* testa = new QLabel;
   QTreeView* albero = new QTreeView;
   ModelloParte* modello;
@@ -70,6 +73,7 @@ FinestraInterrCliFor::Interno::Interno(FinestraInterrCliFor& finestraUsata, Fine
       gestore(gestoreUsato),
       parte(new SceltaParte(gestoreUsato)),
       aggiorna(Pulsante(QStringLiteral("Aggiorna"), tr("Aggiorna"), tr("F5"))),
+      registrazione(Pulsante(QStringLiteral("Registrazione"), tr("Vedi registrazione"))),
       modello(new ModelloParte(&finestraUsata)),
       pannello(new PannelloFoglia(finestraUsata.Nome())) {
   constexpr int kLargoAlbero = 430;
@@ -82,6 +86,7 @@ FinestraInterrCliFor::Interno::Interno(FinestraInterrCliFor& finestraUsata, Fine
   auto* sopra = new QHBoxLayout;
   sopra->addWidget(Didascalia(tr("Cliente/fornitore"), &parte->Campo()));
   sopra->addWidget(parte, 1);
+  sopra->addWidget(registrazione);
   sopra->addWidget(aggiorna);
   auto* sinistra = new QWidget;
   auto* sinistraColonna = new QVBoxLayout(sinistra);
@@ -96,7 +101,7 @@ FinestraInterrCliFor::Interno::Interno(FinestraInterrCliFor& finestraUsata, Fine
   auto* colonna = new QVBoxLayout(&finestra);
   colonna->addLayout(sopra);
   colonna->addWidget(divisore, 1);
-  AssegnaMnemoniche({aggiorna});
+  AssegnaMnemoniche({aggiorna, registrazione});
   Collega();
   Carica();
 }
@@ -114,6 +119,7 @@ void FinestraInterrCliFor::Interno::Collega() {
   auto* f = &finestra;
   connect(parte, &SceltaParte::ParteCambiata, f, [this] { Carica(); });
   connect(aggiorna, &QPushButton::clicked, f, [this] { Rileggi(); });
+  connect(registrazione, &QPushButton::clicked, f, [this] { VediRegistrazione(); });
   connect(albero->selectionModel(), &QItemSelectionModel::currentChanged, f,
           [this] { MostraCorrente(); });
   connect(albero, &QTreeView::doubleClicked, f,
@@ -159,9 +165,11 @@ void FinestraInterrCliFor::Interno::Rileggi() {
 }
 
 void FinestraInterrCliFor::Interno::MostraCorrente() {
+  const FogliaParte* foglia = modello->Foglia(albero->currentIndex());
+  registrazione->setEnabled(foglia != nullptr && interrogazione->Articolo(*foglia));
   if (!interrogazione) {
     pannello->Svuota(tr("scegliere un cliente o un fornitore"));
-  } else if (const FogliaParte* foglia = modello->Foglia(albero->currentIndex())) {
+  } else if (foglia != nullptr) {
     pannello->Mostra(*interrogazione, *foglia);
   } else {
     pannello->Svuota(tr("scegliere una scadenza, un movimento o un documento"));
@@ -189,6 +197,13 @@ void FinestraInterrCliFor::Interno::Apri(const QModelIndex& indice) {
   } else if (foglia->genere == GenereFoglia::Movimento) {
     principale.VediRegistrazione(numero, foglia->anno);
   }
+}
+
+void FinestraInterrCliFor::Interno::VediRegistrazione() {
+  const FogliaParte* foglia = modello->Foglia(albero->currentIndex());
+  if (foglia == nullptr) return;
+  const auto articolo = interrogazione->Articolo(*foglia);
+  if (articolo) gestore.VediRegistrazione(articolo->second, articolo->first);
 }
 
 FinestraInterrCliFor::FinestraInterrCliFor(Finestre& finestre)
