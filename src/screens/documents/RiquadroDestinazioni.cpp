@@ -2,7 +2,6 @@
 
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -33,40 +32,24 @@ std::vector<ColonnaGriglia> Colonne() {
           {QStringLiteral("Cod.dest."), Tipo::Testo, 80}};
 }
 
-/// Controls beside each other, as one field.
-QWidget* InFila(std::initializer_list<QWidget*> controlli) {
-  auto* insieme = new QWidget;
-  auto* fila = new QHBoxLayout(insieme);
-  fila->setContentsMargins(0, 0, 0, 0);
-  for (auto* controllo : controlli) fila->addWidget(controllo);
-  fila->addStretch(1);
-  return insieme;
-}
-
 }  // namespace
 
 RiquadroDestinazioni::RiquadroDestinazioni(DestinazioniCliente& destinazioni, Cliente cliente,
                                            Finestre& finestre, QWidget* genitore)
-    : QWidget(genitore),
+    : RigheDelRecord(
+          {.memoria = QStringLiteral("Destinazioni"),
+           .riga = tr("Destinazione"),
+           .nuova = tr("Nuova destinazione"),
+           .aperta = "la nuova destinazione non è stata confermata: confermarla o abbandonarla",
+           .primoCampo = QStringLiteral("RagSoc1Dest_R")},
+          Colonne(), finestre, genitore),
       destinazioni_(destinazioni),
-      cliente_(std::move(cliente)),
-      dialogo_(finestre.Sessione().Dialogo()),
-      legatura_(new Legatura([this]() -> Scheda& { return destinazioni_.Riga(); }, dialogo_, this)),
-      griglia_(
-          new Griglia(QStringLiteral("GrigliaRighe"), QStringLiteral("Destinazioni"), Colonne())),
-      riquadro_(new QGroupBox(tr("Destinazione"))),
-      nuova_(Pulsante(QStringLiteral("PNuovaRiga"), tr("Nuova destinazione"), tr("Ins"))),
-      conferma_(Pulsante(QStringLiteral("ConfermaRiga"), tr("Conferma riga"), tr("Ctrl+Invio"))),
-      elimina_(Pulsante(QStringLiteral("EliminaRiga"), tr("Elimina riga"), tr("Ctrl+Canc"))),
-      annulla_(Pulsante(QStringLiteral("AnnullaRiga"), tr("Abbandona riga"), tr("Esc"))) {
+      cliente_(std::move(cliente)) {
   CreaCampi();
   Disponi();
-  Collega();
-  riquadro_->hide();
 }
 
 void RiquadroDestinazioni::CreaCampi() {
-  riquadro_->setObjectName(QStringLiteral("FrameRiga"));
   auto* modulo = new QFormLayout(riquadro_);
   const auto campo = [this](const char* nome, int caratteri, int mostrati) {
     auto* nuovo = new CampoTesto(QString::fromLatin1(nome), nullptr, caratteri);
@@ -93,8 +76,6 @@ void RiquadroDestinazioni::CreaCampi() {
 }
 
 void RiquadroDestinazioni::Disponi() {
-  // The open row can be given up from a field whose text can't be read.
-  annulla_->setFocusPolicy(Qt::TabFocus);
   griglia_->setMinimumHeight(kAltezzaGriglia);
   auto* elenco = new QGroupBox(tr("oppure diverse destinazioni da selezionare emettendo ddt"));
   auto* interno = new QVBoxLayout(elenco);
@@ -104,84 +85,32 @@ void RiquadroDestinazioni::Disponi() {
   colonna->setContentsMargins(0, 0, 0, 0);
   colonna->addWidget(elenco);
   colonna->addWidget(riquadro_);
-  AssegnaMnemoniche({nuova_, conferma_, elimina_, annulla_});
 }
 
-void RiquadroDestinazioni::Collega() {
-  connect(griglia_, &Griglia::RigaScelta, this, &RiquadroDestinazioni::Apri);
-  connect(nuova_, &QPushButton::clicked, this, &RiquadroDestinazioni::Nuova);
-  connect(conferma_, &QPushButton::clicked, this, [this] {
-    if (Conferma()) nuova_->setFocus();
-  });
-  connect(elimina_, &QPushButton::clicked, this, &RiquadroDestinazioni::Elimina);
-  connect(annulla_, &QPushButton::clicked, this, &RiquadroDestinazioni::Annulla);
-}
-
-void RiquadroDestinazioni::Mostra() {
+std::vector<std::vector<Valore>> RiquadroDestinazioni::Elenco() const {
   std::vector<std::vector<Valore>> righe;
   for (const DestinazioneMerce& destinazione : destinazioni_.Righe()) {
     std::vector<Valore> riga{Valore(destinazione.posi)};
     riga.insert(riga.end(), destinazione.testi.begin(), destinazione.testi.end());
     righe.push_back(std::move(riga));
   }
-  griglia_->Modello().Righe(std::move(righe));
-  legatura_->Mostra();
-  riquadro_->setVisible(destinazioni_.InRiga());
-  nuova_->setEnabled(!destinazioni_.InRiga() && !solaLettura_);
-  griglia_->setEnabled(!destinazioni_.InRiga());
+  return righe;
 }
 
-void RiquadroDestinazioni::MostraTutto() {
-  cliente_.rigaCambiata();
-  Mostra();
+bool RiquadroDestinazioni::ApriRiga(const Valore& chiave) {
+  return cliente_.raccogli() && destinazioni_.Apri(chiave.Intero());
 }
 
-void RiquadroDestinazioni::SolaLettura(bool attiva) {
-  solaLettura_ = attiva;
+bool RiquadroDestinazioni::NuovaRiga() {
+  return cliente_.raccogli() && destinazioni_.Nuova(cliente_.cliente());
 }
 
-void RiquadroDestinazioni::Apri(int indice) {
-  if (solaLettura_ || indice < 0 || !cliente_.raccogli()) return;
-  if (!destinazioni_.Apri(griglia_->Modello().Riga(indice).front().Intero())) return;
-  MostraTutto();
-  FocoInVista(conferma_);
+bool RiquadroDestinazioni::ConfermaRiga(QString& /*campo*/) {
+  return destinazioni_.Conferma(finestre_.Sessione().Dialogo());
 }
 
-void RiquadroDestinazioni::Nuova() {
-  if (!cliente_.raccogli() || !destinazioni_.Nuova(cliente_.cliente())) return;
-  MostraTutto();
-  FocoInVista(riquadro_->findChild<QWidget*>(QStringLiteral("RagSoc1Dest_R")));
-}
-
-bool RiquadroDestinazioni::Conferma() {
-  if (!legatura_->Raccogli() || !destinazioni_.Conferma(dialogo_)) return false;
-  MostraTutto();
-  return true;
-}
-
-void RiquadroDestinazioni::Elimina() {
-  if (destinazioni_.Elimina(dialogo_)) MostraTutto();
-}
-
-bool RiquadroDestinazioni::Annulla() {
-  if (!destinazioni_.InRiga()) return false;
-  destinazioni_.Annulla();
-  MostraTutto();
-  nuova_->setFocus();
-  return true;
-}
-
-bool RiquadroDestinazioni::Modificata() const {
-  return destinazioni_.InRiga() && (destinazioni_.Riga().Modificata() || legatura_->Pendente());
-}
-
-bool RiquadroDestinazioni::ConfermaAperta() {
-  if (!destinazioni_.InRiga()) return true;
-  if (Modificata()) return Conferma();
-  if (!destinazioni_.RigaNuova()) return Annulla();
-  dialogo_.Messaggio("la nuova destinazione non è stata confermata: confermarla o abbandonarla",
-                     Icona::Avviso);
-  return false;
+bool RiquadroDestinazioni::EliminaRiga() {
+  return destinazioni_.Elimina(finestre_.Sessione().Dialogo());
 }
 
 }  // namespace fenalto

@@ -1,22 +1,14 @@
 // The list of a customer's goods destinations, and the fields of the one that is open.
 #pragma once
 
-#include <QWidget>
 #include <functional>
 
 #include "documents/DestinazioniCliente.h"
-#include "screens/common/Finestre.h"
-
-class QGroupBox;
-class QLabel;
-class QPushButton;
+#include "screens/common/RigheDelRecord.h"
 
 namespace fenalto {
 
-class Griglia;
-class Legatura;
-
-class RiquadroDestinazioni : public QWidget {
+class RiquadroDestinazioni : public RigheDelRecord {
   Q_OBJECT
 
  public:
@@ -32,37 +24,24 @@ class RiquadroDestinazioni : public QWidget {
   RiquadroDestinazioni(DestinazioniCliente& destinazioni, Cliente cliente, Finestre& finestre,
                        QWidget* genitore = nullptr);
 
-  /// Shows the rows, and the open one when there is one.
-  void Mostra();
-  void SolaLettura(bool attiva);
-  /// Takes what is typed and confirms the open row; false when it must stay open (told).
-  bool ConfermaAperta();
-  /// Whether the open row holds changes.
-  [[nodiscard]] bool Modificata() const;
-  /// Gives the open row up; false when there was none.
-  bool Annulla();
+ protected:
+  [[nodiscard]] bool InRiga() const override { return destinazioni_.InRiga(); }
+  [[nodiscard]] bool RigaNuova() const override { return destinazioni_.RigaNuova(); }
+  [[nodiscard]] Scheda& Riga() const override { return destinazioni_.Riga(); }
+  [[nodiscard]] std::vector<std::vector<Valore>> Elenco() const override;
+  bool ApriRiga(const Valore& chiave) override;
+  bool NuovaRiga() override;
+  bool ConfermaRiga(QString& campo) override;
+  bool EliminaRiga() override;
+  void AnnullaRiga() override { destinazioni_.Annulla(); }
+  void RigaCambiata() override { cliente_.rigaCambiata(); }
 
  private:
   void CreaCampi();
   void Disponi();
-  void Collega();
-  void MostraTutto();
-  void Apri(int indice);
-  void Nuova();
-  bool Conferma();
-  void Elimina();
 
   DestinazioniCliente& destinazioni_;
   Cliente cliente_;
-  Dialoghi& dialogo_;
-  Legatura* legatura_;
-  Griglia* griglia_;
-  QGroupBox* riquadro_;
-  QPushButton* nuova_;
-  QPushButton* conferma_;
-  QPushButton* elimina_;
-  QPushButton* annulla_;
-  bool solaLettura_ = false;
 };
 
 }  // namespace fenalto

@@ -1,57 +1,37 @@
 // The page of the rates of a payment code: the rows, and the fields of the one that is open.
 #pragma once
 
-#include <QWidget>
+#include <functional>
 
 #include "duedates/RateCodice.h"
-#include "screens/common/Finestre.h"
-
-class QAbstractButton;
-class QGroupBox;
-class QPushButton;
+#include "screens/common/RigheDelRecord.h"
 
 namespace fenalto {
 
-class Griglia;
-class Legatura;
-
-class RiquadroRata : public QWidget {
+class RiquadroRata : public RigheDelRecord {
   Q_OBJECT
 
  public:
   RiquadroRata(RateCodice& rate, std::function<Scheda&()> codice, Finestre& finestre,
                QWidget* genitore = nullptr);
 
-  /// Shows the rows, and the open one when there is one.
-  void Mostra();
-  void SolaLettura(bool attiva);
-  /// Takes what is typed and confirms the open row; false when it must stay open (told).
-  bool ConfermaAperta();
-  /// Whether the open row holds changes.
-  [[nodiscard]] bool Modificata() const;
-  /// Gives the open row up; false when there was none.
-  bool Annulla();
+ protected:
+  [[nodiscard]] bool InRiga() const override { return rate_.InRiga(); }
+  [[nodiscard]] bool RigaNuova() const override { return rate_.RigaNuova(); }
+  [[nodiscard]] Scheda& Riga() const override { return rate_.Riga(); }
+  [[nodiscard]] std::vector<std::vector<Valore>> Elenco() const override;
+  bool ApriRiga(const Valore& chiave) override { return rate_.ApriRiga(chiave.Testo()); }
+  bool NuovaRiga() override { return rate_.NuovaRiga(); }
+  bool ConfermaRiga(QString& campo) override;
+  bool EliminaRiga() override { return rate_.EliminaRiga(); }
+  void AnnullaRiga() override { rate_.AnnullaRiga(); }
 
  private:
   void CreaCampi();
   void Disponi();
-  void Collega();
-  void Apri(int indice);
-  void Nuova();
-  bool Conferma();
-  void Elimina();
 
   RateCodice& rate_;
   std::function<Scheda&()> codice_;
-  Finestre& finestre_;
-  Legatura* legatura_;
-  Griglia* griglia_;
-  QGroupBox* riquadro_;
-  QPushButton* nuova_;
-  QPushButton* conferma_;
-  QPushButton* elimina_;
-  QPushButton* annulla_;
-  bool solaLettura_ = false;
 };
 
 }  // namespace fenalto
