@@ -1,9 +1,11 @@
 #include "screens/common/Disposizione.h"
 
+#include <QHash>
 #include <QPalette>
 #include <QPushButton>
 #include <QSet>
-#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace fenalto {
 namespace {
@@ -12,21 +14,66 @@ namespace {
 constexpr QLatin1String kLettereMenu("AMRSCI");
 constexpr int kUltimaCifra = 9;
 
-/// Index of the letter to mark: a word's first one if it can be, or -1.
-int Scelta(const QString& testo, const QSet<QChar>& usate) {
-  const auto libera = [&](int i) {
+/// Places of the letters that may be marked, first ones of words before the others.
+std::vector<int> Segnabili(const QString& testo) {
+  std::vector<int> iniziali;
+  std::vector<int> altre;
+  for (int i = 0; i < static_cast<int>(testo.size()); ++i) {
     const QChar lettera = testo[i].toUpper();
-    return lettera.isLetterOrNumber() && lettera.unicode() < 128 && !usate.contains(lettera);
-  };
-  const int lunghezza = static_cast<int>(testo.size());
-  for (int i = 0; i < lunghezza; ++i) {
-    if ((i == 0 || !testo[i - 1].isLetterOrNumber()) && libera(i)) return i;
+    if (!lettera.isLetterOrNumber() || lettera.unicode() >= 128) continue;
+    if (QString(kLettereMenu).contains(lettera)) continue;
+    (i == 0 || !testo[i - 1].isLetterOrNumber() ? iniziali : altre).push_back(i);
   }
-  for (int i = 0; i < lunghezza; ++i) {
-    if (libera(i)) return i;
-  }
-  return -1;
+  iniziali.insert(iniziali.end(), altre.begin(), altre.end());
+  return iniziali;
 }
+
+/// Gives letters to captions one after another; a caption for which none is left takes that of
+/// another one which can do with a different letter.
+class Lettere {
+ public:
+  explicit Lettere(std::vector<QString> testi) : testi_(std::move(testi)) {
+    for (const QString& testo : testi_) segnabili_.push_back(Segnabili(testo));
+    scelte_.assign(testi_.size(), -1);
+  }
+
+  /// Place of the letter of each caption, -1 for none.
+  std::vector<int> Assegna() {
+    for (std::size_t quale = 0; quale < testi_.size(); ++quale) {
+      QSet<QChar> viste;
+      Trova(quale, viste);
+    }
+    return scelte_;
+  }
+
+ private:
+  [[nodiscard]] QChar Lettera(std::size_t quale, int posto) const {
+    return testi_[quale][posto].toUpper();
+  }
+
+  bool Trova(std::size_t quale, QSet<QChar>& viste) {
+    const auto prendi = [&](int posto) {
+      scelte_[quale] = posto;
+      di_[Lettera(quale, posto)] = quale;
+      return true;
+    };
+    for (const int posto : segnabili_[quale]) {
+      if (!di_.contains(Lettera(quale, posto))) return prendi(posto);
+    }
+    for (const int posto : segnabili_[quale]) {
+      const QChar lettera = Lettera(quale, posto);
+      if (viste.contains(lettera)) continue;
+      viste.insert(lettera);
+      if (Trova(di_.value(lettera), viste)) return prendi(posto);
+    }
+    return false;
+  }
+
+  std::vector<QString> testi_;
+  std::vector<std::vector<int>> segnabili_;
+  std::vector<int> scelte_;
+  QHash<QChar, std::size_t> di_;
+};
 
 }  // namespace
 
@@ -68,17 +115,16 @@ void FocoInVista(QWidget* controllo) {
 }
 
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti) {
-  QSet<QChar> usate;
-  for (const auto lettera : QString(kLettereMenu)) usate.insert(lettera);
+  std::vector<QString> testi;
+  for (const auto* pulsante : pulsanti) testi.push_back(pulsante->text());
+  const std::vector<int> posti = Lettere(testi).Assegna();
   int cifra = 0;
-  for (auto* pulsante : pulsanti) {
-    const QString testo = pulsante->text();
-    const int indice = Scelta(testo, usate);
-    if (indice >= 0) {
-      usate.insert(testo[indice].toUpper());
-      pulsante->setText(QString(testo).insert(indice, QLatin1Char('&')));
-    } else if (testo.size() > 1 && cifra < kUltimaCifra) {
-      pulsante->setText(QStringLiteral("%1 (&%2)").arg(testo).arg(++cifra));
+  for (std::size_t i = 0; i < testi.size(); ++i) {
+    auto* pulsante = pulsanti[static_cast<qsizetype>(i)];
+    if (posti[i] >= 0) {
+      pulsante->setText(QString(testi[i]).insert(posti[i], QLatin1Char('&')));
+    } else if (testi[i].size() > 1 && cifra < kUltimaCifra) {
+      pulsante->setText(QStringLiteral("%1 (&%2)").arg(testi[i]).arg(++cifra));
     }
   }
 }
