@@ -14,6 +14,11 @@ bool LeggiTutte(ModelloGriglia& modello, Dialoghi& dialoghi) {
   return true;
 }
 
+Esito<bool> Scrivi(const Foglio& foglio, const SceltaUscita& scelta) {
+  return scelta.destinazione == Destinazione::Csv ? EsportaCsv(foglio, scelta.file)
+                                                  : EsportaXlsx(foglio, scelta.file);
+}
+
 }  // namespace
 
 Foglio FoglioDi(Griglia& griglia, Ambiente& ambiente, const std::string& titolo) {
@@ -44,11 +49,16 @@ bool EsportaGriglia(Griglia& griglia, Ambiente& ambiente, const std::string& tit
   auto& dialoghi = ambiente.Dialogo();
   const auto scelta = dialoghi.ScegliUscita(titolo, true);
   if (!scelta || !LeggiTutte(griglia.Modello(), dialoghi)) return false;
-  const auto foglio = FoglioDi(griglia, ambiente, titolo);
-  const auto esito = scelta->destinazione == Destinazione::Csv ? EsportaCsv(foglio, scelta->file)
-                                                               : EsportaXlsx(foglio, scelta->file);
+  const auto esito = Scrivi(FoglioDi(griglia, ambiente, titolo), *scelta);
   if (!esito) dialoghi.Messaggio(esito.Errore().messaggio, Icona::Errore);
   return esito.Riuscito();
+}
+
+void ScriviFoglio(const Foglio& foglio, const SceltaUscita& scelta, Dialoghi& dialoghi) {
+  if (const auto esito = Scrivi(foglio, scelta); !esito) {
+    return dialoghi.Messaggio(esito.Errore().messaggio, Icona::Errore);
+  }
+  dialoghi.Messaggio("esportato in " + scelta.file.string());
 }
 
 }  // namespace fenalto

@@ -15,4 +15,7 @@ Foglio FoglioDi(Griglia& griglia, Ambiente& ambiente, const std::string& titolo)
 /// told. False when given up or failed.
 bool EsportaGriglia(Griglia& griglia, Ambiente& ambiente, const std::string& titolo);
 
+/// Writes a report's sheet where the user has chosen; tells the file's name, or what went wrong.
+void ScriviFoglio(const Foglio& foglio, const SceltaUscita& scelta, Dialoghi& dialoghi);
+
 }  // namespace fenalto

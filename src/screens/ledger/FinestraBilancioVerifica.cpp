@@ -12,6 +12,7 @@
 #include "ledger/BilancioVerifica.h"
 #include "screens/common/CampoCodice.h"
 #include "screens/common/Disposizione.h"
+#include "screens/common/EsportaGriglia.h"
 #include "screens/common/InCorso.h"
 #include "screens/common/OpzioniGrafiche.h"
 #include "screens/ledger/FontiPrimanota.h"
@@ -359,14 +360,7 @@ void FinestraBilancioVerifica::Interno::Esporta(Compositore foglio, bool confron
   const InCorso lettura(leggendo);
   const Foglio composto = (bilancio.*foglio)(scelta);
   if (composto.colonne.empty()) return;  // stopped by the user
-  const auto esito = uscita->destinazione == Destinazione::Csv
-                         ? EsportaCsv(composto, uscita->file)
-                         : EsportaXlsx(composto, uscita->file);
-  if (esito) {
-    dialoghi.Messaggio("esportato in " + uscita->file.string());
-  } else {
-    dialoghi.Messaggio(esito.Errore().messaggio, Icona::Errore);
-  }
+  ScriviFoglio(composto, *uscita, dialoghi);
 }
 
 void FinestraBilancioVerifica::Interno::ChiediGrafico() {

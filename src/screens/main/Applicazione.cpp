@@ -15,6 +15,7 @@
 #include "screens/common/FinestraArchivio.h"
 #include "screens/company/FinestraUtility.h"
 #include "screens/documents/FinestraClienti.h"
+#include "screens/documents/FinestraElencoParti.h"
 #include "screens/documents/FinestraInterrCliFor.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/duedates/FinestraScadenze.h"
@@ -101,7 +102,9 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("RiBa"), Nuova<FinestraRiba>()},
       {QStringLiteral("RiBaRaggruppamento"), Nuova<FinestraRaggruppamento>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
+      {QStringLiteral("STClienti"), NuovaCon<FinestraElencoParti>(std::string("C"))},
       {QStringLiteral("STEstrattoConto"), Nuova<FinestraEstrattoConto>()},
+      {QStringLiteral("STFornitori"), NuovaCon<FinestraElencoParti>(std::string("F"))},
       {QStringLiteral("STRegistroIvaUnico"), Nuova<FinestraRegistroIva>()},
       {QStringLiteral("STScadenzePerConto"),
        NuovaCon<FinestraStampaScadenze>(OrdineScadenze::PerConto)},

@@ -7,6 +7,7 @@
 
 #include "duedates/reports/StampaScadenze.h"
 #include "screens/common/Disposizione.h"
+#include "screens/common/EsportaGriglia.h"
 #include "screens/common/InCorso.h"
 #include "screens/common/OpzioniGrafiche.h"
 #include "screens/duedates/reports/SceltaStampaParti.h"
@@ -88,14 +89,7 @@ void FinestraStampaScadenze::Interno::Esporta() {
   const auto uscita = dialoghi.ScegliUscita(
       PerConto() ? "scadenze per cliente/fornitore" : "scadenze per data", true);
   if (!uscita) return;
-  const auto esito = uscita->destinazione == Destinazione::Csv
-                         ? EsportaCsv(composto, uscita->file)
-                         : EsportaXlsx(composto, uscita->file);
-  if (esito) {
-    dialoghi.Messaggio("esportato in " + uscita->file.string());
-  } else {
-    dialoghi.Messaggio(esito.Errore().messaggio, Icona::Errore);
-  }
+  ScriviFoglio(composto, *uscita, dialoghi);
 }
 
 FinestraStampaScadenze::FinestraStampaScadenze(OrdineScadenze ordine, Finestre& finestre)
