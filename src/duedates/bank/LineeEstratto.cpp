@@ -75,11 +75,11 @@ class Lettore {
 
   /// Debits are written with and without a minus: where the column says it, the sign is known.
   [[nodiscard]] Esito<Importo> ImportoDi(const TabellaCsv::Riga& riga) const {
-    const auto intero = Cella(riga, colonne_.importo);
+    auto intero = Cella(riga, colonne_.importo);
     if (!intero || !intero.Valore().Zero()) return intero;
-    const auto uscita = Cella(riga, colonne_.addebito);
+    auto uscita = Cella(riga, colonne_.addebito);
     if (!uscita) return uscita;
-    const auto entrata = Cella(riga, colonne_.accredito);
+    auto entrata = Cella(riga, colonne_.accredito);
     if (!entrata) return entrata;
     if (!uscita.Valore().Zero() && !entrata.Valore().Zero()) {
       return Errore{"ha sia un addebito sia un accredito"};
