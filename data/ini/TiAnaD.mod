@@ -29,6 +29,7 @@ campo R_DIDASCALIA1 x 13 y 0.5 larghezza 18 corsivo punti 7.5
 campo R_VALORE1 x 31 y 0.5 larghezza 76
 campo R_DIDASCALIA2 x 108 y 0.5 larghezza 18 corsivo punti 7.5
 campo R_VALORE2 x 126 y 0.5 larghezza 73
+campo R_DESCRIZIONE x 29 y 0.5 larghezza 112 corsivo
 carattere "Arial Narrow" punti 8.5 grassetto
 campo R_PARTE x 11 y 0.4 larghezza 17 punti 9
 campo R_NOME x 29 y 0.4 larghezza 84 punti 9

@@ -32,6 +32,7 @@ campo R_PROV x 142 y 0.6 larghezza 8
 campo R_TELEFONO x 151 y 0.6 larghezza 25
 campo R_PIVA x 177 y 0.6 larghezza 22
 campo R_SCRITTATOT x 29 y 0.6 larghezza 112 grassetto
+campo R_DESCRIZIONE x 29 y 0.6 larghezza 112 corsivo
 
 [piede]
 carattere "Arial Narrow" punti 8
