@@ -1,7 +1,5 @@
 // The enquiry of a party: its branches, what is counted behind them, their leaves a page at a time,
 // what each leaf shows.
-#include <set>
-
 #include "core/session/Utenti.h"
 #include "core/store/BasiDati.h"
 #include "documents/InterrogazioneParte.h"
@@ -265,40 +263,5 @@ TEST_F(InterrogazioneParteTest, LaTesta) {
 
 // A hundred thousand movements: counted and shown, the first page and one far inside, before one
 // can notice. The bound is wide: without the index of pages each would take seconds.
-// Page after page each movement comes once, though they all stand in one registration.
-TEST_F(InterrogazioneParteTest, LePagineNonSaltanoENonRipetono) {
-  constexpr int kQuanti = 1'050;
-  constexpr std::size_t kPagina = 200;
-  Registra({{"0001", I("1"), "C"}, {"580.010", I("-1")}});
-  {
-    Transazione transazione(ambiente.Basi());
-    for (int i = 1; i < kQuanti; ++i) {
-      Tessarc().Inserisci("Movimenti", {{"Anno", 2024},
-                                        {"NumDoc", 1},
-                                        {"Posi", 1000 + i},
-                                        {"CFP", "C"},
-                                        {"Conto", "0001"},
-                                        {"ImpoDare", I("1")}});
-    }
-    transazione.Conferma();
-  }
-  InterrogazioneParte parte(ambiente, "C", "0001");
-  const RamoParte ramo = Ramo(parte, "xMOVANNO");
-  EXPECT_EQ(parte.Conta(ramo).quanti, kQuanti);
-  std::set<std::int64_t> posti;
-  FogliaParte ultima;
-  int lette = 0;
-  for (auto pagina = parte.Foglie(ramo, nullptr, kPagina); !pagina.empty();
-       pagina = parte.Foglie(ramo, &ultima, kPagina)) {
-    ASSERT_LE(pagina.size(), kPagina);
-    for (const FogliaParte& foglia : pagina) posti.insert(foglia.segno.at(2).Intero());
-    lette += static_cast<int>(pagina.size());
-    ASSERT_LE(lette, kQuanti);
-    ultima = pagina.back();
-  }
-  EXPECT_EQ(lette, kQuanti);
-  EXPECT_EQ(posti.size(), kQuanti);
-}
-
 }  // namespace
 }  // namespace fenalto::prova
