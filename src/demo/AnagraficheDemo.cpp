@@ -88,7 +88,7 @@ std::string CodiceParteDemo(std::size_t numero) {
 
 void ScriviImpostazioniDemo(Ambiente& ambiente) {
   // The blank after ragsoc1 belongs to the key.
-  const std::array<std::pair<std::string_view, std::string_view>, 28> impostazioni = {
+  const std::array<std::pair<std::string_view, std::string_view>, 37> impostazioni = {
       {{"ragsoc1 ", "EMPORIO BELLOSGUARDO S.R.L."},
        {"ragsoc2", "ferramenta e casalinghi"},
        {"indirizzo", "Via delle Botteghe 21"},
