@@ -134,7 +134,7 @@ DocumentoParte InterrogazioneParte::Documento(const FogliaParte& foglia) {
                               rs.Fields("Perc").Importo(),
                               {},
                               {}};
-    const Importo netto = ApplicaScontoCassa(rs.Fields("Totale").Importo(), scontoCassa, euro);
+    const Importo netto = ApplicaScontoCassa(rs.Fields("Importo").Importo(), scontoCassa, euro);
     totale.imponibile = ivati ? ScorporaImponibile(netto, totale.perc) : netto;
     totale.iva = ivati ? netto - totale.imponibile : CalcolaIva(netto, totale.perc, euro);
     documento.totali.push_back(std::move(totale));
