@@ -58,7 +58,7 @@ FinestraPrincipale::Costruttore Nuova() {
 
 /// A class of windows that serves several functions, by what tells them apart.
 template <typename Finestra, typename Quale>
-FinestraPrincipale::Costruttore NuovaCon(Quale quale) {
+FinestraPrincipale::Costruttore NuovaCon(const Quale& quale) {
   return [quale](Finestre& finestre) -> FinestraFunzione* { return new Finestra(quale, finestre); };
 }
 
