@@ -157,13 +157,7 @@ void ArchivioScadenze::Interno::Completa() {
 
 std::string ArchivioScadenze::Interno::Aggiorna(const std::vector<Coppia>& campi) const {
   if (const auto cambiata = ScadenzaCambiata(ambiente, vista)) return *cambiata + kNulla;
-  std::string assegnati;
-  for (const auto& [campo, valore] : campi) {
-    assegnati += (assegnati.empty() ? "" : ",") + campo + "=" + LetteraleSql(valore);
-  }
-  if (!assegnati.empty()) {
-    Dati().Esegui("update Scadenze set " + assegnati + " where " + Criterio("Numero", "=", numero));
-  }
+  AggiornaScadenza(ambiente, numero, campi);
   return {};
 }
 

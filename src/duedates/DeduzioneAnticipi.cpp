@@ -17,47 +17,36 @@ std::string Euro(Importo importo) {
   return ScriviImporto(importo, kCentesimi);
 }
 
-std::string Assegnati(const std::vector<Coppia>& campi) {
-  std::string testo;
-  for (const auto& [campo, valore] : campi) {
-    testo += (testo.empty() ? "" : ",") + campo + "=" + LetteraleSql(valore);
-  }
-  return testo;
-}
-
-void AbbassaScadenza(Archivio& scadenzario, const Scadenza& scadenza, Importo dedotto) {
+void AbbassaScadenza(Ambiente& ambiente, const Scadenza& scadenza, Importo dedotto) {
   std::vector<Coppia> campi = CampiImporto(scadenza.importoE - dedotto);
   campi.emplace_back("Modificata", true);
   // Nothing is left to be paid.
   if (scadenza.Residuo() == dedotto) campi.emplace_back("Stato", kStatoPagata);
-  scadenzario.Esegui("update scadenze set " + Assegnati(campi) + " where " +
-                     Criterio("Numero", "=", scadenza.numero));
+  AggiornaScadenza(ambiente, scadenza.numero, campi);
 }
 
-void ScaricaAnticipo(Archivio& scadenzario, const QuotaAnticipo& dedotto) {
-  const std::string chiave = Criterio("Numero", "=", dedotto.anticipo.numero);
+void ScaricaAnticipo(Ambiente& ambiente, const QuotaAnticipo& dedotto) {
   if (dedotto.Intera()) {
-    scadenzario.Esegui("update scadenze set stato='30' where " + chiave);
+    AggiornaScadenza(ambiente, dedotto.anticipo.numero, {{"Stato", kStatoPagata}});
     return;
   }
   std::vector<Coppia> campi = CampiPagato(dedotto.anticipo.importoPagatoE - dedotto.quota);
   campi.emplace_back("Stato", kStatoParziale);
-  scadenzario.Esegui("update scadenze set " + Assegnati(campi) + " where " + chiave);
+  AggiornaScadenza(ambiente, dedotto.anticipo.numero, campi);
 }
 
 /// Why nothing was written; empty when all was.
 std::string Scrivi(Ambiente& ambiente, const Scadenza& scadenza,
                    const std::vector<QuotaAnticipo>& quote) {
-  Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
   Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
   if (const auto cambiata = ScadenzaCambiata(ambiente, scadenza)) return *cambiata;
   Importo dedotto;
   for (const QuotaAnticipo& quota : quote) {
     if (const auto cambiata = ScadenzaCambiata(ambiente, quota.anticipo)) return *cambiata;
-    ScaricaAnticipo(scadenzario, quota);
+    ScaricaAnticipo(ambiente, quota);
     dedotto += quota.quota;
   }
-  AbbassaScadenza(scadenzario, scadenza, dedotto);
+  AbbassaScadenza(ambiente, scadenza, dedotto);
   transazione.Conferma();
   return {};
 }

@@ -91,13 +91,17 @@ std::string SqlScadenze(const RicercaScadenze& r) {
   return kColonne + condizioni.Tutte() + " ORDER BY " + r.ordine;
 }
 
-Archivio& ScadenzarioConConti(Ambiente& ambiente) {
+Archivio& ScadenzarioCon(Ambiente& ambiente, const char* tabella) {
   Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
   // Linking forgets the statements prepared so far: once a session is enough.
-  if (scadenzario.Catalogo().Tabella("ContiClientiFornitori") == nullptr) {
-    scadenzario.CollegaTabella("tessarc", "ContiClientiFornitori");
+  if (scadenzario.Catalogo().Tabella(tabella) == nullptr) {
+    scadenzario.CollegaTabella("tessarc", tabella);
   }
   return scadenzario;
+}
+
+Archivio& ScadenzarioConConti(Ambiente& ambiente) {
+  return ScadenzarioCon(ambiente, "ContiClientiFornitori");
 }
 
 void CercaScadenze(Ambiente& ambiente, const RicercaScadenze& ricerca,

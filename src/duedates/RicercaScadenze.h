@@ -48,6 +48,8 @@ struct RigaScadenza {
 
 /// The statement over `scadenzario`, in which ContiClientiFornitori is linked.
 std::string SqlScadenze(const RicercaScadenze& ricerca);
+/// The archive with a table of the other database linked.
+Archivio& ScadenzarioCon(Ambiente& ambiente, const char* tabella);
 /// The archive with the list of accounts linked.
 Archivio& ScadenzarioConConti(Ambiente& ambiente);
 

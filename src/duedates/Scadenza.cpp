@@ -111,6 +111,16 @@ std::optional<std::string> ScadenzaCambiata(Ambiente& ambiente, const Scadenza& 
   return nome + "\nè stata modificata da un'altra postazione o finestra:" + Differenze(vista, *ora);
 }
 
+void AggiornaScadenza(Ambiente& ambiente, std::int64_t numero, const std::vector<Coppia>& campi) {
+  std::string assegnati;
+  for (const auto& [campo, valore] : campi) {
+    assegnati += (assegnati.empty() ? "" : ",") + campo + "=" + LetteraleSql(valore);
+  }
+  if (assegnati.empty()) return;
+  ambiente.ArchivioDi("scadenzario")
+      .Esegui("update Scadenze set " + assegnati + " where " + Criterio("Numero", "=", numero));
+}
+
 std::string NomeParte(Ambiente& ambiente, const std::string& cfp, const std::string& conto) {
   return ambiente
       .Cerca("tessarc", "ContiClientiFornitori", {{"Cod", conto}, {"CFP", cfp}}, "Descrizione")

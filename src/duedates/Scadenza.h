@@ -76,6 +76,8 @@ std::string NomeScadenza(Ambiente& ambiente, const Scadenza& scadenza);
 /// in what) or erased meanwhile, by name. Nothing when it still is. To be asked inside the
 /// transaction that writes.
 std::optional<std::string> ScadenzaCambiata(Ambiente& ambiente, const Scadenza& vista);
+/// Writes columns of the due date, in the caller's transaction; nothing when there are none.
+void AggiornaScadenza(Ambiente& ambiente, std::int64_t numero, const std::vector<Coppia>& campi);
 
 /// The party's name; empty when it isn't in the list of accounts.
 std::string NomeParte(Ambiente& ambiente, const std::string& cfp, const std::string& conto);

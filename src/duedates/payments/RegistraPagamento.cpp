@@ -165,17 +165,12 @@ class RegistrazionePagamento {
   std::vector<RigaRegistrazione> righe_;
 };
 
-void AggiornaScadenza(Ambiente& ambiente, const RigaPagamento& riga, Data dt) {
-  std::string campi =
-      "Stato=" + LetteraleSql(Valore(riga.saldata ? kStatoPagata : kStatoParziale)) +
-      ",DtPag=" + LetteraleSql(dt);
-  for (const auto& [campo, valore] :
-       CampiPagato(riga.vista.importoPagatoE + riga.importoPagato + riga.arrotondamento)) {
-    campi += "," + campo + "=" + LetteraleSql(valore);
-  }
-  ambiente.ArchivioDi("scadenzario")
-      .Esegui("update Scadenze set " + campi + " where " +
-              Criterio("Numero", "=", riga.vista.numero));
+void Salda(Ambiente& ambiente, const RigaPagamento& riga, Data dt) {
+  std::vector<Coppia> campi =
+      CampiPagato(riga.vista.importoPagatoE + riga.importoPagato + riga.arrotondamento);
+  campi.emplace_back("Stato", riga.saldata ? kStatoPagata : kStatoParziale);
+  campi.emplace_back("DtPag", dt);
+  AggiornaScadenza(ambiente, riga.vista.numero, campi);
 }
 
 /// Under the numbering lock. The refusal, or empty and `scritto` told.
@@ -185,7 +180,7 @@ std::string Scrivi(Ambiente& ambiente, const Pagamento& pagamento,
   // One by one, so that a due date that is there twice is found changed at its second row.
   for (const RigaPagamento& riga : pagamento.righe) {
     if (auto cambiata = ScadenzaCambiata(ambiente, riga.vista)) return *cambiata;
-    AggiornaScadenza(ambiente, riga, pagamento.dt);
+    Salda(ambiente, riga, pagamento.dt);
   }
   std::int64_t numDoc = 0;
   if (pagamento.conRegistrazione) {

@@ -2,7 +2,6 @@
 
 #include <exception>
 
-#include "core/sql/Criterio.h"
 #include "ledger/ControlliData.h"
 #include "ledger/RegistrazioneAutomatica.h"
 
@@ -37,19 +36,13 @@ std::int64_t ScriviScadenza(Ambiente& ambiente, const ScadenzaConRegistrazione& 
     campi.emplace_back("Anno", ambiente.Anno());
     campi.emplace_back("Articolo", numDoc);
   }
-  Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
   if (!cosa.vista) {
     const std::int64_t numero = ProssimoNumeroScadenza(ambiente);
     campi.emplace_back("Numero", numero);
-    scadenzario.Inserisci("Scadenze", campi);
+    ambiente.ArchivioDi("scadenzario").Inserisci("Scadenze", campi);
     return numero;
   }
-  std::string assegnati;
-  for (const auto& [campo, valore] : campi) {
-    assegnati += (assegnati.empty() ? "" : ",") + std::string(campo) + "=" + LetteraleSql(valore);
-  }
-  scadenzario.Esegui("update Scadenze set " + assegnati + " where " +
-                     Criterio("Numero", "=", cosa.vista->numero));
+  AggiornaScadenza(ambiente, cosa.vista->numero, campi);
   return cosa.vista->numero;
 }
 

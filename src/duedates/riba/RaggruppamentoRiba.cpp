@@ -7,6 +7,7 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "duedates/RicercaScadenze.h"
 
 namespace fenalto {
 namespace {
@@ -29,14 +30,6 @@ std::string Selezione(const SceltaRaggruppamento& scelta) {
   return sql +
          " order by Scadenze.Conto, Scadenze.Dt, Scadenze.Pagamento, Scadenze.DtFat, "
          "Scadenze.NFat, Scadenze.Numero";
-}
-
-Archivio& ScadenzarioConClienti(Ambiente& ambiente) {
-  Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
-  if (scadenzario.Catalogo().Tabella("Clienti") == nullptr) {
-    scadenzario.CollegaTabella("tessarc", "Clienti");
-  }
-  return scadenzario;
 }
 
 bool DelGruppo(const GruppoRiba& gruppo, const Scadenza& scadenza) {
@@ -75,14 +68,14 @@ std::optional<std::string> Cambiata(Ambiente& ambiente, const std::vector<Gruppo
   return std::nullopt;
 }
 
-void Chiudi(Archivio& scadenzario, const Scadenza& scadenza, std::int64_t nuova) {
+void Chiudi(Ambiente& ambiente, const Scadenza& scadenza, std::int64_t nuova) {
   std::string descrizione = scadenza.descrizione;
   if (!descrizione.empty()) descrizione += ' ';
   descrizione += "(raggruppata nella scad.n. " + std::to_string(nuova) + ")";
-  scadenzario.Esegui("update Scadenze set " + Criterio("Stato", "=", kStatoPagata) + ", " +
-                     Criterio("Programma", "=", kProgrammaRaggruppata) + ", " +
-                     Criterio("Descrizione", "=", descrizione) + " where " +
-                     Criterio("Numero", "=", scadenza.numero));
+  AggiornaScadenza(ambiente, scadenza.numero,
+                   {{"Stato", kStatoPagata},
+                    {"Programma", kProgrammaRaggruppata},
+                    {"Descrizione", descrizione}});
 }
 
 void ScriviRaggruppata(Archivio& scadenzario, const GruppoRiba& gruppo, std::int64_t numero) {
@@ -115,7 +108,7 @@ Scritto Scrivi(Ambiente& ambiente, const std::vector<GruppoRiba>& gruppi) {
   std::int64_t numero = ProssimoNumeroScadenza(ambiente);
   for (const GruppoRiba& gruppo : gruppi) {
     if (!gruppo.DaRaggruppare()) continue;
-    for (const Scadenza& scadenza : gruppo.scadenze) Chiudi(scadenzario, scadenza, numero);
+    for (const Scadenza& scadenza : gruppo.scadenze) Chiudi(ambiente, scadenza, numero);
     ScriviRaggruppata(scadenzario, gruppo, numero++);
     scritto.chiuse += gruppo.scadenze.size();
     ++scritto.nuove;
@@ -181,7 +174,7 @@ std::optional<std::vector<GruppoRiba>> RaggruppamentoRiba::Elenco(
   std::vector<GruppoRiba> gruppi;
   const auto avanzamento = ambiente_.Dialogo().Avvia("Ricerca ricevute da raggruppare", 0);
   std::int64_t lette = 0;
-  for (Rs rs = ScadenzarioConClienti(ambiente_).Recordset(Selezione(scelta)); !rs.Eof();
+  for (Rs rs = ScadenzarioCon(ambiente_, "Clienti").Recordset(Selezione(scelta)); !rs.Eof();
        rs.MoveNext()) {
     Scadenza scadenza = ScadenzaDi(rs);
     if (gruppi.empty() || !DelGruppo(gruppi.back(), scadenza)) {

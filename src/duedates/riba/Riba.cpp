@@ -8,6 +8,7 @@
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "duedates/RicercaScadenze.h"
 #include "duedates/riba/FileDistinta.h"
 
 namespace fenalto {
@@ -74,15 +75,6 @@ bool Presentabile(const Scadenza& s) {
          ConfrontaTesto(s.stato, kStatoPresentabile) < 0;
 }
 
-Archivio& ScadenzarioConClienti(Ambiente& ambiente) {
-  Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
-  // Linking forgets the statements prepared so far: once a session is enough.
-  if (scadenzario.Catalogo().Tabella("Clienti") == nullptr) {
-    scadenzario.CollegaTabella("tessarc", "Clienti");
-  }
-  return scadenzario;
-}
-
 }  // namespace
 
 std::optional<BancaPresentazione> LeggiBanca(Ambiente& ambiente, const std::string& cod) {
@@ -113,7 +105,7 @@ bool Riba::Avviso(const std::string& testo) const {
 void Riba::Rileggi() {
   righe_.clear();
   std::set<std::int64_t> presenti;
-  for (Rs rs = ScadenzarioConClienti(ambiente_).Recordset(kPresentabili); !rs.Eof();
+  for (Rs rs = ScadenzarioCon(ambiente_, "Clienti").Recordset(kPresentabili); !rs.Eof();
        rs.MoveNext()) {
     righe_.push_back(RigaDi(rs));
     presenti.insert(righe_.back().numero);

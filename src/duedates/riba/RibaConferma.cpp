@@ -198,11 +198,11 @@ std::string Riba::Scrivi(DatiDistinta& dati, std::int64_t& numDoc) {
   }
   for (const Scadenza& s : dati.vista) {
     if (auto cambiata = ScadenzaCambiata(ambiente_, s)) return *cambiata;
-    scadenzario.Esegui("update Scadenze set " + Criterio("Stato", "=", kStatoPagata) + "," +
-                       Criterio("BancaPresentaz", "=", banca->cod) + "," +
-                       Criterio("Ndistinta", "=", dati.numero) + "," +
-                       Criterio("DtPres", "=", data_) + " where " +
-                       Criterio("Numero", "=", s.numero));
+    AggiornaScadenza(ambiente_, s.numero,
+                     {{"Stato", kStatoPagata},
+                      {"BancaPresentaz", banca->cod},
+                      {"Ndistinta", dati.numero},
+                      {"DtPres", data_}});
   }
   scadenzario.Esegui("update Banche set " + Criterio("NUltDistinta", "=", dati.numero) + " where " +
                      Criterio("Cod", "=", banca->cod));
