@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "vat/ArticoloFattura.h"
+#include "vat/postings/ArticoloFattura.h"
 
 namespace fenalto::banco {
 namespace {
@@ -56,8 +56,8 @@ void CreaPagamento(Archivio& tessarc) {
   }
 }
 
-RichiestaArticoloFattura Fattura(Sequenza& sorte, int numero, int quante) {
-  RichiestaArticoloFattura fattura;
+vat::RichiestaArticoloFattura Fattura(Sequenza& sorte, int numero, int quante) {
+  vat::RichiestaArticoloFattura fattura;
   fattura.riva = kRegistroAcquisti;
   fattura.anno = kAnnoFatture;
   fattura.nProt = numero;
@@ -111,8 +111,8 @@ void GeneraFatture(const OpzioniAmbiente& opzioni, const std::string& nome, int 
       Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
       for (int i = 0; i < kFattureInsieme && fatte < fatture; ++i) {
         std::int64_t numDoc = 0;
-        LogContabile log;
-        if (!CreaArticoloFattura(ambiente, Fattura(sorte, ++fatte, fatture), numDoc, log)) {
+        vat::LogContabile log;
+        if (!vat::CreaArticoloFattura(ambiente, Fattura(sorte, ++fatte, fatture), numDoc, log)) {
           throw std::runtime_error(log.avvisi.empty() ? "fattura rifiutata" : log.avvisi.front());
         }
       }

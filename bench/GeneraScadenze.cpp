@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "bench/DialoghiMuti.h"
-#include "duedates/Scadenza.h"
+#include "duedates/schedules/Scadenza.h"
 
 namespace fenalto::banco {
 namespace {
@@ -25,7 +25,8 @@ class Generatore {
 
   void Genera() {
     for (int i = 1; i <= kQuanteScadenze - kAperte; ++i) Pagata(i);
-    for (int i = 0; i < kAperteClienti; ++i) Aperta("C", i, i < kRicevute ? kTipoRiba : "02");
+    for (int i = 0; i < kAperteClienti; ++i)
+      Aperta("C", i, i < kRicevute ? duedates::kTipoRiba : "02");
     for (int i = 0; i < kAperteFornitori; ++i) Aperta("F", i, "02");
   }
 
@@ -34,13 +35,14 @@ class Generatore {
     const bool cliente = sorte_.Fino(3) < 2;
     const Data giorno = Data::DaGma(31, 1, kPrimoAnno)->PiuGiorni(i * 900 / kQuanteScadenze);
     const Importo importo = Estrai();
-    Scrivi(cliente ? "C" : "F", giorno, "02", kStatoPagata, importo, importo);
+    Scrivi(cliente ? "C" : "F", giorno, "02", duedates::kStatoPagata, importo, importo);
   }
   void Aperta(const char* cfp, int i, const char* tipo) {
     const Data giorno = Data::DaGma(31, 10, kAnno)->PiuGiorni(i * 120 / kAperteClienti);
     const bool parziale = i >= kRicevute && i % 20 == 0;
     const Importo importo = Estrai();
-    Scrivi(cfp, giorno, tipo, parziale ? kStatoParziale : kStatoScritta, importo,
+    Scrivi(cfp, giorno, tipo, parziale ? duedates::kStatoParziale : duedates::kStatoScritta,
+           importo,
            parziale ? Importo::DaDecimillesimi(importo.Decimillesimi() / 200 * 100) : Importo());
   }
   Importo Estrai() { return Importo::DaDecimillesimi(100LL * (1'000 + sorte_.Fino(500'000))); }
@@ -64,7 +66,7 @@ class Generatore {
         {"Programma", "fatture"},
         {"Descrizione", "FATT." + std::to_string(fattura) + " Del " + giorno.Testo()},
         {"Pagamento", "XDUE"}};
-    for (const auto& altri : {CampiImporto(importo), CampiPagato(pagato)}) {
+    for (const auto& altri : {duedates::CampiImporto(importo), duedates::CampiPagato(pagato)}) {
       campi.insert(campi.end(), altri.begin(), altri.end());
     }
     scadenzario_.Inserisci("Scadenze", campi);

@@ -11,8 +11,8 @@
 #include "bench/Nuda.h"
 #include "bench/Programma.h"
 #include "core/sql/Motore.h"
-#include "screens/common/FinestraFunzione.h"
-#include "screens/common/FonteCodici.h"
+#include "screens/common/fields/FonteCodici.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
 namespace fenalto::banco {
 namespace {
@@ -74,7 +74,7 @@ void GeneraClientiNudi(const std::filesystem::path& tessarc, const std::filesyst
   std::filesystem::remove(nuda);
   sqlite3* motore = nullptr;
   if (sqlite3_open(nuda.c_str(), &motore) != SQLITE_OK) throw std::runtime_error("nuda");
-  RegistraMotore(motore);
+  sql::RegistraMotore(motore);
   const std::string sql = "ATTACH '" + tessarc.string() +
                           "' AS piena; CREATE TABLE Clienti AS SELECT * FROM piena.Clienti; "
                           "CREATE UNIQUE INDEX ClientiChiave ON Clienti (Cod); DETACH piena;";
@@ -123,7 +123,7 @@ Rapporto MisuraCerca(const OpzioniAmbiente& opzioni) {
       CercaNuda(nuda, "Cod, ragsoc1, localita, Prov, telefono1, piva", kPagina));
 
   auto& tessarc = programma.applicazione.Sessione().ArchivioDi("tessarc");
-  FonteTabella fonte([&]() -> Archivio& { return tessarc; }, "Clienti", "Cod", "ragsoc1");
+  screens::FonteTabella fonte([&]() -> Archivio& { return tessarc; }, "Clienti", "Cod", "ragsoc1");
   const Peggiori campo = MisuraBattute(
       [&](const std::string& testo) {
         ultimo = static_cast<std::int64_t>(fonte.Cerca(testo, kVociCampo).size());

@@ -5,8 +5,8 @@
 
 #include "bench/GeneraDitta.h"
 #include "bench/Nuda.h"
-#include "ledger/Primanota.h"
-#include "ledger/SaldoConto.h"
+#include "ledger/accounts/SaldoConto.h"
+#include "ledger/registrations/Primanota.h"
 
 namespace fenalto::banco {
 namespace {
@@ -19,7 +19,7 @@ constexpr int kSaldi = 20;
 // Keeps a result from being computed for nothing.
 volatile std::int64_t ultimo = 0;
 
-void PreparaRegistrazione(Primanota& primanota) {
+void PreparaRegistrazione(ledger::Primanota& primanota) {
   primanota.Nuovo();
   const struct {
     const char* conto;
@@ -83,7 +83,7 @@ class ConfermaNuda {
 
 Rapporto MisuraConferma(Ambiente& ambiente, Nuda& nuda) {
   ConfermaNuda bara(nuda);
-  Primanota primanota(ambiente);
+  ledger::Primanota primanota(ambiente);
   std::vector<double> nostre;
   std::vector<double> nude;
   const auto prima = ambiente.Max("NumDoc", "Articoli", {{"Anno", ambiente.Anno()}},
@@ -114,8 +114,8 @@ constexpr const char* kUnConto =
     "Articoli.Anno=2024 AND Articoli.Dt>=32874 AND Articoli.Dt<=51136 AND Movimenti.Conto=?1 AND "
     "Movimenti.CFP='P' AND ";
 
-SaldoConto::Richiesta Richiesta(const std::string& conto, bool tutti) {
-  SaldoConto::Richiesta richiesta;
+ledger::SaldoConto::Richiesta Richiesta(const std::string& conto, bool tutti) {
+  ledger::SaldoConto::Richiesta richiesta;
   richiesta.mantieniAperto = tutti;
   richiesta.conto = conto;
   richiesta.anno = kPrimoAnno + kAnni - 1;
@@ -139,7 +139,7 @@ Rapporto MisuraSaldo(Archivio& archivio, Nuda& nuda, const std::vector<std::stri
   return Misura(
       "saldo-conto", 1.2,
       [&] {
-        SaldoConto saldo(archivio);
+        ledger::SaldoConto saldo(archivio);
         for (int i = 0; i < kSaldi; ++i) {
           const auto& conto = conti[static_cast<std::size_t>(i * 11) % conti.size()];
           ultimo = saldo.Calcola(Richiesta(conto, false)).Finale().Decimillesimi();
@@ -162,7 +162,7 @@ Rapporto MisuraSaldi(Archivio& archivio, Nuda& nuda, const std::vector<std::stri
   return Misura(
       "saldi-anno", 0.35,
       [&] {
-        SaldoConto saldo(archivio);
+        ledger::SaldoConto saldo(archivio);
         for (const auto& conto : conti) {
           ultimo = saldo.Calcola(Richiesta(conto, true)).Finale().Decimillesimi();
         }

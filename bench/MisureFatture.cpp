@@ -13,8 +13,8 @@
 #include "bench/Programma.h"
 #include "core/sql/Criterio.h"
 #include "core/sql/Motore.h"
-#include "screens/common/FinestraFunzione.h"
-#include "vat/Fatture.h"
+#include "screens/common/windows/FinestraFunzione.h"
+#include "vat/entry/RegistrazioneIva.h"
 
 namespace fenalto::banco {
 namespace {
@@ -31,7 +31,7 @@ void GeneraNude(const std::filesystem::path& ditta, const std::filesystem::path&
   for (const auto& file : {tessarc, scadenzario}) std::filesystem::remove(file);
   sqlite3* motore = nullptr;
   if (sqlite3_open(tessarc.c_str(), &motore) != SQLITE_OK) throw std::runtime_error("nuda");
-  RegistraMotore(motore);
+  sql::RegistraMotore(motore);
   const std::string sql = "ATTACH '" + scadenzario.string() + "' AS s; ATTACH '" +
                           (ditta / "Cont32.mdb").string() + "' AS pt; ATTACH '" +
                           (ditta / "Scad32.mdb").string() +
@@ -115,7 +115,7 @@ class FatturaNuda {
   sqlite3_stmt* scriviScadenza_;
 };
 
-void Digita(Fatture& fatture) {
+void Digita(vat::RegistrazioneIva& fatture) {
   if (!fatture.Nuovo()) throw std::runtime_error("fattura non cominciata");
   const Data giorno = Data::DaGma(31, 12, kAnnoFatture).value();
   Scheda& testa = fatture.Testa();
@@ -140,7 +140,7 @@ void Digita(Fatture& fatture) {
 }
 
 /// Types the register, as who opens the window does, and waits for its list.
-void DigitaRegistro(FinestraFunzione& finestra) {
+void DigitaRegistro(screens::FinestraFunzione& finestra) {
   auto* registro = finestra.findChild<QLineEdit*>(QStringLiteral("RivaX"));
   auto* elenco = finestra.findChild<QTableView*>(QStringLiteral("ElencoFatture"));
   if (registro == nullptr || elenco == nullptr) throw std::runtime_error("Fatture: altri campi");
@@ -160,7 +160,7 @@ void DigitaRegistro(FinestraFunzione& finestra) {
 void Togli(Ambiente& ambiente, std::int64_t dopo, int confermate) {
   const auto oltre = [&](const char* campo) {
     return std::string(" WHERE Anno=") + std::to_string(kAnnoFatture) + " AND " +
-           Criterio(campo, ">", dopo);
+           sql::Criterio(campo, ">", dopo);
   };
   const std::int64_t righe =
       ambiente.ArchivioDi("tessarc").Esegui("DELETE * FROM Movimenti" + oltre("NumDoc"));
@@ -191,7 +191,7 @@ Rapporto MisuraConfermaFattura(const OpzioniAmbiente& opzioni) {
   nuda.Esegui("PRAGMA s.journal_mode=TRUNCATE");
   nuda.Esegui("PRAGMA s.synchronous=FULL");
   FatturaNuda bara(nuda);
-  Fatture fatture(ambiente);
+  vat::RegistrazioneIva fatture(ambiente);
   if (!fatture.ScegliRegistro(kRegistroAcquisti)) throw std::runtime_error("registro rifiutato");
   const std::int64_t prima =
       ambiente.Max("NumDoc", "Articoli", {{"Anno", kAnnoFatture}}, ambiente.ArchivioDi("tessarc"))

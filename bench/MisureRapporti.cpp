@@ -13,8 +13,8 @@
 
 #include "bench/GeneraDitta.h"
 #include "bench/Nuda.h"
-#include "ledger/BilancioVerifica.h"
-#include "ledger/Giornale.h"
+#include "ledger/journal/Giornale.h"
+#include "ledger/statements/BilancioVerifica.h"
 #include "print/Pittore.h"
 #include "print/UscitaAnteprima.h"
 #include "print/UscitaPdf.h"
@@ -29,13 +29,16 @@ constexpr int kGiorniPdf = 30;
 constexpr double kPollice = 2540;  // hundredths of a millimetre
 
 /// Hands on an output made beforehand.
-class Fabbrica : public FabbricaUscite {
+class Fabbrica : public reports::FabbricaUscite {
  public:
-  explicit Fabbrica(std::function<std::unique_ptr<Uscita>()> crea) : crea_(std::move(crea)) {}
-  std::unique_ptr<Uscita> Crea(const SceltaUscita&, const std::string&) override { return crea_(); }
+  explicit Fabbrica(std::function<std::unique_ptr<reports::Uscita>()> crea)
+      : crea_(std::move(crea)) {}
+  std::unique_ptr<reports::Uscita> Crea(const SceltaUscita&, const std::string&) override {
+    return crea_();
+  }
 
  private:
-  std::function<std::unique_ptr<Uscita>()> crea_;
+  std::function<std::unique_ptr<reports::Uscita>()> crea_;
 };
 
 void Pretendi(bool riuscito, const char* cosa) {
@@ -45,12 +48,12 @@ void Pretendi(bool riuscito, const char* cosa) {
 Rapporto MisuraBilancio(Ambiente& ambiente, Nuda& nuda) {
   auto* periodo = nuda.Prepara((std::string(kTutti) + kPeriodo + kGruppi).c_str());
   auto* apertura = nuda.Prepara((std::string(kTutti) + kApertura + kGruppi).c_str());
-  Fabbrica fabbrica([] { return std::make_unique<UscitaMemoria>(true); });
-  BilancioVerifica bilancio(ambiente, fabbrica);
+  Fabbrica fabbrica([] { return std::make_unique<reports::UscitaMemoria>(true); });
+  ledger::BilancioVerifica bilancio(ambiente, fabbrica);
   return Misura(
       "bilancio", 1.5,
       [&] {
-        SceltaBilancio scelta = bilancio.Proposta();
+        ledger::SceltaBilancio scelta = bilancio.Proposta();
         scelta.stampoCliFor = true;
         Pretendi(bilancio.StampaVerifica(scelta), "bilancio di verifica");
       },
@@ -60,12 +63,12 @@ Rapporto MisuraBilancio(Ambiente& ambiente, Nuda& nuda) {
       });
 }
 
-void StampaAnno(Ambiente& ambiente, FabbricaUscite& fabbrica, int anno, int giorni = 0) {
+void StampaAnno(Ambiente& ambiente, reports::FabbricaUscite& fabbrica, int anno, int giorni = 0) {
   Pretendi(static_cast<bool>(ambiente.ScegliAnno(anno)), "scelta dell'anno");
-  SceltaGiornale scelta;
+  ledger::SceltaGiornale scelta;
   scelta.daDt = Data::DaGma(1, 1, anno).value();
   scelta.aaDt = giorni > 0 ? scelta.daDt.PiuGiorni(giorni - 1) : Data::DaGma(31, 12, anno).value();
-  Pretendi(Giornale(ambiente, fabbrica).Stampa(scelta), "giornale");
+  Pretendi(ledger::Giornale(ambiente, fabbrica).Stampa(scelta), "giornale");
 }
 
 /// The journal's rows of one year (?1), as the engine gives them, one a line.
@@ -89,7 +92,7 @@ Rapporto MisuraGiornaleTesto(Ambiente& ambiente, Nuda& nuda, const std::filesyst
       "Movimenti.Conto, ImpoDare, ImpoAvere FROM Articoli INNER JOIN Movimenti ON "
       "Articoli.Anno=Movimenti.Anno AND Articoli.NumDoc=Movimenti.NumDoc WHERE Articoli.Anno=?1 "
       "ORDER BY Articoli.Dt, Articoli.NumDoc, Movimenti.Posi");
-  Fabbrica fabbrica([&] { return std::make_unique<UscitaTesto>(file); });
+  Fabbrica fabbrica([&] { return std::make_unique<reports::UscitaTesto>(file); });
   return Misura(
       "giornale-testo", 3,
       [&] {
@@ -114,12 +117,12 @@ struct RigaNuda {
 using PagineNude = std::vector<std::vector<RigaNuda>>;
 
 /// The lines without the blanks around them, which leave no mark.
-PagineNude Spoglia(const std::vector<Pagina>& pagine) {
+PagineNude Spoglia(const std::vector<reports::Pagina>& pagine) {
   PagineNude nude;
-  for (const Pagina& pagina : pagine) {
+  for (const reports::Pagina& pagina : pagine) {
     auto& righe = nude.emplace_back();
-    for (const Elemento& elemento : pagina.elementi) {
-      const auto& riga = std::get<RigaFissa>(elemento);
+    for (const reports::Elemento& elemento : pagina.elementi) {
+      const auto& riga = std::get<reports::RigaFissa>(elemento);
       const auto primo = riga.testo.find_first_not_of(' ');
       if (primo == std::string::npos) continue;
       const auto ultimo = riga.testo.find_last_not_of(' ');
@@ -155,13 +158,13 @@ class FonteNuda {
   double altezza_ = 0;
 };
 
-void DipingiNude(const PagineNude& pagine, const FormatoPagina& formato, int passo,
+void DipingiNude(const PagineNude& pagine, const reports::FormatoPagina& formato, int passo,
                  const std::filesystem::path& percorso) {
   QFile file(QString::fromStdString(percorso.string()));
   Pretendi(file.open(QIODevice::WriteOnly), "file PDF");
   QPdfWriter scrittore(&file);
   scrittore.setResolution(static_cast<int>(kPollice));
-  scrittore.setPageLayout(Disposizione(formato));
+  scrittore.setPageLayout(print::Disposizione(formato));
   const FonteNuda normale(passo, false);
   const FonteNuda grassetto(passo, true);
   QPainter tela(&scrittore);
@@ -176,42 +179,43 @@ void DipingiNude(const PagineNude& pagine, const FormatoPagina& formato, int pas
 }
 
 /// Takes the pages and gives them to whom it was made for.
-class UscitaRaccolta : public UscitaMemoria {
+class UscitaRaccolta : public reports::UscitaMemoria {
  public:
-  explicit UscitaRaccolta(std::vector<Pagina>& pagine) : UscitaMemoria(false), pagine_(pagine) {}
+  explicit UscitaRaccolta(std::vector<reports::Pagina>& pagine)
+      : reports::UscitaMemoria(false), pagine_(pagine) {}
   Esito<bool> Fine() override {
-    auto esito = UscitaMemoria::Fine();
+    auto esito = reports::UscitaMemoria::Fine();
     pagine_ = Pagine();
     return esito;
   }
 
  private:
-  std::vector<Pagina>& pagine_;
+  std::vector<reports::Pagina>& pagine_;
 };
 
 Rapporto MisuraGiornalePdf(Ambiente& ambiente, const std::filesystem::path& file) {
   const int anno = kPrimoAnno + kAnni - 1;
-  std::vector<Pagina> pagine;
+  std::vector<reports::Pagina> pagine;
   Fabbrica raccolta([&] { return std::make_unique<UscitaRaccolta>(pagine); });
   StampaAnno(ambiente, raccolta, anno, kGiorniPdf);
   std::printf("# giornale-pdf: %zu pagine\n", pagine.size());
-  const FormatoPagina formato = pagine.front().formato;
-  const int passo = std::get<RigaFissa>(pagine.front().elementi.front()).passo;
+  const reports::FormatoPagina formato = pagine.front().formato;
+  const int passo = std::get<reports::RigaFissa>(pagine.front().elementi.front()).passo;
   const PagineNude nude = Spoglia(pagine);
   pagine = {};
-  Fabbrica fabbrica([&] { return std::make_unique<UscitaPdf>(file); });
+  Fabbrica fabbrica([&] { return std::make_unique<print::UscitaPdf>(file); });
   return Misura(
       "giornale-pdf", 1.3, [&] { StampaAnno(ambiente, fabbrica, anno, kGiorniPdf); },
       [&] { DipingiNude(nude, formato, passo, file); });
 }
 
 /// A preview that tells when its first page was on the screen, and closes its window at the end.
-class UscitaCronometro : public UscitaAnteprima {
+class UscitaCronometro : public print::UscitaAnteprima {
  public:
   UscitaCronometro(Dialoghi& dialoghi, std::function<void()> suPrima)
-      : UscitaAnteprima("giornale", dialoghi, nullptr, {}), suPrima_(std::move(suPrima)) {}
-  bool Aggiungi(Pagina pagina) override {
-    const bool preso = UscitaAnteprima::Aggiungi(std::move(pagina));
+      : print::UscitaAnteprima("giornale", dialoghi, nullptr, {}), suPrima_(std::move(suPrima)) {}
+  bool Aggiungi(reports::Pagina pagina) override {
+    const bool preso = print::UscitaAnteprima::Aggiungi(std::move(pagina));
     if (suPrima_) {
       Pretendi(Finestra()->Vista().Dipinta(), "prima pagina dell'anteprima");
       suPrima_();
@@ -220,7 +224,7 @@ class UscitaCronometro : public UscitaAnteprima {
     return preso;
   }
   Esito<bool> Fine() override {
-    auto esito = UscitaAnteprima::Fine();
+    auto esito = print::UscitaAnteprima::Fine();
     if (Finestra() != nullptr) Finestra()->close();
     return esito;
   }
@@ -305,7 +309,7 @@ void StampaGiornali(const OpzioniAmbiente& opzioni, const std::string& ditta,
   if (auto esito = ambiente.ApriDitta(ditta); !esito) {
     throw std::runtime_error(esito.Errore().messaggio);
   }
-  Fabbrica fabbrica([&] { return std::make_unique<UscitaPdf>(file); });
+  Fabbrica fabbrica([&] { return std::make_unique<print::UscitaPdf>(file); });
   for (int i = 0; i < kAnni; ++i) StampaAnno(ambiente, fabbrica, kPrimoAnno + i);
   std::ofstream(file.string() + ".megabyte") << MegabytePropri() << '\n';
 }

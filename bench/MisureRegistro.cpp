@@ -10,7 +10,7 @@
 #include "bench/Nuda.h"
 #include "core/reports/Uscita.h"
 #include "core/sql/Motore.h"
-#include "vat/RegistroIvaUnico.h"
+#include "vat/register/RegistroIvaUnico.h"
 
 namespace fenalto::banco {
 namespace {
@@ -18,11 +18,11 @@ namespace {
 constexpr const char* kAnno = "Z";  // all registrations of the year in one period
 
 /// A text file, whatever was chosen.
-class FabbricaTesto : public FabbricaUscite {
+class FabbricaTesto : public reports::FabbricaUscite {
  public:
   explicit FabbricaTesto(std::filesystem::path file) : file_(std::move(file)) {}
-  std::unique_ptr<Uscita> Crea(const SceltaUscita&, const std::string&) override {
-    return std::make_unique<UscitaTesto>(file_);
+  std::unique_ptr<reports::Uscita> Crea(const SceltaUscita&, const std::string&) override {
+    return std::make_unique<reports::UscitaTesto>(file_);
   }
 
  private:
@@ -47,7 +47,7 @@ struct Banco {
 /// From the request to the last page: proposals, checks, totals, settlement, print.
 void StampaRegistro(Ambiente& ambiente, const std::filesystem::path& file) {
   FabbricaTesto fabbrica(file);
-  RegistroIvaUnico registro(ambiente);
+  vat::RegistroIvaUnico registro(ambiente);
   if (!registro.ScegliPeriodo(kAnno) || !registro.Stampa(fabbrica)) {
     throw std::runtime_error("registro iva non stampato");
   }
@@ -69,7 +69,7 @@ Rapporto MisuraRegistro(const OpzioniAmbiente& opzioni) {
   Banco banco(opzioni, kFattureMolte);
   const auto file = opzioni.cartellaProgramma / "registro.txt";
   // On the company's own file and indexes, so that both sides read the same pages in order.
-  Nuda nuda(opzioni.cartellaProgramma / kFattureMolte / "Cont32.mdb", RegistraMotore);
+  Nuda nuda(opzioni.cartellaProgramma / kFattureMolte / "Cont32.mdb", sql::RegistraMotore);
   auto* righe = nuda.Prepara(
       "SELECT Articoli.NProt, Articoli.NumDoc, Articoli.Anno, Articoli.Dt, Articoli.CFP, "
       "Articoli.Conto, Articoli.DtFat, Articoli.NFat, Articoli.Ep, Articoli.DtIncasso, "

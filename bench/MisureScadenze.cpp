@@ -11,10 +11,10 @@
 #include "core/reports/Uscita.h"
 #include "core/sql/Criterio.h"
 #include "core/sql/Motore.h"
-#include "duedates/RicercaScadenze.h"
 #include "duedates/payments/RegistraPagamento.h"
 #include "duedates/riba/FileDistinta.h"
 #include "duedates/riba/StampaDistinta.h"
+#include "duedates/schedules/RicercaScadenze.h"
 #include "print/UscitaPdf.h"
 
 namespace fenalto::banco {
@@ -48,14 +48,14 @@ Rapporto MisuraSelezione(const OpzioniAmbiente& opzioni) {
   Banco banco(opzioni);
   const auto ditta = opzioni.cartellaProgramma / kScadenzeMolte;
   // On the company's own files and indexes, so that both sides read the same pages in order.
-  Nuda nuda(ditta / "Scad32.mdb", RegistraMotore);
+  Nuda nuda(ditta / "Scad32.mdb", sql::RegistraMotore);
   nuda.Esegui(("ATTACH '" + (ditta / "Cont32.mdb").string() + "' AS t").c_str());
   auto* righe = nuda.Prepara(
       "SELECT s.Conto, c.Descrizione, s.Dt, s.anticipo, s.ImportoE, s.ImportoPagatoE, "
       "substr(s.Descrizione,1,35), s.NProt, s.NFat, s.DtFat, s.Tipo, s.Stato, s.Numero FROM "
       "Scadenze s INNER JOIN t.ContiClientiFornitori c ON s.Conto=c.Cod AND s.CFP=c.CFP WHERE "
       "s.CFP='C' AND s.Stato<'30' ORDER BY s.Dt, s.Numero");
-  RicercaScadenze ricerca;
+  duedates::RicercaScadenze ricerca;
   ricerca.cfp = "C";
   std::int64_t trovate = 0;
   Importo aperto;
@@ -65,7 +65,7 @@ Rapporto MisuraSelezione(const OpzioniAmbiente& opzioni) {
       [&] {
         trovate = 0;
         tempi.push_back(Secondi([&] {
-          CercaScadenze(banco.ambiente, ricerca, [&](const RigaScadenza& riga) {
+          duedates::CercaScadenze(banco.ambiente, ricerca, [&](const duedates::RigaScadenza& riga) {
             aperto += riga.Residuo();
             ++trovate;
             return true;
@@ -85,7 +85,7 @@ Rapporto MisuraSelezione(const OpzioniAmbiente& opzioni) {
 /// parties touches them in two hundred places, whoever writes it.
 void Copia(const std::filesystem::path& da, const std::filesystem::path& a) {
   std::filesystem::remove(a);
-  Nuda(da, RegistraMotore).Esegui(("VACUUM INTO '" + a.string() + "'").c_str());
+  Nuda(da, sql::RegistraMotore).Esegui(("VACUUM INTO '" + a.string() + "'").c_str());
 }
 
 /// The rows of a payment bound to prepared statements, in one transaction over both files.
@@ -104,7 +104,7 @@ class PagamentoNudo {
             "ImpoDare, ImpoAvere, CFPControp, ContoControp, TIPORIGA, _Dt) VALUES (2024, ?1, ?2, "
             "'002', 'pagamento FT. 12345', ?3, ?4, ?5, ?6, ?7, ?8, 0, 45657)")) {}
 
-  void Conferma(const std::vector<RigaPagamento>& righe) {
+  void Conferma(const std::vector<duedates::RigaPagamento>& righe) {
     nuda_.Esegui("BEGIN IMMEDIATE");
     sqlite3_step(massimo_);
     const std::int64_t numero = sqlite3_column_int64(massimo_, 0) + 1;
@@ -113,7 +113,7 @@ class PagamentoNudo {
     Fai(scriviTesta_);
     std::int64_t posi = 0;
     std::int64_t totale = 0;
-    for (const RigaPagamento& riga : righe) {
+    for (const duedates::RigaPagamento& riga : righe) {
       const std::int64_t importo = riga.importoPagato.Decimillesimi();
       totale += importo;
       sqlite3_bind_int64(aggiorna_, 1, importo * 1936);
@@ -161,8 +161,8 @@ Pagamento Prepara(Ambiente& ambiente, std::int64_t daNumero) {
   pagamento.descrizione = "pagamento";
   pagamento.contropartita = "100.010";
   for (int i = 0; i < kPagateInsieme; ++i) {
-    RigaPagamento riga;
-    riga.vista = LeggiScadenza(ambiente, daNumero + i).value();
+    duedates::RigaPagamento riga;
+    riga.vista = duedates::LeggiScadenza(ambiente, daNumero + i).value();
     riga.importoPagato = riga.vista.Residuo();
     pagamento.righe.push_back(std::move(riga));
   }
@@ -172,20 +172,20 @@ Pagamento Prepara(Ambiente& ambiente, std::int64_t daNumero) {
 /// Rows and due dates of what was measured, as they were before.
 void Disfa(Ambiente& ambiente, const std::vector<Pagamento>& pagati, std::int64_t prima) {
   const std::string oltre =
-      " WHERE Anno=" + std::to_string(kAnno) + " AND " + Criterio("NumDoc", ">", prima);
+      " WHERE Anno=" + std::to_string(kAnno) + " AND " + sql::Criterio("NumDoc", ">", prima);
   Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
   const std::int64_t righe =
       ambiente.ArchivioDi("tessarc").Esegui("DELETE * FROM Movimenti" + oltre);
   ambiente.ArchivioDi("tessarc").Esegui("DELETE * FROM Articoli" + oltre);
   for (const Pagamento& pagamento : pagati) {
-    for (const RigaPagamento& riga : pagamento.righe) {
-      std::string campi = Criterio("Stato", "=", riga.vista.stato) + ",DtPag=#12/30/1899#";
-      for (const auto& [campo, valore] : CampiPagato(riga.vista.importoPagatoE)) {
-        campi += "," + campo + "=" + LetteraleSql(valore);
+    for (const duedates::RigaPagamento& riga : pagamento.righe) {
+      std::string campi = sql::Criterio("Stato", "=", riga.vista.stato) + ",DtPag=#12/30/1899#";
+      for (const auto& [campo, valore] : duedates::CampiPagato(riga.vista.importoPagatoE)) {
+        campi += "," + campo + "=" + sql::LetteraleSql(valore);
       }
       ambiente.ArchivioDi("scadenzario")
           .Esegui("UPDATE Scadenze SET " + campi + " WHERE " +
-                  Criterio("Numero", "=", riga.vista.numero));
+                  sql::Criterio("Numero", "=", riga.vista.numero));
     }
   }
   transazione.Conferma();
@@ -200,7 +200,7 @@ Rapporto MisuraPagamento(const OpzioniAmbiente& opzioni) {
   Copia(cartella / kScadenzeMolte / "Cont32.mdb", tessarc);
   Copia(cartella / kScadenzeMolte / "Scad32.mdb", scadenze);
   Banco banco(opzioni);
-  Nuda nuda(tessarc, RegistraMotore);
+  Nuda nuda(tessarc, sql::RegistraMotore);
   nuda.Esegui(("ATTACH '" + scadenze.string() + "' AS s").c_str());
   nuda.Esegui("PRAGMA s.journal_mode=TRUNCATE");
   nuda.Esegui("PRAGMA s.synchronous=FULL");
@@ -217,7 +217,7 @@ Rapporto MisuraPagamento(const OpzioniAmbiente& opzioni) {
     pagati.push_back(Prepara(ambiente, numero));
     nudi.push_back(Secondi([&] { nudo.Conferma(pagati.back().righe); }));
     nostri.push_back(Secondi([&] {
-      Pretendi(RegistraPagamento(ambiente, pagati.back()).scritto, "pagamento rifiutato");
+      Pretendi(duedates::RegistraPagamento(ambiente, pagati.back()).scritto, "pagamento rifiutato");
     }));
   }
   Disfa(ambiente, pagati, prima);
@@ -228,20 +228,20 @@ Rapporto MisuraPagamento(const OpzioniAmbiente& opzioni) {
 // --- Batch ---------------------------------------------------------------------------------------
 
 /// A PDF, whatever was chosen.
-class FabbricaPdf : public FabbricaUscite {
+class FabbricaPdf : public reports::FabbricaUscite {
  public:
   explicit FabbricaPdf(std::filesystem::path file) : file_(std::move(file)) {}
-  std::unique_ptr<Uscita> Crea(const SceltaUscita&, const std::string&) override {
-    return std::make_unique<UscitaPdf>(file_);
+  std::unique_ptr<reports::Uscita> Crea(const SceltaUscita&, const std::string&) override {
+    return std::make_unique<print::UscitaPdf>(file_);
   }
 
  private:
   std::filesystem::path file_;
 };
 
-DebitoreRiba Debitore(Ambiente& ambiente, const std::string& conto) {
+duedates::DebitoreRiba Debitore(Ambiente& ambiente, const std::string& conto) {
   const Rs rs = ambiente.ArchivioDi("tessarc").Recordset("SELECT * FROM Clienti WHERE " +
-                                                         Criterio("Cod", "=", conto));
+                                                         sql::Criterio("Cod", "=", conto));
   const auto testo = [&rs](const char* campo) { return rs.Fields(campo).Testo(); };
   return {testo("ragsoc1"),  testo("ragsoc2"), testo("indirizzo"), testo("cap"),
           testo("localita"), testo("prov"),    testo("piva"),      testo("ABI"),
@@ -249,18 +249,19 @@ DebitoreRiba Debitore(Ambiente& ambiente, const std::string& conto) {
 }
 
 /// A full batch of the first receipts.
-DatiDistinta Distinta(Ambiente& ambiente, const std::filesystem::path& file) {
-  DatiDistinta dati;
+duedates::DatiDistinta Distinta(Ambiente& ambiente, const std::filesystem::path& file) {
+  duedates::DatiDistinta dati;
   dati.numero = 1;
-  dati.banca = LeggiBanca(ambiente, kBancaRicevute).value();
+  dati.banca = duedates::LeggiBanca(ambiente, kBancaRicevute).value();
   dati.nomeFile = file.string();
   dati.distinta.data = Data::DaGma(31, 12, kAnno).value();
   dati.distinta.banca = dati.banca.conto;
   dati.distinta.creditore = {"Ditta di prova srl", "", "via Milano 1", "23900 Lecco",
                              "01234567890"};
   const std::int64_t prima = kQuanteScadenze - kAperteClienti - kAperteFornitori + 1;
-  for (std::size_t i = 0; i < kMassimoRicevute; ++i) {
-    const Scadenza s = LeggiScadenza(ambiente, prima + static_cast<std::int64_t>(i)).value();
+  for (std::size_t i = 0; i < duedates::kMassimoRicevute; ++i) {
+    const Scadenza s =
+        duedates::LeggiScadenza(ambiente, prima + static_cast<std::int64_t>(i)).value();
     dati.vista.push_back(s);
     dati.distinta.ricevute.push_back(
         {s.dt, s.importoE, s.descrizione, Debitore(ambiente, s.conto)});
@@ -275,7 +276,7 @@ Rapporto MisuraDistinta(const OpzioniAmbiente& opzioni) {
   Banco banco(opzioni);
   const auto file = opzioni.cartellaProgramma / "distinta.rib";
   const auto stampata = opzioni.cartellaProgramma / "distinta.pdf";
-  const DatiDistinta dati = Distinta(banco.ambiente, file);
+  const duedates::DatiDistinta dati = Distinta(banco.ambiente, file);
   FabbricaPdf fabbrica(stampata);
   std::vector<double> tempi;
   Rapporto rapporto = Misura(
@@ -283,13 +284,15 @@ Rapporto MisuraDistinta(const OpzioniAmbiente& opzioni) {
       [&] {
         std::filesystem::remove(file);
         tempi.push_back(Secondi([&] {
-          FileDistinta distinta(file);
-          Pretendi(distinta.Scrivi(ComponiFileRiba(dati.distinta)).Riuscito(), "file non scritto");
+          duedates::FileDistinta distinta(file);
+          Pretendi(distinta.Scrivi(duedates::ComponiFileRiba(dati.distinta)).Riuscito(),
+                   "file non scritto");
           distinta.Tieni();
         }));
       },
       [&] {
-        Pretendi(StampaDistinta(banco.ambiente, fabbrica, dati).Prova(), "distinta non stampata");
+        Pretendi(duedates::StampaDistinta(banco.ambiente, fabbrica, dati).Prova(),
+                 "distinta non stampata");
       },
       21);
   std::printf("# riba-file: %.2f ms, %ju byte\n", Mediana(tempi) * 1e3,

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <stdexcept>
 
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
 namespace fenalto::banco {
 namespace {

@@ -17,11 +17,11 @@ struct Programma {
   DialoghiMuti dialoghi;
   OrologioDiSistema orologio;
   CasoDiSistema caso;
-  Applicazione applicazione;
+  screens::Applicazione applicazione;
 };
 
 /// What is done in a window once it is up; part of what is measured.
-using DopoApertura = std::function<void(FinestraFunzione&)>;
+using DopoApertura = std::function<void(screens::FinestraFunzione&)>;
 
 /// Seconds from asking for a window to its picture on the screen; the window is closed after.
 double ApriEGuarda(Programma& programma, const QString& finestra, const DopoApertura& dopo = {});

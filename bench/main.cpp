@@ -86,7 +86,7 @@ int main(int argc, char** argv) {
   opzioni.cartellaDati = FENALTO_DATA;
   opzioni.stazione = "banco";
   opzioni.copie = false;
-  fenalto::Applicazione::Prepara(opzioni.cartellaDati);
+  fenalto::screens::Applicazione::Prepara(opzioni.cartellaDati);
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                      QString::fromStdString((opzioni.cartellaProgramma / "impostazioni").string()));
   try {

@@ -36,7 +36,7 @@ std::filesystem::path CartellaProgramma(const QString& indicata) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  fenalto::ApplicazioneQt applicazione(argc, argv);
+  fenalto::screens::ApplicazioneQt applicazione(argc, argv);
   QCommandLineParser opzioni;
   opzioni.setApplicationDescription(QStringLiteral("Fenalto: contabilità e gestione"));
   opzioni.addHelpOption();
@@ -67,14 +67,14 @@ int main(int argc, char** argv) {
     QTimer::singleShot(quanto, &attesa, &QEventLoop::quit);
     attesa.exec(QEventLoop::ExcludeUserInputEvents);
   };
-  fenalto::Applicazione::Prepara(ambiente.cartellaDati);
+  fenalto::screens::Applicazione::Prepara(ambiente.cartellaDati);
 
-  fenalto::DialoghiQt dialoghi;
+  fenalto::screens::DialoghiQt dialoghi;
   applicazione.Dialogo(&dialoghi);
   fenalto::OrologioDiSistema orologio;
   fenalto::CasoDiSistema caso;
   try {
-    if (auto demo = fenalto::CreaDemoSeVuota(ambiente, orologio); !demo) {
+    if (auto demo = fenalto::demo::CreaDemoSeVuota(ambiente, orologio); !demo) {
       std::fprintf(stderr, "fenalto: %s\n", demo.Errore().messaggio.c_str());
       if (!opzioni.isSet(prepara)) {
         dialoghi.Messaggio(demo.Errore().messaggio, fenalto::Icona::Errore);
@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
       return 1;
     }
     if (opzioni.isSet(prepara)) return 0;
-    fenalto::Applicazione programma(ambiente, dialoghi, orologio, caso);
+    fenalto::screens::Applicazione programma(ambiente, dialoghi, orologio, caso);
     dialoghi.Sopra(&programma.Principale());
     if (!programma.Avvia(opzioni.value(ditta).toStdString())) return 0;
     programma.Mostra();

@@ -6,11 +6,11 @@
 
 #include "core/archives/ArchivioCodici.h"
 #include "demo/DatiDemo.h"
-#include "documents/ArchiviDocumenti.h"
-#include "documents/ArchiviParti.h"
-#include "duedates/ArchiviScadenze.h"
+#include "documents/parties/ArchiviParti.h"
+#include "documents/types/ArchiviDocumenti.h"
+#include "duedates/codes/ArchiviScadenze.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 namespace {
 
@@ -27,7 +27,8 @@ std::string_view Agente(std::size_t numero) {
 class ScrittoreArchivio {
  public:
   ScrittoreArchivio(Ambiente& ambiente, DialoghiMuti& dialoghi,
-                    const std::vector<DescrizioneArchivio>& stanza, std::string_view tabella)
+                    const std::vector<archives::DescrizioneArchivio>& stanza,
+                    std::string_view tabella)
       : dialoghi_(dialoghi),
         archivio_(ambiente, *std::find_if(stanza.begin(), stanza.end(),
                                           [&](const auto& d) { return d.tabella == tabella; })) {}
@@ -43,7 +44,7 @@ class ScrittoreArchivio {
 
  private:
   DialoghiMuti& dialoghi_;
-  ArchivioCodici archivio_;
+  archives::ArchivioCodici archivio_;
 };
 
 void ScriviParti(ScrittoreArchivio archivio, std::span<const AnagraficaDemo> parti, bool clienti) {
@@ -133,7 +134,7 @@ void ScriviImpostazioniDemo(Ambiente& ambiente) {
 }
 
 void ScriviAnagraficheDemo(Ambiente& ambiente, DialoghiMuti& dialoghi) {
-  ScrittoreArchivio banche(ambiente, dialoghi, ArchiviScadenze(), "Banche");
+  ScrittoreArchivio banche(ambiente, dialoghi, duedates::ArchiviScadenze(), "Banche");
   for (const BancaDemo& b : kBancheDemo) {
     banche.Scrivi({{"Cod", b.cod},
                    {"Nome", b.nome},
@@ -144,16 +145,16 @@ void ScriviAnagraficheDemo(Ambiente& ambiente, DialoghiMuti& dialoghi) {
                    {"CodSia", kSiaDemo},
                    {"paese", "IT"}});
   }
-  ScrittoreArchivio agenti(ambiente, dialoghi, ArchiviDocumenti(), "Agenti");
+  ScrittoreArchivio agenti(ambiente, dialoghi, documents::ArchiviDocumenti(), "Agenti");
   for (const AgenteDemo& a : kAgentiDemo) {
     agenti.Scrivi({{"Cod", a.cod},
                    {"Descrizione", a.descrizione},
                    {"Provv", a.provvigione},
                    {"Localita", a.localita}});
   }
-  const std::vector<DescrizioneArchivio> parti = ArchiviParti();
+  const std::vector<archives::DescrizioneArchivio> parti = documents::ArchiviParti();
   ScriviParti({ambiente, dialoghi, parti, "Clienti"}, kClientiDemo, true);
   ScriviParti({ambiente, dialoghi, parti, "Fornitori"}, kFornitoriDemo, false);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

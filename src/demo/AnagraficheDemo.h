@@ -4,7 +4,7 @@
 #include "core/session/Ambiente.h"
 #include "demo/DialoghiMuti.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 inline constexpr int kCifreParteDemo = 4;
 /// Code of the party at place `numero` of its list, from 1: "0001".
@@ -15,4 +15,4 @@ void ScriviImpostazioniDemo(Ambiente& ambiente);
 /// Parties, banks and agents; throws ErroreArchivio when the archives refuse one.
 void ScriviAnagraficheDemo(Ambiente& ambiente, DialoghiMuti& dialoghi);
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

@@ -4,7 +4,7 @@
 #include "demo/AnagraficheDemo.h"
 #include "demo/LibroDemo.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 namespace {
 
@@ -43,4 +43,4 @@ Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) 
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

@@ -4,7 +4,7 @@
 
 #include "core/session/Ambiente.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 /// Makes the company `Demo` from the model company when the program folder has no company at all:
 /// parties, banks, agents, some hundred registrations of the last year and the current one, and the
@@ -12,4 +12,4 @@ namespace fenalto {
 /// nothing to do.
 Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio);
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-namespace fenalto {
+namespace fenalto::demo {
 
 /// `controp`, `codIva` and `pagamento` are what a document of the party proposes.
 struct AnagraficaDemo {
@@ -145,4 +145,4 @@ inline constexpr std::array<AnagraficaDemo, 18> kFornitoriDemo = {{
      "CONT"},
 }};
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

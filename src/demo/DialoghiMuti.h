@@ -3,7 +3,7 @@
 
 #include "core/session/Porte.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 /// Nobody to ask: every question takes its default, and the last message is kept.
 class DialoghiMuti final : public Dialoghi {
@@ -49,4 +49,4 @@ class DialoghiMuti final : public Dialoghi {
   };
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

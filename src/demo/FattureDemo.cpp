@@ -7,7 +7,7 @@
 #include "demo/AnagraficheDemo.h"
 #include "demo/DatiDemo.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 namespace {
 
@@ -171,4 +171,4 @@ void FattureDemo::FinoA(Data data) {
   for (; Attende(data); ++scritti_) Scrivi(documenti_[scritti_]);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

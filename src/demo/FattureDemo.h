@@ -7,9 +7,9 @@
 
 #include "demo/DialoghiMuti.h"
 #include "demo/Generatore.h"
-#include "vat/Fatture.h"
+#include "vat/entry/RegistrazioneIva.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 class FattureDemo {
  public:
@@ -50,9 +50,9 @@ class FattureDemo {
   DialoghiMuti& dialoghi_;
   Data inizio_;
   Generatore generatore_;
-  Fatture fatture_;
+  vat::RegistrazioneIva fatture_;
   std::vector<Documento> documenti_;  ///< in order of date
   std::size_t scritti_ = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

@@ -6,7 +6,7 @@
 
 #include "core/values/Importo.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 /// The same numbers for the same seed, so that the demo of a day is always the same.
 class Generatore {
@@ -30,4 +30,4 @@ class Generatore {
   std::uint64_t stato_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

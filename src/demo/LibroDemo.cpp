@@ -7,7 +7,7 @@
 #include "demo/AnagraficheDemo.h"
 #include "demo/DatiDemo.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 namespace {
 
@@ -62,13 +62,13 @@ void LibroDemo::Registra(Data data, std::string_view causale, const std::vector<
 void LibroDemo::Documenti(Data data) {
   if (data < documenti_.Inizio()) return;
   Archivio& tessarc = ambiente_.ArchivioDi("tessarc");
-  const std::string anno = Criterio("Anno", "=", ambiente_.Anno());
+  const std::string anno = sql::Criterio("Anno", "=", ambiente_.Anno());
   const Valore ultimo = tessarc.Singolo("select Max(NumDoc) from Articoli where " + anno);
   documenti_.FinoA(data);
   pagamenti_.FinoA(std::min(data, oggi_));
   for (Rs conto = tessarc.Recordset(
            "select CFP, Conto, Sum(ImpoDare), Sum(ImpoAvere) from Movimenti where " + anno +
-           " and " + Criterio("NumDoc", ">", ultimo.Intero()) + " group by CFP, Conto");
+           " and " + sql::Criterio("NumDoc", ">", ultimo.Intero()) + " group by CFP, Conto");
        !conto.Eof(); conto.MoveNext()) {
     const std::pair chiave(conto.Fields(0).Testo(), conto.Fields(1).Testo());
     const Importo saldo = conto.Fields(2).Importo() - conto.Fields(3).Importo();
@@ -113,7 +113,7 @@ void LibroDemo::PrimoAnno(int anno) {
     aggiungi({"F", CodiceParteDemo(n), -generatore_.Euro(300, 5'200), testo});
   }
   aggiungi(Conto("300.012", -totale, testo));
-  Registra(Data::DaGma(1, 1, anno).value(), kCausaleApertura, righe);
+  Registra(Data::DaGma(1, 1, anno).value(), ledger::kCausaleApertura, righe);
   Anno(anno);
 }
 
@@ -132,7 +132,7 @@ void LibroDemo::SecondoAnno(int anno) {
   }
   righe.push_back(Conto(totale.Negativo() ? "300.011" : "300.010", -totale, testo));
   saldi_.clear();
-  Registra(Data::DaGma(1, 1, anno).value(), kCausaleApertura, righe);
+  Registra(Data::DaGma(1, 1, anno).value(), ledger::kCausaleApertura, righe);
   for (const auto& [conto, saldo] : daScadenze_) saldi_[conto] -= saldo;
   Anno(anno);
 }
@@ -306,4 +306,4 @@ void LibroDemo::FineAnno(int anno) {
   registra("026", "560.004", "320.001", 2'510, "Accantonamento TFR dell'anno");
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

@@ -13,9 +13,9 @@
 #include "demo/FattureDemo.h"
 #include "demo/Generatore.h"
 #include "demo/PagamentiDemo.h"
-#include "ledger/Primanota.h"
+#include "ledger/registrations/Primanota.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 /// Debit above zero, credit below.
 struct RigaDemo {
@@ -72,7 +72,7 @@ class LibroDemo {
   Ambiente& ambiente_;
   DialoghiMuti& dialoghi_;
   Data oggi_;
-  Primanota primanota_;
+  ledger::Primanota primanota_;
   FattureDemo documenti_;
   PagamentiDemo pagamenti_;
   Generatore generatore_{20'240'315};
@@ -83,4 +83,4 @@ class LibroDemo {
   int note_ = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

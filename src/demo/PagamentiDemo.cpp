@@ -3,10 +3,10 @@
 #include <map>
 
 #include "core/store/ErroreArchivio.h"
-#include "duedates/ImpostazioniPagamento.h"
-#include "duedates/RicercaScadenze.h"
+#include "duedates/payments/ImpostazioniPagamento.h"
+#include "duedates/schedules/RicercaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 namespace {
 
 /// Every so many customers one pays nothing in time.
@@ -24,36 +24,36 @@ void PagamentiDemo::FinoA(Data data) {
 }
 
 void PagamentiDemo::Paga(const std::string& cfp, Data data) {
-  RicercaScadenze ricerca;
+  duedates::RicercaScadenze ricerca;
   ricerca.cfp = cfp;
   ricerca.aData = data;
-  std::map<std::string, std::vector<RigaPagamento>> parti;
-  CercaScadenze(ambiente_, ricerca, [&](const RigaScadenza& riga) {
+  std::map<std::string, std::vector<duedates::RigaPagamento>> parti;
+  duedates::CercaScadenze(ambiente_, ricerca, [&](const duedates::RigaScadenza& riga) {
     if (InRitardo(cfp, riga.conto)) return true;
-    if (const auto vista = LeggiScadenza(ambiente_, riga.numero)) {
+    if (const auto vista = duedates::LeggiScadenza(ambiente_, riga.numero)) {
       parti[riga.conto].push_back({*vista, vista->Residuo(), Importo(), true});
     }
     return true;
   });
-  const ImpostazioniPagamento impostazioni =
-      LeggiImpostazioni(ambiente_, FinestraPagamento::SingolaParte, cfp);
+  const duedates::ImpostazioniPagamento impostazioni =
+      duedates::LeggiImpostazioni(ambiente_, duedates::FinestraPagamento::SingolaParte, cfp);
   for (auto& [conto, righe] : parti) {
-    Pagamento pagamento;
+    duedates::Pagamento pagamento;
     pagamento.cfp = cfp;
     pagamento.dt = data;
     pagamento.causale = impostazioni.causale;
     pagamento.descrizione = cfp == "C" ? "Incasso" : "Pagamento";
     pagamento.contropartita = impostazioni.contropartita;
-    pagamento.origine = Origine::PagamentoSingolo;
+    pagamento.origine = ledger::Origine::PagamentoSingolo;
     pagamento.righe = std::move(righe);
     Registra(pagamento);
   }
 }
 
-void PagamentiDemo::Registra(const Pagamento& pagamento) {
-  if (RegistraPagamento(ambiente_, pagamento).scritto) return;
+void PagamentiDemo::Registra(const duedates::Pagamento& pagamento) {
+  if (duedates::RegistraPagamento(ambiente_, pagamento).scritto) return;
   throw ErroreArchivio(ErroreArchivio::Causa::Altro,
                        "pagamento del " + pagamento.dt.Testo() + ": " + dialoghi_.ultimo);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

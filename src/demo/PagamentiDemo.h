@@ -5,7 +5,7 @@
 #include "demo/DialoghiMuti.h"
 #include "duedates/payments/RegistraPagamento.h"
 
-namespace fenalto {
+namespace fenalto::demo {
 
 class PagamentiDemo {
  public:
@@ -18,10 +18,10 @@ class PagamentiDemo {
 
  private:
   void Paga(const std::string& cfp, Data data);
-  void Registra(const Pagamento& pagamento);
+  void Registra(const duedates::Pagamento& pagamento);
 
   Ambiente& ambiente_;
   DialoghiMuti& dialoghi_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::demo

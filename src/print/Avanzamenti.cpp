@@ -1,6 +1,6 @@
 #include "print/Avanzamenti.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
 AvanzaPagine AvanzaCon(Dialoghi& dialoghi) {
   struct Stato {
@@ -18,4 +18,4 @@ AvanzaPagine AvanzaCon(Dialoghi& dialoghi) {
   };
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -4,7 +4,7 @@
 #include <QDir>
 #include <QIODevice>
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 /// Pages are text: the quickest packing makes them some ten times smaller.
@@ -20,85 +20,85 @@ QDataStream& operator>>(QDataStream& flusso, std::string& testo) {
   return flusso;
 }
 
-QDataStream& operator<<(QDataStream& flusso, const Rinvio& rinvio) {
+QDataStream& operator<<(QDataStream& flusso, const reports::Rinvio& rinvio) {
   flusso << static_cast<qint8>(rinvio.genere);
-  if (rinvio.genere == Rinvio::Genere::Nessuno) return flusso;
+  if (rinvio.genere == reports::Rinvio::Genere::Nessuno) return flusso;
   return flusso << rinvio.cfp << rinvio.conto << rinvio.anno << static_cast<qint64>(rinvio.numero);
 }
-QDataStream& operator>>(QDataStream& flusso, Rinvio& rinvio) {
+QDataStream& operator>>(QDataStream& flusso, reports::Rinvio& rinvio) {
   qint8 genere = 0;
   flusso >> genere;
-  rinvio.genere = static_cast<Rinvio::Genere>(genere);
-  if (rinvio.genere == Rinvio::Genere::Nessuno) return flusso;
+  rinvio.genere = static_cast<reports::Rinvio::Genere>(genere);
+  if (rinvio.genere == reports::Rinvio::Genere::Nessuno) return flusso;
   qint64 numero = 0;
   flusso >> rinvio.cfp >> rinvio.conto >> rinvio.anno >> numero;
   rinvio.numero = numero;
   return flusso;
 }
 
-QDataStream& operator<<(QDataStream& flusso, const Scritta& uno) {
+QDataStream& operator<<(QDataStream& flusso, const reports::Scritta& uno) {
   return flusso << uno.x << uno.y << uno.larghezza << static_cast<qint8>(uno.allineamento)
                 << uno.carattere.famiglia << uno.carattere.corpo << uno.carattere.grassetto
                 << uno.carattere.corsivo << uno.testo << uno.rinvio << uno.numero;
 }
-QDataStream& operator>>(QDataStream& flusso, Scritta& uno) {
+QDataStream& operator>>(QDataStream& flusso, reports::Scritta& uno) {
   qint8 allineamento = 0;
   flusso >> uno.x >> uno.y >> uno.larghezza >> allineamento >> uno.carattere.famiglia >>
       uno.carattere.corpo >> uno.carattere.grassetto >> uno.carattere.corsivo >> uno.testo >>
       uno.rinvio >> uno.numero;
-  uno.allineamento = static_cast<Allineamento>(allineamento);
+  uno.allineamento = static_cast<reports::Allineamento>(allineamento);
   return flusso;
 }
 
-QDataStream& operator<<(QDataStream& flusso, const RigaFissa& uno) {
+QDataStream& operator<<(QDataStream& flusso, const reports::RigaFissa& uno) {
   return flusso << uno.x << uno.y << uno.passo << uno.grassetto << uno.testo << uno.rinvio;
 }
-QDataStream& operator>>(QDataStream& flusso, RigaFissa& uno) {
+QDataStream& operator>>(QDataStream& flusso, reports::RigaFissa& uno) {
   return flusso >> uno.x >> uno.y >> uno.passo >> uno.grassetto >> uno.testo >> uno.rinvio;
 }
 
-QDataStream& operator<<(QDataStream& flusso, const Tratto& uno) {
+QDataStream& operator<<(QDataStream& flusso, const reports::Tratto& uno) {
   return flusso << uno.x1 << uno.y1 << uno.x2 << uno.y2 << uno.spessore;
 }
-QDataStream& operator>>(QDataStream& flusso, Tratto& uno) {
+QDataStream& operator>>(QDataStream& flusso, reports::Tratto& uno) {
   return flusso >> uno.x1 >> uno.y1 >> uno.x2 >> uno.y2 >> uno.spessore;
 }
 
-QDataStream& operator<<(QDataStream& flusso, const Riquadro& uno) {
+QDataStream& operator<<(QDataStream& flusso, const reports::Riquadro& uno) {
   return flusso << uno.x << uno.y << uno.larghezza << uno.altezza << uno.spessore << uno.grigio;
 }
-QDataStream& operator>>(QDataStream& flusso, Riquadro& uno) {
+QDataStream& operator>>(QDataStream& flusso, reports::Riquadro& uno) {
   return flusso >> uno.x >> uno.y >> uno.larghezza >> uno.altezza >> uno.spessore >> uno.grigio;
 }
 
-QDataStream& operator<<(QDataStream& flusso, const Immagine& uno) {
+QDataStream& operator<<(QDataStream& flusso, const reports::Immagine& uno) {
   return flusso << uno.x << uno.y << uno.larghezza << uno.altezza << uno.file;
 }
-QDataStream& operator>>(QDataStream& flusso, Immagine& uno) {
+QDataStream& operator>>(QDataStream& flusso, reports::Immagine& uno) {
   return flusso >> uno.x >> uno.y >> uno.larghezza >> uno.altezza >> uno.file;
 }
 
 template <typename Genere>
-Elemento Letto(QDataStream& flusso) {
+reports::Elemento Letto(QDataStream& flusso) {
   Genere uno;
   flusso >> uno;
   return uno;
 }
 
-Elemento LeggiElemento(QDataStream& flusso) {
+reports::Elemento LeggiElemento(QDataStream& flusso) {
   qint8 genere = 0;
   flusso >> genere;
   switch (genere) {
     case 0:
-      return Letto<Scritta>(flusso);
+      return Letto<reports::Scritta>(flusso);
     case 1:
-      return Letto<RigaFissa>(flusso);
+      return Letto<reports::RigaFissa>(flusso);
     case 2:
-      return Letto<Tratto>(flusso);
+      return Letto<reports::Tratto>(flusso);
     case 3:
-      return Letto<Riquadro>(flusso);
+      return Letto<reports::Riquadro>(flusso);
     default:
-      return Letto<Immagine>(flusso);
+      return Letto<reports::Immagine>(flusso);
   }
 }
 
@@ -108,7 +108,7 @@ DepositoPagine::DepositoPagine(const QString& cartella)
     : file_((cartella.isEmpty() ? QDir::tempPath() : cartella) +
             QStringLiteral("/fenalto-pagine-XXXXXX")) {}
 
-Esito<bool> DepositoPagine::Aggiungi(const Pagina& pagina) {
+Esito<bool> DepositoPagine::Aggiungi(const reports::Pagina& pagina) {
   QByteArray byte;
   QDataStream flusso(&byte, QIODevice::WriteOnly);
   flusso << pagina.formato.larghezza << pagina.formato.altezza << pagina.formato.margine
@@ -130,8 +130,8 @@ Esito<bool> DepositoPagine::Aggiungi(const Pagina& pagina) {
   return true;
 }
 
-Pagina DepositoPagine::Leggi(int indice) {
-  Pagina pagina;
+reports::Pagina DepositoPagine::Leggi(int indice) {
+  reports::Pagina pagina;
   if (indice < 0 || indice >= Pagine()) return pagina;
   const auto& posto = posti_[static_cast<std::size_t>(indice)];
   if (!file_.seek(posto.inizio)) return pagina;
@@ -147,4 +147,4 @@ Pagina DepositoPagine::Leggi(int indice) {
   return pagina;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

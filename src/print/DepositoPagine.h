@@ -8,7 +8,7 @@
 #include "core/reports/Pagina.h"
 #include "core/values/Esito.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
 class DepositoPagine {
  public:
@@ -17,10 +17,10 @@ class DepositoPagine {
   explicit DepositoPagine(const QString& cartella = {});
 
   /// Adds a page at the end; the error says that the temporary folder is full or can't be written.
-  Esito<bool> Aggiungi(const Pagina& pagina);
+  Esito<bool> Aggiungi(const reports::Pagina& pagina);
   [[nodiscard]] int Pagine() const { return static_cast<int>(posti_.size()); }
   /// The page of that index, from 0; an empty one when it can't be read back.
-  [[nodiscard]] Pagina Leggi(int indice);
+  [[nodiscard]] reports::Pagina Leggi(int indice);
 
  private:
   struct Posto {
@@ -32,4 +32,4 @@ class DepositoPagine {
   qint64 fine_ = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -14,7 +14,7 @@
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 constexpr int kLarghezza = 520;  // pixels
@@ -179,4 +179,4 @@ void DialogoUscita::accept() {
   QDialog::accept();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -8,7 +8,7 @@
 class QLineEdit;
 class QRadioButton;
 
-namespace fenalto {
+namespace fenalto::print {
 
 /// A name as a file can bear it, from the title of a report.
 [[nodiscard]] QString NomeFile(const QString& titolo);
@@ -43,4 +43,4 @@ class DialogoUscita : public QDialog {
   QString confermato_;  ///< a file whose replacement the file dialog has asked about already
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

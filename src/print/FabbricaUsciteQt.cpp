@@ -7,18 +7,18 @@
 #include "print/UscitaPdf.h"
 #include "print/UscitaStampante.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
 FabbricaUsciteQt::FabbricaUsciteQt(Dialoghi& dialoghi, QWidget* sopra)
     : QObject(sopra), dialoghi_(dialoghi), sopra_(sopra) {}
 
-std::unique_ptr<Uscita> FabbricaUsciteQt::Crea(const SceltaUscita& scelta,
-                                               const std::string& rapporto) {
+std::unique_ptr<reports::Uscita> FabbricaUsciteQt::Crea(const SceltaUscita& scelta,
+                                                        const std::string& rapporto) {
   switch (scelta.destinazione) {
     case Destinazione::Anteprima:
       return std::make_unique<UscitaAnteprima>(
           rapporto, dialoghi_, sopra_,
-          [fabbrica = QPointer<FabbricaUsciteQt>(this)](const Rinvio& rinvio) {
+          [fabbrica = QPointer<FabbricaUsciteQt>(this)](const reports::Rinvio& rinvio) {
             if (fabbrica) emit fabbrica->RinvioScelto(rinvio);
           });
     case Destinazione::Stampante: {
@@ -34,7 +34,7 @@ std::unique_ptr<Uscita> FabbricaUsciteQt::Crea(const SceltaUscita& scelta,
       return uscita;
     }
     case Destinazione::Testo:
-      return std::make_unique<UscitaTesto>(scelta.file);
+      return std::make_unique<reports::UscitaTesto>(scelta.file);
     case Destinazione::Xlsx:
     case Destinazione::Csv:
       break;  // spreadsheets are written from a grid, not from pages
@@ -42,4 +42,4 @@ std::unique_ptr<Uscita> FabbricaUsciteQt::Crea(const SceltaUscita& scelta,
   return nullptr;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -7,23 +7,24 @@
 #include "core/reports/Uscita.h"
 #include "core/session/Porte.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
-class FabbricaUsciteQt : public QObject, public FabbricaUscite {
+class FabbricaUsciteQt : public QObject, public reports::FabbricaUscite {
   Q_OBJECT
 
  public:
   /// `sopra` is the main window; `dialoghi` must outlive this and the previews.
   FabbricaUsciteQt(Dialoghi& dialoghi, QWidget* sopra);
-  std::unique_ptr<Uscita> Crea(const SceltaUscita& scelta, const std::string& rapporto) override;
+  std::unique_ptr<reports::Uscita> Crea(const SceltaUscita& scelta,
+                                        const std::string& rapporto) override;
 
  signals:
   /// A text with a link was double-clicked in a preview.
-  void RinvioScelto(const fenalto::Rinvio& rinvio);
+  void RinvioScelto(const fenalto::reports::Rinvio& rinvio);
 
  private:
   Dialoghi& dialoghi_;
   QWidget* sopra_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -25,7 +25,7 @@
 #include "print/UscitaStampante.h"
 #include "print/VistaPagina.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 constexpr int kRespiro = 50;       // ms between looks at the program's events
@@ -193,7 +193,7 @@ void FinestraAnteprima::Collega() {
     VaiAPagina(corrente_ + verso);
     vista_->MostraInizio(verso > 0);
   });
-  connect(vista_, &VistaPagina::RinvioScelto, this, [this](const Rinvio& rinvio) {
+  connect(vista_, &VistaPagina::RinvioScelto, this, [this](const reports::Rinvio& rinvio) {
     // The report is inside an action of a function: nothing else may begin.
     if (composta_ && !occupata_) emit RinvioScelto(rinvio);
   });
@@ -225,7 +225,7 @@ void FinestraAnteprima::Scorciatoie() {
 
 // --- Composing
 
-bool FinestraAnteprima::Aggiungi(const Pagina& pagina) {
+bool FinestraAnteprima::Aggiungi(const reports::Pagina& pagina) {
   if (annullata_ || guasto_) return false;
   if (auto tenuta = deposito_.Aggiungi(pagina); !tenuta) {
     guasto_ = tenuta.Errore();
@@ -425,4 +425,4 @@ void FinestraAnteprima::ChiediPdf() {
   SalvaPdf(*file);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -27,7 +27,7 @@ class QPushButton;
 class QSpinBox;
 class QToolButton;
 
-namespace fenalto {
+namespace fenalto::print {
 
 class ModelloPagine;
 class VistaPagina;
@@ -43,7 +43,7 @@ class FinestraAnteprima : public QWidget {
 
   /// Takes the next page; the first brings the window up. False when the user gave up or the page
   /// can't be kept (see Errore).
-  bool Aggiungi(const Pagina& pagina);
+  bool Aggiungi(const reports::Pagina& pagina);
   /// All pages are there: the window lives on alone and is deleted when it closes.
   void Completa();
   [[nodiscard]] bool Annullata() const { return annullata_; }
@@ -64,7 +64,7 @@ class FinestraAnteprima : public QWidget {
 
  signals:
   /// A text with a link was double-clicked.
-  void RinvioScelto(const fenalto::Rinvio& rinvio);
+  void RinvioScelto(const fenalto::reports::Rinvio& rinvio);
 
  protected:
   void closeEvent(QCloseEvent* evento) override;
@@ -113,4 +113,4 @@ class FinestraAnteprima : public QWidget {
   QList<QWidget*> soloComposta_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -3,7 +3,7 @@
 
 #include <QAbstractListModel>
 
-namespace fenalto {
+namespace fenalto::print {
 
 class ModelloPagine : public QAbstractListModel {
   Q_OBJECT
@@ -28,4 +28,4 @@ class ModelloPagine : public QAbstractListModel {
   int pagine_ = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

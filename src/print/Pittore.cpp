@@ -7,7 +7,7 @@
 
 #include "print/TestoPagina.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 constexpr double kPollice = 2540;         // hundredths of a millimetre
@@ -56,14 +56,14 @@ int Caratteri(const QString& testo, int da, int unita) {
 
 }  // namespace
 
-const Rinvio* RinvioDi(const Elemento& elemento) {
-  const Rinvio* rinvio = nullptr;
-  if (const auto* scritta = std::get_if<Scritta>(&elemento)) rinvio = &scritta->rinvio;
-  if (const auto* riga = std::get_if<RigaFissa>(&elemento)) rinvio = &riga->rinvio;
-  return rinvio != nullptr && rinvio->genere != Rinvio::Genere::Nessuno ? rinvio : nullptr;
+const reports::Rinvio* RinvioDi(const reports::Elemento& elemento) {
+  const reports::Rinvio* rinvio = nullptr;
+  if (const auto* scritta = std::get_if<reports::Scritta>(&elemento)) rinvio = &scritta->rinvio;
+  if (const auto* riga = std::get_if<reports::RigaFissa>(&elemento)) rinvio = &riga->rinvio;
+  return rinvio != nullptr && rinvio->genere != reports::Rinvio::Genere::Nessuno ? rinvio : nullptr;
 }
 
-QPageLayout Disposizione(const FormatoPagina& formato) {
+QPageLayout Disposizione(const reports::FormatoPagina& formato) {
   const bool orizzontale = formato.Orizzontale();
   const double corto = std::min(formato.larghezza, formato.altezza) / 100.0;
   const double lungo = std::max(formato.larghezza, formato.altezza) / 100.0;
@@ -74,7 +74,7 @@ QPageLayout Disposizione(const FormatoPagina& formato) {
   return disposizione;
 }
 
-const Pittore::Tipo& Pittore::TipoDi(const Carattere& carattere) {
+const Pittore::Tipo& Pittore::TipoDi(const reports::Carattere& carattere) {
   const int forma =
       carattere.corpo * 4 + (carattere.grassetto ? 2 : 0) + (carattere.corsivo ? 1 : 0);
   auto& tipo = tipi_[{carattere.famiglia, forma}];
@@ -100,7 +100,7 @@ const Pittore::Tipo& Pittore::TipoFisso(int passo, bool grassetto) {
   return *tipo;
 }
 
-Pittore::Posto Pittore::Disponi(const Scritta& scritta, int totale) {
+Pittore::Posto Pittore::Disponi(const reports::Scritta& scritta, int totale) {
   Posto posto{ConTotale(scritta.testo, totale), static_cast<double>(scritta.x)};
   const auto& misure = TipoDi(scritta.carattere).misure;
   double larga = misure.horizontalAdvance(posto.testo);
@@ -118,12 +118,12 @@ Pittore::Posto Pittore::Disponi(const Scritta& scritta, int totale) {
       }
     }
   }
-  if (scritta.allineamento == Allineamento::Destra) posto.x += campo - larga;
-  if (scritta.allineamento == Allineamento::Centro) posto.x += (campo - larga) / 2;
+  if (scritta.allineamento == reports::Allineamento::Destra) posto.x += campo - larga;
+  if (scritta.allineamento == reports::Allineamento::Centro) posto.x += (campo - larga) / 2;
   return posto;
 }
 
-void Pittore::Dipingi(QPainter& pittore, const Scritta& scritta, int totale) {
+void Pittore::Dipingi(QPainter& pittore, const reports::Scritta& scritta, int totale) {
   const auto& tipo = TipoDi(scritta.carattere);
   const auto posto = Disponi(scritta, totale);
   if (posto.testo.trimmed().isEmpty()) return;
@@ -131,7 +131,7 @@ void Pittore::Dipingi(QPainter& pittore, const Scritta& scritta, int totale) {
   pittore.drawText(QPointF(posto.x, scritta.y + tipo.misure.ascent()), posto.testo);
 }
 
-void Pittore::Dipingi(QPainter& pittore, const RigaFissa& riga, int totale) {
+void Pittore::Dipingi(QPainter& pittore, const reports::RigaFissa& riga, int totale) {
   QString testo = ConTotale(riga.testo, totale);
   while (!testo.isEmpty() && testo.back() == QLatin1Char(' ')) testo.chop(1);
   int vuoti = 0;
@@ -160,14 +160,14 @@ void Pittore::Dipingi(QPainter& pittore, const RigaFissa& riga, int totale) {
   pittore.restore();
 }
 
-void Pittore::Dipingi(QPainter& pittore, const Tratto& tratto) {
+void Pittore::Dipingi(QPainter& pittore, const reports::Tratto& tratto) {
   QPen penna(Qt::black, tratto.spessore);
   penna.setCapStyle(Qt::FlatCap);
   pittore.setPen(penna);
   pittore.drawLine(tratto.x1, tratto.y1, tratto.x2, tratto.y2);
 }
 
-void Pittore::Dipingi(QPainter& pittore, const Riquadro& riquadro) {
+void Pittore::Dipingi(QPainter& pittore, const reports::Riquadro& riquadro) {
   QPen penna(Qt::black, riquadro.spessore);
   penna.setJoinStyle(Qt::MiterJoin);
   pittore.setPen(riquadro.spessore > 0 ? penna : QPen(Qt::NoPen));
@@ -177,7 +177,7 @@ void Pittore::Dipingi(QPainter& pittore, const Riquadro& riquadro) {
   pittore.drawRect(riquadro.x, riquadro.y, riquadro.larghezza, riquadro.altezza);
 }
 
-void Pittore::Dipingi(QPainter& pittore, const Immagine& immagine) {
+void Pittore::Dipingi(QPainter& pittore, const reports::Immagine& immagine) {
   auto trovata = immagini_.find(immagine.file);
   if (trovata == immagini_.end()) {
     trovata = immagini_.emplace(immagine.file, QImage(QString::fromStdString(immagine.file))).first;
@@ -187,7 +187,7 @@ void Pittore::Dipingi(QPainter& pittore, const Immagine& immagine) {
                     trovata->second);
 }
 
-void Pittore::Dipingi(QPainter& pittore, const Pagina& pagina, double scala, int totale) {
+void Pittore::Dipingi(QPainter& pittore, const reports::Pagina& pagina, double scala, int totale) {
   pittore.save();
   pittore.scale(scala, scala);
   for (const auto& elemento : pagina.elementi) {
@@ -195,7 +195,8 @@ void Pittore::Dipingi(QPainter& pittore, const Pagina& pagina, double scala, int
     std::visit(
         [&](const auto& uno) {
           using Genere = std::decay_t<decltype(uno)>;
-          if constexpr (std::is_same_v<Genere, Scritta> || std::is_same_v<Genere, RigaFissa>) {
+          if constexpr (std::is_same_v<Genere, reports::Scritta> ||
+                        std::is_same_v<Genere, reports::RigaFissa>) {
             Dipingi(pittore, uno, totale);
           } else {
             Dipingi(pittore, uno);
@@ -206,21 +207,23 @@ void Pittore::Dipingi(QPainter& pittore, const Pagina& pagina, double scala, int
   pittore.restore();
 }
 
-QString Pittore::Testo(const Elemento& elemento, int totale) {
-  if (const auto* scritta = std::get_if<Scritta>(&elemento)) return Disponi(*scritta, totale).testo;
-  if (const auto* riga = std::get_if<RigaFissa>(&elemento)) return ConTotale(riga->testo, totale);
+QString Pittore::Testo(const reports::Elemento& elemento, int totale) {
+  if (const auto* scritta = std::get_if<reports::Scritta>(&elemento))
+    return Disponi(*scritta, totale).testo;
+  if (const auto* riga = std::get_if<reports::RigaFissa>(&elemento))
+    return ConTotale(riga->testo, totale);
   return {};
 }
 
-QRectF Pittore::Area(const Elemento& elemento, int totale, int da, int quanti) {
-  if (const auto* scritta = std::get_if<Scritta>(&elemento)) {
+QRectF Pittore::Area(const reports::Elemento& elemento, int totale, int da, int quanti) {
+  if (const auto* scritta = std::get_if<reports::Scritta>(&elemento)) {
     const auto& misure = TipoDi(scritta->carattere).misure;
     const auto posto = Disponi(*scritta, totale);
     const double inizio = misure.horizontalAdvance(posto.testo.left(da));
     const double fine = misure.horizontalAdvance(posto.testo.left(da + quanti));
     return {posto.x + inizio, static_cast<double>(scritta->y), fine - inizio, misure.height()};
   }
-  if (const auto* riga = std::get_if<RigaFissa>(&elemento)) {
+  if (const auto* riga = std::get_if<reports::RigaFissa>(&elemento)) {
     const double cella = kPollice / std::max(1, riga->passo);
     const QString testo = ConTotale(riga->testo, totale);
     return {riga->x + Caratteri(testo, 0, da) * cella, static_cast<double>(riga->y),
@@ -230,8 +233,8 @@ QRectF Pittore::Area(const Elemento& elemento, int totale, int da, int quanti) {
   return {};
 }
 
-QRectF Pittore::Area(const Elemento& elemento, int totale) {
+QRectF Pittore::Area(const reports::Elemento& elemento, int totale) {
   return Area(elemento, totale, 0, static_cast<int>(Testo(elemento, totale).size()));
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

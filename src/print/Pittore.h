@@ -18,26 +18,26 @@
 
 class QPainter;
 
-namespace fenalto {
+namespace fenalto::print {
 
 /// Where something stands on a page, and the link behind it.
-[[nodiscard]] const Rinvio* RinvioDi(const Elemento& elemento);
+[[nodiscard]] const reports::Rinvio* RinvioDi(const reports::Elemento& elemento);
 /// The layout of a device for a page of that format: size, orientation, no margins of the device's
 /// own (the page's stand inside).
-[[nodiscard]] QPageLayout Disposizione(const FormatoPagina& formato);
+[[nodiscard]] QPageLayout Disposizione(const reports::FormatoPagina& formato);
 
 class Pittore {
  public:
   /// `scala` is device units a hundredth of a millimetre; `totale` the number of pages, 0 while it
   /// isn't known yet.
-  void Dipingi(QPainter& pittore, const Pagina& pagina, double scala, int totale);
+  void Dipingi(QPainter& pittore, const reports::Pagina& pagina, double scala, int totale);
 
   /// The text of an element as it prints (cut at its width), empty for lines, boxes and images.
-  [[nodiscard]] QString Testo(const Elemento& elemento, int totale);
+  [[nodiscard]] QString Testo(const reports::Elemento& elemento, int totale);
   /// Room of `quanti` characters of that text from `da` on.
-  [[nodiscard]] QRectF Area(const Elemento& elemento, int totale, int da, int quanti);
+  [[nodiscard]] QRectF Area(const reports::Elemento& elemento, int totale, int da, int quanti);
   /// Room of the whole text.
-  [[nodiscard]] QRectF Area(const Elemento& elemento, int totale);
+  [[nodiscard]] QRectF Area(const reports::Elemento& elemento, int totale);
 
  private:
   struct Tipo {
@@ -51,18 +51,18 @@ class Pittore {
     QString testo;
     double x = 0;
   };
-  const Tipo& TipoDi(const Carattere& carattere);
+  const Tipo& TipoDi(const reports::Carattere& carattere);
   const Tipo& TipoFisso(int passo, bool grassetto);
-  Posto Disponi(const Scritta& scritta, int totale);
-  void Dipingi(QPainter& pittore, const Scritta& scritta, int totale);
-  void Dipingi(QPainter& pittore, const RigaFissa& riga, int totale);
-  static void Dipingi(QPainter& pittore, const Tratto& tratto);
-  static void Dipingi(QPainter& pittore, const Riquadro& riquadro);
-  void Dipingi(QPainter& pittore, const Immagine& immagine);
+  Posto Disponi(const reports::Scritta& scritta, int totale);
+  void Dipingi(QPainter& pittore, const reports::Scritta& scritta, int totale);
+  void Dipingi(QPainter& pittore, const reports::RigaFissa& riga, int totale);
+  static void Dipingi(QPainter& pittore, const reports::Tratto& tratto);
+  static void Dipingi(QPainter& pittore, const reports::Riquadro& riquadro);
+  void Dipingi(QPainter& pittore, const reports::Immagine& immagine);
 
   std::map<std::pair<std::string, int>, std::unique_ptr<Tipo>> tipi_;
   std::map<int, std::unique_ptr<Tipo>> fissi_;
   std::map<std::string, QImage> immagini_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -3,7 +3,7 @@
 #include "core/values/Testo.h"
 #include "print/Pittore.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 /// Folds a text and tells for each unit of the result which unit of the text it comes from.
@@ -35,7 +35,7 @@ QString PerConfronto(const QString& testo) {
   return Piega(testo, nullptr);
 }
 
-std::vector<Segno> Trova(Pittore& pittore, const Pagina& pagina, int totale,
+std::vector<Segno> Trova(Pittore& pittore, const reports::Pagina& pagina, int totale,
                          const QString& cercato) {
   std::vector<Segno> segni;
   if (cercato.isEmpty()) return segni;
@@ -57,4 +57,4 @@ std::vector<Segno> Trova(Pittore& pittore, const Pagina& pagina, int totale,
   return segni;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -6,7 +6,7 @@
 
 #include "core/reports/Pagina.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
 class Pittore;
 
@@ -21,7 +21,7 @@ struct Segno {
 /// Text without case and accents, as it is compared in a search.
 [[nodiscard]] QString PerConfronto(const QString& testo);
 /// Where `cercato` (folded already) stands on the page, in the order of its elements.
-[[nodiscard]] std::vector<Segno> Trova(Pittore& pittore, const Pagina& pagina, int totale,
+[[nodiscard]] std::vector<Segno> Trova(Pittore& pittore, const reports::Pagina& pagina, int totale,
                                        const QString& cercato);
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -7,13 +7,13 @@
 
 #include "print/Pittore.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 constexpr double kPollice = 2540;  // hundredths of a millimetre
 
 bool HaSegno(const std::string& testo) {
-  return testo.find(kSegnoPagineTotali) != std::string::npos;
+  return testo.find(reports::kSegnoPagineTotali) != std::string::npos;
 }
 
 /// A text that is to be copied, and where it stands.
@@ -25,7 +25,7 @@ struct Brano {
 };
 
 /// The columns of a fixed line that lie in the area, by more than half of each.
-QString Colonne(const RigaFissa& riga, const QString& testo, const QRectF& area) {
+QString Colonne(const reports::RigaFissa& riga, const QString& testo, const QRectF& area) {
   if (area.isEmpty()) return testo;
   const double cella = kPollice / std::max(1, riga.passo);
   const auto caratteri = testo.toStdU32String();
@@ -46,7 +46,7 @@ QString ConTotale(const std::string& testo, int totale) {
   QString uscita = QString::fromStdString(testo);
   if (!HaSegno(testo)) return uscita;
   const QString numero = totale > 0 ? QString::number(totale) : QStringLiteral("…");
-  const QString segno = QString::fromUtf8(kSegnoPagineTotali);
+  const QString segno = QString::fromUtf8(reports::kSegnoPagineTotali);
   for (auto posto = uscita.indexOf(segno); posto >= 0; posto = uscita.indexOf(segno)) {
     qsizetype tolti = 1;
     while (tolti < numero.size() && posto + tolti < uscita.size() &&
@@ -58,19 +58,22 @@ QString ConTotale(const std::string& testo, int totale) {
   return uscita;
 }
 
-bool AttendeTotale(const Pagina& pagina) {
-  return std::any_of(pagina.elementi.begin(), pagina.elementi.end(), [](const Elemento& elemento) {
-    if (const auto* scritta = std::get_if<Scritta>(&elemento)) return HaSegno(scritta->testo);
-    if (const auto* riga = std::get_if<RigaFissa>(&elemento)) return HaSegno(riga->testo);
-    return false;
-  });
+bool AttendeTotale(const reports::Pagina& pagina) {
+  return std::any_of(pagina.elementi.begin(), pagina.elementi.end(),
+                     [](const reports::Elemento& elemento) {
+                       if (const auto* scritta = std::get_if<reports::Scritta>(&elemento))
+                         return HaSegno(scritta->testo);
+                       if (const auto* riga = std::get_if<reports::RigaFissa>(&elemento))
+                         return HaSegno(riga->testo);
+                       return false;
+                     });
 }
 
-QString TestoDi(Pittore& pittore, const Pagina& pagina, int totale, const QRectF& area) {
+QString TestoDi(Pittore& pittore, const reports::Pagina& pagina, int totale, const QRectF& area) {
   std::vector<Brano> brani;
   for (const auto& elemento : pagina.elementi) {
     const QString testo = pittore.Testo(elemento, totale);
-    const auto* riga = std::get_if<RigaFissa>(&elemento);
+    const auto* riga = std::get_if<reports::RigaFissa>(&elemento);
     if (testo.isEmpty() && riga == nullptr) continue;
     const QRectF posto = pittore.Area(elemento, totale);
     const double meta = posto.top() + posto.height() / 2;
@@ -96,4 +99,4 @@ QString TestoDi(Pittore& pittore, const Pagina& pagina, int totale, const QRectF
   return righe.join(QLatin1Char('\n'));
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -7,7 +7,7 @@
 
 #include "core/reports/Pagina.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
 class Pittore;
 
@@ -15,11 +15,11 @@ class Pittore;
 /// keep their place; a total not known yet (0) shows as an ellipsis.
 [[nodiscard]] QString ConTotale(const std::string& testo, int totale);
 /// Whether a text of the page waits for the number of pages.
-[[nodiscard]] bool AttendeTotale(const Pagina& pagina);
+[[nodiscard]] bool AttendeTotale(const reports::Pagina& pagina);
 
 /// The page's text under `area` (empty for all of it), top to bottom: fixed lines cut to the
 /// columns that the area covers, other texts whole, with tabs between those of one line.
-[[nodiscard]] QString TestoDi(Pittore& pittore, const Pagina& pagina, int totale,
+[[nodiscard]] QString TestoDi(Pittore& pittore, const reports::Pagina& pagina, int totale,
                               const QRectF& area);
 
-}  // namespace fenalto
+}  // namespace fenalto::print

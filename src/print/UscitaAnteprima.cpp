@@ -1,9 +1,9 @@
 #include "print/UscitaAnteprima.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
 UscitaAnteprima::UscitaAnteprima(std::string titolo, Dialoghi& dialoghi, QWidget* sopra,
-                                 std::function<void(const Rinvio&)> suRinvio)
+                                 std::function<void(const reports::Rinvio&)> suRinvio)
     : titolo_(std::move(titolo)),
       dialoghi_(dialoghi),
       sopra_(sopra),
@@ -13,12 +13,12 @@ UscitaAnteprima::~UscitaAnteprima() {
   UscitaAnteprima::Annulla();
 }
 
-bool UscitaAnteprima::Aggiungi(Pagina pagina) {
+bool UscitaAnteprima::Aggiungi(reports::Pagina pagina) {
   if (finita_) return false;
   if (!finestra_) {
     finestra_ = new FinestraAnteprima(QString::fromStdString(titolo_), dialoghi_, sopra_);
     QObject::connect(finestra_, &FinestraAnteprima::RinvioScelto, finestra_,
-                     [suRinvio = suRinvio_](const Rinvio& rinvio) {
+                     [suRinvio = suRinvio_](const reports::Rinvio& rinvio) {
                        if (suRinvio) suRinvio(rinvio);
                      });
   }
@@ -26,7 +26,7 @@ bool UscitaAnteprima::Aggiungi(Pagina pagina) {
 }
 
 Esito<bool> UscitaAnteprima::Fine() {
-  if (!finita_ && !finestra_) Aggiungi(Pagina{});
+  if (!finita_ && !finestra_) Aggiungi(reports::Pagina{});
   if (finita_ || !finestra_ || finestra_->Annullata() || finestra_->Guasto()) {
     const auto guasto = finestra_ ? finestra_->Guasto() : std::nullopt;
     Annulla();
@@ -44,4 +44,4 @@ void UscitaAnteprima::Annulla() {
   delete finestra_;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -9,18 +9,18 @@
 #include "core/session/Porte.h"
 #include "print/FinestraAnteprima.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
-class UscitaAnteprima : public Uscita {
+class UscitaAnteprima : public reports::Uscita {
  public:
   /// `suRinvio` is told the link that the user double-clicks, after the composition; `sopra` is the
   /// main window. Both ports must outlive the window.
   UscitaAnteprima(std::string titolo, Dialoghi& dialoghi, QWidget* sopra,
-                  std::function<void(const Rinvio&)> suRinvio);
+                  std::function<void(const reports::Rinvio&)> suRinvio);
   ~UscitaAnteprima() override;
   [[nodiscard]] bool SoloTesto() const override { return false; }
   void Titolo(const std::string& titolo) override { titolo_ = titolo; }
-  bool Aggiungi(Pagina pagina) override;
+  bool Aggiungi(reports::Pagina pagina) override;
   Esito<bool> Fine() override;
   void Annulla() override;
   /// The window, null before the first page and once it has gone.
@@ -30,9 +30,9 @@ class UscitaAnteprima : public Uscita {
   std::string titolo_;
   Dialoghi& dialoghi_;
   QPointer<QWidget> sopra_;
-  std::function<void(const Rinvio&)> suRinvio_;
+  std::function<void(const reports::Rinvio&)> suRinvio_;
   QPointer<FinestraAnteprima> finestra_;
   bool finita_ = false;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -4,7 +4,7 @@
 
 #include "print/TestoPagina.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 constexpr double kPollice = 2540;  // hundredths of a millimetre
@@ -21,7 +21,7 @@ bool UscitaDipinta::Fallita(const std::string& messaggio) {
   return false;
 }
 
-bool UscitaDipinta::Dipingi(const Pagina& pagina) {
+bool UscitaDipinta::Dipingi(const reports::Pagina& pagina) {
   if (!aperta_) {
     const auto esito = Apri();
     if (!esito) return Fallita(esito.Errore().messaggio);
@@ -51,7 +51,7 @@ bool UscitaDipinta::Dipingi(const Pagina& pagina) {
   return guasto.empty() || Fallita(guasto);
 }
 
-bool UscitaDipinta::Aggiungi(Pagina pagina) {
+bool UscitaDipinta::Aggiungi(reports::Pagina pagina) {
   if (!Viva()) return false;
   ++arrivate_;
   if (avanza_ && !avanza_(arrivate_, totale_)) return Ferma();
@@ -76,7 +76,7 @@ bool UscitaDipinta::DipingiAttese() {
 Esito<bool> UscitaDipinta::Fine() {
   if (Viva()) DipingiAttese();
   // A report of no pages is a blank sheet.
-  if (Viva() && arrivate_ == 0) Dipingi(Pagina{});
+  if (Viva() && arrivate_ == 0) Dipingi(reports::Pagina{});
   if (Viva() && !tela_) {
     Fallita("Le pagine scelte non ci sono: il documento ne ha " + std::to_string(arrivate_) + ".");
   }
@@ -97,4 +97,4 @@ void UscitaDipinta::Annulla() {
   Abbandona();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

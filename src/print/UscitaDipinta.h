@@ -16,17 +16,17 @@
 
 class QPagedPaintDevice;
 
-namespace fenalto {
+namespace fenalto::print {
 
 /// Told the pages done and the pages in all (0 while unknown); false gives the output up.
 using AvanzaPagine = std::function<bool(int fatte, int totale)>;
 
-class UscitaDipinta : public Uscita {
+class UscitaDipinta : public reports::Uscita {
  public:
   explicit UscitaDipinta(AvanzaPagine avanza) : avanza_(std::move(avanza)) {}
   [[nodiscard]] bool SoloTesto() const override { return false; }
   void Titolo(const std::string& titolo) override { titolo_ = titolo; }
-  bool Aggiungi(Pagina pagina) override;
+  bool Aggiungi(reports::Pagina pagina) override;
   /// False, without an error, when the user gave it up.
   Esito<bool> Fine() override;
   void Annulla() override;
@@ -48,7 +48,7 @@ class UscitaDipinta : public Uscita {
   [[nodiscard]] const std::string& TitoloDato() const { return titolo_; }
 
  private:
-  bool Dipingi(const Pagina& pagina);
+  bool Dipingi(const reports::Pagina& pagina);
   bool DipingiAttese();
   bool Ferma();
   bool Fallita(const std::string& messaggio);
@@ -66,4 +66,4 @@ class UscitaDipinta : public Uscita {
   int passate_ = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

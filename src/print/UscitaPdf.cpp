@@ -1,6 +1,6 @@
 #include "print/UscitaPdf.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 /// Dots an inch that make the device's unit the page's own, a hundredth of a millimetre.
@@ -60,4 +60,4 @@ void UscitaPdf::Abbandona() {
   file_.commit();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -7,7 +7,7 @@
 
 #include "print/UscitaDipinta.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
 class UscitaPdf : public UscitaDipinta {
  public:
@@ -28,4 +28,4 @@ class UscitaPdf : public UscitaDipinta {
   std::unique_ptr<QPdfWriter> scrittore_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

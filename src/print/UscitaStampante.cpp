@@ -5,7 +5,7 @@
 #include <QSettings>
 #include <algorithm>
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 constexpr int kPuntiPollice = 600;
@@ -71,4 +71,4 @@ bool UscitaStampante::Richiesta(int pagina) const {
   return pagina >= std::max(1, stampante_->fromPage()) && pagina <= ultima;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -9,7 +9,7 @@
 
 class QWidget;
 
-namespace fenalto {
+namespace fenalto::print {
 
 /// Asks for the printer, the copies and the pages, over that window; the last printer used is
 /// proposed. Nothing when cancelled.
@@ -35,4 +35,4 @@ class UscitaStampante : public UscitaDipinta {
   std::unique_ptr<QPrinter> stampante_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

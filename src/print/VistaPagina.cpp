@@ -10,7 +10,7 @@
 
 #include "print/TestoPagina.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 constexpr double kPollice = 2540;  // hundredths of a millimetre
@@ -34,7 +34,7 @@ VistaPagina::VistaPagina(Pittore& pittore, QWidget* genitore)
   viewport()->setBackgroundRole(QPalette::Mid);
 }
 
-void VistaPagina::Mostra(Pagina pagina, int totale) {
+void VistaPagina::Mostra(reports::Pagina pagina, int totale) {
   pagina_ = std::move(pagina);
   totale_ = totale;
   segni_.clear();
@@ -130,7 +130,7 @@ QPointF VistaPagina::SullaPagina(const QPointF& punto) const {
   return (punto - Origine()) / Scala();
 }
 
-const Elemento* VistaPagina::ElementoIn(const QPointF& punto) const {
+const reports::Elemento* VistaPagina::ElementoIn(const QPointF& punto) const {
   for (auto uno = pagina_.elementi.rbegin(); uno != pagina_.elementi.rend(); ++uno) {
     if (RinvioDi(*uno) != nullptr && pittore_.Area(*uno, totale_).contains(punto)) return &*uno;
   }
@@ -199,7 +199,7 @@ void VistaPagina::mouseReleaseEvent(QMouseEvent*) {
 void VistaPagina::mouseDoubleClickEvent(QMouseEvent* evento) {
   const auto* elemento = ElementoIn(SullaPagina(evento->position()));
   if (elemento == nullptr) return;
-  const Rinvio rinvio = *RinvioDi(*elemento);
+  const reports::Rinvio rinvio = *RinvioDi(*elemento);
   emit RinvioScelto(rinvio);
 }
 
@@ -238,4 +238,4 @@ void VistaPagina::keyPressEvent(QKeyEvent* evento) {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -7,7 +7,7 @@
 #include "print/Pittore.h"
 #include "print/RicercaPagina.h"
 
-namespace fenalto {
+namespace fenalto::print {
 
 class VistaPagina : public QAbstractScrollArea {
   Q_OBJECT
@@ -15,8 +15,8 @@ class VistaPagina : public QAbstractScrollArea {
  public:
   explicit VistaPagina(Pittore& pittore, QWidget* genitore = nullptr);
 
-  void Mostra(Pagina pagina, int totale);
-  [[nodiscard]] const Pagina& PaginaMostrata() const { return pagina_; }
+  void Mostra(reports::Pagina pagina, int totale);
+  [[nodiscard]] const reports::Pagina& PaginaMostrata() const { return pagina_; }
   /// Marks runs of text; `corrente` is the one looked at (-1 none), brought into sight.
   void Segna(std::vector<Segno> segni, int corrente);
   [[nodiscard]] const std::vector<Segno>& Segni() const { return segni_; }
@@ -38,7 +38,7 @@ class VistaPagina : public QAbstractScrollArea {
   [[nodiscard]] QPointF SulVetro(const QPointF& punto) const;
 
  signals:
-  void RinvioScelto(const fenalto::Rinvio& rinvio);
+  void RinvioScelto(const fenalto::reports::Rinvio& rinvio);
   /// The wheel or a key asked for the page after (1) or before (-1).
   void PaginaOltre(int verso);
   void ZoomCambiato();
@@ -57,12 +57,12 @@ class VistaPagina : public QAbstractScrollArea {
   [[nodiscard]] double Scala() const;
   [[nodiscard]] QPointF Origine() const;
   [[nodiscard]] QPointF SullaPagina(const QPointF& punto) const;
-  [[nodiscard]] const Elemento* ElementoIn(const QPointF& punto) const;
+  [[nodiscard]] const reports::Elemento* ElementoIn(const QPointF& punto) const;
   void Scorrimento();
   void MostraSegno();
 
   Pittore& pittore_;
-  Pagina pagina_;
+  reports::Pagina pagina_;
   int totale_ = 0;
   std::vector<Segno> segni_;
   int corrente_ = -1;
@@ -73,4 +73,4 @@ class VistaPagina : public QAbstractScrollArea {
   QRectF scelta_;  ///< on the page
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -11,7 +11,7 @@ namespace {
 struct Demo {
   explicit Demo(Data oggi) : orologio(oggi) {
     const OpzioniAmbiente opzioni = OpzioniProva(cartella.Percorso());
-    const auto creata = CreaDemoSeVuota(opzioni, orologio);
+    const auto creata = demo::CreaDemoSeVuota(opzioni, orologio);
     EXPECT_TRUE(creata && creata.Valore()) << (creata ? "" : creata.Errore().messaggio);
     ambiente = std::make_unique<Ambiente>(opzioni, dialoghi, orologio, caso);
     const auto aperta = ambiente->ApriDitta("Demo");
@@ -71,22 +71,22 @@ TEST_P(CreaDemoNelGiorno, DueAnniCredibili) {
                              "Sum(ImpoDare)<>Sum(ImpoAvere)")
                   .Eof());
   // Cash and bank are never below zero at the end, and what was left opens the second year.
-  SaldoConto saldo(demo.ambiente->ArchivioDi("tessarc"));
+  ledger::SaldoConto saldo(demo.ambiente->ArchivioDi("tessarc"));
   for (const char* conto : {"100.010", "110.001"}) {
-    SaldoConto::Richiesta r;
+    ledger::SaldoConto::Richiesta r;
     r.conto = conto;
     r.daData = Ambiente::DataMinima();
     r.aData = oggi;
     r.anno = anno - 1;
-    const Saldo primo = saldo.Calcola(r);
+    const ledger::Saldo primo = saldo.Calcola(r);
     r.anno = anno;
-    const Saldo secondo = saldo.Calcola(r);
+    const ledger::Saldo secondo = saldo.Calcola(r);
     EXPECT_EQ(primo.Finale(), secondo.saldoIniziale) << conto;
     EXPECT_FALSE(primo.Finale().Negativo()) << conto;
     EXPECT_FALSE(secondo.Finale().Negativo()) << conto;
   }
   // There is a company now: nothing to do.
-  const auto ancora = CreaDemoSeVuota(OpzioniProva(demo.cartella.Percorso()), demo.orologio);
+  const auto ancora = demo::CreaDemoSeVuota(OpzioniProva(demo.cartella.Percorso()), demo.orologio);
   ASSERT_TRUE(ancora);
   EXPECT_FALSE(ancora.Valore());
 }

@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "core/archives/ArchivioCodici.h"
-#include "documents/ArchiviParti.h"
+#include "documents/parties/ArchiviParti.h"
 #include "ledger/DittaDiProva.h"
 
-namespace fenalto {
+namespace fenalto::documents {
 namespace {
 
 using Campi = std::vector<std::pair<const char*, Valore>>;
@@ -21,13 +21,14 @@ using ::testing::IsEmpty;
 
 class ArchiviPartiTest : public prova::DittaDiProva {
  protected:
-  ArchivioCodici Archivio(const std::string& finestra) {
+  archives::ArchivioCodici Archivio(const std::string& finestra) {
     const auto tutti = ArchiviParti();
-    return {ambiente, *std::ranges::find(tutti, finestra, &DescrizioneArchivio::finestra)};
+    return {ambiente,
+            *std::ranges::find(tutti, finestra, &archives::DescrizioneArchivio::finestra)};
   }
 
   /// As typed: each field is left after its value.
-  static void Scrivi(ArchivioCodici& archivio, const Campi& campi) {
+  static void Scrivi(archives::ArchivioCodici& archivio, const Campi& campi) {
     for (const auto& [campo, valore] : campi) {
       archivio.Record().Scrivi(campo, valore);
       archivio.Lasciato(campo);
@@ -48,7 +49,7 @@ TEST_F(ArchiviPartiTest, LElencoSegueLaParte) {
        {std::tuple{"Clienti", "C", "120.001"}, std::tuple{"Fornitori", "F", "400.001"}}) {
     SCOPED_TRACE(tabella);
     const std::string altra = *cfp == 'C' ? "F" : "C";
-    ArchivioCodici archivio = Archivio(tabella);
+    archives::ArchivioCodici archivio = Archivio(tabella);
     archivio.Inizia();
     EXPECT_EQ(archivio.Record().Testo("Conto"), conto) << "the first of the class is proposed";
     Scrivi(archivio, {{"Cod", "9000"}, {"ragsoc1", "Rossi d'Adda"}, {"ragsoc2", "di Rossi Ugo"}});
@@ -104,7 +105,7 @@ TEST_F(ArchiviPartiTest, ChiHaMovimentiNonCambiaCodice) {
   for (const Caso& caso : casi) {
     SCOPED_TRACE(caso.prepara);
     ambiente.ArchivioDi(caso.archivio).Esegui(caso.prepara);
-    ArchivioCodici archivio = Archivio(caso.parte);
+    archives::ArchivioCodici archivio = Archivio(caso.parte);
     ASSERT_TRUE(archivio.Apri("0001"));
     Scrivi(archivio, {{"Cod", "9000"}});
     Rifiuto rifiuto;
@@ -121,7 +122,7 @@ TEST_F(ArchiviPartiTest, ChiHaMovimentiNonCambiaCodice) {
               "il conto riepilogativo non si può cancellare esistono registrazioni");
     EXPECT_FALSE(archivio.Record().Testo("Conto").empty()) << "the stored account comes back";
     // The same code of the other class is another party.
-    ArchivioCodici altro = Archivio(caso.libera);
+    archives::ArchivioCodici altro = Archivio(caso.libera);
     ASSERT_TRUE(altro.Apri("0001"));
     Scrivi(altro, {{"Cod", "9000"}});
     EXPECT_TRUE(altro.Conferma());
@@ -151,7 +152,7 @@ TEST_F(ArchiviPartiTest, Rifiuti) {
   };
   for (const Caso& caso : casi) {
     SCOPED_TRACE(caso.messaggio);
-    ArchivioCodici clienti = Archivio("Clienti");
+    archives::ArchivioCodici clienti = Archivio("Clienti");
     clienti.Inizia();
     Scrivi(clienti, caso.campi);
     Rifiuto rifiuto;
@@ -187,7 +188,7 @@ TEST_F(ArchiviPartiTest, NumeriFiscaliErratiSiDicono) {
   for (std::size_t i = 0; i < casi.size(); ++i) {
     const Caso& caso = casi[i];
     SCOPED_TRACE(i);
-    ArchivioCodici fornitori = Archivio("Fornitori");
+    archives::ArchivioCodici fornitori = Archivio("Fornitori");
     fornitori.Inizia();
     Scrivi(fornitori, caso.campi);
     if (*caso.avviso == '\0') {
@@ -207,7 +208,7 @@ TEST_F(ArchiviPartiTest, LaPartitaIvaDiUnAltro) {
   constexpr const char* kDomanda = "partita iva già esistente su cod 0001\nproseguo ugualmente";
   Tessarc().Esegui(std::string("update Clienti set piva='") + kPiva + "' where Cod='0001'");
   Tessarc().Esegui(std::string("update Fornitori set piva='") + kPiva + "' where Cod='0002'");
-  ArchivioCodici clienti = Archivio("Clienti");
+  archives::ArchivioCodici clienti = Archivio("Clienti");
 
   clienti.Inizia();
   clienti.Record().Scrivi("Cod", "9000");
@@ -239,7 +240,7 @@ TEST_F(ArchiviPartiTest, IPulsantiApronoLaPartita) {
   for (const auto& descrizione : ArchiviParti()) {
     const auto& movimenti = descrizione.pulsanti.front();
     ASSERT_EQ(movimenti.nome, "movimenti");
-    ArchivioCodici archivio(ambiente, descrizione);
+    archives::ArchivioCodici archivio(ambiente, descrizione);
     std::vector<std::string> aperte;
     archivio.Contesto().apri = [&](const std::string& finestra, const std::string& codice) {
       aperte.push_back(finestra + " " + codice);
@@ -254,4 +255,4 @@ TEST_F(ArchiviPartiTest, IPulsantiApronoLaPartita) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::documents

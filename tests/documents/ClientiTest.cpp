@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "core/archives/ArchivioCodici.h"
-#include "documents/ArchiviParti.h"
-#include "documents/CodiceParte.h"
+#include "documents/parties/ArchiviParti.h"
+#include "documents/parties/CodiceParte.h"
 #include "ledger/DittaDiProva.h"
 #include "ledger/GuastiDiProva.h"
 
-namespace fenalto {
+namespace fenalto::documents {
 namespace {
 
 using ::testing::ElementsAre;
@@ -66,7 +66,7 @@ class ClientiTest : public prova::DittaDiProva {
   }
 
   std::shared_ptr<DestinazioniCliente> destinazioni;
-  ArchivioCodici clienti;
+  archives::ArchivioCodici clienti;
 };
 
 TEST_F(ClientiTest, LUltimoCodiceVaPerNumero) {
@@ -129,7 +129,7 @@ TEST_F(ClientiTest, QuelCheFallisceNonLasciaNulla) {
 TEST_F(ClientiTest, LaPosteAChiHaIndirizzo) {
   const auto& pulsanti = clienti.Descrizione().pulsanti;
   const auto& invia =
-      *std::ranges::find(pulsanti, std::string("InviaEmail"), &PulsanteArchivio::nome);
+      *std::ranges::find(pulsanti, std::string("InviaEmail"), &archives::PulsanteArchivio::nome);
   ASSERT_TRUE(clienti.Apri("0001"));
   EXPECT_FALSE(clienti.Stato("InviaEmail").attivo);
   clienti.Record().Scrivi("EMail", " bar@example.it ");
@@ -139,4 +139,4 @@ TEST_F(ClientiTest, LaPosteAChiHaIndirizzo) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::documents

@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "core/session/Utenti.h"
-#include "documents/ElencoParti.h"
+#include "documents/parties/ElencoParti.h"
 #include "ledger/Stampati.h"
 
 namespace fenalto::prova {
@@ -32,29 +32,30 @@ class ElencoPartiTest : public DittaDaStampare {
     Tessarc().Esegui(std::string("update ") + tabella + " set " + campi + " where Cod='" + cod +
                      "'");
   }
-  static SceltaElencoParti Scelta(const std::function<void(SceltaParti&)>& restringi) {
-    SceltaElencoParti scelta;
+  static documents::SceltaElencoParti Scelta(
+      const std::function<void(documents::SceltaParti&)>& restringi) {
+    documents::SceltaElencoParti scelta;
     restringi(scelta.parti);
     return scelta;
   }
-  static SceltaElencoParti Dettagliata(const char* cfp, const char* cod) {
-    return Scelta([&](SceltaParti& s) {
+  static documents::SceltaElencoParti Dettagliata(const char* cfp, const char* cod) {
+    return Scelta([&](documents::SceltaParti& s) {
       s.cfp = cfp;
       s.daCod = s.aCod = cod;
       s.dettagliato = true;
     });
   }
-  std::string Testo(const SceltaElencoParti& scelta) {
+  std::string Testo(const documents::SceltaElencoParti& scelta) {
     Verso(Destinazione::Testo);
-    EXPECT_TRUE(ElencoParti(ambiente, uscite).Stampa(scelta));
+    EXPECT_TRUE(documents::ElencoParti(ambiente, uscite).Stampa(scelta));
     return uscite.Testo();
   }
-  Foglio FoglioDi(const SceltaElencoParti& scelta) {
-    return ElencoParti(ambiente, uscite).FoglioParti(scelta);
+  reports::Foglio FoglioDi(const documents::SceltaElencoParti& scelta) {
+    return documents::ElencoParti(ambiente, uscite).FoglioParti(scelta);
   }
   /// Codes of the sheet, in their order.
-  std::vector<std::string> Codici(const SceltaElencoParti& scelta) {
-    const Foglio foglio = FoglioDi(scelta);
+  std::vector<std::string> Codici(const documents::SceltaElencoParti& scelta) {
+    const reports::Foglio foglio = FoglioDi(scelta);
     std::vector<std::string> codici;
     for (std::size_t i = 0; i + 1 < foglio.righe.size(); ++i) {
       codici.push_back(foglio.righe[i][0].Testo());
@@ -62,43 +63,44 @@ class ElencoPartiTest : public DittaDaStampare {
     return codici;
   }
   /// A cell by its column's title.
-  static Valore Cella(const Foglio& foglio, std::size_t riga, std::string_view titolo) {
+  static Valore Cella(const reports::Foglio& foglio, std::size_t riga, std::string_view titolo) {
     for (std::size_t c = 0; c < foglio.colonne.size(); ++c) {
       if (foglio.colonne[c].titolo == titolo) return foglio.righe.at(riga).at(c);
     }
     ADD_FAILURE() << "manca la colonna " << titolo;
     return {};
   }
-  static bool HaColonna(const Foglio& foglio, std::string_view titolo) {
-    return std::any_of(foglio.colonne.begin(), foglio.colonne.end(),
-                       [&](const ColonnaFoglio& colonna) { return colonna.titolo == titolo; });
+  static bool HaColonna(const reports::Foglio& foglio, std::string_view titolo) {
+    return std::any_of(
+        foglio.colonne.begin(), foglio.colonne.end(),
+        [&](const reports::ColonnaFoglio& colonna) { return colonna.titolo == titolo; });
   }
 };
 
 TEST_F(ElencoPartiTest, ChiEInCheOrdine) {
   struct Caso {
     const char* quale;
-    std::function<void(SceltaParti&)> scelta;
+    std::function<void(documents::SceltaParti&)> scelta;
     std::vector<std::string> codici;
   };
   const Caso casi[] = {
-      {"tutti", [](SceltaParti&) {}, {"0001", "0002", "0003"}},
-      {"dal", [](SceltaParti& s) { s.daCod = "0002"; }, {"0002", "0003"}},
-      {"al", [](SceltaParti& s) { s.aCod = "0002"; }, {"0001", "0002"}},
-      {"uno", [](SceltaParti& s) { s.daCod = s.aCod = "0002"; }, {"0002"}},
-      {"categoria", [](SceltaParti& s) { s.categoria = "xg"; }, {"0001", "0002"}},
-      {"agente", [](SceltaParti& s) { s.agente = "X1"; }, {"0001", "0003"}},
+      {"tutti", [](documents::SceltaParti&) {}, {"0001", "0002", "0003"}},
+      {"dal", [](documents::SceltaParti& s) { s.daCod = "0002"; }, {"0002", "0003"}},
+      {"al", [](documents::SceltaParti& s) { s.aCod = "0002"; }, {"0001", "0002"}},
+      {"uno", [](documents::SceltaParti& s) { s.daCod = s.aCod = "0002"; }, {"0002"}},
+      {"categoria", [](documents::SceltaParti& s) { s.categoria = "xg"; }, {"0001", "0002"}},
+      {"agente", [](documents::SceltaParti& s) { s.agente = "X1"; }, {"0001", "0003"}},
       {"insieme",
-       [](SceltaParti& s) {
+       [](documents::SceltaParti& s) {
          s.daCod = "0001";
          s.categoria = "XG";
          s.agente = "X1";
        },
        {"0001"}},
-      {"per nome", [](SceltaParti& s) { s.perNome = true; }, {"0002", "0003", "0001"}},
+      {"per nome", [](documents::SceltaParti& s) { s.perNome = true; }, {"0002", "0003", "0001"}},
       // An agent doesn't narrow suppliers, who have none.
       {"fornitori",
-       [](SceltaParti& s) {
+       [](documents::SceltaParti& s) {
          s.cfp = "F";
          s.categoria = "XG";
          s.agente = "X1";
@@ -109,13 +111,13 @@ TEST_F(ElencoPartiTest, ChiEInCheOrdine) {
 }
 
 TEST_F(ElencoPartiTest, QuelCheNonSiStampa) {
-  ElencoParti elenco(ambiente, uscite);
-  EXPECT_FALSE(elenco.Stampa(Scelta([](SceltaParti& s) {
+  documents::ElencoParti elenco(ambiente, uscite);
+  EXPECT_FALSE(elenco.Stampa(Scelta([](documents::SceltaParti& s) {
     s.daCod = "0002";
     s.aCod = "0001";
   })));
   EXPECT_EQ(SoloMessaggio(), "il codice iniziale 0002 viene dopo quello finale 0001");
-  const SceltaElencoParti nessuno = Scelta([](SceltaParti& s) {
+  const documents::SceltaElencoParti nessuno = Scelta([](documents::SceltaParti& s) {
     s.daCod = "5";
     s.categoria = "XG";
   });
@@ -133,7 +135,7 @@ TEST_F(ElencoPartiTest, Sintetico) {
          "ragsoc2='di Zorzi Ugo', localita='Lecco', Prov='LC', telefono1='', telefono2='0341 1', "
          "piva='01234567890'");
   EXPECT_THAT(
-      Testo(Scelta([](SceltaParti& s) { s.agente = "X1"; })),
+      Testo(Scelta([](documents::SceltaParti& s) { s.agente = "X1"; })),
       AllOf(
           HasSubstr("ELENCO CLIENTI\ntutti i codici, agente X1 Verdi Anna\n"),
           HasSubstr("\n0001       Zorzi                                             Lecco         "
@@ -186,11 +188,11 @@ TEST_F(ElencoPartiTest, SaldiDellAnno) {
   Articolo(2024, 2, G(15, 2, 2024), {{"C", "0001", I("50.5")}, {"F", "0001", I("-9")}});
   Articolo(2024, 3, G(20, 2, 2025), {{"C", "0001", I("-20.25")}});  // of the year, dated ahead
   Articolo(2023, 1, G(15, 2, 2023), {{"C", "0001", I("999")}});
-  const SceltaElencoParti scelta = Scelta([](SceltaParti& s) {
+  const documents::SceltaElencoParti scelta = Scelta([](documents::SceltaParti& s) {
     s.dettagliato = true;
     s.perNome = true;
   });
-  const auto righe = [](const Foglio& foglio) {
+  const auto righe = [](const reports::Foglio& foglio) {
     std::vector<std::string> lette;
     for (std::size_t i = 0; i < foglio.righe.size(); ++i) {
       std::string riga = Cella(foglio, i, "Codice").Testo();
@@ -219,7 +221,7 @@ TEST_F(ElencoPartiTest, SenzaDirittoSenzaSaldi) {
   ASSERT_TRUE(Utenti(ambiente).Salva("", {"banco", "al banco", 50}, "segreta"));
   ASSERT_TRUE(ambiente.ApriDitta("Prova", 2024));  // with users from here on
   ASSERT_TRUE(ambiente.Accedi("banco", "segreta"));
-  const SceltaElencoParti scelta = Dettagliata("C", "0001");
+  const documents::SceltaElencoParti scelta = Dettagliata("C", "0001");
   EXPECT_FALSE(HaColonna(FoglioDi(scelta), "Saldo"));
   EXPECT_THAT(Testo(scelta), AllOf(HasSubstr("Zorzi"), Not(HasSubstr("50,500")),
                                    Not(HasSubstr("s.do iniz.")), Not(HasSubstr("saldi"))));
@@ -227,14 +229,14 @@ TEST_F(ElencoPartiTest, SenzaDirittoSenzaSaldi) {
 
 TEST_F(ElencoPartiTest, FoglioConCodiciEDescrizioni) {
   Cambia("Clienti", "0001", "Fido=1500, EMail='=1+1'");
-  const Foglio foglio = FoglioDi(Dettagliata("C", "0001"));
+  const reports::Foglio foglio = FoglioDi(Dettagliata("C", "0001"));
   EXPECT_EQ(Cella(foglio, 0, "Agente").Testo(), "X1");
   EXPECT_EQ(Cella(foglio, 0, "Nome agente").Testo(), "Verdi Anna");
   EXPECT_EQ(Cella(foglio, 0, "Fido").Importo(), I("1500"));
   EXPECT_EQ(Cella(foglio, 1, "Ragione sociale").Testo(), "TOTALE CLIENTI: 1");
   EXPECT_THAT(foglio.totali, ElementsAre(1U));
   for (const auto& riga : foglio.righe) EXPECT_EQ(riga.size(), foglio.colonne.size());
-  const Foglio fornitori = FoglioDi(Dettagliata("F", "0001"));
+  const reports::Foglio fornitori = FoglioDi(Dettagliata("F", "0001"));
   EXPECT_FALSE(HaColonna(fornitori, "Agente"));
   EXPECT_TRUE(HaColonna(fornitori, "Pagamento"));
   for (const auto& riga : fornitori.righe) EXPECT_EQ(riga.size(), fornitori.colonne.size());
@@ -255,8 +257,8 @@ class MolteParti : public ElencoPartiTest {
     }
     transazione.Conferma();
   }
-  static SceltaElencoParti Molte(bool grafico) {
-    SceltaElencoParti scelta;
+  static documents::SceltaElencoParti Molte(bool grafico) {
+    documents::SceltaElencoParti scelta;
     scelta.parti.daCod = "1000";
     scelta.parti.dettagliato = true;
     scelta.stGrafico = grafico;
@@ -267,7 +269,7 @@ class MolteParti : public ElencoPartiTest {
 // A party is never split over two pages, in either form, and none is lost on the way.
 TEST_F(MolteParti, UnaParteStaSuUnaPagina) {
   Verso(Destinazione::Testo);
-  ASSERT_TRUE(ElencoParti(ambiente, uscite).Stampa(Molte(false)));
+  ASSERT_TRUE(documents::ElencoParti(ambiente, uscite).Stampa(Molte(false)));
   int trovate = 0;
   ASSERT_GT(uscite.Righe().size(), 5U);
   for (const auto& pagina : uscite.Righe()) {
@@ -281,13 +283,13 @@ TEST_F(MolteParti, UnaParteStaSuUnaPagina) {
   EXPECT_EQ(trovate, kQuante);
 
   Verso(Destinazione::Pdf);
-  ASSERT_TRUE(ElencoParti(ambiente, uscite).Stampa(Molte(true)));
+  ASSERT_TRUE(documents::ElencoParti(ambiente, uscite).Stampa(Molte(true)));
   trovate = 0;
-  for (const Pagina& pagina : uscite.pagine) {
+  for (const reports::Pagina& pagina : uscite.pagine) {
     int nomi = 0;
     int conti = 0;
-    for (const Elemento& elemento : pagina.elementi) {
-      const auto* scritta = std::get_if<Scritta>(&elemento);
+    for (const reports::Elemento& elemento : pagina.elementi) {
+      const auto* scritta = std::get_if<reports::Scritta>(&elemento);
       if (scritta == nullptr) continue;
       nomi += scritta->testo == "molti" ? 1 : 0;
       conti += scritta->testo == "conto riepil." ? 1 : 0;
@@ -303,7 +305,7 @@ TEST_F(MolteParti, SiAnnulla) {
   dialoghi.annullaDopo = 1;
   const int prima = uscite.fini;
   Verso(Destinazione::Testo);
-  EXPECT_FALSE(ElencoParti(ambiente, uscite).Stampa(Molte(false)));
+  EXPECT_FALSE(documents::ElencoParti(ambiente, uscite).Stampa(Molte(false)));
   EXPECT_EQ(uscite.fini, prima);
   EXPECT_THAT(FoglioDi(Molte(false)).colonne, IsEmpty());
   EXPECT_THAT(Messaggi(), IsEmpty());

@@ -2,8 +2,8 @@
 // what each leaf shows.
 #include "core/session/Utenti.h"
 #include "core/store/BasiDati.h"
-#include "documents/InterrogazioneParte.h"
-#include "duedates/Scadenza.h"
+#include "documents/parties/InterrogazioneParte.h"
+#include "duedates/schedules/Scadenza.h"
 #include "ledger/DittaDiProva.h"
 
 namespace fenalto::prova {
@@ -18,7 +18,7 @@ class InterrogazioneParteTest : public DittaDiProva {
   void Scadenza(const char* conto, Data dt, const char* importo, const char* pagato,
                 const char* stato, int articolo = 0) {
     Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
-    scadenzario.Inserisci("Scadenze", {{"Numero", ProssimoNumeroScadenza(ambiente)},
+    scadenzario.Inserisci("Scadenze", {{"Numero", duedates::ProssimoNumeroScadenza(ambiente)},
                                        {"CFP", "C"},
                                        {"Conto", conto},
                                        {"Dt", dt},
@@ -59,27 +59,28 @@ class InterrogazioneParteTest : public DittaDiProva {
         {{"Cod", cod}, {"Descrizione", descrizione}, {"CFP", cfp}, {"PrezziIvati", ivati}});
   }
   /// "xMOVANNO 2: MOVIMENTI CONTABILI ANNO 2024   (SALDO 30,00)"
-  std::vector<std::string> Rami(InterrogazioneParte& parte) {
+  std::vector<std::string> Rami(documents::InterrogazioneParte& parte) {
     std::vector<std::string> testi;
-    for (const RamoParte& ramo : parte.Rami()) {
-      const ConteggioRamo conteggio = parte.Conta(ramo);
+    for (const documents::RamoParte& ramo : parte.Rami()) {
+      const documents::ConteggioRamo conteggio = parte.Conta(ramo);
       testi.push_back(ramo.chiave + " " + std::to_string(conteggio.quanti) + ": " +
                       parte.Didascalia(ramo, conteggio));
     }
     return testi;
   }
-  static RamoParte Ramo(InterrogazioneParte& parte, const std::string& chiave,
-                        const std::string& argomento = "") {
-    for (const RamoParte& ramo : parte.Rami()) {
+  static documents::RamoParte Ramo(documents::InterrogazioneParte& parte, const std::string& chiave,
+                                   const std::string& argomento = "") {
+    for (const documents::RamoParte& ramo : parte.Rami()) {
       if (ramo.chiave == chiave && (argomento.empty() || ramo.argomento == argomento)) return ramo;
     }
     ADD_FAILURE() << "no branch " << chiave << " " << argomento;
     return {};
   }
   /// "SCAD 31/03/2024 ...: 10"
-  static std::vector<std::string> Foglie(InterrogazioneParte& parte, const RamoParte& ramo) {
+  static std::vector<std::string> Foglie(documents::InterrogazioneParte& parte,
+                                         const documents::RamoParte& ramo) {
     std::vector<std::string> testi;
-    for (const FogliaParte& foglia : parte.Foglie(ramo, nullptr, 100)) {
+    for (const documents::FogliaParte& foglia : parte.Foglie(ramo, nullptr, 100)) {
       testi.push_back(foglia.chiave + " " + foglia.testo +
                       (foglia.importo ? ": " + foglia.importo->Testo() : ""));
     }
@@ -103,7 +104,7 @@ TEST_F(InterrogazioneParteTest, IRamiEQuantoCELDietro) {
   Documento("FT", 2024, 3, "0001", "F");
   Documento("RE", 2024, 1, "0001");
   Documento("XX", 2024, 1, "0001");  // of a type that is gone
-  InterrogazioneParte parte(ambiente, "C", "0001");
+  documents::InterrogazioneParte parte(ambiente, "C", "0001");
   EXPECT_THAT(Rami(parte),
               ElementsAre("xSCAD 1: SITUAZIONE SCADENZE PAGAMENTO",
                           "xMOVANNO 2: MOVIMENTI CONTABILI ANNO 2024   (SALDO 30,00)",
@@ -123,7 +124,7 @@ TEST_F(InterrogazioneParteTest, IRamiEQuantoCELDietro) {
 // From another year the same movements are of an earlier one; those of later years aren't shown.
 TEST_F(InterrogazioneParteTest, LAnnoScelto) {
   Registra({{"0001", I("100"), "C"}, {"580.010", I("-100")}});
-  InterrogazioneParte parte(ambiente, "C", "0001");
+  documents::InterrogazioneParte parte(ambiente, "C", "0001");
   ASSERT_TRUE(ambiente.ScegliAnno(2025));
   EXPECT_EQ(Rami(parte).at(1), "xMOVANNO 0: MOVIMENTI CONTABILI ANNO 2025   (SALDO 0,00)");
   EXPECT_EQ(Rami(parte).at(2), "xMOVPREC 1: MOVIMENTI CONTABILI ANNO 2024   (SALDO 100,00)");
@@ -143,25 +144,25 @@ TEST_F(InterrogazioneParteTest, LePagineDanOgniFogliaUnaVolta) {
     Scadenza("0001", G(giorno, 4, 2024), "5", "0", "00");
     Documento("FT", 2023 + giorno % 2,
               10 - static_cast<int>(NumeroRighe(1)) + giorno * 7 +
-                  static_cast<int>(ProssimoNumeroScadenza(ambiente)),
+                  static_cast<int>(duedates::ProssimoNumeroScadenza(ambiente)),
               "0001");
   }
   Scadenza("0001", {}, "5", "0", "00");
-  InterrogazioneParte parte(ambiente, "C", "0001");
+  documents::InterrogazioneParte parte(ambiente, "C", "0001");
   for (const auto& [chiave, attese] :
        {std::pair("xSCAD", 7U), std::pair("xMOVANNO", 12U), std::pair("xDOC", 6U)}) {
-    const RamoParte ramo = Ramo(parte, chiave);
+    const documents::RamoParte ramo = Ramo(parte, chiave);
     const auto tutte = Foglie(parte, ramo);
     EXPECT_EQ(tutte.size(), attese);
     EXPECT_EQ(parte.Conta(ramo).quanti, attese);
     for (const std::size_t quante : {1U, 2U, 5U}) {
       std::vector<std::string> lette;
-      std::optional<FogliaParte> ultima;
+      std::optional<documents::FogliaParte> ultima;
       while (true) {
         const auto pagina = parte.Foglie(ramo, ultima ? &*ultima : nullptr, quante);
         ASSERT_LE(pagina.size(), quante);
         if (pagina.empty()) break;
-        for (const FogliaParte& f : pagina) {
+        for (const documents::FogliaParte& f : pagina) {
           lette.push_back(f.chiave + " " + f.testo + (f.importo ? ": " + f.importo->Testo() : ""));
         }
         ultima = pagina.back();
@@ -182,7 +183,7 @@ TEST_F(InterrogazioneParteTest, OgnunoVedeQuelCheGliSpetta) {
   const auto chiavi = [this](int livello) {
     EXPECT_TRUE(ambiente.Accedi("u" + std::to_string(livello), "segreta"));
     std::vector<std::string> quali;
-    for (const auto& ramo : InterrogazioneParte(ambiente, "C", "0001").Rami()) {
+    for (const auto& ramo : documents::InterrogazioneParte(ambiente, "C", "0001").Rami()) {
       quali.push_back(ramo.chiave);
     }
     return quali;
@@ -202,9 +203,9 @@ TEST_F(InterrogazioneParteTest, IlDocumento) {
   Riga(1, 100, cod.c_str(), "20");
   Riga(1, 300, "", "0");  // a line of text
   Riga(2, 100, cod.c_str(), "500");
-  InterrogazioneParte parte(ambiente, "C", "0001");
-  const FogliaParte foglia = parte.Foglie(Ramo(parte, "xDOC"), nullptr, 1).at(0);
-  const DocumentoParte documento = parte.Documento(foglia);
+  documents::InterrogazioneParte parte(ambiente, "C", "0001");
+  const documents::FogliaParte foglia = parte.Foglie(Ramo(parte, "xDOC"), nullptr, 1).at(0);
+  const documents::DocumentoParte documento = parte.Documento(foglia);
   EXPECT_EQ(documento.titolo, "FT FATTURA  n.1 del 05/03/2024");
   ASSERT_EQ(documento.righe.size(), 3U);
   EXPECT_EQ(documento.righe[0].codice, "P100");
@@ -226,7 +227,7 @@ TEST_F(InterrogazioneParteTest, LaScadenzaELaRegistrazione) {
   Registra({{"0001", I("100"), "C", "001", "fattura 7"}, {"580.010", I("-100")}});
   Scadenza("0001", G(31, 3, 2024), "100", "70", "10", 1);
   Scadenza("0001", G(30, 4, 2024), "100", "0", "00");
-  InterrogazioneParte parte(ambiente, "C", "0001");
+  documents::InterrogazioneParte parte(ambiente, "C", "0001");
   const auto scadenze = parte.Foglie(Ramo(parte, "xSCAD"), nullptr, 9);
   ASSERT_EQ(scadenze.size(), 2U);
   EXPECT_THAT(parte.Articolo(scadenze[0]), ::testing::Optional(Pair(2024, 1)));
@@ -241,7 +242,7 @@ TEST_F(InterrogazioneParteTest, LaScadenzaELaRegistrazione) {
   const auto righe = parte.Registrazione(2024, 1);
   ASSERT_EQ(righe.size(), 2U);
   EXPECT_EQ(righe[0].conto, "0001");
-  EXPECT_EQ(righe[0].descrConto, NomeParte(ambiente, "C", "0001"));
+  EXPECT_EQ(righe[0].descrConto, duedates::NomeParte(ambiente, "C", "0001"));
   EXPECT_EQ(righe[0].dare, I("100"));
   EXPECT_EQ(righe[1].avere, I("100"));
   EXPECT_NE(righe[1].descrConto, "");
@@ -251,14 +252,14 @@ TEST_F(InterrogazioneParteTest, LaTesta) {
   Tessarc().Esegui(
       "update Clienti set ragsoc2='di Rossi', cap='23900', localita='Lecco', Prov='LC', "
       "indirizzo='via Roma 1', telefono1='0341', piva='12345678903', Fido=5000 where Cod='0001'");
-  const TestaParte testa = InterrogazioneParte(ambiente, "C", "0001").Testa();
+  const documents::TestaParte testa = documents::InterrogazioneParte(ambiente, "C", "0001").Testa();
   EXPECT_TRUE(testa.esiste);
   EXPECT_EQ(testa.indirizzo, "via Roma 1 - 23900 Lecco LC");
   EXPECT_EQ(testa.contatti, "tel. 0341");
   EXPECT_EQ(testa.fiscali, "p.iva 12345678903");
   EXPECT_EQ(testa.fido, I("5000"));
-  EXPECT_TRUE(InterrogazioneParte(ambiente, "F", "0001").Testa().esiste);
-  EXPECT_FALSE(InterrogazioneParte(ambiente, "C", "X9").Testa().esiste);
+  EXPECT_TRUE(documents::InterrogazioneParte(ambiente, "F", "0001").Testa().esiste);
+  EXPECT_FALSE(documents::InterrogazioneParte(ambiente, "C", "X9").Testa().esiste);
 }
 
 // A hundred thousand movements: counted and shown, the first page and one far inside, before one

@@ -1,8 +1,8 @@
 // One due date opened, corrected, added, erased, restored: what is refused and told, what is
 // written, and that another station's work is never lost.
-#include "duedates/ArchivioScadenze.h"
-#include "duedates/CreaScadenze.h"
 #include "duedates/payments/ScadenzeDiProva.h"
+#include "duedates/schedules/ArchivioScadenze.h"
+#include "duedates/schedules/CreaScadenze.h"
 #include "ledger/GuastiDiProva.h"
 
 namespace fenalto::prova {
@@ -22,11 +22,11 @@ class ArchivioScadenzeTest : public ScadenzeDiProva {
  protected:
   Valore Campo(std::int64_t numero, const char* campo) {
     return Scadenzario().Singolo("select " + std::string(campo) + " from Scadenze where " +
-                                 Criterio("Numero", "=", numero));
+                                 sql::Criterio("Numero", "=", numero));
   }
   void Imposta(std::int64_t numero, const std::string& campi) {
     Scadenzario().Esegui("update Scadenze set " + campi + " where " +
-                         Criterio("Numero", "=", numero));
+                         sql::Criterio("Numero", "=", numero));
   }
   /// A due date that a payment of 14/03/2024 has closed.
   std::int64_t Saldata() {
@@ -35,7 +35,7 @@ class ArchivioScadenzeTest : public ScadenzeDiProva {
     return n;
   }
 
-  ArchivioScadenze archivio{ambiente};
+  duedates::ArchivioScadenze archivio{ambiente};
 };
 
 TEST_F(ArchivioScadenzeTest, UnaNuovaPrendeIlNumeroAllaConferma) {
@@ -61,14 +61,14 @@ TEST_F(ArchivioScadenzeTest, UnaNuovaPrendeIlNumeroAllaConferma) {
 
 TEST_F(ArchivioScadenzeTest, ControlliNelLoroOrdine) {
   struct Caso {
-    ArchivioScadenze::Uso uso;
+    duedates::ArchivioScadenze::Uso uso;
     const char* conto;
     const char* tipo;
     const char* stato;
     const char* campo;
     const char* messaggio;
   };
-  using Uso = ArchivioScadenze::Uso;
+  using Uso = duedates::ArchivioScadenze::Uso;
   constexpr const char* kManca = "manca cliente/fornitore, tipo, stato";
   const Caso casi[] = {
       {Uso::Archivio, "", "01", "01", "Conto", kManca},
@@ -83,7 +83,7 @@ TEST_F(ArchivioScadenzeTest, ControlliNelLoroOrdine) {
   };
   const std::string prima = Tutto();
   for (const Caso& caso : casi) {
-    ArchivioScadenze nuova(ambiente, caso.uso);
+    duedates::ArchivioScadenze nuova(ambiente, caso.uso);
     nuova.Inizia({{"Conto", caso.conto}, {"Tipo", caso.tipo}, {"Stato", caso.stato}});
     nuova.Record().Scrivi("ImportoE", I("-1"));
     std::string campo;
@@ -123,7 +123,7 @@ TEST_F(ArchivioScadenzeTest, AvvisiCheNonFermano) {
     EXPECT_EQ(S(n).descrizione, "corretta");
     EXPECT_EQ(Campo(n, "Programma").Testo(), caso.programma);
   }
-  ArchivioScadenze delDocumento(ambiente, ArchivioScadenze::Uso::Documento);
+  duedates::ArchivioScadenze delDocumento(ambiente, duedates::ArchivioScadenze::Uso::Documento);
   ASSERT_TRUE(delDocumento.Apri(1));
   EXPECT_TRUE(delDocumento.Conferma());
   EXPECT_EQ(SoloMessaggio(), "Scadenza memorizzata");
@@ -145,7 +145,7 @@ TEST_F(ArchivioScadenzeTest, LeCorretteAManoNonSiRifannoConLaFattura) {
   const auto elimina = [this] {
     std::string log;
     Transazione transazione(ambiente.Basi());
-    const bool eliminate = EliminaScadenzeFattura(ambiente, 2024, 12, log);
+    const bool eliminate = duedates::EliminaScadenzeFattura(ambiente, 2024, 12, log);
     transazione.Conferma();
     return eliminate;
   };
@@ -168,14 +168,14 @@ TEST_F(ArchivioScadenzeTest, Elimina) {
   const auto n = Nuova("C", "0001", "100", 5);
   ASSERT_TRUE(archivio.Apri(n));
   for (const auto risposta : {Risposta::No, Risposta::Si}) {
-    EXPECT_TRUE(LeggiScadenza(ambiente, n).has_value());
+    EXPECT_TRUE(duedates::LeggiScadenza(ambiente, n).has_value());
     dialoghi.Rispondera("Conferma eliminazione SCADENZA ?", risposta);
     EXPECT_EQ(archivio.Elimina(), risposta == Risposta::Si);
     EXPECT_EQ(SoloMessaggio(),
               "Attenzione : se sono state effettuate variazioni sulla scadenza potrebbero crearsi "
               "discordanze con altri archivi (per esempio con movimenti contabili e fatture)");
   }
-  EXPECT_FALSE(LeggiScadenza(ambiente, n).has_value());
+  EXPECT_FALSE(duedates::LeggiScadenza(ambiente, n).has_value());
   EXPECT_FALSE(archivio.Aperta());
   EXPECT_FALSE(archivio.Apri(n));
 }
@@ -267,7 +267,7 @@ TEST_F(ArchivioScadenzeTest, VedereLaRegistrazione) {
 TEST_F(ArchivioScadenzeTest, UnAltraPostazione) {
   const auto altra = NuovaStazione("MAGAZZINO");
   const auto n = Nuova("C", "0001", "100", 5);
-  ArchivioScadenze la(*altra->ambiente);
+  duedates::ArchivioScadenze la(*altra->ambiente);
   ASSERT_TRUE(la.Apri(n));
   ASSERT_TRUE(archivio.Apri(n));
   EXPECT_TRUE(archivio.SolaLettura());
@@ -326,7 +326,7 @@ TEST_F(ArchivioScadenzeTest, GuastoAMetaNonLasciaNulla) {
     dialoghi.Rispondera("Conferma eliminazione", Risposta::Si);
     return archivio.Elimina();
   });
-  EXPECT_FALSE(LeggiScadenza(ambiente, n + 1).has_value());
+  EXPECT_FALSE(duedates::LeggiScadenza(ambiente, n + 1).has_value());
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "core/archives/ArchivioCodici.h"
-#include "duedates/CodiciPagamento.h"
-#include "duedates/DescrizioneCodice.h"
+#include "duedates/codes/CodiciPagamento.h"
+#include "duedates/codes/DescrizioneCodice.h"
 #include "ledger/DittaDiProva.h"
 
 namespace fenalto::prova {
@@ -13,8 +13,8 @@ using ::testing::IsEmpty;
 class CodiciPagamentoTest : public DittaDiProva {
  protected:
   CodiciPagamentoTest()
-      : rate(std::make_shared<RateCodice>(ambiente)),
-        codici(ambiente, DescrizioneCodiciPagamento(rate)) {}
+      : rate(std::make_shared<duedates::RateCodice>(ambiente)),
+        codici(ambiente, duedates::DescrizioneCodiciPagamento(rate)) {}
 
   /// A new code with one rate a percentage.
   void Inizia(const char* cod, const std::vector<const char*>& percentuali) {
@@ -33,14 +33,14 @@ class CodiciPagamentoTest : public DittaDiProva {
 
   std::vector<std::string> Righe(const char* cod) {
     std::vector<std::string> righe;
-    for (const RataPagamento& rata : LeggiRate(ambiente, cod))
+    for (const duedates::RataPagamento& rata : duedates::LeggiRate(ambiente, cod))
       righe.push_back(rata.rata + " " + rata.percImporto.Testo() + " " +
                       std::to_string(rata.dopoMesi));
     return righe;
   }
 
-  std::shared_ptr<RateCodice> rate;
-  ArchivioCodici codici;
+  std::shared_ptr<duedates::RateCodice> rate;
+  archives::ArchivioCodici codici;
 };
 
 TEST_F(CodiciPagamentoTest, RowsAreNumberedProposedAndReplaced) {
@@ -148,7 +148,7 @@ TEST_F(CodiciPagamentoTest, ChecksOfASaving) {
   Inizia("Y", {});
   dialoghi.Rispondera("nessuna rata", Risposta::No);
   EXPECT_FALSE(codici.Conferma());
-  EXPECT_FALSE(LeggiCodicePagamento(ambiente, "Y"));
+  EXPECT_FALSE(duedates::LeggiCodicePagamento(ambiente, "Y"));
 }
 
 TEST_F(CodiciPagamentoTest, AccountAndCausalAreTold) {
@@ -218,15 +218,15 @@ TEST_F(CodiciPagamentoTest, ACopyTakesTheRatesAlong) {
 }
 
 TEST_F(CodiciPagamentoTest, TheTestTellsWhatTheFixedListOfLeapYearsDoes) {
-  CodicePagamento codice;
+  duedates::CodicePagamento codice;
   codice.aggiornaScad = codice.nuovaCodifica = true;
-  RataPagamento rata;
+  duedates::RataPagamento rata;
   rata.percImporto = I("100");
   rata.dopoMesi = 1;
   rata.fineMese = true;
   codice.rate = {rata};
   const auto nota = [&](Data data) {
-    return ProvaCodice(ambiente, codice, data, I("10")).righe.at(0).nota;
+    return duedates::ProvaCodice(ambiente, codice, data, I("10")).righe.at(0).nota;
   };
   EXPECT_THAT(nota(G(31, 1, 2024)), HasSubstr("febbraio 2024 ha 29 giorni"));
   EXPECT_EQ(nota(G(31, 1, 2023)), "");
@@ -239,13 +239,13 @@ TEST_F(CodiciPagamentoTest, TheTestTellsWhatTheFixedListOfLeapYearsDoes) {
   codice.giornoSc = 31;
   EXPECT_THAT(nota(G(31, 1, 2024)), HasSubstr("febbraio 2024"));
   codice.aggiornaScad = false;
-  EXPECT_THAT(ProvaCodice(ambiente, codice, G(1, 1, 2024), I("10")).avvisi,
+  EXPECT_THAT(duedates::ProvaCodice(ambiente, codice, G(1, 1, 2024), I("10")).avvisi,
               ElementsAre(HasSubstr("non aggiorna lo scadenzario")));
 }
 
 TEST(DescrizioneCodice, Words) {
   const struct {
-    RataPagamento rata;
+    duedates::RataPagamento rata;
     const char* descrizione;
     const char* griglia;
   } casi[] = {
@@ -259,31 +259,31 @@ TEST(DescrizioneCodice, Words) {
        "100% 45GG al 10 Bonifico",
        "100% 0GG+45GG AL 10 M.SUC."},
   };
-  CodicePagamento codice;
+  duedates::CodicePagamento codice;
   const auto tipo = [](const std::string& t) { return std::string(t == "02" ? "Bonifico" : ""); };
-  EXPECT_EQ(ComponiDescrizione(codice, tipo).Errore().messaggio,
+  EXPECT_EQ(duedates::ComponiDescrizione(codice, tipo).Errore().messaggio,
             "non posso creare automaticamente la descrizione: non è stata inserita alcuna rata");
   for (const auto& c : casi) {
     codice.rate = {c.rata};
-    EXPECT_EQ(ComponiDescrizione(codice, tipo).Valore(), c.descrizione);
-    EXPECT_EQ(TestoRata(c.rata, codice), c.griglia);
+    EXPECT_EQ(duedates::ComponiDescrizione(codice, tipo).Valore(), c.descrizione);
+    EXPECT_EQ(duedates::TestoRata(c.rata, codice), c.griglia);
   }
   codice.rate.push_back(codice.rate[0]);
-  EXPECT_EQ(ComponiDescrizione(codice, tipo).Valore(),
+  EXPECT_EQ(duedates::ComponiDescrizione(codice, tipo).Valore(),
             "100% 45GG al 10 Bonifico, 100% 45GG al 10 Bonifico");
   codice.sposta[1] = {10, 8, 1, 8, 31};
-  EXPECT_EQ(TestoRata(casi[0].rata, codice),
+  EXPECT_EQ(duedates::TestoRata(casi[0].rata, codice),
             "33,3333% 60GG FINE MESE (se 1.8/31.8 sposta al 10 mese succ)");
 }
 
 TEST(DescrizioneCodice, InformationLine) {
-  CodicePagamento codice;
+  duedates::CodicePagamento codice;
   codice.conto = "100.010";
-  EXPECT_EQ(InformazioneCodice(codice),
+  EXPECT_EQ(duedates::InformazioneCodice(codice),
             "con questo codice pagamento\nNON viene aggiornato lo scadenzario pagamenti");
   codice.causale = "004";
   codice.aggiornaScad = true;
-  EXPECT_EQ(InformazioneCodice(codice),
+  EXPECT_EQ(duedates::InformazioneCodice(codice),
             "con questo codice pagamento, inserendo le fatture, viene creata la registrazione 004 "
             "sul conto 100.010\nviene aggiornato lo scadenzario pagamenti");
 }

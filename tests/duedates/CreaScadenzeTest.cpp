@@ -1,4 +1,4 @@
-#include "duedates/CreaScadenze.h"
+#include "duedates/schedules/CreaScadenze.h"
 #include "ledger/DittaDiProva.h"
 
 namespace fenalto::prova {
@@ -35,9 +35,9 @@ class CreaScadenzeTest : public DittaDiProva {
     Tessarc().Inserisci("Pagamento", campi);
   }
 
-  static RichiestaScadenze Richiesta(const char* codPag, const char* importo,
-                                     const char* iva = "0") {
-    RichiestaScadenze r;
+  static duedates::RichiestaScadenze Richiesta(const char* codPag, const char* importo,
+                                               const char* iva = "0") {
+    duedates::RichiestaScadenze r;
     r.cfp = "C";
     r.conto = "0001";
     r.codPag = codPag;
@@ -55,11 +55,11 @@ class CreaScadenzeTest : public DittaDiProva {
     return r;
   }
 
-  bool Crea(const RichiestaScadenze& richiesta) {
+  bool Crea(const duedates::RichiestaScadenze& richiesta) {
     log.clear();
     avvisi.clear();
     Transazione transazione(ambiente.Basi());
-    const bool scritte = CreaScadenze(ambiente, richiesta, log, avvisi);
+    const bool scritte = duedates::CreaScadenze(ambiente, richiesta, log, avvisi);
     transazione.Conferma();
     return scritte;
   }
@@ -67,7 +67,7 @@ class CreaScadenzeTest : public DittaDiProva {
   bool EliminaScadenze(int anno, std::int64_t articolo) {
     log.clear();
     Transazione transazione(ambiente.Basi());
-    const bool fatto = EliminaScadenzeFattura(ambiente, anno, articolo, log);
+    const bool fatto = duedates::EliminaScadenzeFattura(ambiente, anno, articolo, log);
     transazione.Conferma();
     return fatto;
   }
@@ -167,7 +167,7 @@ TEST_F(CreaScadenzeTest, NumberOfTheInvoiceIsItsLeadingDigits) {
   const std::pair<const char*, int> casi[] = {
       {"12", 12}, {" 0012/B", 12}, {"A12", 0}, {"", 0}, {"-5", 0}, {"99999999999999999999", 0}};
   for (const auto& [testo, atteso] : casi) {
-    RichiestaScadenze richiesta = Richiesta("IVA", "1");
+    duedates::RichiestaScadenze richiesta = Richiesta("IVA", "1");
     richiesta.numFat = testo;
     Crea(richiesta);
     EXPECT_EQ(Scadenzario().Singolo("SELECT NFat FROM Scadenze ORDER BY Numero DESC"),
@@ -178,7 +178,7 @@ TEST_F(CreaScadenzeTest, NumberOfTheInvoiceIsItsLeadingDigits) {
 
 TEST_F(CreaScadenzeTest, DueDatesOfARegistrationAreDeletedUntilOneMoves) {
   Crea(Richiesta("TRE", "100"));
-  RichiestaScadenze altra = Richiesta("IVA", "1");
+  duedates::RichiestaScadenze altra = Richiesta("IVA", "1");
   altra.articolo = 6;
   Crea(altra);
   EXPECT_TRUE(EliminaScadenze(2024, 5));

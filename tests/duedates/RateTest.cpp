@@ -3,10 +3,10 @@
 
 #include <functional>
 
-#include "duedates/Rate.h"
+#include "duedates/codes/Rate.h"
 #include "ledger/DittaDiProva.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 using prova::G;
@@ -319,4 +319,4 @@ RC_GTEST_PROP(RateProp, NewFormIsSymmetric, ()) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -1,7 +1,7 @@
 // The due dates of one document: which they are, deposits taken off them, what the invoice prints.
-#include "duedates/ScadenzeDocumento.h"
-#include "duedates/TestoScadenze.h"
 #include "duedates/payments/ScadenzeDiProva.h"
+#include "duedates/schedules/ScadenzeDocumento.h"
+#include "duedates/schedules/TestoScadenze.h"
 #include "ledger/GuastiDiProva.h"
 
 namespace fenalto::prova {
@@ -15,14 +15,14 @@ class ScadenzeDocumentoTest : public ScadenzeDiProva {
   std::int64_t Rata(const char* importo, const char* cfp = "C", const char* pagato = "0") {
     const auto n = Nuova(cfp, "0001", importo, 5, pagato);
     Scadenzario().Esegui("update Scadenze set Articolo=12, Programma='fatture' where " +
-                         Criterio("Numero", "=", n));
+                         sql::Criterio("Numero", "=", n));
     return n;
   }
   std::int64_t Anticipo(const char* importo, const char* cfp = "C", const char* conto = "0001",
                         const char* pagato = "0") {
     const auto n = Nuova(cfp, conto, importo, 0, pagato);
     Scadenzario().Esegui("update Scadenze set anticipo=True, Programma='acconti' where " +
-                         Criterio("Numero", "=", n));
+                         sql::Criterio("Numero", "=", n));
     return n;
   }
   void Fattura(const char* cfp = "C") {
@@ -38,9 +38,9 @@ class ScadenzeDocumentoTest : public ScadenzeDiProva {
   }
   /// "00 90 0": state, amount, paid.
   std::string Com(std::int64_t numero) {
-    const Scadenza s = S(numero);
+    const duedates::Scadenza s = S(numero);
     const Valore lire = Scadenzario().Singolo("select Importo from Scadenze where " +
-                                              Criterio("Numero", "=", numero));
+                                              sql::Criterio("Numero", "=", numero));
     EXPECT_EQ(lire.Importo(), EuroInLire(s.importoE, true));
     return s.stato + " " + s.importoE.Testo() + " " + s.importoPagatoE.Testo();
   }
@@ -51,7 +51,7 @@ class ScadenzeDocumentoTest : public ScadenzeDiProva {
         .Importo();
   }
 
-  ScadenzeDocumento documento{ambiente};
+  duedates::ScadenzeDocumento documento{ambiente};
 };
 
 TEST_F(ScadenzeDocumentoTest, SoloLeSueScadenze) {
@@ -61,12 +61,13 @@ TEST_F(ScadenzeDocumentoTest, SoloLeSueScadenze) {
   const auto sua = Rata("100");
   const auto pagata = Rata("50", "C", "50");
   Scadenzario().Esegui("update Scadenze set Anno=2023 where Numero=1");
-  Scadenzario().Esegui("update Scadenze set Stato='30' where " + Criterio("Numero", "=", pagata));
+  Scadenzario().Esegui("update Scadenze set Stato='30' where " +
+                       sql::Criterio("Numero", "=", pagata));
   const auto anticipo = Anticipo("-10");
   Anticipo("-10", "F");
   Anticipo("-10", "C", "0002");
   Scadenzario().Esegui("update Scadenze set Stato='30' where " +
-                       Criterio("Numero", "=", Anticipo("-10")));
+                       sql::Criterio("Numero", "=", Anticipo("-10")));
   // Without registration the due dates tell whose they are.
   ASSERT_TRUE(documento.Apri(2024, 12));
   EXPECT_EQ(documento.Conto(), "0001");
@@ -197,7 +198,7 @@ TEST_F(ScadenzeDocumentoTest, NonSiDeduceDaUnaPagataNeDaUnAltroAnticipo) {
   Anticipo("-30");
   const auto anticipo = Anticipo("50");
   Scadenzario().Esegui("update Scadenze set Articolo=12 where " +
-                       Criterio("Numero", "=", anticipo));
+                       sql::Criterio("Numero", "=", anticipo));
   ASSERT_TRUE(documento.Apri(2024, 12));
   const std::string prima = Tutto();
   for (const auto numero : {pagata, anticipo, std::int64_t{99}}) {
@@ -224,7 +225,7 @@ TEST_F(ScadenzeDocumentoTest, CambiateDaUnAltraPostazione) {
   const auto anticipo = Anticipo("-30");
   for (const auto cambiata : {rata, anticipo}) {
     ASSERT_TRUE(documento.Apri(2024, 12));
-    const std::string dove = " where " + Criterio("Numero", "=", cambiata);
+    const std::string dove = " where " + sql::Criterio("Numero", "=", cambiata);
     Scadenzario().Esegui("update Scadenze set Stato='30'" + dove);
     const std::string prima = Tutto();
     dialoghi.Rispondera("euro 30,00", Risposta::Si);
@@ -266,16 +267,16 @@ TEST_F(ScadenzeDocumentoTest, GuastoAMetaNonLasciaNulla) {
 }
 
 TEST_F(ScadenzeDocumentoTest, TestoDelleScadenze) {
-  const std::vector<RataDocumento> rate = {{G(30, 4, 2024), I("1220"), "01"},
-                                           {G(31, 5, 2024), I("7.5"), "01"},
-                                           {G(5, 6, 2025), I("-333.33"), "01"}};
-  EXPECT_EQ(TestoScadenze({}), "");
-  EXPECT_EQ(TestoScadenze(rate),
+  const std::vector<duedates::RataDocumento> rate = {{G(30, 4, 2024), I("1220"), "01"},
+                                                     {G(31, 5, 2024), I("7.5"), "01"},
+                                                     {G(5, 6, 2025), I("-333.33"), "01"}};
+  EXPECT_EQ(duedates::TestoScadenze({}), "");
+  EXPECT_EQ(duedates::TestoScadenze(rate),
             "  1.220,000 30.04.24 -       7,500 31.05.24 -    -333,330 05.06.25");
   // The break takes the place of the join where the next pair doesn't fit.
-  EXPECT_EQ(TestoScadenze(rate, 43),
+  EXPECT_EQ(duedates::TestoScadenze(rate, 43),
             "  1.220,000 30.04.24 -       7,500 31.05.24\n   -333,330 05.06.25");
-  EXPECT_EQ(TestoScadenze(rate, 42),
+  EXPECT_EQ(duedates::TestoScadenze(rate, 42),
             "  1.220,000 30.04.24\n      7,500 31.05.24\n   -333,330 05.06.25");
 }
 

@@ -7,7 +7,7 @@
 #include "core/session/CartellaProva.h"
 #include "core/session/DialoghiFinti.h"
 #include "core/store/DiscoFinto.h"
-#include "ledger/Primanota.h"
+#include "ledger/registrations/Primanota.h"
 
 namespace fenalto::prova {
 namespace {
@@ -41,7 +41,7 @@ class DiscoPienoTest : public ::testing::Test {
     sqlite3_close(db);
     return testo;
   }
-  static void Riga(Primanota& pn, const char* conto, const char* campo) {
+  static void Riga(ledger::Primanota& pn, const char* conto, const char* campo) {
     ASSERT_TRUE(pn.PNuovaRiga());
     pn.Riga().Scrivi("Causale", "001");
     pn.Riga().Scrivi("Descrizione", std::string(60, 'd'));
@@ -59,7 +59,7 @@ class DiscoPienoTest : public ::testing::Test {
 };
 
 TEST_F(DiscoPienoTest, ConfirmationIsRefusedWholeAndCanBeTriedAgain) {
-  Primanota pn(*ambiente);
+  ledger::Primanota pn(*ambiente);
   pn.Nuovo();
   Riga(pn, "100.010", "ImpoDare");
   Riga(pn, "110.001", "ImpoAvere");
@@ -77,7 +77,7 @@ TEST_F(DiscoPienoTest, ConfirmationIsRefusedWholeAndCanBeTriedAgain) {
     ASSERT_THAT(messaggio, HasSubstr("disco pieno")) << spazio;
     ASSERT_THAT(messaggio, HasSubstr("Non è stato scritto nulla")) << spazio;
     ASSERT_EQ(Scritto(), "0/0") << spazio;
-    ASSERT_EQ(pn.StatoCorrente(), Primanota::Stato::Aperta) << spazio;
+    ASSERT_EQ(pn.StatoCorrente(), ledger::Primanota::Stato::Aperta) << spazio;
     ASSERT_EQ(pn.Righe().size(), 2U) << spazio;
     ASSERT_EQ(pn.TotDare(), Importo::DaUnita(5)) << spazio;
   }

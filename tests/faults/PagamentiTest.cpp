@@ -24,7 +24,7 @@ class PagamentiTest : public ScadenzeDiProva {
   }
   /// One euro of each of the due dates; the number of its registration, 0 when it was refused.
   static std::int64_t PagaUnEuro(Ambiente& stazione) {
-    PagamentiScadenzario p(stazione, PagamentiScadenzario::Modo::PiuParti);
+    duedates::PagamentiScadenzario p(stazione, duedates::PagamentiScadenzario::Modo::PiuParti);
     p.Testa().Scrivi("Descrizione", "acconto");
     if (!p.Nuovo()) return 0;
     for (const std::int64_t numero : {1, 2, 3}) {

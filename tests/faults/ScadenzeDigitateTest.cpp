@@ -21,7 +21,7 @@ class ScadenzeDigitateTest : public ScadenzaDigitataDiProva {
     Imposta("4");
   }
   /// A deposit and an unpaid receipt in turn; the number of its due date, 0 when it was refused.
-  static std::int64_t ScriviUna(ScadenzaDigitata& caso, const char* importo) {
+  static std::int64_t ScriviUna(duedates::ScadenzaDigitata& caso, const char* importo) {
     caso.ScegliParte("C", "0001");
     if (!caso.Nuovo()) return 0;
     Digita(caso, "ImportoE", I(importo));
@@ -29,8 +29,8 @@ class ScadenzeDigitateTest : public ScadenzaDigitataDiProva {
   }
   void ScriviSenzaFine(int tubo) const {
     const auto cassa = NuovaStazione("CASSA");
-    AnticipoFattura anticipo(*cassa->ambiente);
-    InsolutoRiba insoluto(*cassa->ambiente);
+    duedates::AnticipoFattura anticipo(*cassa->ambiente);
+    duedates::InsolutoRiba insoluto(*cassa->ambiente);
     for (bool quale = false;; quale = !quale) {
       const int numero =
           static_cast<int>(quale ? ScriviUna(insoluto, "10") : ScriviUna(anticipo, "-10"));
@@ -77,7 +77,7 @@ TEST_F(ScadenzeDigitateTest, UccisoAMetaInteraONulla) {
     ASSERT_LE(scritte, annunciata + 1) << "kill " << volta;
     ASSERT_FALSE(HasFailure()) << "kill " << volta;
   }
-  AnticipoFattura anticipo(ambiente);
+  duedates::AnticipoFattura anticipo(ambiente);
   EXPECT_EQ(ScriviUna(anticipo, "-10"), scritte + 1);
   EXPECT_GT(inMezzo, 0);
   std::printf("%d kills, %d in the middle of a confirmation, %d written\n", volte, inMezzo,

@@ -26,7 +26,7 @@ class UccisioneFatturaTest : public FatturaDiProva {
   }
   void ConfermaSenzaFine(int tubo) const {
     const auto cassa = NuovaStazione("CASSA");
-    Fatture fatture(*cassa->ambiente);
+    vat::RegistrazioneIva fatture(*cassa->ambiente);
     while (Digita(fatture, ReverseCharge()) && fatture.Conferma()) {
       const int numero = static_cast<int>(fatture.NumeroConfermato());
       if (write(tubo, &numero, sizeof numero) != sizeof numero) break;

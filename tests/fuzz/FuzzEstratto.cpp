@@ -31,17 +31,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t lung
   if (lunghezza < 2) return 0;
   const unsigned scelte = dati[0] | (static_cast<unsigned>(dati[1]) << 8U);
   const std::string_view testo(reinterpret_cast<const char*>(dati) + 2, lunghezza - 2);
-  const auto tabella = LeggiTabellaDaTesto(testo);
+  const auto tabella = archives::LeggiTabellaDaTesto(testo);
   if (!tabella) {
     Pretendi(Utf8Valido(tabella.Errore().messaggio));
     return 0;
   }
   const std::size_t colonne = tabella.Valore().nomi.size();
-  const ColonneEstratto dove{Scelta(scelte, colonne), Scelta(scelte >> 2U, colonne),
-                             Scelta(scelte >> 4U, colonne), Scelta(scelte >> 6U, colonne),
-                             Scelta(scelte >> 8U, colonne)};
+  const duedates::ColonneEstratto dove{Scelta(scelte, colonne), Scelta(scelte >> 2U, colonne),
+                                       Scelta(scelte >> 4U, colonne), Scelta(scelte >> 6U, colonne),
+                                       Scelta(scelte >> 8U, colonne)};
   if (!dove.Manca().empty()) return 0;
-  const LineeEstratto lette = LeggiLinee(tabella.Valore(), dove);
+  const duedates::LineeEstratto lette = duedates::LeggiLinee(tabella.Valore(), dove);
   Pretendi(lette.linee.size() + lette.scartate.size() == tabella.Valore().righe.size());
   std::set<std::string> chiavi;
   for (const auto& linea : lette.linee) {

@@ -19,25 +19,26 @@ void Pretendi(bool vero) {
 }
 
 /// The same amount in the writing of the column is read back.
-void ProvaImporto(const std::string& testo, Decimali stile) {
-  const auto letto = LeggiImportoDiFile(testo, stile);
+void ProvaImporto(const std::string& testo, archives::Decimali stile) {
+  const auto letto = archives::LeggiImportoDiFile(testo, stile);
   if (!letto) {
     Pretendi(Utf8Valido(letto.Errore().messaggio));
     return;
   }
-  const auto ancora = LeggiImportoDiFile(letto.Valore().Testo(), Decimali::Punto);
+  const auto ancora =
+      archives::LeggiImportoDiFile(letto.Valore().Testo(), archives::Decimali::Punto);
   Pretendi(ancora.Riuscito() && ancora.Valore() == letto.Valore());
 }
 
-void ProvaValori(const std::string& testo, Decimali stile) {
+void ProvaValori(const std::string& testo, archives::Decimali stile) {
   ProvaImporto(testo, stile);
-  if (const auto data = LeggiDataDiFile(testo)) {
-    const auto ancora = LeggiDataDiFile(data.Valore().Testo());
+  if (const auto data = archives::LeggiDataDiFile(testo)) {
+    const auto ancora = archives::LeggiDataDiFile(data.Valore().Testo());
     Pretendi(ancora.Riuscito() && ancora.Valore() == data.Valore());
   }
-  CampoImporta campo;
+  archives::CampoImporta campo;
   for (const Tipo tipo : {Tipo::Booleano, Tipo::Intero, Tipo::Testo}) {
-    const auto letto = LeggiValoreDiFile(testo, campo, tipo, stile);
+    const auto letto = archives::LeggiValoreDiFile(testo, campo, tipo, stile);
     if (!letto) {
       Pretendi(!letto.Errore().messaggio.empty() && Utf8Valido(letto.Errore().messaggio));
     } else if (tipo == Tipo::Testo) {
@@ -51,7 +52,7 @@ void ProvaValori(const std::string& testo, Decimali stile) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
   // libFuzzer speaks in bytes, the program in characters.
   const auto letta =
-      LeggiTabellaDaTesto(std::string_view(reinterpret_cast<const char*>(dati), quanti));
+      archives::LeggiTabellaDaTesto(std::string_view(reinterpret_cast<const char*>(dati), quanti));
   if (!letta) {
     Pretendi(!letta.Errore().messaggio.empty());
     return 0;
@@ -59,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quan
   const TabellaCsv& tabella = letta.Valore();
   for (const auto& nome : tabella.nomi) Pretendi(!nome.empty());
   for (std::size_t i = 0; i < tabella.nomi.size(); ++i) {
-    StileDecimali stile;
+    archives::StileDecimali stile;
     for (const auto& riga : tabella.righe) {
       Pretendi(riga.campi.size() == tabella.nomi.size() && riga.linea > 0);
       stile.Guarda(riga.campi[i]);

@@ -16,18 +16,18 @@ void Pretendi(bool vero) {
 }
 
 void ProvaModello(std::string_view testo) {
-  const auto letto = fenalto::ModelloStampa::DaTesto(testo, "prova.mod");
+  const auto letto = fenalto::reports::ModelloStampa::DaTesto(testo, "prova.mod");
   if (!letto) {
     Pretendi(letto.Errore().messaggio.find("«prova.mod»") != std::string::npos);
     return;
   }
-  const fenalto::ModelloStampa& m = letto.Valore();
+  const fenalto::reports::ModelloStampa& m = letto.Valore();
   Pretendi(m.InizioCorpo() + 2 * m.AltezzaRiga() <= m.FineCorpo());
   Pretendi(m.FineCorpo() <= m.Formato().altezza);
   const auto [da, a] = m.LarghezzaCorpo();
   Pretendi(0 <= da && da < a && a <= m.Formato().larghezza);
   for (const auto& fisso : m.Fissi()) {
-    if (const auto* r = std::get_if<fenalto::Riquadro>(&fisso))
+    if (const auto* r = std::get_if<fenalto::reports::Riquadro>(&fisso))
       Pretendi(r->x + r->larghezza <= m.Formato().larghezza &&
                r->y + r->altezza <= m.Formato().altezza);
   }
@@ -35,7 +35,7 @@ void ProvaModello(std::string_view testo) {
 
 void ProvaSagoma(std::string_view testo) {
   for (const bool euro : {true, false}) {
-    const fenalto::Sagoma sagoma(fenalto::PictureImporto(testo, euro));
+    const fenalto::reports::Sagoma sagoma(fenalto::reports::PictureImporto(testo, euro));
     const std::vector<fenalto::Valore> campi(
         sagoma.Campi(), fenalto::Valore(fenalto::Importo::DaDecimillesimi(-12'345'678)));
     const std::string riga = sagoma.Riempi(campi);

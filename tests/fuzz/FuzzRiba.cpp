@@ -17,18 +17,18 @@ void Pretendi(bool vero) {
   if (!vero) std::abort();
 }
 
-void Prova(std::string_view testo, RibaSegno segno) {
-  const LetturaRiba letto = VerificaRiba(testo, segno);
-  Pretendi(letto.segnalazioni.size() <= 2 * kMassimoSegnalazioniRiba + 1);
+void Prova(std::string_view testo, duedates::RibaSegno segno) {
+  const duedates::LetturaRiba letto = duedates::VerificaRiba(testo, segno);
+  Pretendi(letto.segnalazioni.size() <= 2 * duedates::kMassimoSegnalazioniRiba + 1);
   for (const auto& segnalazione : letto.segnalazioni) {
     Pretendi(segnalazione.riga > 0 && segnalazione.colonna > 0);
-    Pretendi(segnalazione.colonna <= kColonneRiba + 1);
+    Pretendi(segnalazione.colonna <= duedates::kColonneRiba + 1);
     Pretendi(!segnalazione.messaggio.empty() && Utf8Valido(segnalazione.messaggio));
   }
   if (!letto.Buona()) return;
-  constexpr std::size_t kRiga = kColonneRiba + 2;
+  constexpr std::size_t kRiga = duedates::kColonneRiba + 2;
   Pretendi(testo.size() == letto.righe * kRiga);
-  Pretendi(letto.righe == letto.ricevute.size() * kRecordPerRicevuta + 2);
+  Pretendi(letto.righe == letto.ricevute.size() * duedates::kRecordPerRicevuta + 2);
   Importo somma;
   for (std::size_t i = 0; i < letto.ricevute.size(); ++i) {
     Pretendi(letto.ricevute[i].numero == static_cast<int>(i) + 1);
@@ -42,7 +42,7 @@ void Prova(std::string_view testo, RibaSegno segno) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
   // libFuzzer speaks in bytes, the program in characters.
   const std::string_view testo(reinterpret_cast<const char*>(dati), quanti);
-  Prova(testo, RibaSegno::DellImporto);
-  Prova(testo, RibaSegno::SempreMeno);
+  Prova(testo, duedates::RibaSegno::DellImporto);
+  Prova(testo, duedates::RibaSegno::SempreMeno);
   return 0;
 }

@@ -25,7 +25,7 @@ void Pretendi(bool vero, const std::string& cosa) {
   std::abort();
 }
 
-class CatalogoPiccolo : public Catalogo {
+class CatalogoPiccolo : public sql::Catalogo {
  public:
   CatalogoPiccolo() {
     tabelle_[0].nome = "H";
@@ -45,28 +45,28 @@ class CatalogoPiccolo : public Catalogo {
     viste_[0] = {"V", "SELECT R.*, H.D FROM R LEFT JOIN H ON R.K=H.K"};
     viste_[1] = {"W", "SELECT K, T AS [un nome] FROM H WHERE T LIKE 'a*' ORDER BY D"};
   }
-  [[nodiscard]] const TabellaCatalogo* Tabella(std::string_view nome) const override {
-    for (const TabellaCatalogo& t : tabelle_) {
+  [[nodiscard]] const sql::TabellaCatalogo* Tabella(std::string_view nome) const override {
+    for (const sql::TabellaCatalogo& t : tabelle_) {
       if (UgualeTesto(t.nome, nome)) return &t;
     }
     return nullptr;
   }
-  [[nodiscard]] const VistaCatalogo* Vista(std::string_view nome) const override {
-    for (const VistaCatalogo& v : viste_) {
+  [[nodiscard]] const sql::VistaCatalogo* Vista(std::string_view nome) const override {
+    for (const sql::VistaCatalogo& v : viste_) {
       if (UgualeTesto(v.nome, nome)) return &v;
     }
     return nullptr;
   }
 
  private:
-  std::array<TabellaCatalogo, 2> tabelle_;
-  std::array<VistaCatalogo, 2> viste_;
+  std::array<sql::TabellaCatalogo, 2> tabelle_;
+  std::array<sql::VistaCatalogo, 2> viste_;
 };
 
 sqlite3* Apri() {
   sqlite3* connessione = nullptr;
   Pretendi(sqlite3_open(":memory:", &connessione) == SQLITE_OK, "apertura");
-  RegistraMotore(connessione);
+  sql::RegistraMotore(connessione);
   const char* schema =
       "CREATE TABLE H (K INTEGER, D INTEGER, T TEXT COLLATE FENALTO);"
       "CREATE TABLE R (ID INTEGER PRIMARY KEY, K INTEGER, M INTEGER, S REAL, B INTEGER,"
@@ -86,8 +86,8 @@ bool ELimite(std::string_view errore) {
 void Prova(std::string_view testo) {
   static const CatalogoPiccolo catalogo;
   static sqlite3* const connessione = Apri();
-  const auto forma = FormaDi(testo);
-  const auto tradotta = Traduci(testo, catalogo);
+  const auto forma = sql::FormaDi(testo);
+  const auto tradotta = sql::Traduci(testo, catalogo);
   if (!tradotta) {
     Pretendi(!tradotta.Errore().motivo.empty(), "rifiuto senza motivo");
     Pretendi(tradotta.Errore().posizione <= testo.size(), "posizione fuori dal testo");
@@ -95,10 +95,10 @@ void Prova(std::string_view testo) {
     return;
   }
   Pretendi(forma.Riuscito(), "tradotta ma senza forma");
-  const Istruzione& i = tradotta.Valore();
-  for (const ParametroSql& p : i.parametri) {
+  const sql::Istruzione& i = tradotta.Valore();
+  for (const sql::ParametroSql& p : i.parametri) {
     Pretendi(p.letterale < forma.Valore().letterali.size(), "letterale che non c'è");
-    static_cast<void>(ValoreLegato(forma.Valore().letterali[p.letterale], p.legame));
+    static_cast<void>(sql::ValoreLegato(forma.Valore().letterali[p.letterale], p.legame));
   }
   sqlite3_stmt* istruzione = nullptr;
   const int esito = sqlite3_prepare_v2(connessione, i.sql.c_str(), -1, &istruzione, nullptr);
@@ -114,13 +114,13 @@ void Prova(std::string_view testo) {
 }
 
 void ProvaPredicato(std::string_view testo) {
-  static const std::array<ColonnaUscita, 4> kColonne{{{"T", Tipo::Testo, "R", "T"},
-                                                      {"K", Tipo::Intero, "R", "K"},
-                                                      {"M", Tipo::Importo, "", ""},
-                                                      {"D", Tipo::Data, "H", "D"}}};
+  static const std::array<sql::ColonnaUscita, 4> kColonne{{{"T", Tipo::Testo, "R", "T"},
+                                                           {"K", Tipo::Intero, "R", "K"},
+                                                           {"M", Tipo::Importo, "", ""},
+                                                           {"D", Tipo::Data, "H", "D"}}};
   static const std::array<Valore, 4> kRiga{Valore("l'Adda"), Valore(3),
                                            Valore(Importo::DaDecimillesimi(12'345)), Valore()};
-  const auto predicato = Predicato::Leggi(testo, kColonne);
+  const auto predicato = sql::Predicato::Leggi(testo, kColonne);
   if (predicato) static_cast<void>(predicato.Valore().Vale(kRiga));
 }
 

@@ -1,9 +1,9 @@
 // Trial balance, statements and comparison on books small enough to be worked out by hand.
 #include "core/values/Testo.h"
-#include "ledger/BilancioInterno.h"
-#include "ledger/BilancioVerifica.h"
-#include "ledger/MovimentiConto.h"
 #include "ledger/Stampati.h"
+#include "ledger/accounts/MovimentiConto.h"
+#include "ledger/statements/BilancioInterno.h"
+#include "ledger/statements/BilancioVerifica.h"
 
 namespace fenalto::prova {
 
@@ -21,12 +21,12 @@ class BilancioTest : public DittaDaStampare {
     Articolo(2023, 1, G(1, 6, 2023), {{"P", "520.007", I("20")}, {"P", "700.010", I("-20")}});
   }
 
-  SceltaBilancio Scelta() {
-    SceltaBilancio scelta = BilancioVerifica(ambiente, uscite).Proposta();
+  ledger::SceltaBilancio Scelta() {
+    ledger::SceltaBilancio scelta = ledger::BilancioVerifica(ambiente, uscite).Proposta();
     scelta.daDt = G(1, 1, 2024);
     scelta.aaDt = G(31, 12, 2024);
     scelta.escludoNonMovimentati = true;
-    return BilancioVerifica::PeriodoPrecedente(scelta);
+    return ledger::BilancioVerifica::PeriodoPrecedente(scelta);
   }
   /// The lines after the heading, without blanks at their ends.
   [[nodiscard]] std::string Corpo() const {
@@ -34,16 +34,16 @@ class BilancioTest : public DittaDaStampare {
     return testo.substr(testo.find("---\n") + 4);
   }
   /// First cells of a sheet's rows.
-  static std::vector<std::string> Codici(const Foglio& foglio) {
+  static std::vector<std::string> Codici(const reports::Foglio& foglio) {
     std::vector<std::string> codici;
     for (const auto& riga : foglio.righe) codici.push_back(riga[0].Testo());
     return codici;
   }
-  BilancioVerifica bilancio{ambiente, uscite};
+  ledger::BilancioVerifica bilancio{ambiente, uscite};
 };
 
 TEST_F(BilancioTest, Verifica) {
-  SceltaBilancio scelta = Scelta();
+  ledger::SceltaBilancio scelta = Scelta();
   scelta.stampoCliFor = true;
   scelta.daMastro = "100";
   scelta.aaMastro = "400";
@@ -92,8 +92,8 @@ TEST_F(BilancioTest, Verifica) {
           std::string(115, '=') + "\n");
   EXPECT_EQ(uscite.Righe()[0][0].substr(0, 13), "ROSSI & FIGLI");
   // A double click on an account's line leads to its movements.
-  const auto& riga = std::get<RigaFissa>(uscite.pagine[0].elementi[12]);
-  EXPECT_EQ(riga.rinvio.genere, Rinvio::Genere::Conto);
+  const auto& riga = std::get<reports::RigaFissa>(uscite.pagine[0].elementi[12]);
+  EXPECT_EQ(riga.rinvio.genere, reports::Rinvio::Genere::Conto);
   EXPECT_EQ(riga.rinvio.cfp + riga.rinvio.conto, "C120.001") << riga.testo;
 }
 
@@ -129,7 +129,7 @@ TEST_F(BilancioTest, Prospetti) {
 }
 
 TEST_F(BilancioTest, ProspettiInPerditaEInPareggio) {
-  SceltaBilancio scelta = Scelta();
+  ledger::SceltaBilancio scelta = Scelta();
   scelta.daDt = G(1, 3, 2024);
   Verso(Destinazione::Testo);
   ASSERT_TRUE(bilancio.StampaProspetti(scelta));
@@ -170,7 +170,7 @@ TEST_F(BilancioTest, ScostamentoSulLatoDelConto) {
       {"100", "-50", "-150", "-150"}, {"0", "-30", "30", ""},       {"0", "0", "0", ""},
       {"3", "4", "1", "33.3"},        {"8", "8.02", "0.02", "0.3"}, {"100", "0", "-100", "-100"}};
   for (const auto& c : casi) {
-    const Scostamento s = Scosta(I(c.a), I(c.b));
+    const ledger::Scostamento s = ledger::Scosta(I(c.a), I(c.b));
     EXPECT_EQ(s.differenza.Testo(), c.differenza) << c.a << " " << c.b;
     EXPECT_EQ(s.percento.Neutro(), c.percento) << c.a << " " << c.b;
   }
@@ -181,35 +181,35 @@ TEST_F(BilancioTest, Scelte) {
   Articolo(2024, 5, G(1, 4, 2024), {{"C", "0002", I("5")}, {"P", "130.001", I("-5")}});
   Articolo(2024, 6, G(2, 4, 2024), {{"C", "0002", I("-5")}, {"P", "130.001", I("5")}});
   Articolo(2024, 7, G(1, 1, 2024), {{"P", "110.001", I("7"), "APEX"}});
-  const auto codici = [&](void (*cambia)(SceltaBilancio&)) {
-    SceltaBilancio scelta = Scelta();
+  const auto codici = [&](void (*cambia)(ledger::SceltaBilancio&)) {
+    ledger::SceltaBilancio scelta = Scelta();
     scelta.daMastro = "110";
     scelta.aaMastro = "130";
     cambia(scelta);
     return Codici(bilancio.FoglioVerifica(scelta));
   };
   using Elenco = std::vector<std::string>;
-  EXPECT_EQ(codici([](SceltaBilancio&) {}),
+  EXPECT_EQ(codici([](ledger::SceltaBilancio&) {}),
             (Elenco{"110.001", "tot. 110", "120.001", "tot. 120", "130.001", "tot. 130", ""}));
-  EXPECT_EQ(codici([](SceltaBilancio& s) { s.escludoSaldo0 = true; }),
+  EXPECT_EQ(codici([](ledger::SceltaBilancio& s) { s.escludoSaldo0 = true; }),
             (Elenco{"110.001", "tot. 110", ""}));
-  EXPECT_EQ(codici([](SceltaBilancio& s) { s.stampoCliFor = true; }),
+  EXPECT_EQ(codici([](ledger::SceltaBilancio& s) { s.stampoCliFor = true; }),
             (Elenco{"110.001", "tot. 110", "120.001", "0001", "0002", "tot. 120", "130.001",
                     "tot. 130", ""}));
-  EXPECT_EQ(codici([](SceltaBilancio& s) { s.soloMastri = s.stampoCliFor = true; }),
+  EXPECT_EQ(codici([](ledger::SceltaBilancio& s) { s.soloMastri = s.stampoCliFor = true; }),
             (Elenco{"tot. 110", "tot. 120", "tot. 130", ""}));
-  EXPECT_EQ(codici([](SceltaBilancio& s) { s.escludoCausale = "001"; }),
+  EXPECT_EQ(codici([](ledger::SceltaBilancio& s) { s.escludoCausale = "001"; }),
             (Elenco{"110.001", "tot. 110", ""}));
-  EXPECT_EQ(codici([](SceltaBilancio& s) { s.daDt = G(2, 1, 2024); }),
+  EXPECT_EQ(codici([](ledger::SceltaBilancio& s) { s.daDt = G(2, 1, 2024); }),
             (Elenco{"120.001", "tot. 120", "130.001", "tot. 130", ""}));
-  EXPECT_EQ(codici([](SceltaBilancio& s) { s.anno = 2023; }), (Elenco{""}));
-  EXPECT_EQ(codici([](SceltaBilancio& s) {
+  EXPECT_EQ(codici([](ledger::SceltaBilancio& s) { s.anno = 2023; }), (Elenco{""}));
+  EXPECT_EQ(codici([](ledger::SceltaBilancio& s) {
               s.anno = 2023;
               s.noAnno = true;
             }).size(),
             7U);
   // Everything that the chart has, moved or not.
-  EXPECT_GT(codici([](SceltaBilancio& s) { s.escludoNonMovimentati = false; }).size(), 20U);
+  EXPECT_GT(codici([](ledger::SceltaBilancio& s) { s.escludoNonMovimentati = false; }).size(), 20U);
 }
 
 TEST_F(BilancioTest, QuelCheNessunMastroRaccoglieStaInFondo) {
@@ -220,13 +220,13 @@ TEST_F(BilancioTest, QuelCheNessunMastroRaccoglieStaInFondo) {
   Tessarc().Inserisci("ContiClientiFornitori",
                       {{"Cod", "888.1"}, {"CFP", "P"}, {"Descrizione", "orfano"}});
   Articolo(2024, 6, G(1, 4, 2024), {{"P", "888.1", I("-4")}, {"P", "100.010", I("4")}});
-  const auto coda = [](const Foglio& foglio) {
+  const auto coda = [](const reports::Foglio& foglio) {
     std::vector<std::string> codici = Codici(foglio);
     codici.erase(codici.begin(), std::ranges::find(codici, "tot. 700") + 1);
     return codici;
   };
-  SceltaBilancio scelta = Scelta();
-  const Foglio tutto = bilancio.FoglioVerifica(scelta);
+  ledger::SceltaBilancio scelta = Scelta();
+  const reports::Foglio tutto = bilancio.FoglioVerifica(scelta);
   EXPECT_EQ(coda(tutto),
             (std::vector<std::string>{"0003", "888.1", "999.001", "senza", "tot. ", ""}));
   EXPECT_EQ(tutto.righe.back()[6].Importo(), Importo());  // the books balance
@@ -253,7 +253,7 @@ TEST_F(BilancioTest, CodiciDaCercareAllaLettera) {
     Tessarc().Inserisci("Conti", {{"Cod", conto}, {"CFP", "P"}});
   }
   Articolo(2024, 5, G(1, 4, 2024), {{"P", "1*.5", I("1")}, {"P", "30.1.2", I("-1")}});
-  SceltaBilancio scelta = Scelta();
+  ledger::SceltaBilancio scelta = Scelta();
   scelta.daMastro = "1*";
   scelta.aaMastro = "30.1";
   const std::vector<std::string> codici = Codici(bilancio.FoglioVerifica(scelta));
@@ -263,7 +263,7 @@ TEST_F(BilancioTest, CodiciDaCercareAllaLettera) {
 }
 
 TEST_F(BilancioTest, ProposteERifiuti) {
-  const SceltaBilancio proposta = bilancio.Proposta();
+  const ledger::SceltaBilancio proposta = bilancio.Proposta();
   EXPECT_EQ(proposta.daDt, G(1, 1, 2024));
   EXPECT_EQ(proposta.aaDt, G(6, 3, 2024));
   EXPECT_EQ(proposta.daMastro + proposta.aaMastro, "100980");
@@ -272,18 +272,19 @@ TEST_F(BilancioTest, ProposteERifiuti) {
   EXPECT_EQ(bilancio.Proposta().daDt, G(1, 1, 2025));
   EXPECT_EQ(bilancio.Proposta().aaDt, G(31, 12, 2025));
 
-  const auto rifiuto = [&](void (*cambia)(SceltaBilancio&)) {
-    SceltaBilancio scelta = Scelta();
+  const auto rifiuto = [&](void (*cambia)(ledger::SceltaBilancio&)) {
+    ledger::SceltaBilancio scelta = Scelta();
     cambia(scelta);
     EXPECT_FALSE(bilancio.StampaConfronto(scelta));
     return SoloMessaggio();
   };
-  EXPECT_THAT(rifiuto([](SceltaBilancio& s) { std::swap(s.daDt, s.aaDt); }),
+  EXPECT_THAT(rifiuto([](ledger::SceltaBilancio& s) { std::swap(s.daDt, s.aaDt); }),
               ::testing::HasSubstr("periodo A 31/12/2024 è successiva"));
-  EXPECT_THAT(rifiuto([](SceltaBilancio& s) { s.aaDtAP = {}; }), ::testing::HasSubstr("periodo B"));
-  EXPECT_THAT(rifiuto([](SceltaBilancio& s) { std::swap(s.daMastro, s.aaMastro); }),
+  EXPECT_THAT(rifiuto([](ledger::SceltaBilancio& s) { s.aaDtAP = {}; }),
+              ::testing::HasSubstr("periodo B"));
+  EXPECT_THAT(rifiuto([](ledger::SceltaBilancio& s) { std::swap(s.daMastro, s.aaMastro); }),
               ::testing::HasSubstr("mastro"));
-  EXPECT_EQ(rifiuto([](SceltaBilancio& s) { s.daMastro = s.aaMastro = "995"; }),
+  EXPECT_EQ(rifiuto([](ledger::SceltaBilancio& s) { s.daMastro = s.aaMastro = "995"; }),
             "non c'è nessun mastro da 995 a 995");
 }
 
@@ -310,7 +311,7 @@ TEST_F(BilancioTest, ImportoPiuGrandeDelCampo) {
 TEST_F(BilancioTest, AnnoInLire) {
   ASSERT_TRUE(ambiente.ScegliAnno(2000));
   Articolo(2000, 1, G(1, 4, 2000), {{"P", "100.010", I("1000")}, {"P", "300.001", I("-1000")}});
-  SceltaBilancio scelta = bilancio.Proposta();
+  ledger::SceltaBilancio scelta = bilancio.Proposta();
   scelta.escludoNonMovimentati = true;
   Verso(Destinazione::Testo);
   ASSERT_TRUE(bilancio.StampaProspetti(scelta));
@@ -320,7 +321,7 @@ TEST_F(BilancioTest, AnnoInLire) {
 }
 
 TEST_F(BilancioTest, FormaGrafica) {
-  SceltaBilancio scelta = Scelta();
+  ledger::SceltaBilancio scelta = Scelta();
   scelta.stGrafico = true;
   scelta.escludoNonMovimentati = false;
   const auto conta = [&](const std::string& testo) {
@@ -348,7 +349,7 @@ TEST_F(BilancioTest, FormaGrafica) {
 TEST_F(BilancioTest, ModelloGuastoFermaPrimaDellaPrimaRiga) {
   std::filesystem::create_directories(ambiente.CartellaProgramma() / "Ini");
   ScriviFile(ambiente.CartellaProgramma() / "Ini" / "TiBV.mod", "[pagina]\nboh\n");
-  SceltaBilancio scelta = Scelta();
+  ledger::SceltaBilancio scelta = Scelta();
   scelta.stGrafico = true;
   Verso(Destinazione::Pdf);
   EXPECT_FALSE(bilancio.StampaVerifica(scelta));
@@ -361,15 +362,17 @@ TEST_F(BilancioTest, MovimentiDiUnConto) {
       "UPDATE Movimenti SET ContoControp='0001', DiversiControp=True WHERE Conto='100.010' AND "
       "NumDoc=3");
   const auto tutti =
-      MovimentiDiConto(ambiente, "P", "100.010", 2024, G(1, 1, 2024), G(31, 12, 2024));
+      ledger::MovimentiDiConto(ambiente, "P", "100.010", 2024, G(1, 1, 2024), G(31, 12, 2024));
   ASSERT_EQ(tutti.size(), 2U);
   EXPECT_EQ(tutti[0].saldo, I("1000"));
   EXPECT_EQ(tutti[1].saldo, I("1122"));
   EXPECT_EQ(tutti[1].articolo, 3);
   EXPECT_EQ(tutti[1].controp, "0001+diversi");
-  EXPECT_EQ(MovimentiDiConto(ambiente, "P", "520.007", 0, G(1, 1, 2023), G(31, 12, 2024)).size(),
-            2U);
-  EXPECT_EQ(MovimentiDiConto(ambiente, "P", "520.007", 0, G(1, 1, 2023), G(31, 12, 2024), 1).size(),
+  EXPECT_EQ(
+      ledger::MovimentiDiConto(ambiente, "P", "520.007", 0, G(1, 1, 2023), G(31, 12, 2024)).size(),
+      2U);
+  EXPECT_EQ(ledger::MovimentiDiConto(ambiente, "P", "520.007", 0, G(1, 1, 2023), G(31, 12, 2024), 1)
+                .size(),
             1U);
 }
 

@@ -2,8 +2,8 @@
 #include <random>
 
 #include "core/sql/Criterio.h"
-#include "ledger/BilancioVerifica.h"
 #include "ledger/Stampati.h"
+#include "ledger/statements/BilancioVerifica.h"
 
 namespace fenalto::prova {
 
@@ -37,9 +37,9 @@ class BilancioTotaliTest : public DittaDaStampare {
     transazione.Conferma();
   }
 
-  std::vector<SceltaBilancio> Scelte() {
-    std::vector<SceltaBilancio> scelte(4, bilancio.Proposta());
-    for (SceltaBilancio& s : scelte) {
+  std::vector<ledger::SceltaBilancio> Scelte() {
+    std::vector<ledger::SceltaBilancio> scelte(4, bilancio.Proposta());
+    for (ledger::SceltaBilancio& s : scelte) {
       s.daDt = G(1, 1, 2023);
       s.aaDt = G(31, 12, 2024);
       s.daDtAP = G(20, 2, 2023);
@@ -54,23 +54,23 @@ class BilancioTotaliTest : public DittaDaStampare {
   }
 
   /// Debit less credit of what a condition selects, without the program's own balance.
-  Importo Somma(const SceltaBilancio& s, const char* campo, const std::string& condizione) {
+  Importo Somma(const ledger::SceltaBilancio& s, const char* campo, const std::string& condizione) {
     std::string sql = std::string("SELECT Sum(") + campo +
                       ") FROM Movimenti INNER JOIN Articoli ON (Movimenti.Anno = Articoli.Anno) "
                       "AND (Movimenti.NumDoc = Articoli.NumDoc) WHERE " +
-                      Criterio("Articoli.Dt", ">=", s.daDt) + " AND " +
-                      Criterio("Articoli.Dt", "<=", s.aaDt) + condizione;
-    if (!s.noAnno) sql += " AND " + Criterio("Articoli.Anno", "=", s.anno);
+                      sql::Criterio("Articoli.Dt", ">=", s.daDt) + " AND " +
+                      sql::Criterio("Articoli.Dt", "<=", s.aaDt) + condizione;
+    if (!s.noAnno) sql += " AND " + sql::Criterio("Articoli.Anno", "=", s.anno);
     return Tessarc().Singolo(sql).Importo();
   }
 
-  BilancioVerifica bilancio{ambiente, uscite};
+  ledger::BilancioVerifica bilancio{ambiente, uscite};
 };
 
 TEST_F(BilancioTotaliTest, VerificaUgualeAlleSomme) {
   ScriviCasuali(3, 120);
-  for (const SceltaBilancio& s : Scelte()) {
-    const Foglio foglio = bilancio.FoglioVerifica(s);
+  for (const ledger::SceltaBilancio& s : Scelte()) {
+    const reports::Foglio foglio = bilancio.FoglioVerifica(s);
     const std::vector<Valore>& totali = foglio.righe.back();
     const std::string apertura = " AND (Movimenti.Causale='APE' OR Movimenti.Causale='APEX')";
     std::string periodo = " AND Movimenti.Causale<>'APE' AND Movimenti.Causale<>'APEX'";
@@ -85,10 +85,10 @@ TEST_F(BilancioTotaliTest, VerificaUgualeAlleSomme) {
     ASSERT_TRUE(bilancio.StampaVerifica(s));
     dialoghi.messaggi.clear();
     const auto righe = uscite.Righe().back();
-    Sagoma sagoma(
-        PictureImporto("|          TOTALI                             |çççççççççççççççç|"
-                       "çççççççççççççççç|çççççççççççççççç|çççççççççççççççç|",
-                       true));
+    reports::Sagoma sagoma(
+        reports::PictureImporto("|          TOTALI                             |çççççççççççççççç|"
+                                "çççççççççççççççç|çççççççççççççççç|çççççççççççççççç|",
+                                true));
     EXPECT_EQ(righe[righe.size() - 2],
               sagoma.Riempi(std::vector<Valore>(totali.begin() + 3, totali.end())));
   }
@@ -96,7 +96,7 @@ TEST_F(BilancioTotaliTest, VerificaUgualeAlleSomme) {
 
 TEST_F(BilancioTotaliTest, LeDueSituazioniFinisconoSullaStessaDifferenza) {
   ScriviCasuali(5, 90);
-  for (SceltaBilancio s : Scelte()) {
+  for (ledger::SceltaBilancio s : Scelte()) {
     s.escludoCausale.clear();  // what is left out need not balance
     Verso(Destinazione::Testo);
     ASSERT_TRUE(bilancio.StampaProspetti(s));
@@ -116,12 +116,12 @@ TEST_F(BilancioTotaliTest, LeDueSituazioniFinisconoSullaStessaDifferenza) {
 
 TEST_F(BilancioTotaliTest, IMesiFannoIlConfronto) {
   ScriviCasuali(9, 150);
-  for (const SceltaBilancio& s : Scelte()) {
+  for (const ledger::SceltaBilancio& s : Scelte()) {
     const std::vector<Valore> totali = bilancio.FoglioConfronto(s).righe.back();
-    MeseConfronto somma;
-    const std::vector<MeseConfronto> mesi = bilancio.MesiConfronto(s);
+    ledger::MeseConfronto somma;
+    const std::vector<ledger::MeseConfronto> mesi = bilancio.MesiConfronto(s);
     ASSERT_EQ(mesi.size(), 12U);
-    for (const MeseConfronto& m : mesi) {
+    for (const ledger::MeseConfronto& m : mesi) {
       somma.costiA += m.costiA;
       somma.ricaviA += m.ricaviA;
       somma.costiB += m.costiB;

@@ -8,18 +8,18 @@ namespace fenalto::prova {
 namespace {
 
 /// What a row shows of its contra-entry: "P 100.010" or "P 100.010 +".
-std::string Controp(const RigaPrimanota& r) {
+std::string Controp(const ledger::RigaPrimanota& r) {
   return r.cfpControp + " " + r.contoControp + (r.diversiControp ? " +" : "");
 }
 
-std::vector<std::string> Modello(const std::vector<RigaPrimanota>& righe) {
+std::vector<std::string> Modello(const std::vector<ledger::RigaPrimanota>& righe) {
   std::string contoDare = " ";
   std::string contoAvere = " ";
   Importo maxDare;
   Importo maxAvere;
   int quantiDare = 0;
   int quantiAvere = 0;
-  for (const RigaPrimanota& r : righe) {
+  for (const ledger::RigaPrimanota& r : righe) {
     if (r.impoDare > maxDare) {
       maxDare = r.impoDare;
       contoDare = r.cfp + " " + r.conto;
@@ -32,7 +32,7 @@ std::vector<std::string> Modello(const std::vector<RigaPrimanota>& righe) {
     if (!r.impoAvere.Zero()) ++quantiAvere;
   }
   std::vector<std::string> attese;
-  for (const RigaPrimanota& r : righe) {
+  for (const ledger::RigaPrimanota& r : righe) {
     std::string attesa = " ";
     if (!r.impoDare.Zero()) attesa = contoAvere + (quantiAvere > 1 ? " +" : "");
     if (!r.impoAvere.Zero()) attesa = contoDare + (quantiDare > 1 ? " +" : "");
@@ -41,9 +41,9 @@ std::vector<std::string> Modello(const std::vector<RigaPrimanota>& righe) {
   return attese;
 }
 
-std::vector<std::string> Mostrate(const Primanota& pn) {
+std::vector<std::string> Mostrate(const ledger::Primanota& pn) {
   std::vector<std::string> mostrate;
-  for (const RigaPrimanota& r : pn.Righe()) mostrate.push_back(Controp(r));
+  for (const ledger::RigaPrimanota& r : pn.Righe()) mostrate.push_back(Controp(r));
   return mostrate;
 }
 
@@ -70,7 +70,7 @@ TEST_F(ContropartiteTest, Casi) {
        {" ", "P 110.001", "P 100.020"}},
   };
   for (const Caso& caso : casi) {
-    Primanota pn(ambiente);
+    ledger::Primanota pn(ambiente);
     pn.Nuovo();
     for (const auto& riga : caso.righe) ASSERT_TRUE(Scrivi(pn, riga));
     EXPECT_EQ(Mostrate(pn), caso.attese);
@@ -78,7 +78,7 @@ TEST_F(ContropartiteTest, Casi) {
 }
 
 TEST_F(ContropartiteTest, UnoStornoInNegativoHaLeSueContropartite) {
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   pn.Nuovo();
   for (const auto& [conto, campo] : {std::pair{"100.010", "ImpoDare"}, {"110.001", "ImpoAvere"}}) {
     ASSERT_TRUE(pn.PNuovaRiga());
@@ -94,7 +94,7 @@ TEST_F(ContropartiteTest, SeguonoOgniModificaDiRiga) {
   std::mt19937 caso(3);
   const auto uno = [&](std::size_t n) { return static_cast<std::size_t>(caso()) % n; };
   const std::vector<const char*> conti = {"100.010", "100.020", "110.001", "110.002", "300.001"};
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   pn.Nuovo();
   for (int passo = 0; passo < 150; ++passo) {
     const std::size_t quante = pn.Righe().size();
@@ -121,8 +121,8 @@ TEST_F(ContropartiteTest, SeguonoOgniModificaDiRiga) {
     ASSERT_EQ(Mostrate(pn), Modello(pn.Righe())) << passo;
   }
   // The scratch holds what was shown.
-  const std::vector<RigaPrimanota> prima = pn.Righe();
-  for (const RigaPrimanota& r : prima) {
+  const std::vector<ledger::RigaPrimanota> prima = pn.Righe();
+  for (const ledger::RigaPrimanota& r : prima) {
     ASSERT_TRUE(pn.ApriRiga(r.num));
     EXPECT_EQ(pn.Riga().Testo("ContoControp"), r.contoControp);
     EXPECT_EQ(pn.Riga().Leggi("DiversiControp").Booleano(), r.diversiControp);
@@ -131,7 +131,7 @@ TEST_F(ContropartiteTest, SeguonoOgniModificaDiRiga) {
 }
 
 TEST_F(ContropartiteTest, SenzaSpuntaRestanoQuelleScritte) {
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   pn.Nuovo();
   EXPECT_TRUE(pn.ContropAutomatiche());
   ASSERT_TRUE(Scrivi(pn, {"100.010", I("5")}));

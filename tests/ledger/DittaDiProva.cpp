@@ -120,7 +120,7 @@ std::string DittaDiProva::UltimaDomanda() const {
   return dialoghi.domande.empty() ? "" : dialoghi.domande.back();
 }
 
-bool DittaDiProva::Scrivi(Primanota& pn, const RigaDaScrivere& r) {
+bool DittaDiProva::Scrivi(ledger::Primanota& pn, const RigaDaScrivere& r) {
   if (!pn.PNuovaRiga()) return false;
   pn.Riga().Scrivi("Causale", r.causale);
   pn.Riga().Scrivi("Descrizione", r.descrizione);
@@ -130,7 +130,7 @@ bool DittaDiProva::Scrivi(Primanota& pn, const RigaDaScrivere& r) {
   return pn.ConfermaRiga();
 }
 
-std::int64_t DittaDiProva::Registra(Primanota& pn, const std::vector<RigaDaScrivere>& righe,
+std::int64_t DittaDiProva::Registra(ledger::Primanota& pn, const std::vector<RigaDaScrivere>& righe,
                                     Data data) {
   pn.Nuovo();
   pn.Testa().Scrivi("Dt", data);
@@ -141,7 +141,7 @@ std::int64_t DittaDiProva::Registra(Primanota& pn, const std::vector<RigaDaScriv
 }
 
 std::int64_t DittaDiProva::Registra(const std::vector<RigaDaScrivere>& righe, Data data) {
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   const std::int64_t numero = Registra(pn, righe, data);
   EXPECT_NE(numero, 0);
   Messaggi();
@@ -155,8 +155,8 @@ Valore DittaDiProva::CampoTestata(std::int64_t numero, const char* campo) {
 
 std::int64_t DittaDiProva::NumeroRighe(std::int64_t numero) {
   return Tessarc()
-      .Singolo("select Count(*) from Movimenti where " + Criterio("NumDoc", "=", numero) + " and " +
-               Criterio("Anno", "=", ambiente.Anno()))
+      .Singolo("select Count(*) from Movimenti where " + sql::Criterio("NumDoc", "=", numero) +
+               " and " + sql::Criterio("Anno", "=", ambiente.Anno()))
       .Intero();
 }
 

@@ -12,7 +12,7 @@
 #include "core/session/Ambiente.h"
 #include "core/session/CartellaProva.h"
 #include "core/session/DialoghiFinti.h"
-#include "ledger/Primanota.h"
+#include "ledger/registrations/Primanota.h"
 
 namespace fenalto::prova {
 
@@ -61,9 +61,9 @@ class DittaDiProva : public ::testing::Test {
   [[nodiscard]] std::string UltimaDomanda() const;
 
   /// Types one row and confirms it.
-  static bool Scrivi(Primanota& pn, const RigaDaScrivere& riga);
+  static bool Scrivi(ledger::Primanota& pn, const RigaDaScrivere& riga);
   /// A whole new registration; its number, 0 when it was stopped.
-  static std::int64_t Registra(Primanota& pn, const std::vector<RigaDaScrivere>& righe,
+  static std::int64_t Registra(ledger::Primanota& pn, const std::vector<RigaDaScrivere>& righe,
                                Data data = G(15, 3, 2024));
   /// The same through a Primanota of its own.
   std::int64_t Registra(const std::vector<RigaDaScrivere>& righe, Data data = G(15, 3, 2024));

@@ -2,8 +2,8 @@
 #include <random>
 
 #include "core/values/Testo.h"
-#include "ledger/Giornale.h"
 #include "ledger/Stampati.h"
+#include "ledger/journal/Giornale.h"
 
 namespace fenalto::prova {
 
@@ -11,14 +11,14 @@ using ::testing::HasSubstr;
 
 class GiornaleTest : public DittaDaStampare {
  protected:
-  bool Stampa(const SceltaGiornale& scelta, Destinazione verso = Destinazione::Testo,
+  bool Stampa(const ledger::SceltaGiornale& scelta, Destinazione verso = Destinazione::Testo,
               Risposta definitiva = Risposta::No) {
     Verso(verso);
     dialoghi.Rispondera("STAMPA DEFINITIVA ?", definitiva);
     return giornale.Stampa(scelta);
   }
-  static SceltaGiornale Scelta() {
-    SceltaGiornale scelta;
+  static ledger::SceltaGiornale Scelta() {
+    ledger::SceltaGiornale scelta;
     scelta.daDt = G(1, 1, 2024);
     scelta.aaDt = G(31, 12, 2024);
     return scelta;
@@ -52,7 +52,7 @@ class GiornaleTest : public DittaDaStampare {
     }
     transazione.Conferma();
   }
-  Giornale giornale{ambiente, uscite};
+  ledger::Giornale giornale{ambiente, uscite};
 };
 
 TEST_F(GiornaleTest, Righe) {
@@ -61,7 +61,7 @@ TEST_F(GiornaleTest, Righe) {
   Articolo(2024, 1, G(1, 1, 2024), {{"P", "100.010", I("9"), "APEX"}});
   Articolo(2024, 2, G(10, 2, 2024),
            {{"C", "0001", I("122"), "062", "fatt. 7"}, {"P", "700.010", I("-122")}}, "V1", 7);
-  SceltaGiornale scelta = Scelta();
+  ledger::SceltaGiornale scelta = Scelta();
   scelta.daPag = 12;
   ASSERT_TRUE(Stampa(scelta));
   EXPECT_EQ(Messaggi(),
@@ -93,8 +93,8 @@ TEST_F(GiornaleTest, Righe) {
                 largo(c2 + " prova", 46) + "                         122,000\n" +
                 std::string(128, '=') + "\n" + largo("totali   dal 01/01/2024  al 31/12/2024", 95) +
                 "         122,000         122,000\n");
-  const auto& riga = std::get<RigaFissa>(uscite.pagine[0].elementi[7]);
-  EXPECT_EQ(riga.rinvio.genere, Rinvio::Genere::Registrazione);
+  const auto& riga = std::get<reports::RigaFissa>(uscite.pagine[0].elementi[7]);
+  EXPECT_EQ(riga.rinvio.genere, reports::Rinvio::Genere::Registrazione);
   EXPECT_EQ(riga.rinvio.numero, 2);
   EXPECT_EQ(riga.rinvio.anno, 2024);
 
@@ -119,7 +119,7 @@ TEST_F(GiornaleTest, Ordine) {
   scrivi(5, 2, "V1", 2);
   scrivi(6, 2, "", 0);
   Articolo(2023, 9, G(2, 3, 2024), {{"P", "100.010", I("1")}});  // another year's book
-  SceltaGiornale scelta = Scelta();
+  ledger::SceltaGiornale scelta = Scelta();
   ASSERT_TRUE(Stampa(scelta));
   EXPECT_EQ(Ordine(), (std::vector<std::int64_t>{2, 1, 3, 4, 5, 6}));
   EXPECT_TRUE(giornale.Proposta().perArticolo);
@@ -139,7 +139,7 @@ TEST_F(GiornaleTest, Ordine) {
 TEST_F(GiornaleTest, RiportiDiPagina) {
   ScriviMolti(150);
   for (const bool compatta : {false, true}) {
-    SceltaGiornale scelta = Scelta();
+    ledger::SceltaGiornale scelta = Scelta();
     scelta.stampaCompatta = compatta;
     ASSERT_TRUE(Stampa(scelta));
     const auto pagine = uscite.Righe();
@@ -160,7 +160,7 @@ TEST_F(GiornaleTest, RiportiDiPagina) {
                                     [](const std::string& r) { return r.starts_with("riporto"); }),
               0);
     const std::string totale =
-        ::fenalto::Sagoma(PictureImporto("ççççççççççççççç", true))
+        ::fenalto::reports::Sagoma(reports::PictureImporto("ççççççççççççççç", true))
             .Riempi(std::vector<Valore>{Tessarc().Singolo("SELECT Sum(ImpoDare) FROM Movimenti")});
     EXPECT_THAT(pagine.back().back(), HasSubstr(totale));
     EXPECT_TRUE(pagine.back().back().ends_with(totale));
@@ -212,7 +212,7 @@ TEST_F(GiornaleTest, DescrizioneLungaSenzaPerdite) {
   };
   EXPECT_THAT(senzaBianchi(letto), HasSubstr(senzaBianchi(lunga)));
   EXPECT_THAT(Corpo(), HasSubstr(" ***************\n"));  // never a part of an amount
-  SceltaGiornale compatta = Scelta();
+  ledger::SceltaGiornale compatta = Scelta();
   compatta.stampaCompatta = true;
   ASSERT_TRUE(Stampa(compatta));
   const auto stretta = uscite.Righe();
@@ -228,7 +228,7 @@ TEST_F(GiornaleTest, RigaConDueImporti) {
 
 TEST_F(GiornaleTest, Definitiva) {
   Articolo(2024, 1, G(1, 2, 2024), {{"P", "100.010", I("1")}});
-  SceltaGiornale scelta = Scelta();
+  ledger::SceltaGiornale scelta = Scelta();
   scelta.aaDt = G(30, 6, 2024);
   EXPECT_EQ(giornale.Proposta().daDt, G(1, 1, 2024));
   EXPECT_EQ(giornale.Proposta().aaDt, G(1, 2, 2024));
@@ -261,7 +261,7 @@ TEST_F(GiornaleTest, LibroVuoto) {
 }
 
 TEST_F(GiornaleTest, RifiutiRinunceEVideo) {
-  SceltaGiornale scelta = Scelta();
+  ledger::SceltaGiornale scelta = Scelta();
   std::swap(scelta.daDt, scelta.aaDt);
   EXPECT_FALSE(giornale.Stampa(scelta));
   EXPECT_THAT(SoloMessaggio(), HasSubstr("31/12/2024 è successiva"));
@@ -282,7 +282,7 @@ TEST_F(GiornaleTest, RifiutiRinunceEVideo) {
 
 TEST_F(GiornaleTest, FormaGrafica) {
   ScriviMolti(150);
-  SceltaGiornale scelta = Scelta();
+  ledger::SceltaGiornale scelta = Scelta();
   scelta.stGrafico = true;
   scelta.daPag = 5;
   ASSERT_TRUE(Stampa(scelta, Destinazione::Anteprima));

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "core/archives/ArchivioCodici.h"
-#include "ledger/CodiceConto.h"
-#include "ledger/PianoDeiConti.h"
 #include "ledger/Stampati.h"
+#include "ledger/accounts/CodiceConto.h"
+#include "ledger/accounts/PianoDeiConti.h"
 
 namespace fenalto::prova {
 
@@ -19,10 +19,12 @@ constexpr const char* kMastroUsato =
 class PianoDeiContiTest : public DittaDaStampare {
  protected:
   PianoDeiContiTest()
-      : mastri(ambiente, ArchiviPianoDeiConti()[0]), conti(ambiente, ArchiviPianoDeiConti()[1]) {}
+      : mastri(ambiente, ledger::ArchiviPianoDeiConti()[0]),
+        conti(ambiente, ledger::ArchiviPianoDeiConti()[1]) {}
 
   /// A field typed and left.
-  static void Scrivi(ArchivioCodici& archivio, const char* campo, const std::string& valore) {
+  static void Scrivi(archives::ArchivioCodici& archivio, const char* campo,
+                     const std::string& valore) {
     archivio.Record().Scrivi(campo, valore);
     archivio.Lasciato(campo);
   }
@@ -54,16 +56,16 @@ class PianoDeiContiTest : public DittaDaStampare {
     EXPECT_EQ(Voci("SELECT Cod, CFP, Descrizione FROM ContiClientiFornitori WHERE CFP='P'"),
               Voci("SELECT Cod, CFP, Descrizione FROM Conti WHERE CFP='P'"));
   }
-  std::vector<std::string> Premi(ArchivioCodici& archivio, const std::string& nome) {
-    for (const PulsanteArchivio& pulsante : archivio.Descrizione().pulsanti) {
+  std::vector<std::string> Premi(archives::ArchivioCodici& archivio, const std::string& nome) {
+    for (const archives::PulsanteArchivio& pulsante : archivio.Descrizione().pulsanti) {
       if (pulsante.nome == nome) return pulsante.azione(archivio.Contesto());
     }
     ADD_FAILURE() << "manca il pulsante " << nome;
     return {};
   }
 
-  ArchivioCodici mastri;
-  ArchivioCodici conti;
+  archives::ArchivioCodici mastri;
+  archives::ArchivioCodici conti;
 };
 
 TEST_F(PianoDeiContiTest, MastroConContiNonCambia) {
@@ -221,19 +223,22 @@ TEST_F(PianoDeiContiTest, VoceMancanteDettaEContoScritto) {
   EXPECT_EQ(ambiente.Cerca("tessarc", "Conti", {{"Cod", "100.010"}}, "Descrizione").Testo(),
             "altro testo");
 
-  EXPECT_FALSE(AggiornaContiClientiFornitori(ambiente, false, false, "100.010", "P", "x"));
+  EXPECT_FALSE(ledger::AggiornaContiClientiFornitori(ambiente, false, false, "100.010", "P", "x"));
   EXPECT_EQ(SoloMessaggio(), persa);
-  EXPECT_FALSE(AggiornaContiClientiFornitori(ambiente, true, false, "100.010", "P", ""));
+  EXPECT_FALSE(ledger::AggiornaContiClientiFornitori(ambiente, true, false, "100.010", "P", ""));
   EXPECT_EQ(SoloMessaggio(), persa);
-  EXPECT_TRUE(AggiornaContiClientiFornitori(ambiente, false, true, "100.010", "C", "uno", "due"));
+  EXPECT_TRUE(
+      ledger::AggiornaContiClientiFornitori(ambiente, false, true, "100.010", "C", "uno", "due"));
   // A customer and an account may bear one code.
-  EXPECT_TRUE(AggiornaContiClientiFornitori(ambiente, false, true, "100.010", "P", "altro testo"));
+  EXPECT_TRUE(
+      ledger::AggiornaContiClientiFornitori(ambiente, false, true, "100.010", "P", "altro testo"));
   AttesaListaVera();
-  EXPECT_TRUE(AggiornaContiClientiFornitori(ambiente, false, false, "100.010", "C", "tre", "due"));
+  EXPECT_TRUE(
+      ledger::AggiornaContiClientiFornitori(ambiente, false, false, "100.010", "C", "tre", "due"));
   EXPECT_EQ(Voci("SELECT Descrizione, Descrizione2, CFP FROM ContiClientiFornitori WHERE "
                  "Cod='100.010' AND CFP='C'"),
             std::multiset<std::string>{"tre|due|C"});
-  EXPECT_TRUE(AggiornaContiClientiFornitori(ambiente, true, false, "100.010", "C", ""));
+  EXPECT_TRUE(ledger::AggiornaContiClientiFornitori(ambiente, true, false, "100.010", "C", ""));
   AttesaListaVera();
 }
 
@@ -259,13 +264,13 @@ TEST_F(PianoDeiContiTest, PrimoContoLibero) {
     Tessarc().Esegui("DELETE FROM Conti WHERE Cod LIKE 'X1*'");
   }
   for (int i = 1; i < 10; ++i) Tessarc().Inserisci("Conti", {{"Cod", "X1." + std::to_string(i)}});
-  EXPECT_EQ(ProssimoContox(ambiente, "X1"), "");
+  EXPECT_EQ(ledger::ProssimoContox(ambiente, "X1"), "");
 
   // A point may stand in a master's code.
   NuovoMastro("X3.1", "P");
-  EXPECT_EQ(DividiCodiceConto(ambiente, "X3.1.002").mastro, "X3.1");
-  EXPECT_EQ(DividiCodiceConto(ambiente, "X1.1.002").contox, "1.002");
-  EXPECT_EQ(DividiCodiceConto(ambiente, "X8.1.002").mastro, "X8");
+  EXPECT_EQ(ledger::DividiCodiceConto(ambiente, "X3.1.002").mastro, "X3.1");
+  EXPECT_EQ(ledger::DividiCodiceConto(ambiente, "X1.1.002").contox, "1.002");
+  EXPECT_EQ(ledger::DividiCodiceConto(ambiente, "X8.1.002").mastro, "X8");
 }
 
 TEST_F(PianoDeiContiTest, SaldoEMovimenti) {

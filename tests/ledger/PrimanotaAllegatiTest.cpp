@@ -21,7 +21,7 @@ class PrimanotaAllegatiTest : public DittaDiProva {
 };
 
 TEST_F(PrimanotaAllegatiTest, AspettanoLaConfermaEVannoConLEliminazione) {
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   EXPECT_FALSE(pn.AggiungiAllegato(Documento("x.pdf", "x")));
   pn.Nuovo();
   EXPECT_FALSE(pn.AggiungiAllegato(cartella / "manca.pdf"));
@@ -64,7 +64,7 @@ TEST_F(PrimanotaAllegatiTest, AspettanoLaConfermaEVannoConLEliminazione) {
 }
 
 TEST_F(PrimanotaAllegatiTest, UnDocumentoSparitoFermaLaConferma) {
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   pn.Nuovo();
   const fs::path primo = Documento("primo.pdf", "primo");
   const fs::path secondo = Documento("secondo.pdf", "secondo");
@@ -88,7 +88,7 @@ TEST_F(PrimanotaAllegatiTest, UnNomeScrittoDaAltriNonEsceDallaCartella) {
   Tessarc().Inserisci("Allegati", {{"Tipo", "PrimaNota"},
                                    {"IdRecord", CampoTestata(1, "ID").Intero()},
                                    {"NomeFile", fuori.string()}});
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   ASSERT_TRUE(pn.Apri(1));
   ASSERT_EQ(pn.Allegati().size(), 1U);
   ASSERT_TRUE(pn.TogliAllegato(0));

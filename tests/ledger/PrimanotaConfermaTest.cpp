@@ -22,13 +22,13 @@ class PrimanotaConfermaTest : public DittaDiProva {
 TEST_F(PrimanotaConfermaTest, ControlliInOrdine) {
   Registra(giroconto);
   const std::string prima = Contenuto();
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   EXPECT_FALSE(pn.Conferma());
   pn.Nuovo();
   pn.Testa().Scrivi("NumDoc", 1);
   ASSERT_TRUE(Scrivi(pn, {"100.010", I("5")}));
   ASSERT_TRUE(pn.PNuovaRiga());
-  for (const auto& azione : {&Primanota::Conferma, &Primanota::Elimina}) {
+  for (const auto& azione : {&ledger::Primanota::Conferma, &ledger::Primanota::Elimina}) {
     EXPECT_FALSE((pn.*azione)());
     EXPECT_EQ(SoloMessaggio(), "confermare o annullare prima la riga");
   }
@@ -39,7 +39,7 @@ TEST_F(PrimanotaConfermaTest, ControlliInOrdine) {
   EXPECT_FALSE(pn.Conferma());
   EXPECT_EQ(SoloMessaggio(), "Sbilancio");
   EXPECT_EQ(Contenuto(), prima);
-  EXPECT_EQ(pn.StatoCorrente(), Primanota::Stato::Aperta);
+  EXPECT_EQ(pn.StatoCorrente(), ledger::Primanota::Stato::Aperta);
   ASSERT_EQ(pn.Righe().size(), 1U);
   // A difference of a ten-thousandth is one.
   ASSERT_TRUE(Scrivi(pn, {"110.001", I("-4.9999")}));
@@ -49,7 +49,7 @@ TEST_F(PrimanotaConfermaTest, ControlliInOrdine) {
   ASSERT_TRUE(pn.Conferma());
   EXPECT_EQ(SoloMessaggio(), "ARTICOLO CONTABILE n. 7\nannotare il numero");
   EXPECT_EQ(pn.NumeroConfermato(), 7);
-  EXPECT_EQ(pn.StatoCorrente(), Primanota::Stato::Inattiva);
+  EXPECT_EQ(pn.StatoCorrente(), ledger::Primanota::Stato::Inattiva);
   EXPECT_TRUE(pn.Righe().empty());
   EXPECT_EQ(NumeroRighe(7), 3);
 }
@@ -69,7 +69,7 @@ TEST_F(PrimanotaConfermaTest, TestataDaiConti) {
   };
   for (const Caso& caso : casi) EXPECT_EQ(Testata(Registra(caso.righe)), caso.attesa);
   // The head follows the rows when they change.
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   ASSERT_TRUE(pn.Apri(1));
   const auto id = CampoTestata(1, "ID").Intero();
   ASSERT_TRUE(Scrivi(pn, {"100.010", I("5")}));
@@ -82,7 +82,7 @@ TEST_F(PrimanotaConfermaTest, TestataDaiConti) {
 
 TEST_F(PrimanotaConfermaTest, Numeri) {
   EXPECT_EQ(Registra(giroconto), 1);
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   pn.Nuovo();
   pn.Testa().Scrivi("NumDoc", 10);
   ASSERT_TRUE(pn.Conferma());
@@ -108,7 +108,7 @@ TEST_F(PrimanotaConfermaTest, Numeri) {
     ASSERT_TRUE(pn.Elimina());
     EXPECT_EQ(NumeroRighe(numero), 0);
     EXPECT_TRUE(CampoTestata(numero, "ID").Nullo());
-    EXPECT_EQ(pn.StatoCorrente(), Primanota::Stato::Inattiva);
+    EXPECT_EQ(pn.StatoCorrente(), ledger::Primanota::Stato::Inattiva);
   };
   elimina(5);
   EXPECT_EQ(Registra(giroconto), 13);
@@ -130,7 +130,7 @@ TEST_F(PrimanotaConfermaTest, AnnoInLire) {
   // Decimals stay as typed.
   const auto numero =
       Registra({{"100.010", I("1000000.5")}, {"110.001", I("-1000000.5")}}, G(1, 2, 2000));
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   ASSERT_TRUE(pn.Apri(numero));
   EXPECT_EQ(pn.TotDare(), I("1000000.5"));
   EXPECT_TRUE(pn.Sbilancio().Zero());
@@ -140,7 +140,7 @@ TEST_F(PrimanotaConfermaTest, IlBloccoDiNumerazioneEDiUnAltro) {
   const auto altra = NuovaStazione("MAGAZZINO");
   Blocco blocco = altra->ambiente->BloccaTabella("ARTICOLI", false);
   ASSERT_TRUE(blocco.Tenuto());
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   pn.Nuovo();
   for (const auto& riga : giroconto) ASSERT_TRUE(Scrivi(pn, riga));
   pn.Testa().Scrivi("NumDoc", 5);
@@ -165,7 +165,7 @@ TEST_F(PrimanotaConfermaTest, DueStazioniInsiemeNonPrendonoLoStessoNumero) {
   const auto altra = NuovaStazione("MAGAZZINO");
   std::vector<std::int64_t> numeri[2];
   const auto lavora = [&](Ambiente& dove, std::vector<std::int64_t>& presi) {
-    Primanota pn(dove);
+    ledger::Primanota pn(dove);
     for (int i = 0; i < kQuante; ++i) presi.push_back(Registra(pn, giroconto));
   };
   std::thread secondo([&] { lavora(*altra->ambiente, numeri[1]); });
@@ -181,7 +181,7 @@ TEST_F(PrimanotaConfermaTest, DueStazioniInsiemeNonPrendonoLoStessoNumero) {
 
 TEST_F(PrimanotaConfermaTest, DuemilaRighe) {
   constexpr int kRighe = 2000;
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   pn.Nuovo();
   for (int i = 0; i < kRighe; ++i) {
     ASSERT_TRUE(Scrivi(pn, {i % 2 == 0 ? "100.010" : "110.001", I(i % 2 == 0 ? "1.01" : "-1.01")}));

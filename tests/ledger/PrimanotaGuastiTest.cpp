@@ -14,7 +14,7 @@ class PrimanotaGuastiTest : public DittaDiProva, public ::testing::WithParamInte
 
   std::string Mostrato() {
     std::string testo;
-    for (const RigaPrimanota& r : pn.Righe()) {
+    for (const ledger::RigaPrimanota& r : pn.Righe()) {
       testo += std::to_string(r.num) + "|" + std::to_string(r.posi) + "|" + r.conto + "|" +
                r.impoDare.Testo() + "|" + r.impoAvere.Testo() + "|" + r.contoControp + "\n";
     }
@@ -47,7 +47,7 @@ class PrimanotaGuastiTest : public DittaDiProva, public ::testing::WithParamInte
     });
     EXPECT_GE(guasti, alMeno);
   }
-  Primanota pn;
+  ledger::Primanota pn;
 };
 
 TEST_P(PrimanotaGuastiTest, NuovaRegistrazioneConAllegato) {

@@ -11,11 +11,11 @@ class PrimanotaRigheTest : public DittaDiProva {
     for (const auto& r : pn.Righe()) posizioni.push_back(r.posi);
     return posizioni;
   }
-  Primanota pn;
+  ledger::Primanota pn;
 };
 
 TEST_F(PrimanotaRigheTest, ValoriIniziali) {
-  EXPECT_FALSE(Primanota(ambiente).PNuovaRiga());
+  EXPECT_FALSE(ledger::Primanota(ambiente).PNuovaRiga());
   ASSERT_TRUE(pn.PNuovaRiga());
   EXPECT_FALSE(pn.PNuovaRiga());
   EXPECT_TRUE(pn.RigaNuova());
@@ -174,7 +174,7 @@ TEST_F(PrimanotaRigheTest, ImportoFuoriCampo) {
   ASSERT_TRUE(Scrivi(pn, {"100.010", grande}));
   EXPECT_FALSE(Scrivi(pn, {"100.020", grande}));
   EXPECT_THAT(SoloMessaggio(), ::testing::HasSubstr("fuori dal campo"));
-  EXPECT_EQ(pn.StatoCorrente(), Primanota::Stato::RigaAperta);
+  EXPECT_EQ(pn.StatoCorrente(), ledger::Primanota::Stato::RigaAperta);
   EXPECT_EQ(pn.TotDare(), grande);
   ASSERT_EQ(pn.Righe().size(), 1U);
   pn.Riga().Scrivi("ImpoDare", I("1"));
@@ -193,7 +193,7 @@ TEST_F(PrimanotaRigheTest, VisSaldo) {
   EXPECT_EQ(saldo->saldoIniziale, I("10"));
   EXPECT_EQ(saldo->Finale(), I("13"));
   ASSERT_TRUE(ambiente.ScegliAnno(2025));
-  Primanota altra(ambiente);
+  ledger::Primanota altra(ambiente);
   altra.Nuovo();
   ASSERT_TRUE(altra.PNuovaRiga());
   altra.Riga().Scrivi("Conto", "100.010");

@@ -1,7 +1,7 @@
 // Opening a registration, its head and dates, models, and the lock of the record.
 #include "core/sql/Criterio.h"
-#include "ledger/ControlliData.h"
 #include "ledger/DittaDiProva.h"
+#include "ledger/registrations/ControlliData.h"
 
 namespace fenalto::prova {
 
@@ -22,33 +22,33 @@ class PrimanotaTestaTest : public DittaDiProva {
 };
 
 TEST_F(PrimanotaTestaTest, ControlliDataFuoriDallaFinestra) {
-  EXPECT_FALSE(ControlloDataGiornale(ambiente, Data()));
+  EXPECT_FALSE(ledger::ControlloDataGiornale(ambiente, Data()));
   StampatoFino(G(31, 1, 2024));
   StampatoFino(G(30, 6, 2023));
-  EXPECT_FALSE(ControlloDataGiornale(ambiente, G(31, 1, 2024)));
+  EXPECT_FALSE(ledger::ControlloDataGiornale(ambiente, G(31, 1, 2024)));
   EXPECT_TRUE(Messaggi().empty());
   for (const Data data : {G(30, 1, 2024), Data()}) {
-    EXPECT_TRUE(ControlloDataGiornale(ambiente, data));
+    EXPECT_TRUE(ledger::ControlloDataGiornale(ambiente, data));
     EXPECT_EQ(SoloMessaggio(), kGiornale);
   }
 
-  EXPECT_FALSE(ControlloAnno(ambiente, G(1, 1, 2024), true));
+  EXPECT_FALSE(ledger::ControlloAnno(ambiente, G(1, 1, 2024), true));
   EXPECT_TRUE(Messaggi().empty());
-  EXPECT_FALSE(ControlloAnno(ambiente, G(1, 1, 2025), false));
+  EXPECT_FALSE(ledger::ControlloAnno(ambiente, G(1, 1, 2025), false));
   EXPECT_EQ(SoloMessaggio(), kAltroAnno + "2024");
-  EXPECT_FALSE(ControlloAnno(ambiente, G(1, 1, 2024), false, 2023));
+  EXPECT_FALSE(ledger::ControlloAnno(ambiente, G(1, 1, 2024), false, 2023));
   EXPECT_EQ(SoloMessaggio(), kAltroAnno + "2023");
   dialoghi.Rispondera("Proseguo", Risposta::No);
-  EXPECT_TRUE(ControlloAnno(ambiente, G(1, 1, 2025), true));
+  EXPECT_TRUE(ledger::ControlloAnno(ambiente, G(1, 1, 2025), true));
   EXPECT_EQ(UltimaDomanda(), kAltroAnno + "2024\nProseguo ugualmente");
   dialoghi.Rispondera("Proseguo", Risposta::Si);
-  EXPECT_FALSE(ControlloAnno(ambiente, G(1, 1, 2025), true));
+  EXPECT_FALSE(ledger::ControlloAnno(ambiente, G(1, 1, 2025), true));
 }
 
 TEST_F(PrimanotaTestaTest, NuovaRegistrazione) {
   Registra({{"100.010", I("5")}, {"110.001", I("-5")}});
-  Primanota pn(ambiente);
-  EXPECT_EQ(pn.StatoCorrente(), Primanota::Stato::Inattiva);
+  ledger::Primanota pn(ambiente);
+  EXPECT_EQ(pn.StatoCorrente(), ledger::Primanota::Stato::Inattiva);
   pn.Nuovo();
   EXPECT_TRUE(pn.Nuova());
   EXPECT_EQ(pn.Testa().Leggi("Dt").Data(), G(15, 3, 2024));
@@ -77,7 +77,7 @@ TEST_F(PrimanotaTestaTest, AperturaConAvvisi) {
   Tessarc().Esegui("update Articoli set CREATOINAUTOMATICO=21");
   Tessarc().Inserisci("Articoli", {{"Anno", 2024}, {"NumDoc", 2}, {"Riva", "1"}});
   StampatoFino(G(31, 12, 2024));
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   EXPECT_FALSE(pn.Apri(2));  // a VAT registration
   EXPECT_FALSE(pn.Apri(3));
   EXPECT_TRUE(Messaggi().empty());
@@ -101,8 +101,8 @@ TEST_F(PrimanotaTestaTest, UnAltraStazioneLaTieneInModifica) {
   Registra({{"100.010", I("5")}, {"110.001", I("-5")}});
   const auto altra = NuovaStazione("MAGAZZINO");
   const std::string prima = Contenuto();
-  Primanota qui(ambiente);
-  auto la = std::make_unique<Primanota>(*altra->ambiente);
+  ledger::Primanota qui(ambiente);
+  auto la = std::make_unique<ledger::Primanota>(*altra->ambiente);
   ASSERT_TRUE(la->Apri(1));
   ASSERT_TRUE(qui.Apri(1));
   EXPECT_TRUE(qui.SolaLettura());
@@ -126,7 +126,7 @@ TEST_F(PrimanotaTestaTest, UnAltraStazioneLaTieneInModifica) {
 }
 
 TEST_F(PrimanotaTestaTest, Modelli) {
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   pn.Nuovo();
   pn.Testa().Scrivi("Duplicabile", true);
   pn.Testa().Scrivi("DescrArtDupl", "affitto dell'*ufficio*");
@@ -139,7 +139,7 @@ TEST_F(PrimanotaTestaTest, Modelli) {
   ASSERT_TRUE(pn.Conferma());
 
   ASSERT_TRUE(ambiente.ScegliAnno(2025));
-  Primanota nuova(ambiente);
+  ledger::Primanota nuova(ambiente);
   const auto modelli = nuova.Modelli();
   ASSERT_EQ(modelli.size(), 1U);
   EXPECT_EQ(modelli[0].descrArtDupl, "affitto dell'*ufficio*");

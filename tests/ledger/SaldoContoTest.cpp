@@ -1,7 +1,7 @@
 #include <random>
 
 #include "ledger/DittaDiProva.h"
-#include "ledger/SaldoConto.h"
+#include "ledger/accounts/SaldoConto.h"
 
 namespace fenalto::prova {
 
@@ -18,8 +18,9 @@ struct Movimento {
 };
 
 /// The routine's rule, told again with a loop.
-Saldo SommaSemplice(const std::vector<Movimento>& movimenti, const SaldoConto::Richiesta& r) {
-  Saldo saldo;
+ledger::Saldo SommaSemplice(const std::vector<Movimento>& movimenti,
+                            const ledger::SaldoConto::Richiesta& r) {
+  ledger::Saldo saldo;
   for (const Movimento& m : movimenti) {
     if (m.cfp != r.cfp || m.conto != r.conto || m.dt < r.daData || m.dt > r.aData) continue;
     if (r.anno != 0 && m.anno != r.anno) continue;
@@ -33,7 +34,7 @@ Saldo SommaSemplice(const std::vector<Movimento>& movimenti, const SaldoConto::R
   return saldo;
 }
 
-std::string Testo(const Saldo& s) {
+std::string Testo(const ledger::Saldo& s) {
   return s.saldoIniziale.Testo() + " " + s.totaleDare.Testo() + " " + s.totaleAvere.Testo();
 }
 
@@ -84,13 +85,13 @@ TEST_F(SaldoContoTest, UgualeAllaSommaDeiMovimenti) {
   std::mt19937 caso(11);
   for (int anno : {0, 2023, 2024}) {
     for (const char* esclusa : {"", "062", "APE"}) {
-      SaldoConto::Richiesta r;
+      ledger::SaldoConto::Richiesta r;
       r.anno = anno;
       r.causaleEsclusa = esclusa;
       r.daData = G(1, 1, 2023).PiuGiorni(static_cast<int>(caso() % 300));
       r.aData = r.daData.PiuGiorni(static_cast<int>(caso() % 700));
-      SaldoConto tenuto(Tessarc());
-      SaldoConto singolo(Tessarc());
+      ledger::SaldoConto tenuto(Tessarc());
+      ledger::SaldoConto singolo(Tessarc());
       for (const char* cfp : {"P", "C", "F"}) {
         for (const char* conto : {"100.010", "0001", "l'altro", "manca"}) {
           r.cfp = cfp;
@@ -107,13 +108,13 @@ TEST_F(SaldoContoTest, UgualeAllaSommaDeiMovimenti) {
 }
 
 TEST_F(SaldoContoTest, GliInsiemiTenutiValgonoFinoAllaChiusura) {
-  SaldoConto::Richiesta r;
+  ledger::SaldoConto::Richiesta r;
   r.conto = "100.010";
   r.anno = 2024;
   r.daData = Ambiente::DataMinima();
   r.aData = G(31, 12, 2040);
   r.mantieniAperto = true;
-  SaldoConto saldo(Tessarc());
+  ledger::SaldoConto saldo(Tessarc());
   EXPECT_EQ(Testo(saldo.Calcola(r)), "0 0 0");
   Registra({{"100.010", I("10"), "P", "APE"}, {"300.001", I("-10"), "P", "APE"}});
   Registra({{"100.010", I("3")}, {"110.001", I("-3")}});
@@ -126,7 +127,7 @@ TEST_F(SaldoContoTest, GliInsiemiTenutiValgonoFinoAllaChiusura) {
 }
 
 TEST_F(SaldoContoTest, TestoDelleInterrogazioni) {
-  SaldoConto::Richiesta r;
+  ledger::SaldoConto::Richiesta r;
   r.conto = "c'a";
   r.anno = 2024;
   r.causaleEsclusa = "062";
@@ -140,12 +141,12 @@ TEST_F(SaldoContoTest, TestoDelleInterrogazioni) {
       "Movimenti.Conto='c''a' And Movimenti.CFP='P'";
   const std::string fine =
       " GROUP BY Movimenti.CFP, Movimenti.Conto ORDER BY Movimenti.CFP, Movimenti.Conto";
-  EXPECT_EQ(SaldoConto::TestoMovimenti(r),
+  EXPECT_EQ(ledger::SaldoConto::TestoMovimenti(r),
             inizio +
                 " And Movimenti.Causale<>'APE' And Movimenti.Causale<>'APEX' And "
                 "Movimenti.Causale<>'062'" +
                 fine);
-  EXPECT_EQ(SaldoConto::TestoAperture(r),
+  EXPECT_EQ(ledger::SaldoConto::TestoAperture(r),
             inizio + " And (Movimenti.Causale='APE' or Movimenti.Causale='APEX')" + fine);
 }
 

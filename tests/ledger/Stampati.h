@@ -16,13 +16,13 @@
 namespace fenalto::prova {
 
 /// Hands its pages on to the factory that made it, which outlives it.
-class UscitaPassante : public Uscita {
+class UscitaPassante : public reports::Uscita {
  public:
-  UscitaPassante(bool soloTesto, std::vector<Pagina>& pagine, int& fini)
+  UscitaPassante(bool soloTesto, std::vector<reports::Pagina>& pagine, int& fini)
       : soloTesto_(soloTesto), pagine_(pagine), fini_(fini) {}
   [[nodiscard]] bool SoloTesto() const override { return soloTesto_; }
   void Titolo(const std::string& /*titolo*/) override {}
-  bool Aggiungi(Pagina pagina) override {
+  bool Aggiungi(reports::Pagina pagina) override {
     pagine_.push_back(std::move(pagina));
     return true;
   }
@@ -34,15 +34,15 @@ class UscitaPassante : public Uscita {
 
  private:
   bool soloTesto_;
-  std::vector<Pagina>& pagine_;
+  std::vector<reports::Pagina>& pagine_;
   int& fini_;
 };
 
 /// Text output takes text only; the others take the graphic form too.
-class FabbricaDiProva : public FabbricaUscite {
+class FabbricaDiProva : public reports::FabbricaUscite {
  public:
-  std::unique_ptr<Uscita> Crea(const SceltaUscita& scelta,
-                               const std::string& /*rapporto*/) override {
+  std::unique_ptr<reports::Uscita> Crea(const SceltaUscita& scelta,
+                                        const std::string& /*rapporto*/) override {
     pagine.clear();
     return std::make_unique<UscitaPassante>(scelta.destinazione == Destinazione::Testo, pagine,
                                             fini);
@@ -51,10 +51,10 @@ class FabbricaDiProva : public FabbricaUscite {
   /// Lines of text mode, page by page.
   [[nodiscard]] std::vector<std::vector<std::string>> Righe() const {
     std::vector<std::vector<std::string>> tutte;
-    for (const Pagina& pagina : pagine) {
+    for (const reports::Pagina& pagina : pagine) {
       tutte.emplace_back();
-      for (const Elemento& elemento : pagina.elementi) {
-        if (const auto* riga = std::get_if<RigaFissa>(&elemento)) {
+      for (const reports::Elemento& elemento : pagina.elementi) {
+        if (const auto* riga = std::get_if<reports::RigaFissa>(&elemento)) {
           tutte.back().push_back(riga->testo);
         }
       }
@@ -74,16 +74,16 @@ class FabbricaDiProva : public FabbricaUscite {
   /// Texts of the graphic form, in the order in which they were put.
   [[nodiscard]] std::vector<std::string> Scritte() const {
     std::vector<std::string> scritte;
-    for (const Pagina& pagina : pagine) {
-      for (const Elemento& elemento : pagina.elementi) {
-        if (const auto* scritta = std::get_if<Scritta>(&elemento))
+    for (const reports::Pagina& pagina : pagine) {
+      for (const reports::Elemento& elemento : pagina.elementi) {
+        if (const auto* scritta = std::get_if<reports::Scritta>(&elemento))
           scritte.push_back(scritta->testo);
       }
     }
     return scritte;
   }
 
-  std::vector<Pagina> pagine;
+  std::vector<reports::Pagina> pagine;
   int fini = 0;
 };
 

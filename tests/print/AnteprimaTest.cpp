@@ -20,7 +20,7 @@
 #include "print/UscitaStampante.h"
 #include "print/VistaPagina.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 using namespace prova;
@@ -28,9 +28,9 @@ using namespace prova;
 class Anteprima : public ::testing::Test {
  protected:
   Anteprima()
-      : sotto(&principale), uscita("Bilancio", dialoghi, &principale, [this](const Rinvio& r) {
-          rinvii.push_back(r);
-        }) {
+      : sotto(&principale),
+        uscita("Bilancio", dialoghi, &principale,
+               [this](const reports::Rinvio& r) { rinvii.push_back(r); }) {
     sotto.setGeometry(0, 0, 200, 30);
     principale.resize(400, 300);
     principale.show();
@@ -38,11 +38,11 @@ class Anteprima : public ::testing::Test {
   }
 
   /// A page whose third line leads to a registration.
-  static Pagina PaginaConRinvio(int numero) {
-    Pagina pagina = PaginaFissa(kA4, numero, 30, 133);
-    auto& riga = std::get<RigaFissa>(pagina.elementi[2]);
+  static reports::Pagina PaginaConRinvio(int numero) {
+    reports::Pagina pagina = PaginaFissa(kA4, numero, 30, 133);
+    auto& riga = std::get<reports::RigaFissa>(pagina.elementi[2]);
     riga.testo = "  Perché n. " + std::to_string(numero) + " Società " + riga.testo.substr(40);
-    riga.rinvio = {Rinvio::Genere::Registrazione, "", "", 2026, numero};
+    riga.rinvio = {reports::Rinvio::Genere::Registrazione, "", "", 2026, numero};
     return pagina;
   }
   FinestraAnteprima& Composta(int pagine) {
@@ -66,7 +66,7 @@ class Anteprima : public ::testing::Test {
   DialoghiFinti dialoghi;
   QWidget principale;
   QLineEdit sotto;
-  std::vector<Rinvio> rinvii;
+  std::vector<reports::Rinvio> rinvii;
   UscitaAnteprima uscita;
 };
 
@@ -94,7 +94,7 @@ TEST_F(Anteprima, PrimaPaginaSubitoERestoChiuso) {
   EXPECT_EQ(sotto.text(), QStringLiteral("abc"));
   QTest::mouseDClick(finestra->Vista().viewport(), Qt::LeftButton, Qt::NoModifier, area);
   ASSERT_EQ(rinvii.size(), 1U);
-  EXPECT_EQ(rinvii[0].genere, Rinvio::Genere::Registrazione);
+  EXPECT_EQ(rinvii[0].genere, reports::Rinvio::Genere::Registrazione);
   EXPECT_EQ(rinvii[0].numero, 1);
   EXPECT_EQ(rinvii[0].anno, 2026);
   delete finestra;
@@ -123,9 +123,9 @@ TEST_F(Anteprima, AnnullaEChiusuraNonLascianoNiente) {
 
 TEST_F(Anteprima, PagineElencoETotale) {
   ASSERT_TRUE(uscita.Aggiungi(PaginaFissa(kA4, 1, 3, 133)));
-  Pagina conTotale = PaginaFissa(kA4Orizzontale, 2, 3, 192);
-  conTotale.elementi.emplace_back(
-      RigaFissa{500, 3000, 17, false, std::string("Pag. 2 di ") + kSegnoPagineTotali, {}});
+  reports::Pagina conTotale = PaginaFissa(kA4Orizzontale, 2, 3, 192);
+  conTotale.elementi.emplace_back(reports::RigaFissa{
+      500, 3000, 17, false, std::string("Pag. 2 di ") + reports::kSegnoPagineTotali, {}});
   ASSERT_TRUE(uscita.Aggiungi(conTotale));
   auto* finestra = uscita.Finestra();
   finestra->VaiAPagina(1);
@@ -278,4 +278,4 @@ TEST_F(Anteprima, ViveDaSolaFinoAllaChiusura) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::print

@@ -11,14 +11,14 @@
 
 namespace fenalto::prova {
 
-inline constexpr FormatoPagina kA4{21'000, 29'700, 500};
-inline constexpr FormatoPagina kA4Orizzontale{29'700, 21'000, 500};
+inline constexpr reports::FormatoPagina kA4{21'000, 29'700, 500};
+inline constexpr reports::FormatoPagina kA4Orizzontale{29'700, 21'000, 500};
 
 /// A page of `righe` fixed lines of that many columns: a number at the left and one at the right
 /// end.
-inline Pagina PaginaFissa(const FormatoPagina& formato, int numero, int righe,
-                          std::size_t colonne) {
-  Pagina pagina{formato, numero, {}};
+inline reports::Pagina PaginaFissa(const reports::FormatoPagina& formato, int numero, int righe,
+                                   std::size_t colonne) {
+  reports::Pagina pagina{formato, numero, {}};
   for (int i = 0; i < righe; ++i) {
     const std::string sinistra = "p" + std::to_string(numero) + " r" + std::to_string(i);
     const std::string destra = std::to_string(1000 + i) + ",00";
@@ -26,7 +26,7 @@ inline Pagina PaginaFissa(const FormatoPagina& formato, int numero, int righe,
     testo.append(colonne - sinistra.size() - destra.size(), i % 2 == 0 ? ' ' : '.');
     testo += destra;
     pagina.elementi.emplace_back(
-        RigaFissa{formato.margine, formato.margine + i * 350, 17, false, testo, {}});
+        reports::RigaFissa{formato.margine, formato.margine + i * 350, 17, false, testo, {}});
   }
   return pagina;
 }

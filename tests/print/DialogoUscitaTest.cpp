@@ -17,7 +17,7 @@
 #include "print/FinestraAnteprima.h"
 #include "print/VistaPagina.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 using namespace prova;
@@ -124,14 +124,14 @@ TEST(FabbricaUscite, OgniDestinazioneHaLaSuaUscita) {
   EXPECT_EQ(fabbrica.Crea({Destinazione::Xlsx, cartella / "a.xlsx"}, "Giornale"), nullptr);
 
   // A link of a preview reaches the main window through the factory.
-  std::vector<Rinvio> rinvii;
+  std::vector<reports::Rinvio> rinvii;
   QObject::connect(&fabbrica, &FabbricaUsciteQt::RinvioScelto, &principale,
-                   [&](const Rinvio& rinvio) { rinvii.push_back(rinvio); });
+                   [&](const reports::Rinvio& rinvio) { rinvii.push_back(rinvio); });
   const auto anteprima = fabbrica.Crea({Destinazione::Anteprima, {}}, "Giornale");
-  Pagina pagina{kA4, 1, {}};
-  const Rinvio conto{Rinvio::Genere::Conto, "P", "100.010", 2026, 0};
-  pagina.elementi.emplace_back(
-      Scritta{1000, 1000, 4000, Allineamento::Sinistra, {}, "Cassa contanti", conto, false});
+  reports::Pagina pagina{kA4, 1, {}};
+  const reports::Rinvio conto{reports::Rinvio::Genere::Conto, "P", "100.010", 2026, 0};
+  pagina.elementi.emplace_back(reports::Scritta{
+      1000, 1000, 4000, reports::Allineamento::Sinistra, {}, "Cassa contanti", conto, false});
   ASSERT_TRUE(anteprima->Aggiungi(pagina));
   ASSERT_TRUE(anteprima->Fine());
   auto* finestra = principale.findChild<FinestraAnteprima*>();
@@ -146,4 +146,4 @@ TEST(FabbricaUscite, OgniDestinazioneHaLaSuaUscita) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::print

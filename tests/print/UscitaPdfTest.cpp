@@ -11,7 +11,7 @@
 #include "print/Campione.h"
 #include "print/UscitaPdf.h"
 
-namespace fenalto {
+namespace fenalto::print {
 namespace {
 
 using namespace prova;
@@ -69,7 +69,7 @@ TEST(UscitaPdf, ColonneEsatteSuOgniFormato) {
 TEST(UscitaPdf, TestoRilettoRigaPerRiga) {
   const CartellaProva cartella;
   const auto file = cartella / "testo.pdf";
-  Pagina pagina{kA4, 1, {}};
+  reports::Pagina pagina{kA4, 1, {}};
   const std::vector<std::string> righe = {
       "CONTO    DESCRIZIONE                          DARE           AVERE",
       "-----------------------------------------------------------------",
@@ -80,7 +80,7 @@ TEST(UscitaPdf, TestoRilettoRigaPerRiga) {
   };
   for (std::size_t i = 0; i < righe.size(); ++i) {
     pagina.elementi.emplace_back(
-        RigaFissa{500, 500 + static_cast<int>(i) * 400, 17, i == 0, righe[i], {}});
+        reports::RigaFissa{500, 500 + static_cast<int>(i) * 400, 17, i == 0, righe[i], {}});
   }
   UscitaPdf uscita(file);
   ASSERT_TRUE(uscita.Aggiungi(pagina));
@@ -100,19 +100,19 @@ TEST(UscitaPdf, TestoRilettoRigaPerRiga) {
 TEST(UscitaPdf, ScritteTagliateENumeriMai) {
   const CartellaProva cartella;
   const auto file = cartella / "scritte.pdf";
-  Pagina pagina{kA4, 1, {}};
-  const Carattere carattere{"Arial Narrow", 900, false, false};
-  pagina.elementi.emplace_back(Scritta{1000,
-                                       1000,
-                                       2000,
-                                       Allineamento::Sinistra,
-                                       carattere,
-                                       "DescrizioneMoltoMoltoLungaDiUnConto",
-                                       {}});
-  pagina.elementi.emplace_back(
-      Scritta{5000, 1000, 1000, Allineamento::Destra, carattere, "123.456.789.012,34", {}, true});
-  pagina.elementi.emplace_back(
-      Scritta{9000, 1000, 3000, Allineamento::Destra, carattere, "12,34", {}, true});
+  reports::Pagina pagina{kA4, 1, {}};
+  const reports::Carattere carattere{"Arial Narrow", 900, false, false};
+  pagina.elementi.emplace_back(reports::Scritta{1000,
+                                                1000,
+                                                2000,
+                                                reports::Allineamento::Sinistra,
+                                                carattere,
+                                                "DescrizioneMoltoMoltoLungaDiUnConto",
+                                                {}});
+  pagina.elementi.emplace_back(reports::Scritta{
+      5000, 1000, 1000, reports::Allineamento::Destra, carattere, "123.456.789.012,34", {}, true});
+  pagina.elementi.emplace_back(reports::Scritta{
+      9000, 1000, 3000, reports::Allineamento::Destra, carattere, "12,34", {}, true});
   UscitaPdf uscita(file);
   ASSERT_TRUE(uscita.Aggiungi(pagina));
   ASSERT_TRUE(uscita.Fine());
@@ -129,15 +129,15 @@ TEST(UscitaPdf, NumeroDelleUltimePagineNelSegno) {
   const auto file = cartella / "totale.pdf";
   UscitaPdf uscita(file);
   for (int numero = 1; numero <= 12; ++numero) {
-    Pagina pagina = PaginaFissa(kA4, numero, 1, 60);
+    reports::Pagina pagina = PaginaFissa(kA4, numero, 1, 60);
     if (numero > 1) {
       pagina.elementi.emplace_back(
-          RigaFissa{500,
-                    2000,
-                    17,
-                    false,
-                    "Pag. " + std::to_string(numero) + " di \xEE\x80\x80   | fine",
-                    {}});
+          reports::RigaFissa{500,
+                             2000,
+                             17,
+                             false,
+                             "Pag. " + std::to_string(numero) + " di \xEE\x80\x80   | fine",
+                             {}});
     }
     ASSERT_TRUE(uscita.Aggiungi(pagina));
   }
@@ -220,8 +220,9 @@ TEST(UscitaPdf, DiscoPienoNonLasciaUnFileAMeta) {
       const DiscoPieno pieno(40'000);
       UscitaPdf uscita(cartella / "grande.pdf");
       for (int numero = 1; numero <= 40; ++numero) {
-        Pagina pagina = PaginaFissa(kA4, numero, 60, 133);
-        if (totale) pagina.elementi.emplace_back(RigaFissa{0, 0, 17, false, "\xEE\x80\x80", {}});
+        reports::Pagina pagina = PaginaFissa(kA4, numero, 60, 133);
+        if (totale)
+          pagina.elementi.emplace_back(reports::RigaFissa{0, 0, 17, false, "\xEE\x80\x80", {}});
         if (!uscita.Aggiungi(pagina)) break;
       }
       esito = uscita.Fine();
@@ -247,8 +248,8 @@ TEST(UscitaPdf, MemoriaCheNonCresceConLePagine) {
   long prima = 0;
   constexpr int kPagine = 600;
   for (int numero = 1; numero <= kPagine; ++numero) {
-    Pagina pagina = PaginaFissa(kA4, numero, 80, 133);
-    pagina.elementi.emplace_back(RigaFissa{0, 0, 17, false, "\xEE\x80\x80", {}});
+    reports::Pagina pagina = PaginaFissa(kA4, numero, 80, 133);
+    pagina.elementi.emplace_back(reports::RigaFissa{0, 0, 17, false, "\xEE\x80\x80", {}});
     ASSERT_TRUE(uscita.Aggiungi(std::move(pagina)));
     if (numero == 50) prima = MemoriaKb();
   }
@@ -265,4 +266,4 @@ TEST(UscitaPdf, RapportoSenzaPagineEUnFoglioBianco) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::print

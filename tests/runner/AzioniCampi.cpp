@@ -89,7 +89,8 @@ void Segna(Contesto& contesto, const QString& nome, bool voluto) {
 /// is; a button of a function window always takes it.
 void FuocoPerClic(Contesto& contesto, QWidget& controllo) {
   const bool pulsante = qobject_cast<QAbstractButton*>(&controllo) != nullptr;
-  const bool funzione = qobject_cast<FinestraFunzione*>(&contesto.scena.Corrente()) != nullptr;
+  const bool funzione =
+      qobject_cast<screens::FinestraFunzione*>(&contesto.scena.Corrente()) != nullptr;
   if (controllo.focusPolicy() == Qt::NoFocus && !(pulsante && funzione)) return;
   MettiFuoco(controllo, Qt::MouseFocusReason);
   contesto.Attendi();

@@ -34,14 +34,14 @@ void RaccogliVoci(const QList<QAction*>& azioni, const QString& percorso, bool a
   }
 }
 
-QList<VoceTrovata> VociDelMenu(FinestraPrincipale& principale) {
+QList<VoceTrovata> VociDelMenu(screens::FinestraPrincipale& principale) {
   QList<VoceTrovata> voci;
   RaccogliVoci(principale.menuBar()->actions(), QString(), true, voci);
   return voci;
 }
 
 /// The menu's action behind an entry of the map.
-QAction* AzioneDi(FinestraPrincipale& principale, const fenalto::VoceMenu& voce) {
+QAction* AzioneDi(screens::FinestraPrincipale& principale, const screens::VoceMenu& voce) {
   for (const auto& trovata : VociDelMenu(principale)) {
     if (trovata.percorso == QString::fromUtf8(voce.percorso) &&
         trovata.voce == QString::fromUtf8(voce.voce)) {
@@ -53,7 +53,7 @@ QAction* AzioneDi(FinestraPrincipale& principale, const fenalto::VoceMenu& voce)
 
 /// Chooses the entry of a function as its menu does. False when the entry can't be chosen.
 bool ApriDalMenu(Contesto& contesto, const QString& nome, int scheda) {
-  const auto* voce = VoceDi(nome, scheda);
+  const auto* voce = screens::VoceDi(nome, scheda);
   if (voce == nullptr) {
     throw Fallimento(QStringLiteral("no menu entry opens a window %1").arg(nome));
   }

@@ -25,7 +25,7 @@ struct Contesto {
   int dialoghiPrima = 0;
 
   [[nodiscard]] Ricerca Cerca() { return Ricerca(scena.Corrente()); }
-  [[nodiscard]] FinestraPrincipale& Principale() { return programma.App().Principale(); }
+  [[nodiscard]] screens::FinestraPrincipale& Principale() { return programma.App().Principale(); }
   [[nodiscard]] Ambiente& Sessione() { return programma.App().Sessione(); }
   /// A dialog came up during the command under way: the program has answered it in its way.
   [[nodiscard]] bool HaDetto() const { return programma.dialoghi.Mostrati() > dialoghiPrima; }

@@ -37,7 +37,7 @@ void Programma::Ricorda() {
 }
 
 void Programma::Crea() {
-  app_ = std::make_unique<Applicazione>(opzioni_, dialoghi, orologio, caso);
+  app_ = std::make_unique<screens::Applicazione>(opzioni_, dialoghi, orologio, caso);
   ++avvii_;
 }
 
@@ -168,7 +168,7 @@ void Programma::Termina() {
   Ferma();
 }
 
-Applicazione& Programma::App() {
+screens::Applicazione& Programma::App() {
   if (!app_) Avvia();
   if (!app_) {
     throw Fallimento("the company " + ditta_ + " has users: `utente NAME PASSWORD` must log in");

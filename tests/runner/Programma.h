@@ -36,7 +36,7 @@ class Programma {
 
   /// The running program; started when it was ended. Fails when a log-in is missing, or when the
   /// program asked to end and nobody checked that.
-  Applicazione& App();
+  screens::Applicazione& App();
   [[nodiscard]] bool InCorso() const { return app_ != nullptr; }
   [[nodiscard]] bool HaChiestoFine() const;
   /// How often the program has been started.
@@ -55,7 +55,7 @@ class Programma {
   std::string ditta_;
   int anno_ = 0;
   std::optional<Dialoghi::Credenziali> accesso_;
-  std::unique_ptr<Applicazione> app_;
+  std::unique_ptr<screens::Applicazione> app_;
   int avvii_ = 0;
 };
 

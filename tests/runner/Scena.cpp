@@ -95,7 +95,7 @@ QWidget* Scena::PerNome(const QString& nome) {
 }
 
 void Scena::PortaAvanti(QWidget& finestra) {
-  if (auto* funzione = qobject_cast<FinestraFunzione*>(&finestra)) {
+  if (auto* funzione = qobject_cast<screens::FinestraFunzione*>(&finestra)) {
     Principale().PortaAvanti(*funzione);
     Attiva(finestra);
   } else if (finestra.isWindow()) {

@@ -26,7 +26,7 @@ class Scena {
   QStringList Aperte();
 
  private:
-  FinestraPrincipale& Principale() { return programma_.App().Principale(); }
+  screens::FinestraPrincipale& Principale() { return programma_.App().Principale(); }
   /// Open windows besides the main one, the one in front last.
   QList<QWidget*> Sopra();
   /// A box over the main window, such as the search for functions.

@@ -88,7 +88,7 @@ int Lavora(const Copione& copione, const OpzioniEsecuzione& opzioni,
   const QApplication applicazione(argc, argv);
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                      QString::fromStdString((privata / "impostazioni").string()));
-  Applicazione::Prepara(opzioni.ambiente.cartellaDati);
+  screens::Applicazione::Prepara(opzioni.ambiente.cartellaDati);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setCursorFlashTime(0);
   for (const auto effetto : {Qt::UI_AnimateMenu, Qt::UI_FadeMenu, Qt::UI_AnimateCombo,

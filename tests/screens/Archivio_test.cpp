@@ -338,7 +338,7 @@ TEST_F(ArchivioTest, DalCodiceAlSuoArchivio) {
   ASSERT_TRUE(Aperto());
   Campo("Mastro")->setFocus();
   Tasto(Qt::Key_F3);
-  finestra = principale->findChild<FinestraFunzione*>(QStringLiteral("Mastri"));
+  finestra = principale->findChild<screens::FinestraFunzione*>(QStringLiteral("Mastri"));
   ASSERT_NE(finestra, nullptr);
   EXPECT_EQ(Testo("Cod"), "100");
 }

@@ -1,7 +1,7 @@
 // The window of payment codes: rates typed, refused and tried.
 #include <QTabWidget>
 
-#include "duedates/Rate.h"
+#include "duedates/codes/Rate.h"
 #include "screens/FinestraProva.h"
 
 namespace fenalto::prova {
@@ -51,7 +51,7 @@ TEST_F(CodiciPagamentoFinestra, RatesAreTypedTriedAndSaved) {
   Clic("CreaDescrizione");
   Clic("Conferma");
   EXPECT_TRUE(Messaggi().empty());
-  const auto codice = LeggiCodicePagamento(ambiente, "DUE");
+  const auto codice = duedates::LeggiCodicePagamento(ambiente, "DUE");
   ASSERT_TRUE(codice);
   EXPECT_EQ(codice->descrizione, "50% 30GG FM, 50% 60GG FM");
   EXPECT_EQ(codice->rate.size(), 2U);

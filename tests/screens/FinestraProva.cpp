@@ -20,7 +20,7 @@ class Qt6 : public ::testing::Environment {
   void SetUp() override {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     applicazione_ = std::make_unique<QApplication>(argomenti_, argomento_);
-    Applicazione::Prepara(FENALTO_DATA);
+    screens::Applicazione::Prepara(FENALTO_DATA);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                        QString::fromStdString(memoria_.Percorso().string()));
   }
@@ -47,8 +47,9 @@ FinestraProva::~FinestraProva() {
   principale.reset();
 }
 
-std::unique_ptr<FinestraPrincipale> FinestraProva::Principale(Ambiente& ambiente) {
-  auto nuova = std::make_unique<FinestraPrincipale>(ambiente, Applicazione::Costruttori());
+std::unique_ptr<screens::FinestraPrincipale> FinestraProva::Principale(Ambiente& ambiente) {
+  auto nuova =
+      std::make_unique<screens::FinestraPrincipale>(ambiente, screens::Applicazione::Costruttori());
   nuova->MostraSessione();
   nuova->resize(1366, 768);
   nuova->show();

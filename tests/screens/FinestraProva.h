@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include "ledger/DittaDiProva.h"
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 #include "screens/main/FinestraPrincipale.h"
 
 namespace fenalto::prova {
@@ -17,7 +17,7 @@ class FinestraProva : public DittaDiProva {
   ~FinestraProva() override;
 
   /// A main window of that session, shown and active.
-  static std::unique_ptr<FinestraPrincipale> Principale(Ambiente& ambiente);
+  static std::unique_ptr<screens::FinestraPrincipale> Principale(Ambiente& ambiente);
   void Apri(const QString& finestra);
 
   template <typename Controllo = QWidget>
@@ -41,8 +41,8 @@ class FinestraProva : public DittaDiProva {
   /// Object name of what has the focus.
   QString Foco();
 
-  std::unique_ptr<FinestraPrincipale> principale;
-  FinestraFunzione* finestra = nullptr;
+  std::unique_ptr<screens::FinestraPrincipale> principale;
+  screens::FinestraFunzione* finestra = nullptr;
 };
 
 }  // namespace fenalto::prova

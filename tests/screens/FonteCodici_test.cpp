@@ -1,5 +1,5 @@
 // The codes that a field lists while one types: those that begin with the text first.
-#include "screens/common/FonteCodici.h"
+#include "screens/common/fields/FonteCodici.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 
 #include "ledger/DittaDiProva.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 using ::testing::ElementsAre;
@@ -47,4 +47,4 @@ TEST_F(FonteCodiciTest, PrimaChiCominciaPoiChiContiene) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -11,8 +11,8 @@
 namespace fenalto::prova {
 namespace {
 
-std::vector<MeseConfronto> Mesi() {
-  std::vector<MeseConfronto> mesi(12);
+std::vector<ledger::MeseConfronto> Mesi() {
+  std::vector<ledger::MeseConfronto> mesi(12);
   for (std::size_t i = 0; i < mesi.size(); ++i) mesi[i].mese = static_cast<int>(i) + 1;
   return mesi;
 }
@@ -40,7 +40,7 @@ struct Misurato {
   std::map<QRgb, int> alte;  ///< pixels of the colours' tallest column, those of 40 or more
 };
 
-Misurato Misura(GraficoConfronto& grafico, const QColor& fondo, const QColor& testo) {
+Misurato Misura(screens::GraficoConfronto& grafico, const QColor& fondo, const QColor& testo) {
   QPalette tavolozza;
   tavolozza.setColor(QPalette::Base, fondo);
   tavolozza.setColor(QPalette::Text, testo);
@@ -63,7 +63,7 @@ Misurato Misura(GraficoConfronto& grafico, const QColor& fondo, const QColor& te
 }  // namespace
 
 TEST(GraficoConfronto, BarreLungheQuantoGliImportiSuOgniTavolozza) {
-  GraficoConfronto grafico;
+  screens::GraficoConfronto grafico;
   auto mesi = Mesi();
   mesi[0].costiA = Importo::DaUnita(1000);
   mesi[0].ricaviA = Importo::DaUnita(750);
@@ -89,7 +89,7 @@ TEST(GraficoConfronto, BarreLungheQuantoGliImportiSuOgniTavolozza) {
 }
 
 TEST(GraficoConfronto, LoSchermoParlanteLeggeGliImporti) {
-  GraficoConfronto grafico;
+  screens::GraficoConfronto grafico;
   auto mesi = Mesi();
   mesi[1].ricaviB = *Importo::DaTesto("1234.5");
   grafico.Mostra(mesi, QStringLiteral("A"), QStringLiteral("B"), 2);

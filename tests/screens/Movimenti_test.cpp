@@ -318,7 +318,7 @@ TEST_F(MovimentiTest, UnModelloDiventaUnaRegistrazioneNuova) {
   EXPECT_FALSE(Campo("FrameDupl")->isVisible());
   const auto numero = Semplice();
   Tessarc().Esegui("update Articoli set Duplicabile=True, DescrArtDupl='affitto' where " +
-                   Criterio("NumDoc", "=", numero));
+                   sql::Criterio("NumDoc", "=", numero));
   Clic("Sdoppia");
   ASSERT_EQ(Righe("GridArtDup"), 1);
   EXPECT_EQ(Cella("GridArtDup", 0, "Descrizione"), "affitto");

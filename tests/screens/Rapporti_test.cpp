@@ -10,22 +10,22 @@
 #include "print/FinestraAnteprima.h"
 #include "print/VistaPagina.h"
 #include "screens/FinestraProva.h"
-#include "screens/common/Griglia.h"
+#include "screens/common/lists/Griglia.h"
 
 namespace fenalto::prova {
 
 class RapportiTest : public FinestraProva {
  protected:
   /// A report of one line with a link, on the screen.
-  QPointer<FinestraAnteprima> Anteprima(const Rinvio& rinvio) {
+  QPointer<print::FinestraAnteprima> Anteprima(const reports::Rinvio& rinvio) {
     dialoghi.ScegliaUscita(SceltaUscita{Destinazione::Anteprima, {}});
-    Stampa stampa(ambiente, principale->Uscite());
+    reports::Stampa stampa(ambiente, principale->Uscite());
     EXPECT_TRUE(stampa.Inizio("Giornale"));
     stampa.Riga("riga con un rinvio", rinvio);
     EXPECT_TRUE(stampa.Fine());
-    return principale->findChild<FinestraAnteprima*>();
+    return principale->findChild<print::FinestraAnteprima*>();
   }
-  static void DoppioClicSu(FinestraAnteprima& anteprima) {
+  static void DoppioClicSu(print::FinestraAnteprima& anteprima) {
     QTest::mouseDClick(anteprima.Vista().viewport(), Qt::LeftButton, Qt::NoModifier,
                        anteprima.Vista().SulVetro(QPointF(900, 600)).toPoint());
     QTest::qWait(0);
@@ -38,7 +38,7 @@ TEST_F(RapportiTest, GrigliaEsportataConITipi) {
   Apri(QStringLiteral("Movimenti"));
   Digita("Rt1", std::to_string(primo).c_str());
   Tasto(Qt::Key_Return);
-  auto* griglia = Campo<Griglia>("GrigliaRighe");
+  auto* griglia = Campo<screens::Griglia>("GrigliaRighe");
   const auto file = cartella / "righe.csv";
   dialoghi.ScegliaUscita(SceltaUscita{Destinazione::Csv, file});
   // Through the menu, as a person does.
@@ -76,10 +76,10 @@ TEST_F(RapportiTest, GrigliaEsportataConITipi) {
 
 TEST_F(RapportiTest, EsportaAncheLeRigheNonAncoraLette) {
   Apri(QStringLiteral("Movimenti"));
-  Griglia griglia(QStringLiteral("Prova"), QStringLiteral("Prova"),
-                  {{QStringLiteral("N."), Tipo::Intero},
-                   {QStringLiteral("Nascosta"), Tipo::Testo},
-                   {QStringLiteral("Importo"), Tipo::Importo}});
+  screens::Griglia griglia(QStringLiteral("Prova"), QStringLiteral("Prova"),
+                           {{QStringLiteral("N."), Tipo::Intero},
+                            {QStringLiteral("Nascosta"), Tipo::Testo},
+                            {QStringLiteral("Importo"), Tipo::Importo}});
   griglia.setColumnHidden(1, true);
   griglia.Modello().Pagine([](int da) {
     std::vector<std::vector<Valore>> righe;
@@ -106,7 +106,7 @@ TEST_F(RapportiTest, EsportaAncheLeRigheNonAncoraLette) {
 
 TEST_F(RapportiTest, RinvioAllaRegistrazione) {
   const auto numero = Registra({{"100.010", I("50")}, {"110.001", I("-50")}});
-  const auto anteprima = Anteprima({Rinvio::Genere::Registrazione, "", "", 2024, numero});
+  const auto anteprima = Anteprima({reports::Rinvio::Genere::Registrazione, "", "", 2024, numero});
   ASSERT_FALSE(anteprima.isNull());
   dialoghi.Rispondera("Vedere la registrazione contabile ?", Risposta::Si);
   DoppioClicSu(*anteprima);
@@ -124,7 +124,7 @@ TEST_F(RapportiTest, RinvioAllaRegistrazione) {
 
 TEST_F(RapportiTest, RinvioAiMovimentiDelConto) {
   Registra({{"100.010", I("50")}, {"110.001", I("-50")}});
-  const auto anteprima = Anteprima({Rinvio::Genere::Conto, "P", "110.001", 0, 0});
+  const auto anteprima = Anteprima({reports::Rinvio::Genere::Conto, "P", "110.001", 0, 0});
   ASSERT_FALSE(anteprima.isNull());
   DoppioClicSu(*anteprima);
   finestra = principale->Aperta(QStringLiteral("MovimentiConto"));

@@ -8,12 +8,12 @@
 #include "core/archives/ArchivioCodici.h"
 #include "core/sql/Criterio.h"
 #include "ledger/DittaDiProva.h"
-#include "vat/ArchiviIva.h"
-#include "vat/CodiciIva.h"
-#include "vat/RegistriIva.h"
-#include "vat/TipiRegistro.h"
+#include "vat/codes/ArchiviIva.h"
+#include "vat/codes/CodiciIva.h"
+#include "vat/codes/RegistriIva.h"
+#include "vat/codes/TipiRegistro.h"
 
-namespace fenalto {
+namespace fenalto::vat {
 namespace {
 
 using prova::G;
@@ -21,13 +21,13 @@ using Campi = std::vector<std::pair<const char*, Valore>>;
 
 class ArchiviIvaTest : public prova::DittaDiProva {
  protected:
-  static void Scrivi(ArchivioCodici& archivio, const Campi& campi) {
+  static void Scrivi(archives::ArchivioCodici& archivio, const Campi& campi) {
     for (const auto& [campo, valore] : campi) archivio.Record().Scrivi(campo, valore);
   }
 
   /// A new register confirmed; where the focus goes when it is refused.
   std::string Registra(const Campi& campi) {
-    ArchivioCodici archivio(ambiente, RegistriIva());
+    archives::ArchivioCodici archivio(ambiente, RegistriIva());
     archivio.Inizia();
     Scrivi(archivio, campi);
     Rifiuto rifiuto;
@@ -44,7 +44,7 @@ class ArchiviIvaTest : public prova::DittaDiProva {
   }
 
   void Elimina(const char* codice) {
-    ArchivioCodici archivio(ambiente, RegistriIva());
+    archives::ArchivioCodici archivio(ambiente, RegistriIva());
     ASSERT_TRUE(archivio.Apri(codice));
     dialoghi.Rispondera("Conferma eliminazione DOCUMENTO ?", Risposta::Si);
     confermato = archivio.Elimina();
@@ -135,7 +135,7 @@ TEST_F(ArchiviIvaTest, RisalvareRifaLeCausaliEAssicuraLeFisse) {
   Tessarc().Esegui("update Causali set Descrizione='altra' where Cod='APE'");
   Tessarc().Esegui("delete * from Causali where Cod='APEX' or Cod='1V1'");
   const std::string tante = Tessarc().Singolo("select count(*) from Causali").Testo();
-  ArchivioCodici archivio(ambiente, RegistriIva());
+  archives::ArchivioCodici archivio(ambiente, RegistriIva());
   ASSERT_TRUE(archivio.Apri("1V"));
   ASSERT_TRUE(archivio.Conferma());
   const std::string testo = "Fatture/Note cred. IVA Vendite";
@@ -147,7 +147,7 @@ TEST_F(ArchiviIvaTest, RisalvareRifaLeCausaliEAssicuraLeFisse) {
 
 TEST_F(ArchiviIvaTest, UnGuastoNonLasciaNulla) {
   for (int n = 1; n < 200; ++n) {
-    ArchivioCodici archivio(ambiente, RegistriIva());
+    archives::ArchivioCodici archivio(ambiente, RegistriIva());
     archivio.Inizia();
     Scrivi(archivio, {{"Cod", "XG"}, {"Tipo", "03"}, {"Conto", "170.003"}});
     const std::string prima = Contenuto();
@@ -187,7 +187,7 @@ TEST_F(ArchiviIvaTest, ReverseChargeVuoleIDueRegistri) {
 
 TEST_F(ArchiviIvaTest, LeCausaliSeguonoIlRegistro) {
   // Renamed: the old ones go.
-  ArchivioCodici archivio(ambiente, RegistriIva());
+  archives::ArchivioCodici archivio(ambiente, RegistriIva());
   ASSERT_TRUE(archivio.Apri("1V"));
   archivio.Record().Scrivi("Cod", "XV");
   ASSERT_TRUE(archivio.Conferma());
@@ -206,7 +206,7 @@ TEST_F(ArchiviIvaTest, LeCausaliSeguonoIlRegistro) {
 }
 
 TEST_F(ArchiviIvaTest, TipoPropostoEScenaDeiCorrispettivi) {
-  ArchivioCodici archivio(ambiente, RegistriIva());
+  archives::ArchivioCodici archivio(ambiente, RegistriIva());
   archivio.Inizia();
   const auto scegli = [&](const char* tipo) {
     archivio.Record().Scrivi("Tipo", tipo);
@@ -231,7 +231,7 @@ TEST_F(ArchiviIvaTest, TipoPropostoEScenaDeiCorrispettivi) {
 TEST_F(ArchiviIvaTest, ContoDiUnRegistroUsato) {
   for (const bool usato : {false, true}) {
     if (usato) Registrazione("1", "11");
-    ArchivioCodici archivio(ambiente, RegistriIva());
+    archives::ArchivioCodici archivio(ambiente, RegistriIva());
     ASSERT_TRUE(archivio.Apri("1"));
     archivio.Record().Scrivi("Conto", "170.003");
     archivio.Lasciato("Conto");
@@ -272,7 +272,7 @@ TEST_F(ArchiviIvaTest, CodiciIvaRifiutatiEAccettati) {
            {{{"Cod", "XB"}, {"Perc", 0}, {"CampoElenco", 5}}, "", true},
            {{{"Cod", "XC"}, {"Perc", 150}}, "l'aliquota è 150%", true},
            {{{"Cod", "XD"}, {"PercInd", -1}}, "la percentuale indetraibile è -1%", true}}) {
-    ArchivioCodici archivio(ambiente, CodiciIva());
+    archives::ArchivioCodici archivio(ambiente, CodiciIva());
     archivio.Inizia();
     Scrivi(archivio, caso.campi);
     EXPECT_EQ(archivio.Conferma(), caso.scritto) << caso.rifiuto;
@@ -286,7 +286,7 @@ TEST_F(ArchiviIvaTest, CodiciIvaRifiutatiEAccettati) {
 TEST_F(ArchiviIvaTest, ZcorNonSiTocca) {
   Tessarc().Inserisci("CodiciIva", {{"Cod", kCodiceVentilazione}});
   for (const char* codice : {"ZCOR", "XZ"}) {
-    ArchivioCodici archivio(ambiente, CodiciIva());
+    archives::ArchivioCodici archivio(ambiente, CodiciIva());
     ASSERT_TRUE(archivio.Apri("zcor"));
     Scrivi(archivio, {{"Cod", codice}, {"Perc", 22}});
     EXPECT_FALSE(archivio.Conferma());
@@ -299,4 +299,4 @@ TEST_F(ArchiviIvaTest, ZcorNonSiTocca) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::vat

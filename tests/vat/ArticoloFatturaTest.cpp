@@ -1,7 +1,7 @@
 // The registration of an issued invoice: rows by kind of price and discount, what follows it, its
 // being written anew and erased.
-#include "vat/ArticoloFattura.h"
 #include "vat/FatturaDiProva.h"
+#include "vat/postings/ArticoloFattura.h"
 
 namespace fenalto::prova {
 namespace {
@@ -13,8 +13,8 @@ using ::testing::IsEmpty;
 
 class ArticoloFatturaTest : public FatturaDiProva {
  protected:
-  static RichiestaArticoloFattura Richiesta(std::vector<TotaleDocumento> totali) {
-    RichiestaArticoloFattura r;
+  static vat::RichiestaArticoloFattura Richiesta(std::vector<vat::TotaleDocumento> totali) {
+    vat::RichiestaArticoloFattura r;
     r.totali = std::move(totali);
     r.riva = "1";
     r.conto = "0001";
@@ -26,17 +26,17 @@ class ArticoloFatturaTest : public FatturaDiProva {
     r.senzaScadenze = true;
     return r;
   }
-  bool Crea(const RichiestaArticoloFattura& richiesta) {
+  bool Crea(const vat::RichiestaArticoloFattura& richiesta) {
     log = {};
     Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
-    const bool fatto = CreaArticoloFattura(ambiente, richiesta, numDoc, log);
+    const bool fatto = vat::CreaArticoloFattura(ambiente, richiesta, numDoc, log);
     transazione.Conferma();
     return fatto;
   }
   bool Elimina(int anno, const char* riva, std::int64_t nProt, const char* pagamento) {
     log = {};
     Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
-    const bool fatto = EliminaContabFattura(ambiente, anno, riva, nProt, pagamento, log);
+    const bool fatto = vat::EliminaContabFattura(ambiente, anno, riva, nProt, pagamento, log);
     transazione.Conferma();
     return fatto;
   }
@@ -53,7 +53,7 @@ class ArticoloFatturaTest : public FatturaDiProva {
   }
 
   std::int64_t numDoc = 0;
-  LogContabile log;
+  vat::LogContabile log;
 };
 
 TEST_F(ArticoloFatturaTest, TutteLeColonne) {
@@ -80,7 +80,7 @@ TEST_F(ArticoloFatturaTest, TutteLeColonne) {
 
 struct CasoRighe {
   const char* nome;
-  std::vector<TotaleDocumento> totali;
+  std::vector<vat::TotaleDocumento> totali;
   const char* sconto;
   bool ivati;
   bool inverte;

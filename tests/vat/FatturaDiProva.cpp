@@ -55,7 +55,7 @@ FatturaDiProva::FatturaDiProva() {
   transazione.Conferma();
 }
 
-bool FatturaDiProva::DigitaRiga(Fatture& fatture, const RigaFattura& riga) {
+bool FatturaDiProva::DigitaRiga(vat::RegistrazioneIva& fatture, const RigaFattura& riga) {
   if (!fatture.PNuovaRiga()) return false;
   fatture.Riga().Scrivi("Conto", riga.conto);
   fatture.Riga().Scrivi("CodIva", riga.codIva);
@@ -64,7 +64,7 @@ bool FatturaDiProva::DigitaRiga(Fatture& fatture, const RigaFattura& riga) {
   return fatture.ConfermaRiga();
 }
 
-bool FatturaDiProva::Digita(Fatture& fatture, const FatturaDaScrivere& fattura) {
+bool FatturaDiProva::Digita(vat::RegistrazioneIva& fatture, const FatturaDaScrivere& fattura) {
   if (!fatture.ScegliRegistro(fattura.riva) || !fatture.Nuovo()) return false;
   Scheda& testa = fatture.Testa();
   testa.Scrivi("Dt", fattura.dt);
@@ -86,7 +86,7 @@ bool FatturaDiProva::Digita(Fatture& fatture, const FatturaDaScrivere& fattura) 
 }
 
 std::int64_t FatturaDiProva::Inserisci(const FatturaDaScrivere& fattura) {
-  Fatture fatture(ambiente);
+  vat::RegistrazioneIva fatture(ambiente);
   if (!Digita(fatture, fattura) || !fatture.Conferma()) return 0;
   return fatture.NumeroConfermato();
 }
@@ -98,8 +98,8 @@ std::string FatturaDiProva::Stringa(Importo importo) {
 std::vector<std::string> FatturaDiProva::RigheDi(std::int64_t numDoc) {
   std::vector<std::string> righe;
   for (Rs r = Tessarc().Recordset("select * from Movimenti where " +
-                                  Criterio("Anno", "=", ambiente.Anno()) + " and " +
-                                  Criterio("NumDoc", "=", numDoc) + " order by Posi, Num");
+                                  sql::Criterio("Anno", "=", ambiente.Anno()) + " and " +
+                                  sql::Criterio("NumDoc", "=", numDoc) + " order by Posi, Num");
        !r.Eof(); r.MoveNext()) {
     const auto t = [&](const char* campo) { return r.Fields(campo).Testo(); };
     const auto i = [&](const char* campo) { return Stringa(r.Fields(campo).Importo()); };
@@ -117,9 +117,9 @@ std::vector<std::string> FatturaDiProva::RigheDi(std::int64_t numDoc) {
 }
 
 std::string FatturaDiProva::TestaDi(std::int64_t numDoc) {
-  Rs r =
-      Tessarc().Recordset("select * from Articoli where " + Criterio("Anno", "=", ambiente.Anno()) +
-                          " and " + Criterio("NumDoc", "=", numDoc));
+  Rs r = Tessarc().Recordset("select * from Articoli where " +
+                             sql::Criterio("Anno", "=", ambiente.Anno()) + " and " +
+                             sql::Criterio("NumDoc", "=", numDoc));
   if (r.Eof()) return "non c'è";
   const auto t = [&](const char* campo) { return r.Fields(campo).Testo(); };
   std::string testa = Giorno(r.Fields("Dt")) + " " + t("CFP") + ":" + t("Conto") + " " + t("CfpA") +

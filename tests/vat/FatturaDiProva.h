@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "ledger/DittaDiProva.h"
-#include "vat/Fatture.h"
+#include "vat/entry/RegistrazioneIva.h"
 
 namespace fenalto::prova {
 
@@ -44,8 +44,8 @@ class FatturaDiProva : public DittaDiProva {
   Archivio& Scadenzario() { return ambiente.ArchivioDi("scadenzario"); }
 
   /// Types a whole new document without confirming it; false when something stopped it.
-  static bool Digita(Fatture& fatture, const FatturaDaScrivere& fattura);
-  static bool DigitaRiga(Fatture& fatture, const RigaFattura& riga);
+  static bool Digita(vat::RegistrazioneIva& fatture, const FatturaDaScrivere& fattura);
+  static bool DigitaRiga(vat::RegistrazioneIva& fatture, const RigaFattura& riga);
   /// Types and confirms it; its number, 0 when it was stopped.
   std::int64_t Inserisci(const FatturaDaScrivere& fattura);
 

@@ -14,16 +14,16 @@ using ::testing::HasSubstr;
 struct Passo {
   std::string atteso;
   std::string campo;
-  std::function<void(Fatture&)> rimedia;
+  std::function<void(vat::RegistrazioneIva&)> rimedia;
 };
 
-std::function<void(Fatture&)> Scrive(const char* campo, const Valore& valore) {
-  return [=](Fatture& f) { f.Testa().Scrivi(campo, valore); };
+std::function<void(vat::RegistrazioneIva&)> Scrive(const char* campo, const Valore& valore) {
+  return [=](vat::RegistrazioneIva& f) { f.Testa().Scrivi(campo, valore); };
 }
 
 class FattureControlliTest : public FatturaDiProva {
  protected:
-  void Percorri(Fatture& fatture, const std::vector<Passo>& passi) {
+  void Percorri(vat::RegistrazioneIva& fatture, const std::vector<Passo>& passi) {
     const std::string prima = Tutto();
     for (const Passo& passo : passi) {
       SCOPED_TRACE(passo.atteso);
@@ -45,7 +45,7 @@ TEST_F(FattureControlliTest, AcquistoNellOrdine) {
   ASSERT_EQ(Inserisci({.riva = "3", .parte = "0001", .righe = {{"500.001", "22", I("9")}}}), 1);
   Tessarc().Inserisci("UltimaDataLibro", {{"Anno", 2024}, {"dt", G(31, 3, 2024)}});
   Tessarc().Inserisci("ChiusureIva", {{"Anno", 2024}, {"MeseTrimestre", "04"}});
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   f.VerificaFatForn(true);
   f.VerificaTotale(true);
   ASSERT_TRUE(f.ScegliRegistro("3"));
@@ -74,10 +74,10 @@ TEST_F(FattureControlliTest, AcquistoNellOrdine) {
        {"manca codice cliente/fornitore iva", "Contox", Scrive("Contox", "9999")},
        {"il fornitore 9999 non esiste", "Contox", Scrive("Contox", "0003")},
        {"non è stata impostata la riga con imponibile ed iva", "PNuovaRiga",
-        [](Fatture& x) { DigitaRiga(x, {"500.001", "22", I("100")}); }},
+        [](vat::RegistrazioneIva& x) { DigitaRiga(x, {"500.001", "22", I("100")}); }},
        {"la data incasso si imposta solo per le fatture in sospensione IVA", "DtIncasso",
         // Cleared by the check itself.
-        [](Fatture& x) { EXPECT_TRUE(x.Testa().Leggi("DtIncasso").Data().Nulla()); }},
+        [](vat::RegistrazioneIva& x) { EXPECT_TRUE(x.Testa().Leggi("DtIncasso").Data().Nulla()); }},
        {"sull'anagrafica del fornitore 0003 non è inserito il conto riepilogativo", "Contox",
         Scrive("Contox", "0001")},
        {dogana, "FornitoreBollaDog", Scrive("FornitoreBollaDog", "0003")},
@@ -85,18 +85,18 @@ TEST_F(FattureControlliTest, AcquistoNellOrdine) {
        {ritenuta1, "CausaleRitAcc1", Scrive("CausaleRitAcc1", "024")},
        {ritenuta1, "ContoRitAcc1", Scrive("ContoRitAcc1", "180.010")},
        {ritenuta1, "ImportoRitAcc1",
-        [](Fatture& x) {
+        [](vat::RegistrazioneIva& x) {
           x.Testa().Scrivi("ImportoRitAcc1", I("20"));
           x.Testa().Scrivi("CausaleRitAcc2", "024");
         }},
        {ritenuta2, "ContoRitAcc2", Scrive("ContoRitAcc2", "180.010")},
        {ritenuta2, "ImportoRitAcc2",
-        [](Fatture& x) {
+        [](vat::RegistrazioneIva& x) {
           x.Testa().Scrivi("ImportoRitAcc2", I("5"));
           x.Testa().Scrivi("CausaleRitAcc2", "");
         }},
        {ritenuta2, "CausaleRitAcc2",
-        [](Fatture& x) {
+        [](vat::RegistrazioneIva& x) {
           x.Testa().Scrivi("ContoRitAcc2", "");
           x.Testa().Scrivi("ImportoRitAcc2", Importo());
         }},
@@ -107,7 +107,7 @@ TEST_F(FattureControlliTest, AcquistoNellOrdine) {
         "assegni il programma",
         "NProt", Scrive("NProt", "2147483648")},
        {"il protocollo 2147483648 è troppo grande: il massimo è 2147483647", "NProt",
-        [](Fatture& x) {
+        [](vat::RegistrazioneIva& x) {
           x.Testa().Scrivi("NProt", "");
           x.Testa().Scrivi("NFat", "13");
         }},
@@ -125,7 +125,7 @@ TEST_F(FattureControlliTest, FatturaGiaRegistrata) {
       .riva = "3", .parte = "0001", .righe = {{"500.001", "22", I("9")}}};
   ASSERT_NE(Inserisci(doppia), 0);
   ASSERT_NE(Inserisci(doppia), 0) << "the search is off until it is asked for";
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   f.VerificaFatForn(true);
   ASSERT_TRUE(Digita(f, doppia));
   const std::string prima = Tutto();
@@ -148,7 +148,7 @@ TEST_F(FattureControlliTest, FatturaGiaRegistrata) {
 }
 
 TEST_F(FattureControlliTest, ReverseCharge) {
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, {.riva = "4",
                          .parte = "0001",
                          .righe = {{"900.220", "22R", I("100")}},
@@ -171,13 +171,13 @@ TEST_F(FattureControlliTest, ReverseCharge) {
 }
 
 TEST_F(FattureControlliTest, DataIncasso) {
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, {.riva = "6",
                          .parte = "0001",
                          .righe = {{"700.001", "22", I("100")}},
                          .altri = {{"DtIncasso", G(1, 4, 2024)}}}));
   Percorri(f, {{"Fatture in sospensione IVA: la data di incasso si dovrà impostare successivamente",
-                "DtIncasso", [](Fatture&) {}}});
+                "DtIncasso", [](vat::RegistrazioneIva&) {}}});
   EXPECT_THAT(TestaDi(1), ::testing::Not(HasSubstr("incasso")));
   // The date that the collection put there stays through a change; another is refused.
   Tessarc().Esegui("update Articoli set DtIncasso=#04/10/2024# where NumDoc=1");
@@ -197,7 +197,7 @@ TEST_F(FattureControlliTest, DataIncasso) {
 }
 
 TEST_F(FattureControlliTest, AnnoDellaData) {
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, {.riva = "1", .parte = "0001", .righe = {{"700.001", "22", I("100")}}}));
   f.Testa().Scrivi("Dt", G(2, 1, 2025));
   Messaggi();
@@ -216,7 +216,7 @@ TEST_F(FattureControlliTest, DataInferioreEPeriodoTrimestrale) {
   ASSERT_EQ(Inserisci({.riva = "1", .parte = "0001", .righe = {{"700.001", "22", I("9")}}}), 1);
   Tessarc().Esegui("update Anni set IvaTrimestrale=True where Anno=2024");
   Tessarc().Inserisci("ChiusureIva", {{"Anno", 2024}, {"MeseTrimestre", "T1"}});
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(f.ScegliRegistro("1"));
   ASSERT_TRUE(f.Nuovo());
   Messaggi();
@@ -232,7 +232,7 @@ TEST_F(FattureControlliTest, DataInferioreEPeriodoTrimestrale) {
 }
 
 TEST_F(FattureControlliTest, Righe) {
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, {.riva = "3", .parte = "0001"}));
   ASSERT_TRUE(f.PNuovaRiga());
   Messaggi();
@@ -281,7 +281,7 @@ TEST_F(FattureControlliTest, Righe) {
 }
 
 TEST_F(FattureControlliTest, CorrispettiviDaVentilare) {
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(f.ScegliRegistro("7"));
   Messaggi();
   ASSERT_TRUE(f.Nuovo());

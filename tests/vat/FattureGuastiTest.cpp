@@ -10,20 +10,20 @@ using ::testing::HasSubstr;
 
 class FattureGuastiTest : public FatturaDiProva, public ::testing::WithParamInterface<Guasto> {
  protected:
-  std::string Fotografia(Fatture& f) {
+  std::string Fotografia(vat::RegistrazioneIva& f) {
     std::string testo = Tutto();
     for (const char* campo :
          {"Riva", "NProt", "NumDoc", "Dt", "Contox", "Descrizionex", "DtFat", "NFat", "Pagamento",
           "RivaIntra", "FornitoreIntra", "CausaleIntra", "ContoCostiIntra", "PagamentoIntra"}) {
       testo += f.Testa().Testo(campo) + "|";
     }
-    for (const RigaIva& riga : f.Righe()) {
+    for (const vat::RigaIva& riga : f.Righe()) {
       testo += "\n" + riga.conto + "|" + riga.codIva + "|" + Stringa(riga.imponibile) + "|" +
                Stringa(riga.iva);
     }
     return testo + "\n" + Stringa(f.TotFat()) + std::to_string(static_cast<int>(f.StatoCorrente()));
   }
-  void Conferma(Fatture& f, int alMeno) {
+  void Conferma(vat::RegistrazioneIva& f, int alMeno) {
     Messaggi();
     const int guasti = FallisceOgniIstruzione(
         ambiente.Basi(), GetParam(), [&] { return Fotografia(f); },
@@ -43,7 +43,7 @@ class FattureGuastiTest : public FatturaDiProva, public ::testing::WithParamInte
 };
 
 TEST_P(FattureGuastiTest, AcquistoConRateEPagamento) {
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, {.riva = "3",
                          .parte = "0001",
                          .righe = {{"500.001", "22", I("100")}, {"500.002", "22I50", I("50")}},
@@ -53,7 +53,7 @@ TEST_P(FattureGuastiTest, AcquistoConRateEPagamento) {
 }
 
 TEST_P(FattureGuastiTest, ReverseChargeConCoppiaEGiro) {
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, {.riva = "4",
                          .parte = "0001",
                          .righe = {{"900.220", "22R", I("1000")}},
@@ -71,7 +71,7 @@ TEST_P(FattureGuastiTest, VariazioneEdEliminazione) {
                        .righe = {{"500.001", "22", I("100")}},
                        .pagamento = "DUE"}),
             1);
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(f.Apri(1));
   ASSERT_TRUE(DigitaRiga(f, {"500.002", "10", I("7")}));
   f.Testa().Scrivi("NumDoc", 9);

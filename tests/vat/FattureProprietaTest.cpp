@@ -90,7 +90,7 @@ class FattureProprietaTest : public FatturaDiProva, public ::testing::WithParamI
     Config("RegAutoIntraCee", "No");
   }
 
-  void Digita(Fatture& f, const Casuale& caso) {
+  void Digita(vat::RegistrazioneIva& f, const Casuale& caso) {
     Config("InvertoDAinNoteCredito", caso.inverte ? "1" : "0");
     const bool cassa = caso.riva == "2" || caso.riva == "7" || caso.riva == "9";
     RC_ASSERT(FatturaDiProva::Digita(f, {.riva = caso.riva,
@@ -120,8 +120,8 @@ class FattureProprietaTest : public FatturaDiProva, public ::testing::WithParamI
   Scritte Leggi(std::int64_t numDoc) {
     Scritte s;
     for (Rs r = Tessarc().Recordset("select * from Movimenti where " +
-                                    Criterio("Anno", "=", GetParam()) + " and " +
-                                    Criterio("NumDoc", "=", numDoc) + " order by Posi, Num");
+                                    sql::Criterio("Anno", "=", GetParam()) + " and " +
+                                    sql::Criterio("NumDoc", "=", numDoc) + " order by Posi, Num");
          !r.Eof(); r.MoveNext()) {
       const auto i = [&](const char* campo) { return r.Fields(campo).Importo(); };
       const Importo saldo = i("ImpoDare") - i("ImpoAvere");
@@ -143,12 +143,13 @@ class FattureProprietaTest : public FatturaDiProva, public ::testing::WithParamI
   }
   Importo SommaRate(std::int64_t numDoc) {
     return Scadenzario()
-        .Singolo("select Sum(ImportoE) from Scadenze where " + Criterio("Articolo", "=", numDoc))
+        .Singolo("select Sum(ImportoE) from Scadenze where " +
+                 sql::Criterio("Articolo", "=", numDoc))
         .Importo();
   }
   void Prova(const Casuale& caso) {
     const std::string prima = Conti();
-    Fatture f(ambiente);
+    vat::RegistrazioneIva f(ambiente);
     Digita(f, caso);
     const Importo totale = f.TotFat();
     RC_ASSERT(f.Conferma());

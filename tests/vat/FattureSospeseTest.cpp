@@ -1,8 +1,8 @@
 // Deferred-VAT invoices: what is listed, when a day of collection is refused, what its storno
 // moves.
 #include "vat/FatturaDiProva.h"
-#include "vat/FattureSospese.h"
-#include "vat/TotaliRegistri.h"
+#include "vat/entry/FattureSospese.h"
+#include "vat/settlement/TotaliRegistri.h"
 
 namespace fenalto::prova {
 namespace {
@@ -30,12 +30,12 @@ class FattureSospeseTest : public FatturaDiProva {
     Messaggi();
   }
 
-  ArticoloOrigine A(std::int64_t numDoc) { return {ambiente.Anno(), numDoc}; }
+  vat::ArticoloOrigine A(std::int64_t numDoc) { return {ambiente.Anno(), numDoc}; }
 
   /// Rows of the list as "riva/nprot name taxable+vat day".
-  std::vector<std::string> Elenco(const FiltroSospese& filtro) {
+  std::vector<std::string> Elenco(const vat::FiltroSospese& filtro) {
     std::vector<std::string> righe;
-    for (const FatturaSospesa& f : FattureSospese(ambiente).Elenco(filtro)) {
+    for (const vat::FatturaSospesa& f : vat::FattureSospese(ambiente).Elenco(filtro)) {
       righe.push_back(f.riva + "/" + std::to_string(f.nProt) + " " + f.nome + " " +
                       f.imponibile.Testo() + "+" + f.iva.Testo() + " " + f.dtIncasso.Testo());
     }
@@ -48,15 +48,15 @@ class FattureSospeseTest : public FatturaDiProva {
 
   /// Sum on the register of collected invoices in a month, by the settlement's own reading.
   Importo Incassate(const char* tipo, int mese) {
-    PeriodoIva periodo;
+    vat::PeriodoIva periodo;
     periodo.cod = (mese < 10 ? "0" : "") + std::to_string(mese);
     periodo.anno = 2024;
     periodo.daMese = periodo.aaMese = mese;
-    IntervalloRegistro intervallo;
+    vat::IntervalloRegistro intervallo;
     intervallo.riva = std::string(tipo) == "08" ? "8" : "8A";
     intervallo.tipo = tipo;
     intervallo.daIncassi = true;
-    return CalcolaTotaliRegistri(ambiente, periodo, {intervallo}, {}).Valore().front().Iva();
+    return vat::CalcolaTotaliRegistri(ambiente, periodo, {intervallo}, {}).Valore().front().Iva();
   }
 
   std::int64_t sospesa = 0;
@@ -68,11 +68,11 @@ TEST_F(FattureSospeseTest, Elenco) {
   const std::string cliente = "Clienti 0001 dell'Oro";
   EXPECT_THAT(Elenco({}), ElementsAre("6/1 " + cliente + " 100+22 ", "1/1 " + cliente + " 50+11 ",
                                       "3/1 Fornitori 0001 dell'Oro 200+44 "));
-  FattureSospese sospese(ambiente);
+  vat::FattureSospese sospese(ambiente);
   ASSERT_TRUE(sospese.Imposta(A(differita), G(2, 5, 2024)));
-  EXPECT_THAT(Elenco({.stato = StatoSospese::Incassate}),
+  EXPECT_THAT(Elenco({.stato = vat::StatoSospese::Incassate}),
               ElementsAre("1/1 " + cliente + " 50+11 02/05/2024"));
-  EXPECT_EQ(Elenco({.stato = StatoSospese::Aperte}).size(), 2U);
+  EXPECT_EQ(Elenco({.stato = vat::StatoSospese::Aperte}).size(), 2U);
   EXPECT_EQ(Elenco({.parte = "FORNITORI 0001"}).size(), 1U);
   EXPECT_EQ(Elenco({.parte = "0001"}).size(), 3U);
   EXPECT_THAT(Elenco({.riva = "6", .parte = "niente"}), IsEmpty());
@@ -84,7 +84,7 @@ TEST_F(FattureSospeseTest, Elenco) {
 }
 
 TEST_F(FattureSospeseTest, ContaSulRegistroDegliIncassiNelMeseDellIncasso) {
-  FattureSospese sospese(ambiente);
+  vat::FattureSospese sospese(ambiente);
   EXPECT_EQ(Incassate("08", 5), Importo());
   ASSERT_TRUE(sospese.Imposta(A(sospesa), G(31, 5, 2024)));
   ASSERT_TRUE(sospese.Imposta(A(differita), G(1, 5, 2024)));
@@ -98,7 +98,7 @@ TEST_F(FattureSospeseTest, ContaSulRegistroDegliIncassiNelMeseDellIncasso) {
 
 TEST_F(FattureSospeseTest, StornoSoloDaUnContoAParte) {
   Config("CausaleErario", "027");
-  FattureSospese sospese(ambiente);
+  vat::FattureSospese sospese(ambiente);
   const std::string prima = Tutto();
   // 170.001 is the account of both registers: nothing is moved.
   ASSERT_TRUE(sospese.Imposta(A(differita), G(2, 5, 2024)));
@@ -150,7 +150,7 @@ TEST_F(FattureSospeseTest, Rifiuti) {
       {G(31, 3, 2025), "nel periodo T1/2025"},
       {G(1, 1, 2026), "in un anno che la ditta non ha"},
   };
-  FattureSospese sospese(ambiente);
+  vat::FattureSospese sospese(ambiente);
   const std::string prima = Tutto();
   for (const Caso& caso : casi) {
     EXPECT_FALSE(sospese.Imposta(A(sospesa), caso.data));
@@ -198,7 +198,7 @@ TEST_F(FattureSospeseTest, LoStornoSegueLaFattura) {
     return testo;
   };
   EXPECT_EQ(storno(), "170.002 13.2;");
-  Fatture fatture(ambiente);
+  vat::RegistrazioneIva fatture(ambiente);
   ASSERT_TRUE(fatture.Apri(differita));
   ASSERT_TRUE(DigitaRiga(fatture, {"700.001", "22", I("100")}));
   fatture.Testa().Scrivi("Dt", G(16, 3, 2024));
@@ -224,15 +224,15 @@ TEST_F(FattureSospeseTest, LoStornoSegueLaFattura) {
 
 TEST_F(FattureSospeseTest, FatturaInModificaAltrove) {
   const auto altra = NuovaStazione("MAGAZZINO");
-  Fatture fatture(*altra->ambiente);
+  vat::RegistrazioneIva fatture(*altra->ambiente);
   ASSERT_TRUE(fatture.Apri(sospesa));
-  EXPECT_FALSE(FattureSospese(ambiente).Imposta(A(sospesa), G(2, 5, 2024)));
+  EXPECT_FALSE(vat::FattureSospese(ambiente).Imposta(A(sospesa), G(2, 5, 2024)));
   EXPECT_THAT(SoloMessaggio(), HasSubstr("è in modifica dalla stazione MAGAZZINO"));
   EXPECT_EQ(Incasso(sospesa), "");
 }
 
 TEST_F(FattureSospeseTest, GuastoAMetaNonLasciaNulla) {
-  FattureSospese sospese(ambiente);
+  vat::FattureSospese sospese(ambiente);
   const std::string prima = Tutto();
   bool riuscita = false;
   for (int n = 1; !riuscita && n < 100; ++n) {
@@ -248,11 +248,11 @@ TEST_F(FattureSospeseTest, GuastoAMetaNonLasciaNulla) {
 }
 
 TEST_F(FattureSospeseTest, Usate) {
-  EXPECT_TRUE(FattureSospese::Usate(ambiente));
+  EXPECT_TRUE(vat::FattureSospese::Usate(ambiente));
   Tessarc().Esegui("delete * from RegistriIva where Tipo='08' or Tipo='08A'");
-  EXPECT_TRUE(FattureSospese::Usate(ambiente));
+  EXPECT_TRUE(vat::FattureSospese::Usate(ambiente));
   Tessarc().Esegui("delete * from RegistriIva where Tipo='06'");
-  EXPECT_FALSE(FattureSospese::Usate(ambiente));
+  EXPECT_FALSE(vat::FattureSospese::Usate(ambiente));
 }
 
 }  // namespace

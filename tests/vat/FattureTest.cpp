@@ -2,7 +2,7 @@
 // deletion.
 #include "core/sql/Criterio.h"
 #include "vat/FatturaDiProva.h"
-#include "vat/Fatture.h"
+#include "vat/entry/RegistrazioneIva.h"
 
 namespace fenalto::prova {
 namespace {
@@ -31,7 +31,7 @@ class FattureTest : public FatturaDiProva {
 
 TEST_F(FattureTest, Registri) {
   Tessarc().Inserisci("RegistriIva", {{"Cod", "1X"}, {"Tipo", "01"}, {"Descrizione", "Senza"}});
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   EXPECT_FALSE(f.ScegliRegistro(" "));
   EXPECT_EQ(SoloMessaggio(), "inserire codice registro iva");
   EXPECT_FALSE(f.Nuovo());
@@ -84,7 +84,7 @@ TEST_F(FattureTest, Registri) {
 // --- Proposals -----------------------------------------------------------------------------------
 
 TEST_F(FattureTest, DescrizioneSegueFinoAChiLaTocca) {
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, Vendita()));
   EXPECT_EQ(f.Testa().Testo("Descrizionex"), "FATT.12 Del 15/03/2024");
   f.Testa().Scrivi("NFat", "13");
@@ -118,7 +118,7 @@ TEST_F(FattureTest, DescrizioneSegueFinoAChiLaTocca) {
 
 TEST_F(FattureTest, ProposteDiNumeriECorrispettivi) {
   ASSERT_NE(Inserisci(Con(Vendita(), "NProt", "41")), 0);
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(f.ScegliRegistro("1"));
   ASSERT_TRUE(f.Nuovo());
   EXPECT_EQ(f.Testa().Testo("ProbabileNProt"), "42");
@@ -142,7 +142,7 @@ TEST_F(FattureTest, ProposteDiNumeriECorrispettivi) {
 
 TEST_F(FattureTest, PartePorta) {
   Tessarc().Esegui("update Clienti set Ep=True where Cod='0002'");
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(f.ScegliRegistro("1"));
   ASSERT_TRUE(f.Nuovo());
   const auto sceglie = [&](const char* cod) {
@@ -162,7 +162,7 @@ TEST_F(FattureTest, PartePorta) {
 }
 
 TEST_F(FattureTest, RicordaPerLaProssima) {
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, {.riva = "4",
                          .parte = "0001",
                          .righe = {{"900.220", "22R", I("100")}},
@@ -214,7 +214,7 @@ TEST_F(FattureTest, UltimoProtocolloPossibile) {
   const auto ultimo = Inserisci(Con(Vendita(), "NProt", "2147483647"));
   EXPECT_EQ(Protocollo(ultimo), 2147483647);
   const std::string prima = Tutto();
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, Vendita()));
   Messaggi();
   EXPECT_FALSE(f.Conferma());
@@ -226,8 +226,8 @@ TEST_F(FattureTest, UltimoProtocolloPossibile) {
 
 TEST_F(FattureTest, DueStazioniSulloStessoProtocollo) {
   const auto altra = NuovaStazione("CASSA");
-  Fatture qui(ambiente);
-  Fatture di_la(*altra->ambiente);
+  vat::RegistrazioneIva qui(ambiente);
+  vat::RegistrazioneIva di_la(*altra->ambiente);
   ASSERT_TRUE(Digita(qui, Con(Vendita("1"), "NProt", "60")));
   ASSERT_TRUE(Digita(di_la, Con(Vendita("2"), "NProt", "60")));
   ASSERT_TRUE(di_la.Conferma());
@@ -254,7 +254,7 @@ TEST_F(FattureTest, LaRitenutaRestaFuoriDalleScadenzeRifatte) {
   const auto numDoc = Inserisci(fattura);
   ASSERT_NE(numDoc, 0);
   const auto prima = Scadenze();
-  Fatture fatture(ambiente);
+  vat::RegistrazioneIva fatture(ambiente);
   ASSERT_TRUE(fatture.Apri(numDoc));
   fatture.Testa().Scrivi("NVarAnPrec", false);
   ASSERT_TRUE(fatture.Conferma());
@@ -337,7 +337,7 @@ TEST_F(FattureTest, QuelCheSegue) {
 TEST_F(FattureTest, VariataRifaLeScadenze) {
   const auto varia = [&](std::int64_t numero, const char* importo, const char* pagamento,
                          std::int64_t nuovoNumero = 0) {
-    Fatture f(ambiente);
+    vat::RegistrazioneIva f(ambiente);
     EXPECT_TRUE(f.Apri(numero));
     EXPECT_TRUE(f.ApriRiga(0));
     f.Riga().Scrivi("Imponibile", I(importo));
@@ -377,7 +377,7 @@ TEST_F(FattureTest, VariataRifaLeScadenze) {
 
 TEST_F(FattureTest, Apertura) {
   ASSERT_EQ(Inserisci(Acquisto()), 1);
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   EXPECT_FALSE(f.Apri(99));
   Messaggi();
   ASSERT_TRUE(f.Apri(1));
@@ -408,7 +408,7 @@ TEST_F(FattureTest, SolaLettura) {
   ASSERT_EQ(Inserisci(Acquisto()), 1);
   ASSERT_EQ(Inserisci(Acquisto()), 2);
   const auto altra = NuovaStazione("CASSA");
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   const std::string prima = Tutto();
   const auto rifiuta = [&](std::int64_t numero, const std::string& motivo) {
     SCOPED_TRACE(motivo);
@@ -422,7 +422,7 @@ TEST_F(FattureTest, SolaLettura) {
     f.Abbandona();
   };
   {
-    Fatture di_la(*altra->ambiente);
+    vat::RegistrazioneIva di_la(*altra->ambiente);
     ASSERT_TRUE(di_la.Apri(1));
     rifiuta(1, "è in modifica");
   }
@@ -442,7 +442,7 @@ TEST_F(FattureTest, EliminazioneNonLasciaNulla) {
   auto fattura = Acquisto();
   fattura.pagamento = "DUE";
   ASSERT_EQ(Inserisci(fattura), 1);
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(f.Apri(1));
   dialoghi.Rispondera("Conferma eliminazione ARTICOLO CONTABILE ?", Risposta::No);
   EXPECT_FALSE(f.Elimina());
@@ -452,7 +452,7 @@ TEST_F(FattureTest, EliminazioneNonLasciaNulla) {
   EXPECT_TRUE(f.Elimina());
   EXPECT_THAT(SoloMessaggio(), HasSubstr("N.Prot.IVA 1 - Articolo Contabile1"));
   EXPECT_EQ(Conti(), "0 0 0");
-  EXPECT_EQ(f.StatoCorrente(), Fatture::Stato::ConRegistro);
+  EXPECT_EQ(f.StatoCorrente(), vat::RegistrazioneIva::Stato::ConRegistro);
   EXPECT_EQ(Protocollo(Inserisci(Acquisto())), 1) << "its numbers are free again";
 }
 

@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "vat/LiquidazioneIva.h"
+#include "vat/settlement/LiquidazioneIva.h"
 
 namespace fenalto::prova {
 
-inline PeriodoIva Periodo(const std::string& cod, int anno = 2024) {
-  PeriodoIva periodo;
+inline vat::PeriodoIva Periodo(const std::string& cod, int anno = 2024) {
+  vat::PeriodoIva periodo;
   periodo.cod = cod;
   periodo.anno = anno;
   if (cod[0] == 'T') {
@@ -23,16 +23,16 @@ inline PeriodoIva Periodo(const std::string& cod, int anno = 2024) {
 }
 
 /// A register named after its type, with one VAT code.
-inline TotaleRegistro Registro(const std::string& tipo, int segno, Importo iva,
-                               Importo differita = {}, const std::string& conto = "170.001") {
-  TotaleRegistro totale;
+inline vat::TotaleRegistro Registro(const std::string& tipo, int segno, Importo iva,
+                                    Importo differita = {}, const std::string& conto = "170.001") {
+  vat::TotaleRegistro totale;
   totale.intervallo.riva = tipo;
   totale.intervallo.tipo = tipo;
   totale.intervallo.descrizione = "Prova";
   totale.intervallo.daIncassi = tipo == "08" || tipo == "08A";
   totale.segno = segno;
   totale.conto = conto;
-  TotaleCodice codice;
+  vat::TotaleCodice codice;
   codice.codIva = "22";
   codice.iva = iva;
   totale.codici.push_back(codice);
@@ -44,9 +44,9 @@ inline TotaleRegistro Registro(const std::string& tipo, int segno, Importo iva,
 }
 
 /// "description amount sign", a note in brackets.
-inline std::vector<std::string> InRighe(const std::vector<RigaLiquidazione>& righe) {
+inline std::vector<std::string> InRighe(const std::vector<vat::RigaLiquidazione>& righe) {
   std::vector<std::string> testi;
-  for (const RigaLiquidazione& riga : righe) {
+  for (const vat::RigaLiquidazione& riga : righe) {
     if (riga.nota) {
       testi.push_back("(" + riga.descrizione + ")");
       continue;
@@ -56,7 +56,7 @@ inline std::vector<std::string> InRighe(const std::vector<RigaLiquidazione>& rig
   }
   return testi;
 }
-inline std::vector<std::string> InRighe(const Liquidazione& liquidazione) {
+inline std::vector<std::string> InRighe(const vat::Liquidazione& liquidazione) {
   return InRighe(liquidazione.righe);
 }
 

@@ -30,23 +30,25 @@ class LiquidazioneMemoriaTest : public DittaDaStampare {
   }
 
   /// A definitive run with the giros of the settings, dated the last day of the period.
-  Liquidazione Memorizza(const std::string& cod, const std::vector<TotaleRegistro>& registri,
-                         const DatiLiquidazione& dati = {}, int anno = 2024) {
-    const PeriodoIva periodo = Periodo(cod, anno);
-    DatiGiri giri = LeggiDatiGiri(ambiente);
+  vat::Liquidazione Memorizza(const std::string& cod,
+                              const std::vector<vat::TotaleRegistro>& registri,
+                              const vat::DatiLiquidazione& dati = {}, int anno = 2024) {
+    const vat::PeriodoIva periodo = Periodo(cod, anno);
+    vat::DatiGiri giri = vat::LeggiDatiGiri(ambiente);
     giri.dt = periodo.UltimoGiorno();
-    EXPECT_EQ(MancanoDatiGiri(ambiente, giri, registri, dati.interessi), "");
-    const Liquidazione l = CalcolaLiquidazione(periodo, registri, dati);
+    EXPECT_EQ(vat::MancanoDatiGiri(ambiente, giri, registri, dati.interessi), "");
+    const vat::Liquidazione l = vat::CalcolaLiquidazione(periodo, registri, dati);
     log = {};
     Transazione transazione(ambiente.Basi());
-    MemorizzaLiquidazione(ambiente, l, registri, giri, 12, log);
+    vat::MemorizzaLiquidazione(ambiente, l, registri, giri, 12, log);
     transazione.Conferma();
     return l;
   }
 
   std::string Chiusura(const std::string& cod, int anno = 2024) {
-    Rs r = Tessarc().Recordset("select * from ChiusureIva where " + Criterio("Anno", "=", anno) +
-                               " and " + Criterio("MESETRIMESTRE", "=", cod));
+    Rs r =
+        Tessarc().Recordset("select * from ChiusureIva where " + sql::Criterio("Anno", "=", anno) +
+                            " and " + sql::Criterio("MESETRIMESTRE", "=", cod));
     if (r.Eof()) return "";
     EXPECT_EQ(r.RecordCount(), 1);
     return r.Fields("CreditoPrec").Importo().Testo() + " " +
@@ -58,7 +60,7 @@ class LiquidazioneMemoriaTest : public DittaDaStampare {
     return Tessarc().Singolo("select CreditoIva from CreditoIva where Cod='01'").Importo().Testo();
   }
   std::string Proposta(const std::string& cod, int anno = 2024) {
-    const DatiLiquidazione d = ProponiLiquidazione(ambiente, Periodo(cod, anno));
+    const vat::DatiLiquidazione d = vat::ProponiLiquidazione(ambiente, Periodo(cod, anno));
     return d.creditoPrec.Testo() + " " + d.piu[0].descrizione + " " + d.piu[0].importo.Testo();
   }
 
@@ -77,9 +79,9 @@ class LiquidazioneMemoriaTest : public DittaDaStampare {
     std::vector<std::string> righe;
     for (Rs r = Tessarc().Recordset("select * from Articoli order by Anno,NumDoc"); !r.Eof();
          r.MoveNext()) {
-      Rs m = Tessarc().Recordset("select * from Movimenti where " +
-                                 Criterio("Anno", "=", r.Fields("Anno")) + " and " +
-                                 Criterio("NumDoc", "=", r.Fields("NumDoc")) + " order by Posi");
+      Rs m = Tessarc().Recordset(
+          "select * from Movimenti where " + sql::Criterio("Anno", "=", r.Fields("Anno")) +
+          " and " + sql::Criterio("NumDoc", "=", r.Fields("NumDoc")) + " order by Posi");
       righe.push_back(
           r.Fields("Dt").Data().Testo() + " auto" + r.Fields("CREATOINAUTOMATICO").Testo() + " " +
           m.Fields("Causale").Testo() + " " + m.Fields("Conto").Testo() + " " +
@@ -90,11 +92,11 @@ class LiquidazioneMemoriaTest : public DittaDaStampare {
     return righe;
   }
 
-  LogContabile log;
+  vat::LogContabile log;
 };
 
-std::vector<TotaleRegistro> RegistriPieni() {
-  std::vector<TotaleRegistro> registri = {
+std::vector<vat::TotaleRegistro> RegistriPieni() {
+  std::vector<vat::TotaleRegistro> registri = {
       Registro("01", 1, I("1000"), I("100"), "170.001"), Registro("02", 1, I("220"), {}, "170.001"),
       Registro("03", -1, I("400"), I("30"), "170.003"),  Registro("04", 1, I("22"), {}, "900.220"),
       Registro("05", -1, I("22"), {}, "900.220"),        Registro("06", 0, I("77"), {}, "170.002"),
@@ -110,7 +112,7 @@ std::vector<TotaleRegistro> RegistriPieni() {
 TEST_F(LiquidazioneMemoriaTest, CreditoEImportoNonVersatoPassanoAlPeriodoDopo) {
   ambiente.ScriviImpostazione({}, "config", "ProRata", "12,5");
   ambiente.ScriviImpostazione({}, "config", "RegistrazioneContabileErario", "0");
-  EXPECT_EQ(ProponiLiquidazione(ambiente, Periodo("01")).proRata, I("12.5"));
+  EXPECT_EQ(vat::ProponiLiquidazione(ambiente, Periodo("01")).proRata, I("12.5"));
   EXPECT_EQ(Tessarc().Singolo("select Count(*) from CreditoIva").Intero(), 1);
   EXPECT_EQ(Proposta("01"), "0  0");
 
@@ -130,7 +132,7 @@ TEST_F(LiquidazioneMemoriaTest, CreditoEImportoNonVersatoPassanoAlPeriodoDopo) {
   EXPECT_EQ(Proposta("02"), "250  0");
   EXPECT_THAT(log.avvisi, IsEmpty());
 
-  DatiLiquidazione dati = ProponiLiquidazione(ambiente, Periodo("02"));
+  vat::DatiLiquidazione dati = vat::ProponiLiquidazione(ambiente, Periodo("02"));
   dati.interessi = I("1");
   Memorizza("02", {Registro("01", 1, I("350"))}, dati);
   EXPECT_EQ(Chiusura("02"), "250 100 1 101");
@@ -157,22 +159,22 @@ TEST_F(LiquidazioneMemoriaTest, TrimestreDopoMese) {
 
 TEST_F(LiquidazioneMemoriaTest, RigheConservateSeSiVuole) {
   Memorizza("12", {Registro("07", 1, I("12.2"))});
-  const Liquidazione l = Memorizza("12", {Registro("07", 1, I("10"))});
-  EXPECT_EQ(InRighe(LiquidazioneMemorizzata(ambiente, 2024, "12")), InRighe(l));
+  const vat::Liquidazione l = Memorizza("12", {Registro("07", 1, I("10"))});
+  EXPECT_EQ(InRighe(vat::LiquidazioneMemorizzata(ambiente, 2024, "12")), InRighe(l));
   EXPECT_EQ(
       Tessarc().Singolo("select ScrittaPeriodo from ChiusIva where MeseTrimestre='12'").Testo(),
       "periodo 12");
   ambiente.ScriviImpostazione({}, "config", "ChiusIva", "0");
   Memorizza("12", {Registro("07", 1, I("10"))});
-  EXPECT_THAT(LiquidazioneMemorizzata(ambiente, 2024, "12"), IsEmpty());
+  EXPECT_THAT(vat::LiquidazioneMemorizzata(ambiente, 2024, "12"), IsEmpty());
 }
 
 // --- Giros --------------------------------------------------------------------------------------
 
 TEST_F(LiquidazioneMemoriaTest, Giri) {
-  DatiLiquidazione dati;
+  vat::DatiLiquidazione dati;
   dati.interessi = I("1");
-  const Liquidazione l = Memorizza("T2", RegistriPieni(), dati);
+  const vat::Liquidazione l = Memorizza("T2", RegistriPieni(), dati);
   EXPECT_THAT(
       Giri(),
       ElementsAre("30/06/2024 auto41 027 170.001 900/0 170.010 «IVA fatture emesse T2/2024» testa "
@@ -197,9 +199,9 @@ TEST_F(LiquidazioneMemoriaTest, Giri) {
 }
 
 TEST_F(LiquidazioneMemoriaTest, GiriSpieganoIlContoErario) {
-  DatiLiquidazione dati;
+  vat::DatiLiquidazione dati;
   dati.proRata = I("10");
-  const Liquidazione l = Memorizza("03", RegistriPieni(), dati);
+  const vat::Liquidazione l = Memorizza("03", RegistriPieni(), dati);
   // Line by line: the registers that pass with their stornos, nothing else. The pro-rata is a cost,
   // the two halves of a reverse charge cancel on an account of their own.
   std::map<std::string, Importo> attesi;
@@ -213,7 +215,7 @@ TEST_F(LiquidazioneMemoriaTest, GiriSpieganoIlContoErario) {
     }
     erario -= l.righe[i].importo;
   }
-  for (const IvaRegistro& r : l.registri) {
+  for (const vat::IvaRegistro& r : l.registri) {
     if (r.tipo == "04" || r.tipo == "05") continue;
     attesi[r.conto] += r.segno < 0 ? r.differita - r.iva : r.iva - r.differita;
   }
@@ -224,7 +226,7 @@ TEST_F(LiquidazioneMemoriaTest, GiriSpieganoIlContoErario) {
 }
 
 TEST_F(LiquidazioneMemoriaTest, RistampaLasciaUnaSerieDiGiri) {
-  DatiLiquidazione dati;
+  vat::DatiLiquidazione dati;
   dati.interessi = I("1");
   Registra({{"100.010", I("5")}, {"700.010", I("-5")}});
   Memorizza("T1", {Registro("01", 1, I("500"))}, dati);
@@ -277,7 +279,7 @@ TEST_F(LiquidazioneMemoriaTest, GiriCambiatiOSulGiornaleNonSiContanoDueVolte) {
 TEST_F(LiquidazioneMemoriaTest, MancanoDati) {
   struct Caso {
     const char* nome;
-    std::function<void(DatiGiri&, std::vector<TotaleRegistro>&)> rompi;
+    std::function<void(vat::DatiGiri&, std::vector<vat::TotaleRegistro>&)> rompi;
     const char* messaggio;
   };
   const std::string dati = "mancano dati per registrazione contabile ";
@@ -304,30 +306,31 @@ TEST_F(LiquidazioneMemoriaTest, MancanoDati) {
        },
        ""}};
   for (const Caso& caso : casi) {
-    DatiGiri giri = LeggiDatiGiri(ambiente);
+    vat::DatiGiri giri = vat::LeggiDatiGiri(ambiente);
     giri.dt = G(30, 6, 2024);
     auto registri = RegistriPieni();
     caso.rompi(giri, registri);
-    EXPECT_EQ(MancanoDatiGiri(ambiente, giri, registri, I("1")),
+    EXPECT_EQ(vat::MancanoDatiGiri(ambiente, giri, registri, I("1")),
               *caso.messaggio == 0 ? "" : dati + caso.messaggio)
         << caso.nome;
   }
   Tessarc().Esegui("update RegistriIva set CauGiroCorrisp='' where Cod='2'");
-  DatiGiri giri = LeggiDatiGiri(ambiente);
+  vat::DatiGiri giri = vat::LeggiDatiGiri(ambiente);
   giri.dt = G(30, 6, 2024);
-  EXPECT_EQ(MancanoDatiGiri(ambiente, giri, RegistriPieni()),
+  EXPECT_EQ(vat::MancanoDatiGiri(ambiente, giri, RegistriPieni()),
             "mancano causale o conti per registraz. giro Iva corrispettivi (registro 2)");
 }
 
 // --- Print --------------------------------------------------------------------------------------
 
 TEST_F(LiquidazioneMemoriaTest, Stampa) {
-  DatiLiquidazione dati;
+  vat::DatiLiquidazione dati;
   dati.creditoPrec = I("25");
-  const Liquidazione l = CalcolaLiquidazione(Periodo("12"), {Registro("07", 1, I("1050.2"))}, dati);
+  const vat::Liquidazione l =
+      vat::CalcolaLiquidazione(Periodo("12"), {Registro("07", 1, I("1050.2"))}, dati);
   for (const bool grafico : {false, true}) {
     Verso(grafico ? Destinazione::Pdf : Destinazione::Testo);
-    fenalto::Stampa stampa(ambiente, uscite);
+    fenalto::reports::Stampa stampa(ambiente, uscite);
     ASSERT_TRUE(stampa.Inizio("prova"));
     if (grafico) {
       ASSERT_TRUE(stampa.Modello(ambiente.CartellaDati() / "ini" / "TiGio.mod"));
@@ -337,7 +340,7 @@ TEST_F(LiquidazioneMemoriaTest, Stampa) {
     } else {
       stampa.Riga("registro");
     }
-    StampaLiquidazione(ambiente, stampa, l);
+    vat::StampaLiquidazione(ambiente, stampa, l);
     ASSERT_TRUE(stampa.Fine());
     ASSERT_EQ(uscite.pagine.size(), 2U);
     if (!grafico) {
@@ -354,7 +357,7 @@ TEST_F(LiquidazioneMemoriaTest, Stampa) {
                       "*corrispettivi ventilati: la somma importi iva "
                       "mese/trim può"}));
   }
-  EXPECT_EQ(MancaModelloLiquidazione(ambiente), "");
+  EXPECT_EQ(vat::MancaModelloLiquidazione(ambiente), "");
 }
 
 }  // namespace

@@ -64,7 +64,7 @@ RC_GTEST_PROP(LiquidazioneProprieta, ComeIlModello, ()) {
       6, rc::gen::oneOf(rc::gen::just<std::int64_t>(0),
                         rc::gen::inRange<std::int64_t>(-5'000, 50'000)));
 
-  std::vector<TotaleRegistro> registri;
+  std::vector<vat::TotaleRegistro> registri;
   std::int64_t saldo = 0;
   std::size_t righe = 1;
   for (const RegistroCaso& caso : casi) {
@@ -79,13 +79,13 @@ RC_GTEST_PROP(LiquidazioneProprieta, ComeIlModello, ()) {
   const std::int64_t risultato = saldo - voci[0] - voci[1] - voci[2] - voci[3] + voci[4] + voci[5];
   const std::int64_t mora = risultato > 0 ? QuotaModello(risultato, interessi) : 0;
 
-  DatiLiquidazione dati;
+  vat::DatiLiquidazione dati;
   dati.proRata = Importo::DaUnita(proRata);
   dati.interessi = Importo::DaUnita(interessi);
   dati.creditoPrec = Cent(voci[0]);
   for (std::size_t i = 0; i < 3; ++i) dati.meno[i] = {"meno", Cent(voci[i + 1])};
   for (std::size_t i = 0; i < 2; ++i) dati.piu[i] = {"più", Cent(voci[i + 4])};
-  const Liquidazione l = CalcolaLiquidazione(periodo, registri, dati);
+  const vat::Liquidazione l = vat::CalcolaLiquidazione(periodo, registri, dati);
 
   RC_ASSERT(l.saldoPeriodo == Cent(saldo));
   RC_ASSERT(l.risultato == Cent(risultato));
@@ -107,25 +107,25 @@ RC_GTEST_PROP(LiquidazioneProprieta, ComeIlModello, ()) {
 struct Foglio {
   std::string nome;
   std::string periodo;
-  std::vector<TotaleRegistro> registri;
-  DatiLiquidazione dati;
+  std::vector<vat::TotaleRegistro> registri;
+  vat::DatiLiquidazione dati;
   std::vector<std::string> righe;
 };
 
-DatiLiquidazione Percentuali(const char* proRata, const char* interessi) {
-  DatiLiquidazione dati;
+vat::DatiLiquidazione Percentuali(const char* proRata, const char* interessi) {
+  vat::DatiLiquidazione dati;
   dati.proRata = I(proRata);
   dati.interessi = I(interessi);
   return dati;
 }
 
-DatiLiquidazione DatiPieni() {
-  DatiLiquidazione dati = Percentuali("12.5", "0");
+vat::DatiLiquidazione DatiPieni() {
+  vat::DatiLiquidazione dati = Percentuali("12.5", "0");
   dati.creditoPrec = I("50");
-  dati.meno = {VoceManuale{"acconto versato", I("20")}, VoceManuale{"vuota", I("0")},
-               VoceManuale{"rettifica", I("-5")}};
-  dati.piu = {VoceManuale{"importo non versato periodo precedente", I("10.5")},
-              VoceManuale{"altro", I("1")}};
+  dati.meno = {vat::VoceManuale{"acconto versato", I("20")}, vat::VoceManuale{"vuota", I("0")},
+               vat::VoceManuale{"rettifica", I("-5")}};
+  dati.piu = {vat::VoceManuale{"importo non versato periodo precedente", I("10.5")},
+              vat::VoceManuale{"altro", I("1")}};
   return dati;
 }
 
@@ -213,18 +213,20 @@ TEST(Liquidazione, Fogli) {
   };
   for (const Foglio& foglio : fogli) {
     SCOPED_TRACE(foglio.nome);
-    EXPECT_THAT(InRighe(CalcolaLiquidazione(Periodo(foglio.periodo), foglio.registri, foglio.dati)),
-                ElementsAreArray(foglio.righe));
+    EXPECT_THAT(
+        InRighe(vat::CalcolaLiquidazione(Periodo(foglio.periodo), foglio.registri, foglio.dati)),
+        ElementsAreArray(foglio.righe));
   }
 }
 
 TEST(Liquidazione, PercentualiRifiutate) {
   for (const auto& [proRata, interessi] :
        {std::pair("101", "0"), {"-1", "0"}, {"0", "-0.5"}, {"0", "101"}}) {
-    EXPECT_NE(ErroreDatiLiquidazione(Percentuali(proRata, interessi)), "") << proRata << interessi;
+    EXPECT_NE(vat::ErroreDatiLiquidazione(Percentuali(proRata, interessi)), "")
+        << proRata << interessi;
   }
-  EXPECT_EQ(ErroreDatiLiquidazione(Percentuali("100", "1")), "");
-  EXPECT_EQ(ErroreDatiLiquidazione(Percentuali("0", "0")), "");
+  EXPECT_EQ(vat::ErroreDatiLiquidazione(Percentuali("100", "1")), "");
+  EXPECT_EQ(vat::ErroreDatiLiquidazione(Percentuali("0", "0")), "");
 }
 
 }  // namespace

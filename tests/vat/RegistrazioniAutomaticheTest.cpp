@@ -1,9 +1,9 @@
 // What follows a VAT document, written in the books: every column of every row.
 #include <functional>
 
-#include "vat/ArticoloFattura.h"
 #include "vat/FatturaDiProva.h"
-#include "vat/RegistrazioniAutomatiche.h"
+#include "vat/postings/ArticoloFattura.h"
+#include "vat/postings/RegistrazioniAutomatiche.h"
 
 namespace fenalto::prova {
 namespace {
@@ -42,7 +42,7 @@ class RegistrazioniAutomaticheTest : public FatturaDiProva {
         .Importo();
   }
 
-  LogContabile log;
+  vat::LogContabile log;
 };
 
 // --- Payment and withholding of an invoice -------------------------------------------------------
@@ -86,7 +86,7 @@ TEST_F(RegistrazioniAutomaticheTest, Pagamento) {
   for (const auto& caso : casi) {
     SCOPED_TRACE(std::string(caso.cfp) + " " + caso.pagamento + " " + caso.importo);
     const auto numDoc = Fai([&] {
-      return CreaContabPagamento(
+      return vat::CreaContabPagamento(
           ambiente,
           {caso.cfp, "0001", caso.pagamento, "pagata", I(caso.importo), G(15, 3, 2024), 2024}, log);
     });
@@ -107,7 +107,7 @@ TEST_F(RegistrazioniAutomaticheTest, GiroRitenuta) {
   Tessarc().Inserisci("Ritenute", {{"Cod", "VUOTA"}, {"Conto", "180.010"}});
   const auto crea = [&](const char* codice) {
     return Fai([&] {
-      return CreaGiroRitenuta(
+      return vat::CreaGiroRitenuta(
           ambiente, {"C", "0001", codice, "ritenuta", I("20"), G(15, 3, 2024), 2024}, log);
     });
   };
@@ -129,7 +129,8 @@ TEST_F(RegistrazioniAutomaticheTest, GiroRitenutaDallaMaschera) {
   ASSERT_EQ(numero, 1);
   const auto registra = [&](std::int64_t numDoc, const char* causale) {
     return Fai([&] {
-      return RegistraGiroRitenuta(ambiente, {2024, numDoc}, {causale, "420.010", I("20")}, log);
+      return vat::RegistraGiroRitenuta(ambiente, {2024, numDoc}, {causale, "420.010", I("20")},
+                                       log);
     });
   };
   EXPECT_TRUE(registra(1, "024"));
@@ -169,8 +170,8 @@ TEST_F(RegistrazioniAutomaticheTest, CoppiaDelReverseCharge) {
     ASSERT_NE(primo, 0);
     ++nProt;
     ASSERT_TRUE(Fai([&] {
-      return RegistraIntra(ambiente, {2024, primo}, {"5", false, "029", "0002", "500.001", "DUE"},
-                           log);
+      return vat::RegistraIntra(ambiente, {2024, primo},
+                                {"5", false, "029", "0002", "500.001", "DUE"}, log);
     }));
     const auto n = [&](int oltre) { return std::to_string(primo + oltre); };
     EXPECT_THAT(log.testo,
@@ -208,8 +209,8 @@ TEST_F(RegistrazioniAutomaticheTest, CoppiaDelReverseCharge) {
 
 TEST_F(RegistrazioniAutomaticheTest, ReverseChargeIncompleto) {
   const auto primo = Autofattura("1000");
-  const auto registra = [&](std::int64_t numDoc, const DatiIntra& dati) {
-    return Fai([&] { return RegistraIntra(ambiente, {2024, numDoc}, dati, log); });
+  const auto registra = [&](std::int64_t numDoc, const vat::DatiIntra& dati) {
+    return Fai([&] { return vat::RegistraIntra(ambiente, {2024, numDoc}, dati, log); });
   };
   const std::string prima = Tutto();
   EXPECT_FALSE(registra(77, {"5", true, "", "", "", ""}));
@@ -226,8 +227,8 @@ TEST_F(RegistrazioniAutomaticheTest, ReverseChargeIncompleto) {
   EXPECT_TRUE(registra(primo, {"5", true, "", "", "", ""}));
   EXPECT_THAT(RigheDi(3)[0], HasSubstr("1 51 P:900.220 1000/0"));
   EXPECT_THAT(RigheDi(3)[1], HasSubstr("9998 52 P:170.003 220/0"));
-  for (const DatiIntra& dati : {DatiIntra{"5", false, "", "0002", "500.001", ""},
-                                DatiIntra{"5", false, "029", "", "500.001", ""}}) {
+  for (const vat::DatiIntra& dati : {vat::DatiIntra{"5", false, "", "0002", "500.001", ""},
+                                     vat::DatiIntra{"5", false, "029", "", "500.001", ""}}) {
     EXPECT_FALSE(registra(primo, dati));
     EXPECT_THAT(log.testo, HasSubstr("\nregistraz.automatica intra 'costo a fornitore' : mancano "
                                      "dati,impossibile effettuare la registrazione automatica"));
@@ -242,8 +243,8 @@ TEST_F(RegistrazioniAutomaticheTest, BollaDoganale) {
                  .parte = "0001",
                  .righe = {{"900.220", "22", I("1000")}, {"500.001", "22I50", I("10")}}});
   ASSERT_EQ(bolla, 1);
-  const auto registra = [&](std::int64_t numDoc, const DatiBollaDoganale& dati) {
-    return Fai([&] { return RegistraBollaDoganale(ambiente, {2024, numDoc}, dati, log); });
+  const auto registra = [&](std::int64_t numDoc, const vat::DatiBollaDoganale& dati) {
+    return Fai([&] { return vat::RegistraBollaDoganale(ambiente, {2024, numDoc}, dati, log); });
   };
   EXPECT_TRUE(registra(1, {"0002", "029", "MISTO"}));
   EXPECT_THAT(log.testo, HasSubstr("Registraz.giro dogana/fornitore : Articolo n. 2 EFFETTUATA\n"
@@ -260,7 +261,8 @@ TEST_F(RegistrazioniAutomaticheTest, BollaDoganale) {
   const std::string prima = Tutto();
   EXPECT_FALSE(registra(77, {"0002", "029", ""}));
   EXPECT_EQ(log.testo, "registraz.automatica intra : NON ESISTE L'ARTICOLO del registro 03");
-  for (const DatiBollaDoganale& dati : {DatiBollaDoganale{"", "029", ""}, {"0002", "", ""}}) {
+  for (const vat::DatiBollaDoganale& dati :
+       {vat::DatiBollaDoganale{"", "029", ""}, {"0002", "", ""}}) {
     EXPECT_FALSE(registra(1, dati));
     EXPECT_EQ(log.testo,
               "registraz.automatica giro bolla doganale : mancano dati,impossibile effettuare la "

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/sql/Criterio.h"
-#include "vat/RegistrazioniAutomatiche.h"
+#include "vat/postings/RegistrazioniAutomatiche.h"
 
 namespace fenalto::prova {
 namespace {
@@ -30,7 +30,7 @@ RegistroIvaDiProva::RegistroIvaDiProva() {
 std::int64_t RegistroIvaDiProva::Scrivi(const Registrata& r) {
   std::optional<Transazione> transazione;
   if (!ambiente.Basi().InTransazione()) transazione.emplace(ambiente.Basi());
-  const std::int64_t numDoc = ProssimoNumDoc(ambiente, r.anno);
+  const std::int64_t numDoc = ledger::ProssimoNumDoc(ambiente, r.anno);
   const std::string cfp = ClasseDi(r.riva);
   const std::string conto = cfp == "P" ? "100.010" : "0001";
   Tessarc().Inserisci("Articoli", {{"Anno", r.anno},
@@ -77,15 +77,15 @@ void RegistroIvaDiProva::Scegli(const char* cod) {
   EXPECT_EQ(Messaggi(), std::vector<std::string>{});
 }
 
-IntervalloRegistro& RegistroIvaDiProva::Intervallo(const char* riva) {
+vat::IntervalloRegistro& RegistroIvaDiProva::Intervallo(const char* riva) {
   const auto trovato =
-      std::ranges::find(registro.Intervalli(), std::string(riva), &IntervalloRegistro::riva);
+      std::ranges::find(registro.Intervalli(), std::string(riva), &vat::IntervalloRegistro::riva);
   if (trovato == registro.Intervalli().end()) throw std::logic_error(riva);
   return *trovato;
 }
 
-bool RegistroIvaDiProva::Stampa(Risposta definitiva, RegistroIvaUnico* altro) {
-  RegistroIvaUnico& quale = altro == nullptr ? registro : *altro;
+bool RegistroIvaDiProva::Stampa(Risposta definitiva, vat::RegistroIvaUnico* altro) {
+  vat::RegistroIvaUnico& quale = altro == nullptr ? registro : *altro;
   dialoghi.Rispondera(quale.Periodo().Annuale()
                           ? "MEMORIZZO I DATI PER LA DICHIAZIONE E COMUNICAZIONE ANNUALE IVA"
                           : "STAMPA DEFINITIVA ?",
@@ -96,8 +96,9 @@ bool RegistroIvaDiProva::Stampa(Risposta definitiva, RegistroIvaUnico* altro) {
 
 std::vector<std::string> RegistroIvaDiProva::Memorizzati(const char* tabella, const char* periodo) {
   std::vector<std::string> righe;
-  for (Rs rs = Tessarc().Recordset(std::string("SELECT * FROM ") + tabella + " WHERE " +
-                                   Criterio("PERIODO", "=", periodo) + " ORDER BY Riva, CodIva");
+  for (Rs rs =
+           Tessarc().Recordset(std::string("SELECT * FROM ") + tabella + " WHERE " +
+                               sql::Criterio("PERIODO", "=", periodo) + " ORDER BY Riva, CodIva");
        !rs.Eof(); rs.MoveNext()) {
     righe.push_back(rs.Fields("Riva").Testo() + " " + rs.Fields("CodIva").Testo() + " " +
                     rs.Fields("Imponibile").Testo() + "/" + rs.Fields("Iva").Testo() + "/" +
@@ -107,9 +108,9 @@ std::vector<std::string> RegistroIvaDiProva::Memorizzati(const char* tabella, co
 }
 
 std::vector<std::string> RegistroIvaDiProva::Testi(
-    const std::vector<ProblemaRegistro>& problemi) const {
+    const std::vector<vat::ProblemaRegistro>& problemi) const {
   std::vector<std::string> testi;
-  for (const ProblemaRegistro& p : problemi) testi.push_back((p.ferma ? "" : "? ") + p.testo);
+  for (const vat::ProblemaRegistro& p : problemi) testi.push_back((p.ferma ? "" : "? ") + p.testo);
   return testi;
 }
 

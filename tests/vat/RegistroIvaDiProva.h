@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "ledger/Stampati.h"
-#include "vat/RegistroIvaUnico.h"
+#include "vat/register/RegistroIvaUnico.h"
 
 namespace fenalto::prova {
 
@@ -36,15 +36,16 @@ class RegistroIvaDiProva : public DittaDaStampare {
   std::int64_t Scrivi(const Registrata& registrata);
   /// Chooses a period, without a word.
   void Scegli(const char* cod);
-  IntervalloRegistro& Intervallo(const char* riva);
+  vat::IntervalloRegistro& Intervallo(const char* riva);
   /// Prints the chosen period as text, answering the question of the definitive print.
-  bool Stampa(Risposta definitiva, RegistroIvaUnico* altro = nullptr);
+  bool Stampa(Risposta definitiva, vat::RegistroIvaUnico* altro = nullptr);
   [[nodiscard]] std::string Tutto() const { return Contenuto() + Contenuto("scadenzario"); }
   /// "riva codice imponibile/iva/ivaind" of the stored totals of a period, in order.
   std::vector<std::string> Memorizzati(const char* tabella, const char* periodo);
-  [[nodiscard]] std::vector<std::string> Testi(const std::vector<ProblemaRegistro>& problemi) const;
+  [[nodiscard]] std::vector<std::string> Testi(
+      const std::vector<vat::ProblemaRegistro>& problemi) const;
 
-  RegistroIvaUnico registro{ambiente};
+  vat::RegistroIvaUnico registro{ambiente};
 };
 
 }  // namespace fenalto::prova

@@ -87,7 +87,7 @@ class RegistroIvaProprietaTest : public RegistroIvaDiProva {
   }
 
   /// What the register of a period must hold, from the rows as written.
-  Tavola Attesi(const PeriodoIva& periodo) const {
+  Tavola Attesi(const vat::PeriodoIva& periodo) const {
     Tavola attesi;
     std::map<std::string, Importo> lordi;
     for (const RigaScritta& r : scritte) {
@@ -117,27 +117,27 @@ TEST_F(RegistroIvaProprietaTest, TotaliSonoLeSommeDelleRighe) {
   Somme incassate;
   for (const int anno : {2023, 2024}) {
     ASSERT_TRUE(ambiente.ScegliAnno(anno));
-    for (const PeriodoIva& periodo : registro.Periodi()) {
+    for (const vat::PeriodoIva& periodo : registro.Periodi()) {
       ASSERT_TRUE(registro.ScegliPeriodo(periodo.cod));
       // Nothing is printed: every month begins from protocol 1, so the range is given by hand.
-      for (IntervalloRegistro& i : registro.Intervalli()) {
-        i.daNProt =
-            1 + Tessarc()
-                    .Singolo("SELECT Max(NProt) FROM Articoli WHERE " +
-                             Criterio("Anno", "=", anno) + " AND " + Criterio("Riva", "=", i.riva) +
-                             " AND " + Criterio("Dt", "<", periodo.Primo()))
-                    .Intero();
+      for (vat::IntervalloRegistro& i : registro.Intervalli()) {
+        i.daNProt = 1 + Tessarc()
+                            .Singolo("SELECT Max(NProt) FROM Articoli WHERE " +
+                                     sql::Criterio("Anno", "=", anno) + " AND " +
+                                     sql::Criterio("Riva", "=", i.riva) + " AND " +
+                                     sql::Criterio("Dt", "<", periodo.Primo()))
+                            .Intero();
         i.aaNProt = std::max(i.aaNProt, i.daNProt - 1);
       }
       const auto totali = registro.Totali();
       ASSERT_TRUE(totali) << totali.Errore().messaggio;
       Tavola trovati;
-      for (const TotaleRegistro& t : totali.Valore()) {
-        for (const TotaleCodice& c : t.codici) {
+      for (const vat::TotaleRegistro& t : totali.Valore()) {
+        for (const vat::TotaleCodice& c : t.codici) {
           trovati[{t.intervallo.riva, c.codIva}].Aggiungi({c.imponibile, c.iva, c.ivaInd});
         }
         if (t.intervallo.daIncassi && !periodo.Annuale()) {
-          for (const TotaleCodice& c : t.codici) {
+          for (const vat::TotaleCodice& c : t.codici) {
             incassate.Aggiungi({c.imponibile, c.iva, c.ivaInd});
           }
         }

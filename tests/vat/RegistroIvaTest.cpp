@@ -12,28 +12,28 @@ using ::testing::Not;
 class RegistroIvaTest : public RegistroIvaDiProva {};
 
 TEST_F(RegistroIvaTest, Periodi) {
-  EXPECT_EQ(ChiavePeriodo(G(29, 2, 2024), false), "02");
-  EXPECT_EQ(ChiavePeriodo(G(31, 12, 2024), false), "12");
-  EXPECT_EQ(ChiavePeriodo(G(31, 3, 2024), true), "T1");
-  EXPECT_EQ(ChiavePeriodo(G(1, 4, 2024), true), "T2");
+  EXPECT_EQ(vat::ChiavePeriodo(G(29, 2, 2024), false), "02");
+  EXPECT_EQ(vat::ChiavePeriodo(G(31, 12, 2024), false), "12");
+  EXPECT_EQ(vat::ChiavePeriodo(G(31, 3, 2024), true), "T1");
+  EXPECT_EQ(vat::ChiavePeriodo(G(1, 4, 2024), true), "T2");
   std::string mesi;
-  for (const PeriodoIva& p : registro.Periodi()) mesi += p.cod + " ";
+  for (const vat::PeriodoIva& p : registro.Periodi()) mesi += p.cod + " ";
   EXPECT_EQ(mesi, "Z 01 02 03 04 05 06 07 08 09 10 11 12 ");
-  EXPECT_EQ(LeggiPeriodo(ambiente, 2024, "02").UltimoGiorno(), G(29, 2, 2024));
-  EXPECT_EQ(LeggiPeriodo(ambiente, 2024, "T2").cod, "");
+  EXPECT_EQ(vat::LeggiPeriodo(ambiente, 2024, "02").UltimoGiorno(), G(29, 2, 2024));
+  EXPECT_EQ(vat::LeggiPeriodo(ambiente, 2024, "T2").cod, "");
   Tessarc().Esegui("update Anni set IvaTrimestrale=True where Anno=2024");
   std::string trimestri;
-  for (const PeriodoIva& p : registro.Periodi()) trimestri += p.cod + " ";
+  for (const vat::PeriodoIva& p : registro.Periodi()) trimestri += p.cod + " ";
   EXPECT_EQ(trimestri, "Z T1 T2 T3 T4 ");
-  const PeriodoIva secondo = LeggiPeriodo(ambiente, 2024, "T2");
+  const vat::PeriodoIva secondo = vat::LeggiPeriodo(ambiente, 2024, "T2");
   EXPECT_EQ(secondo.Primo(), G(1, 4, 2024));
   EXPECT_EQ(secondo.UltimoGiorno(), G(30, 6, 2024));
   EXPECT_FALSE(secondo.Ultimo());
-  EXPECT_TRUE(LeggiPeriodo(ambiente, 2024, "T4").Ultimo());
+  EXPECT_TRUE(vat::LeggiPeriodo(ambiente, 2024, "T4").Ultimo());
   EXPECT_FALSE(registro.ScegliPeriodo("07"));
   EXPECT_FALSE(registro.ScegliPeriodo(""));
   // A year that the company doesn't keep is monthly.
-  EXPECT_FALSE(IvaTrimestrale(ambiente, 1999));
+  EXPECT_FALSE(vat::IvaTrimestrale(ambiente, 1999));
 }
 
 TEST_F(RegistroIvaTest, Proposte) {
@@ -42,7 +42,7 @@ TEST_F(RegistroIvaTest, Proposte) {
   Scrivi({"1", 3, G(1, 2, 2024), {{"22", I("100"), I("22")}}});
   const auto proposto = [&](const char* periodo, const char* riva) {
     registro.ScegliPeriodo(periodo);
-    const IntervalloRegistro& i = Intervallo(riva);
+    const vat::IntervalloRegistro& i = Intervallo(riva);
     return std::to_string(i.daNProt) + "-" + std::to_string(i.aaNProt);
   };
   EXPECT_EQ(proposto("01", "1"), "1-2");
@@ -116,7 +116,7 @@ TEST_F(RegistroIvaTest, Controlli) {
   Scrivi({"7", 1, G(10, 3, 2024), {{"ZCOR", I("50"), {}}, {"22", I("10"), I("2.2")}}});
   const std::int64_t senzaIva = Scrivi({"3", 1, G(10, 3, 2024), {{"22V", I("10"), I("2.2")}}});
   Tessarc().Esegui("delete * from Movimenti where TIPORIGA=4 and " +
-                   Criterio("NumDoc", "=", senzaIva));
+                   sql::Criterio("NumDoc", "=", senzaIva));
   Scegli("03");
   Intervallo("1").aaNProt = 6;
   const auto problemi = registro.Controlla();
@@ -159,15 +159,15 @@ TEST_F(RegistroIvaTest, Ventilazione) {
   registro.Opzioni().ventilazione.aaNProt = 2;
   const auto totali = registro.Totali();
   ASSERT_TRUE(totali) << totali.Errore().messaggio;
-  const TotaleRegistro* corrispettivi = nullptr;
-  for (const TotaleRegistro& t : totali.Valore()) {
+  const vat::TotaleRegistro* corrispettivi = nullptr;
+  for (const vat::TotaleRegistro& t : totali.Valore()) {
     if (t.intervallo.riva == "7") corrispettivi = &t;
   }
   std::vector<std::string> righe;
   Importo somma;
   for (std::size_t i = 0; i < corrispettivi->quote.size(); ++i) {
-    const QuotaVentilazione& q = corrispettivi->quote[i];
-    const TotaleCodice& c = corrispettivi->codici[i];
+    const vat::QuotaVentilazione& q = corrispettivi->quote[i];
+    const vat::TotaleCodice& c = corrispettivi->codici[i];
     somma += q.corrispettivi;
     righe.push_back(q.codIva + " " + q.acquisti.Testo() + " " + q.quota.Testo() + " " +
                     q.corrispettivi.Testo() + "=" + c.imponibile.Testo() + "+" + c.iva.Testo());
@@ -213,8 +213,8 @@ TEST_F(RegistroIvaTest, CorrispettiviLordi) {
   const auto totali = registro.Totali();
   ASSERT_TRUE(totali);
   std::vector<std::string> righe;
-  for (const TotaleRegistro& t : totali.Valore()) {
-    for (const TotaleCodice& c : t.codici) {
+  for (const vat::TotaleRegistro& t : totali.Valore()) {
+    for (const vat::TotaleCodice& c : t.codici) {
       righe.push_back(t.intervallo.riva + " " + c.codIva + " " + c.imponibile.Testo() + "+" +
                       c.iva.Testo());
     }
@@ -297,7 +297,7 @@ TEST_F(RegistroIvaTest, OgniGuastoLasciaTutto) {
     struct Innesco : FabbricaDiProva {
       BasiDati* basi = nullptr;
       int n = 0;
-      std::unique_ptr<Uscita> Crea(const SceltaUscita& s, const std::string& r) override {
+      std::unique_ptr<reports::Uscita> Crea(const SceltaUscita& s, const std::string& r) override {
         auto uscita = FabbricaDiProva::Crea(s, r);
         basi->ImpostaGuasto(n, Guasto::Errore);
         return uscita;
@@ -329,14 +329,14 @@ TEST_F(RegistroIvaTest, DuePostazioni) {
   // The other station stores while this one prints.
   struct Mentre : FabbricaDiProva {
     std::function<void()> fai;
-    std::unique_ptr<Uscita> Crea(const SceltaUscita& s, const std::string& r) override {
+    std::unique_ptr<reports::Uscita> Crea(const SceltaUscita& s, const std::string& r) override {
       auto uscita = FabbricaDiProva::Crea(s, r);
       if (fai) std::exchange(fai, nullptr)();
       return uscita;
     }
   } mentre;
   mentre.fai = [&] {
-    RegistroIvaUnico suo(*altra->ambiente);
+    vat::RegistroIvaUnico suo(*altra->ambiente);
     suo.ScegliPeriodo("03");
     altra->dialoghi.Rispondera("STAMPA DEFINITIVA ?", Risposta::Si);
     altra->dialoghi.ScegliaUscita(SceltaUscita{Destinazione::Testo, {}});

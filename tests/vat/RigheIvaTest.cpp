@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "vat/ImpostaImportoRiga.h"
-#include "vat/RigheIva.h"
-#include "vat/TipiRegistro.h"
+#include "vat/codes/TipiRegistro.h"
+#include "vat/postings/ImpostaImportoRiga.h"
+#include "vat/postings/RigheIva.h"
 
-namespace fenalto {
+namespace fenalto::vat {
 namespace {
 
 Importo I(const char* testo) {
@@ -225,4 +225,4 @@ RC_GTEST_PROP(CreaRigheIvaCli, PareggiaSempre, ()) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::vat

@@ -33,13 +33,13 @@ class RiprotocolloTest : public FatturaDiProva {
       letti.push_back(r.Fields(1).Intero());
       EXPECT_EQ(Scadenzario()
                     .Singolo("select Max(NProt) from Scadenze where " +
-                             Criterio("Articolo", "=", r.Fields(0).Intero()))
+                             sql::Criterio("Articolo", "=", r.Fields(0).Intero()))
                     .Intero(),
                 letti.back());
     }
     return letti;
   }
-  Fatture fatture{ambiente};
+  vat::RegistrazioneIva fatture{ambiente};
 };
 
 TEST_F(RiprotocolloTest, Rifiuti) {
@@ -101,7 +101,7 @@ TEST_F(RiprotocolloTest, Corrispettivi) {
 
 TEST_F(RiprotocolloTest, ChiHaLaSchedaApertaNonDuplicaIlProtocollo) {
   const auto altra = NuovaStazione("CASSA");
-  Fatture aperta(*altra->ambiente);
+  vat::RegistrazioneIva aperta(*altra->ambiente);
   ASSERT_TRUE(aperta.Apri(1));
   dialoghi.Rispondera("RIPROTOCOLLO", Risposta::Si);
   EXPECT_TRUE(fatture.Riprotocolla(1, 6));

@@ -9,34 +9,34 @@
 #include <vector>
 
 #include "core/archives/ArchivioCodici.h"
-#include "documents/ArchiviDocumenti.h"
-#include "duedates/ArchiviScadenze.h"
-#include "ledger/ArchiviContabili.h"
+#include "documents/types/ArchiviDocumenti.h"
+#include "duedates/codes/ArchiviScadenze.h"
 #include "ledger/DittaDiProva.h"
-#include "warehouse/ArchiviMagazzino.h"
+#include "ledger/accounts/ArchiviContabili.h"
+#include "warehouse/products/ArchiviMagazzino.h"
 
-namespace fenalto {
+namespace fenalto::warehouse {
 namespace {
 
 using Campi = std::vector<std::pair<const char*, Valore>>;
 
-std::vector<DescrizioneArchivio> Tutti() {
-  std::vector<DescrizioneArchivio> tutti;
-  for (auto&& stanza :
-       {ArchiviContabili(), ArchiviDocumenti(), ArchiviMagazzino(), ArchiviScadenze()}) {
+std::vector<archives::DescrizioneArchivio> Tutti() {
+  std::vector<archives::DescrizioneArchivio> tutti;
+  for (auto&& stanza : {ledger::ArchiviContabili(), documents::ArchiviDocumenti(),
+                        ArchiviMagazzino(), duedates::ArchiviScadenze()}) {
     tutti.insert(tutti.end(), stanza.begin(), stanza.end());
   }
   return tutti;
 }
 
-DescrizioneArchivio Archivio(const std::string& finestra) {
+archives::DescrizioneArchivio Archivio(const std::string& finestra) {
   const auto tutti = Tutti();
-  return *std::ranges::find(tutti, finestra, &DescrizioneArchivio::finestra);
+  return *std::ranges::find(tutti, finestra, &archives::DescrizioneArchivio::finestra);
 }
 
 class ArchiviPiccoliTest : public prova::DittaDiProva {
  protected:
-  static void Scrivi(ArchivioCodici& archivio, const Campi& campi) {
+  static void Scrivi(archives::ArchivioCodici& archivio, const Campi& campi) {
     for (const auto& [campo, valore] : campi) archivio.Record().Scrivi(campo, valore);
   }
 
@@ -50,7 +50,7 @@ class ArchiviPiccoliTest : public prova::DittaDiProva {
   }
 
   /// Every row of the archive's table as text.
-  std::string Righe(const DescrizioneArchivio& descrizione) {
+  std::string Righe(const archives::DescrizioneArchivio& descrizione) {
     std::string testo;
     Rs rs = ambiente.ArchivioDi(descrizione.chiave)
                 .Recordset("select * from " + descrizione.tabella + " order by Cod");
@@ -176,8 +176,8 @@ TEST_F(ArchiviPiccoliTest, Rifiuti) {
     SCOPED_TRACE(std::string(caso.archivio) + " «" + caso.aperto + "» " + caso.messaggio);
     Esegui(kSgombera);
     Esegui(caso.prepara);
-    const DescrizioneArchivio descrizione = Archivio(caso.archivio);
-    ArchivioCodici archivio(ambiente, descrizione);
+    const archives::DescrizioneArchivio descrizione = Archivio(caso.archivio);
+    archives::ArchivioCodici archivio(ambiente, descrizione);
     if (*caso.aperto == '\0') {
       archivio.Inizia();
     } else {
@@ -205,14 +205,14 @@ TEST_F(ArchiviPiccoliTest, Rifiuti) {
 }
 
 TEST_F(ArchiviPiccoliTest, LaCausaleIvaNonSiScegli) {
-  ArchivioCodici causali(ambiente, Archivio("Causali"));
+  archives::ArchivioCodici causali(ambiente, Archivio("Causali"));
   EXPECT_FALSE(causali.Apri("11")) << "it is kept with its register";
   EXPECT_TRUE(causali.Apri("037"));
 }
 
 TEST_F(ArchiviPiccoliTest, LaCopiaDiUnaCategoriaFissaNonLoE) {
   Tessarc().Esegui(kFissata);
-  ArchivioCodici categorie(ambiente, Archivio("Categorie"));
+  archives::ArchivioCodici categorie(ambiente, Archivio("Categorie"));
   ASSERT_TRUE(categorie.Apri("XC"));
   EXPECT_FALSE(categorie.Stato("nonmodif").attivo);
   categorie.Duplica();
@@ -236,7 +236,7 @@ TEST_F(ArchiviPiccoliTest, LaBancaInsolitaSiTieneSeLUtenteVuole) {
   };
   for (const Prova& caso : casi) {
     SCOPED_TRACE(caso.domanda);
-    ArchivioCodici banche(ambiente, Archivio("Banche"));
+    archives::ArchivioCodici banche(ambiente, Archivio("Banche"));
     banche.Inizia();
     Scrivi(banche, caso.campi);
     banche.Record().Scrivi("Cod", "XB");
@@ -255,7 +255,7 @@ TEST_F(ArchiviPiccoliTest, LaBancaInsolitaSiTieneSeLUtenteVuole) {
 }
 
 /// A value unlike the empty one, as wide as the field takes.
-Valore Pieno(const Scheda& scheda, const CampoArchivio& campo) {
+Valore Pieno(const Scheda& scheda, const archives::CampoArchivio& campo) {
   switch (scheda.TipoDi(campo.nome)) {
     case Tipo::Booleano:
       return true;
@@ -271,19 +271,19 @@ Valore Pieno(const Scheda& scheda, const CampoArchivio& campo) {
 
 TEST_F(ArchiviPiccoliTest, OgniCampoDescrittoSiTieneESiRilegge) {
   std::map<std::string, int> finestre;
-  for (const DescrizioneArchivio& descrizione : Tutti()) {
+  for (const archives::DescrizioneArchivio& descrizione : Tutti()) {
     SCOPED_TRACE(descrizione.finestra);
     ++finestre[descrizione.finestra];
     EXPECT_TRUE(descrizione.titoloNuovo.starts_with("nuov")) << descrizione.titoloNuovo;
     EXPECT_TRUE(descrizione.titolo.starts_with("Archivio ")) << descrizione.titolo;
-    ArchivioCodici archivio(ambiente, descrizione);
+    archives::ArchivioCodici archivio(ambiente, descrizione);
     archivio.Inizia();
     EXPECT_EQ(archivio.Titolo(), descrizione.titoloNuovo);
     std::map<std::string, Valore> scritti = {{descrizione.campoDescrizione, "prova è"}};
-    for (const CampoArchivio& campo : descrizione.campi) {
+    for (const archives::CampoArchivio& campo : descrizione.campi) {
       if (!archivio.Stato(campo.nome).attivo) continue;
       scritti[campo.nome] = Pieno(archivio.Record(), campo);
-      if (campo.genere != GenereCampo::Codice) continue;
+      if (campo.genere != archives::GenereCampo::Codice) continue;
       const std::string fonte =
           "select Cod, " + campo.fonte.campoDescrizione + " from " + campo.fonte.fonte;
       EXPECT_FALSE(ambiente.ArchivioDi(campo.fonte.chiave).Recordset(fonte).Eof()) << fonte;
@@ -308,4 +308,4 @@ TEST_F(ArchiviPiccoliTest, OgniCampoDescrittoSiTieneESiRilegge) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::warehouse

@@ -7,7 +7,7 @@
 #include "core/archives/ConfrontoRecord.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 bool ContestoArchivio::CodiceCambiato() const {
   return nuovo || !UgualeTesto(Codice(), codicePrima);
@@ -22,7 +22,7 @@ ArchivioCodici::Interno::Interno(Ambiente& ambienteUsato, DescrizioneArchivio de
     : ambiente(ambienteUsato),
       descrizione(std::move(descr)),
       contesto{ambiente, record, false, "", nullptr, {}} {
-  const TabellaCatalogo* tabella = Dati().Catalogo().Tabella(descrizione.tabella);
+  const sql::TabellaCatalogo* tabella = Dati().Catalogo().Tabella(descrizione.tabella);
   if (tabella == nullptr) {
     throw ErroreArchivio(ErroreArchivio::Causa::Mancante,
                          "negli archivi della ditta manca la tabella «" + descrizione.tabella +
@@ -38,7 +38,7 @@ Archivio& ArchivioCodici::Interno::Dati() {
 
 Rs ArchivioCodici::Interno::Trova(const std::string& codice, bool conFiltro) {
   std::string sql =
-      "select * from " + descrizione.tabella + " where " + Criterio("Cod", "=", codice);
+      "select * from " + descrizione.tabella + " where " + sql::Criterio("Cod", "=", codice);
   if (conFiltro && !descrizione.filtro.empty()) sql += " and (" + descrizione.filtro + ")";
   return Dati().Recordset(sql);
 }
@@ -196,4 +196,4 @@ void ArchivioCodici::Abbandona() {
   interno_->Dimentica();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -12,7 +12,7 @@
 
 #include "core/archives/DescrizioneArchivio.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 class ArchivioCodici {
  public:
@@ -58,4 +58,4 @@ class ArchivioCodici {
   std::unique_ptr<Interno> interno_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

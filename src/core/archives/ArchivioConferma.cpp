@@ -8,7 +8,7 @@
 #include "core/store/TransazioneComune.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 bool ArchivioCodici::Interno::Rifiuta(const std::string& messaggio, const std::string& campo) {
   if (!messaggio.empty()) Avviso(messaggio);
@@ -209,4 +209,4 @@ bool ArchivioCodici::Elimina() {
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -9,7 +9,7 @@
 #include "core/archives/ArchivioCodici.h"
 #include "core/sql/Criterio.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 struct ArchivioCodici::Interno {
   Interno(Ambiente& ambienteUsato, DescrizioneArchivio descr);
@@ -62,4 +62,4 @@ struct ArchivioCodici::Interno {
   Rifiuto rifiuto;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

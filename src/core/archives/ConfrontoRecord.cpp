@@ -4,7 +4,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 namespace {
 
@@ -34,7 +34,7 @@ bool RecordIdentici(const std::vector<Valore>& a, const std::vector<Valore>& b) 
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), Identici);
 }
 
-std::string DomandaCambiato(const std::string& nome, const std::vector<ColonnaUscita>& colonne,
+std::string DomandaCambiato(const std::string& nome, const std::vector<sql::ColonnaUscita>& colonne,
                             const std::vector<Valore>& letti, const std::vector<Valore>& ora) {
   std::string cambi;
   for (std::size_t c = 0; c < ora.size() && c < letti.size() && c < colonne.size(); ++c) {
@@ -59,4 +59,4 @@ std::string TestoNonRiuscita(const std::string& nome, const std::string& azione,
          "\nniente è stato scritto: i dati sono ancora sullo schermo, si può riprovare";
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -7,7 +7,7 @@
 
 #include "core/store/Rs.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 /// The current row, one value a column.
 std::vector<Valore> ValoriDi(const Rs& riga);
@@ -17,7 +17,7 @@ bool RecordIdentici(const std::vector<Valore>& a, const std::vector<Valore>& b);
 
 /// Asks whether to write what is on the screen over what another station or function has changed
 /// meanwhile, column by column. `nome` is the record's ("agente 12").
-std::string DomandaCambiato(const std::string& nome, const std::vector<ColonnaUscita>& colonne,
+std::string DomandaCambiato(const std::string& nome, const std::vector<sql::ColonnaUscita>& colonne,
                             const std::vector<Valore>& letti, const std::vector<Valore>& ora);
 
 /// What is told when the record has been deleted since it was opened and becomes a new one.
@@ -27,4 +27,4 @@ std::string TestoEliminato(const std::string& nome);
 std::string TestoNonRiuscita(const std::string& nome, const std::string& azione,
                              const std::string& errore);
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -4,7 +4,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 namespace {
 
 /// Remembered for a column that the user left out.
@@ -95,4 +95,4 @@ void Corrispondenze::Ricorda() {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

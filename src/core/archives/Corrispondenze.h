@@ -8,7 +8,7 @@
 
 #include "core/archives/GenereImporta.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 /// A column's name as it is compared: letters and digits alone, without case and accents.
 std::string NomeColonna(std::string_view nome);
@@ -40,4 +40,4 @@ class Corrispondenze {
   std::vector<std::optional<std::size_t>> scelte_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -13,16 +13,10 @@
 
 #include "core/reports/Uscita.h"
 #include "core/session/Ambiente.h"
+#include "core/session/Rifiuto.h"
 #include "core/session/Scheda.h"
 
-namespace fenalto {
-
-/// Why a confirmation or a deletion stops. `messaggio` empty when the user was told already (a
-/// question answered no); `campo` is the control that takes the focus, empty for none.
-struct Rifiuto {
-  std::string messaggio;
-  std::string campo;
-};
+namespace fenalto::archives {
 
 /// The record that functions of a description work on.
 struct ContestoArchivio {
@@ -32,7 +26,7 @@ struct ContestoArchivio {
   /// Code of the record as stored, empty for a new one.
   std::string codicePrima;
   /// Where prints go; null outside a window.
-  FabbricaUscite* uscite = nullptr;
+  reports::FabbricaUscite* uscite = nullptr;
   /// Opens a function on a code ("MovimentiConto", "P|100.010"); does nothing outside a window.
   std::function<void(const std::string& finestra, const std::string& codice)> apri = {};
   /// Set by a rule of a field that was left: the control that takes the focus (back).
@@ -168,4 +162,4 @@ struct DescrizioneArchivio {
   std::function<void(ContestoArchivio&)> stampa = {};
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -9,7 +9,7 @@
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 namespace {
 
@@ -71,14 +71,14 @@ std::string MostraColonna(const CampoArchivio& colonna, const Valore& valore) {
 LetturaElenco::LetturaElenco(Ambiente& ambiente, const DescrizioneArchivio& descrizione,
                              const FiltroElenco& filtro)
     : archivio_(ambiente.ArchivioDi(descrizione.chiave)), colonne_(ColonneElenco(descrizione)) {
-  const TabellaCatalogo* tabella = archivio_.Catalogo().Tabella(descrizione.tabella);
+  const sql::TabellaCatalogo* tabella = archivio_.Catalogo().Tabella(descrizione.tabella);
   for (std::size_t c = 0; c < colonne_.size(); ++c) {
     const std::string& nome = colonne_[c].nome;
     voci_ += (c == 0 ? "" : ", ") + nome;
     if (c >= filtro.colonne.size() || filtro.colonne[c].empty()) continue;
-    const ColonnaCatalogo* colonna = tabella != nullptr ? tabella->Colonna(nome) : nullptr;
+    const sql::ColonnaCatalogo* colonna = tabella != nullptr ? tabella->Colonna(nome) : nullptr;
     if (colonna != nullptr && colonna->tipo == Tipo::Testo) {
-      Aggiungi(CriterioContiene(nome, filtro.colonne[c]));
+      Aggiungi(sql::CriterioContiene(nome, filtro.colonne[c]));
     } else {
       mostrate_.emplace_back(c, PerRicerca(filtro.colonne[c]));
     }
@@ -86,9 +86,9 @@ LetturaElenco::LetturaElenco(Ambiente& ambiente, const DescrizioneArchivio& desc
   tabella_ = descrizione.tabella;
   if (!descrizione.filtro.empty()) Aggiungi("(" + descrizione.filtro + ")");
   if (filtro.testo.empty()) return;
-  std::string cercata = CriterioContiene("Cod", filtro.testo);
+  std::string cercata = sql::CriterioContiene("Cod", filtro.testo);
   if (!descrizione.campoDescrizione.empty()) {
-    cercata += " or " + CriterioContiene(descrizione.campoDescrizione, filtro.testo);
+    cercata += " or " + sql::CriterioContiene(descrizione.campoDescrizione, filtro.testo);
   }
   Aggiungi("(" + cercata + ")");
 }
@@ -105,7 +105,7 @@ void LetturaElenco::Leggi(const std::string& confine, Verso verso, int massimo,
   sql += voci_ + " from " + tabella_;
   std::string dove = dove_;
   if (!confine.empty()) {
-    const std::string oltre = Criterio("Cod", verso == Verso::Avanti ? ">" : "<", confine);
+    const std::string oltre = sql::Criterio("Cod", verso == Verso::Avanti ? ">" : "<", confine);
     dove = dove.empty() ? oltre : oltre + " and " + dove;
   }
   if (!dove.empty()) sql += " where " + dove;
@@ -162,4 +162,4 @@ std::string ElencoArchivio::Precedente(const FiltroElenco& filtro, const std::st
   return Vicino({ambiente_, descrizione_, filtro}, codice, LetturaElenco::Verso::Indietro);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -6,7 +6,7 @@
 
 #include "core/archives/DescrizioneArchivio.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 /// Columns of the list: `Cod`, the description, then the fields marked `elenco`.
 std::vector<CampoArchivio> ColonneElenco(const DescrizioneArchivio& descrizione);
@@ -43,7 +43,7 @@ class ElencoArchivio {
 std::string MostraColonna(const CampoArchivio& colonna, const Valore& valore);
 
 /// Prints the list as filtered: company, title, day, columns. Progress can be cancelled.
-void StampaElencoArchivio(Ambiente& ambiente, FabbricaUscite& uscite,
+void StampaElencoArchivio(Ambiente& ambiente, reports::FabbricaUscite& uscite,
                           const DescrizioneArchivio& descrizione, const FiltroElenco& filtro);
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -5,7 +5,7 @@
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 namespace {
 
 auto Trovato(const std::vector<Coppia>& valori, std::string_view campo) {
@@ -81,7 +81,7 @@ Valore ContestoImporta::Campo(const std::string& tabella, const std::string& cod
 
 std::string ContestoImporta::Proposto(const std::string& tabella, const std::string& campo,
                                       const std::string& valore) {
-  const std::string criterio = Criterio(campo, "=", valore);
+  const std::string criterio = sql::Criterio(campo, "=", valore);
   const auto [posto, nuovo] = proposti_.try_emplace(tabella + " " + criterio);
   if (nuovo) {
     posto->second =
@@ -96,4 +96,4 @@ void ContestoImporta::Accolta(const RigaImporta& riga) {
   Tavola(riga.tabella)[SenzaMaiuscole(riga.Testo("Cod"))] = riga;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -13,7 +13,7 @@
 
 #include "core/session/Ambiente.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 /// A value that stands in files under several texts ("Patrimoniale" for "P").
 struct ValoreAmmesso {
@@ -94,4 +94,4 @@ struct GenereImporta {
   std::function<void(Ambiente&, const RigaImporta&)> conScrittura = {};
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -8,13 +8,13 @@
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 namespace {
 
 constexpr std::size_t kPassoAvanzamento = 100;
 
-const ColonnaCatalogo* ColonnaDi(Ambiente& ambiente, const std::string& tabella,
-                                 const std::string& campo) {
+const sql::ColonnaCatalogo* ColonnaDi(Ambiente& ambiente, const std::string& tabella,
+                                      const std::string& campo) {
   const auto* trovata = ambiente.ArchivioDi("tessarc").Catalogo().Tabella(tabella);
   return trovata == nullptr ? nullptr : trovata->Colonna(campo);
 }
@@ -281,7 +281,7 @@ Esito<bool> Importazione::ScriviRiga(const RigaImporta& riga) {
   } else {
     const std::string codice = riga.Testo("Cod");
     Rs record = archivio.Recordset("select * from " + riga.tabella + " where " +
-                                   Criterio("Cod", "=", codice));
+                                   sql::Criterio("Cod", "=", codice));
     if (auto preso = record.Edit(); !preso) {
       return Errore{"il codice " + codice + " (" + riga.tabella + ") è in modifica " +
                     preso.Errore().Descrizione() +
@@ -334,4 +334,4 @@ PulsanteArchivio PulsanteImporta(const std::string& genere) {
   return pulsante;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

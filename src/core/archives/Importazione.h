@@ -18,7 +18,7 @@
 #include "core/archives/LettoreValori.h"
 #include "core/session/Csv.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 struct ErroreImporta {
   std::size_t linea = 0;  ///< of the file, from 1; 0 for the whole file
@@ -103,4 +103,4 @@ class Importazione {
 /// The button of an archive's choice page that opens the import of that kind.
 PulsanteArchivio PulsanteImporta(const std::string& genere);
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

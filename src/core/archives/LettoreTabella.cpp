@@ -8,7 +8,7 @@
 #include "core/session/FileTesto.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 namespace {
 
 constexpr std::string_view kMarca = "\xEF\xBB\xBF";
@@ -125,4 +125,4 @@ Esito<TabellaCsv> LeggiTabella(const std::filesystem::path& file) {
   return LeggiTabellaDaTesto(testo.Valore());
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

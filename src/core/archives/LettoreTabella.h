@@ -10,7 +10,7 @@
 
 #include "core/session/Csv.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 inline constexpr std::size_t kMassimoRigheTabella = 200'000;
 
@@ -23,4 +23,4 @@ Esito<TabellaCsv> LeggiTabella(const std::filesystem::path& file);
 /// The same from the bytes of a file.
 Esito<TabellaCsv> LeggiTabellaDaTesto(std::string_view byte);
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -6,7 +6,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 namespace {
 
 constexpr int kGruppo = 3;       // digits between marks of thousands
@@ -244,4 +244,4 @@ Esito<Valore> LeggiValoreDiFile(std::string_view testo, const CampoImporta& camp
   return Valore(std::move(letto).Valore());
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -8,7 +8,7 @@
 #include "core/archives/GenereImporta.h"
 #include "core/values/Esito.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 /// What parts the decimals in a column of amounts, as far as its values tell.
 enum class Decimali { Ignoto, Virgola, Punto };
@@ -40,4 +40,4 @@ Esito<std::string> LeggiTestoDiFile(std::string_view testo, std::size_t massimo,
 Esito<Valore> LeggiValoreDiFile(std::string_view testo, const CampoImporta& campo, Tipo tipo,
                                 Decimali stile);
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -8,7 +8,7 @@
 
 #include "core/archives/ElencoArchivio.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 class LetturaElenco {
  public:
@@ -35,4 +35,4 @@ class LetturaElenco {
   std::vector<std::pair<std::size_t, std::string>> mostrate_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -6,7 +6,7 @@
 // Pieces of messages, joined when compiled.
 #define FENALTO_IN_QUANTO "non si può variare o eliminare il codice in quanto ci sono "
 
-namespace fenalto {
+namespace fenalto::archives {
 
 namespace {
 
@@ -136,9 +136,9 @@ std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view arch
   for (const Riferimento& r : kTavola) {
     if (!UgualeTesto(r.archivio, archivio)) continue;
     std::string sql = "select top 1 1 from ";
-    sql.append(r.tabella).append(" where ").append(Criterio(r.campo, "=", codice));
+    sql.append(r.tabella).append(" where ").append(sql::Criterio(r.campo, "=", codice));
     // A code that names itself may change: the reference goes with it.
-    if (UgualeTesto(r.tabella, archivio)) sql += " and " + Criterio("Cod", "<>", codice);
+    if (UgualeTesto(r.tabella, archivio)) sql += " and " + sql::Criterio("Cod", "<>", codice);
     if (*r.condizione != '\0') sql.append(" and ").append(r.condizione);
     if (!ambiente.ArchivioDi(r.chiave).Singolo(sql).Nullo()) return r.messaggio;
   }
@@ -151,13 +151,14 @@ void PortaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view
   for (const Riferimento& r : kTavola) {
     if (!UgualeTesto(r.archivio, archivio)) continue;
     std::string sql = "update ";
-    sql.append(r.tabella).append(" set ").append(r.campo).append("=").append(LetteraleSql(codice));
-    sql.append(" where ").append(Criterio(r.campo, "=", codicePrima));
+    sql.append(r.tabella).append(" set ").append(r.campo).append("=").append(
+        sql::LetteraleSql(codice));
+    sql.append(" where ").append(sql::Criterio(r.campo, "=", codicePrima));
     if (*r.condizione != '\0') sql.append(" and ").append(r.condizione);
     ambiente.ArchivioDi(r.chiave).Esegui(sql);
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives
 
 #undef FENALTO_IN_QUANTO

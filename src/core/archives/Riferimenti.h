@@ -11,7 +11,7 @@
 
 #include "core/session/Ambiente.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 /// A field that holds codes of an archive.
 struct Riferimento {
@@ -35,4 +35,4 @@ std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view arch
 void PortaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view codicePrima,
                  std::string_view codice);
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -8,7 +8,7 @@
 #include "core/reports/Cornice.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::archives {
 
 namespace {
 
@@ -27,29 +27,31 @@ bool Numerico(Tipo tipo) {
 
 class TabulatoArchivio {
  public:
-  TabulatoArchivio(Ambiente& ambiente, FabbricaUscite& uscite,
+  TabulatoArchivio(Ambiente& ambiente, reports::FabbricaUscite& uscite,
                    const DescrizioneArchivio& descrizione, const FiltroElenco& filtro)
       : ambiente_(ambiente),
         descrizione_(descrizione),
         filtro_(filtro),
         lettura_(ambiente, descrizione, filtro),
         stampa_(ambiente, uscite),
-        ditta_(LeggiDatiDitta(ambiente)) {}
+        ditta_(reports::LeggiDatiDitta(ambiente)) {}
 
   void Esegui() {
-    Cornice cornice;
+    reports::Cornice cornice;
     cornice.rapporto = "elenco " + descrizione_.finestra;
     cornice.titolo = descrizione_.titolo;
     cornice.larghezza = kLarghezzaMinima;
-    if (ApriStampa(stampa_, ambiente_, cornice) == ModoStampa::Fermata || !Misura()) return;
+    if (reports::ApriStampa(stampa_, ambiente_, cornice) == reports::ModoStampa::Fermata ||
+        !Misura())
+      return;
     Disponi();
     stampa_.Larghezza(larghezza_);
     stampa_.Intestazione([this] { Testata(); });
     if (!Righe()) return;
     stampa_.Riserva(2);
-    stampa_.Riga(Ripeti("-", larghezza_));
+    stampa_.Riga(reports::Ripeti("-", larghezza_));
     stampa_.Campo(1, "numero record: " + std::to_string(stampate_));
-    stampa_.Riga(Ripeti("$", larghezza_), {}, true);
+    stampa_.Riga(reports::Ripeti("$", larghezza_), {}, true);
     stampa_.Fine();
   }
 
@@ -100,7 +102,7 @@ class TabulatoArchivio {
     }
     larghezza_ = std::max(kLarghezzaMinima, Somma());
     for (const std::size_t larghezza : larghezze_) {
-      sagoma_ += (sagoma_.empty() ? "" : " ") + Ripeti("$", larghezza);
+      sagoma_ += (sagoma_.empty() ? "" : " ") + reports::Ripeti("$", larghezza);
     }
   }
   [[nodiscard]] std::size_t Somma() const {
@@ -125,9 +127,9 @@ class TabulatoArchivio {
   }
 
   void Testata() {
-    TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), larghezza_);
+    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), larghezza_);
     stampa_.Riga("");
-    const std::string intera = Ripeti("$", larghezza_);
+    const std::string intera = reports::Ripeti("$", larghezza_);
     stampa_.Campo(1, descrizione_.titolo);
     stampa_.Riga(intera, {}, true);
     if (!filtro_.Vuoto()) {
@@ -138,7 +140,7 @@ class TabulatoArchivio {
     const auto& colonne = lettura_.Colonne();
     for (std::size_t c = 0; c < colonne.size(); ++c) Cella(c, colonne[c].didascalia);
     stampa_.Riga(sagoma_);
-    stampa_.Riga(Ripeti("-", larghezza_));
+    stampa_.Riga(reports::Ripeti("-", larghezza_));
   }
 
   bool Righe() {
@@ -161,8 +163,8 @@ class TabulatoArchivio {
   const DescrizioneArchivio& descrizione_;
   const FiltroElenco& filtro_;
   LetturaElenco lettura_;
-  Stampa stampa_;
-  DatiDitta ditta_;
+  reports::Stampa stampa_;
+  reports::DatiDitta ditta_;
   std::vector<std::size_t> larghezze_;
   std::vector<bool> numeriche_;
   std::string sagoma_;
@@ -173,9 +175,9 @@ class TabulatoArchivio {
 
 }  // namespace
 
-void StampaElencoArchivio(Ambiente& ambiente, FabbricaUscite& uscite,
+void StampaElencoArchivio(Ambiente& ambiente, reports::FabbricaUscite& uscite,
                           const DescrizioneArchivio& descrizione, const FiltroElenco& filtro) {
   TabulatoArchivio(ambiente, uscite, descrizione, filtro).Esegui();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::archives

@@ -4,7 +4,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -81,4 +81,4 @@ std::string Ripeti(std::string_view carattere, std::size_t n) {
   return testo;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -9,7 +9,7 @@
 
 #include "core/reports/Stampa.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 /// The company as a heading names it, read from its settings.
 struct DatiDitta {
@@ -50,4 +50,4 @@ void TestataTesto(Stampa& stampa, Ambiente& ambiente, const DatiDitta& ditta, in
 /// `n` times a character (a letter of a picture may take more than a byte).
 std::string Ripeti(std::string_view carattere, std::size_t n);
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

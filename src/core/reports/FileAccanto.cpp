@@ -11,7 +11,7 @@
 
 #include "core/session/FileTesto.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace fs = std::filesystem;
 
@@ -107,4 +107,4 @@ void FileAccanto::Annulla() {
   if (errore_ == 0) errore_ = ECANCELED;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

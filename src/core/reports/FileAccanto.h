@@ -8,7 +8,7 @@
 
 #include "core/values/Esito.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 /// What isn't closed leaves nothing behind. The first failure is kept and told by Chiudi.
 class FileAccanto {
@@ -40,4 +40,4 @@ class FileAccanto {
   int errore_ = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -8,7 +8,7 @@
 #include "core/values/Esito.h"
 #include "core/values/Valore.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 struct ColonnaFoglio {
   std::string titolo;
@@ -32,4 +32,4 @@ Esito<bool> EsportaXlsx(const Foglio& foglio, const std::filesystem::path& file)
 /// = + - @ gets an apostrophe before it so that no spreadsheet runs it.
 Esito<bool> EsportaCsv(const Foglio& foglio, const std::filesystem::path& file);
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

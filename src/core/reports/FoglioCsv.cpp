@@ -5,7 +5,7 @@
 #include "core/reports/TestoStampato.h"
 #include "core/values/FormatoImporto.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -70,4 +70,4 @@ Esito<bool> EsportaCsv(const Foglio& foglio, const std::filesystem::path& file) 
   return uscita.Chiudi();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -13,7 +13,7 @@
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -191,4 +191,4 @@ Esito<bool> EsportaXlsx(const Foglio& foglio, const std::filesystem::path& file)
   return uscita.Chiudi();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -6,7 +6,7 @@
 #include "core/reports/Sagoma.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace fs = std::filesystem;
 
@@ -375,4 +375,4 @@ bool LettoreModello::ControllaPosto(const Posto& posto) {
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -12,7 +12,7 @@
 #include "core/reports/ModelloStampa.h"
 #include "core/reports/RigaModello.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 class LettoreModello {
  public:
@@ -73,4 +73,4 @@ class LettoreModello {
   std::string errore_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

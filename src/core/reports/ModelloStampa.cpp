@@ -7,7 +7,7 @@
 #include "core/session/FileTesto.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace fs = std::filesystem;
 
@@ -43,4 +43,4 @@ std::pair<int, int> ModelloStampa::LarghezzaCorpo() const {
   return {formato_.margine, formato_.larghezza - formato_.margine};
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -14,7 +14,7 @@
 #include "core/reports/Pagina.h"
 #include "core/values/Esito.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 /// A named field: its place, width, alignment, face and number format.
 struct CampoModello {
@@ -58,4 +58,4 @@ class ModelloStampa {
   int altezzaRiga_ = 450;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

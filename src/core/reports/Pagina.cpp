@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -23,4 +23,4 @@ void RisolviPagineTotali(Pagina& pagina, int totale) {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

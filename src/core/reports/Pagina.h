@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-namespace fenalto {
+namespace fenalto::reports {
 
 struct FormatoPagina {
   int larghezza = 21'000;  ///< A4 upright
@@ -102,4 +102,4 @@ struct Pagina {
 /// Puts the total in the place of kSegnoPagineTotali; with 0 the sign is left out.
 void RisolviPagineTotali(Pagina& pagina, int totale);
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

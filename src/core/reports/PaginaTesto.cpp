@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -33,4 +33,4 @@ DisposizioneTesto DisponiTesto(std::size_t caratteri, int passo) {
   return disposizione;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -9,7 +9,7 @@
 
 #include "core/reports/Pagina.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 inline constexpr int kPassoUsuale = 17;
 inline constexpr int kPassoMinimo = 4;
@@ -28,4 +28,4 @@ struct DisposizioneTesto {
 /// else on its side, else on its side at the widest pitch that holds them (at most kPassoMassimo).
 [[nodiscard]] DisposizioneTesto DisponiTesto(std::size_t caratteri, int passo);
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -4,7 +4,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -168,4 +168,4 @@ Esito<AttributiModello> LeggiAttributi(const std::vector<ParolaModello>& parole,
   return LetturaAttributi(parole, n, carattere).Leggi(ammessi);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

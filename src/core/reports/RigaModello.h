@@ -10,7 +10,7 @@
 #include "core/reports/Pagina.h"
 #include "core/values/Esito.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 struct ParolaModello {
   std::string testo;
@@ -40,4 +40,4 @@ struct AttributiModello {
 Esito<AttributiModello> LeggiAttributi(const std::vector<ParolaModello>& parole, std::size_t n,
                                        std::string_view ammessi, const Carattere& carattere);
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

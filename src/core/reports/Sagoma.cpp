@@ -9,7 +9,7 @@
 #include "core/reports/TestoStampato.h"
 #include "core/values/Lettere.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -268,4 +268,4 @@ std::string PictureImporto(std::string_view sagoma, bool euro) {
   return nuova;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -22,7 +22,7 @@
 
 #include "core/values/Valore.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 class Sagoma {
  public:
@@ -62,4 +62,4 @@ class Sagoma {
 /// when n is greater than its 16.
 std::string PictureImporto(std::string_view sagoma, bool euro);
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -12,7 +12,7 @@
 #include "core/reports/TestoStampato.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -151,7 +151,7 @@ struct Stampa::Interno {
   }
 
   void MettiCampo(std::string_view nome, const Valore& valore, int yRiga, const Rinvio& rinvio) {
-    const fenalto::CampoModello* campo = modello->Campo(nome);
+    const reports::CampoModello* campo = modello->Campo(nome);
     if (campo == nullptr || valore.Nullo()) return;
     Scritta scritta;
     scritta.x = campo->x;
@@ -398,4 +398,4 @@ bool Stampa::Fine() {
   return riuscito;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -24,7 +24,7 @@
 #include "core/reports/Uscita.h"
 #include "core/session/Ambiente.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 class Stampa {
  public:
@@ -103,4 +103,4 @@ class Stampa {
   std::unique_ptr<Interno> interno_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -5,7 +5,7 @@
 #include "core/values/FormatoImporto.h"
 #include "core/values/Lettere.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -76,4 +76,4 @@ bool Numerico(const Valore& valore) {
   return tipo == Tipo::Intero || tipo == Tipo::Importo || tipo == Tipo::Reale;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -7,7 +7,7 @@
 
 #include "core/values/Valore.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 /// A value as a reader expects it where no picture says how: dates gg/mm/aaaa, amounts with a comma
 /// and the decimals they have, no marks of thousands, yes-no as "Sì" and "No", Null and the null
@@ -22,4 +22,4 @@ std::size_t AccodaPulito(std::string& riga, std::string_view testo,
 /// Whether the value is a number, which must not be cut.
 [[nodiscard]] bool Numerico(const Valore& valore);
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

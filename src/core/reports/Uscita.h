@@ -10,7 +10,7 @@
 #include "core/session/Porte.h"
 #include "core/values/Esito.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 class Uscita {
  public:
@@ -77,4 +77,4 @@ class FabbricaUscite {
   virtual std::unique_ptr<Uscita> Crea(const SceltaUscita& scelta, const std::string& rapporto) = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

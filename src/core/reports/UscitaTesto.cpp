@@ -3,7 +3,7 @@
 #include "core/reports/FileAccanto.h"
 #include "core/reports/Uscita.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 struct UscitaTesto::Interno {
   explicit Interno(std::filesystem::path percorso) : file(std::move(percorso)) {}
@@ -39,4 +39,4 @@ void UscitaTesto::Annulla() {
   interno_->file.Annulla();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace fenalto {
+namespace fenalto::reports {
 
 namespace {
 
@@ -120,4 +120,4 @@ bool XlsxIntero(const std::filesystem::path& percorso) {
   return file && parti > 0 && Numero(testa, 0, kFirma) == kFirmaIndice;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -48,7 +48,8 @@ bool Sincronizza(const fs::path& percorso) noexcept {
 }
 
 std::string DelRecord(const std::string& tipo, std::int64_t idRecord) {
-  return " where " + Criterio("Tipo", "=", tipo) + " and " + Criterio("IdRecord", "=", idRecord);
+  return " where " + sql::Criterio("Tipo", "=", tipo) + " and " +
+         sql::Criterio("IdRecord", "=", idRecord);
 }
 
 }  // namespace
@@ -158,7 +159,7 @@ Esito<bool> Allegati::Togli(std::size_t indice) {
   if (allegato.num != 0) {
     try {
       ambiente_.ArchivioDi("tessarc").Esegui("delete * from Allegati where " +
-                                             Criterio("Num", "=", allegato.num));
+                                             sql::Criterio("Num", "=", allegato.num));
     } catch (const ErroreArchivio& e) {
       return Errore{std::string("il documento è ancora allegato: ") + e.what()};
     }
@@ -172,8 +173,9 @@ Esito<bool> Allegati::Togli(std::size_t indice) {
 void Allegati::Scrivi(std::int64_t idRecord, std::string_view seconda) {
   const std::string testo = Testo(seconda);
   if (idRecord_ != 0) {
-    ambiente_.ArchivioDi("tessarc").Esegui(
-        "update Allegati set " + Criterio("Descrizione", "=", testo) + DelRecord(tipo_, idRecord));
+    ambiente_.ArchivioDi("tessarc").Esegui("update Allegati set " +
+                                           sql::Criterio("Descrizione", "=", testo) +
+                                           DelRecord(tipo_, idRecord));
   }
   for (const Allegato& allegato : elenco_) {
     if (allegato.num != 0) continue;

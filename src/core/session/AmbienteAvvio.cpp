@@ -65,7 +65,7 @@ Esito<bool> Ambiente::Interno::ScegliAnno(Sessione& sessione, int anno) {
   sessione.anni = LeggiAnni(*sessione.basi);
   sessione.anno = scelto.Valore();
   sessione.euro = Nz(sessione.basi->Tessarc().Singolo("select Euro from Anni where " +
-                                                      Criterio("Anno", "=", sessione.anno)))
+                                                      sql::Criterio("Anno", "=", sessione.anno)))
                       .Booleano();
   return true;
 }
@@ -107,7 +107,7 @@ Esito<bool> Ambiente::Interno::Accedi(Sessione& s, const std::string& cod,
   if (!s.serveAccesso) return true;
   if (tentativiErrati >= kTentativiLiberi) opzioni.attendi(AttesaDopo(tentativiErrati));
   return LetturaProtetta<bool>([&]() -> Esito<bool> {
-    Rs rs = s.basi->Tessarc().Recordset("select * from Ut where " + Criterio("Cod", "=", cod));
+    Rs rs = s.basi->Tessarc().Recordset("select * from Ut where " + sql::Criterio("Cod", "=", cod));
     const bool esiste = !rs.Eof();
     // An unknown user takes as long as a known one, so that the time doesn't tell them apart.
     const std::string hash = esiste ? rs.Fields("Password").Testo() : Utenti::HashDiNessuno();

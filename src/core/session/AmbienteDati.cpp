@@ -21,7 +21,7 @@ std::string Interrogazione(std::initializer_list<std::string_view> inizio,
   for (const std::string_view pezzo : inizio) sql.append(pezzo);
   const char* congiunzione = " where ";
   for (const auto& [campo, valore] : condizioni) {
-    sql.append(congiunzione).append(Criterio(campo, "=", valore));
+    sql.append(congiunzione).append(sql::Criterio(campo, "=", valore));
     congiunzione = " and ";
   }
   return sql;

@@ -81,12 +81,12 @@ void CaricaTabella(Archivio& archivio, const fs::path& file) {
   if (!testo) throw Impossibile(testo.Errore().messaggio);
   const auto csv = LeggiCsv(testo.Valore());
   if (!csv) throw guasto(csv.Errore().messaggio);
-  const TabellaCatalogo* tabella = archivio.Catalogo().Tabella(file.stem().string());
+  const sql::TabellaCatalogo* tabella = archivio.Catalogo().Tabella(file.stem().string());
   if (tabella == nullptr) throw guasto("non c'è nessuna tabella di questo nome");
   std::vector<Coppia> campi;
   std::vector<Tipo> tipi;
   for (const std::string& nome : csv.Valore().nomi) {
-    const ColonnaCatalogo* colonna = tabella->Colonna(nome);
+    const sql::ColonnaCatalogo* colonna = tabella->Colonna(nome);
     if (colonna == nullptr) throw guasto("riga 1: la tabella non ha il campo «" + nome + "»");
     campi.emplace_back(nome, Valore());
     tipi.push_back(colonna->tipo);

@@ -7,9 +7,9 @@
 
 namespace fenalto {
 
-Scheda::Scheda(const TabellaCatalogo& tabella) {
+Scheda::Scheda(const sql::TabellaCatalogo& tabella) {
   campi_.reserve(tabella.colonne.size());
-  for (const ColonnaCatalogo& colonna : tabella.colonne) {
+  for (const sql::ColonnaCatalogo& colonna : tabella.colonne) {
     if (colonna.nascosta) continue;
     Campo campo;
     campo.nome = colonna.nome;

@@ -15,7 +15,7 @@ class Scheda {
  public:
   Scheda() = default;
   /// The visible columns of a table, all empty.
-  explicit Scheda(const TabellaCatalogo& tabella);
+  explicit Scheda(const sql::TabellaCatalogo& tabella);
   /// A field that isn't a column of the table.
   void Aggiungi(std::string nome, Tipo tipo);
 

@@ -25,7 +25,7 @@ void PreparaLibreria() {
 }
 
 std::string DelCodice(const std::string& cod) {
-  return " where " + Criterio("Cod", "=", cod);
+  return " where " + sql::Criterio("Cod", "=", cod);
 }
 
 std::int64_t Quanti(Archivio& archivio, const std::string& condizione) {
@@ -33,8 +33,8 @@ std::int64_t Quanti(Archivio& archivio, const std::string& condizione) {
 }
 
 std::int64_t AltriConTutto(Archivio& archivio, const std::string& cod) {
-  return Quanti(archivio, " where " + Criterio("Livello", "=", kTutto) + " and " +
-                              Criterio("Cod", "<>", cod));
+  return Quanti(archivio, " where " + sql::Criterio("Livello", "=", kTutto) + " and " +
+                              sql::Criterio("Cod", "<>", cod));
 }
 
 /// What the fields alone can be refused for.
@@ -95,10 +95,10 @@ Esito<bool> Utenti::Salva(const std::string& codiceAttuale, const Utente& utente
                               {"Livello", utente.livello},
                               {"Password", hash}});
   } else {
-    std::string sql = "update Ut set " + Criterio("Cod", "=", utente.cod) + "," +
-                      Criterio("Descrizione", "=", utente.descrizione) + "," +
-                      Criterio("Livello", "=", utente.livello);
-    if (!hash.empty()) sql += "," + Criterio("Password", "=", hash);
+    std::string sql = "update Ut set " + sql::Criterio("Cod", "=", utente.cod) + "," +
+                      sql::Criterio("Descrizione", "=", utente.descrizione) + "," +
+                      sql::Criterio("Livello", "=", utente.livello);
+    if (!hash.empty()) sql += "," + sql::Criterio("Password", "=", hash);
     archivio.Esegui(sql + DelCodice(codiceAttuale));
   }
   transazione.Conferma();

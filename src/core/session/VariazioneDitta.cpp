@@ -65,7 +65,7 @@ bool Acceso(const std::string& testo) {
 }
 
 std::string DelAnno(int anno) {
-  return " where " + Criterio("Anno", "=", Valore(anno));
+  return " where " + sql::Criterio("Anno", "=", Valore(anno));
 }
 
 const CampoVariazione* CampoDi(std::string_view nome) {
@@ -174,7 +174,7 @@ bool VariazioneDitta::Conferma() {
   {
     Transazione transazione(ambiente_.Basi(), Transazione::Ambito::Tessarc);
     ambiente_.ArchivioDi("tessarc").Esegui(
-        "update Anni set " + Criterio("IvaTrimestrale", "=", dati_.Leggi(kIvaTrimestrale)) +
+        "update Anni set " + sql::Criterio("IvaTrimestrale", "=", dati_.Leggi(kIvaTrimestrale)) +
         DelAnno(ambiente_.Anno()));
     transazione.Conferma();
   }

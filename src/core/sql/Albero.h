@@ -14,7 +14,7 @@
 #include "core/sql/Funzioni.h"
 #include "core/sql/Traduttore.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 /// Nesting of parentheses, operators and subqueries beyond which a text is refused.
 inline constexpr int kProfonditaMassima = 200;
@@ -207,4 +207,4 @@ EsprPtr NuovaEspr(GenereEspr genere, std::size_t posizione);
 /// Appends a child; refuses a tree too deep.
 void Aggiungi(Espr& padre, EsprPtr figlio);
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -2,7 +2,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 const ColonnaCatalogo* TabellaCatalogo::Colonna(std::string_view nomeColonna) const {
   for (const ColonnaCatalogo& colonna : colonne) {
@@ -11,4 +11,4 @@ const ColonnaCatalogo* TabellaCatalogo::Colonna(std::string_view nomeColonna) co
   return nullptr;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -7,7 +7,7 @@
 
 #include "core/values/Valore.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 struct ColonnaCatalogo {
   std::string nome;
@@ -55,4 +55,4 @@ class Catalogo {
   [[nodiscard]] virtual const VistaCatalogo* Vista(std::string_view nome) const = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

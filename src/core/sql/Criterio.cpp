@@ -5,7 +5,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -54,4 +54,4 @@ std::string CriterioInizia(std::string_view campo, std::string_view testo) {
   return "IniziaRicerca(" + std::string(campo) + ", " + TraApici(PerRicerca(testo)) + ")";
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -6,7 +6,7 @@
 
 #include "core/values/Valore.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 /// `campo operatore valore` in the dialect: a text quoted with its quotes doubled, a date as
 /// #mm/dd/yyyy#, numbers as they are with a point, yes-no as True or False; Null gives
@@ -21,4 +21,4 @@ std::string CriterioInizia(std::string_view campo, std::string_view testo);
 /// A value as it is written in SQL text.
 std::string LetteraleSql(const Valore& valore);
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

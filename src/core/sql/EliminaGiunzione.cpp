@@ -5,7 +5,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -231,4 +231,4 @@ void EliminaGiunzioni(Selezione& selezione) {
   if (selezione.da) Visita(selezione, selezione.da);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

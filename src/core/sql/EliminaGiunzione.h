@@ -7,9 +7,9 @@
 
 #include "core/sql/Albero.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 /// Rewrites a bound SELECT in place; leaves it alone when nothing can be dropped.
 void EliminaGiunzioni(Selezione& selezione);
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -1,6 +1,6 @@
 #include "core/sql/Emettitore.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -172,4 +172,4 @@ void Emettitore::EmettiDa(const Da& da) {
   Scrivi(" AS " + NomeFonte(*da.fonte));
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

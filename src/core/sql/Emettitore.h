@@ -8,7 +8,7 @@
 
 #include "core/sql/Albero.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 class Emettitore {
  public:
@@ -52,4 +52,4 @@ class Emettitore {
   std::unordered_map<std::size_t, std::size_t> numeri_;  ///< literal and binding: parameter
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -3,7 +3,7 @@
 #include "core/sql/Emettitore.h"
 #include "core/sql/Motore.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -340,4 +340,4 @@ void Emettitore::EmettiAggregato(const Espr& e) {
   Scrivi(")");
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

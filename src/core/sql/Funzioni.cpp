@@ -9,7 +9,7 @@
 #include "core/values/Testo.h"
 #include "core/values/Valore.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -328,4 +328,4 @@ std::int64_t MediaImporti(Intero128 somma, std::int64_t conta) {
   return static_cast<std::int64_t>(QuozienteVicino(somma, conta));
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

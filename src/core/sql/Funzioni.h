@@ -11,7 +11,7 @@
 
 #include "core/values/Intero128.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 /// A value as the engine holds it. A text is a view: on the row, a literal or the Deposito.
 struct Cella {
@@ -138,4 +138,4 @@ std::int64_t InteroVicino(double valore);
 /// Mean of `conta` amounts that sum to `somma` (128 bits, so that it can't overflow), ties to even.
 std::int64_t MediaImporti(Intero128 somma, std::int64_t conta);
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -7,7 +7,7 @@
 #include "core/values/Data.h"
 #include "core/values/Testo.h"
 
-namespace fenalto::funzioni {
+namespace fenalto::sql::funzioni {
 
 namespace {
 
@@ -163,4 +163,4 @@ Cella TestoData(Argomenti a, Deposito& d) {
   return Cella::DiTesto(d.Tieni(DataDi(a[0]).Testo()));
 }
 
-}  // namespace fenalto::funzioni
+}  // namespace fenalto::sql::funzioni

@@ -3,7 +3,7 @@
 
 #include "core/sql/Funzioni.h"
 
-namespace fenalto::funzioni {
+namespace fenalto::sql::funzioni {
 
 using Argomenti = std::span<const Cella>;
 
@@ -33,4 +33,4 @@ Cella Mese(Argomenti a, Deposito& d);
 Cella Giorno(Argomenti a, Deposito& d);
 Cella TestoData(Argomenti a, Deposito& d);
 
-}  // namespace fenalto::funzioni
+}  // namespace fenalto::sql::funzioni

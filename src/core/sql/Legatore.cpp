@@ -8,7 +8,7 @@
 #include "core/sql/Tipi.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -393,4 +393,4 @@ void VerificaGruppi(const Espr& espr, const Selezione& s) {
   for (const EsprPtr& figlio : espr.figli) VerificaGruppi(*figlio, s);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -9,7 +9,7 @@
 
 #include "core/sql/Albero.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 class Legatore {
  public:
@@ -100,4 +100,4 @@ std::string TraVirgolette(std::string_view nome);
 /// Names joined by commas, for a message.
 std::string Elenco(const std::vector<std::string>& nomi);
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

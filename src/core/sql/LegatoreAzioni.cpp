@@ -6,7 +6,7 @@
 #include "core/sql/Tipi.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -125,4 +125,4 @@ void Legatore::ScegliColonne(Albero& albero, const TabellaCatalogo& tabella, std
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

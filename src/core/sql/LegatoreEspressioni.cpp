@@ -5,7 +5,7 @@
 #include "core/sql/Tipi.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -201,4 +201,4 @@ void Legatore::LegaSottoQuery(Espr& e, const Ambito& ambito) {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

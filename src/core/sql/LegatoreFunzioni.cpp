@@ -6,7 +6,7 @@
 #include "core/sql/Lessico.h"
 #include "core/sql/Tipi.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -229,4 +229,4 @@ bool Legatore::LegaAggregato(EsprPtr& espr, const Ambito& ambito) {
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstring>
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -384,4 +384,4 @@ Esito<Forma, ErroreSql> FormaDi(std::string_view testo) {
   return forma;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -9,7 +9,7 @@
 
 #include "core/sql/Traduttore.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 enum class GenereSegno : std::uint8_t {
   Fine,
@@ -101,4 +101,4 @@ std::string_view PrefissoDi(std::string_view modello);
 /// Equal without case, ASCII only: keywords.
 bool ParolaUguale(std::string_view parola, std::string_view minuscola) noexcept;
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -13,7 +13,7 @@
 #include "core/sql/Funzioni.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -197,4 +197,4 @@ void RegistraMotore(sqlite3* connessione) {
   RegistraAggregato(connessione, "fen_ultimo", EstremoPasso<true>, EstremoFine);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

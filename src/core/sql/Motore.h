@@ -4,7 +4,7 @@
 
 struct sqlite3;
 
-namespace fenalto {
+namespace fenalto::sql {
 
 /// Name of the collation that text columns are declared with.
 inline constexpr const char* kCollazione = "FENALTO";
@@ -12,4 +12,4 @@ inline constexpr const char* kCollazione = "FENALTO";
 /// Registers collation and functions on a connection; throws std::runtime_error when refused.
 void RegistraMotore(sqlite3* connessione);
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -49,7 +49,7 @@ void Aggiungi(Espr& padre, EsprPtr figlio) {
 Parser::Livello::Livello(Parser& parser) : parser_(parser) {
   if (++parser_.livello_ > kProfonditaMassima) {
     --parser_.livello_;
-    fenalto::Rifiuta(parser_.Qui().posizione, "testo troppo annidato");
+    sql::Rifiuta(parser_.Qui().posizione, "testo troppo annidato");
   }
 }
 
@@ -84,7 +84,7 @@ bool Parser::Prendi(std::string_view parola) {
 }
 
 void Parser::Inatteso(const char* atteso) const {
-  fenalto::Rifiuta(Qui().posizione, std::string("qui serve ") + atteso + ", non " + Mostra(Qui()));
+  sql::Rifiuta(Qui().posizione, std::string("qui serve ") + atteso + ", non " + Mostra(Qui()));
 }
 
 void Parser::Pretendi(char simbolo) {
@@ -114,7 +114,7 @@ std::string_view Parser::PretendiNome(const char* cosa) {
 void Parser::PretendiFine() {
   Prendi(';');
   if (Qui().genere != GenereSegno::Fine) {
-    fenalto::Rifiuta(Qui().posizione, "testo dopo la fine dell'istruzione: " + Mostra(Qui()));
+    sql::Rifiuta(Qui().posizione, "testo dopo la fine dell'istruzione: " + Mostra(Qui()));
   }
 }
 
@@ -133,10 +133,10 @@ Albero Parser::LeggiIstruzione() {
                          (Dopo().simbolo == ';' && Dopo().genere == GenereSegno::Simbolo))) {
     LeggiTabella(albero);
   } else if (Qui().genere == GenereSegno::Fine) {
-    fenalto::Rifiuta(0, "testo vuoto");
+    sql::Rifiuta(0, "testo vuoto");
   } else {
-    fenalto::Rifiuta(Qui().posizione, "istruzione che il linguaggio non ha: " + Mostra(Qui()) +
-                                          "; ci sono SELECT, INSERT, UPDATE e DELETE");
+    sql::Rifiuta(Qui().posizione, "istruzione che il linguaggio non ha: " + Mostra(Qui()) +
+                                      "; ci sono SELECT, INSERT, UPDATE e DELETE");
   }
   PretendiFine();
   albero_ = nullptr;
@@ -178,7 +178,7 @@ void Parser::LeggiCancellazione(Albero& albero) {
   albero.tabella = PretendiNome("il nome di una tabella");
   albero.alias = LeggiAlias();
   if (E(',') || E("inner") || E("left") || E("right") || E("join")) {
-    fenalto::Rifiuta(Qui().posizione, "DELETE cancella da una tabella sola: usare WHERE ... IN");
+    sql::Rifiuta(Qui().posizione, "DELETE cancella da una tabella sola: usare WHERE ... IN");
   }
   if (Prendi("where")) albero.dove = LeggiEspr();
 }
@@ -190,7 +190,7 @@ void Parser::LeggiAggiornamento(Albero& albero) {
   albero.tabella = PretendiNome("il nome di una tabella");
   if (!E("set")) albero.alias = LeggiAlias();
   if (E(',') || E("inner") || E("left") || E("right") || E("join")) {
-    fenalto::Rifiuta(Qui().posizione, "UPDATE aggiorna una tabella sola");
+    sql::Rifiuta(Qui().posizione, "UPDATE aggiorna una tabella sola");
   }
   Pretendi("set");
   do {
@@ -235,7 +235,7 @@ void Parser::LeggiInserimento(Albero& albero) {
       albero.valori.push_back(LeggiEspr());
     } while (Prendi(','));
     Pretendi(')');
-    if (E(',')) fenalto::Rifiuta(Qui().posizione, "VALUES inserisce una riga sola");
+    if (E(',')) sql::Rifiuta(Qui().posizione, "VALUES inserisce una riga sola");
     return;
   }
   if (!E("select") && !E('(')) Inatteso("VALUES o SELECT");
@@ -250,8 +250,7 @@ std::unique_ptr<Query> Parser::LeggiQuery() {
     query = LeggiQuery();
     Pretendi(')');
     if (E("union") || E("order")) {
-      fenalto::Rifiuta(Qui().posizione,
-                       "SELECT tra parentesi seguita da altro: togliere le parentesi");
+      sql::Rifiuta(Qui().posizione, "SELECT tra parentesi seguita da altro: togliere le parentesi");
     }
     return query;
   }
@@ -279,14 +278,14 @@ std::unique_ptr<Selezione> Parser::LeggiRamo() {
     const std::string_view g = Qui().grezzo;
     const auto esito = std::from_chars(g.data(), g.data() + g.size(), n);
     if (esito.ec != std::errc() || esito.ptr != g.data() + g.size() || n < 0) {
-      fenalto::Rifiuta(Qui().posizione, "TOP vuole un numero intero");
+      sql::Rifiuta(Qui().posizione, "TOP vuole un numero intero");
     }
     Avanza();
-    if (E("percent")) fenalto::Rifiuta(Qui().posizione, "TOP n PERCENT non c'è nel linguaggio");
+    if (E("percent")) sql::Rifiuta(Qui().posizione, "TOP n PERCENT non c'è nel linguaggio");
     s->primi = n;
   }
   LeggiVoci(*s);
-  if (E("into")) fenalto::Rifiuta(Qui().posizione, "SELECT INTO non c'è nel linguaggio");
+  if (E("into")) sql::Rifiuta(Qui().posizione, "SELECT INTO non c'è nel linguaggio");
   if (Prendi("from")) s->da = LeggiDa();
   if (Prendi("where")) s->dove = LeggiEspr();
   if (Prendi("group")) {
@@ -375,7 +374,7 @@ bool Parser::LeggiTipoGiunzione(TipoGiunzione& tipo, bool& scambia) {
   tipo = TipoGiunzione::Interna;
   if (E("full") || E("cross") || E("natural")) {
     if (EParola(Dopo(), "join") || EParola(Dopo(), "outer")) {
-      fenalto::Rifiuta(Qui().posizione, "giunzione che il linguaggio non ha: " + Mostra(Qui()));
+      sql::Rifiuta(Qui().posizione, "giunzione che il linguaggio non ha: " + Mostra(Qui()));
     }
     return false;
   }
@@ -441,4 +440,4 @@ std::string_view Parser::LeggiAlias() {
   return PretendiNome("un nome");
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -7,7 +7,7 @@
 #include "core/sql/Albero.h"
 #include "core/sql/Lessico.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 class Parser {
  public:
@@ -95,4 +95,4 @@ class Parser {
   Albero* albero_ = nullptr;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -1,6 +1,6 @@
 #include "core/sql/Parser.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 EsprPtr Parser::LeggiEspr() {
   const Livello livello(*this);
@@ -14,7 +14,7 @@ EsprPtr Parser::LeggiCatena(GenereEspr genere) {
   const std::string_view parola = e ? "and" : "or";
   if (!E(parola)) {
     if (!e && (E("xor") || E("eqv") || E("imp"))) {
-      fenalto::Rifiuta(Qui().posizione, "operatore che il linguaggio non ha");
+      sql::Rifiuta(Qui().posizione, "operatore che il linguaggio non ha");
     }
     return primo;
   }
@@ -42,7 +42,7 @@ EsprPtr Parser::LeggiConfronto() {
       confronto->operatore = Qui().simbolo;
       Avanza();
       if (E("all") || E("any") || E("some")) {
-        fenalto::Rifiuta(Qui().posizione, "ALL, ANY e SOME non ci sono nel linguaggio");
+        sql::Rifiuta(Qui().posizione, "ALL, ANY e SOME non ci sono nel linguaggio");
       }
       Aggiungi(*confronto, std::move(espr));
       Aggiungi(*confronto, LeggiAritmetica(0));
@@ -141,7 +141,7 @@ EsprPtr Parser::LeggiAritmetica(int livello) {
     espr = std::move(nodo);
   }
   if (E('^')) {
-    fenalto::Rifiuta(Qui().posizione, "la potenza ^ non c'è nel linguaggio");
+    sql::Rifiuta(Qui().posizione, "la potenza ^ non c'è nel linguaggio");
   }
   return espr;
 }
@@ -204,7 +204,7 @@ EsprPtr Parser::LeggiParentesi() {
     espr = LeggiEspr();
   }
   if (!E(')')) {
-    if (Qui().genere == GenereSegno::Fine) fenalto::Rifiuta(posizione, "parentesi non chiusa");
+    if (Qui().genere == GenereSegno::Fine) sql::Rifiuta(posizione, "parentesi non chiusa");
     Inatteso("\")\"");
   }
   Avanza();
@@ -247,7 +247,7 @@ EsprPtr Parser::LeggiChiamata(const Segno& nome) {
     return espr;
   }
   if (E("distinct")) {
-    fenalto::Rifiuta(Qui().posizione, "DISTINCT dentro una funzione non c'è nel linguaggio");
+    sql::Rifiuta(Qui().posizione, "DISTINCT dentro una funzione non c'è nel linguaggio");
   }
   do {
     Aggiungi(*espr, LeggiEspr());
@@ -270,4 +270,4 @@ EsprPtr Parser::LeggiLetterale() {
   return espr;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

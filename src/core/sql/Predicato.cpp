@@ -9,7 +9,7 @@
 #include "core/sql/Parser.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 /// What the evaluator keeps of a bound expression. Nodes don't move: a constant's text is a view.
 struct Predicato::Nodo {
@@ -294,4 +294,4 @@ bool Predicato::Vale(std::span<const Valore> riga) const {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

@@ -11,7 +11,7 @@
 
 #include "core/sql/Traduttore.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 class Predicato {
  public:
@@ -37,4 +37,4 @@ class Predicato {
   std::optional<std::vector<std::pair<std::size_t, Valore>>> uguaglianze_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

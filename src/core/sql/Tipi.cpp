@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace fenalto {
+namespace fenalto::sql {
 
 namespace {
 
@@ -425,4 +425,4 @@ void LegaAritmetica(EsprPtr& e) {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

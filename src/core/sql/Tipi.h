@@ -6,7 +6,7 @@
 
 #include "core/sql/Albero.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 /// "un importo", "un testo"... for messages.
 std::string_view NomeTipo(Tipo tipo);
@@ -37,4 +37,4 @@ void TipoNaturale(Espr& letterale);
 /// Binds + - * / \ Mod & and the unary minus, whose operands are bound already.
 void LegaAritmetica(EsprPtr& espr);
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

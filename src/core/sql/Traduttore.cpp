@@ -10,7 +10,7 @@
 #include "core/sql/Parser.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 std::string ErroreSql::Messaggio(std::string_view testo) const {
   constexpr std::size_t kIntorno = 40;
@@ -160,4 +160,4 @@ Esito<Valore, ErroreSql> ValoreLegato(const Letterale& letterale, Legame legame)
   return Numero(letterale, legame);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

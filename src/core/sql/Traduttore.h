@@ -18,7 +18,7 @@
 #include "core/values/Esito.h"
 #include "core/values/Valore.h"
 
-namespace fenalto {
+namespace fenalto::sql {
 
 /// A statement that the dialect refuses: the reason in Italian, and where in the text (from 0).
 struct ErroreSql {
@@ -92,4 +92,4 @@ Esito<Istruzione, ErroreSql> Traduci(std::string_view testo, const Catalogo& cat
 /// with an amount, #13/45/2024#).
 Esito<Valore, ErroreSql> ValoreLegato(const Letterale& letterale, Legame legame);
 
-}  // namespace fenalto
+}  // namespace fenalto::sql

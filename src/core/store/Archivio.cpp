@@ -11,14 +11,14 @@ namespace {
 
 using Causa = ErroreArchivio::Causa;
 
-Forma FormaOErrore(std::string_view sql) {
-  auto forma = FormaDi(sql);
+sql::Forma FormaOErrore(std::string_view sql) {
+  auto forma = sql::FormaDi(sql);
   if (!forma) throw ErroreArchivio(Causa::Sql, forma.Errore().Messaggio(sql));
   return std::move(forma).Valore();
 }
 
-void VerificaSelezione(const Istruzione& istruzione, std::string_view sql) {
-  if (istruzione.genere == Istruzione::Genere::Selezione) return;
+void VerificaSelezione(const sql::Istruzione& istruzione, std::string_view sql) {
+  if (istruzione.genere == sql::Istruzione::Genere::Selezione) return;
   throw ErroreArchivio(Causa::Sql,
                        "un risultato si apre solo su SELECT, non su «" + std::string(sql) + "»");
 }
@@ -33,7 +33,7 @@ Archivio::~Archivio() {
 
 Rs Archivio::Recordset(std::string_view sql) {
   DatiArchivio& dati = *interno_->dati;
-  Forma forma = FormaOErrore(sql);
+  sql::Forma forma = FormaOErrore(sql);
   Preparata preparata = dati.PreparaForma(sql, forma);
   VerificaSelezione(preparata.Disegno()->istr, sql);
   auto interno =
@@ -52,10 +52,10 @@ Rs Archivio::Vista(std::string_view nome) {
 
 std::int64_t Archivio::Esegui(std::string_view sql) {
   DatiArchivio& dati = *interno_->dati;
-  const Forma forma = FormaOErrore(sql);
+  const sql::Forma forma = FormaOErrore(sql);
   const Preparata preparata = dati.PreparaForma(sql, forma);
-  const Istruzione& istruzione = preparata.Disegno()->istr;
-  if (istruzione.genere == Istruzione::Genere::Selezione) {
+  const sql::Istruzione& istruzione = preparata.Disegno()->istr;
+  if (istruzione.genere == sql::Istruzione::Genere::Selezione) {
     throw ErroreArchivio(Causa::Sql, "Esegui non accetta una SELECT: «" + std::string(sql) + "»");
   }
   LegaLetterali(preparata.Motore(), istruzione, forma, sql);
@@ -65,9 +65,9 @@ std::int64_t Archivio::Esegui(std::string_view sql) {
 
 Valore Archivio::Singolo(std::string_view sql) {
   DatiArchivio& dati = *interno_->dati;
-  const Forma forma = FormaOErrore(sql);
+  const sql::Forma forma = FormaOErrore(sql);
   const Preparata preparata = dati.PreparaForma(sql, forma);
-  const Istruzione& istruzione = preparata.Disegno()->istr;
+  const sql::Istruzione& istruzione = preparata.Disegno()->istr;
   VerificaSelezione(istruzione, sql);
   LegaLetterali(preparata.Motore(), istruzione, forma, sql);
   dati.nucleo->PrimaDiEseguire();
@@ -90,7 +90,7 @@ const std::filesystem::path& Archivio::Percorso() const {
   return interno_->dati->percorso;
 }
 
-const fenalto::Catalogo& Archivio::Catalogo() const {
+const sql::Catalogo& Archivio::Catalogo() const {
   return interno_->dati->catalogo;
 }
 

@@ -52,7 +52,7 @@ class Archivio {
                           std::string_view tabella, const std::vector<Coppia>& condizioni);
 
   [[nodiscard]] const std::filesystem::path& Percorso() const;
-  [[nodiscard]] const fenalto::Catalogo& Catalogo() const;
+  [[nodiscard]] const sql::Catalogo& Catalogo() const;
   /// Releases statements and, for a scratch database, detaches it (its file stays).
   void Chiudi();
 

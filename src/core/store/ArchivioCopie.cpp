@@ -15,7 +15,8 @@ namespace {
 namespace fs = std::filesystem;
 using Causa = ErroreArchivio::Causa;
 
-std::string DichiarazioneColonna(const ColonnaCatalogo& colonna, const std::string& predefinito) {
+std::string DichiarazioneColonna(const sql::ColonnaCatalogo& colonna,
+                                 const std::string& predefinito) {
   std::string riga = Virgolettato(colonna.nome) + " " + TipoDichiarato(colonna.tipo);
   if (!colonna.ammetteNull) riga += " NOT NULL";
   if (!predefinito.empty()) return riga + " DEFAULT (" + predefinito + ")";
@@ -28,7 +29,7 @@ std::string DichiarazioneCopia(const TabellaArchivio& tabella, std::string_view 
   std::string colonne;
   bool chiaveVista = false;
   for (std::size_t i = 0; i < tabella.vista.colonne.size(); ++i) {
-    const ColonnaCatalogo& colonna = tabella.vista.colonne[i];
+    const sql::ColonnaCatalogo& colonna = tabella.vista.colonne[i];
     if (colonna.nascosta) continue;
     if (!colonne.empty()) colonne += ", ";
     if (UgualeTesto(colonna.nome, campoChiave)) {
@@ -47,8 +48,8 @@ std::string DichiarazioneCopia(const TabellaArchivio& tabella, std::string_view 
 /// Columns that both tables show and that the destination doesn't fill by itself.
 std::string ColonneComuni(const TabellaArchivio& origine, const TabellaArchivio& destinazione) {
   std::string comuni;
-  for (const ColonnaCatalogo& colonna : destinazione.vista.colonne) {
-    const ColonnaCatalogo* altra = origine.vista.Colonna(colonna.nome);
+  for (const sql::ColonnaCatalogo& colonna : destinazione.vista.colonne) {
+    const sql::ColonnaCatalogo* altra = origine.vista.Colonna(colonna.nome);
     if (colonna.contatore || colonna.nascosta || altra == nullptr || altra->nascosta) continue;
     if (!comuni.empty()) comuni += ", ";
     comuni += Virgolettato(colonna.nome);
@@ -66,7 +67,7 @@ struct ColonneSpecchio {
 ColonneSpecchio Specchi(const TabellaArchivio& origine, const TabellaArchivio& destinazione,
                         const CatalogoArchivio& catalogo) {
   ColonneSpecchio specchi;
-  for (const Specchio& specchio : destinazione.vista.specchi) {
+  for (const sql::Specchio& specchio : destinazione.vista.specchi) {
     const TabellaArchivio* altra = catalogo.Completa(specchio.tabella);
     if (altra == nullptr) continue;
     std::string chiave;

@@ -96,7 +96,7 @@ std::string TipoDichiarato(Tipo tipo) {
     case Tipo::Data:
       return "DATA";
     default:
-      return std::string("TEXT COLLATE ") + kCollazione;
+      return std::string("TEXT COLLATE ") + sql::kCollazione;
   }
 }
 
@@ -136,7 +136,7 @@ void CatalogoArchivio::LeggiColonne(sqlite3* connessione, const std::string& sch
     tabella.vista.nome = nome;
     tabella.schema = schema;
     tabella.vista.nomeMotore = Virgolettato(schema) + "." + Virgolettato(nome);
-    ColonnaCatalogo colonna;
+    sql::ColonnaCatalogo colonna;
     colonna.nome = Colonna(riga, 1);
     const std::string tipo = Colonna(riga, 2);
     colonna.tipo = TipoDi(tipo);
@@ -146,7 +146,7 @@ void CatalogoArchivio::LeggiColonne(sqlite3* connessione, const std::string& sch
     colonna.contatore = sqlite3_column_int(riga, 5) == 1 && Maiuscolo(tipo) == "INTEGER";
     colonna.ammetteNull = sqlite3_column_int(riga, 3) == 0 && !colonna.contatore;
     if (sqlite3_column_int(riga, 5) > 1) {
-      for (ColonnaCatalogo& altra : tabella.vista.colonne) altra.contatore = false;
+      for (sql::ColonnaCatalogo& altra : tabella.vista.colonne) altra.contatore = false;
     }
     tabella.vista.colonne.push_back(std::move(colonna));
     tabella.predefiniti.push_back(Colonna(riga, 4));
@@ -166,7 +166,7 @@ void CatalogoArchivio::LeggiChiavi(sqlite3* connessione, const std::string& sche
   std::string indiceScelto;
   PerOgniRiga(connessione, sql, file, [&](sqlite3_stmt* riga) {
     const std::string nome = Colonna(riga, 0);
-    TabellaCatalogo& tabella = tabelle_[SenzaMaiuscole(nome)].vista;
+    sql::TabellaCatalogo& tabella = tabelle_[SenzaMaiuscole(nome)].vista;
     if (nome != tabellaUltima) {
       tabellaUltima = nome;
       indiceScelto = Colonna(riga, 1);
@@ -175,12 +175,12 @@ void CatalogoArchivio::LeggiChiavi(sqlite3* connessione, const std::string& sche
     tabella.chiave.push_back(Colonna(riga, 3));
     if (Colonna(riga, 2) == "pk") {
       // A primary key with an index of its own isn't the row number.
-      for (ColonnaCatalogo& colonna : tabella.colonne) colonna.contatore = false;
+      for (sql::ColonnaCatalogo& colonna : tabella.colonne) colonna.contatore = false;
     }
   });
   for (auto& [chiave, tabella] : tabelle_) {
     if (!tabella.vista.chiave.empty()) continue;
-    for (const ColonnaCatalogo& colonna : tabella.vista.colonne) {
+    for (const sql::ColonnaCatalogo& colonna : tabella.vista.colonne) {
       if (colonna.contatore) tabella.vista.chiave = {colonna.nome};
     }
   }
@@ -202,7 +202,7 @@ void CatalogoArchivio::LeggiSpecchi(sqlite3* connessione, const std::string& sch
                 if (trovata == tabelle_.end()) return;
                 auto& specchi = trovata->second.vista.specchi;
                 const std::string altra = Colonna(riga, 1);
-                auto stesso = std::ranges::find(specchi, altra, &Specchio::tabella);
+                auto stesso = std::ranges::find(specchi, altra, &sql::Specchio::tabella);
                 if (stesso == specchi.end()) {
                   specchi.push_back({altra, Spezza(Colonna(riga, 2)), {}});
                   stesso = std::prev(specchi.end());
@@ -219,7 +219,7 @@ void CatalogoArchivio::Collega(const TabellaArchivio& tabella) {
   tabelle_[SenzaMaiuscole(tabella.vista.nome)] = std::move(copia);
 }
 
-const TabellaCatalogo* CatalogoArchivio::Tabella(std::string_view nome) const {
+const sql::TabellaCatalogo* CatalogoArchivio::Tabella(std::string_view nome) const {
   const TabellaArchivio* tabella = Completa(nome);
   return tabella != nullptr ? &tabella->vista : nullptr;
 }
@@ -229,7 +229,7 @@ const TabellaArchivio* CatalogoArchivio::Completa(std::string_view nome) const {
   return trovata != tabelle_.end() ? &trovata->second : nullptr;
 }
 
-const VistaCatalogo* CatalogoArchivio::Vista(std::string_view nome) const {
+const sql::VistaCatalogo* CatalogoArchivio::Vista(std::string_view nome) const {
   if (viste_ == nullptr) return nullptr;
   const auto trovata = viste_->find(SenzaMaiuscole(nome));
   return trovata != viste_->end() ? &trovata->second : nullptr;
@@ -238,7 +238,7 @@ const VistaCatalogo* CatalogoArchivio::Vista(std::string_view nome) const {
 bool CatalogoArchivio::OgniSpecchioDi(std::string_view altra,
                                       const std::function<bool(const std::string&)>& prova) const {
   for (const auto& [chiave, tabella] : tabelle_) {
-    for (const Specchio& specchio : tabella.vista.specchi) {
+    for (const sql::Specchio& specchio : tabella.vista.specchi) {
       if (UgualeTesto(specchio.tabella, altra) && prova(tabella.vista.nomeMotore)) return true;
     }
   }

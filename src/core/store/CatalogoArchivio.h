@@ -18,7 +18,7 @@ namespace fenalto {
 
 /// A table with what only the store needs to know of it.
 struct TabellaArchivio {
-  TabellaCatalogo vista;
+  sql::TabellaCatalogo vista;
   /// Schema and name for the engine, unquoted.
   std::string schema;
   /// DEFAULT of each column as SQL, in the order of vista.colonne; empty when it has none.
@@ -27,7 +27,7 @@ struct TabellaArchivio {
 };
 
 /// Stored queries by folded name.
-using VisteArchivio = std::unordered_map<std::string, VistaCatalogo>;
+using VisteArchivio = std::unordered_map<std::string, sql::VistaCatalogo>;
 
 /// Reads the stored queries of a folder, one file each; lines that begin with `--` are left out.
 VisteArchivio LeggiViste(const std::filesystem::path& cartella);
@@ -37,7 +37,7 @@ std::string Virgolettato(std::string_view nome);
 /// The type a column is declared with, collation included.
 std::string TipoDichiarato(Tipo tipo);
 
-class CatalogoArchivio final : public Catalogo {
+class CatalogoArchivio final : public sql::Catalogo {
  public:
   explicit CatalogoArchivio(std::shared_ptr<const VisteArchivio> viste)
       : viste_(std::move(viste)) {}
@@ -47,8 +47,8 @@ class CatalogoArchivio final : public Catalogo {
   /// Makes a table of another database known here under its name.
   void Collega(const TabellaArchivio& tabella);
 
-  [[nodiscard]] const TabellaCatalogo* Tabella(std::string_view nome) const override;
-  [[nodiscard]] const VistaCatalogo* Vista(std::string_view nome) const override;
+  [[nodiscard]] const sql::TabellaCatalogo* Tabella(std::string_view nome) const override;
+  [[nodiscard]] const sql::VistaCatalogo* Vista(std::string_view nome) const override;
   [[nodiscard]] const TabellaArchivio* Completa(std::string_view nome) const;
   /// Calls `prova` with the engine's name of every table that keeps a mirror of `altra`, until it
   /// says true.

@@ -42,7 +42,7 @@ class Connessione {
     }
     attesa_.Installa(motore_);
     try {
-      RegistraMotore(motore_);
+      sql::RegistraMotore(motore_);
     } catch (...) {
       sqlite3_close(motore_);
       throw;

@@ -29,11 +29,11 @@ Preparata DatiArchivio::Prepara(const std::string& sqlMotore) {
   return {nucleo->Connessione(), std::move(voce), nomeFile};
 }
 
-Preparata DatiArchivio::PreparaForma(std::string_view testo, const Forma& forma) {
+Preparata DatiArchivio::PreparaForma(std::string_view testo, const sql::Forma& forma) {
   Verifica();
   auto voce = cache.Cerca(forma.chiave);
   if (!voce) {
-    auto tradotta = Traduci(testo, catalogo);
+    auto tradotta = sql::Traduci(testo, catalogo);
     if (!tradotta) throw ErroreArchivio(Causa::Sql, tradotta.Errore().Messaggio(testo));
     auto piano = std::make_shared<const PianoIstruzione>(std::move(tradotta).Valore());
     std::string sql = piano->istr.sql;
@@ -75,20 +75,21 @@ void LegaValore(sqlite3_stmt* istruzione, int indice, const Valore& v) {
   }
 }
 
-void LegaLetterali(sqlite3_stmt* istruzione, const Istruzione& piano, const Forma& forma,
+void LegaLetterali(sqlite3_stmt* istruzione, const sql::Istruzione& piano, const sql::Forma& forma,
                    std::string_view testo) {
   for (std::size_t i = 0; i < piano.parametri.size(); ++i) {
-    const ParametroSql& parametro = piano.parametri[i];
-    const Letterale& letterale = forma.letterali[parametro.letterale];
+    const sql::ParametroSql& parametro = piano.parametri[i];
+    const sql::Letterale& letterale = forma.letterali[parametro.letterale];
     const int indice = static_cast<int>(i) + 1;
     // The two commonest kinds need no Valore between.
-    if (parametro.legame == Legame::Testo && letterale.genere == Letterale::Genere::Testo) {
+    if (parametro.legame == sql::Legame::Testo &&
+        letterale.genere == sql::Letterale::Genere::Testo) {
       if (sqlite3_bind_text64(istruzione, indice, letterale.testo.data(), letterale.testo.size(),
                               SQLITE_TRANSIENT, SQLITE_UTF8) == SQLITE_OK) {
         continue;
       }
-    } else if (parametro.legame == Legame::Intero &&
-               letterale.genere == Letterale::Genere::Numero) {
+    } else if (parametro.legame == sql::Legame::Intero &&
+               letterale.genere == sql::Letterale::Genere::Numero) {
       std::int64_t numero = 0;
       const char* fine = letterale.testo.data() + letterale.testo.size();
       const auto letto = std::from_chars(letterale.testo.data(), fine, numero);
@@ -97,7 +98,7 @@ void LegaLetterali(sqlite3_stmt* istruzione, const Istruzione& piano, const Form
         continue;
       }
     }
-    const auto valore = ValoreLegato(letterale, parametro.legame);
+    const auto valore = sql::ValoreLegato(letterale, parametro.legame);
     if (!valore) throw ErroreArchivio(Causa::Sql, valore.Errore().Messaggio(testo));
     LegaValore(istruzione, indice, valore.Valore());
   }

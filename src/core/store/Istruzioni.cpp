@@ -26,7 +26,7 @@ std::size_t HashNome(std::string_view nome) noexcept {
 
 }  // namespace
 
-PianoIstruzione::PianoIstruzione(Istruzione istruzione) : istr(std::move(istruzione)) {
+PianoIstruzione::PianoIstruzione(sql::Istruzione istruzione) : istr(std::move(istruzione)) {
   tavola_.resize(std::bit_ceil(istr.colonne.size() * 2 + 1));
   for (std::size_t i = 0; i < istr.colonne.size(); ++i) {
     if (Indice(istr.colonne[i].nome)) continue;

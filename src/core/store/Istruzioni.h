@@ -22,8 +22,8 @@ namespace fenalto {
 /// A translated statement and a quick way to its columns by name.
 class PianoIstruzione {
  public:
-  explicit PianoIstruzione(Istruzione istruzione);
-  const Istruzione istr;
+  explicit PianoIstruzione(sql::Istruzione istruzione);
+  const sql::Istruzione istr;
   /// Index of an output column, without case; the first of that name.
   [[nodiscard]] std::optional<std::size_t> Indice(std::string_view nome) const noexcept;
 

@@ -51,7 +51,7 @@ sqlite3* ApriConnessione(const fs::path& file, const std::string& vfs, bool crea
   }
   sqlite3_extended_result_codes(connessione, 1);
   try {
-    RegistraMotore(connessione);
+    sql::RegistraMotore(connessione);
   } catch (...) {
     sqlite3_close(connessione);
     throw;

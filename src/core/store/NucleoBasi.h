@@ -57,7 +57,7 @@ struct DatiArchivio {
   /// Statement of the engine's own SQL, kept under it.
   Preparata Prepara(const std::string& sqlMotore);
   /// Statement of a text's shape, translated when it is new.
-  Preparata PreparaForma(std::string_view testo, const Forma& forma);
+  Preparata PreparaForma(std::string_view testo, const sql::Forma& forma);
   /// Throws when the database is closed.
   void Verifica() const;
   /// A table by name; throws when there is none.
@@ -67,7 +67,7 @@ struct DatiArchivio {
 /// Sets value `v` as parameter `indice` (from 1).
 void LegaValore(sqlite3_stmt* istruzione, int indice, const Valore& v);
 /// Binds a text's literals as its plan says; throws ErroreArchivio naming `testo`.
-void LegaLetterali(sqlite3_stmt* istruzione, const Istruzione& piano, const Forma& forma,
+void LegaLetterali(sqlite3_stmt* istruzione, const sql::Istruzione& piano, const sql::Forma& forma,
                    std::string_view testo);
 
 /// Opens a connection to `file`, which must exist unless `crea`; throws ErroreArchivio.

@@ -67,7 +67,7 @@ Valore ValoreMotore(sqlite3_value* valore, Tipo tipo) {
   }
 }
 
-void RigheLette::Prepara(const std::vector<ColonnaUscita>& colonne, bool conIdentita) {
+void RigheLette::Prepara(const std::vector<sql::ColonnaUscita>& colonne, bool conIdentita) {
   colonne_ = &colonne;
   conIdentita_ = conIdentita;
   larghezza_ = colonne.size() + (conIdentita ? 1 : 0);

@@ -21,7 +21,7 @@ Valore ValoreMotore(sqlite3_value* valore, Tipo tipo);
 class RigheLette {
  public:
   /// `conIdentita`: the statement has one more column than `colonne`, the row's identity.
-  void Prepara(const std::vector<ColonnaUscita>& colonne, bool conIdentita);
+  void Prepara(const std::vector<sql::ColonnaUscita>& colonne, bool conIdentita);
 
   [[nodiscard]] std::size_t Numero() const { return righe_; }
   /// Appends the row that the statement stands on.
@@ -47,7 +47,7 @@ class RigheLette {
   void ScriviTesto(std::uint64_t& cella, std::string_view testo);
   void Scrivi(std::size_t cella, Tipo tipo, const Valore& valore);
 
-  const std::vector<ColonnaUscita>* colonne_ = nullptr;
+  const std::vector<sql::ColonnaUscita>* colonne_ = nullptr;
   std::size_t larghezza_ = 0;
   std::size_t righe_ = 0;
   bool conIdentita_ = false;

@@ -16,7 +16,7 @@ using Causa = ErroreArchivio::Causa;
 // --- Reading ------------------------------------------------------------------------------------
 
 Rs::Interno::Interno(std::shared_ptr<DatiArchivio> archivio, Preparata istruzione,
-                     std::string_view sql, Forma letterali)
+                     std::string_view sql, sql::Forma letterali)
     : dati(std::move(archivio)),
       piano(istruzione.Disegno()),
       preparata(std::move(istruzione)),
@@ -68,7 +68,7 @@ void Rs::Interno::Interrompi() noexcept {
 
 bool Rs::Interno::Legge(std::string_view nomeMotore) const {
   return std::ranges::any_of(piano->istr.tabelle, [&](const std::string& nome) {
-    const TabellaCatalogo* tabella = dati->catalogo.Tabella(nome);
+    const sql::TabellaCatalogo* tabella = dati->catalogo.Tabella(nome);
     return tabella == nullptr || tabella->nomeMotore == nomeMotore;
   });
 }
@@ -207,8 +207,8 @@ void Rs::MoveLast() {
   interno_->pos = numero == 0 ? 0 : numero - 1;
 }
 
-const std::vector<ColonnaUscita>& Rs::Colonne() const {
-  static const std::vector<ColonnaUscita> kNessuna;
+const std::vector<sql::ColonnaUscita>& Rs::Colonne() const {
+  static const std::vector<sql::ColonnaUscita> kNessuna;
   return interno_ ? interno_->piano->istr.colonne : kNessuna;
 }
 
@@ -240,7 +240,7 @@ Valore Rs::Fields(std::size_t indice) const {
 bool Rs::FindFirst(std::string_view criterio) {
   if (!interno_) return true;
   if (interno_->modo != ModoModifica::Nessuna) CancelUpdate();
-  const auto predicato = Predicato::Leggi(criterio, interno_->piano->istr.colonne);
+  const auto predicato = sql::Predicato::Leggi(criterio, interno_->piano->istr.colonne);
   if (!predicato) throw ErroreArchivio(Causa::Sql, predicato.Errore().Messaggio(criterio));
   interno_->LeggiTutto();
   const RigheLette& righe = interno_->righe;

@@ -39,7 +39,7 @@ class Rs {
   void MoveNext();
   void MoveLast();
 
-  [[nodiscard]] const std::vector<ColonnaUscita>& Colonne() const;
+  [[nodiscard]] const std::vector<sql::ColonnaUscita>& Colonne() const;
   /// Value of a column of the current row (of the edit buffer while editing), by name without case
   /// or by index. Throws ErroreArchivio on an unknown name, or when there is no row.
   [[nodiscard]] Valore Fields(std::string_view nome) const;

@@ -17,7 +17,7 @@ namespace fenalto {
 
 struct Rs::Interno final : CursoreAperto {
   Interno(std::shared_ptr<DatiArchivio> archivio, Preparata istruzione, std::string_view sql,
-          Forma letterali);
+          sql::Forma letterali);
   ~Interno();
 
   /// Rows read at once; a result no longer than this leaves no lock behind.
@@ -69,7 +69,7 @@ struct Rs::Interno final : CursoreAperto {
   std::shared_ptr<const PianoIstruzione> piano;
   Preparata preparata;  ///< while rows are left to read
   std::string testo;
-  Forma forma;
+  sql::Forma forma;
 
   RigheLette righe;
   std::size_t pos = 0;

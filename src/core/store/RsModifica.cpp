@@ -33,7 +33,7 @@ std::optional<std::vector<Valore>> Rs::Interno::LeggiChiave(std::int64_t identit
   if (!dati->nucleo->PrimoPasso(lettura, *dati)) return std::nullopt;
   std::vector<Valore> chiave;
   for (std::size_t i = 0; i < tabella.vista.chiave.size(); ++i) {
-    const ColonnaCatalogo* colonna = tabella.vista.Colonna(tabella.vista.chiave[i]);
+    const sql::ColonnaCatalogo* colonna = tabella.vista.Colonna(tabella.vista.chiave[i]);
     chiave.push_back(ValoreMotore(sqlite3_column_value(lettura.Motore(), static_cast<int>(i) + 1),
                                   colonna != nullptr ? colonna->tipo : Tipo::Testo));
   }
@@ -96,7 +96,7 @@ std::optional<std::vector<Valore>> Rs::Interno::RileggiDaTabella(std::int64_t id
   const TabellaArchivio& tabella = Tabella();
   const auto& colonne = piano->istr.colonne;
   std::string sql = "SELECT rowid";
-  for (const ColonnaUscita& colonna : colonne) {
+  for (const sql::ColonnaUscita& colonna : colonne) {
     sql += UgualeTesto(colonna.tabella, tabella.vista.nome) ? ", " + Virgolettato(colonna.colonna)
                                                             : ", NULL";
   }
@@ -130,7 +130,7 @@ void Rs::AddNew() {
   interno_->toccati.assign(colonne.size(), false);
   for (std::size_t c = 0; c < colonne.size(); ++c) {
     if (!UgualeTesto(colonne[c].tabella, tabella.vista.nome)) continue;
-    const ColonnaCatalogo* colonna = tabella.vista.Colonna(colonne[c].colonna);
+    const sql::ColonnaCatalogo* colonna = tabella.vista.Colonna(colonne[c].colonna);
     if (colonna != nullptr && !colonna->ammetteNull && !colonna->contatore) {
       interno_->tampone[c] = Valore::Vuoto(colonna->tipo);
     }

@@ -21,7 +21,7 @@ std::size_t ColonnaScrivibile(const TabellaArchivio& tabella, std::string_view n
 }
 
 Valore PerColonna(const TabellaArchivio& tabella, std::size_t colonna, const Valore& valore) {
-  const ColonnaCatalogo& dati = tabella.vista.colonne[colonna];
+  const sql::ColonnaCatalogo& dati = tabella.vista.colonne[colonna];
   if (valore.Nullo()) return dati.ammetteNull ? Valore() : Valore::Vuoto(dati.tipo);
   try {
     return valore.Come(dati.tipo);

@@ -5,9 +5,9 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
-#include "ledger/ControlliData.h"
+#include "ledger/registrations/ControlliData.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr std::size_t kLetterePerParola = 4;
@@ -113,7 +113,7 @@ void AbbinamentoBanca::Leggi(const std::string& cfp, Avanzamento& avanzamento, b
   std::map<std::string, std::size_t> dove;
   int lette = 0;
   Rs r = ambiente_.ArchivioDi("scadenzario")
-             .Recordset("SELECT * FROM SCADENZE WHERE " + Criterio("CFP", "=", cfp) + " AND " +
+             .Recordset("SELECT * FROM SCADENZE WHERE " + sql::Criterio("CFP", "=", cfp) + " AND " +
                         CondizioneAperta() + " ORDER BY Dt, Numero");
   for (; !r.Eof() && !interrotta; r.MoveNext()) {
     Scadenza scadenza = ScadenzaDi(r);
@@ -127,7 +127,7 @@ void AbbinamentoBanca::Leggi(const std::string& cfp, Avanzamento& avanzamento, b
   r.mClose();
   Rs nomi = ambiente_.ArchivioDi("tessarc").Recordset(
       "SELECT Cod, Descrizione, Descrizione2 FROM ContiClientiFornitori WHERE " +
-      Criterio("CFP", "=", cfp));
+      sql::Criterio("CFP", "=", cfp));
   for (; !nomi.Eof(); nomi.MoveNext()) {
     const auto voce = dove.find(SenzaMaiuscole(nomi.Fields("Cod").Testo()));
     if (voce == dove.end()) continue;
@@ -283,7 +283,7 @@ bool AbbinamentoBanca::Accetta(const LineaEstratto& linea, const PropostaBanca& 
     ambiente_.Dialogo().Messaggio(rifiuto, Icona::Avviso);
     return false;
   }
-  if (ControlloDataGiornale(ambiente_, linea.data)) return false;
+  if (ledger::ControlloDataGiornale(ambiente_, linea.data)) return false;
   const auto scritto = RegistraPagamento(ambiente_, pagamento, [&](std::int64_t numDoc) {
     ambiente_.ArchivioDi("scadenzario")
         .Inserisci("MovimentiBanca", {{"Chiave", linea.chiave},
@@ -312,4 +312,4 @@ void AbbinamentoBanca::Togli(const PropostaBanca& proposta) {
   Indicizza();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

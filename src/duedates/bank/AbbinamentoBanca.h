@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "core/session/Ambiente.h"
-#include "duedates/Scadenza.h"
 #include "duedates/bank/EstrattoBanca.h"
 #include "duedates/payments/RegistraPagamento.h"
+#include "duedates/schedules/Scadenza.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// What a line may settle: due dates of one party, whole.
 struct PropostaBanca {
@@ -95,4 +95,4 @@ class AbbinamentoBanca {
   std::multimap<std::string, std::size_t> perParola_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

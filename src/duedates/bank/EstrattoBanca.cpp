@@ -4,7 +4,7 @@
 
 #include "core/archives/LettoreTabella.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr const char* kData = "Data";
@@ -14,16 +14,16 @@ constexpr const char* kAddebito = "Addebito";
 constexpr const char* kAccredito = "Accredito";
 constexpr std::size_t kCaratteriDescrizione = 200;
 
-const GenereImporta& Genere() {
-  static const GenereImporta genere{
+const archives::GenereImporta& Genere() {
+  static const archives::GenereImporta genere{
       .nome = "EstrattoBanca", .titolo = "estratto conto", .tabelle = {}, .campi = CampiEstratto()};
   return genere;
 }
 
 }  // namespace
 
-const std::vector<CampoImporta>& CampiEstratto() {
-  static const std::vector<CampoImporta> campi = {
+const std::vector<archives::CampoImporta>& CampiEstratto() {
+  static const std::vector<archives::CampoImporta> campi = {
       {.nome = kData,
        .didascalia = "Data",
        .sinonimi = {"Data operazione", "Data contabile", "Data movimento", "Data registrazione",
@@ -49,25 +49,25 @@ const std::vector<CampoImporta>& CampiEstratto() {
 }
 
 Esito<bool> EstrattoBanca::Apri(const std::filesystem::path& file) {
-  return Prendi(LeggiTabella(file));
+  return Prendi(archives::LeggiTabella(file));
 }
 
 Esito<bool> EstrattoBanca::ApriTesto(std::string_view byte) {
-  return Prendi(LeggiTabellaDaTesto(byte));
+  return Prendi(archives::LeggiTabellaDaTesto(byte));
 }
 
 Esito<bool> EstrattoBanca::Prendi(Esito<TabellaCsv> letta) {
   if (!letta) return letta.Errore();
   tabella_ = std::move(letta).Valore();
   lette_ = {};
-  corrispondenze_ =
-      std::make_unique<Corrispondenze>(ambiente_, Genere(), CampiEstratto(), tabella_.nomi);
+  corrispondenze_ = std::make_unique<archives::Corrispondenze>(ambiente_, Genere(), CampiEstratto(),
+                                                               tabella_.nomi);
   return true;
 }
 
 Esito<bool> EstrattoBanca::Leggi() {
   lette_ = {};
-  const Corrispondenze& dove = *corrispondenze_;
+  const archives::Corrispondenze& dove = *corrispondenze_;
   const ColonneEstratto colonne{dove.Colonna(kData), dove.Colonna(kDescrizione),
                                 dove.Colonna(kImporto), dove.Colonna(kAddebito),
                                 dove.Colonna(kAccredito)};
@@ -80,4 +80,4 @@ Esito<bool> EstrattoBanca::Leggi() {
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

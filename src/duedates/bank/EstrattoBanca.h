@@ -17,11 +17,11 @@
 #include "core/values/Esito.h"
 #include "duedates/bank/LineeEstratto.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// What a line gives: `Data`, `Descrizione`, and `Importo` with its sign or `Addebito` and
 /// `Accredito` apart.
-const std::vector<CampoImporta>& CampiEstratto();
+const std::vector<archives::CampoImporta>& CampiEstratto();
 
 class EstrattoBanca {
  public:
@@ -34,7 +34,7 @@ class EstrattoBanca {
   [[nodiscard]] bool Aperto() const { return corrispondenze_ != nullptr; }
   [[nodiscard]] const TabellaCsv& Tabella() const { return tabella_; }
   /// Only while open.
-  [[nodiscard]] Corrispondenze& Abbinamenti() { return *corrispondenze_; }
+  [[nodiscard]] archives::Corrispondenze& Abbinamenti() { return *corrispondenze_; }
 
   /// Reads the lines by the columns chosen, and remembers these. An error says which column is
   /// missing.
@@ -47,8 +47,8 @@ class EstrattoBanca {
 
   Ambiente& ambiente_;
   TabellaCsv tabella_;
-  std::unique_ptr<Corrispondenze> corrispondenze_;
+  std::unique_ptr<archives::Corrispondenze> corrispondenze_;
   LineeEstratto lette_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -9,7 +9,7 @@
 #include "core/values/Testo.h"
 #include "core/values/Valore.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr std::size_t kCaratteriDescrizione = 200;
@@ -36,7 +36,7 @@ class Lettore {
  public:
   Lettore(const TabellaCsv& tabella, const ColonneEstratto& colonne) : colonne_(colonne) {
     // One look for all three: a program writes all its columns alike.
-    StileDecimali stile;
+    archives::StileDecimali stile;
     for (const auto& riga : tabella.righe) {
       for (const Colonna& colonna : {colonne.importo, colonne.addebito, colonne.accredito}) {
         if (colonna) stile.Guarda(riga.campi.at(*colonna));
@@ -48,7 +48,7 @@ class Lettore {
   [[nodiscard]] Esito<LineaEstratto> Leggi(const TabellaCsv::Riga& riga) const {
     LineaEstratto linea;
     linea.linea = riga.linea;
-    const auto data = LeggiDataDiFile(riga.campi.at(*colonne_.data));
+    const auto data = archives::LeggiDataDiFile(riga.campi.at(*colonne_.data));
     if (!data) return Errore{data.Errore().messaggio};
     if (data.Valore().Nulla()) return Errore{"manca la data"};
     linea.data = data.Valore();
@@ -65,7 +65,7 @@ class Lettore {
     if (!colonna) return Importo();
     const std::string& testo = riga.campi.at(*colonna);
     if (Rifila(testo).empty()) return Importo();
-    auto letto = LeggiImportoDiFile(testo, stile_);
+    auto letto = archives::LeggiImportoDiFile(testo, stile_);
     const Importo massimo = Importo::DaUnita(kMassimoUnita);
     if (letto && (letto.Valore() > massimo || letto.Valore() < -massimo)) {
       return Errore{"importo fuori misura: " + testo};
@@ -89,7 +89,7 @@ class Lettore {
   }
 
   const ColonneEstratto& colonne_;
-  Decimali stile_ = Decimali::Ignoto;
+  archives::Decimali stile_ = archives::Decimali::Ignoto;
 };
 
 }  // namespace
@@ -119,4 +119,4 @@ LineeEstratto LeggiLinee(const TabellaCsv& tabella, const ColonneEstratto& colon
   return lette;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -10,7 +10,7 @@
 #include "core/values/Data.h"
 #include "core/values/Importo.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 struct LineaEstratto {
   std::size_t linea = 0;  ///< of the file, from 1
@@ -47,4 +47,4 @@ struct LineeEstratto {
 /// Each row becomes a line or is put aside with the reason. Nothing may be missing of the columns.
 [[nodiscard]] LineeEstratto LeggiLinee(const TabellaCsv& tabella, const ColonneEstratto& colonne);
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -2,7 +2,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 AnticipoFattura::AnticipoFattura(Ambiente& ambiente)
     : ScadenzaDigitata(ambiente, FinestraPagamento::Anticipi) {
@@ -37,4 +37,4 @@ std::string AnticipoFattura::Riuscita() const {
          "(quando verrà registrata una fattura l'anticipo potrà essere dedotto)";
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

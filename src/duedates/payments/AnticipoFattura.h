@@ -6,7 +6,7 @@
 
 #include "duedates/payments/ScadenzaDigitata.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// `Programma` of a deposit's due date.
 inline constexpr const char* kProgrammaAnticipo = "acconti";
@@ -26,4 +26,4 @@ class AnticipoFattura : public ScadenzaDigitata {
   [[nodiscard]] std::string Testo() const;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -5,12 +5,12 @@
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 Rs Riga(Ambiente& ambiente, std::int64_t numero) {
   return ambiente.ArchivioDi("scadenzario")
-      .Recordset("SELECT * FROM SCADENZE WHERE " + Criterio("Numero", "=", numero));
+      .Recordset("SELECT * FROM SCADENZE WHERE " + sql::Criterio("Numero", "=", numero));
 }
 
 /// What an unpaid receipt keeps of the one that was presented.
@@ -57,9 +57,10 @@ std::vector<RicevutaPresentata> InsolutoRiba::Presentate(std::size_t massimo) {
   std::vector<RicevutaPresentata> trovate;
   Rs r = ambiente_.ArchivioDi("scadenzario")
              .Recordset("SELECT TOP " + std::to_string(massimo) + " * FROM SCADENZE WHERE " +
-                        Criterio("CFP", "=", Cfp()) + " AND " + Criterio("Conto", "=", Conto()) +
-                        " AND " + Criterio("Tipo", "=", kTipoRiba) + " AND " +
-                        Criterio("Stato", "=", kStatoPagata) +
+                        sql::Criterio("CFP", "=", Cfp()) + " AND " +
+                        sql::Criterio("Conto", "=", Conto()) + " AND " +
+                        sql::Criterio("Tipo", "=", kTipoRiba) + " AND " +
+                        sql::Criterio("Stato", "=", kStatoPagata) +
                         " AND Ndistinta<>0 ORDER BY DtPres DESC, Numero DESC");
   for (; !r.Eof(); r.MoveNext()) {
     trovate.push_back({r.Fields("Numero").Intero(), r.Fields("Dt").Data(),
@@ -74,9 +75,9 @@ std::vector<RicevutaPresentata> InsolutoRiba::Presentate(std::size_t massimo) {
 
 void InsolutoRiba::SegnaTornate(std::vector<RicevutaPresentata>& ricevute) {
   Rs r = ambiente_.ArchivioDi("scadenzario")
-             .Recordset("SELECT * FROM SCADENZE WHERE " + Criterio("CFP", "=", Cfp()) + " AND " +
-                        Criterio("Conto", "=", Conto()) + " AND " +
-                        Criterio("Programma", "=", kProgrammaInsoluto) + " ORDER BY Numero");
+             .Recordset("SELECT * FROM SCADENZE WHERE " + sql::Criterio("CFP", "=", Cfp()) +
+                        " AND " + sql::Criterio("Conto", "=", Conto()) + " AND " +
+                        sql::Criterio("Programma", "=", kProgrammaInsoluto) + " ORDER BY Numero");
   for (; !r.Eof(); r.MoveNext()) {
     // Two receipts that are alike in all this came back one at a time.
     const auto tornata = std::ranges::find_if(ricevute, [&r](const RicevutaPresentata& p) {
@@ -122,4 +123,4 @@ std::string InsolutoRiba::Riuscita() const {
   return testo;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

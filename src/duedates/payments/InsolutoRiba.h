@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "duedates/RicercaScadenze.h"
 #include "duedates/payments/ScadenzaDigitata.h"
+#include "duedates/schedules/RicercaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// `Programma` of an unpaid receipt's due date.
 inline constexpr const char* kProgrammaInsoluto = "insoluti";
@@ -58,4 +58,4 @@ class InsolutoRiba : public ScadenzaDigitata {
   void SegnaTornate(std::vector<RicevutaPresentata>& ricevute);
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -6,9 +6,9 @@
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "duedates/payments/ScadenzaConRegistrazione.h"
-#include "ledger/ControlliData.h"
+#include "ledger/registrations/ControlliData.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr const char* kTabella = "Pagamenti_R";
@@ -181,8 +181,8 @@ Pagamento PagamentiScadenzario::ComePagamento() const {
   pagamento.descrizioneParte = testa_.Testo("DescrizioneParte");
   pagamento.contropartita = scritte.contropartita;
   pagamento.contoArrotondamenti = scritte.contoArrotondamenti;
-  pagamento.origine =
-      modo_ == Modo::PiuParti ? Origine::PagamentoScadenze : Origine::PagamentoSingolo;
+  pagamento.origine = modo_ == Modo::PiuParti ? ledger::Origine::PagamentoScadenze
+                                              : ledger::Origine::PagamentoSingolo;
   pagamento.conRegistrazione = scritte.conRegistrazione;
   for (const RigaScelta& riga : righe_) {
     pagamento.righe.push_back({riga.vista, riga.importoPagato, riga.arrotondamento, riga.saldata});
@@ -197,8 +197,8 @@ bool PagamentiScadenzario::Conferma() {
     return Avviso(rifiuto);
   }
   if (pagamento.dt.Nulla()) return Avviso("manca la data di registrazione");
-  if (ControlloAnno(ambiente_, pagamento.dt, true)) return false;
-  if (pagamento.conRegistrazione) ControlloDataGiornale(ambiente_, pagamento.dt);
+  if (ledger::ControlloAnno(ambiente_, pagamento.dt, true)) return false;
+  if (pagamento.conRegistrazione) ledger::ControlloDataGiornale(ambiente_, pagamento.dt);
   const PagamentoScritto scritto = RegistraPagamento(ambiente_, pagamento);
   if (!scritto.scritto) return false;
   numeroConfermato_ = scritto.numDoc;
@@ -211,7 +211,8 @@ bool PagamentiScadenzario::Conferma() {
 
 bool PagamentiScadenzario::ApriRiga(std::int64_t num) {
   if (stato_ != Stato::Aperta) return false;
-  const Rs rs = temp_->Recordset("select * from Pagamenti_R where " + Criterio("NUM", "=", num));
+  const Rs rs =
+      temp_->Recordset("select * from Pagamenti_R where " + sql::Criterio("NUM", "=", num));
   if (rs.Eof()) return false;
   riga_.Svuota();
   riga_.Carica(rs);
@@ -247,9 +248,10 @@ bool PagamentiScadenzario::ConfermaRiga() {
   } catch (const FuoriCampo& errore) {
     return Avviso(std::string("importo pagato: ") + errore.what() + ". Correggere l'importo");
   }
-  temp_->Esegui("update Pagamenti_R set ImportoPagato=" + LetteraleSql(digitata.importoPagato) +
-                ",Arrotondamento=" + LetteraleSql(digitata.arrotondamento) + ",Saldata=" +
-                LetteraleSql(digitata.saldata) + " where " + Criterio("NUM", "=", numRiga_));
+  temp_->Esegui(
+      "update Pagamenti_R set ImportoPagato=" + sql::LetteraleSql(digitata.importoPagato) +
+      ",Arrotondamento=" + sql::LetteraleSql(digitata.arrotondamento) + ",Saldata=" +
+      sql::LetteraleSql(digitata.saldata) + " where " + sql::Criterio("NUM", "=", numRiga_));
   scelta->importoPagato = digitata.importoPagato;
   scelta->arrotondamento = digitata.arrotondamento;
   scelta->saldata = digitata.saldata;
@@ -258,7 +260,7 @@ bool PagamentiScadenzario::ConfermaRiga() {
 }
 
 void PagamentiScadenzario::TogliRiga(std::int64_t num) {
-  temp_->Esegui("delete * from Pagamenti_R where " + Criterio("NUM", "=", num));
+  temp_->Esegui("delete * from Pagamenti_R where " + sql::Criterio("NUM", "=", num));
   std::erase_if(righe_, [&](const RigaScelta& riga) { return riga.num == num; });
   ChiudiRiga();
 }
@@ -286,4 +288,4 @@ void PagamentiScadenzario::ChiudiRiga() {
   if (stato_ == Stato::RigaAperta) stato_ = Stato::Aperta;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

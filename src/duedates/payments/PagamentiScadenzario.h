@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "core/session/Scheda.h"
-#include "duedates/ImpostazioniPagamento.h"
-#include "duedates/RicercaScadenze.h"
+#include "duedates/payments/ImpostazioniPagamento.h"
 #include "duedates/payments/RegistraPagamento.h"
+#include "duedates/schedules/RicercaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// A row of the payment as its grid shows it.
 struct RigaScelta {
@@ -116,4 +116,4 @@ class PagamentiScadenzario {
   std::int64_t numeroConfermato_ = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -9,7 +9,7 @@
 #include "core/store/TransazioneComune.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr const char* kDiversi = "DIVERSI";
@@ -25,7 +25,8 @@ std::set<std::string> Parti(const Pagamento& pagamento) {
 
 bool ContoEsiste(Ambiente& ambiente, const std::string& conto) {
   return !ambiente.ArchivioDi("tessarc")
-              .Recordset("select Cod from zConti where CFP='P' and " + Criterio("Cod", "=", conto))
+              .Recordset("select Cod from zConti where CFP='P' and " +
+                         sql::Criterio("Cod", "=", conto))
               .Eof();
 }
 
@@ -37,7 +38,7 @@ std::string RifiutoConto(Ambiente& ambiente, const std::string& conto, const std
 }
 
 std::string SenzaRiepilogo(const Pagamento& pagamento, const std::string& conto) {
-  if (pagamento.origine == Origine::PagamentoSingolo) {
+  if (pagamento.origine == ledger::Origine::PagamentoSingolo) {
     return "sull'anagrafica del cliente/fornitore " + conto +
            " non è inserito il conto riepilogativo";
   }
@@ -51,7 +52,7 @@ std::string PrimaSenzaRiepilogo(Ambiente& ambiente, const Pagamento& pagamento) 
   const auto parti = Parti(pagamento);
   std::string elenco;
   for (const std::string& conto : parti) {
-    elenco += (elenco.empty() ? "" : ",") + LetteraleSql(Valore(conto));
+    elenco += (elenco.empty() ? "" : ",") + sql::LetteraleSql(Valore(conto));
   }
   const auto minore = [](const std::string& a, const std::string& b) {
     return ConfrontaTesto(a, b) < 0;
@@ -71,7 +72,7 @@ std::string RifiutoContabile(Ambiente& ambiente, const Pagamento& pagamento) {
   if (!ambiente.Euro()) {
     return "lo scadenzario non funziona in lire: selezionare un anno in euro";
   }
-  if (pagamento.origine == Origine::PagamentoSingolo && pagamento.descrizione.empty()) {
+  if (pagamento.origine == ledger::Origine::PagamentoSingolo && pagamento.descrizione.empty()) {
     return "Mancano le descrizioni contabili";
   }
   if (std::string r = RifiutoConto(ambiente, pagamento.contropartita, "manca contropartita");
@@ -122,7 +123,7 @@ class RegistrazionePagamento {
 
   /// Its number; 0 when no amount moves and there is nothing to register.
   [[nodiscard]] std::int64_t Scrivi(Ambiente& ambiente) const {
-    return righe_.empty() ? 0 : ScriviRegistrazione(ambiente, testa_, righe_);
+    return righe_.empty() ? 0 : ledger::ScriviRegistrazione(ambiente, testa_, righe_);
   }
 
  private:
@@ -145,7 +146,7 @@ class RegistrazionePagamento {
   void Aggiungi(bool delleParti, const std::string& cfp, const std::string& conto, Importo importo,
                 const std::string& descrizione) {
     if (importo.Zero()) return;
-    RigaRegistrazione riga;
+    ledger::RigaRegistrazione riga;
     riga.posi = kPassoPosi * (static_cast<std::int64_t>(righe_.size()) + 1);
     riga.causale = pagamento_.causale;
     riga.descrizione = descrizione;
@@ -161,8 +162,8 @@ class RegistrazionePagamento {
   const Pagamento& pagamento_;
   bool cliente_;
   std::string parte_;  ///< the only party's code, or "DIVERSI"
-  TestaRegistrazione testa_;
-  std::vector<RigaRegistrazione> righe_;
+  ledger::TestaRegistrazione testa_;
+  std::vector<ledger::RigaRegistrazione> righe_;
 };
 
 void Salda(Ambiente& ambiente, const RigaPagamento& riga, Data dt) {
@@ -270,4 +271,4 @@ std::string TestoPagamentoScritto(const PagamentoScritto& scritto) {
   return testo;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

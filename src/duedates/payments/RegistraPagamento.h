@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "core/session/Ambiente.h"
-#include "duedates/Scadenza.h"
-#include "ledger/RegistrazioneAutomatica.h"
+#include "duedates/schedules/Scadenza.h"
+#include "ledger/registrations/RegistrazioneAutomatica.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// A due date that the payment settles.
 struct RigaPagamento {
@@ -33,7 +33,7 @@ struct Pagamento {
   std::string descrizioneParte;
   std::string contropartita;
   std::string contoArrotondamenti;
-  Origine origine = Origine::PagamentoScadenze;
+  ledger::Origine origine = ledger::Origine::PagamentoScadenze;
   /// Off: the due dates alone.
   bool conRegistrazione = true;
   std::vector<RigaPagamento> righe;
@@ -66,4 +66,4 @@ PagamentoScritto RegistraPagamento(Ambiente& ambiente, const Pagamento& pagament
 /// What is told of a success: "- Scadenzario aggiornato" and "- Creato articolo contabile 12".
 std::string TestoPagamentoScritto(const PagamentoScritto& scritto);
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -2,14 +2,14 @@
 
 #include <exception>
 
-#include "ledger/ControlliData.h"
-#include "ledger/RegistrazioneAutomatica.h"
+#include "ledger/registrations/ControlliData.h"
+#include "ledger/registrations/RegistrazioneAutomatica.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 std::int64_t ScriviArticolo(Ambiente& ambiente, const ScadenzaConRegistrazione& cosa) {
-  RegistrazioneDueRighe r;
+  ledger::RegistrazioneDueRighe r;
   r.anno = ambiente.Anno();
   r.dt = cosa.dt;
   r.causale = cosa.causale;
@@ -19,12 +19,12 @@ std::int64_t ScriviArticolo(Ambiente& ambiente, const ScadenzaConRegistrazione& 
   (cosa.parteInDare ? r.dare : r.avere) = cosa.importo;
   r.cfpA = "P";
   r.contoA = cosa.contropartita;
-  r.origine = Origine::PagamentoSingolo;
+  r.origine = ledger::Origine::PagamentoSingolo;
   r.testaCfp = cosa.parteInDare ? cosa.cfp : "P";
   r.testaConto = cosa.parteInDare ? cosa.conto : cosa.contropartita;
   r.testaCfpA = cosa.parteInDare ? "P" : cosa.cfp;
   r.testaContoA = cosa.parteInDare ? cosa.contropartita : cosa.conto;
-  return ScriviDueRighe(ambiente, r);
+  return ledger::ScriviDueRighe(ambiente, r);
 }
 
 std::int64_t ScriviScadenza(Ambiente& ambiente, const ScadenzaConRegistrazione& cosa,
@@ -65,8 +65,8 @@ std::string RifiutoContabile(Ambiente& ambiente, const ScadenzaConRegistrazione&
 
 bool RinunciaPerData(Ambiente& ambiente, const ScadenzaConRegistrazione& cosa) {
   if (!cosa.conRegistrazione) return false;
-  if (ControlloAnno(ambiente, cosa.dt, true)) return true;
-  ControlloDataGiornale(ambiente, cosa.dt);
+  if (ledger::ControlloAnno(ambiente, cosa.dt, true)) return true;
+  ledger::ControlloDataGiornale(ambiente, cosa.dt);
   return false;
 }
 
@@ -111,4 +111,4 @@ Data DataRegistrazioneProposta(Ambiente& ambiente) {
   return Data::DaGma(kUltimo, kDicembre, ambiente.Anno()).value_or(oggi);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

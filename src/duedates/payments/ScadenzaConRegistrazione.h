@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "core/session/Ambiente.h"
-#include "duedates/Scadenza.h"
+#include "duedates/schedules/Scadenza.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 struct ScadenzaConRegistrazione {
   /// The row to change, as the user saw it; nothing for a new one.
@@ -55,4 +55,4 @@ std::string ConArticolo(const std::string& testo, const ScadenzaRegistrata& scri
 /// Today, or the last day of the selected year when today is of another.
 Data DataRegistrazioneProposta(Ambiente& ambiente);
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -2,7 +2,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr const char* kDescrizione = "Descrizione";
@@ -119,4 +119,4 @@ bool ScadenzaDigitata::Conferma(std::string* campo) {
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -8,11 +8,11 @@
 
 #include "core/session/Ambiente.h"
 #include "core/session/Scheda.h"
-#include "duedates/ImpostazioniPagamento.h"
-#include "duedates/Scadenza.h"
+#include "duedates/payments/ImpostazioniPagamento.h"
 #include "duedates/payments/ScadenzaConRegistrazione.h"
+#include "duedates/schedules/Scadenza.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 class ScadenzaDigitata {
  public:
@@ -82,4 +82,4 @@ class ScadenzaDigitata {
   std::int64_t numeroScritto_ = 0;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

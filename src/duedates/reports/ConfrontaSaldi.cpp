@@ -4,10 +4,10 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
-#include "duedates/Scadenza.h"
-#include "ledger/SaldoConto.h"
+#include "duedates/schedules/Scadenza.h"
+#include "ledger/accounts/SaldoConto.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 /// Parties between two signs of life.
@@ -35,9 +35,9 @@ using Parti = std::map<std::string, DatiParte, SenzaCaso>;
 
 /// Class and range, over a table's column of codes.
 std::string Condizione(const SceltaConfronto& s, const std::string& colonna) {
-  std::string testo = Criterio("CFP", "=", s.cfp);
-  if (!s.daCliFor.empty()) testo += " AND " + Criterio(colonna, ">=", s.daCliFor);
-  if (!s.aCliFor.empty()) testo += " AND " + Criterio(colonna, "<=", s.aCliFor);
+  std::string testo = sql::Criterio("CFP", "=", s.cfp);
+  if (!s.daCliFor.empty()) testo += " AND " + sql::Criterio(colonna, ">=", s.daCliFor);
+  if (!s.aCliFor.empty()) testo += " AND " + sql::Criterio(colonna, "<=", s.aCliFor);
   return testo;
 }
 
@@ -51,7 +51,7 @@ Parti LeggiParti(Ambiente& ambiente, const SceltaConfronto& scelta) {
   }
   // Who was erased may still have moved, and have something open.
   for (Rs r = tessarc.Recordset("SELECT Conto FROM Movimenti WHERE " +
-                                Criterio("Anno", "=", ambiente.Anno()) + " AND " +
+                                sql::Criterio("Anno", "=", ambiente.Anno()) + " AND " +
                                 Condizione(scelta, "Conto") + " GROUP BY Conto");
        !r.Eof(); r.MoveNext()) {
     parti[r.Fields(0).Testo()];
@@ -74,8 +74,8 @@ bool ConfrontaSaldi(Ambiente& ambiente, const SceltaConfronto& scelta,
   const Parti parti = LeggiParti(ambiente, scelta);
   const auto avanzamento =
       ambiente.Dialogo().Avvia("Controllo saldi", static_cast<std::int64_t>(parti.size()));
-  SaldoConto saldi(ambiente.ArchivioDi("tessarc"));
-  SaldoConto::Richiesta richiesta;
+  ledger::SaldoConto saldi(ambiente.ArchivioDi("tessarc"));
+  ledger::SaldoConto::Richiesta richiesta;
   richiesta.mantieniAperto = true;
   richiesta.cfp = scelta.cfp;
   // A registration belongs to its year, whatever its day.
@@ -105,4 +105,4 @@ std::vector<ParteDiscorde> ConfrontaSaldi(Ambiente& ambiente, const SceltaConfro
   return discordi;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

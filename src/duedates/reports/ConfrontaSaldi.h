@@ -8,7 +8,7 @@
 
 #include "core/session/Ambiente.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// Whose balances; an empty code narrows nothing.
 struct SceltaConfronto {
@@ -35,4 +35,4 @@ std::vector<ParteDiscorde> ConfrontaSaldi(Ambiente& ambiente, const SceltaConfro
 bool ConfrontaSaldi(Ambiente& ambiente, const SceltaConfronto& scelta,
                     const std::function<bool(const ParteDiscorde&)>& parte);
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -2,7 +2,7 @@
 
 #include "duedates/reports/LetteraEstratto.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 SceltaEstrattoConto EstrattoConto::Proposta() {
   SceltaEstrattoConto scelta;
@@ -31,4 +31,4 @@ bool EstrattoConto::Stampa(const SceltaEstrattoConto& scelta) {
       .Esegui(ContaScadenze(ambiente_, scelta.scadenze));
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

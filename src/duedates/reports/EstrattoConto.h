@@ -4,7 +4,7 @@
 #include "core/reports/Uscita.h"
 #include "duedates/reports/LetturaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 struct SceltaEstrattoConto {
   /// With `anchePagate`, what was paid from `pagateDal` on stands below what is open.
@@ -16,7 +16,7 @@ struct SceltaEstrattoConto {
 
 class EstrattoConto {
  public:
-  EstrattoConto(Ambiente& ambiente, FabbricaUscite& uscite)
+  EstrattoConto(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}
 
   /// To customers, as of today, with all that is open.
@@ -27,7 +27,7 @@ class EstrattoConto {
 
  private:
   Ambiente& ambiente_;
-  FabbricaUscite& uscite_;
+  reports::FabbricaUscite& uscite_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -6,9 +6,9 @@
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
-#include "ledger/GiornaleInterno.h"
+#include "ledger/journal/GiornaleInterno.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 /// Due dates between two signs of life.
@@ -44,24 +44,25 @@ std::string Accosta(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-LetteraEstratto::LetteraEstratto(Ambiente& ambiente, FabbricaUscite& uscite,
+LetteraEstratto::LetteraEstratto(Ambiente& ambiente, reports::FabbricaUscite& uscite,
                                  const SceltaEstrattoConto& scelta)
     : ambiente_(ambiente),
       scelta_(scelta),
       stampa_(ambiente, uscite),
-      ditta_(LeggiDatiDitta(ambiente)) {}
+      ditta_(reports::LeggiDatiDitta(ambiente)) {}
 
 bool LetteraEstratto::Cliente() const {
   return UgualeTesto(scelta_.scadenze.cfp, "C");
 }
 
 bool LetteraEstratto::Esegui(std::int64_t quante) {
-  const Cornice cornice{"estratto conto",          "Estratto conto al " + scelta_.alla.Testo(),
-                        ModelloLettera(ambiente_), kLarghezza,
-                        scelta_.stGrafico,         scelta_.xTar};
-  const ModoStampa modo = ApriStampa(stampa_, ambiente_, cornice);
-  if (modo == ModoStampa::Fermata) return false;
-  grafico_ = modo == ModoStampa::Grafico;
+  const reports::Cornice cornice{
+      "estratto conto",          "Estratto conto al " + scelta_.alla.Testo(),
+      ModelloLettera(ambiente_), kLarghezza,
+      scelta_.stGrafico,         scelta_.xTar};
+  const reports::ModoStampa modo = reports::ApriStampa(stampa_, ambiente_, cornice);
+  if (modo == reports::ModoStampa::Fermata) return false;
+  grafico_ = modo == reports::ModoStampa::Grafico;
   stampa_.Intestazione([this] { Testata(); });
   const auto avanzamento = ambiente_.Dialogo().Avvia("Estratto conto", quante);
   std::int64_t fatte = 0;
@@ -168,7 +169,7 @@ void LetteraEstratto::Riga(const ScadenzaStampata& s) {
 
 void LetteraEstratto::RigaModello(const ScadenzaStampata& s) {
   const double y = stampa_.YCorrente();
-  const Rinvio rinvio = s.RinvioARegistrazione();
+  const reports::Rinvio rinvio = s.RinvioARegistrazione();
   stampa_.CampoModello("R_DTSCAD", s.dt, y, rinvio);
   if (s.nFat != 0) stampa_.CampoModello("R_NFAT", std::to_string(s.nFat), y, rinvio);
   stampa_.CampoModello("R_DTFAT", s.dtFat, y, rinvio);
@@ -190,10 +191,10 @@ void LetteraEstratto::Totale(const std::string& scritta, Importo importo, bool e
     stampa_.CampoModello("R_TOTRESIDUO", importo, y);
     return stampa_.AvanzaRiga();
   }
-  if (evidente) stampa_.Riga(Ripeti("=", kLarghezza));
+  if (evidente) stampa_.Riga(reports::Ripeti("=", kLarghezza));
   stampa_.Campo(1, scritta);
   stampa_.Campo(2, importo);
-  stampa_.Riga(Ripeti("$", kLarghezza - kLargoImporto) + " ###.###.###,##", {}, true);
+  stampa_.Riga(reports::Ripeti("$", kLarghezza - kLargoImporto) + " ###.###.###,##", {}, true);
 }
 
 void LetteraEstratto::Titoletto(const std::string& testo) {
@@ -202,17 +203,17 @@ void LetteraEstratto::Titoletto(const std::string& testo) {
     return stampa_.AvanzaRiga();
   }
   stampa_.Campo(1, testo);
-  stampa_.Riga(Ripeti("$", kLarghezza), {}, true);
+  stampa_.Riga(reports::Ripeti("$", kLarghezza), {}, true);
 }
 
 void LetteraEstratto::Capoverso(const std::string& testo) {
-  for (const std::string& riga : InRighe(testo, grafico_ ? kLargoModello : kLargoTesto)) {
+  for (const std::string& riga : ledger::InRighe(testo, grafico_ ? kLargoModello : kLargoTesto)) {
     if (grafico_) {
       stampa_.CampoModello("R_SCRITTA", riga, stampa_.YCorrente());
       stampa_.AvanzaRiga();
     } else {
       stampa_.Campo(1, riga);
-      stampa_.Riga(Ripeti("$", kLarghezza));
+      stampa_.Riga(reports::Ripeti("$", kLarghezza));
     }
   }
 }
@@ -254,7 +255,7 @@ void LetteraEstratto::Chiusura() {
     return stampa_.AvanzaRiga();
   }
   stampa_.Campo(1, ditta_.ragSoc1_2);
-  stampa_.Riga(Ripeti(" ", kRientro) + Ripeti("$", kLarghezza - kRientro));
+  stampa_.Riga(reports::Ripeti(" ", kRientro) + reports::Ripeti("$", kLarghezza - kRientro));
 }
 
 void LetteraEstratto::Testata() {
@@ -266,9 +267,10 @@ void LetteraEstratto::TestataLettera() {
   const auto riga = [this](const std::string& testo, std::size_t rientro, bool grassetto) {
     if (testo.empty()) return;
     stampa_.Campo(1, testo);
-    stampa_.Riga(Ripeti(" ", rientro) + Ripeti("$", kLarghezza - rientro), {}, grassetto);
+    stampa_.Riga(reports::Ripeti(" ", rientro) + reports::Ripeti("$", kLarghezza - rientro), {},
+                 grassetto);
   };
-  TestataTesto(stampa_, ambiente_, ditta_, paginaLettera_, kLarghezza);
+  reports::TestataTesto(stampa_, ambiente_, ditta_, paginaLettera_, kLarghezza);
   if (!ditta_.piva.empty()) riga("Partita IVA " + ditta_.piva, 0, false);
   stampa_.Riga("");
   riga("Spett.le", kRientro, false);
@@ -285,13 +287,13 @@ void LetteraEstratto::TestataLettera() {
     stampa_.Riga("");
     riga("Riepiloghiamo le partite che ci risultano aperte nei Vostri confronti:", 0, false);
   }
-  stampa_.Riga(Ripeti("=", kLarghezza));
+  stampa_.Riga(reports::Ripeti("=", kLarghezza));
   stampa_.Riga(kColonne);
-  stampa_.Riga(Ripeti("-", kLarghezza));
+  stampa_.Riga(reports::Ripeti("-", kLarghezza));
 }
 
 void LetteraEstratto::TestataModello() {
-  CampiTestata(stampa_, ambiente_, ditta_, paginaLettera_);
+  reports::CampiTestata(stampa_, ambiente_, ditta_, paginaLettera_);
   stampa_.CampoModello("TITOLO", "ESTRATTO CONTO AL " + scelta_.alla.Testo());
   stampa_.CampoModello("CODICE", "codice " + prima_.conto);
   // The lines of an address leave no hole where one is missing.
@@ -314,7 +316,7 @@ void LetteraEstratto::TestataModello() {
 LetteraEstratto::Destinatario LetteraEstratto::LeggiDestinatario(const ScadenzaStampata& s) const {
   Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(
       std::string("SELECT ragsoc1, ragsoc2, indirizzo, cap, localita, Prov, piva, CodFisc FROM ") +
-      (Cliente() ? "Clienti" : "Fornitori") + " WHERE " + Criterio("Cod", "=", s.conto));
+      (Cliente() ? "Clienti" : "Fornitori") + " WHERE " + sql::Criterio("Cod", "=", s.conto));
   Destinatario d;
   if (rs.Eof()) {
     d.nome = s.ragsoc.empty() ? s.conto : s.ragsoc;
@@ -333,4 +335,4 @@ LetteraEstratto::Destinatario LetteraEstratto::LeggiDestinatario(const ScadenzaS
   return d;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -7,11 +7,12 @@
 #include "core/reports/Cornice.h"
 #include "duedates/reports/EstrattoConto.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 class LetteraEstratto {
  public:
-  LetteraEstratto(Ambiente& ambiente, FabbricaUscite& uscite, const SceltaEstrattoConto& scelta);
+  LetteraEstratto(Ambiente& ambiente, reports::FabbricaUscite& uscite,
+                  const SceltaEstrattoConto& scelta);
 
   /// False when the user gave up, cancelled, or the output failed.
   bool Esegui(std::int64_t quante);
@@ -48,8 +49,8 @@ class LetteraEstratto {
 
   Ambiente& ambiente_;
   const SceltaEstrattoConto& scelta_;
-  Stampa stampa_;
-  DatiDitta ditta_;
+  reports::Stampa stampa_;
+  reports::DatiDitta ditta_;
   bool grafico_ = false;
 
   // The party at hand; its letter begins with the first open due date.
@@ -66,4 +67,4 @@ class LetteraEstratto {
   std::vector<ScadenzaStampata> chiuse_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -2,10 +2,10 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
-#include "duedates/RicercaScadenze.h"
-#include "duedates/Scadenza.h"
+#include "duedates/schedules/RicercaScadenze.h"
+#include "duedates/schedules/Scadenza.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 // A party that is no longer in the list of accounts keeps its due dates.
@@ -38,25 +38,26 @@ enum Colonna : std::size_t {
 };
 
 std::string Condizione(const SceltaScadenze& s) {
-  std::string testo = Criterio("SCADENZE.CFP", "=", s.cfp);
+  std::string testo = sql::Criterio("SCADENZE.CFP", "=", s.cfp);
   const auto aggiungi = [&testo](const std::string& altra) { testo += " AND " + altra; };
-  if (!s.daCliFor.empty()) aggiungi(Criterio("SCADENZE.Conto", ">=", s.daCliFor));
-  if (!s.aCliFor.empty()) aggiungi(Criterio("SCADENZE.Conto", "<=", s.aCliFor));
-  if (!s.daData.Nulla()) aggiungi(Criterio("SCADENZE.Dt", ">=", s.daData));
-  if (!s.aData.Nulla()) aggiungi(Criterio("SCADENZE.Dt", "<=", s.aData));
+  if (!s.daCliFor.empty()) aggiungi(sql::Criterio("SCADENZE.Conto", ">=", s.daCliFor));
+  if (!s.aCliFor.empty()) aggiungi(sql::Criterio("SCADENZE.Conto", "<=", s.aCliFor));
+  if (!s.daData.Nulla()) aggiungi(sql::Criterio("SCADENZE.Dt", ">=", s.daData));
+  if (!s.aData.Nulla()) aggiungi(sql::Criterio("SCADENZE.Dt", "<=", s.aData));
   if (!s.anchePagate) {
     aggiungi(CondizioneAperta());
     return testo;
   }
   // What became part of another due date is told there, but for what had been paid of it.
   aggiungi("(" + CondizioneAperta() + " OR " +
-           Criterio("SCADENZE.Programma", "<>", kProgrammaRaggruppata) +
+           sql::Criterio("SCADENZE.Programma", "<>", kProgrammaRaggruppata) +
            " OR SCADENZE.ImportoPagatoE<>0)");
   if (!s.pagateDal.Nulla()) {
     // Where the day of payment wasn't kept, the due date stands for it.
-    aggiungi("(" + CondizioneAperta() + " OR " + Criterio("SCADENZE.DtPag", ">=", s.pagateDal) +
-             " OR (" + Criterio("SCADENZE.DtPag", "=", Data()) + " AND " +
-             Criterio("SCADENZE.Dt", ">=", s.pagateDal) + "))");
+    aggiungi("(" + CondizioneAperta() + " OR " +
+             sql::Criterio("SCADENZE.DtPag", ">=", s.pagateDal) + " OR (" +
+             sql::Criterio("SCADENZE.DtPag", "=", Data()) + " AND " +
+             sql::Criterio("SCADENZE.Dt", ">=", s.pagateDal) + "))");
   }
   return testo;
 }
@@ -111,9 +112,10 @@ std::string ScadenzaStampata::DescrizioneSegnata() const {
   return descrizione.empty() ? "ACCONTO" : "ACCONTO - " + descrizione;
 }
 
-Rinvio ScadenzaStampata::RinvioARegistrazione() const {
-  Rinvio rinvio;
-  rinvio.genere = articolo == 0 ? Rinvio::Genere::Conto : Rinvio::Genere::Registrazione;
+reports::Rinvio ScadenzaStampata::RinvioARegistrazione() const {
+  reports::Rinvio rinvio;
+  rinvio.genere =
+      articolo == 0 ? reports::Rinvio::Genere::Conto : reports::Rinvio::Genere::Registrazione;
   rinvio.cfp = cfp;
   rinvio.conto = conto;
   rinvio.anno = anno;
@@ -162,4 +164,4 @@ bool ScorriScadenze(Ambiente& ambiente, const SceltaScadenze& scelta, OrdineScad
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -9,7 +9,7 @@
 #include "core/reports/Pagina.h"
 #include "core/session/Ambiente.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// What the reports have in common; empty codes and null dates narrow nothing.
 struct SceltaScadenze {
@@ -51,7 +51,7 @@ struct ScadenzaStampata {
   /// The description, marked when it is a deposit.
   [[nodiscard]] std::string DescrizioneSegnata() const;
   /// Leads to the registration; to the party where the due date has none.
-  [[nodiscard]] Rinvio RinvioARegistrazione() const;
+  [[nodiscard]] reports::Rinvio RinvioARegistrazione() const;
 };
 
 /// What is wrong in a choice, in words for the user.
@@ -68,4 +68,4 @@ std::int64_t ContaScadenze(Ambiente& ambiente, const SceltaScadenze& scelta);
 bool ScorriScadenze(Ambiente& ambiente, const SceltaScadenze& scelta, OrdineScadenze ordine,
                     const std::function<bool(const ScadenzaStampata&)>& riga);
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

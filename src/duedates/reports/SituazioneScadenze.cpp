@@ -6,7 +6,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 /// Due dates between two signs of life.
@@ -130,4 +130,4 @@ std::optional<std::vector<ScadenzaStampata>> SituazioneScadenze::Aperte(
   return aperte;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -11,7 +11,7 @@
 #include "duedates/reports/LetturaScadenze.h"
 #include "duedates/reports/VisitaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// How late a due date is: what falls due on the day itself isn't late yet.
 enum class Fascia : std::size_t { AScadere, Fino30, Fino60, Fino90, Oltre };
@@ -93,4 +93,4 @@ class SituazioneScadenze {
   Ambiente& ambiente_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

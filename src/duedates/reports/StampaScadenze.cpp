@@ -4,7 +4,7 @@
 #include "core/values/Testo.h"
 #include "duedates/reports/VisitaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 using Totale = SeguitoScadenze::Totale;
@@ -39,27 +39,29 @@ Valore Fattura(const ScadenzaStampata& s) {
 
 class TabulatoScadenze : private SeguitoScadenze {
  public:
-  TabulatoScadenze(Ambiente& ambiente, FabbricaUscite& uscite, const SceltaStampaScadenze& scelta)
+  TabulatoScadenze(Ambiente& ambiente, reports::FabbricaUscite& uscite,
+                   const SceltaStampaScadenze& scelta)
       : ambiente_(ambiente),
         scelta_(scelta),
         perConto_(scelta.ordine == OrdineScadenze::PerConto),
         stampa_(ambiente, uscite),
-        ditta_(LeggiDatiDitta(ambiente)),
+        ditta_(reports::LeggiDatiDitta(ambiente)),
         colonne_(perConto_ ? kColonneConto : kColonneData),
         riga_(std::string(perConto_ ? kRigaConto : kRigaData) + kImporti),
         larghezza_(LunghezzaTesto(colonne_)),
-        rigaTotale_(Ripeti("$", larghezza_ - kLargoImporti) + kImporti) {}
+        rigaTotale_(reports::Ripeti("$", larghezza_ - kLargoImporti) + kImporti) {}
 
   bool Esegui(std::int64_t quante) {
-    const Cornice cornice{perConto_ ? "scadenze per cliente/fornitore" : "scadenze per data",
-                          TitoloDi(scelta_),
-                          perConto_ ? "TiSPC" : "TiSPD",
-                          larghezza_,
-                          scelta_.stGrafico,
-                          scelta_.xTar};
-    const ModoStampa modo = ApriStampa(stampa_, ambiente_, cornice);
-    if (modo == ModoStampa::Fermata) return false;
-    grafico_ = modo == ModoStampa::Grafico;
+    const reports::Cornice cornice{
+        perConto_ ? "scadenze per cliente/fornitore" : "scadenze per data",
+        TitoloDi(scelta_),
+        perConto_ ? "TiSPC" : "TiSPD",
+        larghezza_,
+        scelta_.stGrafico,
+        scelta_.xTar};
+    const reports::ModoStampa modo = reports::ApriStampa(stampa_, ambiente_, cornice);
+    if (modo == reports::ModoStampa::Fermata) return false;
+    grafico_ = modo == reports::ModoStampa::Grafico;
     stampa_.Intestazione([this] { Testata(); });
     return VisitaScadenze(ambiente_, scelta_, *this).Visita(quante) && stampa_.Fine();
   }
@@ -69,15 +71,15 @@ class TabulatoScadenze : private SeguitoScadenze {
 
   void Testata() {
     if (grafico_) {
-      CampiTestata(stampa_, ambiente_, ditta_, stampa_.NumeroPagina());
+      reports::CampiTestata(stampa_, ambiente_, ditta_, stampa_.NumeroPagina());
       stampa_.CampoModello("TITOLO", TitoloDi(scelta_));
       stampa_.CampoModello("TITOLO2", ScrittaScelta(scelta_.scadenze));
     } else {
-      TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), larghezza_);
+      reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), larghezza_);
       Intera(TitoloDi(scelta_) + "   " + ScrittaScelta(scelta_.scadenze), true);
-      stampa_.Riga(Ripeti("=", larghezza_));
+      stampa_.Riga(reports::Ripeti("=", larghezza_));
       stampa_.Riga(colonne_);
-      stampa_.Riga(Ripeti("-", larghezza_));
+      stampa_.Riga(reports::Ripeti("-", larghezza_));
     }
     // A party that goes on is named again.
     if (inParte_) Nome("  (segue)");
@@ -93,13 +95,13 @@ class TabulatoScadenze : private SeguitoScadenze {
 
   void Nome(const char* seguito) {
     const std::string testo = parte_.conto + "  " + parte_.ragsoc + seguito;
-    Rinvio rinvio;
-    rinvio.genere = Rinvio::Genere::Conto;
+    reports::Rinvio rinvio;
+    rinvio.genere = reports::Rinvio::Genere::Conto;
     rinvio.cfp = parte_.cfp;
     rinvio.conto = parte_.conto;
     if (!grafico_) {
       stampa_.Campo(1, testo);
-      return stampa_.Riga(Ripeti("$", larghezza_), rinvio, true);
+      return stampa_.Riga(reports::Ripeti("$", larghezza_), rinvio, true);
     }
     stampa_.CampoModello("R_PARTE", testo, stampa_.YCorrente(), rinvio);
     stampa_.AvanzaRiga();
@@ -131,7 +133,7 @@ class TabulatoScadenze : private SeguitoScadenze {
 
   void RigaModello(const ScadenzaStampata& s) {
     const double y = stampa_.YCorrente();
-    const Rinvio rinvio = s.RinvioARegistrazione();
+    const reports::Rinvio rinvio = s.RinvioARegistrazione();
     const std::pair<const char*, Valore> campi[] = {
         {"R_DTSCAD", s.dt},
         {"R_CONTO", perConto_ ? Valore() : Valore(s.conto)},
@@ -159,7 +161,7 @@ class TabulatoScadenze : private SeguitoScadenze {
     if (quale == Totale::Generale) {
       inParte_ = false;
       stampa_.Riserva(2);
-      grafico_ ? stampa_.Filetto() : stampa_.Riga(Ripeti("=", larghezza_));
+      grafico_ ? stampa_.Filetto() : stampa_.Riga(reports::Ripeti("=", larghezza_));
     }
     if (quale == Totale::Parte) inParte_ = false;
     Importi(scritta, t, quale != Totale::MeseDiTutti);
@@ -193,14 +195,14 @@ class TabulatoScadenze : private SeguitoScadenze {
 
   void Intera(const std::string& testo, bool grassetto) {
     stampa_.Campo(1, testo);
-    stampa_.Riga(Ripeti("$", larghezza_), {}, grassetto);
+    stampa_.Riga(reports::Ripeti("$", larghezza_), {}, grassetto);
   }
 
   Ambiente& ambiente_;
   const SceltaStampaScadenze& scelta_;
   bool perConto_;
-  fenalto::Stampa stampa_;
-  DatiDitta ditta_;
+  reports::Stampa stampa_;
+  reports::DatiDitta ditta_;
   std::string colonne_;
   std::string riga_;
   std::size_t larghezza_;
@@ -213,7 +215,7 @@ class TabulatoScadenze : private SeguitoScadenze {
 
 class FoglioDiScadenze : public SeguitoScadenze {
  public:
-  explicit FoglioDiScadenze(Foglio& foglio) : foglio_(foglio) {}
+  explicit FoglioDiScadenze(reports::Foglio& foglio) : foglio_(foglio) {}
   void Parte(const ScadenzaStampata& /*prima*/) override {}
   void Riga(const ScadenzaStampata& s) override {
     foglio_.righe.push_back({s.dt, s.conto, s.ragsoc, Fattura(s), s.dtFat, s.DescrizioneSegnata(),
@@ -226,7 +228,7 @@ class FoglioDiScadenze : public SeguitoScadenze {
   }
 
  private:
-  Foglio& foglio_;
+  reports::Foglio& foglio_;
 };
 
 }  // namespace
@@ -250,11 +252,11 @@ bool StampaScadenze::Stampa(const SceltaStampaScadenze& scelta) {
   return quante != 0 && TabulatoScadenze(ambiente_, uscite_, scelta).Esegui(quante);
 }
 
-Foglio StampaScadenze::FoglioScadenze(const SceltaStampaScadenze& scelta) {
+reports::Foglio StampaScadenze::FoglioScadenze(const SceltaStampaScadenze& scelta) {
   const std::int64_t quante = Pronte(scelta);
   if (quante == 0) return {};
-  Foglio foglio;
-  foglio.premessa = {{"ditta ", LeggiDatiDitta(ambiente_).ragSoc1_2},
+  reports::Foglio foglio;
+  foglio.premessa = {{"ditta ", reports::LeggiDatiDitta(ambiente_).ragSoc1_2},
                      {"data stampa ", ambiente_.Ora().Oggi()},
                      {TitoloDi(scelta)},
                      {ScrittaScelta(scelta.scadenze)}};
@@ -274,4 +276,4 @@ Foglio StampaScadenze::FoglioScadenze(const SceltaStampaScadenze& scelta) {
   return foglio;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

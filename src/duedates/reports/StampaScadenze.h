@@ -5,7 +5,7 @@
 #include "core/reports/Uscita.h"
 #include "duedates/reports/LetturaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 struct SceltaStampaScadenze {
   SceltaScadenze scadenze;
@@ -17,21 +17,21 @@ struct SceltaStampaScadenze {
 
 class StampaScadenze {
  public:
-  StampaScadenze(Ambiente& ambiente, FabbricaUscite& uscite)
+  StampaScadenze(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}
 
   /// Prints; false when the choice is wrong, nothing was found (both told), or it was cancelled.
   bool Stampa(const SceltaStampaScadenze& scelta);
   /// The same rows and totals; without columns when there is nothing to show (told) or it was
   /// cancelled.
-  Foglio FoglioScadenze(const SceltaStampaScadenze& scelta);
+  reports::Foglio FoglioScadenze(const SceltaStampaScadenze& scelta);
 
  private:
   /// The number of due dates to print, 0 when there are none or the choice is wrong.
   std::int64_t Pronte(const SceltaStampaScadenze& scelta);
 
   Ambiente& ambiente_;
-  FabbricaUscite& uscite_;
+  reports::FabbricaUscite& uscite_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -4,7 +4,7 @@
 #include "core/values/Testo.h"
 #include "duedates/reports/LetturaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr const char* kRapporto = "Controllo saldi contabili con scadenze in vita";
@@ -31,20 +31,21 @@ std::string Parti(const SceltaConfronto& s) {
 
 class TabulatoSaldi {
  public:
-  TabulatoSaldi(Ambiente& ambiente, FabbricaUscite& uscite, std::string titolo)
+  TabulatoSaldi(Ambiente& ambiente, reports::FabbricaUscite& uscite, std::string titolo)
       : ambiente_(ambiente),
         titolo_(std::move(titolo)),
         stampa_(ambiente, uscite),
-        ditta_(LeggiDatiDitta(ambiente)),
-        riga_(PictureImporto(kRiga, ambiente.Euro())),
+        ditta_(reports::LeggiDatiDitta(ambiente)),
+        riga_(reports::PictureImporto(kRiga, ambiente.Euro())),
         larghezza_(LunghezzaTesto(kColonne)) {}
 
   bool Esegui(const SceltaConfronto& scelta) {
-    Cornice cornice;
+    reports::Cornice cornice;
     cornice.rapporto = kRapporto;
     cornice.titolo = kRapporto;
     cornice.larghezza = larghezza_;
-    if (ApriStampa(stampa_, ambiente_, cornice) == ModoStampa::Fermata) return false;
+    if (reports::ApriStampa(stampa_, ambiente_, cornice) == reports::ModoStampa::Fermata)
+      return false;
     stampa_.Intestazione([this, &scelta] { Testata(scelta); });
     bool concordi = true;
     const bool tutte = ConfrontaSaldi(ambiente_, scelta, [&](const ParteDiscorde& parte) {
@@ -54,23 +55,23 @@ class TabulatoSaldi {
     });
     if (!tutte) return false;
     if (concordi) Intera("nessuna differenza");
-    stampa_.Riga(Ripeti("-", larghezza_));
+    stampa_.Riga(reports::Ripeti("-", larghezza_));
     return stampa_.Fine();
   }
 
  private:
   void Testata(const SceltaConfronto& scelta) {
-    TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), larghezza_);
+    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), larghezza_);
     Intera(kRapporto, true);
     Intera(titolo_ + ", " + Parti(scelta));
-    stampa_.Riga(Ripeti("=", larghezza_));
+    stampa_.Riga(reports::Ripeti("=", larghezza_));
     stampa_.Riga(kColonne);
-    stampa_.Riga(Ripeti("-", larghezza_));
+    stampa_.Riga(reports::Ripeti("-", larghezza_));
   }
 
   void Riga(const ParteDiscorde& parte) {
-    Rinvio rinvio;
-    rinvio.genere = Rinvio::Genere::Conto;
+    reports::Rinvio rinvio;
+    rinvio.genere = reports::Rinvio::Genere::Conto;
     rinvio.cfp = parte.cfp;
     rinvio.conto = parte.cod;
     std::size_t n = 0;
@@ -84,13 +85,13 @@ class TabulatoSaldi {
 
   void Intera(const std::string& testo, bool grassetto = false) {
     stampa_.Campo(1, testo);
-    stampa_.Riga(Ripeti("$", larghezza_), {}, grassetto);
+    stampa_.Riga(reports::Ripeti("$", larghezza_), {}, grassetto);
   }
 
   Ambiente& ambiente_;
   std::string titolo_;
-  fenalto::Stampa stampa_;
-  DatiDitta ditta_;
+  reports::Stampa stampa_;
+  reports::DatiDitta ditta_;
   std::string riga_;
   std::size_t larghezza_;
 };
@@ -114,4 +115,4 @@ bool TestSaldi::Stampa(const SceltaConfronto& scelta) {
   return TabulatoSaldi(ambiente_, uscite_, Titolo()).Esegui(scelta);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

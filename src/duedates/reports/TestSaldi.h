@@ -4,11 +4,12 @@
 #include "core/reports/Uscita.h"
 #include "duedates/reports/ConfrontaSaldi.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 class TestSaldi {
  public:
-  TestSaldi(Ambiente& ambiente, FabbricaUscite& uscite) : ambiente_(ambiente), uscite_(uscite) {}
+  TestSaldi(Ambiente& ambiente, reports::FabbricaUscite& uscite)
+      : ambiente_(ambiente), uscite_(uscite) {}
 
   /// "Controllo scadenze in vita con saldi contabili anno 2024"
   [[nodiscard]] std::string Titolo() const;
@@ -18,7 +19,7 @@ class TestSaldi {
 
  private:
   Ambiente& ambiente_;
-  FabbricaUscite& uscite_;
+  reports::FabbricaUscite& uscite_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -4,7 +4,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 /// Due dates between two signs of life.
@@ -91,4 +91,4 @@ void VisitaScadenze::Fine() {
   seguito_.Totali(SeguitoScadenze::Totale::Generale, "TOTALE GENERALE", generale_);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

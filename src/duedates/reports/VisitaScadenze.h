@@ -6,7 +6,7 @@
 
 #include "duedates/reports/StampaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 struct TotaliScadenze {
   Importo importo;
@@ -62,4 +62,4 @@ class VisitaScadenze {
   std::map<MeseScadenze, TotaliScadenze> mesi_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

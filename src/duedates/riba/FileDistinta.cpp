@@ -11,7 +11,7 @@
 #include "core/session/FileTesto.h"
 #include "duedates/riba/VerificaFileRiba.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 namespace fs = std::filesystem;
 
@@ -82,4 +82,4 @@ void FileDistinta::Tieni() {
   precedente_.clear();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

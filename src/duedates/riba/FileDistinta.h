@@ -5,7 +5,7 @@
 
 #include "duedates/riba/FileRiba.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// The name beside (`12.rib.prima`) that a file which is there already is kept under; empty when
 /// there is none. One of another bank, or of a confirmation that was broken off, is never lost.
@@ -34,4 +34,4 @@ class FileDistinta {
   bool daTogliere_ = false;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

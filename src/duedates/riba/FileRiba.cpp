@@ -11,7 +11,7 @@
 #include "core/values/Testo.h"
 #include "duedates/riba/VerificaFileRiba.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 namespace {
 
@@ -279,7 +279,7 @@ FileRiba ComponiFileRiba(const DistintaRiba& distinta) {
 
 Esito<bool> ScriviFileRiba(const std::filesystem::path& percorso, const FileRiba& file) {
   if (auto impedimento = Impedimento(file)) return *std::move(impedimento);
-  FileAccanto accanto(percorso);
+  reports::FileAccanto accanto(percorso);
   accanto.Scrivi(file.testo);
   if (auto chiuso = accanto.Chiudi(); !chiuso) return chiuso;
   const auto riletto = LeggiByteRiba(percorso);
@@ -290,4 +290,4 @@ Esito<bool> ScriviFileRiba(const std::filesystem::path& percorso, const FileRiba
                 "scrittura su un altro disco"};
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -10,7 +10,7 @@
 #include "core/values/Importo.h"
 #include "duedates/riba/TracciatoRiba.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// The bank of presentation, by the names of `Banche`.
 struct BancaRiba {
@@ -86,4 +86,4 @@ struct FileRiba {
 /// says why nothing was written: a grave note, an error of the check, the folder missing or full.
 Esito<bool> ScriviFileRiba(const std::filesystem::path& percorso, const FileRiba& file);
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -7,9 +7,9 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
-#include "duedates/RicercaScadenze.h"
+#include "duedates/schedules/RicercaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 /// Characters of the references to invoices.
@@ -21,12 +21,13 @@ std::string Selezione(const SceltaRaggruppamento& scelta) {
   std::string sql =
       "SELECT Scadenze.*, clienti.RagSoc1 FROM Scadenze INNER JOIN clienti ON Scadenze.Conto = "
       "clienti.Cod where " +
-      Criterio("Scadenze.CFP", "=", "C") + " and " + Criterio("Scadenze.Tipo", "=", kTipoRiba) +
-      " and " + Criterio("Scadenze.Stato", "<", kStatoPresentabile) + " and " + CondizioneAperta() +
+      sql::Criterio("Scadenze.CFP", "=", "C") + " and " +
+      sql::Criterio("Scadenze.Tipo", "=", kTipoRiba) + " and " +
+      sql::Criterio("Scadenze.Stato", "<", kStatoPresentabile) + " and " + CondizioneAperta() +
       " and Scadenze.Nfat<>0";
-  if (!scelta.da.Nulla()) sql += " and " + Criterio("Scadenze.Dt", ">=", scelta.da);
-  if (!scelta.a.Nulla()) sql += " and " + Criterio("Scadenze.Dt", "<=", scelta.a);
-  if (!scelta.conto.empty()) sql += " and " + Criterio("Scadenze.Conto", "=", scelta.conto);
+  if (!scelta.da.Nulla()) sql += " and " + sql::Criterio("Scadenze.Dt", ">=", scelta.da);
+  if (!scelta.a.Nulla()) sql += " and " + sql::Criterio("Scadenze.Dt", "<=", scelta.a);
+  if (!scelta.conto.empty()) sql += " and " + sql::Criterio("Scadenze.Conto", "=", scelta.conto);
   return sql +
          " order by Scadenze.Conto, Scadenze.Dt, Scadenze.Pagamento, Scadenze.DtFat, "
          "Scadenze.NFat, Scadenze.Numero";
@@ -244,4 +245,4 @@ bool RaggruppamentoRiba::Definitivo(const SceltaRaggruppamento& scelta,
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -13,11 +13,13 @@
 #include <vector>
 
 #include "core/session/Ambiente.h"
-#include "duedates/Scadenza.h"
+#include "duedates/schedules/Scadenza.h"
 
-namespace fenalto {
-
+namespace fenalto::reports {
 class FabbricaUscite;
+}
+
+namespace fenalto::duedates {
 
 /// `Programma` of the due date that takes the place of others.
 inline constexpr const char* kProgrammaRaggruppamento = "RaggRiba";
@@ -49,7 +51,7 @@ std::string RiferimentiFatture(const std::vector<Scadenza>& scadenze);
 
 class RaggruppamentoRiba {
  public:
-  RaggruppamentoRiba(Ambiente& ambiente, FabbricaUscite& uscite)
+  RaggruppamentoRiba(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}
 
   /// Groups of one receipt too, in order of customer and day. Nothing when the user cancelled.
@@ -67,7 +69,7 @@ class RaggruppamentoRiba {
   [[nodiscard]] bool StampaGruppi(const SceltaRaggruppamento& scelta,
                                   const std::vector<GruppoRiba>& gruppi, bool definitivo);
   Ambiente& ambiente_;
-  FabbricaUscite& uscite_;
+  reports::FabbricaUscite& uscite_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -8,10 +8,10 @@
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
-#include "duedates/RicercaScadenze.h"
 #include "duedates/riba/FileDistinta.h"
+#include "duedates/schedules/RicercaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr const char* kPresentabili =
@@ -79,7 +79,7 @@ bool Presentabile(const Scadenza& s) {
 
 std::optional<BancaPresentazione> LeggiBanca(Ambiente& ambiente, const std::string& cod) {
   Rs rs = ambiente.ArchivioDi("scadenzario")
-              .Recordset("SELECT * FROM Banche WHERE " + Criterio("Cod", "=", cod));
+              .Recordset("SELECT * FROM Banche WHERE " + sql::Criterio("Cod", "=", cod));
   if (cod.empty() || rs.Eof()) return std::nullopt;
   const auto testo = [&rs](const char* campo) { return rs.Fields(campo).Testo(); };
   return BancaPresentazione{testo("Cod"),
@@ -258,4 +258,4 @@ std::string Riba::TestoSegno() const {
              : "segno dopo ogni importo: «+», «-» se negativo";
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

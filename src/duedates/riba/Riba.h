@@ -11,10 +11,10 @@
 
 #include "core/reports/Uscita.h"
 #include "core/session/Ambiente.h"
-#include "duedates/Scadenza.h"
 #include "duedates/riba/FileRiba.h"
+#include "duedates/schedules/Scadenza.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// A batch takes no more receipts.
 inline constexpr std::size_t kMassimoRicevute = 99;
@@ -109,7 +109,7 @@ class Riba {
 
   /// Checks, prints the batch, asks, and writes file, due dates, bank and registration: all or
   /// nothing. After success the selection is empty and the bank has its next number.
-  bool Conferma(FabbricaUscite& uscite);
+  bool Conferma(reports::FabbricaUscite& uscite);
   /// What the last confirmation wrote, in a line; empty before.
   [[nodiscard]] const std::string& Scritto() const { return scritto_; }
 
@@ -140,4 +140,4 @@ class Riba {
   std::string scritto_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

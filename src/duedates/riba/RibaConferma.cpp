@@ -9,10 +9,10 @@
 #include "duedates/riba/Riba.h"
 #include "duedates/riba/SegnalazioniRiba.h"
 #include "duedates/riba/StampaDistinta.h"
-#include "ledger/ControlliData.h"
-#include "ledger/RegistrazioneAutomatica.h"
+#include "ledger/registrations/ControlliData.h"
+#include "ledger/registrations/RegistrazioneAutomatica.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 namespace fs = std::filesystem;
 
@@ -59,7 +59,7 @@ CreditoreRiba LeggiCreditore(Ambiente& ambiente) {
 /// The customer and its account at the bank; empty when it is gone.
 DebitoreRiba LeggiDebitore(Ambiente& ambiente, const std::string& conto, std::string& iban) {
   Rs rs = ambiente.ArchivioDi("tessarc").Recordset("SELECT * FROM Clienti WHERE " +
-                                                   Criterio("Cod", "=", conto));
+                                                   sql::Criterio("Cod", "=", conto));
   if (rs.Eof()) return {};
   const auto testo = [&rs](const char* campo) { return rs.Fields(campo).Testo(); };
   iban = testo("CININT") + testo("CIN") + testo("ABI") + testo("CAB") + testo("ContoBanca");
@@ -68,8 +68,8 @@ DebitoreRiba LeggiDebitore(Ambiente& ambiente, const std::string& conto, std::st
           testo("CAB"),      testo("banca"),   testo("agenzia")};
 }
 
-RigaRegistrazione RigaCliente(const Scadenza& s, const ImpostazioniRiba& impostazioni) {
-  RigaRegistrazione riga;
+ledger::RigaRegistrazione RigaCliente(const Scadenza& s, const ImpostazioniRiba& impostazioni) {
+  ledger::RigaRegistrazione riga;
   riga.causale = impostazioni.causale;
   riga.descrizione = "ft." + std::to_string(s.nFat) + " " + DataCorta(s.dtFat) + " sc." +
                      DataCorta(s.dt) + " " + s.descrizione;
@@ -81,7 +81,7 @@ RigaRegistrazione RigaCliente(const Scadenza& s, const ImpostazioniRiba& imposta
 }
 
 /// Credit above zero; a negative amount goes over to the other side, so that none in the books is.
-void InAvere(RigaRegistrazione& riga, Importo importo) {
+void InAvere(ledger::RigaRegistrazione& riga, Importo importo) {
   (importo.Negativo() ? riga.dare : riga.avere) = importo.Assoluto();
 }
 
@@ -104,9 +104,9 @@ bool Riba::DatiContabili() {
   if (!ambiente_.Esiste("tessarc", "Causali", {{"Cod", impostazioni_.causale}})) {
     return Avviso(manca + "\nla causale " + impostazioni_.causale + " non è in archivio");
   }
-  Rs conto =
-      ambiente_.ArchivioDi("tessarc").Recordset("select Cod from zConti where CFP='P' and " +
-                                                Criterio("Cod", "=", impostazioni_.contropartita));
+  Rs conto = ambiente_.ArchivioDi("tessarc").Recordset(
+      "select Cod from zConti where CFP='P' and " +
+      sql::Criterio("Cod", "=", impostazioni_.contropartita));
   if (conto.Eof()) {
     return Avviso(manca + "\nil conto " + impostazioni_.contropartita +
                   " non è nel piano dei conti");
@@ -114,8 +114,8 @@ bool Riba::DatiContabili() {
   if (!ambiente_.Euro()) {
     return Avviso("lo scadenzario non funziona in lire: selezionare un anno in euro");
   }
-  if (ControlloAnno(ambiente_, data_, true)) return false;
-  ControlloDataGiornale(ambiente_, data_);
+  if (ledger::ControlloAnno(ambiente_, data_, true)) return false;
+  ledger::ControlloDataGiornale(ambiente_, data_);
   return true;
 }
 
@@ -148,24 +148,24 @@ bool Riba::Chiede(const DatiDistinta& dati) {
 }
 
 std::int64_t Riba::Registra(const DatiDistinta& dati) {
-  TestaRegistrazione testa;
+  ledger::TestaRegistrazione testa;
   testa.anno = ambiente_.Anno();
   testa.dt = data_;
   testa.cfp = "P";
   testa.conto = impostazioni_.contropartita;
   testa.cfpA = "C";
   testa.contoA = kDiversi;
-  testa.origine = Origine::DistintaRiba;
-  std::vector<RigaRegistrazione> righe;
+  testa.origine = ledger::Origine::DistintaRiba;
+  std::vector<ledger::RigaRegistrazione> righe;
   bool unCliente = true;
   for (const Scadenza& s : dati.vista) {
-    RigaRegistrazione riga = RigaCliente(s, impostazioni_);
+    ledger::RigaRegistrazione riga = RigaCliente(s, impostazioni_);
     riga.posi = static_cast<std::int64_t>(righe.size()) + 1;
     InAvere(riga, s.importoE);
     unCliente = unCliente && s.conto == dati.vista.front().conto;
     righe.push_back(std::move(riga));
   }
-  RigaRegistrazione totale;
+  ledger::RigaRegistrazione totale;
   totale.posi = static_cast<std::int64_t>(righe.size()) + 1;
   totale.causale = impostazioni_.causale;
   totale.descrizione = Descrizione();
@@ -175,7 +175,7 @@ std::int64_t Riba::Registra(const DatiDistinta& dati) {
   totale.cfpControp = "C";
   totale.contoControp = unCliente ? dati.vista.front().conto : kDiversi;
   righe.push_back(std::move(totale));
-  return ScriviRegistrazione(ambiente_, testa, righe);
+  return ledger::ScriviRegistrazione(ambiente_, testa, righe);
 }
 
 /// Under the numbering lock. Why nothing was written, or empty and `numDoc` told.
@@ -204,8 +204,8 @@ std::string Riba::Scrivi(DatiDistinta& dati, std::int64_t& numDoc) {
                       {"Ndistinta", dati.numero},
                       {"DtPres", data_}});
   }
-  scadenzario.Esegui("update Banche set " + Criterio("NUltDistinta", "=", dati.numero) + " where " +
-                     Criterio("Cod", "=", banca->cod));
+  scadenzario.Esegui("update Banche set " + sql::Criterio("NUltDistinta", "=", dati.numero) +
+                     " where " + sql::Criterio("Cod", "=", banca->cod));
   if (impostazioni_.registrazione) numDoc = Registra(dati);
   // The file last, so that it stands alone on the disk for the shortest time.
   if (const auto scritto = file.Scrivi(dati.file); !scritto) return scritto.Errore().messaggio;
@@ -254,7 +254,7 @@ void Riba::Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64
   }
 }
 
-bool Riba::Conferma(FabbricaUscite& uscite) {
+bool Riba::Conferma(reports::FabbricaUscite& uscite) {
   DatiDistinta dati;
   StampaDistinta stampa(ambiente_, uscite, dati);
   std::int64_t numDoc = 0;
@@ -272,4 +272,4 @@ bool Riba::Conferma(FabbricaUscite& uscite) {
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

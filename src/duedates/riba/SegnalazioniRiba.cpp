@@ -6,7 +6,7 @@
 
 #include "core/values/FormatoImporto.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr int kCentesimi = 2;
@@ -141,4 +141,4 @@ std::string ImpedimentiRiba(const DistintaRiba& distinta, const FileRiba& file) 
   return testo.empty() ? testo : "il file per la banca non può essere scritto:" + testo;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "core/session/Ambiente.h"
-#include "duedates/Scadenza.h"
 #include "duedates/riba/FileRiba.h"
+#include "duedates/schedules/Scadenza.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// Receipts whose amount isn't a plain one, or whose customer lacks its summary account
 /// (`contabile`). `viste` follows the receipts of `distinta`.
@@ -30,4 +30,4 @@ std::string MessaggioFile(const std::vector<std::string>& gruppi);
 /// The grave notes of the file, for which it can't be written; empty when there is none.
 std::string ImpedimentiRiba(const DistintaRiba& distinta, const FileRiba& file);
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

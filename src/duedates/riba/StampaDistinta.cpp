@@ -8,7 +8,7 @@
 #include "core/reports/Cornice.h"
 #include "core/reports/Sagoma.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr const char* kRapporto = "DISTINTA";
@@ -45,18 +45,18 @@ constexpr const char* kTotale =
 
 class Distinta {
  public:
-  Distinta(Ambiente& ambiente, FabbricaUscite& uscite, const DatiDistinta& dati)
+  Distinta(Ambiente& ambiente, reports::FabbricaUscite& uscite, const DatiDistinta& dati)
       : ambiente_(ambiente),
         stampa_(ambiente, uscite),
         dati_(dati),
-        ditta_(LeggiDatiDitta(ambiente)) {
+        ditta_(reports::LeggiDatiDitta(ambiente)) {
     // The file is in euro, whatever the selected year.
-    ricevuta2_ = PictureImporto(kRicevuta2, true);
-    totale_ = PictureImporto(kTotale, true);
-    riga_ = Ripeti("-", Sagoma(kColonne).Larghezza());
+    ricevuta2_ = reports::PictureImporto(kRicevuta2, true);
+    totale_ = reports::PictureImporto(kTotale, true);
+    riga_ = reports::Ripeti("-", reports::Sagoma(kColonne).Larghezza());
   }
 
-  void Apri(std::unique_ptr<Uscita> uscita) {
+  void Apri(std::unique_ptr<reports::Uscita> uscita) {
     stampa_.Inizio(std::move(uscita));
     stampa_.ModoTesto(true);
     stampa_.CarattereTesto(kPasso);
@@ -106,7 +106,7 @@ class Distinta {
 
  private:
   void Testata() {
-    TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), kLarghezza);
+    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), kLarghezza);
     if (!ditta_.piva.empty()) Testo("Partita IVA " + ditta_.piva, false);
     stampa_.Riga("");
     stampa_.Campo(1, dati_.numero);
@@ -133,8 +133,8 @@ class Distinta {
     const RicevutaRiba& ricevuta = dati_.distinta.ricevute[indice];
     const DebitoreRiba& debitore = ricevuta.debitore;
     stampa_.Riserva(kRighePerRicevuta + 1);
-    Rinvio rinvio;
-    rinvio.genere = Rinvio::Genere::Conto;
+    reports::Rinvio rinvio;
+    rinvio.genere = reports::Rinvio::Genere::Conto;
     rinvio.cfp = dati_.vista[indice].cfp;
     rinvio.conto = dati_.vista[indice].conto;
     stampa_.Campo(1, rinvio.conto);
@@ -186,13 +186,13 @@ class Distinta {
   }
 
   Ambiente& ambiente_;
-  Stampa stampa_;
+  reports::Stampa stampa_;
   const DatiDistinta& dati_;
-  DatiDitta ditta_;
+  reports::DatiDitta ditta_;
   std::string ricevuta2_;
   std::string totale_;
   std::string riga_;
-  const std::string intera_ = Ripeti("$", kLarghezza);
+  const std::string intera_ = reports::Ripeti("$", kLarghezza);
   bool inTabella_ = false;
 };
 
@@ -230,4 +230,4 @@ void StampaDistinta::Definitiva(std::int64_t numDoc) {
   distinta.Chiudi();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -9,7 +9,7 @@
 #include "core/reports/Uscita.h"
 #include "duedates/riba/Riba.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// A batch ready to be printed and written. `vista` and `iban` follow the receipts of `distinta`.
 struct DatiDistinta {
@@ -29,7 +29,7 @@ struct DatiDistinta {
 
 class StampaDistinta {
  public:
-  StampaDistinta(Ambiente& ambiente, FabbricaUscite& uscite, const DatiDistinta& dati)
+  StampaDistinta(Ambiente& ambiente, reports::FabbricaUscite& uscite, const DatiDistinta& dati)
       : ambiente_(ambiente), uscite_(uscite), dati_(dati) {}
 
   /// Asks where to and prints the batch, for the user to look at; false when he gave up.
@@ -41,9 +41,9 @@ class StampaDistinta {
 
  private:
   Ambiente& ambiente_;
-  FabbricaUscite& uscite_;
+  reports::FabbricaUscite& uscite_;
   const DatiDistinta& dati_;
   std::optional<SceltaUscita> scelta_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -6,7 +6,7 @@
 #include "core/reports/Cornice.h"
 #include "duedates/riba/RaggruppamentoRiba.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 constexpr const char* kTitolo =
@@ -31,23 +31,24 @@ enum CampoTotale : std::size_t { kTesto = 1, kGiorno, kSomma, kNota };
 
 class TabulatoRaggruppamento {
  public:
-  TabulatoRaggruppamento(Ambiente& ambiente, FabbricaUscite& uscite,
+  TabulatoRaggruppamento(Ambiente& ambiente, reports::FabbricaUscite& uscite,
                          const SceltaRaggruppamento& scelta, bool definitivo)
       : ambiente_(ambiente),
         scelta_(scelta),
         definitivo_(definitivo),
         stampa_(ambiente, uscite),
-        ditta_(LeggiDatiDitta(ambiente)),
+        ditta_(reports::LeggiDatiDitta(ambiente)),
         // Due dates are kept in euro, whatever the year.
-        riga_(PictureImporto(kRiga, true)),
-        totale_(PictureImporto(kTotale, true)) {}
+        riga_(reports::PictureImporto(kRiga, true)),
+        totale_(reports::PictureImporto(kTotale, true)) {}
 
   bool Esegui(const std::vector<GruppoRiba>& gruppi) {
-    Cornice cornice;
+    reports::Cornice cornice;
     cornice.rapporto = "raggruppamento Ri.Ba.";
     cornice.titolo = "Raggruppamento Ri.Ba.";
     cornice.larghezza = kLarghezza;
-    if (ApriStampa(stampa_, ambiente_, cornice) == ModoStampa::Fermata) return false;
+    if (reports::ApriStampa(stampa_, ambiente_, cornice) == reports::ModoStampa::Fermata)
+      return false;
     stampa_.Intestazione([this] { Testata(); });
     const auto avanzamento = ambiente_.Dialogo().Avvia("Stampa raggruppamento Ri.Ba.",
                                                        static_cast<std::int64_t>(gruppi.size()));
@@ -62,7 +63,7 @@ class TabulatoRaggruppamento {
 
  private:
   void Testata() {
-    TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), kLarghezza);
+    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), kLarghezza);
     stampa_.Riga("");
     stampa_.Campo(1, scelta_.da);
     stampa_.Campo(2, scelta_.a);
@@ -70,7 +71,7 @@ class TabulatoRaggruppamento {
     stampa_.Riga(kTitolo, {}, true);
     stampa_.Riga("");
     stampa_.Riga(kColonne);
-    stampa_.Riga(Ripeti("-", kLarghezza));
+    stampa_.Riga(reports::Ripeti("-", kLarghezza));
   }
 
   void Gruppo(const GruppoRiba& gruppo) {
@@ -84,8 +85,9 @@ class TabulatoRaggruppamento {
       stampa_.Campo(kDtScad, scadenza.dt);
       stampa_.Campo(kImporto, scadenza.Residuo());
       if (!scadenza.importoPagatoE.Zero()) stampa_.Campo(kRiferimenti, "residuo di scad. parziale");
-      stampa_.Riga(riga_,
-                   {Rinvio::Genere::Registrazione, {}, {}, scadenza.anno, scadenza.articolo});
+      stampa_.Riga(
+          riga_,
+          {reports::Rinvio::Genere::Registrazione, {}, {}, scadenza.anno, scadenza.articolo});
     }
     if (!daRaggruppare) return;
     stampa_.Campo(kTesto, "raggruppate " + std::to_string(gruppo.scadenze.size()));
@@ -106,7 +108,7 @@ class TabulatoRaggruppamento {
       dopo += gruppo.DaRaggruppare() ? 1 : gruppo.scadenze.size();
     }
     stampa_.Riserva(2);
-    stampa_.Riga(Ripeti("-", kLarghezza));
+    stampa_.Riga(reports::Ripeti("-", kLarghezza));
     stampa_.Campo(kTesto, "TOTALE");
     stampa_.Campo(kSomma, totale);
     stampa_.Campo(kNota, "scadenze " + std::to_string(prima) +
@@ -117,8 +119,8 @@ class TabulatoRaggruppamento {
   Ambiente& ambiente_;
   const SceltaRaggruppamento& scelta_;
   bool definitivo_;
-  Stampa stampa_;
-  DatiDitta ditta_;
+  reports::Stampa stampa_;
+  reports::DatiDitta ditta_;
   std::string riga_;
   std::string totale_;
 };
@@ -130,4 +132,4 @@ bool RaggruppamentoRiba::StampaGruppi(const SceltaRaggruppamento& scelta,
   return TabulatoRaggruppamento(ambiente_, uscite_, scelta, definitivo).Esegui(gruppi);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -7,7 +7,7 @@
 #include "core/values/Lettere.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 namespace {
 
@@ -252,4 +252,4 @@ std::string LettereRiba(std::string_view testo) {
   return scritto;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

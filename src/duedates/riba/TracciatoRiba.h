@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 inline constexpr int kColonneRiba = 120;
 inline constexpr std::string_view kFineRigaRiba = "\r\n";
@@ -101,4 +101,4 @@ enum class RibaSegno { DellImporto, SempreMeno };
 /// one, "?" for what has none.
 [[nodiscard]] std::string LettereRiba(std::string_view testo);
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

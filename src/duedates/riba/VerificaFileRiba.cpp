@@ -13,7 +13,7 @@
 #include "core/values/Intero128.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 namespace {
 
@@ -301,4 +301,4 @@ Esito<std::string> LeggiByteRiba(const std::filesystem::path& percorso) {
   return byte;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

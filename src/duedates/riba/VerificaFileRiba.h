@@ -12,7 +12,7 @@
 #include "core/values/Importo.h"
 #include "duedates/riba/TracciatoRiba.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 
 /// After so many grave remarks the reading stops; of the others no more than these are kept.
 inline constexpr std::size_t kMassimoSegnalazioniRiba = 100;
@@ -59,4 +59,4 @@ Esito<LetturaRiba> VerificaFileRiba(const std::filesystem::path& percorso, RibaS
 /// The bytes of the file, whatever they are.
 Esito<std::string> LeggiByteRiba(const std::filesystem::path& percorso);
 
-}  // namespace fenalto
+}  // namespace fenalto::duedates

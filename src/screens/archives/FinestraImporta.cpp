@@ -12,13 +12,13 @@
 #include <utility>
 
 #include "core/archives/Importazione.h"
-#include "ledger/GeneriImporta.h"
-#include "screens/common/Campi.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
-#include "vat/ImportaCodiciIva.h"
+#include "ledger/accounts/GeneriImporta.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/Griglia.h"
+#include "vat/codes/ImportaCodiciIva.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr std::size_t kEsempi = 3;
@@ -29,9 +29,9 @@ QString Qs(const std::string& testo) {
   return QString::fromStdString(testo);
 }
 
-std::vector<GenereImporta> TuttiIGeneri() {
-  auto generi = GeneriImportaContabili();
-  generi.push_back(GenereImportaCodiciIva());
+std::vector<archives::GenereImporta> TuttiIGeneri() {
+  auto generi = ledger::GeneriImportaContabili();
+  generi.push_back(vat::GenereImportaCodiciIva());
   return generi;
 }
 
@@ -71,15 +71,15 @@ struct FinestraImporta::Interno {
   void Abbina(std::size_t colonna, int scelta);
   void Controlla();
   void Importa();
-  void MostraEsito(const EsitoImporta& esitoDelControllo);
+  void MostraEsito(const archives::EsitoImporta& esitoDelControllo);
   void Vuota();
-  [[nodiscard]] OpzioniImporta Opzioni() const;
+  [[nodiscard]] archives::OpzioniImporta Opzioni() const;
   [[nodiscard]] Dialoghi& Dialogo() const { return gestore.Sessione().Dialogo(); }
 
   FinestraImporta& finestra;
   Finestre& gestore;
-  std::vector<GenereImporta> generi = TuttiIGeneri();
-  std::unique_ptr<Importazione> importazione;
+  std::vector<archives::GenereImporta> generi = TuttiIGeneri();
+  std::unique_ptr<archives::Importazione> importazione;
   QString fileAperto;
 
   QComboBox* genere = nullptr;
@@ -201,13 +201,13 @@ void FinestraImporta::Interno::Collega() {
   connect(esporta, &QPushButton::clicked, f, [this] { finestra.Esporta(*errori); });
 }
 
-OpzioniImporta FinestraImporta::Interno::Opzioni() const {
+archives::OpzioniImporta FinestraImporta::Interno::Opzioni() const {
   return {aggiorna->isChecked(), escludi->isChecked()};
 }
 
 void FinestraImporta::Interno::CambiaGenere() {
   const auto scelto = static_cast<std::size_t>(std::max(0, genere->currentIndex()));
-  importazione = std::make_unique<Importazione>(gestore.Sessione(), generi[scelto]);
+  importazione = std::make_unique<archives::Importazione>(gestore.Sessione(), generi[scelto]);
   Vuota();
   if (!file->text().trimmed().isEmpty()) Apri();
 }
@@ -310,7 +310,7 @@ void FinestraImporta::Interno::MostraAnteprima() {
   qobject_cast<QVBoxLayout*>(postoAnteprima->layout())->insertWidget(1, anteprima, 1);
 }
 
-void FinestraImporta::Interno::MostraEsito(const EsitoImporta& trovato) {
+void FinestraImporta::Interno::MostraEsito(const archives::EsitoImporta& trovato) {
   std::vector<std::vector<Valore>> righe;
   righe.reserve(trovato.errori.size());
   for (const auto& errore : trovato.errori) {
@@ -325,8 +325,8 @@ void FinestraImporta::Interno::MostraEsito(const EsitoImporta& trovato) {
                       .arg(trovato.aggiornate)
                       .arg(trovato.saltate)
                       .arg(trovato.errate);
-  if (trovato.errori.size() == Importazione::kMassimoErrori) {
-    testo += tr(" (mostrati i primi %1 errori)").arg(Importazione::kMassimoErrori);
+  if (trovato.errori.size() == archives::Importazione::kMassimoErrori) {
+    testo += tr(" (mostrati i primi %1 errori)").arg(archives::Importazione::kMassimoErrori);
   }
   esito->setText(trovato.annullata ? tr("interrotto: non è stato scritto nulla") : testo);
 }
@@ -336,11 +336,12 @@ void FinestraImporta::Interno::Controlla() {
 }
 
 void FinestraImporta::Interno::Importa() {
-  const OpzioniImporta opzioni = Opzioni();
-  const EsitoImporta prima = importazione->Controlla(opzioni);
+  const archives::OpzioniImporta opzioni = Opzioni();
+  const archives::EsitoImporta prima = importazione->Controlla(opzioni);
   MostraEsito(prima);
   if (prima.annullata) return;
-  const auto racconto = [](const EsitoImporta& e, const char* nuove, const char* aggiornate) {
+  const auto racconto = [](const archives::EsitoImporta& e, const char* nuove,
+                           const char* aggiornate) {
     return std::to_string(e.nuove) + nuove + std::to_string(e.aggiornate) + aggiornate +
            std::to_string(e.saltate + e.errate) + " lasciate fuori";
   };
@@ -397,4 +398,4 @@ void FinestraImporta::Aggiorna() {
   interno_->Apri();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class FinestraImporta : public FinestraFunzione {
   Q_OBJECT
@@ -26,4 +26,4 @@ class FinestraImporta : public FinestraFunzione {
   std::unique_ptr<Interno> interno_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

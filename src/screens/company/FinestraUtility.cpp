@@ -12,11 +12,11 @@
 #include <tuple>
 
 #include "core/session/VariazioneDitta.h"
-#include "screens/common/Campi.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Legatura.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kLunghezzaPercorso = 1'000;  // longer than is accepted, so that it can be refused
@@ -316,4 +316,4 @@ void FinestraUtility::Aggiorna() {
   if (!InModifica()) interno_->Annulla();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

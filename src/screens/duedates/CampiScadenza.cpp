@@ -1,9 +1,9 @@
 #include "screens/duedates/CampiScadenza.h"
 
-#include "screens/common/Disposizione.h"
+#include "screens/common/fields/Disposizione.h"
 #include "screens/ledger/FontiPrimanota.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 QString Nome(const char* nome) {
@@ -57,4 +57,4 @@ CampoCodice* CampoBanca(const char* nome, Finestre& finestre) {
                      finestre);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

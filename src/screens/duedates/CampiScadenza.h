@@ -4,12 +4,12 @@
 #include <QLayout>
 #include <initializer_list>
 
-#include "screens/common/Campi.h"
-#include "screens/common/CampoCodice.h"
-#include "screens/common/CampoGiorno.h"
-#include "screens/common/Finestre.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/CampoGiorno.h"
+#include "screens/common/windows/Finestre.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 /// An account of the chart, with its description; F3 opens the archive.
 CampoCodice* CampoConto(const char* nome, Finestre& finestre);
@@ -25,4 +25,4 @@ CampoCodice* CampoBanca(const char* nome, Finestre& finestre);
 inline constexpr int kCifreImporto = 14;
 inline constexpr int kCifreNumero = 8;
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

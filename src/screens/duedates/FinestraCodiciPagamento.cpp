@@ -2,26 +2,29 @@
 
 #include <QTabWidget>
 
-#include "duedates/CodiciPagamento.h"
-#include "screens/common/Legatura.h"
+#include "duedates/codes/CodiciPagamento.h"
+#include "screens/common/fields/Legatura.h"
 #include "screens/duedates/PannelloProva.h"
 #include "screens/duedates/RiquadroRata.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 FinestraCodiciPagamento::FinestraCodiciPagamento(Finestre& finestre)
-    : FinestraCodiciPagamento(std::make_shared<RateCodice>(finestre.Sessione()), finestre) {}
+    : FinestraCodiciPagamento(std::make_shared<duedates::RateCodice>(finestre.Sessione()),
+                              finestre) {}
 
-FinestraCodiciPagamento::FinestraCodiciPagamento(std::shared_ptr<RateCodice> rate,
+FinestraCodiciPagamento::FinestraCodiciPagamento(std::shared_ptr<duedates::RateCodice> rate,
                                                  Finestre& finestre)
-    : FinestraArchivio(DescrizioneCodiciPagamento(rate), finestre),
+    : FinestraArchivio(duedates::DescrizioneCodiciPagamento(rate), finestre),
       rate_(std::move(rate)),
       righe_(new RiquadroRata(
           *rate_, [this]() -> Scheda& { return Archivio().Record(); }, finestre)),
-      prova_(new PannelloProva(finestre.Sessione(), [this]() -> std::optional<CodicePagamento> {
-        if (!Legami().Raccogli() || !righe_->ConfermaAperta()) return std::nullopt;
-        return rate_->Codice(Archivio().Record());
-      })) {
+      prova_(new PannelloProva(finestre.Sessione(),
+                               [this]() -> std::optional<duedates::CodicePagamento> {
+                                 if (!Legami().Raccogli() || !righe_->ConfermaAperta())
+                                   return std::nullopt;
+                                 return rate_->Codice(Archivio().Record());
+                               })) {
   SchedeRecord().addTab(righe_, tr("Rate"));
   SchedeRecord().addTab(prova_, tr("Prova"));
 }
@@ -65,4 +68,4 @@ bool FinestraCodiciPagamento::Indietro() {
   return righe_->Annulla() || FinestraArchivio::Indietro();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -4,10 +4,10 @@
 
 #include <memory>
 
-#include "duedates/RateCodice.h"
-#include "screens/common/FinestraArchivio.h"
+#include "duedates/codes/RateCodice.h"
+#include "screens/common/archive/FinestraArchivio.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class PannelloProva;
 class RiquadroRata;
@@ -28,12 +28,12 @@ class FinestraCodiciPagamento : public FinestraArchivio {
   [[nodiscard]] bool AltroModificato() const override;
 
  private:
-  FinestraCodiciPagamento(std::shared_ptr<RateCodice> rate, Finestre& finestre);
+  FinestraCodiciPagamento(std::shared_ptr<duedates::RateCodice> rate, Finestre& finestre);
 
-  std::shared_ptr<RateCodice> rate_;
+  std::shared_ptr<duedates::RateCodice> rate_;
   RiquadroRata* righe_;
   PannelloProva* prova_;
   std::string mostrato_;  ///< code whose test stands on the screen
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

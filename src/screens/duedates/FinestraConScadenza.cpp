@@ -5,7 +5,7 @@
 
 #include "screens/duedates/RiquadroScadenza.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 enum Pagina { kScelta = 0, kScadenza = 1 };
@@ -13,12 +13,13 @@ enum Pagina { kScelta = 0, kScadenza = 1 };
 }  // namespace
 
 FinestraConScadenza::FinestraConScadenza(const QString& nome, const QString& titolo,
-                                         ArchivioScadenze::Uso uso, Finestre& finestre)
+                                         duedates::ArchivioScadenze::Uso uso, Finestre& finestre)
     : FinestraFunzione(nome, titolo, finestre),
       titolo_(titolo),
       caso_(finestre.Sessione(), uso),
       schede_(new QTabWidget(this)),
-      riquadro_(new RiquadroScadenza(caso_, finestre, uso == ArchivioScadenze::Uso::Documento)) {
+      riquadro_(new RiquadroScadenza(caso_, finestre,
+                                     uso == duedates::ArchivioScadenze::Uso::Documento)) {
   schede_->setObjectName(QStringLiteral("SSTab1"));
   schede_->setDocumentMode(true);
   auto* colonna = new QVBoxLayout(this);
@@ -130,4 +131,4 @@ void FinestraConScadenza::VediRegistrazione() {
   if (finestra != nullptr) finestra->ApriCodice(QString::number(registrazione->numero));
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

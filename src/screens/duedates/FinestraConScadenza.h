@@ -2,12 +2,12 @@
 // one that is open, which can be turned to while one is.
 #pragma once
 
-#include "duedates/ArchivioScadenze.h"
-#include "screens/common/FinestraFunzione.h"
+#include "duedates/schedules/ArchivioScadenze.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
 class QTabWidget;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class RiquadroScadenza;
 
@@ -21,8 +21,8 @@ class FinestraConScadenza : public FinestraFunzione {
   void Aggiorna() override;
 
  protected:
-  FinestraConScadenza(const QString& nome, const QString& titolo, ArchivioScadenze::Uso uso,
-                      Finestre& finestre);
+  FinestraConScadenza(const QString& nome, const QString& titolo,
+                      duedates::ArchivioScadenze::Uso uso, Finestre& finestre);
 
   /// Puts the pages into the window.
   void Disponi(QWidget* scelta, const QString& titoloScelta);
@@ -40,7 +40,7 @@ class FinestraConScadenza : public FinestraFunzione {
   void NuovaScadenza(const std::vector<Coppia>& valori = {});
   /// Leaves the open one after its question; false when the user stays in it.
   bool Lascia();
-  [[nodiscard]] ArchivioScadenze& Caso() { return caso_; }
+  [[nodiscard]] duedates::ArchivioScadenze& Caso() { return caso_; }
 
  private:
   void SchedaCambiata(int indice);
@@ -50,10 +50,10 @@ class FinestraConScadenza : public FinestraFunzione {
   void VediRegistrazione();
 
   QString titolo_;
-  ArchivioScadenze caso_;
+  duedates::ArchivioScadenze caso_;
   QTabWidget* schede_;
   RiquadroScadenza* riquadro_;
   bool girando_ = false;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

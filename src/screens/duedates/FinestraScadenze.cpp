@@ -9,14 +9,14 @@
 #include <QVBoxLayout>
 
 #include "core/values/FormatoImporto.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/FunzioniCorrelate.h"
-#include "screens/common/Legatura.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
+#include "screens/common/windows/FunzioniCorrelate.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/GrigliaScadenze.h"
 #include "screens/duedates/SceltaParte.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreStato = 4;
@@ -25,7 +25,7 @@ constexpr int kCifreStato = 4;
 
 FinestraScadenze::FinestraScadenze(Finestre& finestre)
     : FinestraConScadenza(QStringLiteral("Scadenze"), tr("Archivio Scadenze"),
-                          ArchivioScadenze::Uso::Archivio, finestre),
+                          duedates::ArchivioScadenze::Uso::Archivio, finestre),
       filtri_(new Legatura([this]() -> Scheda& { return ricerca_; }, Dialogo(), this)),
       parte_(new SceltaParte(finestre, tr("tutti"), nullptr, SceltaParte::Classe::Facoltativa)),
       anchePagate_(new QCheckBox(tr("anche scadenze pagate"))),
@@ -116,7 +116,7 @@ QWidget* FinestraScadenze::CreaPiede() {
 
 void FinestraScadenze::Cerca() {
   const auto intero = [this](const char* campo) { return ricerca_.Leggi(campo).Intero(); };
-  RicercaScadenze ricerca;
+  duedates::RicercaScadenze ricerca;
   ricerca.cfp = parte_->Cfp();
   ricerca.conto = parte_->Codice();
   ricerca.stato = ricerca_.Testo("StatoRic");
@@ -176,4 +176,4 @@ void FinestraScadenze::ApriCodice(const QString& codice) {
   selettore_->setFocus();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -9,7 +9,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class GrigliaScadenze;
 class Legatura;
@@ -48,4 +48,4 @@ class FinestraScadenze : public FinestraConScadenza {
   bool cercato_ = false;  ///< the grid shows what a search has found
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -9,12 +9,12 @@
 #include <QVBoxLayout>
 
 #include "core/values/FormatoImporto.h"
-#include "screens/common/Campi.h"
-#include "screens/common/Disposizione.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/Disposizione.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/GrigliaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreSelettore = 12;
@@ -24,7 +24,7 @@ constexpr int kAltezzaAnticipi = 110;
 
 FinestraScadenzeModifica::FinestraScadenzeModifica(Finestre& finestre)
     : FinestraConScadenza(QStringLiteral("ScadenzeModifica"), tr("Scadenze del documento"),
-                          ArchivioScadenze::Uso::Documento, finestre),
+                          duedates::ArchivioScadenze::Uso::Documento, finestre),
       documento_(finestre.Sessione()),
       selettore_(new CampoTesto(QStringLiteral("Rt1"))),
       descrizione_(new QLabel),
@@ -181,4 +181,4 @@ void FinestraScadenzeModifica::ApriCodice(const QString& codice) {
   griglia_->setFocus();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

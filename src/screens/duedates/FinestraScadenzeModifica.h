@@ -2,7 +2,7 @@
 // prints of the payment.
 #pragma once
 
-#include "duedates/ScadenzeDocumento.h"
+#include "duedates/schedules/ScadenzeDocumento.h"
 #include "screens/duedates/FinestraConScadenza.h"
 
 class QGroupBox;
@@ -11,7 +11,7 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class GrigliaScadenze;
 
@@ -42,7 +42,7 @@ class FinestraScadenzeModifica : public FinestraConScadenza {
   void Scegli(std::int64_t numero);
   void MemorizzaStampa();
 
-  ScadenzeDocumento documento_;
+  duedates::ScadenzeDocumento documento_;
   QLineEdit* selettore_;
   QLabel* descrizione_;
   GrigliaScadenze* griglia_;
@@ -56,4 +56,4 @@ class FinestraScadenzeModifica : public FinestraConScadenza {
   QPushButton* nuovo_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -1,6 +1,6 @@
 #include "screens/duedates/GrigliaScadenze.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr std::size_t kColonnaNumero = 13;
@@ -24,7 +24,7 @@ std::vector<ColonnaGriglia> Colonne() {
           {QStringLiteral("Numero"), Tipo::Intero, 60}};
 }
 
-std::vector<Valore> Celle(const RigaScadenza& r) {
+std::vector<Valore> Celle(const duedates::RigaScadenza& r) {
   return {r.conto,       r.ragsoc, r.dataScad, r.anticipo, r.importoE, r.pagato, r.Residuo(),
           r.descrizione, r.nProt,  r.nFat,     r.dtFat,    r.tipo,     r.stato,  r.numero};
 }
@@ -40,11 +40,12 @@ GrigliaScadenze::GrigliaScadenze(const QString& finestra, QWidget* genitore, con
   connect(this, &Griglia::RigaInvio, this, scelta);
 }
 
-GrigliaScadenze::Totale GrigliaScadenze::Cerca(Ambiente& ambiente, const RicercaScadenze& ricerca) {
+GrigliaScadenze::Totale GrigliaScadenze::Cerca(Ambiente& ambiente,
+                                               const duedates::RicercaScadenze& ricerca) {
   Totale totale;
   std::vector<std::vector<Valore>> righe;
   const auto avanzamento = ambiente.Dialogo().Avvia("Ricerca scadenze", 0);
-  CercaScadenze(ambiente, ricerca, [&](const RigaScadenza& riga) {
+  duedates::CercaScadenze(ambiente, ricerca, [&](const duedates::RigaScadenza& riga) {
     righe.push_back(Celle(riga));
     totale.residuo += riga.Residuo();
     totale.interrotta = ++totale.righe % kPasso == 0 && !avanzamento->Avanza(totale.righe);
@@ -64,4 +65,4 @@ std::int64_t GrigliaScadenze::Numero(int riga) {
   return Modello().Riga(quale)[kColonnaNumero].Intero();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

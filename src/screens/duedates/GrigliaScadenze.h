@@ -4,10 +4,10 @@
 #include <cstdint>
 
 #include "core/session/Ambiente.h"
-#include "duedates/RicercaScadenze.h"
-#include "screens/common/Griglia.h"
+#include "duedates/schedules/RicercaScadenze.h"
+#include "screens/common/lists/Griglia.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class GrigliaScadenze : public Griglia {
   Q_OBJECT
@@ -24,7 +24,7 @@ class GrigliaScadenze : public Griglia {
     Importo residuo;
     bool interrotta = false;
   };
-  Totale Cerca(Ambiente& ambiente, const RicercaScadenze& ricerca);
+  Totale Cerca(Ambiente& ambiente, const duedates::RicercaScadenze& ricerca);
   void Svuota();
   /// Number of the due date of a row, of the current one when -1; 0 for none.
   [[nodiscard]] std::int64_t Numero(int riga = -1);
@@ -34,4 +34,4 @@ class GrigliaScadenze : public Griglia {
   void Scelta(qint64 numero);
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -6,11 +6,11 @@
 #include <QTextCharFormat>
 #include <QVBoxLayout>
 
-#include "screens/common/Campi.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/Griglia.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCaratteriData = 11;
@@ -31,7 +31,7 @@ QDate Qd(Data data) {
 }  // namespace
 
 PannelloProva::PannelloProva(Ambiente& ambiente,
-                             std::function<std::optional<CodicePagamento>()> codice,
+                             std::function<std::optional<duedates::CodicePagamento>()> codice,
                              QWidget* genitore)
     : QWidget(genitore),
       ambiente_(ambiente),
@@ -93,8 +93,8 @@ void PannelloProva::Prova() {
   } else if (const auto codice = codice_()) {
     data_->Mostra(giorno.Valore());
     importo_->Mostra(importo.Valore());
-    const EsitoProva esito =
-        ProvaCodice(ambiente_, *codice, giorno.Valore().Data(), importo.Valore().Importo());
+    const duedates::EsitoProva esito = duedates::ProvaCodice(
+        ambiente_, *codice, giorno.Valore().Data(), importo.Valore().Importo());
     for (const auto& avviso : esito.avvisi) avvisi << QString::fromStdString(avviso);
     std::vector<std::vector<Valore>> righe;
     for (const auto& riga : esito.righe)
@@ -106,7 +106,7 @@ void PannelloProva::Prova() {
   avvisi_->setVisible(!avvisi.isEmpty());
 }
 
-void PannelloProva::MostraCalendario(const std::vector<RigaProva>& righe) {
+void PannelloProva::MostraCalendario(const std::vector<duedates::RigaProva>& righe) {
   calendario_->setDateTextFormat({}, {});
   QTextCharFormat formato;
   formato.setFontWeight(QFont::Bold);
@@ -117,4 +117,4 @@ void PannelloProva::MostraCalendario(const std::vector<RigaProva>& righe) {
     calendario_->setCurrentPage(righe.front().data.Anno(), righe.front().data.Mese());
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

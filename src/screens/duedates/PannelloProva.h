@@ -4,12 +4,12 @@
 #include <QWidget>
 #include <functional>
 
-#include "duedates/CodiciPagamento.h"
+#include "duedates/codes/CodiciPagamento.h"
 
 class QCalendarWidget;
 class QLabel;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class CampoData;
 class CampoImporto;
@@ -20,7 +20,8 @@ class PannelloProva : public QWidget {
 
  public:
   /// `codice` gives the code as it stands on the screen, nothing when a field can't be read.
-  PannelloProva(Ambiente& ambiente, std::function<std::optional<CodicePagamento>()> codice,
+  PannelloProva(Ambiente& ambiente,
+                std::function<std::optional<duedates::CodicePagamento>()> codice,
                 QWidget* genitore = nullptr);
 
   /// Takes the due dates of the code before off.
@@ -28,10 +29,10 @@ class PannelloProva : public QWidget {
 
  private:
   void Prova();
-  void MostraCalendario(const std::vector<RigaProva>& righe);
+  void MostraCalendario(const std::vector<duedates::RigaProva>& righe);
 
   Ambiente& ambiente_;
-  std::function<std::optional<CodicePagamento>()> codice_;
+  std::function<std::optional<duedates::CodicePagamento>()> codice_;
   CampoData* data_;
   CampoImporto* importo_;
   QLabel* avvisi_;
@@ -39,4 +40,4 @@ class PannelloProva : public QWidget {
   QCalendarWidget* calendario_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

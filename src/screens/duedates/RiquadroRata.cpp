@@ -6,14 +6,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "duedates/DescrizioneCodice.h"
-#include "screens/common/Campi.h"
-#include "screens/common/CampoCodice.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
-#include "screens/common/Legatura.h"
+#include "duedates/codes/DescrizioneCodice.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
+#include "screens/common/lists/Griglia.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifre = 6;
@@ -36,8 +36,8 @@ QCheckBox* Casella(const char* nome, const QString& testo) {
 
 }  // namespace
 
-RiquadroRata::RiquadroRata(RateCodice& rate, std::function<Scheda&()> codice, Finestre& finestre,
-                           QWidget* genitore)
+RiquadroRata::RiquadroRata(duedates::RateCodice& rate, std::function<Scheda&()> codice,
+                           Finestre& finestre, QWidget* genitore)
     : RigheDelRecord({.memoria = QStringLiteral("CodiciPagamento"),
                       .riga = tr("Rata"),
                       .nuova = tr("Nuova rata"),
@@ -106,11 +106,11 @@ void RiquadroRata::Disponi() {
 }
 
 std::vector<std::vector<Valore>> RiquadroRata::Elenco() const {
-  const CodicePagamento codice = rate_.Codice(codice_());
+  const duedates::CodicePagamento codice = rate_.Codice(codice_());
   std::vector<std::vector<Valore>> righe;
-  for (const RataPagamento& rata : codice.rate)
-    righe.push_back(
-        {rata.rata, rata.percImporto, TestoRata(rata, codice), rata.tipo, rata.descrizione});
+  for (const duedates::RataPagamento& rata : codice.rate)
+    righe.push_back({rata.rata, rata.percImporto, duedates::TestoRata(rata, codice), rata.tipo,
+                     rata.descrizione});
   return righe;
 }
 
@@ -121,4 +121,4 @@ bool RiquadroRata::ConfermaRiga(QString& campo) {
   return false;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

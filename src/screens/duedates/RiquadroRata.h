@@ -3,16 +3,16 @@
 
 #include <functional>
 
-#include "duedates/RateCodice.h"
-#include "screens/common/RigheDelRecord.h"
+#include "duedates/codes/RateCodice.h"
+#include "screens/common/rows/RigheDelRecord.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class RiquadroRata : public RigheDelRecord {
   Q_OBJECT
 
  public:
-  RiquadroRata(RateCodice& rate, std::function<Scheda&()> codice, Finestre& finestre,
+  RiquadroRata(duedates::RateCodice& rate, std::function<Scheda&()> codice, Finestre& finestre,
                QWidget* genitore = nullptr);
 
  protected:
@@ -30,8 +30,8 @@ class RiquadroRata : public RigheDelRecord {
   void CreaCampi();
   void Disponi();
 
-  RateCodice& rate_;
+  duedates::RateCodice& rate_;
   std::function<Scheda&()> codice_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

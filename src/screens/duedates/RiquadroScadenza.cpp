@@ -9,13 +9,13 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "duedates/ArchivioScadenze.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Legatura.h"
+#include "duedates/schedules/ArchivioScadenze.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/ledger/FontiPrimanota.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreCodice = 6;
@@ -43,8 +43,8 @@ void Accanto(QHBoxLayout& fila, const QString& testo, QWidget* campo, QWidget* d
 
 }  // namespace
 
-RiquadroScadenza::RiquadroScadenza(ArchivioScadenze& caso, Finestre& finestre, bool parteData,
-                                   QWidget* genitore)
+RiquadroScadenza::RiquadroScadenza(duedates::ArchivioScadenze& caso, Finestre& finestre,
+                                   bool parteData, QWidget* genitore)
     : QWidget(genitore),
       caso_(caso),
       finestre_(finestre),
@@ -269,4 +269,4 @@ void RiquadroScadenza::Conferma() {
   if (!campo.empty()) DaiFoco(campo);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

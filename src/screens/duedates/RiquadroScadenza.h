@@ -3,16 +3,19 @@
 
 #include <QWidget>
 
-#include "screens/common/Finestre.h"
+#include "screens/common/windows/Finestre.h"
 
 class QComboBox;
 class QGridLayout;
 class QGroupBox;
 class QPushButton;
 
-namespace fenalto {
-
+namespace fenalto::duedates {
 class ArchivioScadenze;
+}
+
+namespace fenalto::screens {
+
 class CampoCodice;
 class Legatura;
 
@@ -21,7 +24,7 @@ class RiquadroScadenza : public QWidget {
 
  public:
   /// `parteData`: the party is that of a document and can't be changed.
-  RiquadroScadenza(ArchivioScadenze& caso, Finestre& finestre, bool parteData,
+  RiquadroScadenza(duedates::ArchivioScadenze& caso, Finestre& finestre, bool parteData,
                    QWidget* genitore = nullptr);
 
   void Mostra();
@@ -49,7 +52,7 @@ class RiquadroScadenza : public QWidget {
   void ClasseScelta();
   void Conferma();
 
-  ArchivioScadenze& caso_;
+  duedates::ArchivioScadenze& caso_;
   Finestre& finestre_;
   bool parteData_;
   Legatura* legatura_;
@@ -64,4 +67,4 @@ class RiquadroScadenza : public QWidget {
   QString classeMostrata_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -3,11 +3,11 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 
-#include "screens/common/CampoCodice.h"
-#include "screens/common/Disposizione.h"
+#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/Disposizione.h"
 #include "screens/ledger/FontiPrimanota.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreCodice = 12;
@@ -95,4 +95,4 @@ void SceltaParte::Lasciata() {
   emit ParteCambiata();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -5,11 +5,11 @@
 #include <QWidget>
 #include <string>
 
-#include "screens/common/Finestre.h"
+#include "screens/common/windows/Finestre.h"
 
 class QComboBox;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class CampoCodice;
 
@@ -49,4 +49,4 @@ class SceltaParte : public QWidget {
   std::string detta_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <algorithm>
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kPagina = 200;
@@ -106,4 +106,4 @@ QString ElencoRegistrazioni::Descrizione(std::int64_t numero) {
   return testo;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

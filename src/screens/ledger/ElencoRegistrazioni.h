@@ -5,10 +5,10 @@
 // typing never waits, however many they are.
 #pragma once
 
-#include "screens/common/ElencoCercato.h"
+#include "screens/common/lists/ElencoCercato.h"
 #include "screens/ledger/LettoreArticoli.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class ElencoRegistrazioni : public ElencoCercato {
   Q_OBJECT
@@ -28,4 +28,4 @@ class ElencoRegistrazioni : public ElencoCercato {
   std::int64_t sotto_ = 0;  ///< where the search goes on: numbers below this one
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -9,16 +9,16 @@
 #include <algorithm>
 
 #include "core/reports/Foglio.h"
-#include "ledger/BilancioVerifica.h"
-#include "screens/common/CampoCodice.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/EsportaGriglia.h"
-#include "screens/common/InCorso.h"
-#include "screens/common/OpzioniGrafiche.h"
+#include "ledger/statements/BilancioVerifica.h"
+#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/OpzioniGrafiche.h"
+#include "screens/common/lists/EsportaGriglia.h"
+#include "screens/common/windows/InCorso.h"
 #include "screens/ledger/FontiPrimanota.h"
 #include "screens/ledger/GraficoConfronto.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 enum Pagina { kVerifica = 0, kProspetti = 1, kConfronto = 2 };
@@ -29,8 +29,8 @@ constexpr int kCifreCodice = 8;
 
 constexpr int kRipresaGrafico = 200;  // ms
 
-using Stampante = bool (BilancioVerifica::*)(const SceltaBilancio&);
-using Compositore = Foglio (BilancioVerifica::*)(const SceltaBilancio&);
+using Stampante = bool (ledger::BilancioVerifica::*)(const ledger::SceltaBilancio&);
+using Compositore = reports::Foglio (ledger::BilancioVerifica::*)(const ledger::SceltaBilancio&);
 
 QString Periodo(const QString& lettera, Data da, Data a) {
   return FinestraBilancioVerifica::tr("%1: dal %2 al %3")
@@ -56,7 +56,7 @@ struct FinestraBilancioVerifica::Interno {
   /// Takes period B from A.
   void ImpostaPeriodoB();
   void AccendiAnni();
-  [[nodiscard]] SceltaBilancio Scelta() const;
+  [[nodiscard]] ledger::SceltaBilancio Scelta() const;
   void Stampa(Stampante stampa);
   void Esporta(Compositore foglio, bool confronto);
   void ChiediGrafico();
@@ -64,7 +64,7 @@ struct FinestraBilancioVerifica::Interno {
 
   FinestraBilancioVerifica& finestra;
   Finestre& gestore;
-  BilancioVerifica bilancio;
+  ledger::BilancioVerifica bilancio;
   Scheda scheda;
   Legatura* legatura;
   OpzioniGrafiche* opzioni = nullptr;
@@ -96,17 +96,19 @@ FinestraBilancioVerifica::Interno::Interno(FinestraBilancioVerifica& finestraUsa
   griglia->setRowStretch(1, 1);
   schede->addTab(
       CreaPagina(tr("Di ogni mastro e conto il saldo iniziale, il dare, l'avere e il saldo."),
-                 &BilancioVerifica::StampaVerifica, "XlsEspBV", &BilancioVerifica::FoglioVerifica),
+                 &ledger::BilancioVerifica::StampaVerifica, "XlsEspBV",
+                 &ledger::BilancioVerifica::FoglioVerifica),
       tr("Bilancio di verifica"));
   schede->addTab(CreaPagina(tr("Situazione costi e ricavi con l'utile o la perdita di esercizio, e "
                                "situazione patrimoniale con l'eccedenza; le rettifiche di "
                                "bilancio sono segnate con *."),
-                            &BilancioVerifica::StampaProspetti, nullptr, nullptr),
+                            &ledger::BilancioVerifica::StampaProspetti, nullptr, nullptr),
                  tr("Patrimoniale e costi/ricavi"));
-  auto* confronto = CreaPagina(
-      tr("I costi e i ricavi del periodo scelto sopra (A) accanto a quelli "
-         "di un altro periodo (B)."),
-      &BilancioVerifica::StampaConfronto, "XlsEspCR", &BilancioVerifica::FoglioConfronto);
+  auto* confronto =
+      CreaPagina(tr("I costi e i ricavi del periodo scelto sopra (A) accanto a quelli "
+                    "di un altro periodo (B)."),
+                 &ledger::BilancioVerifica::StampaConfronto, "XlsEspCR",
+                 &ledger::BilancioVerifica::FoglioConfronto);
   auto* colonna = qobject_cast<QVBoxLayout*>(confronto->layout());
   colonna->insertWidget(0, CreaPeriodoB());
   colonna->addWidget(grafico, 1);
@@ -125,7 +127,7 @@ FinestraBilancioVerifica::Interno::Interno(FinestraBilancioVerifica& finestraUsa
 }
 
 void FinestraBilancioVerifica::Interno::Proponi() {
-  const SceltaBilancio proposta = bilancio.Proposta();
+  const ledger::SceltaBilancio proposta = bilancio.Proposta();
   const std::pair<const char*, Valore> campi[] = {
       {"DaDt", proposta.daDt},
       {"AaDt", proposta.aaDt},
@@ -254,7 +256,7 @@ QWidget* FinestraBilancioVerifica::Interno::CreaPagina(const QString& spiegazion
   pulsanti << pulsante;
   if (esporta != nullptr) {
     auto* excel = Pulsante(QString::fromLatin1(esporta), tr("Esporto in Excel"));
-    const bool confronto = foglio == &BilancioVerifica::FoglioConfronto;
+    const bool confronto = foglio == &ledger::BilancioVerifica::FoglioConfronto;
     connect(excel, &QPushButton::clicked, &finestra,
             [this, foglio, confronto] { Esporta(foglio, confronto); });
     riga->addWidget(excel);
@@ -303,7 +305,7 @@ void FinestraBilancioVerifica::Interno::Lasciato(const QString& campo, bool camb
 
 void FinestraBilancioVerifica::Interno::ImpostaPeriodoB() {
   if (!scheda.Leggi("Check1").Booleano()) return;
-  const SceltaBilancio scelta = BilancioVerifica::PeriodoPrecedente(Scelta());
+  const ledger::SceltaBilancio scelta = ledger::BilancioVerifica::PeriodoPrecedente(Scelta());
   scheda.Scrivi("DaDtAP", scelta.daDtAP);
   scheda.Scrivi("AaDtAP", scelta.aaDtAP);
   scheda.Scrivi("AnnoPrec", scelta.annoPrec);
@@ -318,8 +320,8 @@ void FinestraBilancioVerifica::Interno::AccendiAnni() {
   }
 }
 
-SceltaBilancio FinestraBilancioVerifica::Interno::Scelta() const {
-  SceltaBilancio scelta;
+ledger::SceltaBilancio FinestraBilancioVerifica::Interno::Scelta() const {
+  ledger::SceltaBilancio scelta;
   scelta.anno = static_cast<int>(scheda.Leggi("Anno").Intero());
   scelta.noAnno = scheda.Leggi("NoAnno").Booleano();
   scelta.daDt = scheda.Leggi("DaDt").Data();
@@ -349,8 +351,9 @@ void FinestraBilancioVerifica::Interno::Stampa(Stampante stampa) {
 void FinestraBilancioVerifica::Interno::Esporta(Compositore foglio, bool confronto) {
   if (!legatura->Raccogli()) return;
   auto& dialoghi = gestore.Sessione().Dialogo();
-  const SceltaBilancio scelta = Scelta();
-  if (const std::string errore = BilancioVerifica::Controlla(scelta, confronto); !errore.empty()) {
+  const ledger::SceltaBilancio scelta = Scelta();
+  if (const std::string errore = ledger::BilancioVerifica::Controlla(scelta, confronto);
+      !errore.empty()) {
     dialoghi.Messaggio(errore, Icona::Avviso);
     return;
   }
@@ -358,7 +361,7 @@ void FinestraBilancioVerifica::Interno::Esporta(Compositore foglio, bool confron
       dialoghi.ScegliUscita(confronto ? "confronto costi e ricavi" : "bilancio di verifica", true);
   if (!uscita) return;
   const InCorso lettura(leggendo);
-  const Foglio composto = (bilancio.*foglio)(scelta);
+  const reports::Foglio composto = (bilancio.*foglio)(scelta);
   if (composto.colonne.empty()) return;  // stopped by the user
   ScriviFoglio(composto, *uscita, dialoghi);
 }
@@ -370,8 +373,9 @@ void FinestraBilancioVerifica::Interno::ChiediGrafico() {
 void FinestraBilancioVerifica::Interno::MostraGrafico() {
   // The timer may fire while a long reading lets events through: the chart comes after it.
   if (leggendo) return attesaGrafico->start(kRipresaGrafico);
-  const SceltaBilancio scelta = Scelta();
-  if (const std::string errore = BilancioVerifica::Controlla(scelta, true); !errore.empty()) {
+  const ledger::SceltaBilancio scelta = Scelta();
+  if (const std::string errore = ledger::BilancioVerifica::Controlla(scelta, true);
+      !errore.empty()) {
     return grafico->MostraTesto(QString::fromStdString(errore));
   }
   const InCorso lettura(leggendo);
@@ -399,4 +403,4 @@ void FinestraBilancioVerifica::Aggiorna() {
   interno_->ChiediGrafico();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

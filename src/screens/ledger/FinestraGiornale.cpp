@@ -6,12 +6,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "ledger/Giornale.h"
-#include "screens/common/Campi.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/OpzioniGrafiche.h"
+#include "ledger/journal/Giornale.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/OpzioniGrafiche.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 struct FinestraGiornale::Interno {
   Interno(FinestraGiornale& finestraUsata, Finestre& gestoreUsato);
@@ -21,12 +21,12 @@ struct FinestraGiornale::Interno {
   QGroupBox* CreaPagine();
   QCheckBox* Casella(const char* nome, const QString& testo);
   CampoNumero* Numero(const char* nome);
-  [[nodiscard]] SceltaGiornale Scelta() const;
+  [[nodiscard]] ledger::SceltaGiornale Scelta() const;
   void Stampa();
 
   FinestraGiornale& finestra;
   Finestre& gestore;
-  Giornale giornale;
+  ledger::Giornale giornale;
   Scheda scheda;
   Legatura* legatura;
   OpzioniGrafiche* opzioni = nullptr;
@@ -66,7 +66,7 @@ FinestraGiornale::Interno::Interno(FinestraGiornale& finestraUsata, Finestre& ge
 }
 
 void FinestraGiornale::Interno::Proponi() {
-  const SceltaGiornale proposta = giornale.Proposta();
+  const ledger::SceltaGiornale proposta = giornale.Proposta();
   const std::pair<const char*, Valore> campi[] = {
       {"DaDt", proposta.daDt},
       {"AaDt", proposta.aaDt},
@@ -142,8 +142,8 @@ QGroupBox* FinestraGiornale::Interno::CreaPagine() {
   return riquadro;
 }
 
-SceltaGiornale FinestraGiornale::Interno::Scelta() const {
-  SceltaGiornale scelta;
+ledger::SceltaGiornale FinestraGiornale::Interno::Scelta() const {
+  ledger::SceltaGiornale scelta;
   scelta.daDt = scheda.Leggi("DaDt").Data();
   scelta.aaDt = scheda.Leggi("AaDt").Data();
   scelta.perArticolo = perArticolo->isChecked();
@@ -170,4 +170,4 @@ FinestraGiornale::~FinestraGiornale() {
   hide();  // nothing is read from its fields any more
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

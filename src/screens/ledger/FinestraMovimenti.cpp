@@ -3,7 +3,7 @@
 #include "screens/ledger/PaginaRegistrazione.h"
 #include "screens/ledger/PaginaScelta.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 FinestraMovimenti::FinestraMovimenti(Finestre& finestre)
     : FinestraDuePagine(QStringLiteral("Movimenti"),
@@ -93,4 +93,4 @@ void FinestraMovimenti::AggiornaScelta() {
   scelta_->Aggiorna();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -1,10 +1,10 @@
 // The window "Inserimento Movimenti contabili non Iva - Primanota": thin over Primanota.
 #pragma once
 
-#include "ledger/Primanota.h"
-#include "screens/common/FinestraDuePagine.h"
+#include "ledger/registrations/Primanota.h"
+#include "screens/common/rows/FinestraDuePagine.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class PaginaRegistrazione;
 class PaginaScelta;
@@ -31,9 +31,9 @@ class FinestraMovimenti : public FinestraDuePagine {
   void MostraRegistrazione();
   void ApriChiusure();
 
-  Primanota primanota_;
+  ledger::Primanota primanota_;
   PaginaScelta* scelta_;
   PaginaRegistrazione* registrazione_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

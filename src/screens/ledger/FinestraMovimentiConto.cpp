@@ -6,13 +6,13 @@
 #include <QVBoxLayout>
 
 #include "core/values/FormatoImporto.h"
-#include "ledger/MovimentiConto.h"
-#include "screens/common/CampoCodice.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
+#include "ledger/accounts/MovimentiConto.h"
+#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/Griglia.h"
 #include "screens/ledger/FontiPrimanota.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kColonnaArticolo = 1;
@@ -114,8 +114,8 @@ void FinestraMovimentiConto::Interno::Carica() {
   if (!codice.empty()) {
     // The year's registrations are meant, and some are dated outside it.
     const auto sempre = Data::DaGma(31, 12, 9999).value();
-    for (const auto& m : MovimentiDiConto(gestore.Sessione(), Cfp(), codice,
-                                          gestore.Sessione().Anno(), {}, sempre)) {
+    for (const auto& m : ledger::MovimentiDiConto(gestore.Sessione(), Cfp(), codice,
+                                                  gestore.Sessione().Anno(), {}, sempre)) {
       dare += m.dare;
       avere += m.avere;
       righe.push_back({m.dt, m.articolo, m.causale, m.descrizione, m.controp, m.dare, m.avere,
@@ -169,4 +169,4 @@ void FinestraMovimentiConto::Aggiorna() {
   interno_->Carica();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -9,9 +9,9 @@
 #include <map>
 
 #include "core/values/Testo.h"
-#include "screens/common/Disposizione.h"
+#include "screens/common/fields/Disposizione.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 enum Colonna { kCodice, kDescrizione, kClasse, kLettera };
@@ -216,4 +216,4 @@ bool FinestraVisPdc::eventFilter(QObject* oggetto, QEvent* evento) {
   return FinestraFunzione::eventFilter(oggetto, evento);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

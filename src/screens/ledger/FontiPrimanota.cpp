@@ -2,7 +2,7 @@
 
 #include <functional>
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 std::function<Archivio&()> Tessarc(Ambiente& ambiente) {
@@ -63,4 +63,4 @@ QString TabellaDiClasse(const std::string& classe) {
   return QStringLiteral("CONTI");
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

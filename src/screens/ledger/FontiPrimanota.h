@@ -6,9 +6,9 @@
 #include <string>
 
 #include "core/session/Ambiente.h"
-#include "screens/common/FonteCodici.h"
+#include "screens/common/fields/FonteCodici.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 /// Lists the causals that a user registers with; a typed code may be any of the archive, those of
 /// the VAT registrations included.
@@ -22,4 +22,4 @@ std::shared_ptr<FonteCodici> FonteCategorie(Ambiente& ambiente);
 /// Archive behind the accounts of a class.
 QString TabellaDiClasse(const std::string& classe);
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -4,7 +4,7 @@
 
 #include "core/values/FormatoImporto.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr const char* kNomi[] = {"gen", "feb", "mar", "apr", "mag", "giu",
@@ -22,7 +22,7 @@ std::vector<GraficoBarre::Serie> LeSerie() {
   };
 }
 
-QString Riassunto(const MeseConfronto& mese, int decimali) {
+QString Riassunto(const ledger::MeseConfronto& mese, int decimali) {
   const auto testo = [decimali](Importo importo) {
     return QString::fromStdString(ScriviImporto(importo, decimali));
   };
@@ -38,8 +38,8 @@ GraficoConfronto::GraficoConfronto(QWidget* genitore)
   setAccessibleName(tr("Costi e ricavi per mese dei due periodi"));
 }
 
-void GraficoConfronto::Mostra(const std::vector<MeseConfronto>& mesi, const QString& periodoA,
-                              const QString& periodoB, int decimali) {
+void GraficoConfronto::Mostra(const std::vector<ledger::MeseConfronto>& mesi,
+                              const QString& periodoA, const QString& periodoB, int decimali) {
   std::vector<Gruppo> gruppi;
   bool scritti = false;
   for (const auto& mese : mesi) {
@@ -55,4 +55,4 @@ void GraficoConfronto::Mostra(const std::vector<MeseConfronto>& mesi, const QStr
                        {{{kCostiA, kRicaviA}, periodoA}, {{kCostiB, kRicaviB}, periodoB}});
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -3,10 +3,10 @@
 
 #include <vector>
 
-#include "ledger/BilancioVerifica.h"
-#include "screens/common/GraficoBarre.h"
+#include "ledger/statements/BilancioVerifica.h"
+#include "screens/common/reports/GraficoBarre.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class GraficoConfronto : public GraficoBarre {
   Q_OBJECT
@@ -14,8 +14,8 @@ class GraficoConfronto : public GraficoBarre {
  public:
   explicit GraficoConfronto(QWidget* genitore = nullptr);
   /// `decimali` is that of the amounts in tooltips; the captions name the two periods.
-  void Mostra(const std::vector<MeseConfronto>& mesi, const QString& periodoA,
+  void Mostra(const std::vector<ledger::MeseConfronto>& mesi, const QString& periodoA,
               const QString& periodoB, int decimali);
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -5,7 +5,7 @@
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr std::string_view kDiversi = "DIVERSI";
@@ -17,8 +17,8 @@ void Unisci(std::string& condizione, const std::string& altra) {
 }
 
 std::string DiClasse(const std::string& classe, const std::string& codici) {
-  return "(" + Criterio("CFP", "=", classe) + " AND Conto IN (" + codici + ")) OR (" +
-         Criterio("CfpA", "=", classe) + " AND ContoA IN (" + codici + "))";
+  return "(" + sql::Criterio("CFP", "=", classe) + " AND Conto IN (" + codici + ")) OR (" +
+         sql::Criterio("CfpA", "=", classe) + " AND ContoA IN (" + codici + "))";
 }
 
 }  // namespace
@@ -36,8 +36,9 @@ std::vector<ArticoloLetto> LettoreArticoli::Pagina(const RicercaArticoli& ricerc
   if (ricerca.impossibile) return letti;
   std::string testo = "SELECT TOP " + std::to_string(quante) +
                       " NumDoc, Dt, CFP, Conto, CfpA, ContoA FROM ZArticoliNonIva WHERE " +
-                      Criterio("Anno", "=", ambiente_.Anno()) + " AND " +
-                      Criterio("NumDoc", "<", sotto) + " AND " + Criterio("NumDoc", ">", oltre);
+                      sql::Criterio("Anno", "=", ambiente_.Anno()) + " AND " +
+                      sql::Criterio("NumDoc", "<", sotto) + " AND " +
+                      sql::Criterio("NumDoc", ">", oltre);
   if (!ricerca.condizione.empty()) testo += " AND (" + ricerca.condizione + ")";
   Rs righe = Tessarc().Recordset(testo + " ORDER BY NumDoc DESC");
   for (; !righe.Eof(); righe.MoveNext()) {
@@ -76,14 +77,14 @@ RicercaArticoli LettoreArticoli::Interpreta(const std::string& testo) {
   const auto cercato = LeggiCercato(testo, ambiente_);
   if (cercato.testo.empty()) return ricerca;
   if (!cercato.data.Nulla()) {
-    ricerca.condizione = Criterio("Dt", "=", cercato.data);
+    ricerca.condizione = sql::Criterio("Dt", "=", cercato.data);
     return ricerca;
   }
   ricerca.condizione = ConConto(cercato.testo);
   ricerca.immediata = ricerca.condizione.empty();
-  if (cercato.numero) Unisci(ricerca.condizione, Criterio("NumDoc", "=", *cercato.numero));
+  if (cercato.numero) Unisci(ricerca.condizione, sql::Criterio("NumDoc", "=", *cercato.numero));
   ricerca.impossibile = ricerca.condizione.empty();
   return ricerca;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "screens/common/RicercaRegistrazioni.h"
+#include "screens/common/lists/RicercaRegistrazioni.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 struct ArticoloLetto {
   std::int64_t numero = 0;
@@ -51,4 +51,4 @@ class LettoreArticoli {
   DescrizioniConti descrizioni_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -4,14 +4,14 @@
 #include <QGridLayout>
 #include <QPushButton>
 
-#include "screens/common/Campi.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
-#include "screens/common/Legatura.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
+#include "screens/common/lists/Griglia.h"
 #include "screens/ledger/PannelloAllegati.h"
 #include "screens/ledger/RiquadroRiga.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 QCheckBox* Casella(const char* nome, const QString& testo) {
@@ -39,7 +39,7 @@ CampoImporto* Totale(const char* nome, int decimali) {
 
 }  // namespace
 
-PaginaRegistrazione::PaginaRegistrazione(Primanota& primanota, Finestre& finestre,
+PaginaRegistrazione::PaginaRegistrazione(ledger::Primanota& primanota, Finestre& finestre,
                                          QWidget* genitore)
     : PaginaSul(primanota, finestre, genitore) {
   constexpr int kRigheMinime = 4;
@@ -232,4 +232,4 @@ bool PaginaRegistrazione::EliminaRegistrazione() {
   return false;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -1,14 +1,14 @@
 // Second page of the primanota window: the open registration with its rows.
 #pragma once
 
-#include "ledger/Primanota.h"
-#include "screens/common/Finestre.h"
-#include "screens/common/SulCasoUso.h"
+#include "ledger/registrations/Primanota.h"
+#include "screens/common/rows/SulCasoUso.h"
+#include "screens/common/windows/Finestre.h"
 
 class QCheckBox;
 class QGridLayout;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class CampoData;
 class CampoImporto;
@@ -16,11 +16,12 @@ class CampoNumero;
 class CampoTesto;
 class PannelloAllegati;
 
-class PaginaRegistrazione : public PaginaSul<Primanota> {
+class PaginaRegistrazione : public PaginaSul<ledger::Primanota> {
   Q_OBJECT
 
  public:
-  PaginaRegistrazione(Primanota& primanota, Finestre& finestre, QWidget* genitore = nullptr);
+  PaginaRegistrazione(ledger::Primanota& primanota, Finestre& finestre,
+                      QWidget* genitore = nullptr);
 
   void Mostra() override;
 
@@ -55,4 +56,4 @@ class PaginaRegistrazione : public PaginaSul<Primanota> {
   CampoImporto* sbilancio_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -5,13 +5,13 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "screens/common/Disposizione.h"
-#include "screens/common/FunzioniCorrelate.h"
-#include "screens/common/Griglia.h"
-#include "screens/common/SelettoreArticolo.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/Griglia.h"
+#include "screens/common/lists/SelettoreArticolo.h"
+#include "screens/common/windows/FunzioniCorrelate.h"
 #include "screens/ledger/ElencoRegistrazioni.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCorrelatePerRiga = 5;
@@ -174,7 +174,7 @@ void PaginaScelta::FocoNuovo() {
   FocoInVista(nuovo_);
 }
 
-void PaginaScelta::MostraModelli(const std::vector<ModelloPrimanota>& modelli) {
+void PaginaScelta::MostraModelli(const std::vector<ledger::ModelloPrimanota>& modelli) {
   std::vector<std::vector<Valore>> righe;
   for (const auto& modello : modelli) {
     righe.push_back({modello.articolo, modello.anno, modello.dt, modello.descrArtDupl,
@@ -196,4 +196,4 @@ bool PaginaScelta::ChiudiModelli() {
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -3,8 +3,8 @@
 
 #include <QWidget>
 
-#include "ledger/Primanota.h"
-#include "screens/common/Finestre.h"
+#include "ledger/registrations/Primanota.h"
+#include "screens/common/windows/Finestre.h"
 
 class QAbstractButton;
 class QGridLayout;
@@ -13,7 +13,7 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class ElencoRegistrazioni;
 class Griglia;
@@ -32,7 +32,7 @@ class PaginaScelta : public QWidget {
   void FocoSelettore();
   void FocoNuovo();
   /// Shows the models to choose from; says so when there is none.
-  void MostraModelli(const std::vector<ModelloPrimanota>& modelli);
+  void MostraModelli(const std::vector<ledger::ModelloPrimanota>& modelli);
   /// Hides the models; false when they weren't shown.
   bool ChiudiModelli();
 
@@ -62,4 +62,4 @@ class PaginaScelta : public QWidget {
   QList<QAbstractButton*> pulsanti_;  ///< that can be pressed, the more used first
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -4,11 +4,12 @@
 #include <QListWidget>
 #include <QPushButton>
 
-#include "screens/common/Disposizione.h"
+#include "screens/common/fields/Disposizione.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
-PannelloAllegati::PannelloAllegati(Primanota& primanota, Finestre& finestre, QWidget* genitore)
+PannelloAllegati::PannelloAllegati(ledger::Primanota& primanota, Finestre& finestre,
+                                   QWidget* genitore)
     : QGroupBox(tr("Allegati"), genitore),
       primanota_(primanota),
       finestre_(finestre),
@@ -93,4 +94,4 @@ void PannelloAllegati::Togli() {
   Mostra();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -3,20 +3,20 @@
 
 #include <QGroupBox>
 
-#include "ledger/Primanota.h"
-#include "screens/common/Finestre.h"
+#include "ledger/registrations/Primanota.h"
+#include "screens/common/windows/Finestre.h"
 
 class QAbstractButton;
 class QListWidget;
 class QPushButton;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class PannelloAllegati : public QGroupBox {
   Q_OBJECT
 
  public:
-  PannelloAllegati(Primanota& primanota, Finestre& finestre, QWidget* genitore = nullptr);
+  PannelloAllegati(ledger::Primanota& primanota, Finestre& finestre, QWidget* genitore = nullptr);
   void Mostra();
   [[nodiscard]] QList<QAbstractButton*> Pulsanti() const;
 
@@ -26,7 +26,7 @@ class PannelloAllegati : public QGroupBox {
   void Togli();
   void Abilita();
 
-  Primanota& primanota_;
+  ledger::Primanota& primanota_;
   Finestre& finestre_;
   QListWidget* elenco_;
   QPushButton* aggiungi_;
@@ -34,4 +34,4 @@ class PannelloAllegati : public QGroupBox {
   QPushButton* togli_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -6,13 +6,13 @@
 #include <QPushButton>
 
 #include "core/values/FormatoImporto.h"
-#include "screens/common/Campi.h"
-#include "screens/common/CampoCodice.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Legatura.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
 #include "screens/ledger/FontiPrimanota.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreImporto = 15;
@@ -39,7 +39,7 @@ QComboBox* CampoClasse(const QString& nome) {
 
 }  // namespace
 
-RiquadroRiga::RiquadroRiga(Primanota& primanota, Finestre& finestre, QWidget* genitore)
+RiquadroRiga::RiquadroRiga(ledger::Primanota& primanota, Finestre& finestre, QWidget* genitore)
     : RiquadroSul(primanota, finestre, genitore) {
   CreaCampi();
   Disponi();
@@ -246,4 +246,4 @@ void RiquadroRiga::VisSaldo() {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

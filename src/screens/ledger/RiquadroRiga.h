@@ -1,26 +1,26 @@
 // The row frame: the fields of one row of the registration, while it is open.
 #pragma once
 
-#include "ledger/Primanota.h"
-#include "screens/common/SulCasoUso.h"
+#include "ledger/registrations/Primanota.h"
+#include "screens/common/rows/SulCasoUso.h"
 
 class QCheckBox;
 class QComboBox;
 class QFrame;
 class QGridLayout;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class CampoCodice;
 class CampoImporto;
 class CampoNumero;
 class CampoTesto;
 
-class RiquadroRiga : public RiquadroSul<Primanota> {
+class RiquadroRiga : public RiquadroSul<ledger::Primanota> {
   Q_OBJECT
 
  public:
-  RiquadroRiga(Primanota& primanota, Finestre& finestre, QWidget* genitore = nullptr);
+  RiquadroRiga(ledger::Primanota& primanota, Finestre& finestre, QWidget* genitore = nullptr);
 
   void Entra() override;
   void Mostra() override;
@@ -61,4 +61,4 @@ class RiquadroRiga : public RiquadroSul<Primanota> {
   std::string classeControp_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -12,11 +12,11 @@
 #include <QTranslator>
 
 #include "screens/archives/FinestraImporta.h"
-#include "screens/common/FinestraArchivio.h"
+#include "screens/common/archive/FinestraArchivio.h"
 #include "screens/company/FinestraUtility.h"
-#include "screens/documents/FinestraClienti.h"
-#include "screens/documents/FinestraElencoParti.h"
-#include "screens/documents/FinestraInterrCliFor.h"
+#include "screens/documents/parties/FinestraClienti.h"
+#include "screens/documents/parties/FinestraElencoParti.h"
+#include "screens/documents/parties/FinestraInterrCliFor.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/duedates/FinestraScadenze.h"
 #include "screens/duedates/FinestraScadenzeModifica.h"
@@ -37,12 +37,12 @@
 #include "screens/ledger/FinestraVisPdc.h"
 #include "screens/main/Archivi.h"
 #include "screens/users/FinestraUt.h"
-#include "screens/vat/FinestraFatture.h"
-#include "screens/vat/FinestraFattureSospIva.h"
-#include "screens/vat/FinestraRegistriIva.h"
-#include "screens/vat/FinestraRegistroIva.h"
+#include "screens/vat/entry/FinestraFatture.h"
+#include "screens/vat/entry/FinestraFattureSospIva.h"
+#include "screens/vat/register/FinestraRegistriIva.h"
+#include "screens/vat/register/FinestraRegistroIva.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kControllo = 2'000;  // ms between looks at the running backup and at idle readings
@@ -96,9 +96,9 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
       {QStringLiteral("PagamentiDaScadenzario"),
-       NuovaCon<FinestraPagamenti>(PagamentiScadenzario::Modo::PiuParti)},
+       NuovaCon<FinestraPagamenti>(duedates::PagamentiScadenzario::Modo::PiuParti)},
       {QStringLiteral("PagamentiDaScadenzario1Cli"),
-       NuovaCon<FinestraPagamenti>(PagamentiScadenzario::Modo::SingolaParte)},
+       NuovaCon<FinestraPagamenti>(duedates::PagamentiScadenzario::Modo::SingolaParte)},
       {QStringLiteral("RiBa"), Nuova<FinestraRiba>()},
       {QStringLiteral("RiBaRaggruppamento"), Nuova<FinestraRaggruppamento>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
@@ -107,9 +107,9 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("STFornitori"), NuovaCon<FinestraElencoParti>(std::string("F"))},
       {QStringLiteral("STRegistroIvaUnico"), Nuova<FinestraRegistroIva>()},
       {QStringLiteral("STScadenzePerConto"),
-       NuovaCon<FinestraStampaScadenze>(OrdineScadenze::PerConto)},
+       NuovaCon<FinestraStampaScadenze>(duedates::OrdineScadenze::PerConto)},
       {QStringLiteral("STScadenzePerData"),
-       NuovaCon<FinestraStampaScadenze>(OrdineScadenze::PerData)},
+       NuovaCon<FinestraStampaScadenze>(duedates::OrdineScadenze::PerData)},
       {QStringLiteral("Scadenze"), Nuova<FinestraScadenze>()},
       {QStringLiteral("ScadenzeModifica"), Nuova<FinestraScadenzeModifica>()},
       {QStringLiteral("SituazioneScadenze"), Nuova<FinestraSituazioneScadenze>()},
@@ -208,4 +208,4 @@ void Applicazione::ChiediFine() {
   QTimer::singleShot(0, principale_.get(), [this] { principale_->close(); });
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

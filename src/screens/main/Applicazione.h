@@ -6,7 +6,7 @@
 #include "core/session/Ambiente.h"
 #include "screens/main/FinestraPrincipale.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class Applicazione {
  public:
@@ -48,4 +48,4 @@ class Applicazione {
   bool fineChiesta_ = false;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <exception>
 
-namespace fenalto {
+namespace fenalto::screens {
 
 bool ApplicazioneQt::notify(QObject* ricevente, QEvent* evento) {
   try {
@@ -20,4 +20,4 @@ bool ApplicazioneQt::notify(QObject* ricevente, QEvent* evento) {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

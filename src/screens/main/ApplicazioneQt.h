@@ -6,7 +6,7 @@
 
 #include "core/session/Porte.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class ApplicazioneQt : public QApplication {
  public:
@@ -20,4 +20,4 @@ class ApplicazioneQt : public QApplication {
   Dialoghi* dialoghi_ = nullptr;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

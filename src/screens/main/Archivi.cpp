@@ -2,24 +2,25 @@
 
 #include <iterator>
 
-#include "documents/ArchiviDocumenti.h"
-#include "documents/ArchiviParti.h"
-#include "duedates/ArchiviScadenze.h"
-#include "ledger/ArchiviContabili.h"
-#include "ledger/PianoDeiConti.h"
-#include "vat/ArchiviIva.h"
-#include "warehouse/ArchiviMagazzino.h"
+#include "documents/parties/ArchiviParti.h"
+#include "documents/types/ArchiviDocumenti.h"
+#include "duedates/codes/ArchiviScadenze.h"
+#include "ledger/accounts/ArchiviContabili.h"
+#include "ledger/accounts/PianoDeiConti.h"
+#include "vat/codes/ArchiviIva.h"
+#include "warehouse/products/ArchiviMagazzino.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
-std::vector<DescrizioneArchivio> TuttiGliArchivi() {
-  std::vector<DescrizioneArchivio> tutti;
-  for (auto stanza : {ArchiviContabili, ArchiviPianoDeiConti, ArchiviIva, ArchiviScadenze,
-                      ArchiviDocumenti, ArchiviParti, ArchiviMagazzino}) {
+std::vector<archives::DescrizioneArchivio> TuttiGliArchivi() {
+  std::vector<archives::DescrizioneArchivio> tutti;
+  for (auto stanza : {ledger::ArchiviContabili, ledger::ArchiviPianoDeiConti, vat::ArchiviIva,
+                      duedates::ArchiviScadenze, documents::ArchiviDocumenti,
+                      documents::ArchiviParti, warehouse::ArchiviMagazzino}) {
     auto suoi = stanza();
     std::move(suoi.begin(), suoi.end(), std::back_inserter(tutti));
   }
   return tutti;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

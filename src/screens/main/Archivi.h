@@ -5,8 +5,8 @@
 
 #include "core/archives/DescrizioneArchivio.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
-std::vector<DescrizioneArchivio> TuttiGliArchivi();
+std::vector<archives::DescrizioneArchivio> TuttiGliArchivi();
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -10,7 +10,7 @@
 
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr QSize kMisura(560, 360);
@@ -106,4 +106,4 @@ bool CercaFunzione::eventFilter(QObject* oggetto, QEvent* evento) {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

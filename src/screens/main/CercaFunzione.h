@@ -8,7 +8,7 @@
 class QLineEdit;
 class QListWidget;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class CercaFunzione : public QFrame {
   Q_OBJECT
@@ -36,4 +36,4 @@ class CercaFunzione : public QFrame {
   QListWidget* elenco_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -15,7 +15,7 @@
 #include "screens/main/DialogoAccesso.h"
 #include "screens/main/DialogoDitta.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kAttesaProgresso = 500;  // ms before a progress box comes up
@@ -101,7 +101,7 @@ std::optional<SceltaUscita> ScegliFoglio(const QString& titolo, QWidget* sopra) 
     dialogo.setDefaultSuffix(filtro.contains(QLatin1String("csv")) ? QStringLiteral("csv")
                                                                    : QStringLiteral("xlsx"));
   });
-  dialogo.selectFile(NomeFile(titolo));
+  dialogo.selectFile(print::NomeFile(titolo));
   if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) return std::nullopt;
   const QString file = dialogo.selectedFiles().first();
   QSettings().setValue(chiave, QFileInfo(file).absolutePath());
@@ -153,7 +153,7 @@ std::optional<std::string> DialoghiQt::Chiedi(const std::string& testo,
 
 std::optional<SceltaUscita> DialoghiQt::ScegliUscita(const std::string& rapporto, bool esporta) {
   if (esporta) return ScegliFoglio(Qs(rapporto), sopra_);
-  DialogoUscita dialogo(Qs(rapporto), sopra_);
+  print::DialogoUscita dialogo(Qs(rapporto), sopra_);
   if (dialogo.exec() != QDialog::Accepted) return std::nullopt;
   return dialogo.Scelta();
 }
@@ -203,4 +203,4 @@ bool DialoghiQt::ApriEsterno(const std::string& fileOIndirizzo) {
   return QDesktopServices::openUrl(indirizzo);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -6,7 +6,7 @@
 
 #include "core/session/Porte.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class DialoghiQt : public Dialoghi {
  public:
@@ -31,4 +31,4 @@ class DialoghiQt : public Dialoghi {
   QPointer<QWidget> sopra_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace fenalto {
+namespace fenalto::screens {
 
 DialogoAccesso::DialogoAccesso(const QString& avviso, QWidget* genitore)
     : QDialog(genitore), utente_(new QLineEdit(this)), password_(new QLineEdit(this)) {
@@ -35,4 +35,4 @@ Dialoghi::Credenziali DialogoAccesso::Dati() const {
   return {utente_->text().trimmed().toStdString(), password_->text().toStdString()};
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

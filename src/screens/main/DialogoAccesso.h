@@ -7,7 +7,7 @@
 
 class QLineEdit;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class DialogoAccesso : public QDialog {
   Q_OBJECT
@@ -22,4 +22,4 @@ class DialogoAccesso : public QDialog {
   QLineEdit* password_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

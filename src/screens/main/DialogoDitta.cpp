@@ -6,7 +6,7 @@
 #include <QListWidget>
 #include <QPushButton>
 
-namespace fenalto {
+namespace fenalto::screens {
 
 DialogoDitta::DialogoDitta(const std::vector<DittaTrovata>& ditte,
                            std::function<std::vector<int>(const std::string&, std::string&)> anniDi,
@@ -76,4 +76,4 @@ SceltaDitta DialogoDitta::Scelta() const {
   return {ditte_->currentItem()->text().toStdString(), anni_->currentItem()->text().toInt()};
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

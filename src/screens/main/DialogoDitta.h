@@ -10,7 +10,7 @@ class QLabel;
 class QListWidget;
 class QPushButton;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class DialogoDitta : public QDialog {
   Q_OBJECT
@@ -31,4 +31,4 @@ class DialogoDitta : public QDialog {
   QPushButton* apri_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

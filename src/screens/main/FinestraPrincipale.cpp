@@ -14,12 +14,12 @@
 
 #include "print/FabbricaUsciteQt.h"
 #include "print/FinestraAnteprima.h"
-#include "screens/common/Attesa.h"
+#include "screens/common/windows/Attesa.h"
 #include "screens/main/CercaFunzione.h"
 #include "screens/main/Sfondo.h"
-#include "vat/FattureSospese.h"
+#include "vat/entry/FattureSospese.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 QString Qs(const std::string& testo) {
@@ -40,7 +40,7 @@ FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costrutto
     : ambiente_(ambiente),
       costruttori_(std::move(costruttori)),
       area_(new AreaFinestre(this)),
-      uscite_(new FabbricaUsciteQt(ambiente.Dialogo(), this)) {
+      uscite_(new print::FabbricaUsciteQt(ambiente.Dialogo(), this)) {
   setObjectName(QStringLiteral("Principale"));
   setWindowTitle(QStringLiteral("Fenalto"));
   area_->setObjectName(QStringLiteral("Area"));
@@ -57,7 +57,7 @@ FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costrutto
   aggiornamento->hide();
   CreaBarra();
   CreaMenu();
-  connect(uscite_, &FabbricaUsciteQt::RinvioScelto, this, &FinestraPrincipale::SegueRinvio);
+  connect(uscite_, &print::FabbricaUsciteQt::RinvioScelto, this, &FinestraPrincipale::SegueRinvio);
   resize(1280, 720);
   restoreGeometry(QSettings().value(QStringLiteral("finestre/Principale")).toByteArray());
 }
@@ -86,7 +86,7 @@ void FinestraPrincipale::MostraSessione() {
 }
 
 void FinestraPrincipale::MostraVoceSospese() {
-  const bool usate = ambiente_.DittaAperta() && FattureSospese::Usate(ambiente_);
+  const bool usate = ambiente_.DittaAperta() && vat::FattureSospese::Usate(ambiente_);
   for (const auto& [voce, azione] : azioni_) {
     if (QLatin1String(voce->nome) == QLatin1String("ApreFattureSospIva")) {
       azione->setVisible(usate);
@@ -364,26 +364,26 @@ void FinestraPrincipale::VediRegistrazione(std::int64_t numero, int anno) {
 
 // --- Reports ----------------------------------------------------------------------------------
 
-FabbricaUscite& FinestraPrincipale::Uscite() {
+reports::FabbricaUscite& FinestraPrincipale::Uscite() {
   return *uscite_;
 }
 
-void FinestraPrincipale::SegueRinvio(const Rinvio& rinvio) {
+void FinestraPrincipale::SegueRinvio(const reports::Rinvio& rinvio) {
   raise();
   activateWindow();
-  if (rinvio.genere == Rinvio::Genere::Registrazione) {
+  if (rinvio.genere == reports::Rinvio::Genere::Registrazione) {
     VediRegistrazione(rinvio.numero, rinvio.anno);
     return;
   }
   const QString funzione = QStringLiteral("MovimentiConto");
-  if (rinvio.genere != Rinvio::Genere::Conto || !FunzioneDisponibile(funzione)) return;
+  if (rinvio.genere != reports::Rinvio::Genere::Conto || !FunzioneDisponibile(funzione)) return;
   if (auto* finestra = ApriFunzione(funzione)) {
     finestra->ApriCodice(Qs(rinvio.cfp + "|" + rinvio.conto));
   }
 }
 
 void FinestraPrincipale::ChiudiAnteprime() {
-  for (auto* anteprima : findChildren<FinestraAnteprima*>()) anteprima->close();
+  for (auto* anteprima : findChildren<print::FinestraAnteprima*>()) anteprima->close();
 }
 
 // --- Closing ----------------------------------------------------------------------------------
@@ -403,4 +403,4 @@ void FinestraPrincipale::closeEvent(QCloseEvent* evento) {
   emit Chiusa();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

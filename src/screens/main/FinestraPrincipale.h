@@ -6,7 +6,7 @@
 #include <map>
 
 #include "core/reports/Pagina.h"
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 #include "screens/main/MappaMenu.h"
 
 class QAction;
@@ -16,9 +16,12 @@ class QMdiArea;
 class QScrollBar;
 class QToolBar;
 
-namespace fenalto {
-
+namespace fenalto::print {
 class FabbricaUsciteQt;
+}
+
+namespace fenalto::screens {
+
 class Sfondo;
 
 class FinestraPrincipale : public QMainWindow, public Finestre {
@@ -45,7 +48,7 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
 
   // Finestre
   Ambiente& Sessione() override { return ambiente_; }
-  FabbricaUscite& Uscite() override;
+  reports::FabbricaUscite& Uscite() override;
   FinestraFunzione* ApriFunzione(const QString& finestra, int scheda = -1) override;
   [[nodiscard]] bool FunzioneDisponibile(const QString& finestra) const override;
   void ApreFormDaEvLibero(const QString& tabella, const QString& codice) override;
@@ -62,7 +65,7 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void ChiudiTutto();
   /// Goes where a text of a preview leads: to the registration, after its question, or to the
   /// movements of the account.
-  void SegueRinvio(const Rinvio& rinvio);
+  void SegueRinvio(const reports::Rinvio& rinvio);
 
  signals:
   /// The main window was closed for good.
@@ -96,7 +99,7 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   Ambiente& ambiente_;
   Costruttori costruttori_;
   QMdiArea* area_;
-  FabbricaUsciteQt* uscite_;
+  print::FabbricaUsciteQt* uscite_;
   Sfondo* sfondo_ = nullptr;
   QToolBar* barra_ = nullptr;
   QComboBox* anni_ = nullptr;
@@ -108,4 +111,4 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   bool cambiandoAnno_ = false;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

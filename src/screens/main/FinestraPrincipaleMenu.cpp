@@ -16,7 +16,7 @@
 #include "screens/main/CercaFunzione.h"
 #include "screens/main/FinestraPrincipale.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 /// The caption with a mnemonic that no sibling has.
@@ -246,4 +246,4 @@ void FinestraPrincipale::VideoCorsi() {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

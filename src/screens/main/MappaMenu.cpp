@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr auto kVoci = std::to_array<VoceMenu>({
@@ -238,4 +238,4 @@ ArchivioDiTabella ArchivioDietro(const QString& tabella) {
   return {};
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

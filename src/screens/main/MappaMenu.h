@@ -4,7 +4,7 @@
 #include <QString>
 #include <span>
 
-namespace fenalto {
+namespace fenalto::screens {
 
 /// How a function refuses to run beside others.
 enum class Esclusiva { No, ChiudereLeAltre, ChiuderePrimaLeAltre };
@@ -37,4 +37,4 @@ struct ArchivioDiTabella {
 };
 ArchivioDiTabella ArchivioDietro(const QString& tabella);
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kBande = 256;
@@ -78,4 +78,4 @@ bool Sfondo::eventFilter(QObject* oggetto, QEvent* evento) {
   return QWidget::eventFilter(oggetto, evento);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

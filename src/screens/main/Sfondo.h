@@ -4,7 +4,7 @@
 #include <QMdiArea>
 #include <QWidget>
 
-namespace fenalto {
+namespace fenalto::screens {
 
 /// Paints the bands of the background, from the window's colour to a touch of the accent.
 void DipingiBande(QWidget& dove);
@@ -37,4 +37,4 @@ class Sfondo : public QWidget {
   bool eventFilter(QObject* oggetto, QEvent* evento) override;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -10,11 +10,11 @@
 #include <algorithm>
 
 #include "core/values/Testo.h"
-#include "screens/common/Campi.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/Griglia.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 enum Pagina { kScelta = 0, kUtente = 1 };
@@ -379,4 +379,4 @@ void FinestraUt::Aggiorna() {
   if (!interno_->Aperto()) interno_->RileggiElenco();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

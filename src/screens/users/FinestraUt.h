@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "core/session/Utenti.h"
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class FinestraUt : public FinestraFunzione {
   Q_OBJECT
@@ -25,4 +25,4 @@ class FinestraUt : public FinestraFunzione {
   std::unique_ptr<Interno> interno_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

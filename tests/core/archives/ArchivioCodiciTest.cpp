@@ -8,11 +8,12 @@ using ::testing::IsEmpty;
 
 class ArchivioCodiciTest : public DittaArchivi {
  protected:
-  bool Conferma(ArchivioCodici& archivio) {
+  bool Conferma(archives::ArchivioCodici& archivio) {
     rifiuto = {};
     return archivio.Conferma(&rifiuto);
   }
-  void Nuovo(ArchivioCodici& archivio, const std::string& cod, const std::string& descrizione) {
+  void Nuovo(archives::ArchivioCodici& archivio, const std::string& cod,
+             const std::string& descrizione) {
     archivio.Inizia();
     archivio.Record().Scrivi("Cod", cod);
     archivio.Record().Scrivi("Descrizione", descrizione);
@@ -21,7 +22,7 @@ class ArchivioCodiciTest : public DittaArchivi {
 };
 
 TEST_F(ArchivioCodiciTest, AperturaTitoloEModifica) {
-  ArchivioCodici archivio(ambiente, Categorie());
+  archives::ArchivioCodici archivio(ambiente, Categorie());
   EXPECT_FALSE(archivio.Aperto());
   EXPECT_EQ(archivio.Titolo(), "");
   EXPECT_FALSE(archivio.Apri("Z"));
@@ -52,9 +53,9 @@ TEST_F(ArchivioCodiciTest, AperturaTitoloEModifica) {
 }
 
 TEST_F(ArchivioCodiciTest, FiltroDellaDescrizione) {
-  DescrizioneArchivio d = Categorie();
+  archives::DescrizioneArchivio d = Categorie();
   d.filtro = "Cod<'B' or Cod>'B'";
-  ArchivioCodici archivio(ambiente, d);
+  archives::ArchivioCodici archivio(ambiente, d);
   EXPECT_FALSE(archivio.Apri("B"));
   EXPECT_TRUE(archivio.Apri("C"));
   // What the filter hides is there all the same.
@@ -64,7 +65,7 @@ TEST_F(ArchivioCodiciTest, FiltroDellaDescrizione) {
 }
 
 TEST_F(ArchivioCodiciTest, OrdineDeiControlli) {
-  ArchivioCodici archivio(ambiente, Categorie());
+  archives::ArchivioCodici archivio(ambiente, Categorie());
   Tessarc().Inserisci("Clienti", {{"Cod", "0001"}, {"Categoria", "a"}});
   ASSERT_TRUE(archivio.Apri("A"));
   Traccia();
@@ -112,8 +113,8 @@ TEST_F(ArchivioCodiciTest, OrdineDeiControlli) {
 }
 
 TEST_F(ArchivioCodiciTest, CodiciParticolari) {
-  ArchivioCodici archivio(ambiente, [this] {
-    DescrizioneArchivio d = Categorie();
+  archives::ArchivioCodici archivio(ambiente, [this] {
+    archives::DescrizioneArchivio d = Categorie();
     d.caratteriCodice = 200;
     return d;
   }());
@@ -143,10 +144,12 @@ TEST_F(ArchivioCodiciTest, CodiciParticolari) {
 }
 
 TEST_F(ArchivioCodiciTest, Composto) {
-  DescrizioneArchivio d = Categorie();
+  archives::DescrizioneArchivio d = Categorie();
   d.codiceComposto = true;
-  d.compone = [](ContestoArchivio& c) { c.scheda.Scrivi("Cod", c.scheda.Testo("Nota") + ".1"); };
-  ArchivioCodici archivio(ambiente, d);
+  d.compone = [](archives::ContestoArchivio& c) {
+    c.scheda.Scrivi("Cod", c.scheda.Testo("Nota") + ".1");
+  };
+  archives::ArchivioCodici archivio(ambiente, d);
   archivio.Inizia();
   archivio.Record().Scrivi("Nota", "K");
   EXPECT_TRUE(Conferma(archivio));
@@ -155,7 +158,7 @@ TEST_F(ArchivioCodiciTest, Composto) {
 }
 
 TEST_F(ArchivioCodiciTest, Duplica) {
-  ArchivioCodici archivio(ambiente, Categorie());
+  archives::ArchivioCodici archivio(ambiente, Categorie());
   archivio.Duplica();
   EXPECT_FALSE(archivio.Aperto());
   ASSERT_TRUE(archivio.Apri("B"));
@@ -175,8 +178,8 @@ TEST_F(ArchivioCodiciTest, Duplica) {
 
 TEST_F(ArchivioCodiciTest, DueStazioni) {
   const auto altra = Altra("MAGAZZINO");
-  ArchivioCodici primo(ambiente, Categorie());
-  ArchivioCodici secondo(*altra->ambiente, Categorie());
+  archives::ArchivioCodici primo(ambiente, Categorie());
+  archives::ArchivioCodici secondo(*altra->ambiente, Categorie());
   ASSERT_TRUE(primo.Apri("A"));
   ASSERT_TRUE(secondo.Apri("a"));
   EXPECT_TRUE(secondo.SolaLettura());
@@ -195,7 +198,7 @@ TEST_F(ArchivioCodiciTest, DueStazioni) {
 
 TEST_F(ArchivioCodiciTest, CambiatoAltrove) {
   const auto altra = Altra("MAGAZZINO");
-  ArchivioCodici archivio(ambiente, Categorie());
+  archives::ArchivioCodici archivio(ambiente, Categorie());
   ASSERT_TRUE(archivio.Apri("A"));
   archivio.Record().Scrivi("Descrizione", "mia");
   altra->ambiente->ArchivioDi("tessarc").Esegui(
@@ -212,7 +215,7 @@ TEST_F(ArchivioCodiciTest, CambiatoAltrove) {
 }
 
 TEST_F(ArchivioCodiciTest, EliminatoAltrove) {
-  ArchivioCodici archivio(ambiente, Categorie());
+  archives::ArchivioCodici archivio(ambiente, Categorie());
   ASSERT_TRUE(archivio.Apri("A"));
   archivio.Record().Scrivi("Descrizione", "mia");
   Altra("MAGAZZINO")
@@ -227,7 +230,7 @@ TEST_F(ArchivioCodiciTest, EliminatoAltrove) {
 }
 
 TEST_F(ArchivioCodiciTest, Eliminazione) {
-  ArchivioCodici archivio(ambiente, Categorie());
+  archives::ArchivioCodici archivio(ambiente, Categorie());
   Tessarc().Inserisci("Movimenti", {{"Anno", 2026}, {"Categoria", "B"}});
   ASSERT_TRUE(archivio.Apri("A"));
   Traccia();

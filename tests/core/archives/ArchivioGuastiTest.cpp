@@ -12,22 +12,22 @@ using ::testing::HasSubstr;
 class ArchivioGuastiTest : public DittaArchivi, public ::testing::WithParamInterface<Guasto> {
  protected:
   /// Also writes a row of the other database in the same transaction.
-  DescrizioneArchivio ConBanca() {
-    DescrizioneArchivio d = Categorie();
-    d.conScrittura = [](ContestoArchivio& c) {
+  archives::DescrizioneArchivio ConBanca() {
+    archives::DescrizioneArchivio d = Categorie();
+    d.conScrittura = [](archives::ContestoArchivio& c) {
       c.ambiente.ArchivioDi("scadenzario")
           .Inserisci("Banche", {{"Cod", c.Codice()}, {"Nome", "di prova"}});
     };
-    d.conEliminazione = [](ContestoArchivio& c) {
+    d.conEliminazione = [](archives::ContestoArchivio& c) {
       c.ambiente.ArchivioDi("scadenzario")
-          .Esegui("delete * from Banche where " + Criterio("Cod", "=", c.codicePrima));
+          .Esegui("delete * from Banche where " + sql::Criterio("Cod", "=", c.codicePrima));
     };
     return d;
   }
   std::int64_t Banche() {
     return ambiente.ArchivioDi("scadenzario").Singolo("select count(*) from Banche").Intero();
   }
-  int ProvaTutti(ArchivioCodici& archivio, const std::function<bool()>& azione) {
+  int ProvaTutti(archives::ArchivioCodici& archivio, const std::function<bool()>& azione) {
     const auto righe = Righe();
     const std::int64_t banche = Banche();
     const std::string titolo = archivio.Titolo();
@@ -53,7 +53,7 @@ class ArchivioGuastiTest : public DittaArchivi, public ::testing::WithParamInter
 };
 
 TEST_P(ArchivioGuastiTest, NuovoVariatoEliminato) {
-  ArchivioCodici archivio(ambiente, ConBanca());
+  archives::ArchivioCodici archivio(ambiente, ConBanca());
   archivio.Inizia();
   archivio.Record().Scrivi("Cod", "N");
   archivio.Record().Scrivi("Descrizione", "nuova");

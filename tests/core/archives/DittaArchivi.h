@@ -51,8 +51,8 @@ class DittaArchivi : public ::testing::Test {
   Archivio& Tessarc() { return ambiente.ArchivioDi("tessarc"); }
 
   /// Every function leaves its name in `traccia`; those named in `ferma` refuse.
-  DescrizioneArchivio Categorie() {
-    DescrizioneArchivio d;
+  archives::DescrizioneArchivio Categorie() {
+    archives::DescrizioneArchivio d;
     d.finestra = "Categorie";
     d.titolo = "Archivio Categorie";
     d.tabella = "Categorie";
@@ -60,12 +60,12 @@ class DittaArchivi : public ::testing::Test {
     d.titoloRecord = "categoria ";
     d.campiExtra = {{"Nota", Tipo::Testo}};
     d.campi = {{.nome = "nonmodif", .didascalia = "fissa", .elenco = true}};
-    d.aperto = [this](ContestoArchivio& c) {
+    d.aperto = [this](archives::ContestoArchivio& c) {
       traccia.emplace_back("aperto");
       c.scheda.Scrivi("Nota", "nota di " + c.Codice());
     };
     const auto passo = [this](const std::string& nome) {
-      return [this, nome](ContestoArchivio&) -> std::optional<Rifiuto> {
+      return [this, nome](archives::ContestoArchivio&) -> std::optional<Rifiuto> {
         traccia.push_back(nome);
         if (ferma != nome) return std::nullopt;
         return Rifiuto{"fermo: " + nome, "Descrizione"};
@@ -74,12 +74,14 @@ class DittaArchivi : public ::testing::Test {
     d.controlli = {passo("controllo 1"), passo("controllo 2")};
     d.guardieCodice = {passo("guardia codice")};
     d.guardieElimina = {passo("guardia elimina")};
-    d.conScrittura = [this](ContestoArchivio& c) {
+    d.conScrittura = [this](archives::ContestoArchivio& c) {
       traccia.emplace_back("con scrittura");
       EXPECT_TRUE(c.ambiente.Basi().InTransazione());
     };
-    d.conEliminazione = [this](ContestoArchivio&) { traccia.emplace_back("con eliminazione"); };
-    d.dopoConferma = [this](ContestoArchivio& c) {
+    d.conEliminazione = [this](archives::ContestoArchivio&) {
+      traccia.emplace_back("con eliminazione");
+    };
+    d.dopoConferma = [this](archives::ContestoArchivio& c) {
       EXPECT_FALSE(c.ambiente.Basi().InTransazione());
       traccia.push_back("dopo " + std::string(c.nuovo ? "nuovo" : c.codicePrima) + ">" +
                         c.Codice());

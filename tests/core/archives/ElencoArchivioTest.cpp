@@ -14,25 +14,26 @@ using ::testing::Not;
 namespace {
 
 /// A page's lines, kept after the print is over.
-class FabbricaRighe : public FabbricaUscite {
+class FabbricaRighe : public reports::FabbricaUscite {
  public:
-  std::unique_ptr<Uscita> Crea(const SceltaUscita& /*scelta*/,
-                               const std::string& /*rapporto*/) override {
+  std::unique_ptr<reports::Uscita> Crea(const SceltaUscita& /*scelta*/,
+                                        const std::string& /*rapporto*/) override {
     return std::make_unique<Passante>(*this);
   }
   std::vector<std::vector<std::string>> pagine;
   bool finita = false;
 
  private:
-  class Passante : public Uscita {
+  class Passante : public reports::Uscita {
    public:
     explicit Passante(FabbricaRighe& fabbrica) : fabbrica_(fabbrica) {}
     [[nodiscard]] bool SoloTesto() const override { return true; }
     void Titolo(const std::string& /*titolo*/) override {}
-    bool Aggiungi(Pagina pagina) override {
+    bool Aggiungi(reports::Pagina pagina) override {
       auto& righe = fabbrica_.pagine.emplace_back();
-      for (const Elemento& elemento : pagina.elementi) {
-        if (const auto* riga = std::get_if<RigaFissa>(&elemento)) righe.push_back(riga->testo);
+      for (const reports::Elemento& elemento : pagina.elementi) {
+        if (const auto* riga = std::get_if<reports::RigaFissa>(&elemento))
+          righe.push_back(riga->testo);
       }
       return true;
     }
@@ -76,7 +77,7 @@ class ElencoArchivioTest : public DittaArchivi {
   }
 
   /// What the list must hold, computed the slow way.
-  std::vector<std::string> Attesi(const FiltroElenco& filtro) {
+  std::vector<std::string> Attesi(const archives::FiltroElenco& filtro) {
     const auto tiene = [](const std::string& testo, const std::string& cercato) {
       return PerRicerca(testo).find(PerRicerca(cercato)) != std::string::npos;
     };
@@ -98,34 +99,34 @@ class ElencoArchivioTest : public DittaArchivi {
     return codici;
   }
 
-  DescrizioneArchivio descrizione;
+  archives::DescrizioneArchivio descrizione;
 };
 
 TEST_F(ElencoArchivioTest, Colonne) {
   std::vector<std::string> nomi;
-  for (const CampoArchivio& c : ColonneElenco(descrizione)) {
+  for (const archives::CampoArchivio& c : archives::ColonneElenco(descrizione)) {
     nomi.push_back(c.nome + ":" + c.didascalia);
   }
   EXPECT_THAT(nomi, ElementsAre("Cod:codice", "Descrizione:descrizione", "Perc:aliquota",
                                 "Scorporo:scorporo"));
-  EXPECT_TRUE((FiltroElenco{"", {"", ""}}.Vuoto()));
-  EXPECT_FALSE((FiltroElenco{"", {"", "x"}}.Vuoto()));
+  EXPECT_TRUE((archives::FiltroElenco{"", {"", ""}}.Vuoto()));
+  EXPECT_FALSE((archives::FiltroElenco{"", {"", "x"}}.Vuoto()));
 }
 
 TEST_F(ElencoArchivioTest, PagineComeIlModello) {
-  ElencoArchivio elenco(ambiente, descrizione);
-  const std::vector<FiltroElenco> filtri = {{},
-                                            {"e1", {}},
-                                            {"È", {}},
-                                            {"PERCHE", {}},
-                                            {"l'ali", {}},
-                                            {"[*]", {}},
-                                            {"uberss", {}},
-                                            {"niente", {}},
-                                            {"", {"1", "", "204,5"}},
-                                            {"", {"", "UNIVERSITA", "", "no"}},
-                                            {"x", {"", "", "22,00", "Si"}}};
-  for (const FiltroElenco& filtro : filtri) {
+  archives::ElencoArchivio elenco(ambiente, descrizione);
+  const std::vector<archives::FiltroElenco> filtri = {{},
+                                                      {"e1", {}},
+                                                      {"È", {}},
+                                                      {"PERCHE", {}},
+                                                      {"l'ali", {}},
+                                                      {"[*]", {}},
+                                                      {"uberss", {}},
+                                                      {"niente", {}},
+                                                      {"", {"1", "", "204,5"}},
+                                                      {"", {"", "UNIVERSITA", "", "no"}},
+                                                      {"x", {"", "", "22,00", "Si"}}};
+  for (const archives::FiltroElenco& filtro : filtri) {
     SCOPED_TRACE(filtro.testo + "|" + (filtro.colonne.empty() ? "" : filtro.colonne.back()));
     const auto attesi = Attesi(filtro);
     for (const int massimo : {1, 7, 1000}) {
@@ -149,7 +150,7 @@ TEST_F(ElencoArchivioTest, PagineComeIlModello) {
 
 TEST_F(ElencoArchivioTest, FiltroFisso) {
   descrizione.filtro = "Cod<'f' or Cod='X2'";
-  ElencoArchivio elenco(ambiente, descrizione);
+  archives::ElencoArchivio elenco(ambiente, descrizione);
   EXPECT_EQ(elenco.Pagina({}, "", 1000).size(), 21U);
   EXPECT_EQ(elenco.Pagina({"x", {}}, "", 1000).size(), 1U);
 }
@@ -160,10 +161,10 @@ TEST_F(ElencoArchivioTest, Stampa) {
   Tessarc().Esegui(
       "update CodiciIva set Descrizione='due' & chr(13) & chr(10) & 'righe' where "
       "Cod='x5'");
-  const auto stampa = [&](const FiltroElenco& filtro) {
+  const auto stampa = [&](const archives::FiltroElenco& filtro) {
     FabbricaRighe fabbrica;
     dialoghi.ScegliaUscita(SceltaUscita{});
-    StampaElencoArchivio(ambiente, fabbrica, descrizione, filtro);
+    archives::StampaElencoArchivio(ambiente, fabbrica, descrizione, filtro);
     return fabbrica;
   };
   const FabbricaRighe filtrata = stampa({"x", {"", "", "22"}});

@@ -4,8 +4,8 @@
 #include "core/archives/LettoreTabella.h"
 #include "core/store/BasiDati.h"
 #include "ledger/DittaDiProva.h"
-#include "ledger/GeneriImporta.h"
-#include "vat/ImportaCodiciIva.h"
+#include "ledger/accounts/GeneriImporta.h"
+#include "vat/codes/ImportaCodiciIva.h"
 
 namespace fenalto::prova {
 namespace {
@@ -33,7 +33,7 @@ TEST(LettoreTabella, ComeEsconoDagliAltriProgrammi) {
   };
   for (const auto& caso : casi) {
     SCOPED_TRACE(caso.nome);
-    const auto letta = LeggiTabellaDaTesto(caso.testo);
+    const auto letta = archives::LeggiTabellaDaTesto(caso.testo);
     ASSERT_TRUE(letta) << letta.Errore().messaggio;
     EXPECT_THAT(letta.Valore().nomi, ElementsAre("Cod", "Città"));
     ASSERT_EQ(letta.Valore().righe.size(), 2U);
@@ -43,7 +43,8 @@ TEST(LettoreTabella, ComeEsconoDagliAltriProgrammi) {
 }
 
 TEST(LettoreTabella, RigheDelFileEColonneSenzaNome) {
-  const auto letta = LeggiTabellaDaTesto("\nCod;;Note\n\n1;x;\"due\nlinee\"\n2;y 5\" z;b\n");
+  const auto letta =
+      archives::LeggiTabellaDaTesto("\nCod;;Note\n\n1;x;\"due\nlinee\"\n2;y 5\" z;b\n");
   ASSERT_TRUE(letta) << letta.Errore().messaggio;
   EXPECT_THAT(letta.Valore().nomi, ElementsAre("Cod", "Colonna 2", "Note"));
   EXPECT_EQ(letta.Valore().righe[0].linea, 4U);
@@ -53,7 +54,7 @@ TEST(LettoreTabella, RigheDelFileEColonneSenzaNome) {
 
 TEST(LettoreTabella, CioCheNonEUnaTabella) {
   std::string troppe = "Cod\n";
-  for (std::size_t i = 0; i <= kMassimoRigheTabella; ++i) troppe += "1\n";
+  for (std::size_t i = 0; i <= archives::kMassimoRigheTabella; ++i) troppe += "1\n";
   const std::pair<std::string, const char*> casi[] = {
       {"", "vuoto"},
       {" \r\n\n", "vuoto"},
@@ -65,11 +66,11 @@ TEST(LettoreTabella, CioCheNonEUnaTabella) {
        "non è un testo"},
       {troppe, "200000 righe"}};
   for (const auto& [testo, parte] : casi) {
-    const auto letta = LeggiTabellaDaTesto(testo);
+    const auto letta = archives::LeggiTabellaDaTesto(testo);
     ASSERT_FALSE(letta) << parte;
     EXPECT_THAT(letta.Errore().messaggio, HasSubstr(parte));
   }
-  EXPECT_THAT(LeggiTabella("non-c-e.csv").Errore().messaggio, HasSubstr("non esiste"));
+  EXPECT_THAT(archives::LeggiTabella("non-c-e.csv").Errore().messaggio, HasSubstr("non esiste"));
 }
 
 TEST(LettoreValori, ImportiSecondoLaColonna) {
@@ -102,9 +103,9 @@ TEST(LettoreValori, ImportiSecondoLaColonna) {
                        {{}, "1,23456", nullptr},
                        {{}, "99999999999999999999", nullptr}};
   for (const auto& caso : casi) {
-    StileDecimali stile;
+    archives::StileDecimali stile;
     for (const auto& altro : caso.colonna) stile.Guarda(altro);
-    const auto letto = LeggiImportoDiFile(caso.testo, stile.Stile());
+    const auto letto = archives::LeggiImportoDiFile(caso.testo, stile.Stile());
     ASSERT_EQ(letto.Riuscito(), caso.atteso != nullptr) << caso.testo;
     if (letto) {
       EXPECT_EQ(letto.Valore().Testo(), caso.atteso) << caso.testo;
@@ -119,30 +120,31 @@ TEST(LettoreValori, DateEFlag) {
                                                       {"15.03.2024 00:00:00", "2024-03-15"},
                                                       {" ", ""}};
   for (const auto& [testo, attesa] : date) {
-    EXPECT_EQ(LeggiDataDiFile(testo).Valore().Iso(), attesa) << testo;
+    EXPECT_EQ(archives::LeggiDataDiFile(testo).Valore().Iso(), attesa) << testo;
   }
   for (const char* testo : {"31/02/2024", "15", "15/03", "45366", "03/15/2024", "domani"}) {
-    EXPECT_FALSE(LeggiDataDiFile(testo)) << testo;
+    EXPECT_FALSE(archives::LeggiDataDiFile(testo)) << testo;
   }
   for (const char* testo : {"Sì", "SI", "s", "Vero", "true", "1", "-1", "x"}) {
-    EXPECT_TRUE(LeggiFlagDiFile(testo).Valore()) << testo;
+    EXPECT_TRUE(archives::LeggiFlagDiFile(testo).Valore()) << testo;
   }
   for (const char* testo : {"", "No", "n", "FALSO", "0"}) {
-    EXPECT_FALSE(LeggiFlagDiFile(testo).Valore()) << testo;
+    EXPECT_FALSE(archives::LeggiFlagDiFile(testo).Valore()) << testo;
   }
-  EXPECT_FALSE(LeggiFlagDiFile("forse"));
+  EXPECT_FALSE(archives::LeggiFlagDiFile("forse"));
 }
 
 // --- The import ----------------------------------------------------------------------------------
 
 class ImportazioneTest : public DittaDiProva {
  protected:
-  std::unique_ptr<Importazione> Apri(const std::string& genere, const std::string& testo) {
-    auto generi = GeneriImportaContabili();
-    generi.push_back(GenereImportaCodiciIva());
+  std::unique_ptr<archives::Importazione> Apri(const std::string& genere,
+                                               const std::string& testo) {
+    auto generi = ledger::GeneriImportaContabili();
+    generi.push_back(vat::GenereImportaCodiciIva());
     for (auto& uno : generi) {
       if (uno.nome != genere) continue;
-      auto importazione = std::make_unique<Importazione>(ambiente, std::move(uno));
+      auto importazione = std::make_unique<archives::Importazione>(ambiente, std::move(uno));
       const auto letto = importazione->ApriTesto(testo);
       EXPECT_TRUE(letto) << letto.Errore().messaggio;
       return importazione;
@@ -150,7 +152,7 @@ class ImportazioneTest : public DittaDiProva {
     return nullptr;
   }
   /// Errors as "line column: reason".
-  static Testi Errori(const EsitoImporta& esito) {
+  static Testi Errori(const archives::EsitoImporta& esito) {
     Testi testi;
     for (const auto& e : esito.errori) {
       testi.push_back(std::to_string(e.linea) + " " + e.colonna + ": " + e.motivo);
@@ -349,7 +351,7 @@ TEST_F(ImportazioneTest, InterrottaOImpeditaNonScriveNulla) {
 TEST_F(ImportazioneTest, OgniIstruzioneCheFallisceLasciaTuttoComEra) {
   const std::string prima = Contenuto();
   const auto importa = Apri("Clienti", "Cod;Ragione sociale\n9001;A\n0001;B\n");
-  const OpzioniImporta opzioni{.aggiornaEsistenti = true};
+  const archives::OpzioniImporta opzioni{.aggiornaEsistenti = true};
   for (int n = 1;; ++n) {
     ambiente.Basi().ImpostaGuasto(n, Guasto::Errore);
     const auto esito = importa->Importa(opzioni);

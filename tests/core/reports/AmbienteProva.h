@@ -9,7 +9,7 @@
 #include "core/session/CartellaProva.h"
 #include "core/session/DialoghiFinti.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 
 /// Gives the output prepared, once.
 class FabbricaProva : public FabbricaUscite {
@@ -73,4 +73,4 @@ inline std::vector<std::string> Righe(const Pagina& pagina) {
   return righe;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -5,7 +5,7 @@
 
 #include <csignal>
 
-namespace fenalto {
+namespace fenalto::reports {
 
 /// No file of this process grows past a size: what a full disk looks like.
 class DiscoPieno {
@@ -28,4 +28,4 @@ class DiscoPieno {
   void (*gestore_)(int);
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::reports

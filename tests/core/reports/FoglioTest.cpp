@@ -9,7 +9,7 @@
 #include "core/session/CartellaProva.h"
 #include "core/session/Csv.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 namespace {
 
 namespace fs = std::filesystem;
@@ -196,4 +196,4 @@ TEST(FoglioCsv, ByteAMano) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -4,7 +4,7 @@
 #include "core/reports/ModelloStampa.h"
 #include "core/session/CartellaProva.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 namespace {
 
 constexpr const char* kCorpo = "[corpo]\ninizio 60\nfine 270\ncampo R_A x 10 larghezza 20\n";
@@ -204,4 +204,4 @@ TEST(Modello, LEsempioDellaGuida) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -11,7 +11,7 @@
 #include "core/values/Generatori.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 namespace {
 
 Importo I(const char* testo) {
@@ -219,4 +219,4 @@ RC_GTEST_PROP(SagomaProprieta, SullaCartaESulloSchermoLoStessoImporto,
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -4,7 +4,7 @@
 
 #include "core/reports/AmbienteProva.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 namespace {
 
 using testing::ElementsAre;
@@ -203,4 +203,4 @@ TEST(PagineTotali, ChiTieneLePagineMetteIlNumero) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::reports

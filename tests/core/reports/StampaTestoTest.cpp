@@ -6,7 +6,7 @@
 #include "core/reports/AmbienteProva.h"
 #include "core/reports/PaginaTesto.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 namespace {
 
 using testing::ElementsAre;
@@ -294,4 +294,4 @@ RC_GTEST_PROP(StampaTestoProprieta, OgniRigaAlSuoPosto, ()) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::reports

@@ -5,7 +5,7 @@
 #include "core/reports/AmbienteProva.h"
 #include "core/reports/DiscoPieno.h"
 
-namespace fenalto {
+namespace fenalto::reports {
 namespace {
 
 namespace fs = std::filesystem;
@@ -113,4 +113,4 @@ TEST(UscitaTesto, DiscoPienoAMetaRapporto) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::reports

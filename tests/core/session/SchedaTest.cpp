@@ -7,8 +7,8 @@
 namespace fenalto {
 namespace {
 
-TabellaCatalogo Tabella() {
-  TabellaCatalogo tabella;
+sql::TabellaCatalogo Tabella() {
+  sql::TabellaCatalogo tabella;
   tabella.nome = "Prova";
   tabella.colonne = {{"Num", Tipo::Intero, false, true, false},
                      {"Descrizione", Tipo::Testo, false, false, false},

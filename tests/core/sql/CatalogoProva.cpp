@@ -57,12 +57,12 @@ CatalogoProva::CatalogoProva(std::string_view testo) {
 }
 
 void CatalogoProva::LeggiTabella(std::string_view nome, std::string_view campi) {
-  TabellaCatalogo tabella;
+  sql::TabellaCatalogo tabella;
   tabella.nome = nome;
   tabella.nomeMotore = "\"main\".\"" + tabella.nome + "\"";
   for (const std::string& campo : Dividi(campi, ',')) {
     const std::vector<std::string> parole = Dividi(campo, ' ');
-    ColonnaCatalogo colonna;
+    sql::ColonnaCatalogo colonna;
     colonna.nome = parole.at(0);
     colonna.tipo = TipoDi(parole.at(1));
     for (std::size_t i = 2; i < parole.size(); ++i) {
@@ -78,7 +78,7 @@ void CatalogoProva::LeggiTabella(std::string_view nome, std::string_view campi) 
 void CatalogoProva::LeggiSpecchio(std::string_view tabelle, std::string_view resto) {
   const std::vector<std::string> nomi = Dividi(tabelle, ',');
   const std::vector<std::string> parti = Dividi(resto, ';');
-  Specchio specchio;
+  sql::Specchio specchio;
   specchio.tabella = nomi.at(1);
   specchio.chiave = Dividi(parti.at(0), ',');
   for (const std::string& coppia : Dividi(parti.at(1), ',')) {
@@ -88,22 +88,22 @@ void CatalogoProva::LeggiSpecchio(std::string_view tabelle, std::string_view res
   Cerca(nomi.at(0)).specchi.push_back(std::move(specchio));
 }
 
-TabellaCatalogo& CatalogoProva::Cerca(std::string_view nome) {
-  for (TabellaCatalogo& tabella : tabelle_) {
+sql::TabellaCatalogo& CatalogoProva::Cerca(std::string_view nome) {
+  for (sql::TabellaCatalogo& tabella : tabelle_) {
     if (UgualeTesto(tabella.nome, nome)) return tabella;
   }
   throw std::runtime_error("tabella sconosciuta: " + std::string(nome));
 }
 
-const TabellaCatalogo* CatalogoProva::Tabella(std::string_view nome) const {
-  for (const TabellaCatalogo& tabella : tabelle_) {
+const sql::TabellaCatalogo* CatalogoProva::Tabella(std::string_view nome) const {
+  for (const sql::TabellaCatalogo& tabella : tabelle_) {
     if (UgualeTesto(tabella.nome, nome)) return &tabella;
   }
   return nullptr;
 }
 
-const VistaCatalogo* CatalogoProva::Vista(std::string_view nome) const {
-  for (const VistaCatalogo& vista : viste_) {
+const sql::VistaCatalogo* CatalogoProva::Vista(std::string_view nome) const {
+  for (const sql::VistaCatalogo& vista : viste_) {
     if (UgualeTesto(vista.nome, nome)) return &vista;
   }
   return nullptr;
@@ -111,10 +111,10 @@ const VistaCatalogo* CatalogoProva::Vista(std::string_view nome) const {
 
 std::string CatalogoProva::Schema() const {
   std::string sql;
-  for (const TabellaCatalogo& tabella : tabelle_) {
+  for (const sql::TabellaCatalogo& tabella : tabelle_) {
     sql += "CREATE TABLE " + tabella.nomeMotore + " (";
     std::string_view prima;
-    for (const ColonnaCatalogo& c : tabella.colonne) {
+    for (const sql::ColonnaCatalogo& c : tabella.colonne) {
       sql.append(prima).append("\"").append(c.nome).append("\" ");
       const bool libera = c.ammetteNull || c.nascosta || c.contatore;
       if (c.tipo == Tipo::Testo) {
@@ -146,7 +146,7 @@ std::string Risposta::Testo() const {
 
 BancoProva::BancoProva(std::string_view catalogo) : catalogo_(catalogo) {
   if (sqlite3_open(":memory:", &connessione_) != SQLITE_OK) throw std::runtime_error("memoria");
-  RegistraMotore(connessione_);
+  sql::RegistraMotore(connessione_);
   Motore(catalogo_.Schema());
 }
 
@@ -213,10 +213,10 @@ Valore ValoreDi(sqlite3_stmt* istruzione, int i, Tipo tipo) {
 
 sqlite3_stmt* BancoProva::Prepara(std::string_view testo, const std::string& prefisso,
                                   Risposta& risposta) const {
-  const auto forma = FormaDi(testo);
-  auto tradotta = Traduci(testo, catalogo_);
+  const auto forma = sql::FormaDi(testo);
+  auto tradotta = sql::Traduci(testo, catalogo_);
   if (!tradotta || !forma) {
-    const ErroreSql& e = tradotta ? forma.Errore() : tradotta.Errore();
+    const sql::ErroreSql& e = tradotta ? forma.Errore() : tradotta.Errore();
     risposta.errore = e.motivo;
     risposta.posizione = e.posizione;
     return nullptr;
@@ -229,8 +229,8 @@ sqlite3_stmt* BancoProva::Prepara(std::string_view testo, const std::string& pre
     return nullptr;
   }
   int posto = 0;
-  for (const ParametroSql& p : risposta.istruzione.parametri) {
-    const auto valore = ValoreLegato(forma.Valore().letterali.at(p.letterale), p.legame);
+  for (const sql::ParametroSql& p : risposta.istruzione.parametri) {
+    const auto valore = sql::ValoreLegato(forma.Valore().letterali.at(p.letterale), p.legame);
     if (!valore) {
       risposta.errore = valore.Errore().motivo;
       sqlite3_finalize(istruzione);
@@ -245,12 +245,12 @@ Risposta BancoProva::Esegui(std::string_view testo) const {
   Risposta risposta;
   sqlite3_stmt* istruzione = Prepara(testo, "", risposta);
   if (istruzione == nullptr) return risposta;
-  const std::vector<ColonnaUscita>& colonne = risposta.istruzione.colonne;
+  const std::vector<sql::ColonnaUscita>& colonne = risposta.istruzione.colonne;
   int esito = sqlite3_step(istruzione);
   for (; esito == SQLITE_ROW; esito = sqlite3_step(istruzione)) {
     std::vector<Valore> riga;
     int i = 0;
-    for (const ColonnaUscita& c : colonne) riga.push_back(ValoreDi(istruzione, i++, c.tipo));
+    for (const sql::ColonnaUscita& c : colonne) riga.push_back(ValoreDi(istruzione, i++, c.tipo));
     risposta.righe.push_back(std::move(riga));
     if (!risposta.istruzione.tabellaBase.empty()) {
       risposta.identita.push_back(sqlite3_column_int64(istruzione, i));

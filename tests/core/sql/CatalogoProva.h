@@ -20,31 +20,31 @@
 
 namespace fenalto::prova {
 
-class CatalogoProva : public Catalogo {
+class CatalogoProva : public sql::Catalogo {
  public:
   explicit CatalogoProva(std::string_view testo);
 
-  [[nodiscard]] const TabellaCatalogo* Tabella(std::string_view nome) const override;
-  [[nodiscard]] const VistaCatalogo* Vista(std::string_view nome) const override;
-  [[nodiscard]] const std::deque<TabellaCatalogo>& Tabelle() const { return tabelle_; }
-  [[nodiscard]] const std::deque<VistaCatalogo>& Viste() const { return viste_; }
+  [[nodiscard]] const sql::TabellaCatalogo* Tabella(std::string_view nome) const override;
+  [[nodiscard]] const sql::VistaCatalogo* Vista(std::string_view nome) const override;
+  [[nodiscard]] const std::deque<sql::TabellaCatalogo>& Tabelle() const { return tabelle_; }
+  [[nodiscard]] const std::deque<sql::VistaCatalogo>& Viste() const { return viste_; }
   /// CREATE TABLE statements of all tables.
   [[nodiscard]] std::string Schema() const;
 
  private:
-  TabellaCatalogo& Cerca(std::string_view nome);
+  sql::TabellaCatalogo& Cerca(std::string_view nome);
   void LeggiTabella(std::string_view nome, std::string_view campi);
   void LeggiSpecchio(std::string_view tabelle, std::string_view resto);
 
-  std::deque<TabellaCatalogo> tabelle_;
-  std::deque<VistaCatalogo> viste_;
+  std::deque<sql::TabellaCatalogo> tabelle_;
+  std::deque<sql::VistaCatalogo> viste_;
 };
 
 /// What came of a text: rows, or why not.
 struct Risposta {
   std::string errore;         ///< refusal of the dialect or error of the engine; empty when none
   std::size_t posizione = 0;  ///< of a refusal
-  Istruzione istruzione;
+  sql::Istruzione istruzione;
   std::vector<std::vector<Valore>> righe;
   std::vector<std::int64_t> identita;  ///< rowids, when the statement gives them
 

@@ -7,7 +7,7 @@ namespace fenalto::prova {
 namespace {
 
 std::string Chiave(std::string_view testo) {
-  const auto forma = FormaDi(testo);
+  const auto forma = sql::FormaDi(testo);
   return forma ? forma.Valore().chiave : "ERRORE: " + forma.Errore().motivo;
 }
 
@@ -41,16 +41,16 @@ TEST(Forma, DiversaQuandoCambiaIlSignificato) {
 }
 
 TEST(Forma, LetteraliNellOrdineDelTesto) {
-  const auto forma = FormaDi(
+  const auto forma = sql::FormaDi(
       "SELECT TOP 3 'l''Adda', \"d\"\"c\" FROM t WHERE a=-1.5 AND d<#2024-03-01# AND e=true");
   ASSERT_TRUE(forma.Riuscito());
-  const std::vector<Letterale>& l = forma.Valore().letterali;
+  const std::vector<sql::Letterale>& l = forma.Valore().letterali;
   ASSERT_EQ(l.size(), 5U);
   EXPECT_EQ(l[0].testo, "l'Adda");
   EXPECT_EQ(l[1].testo, "d\"c");
   EXPECT_EQ(l[2].testo, "-1.5");
   EXPECT_EQ(l[3].testo, "03/01/2024");
-  EXPECT_EQ(l[4].genere, Letterale::Genere::Booleano);
+  EXPECT_EQ(l[4].genere, sql::Letterale::Genere::Booleano);
 }
 
 // Whatever a shape's first text was, its translation serves the others.
@@ -65,7 +65,7 @@ TEST(Forma, UnaTraduzionePerTuttiIValori) {
   };
   for (const auto& [a, b] : coppie) {
     ASSERT_EQ(Chiave(a), Chiave(b));
-    EXPECT_EQ(Traduci(a, catalogo).Valore().sql, Traduci(b, catalogo).Valore().sql);
+    EXPECT_EQ(sql::Traduci(a, catalogo).Valore().sql, sql::Traduci(b, catalogo).Valore().sql);
   }
 }
 
@@ -95,10 +95,10 @@ TEST(Uscita, ColonneOrigineERiga) {
        "Conti.Descrizione:Conti.Descrizione ", ""},
   };
   for (const Colonne& caso : casi) {
-    const auto tradotta = Traduci(caso.testo, catalogo);
+    const auto tradotta = sql::Traduci(caso.testo, catalogo);
     ASSERT_TRUE(tradotta.Riuscito()) << caso.testo << tradotta.Errore().motivo;
     std::string colonne;
-    for (const ColonnaUscita& c : tradotta.Valore().colonne) {
+    for (const sql::ColonnaUscita& c : tradotta.Valore().colonne) {
       colonne += c.nome + ":" + c.tabella + (c.tabella.empty() ? "" : ".") + c.colonna + " ";
     }
     EXPECT_EQ(colonne, caso.colonne) << caso.testo;
@@ -115,7 +115,7 @@ TEST(Uscita, IdentitaDelleRighe) {
 TEST(Uscita, TabelleLette) {
   const CatalogoProva catalogo{std::string_view(kCatalogo)};
   const auto tradotta =
-      Traduci("SELECT * FROM zMovimenti WHERE Conto IN (SELECT Cod FROM conti)", catalogo);
+      sql::Traduci("SELECT * FROM zMovimenti WHERE Conto IN (SELECT Cod FROM conti)", catalogo);
   EXPECT_EQ(tradotta.Valore().tabelle,
             (std::vector<std::string>{"Movimenti", "Articoli", "Conti"}));
 }

@@ -45,7 +45,7 @@ RC_GTEST_PROP(Criterio, TrovaProprioQuellaRiga, ()) {
   const auto testi = *rc::gen::container<std::vector<std::string>>(TestoOstile());
   for (std::size_t i = 0; i < testi.size(); ++i) {
     const Risposta scritta = banco.Esegui("INSERT INTO T (K,V) VALUES (" + std::to_string(i) + "," +
-                                          LetteraleSql(Valore(testi[i])) + ")");
+                                          sql::LetteraleSql(Valore(testi[i])) + ")");
     RC_ASSERT(scritta.errore.empty());
   }
   for (const std::string& testo : testi) {
@@ -53,7 +53,7 @@ RC_GTEST_PROP(Criterio, TrovaProprioQuellaRiga, ()) {
     for (std::size_t i = 0; i < testi.size(); ++i) {
       if (UgualeTesto(testi[i], testo)) attese += std::to_string(i) + "\n";
     }
-    const std::string where = Criterio("V", "=", Valore(testo));
+    const std::string where = sql::Criterio("V", "=", Valore(testo));
     RC_ASSERT(banco.Righe("SELECT K FROM T WHERE 1=1 And " + where + " ORDER BY K") == attese);
   }
 }
@@ -67,10 +67,11 @@ RC_GTEST_PROP(Criterio, OgniValoreTornaUguale, ()) {
   const Valore valore = *ValoreQualunque();
   const std::string colonna = kColonne[static_cast<std::size_t>(valore.Tipo())];
   banco.Motore("DELETE FROM T");
-  RC_ASSERT(banco.Esegui("INSERT INTO T (" + colonna + ") VALUES (" + LetteraleSql(valore) + ")")
-                .errore.empty());
+  RC_ASSERT(
+      banco.Esegui("INSERT INTO T (" + colonna + ") VALUES (" + sql::LetteraleSql(valore) + ")")
+          .errore.empty());
   const Risposta letta =
-      banco.Esegui("SELECT " + colonna + " FROM T WHERE " + Criterio(colonna, "=", valore));
+      banco.Esegui("SELECT " + colonna + " FROM T WHERE " + sql::Criterio(colonna, "=", valore));
   RC_ASSERT(letta.errore.empty());
   RC_ASSERT(letta.righe.size() == 1U);
   RC_ASSERT(letta.righe[0][0] == valore);
@@ -83,7 +84,7 @@ RC_GTEST_PROP(Come, LIntervalloNonToglieRighe, ()) {
   const auto testi = *rc::gen::container<std::vector<std::string>>(TestoOstile());
   for (std::size_t i = 0; i < testi.size(); ++i) {
     const Risposta scritta = banco.Esegui("INSERT INTO T (K,V) VALUES (" + std::to_string(i) + "," +
-                                          LetteraleSql(Valore(testi[i])) + ")");
+                                          sql::LetteraleSql(Valore(testi[i])) + ")");
     RC_ASSERT(scritta.errore.empty());
   }
   const std::string modello = (testi.empty() ? "a" : (*rc::gen::elementOf(testi)).substr(0, 4)) +
@@ -92,7 +93,7 @@ RC_GTEST_PROP(Come, LIntervalloNonToglieRighe, ()) {
   for (std::size_t i = 0; i < testi.size(); ++i) {
     if (Somiglia(testi[i], modello)) attese += std::to_string(i) + "\n";
   }
-  RC_ASSERT(banco.Righe("SELECT K FROM T WHERE V LIKE " + LetteraleSql(Valore(modello)) +
+  RC_ASSERT(banco.Righe("SELECT K FROM T WHERE V LIKE " + sql::LetteraleSql(Valore(modello)) +
                         " ORDER BY K") == attese);
 }
 
@@ -208,7 +209,7 @@ RC_GTEST_PROP(Predicato, DaLeRigheDelMotore, ()) {
   RC_LOG() << condizione;
   const Risposta motore = banco.Esegui("SELECT * FROM R WHERE " + condizione);
   const Risposta tutte = banco.Esegui("R");
-  const auto predicato = Predicato::Leggi(condizione, tutte.istruzione.colonne);
+  const auto predicato = sql::Predicato::Leggi(condizione, tutte.istruzione.colonne);
   if (!motore.errore.empty()) {
     // Refused by both, or an error on some row.
     RC_DISCARD("errore");
@@ -225,7 +226,7 @@ TEST(Predicato, UguaglianzePerLaRicercaVeloce) {
   const BancoConti banco;
   const Risposta conti = banco.Esegui("SELECT Conto, CFP, ImpoDare, Anno, ID FROM Movimenti");
   const auto leggi = [&](const char* criterio) {
-    return Predicato::Leggi(criterio, conti.istruzione.colonne);
+    return sql::Predicato::Leggi(criterio, conti.istruzione.colonne);
   };
   const auto coppie = leggi("conto='C001' And (CFP=\"p\" And 5=impodare)").Valore().Uguaglianze();
   ASSERT_TRUE(coppie.has_value());
@@ -287,7 +288,7 @@ RC_GTEST_PROP(EliminaGiunzione, StesseRigheDellaGiunzione, ()) {
     const Risposta righe = con.Esegui(tabella);
     for (const auto& riga : righe.righe) {
       std::string sql;
-      for (const Valore& v : riga) sql.append(sql.empty() ? "" : ",").append(LetteraleSql(v));
+      for (const Valore& v : riga) sql.append(sql.empty() ? "" : ",").append(sql::LetteraleSql(v));
       RC_ASSERT(senza.Esegui(std::string("INSERT INTO ") + tabella + " VALUES (" + sql + ")")
                     .errore.empty());
     }

@@ -240,8 +240,8 @@ TEST_F(AperturaTest, MissingStepsAreTold) {
 TEST_F(AperturaTest, CatalogueKnowsTypesKeysMirrorsAndHidesItsOwn) {
   Crea();
   auto basi = Apri();
-  const Catalogo& catalogo = basi->Tessarc().Catalogo();
-  const TabellaCatalogo* articoli = catalogo.Tabella("ARTICOLI");
+  const sql::Catalogo& catalogo = basi->Tessarc().Catalogo();
+  const sql::TabellaCatalogo* articoli = catalogo.Tabella("ARTICOLI");
   ASSERT_NE(articoli, nullptr);
   EXPECT_THAT(articoli->chiave, ::testing::ElementsAre("Anno", "NumDoc"));
   EXPECT_TRUE(articoli->Colonna("id")->contatore);
@@ -251,7 +251,7 @@ TEST_F(AperturaTest, CatalogueKnowsTypesKeysMirrorsAndHidesItsOwn) {
   EXPECT_FALSE(articoli->Colonna("Ep")->ammetteNull);
   EXPECT_THAT(catalogo.Tabella("Causali")->chiave, ::testing::ElementsAre("Cod"));
   EXPECT_THAT(catalogo.Tabella("SenzaChiave")->chiave, ::testing::IsEmpty());
-  const TabellaCatalogo* movimenti = catalogo.Tabella("Movimenti");
+  const sql::TabellaCatalogo* movimenti = catalogo.Tabella("Movimenti");
   EXPECT_THAT(movimenti->chiave, ::testing::ElementsAre("Num"));
   EXPECT_TRUE(movimenti->Colonna("_Dt")->nascosta);
   ASSERT_EQ(movimenti->specchi.size(), 1U);

@@ -71,11 +71,11 @@ TEST_F(RsTest, TextsAreDataNeverPatternsOrSql) {
   for (const char* testo : testi)
     A().Inserisci("Causali", {{"Cod", testo}, {"Descrizione", testo}});
   for (const char* testo : testi) {
-    Rs rs = A().Recordset("select * from Causali where " + Criterio("Cod", "=", testo));
+    Rs rs = A().Recordset("select * from Causali where " + sql::Criterio("Cod", "=", testo));
     EXPECT_EQ(rs.RecordCount(), 1) << testo;
     EXPECT_EQ(rs.Fields("Descrizione").Testo(), testo);
     Rs tutte = A().Recordset("Causali");
-    EXPECT_FALSE(tutte.FindFirst(Criterio("Descrizione", "=", testo))) << testo;
+    EXPECT_FALSE(tutte.FindFirst(sql::Criterio("Descrizione", "=", testo))) << testo;
     EXPECT_EQ(tutte.Fields("Cod").Testo(), testo);
   }
 }

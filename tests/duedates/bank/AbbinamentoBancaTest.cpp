@@ -16,32 +16,32 @@ using ::testing::SizeIs;
 class AbbinamentoBancaTest : public ScadenzeDiProva {
  protected:
   void Nome(const char* cfp, const char* conto, const char* nome) {
-    Tessarc().Esegui("update ContiClientiFornitori set Descrizione=" + LetteraleSql(nome) +
-                     ", Descrizione2='' where " + Criterio("CFP", "=", cfp) + " and " +
-                     Criterio("Cod", "=", conto));
+    Tessarc().Esegui("update ContiClientiFornitori set Descrizione=" + sql::LetteraleSql(nome) +
+                     ", Descrizione2='' where " + sql::Criterio("CFP", "=", cfp) + " and " +
+                     sql::Criterio("Cod", "=", conto));
   }
-  static LineaEstratto Linea(const char* importo, const char* descrizione,
-                             Data data = G(14, 3, 2024)) {
+  static duedates::LineaEstratto Linea(const char* importo, const char* descrizione,
+                                       Data data = G(14, 3, 2024)) {
     return {2, data, I(importo), descrizione, std::string(importo) + descrizione};
   }
   /// "0001: 1 2 (tutte le scadenze aperte)" a proposal, the surest first.
-  std::vector<std::string> Proposte(const LineaEstratto& linea) {
-    AbbinamentoBanca abbinamento(ambiente);
+  std::vector<std::string> Proposte(const duedates::LineaEstratto& linea) {
+    duedates::AbbinamentoBanca abbinamento(ambiente);
     EXPECT_TRUE(abbinamento.Prepara());
     std::vector<std::string> testi;
-    for (const PropostaBanca& p : abbinamento.Proponi(linea)) {
+    for (const duedates::PropostaBanca& p : abbinamento.Proponi(linea)) {
       std::string testo = p.conto + ":";
-      for (const Scadenza& s : p.scadenze) testo += " " + std::to_string(s.numero);
+      for (const duedates::Scadenza& s : p.scadenze) testo += " " + std::to_string(s.numero);
       if (!p.arrotondamento.Zero()) testo += " arr " + p.arrotondamento.Testo();
       testi.push_back(testo + " (" + p.motivo + ")");
     }
     return testi;
   }
-  static OpzioniAbbinamento Opzioni() { return {"002", "100.010", "580.010"}; }
+  static duedates::OpzioniAbbinamento Opzioni() { return {"002", "100.010", "580.010"}; }
 };
 
 TEST_F(AbbinamentoBancaTest, Lettura) {
-  EstrattoBanca estratto(ambiente);
+  duedates::EstrattoBanca estratto(ambiente);
   EXPECT_FALSE(estratto.ApriTesto(""));
   ASSERT_TRUE(estratto.ApriTesto("Descrizione;Saldo\nx;1\n"));
   EXPECT_THAT(estratto.Leggi().Errore().messaggio, HasSubstr("manca la colonna della data"));
@@ -72,12 +72,12 @@ TEST_F(AbbinamentoBancaTest, Lettura) {
     ASSERT_TRUE(estratto.ApriTesto(caso.testo));
     ASSERT_TRUE(estratto.Leggi());
     std::vector<std::string> linee;
-    for (const LineaEstratto& l : estratto.Linee()) {
+    for (const duedates::LineaEstratto& l : estratto.Linee()) {
       linee.push_back(std::to_string(l.linea) + " " + l.data.Testo() + " " + l.importo.Testo() +
                       " " + l.descrizione);
     }
     std::vector<std::string> scartate;
-    for (const LineaScartata& s : estratto.Scartate()) {
+    for (const duedates::LineaScartata& s : estratto.Scartate()) {
       scartate.push_back(std::to_string(s.linea));
       EXPECT_FALSE(s.motivo.empty());
     }
@@ -89,11 +89,11 @@ TEST_F(AbbinamentoBancaTest, Lettura) {
 // Two equal lines of one day are two payments; the same line in a later download is the same.
 TEST_F(AbbinamentoBancaTest, UnaLineaSiRiconosce) {
   const auto chiavi = [this](const char* testo) {
-    EstrattoBanca estratto(ambiente);
+    duedates::EstrattoBanca estratto(ambiente);
     EXPECT_TRUE(estratto.ApriTesto(testo));
     EXPECT_TRUE(estratto.Leggi());
     std::vector<std::string> lette;
-    for (const LineaEstratto& l : estratto.Linee()) lette.push_back(l.chiave);
+    for (const duedates::LineaEstratto& l : estratto.Linee()) lette.push_back(l.chiave);
     return lette;
   };
   const auto prime = chiavi("Data;Descrizione;Importo\n15/03/2024;x;5,00\n15/03/2024;x;5,00\n");
@@ -115,7 +115,7 @@ TEST_F(AbbinamentoBancaTest, Proposte) {
   const auto fornitore = Nuova("F", "0001", "100", 9);
   const auto n = [](std::int64_t numero) { return std::to_string(numero); };
   struct Caso {
-    LineaEstratto linea;
+    duedates::LineaEstratto linea;
     std::vector<std::string> proposte;
   };
   const Caso casi[] = {
@@ -149,27 +149,28 @@ TEST_F(AbbinamentoBancaTest, AccettataUnaVoltaSola) {
   Nome("C", "0001", "Ferramenta Bianchi Srl");
   const auto prima = Nuova("C", "0001", "100", 12);
   const auto seconda = Nuova("C", "0001", "50", 13);
-  AbbinamentoBanca qui(ambiente);
+  duedates::AbbinamentoBanca qui(ambiente);
   ASSERT_TRUE(qui.Prepara());
-  const LineaEstratto linea = Linea("149.5", "bonifico Ferramenta Bianchi");
-  const LineaEstratto esatta = Linea("150", "bonifico Ferramenta Bianchi");
+  const duedates::LineaEstratto linea = Linea("149.5", "bonifico Ferramenta Bianchi");
+  const duedates::LineaEstratto esatta = Linea("150", "bonifico Ferramenta Bianchi");
   EXPECT_THAT(qui.Proponi(linea), IsEmpty());
   const auto proposte = qui.Proponi(esatta);
   ASSERT_THAT(proposte, SizeIs(1));
 
   const std::string intatto = Tutto();
-  OpzioniAbbinamento senza = Opzioni();
+  duedates::OpzioniAbbinamento senza = Opzioni();
   senza.causale = "";
   EXPECT_FALSE(qui.Accetta(esatta, proposte[0], senza));
   EXPECT_EQ(SoloMessaggio(), "Manca causale o conti");
-  const LineaEstratto annoPrima = Linea("150", "bonifico Ferramenta Bianchi", G(29, 12, 2023));
+  const duedates::LineaEstratto annoPrima =
+      Linea("150", "bonifico Ferramenta Bianchi", G(29, 12, 2023));
   EXPECT_FALSE(qui.Accetta(annoPrima, proposte[0], Opzioni()));
   EXPECT_THAT(SoloMessaggio(), HasSubstr("selezionare l'anno 2023"));
   EXPECT_EQ(Tutto(), intatto);
 
   // Another station reads the same statement and is first.
   const auto stazione2 = NuovaStazione("MAGAZZINO");
-  AbbinamentoBanca la(*stazione2->ambiente);
+  duedates::AbbinamentoBanca la(*stazione2->ambiente);
   ASSERT_TRUE(la.Prepara());
   ASSERT_TRUE(la.Accetta(esatta, la.Proponi(esatta).at(0), Opzioni()));
   const std::string dopo = Tutto();
@@ -190,10 +191,10 @@ TEST_F(AbbinamentoBancaTest, AccettataUnaVoltaSola) {
 TEST_F(AbbinamentoBancaTest, Arrotondamento) {
   Nome("F", "0001", "Bianchi Trasporti");
   const auto scadenza = Nuova("F", "0001", "100", 9);
-  AbbinamentoBanca abbinamento(ambiente);
+  duedates::AbbinamentoBanca abbinamento(ambiente);
   ASSERT_TRUE(abbinamento.Prepara());
   // A little more was paid than was due.
-  const LineaEstratto linea = Linea("-101.5", "Bianchi trasporti fattura 9");
+  const duedates::LineaEstratto linea = Linea("-101.5", "Bianchi trasporti fattura 9");
   const auto proposte = abbinamento.Proponi(linea);
   ASSERT_THAT(proposte, SizeIs(1));
   ASSERT_TRUE(abbinamento.Accetta(linea, proposte[0], Opzioni()));
@@ -206,9 +207,9 @@ TEST_F(AbbinamentoBancaTest, Arrotondamento) {
 TEST_F(AbbinamentoBancaTest, GuastoAMetaNonLasciaNulla) {
   Nome("C", "0001", "Ferramenta Bianchi Srl");
   Nuova("C", "0001", "100", 12);
-  AbbinamentoBanca abbinamento(ambiente);
+  duedates::AbbinamentoBanca abbinamento(ambiente);
   ASSERT_TRUE(abbinamento.Prepara());
-  const LineaEstratto linea = Linea("100", "Bianchi 12");
+  const duedates::LineaEstratto linea = Linea("100", "Bianchi 12");
   const auto proposte = abbinamento.Proponi(linea);
   ASSERT_THAT(proposte, SizeIs(1));
   EXPECT_GT(FallisceOgniIstruzione(

@@ -38,7 +38,7 @@ TEST_F(AnticipoFatturaTest, ScadenzaERegistrazione) {
        "1 002 F:0001 100.5/0 P:100.010 «Anticipo su fatt.da ricevere»",
        "2 002 P:100.010 0/100.5 F:0001 «Anticipo su fatt.da ricevere»"},
   };
-  AnticipoFattura anticipo(ambiente);
+  duedates::AnticipoFattura anticipo(ambiente);
   std::int64_t numero = 0;
   for (const Caso& caso : casi) {
     SCOPED_TRACE(caso.cfp);
@@ -59,7 +59,7 @@ TEST_F(AnticipoFatturaTest, ScadenzaERegistrazione) {
 
 TEST_F(AnticipoFatturaTest, SenzaRegistrazione) {
   Imposta("3", "0");
-  AnticipoFattura anticipo(ambiente);
+  duedates::AnticipoFattura anticipo(ambiente);
   anticipo.ScegliParte("C", "0003");
   ASSERT_TRUE(anticipo.Nuovo());
   Digita(anticipo, "ImportoE", I("-1"));
@@ -75,7 +75,7 @@ TEST_F(AnticipoFatturaTest, RifiutiNelLoroOrdine) {
   for (const char* chiave : {"CausalePagScad3C", "ContropartitaPagScad3C"}) {
     ambiente.ScriviImpostazione({}, "config", chiave, "");
   }
-  AnticipoFattura anticipo(ambiente);
+  duedates::AnticipoFattura anticipo(ambiente);
   for (const char* campo : {"Dt", "Descrizione"}) Digita(anticipo, campo, Valore());
   Digita(anticipo, "Tipo", "99");
   Digita(anticipo, "Stato", " ");
@@ -106,7 +106,7 @@ TEST_F(AnticipoFatturaTest, RifiutiNelLoroOrdine) {
        [&] { anticipo.ScegliParte("C", "0002"); }},
       {"manca la data della scadenza", "Dt", digita("Dt", G(30, 4, 2024))},
       {"il tipo 99 non è fra i tipi di pagamento", "Tipo", digita("Tipo", "02")},
-      {kStatoDiDueCifre, "Stato", digita("Stato", "01")},
+      {duedates::kStatoDiDueCifre, "Stato", digita("Stato", "01")},
       {"Manca causale o conti", "", imposta("CausalePagScad3", "002")},
   };
   const std::string prima = Tutto();
@@ -123,7 +123,7 @@ TEST_F(AnticipoFatturaTest, RifiutiNelLoroOrdine) {
 }
 
 TEST_F(AnticipoFatturaTest, LaDescrizioneContabileSegueFinoAQuandoSiScrive) {
-  AnticipoFattura anticipo(ambiente);
+  duedates::AnticipoFattura anticipo(ambiente);
   const auto contabile = [&anticipo] { return anticipo.Dati().Testo("DescrizioneContabile"); };
   anticipo.ScegliParte("F", "0001");
   ASSERT_TRUE(anticipo.Nuovo());
@@ -136,7 +136,7 @@ TEST_F(AnticipoFatturaTest, LaDescrizioneContabileSegueFinoAQuandoSiScrive) {
 }
 
 TEST_F(AnticipoFatturaTest, GuastoAMetaNonLasciaNulla) {
-  AnticipoFattura anticipo(ambiente);
+  duedates::AnticipoFattura anticipo(ambiente);
   anticipo.ScegliParte("C", "0001");
   ASSERT_TRUE(anticipo.Nuovo());
   Digita(anticipo, "ImportoE", I("-100"));

@@ -19,24 +19,25 @@ class InsolutoRibaTest : public ScadenzaDigitataDiProva {
   std::int64_t Presentata(const char* importo, int nFat, int distinta, Data dtPres,
                           const char* altro = "") {
     const std::int64_t numero = Nuova("C", "0001", importo, nFat);
-    const std::string chi = " where " + Criterio("Numero", "=", numero);
+    const std::string chi = " where " + sql::Criterio("Numero", "=", numero);
     Scadenzario().Esegui(
         "update Scadenze set Tipo='03', Stato='30', BancaPresentaz='01', Ndistinta=" +
-        std::to_string(distinta) + ", DtPres=" + LetteraleSql(dtPres) + chi);
+        std::to_string(distinta) + ", DtPres=" + sql::LetteraleSql(dtPres) + chi);
     if (*altro != '\0') Scadenzario().Esegui(std::string("update Scadenze set ") + altro + chi);
     return numero;
   }
   /// "numero/insoluto" of what may have come back.
-  static std::vector<std::string> Elenco(InsolutoRiba& insoluto, std::size_t massimo = 10) {
+  static std::vector<std::string> Elenco(duedates::InsolutoRiba& insoluto,
+                                         std::size_t massimo = 10) {
     std::vector<std::string> elenco;
-    for (const RicevutaPresentata& r : insoluto.Presentate(massimo)) {
+    for (const duedates::RicevutaPresentata& r : insoluto.Presentate(massimo)) {
       elenco.push_back(std::to_string(r.numero) + "/" + std::to_string(r.insoluto));
     }
     return elenco;
   }
   std::string Tutta(std::int64_t numero) {
-    const Rs r =
-        Scadenzario().Recordset("select * from Scadenze where " + Criterio("Numero", "=", numero));
+    const Rs r = Scadenzario().Recordset("select * from Scadenze where " +
+                                         sql::Criterio("Numero", "=", numero));
     std::string testo;
     for (const char* campo : {"NFat", "DtFat", "BancaPresentaz", "Ndistinta", "DtPres", "Programma",
                               "ImportoPagatoE"}) {
@@ -55,7 +56,7 @@ TEST_F(InsolutoRibaTest, QuelleCheSonoInBanca) {
   Presentata("10", 6, 8, G(29, 2, 2024), "Conto='0002'");
   Presentata("10", 7, 8, G(29, 2, 2024), "CFP='F'");
   Presentata("10", 8, 8, G(29, 2, 2024), "Tipo='01'");
-  InsolutoRiba insoluto(ambiente);
+  duedates::InsolutoRiba insoluto(ambiente);
   EXPECT_THAT(Elenco(insoluto), IsEmpty());
   insoluto.ScegliParte("C", "0001");
   const auto n = [](std::int64_t numero) { return std::to_string(numero) + "/0"; };
@@ -66,7 +67,7 @@ TEST_F(InsolutoRibaTest, QuelleCheSonoInBanca) {
 TEST_F(InsolutoRibaTest, UnaRicevutaTornata) {
   const auto presentata = Presentata("122", 5, 12, G(29, 2, 2024));
   const std::string com = ScadenzaScritta(presentata) + Tutta(presentata);
-  InsolutoRiba insoluto(ambiente);
+  duedates::InsolutoRiba insoluto(ambiente);
   insoluto.ScegliParte("C", "0001");
   ASSERT_TRUE(insoluto.Nuovo());
   EXPECT_EQ(insoluto.Numero(), 0);
@@ -87,7 +88,7 @@ TEST_F(InsolutoRibaTest, UnaRicevutaTornata) {
 }
 
 TEST_F(InsolutoRibaTest, ScrittoAManoLatiEImpostazione) {
-  InsolutoRiba insoluto(ambiente);
+  duedates::InsolutoRiba insoluto(ambiente);
   EXPECT_FALSE(insoluto.Nuovo());
   EXPECT_EQ(SoloMessaggio(), "impostare un codice cliente o fornitore");
   struct Caso {
@@ -109,7 +110,7 @@ TEST_F(InsolutoRibaTest, ScrittoAManoLatiEImpostazione) {
   }
   Messaggi();
   Imposta("4", "0");
-  InsolutoRiba senza(ambiente);
+  duedates::InsolutoRiba senza(ambiente);
   senza.ScegliParte("C", "0003");
   ASSERT_TRUE(senza.Nuovo());
   EXPECT_FALSE(senza.Conferma());
@@ -124,7 +125,7 @@ TEST_F(InsolutoRibaTest, ScrittoAManoLatiEImpostazione) {
 TEST_F(InsolutoRibaTest, CambiatoDopoNonNeScriveUnAltro) {
   Imposta("4", "0");
   const auto altra = Nuova("C", "0001", "10", 1);
-  InsolutoRiba insoluto(ambiente);
+  duedates::InsolutoRiba insoluto(ambiente);
   insoluto.ScegliParte("C", "0001");
   Digita(insoluto, "ImportoE", I("50"));
   ASSERT_TRUE(insoluto.Conferma());
@@ -134,7 +135,7 @@ TEST_F(InsolutoRibaTest, CambiatoDopoNonNeScriveUnAltro) {
   EXPECT_EQ(SoloMessaggio(), "la scadenza n. 1 non è di un insoluto");
   // Written without its registration, it may get it later; then it has one.
   Imposta("4");
-  InsolutoRiba dopo(ambiente);
+  duedates::InsolutoRiba dopo(ambiente);
   ASSERT_TRUE(dopo.Apri(numero));
   EXPECT_EQ(dopo.Numero(), numero);
   EXPECT_FALSE(dopo.RegContEffettuata());
@@ -153,7 +154,8 @@ TEST_F(InsolutoRibaTest, CambiatoDopoNonNeScriveUnAltro) {
 
   ASSERT_TRUE(dopo.Apri(numero));
   Digita(dopo, "ImportoE", I("65"));
-  Scadenzario().Esegui("update Scadenze set Stato='30' where " + Criterio("Numero", "=", numero));
+  Scadenzario().Esegui("update Scadenze set Stato='30' where " +
+                       sql::Criterio("Numero", "=", numero));
   const std::string prima = Tutto();
   EXPECT_FALSE(dopo.Conferma());
   EXPECT_THAT(SoloMessaggio(), HasSubstr("è già stata pagata"));
@@ -162,7 +164,7 @@ TEST_F(InsolutoRibaTest, CambiatoDopoNonNeScriveUnAltro) {
 
 TEST_F(InsolutoRibaTest, GuastoAMetaNonLasciaNulla) {
   const auto presentata = Presentata("122", 5, 12, G(29, 2, 2024));
-  InsolutoRiba insoluto(ambiente);
+  duedates::InsolutoRiba insoluto(ambiente);
   insoluto.ScegliParte("C", "0001");
   ASSERT_TRUE(insoluto.Nuovo());
   insoluto.Riprendi(presentata);

@@ -10,8 +10,8 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using Modo = PagamentiScadenzario::Modo;
-using Stato = PagamentiScadenzario::Stato;
+using Modo = duedates::PagamentiScadenzario::Modo;
+using Stato = duedates::PagamentiScadenzario::Stato;
 
 class PagamentiScadenzarioTest : public ScadenzeDiProva {
  protected:
@@ -29,21 +29,21 @@ class PagamentiScadenzarioTest : public ScadenzeDiProva {
     }
   }
   /// A payment of customers that is ready for its due dates.
-  static void Inizia(PagamentiScadenzario& p, const char* conto = "") {
+  static void Inizia(duedates::PagamentiScadenzario& p, const char* conto = "") {
     p.ScegliParte("C", conto);
     p.Testa().Scrivi("Descrizione", "incasso");
     ASSERT_TRUE(p.Nuovo());
   }
-  static bool Digita(PagamentiScadenzario& p, const char* pagato, const char* arrotondamento,
-                     bool saldata) {
+  static bool Digita(duedates::PagamentiScadenzario& p, const char* pagato,
+                     const char* arrotondamento, bool saldata) {
     p.Riga().Scrivi("ImportoPagato", I(pagato));
     p.Riga().Scrivi("Arrotondamento", I(arrotondamento));
     p.Riga().Scrivi("Saldata", saldata);
     return p.ConfermaRiga();
   }
-  std::vector<std::int64_t> Trovate(const RicercaScadenze& ricerca) {
+  std::vector<std::int64_t> Trovate(const duedates::RicercaScadenze& ricerca) {
     std::vector<std::int64_t> numeri;
-    CercaScadenze(ambiente, ricerca, [&](const RigaScadenza& riga) {
+    duedates::CercaScadenze(ambiente, ricerca, [&](const duedates::RigaScadenza& riga) {
       numeri.push_back(riga.numero);
       return true;
     });
@@ -52,9 +52,9 @@ class PagamentiScadenzarioTest : public ScadenzeDiProva {
 };
 
 TEST_F(PagamentiScadenzarioTest, CosaMancaPerIniziare) {
-  PagamentiScadenzario piu(ambiente, Modo::PiuParti);
-  PagamentiScadenzario una(ambiente, Modo::SingolaParte);
-  const auto rifiuta = [this](PagamentiScadenzario& p, const char* messaggio) {
+  duedates::PagamentiScadenzario piu(ambiente, Modo::PiuParti);
+  duedates::PagamentiScadenzario una(ambiente, Modo::SingolaParte);
+  const auto rifiuta = [this](duedates::PagamentiScadenzario& p, const char* messaggio) {
     EXPECT_FALSE(p.Nuovo());
     EXPECT_EQ(SoloMessaggio(), messaggio);
     EXPECT_EQ(p.StatoCorrente(), Stato::Inattiva);
@@ -84,20 +84,20 @@ TEST_F(PagamentiScadenzarioTest, CosaMancaPerIniziare) {
 }
 
 TEST_F(PagamentiScadenzarioTest, OgniClasseHaLeSueImpostazioni) {
-  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  duedates::PagamentiScadenzario p(ambiente, Modo::PiuParti);
   p.ScegliParte("F", "");
   p.Impostazioni().Scrivi("CausalePagScad1", "003");
   p.ImpostazioneLasciata();
   p.ScegliParte("C", "");
   EXPECT_EQ(p.Impostazioni().Testo("CausalePagScad1"), "002");
-  PagamentiScadenzario dopo(ambiente, Modo::PiuParti);
+  duedates::PagamentiScadenzario dopo(ambiente, Modo::PiuParti);
   dopo.ScegliParte("F", "");
   EXPECT_EQ(dopo.Impostazioni().Testo("CausalePagScad1"), "003");
   // Class and party stay while a payment is open.
   Inizia(p);
   EXPECT_FALSE(p.ScegliParte("F", ""));
   EXPECT_TRUE(p.ScegliParte("C", "0002"));
-  PagamentiScadenzario una(ambiente, Modo::SingolaParte);
+  duedates::PagamentiScadenzario una(ambiente, Modo::SingolaParte);
   Inizia(una, "0001");
   EXPECT_FALSE(una.ScegliParte("C", "0002"));
 }
@@ -107,7 +107,7 @@ TEST_F(PagamentiScadenzarioTest, ImpostazioniSenzaClasse) {
   const std::string chiave = "ContropartitaPagScad1";
   Config(chiave, "");
   ambiente.ScriviImpostazione({}, "config", chiave, "100.010");
-  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  duedates::PagamentiScadenzario p(ambiente, Modo::PiuParti);
   const auto lascia = [&](const char* classe, const char* valore) {
     p.ScegliParte(classe, "");
     p.Impostazioni().Scrivi(chiave, valore);
@@ -116,7 +116,7 @@ TEST_F(PagamentiScadenzarioTest, ImpostazioniSenzaClasse) {
   const auto lette = [&] {
     std::string insieme = ambiente.Config(chiave);
     for (const char* classe : {"C", "F"}) {
-      PagamentiScadenzario dopo(ambiente, Modo::PiuParti);
+      duedates::PagamentiScadenzario dopo(ambiente, Modo::PiuParti);
       dopo.ScegliParte("F", "");
       dopo.ScegliParte(classe, "");
       insieme += "|" + dopo.Impostazioni().Testo(chiave);
@@ -135,10 +135,10 @@ TEST_F(PagamentiScadenzarioTest, ImpostazioniSenzaClasse) {
 }
 
 TEST_F(PagamentiScadenzarioTest, DataProposta) {
-  EXPECT_EQ(PagamentiScadenzario(ambiente, Modo::PiuParti).Testa().Leggi("Dt").Data(),
+  EXPECT_EQ(duedates::PagamentiScadenzario(ambiente, Modo::PiuParti).Testa().Leggi("Dt").Data(),
             G(15, 3, 2024));
   ASSERT_TRUE(ambiente.ScegliAnno(2023));
-  EXPECT_EQ(PagamentiScadenzario(ambiente, Modo::PiuParti).Testa().Leggi("Dt").Data(),
+  EXPECT_EQ(duedates::PagamentiScadenzario(ambiente, Modo::PiuParti).Testa().Leggi("Dt").Data(),
             G(31, 12, 2023));
 }
 
@@ -149,12 +149,12 @@ TEST_F(PagamentiScadenzarioTest, RicercaEScelta) {
   const auto fornitore = Nuova("F", "0001", "10", 5);
   const auto pagata = Nuova("C", "0001", "9", 4);
   Scadenzario().Esegui("update Scadenze set Stato='30' where Numero=5");
-  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  duedates::PagamentiScadenzario p(ambiente, Modo::PiuParti);
   p.ScegliParte("C", "");
   EXPECT_THAT(Trovate(p.Ricerca(0, {})), ElementsAre(terza, prima, altra));
   EXPECT_THAT(Trovate(p.Ricerca(5, {})), ElementsAre(prima));
   EXPECT_THAT(Trovate(p.Ricerca(0, G(1, 2, 2024))), IsEmpty());
-  PagamentiScadenzario una(ambiente, Modo::SingolaParte);
+  duedates::PagamentiScadenzario una(ambiente, Modo::SingolaParte);
   una.ScegliParte("C", "0001");
   EXPECT_THAT(Trovate(una.Ricerca(0, {})), ElementsAre(prima, terza));
 
@@ -207,7 +207,7 @@ TEST_F(PagamentiScadenzarioTest, RicercaEScelta) {
 
 TEST_F(PagamentiScadenzarioTest, RegoleDellaRiga) {
   const auto n = Nuova("C", "0001", "100.02", 5);
-  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  duedates::PagamentiScadenzario p(ambiente, Modo::PiuParti);
   Inizia(p);
   ASSERT_TRUE(p.Scegli(n, false));
   struct Caso {
@@ -244,7 +244,7 @@ TEST_F(PagamentiScadenzarioTest, RegoleDellaRiga) {
 
 TEST_F(PagamentiScadenzarioTest, Conferma) {
   const auto n = Nuova("C", "0001", "100.02", 5);
-  PagamentiScadenzario p(ambiente, Modo::SingolaParte);
+  duedates::PagamentiScadenzario p(ambiente, Modo::SingolaParte);
   EXPECT_FALSE(p.Conferma());
   EXPECT_EQ(SoloMessaggio(), "non è stata selezionata alcuna scadenza");
   Inizia(p, "0001");
@@ -297,7 +297,7 @@ TEST_F(PagamentiScadenzarioTest, Conferma) {
 TEST_F(PagamentiScadenzarioTest, SingolaParteSenzaRegistrazione) {
   const auto n = Nuova("C", "0001", "100", 5);
   Config("RegistrazioneContabilePagScad2", "0");
-  PagamentiScadenzario p(ambiente, Modo::SingolaParte);
+  duedates::PagamentiScadenzario p(ambiente, Modo::SingolaParte);
   p.ScegliParte("C", "0001");
   ASSERT_TRUE(p.Nuovo());
   ASSERT_TRUE(p.Scegli(n, true));
@@ -313,8 +313,8 @@ TEST_F(PagamentiScadenzarioTest, PagataAltroveDopoLaScelta) {
   const auto altra = NuovaStazione("MAGAZZINO");
   const auto una = Nuova("C", "0001", "100", 5);
   const auto contesa = Nuova("C", "0002", "200", 6);
-  PagamentiScadenzario qui(ambiente, Modo::PiuParti);
-  PagamentiScadenzario la(*altra->ambiente, Modo::PiuParti);
+  duedates::PagamentiScadenzario qui(ambiente, Modo::PiuParti);
+  duedates::PagamentiScadenzario la(*altra->ambiente, Modo::PiuParti);
   for (auto* p : {&qui, &la}) {
     Inizia(*p);
     ASSERT_TRUE(p->Scegli(contesa, true));
@@ -337,7 +337,7 @@ TEST_F(PagamentiScadenzarioTest, PagataAltroveDopoLaScelta) {
 TEST_F(PagamentiScadenzarioTest, GuastoAllaConfermaLasciaLeRighe) {
   const auto uno = Nuova("C", "0001", "100", 5);
   const auto due = Nuova("C", "0002", "50", 6);
-  PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  duedates::PagamentiScadenzario p(ambiente, Modo::PiuParti);
   Inizia(p);
   ASSERT_TRUE(p.Scegli(uno, true));
   ASSERT_TRUE(p.Scegli(due, true));

@@ -13,8 +13,8 @@ using ::testing::IsEmpty;
 
 class RegistraPagamentoTest : public ScadenzeDiProva {
  protected:
-  Pagamento Base(const char* cfp, std::vector<RigaPagamento> righe) {
-    Pagamento p;
+  duedates::Pagamento Base(const char* cfp, std::vector<duedates::RigaPagamento> righe) {
+    duedates::Pagamento p;
     p.cfp = cfp;
     p.dt = G(14, 3, 2024);
     p.causale = "002";
@@ -24,12 +24,12 @@ class RegistraPagamentoTest : public ScadenzeDiProva {
     p.righe = std::move(righe);
     return p;
   }
-  RigaPagamento R(std::int64_t numero, const char* pagato, const char* arrotondamento = "0",
-                  bool saldata = true) {
+  duedates::RigaPagamento R(std::int64_t numero, const char* pagato,
+                            const char* arrotondamento = "0", bool saldata = true) {
     return {S(numero), I(pagato), I(arrotondamento), saldata};
   }
-  std::int64_t Registra(const Pagamento& p) {
-    const PagamentoScritto scritto = RegistraPagamento(ambiente, p);
+  std::int64_t Registra(const duedates::Pagamento& p) {
+    const duedates::PagamentoScritto scritto = duedates::RegistraPagamento(ambiente, p);
     EXPECT_TRUE(scritto.scritto);
     EXPECT_THAT(Messaggi(), IsEmpty());
     return scritto.numDoc;
@@ -42,13 +42,13 @@ TEST_F(RegistraPagamentoTest, Lati) {
   const auto f = Nuova("F", "0002", "50", 7, "10");
   struct Caso {
     const char* cosa;
-    Pagamento pagamento;
+    duedates::Pagamento pagamento;
     std::string testa;
     std::vector<std::string> righe;
   };
-  Pagamento fornitore = Base("F", {R(f, "40.01", "-0.01")});
+  duedates::Pagamento fornitore = Base("F", {R(f, "40.01", "-0.01")});
   fornitore.descrizioneParte = "saldo";
-  fornitore.origine = Origine::PagamentoSingolo;
+  fornitore.origine = ledger::Origine::PagamentoSingolo;
   const Caso casi[] = {
       {"arrotondamento sul lato della contropartita",
        Base("C", {R(c, "100", "0.02")}),
@@ -85,12 +85,12 @@ TEST_F(RegistraPagamentoTest, Lati) {
     EXPECT_EQ(RigheDi(numDoc), caso.righe);
     EXPECT_NE(Contenuto("scadenzario"), prima);
     // Open again for the next case.
-    for (const RigaPagamento& riga : caso.pagamento.righe) {
+    for (const duedates::RigaPagamento& riga : caso.pagamento.righe) {
       Scadenzario().Esegui(
-          "update Scadenze set Stato='00', DtPag=" + LetteraleSql(Data()) +
-          ", ImportoPagatoE=" + LetteraleSql(riga.vista.importoPagatoE) +
-          ", ImportoPagato=" + LetteraleSql(EuroInLire(riga.vista.importoPagatoE, true)) +
-          " where " + Criterio("Numero", "=", riga.vista.numero));
+          "update Scadenze set Stato='00', DtPag=" + sql::LetteraleSql(Data()) +
+          ", ImportoPagatoE=" + sql::LetteraleSql(riga.vista.importoPagatoE) +
+          ", ImportoPagato=" + sql::LetteraleSql(EuroInLire(riga.vista.importoPagatoE, true)) +
+          " where " + sql::Criterio("Numero", "=", riga.vista.numero));
     }
     EXPECT_EQ(Contenuto("scadenzario"), prima);
   }
@@ -122,13 +122,13 @@ TEST_F(RegistraPagamentoTest, PiuParti) {
 
 TEST_F(RegistraPagamentoTest, SenzaRegistrazione) {
   const auto n = Nuova("C", "0003", "100", 5);
-  Pagamento p = Base("C", {R(n, "100")});
+  duedates::Pagamento p = Base("C", {R(n, "100")});
   p.conRegistrazione = false;
   p.contropartita = "";
   EXPECT_EQ(Registra(p), 0);
   EXPECT_EQ(Pagata(n), "30 100 14/03/2024");
-  EXPECT_EQ(TestoPagamentoScritto({true, 0}), "- Scadenzario aggiornato");
-  EXPECT_EQ(TestoPagamentoScritto({true, 12}),
+  EXPECT_EQ(duedates::TestoPagamentoScritto({true, 0}), "- Scadenzario aggiornato");
+  EXPECT_EQ(duedates::TestoPagamentoScritto({true, 12}),
             "- Scadenzario aggiornato\n- Creato articolo contabile 12");
 }
 
@@ -136,20 +136,20 @@ TEST_F(RegistraPagamentoTest, Rifiuti) {
   const auto buona = Nuova("C", "0001", "100", 5);
   const auto senza = Nuova("C", "0003", "100", 6);
   const auto fornitore = Nuova("F", "0003", "100", 7);
-  const Pagamento base = Base("C", {R(buona, "99", "1")});
+  const duedates::Pagamento base = Base("C", {R(buona, "99", "1")});
   const auto con = [&base](const auto& cambia) {
-    Pagamento p = base;
+    duedates::Pagamento p = base;
     cambia(p);
     return p;
   };
   struct Caso {
-    Pagamento pagamento;
+    duedates::Pagamento pagamento;
     const char* messaggio;
   };
   const Caso casi[] = {
       {con([](auto& p) { p.righe.clear(); }), "non è stata selezionata alcuna scadenza"},
       {con([](auto& p) {
-         p.origine = Origine::PagamentoSingolo;
+         p.origine = ledger::Origine::PagamentoSingolo;
          p.descrizione = "";
          p.contropartita = "";
        }),
@@ -161,7 +161,7 @@ TEST_F(RegistraPagamentoTest, Rifiuti) {
       {Base("C", {R(buona, "100"), R(senza, "100")}), "sul cliente 0003 manca conto riepilogativo"},
       {Base("F", {R(fornitore, "100")}), "sul fornitore 0003 manca conto riepilogativo"},
       {con([&](auto& p) {
-         p.origine = Origine::PagamentoSingolo;
+         p.origine = ledger::Origine::PagamentoSingolo;
          p.righe = {R(senza, "100")};
        }),
        "sull'anagrafica del cliente/fornitore 0003 non è inserito il conto riepilogativo"},
@@ -174,11 +174,11 @@ TEST_F(RegistraPagamentoTest, Rifiuti) {
   };
   const std::string prima = Tutto();
   for (const Caso& caso : casi) {
-    EXPECT_FALSE(RegistraPagamento(ambiente, caso.pagamento).scritto);
+    EXPECT_FALSE(duedates::RegistraPagamento(ambiente, caso.pagamento).scritto);
     EXPECT_THAT(SoloMessaggio(), HasSubstr(caso.messaggio));
   }
   ASSERT_TRUE(ambiente.ScegliAnno(2000));
-  EXPECT_FALSE(RegistraPagamento(ambiente, base).scritto);
+  EXPECT_FALSE(duedates::RegistraPagamento(ambiente, base).scritto);
   EXPECT_THAT(SoloMessaggio(), HasSubstr("lo scadenzario non funziona in lire"));
   EXPECT_EQ(Tutto(), prima);
 }
@@ -188,11 +188,11 @@ TEST_F(RegistraPagamentoTest, PagataDaUnaltraPostazione) {
   const auto altra = NuovaStazione("MAGAZZINO");
   const auto una = Nuova("C", "0001", "100", 5);
   const auto contesa = Nuova("C", "0002", "200", 6);
-  const Pagamento qui = Base("C", {R(una, "100"), R(contesa, "200")});
-  const Pagamento la = Base("C", {R(contesa, "200")});
-  ASSERT_TRUE(RegistraPagamento(*altra->ambiente, la).scritto);
+  const duedates::Pagamento qui = Base("C", {R(una, "100"), R(contesa, "200")});
+  const duedates::Pagamento la = Base("C", {R(contesa, "200")});
+  ASSERT_TRUE(duedates::RegistraPagamento(*altra->ambiente, la).scritto);
   const std::string dopo = Tutto();
-  EXPECT_FALSE(RegistraPagamento(ambiente, qui).scritto);
+  EXPECT_FALSE(duedates::RegistraPagamento(ambiente, qui).scritto);
   EXPECT_THAT(SoloMessaggio(),
               ::testing::AllOf(HasSubstr("scadenza n. 2 del 31/03/2024 di Clienti 0002 dell'Oro, "
                                          "ft. 6 del 31/01/2024, euro 200,00\nè già stata pagata"),
@@ -200,7 +200,7 @@ TEST_F(RegistraPagamentoTest, PagataDaUnaltraPostazione) {
   EXPECT_EQ(Tutto(), dopo);
 
   Scadenzario().Esegui("delete * from Scadenze where Numero=2");
-  EXPECT_FALSE(RegistraPagamento(ambiente, qui).scritto);
+  EXPECT_FALSE(duedates::RegistraPagamento(ambiente, qui).scritto);
   EXPECT_THAT(SoloMessaggio(), HasSubstr("Manca scadenza\nscadenza n. 2"));
   EXPECT_EQ(Pagata(una), "00 0 ");
   EXPECT_EQ(Registra(Base("C", {R(una, "100")})), 2);
@@ -209,15 +209,16 @@ TEST_F(RegistraPagamentoTest, PagataDaUnaltraPostazione) {
 TEST_F(RegistraPagamentoTest, GuastoAMetaNonLasciaNulla) {
   const auto uno = Nuova("C", "0001", "100", 5);
   const auto due = Nuova("C", "0002", "50", 6);
-  const Pagamento p = Base("C", {R(uno, "99", "1"), R(due, "20", "0", false)});
+  const duedates::Pagamento p = Base("C", {R(uno, "99", "1"), R(due, "20", "0", false)});
   const int falliti = FallisceOgniIstruzione(
       ambiente.Basi(), Guasto::Errore, [this] { return Tutto(); },
       [&] {
-        return RegistraPagamento(ambiente, p,
-                                 [this](std::int64_t numDoc) {
-                                   Scadenzario().Inserisci("MovimentiBanca",
-                                                           {{"Chiave", "x"}, {"Articolo", numDoc}});
-                                 })
+        return duedates::RegistraPagamento(ambiente, p,
+                                           [this](std::int64_t numDoc) {
+                                             Scadenzario().Inserisci(
+                                                 "MovimentiBanca",
+                                                 {{"Chiave", "x"}, {"Articolo", numDoc}});
+                                           })
             .scritto;
       });
   EXPECT_GT(falliti, 8);

@@ -21,15 +21,15 @@ class ScadenzaDigitataDiProva : public ScadenzeDiProva {
                                   registrazione);
     }
   }
-  static void Digita(ScadenzaDigitata& caso, const char* campo, const Valore& valore) {
+  static void Digita(duedates::ScadenzaDigitata& caso, const char* campo, const Valore& valore) {
     caso.Dati().Scrivi(campo, valore);
     caso.DatoLasciato(campo);
   }
   /// "C:0001 31/03/2024 01 01 -100 2024/1 anticipo «Anticipo su fatt.da emettere»"
   std::string ScadenzaScritta(std::int64_t numero) {
-    const Scadenza s = S(numero);
-    const Rs r =
-        Scadenzario().Recordset("select * from Scadenze where " + Criterio("Numero", "=", numero));
+    const duedates::Scadenza s = S(numero);
+    const Rs r = Scadenzario().Recordset("select * from Scadenze where " +
+                                         sql::Criterio("Numero", "=", numero));
     EXPECT_EQ(r.Fields("Importo").Importo(), EuroInLire(s.importoE, true));
     return s.cfp + ":" + s.conto + " " + s.dt.Testo() + " " + s.tipo + " " + s.stato + " " +
            s.importoE.Testo() + " " + std::to_string(s.anno) + "/" + std::to_string(s.articolo) +

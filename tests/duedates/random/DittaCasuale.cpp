@@ -6,7 +6,7 @@
 #include "core/sql/Criterio.h"
 #include "duedates/payments/AnticipoFattura.h"
 #include "duedates/reports/ConfrontaSaldi.h"
-#include "ledger/Primanota.h"
+#include "ledger/registrations/Primanota.h"
 
 namespace fenalto::prova {
 namespace {
@@ -19,11 +19,12 @@ Importo Dovuto(const std::string& cfp, Importo dare, Importo avere) {
 }
 
 std::string Delle(const Parte& parte) {
-  return Criterio("CFP", "=", parte.first) + " and " + Criterio("Conto", "=", parte.second);
+  return sql::Criterio("CFP", "=", parte.first) + " and " +
+         sql::Criterio("Conto", "=", parte.second);
 }
 
 std::string DellArticolo(std::int64_t numDoc) {
-  return Criterio("Anno", "=", 2024) + " and " + Criterio("Articolo", "=", numDoc);
+  return sql::Criterio("Anno", "=", 2024) + " and " + sql::Criterio("Articolo", "=", numDoc);
 }
 
 }  // namespace
@@ -39,7 +40,7 @@ DittaCasuale::DittaCasuale() {
                                         {"PercImporto", I("33.3333")},
                                         {"DopoMesi", (rata + 1) / 2},
                                         {"FineMese", true},
-                                        {"Tipo", kTipoRiba}});
+                                        {"Tipo", duedates::kTipoRiba}});
   }
   Tessarc().Inserisci(
       "Pagamento",
@@ -80,7 +81,7 @@ void DittaCasuale::Ricomincia() {
 void DittaCasuale::Fai(const Mossa& mossa) {
   dialoghi.messaggi.clear();
   dialoghi.domande.clear();
-  using Modo = PagamentiScadenzario::Modo;
+  using Modo = duedates::PagamentiScadenzario::Modo;
   switch (mossa.genere) {
     case Genere::Fattura:
       NuovaFattura(mossa);
@@ -139,7 +140,7 @@ void DittaCasuale::NuovaFattura(const Mossa& mossa) {
   // A credit note isn't paid at once.
   const bool nota = Bit(mossa, 0) && Bit(mossa, 1) && pagamento != "SUBITO";
   const Importo imponibile = nota ? -ImportoDi(mossa) : ImportoDi(mossa);
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   RC_ASSERT(Digita(f, {.riva = parte.first == "C" ? "1" : "3",
                        .parte = parte.second,
                        .righe = {{parte.first == "C" ? "700.001" : "500.001", "22", imponibile}},
@@ -167,7 +168,7 @@ bool DittaCasuale::Intatta(std::int64_t numDoc) {
 
 Importo DittaCasuale::SommaScadenze(std::int64_t numDoc) {
   Importo somma;
-  for (const Scadenza& s : Leggi(DellArticolo(numDoc))) somma += Aperto(s);
+  for (const duedates::Scadenza& s : Leggi(DellArticolo(numDoc))) somma += Aperto(s);
   return somma;
 }
 
@@ -177,7 +178,7 @@ void DittaCasuale::CambiaFattura(const Mossa& mossa) {
   if (emessa == nullptr) return;
   const bool intatta = Intatta(numDoc);
   const Importo scadenze = SommaScadenze(numDoc);
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   RC_ASSERT(f.Apri(numDoc));
   RC_ASSERT(f.ApriRiga(0));
   f.Riga().Scrivi("Iva", Importo());
@@ -207,7 +208,7 @@ void DittaCasuale::EliminaFattura(const Mossa& mossa) {
   if (emessa == nullptr) return;
   const bool intatta = Intatta(numDoc);
   const Importo scadenze = SommaScadenze(numDoc);
-  Fatture f(ambiente);
+  vat::RegistrazioneIva f(ambiente);
   RC_ASSERT(f.Apri(numDoc));
   dialoghi.Rispondera("Conferma eliminazione", Risposta::Si);
   RC_ASSERT(f.Elimina());
@@ -222,8 +223,8 @@ void DittaCasuale::EliminaFattura(const Mossa& mossa) {
 
 // --- Payments ------------------------------------------------------------------------------------
 
-void DittaCasuale::SceglieEDigita(PagamentiScadenzario& p, const Scadenza& s, int scelta,
-                                  bool registra) {
+void DittaCasuale::SceglieEDigita(duedates::PagamentiScadenzario& p, const duedates::Scadenza& s,
+                                  int scelta, bool registra) {
   if (p.Scelta(s.numero)) return;
   const int come = scelta % 4;
   Importo leva = s.Residuo();
@@ -246,14 +247,14 @@ void DittaCasuale::SceglieEDigita(PagamentiScadenzario& p, const Scadenza& s, in
   if (!registra) Scosta({s.cfp, s.conto}, leva);
 }
 
-void DittaCasuale::Paga(const Mossa& mossa, PagamentiScadenzario::Modo modo) {
-  const bool sola = modo == PagamentiScadenzario::Modo::SingolaParte;
+void DittaCasuale::Paga(const Mossa& mossa, duedates::PagamentiScadenzario::Modo modo) {
+  const bool sola = modo == duedates::PagamentiScadenzario::Modo::SingolaParte;
   const Parte parte = ParteDi(mossa);
-  const std::vector<Scadenza> aperte =
-      Leggi((sola ? Delle(parte) : Criterio("CFP", "=", parte.first)) + " and Stato<'30'");
+  const std::vector<duedates::Scadenza> aperte =
+      Leggi((sola ? Delle(parte) : sql::Criterio("CFP", "=", parte.first)) + " and Stato<'30'");
   if (aperte.empty() || mossa.scelte.empty()) return;
   const bool registra = !sola || !Bit(mossa, 0) || !Bit(mossa, 1);
-  PagamentiScadenzario p(ambiente, modo);
+  duedates::PagamentiScadenzario p(ambiente, modo);
   RC_ASSERT(p.ScegliParte(parte.first, sola ? parte.second : ""));
   p.Testa().Scrivi("Descrizione", "pagamento");
   if (sola) p.Impostazioni().Scrivi("RegistrazioneContabilePagScad2", registra);
@@ -269,7 +270,7 @@ void DittaCasuale::Paga(const Mossa& mossa, PagamentiScadenzario::Modo modo) {
 void DittaCasuale::NuovoAnticipo(const Mossa& mossa) {
   const Parte parte = ParteDi(mossa);
   const bool registra = !Bit(mossa, 0) || !Bit(mossa, 1);
-  AnticipoFattura anticipo(ambiente);
+  duedates::AnticipoFattura anticipo(ambiente);
   anticipo.ScegliParte(parte.first, parte.second);
   RC_ASSERT(anticipo.Nuovo());
   anticipo.Impostazioni().Scrivi("RegistrazioneContabilePagScad3", registra);
@@ -292,13 +293,13 @@ void DittaCasuale::EliminaPagamento(const Mossa& mossa) {
   const std::int64_t numDoc = numeri[static_cast<std::size_t>(mossa.quale) % numeri.size()];
   Dovuti tolti;
   for (Rs r = Tessarc().Recordset("select * from Movimenti where CFP<>'P' and " +
-                                  Criterio("NumDoc", "=", numDoc));
+                                  sql::Criterio("NumDoc", "=", numDoc));
        !r.Eof(); r.MoveNext()) {
     const Parte parte{r.Fields("CFP").Testo(), r.Fields("Conto").Testo()};
     tolti[parte] +=
         Dovuto(parte.first, r.Fields("ImpoDare").Importo(), r.Fields("ImpoAvere").Importo());
   }
-  Primanota pn(ambiente);
+  ledger::Primanota pn(ambiente);
   RC_ASSERT(pn.Apri(numDoc));
   dialoghi.Rispondera("Attenzione all'annullamento", Risposta::Si);
   RC_ASSERT(pn.Elimina());
@@ -330,17 +331,18 @@ Dovuti DittaCasuale::Attese() const {
   return attese;
 }
 
-std::vector<Scadenza> DittaCasuale::Leggi(const std::string& condizione) {
-  std::vector<Scadenza> lette;
+std::vector<duedates::Scadenza> DittaCasuale::Leggi(const std::string& condizione) {
+  std::vector<duedates::Scadenza> lette;
   for (Rs r = Scadenzario().Recordset("select * from Scadenze where " + condizione +
                                       " order by Numero");
        !r.Eof(); r.MoveNext()) {
-    lette.push_back(ScadenzaDi(r));
+    lette.push_back(duedates::ScadenzaDi(r));
   }
   return lette;
 }
 
-std::optional<Scadenza> DittaCasuale::UnaDelle(const std::string& condizione, const Mossa& mossa) {
+std::optional<duedates::Scadenza> DittaCasuale::UnaDelle(const std::string& condizione,
+                                                         const Mossa& mossa) {
   const auto trovate = Leggi(condizione);
   if (trovate.empty()) return std::nullopt;
   return trovate[static_cast<std::size_t>(mossa.quale) % trovate.size()];
@@ -359,7 +361,7 @@ Dovuti DittaCasuale::DelLibro() {
 
 Dovuti DittaCasuale::DelloScadenzario() {
   Dovuti dovuti;
-  for (const Scadenza& s : Leggi("1=1")) dovuti[{s.cfp, s.conto}] += Aperto(s);
+  for (const duedates::Scadenza& s : Leggi("1=1")) dovuti[{s.cfp, s.conto}] += Aperto(s);
   return dovuti;
 }
 
@@ -381,7 +383,7 @@ void DittaCasuale::ControllaRegistrazioni() {
 
 void DittaCasuale::ControllaScadenze() {
   std::int64_t prima = 0;
-  for (const Scadenza& s : Leggi("1=1")) {
+  for (const duedates::Scadenza& s : Leggi("1=1")) {
     if (s.numero <= prima) RC_FAIL("numero doppio " + std::to_string(s.numero) + Racconto());
     prima = s.numero;
   }
@@ -396,8 +398,8 @@ void DittaCasuale::Controlla() {
   Dovuti scadenzario = DelloScadenzario();
   Dovuti trovate;
   for (const char* cfp : {"C", "F"}) {
-    for (const ParteDiscorde& p :
-         ConfrontaSaldi(ambiente, {.cfp = cfp, .daCliFor = "", .aCliFor = ""})) {
+    for (const duedates::ParteDiscorde& p :
+         duedates::ConfrontaSaldi(ambiente, {.cfp = cfp, .daCliFor = "", .aCliFor = ""})) {
       const Parte parte{p.cfp, p.cod};
       trovate[parte] += p.Differenza();
       if (p.saldoContabile != libro[parte] || p.saldoScadenze != scadenzario[parte]) {

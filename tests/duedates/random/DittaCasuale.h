@@ -10,10 +10,10 @@
 #include <utility>
 #include <vector>
 
-#include "duedates/Scadenza.h"
 #include "duedates/payments/PagamentiScadenzario.h"
 #include "duedates/random/Mossa.h"
 #include "duedates/riba/Riba.h"
+#include "duedates/schedules/Scadenza.h"
 #include "ledger/Stampati.h"
 #include "vat/FatturaDiProva.h"
 
@@ -29,7 +29,7 @@ inline Parte ParteDi(const Mossa& mossa) {
 }
 
 /// What is left to pay of it, nothing once it is closed.
-inline Importo Aperto(const Scadenza& s) {
+inline Importo Aperto(const duedates::Scadenza& s) {
   return s.Aperta() ? s.Residuo() : Importo();
 }
 
@@ -59,12 +59,12 @@ class DittaCasuale : public FatturaDiProva {
   void NuovaFattura(const Mossa& mossa);
   void CambiaFattura(const Mossa& mossa);
   void EliminaFattura(const Mossa& mossa);
-  void Paga(const Mossa& mossa, PagamentiScadenzario::Modo modo);
-  void SceglieEDigita(PagamentiScadenzario& pagamento, const Scadenza& scadenza, int come,
-                      bool registra);
+  void Paga(const Mossa& mossa, duedates::PagamentiScadenzario::Modo modo);
+  void SceglieEDigita(duedates::PagamentiScadenzario& pagamento, const duedates::Scadenza& scadenza,
+                      int come, bool registra);
   void NuovoAnticipo(const Mossa& mossa);
   void Presenta(const Mossa& mossa);
-  void Rileggi(const std::string& file, const std::vector<Scadenza>& presentate);
+  void Rileggi(const std::string& file, const std::vector<duedates::Scadenza>& presentate);
   void Raggruppa(const Mossa& mossa);
   void NuovoInsoluto(const Mossa& mossa);
   void CambiaInsoluto(const Mossa& mossa);
@@ -84,8 +84,8 @@ class DittaCasuale : public FatturaDiProva {
   Dovuti DelLibro();
   Dovuti DelloScadenzario();
 
-  std::vector<Scadenza> Leggi(const std::string& condizione);
-  std::optional<Scadenza> UnaDelle(const std::string& condizione, const Mossa& mossa);
+  std::vector<duedates::Scadenza> Leggi(const std::string& condizione);
+  std::optional<duedates::Scadenza> UnaDelle(const std::string& condizione, const Mossa& mossa);
   Emessa* Una(const Mossa& mossa, std::int64_t& numDoc);
   /// No due date of the registration has been paid or touched.
   bool Intatta(std::int64_t numDoc);

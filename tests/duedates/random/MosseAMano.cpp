@@ -1,7 +1,7 @@
 // The moves of a person in the archive of due dates and on those of a document.
-#include "duedates/ArchivioScadenze.h"
-#include "duedates/ScadenzeDocumento.h"
 #include "duedates/random/DittaCasuale.h"
+#include "duedates/schedules/ArchivioScadenze.h"
+#include "duedates/schedules/ScadenzeDocumento.h"
 
 namespace fenalto::prova {
 
@@ -9,12 +9,12 @@ namespace fenalto::prova {
 void DittaCasuale::Deduci(const Mossa& mossa) {
   const auto scelta = UnaDelle("Articolo<>0 and Stato<'30' and anticipo=False", mossa);
   if (!scelta) return;
-  ScadenzeDocumento documento(ambiente);
+  duedates::ScadenzeDocumento documento(ambiente);
   RC_ASSERT(documento.Apri(scelta->anno, scelta->articolo));
   Importo resto = scelta->Residuo();
   bool una = false;
   unsigned quale = 0;
-  for (const Scadenza& anticipo : documento.Anticipi()) {
+  for (const duedates::Scadenza& anticipo : documento.Anticipi()) {
     if (resto <= Importo()) break;
     // Of another party when the document bears the number of an erased registration.
     if (anticipo.cfp != scelta->cfp || anticipo.conto != scelta->conto) continue;
@@ -31,7 +31,7 @@ void DittaCasuale::Deduci(const Mossa& mossa) {
 void DittaCasuale::Ripristina(const Mossa& mossa) {
   const auto scelta = UnaDelle("Stato>='30'", mossa);
   if (!scelta) return;
-  ArchivioScadenze archivio(ambiente);
+  duedates::ArchivioScadenze archivio(ambiente);
   RC_ASSERT(archivio.Apri(scelta->numero));
   dialoghi.Rispondera("Si tratta di una scadenza già pagata", Risposta::Si);
   const bool senzaPagamento = archivio.Record().Leggi("DtPag").Data().Nulla();
@@ -39,14 +39,14 @@ void DittaCasuale::Ripristina(const Mossa& mossa) {
   Nota("scad. " + std::to_string(scelta->numero) + " ripristinata");
   // A payment leaves nothing to pay; a receipt went to the bank with what was left of it.
   const bool presentata =
-      scelta->tipo == kTipoRiba && (senzaPagamento || !scelta->Residuo().Zero());
+      scelta->tipo == duedates::kTipoRiba && (senzaPagamento || !scelta->Residuo().Zero());
   Scosta({scelta->cfp, scelta->conto}, presentata ? -scelta->Residuo() : -scelta->importoE,
          "Si tratta di una scadenza già pagata");
 }
 
 /// A new due date, or another amount of one that is there.
 void DittaCasuale::ScadenzaAMano(const Mossa& mossa) {
-  ArchivioScadenze archivio(ambiente);
+  duedates::ArchivioScadenze archivio(ambiente);
   const auto scelta = Bit(mossa, 0) ? std::nullopt : UnaDelle("1=1", mossa);
   const Importo importo = Bit(mossa, 1) && Bit(mossa, 2) ? -ImportoDi(mossa) : ImportoDi(mossa);
   const Parte parte = scelta ? Parte{scelta->cfp, scelta->conto} : ParteDi(mossa);
@@ -54,8 +54,8 @@ void DittaCasuale::ScadenzaAMano(const Mossa& mossa) {
     RC_ASSERT(archivio.Apri(scelta->numero));
   } else {
     archivio.Inizia({{"CFP", parte.first}, {"Conto", parte.second}});
-    archivio.Record().Scrivi("Tipo", Bit(mossa, 3) ? kTipoRiba : "01");
-    archivio.Record().Scrivi("Stato", kStatoAperta);
+    archivio.Record().Scrivi("Tipo", Bit(mossa, 3) ? duedates::kTipoRiba : "01");
+    archivio.Record().Scrivi("Stato", duedates::kStatoAperta);
   }
   archivio.Record().Scrivi("ImportoE", importo);
   RC_ASSERT(archivio.Conferma());
@@ -65,7 +65,7 @@ void DittaCasuale::ScadenzaAMano(const Mossa& mossa) {
     Scosta(parte, -importo);
     return;
   }
-  Scadenza dopo = *scelta;
+  duedates::Scadenza dopo = *scelta;
   dopo.importoE = importo;
   const bool automatica = scelta->articolo != 0;
   Scosta(parte, Aperto(*scelta) - Aperto(dopo),
@@ -75,7 +75,7 @@ void DittaCasuale::ScadenzaAMano(const Mossa& mossa) {
 void DittaCasuale::EliminaScadenza(const Mossa& mossa) {
   const auto scelta = UnaDelle("1=1", mossa);
   if (!scelta) return;
-  ArchivioScadenze archivio(ambiente);
+  duedates::ArchivioScadenze archivio(ambiente);
   RC_ASSERT(archivio.Apri(scelta->numero));
   dialoghi.Rispondera("Conferma eliminazione SCADENZA ?", Risposta::Si);
   RC_ASSERT(archivio.Elimina());

@@ -10,7 +10,7 @@
 namespace fenalto::prova {
 
 void DittaCasuale::Presenta(const Mossa& mossa) {
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   riba.Imposta({.directory = cartella.Percorso().string(),
                 .causale = "002",
                 .contropartita = "100.010",
@@ -22,9 +22,10 @@ void DittaCasuale::Presenta(const Mossa& mossa) {
     const std::int64_t numero = riba.Righe()[quale].numero;
     if (!riba.Scelta(numero)) RC_ASSERT(riba.Cambia(numero));
   }
-  std::vector<Scadenza> presentate;
-  for (const RigaRiba& riga : riba.Righe()) {
-    if (riba.Scelta(riga.numero)) presentate.push_back(*LeggiScadenza(ambiente, riga.numero));
+  std::vector<duedates::Scadenza> presentate;
+  for (const duedates::RigaRiba& riga : riba.Righe()) {
+    if (riba.Scelta(riga.numero))
+      presentate.push_back(*duedates::LeggiScadenza(ambiente, riga.numero));
   }
   if (presentate.empty()) return;
   const std::string file = riba.NomeFile();
@@ -32,7 +33,7 @@ void DittaCasuale::Presenta(const Mossa& mossa) {
   dialoghi.Rispondera("DISTINTA DEFINITIVA ?", Risposta::Si);
   RC_ASSERT(riba.Conferma(uscite_));
   Nota("distinta " + file + (riba.Impostazioni().registrazione ? "" : " senza registrazione"));
-  for (const Scadenza& s : presentate) {
+  for (const duedates::Scadenza& s : presentate) {
     Nota("  scad. " + std::to_string(s.numero) + " " + s.conto + " " + s.importoE.Testo());
     const Parte parte{s.cfp, s.conto};
     if (!riba.Impostazioni().registrazione) {
@@ -45,13 +46,14 @@ void DittaCasuale::Presenta(const Mossa& mossa) {
   Rileggi(file, presentate);
 }
 
-void DittaCasuale::Rileggi(const std::string& file, const std::vector<Scadenza>& presentate) {
-  const auto letta = VerificaFileRiba(file, RibaSegno::DellImporto);
+void DittaCasuale::Rileggi(const std::string& file,
+                           const std::vector<duedates::Scadenza>& presentate) {
+  const auto letta = duedates::VerificaFileRiba(file, duedates::RibaSegno::DellImporto);
   RC_ASSERT(letta.Riuscito());
   RC_ASSERT(letta.Valore().Buona());
   RC_ASSERT(letta.Valore().ricevute.size() == presentate.size());
   for (std::size_t i = 0; i < presentate.size(); ++i) {
-    const RicevutaLetta& ricevuta = letta.Valore().ricevute[i];
+    const duedates::RicevutaLetta& ricevuta = letta.Valore().ricevute[i];
     RC_ASSERT(ricevuta.scadenza == presentate[i].dt);
     const Importo resto = ricevuta.importo - presentate[i].importoE;
     RC_ASSERT(resto.Assoluto() <= Importo::DaDecimillesimi(50));
@@ -59,9 +61,9 @@ void DittaCasuale::Rileggi(const std::string& file, const std::vector<Scadenza>&
 }
 
 void DittaCasuale::Raggruppa(const Mossa&) {
-  RaggruppamentoRiba raggruppamento(ambiente, uscite_);
+  duedates::RaggruppamentoRiba raggruppamento(ambiente, uscite_);
   const auto gruppi = raggruppamento.Elenco({}).value();
-  if (std::ranges::none_of(gruppi, &GruppoRiba::DaRaggruppare)) return;
+  if (std::ranges::none_of(gruppi, &duedates::GruppoRiba::DaRaggruppare)) return;
   dialoghi.Rispondera("E' stata impostata la stampa definitiva", Risposta::Si);
   dialoghi.ScegliaUscita(SceltaUscita{Destinazione::Testo, {}});
   RC_ASSERT(raggruppamento.Definitivo({G(1, 1, 2024), G(31, 12, 2025), ""}, gruppi));
@@ -71,7 +73,7 @@ void DittaCasuale::Raggruppa(const Mossa&) {
 void DittaCasuale::NuovoInsoluto(const Mossa& mossa) {
   const Parte parte = ParteDi(mossa);
   const bool registra = !Bit(mossa, 0) || !Bit(mossa, 1);
-  InsolutoRiba insoluto(ambiente);
+  duedates::InsolutoRiba insoluto(ambiente);
   insoluto.ScegliParte(parte.first, parte.second);
   RC_ASSERT(insoluto.Nuovo());
   insoluto.Impostazioni().Scrivi("RegistrazioneContabilePagScad4", registra);
@@ -82,7 +84,7 @@ void DittaCasuale::NuovoInsoluto(const Mossa& mossa) {
     if (presentate[quale].importoE.Zero()) return;
     insoluto.Riprendi(presentate[quale].numero);
   }
-  if (Bit(mossa, 2)) insoluto.Dati().Scrivi("Tipo", kTipoRiba);
+  if (Bit(mossa, 2)) insoluto.Dati().Scrivi("Tipo", duedates::kTipoRiba);
   const Importo importo = insoluto.Dati().Leggi("ImportoE").Importo();
   RC_ASSERT(insoluto.Conferma());
   Nota("scad. " + std::to_string(insoluto.NumeroScritto()) + " insoluto " + parte.first +
@@ -91,10 +93,11 @@ void DittaCasuale::NuovoInsoluto(const Mossa& mossa) {
 }
 
 void DittaCasuale::CambiaInsoluto(const Mossa& mossa) {
-  const auto scelto = UnaDelle(Criterio("Programma", "=", kProgrammaInsoluto), mossa);
+  const auto scelto =
+      UnaDelle(sql::Criterio("Programma", "=", duedates::kProgrammaInsoluto), mossa);
   if (!scelto) return;
-  Scadenza s = *scelto;
-  InsolutoRiba insoluto(ambiente);
+  duedates::Scadenza s = *scelto;
+  duedates::InsolutoRiba insoluto(ambiente);
   RC_ASSERT(insoluto.Apri(s.numero));
   const bool registrato = insoluto.RegContEffettuata();
   const bool registra = !registrato && !Bit(mossa, 0);

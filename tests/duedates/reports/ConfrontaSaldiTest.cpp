@@ -33,15 +33,15 @@ class ConfrontaSaldiTest : public ScadenzeDaStampare {
   /// "0001 120/100/20": balance, due dates, difference.
   std::vector<std::string> Discordi(const char* cfp, const char* da = "", const char* a = "") {
     std::vector<std::string> discordi;
-    for (const ParteDiscorde& p : ConfrontaSaldi(ambiente, {cfp, da, a})) {
+    for (const duedates::ParteDiscorde& p : duedates::ConfrontaSaldi(ambiente, {cfp, da, a})) {
       discordi.push_back(p.cod + " " + p.saldoContabile.Testo() + "/" + p.saldoScadenze.Testo() +
                          "/" + p.Differenza().Testo());
     }
     return discordi;
   }
-  std::string Stampato(const SceltaConfronto& scelta) {
+  std::string Stampato(const duedates::SceltaConfronto& scelta) {
     Verso(Destinazione::Testo);
-    EXPECT_TRUE(TestSaldi(ambiente, uscite).Stampa(scelta));
+    EXPECT_TRUE(duedates::TestSaldi(ambiente, uscite).Stampa(scelta));
     return uscite.Testo();
   }
 
@@ -114,7 +114,7 @@ TEST_F(ConfrontaSaldiTest, IlFoglio) {
 }
 
 TEST_F(ConfrontaSaldiTest, QuelCheNonSiStampa) {
-  TestSaldi test(ambiente, uscite);
+  duedates::TestSaldi test(ambiente, uscite);
   EXPECT_FALSE(test.Stampa({"C", "0002", "0001"}));
   EXPECT_EQ(SoloMessaggio(), "il codice iniziale 0002 viene dopo quello finale 0001");
   ASSERT_TRUE(ambiente.ScegliAnno(2000));

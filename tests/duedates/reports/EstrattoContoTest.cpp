@@ -13,10 +13,10 @@ using ::testing::Not;
 
 class EstrattoContoTest : public ScadenzeDaStampare {
  protected:
-  EstrattoContoTest() { scelta = EstrattoConto(ambiente, uscite).Proposta(); }
+  EstrattoContoTest() { scelta = duedates::EstrattoConto(ambiente, uscite).Proposta(); }
   bool Stampa(Destinazione destinazione = Destinazione::Testo) {
     Verso(destinazione);
-    return EstrattoConto(ambiente, uscite).Stampa(scelta);
+    return duedates::EstrattoConto(ambiente, uscite).Stampa(scelta);
   }
   /// Text of each page.
   std::vector<std::string> Pagine() {
@@ -30,7 +30,7 @@ class EstrattoContoTest : public ScadenzeDaStampare {
     return pagine;
   }
 
-  SceltaEstrattoConto scelta;
+  duedates::SceltaEstrattoConto scelta;
 };
 
 TEST_F(EstrattoContoTest, UnaLetteraPerCliente) {
@@ -162,11 +162,11 @@ TEST_F(EstrattoContoTest, ConIlModelloDellaDitta) {
 TEST_F(EstrattoContoTest, QuelCheNonSiStampa) {
   Scrivi({"C", "0001", G(1, 1, 2024), "5", "30", "5"});
   scelta.scadenze.anchePagate = true;
-  EXPECT_FALSE(EstrattoConto(ambiente, uscite).Stampa(scelta));
+  EXPECT_FALSE(duedates::EstrattoConto(ambiente, uscite).Stampa(scelta));
   EXPECT_EQ(SoloMessaggio(),
             "nessun estratto conto da stampare: scadenze aperte di clienti non ce ne sono");
   scelta.alla = {};
-  EXPECT_FALSE(EstrattoConto(ambiente, uscite).Stampa(scelta));
+  EXPECT_FALSE(duedates::EstrattoConto(ambiente, uscite).Stampa(scelta));
   EXPECT_EQ(SoloMessaggio(), "manca la data dell'estratto conto");
 }
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/values/FormatoImporto.h"
-#include "duedates/Scadenza.h"
+#include "duedates/schedules/Scadenza.h"
 #include "ledger/Stampati.h"
 
 namespace fenalto::prova {
@@ -25,7 +25,7 @@ struct DaScrivere {
 class ScadenzeDaStampare : public DittaDiProva {
  protected:
   void Scrivi(const DaScrivere& d) {
-    std::vector<Coppia> campi = {{"Numero", ProssimoNumeroScadenza(ambiente)},
+    std::vector<Coppia> campi = {{"Numero", duedates::ProssimoNumeroScadenza(ambiente)},
                                  {"CFP", d.cfp},
                                  {"Conto", d.conto},
                                  {"Dt", d.dt},
@@ -33,7 +33,8 @@ class ScadenzeDaStampare : public DittaDiProva {
                                  {"Stato", d.stato},
                                  {"NFat", d.nFat},
                                  {"Descrizione", "scad." + std::to_string(d.nFat)}};
-    for (const auto& altri : {CampiImporto(I(d.importo)), CampiPagato(I(d.pagato)), d.altri}) {
+    for (const auto& altri :
+         {duedates::CampiImporto(I(d.importo)), duedates::CampiPagato(I(d.pagato)), d.altri}) {
       campi.insert(campi.end(), altri.begin(), altri.end());
     }
     ambiente.ArchivioDi("scadenzario").Inserisci("Scadenze", campi);

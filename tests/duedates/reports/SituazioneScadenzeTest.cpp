@@ -11,28 +11,28 @@ using ::testing::ElementsAre;
 
 class SituazioneScadenzeTest : public ScadenzeDaStampare {
  protected:
-  Situazione Calcola(const char* cfp = "C", Data alla = G(15, 3, 2024)) {
-    return SituazioneScadenze(ambiente).Calcola({cfp, alla}).value();
+  duedates::Situazione Calcola(const char* cfp = "C", Data alla = G(15, 3, 2024)) {
+    return duedates::SituazioneScadenze(ambiente).Calcola({cfp, alla}).value();
   }
   /// "not due/30/60/90/beyond"
-  static std::string Testo(const ImportiFasce& fasce) {
+  static std::string Testo(const duedates::ImportiFasce& fasce) {
     std::string testo;
-    for (std::size_t i = 0; i < kFasce; ++i) {
-      testo += (i == 0 ? "" : "/") + fasce.Di(static_cast<Fascia>(i)).Testo();
+    for (std::size_t i = 0; i < duedates::kFasce; ++i) {
+      testo += (i == 0 ? "" : "/") + fasce.Di(static_cast<duedates::Fascia>(i)).Testo();
     }
     return testo;
   }
-  static std::vector<std::string> Parti(const Situazione& situazione) {
+  static std::vector<std::string> Parti(const duedates::Situazione& situazione) {
     std::vector<std::string> testi;
-    for (const ParteAperta& p : situazione.parti) {
+    for (const duedates::ParteAperta& p : situazione.parti) {
       testi.push_back(p.conto + " " + std::to_string(p.scadenze) + ": " + Testo(p.importi));
     }
     return testi;
   }
-  static std::vector<std::string> Mesi(const Situazione& situazione) {
+  static std::vector<std::string> Mesi(const duedates::Situazione& situazione) {
     std::vector<std::string> testi;
-    for (const MeseAperto& m : situazione.mesi) {
-      testi.push_back(NomeMese(m.mese) + " " + std::to_string(m.scadenze) + ": " +
+    for (const duedates::MeseAperto& m : situazione.mesi) {
+      testi.push_back(duedates::NomeMese(m.mese) + " " + std::to_string(m.scadenze) + ": " +
                       m.scaduto.Testo() + "+" + m.aScadere.Testo() + " " + m.progressivo.Testo());
     }
     return testi;
@@ -42,7 +42,7 @@ class SituazioneScadenzeTest : public ScadenzeDaStampare {
 TEST_F(SituazioneScadenzeTest, PerParteEPerMese) {
   ScriviTutte();
   Scrivi({"C", "X9", {}, "5", "01"});  // of a party that is gone, at sight
-  const Situazione situazione = Calcola();
+  const duedates::Situazione situazione = Calcola();
   EXPECT_THAT(Parti(situazione),
               ElementsAre("0001 3: 149.75/-30/100/0/0", "0002 2: 470/0/0/0/0", "X9 1: 0/0/0/0/5"));
   // A month may be overdue in part.
@@ -62,8 +62,8 @@ TEST_F(SituazioneScadenzeTest, LeScadenzeDiUnaParte) {
   ScriviTutte();
   const auto importi = [this](const char* conto) {
     std::vector<std::string> testi;
-    const auto aperte = SituazioneScadenze(ambiente).Aperte({"C", {}}, conto).value();
-    for (const ScadenzaStampata& s : aperte) {
+    const auto aperte = duedates::SituazioneScadenze(ambiente).Aperte({"C", {}}, conto).value();
+    for (const duedates::ScadenzaStampata& s : aperte) {
       testi.push_back(s.conto + " " + s.dt.Testo() + " " + s.Residuo().Testo());
     }
     return testi;
@@ -75,45 +75,47 @@ TEST_F(SituazioneScadenzeTest, LeScadenzeDiUnaParte) {
 }
 
 TEST_F(SituazioneScadenzeTest, SenzaDataOAnnullataNonSiVede) {
-  EXPECT_FALSE(SituazioneScadenze(ambiente).Calcola({"C", {}}));
+  EXPECT_FALSE(duedates::SituazioneScadenze(ambiente).Calcola({"C", {}}));
   EXPECT_EQ(SoloMessaggio(), "manca la data a cui vedere la situazione");
-  EXPECT_EQ(SituazioneScadenze(ambiente).Proposta().alla, G(15, 3, 2024));
+  EXPECT_EQ(duedates::SituazioneScadenze(ambiente).Proposta().alla, G(15, 3, 2024));
   ScriviMolte("0001", 500, "1.01");
   EXPECT_EQ(Calcola().totali.Totale(), I("505"));
   dialoghi.annullaDopo = 0;
-  EXPECT_FALSE(SituazioneScadenze(ambiente).Calcola({"C", G(15, 3, 2024)}));
-  EXPECT_FALSE(SituazioneScadenze(ambiente).Aperte({"C", G(15, 3, 2024)}, ""));
+  EXPECT_FALSE(duedates::SituazioneScadenze(ambiente).Calcola({"C", G(15, 3, 2024)}));
+  EXPECT_FALSE(duedates::SituazioneScadenze(ambiente).Aperte({"C", G(15, 3, 2024)}, ""));
 }
 
 TEST(FasciaTest, DaiGiorniDiRitardo) {
   const Data alla = G(15, 3, 2024);
   struct Caso {
     int ritardo;
-    Fascia fascia;
+    duedates::Fascia fascia;
   };
-  constexpr Caso kCasi[] = {{-400, Fascia::AScadere}, {0, Fascia::AScadere}, {1, Fascia::Fino30},
-                            {30, Fascia::Fino30},     {31, Fascia::Fino60},  {60, Fascia::Fino60},
-                            {61, Fascia::Fino90},     {90, Fascia::Fino90},  {91, Fascia::Oltre},
-                            {4000, Fascia::Oltre}};
+  constexpr Caso kCasi[] = {{-400, duedates::Fascia::AScadere}, {0, duedates::Fascia::AScadere},
+                            {1, duedates::Fascia::Fino30},      {30, duedates::Fascia::Fino30},
+                            {31, duedates::Fascia::Fino60},     {60, duedates::Fascia::Fino60},
+                            {61, duedates::Fascia::Fino90},     {90, duedates::Fascia::Fino90},
+                            {91, duedates::Fascia::Oltre},      {4000, duedates::Fascia::Oltre}};
   for (const Caso& caso : kCasi) {
-    EXPECT_EQ(FasciaDi(alla.PiuGiorni(-caso.ritardo), alla), caso.fascia) << caso.ritardo;
+    EXPECT_EQ(duedates::FasciaDi(alla.PiuGiorni(-caso.ritardo), alla), caso.fascia) << caso.ritardo;
   }
-  EXPECT_EQ(FasciaDi({}, alla), Fascia::Oltre);
-  EXPECT_EQ(GiorniRitardo(alla.PiuGiorni(-31), alla), 31);
-  EXPECT_EQ(GiorniRitardo(alla, alla), std::nullopt);
+  EXPECT_EQ(duedates::FasciaDi({}, alla), duedates::Fascia::Oltre);
+  EXPECT_EQ(duedates::GiorniRitardo(alla.PiuGiorni(-31), alla), 31);
+  EXPECT_EQ(duedates::GiorniRitardo(alla, alla), std::nullopt);
 }
 
 TEST(ColonneMesiTest, SeiMesiAttornoEIlRestoAgliEstremi) {
-  const auto colonne = ColonneMesi({{MeseDi({}), 1, I("1"), {}, {}},
-                                    {MeseDi(G(31, 8, 2023)), 1, I("2"), {}, {}},
-                                    {MeseDi(G(1, 9, 2023)), 1, I("4"), {}, {}},
-                                    {MeseDi(G(31, 3, 2024)), 1, I("8"), I("16"), {}},
-                                    {MeseDi(G(30, 9, 2024)), 1, {}, I("32"), {}},
-                                    {MeseDi(G(1, 10, 2024)), 1, {}, I("64"), {}},
-                                    {MeseDi(G(1, 1, 2030)), 1, {}, I("128"), {}}},
-                                   G(15, 3, 2024));
+  const auto colonne =
+      duedates::ColonneMesi({{duedates::MeseDi({}), 1, I("1"), {}, {}},
+                             {duedates::MeseDi(G(31, 8, 2023)), 1, I("2"), {}, {}},
+                             {duedates::MeseDi(G(1, 9, 2023)), 1, I("4"), {}, {}},
+                             {duedates::MeseDi(G(31, 3, 2024)), 1, I("8"), I("16"), {}},
+                             {duedates::MeseDi(G(30, 9, 2024)), 1, {}, I("32"), {}},
+                             {duedates::MeseDi(G(1, 10, 2024)), 1, {}, I("64"), {}},
+                             {duedates::MeseDi(G(1, 1, 2030)), 1, {}, I("128"), {}}},
+                            G(15, 3, 2024));
   std::vector<std::string> scritte;
-  for (const ColonnaMesi& c : colonne) {
+  for (const duedates::ColonnaMesi& c : colonne) {
     if (c.scaduto.Zero() && c.aScadere.Zero()) continue;
     scritte.push_back(c.nome + " " + c.scaduto.Testo() + "+" + c.aScadere.Testo());
   }
@@ -136,13 +138,14 @@ TEST_F(SituazioneScadenzeTest, ParlanoTuttiDelloStessoTotale) {
               pagata ? "30" : "10"});
       if (!pagata) atteso += importo;
     }
-    const Situazione situazione = Calcola();
+    const duedates::Situazione situazione = Calcola();
     Importo parti;
     Importo mesi;
     Importo colonne;
     for (const auto& p : situazione.parti) parti += p.importi.Totale();
     for (const auto& m : situazione.mesi) mesi += m.Totale();
-    for (const auto& c : ColonneMesi(situazione.mesi, alla)) colonne += c.scaduto + c.aScadere;
+    for (const auto& c : duedates::ColonneMesi(situazione.mesi, alla))
+      colonne += c.scaduto + c.aScadere;
     RC_ASSERT(situazione.totali.Totale() == atteso);
     RC_ASSERT(parti == atteso);
     RC_ASSERT(mesi == atteso);

@@ -13,10 +13,11 @@ using ::testing::Not;
 class StampaScadenzeTest : public ScadenzeDaStampare {
  protected:
   /// Due dates as "day party state amount/paid/left", totals as "text: amount/paid/left".
-  std::vector<std::string> Righe(const SceltaStampaScadenze& scelta) {
+  std::vector<std::string> Righe(const duedates::SceltaStampaScadenze& scelta) {
     enum Colonna : std::size_t { kGiorno, kConto, kNome, kStato = 7, kImporto, kPagato, kResiduo };
     std::vector<std::string> righe;
-    const Foglio foglio = StampaScadenze(ambiente, uscite).FoglioScadenze(scelta);
+    const reports::Foglio foglio =
+        duedates::StampaScadenze(ambiente, uscite).FoglioScadenze(scelta);
     for (const auto& riga : foglio.righe) {
       const bool totale = riga[kConto].Tipo() == Tipo::Nullo;
       righe.push_back((totale ? riga[kNome].Testo() + ":"
@@ -27,22 +28,23 @@ class StampaScadenzeTest : public ScadenzeDaStampare {
     }
     return righe;
   }
-  static SceltaStampaScadenze Scelta(OrdineScadenze ordine, bool totaliMese = false) {
-    SceltaStampaScadenze scelta;
+  static duedates::SceltaStampaScadenze Scelta(duedates::OrdineScadenze ordine,
+                                               bool totaliMese = false) {
+    duedates::SceltaStampaScadenze scelta;
     scelta.ordine = ordine;
     scelta.totaliMese = totaliMese;
     return scelta;
   }
-  bool Stampa(const SceltaStampaScadenze& scelta, Destinazione destinazione) {
+  bool Stampa(const duedates::SceltaStampaScadenze& scelta, Destinazione destinazione) {
     Verso(destinazione);
-    return StampaScadenze(ambiente, uscite).Stampa(scelta);
+    return duedates::StampaScadenze(ambiente, uscite).Stampa(scelta);
   }
 };
 
 TEST_F(StampaScadenzeTest, PerContoConITotaliDiMeseParteETutti) {
   ScriviTutte();
   EXPECT_THAT(
-      Righe(Scelta(OrdineScadenze::PerConto, true)),
+      Righe(Scelta(duedates::OrdineScadenze::PerConto, true)),
       ElementsAre("31/01/2024 0001 aperta 100/0/100", "totale gennaio 2024: 100/0/100",
                   "10/03/2024 0001 aperta -30/0/-30", "15/03/2024 0001 parziale 200/50.25/149.75",
                   "totale marzo 2024: 170/50.25/119.75",
@@ -57,7 +59,7 @@ TEST_F(StampaScadenzeTest, PerContoConITotaliDiMeseParteETutti) {
 
 TEST_F(StampaScadenzeTest, PerDataConIMesi) {
   ScriviTutte();
-  SceltaStampaScadenze scelta = Scelta(OrdineScadenze::PerData, true);
+  duedates::SceltaStampaScadenze scelta = Scelta(duedates::OrdineScadenze::PerData, true);
   scelta.scadenze.anchePagate = true;
   // Nothing is left of what was closed, whatever was paid of it.
   EXPECT_THAT(
@@ -73,29 +75,29 @@ TEST_F(StampaScadenzeTest, PerDataConIMesi) {
 TEST_F(StampaScadenzeTest, LeScelte) {
   ScriviTutte();
   Scrivi({"C", "X9", {}, "5", "01"});  // a party that is gone, a due date without a day
-  const auto righe = [this](const std::function<void(SceltaScadenze&)>& restringi) {
-    SceltaStampaScadenze scelta = Scelta(OrdineScadenze::PerData);
+  const auto righe = [this](const std::function<void(duedates::SceltaScadenze&)>& restringi) {
+    duedates::SceltaStampaScadenze scelta = Scelta(duedates::OrdineScadenze::PerData);
     restringi(scelta.scadenze);
     return Righe(scelta);
   };
-  EXPECT_THAT(righe([](SceltaScadenze& s) { s.cfp = "F"; }),
+  EXPECT_THAT(righe([](duedates::SceltaScadenze& s) { s.cfp = "F"; }),
               ElementsAre("31/01/2024 0001 aperta 900/0/900", "TOTALE GENERALE: 900/0/900"));
-  EXPECT_THAT(righe([](SceltaScadenze& s) { s.daCliFor = s.aCliFor = "x9"; }),
+  EXPECT_THAT(righe([](duedates::SceltaScadenze& s) { s.daCliFor = s.aCliFor = "x9"; }),
               ElementsAre(" X9 aperta 5/0/5", "TOTALE GENERALE: 5/0/5"));
-  EXPECT_THAT(righe([](SceltaScadenze& s) {
+  EXPECT_THAT(righe([](duedates::SceltaScadenze& s) {
                 s.daData = G(31, 1, 2024);
                 s.aData = G(10, 3, 2024);
               }),
               ElementsAre("31/01/2024 0001 aperta 100/0/100", "10/03/2024 0001 aperta -30/0/-30",
                           "TOTALE GENERALE: 70/0/70"));
-  EXPECT_THAT(righe([](SceltaScadenze& s) {
+  EXPECT_THAT(righe([](duedates::SceltaScadenze& s) {
                 s.aCliFor = "0001";
                 s.daData = G(15, 3, 2024);
                 s.anchePagate = true;
               }),
               ElementsAre("15/03/2024 0001 parziale 200/50.25/149.75",
                           "20/03/2024 0001 pagata 60/60/0", "TOTALE GENERALE: 260/110.25/149.75"));
-  SceltaStampaScadenze senzaData = Scelta(OrdineScadenze::PerConto);
+  duedates::SceltaStampaScadenze senzaData = Scelta(duedates::OrdineScadenze::PerConto);
   senzaData.scadenze.daCliFor = "X9";
   EXPECT_THAT(Righe(senzaData), Contains("senza data: 5/0/5"));
 }
@@ -107,7 +109,7 @@ TEST_F(StampaScadenzeTest, RaggruppateEPresentateNonSonoPagate) {
   Scrivi({"C", "0001", G(4, 5, 2024), "80", "30", "0", 3, {{"Ndistinta", 12}}});
   Scrivi({"C", "0001", G(5, 5, 2024), "90", "30", "90", 4, {{"Ndistinta", 11}}});
   Scrivi({"C", "0001", G(6, 5, 2024), "7", "01", "0", 5, {{"Programma", "Raggruppata"}}});
-  SceltaStampaScadenze scelta = Scelta(OrdineScadenze::PerData);
+  duedates::SceltaStampaScadenze scelta = Scelta(duedates::OrdineScadenze::PerData);
   scelta.scadenze.anchePagate = true;
   // What the customer was asked for is told once: 40 paid, 360 in the place of what was left.
   EXPECT_THAT(Righe(scelta),
@@ -119,11 +121,11 @@ TEST_F(StampaScadenzeTest, RaggruppateEPresentateNonSonoPagate) {
 TEST_F(StampaScadenzeTest, QuelCheNonSiStampa) {
   ScriviTutte();
   struct Caso {
-    SceltaScadenze scelta;
+    duedates::SceltaScadenze scelta;
     const char* messaggio;
   };
   const auto scelta = [](const char* da, const char* a, Data daData, Data aData) {
-    SceltaScadenze s;
+    duedates::SceltaScadenze s;
     s.daCliFor = da;
     s.aCliFor = a;
     s.daData = daData;
@@ -138,20 +140,20 @@ TEST_F(StampaScadenzeTest, QuelCheNonSiStampa) {
        "nessuna scadenza da stampare: scadenze aperte dal 01/01/2024, clienti da 0003 di clienti"},
   };
   for (const Caso& caso : casi) {
-    SceltaStampaScadenze s;
+    duedates::SceltaStampaScadenze s;
     s.scadenze = caso.scelta;
-    EXPECT_FALSE(StampaScadenze(ambiente, uscite).Stampa(s));
+    EXPECT_FALSE(duedates::StampaScadenze(ambiente, uscite).Stampa(s));
     EXPECT_THAT(SoloMessaggio(), HasSubstr(caso.messaggio));
-    EXPECT_TRUE(StampaScadenze(ambiente, uscite).FoglioScadenze(s).colonne.empty());
+    EXPECT_TRUE(duedates::StampaScadenze(ambiente, uscite).FoglioScadenze(s).colonne.empty());
     EXPECT_THAT(SoloMessaggio(), HasSubstr(caso.messaggio));
   }
   dialoghi.ScegliaUscita(std::nullopt);
-  EXPECT_FALSE(StampaScadenze(ambiente, uscite).Stampa({}));
+  EXPECT_FALSE(duedates::StampaScadenze(ambiente, uscite).Stampa({}));
 }
 
 TEST_F(StampaScadenzeTest, LeRigheDelTesto) {
   ScriviTutte();
-  ASSERT_TRUE(Stampa(Scelta(OrdineScadenze::PerConto), Destinazione::Testo));
+  ASSERT_TRUE(Stampa(Scelta(duedates::OrdineScadenze::PerConto), Destinazione::Testo));
   for (const char* riga :
        {"SCADENZE PER CLIENTE   scadenze aperte\n", "\n0001  Clienti 0001 dell'Oro\n",
         "15/03/2024        2            scad.2                                01 parziale          "
@@ -162,21 +164,21 @@ TEST_F(StampaScadenzeTest, LeRigheDelTesto) {
     EXPECT_THAT(uscite.Testo(), HasSubstr(riga));
   }
   EXPECT_THAT(uscite.Testo(), Not(HasSubstr("totale marzo")));
-  ASSERT_TRUE(Stampa(Scelta(OrdineScadenze::PerData, true), Destinazione::Testo));
+  ASSERT_TRUE(Stampa(Scelta(duedates::OrdineScadenze::PerData, true), Destinazione::Testo));
   EXPECT_THAT(uscite.Testo(), HasSubstr("SCADENZE PER DATA - CLIENTI"));
   EXPECT_THAT(uscite.Testo(), HasSubstr("\n31/03/2024 0002     Clienti 0002 dell'Oro"));
 }
 
 TEST_F(StampaScadenzeTest, OgniRigaPortaAllaRegistrazioneOAlConto) {
   ScriviTutte();
-  ASSERT_TRUE(Stampa(Scelta(OrdineScadenze::PerConto), Destinazione::Testo));
+  ASSERT_TRUE(Stampa(Scelta(duedates::OrdineScadenze::PerConto), Destinazione::Testo));
   std::vector<std::string> rinvii;
-  for (const Pagina& pagina : uscite.pagine) {
-    for (const Elemento& elemento : pagina.elementi) {
-      const auto* riga = std::get_if<RigaFissa>(&elemento);
-      if (riga == nullptr || riga->rinvio.genere == Rinvio::Genere::Nessuno) continue;
-      const Rinvio& r = riga->rinvio;
-      rinvii.push_back(r.genere == Rinvio::Genere::Conto
+  for (const reports::Pagina& pagina : uscite.pagine) {
+    for (const reports::Elemento& elemento : pagina.elementi) {
+      const auto* riga = std::get_if<reports::RigaFissa>(&elemento);
+      if (riga == nullptr || riga->rinvio.genere == reports::Rinvio::Genere::Nessuno) continue;
+      const reports::Rinvio& r = riga->rinvio;
+      rinvii.push_back(r.genere == reports::Rinvio::Genere::Conto
                            ? r.cfp + r.conto
                            : std::to_string(r.anno) + "/" + std::to_string(r.numero));
     }
@@ -187,7 +189,7 @@ TEST_F(StampaScadenzeTest, OgniRigaPortaAllaRegistrazioneOAlConto) {
 TEST_F(StampaScadenzeTest, SuPiuPagineLaParteSiRinomina) {
   ScriviMolte("0001", 200, "1.01");
   Scrivi({"C", "0002", G(1, 1, 2024), "5"});
-  SceltaStampaScadenze scelta = Scelta(OrdineScadenze::PerConto);
+  duedates::SceltaStampaScadenze scelta = Scelta(duedates::OrdineScadenze::PerConto);
   for (const bool grafico : {false, true}) {
     scelta.stGrafico = grafico;
     ASSERT_TRUE(Stampa(scelta, grafico ? Destinazione::Pdf : Destinazione::Testo));
@@ -210,7 +212,7 @@ TEST_F(StampaScadenzeTest, SuPiuPagineLaParteSiRinomina) {
   }
   dialoghi.annullaDopo = 0;
   EXPECT_FALSE(Stampa(scelta, Destinazione::Pdf));
-  EXPECT_TRUE(StampaScadenze(ambiente, uscite).FoglioScadenze(scelta).colonne.empty());
+  EXPECT_TRUE(duedates::StampaScadenze(ambiente, uscite).FoglioScadenze(scelta).colonne.empty());
 }
 
 }  // namespace

@@ -13,7 +13,7 @@
 #include "duedates/riba/VerificaFileRiba.h"
 #include "ledger/DittaDiProva.h"
 
-namespace fenalto {
+namespace fenalto::duedates {
 namespace {
 
 using prova::G;
@@ -414,4 +414,4 @@ TEST_F(FileRibaSuDisco, ScrittoORimastoComEra) {
 }
 
 }  // namespace
-}  // namespace fenalto
+}  // namespace fenalto::duedates

@@ -31,7 +31,7 @@ class RaggruppamentoRibaTest : public DittaDiProva {
                                  {"NFat", d.nFat},     {"DtFat", d.dtFat},
                                  {"Pagamento", "R30"}, {"Programma", "fatture"},
                                  {"Anno", 2024},       {"Articolo", d.numero}};
-    for (const Coppia& campo : CampiImporto(I(d.importo))) campi.push_back(campo);
+    for (const Coppia& campo : duedates::CampiImporto(I(d.importo))) campi.push_back(campo);
     for (const Coppia& altro : d.altri) {
       std::erase_if(campi, [&](const Coppia& campo) { return campo.first == altro.first; });
       campi.push_back(altro);
@@ -48,21 +48,21 @@ class RaggruppamentoRibaTest : public DittaDiProva {
   }
 
   /// Groups as "customer day code: numbers = total", '*' when they become one.
-  std::vector<std::string> Gruppi(const SceltaRaggruppamento& scelta = {}) {
+  std::vector<std::string> Gruppi(const duedates::SceltaRaggruppamento& scelta = {}) {
     std::vector<std::string> testi;
-    for (const GruppoRiba& g : Leggi(scelta)) {
+    for (const duedates::GruppoRiba& g : Leggi(scelta)) {
       std::string testo = g.conto + " " + g.dt.Testo() + " " + g.pagamento + ":";
-      for (const Scadenza& s : g.scadenze) testo += " " + std::to_string(s.numero);
+      for (const duedates::Scadenza& s : g.scadenze) testo += " " + std::to_string(s.numero);
       testi.push_back(testo + " = " + g.Totale().Testo() + (g.DaRaggruppare() ? " *" : ""));
     }
     return testi;
   }
-  std::vector<GruppoRiba> Leggi(const SceltaRaggruppamento& scelta = {}) {
+  std::vector<duedates::GruppoRiba> Leggi(const duedates::SceltaRaggruppamento& scelta = {}) {
     return Raggruppamento().Elenco(scelta).value();
   }
-  RaggruppamentoRiba Raggruppamento() { return {ambiente, uscite}; }
+  duedates::RaggruppamentoRiba Raggruppamento() { return {ambiente, uscite}; }
 
-  bool Definitivo(const std::vector<GruppoRiba>& gruppi) {
+  bool Definitivo(const std::vector<duedates::GruppoRiba>& gruppi) {
     dialoghi.Rispondera("E' stata impostata la stampa definitiva: ESEGUO IL LAVORO ?",
                         Risposta::Si);
     dialoghi.ScegliaUscita(SceltaUscita{Destinazione::Testo, {}});
@@ -118,7 +118,7 @@ TEST_F(RaggruppamentoRibaTest, UnaScadenzaAlPostoDiTre) {
       {"Programma", "RaggRiba"},
       {"ImportoE", I("600.3")},
       {"ImportoPagatoE", Importo()},
-      {"Importo", CampiImporto(I("600.3"))[0].second},
+      {"Importo", duedates::CampiImporto(I("600.3"))[0].second},
       {"ImportoPagato", Importo()},
       {"Descrizione", "fatt.n. 12,15 del 31/01/24, 20 del 28/02/24"},
       {"Pagamento", "R30"},
@@ -130,8 +130,8 @@ TEST_F(RaggruppamentoRibaTest, UnaScadenzaAlPostoDiTre) {
   for (const auto& [campo, valore] : attesi) EXPECT_EQ(nuova.Fields(campo), valore) << campo;
 
   Rs chiusa = Scadenzario().Recordset("select * from Scadenze where Numero=3");
-  EXPECT_EQ(chiusa.Fields("Stato").Testo(), kStatoPagata);
-  EXPECT_EQ(chiusa.Fields("Programma").Testo(), kProgrammaRaggruppata);
+  EXPECT_EQ(chiusa.Fields("Stato").Testo(), duedates::kStatoPagata);
+  EXPECT_EQ(chiusa.Fields("Programma").Testo(), duedates::kProgrammaRaggruppata);
   EXPECT_EQ(chiusa.Fields("Descrizione").Testo(), "ft. 20 (raggruppata nella scad.n. 5)");
   EXPECT_EQ(chiusa.Fields("DtPag").Data(), Data());
   EXPECT_EQ(chiusa.Fields("ImportoPagatoE").Importo(), Importo());
@@ -256,14 +256,14 @@ TEST_F(RaggruppamentoRibaTest, OgniIstruzioneCheFallisceNonLasciaNulla) {
 
 TEST(RiferimentiFattureTest, InSessantaquattroCaratteri) {
   const auto riferimenti = [](const std::vector<std::pair<std::int64_t, Data>>& fatture) {
-    std::vector<Scadenza> scadenze;
+    std::vector<duedates::Scadenza> scadenze;
     for (const auto& [nFat, dtFat] : fatture) {
-      Scadenza s;
+      duedates::Scadenza s;
       s.nFat = nFat;
       s.dtFat = dtFat;
       scadenze.push_back(s);
     }
-    return RiferimentiFatture(scadenze);
+    return duedates::RiferimentiFatture(scadenze);
   };
   const Data gennaio = G(31, 1, 2024);
   const Data marzo = G(31, 3, 2024);

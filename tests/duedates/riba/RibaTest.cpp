@@ -28,7 +28,8 @@ using ::testing::Not;
 /// Lets something happen while the batch is being printed.
 class FabbricaConEvento : public FabbricaDiProva {
  public:
-  std::unique_ptr<Uscita> Crea(const SceltaUscita& scelta, const std::string& rapporto) override {
+  std::unique_ptr<reports::Uscita> Crea(const SceltaUscita& scelta,
+                                        const std::string& rapporto) override {
     if (auto evento = std::exchange(alPrimo, {})) evento();
     return FabbricaDiProva::Crea(scelta, rapporto);
   }
@@ -61,19 +62,19 @@ class RibaTest : public ScadenzeDiProva {
                         const char* descrizione = "ft. di prova") {
     const std::int64_t numero = Nuova("C", conto, importo, nFat);
     Scadenzario().Esegui(
-        "update Scadenze set Tipo='03', Descrizione=" + LetteraleSql(Valore(descrizione)) +
-        " where " + Criterio("Numero", "=", numero));
+        "update Scadenze set Tipo='03', Descrizione=" + sql::LetteraleSql(Valore(descrizione)) +
+        " where " + sql::Criterio("Numero", "=", numero));
     return numero;
   }
-  ImpostazioniRiba Impostazioni(bool registrazione = true) {
+  duedates::ImpostazioniRiba Impostazioni(bool registrazione = true) {
     return {Rib().string(), "002", "100.010", registrazione};
   }
   /// Bank, settings, and all receipts chosen.
-  void Prepara(Riba& riba, bool registrazione = true) {
+  void Prepara(duedates::Riba& riba, bool registrazione = true) {
     EXPECT_TRUE(riba.ImpostaBanca("X1"));
     riba.Imposta(Impostazioni(registrazione));
     std::vector<std::int64_t> numeri;
-    for (const RigaRiba& riga : riba.Righe()) numeri.push_back(riga.numero);
+    for (const duedates::RigaRiba& riga : riba.Righe()) numeri.push_back(riga.numero);
     riba.Scegli(numeri);
   }
   void Stampera() { dialoghi.ScegliaUscita(SceltaUscita{Destinazione::Testo, {}}); }
@@ -82,15 +83,15 @@ class RibaTest : public ScadenzeDiProva {
     dialoghi.Rispondera(
         "DISTINTA DEFINITIVA ?\nle scadenze selezionate verranno passate in stato=30", risposta);
   }
-  bool Conferma(Riba& riba) {
+  bool Conferma(duedates::Riba& riba) {
     Definitiva();
     return riba.Conferma(uscite);
   }
 
   /// "30 X1 12 15/03/2024": what the batch writes on a due date.
   std::string Presentata(std::int64_t numero) {
-    const Rs r =
-        Scadenzario().Recordset("select * from Scadenze where " + Criterio("Numero", "=", numero));
+    const Rs r = Scadenzario().Recordset("select * from Scadenze where " +
+                                         sql::Criterio("Numero", "=", numero));
     return r.Fields("Stato").Testo() + " " + r.Fields("BancaPresentaz").Testo() + " " +
            r.Fields("Ndistinta").Testo() + " " + r.Fields("DtPres").Data().Testo();
   }
@@ -98,8 +99,9 @@ class RibaTest : public ScadenzeDiProva {
     return Scadenzario().Singolo("select NUltDistinta from Banche where Cod='X1'").Intero();
   }
   /// The file as the checking reader sees it.
-  LetturaRiba Letto(const std::string& nome, RibaSegno segno = RibaSegno::DellImporto) {
-    const auto letto = VerificaFileRiba(Rib() / nome, segno);
+  duedates::LetturaRiba Letto(const std::string& nome,
+                              duedates::RibaSegno segno = duedates::RibaSegno::DellImporto) {
+    const auto letto = duedates::VerificaFileRiba(Rib() / nome, segno);
     EXPECT_TRUE(letto.Riuscito()) << nome;
     if (!letto.Riuscito()) return {};
     EXPECT_TRUE(letto.Valore().Buona()) << nome;
@@ -116,8 +118,9 @@ class RibaTest : public ScadenzeDiProva {
   std::string Mondo() const {
     std::string tutto = Tutto();
     for (const std::string& nome : FileScritti()) {
-      tutto += nome + (fs::is_regular_file(Rib() / nome) ? LeggiByteRiba(Rib() / nome).Valore()
-                                                         : std::string());
+      tutto +=
+          nome + (fs::is_regular_file(Rib() / nome) ? duedates::LeggiByteRiba(Rib() / nome).Valore()
+                                                    : std::string());
     }
     return tutto;
   }
@@ -130,9 +133,10 @@ TEST_F(RibaTest, DefinitivaScriveFileScadenzeBancaERegistrazione) {
   const auto altra = Ricevuta("0002", "870", 7, "ft. 7 del 31/01/2024 e altre cose da pagare");
   Nuova("C", "0001", "10", 1);                   // not a receipt
   const auto venti = Ricevuta("0001", "11", 2);  // on its way already
-  Scadenzario().Esegui("update Scadenze set Stato='20' where " + Criterio("Numero", "=", venti));
+  Scadenzario().Esegui("update Scadenze set Stato='20' where " +
+                       sql::Criterio("Numero", "=", venti));
 
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   ASSERT_EQ(riba.Righe().size(), 2U);  // in order of invoice
   EXPECT_EQ(riba.Righe()[0].numero, altra);
   EXPECT_EQ(riba.Righe()[0].descrizione, "ft. 7 del 31/01/2024 e altre c");
@@ -154,7 +158,7 @@ TEST_F(RibaTest, DefinitivaScriveFileScadenzeBancaERegistrazione) {
                   "altre cose da pagare»",
                   "2 002 C:0001 0/1234.56 P:100.010 «ft.12 31/01/24 sc.31/03/24 ft. di prova»",
                   "3 002 P:100.010 2104.56/0 C:DIVERSI «DISTINTA 12 DEL 15/03/2024»"));
-  const LetturaRiba letto = Letto("12.rib");
+  const duedates::LetturaRiba letto = Letto("12.rib");
   EXPECT_THAT(letto.segnalazioni, IsEmpty());
   ASSERT_EQ(letto.ricevute.size(), 2U);
   EXPECT_EQ(letto.ricevute[1].importo, I("1234.56"));
@@ -174,7 +178,7 @@ TEST_F(RibaTest, DefinitivaScriveFileScadenzeBancaERegistrazione) {
   EXPECT_EQ(riba.Numero(), 13);
 
   // Set back by hand a due date goes into another batch; without registration nothing is told.
-  Scadenzario().Esegui("update Scadenze set Stato='01' where " + Criterio("Numero", "=", una));
+  Scadenzario().Esegui("update Scadenze set Stato='01' where " + sql::Criterio("Numero", "=", una));
   riba.Rileggi();
   Prepara(riba, false);
   ASSERT_TRUE(Conferma(riba));
@@ -187,7 +191,7 @@ TEST_F(RibaTest, DefinitivaScriveFileScadenzeBancaERegistrazione) {
 
 TEST_F(RibaTest, LaCentesimaNonEntra) {
   for (int i = 1; i <= 100; ++i) Ricevuta("0001", "1.01", i);
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   Prepara(riba);
   const std::string piena = "troppe scadenze (max 99): la distinta sarà parziale";
   EXPECT_EQ(SoloMessaggio(), piena);
@@ -202,7 +206,7 @@ TEST_F(RibaTest, LaCentesimaNonEntra) {
   EXPECT_THAT(Messaggi(), IsEmpty());
   ASSERT_TRUE(Conferma(riba));
   Messaggi();
-  const LetturaRiba letto = Letto("12.rib");
+  const duedates::LetturaRiba letto = Letto("12.rib");
   EXPECT_EQ(letto.righe, 99U * 7 + 2);
   EXPECT_EQ(letto.totale, I("99.99"));
   EXPECT_EQ(RigheDi(1).size(), 100U);
@@ -211,14 +215,14 @@ TEST_F(RibaTest, LaCentesimaNonEntra) {
 
 TEST_F(RibaTest, RifiutiNellOrdine) {
   Ricevuta("0001", "100", 5);
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   const std::string prima = Mondo();
   const auto rifiuta = [&](const char* messaggio) {
     EXPECT_FALSE(riba.Conferma(uscite));
     EXPECT_THAT(SoloMessaggio(), HasSubstr(messaggio));
     EXPECT_EQ(Mondo(), prima);
   };
-  ImpostazioniRiba vuote = Impostazioni();
+  duedates::ImpostazioniRiba vuote = Impostazioni();
   vuote.directory = "";
   vuote.causale = "";
   riba.Imposta(vuote);
@@ -265,16 +269,16 @@ TEST_F(RibaTest, RifiutiNellOrdine) {
 }
 
 TEST_F(RibaTest, ImpostazioniECausaleRiservata) {
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   riba.Imposta(Impostazioni());
   riba.AvvisaCausale();
   EXPECT_THAT(Messaggi(), IsEmpty());
   EXPECT_EQ(ambiente.Config("DirectoryRiba"), Rib().string());
   EXPECT_EQ(ambiente.Config("CausaleRiba"), "002");
   EXPECT_EQ(ambiente.Config("ContropartitaRiba"), "100.010");
-  EXPECT_EQ(Riba(ambiente).Impostazioni(), Impostazioni());
+  EXPECT_EQ(duedates::Riba(ambiente).Impostazioni(), Impostazioni());
   for (const char* causale : {"1", "9AB"}) {
-    ImpostazioniRiba iva = Impostazioni();
+    duedates::ImpostazioniRiba iva = Impostazioni();
     iva.causale = causale;
     riba.Imposta(iva);
     riba.AvvisaCausale();
@@ -290,11 +294,11 @@ TEST_F(RibaTest, DatiMancantiETroppoLunghi) {
   ASSERT_EQ(LunghezzaTesto(lunga), 61U);
   ambiente.ScriviImpostazione({}, "config", "ragsoc1 ", "Officine Meccaniche Bianchi S.");
   Scadenzario().Esegui("update Banche set CodSia='', Abi='', CAB='' where Cod='X1'");
-  Tessarc().Esegui("update Clienti set ragsoc1=" + LetteraleSql(Valore(lunga)) +
+  Tessarc().Esegui("update Clienti set ragsoc1=" + sql::LetteraleSql(Valore(lunga)) +
                    ", piva='', indirizzo='Calle & Caffè 5 €' where Cod='0001'");
   Ricevuta("0001", "100", 5);
   Ricevuta("0002", "200", 6);
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   Prepara(riba, false);
   ASSERT_TRUE(Conferma(riba));
   const std::string detto = SoloMessaggio();
@@ -312,7 +316,7 @@ TEST_F(RibaTest, DatiMancantiETroppoLunghi) {
     EXPECT_THAT(uscite.Testo(), HasSubstr(ultima.substr(0, ultima.find('\n'))));
   }
   EXPECT_THAT(UltimaDomanda(), HasSubstr("in fondo alla stampa della distinta"));
-  const LetturaRiba letto = Letto("12.rib");
+  const duedates::LetturaRiba letto = Letto("12.rib");
   EXPECT_EQ(letto.ricevute[0].debitore, "Societa Cooperativa Agricola d");
 }
 
@@ -320,7 +324,7 @@ TEST_F(RibaTest, ImportiNegativiEZero) {
   Ricevuta("0001", "100", 5);
   const auto nota = Ricevuta("0002", "-30.5", 6);
   Ricevuta("0003", "0", 7);
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   Prepara(riba);
 
   // With the fixed sign a credit note would be cashed: refused before anything is printed.
@@ -331,7 +335,7 @@ TEST_F(RibaTest, ImportiNegativiEZero) {
   ASSERT_TRUE(riba.Cambia(nota));
   ASSERT_TRUE(Conferma(riba));
   Messaggi();
-  EXPECT_EQ(Letto("12.rib", RibaSegno::SempreMeno).totale, I("100"));
+  EXPECT_EQ(Letto("12.rib", duedates::RibaSegno::SempreMeno).totale, I("100"));
   ambiente.ScriviImpostazione({}, "config", "RibaSegno", "");
 
   Ricevuta("0001", "10", 8);
@@ -344,13 +348,13 @@ TEST_F(RibaTest, ImportiNegativiEZero) {
               ElementsAre("1 002 C:0002 30.5/0 P:100.010 «ft.6 31/01/24 sc.31/03/24 ft. di prova»",
                           "2 002 C:0001 0/10 P:100.010 «ft.8 31/01/24 sc.31/03/24 ft. di prova»",
                           "3 002 P:100.010 0/20.5 C:DIVERSI «DISTINTA 13 DEL 15/03/2024»"));
-  const LetturaRiba letto = Letto("13.rib");
+  const duedates::LetturaRiba letto = Letto("13.rib");
   EXPECT_EQ(letto.ricevute[0].importo, I("-30.5"));
 }
 
 TEST_F(RibaTest, SenzaFileNessunaDistinta) {
   Ricevuta("0001", "100", 5);
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   Prepara(riba);
   fs::create_directory(Rib() / "cartella.rib");
   riba.ImpostaNomeFile("cartella.rib");
@@ -376,7 +380,7 @@ TEST_F(RibaTest, IlFileCheCEraNonSiPerde) {
   Ricevuta("0001", "100", 5);
   Ricevuta("0001", "200", 6);
   std::ofstream(Rib() / "12.rib") << "di un'altra banca";
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   Prepara(riba, false);
   EXPECT_EQ(riba.FileConservato(), (Rib() / "12.rib.prima").string());
   Scadenzario().Esegui("update Scadenze set ImportoE=7 where NFat=6");
@@ -386,35 +390,36 @@ TEST_F(RibaTest, IlFileCheCEraNonSiPerde) {
   EXPECT_EQ(Mondo(), prima);
   ASSERT_TRUE(Conferma(riba));
   EXPECT_THAT(FileScritti(), ElementsAre("12.rib", "12.rib.prima"));
-  EXPECT_EQ(LeggiByteRiba(Rib() / "12.rib.prima").Valore(), "di un'altra banca");
+  EXPECT_EQ(duedates::LeggiByteRiba(Rib() / "12.rib.prima").Valore(), "di un'altra banca");
   EXPECT_EQ(Letto("12.rib").totale, I("107"));
   EXPECT_THAT(uscite.Testo(), HasSubstr("il file che c'era prima è ora"));
 }
 
 TEST_F(RibaTest, DiscoPieno) {
-  const FileRiba file = [this] {
+  const duedates::FileRiba file = [this] {
     Ricevuta("0001", "100", 5);
-    Riba riba(ambiente);
+    duedates::Riba riba(ambiente);
     Prepara(riba, false);
     EXPECT_TRUE(Conferma(riba));
-    return FileRiba{LeggiByteRiba(Rib() / "12.rib").Valore(), {}, RibaSegno::DellImporto};
+    return duedates::FileRiba{
+        duedates::LeggiByteRiba(Rib() / "12.rib").Valore(), {}, duedates::RibaSegno::DellImporto};
   }();
   std::ofstream(Rib() / "14.rib") << "prima";
   {
-    const fenalto::DiscoPieno pieno(500);
+    const reports::DiscoPieno pieno(500);
     for (const char* nome : {"13.rib", "14.rib"}) {
-      FileDistinta distinta(Rib() / nome);
+      duedates::FileDistinta distinta(Rib() / nome);
       EXPECT_FALSE(distinta.Scrivi(file).Riuscito()) << nome;
     }
   }
   EXPECT_THAT(FileScritti(), ElementsAre("12.rib", "14.rib"));
-  EXPECT_EQ(LeggiByteRiba(Rib() / "14.rib").Valore(), "prima");
+  EXPECT_EQ(duedates::LeggiByteRiba(Rib() / "14.rib").Valore(), "prima");
 }
 
 TEST_F(RibaTest, OgniIstruzioneCheFallisceNonLasciaNulla) {
   Ricevuta("0001", "100", 5);
   Ricevuta("0002", "50", 6);
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   Prepara(riba);
   // What fails before the print asks for nothing: the answers stay for the next time.
   std::size_t chieste = 2;
@@ -442,7 +447,7 @@ TEST_F(RibaTest, PagataDaUnaltraPostazione) {
   const auto la = [&](const std::string& istruzione) {
     altra->ambiente->ArchivioDi("scadenzario").Esegui(istruzione);
   };
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   struct Caso {
     const char* istruzione;
     const char* messaggio;
@@ -482,11 +487,11 @@ TEST_F(RibaTest, NumeroPresoDaUnaltraPostazione) {
   const auto qui = Ricevuta("0001", "100", 5);
   Ricevuta("0002", "200", 6);
   const auto altra = NuovaStazione("MAGAZZINO");
-  Riba riba(ambiente);
+  duedates::Riba riba(ambiente);
   Prepara(riba);
   ASSERT_TRUE(riba.Cambia(riba.Righe()[1].numero));
   uscite.alPrimo = [&] {
-    Riba la(*altra->ambiente);
+    duedates::Riba la(*altra->ambiente);
     FabbricaDiProva carta;
     ASSERT_TRUE(la.ImpostaBanca("X1"));
     ASSERT_TRUE(la.Cambia(la.Righe()[1].numero));
@@ -518,13 +523,13 @@ TEST_F(RibaTest, UccisaAMeta) {
           Archivio& scadenze = cassa->ambiente->ArchivioDi("scadenzario");
           FabbricaDiProva carta;
           while (true) {
-            const std::int64_t numero = ProssimoNumeroScadenza(*cassa->ambiente);
+            const std::int64_t numero = duedates::ProssimoNumeroScadenza(*cassa->ambiente);
             std::vector<Coppia> campi = {
                 {"Numero", numero}, {"CFP", "C"},           {"Conto", "0001"}, {"Tipo", "03"},
                 {"Stato", "00"},    {"Dt", G(31, 3, 2024)}, {"NFat", numero},  {"Anno", 2024}};
-            for (const Coppia& campo : CampiImporto(I("10"))) campi.push_back(campo);
+            for (const Coppia& campo : duedates::CampiImporto(I("10"))) campi.push_back(campo);
             scadenze.Inserisci("Scadenze", campi);
-            Riba riba(*cassa->ambiente);
+            duedates::Riba riba(*cassa->ambiente);
             riba.ImpostaBanca("X1");
             riba.Imposta(Impostazioni());
             riba.Cambia(numero);

@@ -10,15 +10,15 @@
 #include <algorithm>
 
 #include "core/values/FormatoImporto.h"
-#include "duedates/ImpostazioniPagamento.h"
 #include "duedates/bank/AbbinamentoBanca.h"
-#include "screens/common/Campi.h"
-#include "screens/common/CampoCodice.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
+#include "duedates/payments/ImpostazioniPagamento.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/Griglia.h"
 #include "screens/ledger/FontiPrimanota.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kColonnaStato = 4;
@@ -31,11 +31,11 @@ QString Qs(const std::string& testo) {
   return QString::fromStdString(testo);
 }
 
-std::string Fatture(const PropostaBanca& proposta) {
+std::string Fatture(const duedates::PropostaBanca& proposta) {
   constexpr std::size_t kNominate = 6;
   std::string testo;
   for (std::size_t i = 0; i < proposta.scadenze.size() && i < kNominate; ++i) {
-    const Scadenza& s = proposta.scadenze[i];
+    const duedates::Scadenza& s = proposta.scadenze[i];
     testo += (i == 0 ? "" : "; ");
     testo += s.nFat != 0 ? "ft. " + std::to_string(s.nFat) : s.descrizione;
     testo += " scad. " + s.dt.Testo();
@@ -68,17 +68,18 @@ struct FinestraEstrattoBanca::Interno {
   void Accetta();
   void VaiAllaProssima(int riga);
   void VediScadenza();
-  [[nodiscard]] const LineaEstratto* LineaCorrente() const;
-  [[nodiscard]] OpzioniAbbinamento Opzioni(const std::string& cfp) const;
+  [[nodiscard]] const duedates::LineaEstratto* LineaCorrente() const;
+  [[nodiscard]] duedates::OpzioniAbbinamento Opzioni(const std::string& cfp) const;
   [[nodiscard]] Ambiente& Sessione() const { return gestore.Sessione(); }
 
   FinestraEstrattoBanca& finestra;
   Finestre& gestore;
-  EstrattoBanca estratto;
-  AbbinamentoBanca abbinamento;
+  duedates::EstrattoBanca estratto;
+  duedates::AbbinamentoBanca abbinamento;
   QString fileAperto;
-  std::vector<PropostaBanca> migliori;  ///< the surest one a line; without due dates for none
-  std::vector<PropostaBanca> proposte;  ///< of the current line
+  std::vector<duedates::PropostaBanca>
+      migliori;  ///< the surest one a line; without due dates for none
+  std::vector<duedates::PropostaBanca> proposte;  ///< of the current line
 
   CampoTesto* file;
   QPushButton* sfoglia;
@@ -133,7 +134,7 @@ QLayout* FinestraEstrattoBanca::Interno::CreaFile() {
 QLayout* FinestraEstrattoBanca::Interno::CreaColonne() {
   constexpr int kCaratteri = 16;
   auto* riga = new QHBoxLayout;
-  for (const CampoImporta& campo : CampiEstratto()) {
+  for (const archives::CampoImporta& campo : duedates::CampiEstratto()) {
     auto* scelta = new QComboBox;
     scelta->setObjectName(QStringLiteral("Colonna") + Qs(campo.nome));
     scelta->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -147,7 +148,8 @@ QLayout* FinestraEstrattoBanca::Interno::CreaColonne() {
 
 QLayout* FinestraEstrattoBanca::Interno::CreaImpostazioni() {
   constexpr int kCifre = 12;
-  const auto impostate = LeggiImpostazioni(Sessione(), FinestraPagamento::Scadenzario, "C");
+  const auto impostate =
+      duedates::LeggiImpostazioni(Sessione(), duedates::FinestraPagamento::Scadenzario, "C");
   contropartita->Mostra(Valore(impostate.contropartita));
   contropartita->Risolvi();
   soloAperte->setObjectName(QStringLiteral("SoloDaAbbinare"));
@@ -257,7 +259,7 @@ void FinestraEstrattoBanca::Interno::Apri() {
 }
 
 void FinestraEstrattoBanca::Interno::MostraColonne() {
-  const auto& campi = CampiEstratto();
+  const auto& campi = duedates::CampiEstratto();
   for (std::size_t i = 0; i < colonne.size(); ++i) {
     const QSignalBlocker muta(colonne[i]);
     colonne[i]->clear();
@@ -272,7 +274,7 @@ void FinestraEstrattoBanca::Interno::MostraColonne() {
 
 void FinestraEstrattoBanca::Interno::CambiaColonna(std::size_t campo, int scelta) {
   auto& abbinamenti = estratto.Abbinamenti();
-  const std::string& nome = CampiEstratto()[campo].nome;
+  const std::string& nome = duedates::CampiEstratto()[campo].nome;
   if (scelta > 0) {
     abbinamenti.Abbina(static_cast<std::size_t>(scelta - 1), nome);
   } else if (const auto dove = abbinamenti.Colonna(nome)) {
@@ -297,7 +299,7 @@ void FinestraEstrattoBanca::Interno::Proponi() {
                                                       static_cast<std::int64_t>(migliori.size()));
   for (std::size_t i = 0; i < migliori.size(); ++i) {
     if (i % kPasso == 0 && !avanzamento->Avanza(static_cast<std::int64_t>(i))) return;
-    const LineaEstratto& linea = estratto.Linee()[i];
+    const duedates::LineaEstratto& linea = estratto.Linee()[i];
     if (abbinamento.GiaAbbinata(linea)) continue;
     auto trovate = abbinamento.Proponi(linea);
     if (!trovate.empty()) migliori[i] = std::move(trovate.front());
@@ -305,8 +307,8 @@ void FinestraEstrattoBanca::Interno::Proponi() {
 }
 
 std::vector<Valore> FinestraEstrattoBanca::Interno::Celle(std::size_t indice) const {
-  const LineaEstratto& linea = estratto.Linee()[indice];
-  const PropostaBanca& prima = migliori[indice];
+  const duedates::LineaEstratto& linea = estratto.Linee()[indice];
+  const duedates::PropostaBanca& prima = migliori[indice];
   const bool gia = abbinamento.GiaAbbinata(linea);
   const std::string stato = gia                      ? "già registrato"
                             : prima.scadenze.empty() ? "nessuna proposta"
@@ -333,7 +335,7 @@ void FinestraEstrattoBanca::Interno::MostraLinee() {
   MostraRiepilogo();
 }
 
-const LineaEstratto* FinestraEstrattoBanca::Interno::LineaCorrente() const {
+const duedates::LineaEstratto* FinestraEstrattoBanca::Interno::LineaCorrente() const {
   const int riga = linee->RigaCorrente();
   if (riga < 0 || riga >= linee->Modello().rowCount()) return nullptr;
   const auto indice = static_cast<std::size_t>(linee->Modello().Riga(riga)[kIndiceLinea].Intero());
@@ -342,11 +344,11 @@ const LineaEstratto* FinestraEstrattoBanca::Interno::LineaCorrente() const {
 
 void FinestraEstrattoBanca::Interno::MostraProposte() {
   proposte.clear();
-  const LineaEstratto* linea = LineaCorrente();
+  const duedates::LineaEstratto* linea = LineaCorrente();
   if (linea != nullptr && !abbinamento.GiaAbbinata(*linea)) proposte = abbinamento.Proponi(*linea);
   std::vector<std::vector<Valore>> righe;
   righe.reserve(proposte.size());
-  for (const PropostaBanca& p : proposte) {
+  for (const duedates::PropostaBanca& p : proposte) {
     righe.push_back({p.conto, p.nome, Fatture(p), p.Residuo(), p.arrotondamento, p.motivo});
   }
   possibili->Modello().Righe(std::move(righe));
@@ -379,15 +381,16 @@ void FinestraEstrattoBanca::Interno::MostraRiepilogo() {
                          .arg(estratto.Scartate().size()));
 }
 
-OpzioniAbbinamento FinestraEstrattoBanca::Interno::Opzioni(const std::string& cfp) const {
-  const auto impostate = LeggiImpostazioni(Sessione(), FinestraPagamento::Scadenzario, cfp);
+duedates::OpzioniAbbinamento FinestraEstrattoBanca::Interno::Opzioni(const std::string& cfp) const {
+  const auto impostate =
+      duedates::LeggiImpostazioni(Sessione(), duedates::FinestraPagamento::Scadenzario, cfp);
   const auto conto = contropartita->Letto();
   return {impostate.causale, conto ? conto.Valore().Testo() : std::string(),
           impostate.contoArrotondamenti};
 }
 
 void FinestraEstrattoBanca::Interno::Accetta() {
-  const LineaEstratto* linea = LineaCorrente();
+  const duedates::LineaEstratto* linea = LineaCorrente();
   const int scelta = possibili->RigaCorrente();
   if (linea == nullptr || scelta < 0 || scelta >= static_cast<int>(proposte.size())) return;
   contropartita->Risolvi();
@@ -396,13 +399,13 @@ void FinestraEstrattoBanca::Interno::Accetta() {
         "il conto " + contropartita->text().toStdString() + " non esiste", Icona::Avviso);
     return;
   }
-  const PropostaBanca proposta = proposte[static_cast<std::size_t>(scelta)];
+  const duedates::PropostaBanca proposta = proposte[static_cast<std::size_t>(scelta)];
   if (!abbinamento.Accetta(*linea, proposta, Opzioni(proposta.cfp))) return;
   // Other lines may have had the same due dates proposed.
   for (std::size_t i = 0; i < migliori.size(); ++i) {
     if (migliori[i].conto != proposta.conto || migliori[i].cfp != proposta.cfp) continue;
     auto trovate = abbinamento.Proponi(estratto.Linee()[i]);
-    migliori[i] = trovate.empty() ? PropostaBanca() : std::move(trovate.front());
+    migliori[i] = trovate.empty() ? duedates::PropostaBanca() : std::move(trovate.front());
   }
   const int riga = linee->RigaCorrente();
   MostraLinee();
@@ -448,4 +451,4 @@ bool FinestraEstrattoBanca::PremiConferma() {
   return Premi({"Accetta"});
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -4,9 +4,9 @@
 
 #include <memory>
 
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class FinestraEstrattoBanca : public FinestraFunzione {
   Q_OBJECT
@@ -24,4 +24,4 @@ class FinestraEstrattoBanca : public FinestraFunzione {
   std::unique_ptr<Interno> interno_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -2,15 +2,16 @@
 
 #include "duedates/payments/AnticipoFattura.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 FinestraAnticipi::FinestraAnticipi(Finestre& finestre)
     : FinestraScadenzaDigitata(QStringLiteral("AccontiPrimaDiFattura"),
                                tr("Registrazione anticipi su fatture da emettere o ricevere"),
-                               static_cast<int>(FinestraPagamento::Anticipi),
-                               std::make_unique<AnticipoFattura>(finestre.Sessione()), finestre) {
+                               static_cast<int>(duedates::FinestraPagamento::Anticipi),
+                               std::make_unique<duedates::AnticipoFattura>(finestre.Sessione()),
+                               finestre) {
   Disponi();
   setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

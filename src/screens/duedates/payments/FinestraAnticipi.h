@@ -3,7 +3,7 @@
 
 #include "screens/duedates/payments/FinestraScadenzaDigitata.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class FinestraAnticipi : public FinestraScadenzaDigitata {
   Q_OBJECT
@@ -12,4 +12,4 @@ class FinestraAnticipi : public FinestraScadenzaDigitata {
   explicit FinestraAnticipi(Finestre& finestre);
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -8,13 +8,13 @@
 #include <QVBoxLayout>
 
 #include "duedates/payments/InsolutoRiba.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
-#include "screens/common/Legatura.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
+#include "screens/common/lists/Griglia.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/SceltaParte.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr std::size_t kMassimoRicevute = 200;
@@ -26,13 +26,14 @@ constexpr int kTutto = 100;
 
 FinestraInsoluti::FinestraInsoluti(Finestre& finestre)
     : FinestraScadenzaDigitata(QStringLiteral("InsolutiRiba"), tr("Registrazione insoluti RiBa"),
-                               static_cast<int>(FinestraPagamento::Insoluti),
-                               std::make_unique<InsolutoRiba>(finestre.Sessione()), finestre) {
+                               static_cast<int>(duedates::FinestraPagamento::Insoluti),
+                               std::make_unique<duedates::InsolutoRiba>(finestre.Sessione()),
+                               finestre) {
   Disponi();
 }
 
-InsolutoRiba& FinestraInsoluti::Insoluto() const {
-  return static_cast<InsolutoRiba&>(Caso());
+duedates::InsolutoRiba& FinestraInsoluti::Insoluto() const {
+  return static_cast<duedates::InsolutoRiba&>(Caso());
 }
 
 void FinestraInsoluti::AltriRiquadri(QVBoxLayout& colonna) {
@@ -118,7 +119,7 @@ void FinestraInsoluti::AltroPiede(QHBoxLayout& piede) {
 void FinestraInsoluti::ParteCambiata() {
   std::vector<std::vector<Valore>> righe;
   if (!Insoluto().Conto().empty()) {
-    for (const RicevutaPresentata& r : Insoluto().Presentate(kMassimoRicevute)) {
+    for (const duedates::RicevutaPresentata& r : Insoluto().Presentate(kMassimoRicevute)) {
       righe.push_back({r.dt, r.importoE, r.nFat, r.dtFat, r.banca, r.nDistinta, r.dtPres,
                        r.insoluto == 0 ? Valore() : Valore(r.insoluto), r.descrizione, r.numero});
     }
@@ -152,4 +153,4 @@ void FinestraInsoluti::ApriCodice(const QString& codice) {
   Apri();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

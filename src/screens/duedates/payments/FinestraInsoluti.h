@@ -5,11 +5,14 @@
 
 class QLabel;
 
-namespace fenalto {
+namespace fenalto::duedates {
+class InsolutoRiba;
+}
+
+namespace fenalto::screens {
 
 class CampoNumero;
 class Griglia;
-class InsolutoRiba;
 
 class FinestraInsoluti : public FinestraScadenzaDigitata {
   Q_OBJECT
@@ -29,11 +32,11 @@ class FinestraInsoluti : public FinestraScadenzaDigitata {
   QWidget* CreaRicevute();
   QWidget* CreaDatiRiba();
   void Apri();
-  [[nodiscard]] InsolutoRiba& Insoluto() const;
+  [[nodiscard]] duedates::InsolutoRiba& Insoluto() const;
 
   CampoNumero* selettore_ = nullptr;
   Griglia* ricevute_ = nullptr;
   QLabel* effettuata_ = nullptr;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -9,17 +9,17 @@
 #include <QVBoxLayout>
 
 #include "core/values/FormatoImporto.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Legatura.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/GrigliaScadenze.h"
 #include "screens/duedates/SceltaParte.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
-using Modo = PagamentiScadenzario::Modo;
-using Stato = PagamentiScadenzario::Stato;
+using Modo = duedates::PagamentiScadenzario::Modo;
+using Stato = duedates::PagamentiScadenzario::Stato;
 
 constexpr int kColonnaNum = 9;  ///< of the rows, after the columns shown
 constexpr int kCaratteriDescrizione = 40;
@@ -73,7 +73,7 @@ struct FinestraPagamenti::Interno {
   Finestre& gestore;
   Modo modo;
   QString titolo;
-  PagamentiScadenzario caso;
+  duedates::PagamentiScadenzario caso;
   Scheda ricerca;
 
   Legatura* impostazioni;
@@ -389,7 +389,7 @@ void FinestraPagamenti::Interno::ScegliTutte() {
 void FinestraPagamenti::Interno::ApriRiga(int indice) {
   if (indice < 0) return;
   const std::int64_t num = righe->Modello().Riga(indice)[kColonnaNum].Intero();
-  const RigaScelta* aperta = caso.RigaInCorso();
+  const duedates::RigaScelta* aperta = caso.RigaInCorso();
   if (aperta == nullptr || aperta->num != num) {
     if (!Raccogli() || (aperta != nullptr && !caso.ConfermaRiga())) return;
     caso.ApriRiga(num);
@@ -435,7 +435,7 @@ void FinestraPagamenti::Interno::ApriArchivio() {
 void FinestraPagamenti::Interno::MostraRighe() {
   std::vector<std::vector<Valore>> celle;
   celle.reserve(caso.Righe().size());
-  for (const RigaScelta& r : caso.Righe()) {
+  for (const duedates::RigaScelta& r : caso.Righe()) {
     celle.push_back({r.vista.conto, r.nome, r.vista.nFat, r.vista.dtFat, r.vista.dt, r.importo,
                      r.importoPagato, r.arrotondamento, r.saldata, r.num});
   }
@@ -445,7 +445,7 @@ void FinestraPagamenti::Interno::MostraRighe() {
 void FinestraPagamenti::Interno::Mostra() {
   MostraRighe();
   const bool aperto = Aperto();
-  const RigaScelta* inCorso = caso.RigaInCorso();
+  const duedates::RigaScelta* inCorso = caso.RigaInCorso();
   riga->Mostra();
   riquadroRiga->setVisible(inCorso != nullptr);
   suggerimento->setVisible(inCorso == nullptr);
@@ -510,4 +510,4 @@ void FinestraPagamenti::ApriCodice(const QString& codice) {
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -7,15 +7,15 @@
 #include <memory>
 
 #include "duedates/payments/PagamentiScadenzario.h"
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class FinestraPagamenti : public FinestraFunzione {
   Q_OBJECT
 
  public:
-  FinestraPagamenti(PagamentiScadenzario::Modo modo, Finestre& finestre);
+  FinestraPagamenti(duedates::PagamentiScadenzario::Modo modo, Finestre& finestre);
   ~FinestraPagamenti() override;
 
   [[nodiscard]] bool InModifica() const override;
@@ -30,4 +30,4 @@ class FinestraPagamenti : public FinestraFunzione {
   std::unique_ptr<Interno> interno_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

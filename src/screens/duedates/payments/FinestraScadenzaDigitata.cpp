@@ -8,12 +8,12 @@
 #include <QVBoxLayout>
 
 #include "duedates/payments/ScadenzaDigitata.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Legatura.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/SceltaParte.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreCodice = 5;
@@ -24,7 +24,7 @@ constexpr int kCaratteriDescrizione = 64;
 
 FinestraScadenzaDigitata::FinestraScadenzaDigitata(const QString& nome, const QString& titolo,
                                                    int numero,
-                                                   std::unique_ptr<ScadenzaDigitata> caso,
+                                                   std::unique_ptr<duedates::ScadenzaDigitata> caso,
                                                    Finestre& finestre)
     : FinestraFunzione(nome, titolo, finestre),
       numero_(numero),
@@ -190,4 +190,4 @@ bool FinestraScadenzaDigitata::Indietro() {
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -3,16 +3,19 @@
 
 #include <memory>
 
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
 class QHBoxLayout;
 class QPushButton;
 class QVBoxLayout;
 
-namespace fenalto {
+namespace fenalto::duedates {
+class ScadenzaDigitata;
+}
+
+namespace fenalto::screens {
 
 class Legatura;
-class ScadenzaDigitata;
 class SceltaParte;
 
 class FinestraScadenzaDigitata : public FinestraFunzione {
@@ -28,7 +31,7 @@ class FinestraScadenzaDigitata : public FinestraFunzione {
  protected:
   /// `numero` is that of the settings' keys.
   FinestraScadenzaDigitata(const QString& nome, const QString& titolo, int numero,
-                           std::unique_ptr<ScadenzaDigitata> caso, Finestre& finestre);
+                           std::unique_ptr<duedates::ScadenzaDigitata> caso, Finestre& finestre);
 
   /// Lays the window out; frames of a derived window go to `AltriRiquadri`.
   void Disponi();
@@ -40,7 +43,7 @@ class FinestraScadenzaDigitata : public FinestraFunzione {
   /// The due date is shown, a new one or as it was changed.
   virtual void Mostra();
 
-  [[nodiscard]] ScadenzaDigitata& Caso() const { return *caso_; }
+  [[nodiscard]] duedates::ScadenzaDigitata& Caso() const { return *caso_; }
   [[nodiscard]] Legatura& Dati() { return *dati_; }
   [[nodiscard]] SceltaParte& Parte() { return *parte_; }
 
@@ -53,7 +56,7 @@ class FinestraScadenzaDigitata : public FinestraFunzione {
   void VaiA(const std::string& campo);
 
   int numero_;
-  std::unique_ptr<ScadenzaDigitata> caso_;
+  std::unique_ptr<duedates::ScadenzaDigitata> caso_;
   Legatura* dati_;
   Legatura* impostazioni_;
   SceltaParte* parte_;
@@ -61,4 +64,4 @@ class FinestraScadenzaDigitata : public FinestraFunzione {
   QPushButton* conferma_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -5,13 +5,13 @@
 #include <QVBoxLayout>
 
 #include "duedates/reports/EstrattoConto.h"
-#include "screens/common/Campi.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/InCorso.h"
-#include "screens/common/OpzioniGrafiche.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/OpzioniGrafiche.h"
+#include "screens/common/windows/InCorso.h"
 #include "screens/duedates/reports/SceltaStampaParti.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 struct FinestraEstrattoConto::Interno {
   Interno(FinestraEstrattoConto& finestraUsata, Finestre& gestoreUsato);
@@ -20,7 +20,7 @@ struct FinestraEstrattoConto::Interno {
   void Stampa();
 
   Finestre& gestore;
-  EstrattoConto estratto;
+  duedates::EstrattoConto estratto;
   Scheda scheda;
   Legatura* legatura;
   SceltaStampaParti* parti = nullptr;
@@ -78,7 +78,7 @@ void FinestraEstrattoConto::Interno::AccendiPagate() {
 void FinestraEstrattoConto::Interno::Stampa() {
   if (leggendo || !legatura->Raccogli()) return;
   const InCorso lettura(leggendo);
-  SceltaEstrattoConto scelta;
+  duedates::SceltaEstrattoConto scelta;
   scelta.scadenze = parti->Scelta();
   scelta.scadenze.pagateDal = scheda.Leggi("PagateDal").Data();
   scelta.alla = scheda.Leggi("AllaData").Data();
@@ -96,4 +96,4 @@ FinestraEstrattoConto::~FinestraEstrattoConto() {
   hide();  // nothing is read from its fields any more
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

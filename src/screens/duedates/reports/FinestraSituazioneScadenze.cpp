@@ -10,13 +10,13 @@
 
 #include "core/values/FormatoImporto.h"
 #include "duedates/reports/SituazioneScadenze.h"
-#include "screens/common/CampoGiorno.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/GraficoBarre.h"
-#include "screens/common/Griglia.h"
-#include "screens/common/InCorso.h"
+#include "screens/common/fields/CampoGiorno.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/Griglia.h"
+#include "screens/common/reports/GraficoBarre.h"
+#include "screens/common/windows/InCorso.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 enum Pagina { kSituazione = 0, kScadenze = 1 };
@@ -28,7 +28,7 @@ constexpr int kColonneParte[] = {1, 2};
 constexpr std::size_t kPosto = 12;
 
 /// The amounts told under the parties, in the order of GrigliaParti.
-constexpr std::array<const char*, kFasce + 2> kNomiTotali = {
+constexpr std::array<const char*, duedates::kFasce + 2> kNomiTotali = {
     "TotAScadere", "TotFino30", "TotFino60", "TotFino90", "TotOltre", "TotScaduto", "Totale"};
 
 QString Qs(const std::string& testo) {
@@ -40,18 +40,18 @@ QString Scritto(Importo importo) {
 }
 
 /// Classes, what is overdue of them, all.
-std::array<Importo, kNomiTotali.size()> Importi(const ImportiFasce& fasce) {
-  return {fasce.Di(Fascia::AScadere),
-          fasce.Di(Fascia::Fino30),
-          fasce.Di(Fascia::Fino60),
-          fasce.Di(Fascia::Fino90),
-          fasce.Di(Fascia::Oltre),
+std::array<Importo, kNomiTotali.size()> Importi(const duedates::ImportiFasce& fasce) {
+  return {fasce.Di(duedates::Fascia::AScadere),
+          fasce.Di(duedates::Fascia::Fino30),
+          fasce.Di(duedates::Fascia::Fino60),
+          fasce.Di(duedates::Fascia::Fino90),
+          fasce.Di(duedates::Fascia::Oltre),
           fasce.Scaduto(),
           fasce.Totale()};
 }
 
-std::vector<Valore> Celle(const ScadenzaStampata& s, Data alla, std::int64_t posto) {
-  const auto ritardo = GiorniRitardo(s.dt, alla);
+std::vector<Valore> Celle(const duedates::ScadenzaStampata& s, Data alla, std::int64_t posto) {
+  const auto ritardo = duedates::GiorniRitardo(s.dt, alla);
   return {s.dt,        s.conto,
           s.ragsoc,    s.nFat == 0 ? Valore() : Valore(s.nFat),
           s.dtFat,     s.DescrizioneSegnata(),
@@ -71,13 +71,13 @@ struct FinestraSituazioneScadenze::Interno {
   QWidget* CreaSituazione();
   QWidget* CreaScadenze();
   void Collega();
-  [[nodiscard]] SceltaSituazione Scelta() const;
+  [[nodiscard]] duedates::SceltaSituazione Scelta() const;
   void DataLasciata();
   void Carica();
   /// Reads again, and stays on the due dates of the party at hand.
   void Rileggi();
-  void Mostra(const Situazione& situazione);
-  void MostraGrafico(const Situazione& situazione);
+  void Mostra(const duedates::Situazione& situazione);
+  void MostraGrafico(const duedates::Situazione& situazione);
   /// The open due dates of a party; of all, when empty.
   void VediScadenze(const std::string& quale, const std::string& ragsoc);
   /// The same of the party in a row.
@@ -86,8 +86,8 @@ struct FinestraSituazioneScadenze::Interno {
 
   FinestraSituazioneScadenze& finestra;
   Finestre& gestore;
-  SituazioneScadenze situazioni;
-  std::vector<ScadenzaStampata> elencate;
+  duedates::SituazioneScadenze situazioni;
+  std::vector<duedates::ScadenzaStampata> elencate;
   Data mostrata;  ///< day of what is shown
   /// Code and name of the party whose due dates are listed; empty for all.
   std::pair<std::string, std::string> vista;
@@ -171,7 +171,7 @@ QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaScelta() {
   classe->addItem(QStringLiteral("C"), QStringLiteral("C"));
   classe->addItem(QStringLiteral("F"), QStringLiteral("F"));
   classe->setToolTip(tr("C clienti, F fornitori"));
-  const SceltaSituazione proposta = situazioni.Proposta();
+  const duedates::SceltaSituazione proposta = situazioni.Proposta();
   classe->setCurrentIndex(classe->findData(Qs(proposta.cfp)));
   alla->Mostra(proposta.alla);
   alla->setToolTip(tr("le scadenze anteriori a questa data sono date per scadute"));
@@ -256,8 +256,8 @@ void FinestraSituazioneScadenze::Interno::Collega() {
   connect(scadenze, &Griglia::RigaInvio, f, vediScadenza);
 }
 
-SceltaSituazione FinestraSituazioneScadenze::Interno::Scelta() const {
-  SceltaSituazione scelta;
+duedates::SceltaSituazione FinestraSituazioneScadenze::Interno::Scelta() const {
+  duedates::SceltaSituazione scelta;
   scelta.cfp = classe->currentData().toString().toStdString();
   if (const auto letta = alla->Letto()) scelta.alla = letta.Valore().Data();
   return scelta;
@@ -285,7 +285,7 @@ void FinestraSituazioneScadenze::Interno::Carica() {
     return;
   }
   const InCorso inCorso(leggendo);
-  const SceltaSituazione scelta = Scelta();
+  const duedates::SceltaSituazione scelta = Scelta();
   mostrata = scelta.alla;
   elencate.clear();
   scadenze->Modello().Righe({});
@@ -294,16 +294,16 @@ void FinestraSituazioneScadenze::Interno::Carica() {
   schede->setCurrentIndex(kSituazione);
   // What couldn't be read whole isn't shown at all.
   const auto situazione = situazioni.Calcola(scelta);
-  Mostra(situazione.value_or(Situazione{}));
+  Mostra(situazione.value_or(duedates::Situazione{}));
   if (!situazione) grafico->MostraTesto(tr("La situazione non è stata letta"));
   esporta->setEnabled(situazione && situazione->scadenze != 0);
   tutte->setEnabled(esporta->isEnabled());
 }
 
-void FinestraSituazioneScadenze::Interno::Mostra(const Situazione& situazione) {
+void FinestraSituazioneScadenze::Interno::Mostra(const duedates::Situazione& situazione) {
   std::vector<std::vector<Valore>> righe;
   righe.reserve(situazione.parti.size());
-  for (const ParteAperta& p : situazione.parti) {
+  for (const duedates::ParteAperta& p : situazione.parti) {
     std::vector<Valore> celle = {p.conto, p.ragsoc, p.scadenze};
     for (const Importo importo : Importi(p.importi)) celle.emplace_back(importo);
     righe.push_back(std::move(celle));
@@ -311,9 +311,9 @@ void FinestraSituazioneScadenze::Interno::Mostra(const Situazione& situazione) {
   parti->Modello().Righe(std::move(righe));
   if (!situazione.parti.empty()) parti->VaiARiga(0);
   righe.clear();
-  for (const MeseAperto& m : situazione.mesi) {
+  for (const duedates::MeseAperto& m : situazione.mesi) {
     righe.push_back(
-        {NomeMese(m.mese), m.scadenze, m.scaduto, m.aScadere, m.Totale(), m.progressivo});
+        {duedates::NomeMese(m.mese), m.scadenze, m.scaduto, m.aScadere, m.Totale(), m.progressivo});
   }
   mesi->Modello().Righe(std::move(righe));
   const auto importi = Importi(situazione.totali);
@@ -321,10 +321,10 @@ void FinestraSituazioneScadenze::Interno::Mostra(const Situazione& situazione) {
   MostraGrafico(situazione);
 }
 
-void FinestraSituazioneScadenze::Interno::MostraGrafico(const Situazione& situazione) {
+void FinestraSituazioneScadenze::Interno::MostraGrafico(const duedates::Situazione& situazione) {
   if (situazione.scadenze == 0) return grafico->MostraTesto(tr("Non ci sono scadenze aperte"));
   std::vector<GraficoBarre::Gruppo> gruppi;
-  for (const ColonnaMesi& colonna : ColonneMesi(situazione.mesi, mostrata)) {
+  for (const duedates::ColonnaMesi& colonna : duedates::ColonneMesi(situazione.mesi, mostrata)) {
     gruppi.push_back(
         {Qs(colonna.nome),
          {colonna.scaduto, colonna.aScadere},
@@ -347,7 +347,7 @@ void FinestraSituazioneScadenze::Interno::VediScadenze(const std::string& quale,
   Importo residuo;
   std::vector<std::vector<Valore>> righe;
   righe.reserve(elencate.size());
-  for (const ScadenzaStampata& s : elencate) {
+  for (const duedates::ScadenzaStampata& s : elencate) {
     righe.push_back(Celle(s, mostrata, static_cast<std::int64_t>(righe.size())));
     residuo += s.Residuo();
   }
@@ -373,8 +373,8 @@ void FinestraSituazioneScadenze::Interno::VediScadenza(int riga) {
   // Copied first: the main window may close this one.
   Finestre& principale = gestore;
   const auto posto = static_cast<std::size_t>(scadenze->Modello().Riga(riga)[kPosto].Intero());
-  const Rinvio rinvio = elencate.at(posto).RinvioARegistrazione();
-  if (rinvio.genere == Rinvio::Genere::Registrazione) {
+  const reports::Rinvio rinvio = elencate.at(posto).RinvioARegistrazione();
+  if (rinvio.genere == reports::Rinvio::Genere::Registrazione) {
     principale.VediRegistrazione(rinvio.numero, rinvio.anno);
   } else if (auto* conto = principale.ApriFunzione(QStringLiteral("MovimentiConto"))) {
     conto->ApriCodice(Qs(rinvio.cfp + "|" + rinvio.conto));
@@ -402,4 +402,4 @@ bool FinestraSituazioneScadenze::Indietro() {
   return true;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -4,9 +4,9 @@
 
 #include <memory>
 
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class FinestraSituazioneScadenze : public FinestraFunzione {
   Q_OBJECT
@@ -23,4 +23,4 @@ class FinestraSituazioneScadenze : public FinestraFunzione {
   std::unique_ptr<Interno> interno_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -6,25 +6,25 @@
 #include <QVBoxLayout>
 
 #include "duedates/reports/StampaScadenze.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/EsportaGriglia.h"
-#include "screens/common/InCorso.h"
-#include "screens/common/OpzioniGrafiche.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/OpzioniGrafiche.h"
+#include "screens/common/lists/EsportaGriglia.h"
+#include "screens/common/windows/InCorso.h"
 #include "screens/duedates/reports/SceltaStampaParti.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 struct FinestraStampaScadenze::Interno {
-  Interno(FinestraStampaScadenze& finestraUsata, OrdineScadenze ordineUsato,
+  Interno(FinestraStampaScadenze& finestraUsata, duedates::OrdineScadenze ordineUsato,
           Finestre& gestoreUsato);
-  [[nodiscard]] bool PerConto() const { return ordine == OrdineScadenze::PerConto; }
-  [[nodiscard]] SceltaStampaScadenze Scelta() const;
+  [[nodiscard]] bool PerConto() const { return ordine == duedates::OrdineScadenze::PerConto; }
+  [[nodiscard]] duedates::SceltaStampaScadenze Scelta() const;
   void Stampa();
   void Esporta();
 
   Finestre& gestore;
-  OrdineScadenze ordine;
-  StampaScadenze stampa;
+  duedates::OrdineScadenze ordine;
+  duedates::StampaScadenze stampa;
   Scheda scheda;
   Legatura* legatura;
   SceltaStampaParti* parti = nullptr;
@@ -33,7 +33,8 @@ struct FinestraStampaScadenze::Interno {
 };
 
 FinestraStampaScadenze::Interno::Interno(FinestraStampaScadenze& finestraUsata,
-                                         OrdineScadenze ordineUsato, Finestre& gestoreUsato)
+                                         duedates::OrdineScadenze ordineUsato,
+                                         Finestre& gestoreUsato)
     : gestore(gestoreUsato),
       ordine(ordineUsato),
       stampa(gestoreUsato.Sessione(), gestoreUsato.Uscite()),
@@ -64,8 +65,8 @@ FinestraStampaScadenze::Interno::Interno(FinestraStampaScadenze& finestraUsata,
   legatura->Mostra();
 }
 
-SceltaStampaScadenze FinestraStampaScadenze::Interno::Scelta() const {
-  SceltaStampaScadenze scelta;
+duedates::SceltaStampaScadenze FinestraStampaScadenze::Interno::Scelta() const {
+  duedates::SceltaStampaScadenze scelta;
   scelta.scadenze = parti->Scelta();
   scelta.ordine = ordine;
   scelta.totaliMese = scheda.Leggi("TotaliMese").Booleano();
@@ -83,7 +84,7 @@ void FinestraStampaScadenze::Interno::Stampa() {
 void FinestraStampaScadenze::Interno::Esporta() {
   if (leggendo || !legatura->Raccogli()) return;
   const InCorso lettura(leggendo);
-  const Foglio composto = stampa.FoglioScadenze(Scelta());
+  const reports::Foglio composto = stampa.FoglioScadenze(Scelta());
   if (composto.colonne.empty()) return;  // nothing found, or stopped by the user
   auto& dialoghi = gestore.Sessione().Dialogo();
   const auto uscita = dialoghi.ScegliUscita(
@@ -92,13 +93,13 @@ void FinestraStampaScadenze::Interno::Esporta() {
   ScriviFoglio(composto, *uscita, dialoghi);
 }
 
-FinestraStampaScadenze::FinestraStampaScadenze(OrdineScadenze ordine, Finestre& finestre)
-    : FinestraFunzione(ordine == OrdineScadenze::PerConto ? QStringLiteral("STScadenzePerConto")
-                                                          : QStringLiteral("STScadenzePerData"),
-                       ordine == OrdineScadenze::PerConto
-                           ? tr("Stampa scadenze per cliente/fornitore")
-                           : tr("Stampa scadenze per data"),
-                       finestre) {
+FinestraStampaScadenze::FinestraStampaScadenze(duedates::OrdineScadenze ordine, Finestre& finestre)
+    : FinestraFunzione(
+          ordine == duedates::OrdineScadenze::PerConto ? QStringLiteral("STScadenzePerConto")
+                                                       : QStringLiteral("STScadenzePerData"),
+          ordine == duedates::OrdineScadenze::PerConto ? tr("Stampa scadenze per cliente/fornitore")
+                                                       : tr("Stampa scadenze per data"),
+          finestre) {
   interno_ = std::make_unique<Interno>(*this, ordine, finestre);
 }
 
@@ -106,4 +107,4 @@ FinestraStampaScadenze::~FinestraStampaScadenze() {
   hide();  // nothing is read from its fields any more
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

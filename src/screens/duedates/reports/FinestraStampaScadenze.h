@@ -5,15 +5,15 @@
 #include <memory>
 
 #include "duedates/reports/LetturaScadenze.h"
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class FinestraStampaScadenze : public FinestraFunzione {
   Q_OBJECT
 
  public:
-  FinestraStampaScadenze(OrdineScadenze ordine, Finestre& finestre);
+  FinestraStampaScadenze(duedates::OrdineScadenze ordine, Finestre& finestre);
   ~FinestraStampaScadenze() override;
 
  private:
@@ -21,4 +21,4 @@ class FinestraStampaScadenze : public FinestraFunzione {
   std::unique_ptr<Interno> interno_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

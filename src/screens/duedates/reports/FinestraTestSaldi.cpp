@@ -6,17 +6,17 @@
 #include <QVBoxLayout>
 
 #include "duedates/reports/TestSaldi.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/InCorso.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/windows/InCorso.h"
 #include "screens/duedates/reports/SceltaStampaParti.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 struct FinestraTestSaldi::Interno {
   Interno(FinestraTestSaldi& finestraUsata, Finestre& gestoreUsato);
   void Stampa();
 
-  TestSaldi test;
+  duedates::TestSaldi test;
   Scheda scheda;
   Legatura* legatura;
   SceltaStampaParti* parti;
@@ -52,7 +52,7 @@ FinestraTestSaldi::Interno::Interno(FinestraTestSaldi& finestraUsata, Finestre& 
 void FinestraTestSaldi::Interno::Stampa() {
   if (leggendo || !legatura->Raccogli()) return;
   const InCorso lettura(leggendo);
-  const SceltaScadenze scelta = parti->Scelta();
+  const duedates::SceltaScadenze scelta = parti->Scelta();
   test.Stampa({scelta.cfp, scelta.daCliFor, scelta.aCliFor});
 }
 
@@ -66,4 +66,4 @@ FinestraTestSaldi::~FinestraTestSaldi() {
   hide();  // nothing is read from its fields any more
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

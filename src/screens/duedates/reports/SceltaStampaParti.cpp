@@ -4,13 +4,13 @@
 #include <QComboBox>
 #include <QGridLayout>
 
-#include "screens/common/Campi.h"
-#include "screens/common/CampoCodice.h"
-#include "screens/common/CampoGiorno.h"
-#include "screens/common/Disposizione.h"
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/CampoGiorno.h"
+#include "screens/common/fields/Disposizione.h"
 #include "screens/ledger/FontiPrimanota.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreCodice = 12;
@@ -96,8 +96,8 @@ void SceltaStampaParti::CambiaClasse() {
   }
 }
 
-SceltaScadenze SceltaStampaParti::Scelta() const {
-  SceltaScadenze s;
+duedates::SceltaScadenze SceltaStampaParti::Scelta() const {
+  duedates::SceltaScadenze s;
   s.cfp = classe_->currentData().toString().toStdString();
   s.daCliFor = scheda_.Leggi("DaCliFor").Testo();
   s.aCliFor = scheda_.Leggi("ACliFor").Testo();
@@ -108,4 +108,4 @@ SceltaScadenze SceltaStampaParti::Scelta() const {
   return s;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -5,13 +5,13 @@
 #include <QGroupBox>
 
 #include "duedates/reports/LetturaScadenze.h"
-#include "screens/common/Finestre.h"
-#include "screens/common/Legatura.h"
+#include "screens/common/fields/Legatura.h"
+#include "screens/common/windows/Finestre.h"
 
 class QComboBox;
 class QGridLayout;
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class CampoCodice;
 class CampoData;
@@ -26,7 +26,7 @@ class SceltaStampaParti : public QGroupBox {
   /// binds their controls. `CFPx` is the class.
   SceltaStampaParti(Finestre& finestre, Scheda& scheda, Legatura& legatura,
                     Cosa cosa = Cosa::Scadenze);
-  [[nodiscard]] SceltaScadenze Scelta() const;
+  [[nodiscard]] duedates::SceltaScadenze Scelta() const;
   /// A date bound to the record's field of that name.
   static CampoData* Data(const char* nome, Finestre& finestre, Scheda& scheda, Legatura& legatura);
 
@@ -44,4 +44,4 @@ class SceltaStampaParti : public QGroupBox {
   CampoCodice* a_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -9,14 +9,14 @@
 
 #include "core/values/FormatoImporto.h"
 #include "duedates/riba/RaggruppamentoRiba.h"
-#include "screens/common/CampoCodice.h"
-#include "screens/common/CampoGiorno.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
-#include "screens/common/InCorso.h"
+#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/CampoGiorno.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/Griglia.h"
+#include "screens/common/windows/InCorso.h"
 #include "screens/ledger/FontiPrimanota.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreCodice = 12;
@@ -35,7 +35,7 @@ struct FinestraRaggruppamento::Interno {
   QHBoxLayout* CreaPulsanti();
   void Collega();
   /// The choice as typed; nothing, and told why, when a day can't be read or the period is empty.
-  [[nodiscard]] std::optional<SceltaRaggruppamento> Scelta(bool avvisa);
+  [[nodiscard]] std::optional<duedates::SceltaRaggruppamento> Scelta(bool avvisa);
   void Carica();
   void MostraTotali();
   void Stampa();
@@ -43,8 +43,8 @@ struct FinestraRaggruppamento::Interno {
 
   FinestraRaggruppamento& finestra;
   Finestre& gestore;
-  RaggruppamentoRiba raggruppamento;
-  std::vector<GruppoRiba> gruppi;
+  duedates::RaggruppamentoRiba raggruppamento;
+  std::vector<duedates::GruppoRiba> gruppi;
   CampoData* da;
   CampoData* a;
   CampoCodice* cliente;
@@ -142,7 +142,7 @@ void FinestraRaggruppamento::Interno::Collega() {
   connect(esporta, &QPushButton::clicked, f, [this] { finestra.Esporta(*griglia); });
 }
 
-std::optional<SceltaRaggruppamento> FinestraRaggruppamento::Interno::Scelta(bool avvisa) {
+std::optional<duedates::SceltaRaggruppamento> FinestraRaggruppamento::Interno::Scelta(bool avvisa) {
   const auto rifiuta = [&](const std::string& testo, QWidget* campo) {
     if (avvisa) {
       gestore.Sessione().Dialogo().Messaggio(testo, Icona::Avviso);
@@ -150,7 +150,7 @@ std::optional<SceltaRaggruppamento> FinestraRaggruppamento::Interno::Scelta(bool
     }
     return std::nullopt;
   };
-  SceltaRaggruppamento scelta;
+  duedates::SceltaRaggruppamento scelta;
   for (const auto& [campo, giorno] : {std::pair(da, &scelta.da), std::pair(a, &scelta.a)}) {
     const auto letto = campo->Letto();
     if (!letto) return rifiuta(letto.Errore().messaggio, campo);
@@ -176,9 +176,9 @@ void FinestraRaggruppamento::Interno::Carica() {
   }
   std::vector<std::vector<Valore>> righe;
   righe.reserve(gruppi.size());
-  for (const GruppoRiba& g : gruppi) {
+  for (const duedates::GruppoRiba& g : gruppi) {
     righe.push_back({g.conto, g.ragsoc, g.dt, static_cast<std::int64_t>(g.scadenze.size()),
-                     g.Totale(), g.pagamento, RiferimentiFatture(g.scadenze)});
+                     g.Totale(), g.pagamento, duedates::RiferimentiFatture(g.scadenze)});
   }
   griglia->Modello().Righe(std::move(righe));
   MostraTotali();
@@ -188,7 +188,7 @@ void FinestraRaggruppamento::Interno::Carica() {
 void FinestraRaggruppamento::Interno::MostraTotali() {
   Importo importo;
   qsizetype scadenze = 0;
-  for (const GruppoRiba& g : gruppi) {
+  for (const duedates::GruppoRiba& g : gruppi) {
     importo += g.Totale();
     scadenze += static_cast<qsizetype>(g.scadenze.size());
   }
@@ -232,4 +232,4 @@ void FinestraRaggruppamento::Aggiorna() {
   interno_->Carica();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "screens/common/FinestraFunzione.h"
+#include "screens/common/windows/FinestraFunzione.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 
 class FinestraRaggruppamento : public FinestraFunzione {
   Q_OBJECT
@@ -21,4 +21,4 @@ class FinestraRaggruppamento : public FinestraFunzione {
   std::unique_ptr<Interno> interno_;
 };
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

@@ -13,12 +13,12 @@
 #include "core/session/Scheda.h"
 #include "core/values/FormatoImporto.h"
 #include "duedates/riba/Riba.h"
-#include "screens/common/Disposizione.h"
-#include "screens/common/Griglia.h"
-#include "screens/common/Legatura.h"
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Legatura.h"
+#include "screens/common/lists/Griglia.h"
 #include "screens/duedates/CampiScadenza.h"
 
-namespace fenalto {
+namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreBanca = 6;
@@ -67,7 +67,7 @@ class GrigliaRiba : public Griglia {
   std::function<void(int)> cambia_;
 };
 
-std::vector<Valore> Celle(const RigaRiba& r, bool scelta) {
+std::vector<Valore> Celle(const duedates::RigaRiba& r, bool scelta) {
   return {scelta,        r.numero, r.cliente, r.ragSoc1, r.dataScad, r.importo,
           r.descrizione, r.abi,    r.cab,     r.nFat,    r.dtFat,    r.pagamento};
 }
@@ -108,7 +108,7 @@ struct FinestraRiba::Interno {
 
   FinestraRiba& finestra;
   Finestre& gestore;
-  Riba caso;
+  duedates::Riba caso;
   Scheda campi;
   Legatura* legatura;
   GrigliaRiba* griglia;
@@ -276,7 +276,7 @@ void FinestraRiba::Interno::Cambia(int riga) {
   if (riga < 0 || riga >= griglia->Modello().rowCount()) return;
   const std::int64_t quale = griglia->Modello().Riga(riga)[kColonnaNumero].Intero();
   caso.Cambia(quale);
-  const auto trovata = std::ranges::find(caso.Righe(), quale, &RigaRiba::numero);
+  const auto trovata = std::ranges::find(caso.Righe(), quale, &duedates::RigaRiba::numero);
   if (trovata == caso.Righe().end()) return;
   int colonna = 0;
   for (Valore& valore : Celle(*trovata, caso.Scelta(quale))) {
@@ -342,7 +342,7 @@ void FinestraRiba::Interno::Mostra() {
 void FinestraRiba::Interno::MostraRighe() {
   std::vector<std::vector<Valore>> righe;
   righe.reserve(caso.Righe().size());
-  for (const RigaRiba& r : caso.Righe()) righe.push_back(Celle(r, caso.Scelta(r.numero)));
+  for (const duedates::RigaRiba& r : caso.Righe()) righe.push_back(Celle(r, caso.Scelta(r.numero)));
   const int corrente = std::max(griglia->RigaCorrente(), 0);
   const int quante = static_cast<int>(righe.size());
   griglia->Modello().Righe(std::move(righe));
@@ -368,4 +368,4 @@ void FinestraRiba::Aggiorna() {
   interno_->Rileggi();
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::screens

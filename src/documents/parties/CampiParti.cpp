@@ -1,0 +1,253 @@
+// Fields of customers and suppliers, page by page.
+#include <utility>
+
+#include "core/sql/Criterio.h"
+#include "documents/parties/ArchiviParti.h"
+#include "documents/parties/PartiInterno.h"
+
+namespace fenalto::documents {
+namespace {
+
+constexpr int kNome = 50;
+constexpr int kRecapito = 30;
+constexpr int kPosta = 120;
+constexpr int kFiscale = 16;
+constexpr int kScritta = 80;
+constexpr int kPercentuale = 8;
+
+archives::CampoArchivio Testo(const char* nome, const char* didascalia, int caratteri,
+                              const char* riquadro, int mostrati = 0) {
+  return {.nome = nome,
+          .didascalia = didascalia,
+          .caratteri = caratteri,
+          .riquadro = riquadro,
+          .mostrati = mostrati};
+}
+
+archives::CampoArchivio Codice(const char* nome, const char* didascalia, const char* tabella,
+                               const char* archivio, const char* riquadro,
+                               std::string filtro = "") {
+  return {.nome = nome,
+          .didascalia = didascalia,
+          .genere = archives::GenereCampo::Codice,
+          .fonte = {.fonte = tabella, .archivio = archivio, .filtro = std::move(filtro)},
+          .riquadro = riquadro};
+}
+
+archives::CampoArchivio Casella(const char* nome, const char* testo, const char* riquadro) {
+  return {.nome = nome, .didascalia = testo, .riquadro = riquadro};
+}
+
+archives::CampoArchivio Percento(const char* nome, const char* didascalia, const char* riquadro) {
+  return {.nome = nome, .didascalia = didascalia, .caratteri = kPercentuale, .riquadro = riquadro};
+}
+
+archives::CampoArchivio Accanto(archives::CampoArchivio campo) {
+  campo.accanto = true;
+  return campo;
+}
+
+archives::CampoArchivio Elencato(archives::CampoArchivio campo) {
+  campo.elenco = true;
+  return campo;
+}
+
+archives::CampoArchivio Maiuscolo(archives::CampoArchivio campo) {
+  campo.maiuscole = true;
+  return campo;
+}
+
+class Descrittore {
+ public:
+  Descrittore(archives::DescrizioneArchivio& archivio, const Parte& parte)
+      : archivio_(archivio), parte_(parte) {}
+
+  void Anagrafica();
+  void Contatti();
+  void Contabilita();
+  void Condizioni();
+  void Scritte();
+  void Destinazione();
+
+ private:
+  void Pagina(const char* nome, const char* titolo) {
+    pagina_ = nome;
+    archivio_.pagine.push_back({nome, titolo});
+  }
+  void Riquadro(const char* nome, const char* titolo, bool largo = true) {
+    archivio_.riquadri.push_back({nome, titolo, pagina_, largo});
+  }
+  void Campi(std::initializer_list<archives::CampoArchivio> campi) {
+    archivio_.campi.insert(archivio_.campi.end(), campi);
+  }
+  void Banca();
+  void Prezzi();
+
+  archives::DescrizioneArchivio& archivio_;
+  const Parte& parte_;
+  std::string pagina_;
+};
+
+void Descrittore::Anagrafica() {
+  archives::CampoArchivio ultimo{.nome = kUltimoCodice,
+                                 .didascalia = "ultimo codice",
+                                 .genere = archives::GenereCampo::Etichetta};
+  Campi({{.nome = "Cod", .didascalia = "Codice", .caratteri = archivio_.caratteriCodice},
+         Accanto(std::move(ultimo)),
+         Testo("ragsoc1", "Ragione sociale", kNome, ""),
+         Testo("ragsoc2", "(seconda riga)", kNome, ""),
+         Testo("Pseudonimo", "Pseudonimo", 20, ""),
+         Testo("indirizzo", "Indirizzo", kNome, ""),
+         Testo("cap", "CAP", 10, "", 6),
+         Accanto(Elencato(Testo("localita", "Località", kNome, "", 28))),
+         Accanto(Maiuscolo(Elencato(Testo("Prov", "Prov.", 4, "")))),
+         Testo("Nazione", "Nazione", kRecapito, "", 20),
+         Maiuscolo(Elencato(Testo("piva", "Partita IVA", kFiscale, ""))),
+         Accanto(Maiuscolo(Testo("CodFisc", "Codice fiscale", kFiscale, ""))),
+         Elencato(Testo("telefono1", "Telefono", kRecapito, "", 20)),
+         Accanto(Testo("telefono2", "altro telefono", kRecapito, "", 20)),
+         Testo("Fax", "Fax", kRecapito, "", 20),
+         Testo("EMail", "E-mail", kPosta, ""),
+         Testo("Internet", "Sito internet", kPosta, "")});
+}
+
+void Descrittore::Contatti() {
+  Pagina("PaginaContatti", "Contatti e note");
+  Riquadro("Contatti", "Persone da contattare");
+  Campi({Testo("Contatto1", "Nome", kNome, "Contatti", 40),
+         Accanto(Testo("TelContatto1", "Telefono", kRecapito, "Contatti", 18)),
+         Testo("EmailContatto1", "E-mail", kPosta, "Contatti"),
+         Testo("Contatto2", "Nome", kNome, "Contatti", 40),
+         Accanto(Testo("TelContatto2", "Telefono", kRecapito, "Contatti", 18)),
+         Testo("EmailContatto2", "E-mail", kPosta, "Contatti")});
+  Riquadro("NoteParte", "Note");
+  Campi({{.nome = "Note",
+          .didascalia = "Note",
+          .genere = archives::GenereCampo::Note,
+          .riquadro = "NoteParte"},
+         Casella("Privacy", "consenso al trattamento dei dati (privacy)", "NoteParte")});
+}
+
+void Descrittore::Contabilita() {
+  Pagina("PaginaContabilita", "Contabilità");
+  constexpr const char* kRiquadro = "Contabilita";
+  Riquadro(kRiquadro, "Contabilità e IVA");
+  Campi({Codice("Conto", "Conto riepilogativo", "Conti", "CONTI", kRiquadro,
+                sql::Criterio("CFP", "=", parte_.classe)),
+         Codice("ContropFatture", "Contropartita fatture", "Conti", "CONTI", kRiquadro, "CFP='P'"),
+         Codice("CodIva", "Codice IVA", "CodiciIva", "CODICIIVA", kRiquadro)});
+  if (parte_.Clienti()) {
+    Campi({Codice("EsenzioneIva", "Esenzione IVA", "CodiciIva", "CODICIIVA", kRiquadro),
+           Codice("Ritenuta", "Ritenuta", "Ritenute", "RITENUTE", kRiquadro)});
+    Campi({{.nome = "Fido", .didascalia = "Fido", .riquadro = kRiquadro}});
+  }
+  Campi({Codice("Categoria", "Categoria", "Categorie", "CATEGORIE", kRiquadro),
+         Casella("Ep", "Sospensione IVA", kRiquadro),
+         Accanto(Casella("Elenco", "va negli elenchi annuali", kRiquadro))});
+  Banca();
+  if (parte_.Clienti()) return;
+  Riquadro(kPersonaFisica, "Persona fisica soggetta a ritenuta");
+  Campi(
+      {{.nome = "DataNascita", .didascalia = "Nata/o il", .riquadro = kPersonaFisica},
+       Accanto(Testo("LuogoNascita", "a", kNome, kPersonaFisica, 40)),
+       Casella("CertificazioneCompensi", "riceve la certificazione dei compensi", kPersonaFisica)});
+}
+
+void Descrittore::Banca() {
+  constexpr const char* kRiquadro = "RiquadroBanca";
+  Riquadro(kRiquadro, parte_.Clienti() ? "Banca del cliente" : "Banca del fornitore");
+  Campi({Testo("Banca", "Banca", kNome, kRiquadro), Testo("Agenzia", "Agenzia", kNome, kRiquadro),
+         Maiuscolo(Testo("CinInt", "stato/cin int", 4, kRiquadro)),
+         Accanto(Maiuscolo(Testo("Cin", "cin", 1, kRiquadro, 2))),
+         Accanto(Testo("Abi", "abi", 5, kRiquadro)), Accanto(Testo("CAB", "cab", 5, kRiquadro)),
+         Accanto(Maiuscolo(Testo("ContoBanca", "conto corrente", 12, kRiquadro))),
+         Maiuscolo(Testo("Bic", "bic (swift code)", 11, kRiquadro))});
+}
+
+void Descrittore::Condizioni() {
+  Pagina("PaginaCondizioni", "Condizioni");
+  constexpr const char* kRiquadro = "Condizioni";
+  Riquadro(kRiquadro, parte_.Clienti() ? "Condizioni predefinite per fatture,ddt, ordini,offerte"
+                                       : "Condizioni predefinite");
+  Campi({Codice("Pagamento", "Pagamento", "Pagamento", "CODICIPAGAMENTO", kRiquadro),
+         {.nome = kInfoPagamento,
+          .didascalia = "",
+          .genere = archives::GenereCampo::Etichetta,
+          .riquadro = kRiquadro}});
+  if (!parte_.Clienti()) return;
+  Campi({Percento("ScCassa", "Sconto cassa %", kRiquadro),
+         Codice("Agente", "Agente", "Agenti", "AGENTI", kRiquadro),
+         Codice("Vettore", "Vettore", "Vettori", "VETTORI", kRiquadro)});
+  Prezzi();
+  constexpr const char* kFatturazione = "Fatturazione";
+  Riquadro(kFatturazione, "Fatturazione");
+  Campi({Testo("SpRiBa", "Spese incasso/riba da addebitare in fattura", 20, kFatturazione),
+         Testo("CodForn", "codice fornitore per fileconad", 20, kFatturazione),
+         Casella("RaggrRigheDdt", "raggruppa le righe dei ddt", kFatturazione),
+         Accanto(Casella("ConsumatoreFin", "consumatore finale", kFatturazione)),
+         Casella("EscludoFatAuto", "ddt esclusi dalla fatturazione automatica", kFatturazione)});
+}
+
+void Descrittore::Prezzi() {
+  constexpr const char* kRiquadro = "PrezziSconti";
+  Riquadro(kRiquadro, "Prezzi e sconti");
+  archives::CampoArchivio prezzo{.nome = "Prezzi123",
+                                 .didascalia = "Prezzo",
+                                 .caratteri = 2,
+                                 .nota =
+                                     "il cliente è soggetto al listino 1,2,3,4 o 5 dell'archivio "
+                                     "prodotti; 0: prezzo dell'ultima fattura",
+                                 .riquadro = kRiquadro};
+  archives::CampoArchivio listino = Testo("listino", "Listino", 10, kRiquadro);
+  listino.nota = "il cliente è soggetto ad uno specifico listino";
+  Campi({std::move(prezzo), std::move(listino), Percento("Sc1", "Sconti %", kRiquadro),
+         Accanto(Percento("Sc2", "", kRiquadro)), Accanto(Percento("Sc3", "", kRiquadro))});
+}
+
+void Descrittore::Scritte() {
+  Pagina("PaginaScritte", "Scritte");
+  Riquadro("ScritteDdt", "Scritte predefinite per ddt e ricevute");
+  Campi({Testo("VarieDdt1", "Riga 1", kScritta, "ScritteDdt"),
+         Testo("VarieDdt2", "Riga 2", kScritta, "ScritteDdt")});
+  if (parte_.Clienti()) {
+    Riquadro("ScritteFattura", "Scritte predefinite per fattura");
+    Campi({Testo("VarieFat1", "Riga 1", kScritta, "ScritteFattura"),
+           Testo("VarieFat2", "Riga 2", kScritta, "ScritteFattura")});
+  }
+  Riquadro("ScritteOrdini", "Scritte predefinite per ordini");
+  Campi({Testo("AttenzOrd", "Alla cortese attenzione", kScritta, "ScritteOrdini"),
+         Testo("ConsegnaOrd", "Consegna", kScritta, "ScritteOrdini"),
+         {.nome = "NoteIntestazioneOrd",
+          .didascalia = "Note di intestazione",
+          .genere = archives::GenereCampo::Note,
+          .riquadro = "ScritteOrdini"}});
+}
+
+void Descrittore::Destinazione() {
+  Pagina(kPaginaDestinazioni, parte_.Clienti() ? "Destinazioni" : "Destinazione");
+  Riquadro(kPredefinita, parte_.Clienti() ? "destinazione merce predefinita per ddt"
+                                          : "destinazione merce predefinita");
+  Campi({Testo("RagSoc1Dest", "Ragione sociale", kNome, kPredefinita),
+         Testo("ragsoc2Dest", "(seconda riga)", kNome, kPredefinita),
+         Testo("indirizzodest", "Indirizzo", kNome, kPredefinita),
+         Testo("capdest", "CAP", 10, kPredefinita, 6),
+         Accanto(Testo("localitadest", "Località", kNome, kPredefinita, 28)),
+         Accanto(Maiuscolo(Testo("provdest", "Prov.", 4, kPredefinita)))});
+  if (parte_.Clienti()) {
+    Campi({Testo("CodDest", "Cod.destinazione per fileconad", 20, kPredefinita)});
+  }
+}
+
+}  // namespace
+
+void DescriviCampi(archives::DescrizioneArchivio& archivio, const Parte& parte) {
+  Descrittore descrittore(archivio, parte);
+  descrittore.Anagrafica();
+  descrittore.Contabilita();
+  descrittore.Condizioni();
+  descrittore.Destinazione();
+  descrittore.Scritte();
+  descrittore.Contatti();
+}
+
+}  // namespace fenalto::documents

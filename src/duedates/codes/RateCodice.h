@@ -1,0 +1,70 @@
+// Rates of the payment code that is open: the rows of its form, and what may be done with them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/archives/DescrizioneArchivio.h"
+#include "duedates/codes/Rate.h"
+
+namespace fenalto::duedates {
+
+/// Rows are held in memory until the code is confirmed; then they replace those of the table, in
+/// the code's transaction.
+class RateCodice {
+ public:
+  explicit RateCodice(Ambiente& ambiente);
+
+  /// Takes the rates of a stored code; none for the empty one.
+  void Leggi(const std::string& cod);
+  /// The rates are those of a copied code: to be written with the new one.
+  void Copiate();
+  [[nodiscard]] const std::vector<RataPagamento>& Righe() const;
+  /// A row was added, changed or deleted.
+  [[nodiscard]] bool Modificate() const;
+
+  // --- The row in edit
+  // -----------------------------------------------------------------------------
+
+  [[nodiscard]] bool InRiga() const;
+  [[nodiscard]] bool RigaNuova() const;
+  /// Fields of the row in edit, by the names of the table's columns.
+  [[nodiscard]] Scheda& Riga();
+  /// Opens a new row with the number after the last, what is missing to 100 per cent, a month after
+  /// the last, and the rest as the last; false when a row is open already.
+  bool NuovaRiga();
+  /// Opens the row of that number; false when there is none.
+  bool ApriRiga(const std::string& rata);
+  /// A field of the row was left with a new value: of the three ways of fixing a date only the last
+  /// one chosen stays.
+  void Lasciato(const std::string& campo);
+  /// Checks the row and keeps it; otherwise tells why, and `rifiuto` names the field to go to.
+  bool ConfermaRiga(Rifiuto* rifiuto = nullptr);
+  /// Asks and deletes the row in edit; gives a new one up.
+  bool EliminaRiga();
+  void AnnullaRiga();
+
+  // --- With the code
+  // ------------------------------------------------------------------------------
+
+  /// The code as it stands on the screen, with its rates.
+  [[nodiscard]] CodicePagamento Codice(const Scheda& scheda) const;
+  [[nodiscard]] Importo SommaPercentuali() const;
+  /// Replaces the rows of the table, in the transaction of the code.
+  void Scrivi(const std::string& codicePrima, const std::string& codice);
+  void Elimina(const std::string& codice);
+
+ private:
+  [[nodiscard]] bool Rifiuta(const char* messaggio, const char* campo, Rifiuto* rifiuto);
+  [[nodiscard]] std::vector<RataPagamento>::iterator Trova(const std::string& rata);
+  void Mostra(const RataPagamento& rata);
+
+  Ambiente& ambiente_;
+  std::vector<RataPagamento> righe_;
+  Scheda riga_;
+  bool inRiga_ = false;
+  std::string rataPrima_;  ///< number of the row in edit, empty for a new one
+  bool modificate_ = false;
+};
+
+}  // namespace fenalto::duedates

@@ -1,0 +1,58 @@
+// Due dates of an invoice, from its payment code to rows of `Scadenze`.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/session/Ambiente.h"
+
+namespace fenalto::duedates {
+
+/// What an invoice gives its due dates.
+struct RichiestaScadenze {
+  std::string cfp;
+  std::string conto;
+  std::string codPag;
+  Data data;        ///< from which the rates count
+  Importo importo;  ///< total to schedule
+  Importo iva;      ///< the part that the second payment code schedules; 0 for none
+  std::string descrizione;
+  Data dataFat;
+  std::string numFat;  ///< the leading digits of it are stored, 0 when it has none
+  std::int64_t numProt = 0;
+  std::string riva;
+  int anno = 0;
+  std::int64_t articolo = 0;
+  std::string programma;  ///< "fatture", "fattintra", "bolladog", ...
+  std::string tipoDoc;
+};
+
+/// A due date to come.
+struct RataDocumento {
+  Data data;
+  Importo importo;
+  std::string tipo;
+};
+
+/// The number of an invoice as due dates keep it: the leading digits of its text, 0 without.
+std::int64_t CifreIniziali(std::string_view testo);
+
+/// The due dates that CreaScadenze would write: those of the VAT on its own payment code first,
+/// then those of the rest.
+std::vector<RataDocumento> RateDocumento(Ambiente& ambiente, const RichiestaScadenze& richiesta,
+                                         std::vector<std::string>& avvisi);
+
+/// Writes the due dates in the transaction that the caller holds, and adds lines to the log; true
+/// when rows were written. Warnings to be shown to the user are added to `avvisi`: nothing is told
+/// from here, since the caller holds a transaction.
+bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::string& log,
+                  std::vector<std::string>& avvisi);
+
+/// Deletes the due dates of a registration in the transaction that the caller holds, and adds a
+/// line to the log. When any of them has moved past state "00", or a person has written or changed
+/// it, none is deleted, and false is returned.
+bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo, std::string& log);
+
+}  // namespace fenalto::duedates

@@ -1,0 +1,28 @@
+// The list of everything that a movement may name, written inside a transaction: these tell
+// nothing, and what they return is told once the transaction has ended.
+#pragma once
+
+#include <string>
+
+#include "core/store/Archivio.h"
+
+namespace fenalto::ledger {
+
+/// A row of `ContiClientiFornitori`.
+struct VoceContiClientiFornitori {
+  std::string cod;
+  std::string cfp;
+  std::string descrizione = {};
+  std::string descrizione2 = {};
+};
+
+/// Adds the row; one already there takes the texts.
+void AggiungiVoce(Archivio& tessarc, const VoceContiClientiFornitori& voce);
+/// Changes the texts of the row; false when it isn't there.
+bool CambiaVoce(Archivio& tessarc, const VoceContiClientiFornitori& voce);
+/// Erases the row of code and class; false when it isn't there.
+bool TogliVoce(Archivio& tessarc, const VoceContiClientiFornitori& voce);
+/// What is told about a row that isn't there.
+std::string VoceNonTrovata(const std::string& cod);
+
+}  // namespace fenalto::ledger

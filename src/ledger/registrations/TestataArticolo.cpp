@@ -1,0 +1,23 @@
+#include "ledger/registrations/TestataArticolo.h"
+
+#include <string>
+
+#include "core/sql/Criterio.h"
+
+namespace fenalto::ledger {
+
+void AggiornaTestata(Archivio& tessarc, std::int64_t id, std::int64_t numero,
+                     const std::vector<Coppia>& campi) {
+  std::string testo;
+  for (const auto& [campo, valore] : campi) {
+    testo +=
+        (testo.empty() ? "update Articoli set " : ",") + campo + "=" + sql::LetteraleSql(valore);
+  }
+  if (tessarc.Esegui(testo + " where " + sql::Criterio("ID", "=", id)) == 0) {
+    throw ErroreArchivio(ErroreArchivio::Causa::Mancante,
+                         "la registrazione n. " + std::to_string(numero) +
+                             " non c'è più: è stata eliminata mentre era aperta");
+  }
+}
+
+}  // namespace fenalto::ledger

@@ -1,0 +1,215 @@
+#include "screens/common/fields/CampoCodice.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <algorithm>
+
+#include "screens/common/fields/Disposizione.h"
+
+namespace fenalto::screens {
+namespace {
+
+constexpr int kVoci = 60;  // entries listed at most
+constexpr int kVociInVista = 10;
+
+}  // namespace
+
+CampoCodice::CampoCodice(const QString& nome, QString tabella, std::shared_ptr<FonteCodici> fonte,
+                         QWidget* genitore)
+    : QLineEdit(genitore),
+      tabella_(std::move(tabella)),
+      fonte_(std::move(fonte)),
+      etichetta_(new QLabel) {
+  setObjectName(nome);
+  setMaxLength(60);
+  etichetta_->setObjectName(nome + QStringLiteral("Descrizione"));
+  etichetta_->setTextFormat(Qt::PlainText);
+  QString aiuto = tr("F2 elenco");
+  if (!tabella_.isEmpty()) aiuto += tr(", F3 archivio");
+  setToolTip(aiuto);
+  connect(this, &QLineEdit::textEdited, this, [this](const QString& testo) {
+    esiste_ = false;
+    etichetta_->clear();
+    Elenca(testo, false);
+  });
+}
+
+CampoCodice::~CampoCodice() {
+  delete elenco_;
+}
+
+void CampoCodice::Fonte(std::shared_ptr<FonteCodici> fonte, QString tabella) {
+  fonte_ = std::move(fonte);
+  tabella_ = std::move(tabella);
+}
+
+void CampoCodice::Mostra(const Valore& valore) {
+  setText(QString::fromStdString(valore.Testo()));
+  mostrando_ = true;
+  Risolvi();
+  mostrando_ = false;
+}
+
+Esito<Valore> CampoCodice::Letto() const {
+  return Valore(text().trimmed().toStdString());
+}
+
+void CampoCodice::Risolvi() {
+  const std::string codice = text().trimmed().toStdString();
+  const auto descrizione = codice.empty() ? std::nullopt : fonte_->Descrizione(codice);
+  esiste_ = descrizione.has_value();
+  if (!esiste_) {
+    const bool vari = !codice.empty() && !mostrando_ && fonte_->Cerca(codice, 2).size() > 1;
+    etichetta_->setText(codice.empty() ? QString()
+                        : vari         ? tr("più codici: F2 per scegliere")
+                                       : tr("codice non trovato"));
+    return;
+  }
+  etichetta_->setText(QString::fromStdString(*descrizione));
+  if (mostrando_) return;
+  const QString canonico = QString::fromStdString(fonte_->Canonico(codice));
+  if (canonico != text()) setText(canonico);
+  emit Trovato(canonico);
+}
+
+void CampoCodice::Elenca(const QString& testo, bool tutto) {
+  const QString cercato = testo.trimmed();
+  if (cercato.isEmpty() && !tutto) {
+    ChiudiElenco();
+    return;
+  }
+  const auto voci = fonte_->Cerca(cercato.toStdString(), kVoci);
+  if (voci.empty()) {
+    ChiudiElenco();
+    return;
+  }
+  if (elenco_ == nullptr) {
+    elenco_ = new QListWidget;
+    elenco_->setWindowFlags(Qt::ToolTip | Qt::FramelessWindowHint);
+    elenco_->setAttribute(Qt::WA_ShowWithoutActivating);
+    elenco_->setFocusPolicy(Qt::NoFocus);
+    elenco_->setUniformItemSizes(true);
+    connect(elenco_, &QListWidget::itemClicked, this, [this] { PrendiScelta(); });
+  }
+  elenco_->clear();
+  for (const auto& voce : voci) {
+    auto* riga =
+        new QListWidgetItem(QString::fromStdString(voce.codice + "   " + voce.descrizione));
+    riga->setData(Qt::UserRole, QString::fromStdString(voce.codice));
+    elenco_->addItem(riga);
+  }
+  const int righe = std::min(static_cast<int>(voci.size()), kVociInVista);
+  const int altezza = elenco_->sizeHintForRow(0) * righe + 2 * elenco_->frameWidth();
+  elenco_->setGeometry(
+      QRect(mapToGlobal(QPoint(0, height())), QSize(std::max(width(), 380), altezza)));
+  elenco_->show();
+}
+
+void CampoCodice::PrendiScelta() {
+  if (elenco_ == nullptr || elenco_->currentItem() == nullptr) return;
+  const QString codice = elenco_->currentItem()->data(Qt::UserRole).toString();
+  ChiudiElenco();
+  setText(codice);
+  Risolvi();
+  emit Scelto(codice);
+}
+
+void CampoCodice::ChiudiElenco() {
+  if (elenco_ != nullptr) elenco_->hide();
+}
+
+void CampoCodice::focusInEvent(QFocusEvent* evento) {
+  QLineEdit::focusInEvent(evento);
+  if (evento->reason() != Qt::MouseFocusReason) selectAll();
+}
+
+void CampoCodice::focusOutEvent(QFocusEvent* evento) {
+  if (elenco_ != nullptr && elenco_->isVisible() && elenco_->currentItem() != nullptr) {
+    PrendiScelta();
+  } else if (isModified() && !text().trimmed().isEmpty() &&
+             !fonte_->Descrizione(text().trimmed().toStdString())) {
+    // Words of a description that fit one entry only stand for its code.
+    const auto voci = fonte_->Cerca(text().trimmed().toStdString(), 2);
+    if (voci.size() == 1) setText(QString::fromStdString(voci.front().codice));
+  }
+  ChiudiElenco();
+  if (!isReadOnly()) {
+    mostrando_ = !isModified();
+    Risolvi();
+    mostrando_ = false;
+  }
+  QLineEdit::focusOutEvent(evento);
+}
+
+bool CampoCodice::event(QEvent* evento) {
+  // Esc closes the list before it means anything to the window.
+  if (evento->type() == QEvent::ShortcutOverride && elenco_ != nullptr && elenco_->isVisible()) {
+    if (static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape) {
+      evento->accept();
+      return true;
+    }
+  }
+  return QLineEdit::event(evento);
+}
+
+void CampoCodice::keyPressEvent(QKeyEvent* evento) {
+  const bool aperto = elenco_ != nullptr && elenco_->isVisible();
+  switch (evento->key()) {
+    case Qt::Key_F2:
+      Elenca(QString(), true);
+      if (elenco_ != nullptr && elenco_->isVisible()) elenco_->setCurrentRow(0);
+      return;
+    case Qt::Key_F3:
+      if (!tabella_.isEmpty()) emit EventoLibero(tabella_, text().trimmed());
+      return;
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+      if (!aperto) {
+        Elenca(text(), true);
+        return;
+      }
+      elenco_->setCurrentRow(
+          std::clamp(elenco_->currentRow() + (evento->key() == Qt::Key_Down ? 1 : -1), 0,
+                     elenco_->count() - 1));
+      return;
+    case Qt::Key_Escape:
+      if (aperto) {
+        ChiudiElenco();
+        return;
+      }
+      break;
+    default:
+      break;
+  }
+  QLineEdit::keyPressEvent(evento);
+}
+
+void CampoCodice::mouseDoubleClickEvent(QMouseEvent* evento) {
+  QLineEdit::mouseDoubleClickEvent(evento);
+  if (!tabella_.isEmpty() && !text().trimmed().isEmpty()) {
+    emit EventoLibero(tabella_, text().trimmed());
+  }
+}
+
+void CampoCodice::hideEvent(QHideEvent* evento) {
+  ChiudiElenco();
+  QLineEdit::hideEvent(evento);
+}
+
+QWidget* ConDescrizione(CampoCodice* campo, int caratteri) {
+  auto* insieme = new QWidget;
+  auto* riga = new QHBoxLayout(insieme);
+  riga->setContentsMargins(0, 0, 0, 0);
+  LargoCaratteri(campo, caratteri);
+  riga->addWidget(campo);
+  auto* etichetta = campo->Etichetta();
+  etichetta->setMinimumWidth(0);
+  etichetta->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  riga->addWidget(etichetta, 1);
+  return insieme;
+}
+
+}  // namespace fenalto::screens

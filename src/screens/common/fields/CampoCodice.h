@@ -1,0 +1,71 @@
+// A code field (`Rt`): shows the description of its code beside it and searches while typing, by
+// code and by any part of the description.
+//
+// F2 opens the list whatever is typed, F3 (or a double click) asks for the archive behind the code.
+// Tab and Enter take the chosen entry; a text that is no code but fits one entry only becomes its
+// code.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <memory>
+
+#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/FonteCodici.h"
+
+class QListWidget;
+
+namespace fenalto::screens {
+
+class CampoCodice : public QLineEdit, public CampoValore {
+  Q_OBJECT
+
+ public:
+  /// `tabella` is the archive behind the code, in capitals ("CAUSALI"); empty for none.
+  CampoCodice(const QString& nome, QString tabella, std::shared_ptr<FonteCodici> fonte,
+              QWidget* genitore = nullptr);
+  ~CampoCodice() override;
+
+  /// The label with the description, to be placed beside the field; owned by the caller's layout.
+  [[nodiscard]] QLabel* Etichetta() { return etichetta_; }
+  void Fonte(std::shared_ptr<FonteCodici> fonte, QString tabella);
+  void Mostra(const Valore& valore) override;
+  [[nodiscard]] Esito<Valore> Letto() const override;
+  /// Whether the code typed exists.
+  [[nodiscard]] bool Esiste() const { return esiste_; }
+  /// Shows the description of the code typed; raises Trovato when it exists.
+  void Risolvi();
+
+ signals:
+  /// The code was resolved.
+  void Trovato(const QString& codice);
+  /// The user asks for the archive behind the code.
+  void EventoLibero(const QString& tabella, const QString& codice);
+  /// An entry of the list was chosen.
+  void Scelto(const QString& codice);
+
+ protected:
+  void focusInEvent(QFocusEvent* evento) override;
+  void focusOutEvent(QFocusEvent* evento) override;
+  void keyPressEvent(QKeyEvent* evento) override;
+  void mouseDoubleClickEvent(QMouseEvent* evento) override;
+  bool event(QEvent* evento) override;
+  void hideEvent(QHideEvent* evento) override;
+
+ private:
+  void Elenca(const QString& testo, bool tutto);
+  void PrendiScelta();
+  void ChiudiElenco();
+
+  QString tabella_;
+  std::shared_ptr<FonteCodici> fonte_;
+  QLabel* etichetta_;
+  QListWidget* elenco_ = nullptr;
+  bool esiste_ = false;
+  bool mostrando_ = false;
+};
+
+/// A code field of that width followed by its description, which takes the room there is.
+QWidget* ConDescrizione(CampoCodice* campo, int caratteri);
+
+}  // namespace fenalto::screens

@@ -1,0 +1,32 @@
+// How windows lay their controls out: labels, widths in characters, letters on buttons.
+#pragma once
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QList>
+
+class QPushButton;
+
+namespace fenalto::screens {
+
+/// A caption of `controllo`, which screen readers take as its name.
+QLabel* Didascalia(const QString& testo, QWidget* controllo);
+
+/// Makes a field as wide as that many characters of its own typeface.
+void LargoCaratteri(QWidget* campo, int caratteri);
+
+/// A button with its object name; the tooltip is the caption with `tasto` ("Ins") when not empty.
+QPushButton* Pulsante(const QString& nome, const QString& testo, const QString& tasto = QString());
+
+/// Shows a field's text as wrong, in a red that is read on the palette's own background, or as
+/// usual.
+void ColoraErrato(QWidget* campo, bool errato);
+
+/// Moves the focus to a button and shows that it is there, which the toolkit does only after a key.
+void FocoInVista(QWidget* controllo);
+
+/// Gives each button an Alt letter of its caption that no other of the list and no menu of the main
+/// window has; when they run out, a digit after the caption.
+void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti);
+
+}  // namespace fenalto::screens

@@ -1,0 +1,98 @@
+// A read-only grid: sort on headers, remembered widths, copy as text, type to search.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QTableView>
+#include <functional>
+#include <vector>
+
+#include "core/values/Valore.h"
+
+namespace fenalto::screens {
+
+struct ColonnaGriglia {
+  QString titolo;
+  Tipo tipo = Tipo::Testo;
+  int larghezza = 100;  ///< pixels at first
+  int decimali = 2;     ///< of amounts
+};
+
+/// Rows of values held in memory.
+class ModelloGriglia : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  explicit ModelloGriglia(std::vector<ColonnaGriglia> colonne, QObject* genitore = nullptr);
+  /// Replaces all rows; each has one value a column, and may have more that aren't shown.
+  void Righe(std::vector<std::vector<Valore>> righe);
+  /// Adds rows at the end.
+  void Aggiungi(std::vector<std::vector<Valore>> righe);
+  [[nodiscard]] const std::vector<Valore>& Riga(int indice) const;
+  /// Replaces one value; the rest of the grid stays as it is.
+  void Cella(int riga, int colonna, Valore valore);
+  void Decimali(int decimali);
+  [[nodiscard]] const std::vector<ColonnaGriglia>& Colonne() const { return colonne_; }
+
+  [[nodiscard]] int rowCount(const QModelIndex& genitore = {}) const override;
+  [[nodiscard]] int columnCount(const QModelIndex& genitore = {}) const override;
+  [[nodiscard]] QVariant data(const QModelIndex& indice, int ruolo) const override;
+  [[nodiscard]] QVariant headerData(int sezione, Qt::Orientation verso, int ruolo) const override;
+  void sort(int colonna, Qt::SortOrder ordine) override;
+  bool canFetchMore(const QModelIndex& genitore) const override;
+  void fetchMore(const QModelIndex& genitore) override;
+
+  /// Rows that come in pages: `pagina(da)` returns the next rows after the `da` already there, and
+  /// none at the end. Sorting is then left to the source.
+  void Pagine(std::function<std::vector<std::vector<Valore>>(int da)> pagina);
+  [[nodiscard]] bool APagine() const { return static_cast<bool>(pagina_); }
+
+ private:
+  std::vector<ColonnaGriglia> colonne_;
+  std::vector<std::vector<Valore>> righe_;
+  std::function<std::vector<std::vector<Valore>>(int)> pagina_;
+  bool finite_ = true;
+};
+
+class Griglia;
+
+/// A window that can write its grids to a file: what a grid looks for above itself.
+class EsportatoreGriglie {
+ public:
+  virtual ~EsportatoreGriglie() = default;
+  /// Writes a grid of the window to a spreadsheet file that the user chooses.
+  virtual void Esporta(Griglia& griglia) = 0;
+};
+
+class Griglia : public QTableView {
+  Q_OBJECT
+
+ public:
+  /// `nome` is the object name; `finestra` names the window for the remembered widths.
+  Griglia(const QString& nome, const QString& finestra, std::vector<ColonnaGriglia> colonne,
+          QWidget* genitore = nullptr);
+  [[nodiscard]] ModelloGriglia& Modello() { return *modello_; }
+  /// Index of the current row, -1 for none.
+  [[nodiscard]] int RigaCorrente() const;
+  void VaiARiga(int indice);
+
+ signals:
+  /// A row was clicked, or Enter was pressed on it.
+  void RigaScelta(int indice);
+  void RigaDoppioClic(int indice);
+  /// Enter was pressed on a row.
+  void RigaInvio(int indice);
+
+ protected:
+  void keyPressEvent(QKeyEvent* evento) override;
+  void contextMenuEvent(QContextMenuEvent* evento) override;
+
+ private:
+  void Copia() const;
+  QString finestra_;
+  ModelloGriglia* modello_;
+};
+
+/// Gives one column, in place of the last, the room that the others leave.
+void AllargaColonna(Griglia& griglia, int colonna);
+
+}  // namespace fenalto::screens

@@ -1,0 +1,63 @@
+// One function's window: the keys and the closing that all share.
+//
+// Enter goes to the next field; Ins presses `PNuovaRiga` or `Nuovo`; Ctrl+Enter `ConfermaRiga` or
+// `Conferma`; Ctrl+Canc `EliminaRiga` or `Elimina`; F5 `Aggiorna`; Esc steps back (row, record,
+// window). Buttons are found by object name, the first that is visible and enabled.
+#pragma once
+
+#include <QWidget>
+
+#include "screens/common/lists/Griglia.h"
+#include "screens/common/windows/Finestre.h"
+
+class QAbstractButton;
+class QKeyEvent;
+
+namespace fenalto::screens {
+
+class FinestraFunzione : public QWidget, public EsportatoreGriglie {
+  Q_OBJECT
+
+ public:
+  /// `nome` is the function's name in the menu map and the object name of the window.
+  FinestraFunzione(const QString& nome, const QString& titolo, Finestre& finestre);
+
+  [[nodiscard]] QString Nome() const { return objectName(); }
+  /// A record of the window is open with changes that would be lost.
+  [[nodiscard]] virtual bool InModifica() const { return false; }
+  /// Gives the open record and the scratch up, without a question.
+  virtual void Abbandona() {}
+  /// Turns to the page that a menu entry stands for.
+  virtual void ApriScheda(int scheda);
+  /// Puts a code into the selector `Rt1` and opens it (the window's `Apri`).
+  virtual void ApriCodice(const QString& codice);
+  /// Esc: steps back once inside the window; false when there is nothing left but to close.
+  virtual bool Indietro() { return false; }
+  /// Reads again what the window shows.
+  virtual void Aggiorna() {}
+  void Esporta(Griglia& griglia) override;
+
+ protected:
+  bool eventFilter(QObject* oggetto, QEvent* evento) override;
+  void keyPressEvent(QKeyEvent* evento) override;
+  void closeEvent(QCloseEvent* evento) override;
+
+  [[nodiscard]] Ambiente& Sessione() const { return finestre_.Sessione(); }
+  [[nodiscard]] Finestre& Gestore() const { return finestre_; }
+  [[nodiscard]] Dialoghi& Dialogo() const { return Sessione().Dialogo(); }
+  /// Ctrl+Enter: presses `ConfermaRiga` or `Conferma`, or what the window has in their place.
+  virtual bool PremiConferma() { return Premi({"ConfermaRiga", "Conferma"}); }
+  /// Presses the first of the named buttons that is visible and enabled.
+  bool Premi(std::initializer_list<const char*> nomi);
+
+ private:
+  /// A key in one of the window's controls; true when it was taken.
+  bool TastoPremuto(QWidget* controllo, const QKeyEvent* tasto);
+  /// A press on a button that couldn't get the focus, since a field with an unreadable text has
+  /// taken it back: the press must not go through, its release is lost behind the message.
+  [[nodiscard]] bool FocoNegato(const QWidget* controllo) const;
+
+  Finestre& finestre_;
+};
+
+}  // namespace fenalto::screens

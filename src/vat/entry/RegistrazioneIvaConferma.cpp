@@ -1,0 +1,300 @@
+// Confirming and deleting a VAT registration: the numbers, the one transaction, what is told after.
+#include <limits>
+#include <utility>
+
+#include "core/sql/Criterio.h"
+#include "core/store/TransazioneComune.h"
+#include "core/values/Testo.h"
+#include "ledger/registrations/TestataArticolo.h"
+#include "vat/entry/RegistrazioneIvaInterno.h"
+#include "vat/postings/DatiIva.h"
+#include "vat/postings/StornoSospesa.h"
+
+namespace fenalto::vat {
+namespace {
+
+/// Fields that the next registration may repeat.
+constexpr const char* kRipetibili[] = {"Contox", "Pagamento", "Descrizionex", "NFat",
+                                       "DtFat",  "Dt",        "NProt",        "Riva"};
+/// Fields that the next registration begins with.
+constexpr const char* kMantenuti[] = {"FornitoreIntra", "ContoCostiIntra", "FornitoreBollaDog",
+                                      "CausaleRitAcc1", "ContoRitAcc1",    "ImportoRitAcc1",
+                                      "CausaleRitAcc2", "ContoRitAcc2",    "ImportoRitAcc2"};
+
+/// The greatest number plus 1 is no number any more after the last that can be typed.
+void ControllaNumeri(std::int64_t numDoc, std::int64_t nProt, const std::string& riva) {
+  constexpr std::int64_t kUltimo = std::numeric_limits<std::int32_t>::max();
+  if (nProt > kUltimo) {
+    throw ErroreArchivio(ErroreArchivio::Causa::Altro, "sul registro iva " + riva +
+                                                           " è già usato il protocollo " +
+                                                           std::to_string(kUltimo) +
+                                                           ", l'ultimo possibile: scrivere il "
+                                                           "numero di protocollo a mano");
+  }
+  if (numDoc > kUltimo) {
+    throw ErroreArchivio(ErroreArchivio::Causa::Altro,
+                         "è già usato l'articolo n. " + std::to_string(kUltimo) +
+                             ", l'ultimo possibile: scrivere il numero dell'articolo a mano");
+  }
+}
+
+}  // namespace
+
+// --- Numbers -------------------------------------------------------------------------------------
+
+std::int64_t RegistrazioneIva::Interno::NProtForzato() const {
+  const std::string digitato(Rifila(T("NProt")));
+  return digitato.empty() ? 0 : Valore(digitato).Intero();
+}
+
+bool RegistrazioneIva::Interno::NumeroOccupato() {
+  const std::int64_t numero = testa.Leggi("NumDoc").Intero();
+  if (numero == numeroRecord || numero == 0) return false;
+  return ambiente.Esiste("tessarc", "Articoli", {{"Anno", anno}, {"NumDoc", numero}}, "articolo");
+}
+
+bool RegistrazioneIva::Interno::ProtocolloOccupato() {
+  const std::int64_t nProt = NProtForzato();
+  if (nProt == nProtRecord || nProt == 0) return false;
+  const bool occupato = ambiente.Esiste("tessarc", "ZarticoliProtocollati",
+                                        {{"Anno", anno}, {"Riva", registro.cod}, {"NProt", nProt}});
+  if (!occupato) return false;
+  Avviso("è stato forzato un numero di protocollo iva già esistente");
+  return true;
+}
+
+int RegistrazioneIva::Interno::OrigineNuova() const {
+  if (B("RitAcc")) return static_cast<int>(ledger::Origine::RitenutaAcconto);
+  if (B("BollaDog")) return static_cast<int>(ledger::Origine::BollaDoganale);
+  if (Tipo({"04"}) && AutomaticoIntra()) return static_cast<int>(ledger::Origine::ReverseCharge);
+  return static_cast<int>(ledger::Origine::Manuale);
+}
+
+// --- Writing -------------------------------------------------------------------------------------
+
+void RegistrazioneIva::Interno::ScriviTesta(Scritta& scritta) {
+  std::vector<Coppia> campi = {{"Anno", anno},
+                               {"NumDoc", scritta.numDoc},
+                               {"Dt", D("Dt")},
+                               {"CFP", T("CFPx")},
+                               {"Conto", T("Contox")},
+                               {"Riva", registro.cod},
+                               {"NProt", scritta.nProt},
+                               {"DtFat", D("DtFat")},
+                               {"NFat", T("NFat")},
+                               {"Ep", B("Ep")},
+                               {"DtIncasso", D("DtIncasso")},
+                               {"Pagamento", T("Pagamento")},
+                               {"NVarAnPrec", B("NVarAnPrec")}};
+  if (nuova) {
+    campi.emplace_back("CREATOINAUTOMATICO", OrigineNuova());
+    tessarc.Inserisci("Articoli", campi);
+    return;
+  }
+  ledger::AggiornaTestata(tessarc, idRecord, numeroRecord, campi);
+}
+
+void RegistrazioneIva::Interno::ScriviScadenze(Scritta& scritta, Importo daPagare) {
+  duedates::RichiestaScadenze richiesta;
+  richiesta.cfp = T("CFPx");
+  richiesta.conto = T("Contox");
+  richiesta.codPag = T("Pagamento");
+  richiesta.data = D("DtFat").Nulla() ? D("Dt") : D("DtFat");
+  richiesta.importo = daPagare;
+  richiesta.iva = totali.iva + totali.ivaInd;
+  richiesta.descrizione = T("Descrizionex");
+  richiesta.dataFat = D("DtFat");
+  richiesta.numFat = T("NFat");
+  richiesta.numProt = scritta.nProt;
+  richiesta.riva = registro.cod;
+  richiesta.anno = anno;
+  richiesta.articolo = scritta.numDoc;
+  richiesta.programma = "fatture";
+  duedates::CreaScadenze(ambiente, richiesta, scritta.log.testo, scritta.log.avvisi);
+}
+
+void RegistrazioneIva::Interno::RinumeraScadenze(const Scritta& scritta) {
+  if (scritta.numDoc == numeroRecord && scritta.nProt == nProtRecord) return;
+  ambiente.ArchivioDi("scadenzario")
+      .Esegui("update Scadenze set " + sql::Criterio("Articolo", "=", scritta.numDoc) + "," +
+              sql::Criterio("NProt", "=", scritta.nProt) + " where " +
+              sql::Criterio("Anno", "=", anno) + " and " +
+              sql::Criterio("Articolo", "=", numeroRecord));
+}
+
+void RegistrazioneIva::Interno::ScriviSeguito(Scritta& scritta) {
+  if (Tipo({"02", "07", "04", "05", "09"})) return;
+  Importo daPagare = totali.Totale();
+  // Of a stored registration: what its withholding giros have already taken off.
+  daPagare -= B("RitAcc") ? I("ImportoRitAcc1") + I("ImportoRitAcc2") : ritenuteRecord;
+  if (nuova) {
+    CreaContabPagamento(
+        ambiente,
+        {T("CFPx"), T("Contox"), T("Pagamento"), T("Descrizionex"), daPagare, D("Dt"), anno},
+        scritta.log);
+    ScriviScadenze(scritta, daPagare);
+    return;
+  }
+  // A code taken away takes its due dates with it.
+  if (T("Pagamento").empty() && pagamentoRecord.empty()) return;
+  const bool aggiorna =
+      ambiente.Cerca("tessarc", "Pagamento", {{"Cod", T("Pagamento")}}, "AggiornaScad").Booleano();
+  if (!aggiorna && !T("Pagamento").empty()) {
+    const bool esistono =
+        ambiente.Esiste("scadenzario", "Scadenze", {{"Anno", anno}, {"Articolo", scritta.numDoc}});
+    if (esistono) {
+      scritta.log.Riga(
+          "queste scadenze potrebbero essere già state modificate manualmente (oppure sono "
+          "pagate)");
+    }
+    return;
+  }
+  const bool libere =
+      duedates::EliminaScadenzeFattura(ambiente, anno, scritta.numDoc, scritta.log.testo);
+  if (libere && !T("Pagamento").empty()) ScriviScadenze(scritta, daPagare);
+}
+
+void RegistrazioneIva::Interno::ScriviAutomatiche(Scritta& scritta) {
+  if (!nuova) return;
+  const ArticoloOrigine origine{anno, scritta.numDoc};
+  if (Tipo({"04"}) && AutomaticoIntra()) {
+    RegistraIntra(ambiente, origine,
+                  {T("RivaIntra"), B("NoIntraCosto_a_Forn"), T("CausaleIntra"), T("FornitoreIntra"),
+                   T("ContoCostiIntra"), T("PagamentoIntra")},
+                  scritta.log);
+  }
+  if (B("BollaDog")) {
+    RegistraBollaDoganale(ambiente, origine,
+                          {T("FornitoreBollaDog"), T("CausaleBollaDog"), T("PagamentoBollaDog")},
+                          scritta.log);
+  }
+  if (!B("RitAcc")) return;
+  RegistraGiroRitenuta(ambiente, origine,
+                       {T("CausaleRitAcc1"), T("ContoRitAcc1"), I("ImportoRitAcc1")}, scritta.log);
+  if (I("ImportoRitAcc2").Zero()) return;
+  RegistraGiroRitenuta(ambiente, origine,
+                       {T("CausaleRitAcc2"), T("ContoRitAcc2"), I("ImportoRitAcc2")}, scritta.log);
+}
+
+RegistrazioneIva::Interno::Scritta RegistrazioneIva::Interno::Scrivi() {
+  TransazioneComune transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
+  Scritta scritta;
+  scritta.descrConto =
+      NzStr(ambiente.Cerca("tessarc", "ContiClientiFornitori",
+                           {{"Cod", T("Contox")}, {"CFP", T("CFPx")}}, "Descrizione"));
+  scritta.nProt =
+      NProtForzato() != 0 ? NProtForzato() : ProssimoNProt(ambiente, anno, registro.cod);
+  scritta.numDoc = testa.Leggi("NumDoc").Intero();
+  if (scritta.numDoc == 0) scritta.numDoc = ledger::ProssimoNumDoc(ambiente, anno);
+  ControllaNumeri(scritta.numDoc, scritta.nProt, registro.cod);
+  auto complete = CreaRigheIvaCli(Documento(scritta.numDoc), RigheCompilate());
+  if (!complete) throw ErroreArchivio(ErroreArchivio::Causa::Altro, complete.Errore().messaggio);
+  const bool stornoLibero = nuova || LevaStornoSospesa(ambiente, {anno, numeroRecord}, scritta.log);
+  if (!nuova) {
+    tessarc.Esegui("delete * from Movimenti where " + ChiaveArticolo({anno, numeroRecord}));
+  }
+  // The head first: the rows then take its date as they are written.
+  ScriviTesta(scritta);
+  for (const auto& fatta : complete.Valore().righe) ScriviRigaIva(tessarc, fatta);
+  if (!complete.Valore().avviso.empty()) scritta.log.avvisi.push_back(complete.Valore().avviso);
+  if (!nuova) RinumeraScadenze(scritta);
+  ScriviSeguito(scritta);
+  ScriviAutomatiche(scritta);
+  if (stornoLibero) RimettiStornoSospesa(ambiente, {anno, scritta.numDoc}, scritta.log);
+  transazione.Conferma();
+  return scritta;
+}
+
+// --- After ---------------------------------------------------------------------------------------
+
+void RegistrazioneIva::Interno::Ricorda() {
+  for (const char* campo : kRipetibili) ultimi[campo] = testa.Leggi(campo);
+  // A stored registration shows none of them.
+  if (!nuova) return;
+  for (const char* campo : kMantenuti) ricordati[campo] = testa.Leggi(campo);
+}
+
+void RegistrazioneIva::Interno::Annuncia(const Scritta& scritta) {
+  for (const auto& avviso : scritta.log.avvisi) Avviso(avviso);
+  std::string testo = "Annotare il numero sul documento.\n\nRegistro iva " + registro.cod +
+                      " - N.Prot.IVA " + std::to_string(scritta.nProt) + " - Articolo Contabile" +
+                      std::to_string(scritta.numDoc);
+  testo += "\n\nRegistrazione fatture in contabilità";
+  testo += "\nRegistro iva: " + registro.cod + " " + registro.descrizione;
+  testo += "\nData registrazione: " + D("Dt").Testo();
+  testo += "\nConto: " + T("Contox") + " " + scritta.descrConto;
+  testo += "\nData fattura: " + D("DtFat").Testo();
+  testo += "\nNumero fattura: " + T("NFat");
+  testo += "\nArticolo n.: " + std::to_string(scritta.numDoc);
+  const std::string log = scritta.log.testo;
+  ambiente.Dialogo().Messaggio(testo);
+  if (!log.empty()) ambiente.Dialogo().Messaggio(log);
+}
+
+void RegistrazioneIva::Interno::NonRiuscito(const std::string& azione,
+                                            const std::exception& errore) {
+  ambiente.Dialogo().Messaggio(
+      azione + " non riuscita: " + errore.what() +
+          "\nNon è stato scritto nulla: la registrazione è ancora sullo schermo, si può riprovare",
+      Icona::Errore);
+}
+
+bool RegistrazioneIva::Conferma(std::string* campo) {
+  Interno& io = *interno_;
+  if (!io.Aperta() || io.RigaInCorso() || io.RifiutaSolaLettura()) return false;
+  io.NumeroLasciato();
+  Interno::Scritta scritta;
+  try {
+    if (const auto rifiuto = io.Controlla()) {
+      if (!rifiuto->messaggio.empty()) io.Avviso(rifiuto->messaggio);
+      if (campo != nullptr) *campo = rifiuto->campo;
+      return false;
+    }
+    if (io.NumeroOccupato()) return false;
+    const Blocco numerazione = io.ambiente.BloccaTabella("ARTICOLI", true);
+    if (!numerazione.Tenuto()) return false;
+    // Another station may have taken a typed number since the first look.
+    if (io.NumeroOccupato() || io.ProtocolloOccupato()) return false;
+    scritta = io.Scrivi();
+  } catch (const std::exception& errore) {
+    io.NonRiuscito("conferma della registrazione", errore);
+    return false;
+  }
+  io.testa.Scrivi("NProt", std::to_string(scritta.nProt));
+  io.numeroConfermato = scritta.numDoc;
+  io.Ricorda();
+  io.Annuncia(scritta);
+  io.ChiudiRecord();
+  return true;
+}
+
+std::int64_t RegistrazioneIva::NumeroConfermato() const {
+  return interno_->numeroConfermato;
+}
+
+bool RegistrazioneIva::Elimina() {
+  Interno& io = *interno_;
+  if (!io.Aperta() || io.nuova || io.RigaInCorso() || io.RifiutaSolaLettura()) return false;
+  if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione ARTICOLO CONTABILE ?")) return false;
+  LogContabile log;
+  try {
+    Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
+    LevaStornoSospesa(io.ambiente, {io.anno, io.numeroRecord}, log);
+    const std::string chiave = ChiaveArticolo({io.anno, io.numeroRecord});
+    io.tessarc.Esegui("delete * from Movimenti where " + chiave);
+    io.tessarc.Esegui("delete * from Articoli where " + chiave);
+    duedates::EliminaScadenzeFattura(io.ambiente, io.anno, io.numeroRecord, log.testo);
+    transazione.Conferma();
+  } catch (const std::exception& errore) {
+    io.NonRiuscito("eliminazione della registrazione", errore);
+    return false;
+  }
+  io.ambiente.Dialogo().Messaggio("N.Prot.IVA " + std::to_string(io.nProtRecord) +
+                                  " - Articolo Contabile" + std::to_string(io.numeroRecord) +
+                                  " eliminato" + (log.testo.empty() ? "" : "\n" + log.testo));
+  for (const std::string& avviso : log.avvisi) io.Avviso(avviso);
+  io.ChiudiRecord();
+  return true;
+}
+
+}  // namespace fenalto::vat

@@ -1,0 +1,168 @@
+// What the parts of Fatture share: the register chosen, the open registration, its open row.
+#pragma once
+
+#include <exception>
+#include <map>
+#include <set>
+
+#include "core/archives/DescrizioneArchivio.h"
+#include "core/store/BasiDati.h"
+#include "duedates/schedules/CreaScadenze.h"
+#include "vat/codes/TipiRegistro.h"
+#include "vat/entry/RegistrazioneIva.h"
+#include "vat/postings/RegistrazioniAutomatiche.h"
+
+namespace fenalto::vat {
+
+inline constexpr std::string_view kCodiceVentilazione = "ZCOR";
+
+/// Keys of the station's options.
+inline constexpr std::string_view kVerificaTotale = "TotaleXVerifica";
+inline constexpr std::string_view kVerificaFornitore = "VerifFatForn";
+
+struct RegistrazioneIva::Interno {
+  explicit Interno(Ambiente& ambienteUsato);
+
+  // --- State ------------------------------------------------------------------------------------
+
+  void ChiudiRecord() noexcept;
+  void Avviso(const std::string& testo) { ambiente.Dialogo().Messaggio(testo, Icona::Avviso); }
+  bool RigaInCorso();
+  bool RifiutaSolaLettura();
+  [[nodiscard]] bool Aperta() const { return stato == Stato::Aperta || stato == Stato::RigaAperta; }
+  [[nodiscard]] bool Tipo(std::initializer_list<std::string_view> tipi) const;
+  [[nodiscard]] std::string T(std::string_view campo) const { return testa.Testo(campo); }
+  [[nodiscard]] bool B(std::string_view campo) const { return testa.Leggi(campo).Booleano(); }
+  [[nodiscard]] Importo I(std::string_view campo) const { return testa.Leggi(campo).Importo(); }
+  [[nodiscard]] Data D(std::string_view campo) const { return testa.Leggi(campo).Data(); }
+  /// A field of the party's record in `Clienti` or `Fornitori`; empty on an account or when
+  /// unknown.
+  [[nodiscard]] Valore DellaParte(std::string_view campo) const;
+  [[nodiscard]] bool AutomaticoIntra() const;
+  [[nodiscard]] bool OpzioneStazione(std::string_view chiave) const;
+  void ScriviOpzione(std::string_view chiave, bool attiva);
+
+  // --- Register and opening
+  // -----------------------------------------------------------------------
+
+  /// What is to be known before registering on a register of that type.
+  void AvvisaTipo();
+  bool LeggiRegistro(const std::string& riva);
+  Rs TrovaTestata(std::int64_t numDoc) const;
+  void PreparaNuova();
+  void PreparaOpzioni();
+  /// The code that marks receipts to be ventilated is made the first time it is needed.
+  void AssicuraCodiceVentilazione();
+  void CaricaTesta(const Rs& record);
+  /// What the withholding giros of the open registration have moved from its party.
+  [[nodiscard]] Importo RitenuteGirate() const;
+
+  // --- Head -------------------------------------------------------------------------------------
+
+  [[nodiscard]] std::string DescrizioneProposta() const;
+  /// The description follows number and date: in silence while nobody touched it.
+  void AggiornaDescrizione(std::string_view domanda);
+  void ImponiDescrizione(const std::string& testo);
+  void ParteScelta();
+  void NumeroLasciato();
+  void DataLasciata();
+  /// Refuses a date in a period that is settled; says so.
+  bool AvvisaPeriodoChiuso();
+  /// A date before that of the last registration of the register: said once a date.
+  void AvvisaDataInferiore();
+  void AvvisaDataFattura();
+
+  // --- Rows -------------------------------------------------------------------------------------
+
+  void CalcolaTotali();
+  void CalcolaIvaRiga();
+  [[nodiscard]] std::pair<Importo, Importo> IvaPrevista(Importo imponibile,
+                                                        const std::string& codIva) const;
+  [[nodiscard]] std::pair<Importo, Importo> DividiIva(Importo iva, const std::string& codIva) const;
+  std::optional<Rifiuto> ControllaRiga();
+  [[nodiscard]] RigaIva RigaDaScheda() const;
+  void MostraRiga(const RigaIva& mostrata);
+  [[nodiscard]] DocumentoIva Documento(std::int64_t numDoc) const;
+  [[nodiscard]] std::vector<RigaIva> RigheCompilate() const;
+  /// Taxable rows of the party's last registration here, while they can be proposed.
+  [[nodiscard]] std::vector<RigaIva> RigheDellUltima() const;
+
+  // --- Checks
+  // -------------------------------------------------------------------------------------
+
+  /// The fourteen checks of a confirmation, in their order.
+  std::optional<Rifiuto> Controlla();
+  std::optional<Rifiuto> ControllaData();
+  std::optional<Rifiuto> ControllaRegistro();
+  std::optional<Rifiuto> ControllaParte();
+  std::optional<Rifiuto> ControllaRighe();
+  std::optional<Rifiuto> ControllaIncasso();
+  std::optional<Rifiuto> ControllaPeriodoIncasso();
+  std::optional<Rifiuto> ControllaContoParte();
+  std::optional<Rifiuto> ControllaIntra();
+  std::optional<Rifiuto> ControllaBollaDoganale();
+  std::optional<Rifiuto> ControllaRitenute();
+  std::optional<Rifiuto> ControllaContiFornitori();
+  std::optional<Rifiuto> ControllaProtocolloForzato();
+  std::optional<Rifiuto> ControllaDoppioFornitore();
+  std::optional<Rifiuto> ControllaTotale();
+  std::optional<Rifiuto> ControllaVariazione();
+
+  // --- Confirmation -----------------------------------------------------------------------------
+
+  struct Scritta {
+    std::int64_t numDoc = 0;
+    std::int64_t nProt = 0;
+    LogContabile log;
+    std::string descrConto;  ///< of the party: once written nothing is read that could fail
+  };
+  [[nodiscard]] std::int64_t NProtForzato() const;
+  bool NumeroOccupato();
+  bool ProtocolloOccupato();
+  /// One transaction over both databases; throws, and then nothing was written.
+  Scritta Scrivi();
+  void ScriviTesta(Scritta& scritta);
+  /// Due dates that are kept bear the numbers of their registration.
+  void RinumeraScadenze(const Scritta& scritta);
+  void ScriviSeguito(Scritta& scritta);
+  void ScriviScadenze(Scritta& scritta, Importo daPagare);
+  void ScriviAutomatiche(Scritta& scritta);
+  [[nodiscard]] int OrigineNuova() const;
+  void Annuncia(const Scritta& scritta);
+  void Ricorda();
+  void NonRiuscito(const std::string& azione, const std::exception& errore);
+
+  Ambiente& ambiente;
+  Archivio& tessarc;
+  Stato stato = Stato::SenzaRegistro;
+  RegistroScelto registro;
+  const TipoRegistro* tipo = nullptr;
+
+  bool nuova = false;
+  bool righeModificate = false;
+  std::string soloLettura;  ///< why the record can't be changed, empty when it can
+  int anno = 0;
+  std::int64_t numeroRecord = 0;
+  std::int64_t nProtRecord = 0;
+  std::int64_t idRecord = 0;
+  std::int64_t numeroConfermato = 0;
+  std::string pagamentoRecord;
+  Importo ritenuteRecord;         ///< moved by the withholding giros of the stored registration
+  std::string pagamentoProposto;  ///< that of the party, as last put in
+  Data dtIncassoRecord;
+  Blocco blocco;
+  Scheda testa;
+  std::string descrizioneProposta;  ///< the last one put in by the program
+  Data dataAvvisata;
+  std::map<std::string, Valore, std::less<>> ultimi;     ///< of the last registration confirmed
+  std::map<std::string, Valore, std::less<>> ricordati;  ///< kept for the next entry
+
+  std::vector<RigaIva> righe;
+  std::set<std::int64_t> proposte;  ///< `Posi` of rows proposed and not touched
+  RigheComplete totali;
+  Scheda riga;
+  bool rigaNuova = false;
+  std::size_t indiceRiga = 0;
+};
+
+}  // namespace fenalto::vat

@@ -1,0 +1,172 @@
+// What a definitive run leaves in the books, all of it or nothing; and taking it away again.
+#include <algorithm>
+#include <exception>
+
+#include "core/sql/Criterio.h"
+#include "vat/register/RegistroIvaInterno.h"
+
+namespace fenalto::vat {
+namespace {
+
+/// Rows of a query as text, for comparison.
+std::string Righe(Archivio& archivio, const std::string& sql) {
+  std::string testo;
+  for (Rs rs = archivio.Recordset(sql); !rs.Eof(); rs.MoveNext()) {
+    for (std::size_t i = 0; i < rs.Colonne().size(); ++i) testo += rs.Fields(i).Neutro() + '\x1f';
+    testo += '\n';
+  }
+  return testo;
+}
+
+std::string Testo(const std::vector<TotaleCodice>& totali) {
+  std::string testo;
+  for (const TotaleCodice& t : totali) {
+    testo +=
+        t.codIva + " " + t.imponibile.Testo() + " " + t.iva.Testo() + " " + t.ivaInd.Testo() + ";";
+  }
+  return testo + "\n";
+}
+
+std::vector<Coppia> RigaTotale(const TotaleRegistro& totale, const PeriodoIva& periodo,
+                               const TotaleCodice& codice) {
+  return {{"Anno", periodo.anno},
+          {"Riva", totale.intervallo.riva},
+          {"CodIva", codice.codIva},
+          {"PERIODO", periodo.cod},
+          {"DaNProt", totale.intervallo.daNProt},
+          {"AaNprot", totale.intervallo.aaNProt},
+          {"Tipo", totale.intervallo.tipo},
+          {"Imponibile", codice.imponibile},
+          {"Iva", codice.iva},
+          {"IvaInd", codice.ivaInd}};
+}
+
+}  // namespace
+
+std::string RegistroIvaUnico::Interno::Impronta(const std::vector<TotaleRegistro>& totali) {
+  const std::string anno = sql::Criterio("Anno", "=", periodo.anno);
+  std::string testo =
+      Righe(tessarc, "SELECT * FROM ChiusureIva WHERE " + anno + " ORDER BY MESETRIMESTRE") +
+      Righe(tessarc,
+            "SELECT * FROM UltProtStRegIva WHERE " + anno + " ORDER BY MeseTrimestre, Riva");
+  for (const TotaleRegistro& totale : totali) {
+    testo += totale.intervallo.riva + ":" + Testo(totale.codici) + Testo(totale.differiti);
+  }
+  return testo;
+}
+
+void RegistroIvaUnico::Interno::ScriviTotali(const TotaleRegistro& totale) {
+  // An empty code is the register's own line: it takes rows that had none.
+  TotaleCodice propria;
+  for (const TotaleCodice& codice : totale.codici) {
+    if (codice.codIva.empty()) {
+      propria = codice;
+      continue;
+    }
+    std::vector<Coppia> riga = RigaTotale(totale, periodo, codice);
+    riga.emplace_back("DEFINITIVO", true);
+    tessarc.Inserisci("TotaliIva", riga);
+  }
+  for (const TotaleCodice& codice : totale.differiti) {
+    tessarc.Inserisci("TotaliIvaEP", RigaTotale(totale, periodo, codice));
+  }
+  std::vector<Coppia> riga = RigaTotale(totale, periodo, propria);
+  riga.emplace_back("TOTALEIVA", totale.Iva());
+  riga.emplace_back("DEFINITIVO", true);
+  tessarc.Inserisci("TotaliIva", riga);
+}
+
+void RegistroIvaUnico::Interno::ScriviProtocolli(const IntervalloRegistro& intervallo) {
+  if (intervallo.daIncassi) return;
+  tessarc.Inserisci("UltProtStRegIva",
+                    {{"Anno", periodo.anno},
+                     {"Riva", intervallo.riva},
+                     {"MeseTrimestre", periodo.cod},
+                     {"DaNProt", intervallo.daNProt},
+                     {"UltProtSt", std::max(intervallo.aaNProt, intervallo.daNProt - 1)}});
+  if (intervallo.Vuoto()) return;
+  tessarc.Esegui("UPDATE RegistriIva SET UltProtSt=" + sql::LetteraleSql(intervallo.aaNProt) +
+                 " WHERE " + sql::Criterio("Cod", "=", intervallo.riva));
+}
+
+bool RegistroIvaUnico::Interno::Memorizza(const DatiStampaRegistro& dati,
+                                          const std::string& impronta, int ultimaPagina) {
+  LogContabile log;
+  try {
+    const Blocco numerazione = ambiente.BloccaTabella("ARTICOLI", true);
+    if (!numerazione.Tenuto()) return false;
+    // What was printed must be what is stored, and nobody else's store may be covered.
+    const auto adesso = Totali();
+    if (!adesso || Impronta(adesso.Valore()) != impronta) {
+      Avviso(
+          "mentre la stampa era in corso un'altra postazione ha stampato in definitiva o ha "
+          "cambiato le registrazioni del periodo " +
+          periodo.testo +
+          ":\nnon è stato memorizzato nulla, confermare di nuovo il periodo e ripetere la "
+          "stampa");
+      return false;
+    }
+    Transazione transazione(ambiente.Basi());
+    const std::string chiave = sql::Criterio("Anno", "=", periodo.anno) + " AND " +
+                               sql::Criterio("PERIODO", "=", periodo.cod);
+    tessarc.Esegui("DELETE * FROM TOTALIIVA WHERE " + chiave);
+    tessarc.Esegui("DELETE * FROM TOTALIIVAEP WHERE " + chiave);
+    for (const TotaleRegistro& totale : dati.totali) {
+      const bool niente = totale.intervallo.daIncassi && totale.codici.empty();
+      if (!totale.intervallo.Vuoto() && !niente) ScriviTotali(totale);
+    }
+    // The annual summary settles nothing and closes no protocol.
+    if (!periodo.Annuale()) {
+      tessarc.Esegui("DELETE * FROM UltProtStRegIva WHERE " +
+                     sql::Criterio("Anno", "=", periodo.anno) + " AND " +
+                     sql::Criterio("MeseTrimestre", "=", periodo.cod));
+      for (const TotaleRegistro& totale : dati.totali) ScriviProtocolli(totale.intervallo);
+      MemorizzaLiquidazione(ambiente, dati.liquidazione, dati.totali, Giri(), ultimaPagina, log);
+    }
+    transazione.Conferma();
+  } catch (const std::exception& errore) {
+    ambiente.Dialogo().Messaggio("stampa definitiva del periodo " + periodo.testo +
+                                     " non memorizzata: nulla è cambiato, la si può ripetere\n" +
+                                     errore.what(),
+                                 Icona::Errore);
+    return false;
+  }
+  for (const std::string& avviso : log.avvisi) Avviso(avviso);
+  if (!log.testo.empty()) ambiente.Dialogo().Messaggio(log.testo);
+  return true;
+}
+
+bool RegistroIvaUnico::EliminaLiquidazioni() {
+  Interno& io = *interno_;
+  const int anno = io.ambiente.Anno();
+  if (!io.ambiente.Dialogo().Conferma(
+          "Comfarma eliminazione liquidazioni iva dell'anno " + std::to_string(anno) +
+          " stampate indefinitiva\n"
+          " - Le registrazioni contabili relative non verranno eliminate\n"
+          " - Successivamente sarà possibile ristampare i registri e le liquidazioni")) {
+    return false;
+  }
+  try {
+    const Blocco numerazione = io.ambiente.BloccaTabella("ARTICOLI", true);
+    if (!numerazione.Tenuto()) return false;
+    Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tessarc);
+    const std::string condizione = sql::Criterio("anno", "=", anno);
+    io.tessarc.Esegui("delete * from UltProtStRegIva where " + condizione);
+    io.tessarc.Esegui("delete * from ChiusureIva where " + condizione);
+    io.tessarc.Esegui("DELETE * FROM CHIUSIVA WHERE " + condizione);
+    // With no period left, the ranges are proposed from the beginning again.
+    if (io.tessarc.Singolo("SELECT Count(*) FROM UltProtStRegIva").Intero() == 0) {
+      io.tessarc.Esegui("UPDATE RegistriIva SET UltProtSt=0");
+    }
+    transazione.Conferma();
+  } catch (const std::exception& errore) {
+    io.ambiente.Dialogo().Messaggio(
+        std::string("liquidazioni iva non eliminate: nulla è cambiato\n") + errore.what(),
+        Icona::Errore);
+    return false;
+  }
+  io.ambiente.Dialogo().Messaggio("liquidazioni iva eliminate");
+  return true;
+}
+
+}  // namespace fenalto::vat

@@ -1,0 +1,159 @@
+// What a chosen period proposes, and what it warns of.
+#include <algorithm>
+
+#include "core/session/ImpostazioneAttiva.h"
+#include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
+#include "core/values/Testo.h"
+#include "vat/register/RegistroIvaInterno.h"
+#include "vat/settlement/TotaliInterno.h"
+
+namespace fenalto::vat {
+namespace {
+
+constexpr const char* kImpostare = "bisogna impostare la casella 'fino al n.protocollo ...'";
+
+std::string Nome(const IntervalloRegistro& intervallo) {
+  return "Registro " + intervallo.riva + " " + intervallo.descrizione + "\n";
+}
+
+bool DaIncassi(const std::string& tipo) {
+  return UgualeTesto(tipo, "08") || UgualeTesto(tipo, "08A");
+}
+
+}  // namespace
+
+void RegistroIvaUnico::Interno::AvvisaGiaChiuso() {
+  if (periodo.Annuale()) return;
+  if (!ambiente.Esiste("tessarc", "ChiusureIva",
+                       {{"Anno", periodo.anno}, {"MESETRIMESTRE", periodo.cod}})) {
+    return;
+  }
+  Avviso("La chiusura iva del periodo " + periodo.testo +
+         " è già stata effettuata in definitiva.\n"
+         "E'possibile ristamparla e riconfermarla in definitiva.\n"
+         "In questo caso: \n"
+         "- se sono state modificate/inserite registrazioni può essere necessario forzare i numeri "
+         "protocollo.\n"
+         "- l'eventuale credito iva dovrà essere forzato.");
+}
+
+std::int64_t RegistroIvaUnico::Interno::PrimoDaStampare(const std::string& riva,
+                                                        std::int64_t ultProtSt) {
+  std::int64_t massimo = -1;
+  for (Rs rs = tessarc.Recordset(
+           "SELECT * FROM UltProtStRegIva WHERE " + sql::Criterio("Riva", "=", riva) + " AND " +
+           sql::Criterio("Anno", "=", periodo.anno) + " ORDER BY MESETRIMESTRE");
+       !rs.Eof(); rs.MoveNext()) {
+    const std::string cod = rs.Fields("MeseTrimestre").Testo();
+    if (cod == periodo.cod) return rs.Fields("DaNProt").Intero();
+    if (cod != "Z") massimo = std::max(massimo, rs.Fields("UltProtSt").Intero());
+  }
+  // The summary takes the year from its beginning.
+  if (periodo.Annuale()) return 1;
+  if (massimo >= 0) return massimo + 1;
+  // Nothing is printed of this year: the register's last protocol belongs to another, if any.
+  const bool altriAnni = ambiente.Esiste("tessarc", "UltProtStRegIva", {{"Riva", riva}});
+  return altriAnni ? 1 : ultProtSt + 1;
+}
+
+std::int64_t RegistroIvaUnico::Interno::UltimoNelPeriodo(const std::string& riva) {
+  std::string condizione = "SELECT Max(NProt) FROM ZarticoliProtocollati WHERE " +
+                           sql::Criterio("Riva", "=", riva) + " and " +
+                           sql::Criterio("Anno", "=", periodo.anno);
+  if (!periodo.Annuale()) {
+    condizione += " and " + sql::Criterio("Dt", ">=", periodo.Primo()) + " and " +
+                  sql::Criterio("Dt", "<=", periodo.UltimoGiorno());
+  }
+  return Nz(tessarc.Singolo(condizione)).Intero();
+}
+
+void RegistroIvaUnico::Interno::ProponiIntervalli() {
+  intervalli.clear();
+  for (Rs rs = tessarc.Recordset("SELECT * FROM REGISTRIIVA  ORDER BY COD"); !rs.Eof();
+       rs.MoveNext()) {
+    IntervalloRegistro intervallo;
+    intervallo.riva = rs.Fields("Cod").Testo();
+    intervallo.tipo = rs.Fields("Tipo").Testo();
+    intervallo.descrizione = rs.Fields("Descrizione").Testo();
+    intervallo.daIncassi = DaIncassi(intervallo.tipo);
+    if (!intervallo.daIncassi) {
+      intervallo.daNProt = PrimoDaStampare(intervallo.riva, rs.Fields("UltProtSt").Intero());
+      // Nothing in the period is an empty range behind the last protocol printed.
+      intervallo.aaNProt = std::max(UltimoNelPeriodo(intervallo.riva), intervallo.daNProt - 1);
+    }
+    intervalli.push_back(intervallo);
+  }
+  for (const IntervalloRegistro& intervallo : intervalli) {
+    if (intervallo.daIncassi) continue;
+    const Valore stampato = ambiente.Cerca(
+        "tessarc", "UltProtStRegIva",
+        {{"Anno", periodo.anno}, {"Riva", intervallo.riva}, {"MeseTrimestre", periodo.cod}},
+        "UltProtSt");
+    AvvisaIntervallo(intervallo, stampato.Nullo() ? intervallo.aaNProt : stampato.Intero());
+  }
+}
+
+/// `stampato` is the last protocol that the period had when it was printed, or the proposed one.
+void RegistroIvaUnico::Interno::AvvisaIntervallo(const IntervalloRegistro& intervallo,
+                                                 std::int64_t stampato) {
+  const auto data = [&](std::int64_t nProt) {
+    return ambiente.Cerca("tessarc", "ZarticoliProtocollati",
+                          {{"Riva", intervallo.riva}, {"Anno", periodo.anno}, {"NProt", nProt}},
+                          "Dt");
+  };
+  if (stampato > 0 && data(stampato).Nullo()) {
+    Avviso(Nome(intervallo) + "il protocollo " + std::to_string(stampato) + " non esiste più\n" +
+           kImpostare);
+    return;
+  }
+  const Valore seguente = data(stampato + 1);
+  if (seguente.Nullo() || !periodo.Contiene(seguente.Data())) return;
+  const Data ultima = stampato > 0 ? data(stampato).Data() : periodo.Primo();
+  Avviso(Nome(intervallo) + "ci sono già registrazioni successive a " + ultima.Testo() + "\n" +
+         kImpostare);
+}
+
+void RegistroIvaUnico::Interno::AvvisaIncassi() {
+  const auto manca = [&](const char* speciale) {
+    if (ambiente.Esiste("tessarc", "RegistriIva", {{"Tipo", speciale}})) return false;
+    return tessarc
+               .Singolo("SELECT Count(*) FROM ZarticoliSospese AS Articoli WHERE " +
+                        CondizioneIncassati(ambiente, speciale, periodo))
+               .Intero() > 0;
+  };
+  if (manca("08")) {
+    Avviso(
+        "ci sono fatture vendita in sospensione iva pagate:\nè necessario creare un registro iva "
+        "di tipo 08");
+  }
+  if (manca("08A")) {
+    Avviso(
+        "ci sono fatture acquisti in sospensione iva incassate:\nè necessario creare un registro "
+        "iva di tipo 08A");
+  }
+}
+
+void RegistroIvaUnico::Interno::ProponiOpzioni() {
+  opzioni.stIndirizzo = ImpostazioneAttiva(ambiente, "StIndirizzo");
+  opzioni.ventilazione.riva = ambiente.Config("RivaVentil");
+  opzioni.ventilazione.riva1 = ambiente.Config("RivaVentil1");
+  ProponiVentilazione();
+  opzioni.liquidazione = ProponiLiquidazione(ambiente, periodo);
+  opzioni.dtReg = periodo.UltimoGiorno();
+}
+
+void RegistroIvaUnico::Interno::ProponiVentilazione() {
+  const auto ultimo = [&](const std::string& riva) {
+    if (riva.empty()) return std::int64_t{0};
+    return Nz(tessarc.Singolo("SELECT Max(NProt) FROM ZarticoliFatture WHERE " +
+                              sql::Criterio("Riva", "=", riva) + " and " +
+                              sql::Criterio("Anno", "=", periodo.anno) + " and " +
+                              sql::Criterio("Dt", "<=", periodo.UltimoGiorno())))
+        .Intero();
+  };
+  opzioni.ventilazione.aaNProt = ultimo(opzioni.ventilazione.riva);
+  opzioni.ventilazione.aaNProt1 = ultimo(opzioni.ventilazione.riva1);
+}
+
+}  // namespace fenalto::vat
