@@ -20,20 +20,19 @@ QDataStream& operator>>(QDataStream& flusso, std::string& testo) {
   return flusso;
 }
 
-QDataStream& operator<<(QDataStream& flusso, const reports::Rinvio& rinvio) {
-  flusso << static_cast<qint8>(rinvio.genere);
-  if (rinvio.genere == reports::Rinvio::Genere::Nessuno) return flusso;
-  return flusso << rinvio.cfp << rinvio.conto << rinvio.anno << static_cast<qint64>(rinvio.numero);
+// Most texts stand for nothing: then one byte tells it.
+QDataStream& operator<<(QDataStream& flusso, const Rinvio& rinvio) {
+  flusso << rinvio.Vuoto();
+  if (rinvio.Vuoto()) return flusso;
+  return flusso << rinvio.funzione << rinvio.codice << rinvio.anno << rinvio.classe
+                << rinvio.scheda;
 }
-QDataStream& operator>>(QDataStream& flusso, reports::Rinvio& rinvio) {
-  qint8 genere = 0;
-  flusso >> genere;
-  rinvio.genere = static_cast<reports::Rinvio::Genere>(genere);
-  if (rinvio.genere == reports::Rinvio::Genere::Nessuno) return flusso;
-  qint64 numero = 0;
-  flusso >> rinvio.cfp >> rinvio.conto >> rinvio.anno >> numero;
-  rinvio.numero = numero;
-  return flusso;
+QDataStream& operator>>(QDataStream& flusso, Rinvio& rinvio) {
+  bool vuoto = true;
+  flusso >> vuoto;
+  if (vuoto) return flusso;
+  return flusso >> rinvio.funzione >> rinvio.codice >> rinvio.anno >> rinvio.classe >>
+         rinvio.scheda;
 }
 
 QDataStream& operator<<(QDataStream& flusso, const reports::Scritta& uno) {

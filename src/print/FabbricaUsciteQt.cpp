@@ -18,7 +18,7 @@ std::unique_ptr<reports::Uscita> FabbricaUsciteQt::Crea(const SceltaUscita& scel
     case Destinazione::Anteprima:
       return std::make_unique<UscitaAnteprima>(
           rapporto, dialoghi_, sopra_,
-          [fabbrica = QPointer<FabbricaUsciteQt>(this)](const reports::Rinvio& rinvio) {
+          [fabbrica = QPointer<FabbricaUsciteQt>(this)](const Rinvio& rinvio) {
             if (fabbrica) emit fabbrica->RinvioScelto(rinvio);
           });
     case Destinazione::Stampante: {

@@ -20,7 +20,7 @@ class FabbricaUsciteQt : public QObject, public reports::FabbricaUscite {
 
  signals:
   /// A text with a link was double-clicked in a preview.
-  void RinvioScelto(const fenalto::reports::Rinvio& rinvio);
+  void RinvioScelto(const fenalto::Rinvio& rinvio);
 
  private:
   Dialoghi& dialoghi_;

@@ -193,7 +193,7 @@ void FinestraAnteprima::Collega() {
     VaiAPagina(corrente_ + verso);
     vista_->MostraInizio(verso > 0);
   });
-  connect(vista_, &VistaPagina::RinvioScelto, this, [this](const reports::Rinvio& rinvio) {
+  connect(vista_, &VistaPagina::RinvioScelto, this, [this](const Rinvio& rinvio) {
     // The report is inside an action of a function: nothing else may begin.
     if (composta_ && !occupata_) emit RinvioScelto(rinvio);
   });

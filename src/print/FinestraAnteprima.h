@@ -64,7 +64,7 @@ class FinestraAnteprima : public QWidget {
 
  signals:
   /// A text with a link was double-clicked.
-  void RinvioScelto(const fenalto::reports::Rinvio& rinvio);
+  void RinvioScelto(const fenalto::Rinvio& rinvio);
 
  protected:
   void closeEvent(QCloseEvent* evento) override;

@@ -56,11 +56,11 @@ int Caratteri(const QString& testo, int da, int unita) {
 
 }  // namespace
 
-const reports::Rinvio* RinvioDi(const reports::Elemento& elemento) {
-  const reports::Rinvio* rinvio = nullptr;
+const Rinvio* RinvioDi(const reports::Elemento& elemento) {
+  const Rinvio* rinvio = nullptr;
   if (const auto* scritta = std::get_if<reports::Scritta>(&elemento)) rinvio = &scritta->rinvio;
   if (const auto* riga = std::get_if<reports::RigaFissa>(&elemento)) rinvio = &riga->rinvio;
-  return rinvio != nullptr && rinvio->genere != reports::Rinvio::Genere::Nessuno ? rinvio : nullptr;
+  return rinvio != nullptr && !rinvio->Vuoto() ? rinvio : nullptr;
 }
 
 QPageLayout Disposizione(const reports::FormatoPagina& formato) {

@@ -21,7 +21,7 @@ class QPainter;
 namespace fenalto::print {
 
 /// Where something stands on a page, and the link behind it.
-[[nodiscard]] const reports::Rinvio* RinvioDi(const reports::Elemento& elemento);
+[[nodiscard]] const Rinvio* RinvioDi(const reports::Elemento& elemento);
 /// The layout of a device for a page of that format: size, orientation, no margins of the device's
 /// own (the page's stand inside).
 [[nodiscard]] QPageLayout Disposizione(const reports::FormatoPagina& formato);

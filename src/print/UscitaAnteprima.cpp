@@ -3,7 +3,7 @@
 namespace fenalto::print {
 
 UscitaAnteprima::UscitaAnteprima(std::string titolo, Dialoghi& dialoghi, QWidget* sopra,
-                                 std::function<void(const reports::Rinvio&)> suRinvio)
+                                 std::function<void(const Rinvio&)> suRinvio)
     : titolo_(std::move(titolo)),
       dialoghi_(dialoghi),
       sopra_(sopra),
@@ -18,7 +18,7 @@ bool UscitaAnteprima::Aggiungi(reports::Pagina pagina) {
   if (!finestra_) {
     finestra_ = new FinestraAnteprima(QString::fromStdString(titolo_), dialoghi_, sopra_);
     QObject::connect(finestra_, &FinestraAnteprima::RinvioScelto, finestra_,
-                     [suRinvio = suRinvio_](const reports::Rinvio& rinvio) {
+                     [suRinvio = suRinvio_](const Rinvio& rinvio) {
                        if (suRinvio) suRinvio(rinvio);
                      });
   }

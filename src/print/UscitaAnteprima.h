@@ -16,7 +16,7 @@ class UscitaAnteprima : public reports::Uscita {
   /// `suRinvio` is told the link that the user double-clicks, after the composition; `sopra` is the
   /// main window. Both ports must outlive the window.
   UscitaAnteprima(std::string titolo, Dialoghi& dialoghi, QWidget* sopra,
-                  std::function<void(const reports::Rinvio&)> suRinvio);
+                  std::function<void(const Rinvio&)> suRinvio);
   ~UscitaAnteprima() override;
   [[nodiscard]] bool SoloTesto() const override { return false; }
   void Titolo(const std::string& titolo) override { titolo_ = titolo; }
@@ -30,7 +30,7 @@ class UscitaAnteprima : public reports::Uscita {
   std::string titolo_;
   Dialoghi& dialoghi_;
   QPointer<QWidget> sopra_;
-  std::function<void(const reports::Rinvio&)> suRinvio_;
+  std::function<void(const Rinvio&)> suRinvio_;
   QPointer<FinestraAnteprima> finestra_;
   bool finita_ = false;
 };

@@ -199,7 +199,7 @@ void VistaPagina::mouseReleaseEvent(QMouseEvent*) {
 void VistaPagina::mouseDoubleClickEvent(QMouseEvent* evento) {
   const auto* elemento = ElementoIn(SullaPagina(evento->position()));
   if (elemento == nullptr) return;
-  const reports::Rinvio rinvio = *RinvioDi(*elemento);
+  const Rinvio rinvio = *RinvioDi(*elemento);
   emit RinvioScelto(rinvio);
 }
 

@@ -38,7 +38,7 @@ class VistaPagina : public QAbstractScrollArea {
   [[nodiscard]] QPointF SulVetro(const QPointF& punto) const;
 
  signals:
-  void RinvioScelto(const fenalto::reports::Rinvio& rinvio);
+  void RinvioScelto(const fenalto::Rinvio& rinvio);
   /// The wheel or a key asked for the page after (1) or before (-1).
   void PaginaOltre(int verso);
   void ZoomCambiato();

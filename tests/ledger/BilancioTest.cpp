@@ -93,8 +93,7 @@ TEST_F(BilancioTest, Verifica) {
   EXPECT_EQ(uscite.Righe()[0][0].substr(0, 13), "ROSSI & FIGLI");
   // A double click on an account's line leads to its movements.
   const auto& riga = std::get<reports::RigaFissa>(uscite.pagine[0].elementi[12]);
-  EXPECT_EQ(riga.rinvio.genere, reports::Rinvio::Genere::Conto);
-  EXPECT_EQ(riga.rinvio.cfp + riga.rinvio.conto, "C120.001") << riga.testo;
+  EXPECT_EQ(riga.rinvio, AlConto("C", "120.001")) << riga.testo;
 }
 
 TEST_F(BilancioTest, Prospetti) {

@@ -94,9 +94,7 @@ TEST_F(GiornaleTest, Righe) {
                 std::string(128, '=') + "\n" + largo("totali   dal 01/01/2024  al 31/12/2024", 95) +
                 "         122,000         122,000\n");
   const auto& riga = std::get<reports::RigaFissa>(uscite.pagine[0].elementi[7]);
-  EXPECT_EQ(riga.rinvio.genere, reports::Rinvio::Genere::Registrazione);
-  EXPECT_EQ(riga.rinvio.numero, 2);
-  EXPECT_EQ(riga.rinvio.anno, 2024);
+  EXPECT_EQ(riga.rinvio, AllaRegistrazione(2024, 2));
 
   scelta.stampaCompatta = true;
   scelta.intesto = false;

@@ -124,12 +124,12 @@ TEST(FabbricaUscite, OgniDestinazioneHaLaSuaUscita) {
   EXPECT_EQ(fabbrica.Crea({Destinazione::Xlsx, cartella / "a.xlsx"}, "Giornale"), nullptr);
 
   // A link of a preview reaches the main window through the factory.
-  std::vector<reports::Rinvio> rinvii;
+  std::vector<Rinvio> rinvii;
   QObject::connect(&fabbrica, &FabbricaUsciteQt::RinvioScelto, &principale,
-                   [&](const reports::Rinvio& rinvio) { rinvii.push_back(rinvio); });
+                   [&](const Rinvio& rinvio) { rinvii.push_back(rinvio); });
   const auto anteprima = fabbrica.Crea({Destinazione::Anteprima, {}}, "Giornale");
   reports::Pagina pagina{kA4, 1, {}};
-  const reports::Rinvio conto{reports::Rinvio::Genere::Conto, "P", "100.010", 2026, 0};
+  const Rinvio conto = AlConto("P", "100.010");
   pagina.elementi.emplace_back(reports::Scritta{
       1000, 1000, 4000, reports::Allineamento::Sinistra, {}, "Cassa contanti", conto, false});
   ASSERT_TRUE(anteprima->Aggiungi(pagina));
@@ -142,7 +142,7 @@ TEST(FabbricaUscite, OgniDestinazioneHaLaSuaUscita) {
   QTest::mouseDClick(vetro, Qt::LeftButton, Qt::NoModifier,
                      finestra->Vista().SulVetro(QPointF(1500, 5000)).toPoint());
   ASSERT_EQ(rinvii.size(), 1U);
-  EXPECT_EQ(rinvii[0].conto, "100.010");
+  EXPECT_EQ(rinvii[0], conto);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ namespace fenalto::prova {
 class RapportiTest : public FinestraProva {
  protected:
   /// A report of one line with a link, on the screen.
-  QPointer<print::FinestraAnteprima> Anteprima(const reports::Rinvio& rinvio) {
+  QPointer<print::FinestraAnteprima> Anteprima(const Rinvio& rinvio) {
     dialoghi.ScegliaUscita(SceltaUscita{Destinazione::Anteprima, {}});
     reports::Stampa stampa(ambiente, principale->Uscite());
     EXPECT_TRUE(stampa.Inizio("Giornale"));
@@ -106,7 +106,7 @@ TEST_F(RapportiTest, EsportaAncheLeRigheNonAncoraLette) {
 
 TEST_F(RapportiTest, RinvioAllaRegistrazione) {
   const auto numero = Registra({{"100.010", I("50")}, {"110.001", I("-50")}});
-  const auto anteprima = Anteprima({reports::Rinvio::Genere::Registrazione, "", "", 2024, numero});
+  const auto anteprima = Anteprima(AllaRegistrazione(2024, numero));
   ASSERT_FALSE(anteprima.isNull());
   dialoghi.Rispondera("Vedere la registrazione contabile ?", Risposta::Si);
   DoppioClicSu(*anteprima);
@@ -124,7 +124,7 @@ TEST_F(RapportiTest, RinvioAllaRegistrazione) {
 
 TEST_F(RapportiTest, RinvioAiMovimentiDelConto) {
   Registra({{"100.010", I("50")}, {"110.001", I("-50")}});
-  const auto anteprima = Anteprima({reports::Rinvio::Genere::Conto, "P", "110.001", 0, 0});
+  const auto anteprima = Anteprima(AlConto("P", "110.001"));
   ASSERT_FALSE(anteprima.isNull());
   DoppioClicSu(*anteprima);
   finestra = principale->Aperta(QStringLiteral("MovimentiConto"));

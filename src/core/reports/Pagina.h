@@ -2,10 +2,11 @@
 // page's upper left corner.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <variant>
 #include <vector>
+
+#include "core/values/Rinvio.h"
 
 namespace fenalto::reports {
 
@@ -26,16 +27,6 @@ struct Carattere {
   bool operator==(const Carattere&) const = default;
 };
 
-/// What a text stands for, so that a double click on it leads there.
-struct Rinvio {
-  enum class Genere { Nessuno, Conto, Registrazione };
-  Genere genere = Genere::Nessuno;
-  std::string cfp;
-  std::string conto;
-  int anno = 0;
-  std::int64_t numero = 0;
-};
-
 /// Stands in a Scritta or a RigaFissa for the number of pages of the whole report (U+E000), which a
 /// page that is handed on before the last one is made can't know. An output that keeps its pages
 /// puts the number in its place at the end (RisolviPagineTotali); one that passes them on as they
@@ -50,7 +41,7 @@ struct Scritta {
   Allineamento allineamento = Allineamento::Sinistra;
   Carattere carattere;
   std::string testo;
-  Rinvio rinvio;
+  Rinvio rinvio;  ///< what the text stands for: where a double click on it leads
   /// A number, which must not be cut: a device on which it is wider than `larghezza` prints as many
   /// asterisks as fit.
   bool numero = false;

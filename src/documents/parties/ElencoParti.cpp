@@ -192,7 +192,7 @@ class TabulatoParti {
 
   /// A name and its figures, in bold.
   void Intestata(const std::string& codice, const std::string& nome, const ledger::Saldo& saldo,
-                 const reports::Rinvio& rinvio) {
+                 const Rinvio& rinvio) {
     constexpr std::array kCampi = {"R_SALDOINIZIALE", "R_DARE", "R_AVERE", "R_SALDO"};
     const std::array<Importo, 4> cifre = Cifre(saldo);
     if (grafico_) {
@@ -229,7 +229,7 @@ class TabulatoParti {
 
   /// A line of texts: by the model's names, or one after the other in the picture.
   void Riga(std::span<const std::pair<const char*, std::string>> campi, const std::string& sagoma,
-            const reports::Rinvio& rinvio) {
+            const Rinvio& rinvio) {
     if (grafico_) {
       const double y = stampa_.YCorrente();
       for (const auto& [nome, valore] : campi) stampa_.CampoModello(nome, valore, y, rinvio);
@@ -253,12 +253,8 @@ class TabulatoParti {
     stampa_.Riga(Testi(kLarghezza), {}, grassetto);
   }
 
-  [[nodiscard]] reports::Rinvio RinvioA(const ParteElencata& parte) const {
-    reports::Rinvio rinvio;
-    rinvio.genere = reports::Rinvio::Genere::Conto;
-    rinvio.cfp = scelta_.parti.cfp;
-    rinvio.conto = parte.Testo("Cod");
-    return rinvio;
+  [[nodiscard]] Rinvio RinvioA(const ParteElencata& parte) const {
+    return AlConto(scelta_.parti.cfp, parte.Testo("Cod"));
   }
 
   Ambiente& ambiente_;

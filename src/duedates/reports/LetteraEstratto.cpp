@@ -169,7 +169,7 @@ void LetteraEstratto::Riga(const ScadenzaStampata& s) {
 
 void LetteraEstratto::RigaModello(const ScadenzaStampata& s) {
   const double y = stampa_.YCorrente();
-  const reports::Rinvio rinvio = s.RinvioARegistrazione();
+  const Rinvio rinvio = s.RinvioARegistrazione();
   stampa_.CampoModello("R_DTSCAD", s.dt, y, rinvio);
   if (s.nFat != 0) stampa_.CampoModello("R_NFAT", std::to_string(s.nFat), y, rinvio);
   stampa_.CampoModello("R_DTFAT", s.dtFat, y, rinvio);

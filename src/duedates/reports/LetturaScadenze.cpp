@@ -112,15 +112,8 @@ std::string ScadenzaStampata::DescrizioneSegnata() const {
   return descrizione.empty() ? "ACCONTO" : "ACCONTO - " + descrizione;
 }
 
-reports::Rinvio ScadenzaStampata::RinvioARegistrazione() const {
-  reports::Rinvio rinvio;
-  rinvio.genere =
-      articolo == 0 ? reports::Rinvio::Genere::Conto : reports::Rinvio::Genere::Registrazione;
-  rinvio.cfp = cfp;
-  rinvio.conto = conto;
-  rinvio.anno = anno;
-  rinvio.numero = articolo;
-  return rinvio;
+Rinvio ScadenzaStampata::RinvioARegistrazione() const {
+  return articolo == 0 ? AlConto(cfp, conto) : AllaRegistrazione(anno, articolo);
 }
 
 std::optional<std::string> DifettoScelta(const SceltaScadenze& s) {

@@ -51,7 +51,7 @@ struct ScadenzaStampata {
   /// The description, marked when it is a deposit.
   [[nodiscard]] std::string DescrizioneSegnata() const;
   /// Leads to the registration; to the party where the due date has none.
-  [[nodiscard]] reports::Rinvio RinvioARegistrazione() const;
+  [[nodiscard]] Rinvio RinvioARegistrazione() const;
 };
 
 /// What is wrong in a choice, in words for the user.

@@ -95,10 +95,7 @@ class TabulatoScadenze : private SeguitoScadenze {
 
   void Nome(const char* seguito) {
     const std::string testo = parte_.conto + "  " + parte_.ragsoc + seguito;
-    reports::Rinvio rinvio;
-    rinvio.genere = reports::Rinvio::Genere::Conto;
-    rinvio.cfp = parte_.cfp;
-    rinvio.conto = parte_.conto;
+    const Rinvio rinvio = AlConto(parte_.cfp, parte_.conto);
     if (!grafico_) {
       stampa_.Campo(1, testo);
       return stampa_.Riga(reports::Ripeti("$", larghezza_), rinvio, true);
@@ -133,7 +130,7 @@ class TabulatoScadenze : private SeguitoScadenze {
 
   void RigaModello(const ScadenzaStampata& s) {
     const double y = stampa_.YCorrente();
-    const reports::Rinvio rinvio = s.RinvioARegistrazione();
+    const Rinvio rinvio = s.RinvioARegistrazione();
     const std::pair<const char*, Valore> campi[] = {
         {"R_DTSCAD", s.dt},
         {"R_CONTO", perConto_ ? Valore() : Valore(s.conto)},

@@ -70,17 +70,13 @@ class TabulatoSaldi {
   }
 
   void Riga(const ParteDiscorde& parte) {
-    reports::Rinvio rinvio;
-    rinvio.genere = reports::Rinvio::Genere::Conto;
-    rinvio.cfp = parte.cfp;
-    rinvio.conto = parte.cod;
     std::size_t n = 0;
     stampa_.Campo(++n, parte.cod);
     stampa_.Campo(++n, parte.descrizione.empty() ? "non in archivio" : parte.descrizione);
     stampa_.Campo(++n, parte.saldoContabile);
     stampa_.Campo(++n, parte.saldoScadenze);
     stampa_.Campo(++n, parte.Differenza());
-    stampa_.Riga(riga_, rinvio);
+    stampa_.Riga(riga_, AlConto(parte.cfp, parte.cod));
   }
 
   void Intera(const std::string& testo, bool grassetto = false) {

@@ -133,11 +133,9 @@ class Distinta {
     const RicevutaRiba& ricevuta = dati_.distinta.ricevute[indice];
     const DebitoreRiba& debitore = ricevuta.debitore;
     stampa_.Riserva(kRighePerRicevuta + 1);
-    reports::Rinvio rinvio;
-    rinvio.genere = reports::Rinvio::Genere::Conto;
-    rinvio.cfp = dati_.vista[indice].cfp;
-    rinvio.conto = dati_.vista[indice].conto;
-    stampa_.Campo(1, rinvio.conto);
+    const auto& vista = dati_.vista[indice];
+    const Rinvio rinvio = AlConto(vista.cfp, vista.conto);
+    stampa_.Campo(1, vista.conto);
     stampa_.Campo(2, debitore.ragSoc1);
     stampa_.Campo(3, ricevuta.descrizione);
     stampa_.Riga(kRicevuta1, rinvio);

@@ -85,9 +85,7 @@ class TabulatoRaggruppamento {
       stampa_.Campo(kDtScad, scadenza.dt);
       stampa_.Campo(kImporto, scadenza.Residuo());
       if (!scadenza.importoPagatoE.Zero()) stampa_.Campo(kRiferimenti, "residuo di scad. parziale");
-      stampa_.Riga(
-          riga_,
-          {reports::Rinvio::Genere::Registrazione, {}, {}, scadenza.anno, scadenza.articolo});
+      stampa_.Riga(riga_, AllaRegistrazione(scadenza.anno, scadenza.articolo));
     }
     if (!daRaggruppare) return;
     stampa_.Campo(kTesto, "raggruppate " + std::to_string(gruppo.scadenze.size()));

@@ -48,14 +48,6 @@ void Testata(reports::Stampa& stampa, Ambiente& ambiente) {
   stampa.Riga(kTestata);
 }
 
-reports::Rinvio AlConto(const std::string& cfp, const std::string& cod) {
-  reports::Rinvio rinvio;
-  rinvio.genere = reports::Rinvio::Genere::Conto;
-  rinvio.cfp = cfp;
-  rinvio.conto = cod;
-  return rinvio;
-}
-
 /// The chart, a master at a time.
 class TabulatoPiano {
  public:

@@ -64,13 +64,13 @@ class TabulatoGiornale {
   void TestataDitta();
   void TestataModello();
   void Riga(const RigaGiornale& riga);
-  void RigaTesto(const RigaGiornale& riga, const reports::Rinvio& rinvio);
-  void RigaCompatta(const RigaGiornale& riga, const reports::Rinvio& rinvio);
-  void RigaModello(const RigaGiornale& riga, const reports::Rinvio& rinvio);
+  void RigaTesto(const RigaGiornale& riga, const Rinvio& rinvio);
+  void RigaCompatta(const RigaGiornale& riga, const Rinvio& rinvio);
+  void RigaModello(const RigaGiornale& riga, const Rinvio& rinvio);
   /// Into the amounts carried forward, as soon as the row's amount is on the page: its text may go
   /// on on the next.
   void Conta(const RigaGiornale& riga);
-  void Seguiti(const std::vector<std::string>& pezzi, const reports::Rinvio& rinvio);
+  void Seguiti(const std::vector<std::string>& pezzi, const Rinvio& rinvio);
   void FinePagina();
   void Progressivi(const std::string& testo);
   void ProgressiviModello(const std::string& testo, double y);

@@ -165,10 +165,7 @@ void TabulatoGiornale::Riga(const RigaGiornale& riga) {
     sola.prima = false;
     return Riga(sola);
   }
-  reports::Rinvio rinvio;
-  rinvio.genere = reports::Rinvio::Genere::Registrazione;
-  rinvio.anno = ambiente_.Anno();
-  rinvio.numero = riga.numDoc;
+  const Rinvio rinvio = AllaRegistrazione(ambiente_.Anno(), riga.numDoc);
   if (grafico_) {
     RigaModello(riga, rinvio);
   } else if (scelta_.stampaCompatta) {
@@ -191,7 +188,7 @@ std::string TabulatoGiornale::Riferimento(const RigaGiornale& riga) const {
   return testo;
 }
 
-void TabulatoGiornale::RigaTesto(const RigaGiornale& riga, const reports::Rinvio& rinvio) {
+void TabulatoGiornale::RigaTesto(const RigaGiornale& riga, const Rinvio& rinvio) {
   // One line is kept for the amounts carried forward.
   if (stampa_.RigheLibere() < (riga.prima ? 3 : 2)) FinePagina();
   if (riga.prima) {
@@ -215,8 +212,7 @@ void TabulatoGiornale::RigaTesto(const RigaGiornale& riga, const reports::Rinvio
   Seguiti(pezzi, rinvio);
 }
 
-void TabulatoGiornale::Seguiti(const std::vector<std::string>& pezzi,
-                               const reports::Rinvio& rinvio) {
+void TabulatoGiornale::Seguiti(const std::vector<std::string>& pezzi, const Rinvio& rinvio) {
   for (std::size_t i = 1; i < pezzi.size(); ++i) {
     if (stampa_.RigheLibere() < 2) FinePagina();
     stampa_.Campo(1, pezzi[i]);
@@ -224,7 +220,7 @@ void TabulatoGiornale::Seguiti(const std::vector<std::string>& pezzi,
   }
 }
 
-void TabulatoGiornale::RigaCompatta(const RigaGiornale& riga, const reports::Rinvio& rinvio) {
+void TabulatoGiornale::RigaCompatta(const RigaGiornale& riga, const Rinvio& rinvio) {
   if (stampa_.RigheLibere() < 2) FinePagina();
   const bool avere = !riga.avere.Zero();
   // A code that its place would cut goes before the description, so that none is half told.
@@ -242,7 +238,7 @@ void TabulatoGiornale::RigaCompatta(const RigaGiornale& riga, const reports::Rin
   Conta(riga);
 }
 
-void TabulatoGiornale::RigaModello(const RigaGiornale& riga, const reports::Rinvio& rinvio) {
+void TabulatoGiornale::RigaModello(const RigaGiornale& riga, const Rinvio& rinvio) {
   if (stampa_.RigheLibere() < 1) FinePagina();
   std::vector<std::string> pezzi = {
       Unisci(Causale(riga.causale), scelta_.stampaCompatta ? " / " : " ", riga.descrizione)};

@@ -136,12 +136,4 @@ Valore Tabulato::PerModello(Importo importo) const {
   return ScriviImportoFisso(importo, 0);
 }
 
-reports::Rinvio Tabulato::RinvioA(const std::string& cfp, const std::string& conto) {
-  reports::Rinvio rinvio;
-  rinvio.genere = reports::Rinvio::Genere::Conto;
-  rinvio.cfp = cfp;
-  rinvio.conto = conto;
-  return rinvio;
-}
-
 }  // namespace fenalto::ledger

@@ -62,7 +62,6 @@ class Tabulato {
   [[nodiscard]] std::string Picture(std::string_view sagoma) const;
   /// An amount for a field of a model, which shows cents: lire have none.
   [[nodiscard]] Valore PerModello(Importo importo) const;
-  static reports::Rinvio RinvioA(const std::string& cfp, const std::string& conto);
 
   Ambiente& ambiente;
   const SceltaBilancio& scelta;

@@ -83,15 +83,15 @@ class TabulatoVerifica : private Tabulato {
   }
 
   void Conto(const ContoVisitato& conto) {
-    Riga(conto.cod, conto.descrizione, conto.saldi[0], RinvioA(conto.cfp, conto.cod));
+    Riga(conto.cod, conto.descrizione, conto.saldi[0], AlConto(conto.cfp, conto.cod));
     for (const ParteVisitata& parte : conto.parti) {
       if (Escluso(scelta, parte.saldi)) continue;
-      Riga(parte.cod, "  " + parte.descrizione, parte.saldi[0], RinvioA(parte.cfp, parte.cod));
+      Riga(parte.cod, "  " + parte.descrizione, parte.saldi[0], AlConto(parte.cfp, parte.cod));
     }
   }
 
   void Riga(const std::string& cod, const std::string& descrizione, const Saldo& s,
-            const reports::Rinvio& rinvio) {
+            const Rinvio& rinvio) {
     if (!grafico) return RigaTesto(cod, descrizione, s, rinvio, false);
     const double y = stampa.YCorrente();
     stampa.CampoModello("R_conto", cod, y, rinvio);
@@ -116,7 +116,7 @@ class TabulatoVerifica : private Tabulato {
   }
 
   void RigaTesto(const std::string& cod, const std::string& descrizione, const Saldo& s,
-                 const reports::Rinvio& rinvio, bool grassetto) {
+                 const Rinvio& rinvio, bool grassetto) {
     stampa.Campo(1, cod);
     stampa.Campo(2, descrizione);
     stampa.Campo(3, s.saldoIniziale);

@@ -107,16 +107,16 @@ class TabulatoConfronto : private Tabulato {
 
   void Conto(const ContoVisitato& conto) {
     if (!ContoStampato(scelta, conto)) return;
-    Singola(conto.cod, conto.descrizione, conto.saldi, RinvioA(conto.cfp, conto.cod));
+    Singola(conto.cod, conto.descrizione, conto.saldi, AlConto(conto.cfp, conto.cod));
     for (const ParteVisitata& parte : conto.parti) {
       if (Escluso(scelta, parte.saldi)) continue;
-      Singola(parte.cod, "  " + parte.descrizione, parte.saldi, RinvioA(parte.cfp, parte.cod));
+      Singola(parte.cod, "  " + parte.descrizione, parte.saldi, AlConto(parte.cfp, parte.cod));
     }
   }
 
   /// An account has one cell a period.
   void Singola(const std::string& cod, const std::string& descrizione, const Saldi& saldi,
-               const reports::Rinvio& rinvio) {
+               const Rinvio& rinvio) {
     Colonne colonne;
     colonne.Aggiungi(saldi);
     Celle celle = Intere(colonne);
@@ -127,7 +127,7 @@ class TabulatoConfronto : private Tabulato {
   }
 
   void Riga(const std::string& cod, const std::string& descrizione, const Celle& celle,
-            const reports::Rinvio& rinvio, bool totale) {
+            const Rinvio& rinvio, bool totale) {
     if (grafico) return RigaGrafica(cod, descrizione, celle, rinvio, totale);
     stampa.Campo(1, cod);
     stampa.Campo(2, descrizione);
@@ -138,7 +138,7 @@ class TabulatoConfronto : private Tabulato {
   }
 
   void RigaGrafica(const std::string& cod, const std::string& descrizione, const Celle& celle,
-                   const reports::Rinvio& rinvio, bool totale) {
+                   const Rinvio& rinvio, bool totale) {
     static constexpr std::array<const char*, 4> kCampi = {"COSTIA", "RICAVIA", "COSTIB", "RICAVIB"};
     const std::string prefisso = totale ? "R_TOT" : "R_";
     const double y = stampa.YCorrente();

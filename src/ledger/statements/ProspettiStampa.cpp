@@ -130,23 +130,23 @@ class TabulatoProspetti : private Tabulato {
     for (const ContoVisitato& conto : mastro.conti) {
       if (conto.rettifica.Zero()) continue;
       rettifiche_ = true;
-      Riga(conto.cod, conto.descrizione, conto.rettifica, RinvioA(conto.cfp, conto.cod), true);
+      Riga(conto.cod, conto.descrizione, conto.rettifica, AlConto(conto.cfp, conto.cod), true);
     }
     Stacco();
   }
 
   void Conto(const ContoVisitato& conto) {
     if (!ContoStampato(scelta, conto)) return;
-    Riga(conto.cod, conto.descrizione, conto.saldi[0].Finale(), RinvioA(conto.cfp, conto.cod));
+    Riga(conto.cod, conto.descrizione, conto.saldi[0].Finale(), AlConto(conto.cfp, conto.cod));
     for (const ParteVisitata& parte : conto.parti) {
       if (Escluso(scelta, parte.saldi)) continue;
       Riga(parte.cod, "  " + parte.descrizione, parte.saldi[0].Finale(),
-           RinvioA(parte.cfp, parte.cod));
+           AlConto(parte.cfp, parte.cod));
     }
   }
 
   void Riga(const std::string& cod, const std::string& descrizione, Importo saldo,
-            const reports::Rinvio& rinvio, bool rettifica = false) {
+            const Rinvio& rinvio, bool rettifica = false) {
     const bool destra = saldo.Negativo();
     if (grafico) {
       const double y = stampa.YCorrente();

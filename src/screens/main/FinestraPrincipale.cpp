@@ -368,17 +368,15 @@ reports::FabbricaUscite& FinestraPrincipale::Uscite() {
   return *uscite_;
 }
 
-void FinestraPrincipale::SegueRinvio(const reports::Rinvio& rinvio) {
+void FinestraPrincipale::SegueRinvio(const Rinvio& rinvio) {
   raise();
   activateWindow();
-  if (rinvio.genere == reports::Rinvio::Genere::Registrazione) {
-    VediRegistrazione(rinvio.numero, rinvio.anno);
+  if (rinvio.funzione == "Registrazione") {
+    VediRegistrazione(std::stoll(rinvio.codice), rinvio.anno);
     return;
   }
-  const QString funzione = QStringLiteral("MovimentiConto");
-  if (rinvio.genere != reports::Rinvio::Genere::Conto || !FunzioneDisponibile(funzione)) return;
-  if (auto* finestra = ApriFunzione(funzione)) {
-    finestra->ApriCodice(Qs(rinvio.cfp + "|" + rinvio.conto));
+  if (auto* finestra = ApriFunzione(Qs(rinvio.funzione))) {
+    finestra->ApriCodice(Qs(rinvio.classe + "|" + rinvio.codice));
   }
 }
 

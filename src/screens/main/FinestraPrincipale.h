@@ -65,7 +65,7 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void ChiudiTutto();
   /// Goes where a text of a preview leads: to the registration, after its question, or to the
   /// movements of the account.
-  void SegueRinvio(const reports::Rinvio& rinvio);
+  void SegueRinvio(const Rinvio& rinvio);
 
  signals:
   /// The main window was closed for good.

@@ -86,11 +86,7 @@ class ElencoSospeseStampato {
     stampa_.Campo(7, sospesa.imponibile);
     stampa_.Campo(8, sospesa.iva);
     stampa_.Campo(9, sospesa.dtIncasso);
-    reports::Rinvio rinvio;
-    rinvio.genere = reports::Rinvio::Genere::Registrazione;
-    rinvio.anno = sospesa.anno;
-    rinvio.numero = sospesa.numDoc;
-    stampa_.Riga(kSospesa, rinvio);
+    stampa_.Riga(kSospesa, AllaRegistrazione(sospesa.anno, sospesa.numDoc));
   }
 
   Ambiente& ambiente_;

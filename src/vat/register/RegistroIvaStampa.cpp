@@ -205,13 +205,13 @@ void TabulatoRegistroIva::StendiTesto(const RigaRegistro& riga, bool prima,
   }
   stampa_.Campo(6, DescrizioneIva(riga.codIva));
   CampiImporti(riga.importi, 7);
-  stampa_.Riga(riga_, RinvioDi(riga));
+  stampa_.Riga(riga_, AllaRegistrazione(riga.anno, riga.numDoc));
 }
 
 void TabulatoRegistroIva::StendiModello(const RigaRegistro& riga, bool prima,
                                         const std::string& nome) {
   const double y = stampa_.YCorrente();
-  const reports::Rinvio rinvio = RinvioDi(riga);
+  const Rinvio rinvio = AllaRegistrazione(riga.anno, riga.numDoc);
   if (prima) {
     stampa_.CampoModello("R_dt", riga.dt, y, rinvio);
     stampa_.CampoModello("R_Nprot", riga.nProt, y, rinvio);
@@ -236,14 +236,6 @@ void TabulatoRegistroIva::FineArticolo(const RigaRegistro& testa, bool incassata
   } else if (testa.ep) {
     Seguito("    ---- IVA ad esigibilità differita ----");
   }
-}
-
-reports::Rinvio TabulatoRegistroIva::RinvioDi(const RigaRegistro& riga) const {
-  reports::Rinvio rinvio;
-  rinvio.genere = reports::Rinvio::Genere::Registrazione;
-  rinvio.anno = riga.anno;
-  rinvio.numero = riga.numDoc;
-  return rinvio;
 }
 
 const TabulatoRegistroIva::Parte& TabulatoRegistroIva::ParteDi(const std::string& cfp,

@@ -62,7 +62,6 @@ class TabulatoRegistroIva {
   void Stendi(const RigaRegistro& riga, bool prima);
   void StendiTesto(const RigaRegistro& riga, bool prima, const std::string& nome);
   void StendiModello(const RigaRegistro& riga, bool prima, const std::string& nome);
-  [[nodiscard]] reports::Rinvio RinvioDi(const RigaRegistro& riga) const;
   const Parte& ParteDi(const std::string& cfp, const std::string& conto);
   std::string IndirizzoDi(const std::string& cfp, const std::string& conto);
   const std::string& DescrizioneIva(const std::string& cod);

@@ -79,7 +79,7 @@ TEST_F(StampaGrafica, IlModelloRottoFermaIlRapporto) {
 TEST_F(StampaGrafica, CampiAlLoroPosto) {
   Prepara();
   stampa.Dimensioni(12.5);
-  Rinvio rinvio{Rinvio::Genere::Registrazione, "", "", 2026, 12};
+  const Rinvio rinvio = AllaRegistrazione(2026, 12);
   const double y = stampa.YCorrente();
   EXPECT_DOUBLE_EQ(y, 50);
   stampa.CampoModello("r_dare", Importo::DaTesto("-1234.5").value(), y, rinvio);
@@ -102,7 +102,7 @@ TEST_F(StampaGrafica, CampiAlLoroPosto) {
   EXPECT_EQ(dare.larghezza, 3'000);
   EXPECT_EQ(dare.allineamento, Allineamento::Destra);
   EXPECT_TRUE(dare.numero);
-  EXPECT_EQ(dare.rinvio.numero, 12);
+  EXPECT_EQ(dare.rinvio, rinvio);
   const Scritta& ditta = Trova(pagina, "Rossi srl");
   EXPECT_EQ(ditta.x, 1'250);
   EXPECT_EQ(ditta.carattere.corpo, 1'200);

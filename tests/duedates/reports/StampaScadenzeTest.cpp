@@ -176,11 +176,9 @@ TEST_F(StampaScadenzeTest, OgniRigaPortaAllaRegistrazioneOAlConto) {
   for (const reports::Pagina& pagina : uscite.pagine) {
     for (const reports::Elemento& elemento : pagina.elementi) {
       const auto* riga = std::get_if<reports::RigaFissa>(&elemento);
-      if (riga == nullptr || riga->rinvio.genere == reports::Rinvio::Genere::Nessuno) continue;
-      const reports::Rinvio& r = riga->rinvio;
-      rinvii.push_back(r.genere == reports::Rinvio::Genere::Conto
-                           ? r.cfp + r.conto
-                           : std::to_string(r.anno) + "/" + std::to_string(r.numero));
+      if (riga == nullptr || riga->rinvio.Vuoto()) continue;
+      const Rinvio& r = riga->rinvio;
+      rinvii.push_back(r.anno == 0 ? r.classe + r.codice : std::to_string(r.anno) + "/" + r.codice);
     }
   }
   EXPECT_THAT(rinvii, ElementsAre("C0001", "2024/7", "C0001", "C0001", "C0002", "C0002", "C0002"));

@@ -373,11 +373,11 @@ void FinestraSituazioneScadenze::Interno::VediScadenza(int riga) {
   // Copied first: the main window may close this one.
   Finestre& principale = gestore;
   const auto posto = static_cast<std::size_t>(scadenze->Modello().Riga(riga)[kPosto].Intero());
-  const reports::Rinvio rinvio = elencate.at(posto).RinvioARegistrazione();
-  if (rinvio.genere == reports::Rinvio::Genere::Registrazione) {
-    principale.VediRegistrazione(rinvio.numero, rinvio.anno);
+  const Rinvio rinvio = elencate.at(posto).RinvioARegistrazione();
+  if (rinvio.funzione == "Registrazione") {
+    principale.VediRegistrazione(std::stoll(rinvio.codice), rinvio.anno);
   } else if (auto* conto = principale.ApriFunzione(QStringLiteral("MovimentiConto"))) {
-    conto->ApriCodice(Qs(rinvio.cfp + "|" + rinvio.conto));
+    conto->ApriCodice(Qs(rinvio.classe + "|" + rinvio.codice));
   }
 }
 
