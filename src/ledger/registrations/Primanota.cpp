@@ -36,55 +36,24 @@ TotaliPrimanota TotaliLeggibili(const std::vector<RigaPrimanota>& righe, Ambient
 Primanota::Interno::Interno(Ambiente& ambienteUsato)
     : ambiente(ambienteUsato),
       tessarc(ambienteUsato.ArchivioDi("tessarc")),
-      percorsoTemp(ambienteUsato.CartellaTemp("Movimenti", 1)),
+      documento(ambienteUsato),
       dataRicordata(ambienteUsato.Ora().Oggi()),
       allegati(ambienteUsato, "PrimaNota", "Registrazione primanota") {
-  if (!tessarc.CreaCopiaTemp(percorsoTemp, "num", kTabellaRighe)) {
-    throw ErroreArchivio(ErroreArchivio::Causa::Altro,
-                         "non si può creare l'archivio di lavoro «" + percorsoTemp.string() +
-                             "»: controllare lo spazio nella cartella dei file temporanei");
-  }
-  temp = ambiente.Basi().ApriTemp(percorsoTemp);
-  temp->CollegaTabella(ambiente.PercorsoDb("tessarc"), "CAUSALI");
-  temp->CollegaTabella(ambiente.PercorsoDb("tessarc"), "CONTICLIENTIFORNITORI");
   testa = Scheda(*tessarc.Catalogo().Tabella("Articoli"));
   testa.Aggiungi("ProbabileNumDoc", Tipo::Testo);
-  riga = Scheda(*temp->Catalogo().Tabella(kTabellaRighe));
-}
-
-Primanota::Interno::~Interno() {
-  temp->Chiudi();
-  std::error_code errore;
-  std::filesystem::remove(percorsoTemp, errore);
 }
 
 void Primanota::Interno::ChiudiRecord() noexcept {
-  stato = Stato::Inattiva;
-  nuova = solaLettura = righeModificate = false;
+  documento.Chiudi();
   numeroRecord = idRecord = 0;
-  blocco.Rilascia();
   allegati.Scollega();
-  testa.Svuota();
-  righe.clear();
+  righe.Carica({});
   totali = {};
-  ChiudiRiga();
-  try {
-    temp->Esegui("delete * from Movimenti");
-  } catch (const ErroreArchivio&) {
-    // Opening a registration empties the scratch again before it is used.
-  }
 }
 
-bool Primanota::Interno::RigaInCorso() {
-  if (stato != Stato::RigaAperta) return false;
-  Avviso("confermare o annullare prima la riga");
-  return true;
-}
-
-bool Primanota::Interno::RifiutaSolaLettura() {
-  if (!solaLettura) return false;
-  Avviso("la registrazione è in modifica da un'altra stazione: si può solo consultare");
-  return true;
+bool Primanota::Interno::Ferma() {
+  return !documento.Aperto() || documento.RifiutaRiga(righe.InRiga()) ||
+         documento.RifiutaSolaLettura();
 }
 
 Primanota::Primanota(Ambiente& ambiente) : interno_(std::make_unique<Interno>(ambiente)) {}
@@ -92,22 +61,21 @@ Primanota::Primanota(Ambiente& ambiente) : interno_(std::make_unique<Interno>(am
 Primanota::~Primanota() = default;
 
 Primanota::Stato Primanota::StatoCorrente() const {
-  return interno_->stato;
+  return interno_->StatoCorrente();
 }
 
 bool Primanota::Nuova() const {
-  return interno_->nuova;
+  return interno_->documento.Nuovo();
 }
 
 bool Primanota::SolaLettura() const {
-  return interno_->solaLettura;
+  return interno_->documento.SolaLettura();
 }
 
 bool Primanota::Modificata() const {
   const Interno& io = *interno_;
-  if (io.stato == Stato::Inattiva || io.solaLettura) return false;
-  return io.righeModificate || io.testa.Modificata() || io.allegati.InAttesa() ||
-         (io.stato == Stato::RigaAperta && io.riga.Modificata());
+  return io.documento.Modificabile() && (io.righe.Modificate() || io.testa.Modificata() ||
+                                         io.allegati.InAttesa() || io.righe.Digitando());
 }
 
 // --- Head ------------------------------------------------------------------------------------
@@ -121,22 +89,19 @@ Rs Primanota::Interno::TrovaTestata(std::int64_t numero, int annoCercato) {
 void Primanota::Nuovo() {
   Interno& io = *interno_;
   Abbandona();
-  io.temp->Esegui("delete * from Movimenti");
   const int anno = io.ambiente.Anno();
   const std::int64_t ultimo =
       io.ambiente.Max("NumDoc", "Articoli", {{"Anno", anno}}, io.tessarc).Intero();
 
   io.anno = anno;
-  io.nuova = true;
   io.testa.Svuota();
   io.testa.Scrivi("NumDoc", 0);
   io.testa.Scrivi("Dt", io.dataRicordata);
   io.testa.Scrivi("Anno", anno);
   io.testa.Scrivi("ProbabileNumDoc", std::to_string(ultimo + 1));
-  io.testa.Consolida();
   io.allegati.Collega(0);
   io.contropAutomatiche = true;
-  io.stato = Stato::Aperta;
+  io.documento.Inizia();
 }
 
 bool Primanota::Apri(std::int64_t numero) {
@@ -161,25 +126,22 @@ bool Primanota::Apri(std::int64_t numero) {
   io.allegati.Collega(id, "Articolo n.: " + std::to_string(numero));
   ControlloDataGiornale(io.ambiente, record.Fields("Dt").Data());
 
-  io.temp->Esegui("delete * from Movimenti");
-  io.tessarc.CopiaRighe(io.percorsoTemp, kTabellaRighe, {{"anno", anno}, {"NumDoc", numero}});
-  std::vector<RigaPrimanota> righe = io.LeggiRighe();
+  std::vector<RigaPrimanota> righe = io.LeggiRighe(numero, anno);
   bool leggibili = false;
   const TotaliPrimanota totali = TotaliLeggibili(righe, io.ambiente, leggibili);
   if (!leggibili) return false;
 
   io.testa.Svuota();
   io.testa.Carica(record);
-  io.testa.Consolida();
   io.anno = anno;
   io.numeroRecord = numero;
   io.idRecord = id;
-  io.solaLettura = !preso.Riuscito();
-  if (preso.Riuscito()) io.blocco = std::move(preso).Valore();
-  io.righe = std::move(righe);
+  io.righe.Carica(std::move(righe));
   io.totali = totali;
   io.contropAutomatiche = false;
-  io.stato = Stato::Aperta;
+  std::string motivo =
+      preso ? std::string() : "la registrazione è in modifica da un'altra stazione";
+  io.documento.Mostra(std::move(preso), std::move(motivo));
   return true;
 }
 
@@ -194,7 +156,7 @@ void Primanota::Interno::NormalizzaNumero() {
 
 void Primanota::TestaLasciata(std::string_view campo) {
   Interno& io = *interno_;
-  if (io.stato == Stato::Inattiva || io.solaLettura) return;
+  if (!io.documento.Modificabile()) return;
   if (UgualeTesto(campo, "NumDoc")) io.NormalizzaNumero();
   if (UgualeTesto(campo, "Dt")) {
     const Data data = io.testa.Leggi("Dt").Data();
@@ -218,28 +180,23 @@ std::vector<ModelloPrimanota> Primanota::Modelli() {
 
 void Primanota::Duplica(std::int64_t articolo, int anno) {
   Interno& io = *interno_;
-  if (io.RigaInCorso()) return;
-  if (io.stato == Stato::Inattiva) Nuovo();
-  if (!io.nuova) return;
+  if (io.documento.RifiutaRiga(io.righe.InRiga())) return;
+  if (!io.documento.Aperto()) Nuovo();
+  if (!io.documento.Nuovo()) return;
 
-  TransazionePrimanota transazione(io.ambiente.Basi(), Transazione::Ambito::SoloLavoro);
-  const std::int64_t ultimaPosi = io.righe.empty() ? 0 : io.righe.back().posi;
   // Rows typed before stay, and the model's come after them.
-  if (ultimaPosi != 0) io.temp->Esegui("update Movimenti set NumDoc=-1");
-  io.tessarc.CopiaRighe(io.percorsoTemp, kTabellaRighe, {{"anno", anno}, {"NumDoc", articolo}});
-  if (ultimaPosi != 0) {
-    io.temp->Esegui("update Movimenti set Posi=Posi+" + std::to_string(ultimaPosi) +
-                    " where NumDoc<>-1");
+  const std::int64_t ultimaPosi = io.righe.ProssimaPosi(0);
+  std::vector<RigaPrimanota> righe = io.righe.Tutte();
+  for (RigaPrimanota& copiata : io.LeggiRighe(articolo, anno)) {
+    copiata.posi += ultimaPosi;
+    righe.push_back(std::move(copiata));
   }
-  std::vector<RigaPrimanota> righe = io.LeggiRighe();
   bool leggibili = false;
   const TotaliPrimanota totali = TotaliLeggibili(righe, io.ambiente, leggibili);
   if (!leggibili) return;
-  transazione.Conferma();
 
-  io.righe = std::move(righe);
+  io.righe.Sostituisci(std::move(righe));
   io.totali = totali;
-  io.righeModificate = true;
   io.contropAutomatiche = false;
 }
 
@@ -255,15 +212,15 @@ std::vector<AllegatoPrimanota> Primanota::Allegati() {
 
 Esito<bool> Primanota::AggiungiAllegato(const std::filesystem::path& file) {
   Interno& io = *interno_;
-  if (io.stato == Stato::Inattiva) return Errore{"aprire prima una registrazione"};
-  if (io.solaLettura) return Errore{"la registrazione si può solo consultare"};
+  if (!io.documento.Aperto()) return Errore{"aprire prima una registrazione"};
+  if (io.documento.SolaLettura()) return Errore{"la registrazione si può solo consultare"};
   return io.allegati.Aggiungi(file);
 }
 
 Esito<bool> Primanota::TogliAllegato(std::size_t indice) {
   Interno& io = *interno_;
-  if (io.stato == Stato::Inattiva) return Errore{"aprire prima una registrazione"};
-  if (io.solaLettura) return Errore{"la registrazione si può solo consultare"};
+  if (!io.documento.Aperto()) return Errore{"aprire prima una registrazione"};
+  if (io.documento.SolaLettura()) return Errore{"la registrazione si può solo consultare"};
   return io.allegati.Togli(indice);
 }
 

@@ -1,9 +1,8 @@
 // The registration that is not a VAT document: one head (`Articoli`) and its rows (`Movimenti`).
 //
-// Invariant of what is stored: debits equal credits. Rows are worked on in a private scratch copy;
-// a confirmation takes the numbering lock, then writes rows and head in one transaction, and
-// announces the number after. Whatever fails in the middle leaves nothing behind, and the user's
-// rows are still here.
+// Invariant of what is stored: debits equal credits. Rows stay in memory until a confirmation takes
+// the numbering lock, then writes rows and head in one transaction, and announces the number after.
+// Whatever fails in the middle leaves nothing behind, and the user's rows are still here.
 #pragma once
 
 #include <cstdint>
@@ -14,15 +13,14 @@
 #include <string_view>
 #include <vector>
 
-#include "core/session/Ambiente.h"
-#include "core/session/Scheda.h"
+#include "core/records/DocumentoAperto.h"
 #include "ledger/accounts/SaldoConto.h"
 
 namespace fenalto::ledger {
 
-/// A line of the row grid (`Zmovimentinoniva`).
+/// A row of `Movimenti` with the texts that its grid shows beside it.
 struct RigaPrimanota {
-  std::int64_t num = 0;
+  std::int64_t num = 0;  ///< its own while the registration is open, whatever its position
   std::int64_t posi = 0;
   std::string causale;
   std::string descrCausale;
@@ -35,6 +33,9 @@ struct RigaPrimanota {
   std::string cfpControp;
   std::string contoControp;
   bool diversiControp = false;
+  std::string categoria;
+  std::string commessa;
+  std::vector<Coppia> altre;  ///< columns that the form doesn't show
 };
 
 /// A model for new registrations (`zArticoliNonIvaDupl`).
@@ -56,7 +57,7 @@ struct AllegatoPrimanota {
 
 class Primanota {
  public:
-  enum class Stato { Inattiva, Aperta, RigaAperta };
+  using Stato = records::Stato;
 
   explicit Primanota(Ambiente& ambiente);
   ~Primanota();

@@ -1,6 +1,8 @@
 // Confirming and deleting a registration: the checks, the number, the one transaction.
-#include <utility>
+#include <algorithm>
 
+#include "core/records/Conferma.h"
+#include "core/records/RigheInTabella.h"
 #include "core/sql/Criterio.h"
 #include "ledger/registrations/Primanota.h"
 #include "ledger/registrations/PrimanotaInterno.h"
@@ -36,7 +38,7 @@ bool Primanota::Interno::NumeroOccupato() {
 std::int64_t Primanota::Interno::ScriviTestata(std::int64_t numero) {
   LatoTestata dare;
   LatoTestata avere;
-  for (const RigaPrimanota& r : righe) {
+  for (const RigaPrimanota& r : righe.Tutte()) {
     dare.Vedi(r, r.impoDare);
     avere.Vedi(r, r.impoAvere);
   }
@@ -49,64 +51,59 @@ std::int64_t Primanota::Interno::ScriviTestata(std::int64_t numero) {
                                      {"ContoA", avere.conto},
                                      {"Duplicabile", testa.Leggi("Duplicabile").Booleano()},
                                      {"DescrArtDupl", testa.Testo("DescrArtDupl")}};
-  if (nuova) return tessarc.Inserisci("Articoli", campi);
+  if (documento.Nuovo()) return tessarc.Inserisci("Articoli", campi);
 
   AggiornaTestata(tessarc, idRecord, numeroRecord, campi);
   return idRecord;
 }
 
 std::int64_t Primanota::Interno::ScriviRegistrazione() {
-  TransazionePrimanota transazione(ambiente.Basi(), Transazione::Ambito::Tessarc);
   std::int64_t numero = testa.Leggi("NumDoc").Intero();
   if (numero == 0) {
     numero = ambiente.Max("NumDoc", "Articoli", {{"Anno", anno}}, tessarc).Intero() + 1;
   }
-  if (!nuova) {
-    tessarc.Esegui("delete * from Movimenti where " + sql::Criterio("NumDoc", "=", numeroRecord) +
-                   " and " + sql::Criterio("anno", "=", anno));
+  if (!documento.Nuovo()) {
+    records::EliminaRighe(tessarc, kTabellaRighe, {{"NumDoc", numeroRecord}, {"anno", anno}});
   }
-  temp->Esegui("update Movimenti set " + sql::Criterio("NumDoc", "=", numero) + "," +
-               sql::Criterio("anno", "=", anno));
   // The head first: the rows then take its date as they are written.
   const std::int64_t id = ScriviTestata(numero);
-  temp->CopiaRighe(tessarc.Percorso(), kTabellaRighe, {{"anno", anno}, {"NumDoc", numero}});
+  // The books number rows in the order in which they were typed.
+  std::vector<RigaPrimanota> daScrivere = righe.Tutte();
+  std::ranges::sort(daScrivere, {}, &RigaPrimanota::num);
+  records::ScriviRighe(tessarc, kTabellaRighe, daScrivere, righe.Campi(),
+                       {{"anno", anno}, {"NumDoc", numero}});
   allegati.Scrivi(id, "Articolo n.: " + std::to_string(numero));
-  // Part of the same transaction: what failed leaves the rows in the scratch as well.
-  temp->Esegui("delete * from Movimenti");
-  transazione.Conferma();
-  allegati.Confermati();
   return numero;
-}
-
-void Primanota::Interno::NonRiuscito(const std::string& azione, const std::exception& errore) {
-  allegati.Annullati();
-  ambiente.Dialogo().Messaggio(
-      azione + " non riuscita: " + errore.what() +
-          "\nNon è stato scritto nulla: la registrazione è ancora sullo schermo, si può riprovare",
-      Icona::Errore);
 }
 
 bool Primanota::Conferma() {
   Interno& io = *interno_;
-  if (io.stato == Stato::Inattiva || io.RigaInCorso() || io.RifiutaSolaLettura()) return false;
+  if (io.Ferma()) return false;
   io.NormalizzaNumero();
   std::int64_t numero = 0;
-  try {
-    if (io.NumeroOccupato()) return false;
-    if (io.totali.dare != io.totali.avere) {
-      io.Avviso("Sbilancio");
-      return false;
-    }
-    const Blocco numerazione = io.ambiente.BloccaTabella("ARTICOLI", true);
-    if (!numerazione.Tenuto()) return false;
-    // Another station may have taken a typed number since the first look.
-    if (io.NumeroOccupato()) return false;
-    numero = io.ScriviRegistrazione();
-  } catch (const std::exception& e) {
-    io.NonRiuscito("conferma della registrazione", e);
-    return false;
-  }
-  if (io.nuova) io.dataRicordata = io.testa.Leggi("Dt").Data();
+  const bool scritta = records::Esegui(
+      io.ambiente, {.nonRiuscita = "conferma della registrazione non riuscita: ",
+                    .dopoErrore = records::kAncoraSulloSchermo,
+                    .numerazioni = {"ARTICOLI"},
+                    .ambito = Transazione::Ambito::Tessarc,
+                    .prima =
+                        [&] {
+                          if (io.NumeroOccupato()) return false;
+                          const bool quadra = io.totali.dare == io.totali.avere;
+                          if (!quadra) io.Avviso("Sbilancio");
+                          return quadra;
+                        },
+                    // Another station may have taken a typed number since the first look.
+                    .sottoBlocco = [&] { return !io.NumeroOccupato(); },
+                    .scrivi =
+                        [&] {
+                          numero = io.ScriviRegistrazione();
+                          return std::string();
+                        },
+                    .annulla = [&] { io.allegati.Annullati(); }});
+  if (!scritta) return false;
+  io.allegati.Confermati();
+  if (io.documento.Nuovo()) io.dataRicordata = io.testa.Leggi("Dt").Data();
   io.numeroConfermato = numero;
   io.ChiudiRecord();
   io.ambiente.AvvisoNumero("ARTICOLO CONTABILE", numero, "annotare il numero");
@@ -119,8 +116,8 @@ std::int64_t Primanota::NumeroConfermato() const {
 
 bool Primanota::Elimina() {
   Interno& io = *interno_;
-  if (io.stato == Stato::Inattiva || io.RigaInCorso() || io.RifiutaSolaLettura()) return false;
-  if (io.nuova) {
+  if (io.Ferma()) return false;
+  if (io.documento.Nuovo()) {
     io.Avviso("la registrazione non è ancora confermata: non c'è nulla da eliminare");
     return false;
   }
@@ -130,18 +127,20 @@ bool Primanota::Elimina() {
           "registrazione su scadenzario o dal pagamento di una fattura)")) {
     return false;
   }
-  try {
-    TransazionePrimanota transazione(io.ambiente.Basi(), Transazione::Ambito::Tessarc);
-    io.tessarc.Esegui("delete * from Movimenti where " +
-                      sql::Criterio("NumDoc", "=", io.numeroRecord) + " and " +
-                      sql::Criterio("anno", "=", io.anno));
+  const auto elimina = [&] {
+    records::EliminaRighe(io.tessarc, kTabellaRighe,
+                          {{"NumDoc", io.numeroRecord}, {"anno", io.anno}});
     io.allegati.EliminaRighe();
     io.tessarc.Esegui("delete * from Articoli where " + sql::Criterio("ID", "=", io.idRecord));
-    transazione.Conferma();
-  } catch (const std::exception& e) {
-    io.NonRiuscito("eliminazione della registrazione", e);
-    return false;
-  }
+    return std::string();
+  };
+  const bool eliminata = records::Esegui(
+      io.ambiente, {.nonRiuscita = "eliminazione della registrazione non riuscita: ",
+                    .dopoErrore = records::kAncoraSulloSchermo,
+                    .ambito = Transazione::Ambito::Tessarc,
+                    .scrivi = elimina,
+                    .annulla = [&] { io.allegati.Annullati(); }});
+  if (!eliminata) return false;
   io.allegati.EliminaFile();
   io.ChiudiRecord();
   return true;

@@ -1,17 +1,30 @@
 // What the parts of Primanota share: the state of the open registration and of its open row.
 #pragma once
 
-#include <exception>
-
+#include "core/records/Righe.h"
 #include "core/session/Allegati.h"
-#include "core/store/TransazioneComune.h"
 #include "ledger/registrations/Primanota.h"
 
 namespace fenalto::ledger {
 
-/// Name of the rows' table, in the books and in the scratch.
+/// Table of the rows.
 inline constexpr std::string_view kTabellaRighe = "Movimenti";
 inline constexpr std::string_view kDiversi = "DIVERSI";
+
+/// Fields of a row, as its frame and the table name them.
+inline constexpr records::CampoRiga<RigaPrimanota> kCampiRiga[] = {
+    records::Campo<&RigaPrimanota::posi>("Posi"),
+    records::Campo<&RigaPrimanota::causale>("Causale"),
+    records::Campo<&RigaPrimanota::descrizione>("Descrizione"),
+    records::Campo<&RigaPrimanota::cfp>("CFP"),
+    records::Campo<&RigaPrimanota::conto>("Conto"),
+    records::Campo<&RigaPrimanota::impoDare>("ImpoDare"),
+    records::Campo<&RigaPrimanota::impoAvere>("ImpoAvere"),
+    records::Campo<&RigaPrimanota::cfpControp>("CFPControp"),
+    records::Campo<&RigaPrimanota::contoControp>("ContoControp"),
+    records::Campo<&RigaPrimanota::diversiControp>("DiversiControp"),
+    records::Campo<&RigaPrimanota::categoria>("Categoria"),
+    records::Campo<&RigaPrimanota::commessa>("Commessa")};
 
 struct TotaliPrimanota {
   Importo dare;
@@ -22,8 +35,6 @@ struct TotaliPrimanota {
 /// Sums of the rows; throws FuoriCampo.
 TotaliPrimanota SommaRighe(const std::vector<RigaPrimanota>& righe);
 
-using TransazionePrimanota = TransazioneComune;
-
 /// An account that a row may name.
 struct VoceConto {
   std::string cod;
@@ -33,19 +44,15 @@ struct VoceConto {
 
 struct Primanota::Interno {
   explicit Interno(Ambiente& ambienteUsato);
-  ~Interno();
-  Interno(const Interno&) = delete;
-  Interno& operator=(const Interno&) = delete;
 
   // --- State ---------------------------------------------------------------------------------
 
-  /// No record any more: lock released, scratch emptied.
+  /// No record any more.
   void ChiudiRecord() noexcept;
-  /// Stops what can't be done with an open row, telling so.
-  bool RigaInCorso();
-  /// Stops what would change a record that another station holds, telling so.
-  bool RifiutaSolaLettura();
-  void Avviso(const std::string& testo) { ambiente.Dialogo().Messaggio(testo, Icona::Avviso); }
+  /// Stops what can't be done to the registration as a whole, telling why where there is one.
+  bool Ferma();
+  [[nodiscard]] Stato StatoCorrente() const { return documento.StatoCorrente(righe.InRiga()); }
+  void Avviso(const std::string& testo) const { documento.Avviso(testo); }
 
   // --- Head ----------------------------------------------------------------------------------
 
@@ -58,56 +65,44 @@ struct Primanota::Interno {
 
   // --- Rows ----------------------------------------------------------------------------------
 
-  std::vector<RigaPrimanota> LeggiRighe();
-  /// Opens the row frame on what `riga` holds now.
-  void MostraRiga(bool nuovaRiga, std::int64_t num);
-  void ChiudiRiga();
-  /// Saves or deletes the open row and does what follows, all or nothing; throws.
-  void SalvaRiga();
-  void CancellaRiga();
-  /// What follows a row saved or deleted: contra-entries, commit, and only then what is shown.
-  void ConcludiRighe(std::vector<RigaPrimanota> nuove, TransazionePrimanota& transazione);
-  /// Contra-entries of all rows, in `correnti` and in the scratch; whether any changed.
-  bool AggiornaContropartite(std::vector<RigaPrimanota>& correnti);
+  /// Rows of a stored registration, in the order in which they were written.
+  std::vector<RigaPrimanota> LeggiRighe(std::int64_t numero, int annoCercato);
+  /// Notes the fields that count as found when the row frame opens.
+  void VediRiga();
+  /// The rows as they are to be after one was saved or deleted, with what follows, all or nothing;
+  /// throws FuoriCampo.
+  void ConcludiRighe(std::vector<RigaPrimanota> nuove);
   void CausaleScelta();
   void ClasseScelta(std::string_view campoClasse, std::string_view campoConto,
                     std::string& classeVista);
   std::optional<VoceConto> TrovaConto(std::string_view cfp, std::string_view cod);
   /// Checks of ConfermaRiga; tells the one that stopped it.
   bool RigaConfermabile();
+  /// The open row as typed, with its texts.
+  RigaPrimanota RigaDigitata();
 
   // --- Confirmation --------------------------------------------------------------------------
 
-  /// One transaction; returns the number. Throws, and then nothing was written.
+  /// In a transaction; returns the number. Throws.
   std::int64_t ScriviRegistrazione();
   std::int64_t ScriviTestata(std::int64_t numero);
-  void NonRiuscito(const std::string& azione, const std::exception& errore);
 
   Ambiente& ambiente;
   Archivio& tessarc;
-  std::filesystem::path percorsoTemp;
-  std::unique_ptr<Archivio> temp;
+  records::DocumentoAperto documento;
+  Scheda& testa = documento.Testa();
+  records::Righe<RigaPrimanota> righe{kCampiRiga};
+  Scheda& riga = righe.Riga();
+  TotaliPrimanota totali;
 
-  Stato stato = Stato::Inattiva;
-  bool nuova = false;
-  bool solaLettura = false;
-  bool righeModificate = false;
   bool contropAutomatiche = true;
   int anno = 0;
   std::int64_t numeroRecord = 0;  ///< as stored; 0 of a new registration
   std::int64_t idRecord = 0;
   std::int64_t numeroConfermato = 0;
-  Blocco blocco;
-  Scheda testa;
   Data dataRicordata;
   fenalto::Allegati allegati;
 
-  std::vector<RigaPrimanota> righe;  ///< the scratch, by position
-  TotaliPrimanota totali;
-
-  Scheda riga;
-  bool rigaNuova = false;
-  std::int64_t numRiga = 0;
   std::string causaleVista;  ///< fields as they were when they were last left
   std::string cfpVista;
   std::string cfpContropVista;

@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "core/records/RigheInTabella.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/registrations/Primanota.h"
@@ -15,42 +16,6 @@ namespace {
 /// Step between the positions of two rows, so that one can be put between.
 constexpr std::int64_t kPassoPosi = 100;
 constexpr int kMesiSaldo = 12 * 50;
-
-RigaPrimanota LeggiRiga(const Rs& rs) {
-  RigaPrimanota r;
-  r.num = rs.Fields("Num").Intero();
-  r.posi = rs.Fields("Posi").Intero();
-  r.causale = rs.Fields("Causale").Testo();
-  r.descrCausale = rs.Fields("DescrCausale").Testo();
-  r.descrizione = rs.Fields("Descrizione").Testo();
-  r.cfp = rs.Fields("CFP").Testo();
-  r.conto = rs.Fields("Conto").Testo();
-  r.descrConto = rs.Fields("DescrConto").Testo();
-  r.impoDare = rs.Fields("ImpoDare").Importo();
-  r.impoAvere = rs.Fields("ImpoAvere").Importo();
-  r.cfpControp = rs.Fields("CFPControp").Testo();
-  r.contoControp = rs.Fields("ContoControp").Testo();
-  r.diversiControp = rs.Fields("DiversiControp").Booleano();
-  return r;
-}
-
-bool PrimaDi(const RigaPrimanota& a, const RigaPrimanota& b) {
-  return std::pair(a.posi, a.num) < std::pair(b.posi, b.num);
-}
-
-void TogliRiga(std::vector<RigaPrimanota>& righe, std::int64_t num) {
-  std::erase_if(righe, [num](const RigaPrimanota& r) { return r.num == num; });
-}
-
-/// "a=1,b='x'": the fields of an update.
-std::string Assegnazioni(const std::vector<Coppia>& campi) {
-  std::string testo;
-  for (const auto& [campo, valore] : campi) {
-    if (!testo.empty()) testo += ",";
-    testo += campo + "=" + sql::LetteraleSql(valore);
-  }
-  return testo;
-}
 
 struct Contropartita {
   std::string cfp;
@@ -78,14 +43,31 @@ struct LatoMaggiore {
   }
 };
 
-/// Sides a row can stand on, as conditions of the scratch and on the row.
-enum Lato { kDare, kAvere, kNessuno, kLati };
-constexpr std::array<std::string_view, kLati> kCondizioneLato = {
-    "ImpoDare<>0 and ImpoAvere=0", "ImpoAvere<>0", "ImpoDare=0 and ImpoAvere=0"};
-
-Lato LatoDi(const RigaPrimanota& r) {
-  if (!r.impoAvere.Zero()) return kAvere;
-  return r.impoDare.Zero() ? kNessuno : kDare;
+/// Gives all rows the contra-entry of their side; whether any changed.
+bool AggiornaContropartite(std::vector<RigaPrimanota>& righe) {
+  LatoMaggiore dare;
+  LatoMaggiore avere;
+  for (const RigaPrimanota& r : righe) {
+    dare.Vedi(r, r.impoDare);
+    avere.Vedi(r, r.impoAvere);
+  }
+  const Contropartita deiDare = avere.ComeContropartita();
+  const Contropartita degliAvere = dare.ComeContropartita();
+  bool cambiata = false;
+  for (RigaPrimanota& r : righe) {
+    Contropartita nuova;
+    if (!r.impoAvere.Zero()) {
+      nuova = degliAvere;
+    } else if (!r.impoDare.Zero()) {
+      nuova = deiDare;
+    }
+    cambiata = cambiata || r.cfpControp != nuova.cfp || r.contoControp != nuova.conto ||
+               r.diversiControp != nuova.diversi;
+    r.cfpControp = std::move(nuova.cfp);
+    r.contoControp = std::move(nuova.conto);
+    r.diversiControp = nuova.diversi;
+  }
+  return cambiata;
 }
 
 }  // namespace
@@ -100,16 +82,24 @@ TotaliPrimanota SommaRighe(const std::vector<RigaPrimanota>& righe) {
   return totali;
 }
 
-std::vector<RigaPrimanota> Primanota::Interno::LeggiRighe() {
+std::vector<RigaPrimanota> Primanota::Interno::LeggiRighe(std::int64_t numero, int annoCercato) {
+  const sql::TabellaCatalogo& tabella = *tessarc.Catalogo().Tabella(kTabellaRighe);
   std::vector<RigaPrimanota> lette;
-  Rs rs = temp->Vista("Zmovimentinoniva");
-  for (; !rs.Eof(); rs.MoveNext()) lette.push_back(LeggiRiga(rs));
-  std::sort(lette.begin(), lette.end(), PrimaDi);
+  Rs rs = tessarc.Recordset("select * from Zmovimentinoniva where " +
+                            sql::Criterio("NumDoc", "=", numero) + " and " +
+                            sql::Criterio("anno", "=", annoCercato) + " order by Num");
+  for (; !rs.Eof(); rs.MoveNext()) {
+    RigaPrimanota letta = records::LeggiRiga(rs, righe.Campi());
+    letta.descrCausale = rs.Fields("DescrCausale").Testo();
+    letta.descrConto = rs.Fields("DescrConto").Testo();
+    letta.altre = records::AltreColonne(rs, tabella, righe.Campi(), {"Anno", "NumDoc"});
+    lette.push_back(std::move(letta));
+  }
   return lette;
 }
 
 const std::vector<RigaPrimanota>& Primanota::Righe() const {
-  return interno_->righe;
+  return interno_->righe.Tutte();
 }
 
 Importo Primanota::TotDare() const {
@@ -126,49 +116,34 @@ Importo Primanota::Sbilancio() const {
 
 // --- The row frame ---------------------------------------------------------------------------
 
-void Primanota::Interno::MostraRiga(bool nuovaRiga, std::int64_t num) {
-  riga.Consolida();
-  rigaNuova = nuovaRiga;
-  numRiga = num;
+void Primanota::Interno::VediRiga() {
   // The causal proposed for a new row counts as found the first time that it is left.
-  causaleVista = nuovaRiga ? std::string() : riga.Testo("Causale");
+  causaleVista = righe.RigaNuova() ? std::string() : riga.Testo("Causale");
   cfpVista = riga.Testo("CFP");
   cfpContropVista = riga.Testo("CFPControp");
-  stato = Stato::RigaAperta;
-}
-
-void Primanota::Interno::ChiudiRiga() {
-  riga.Svuota();
-  rigaNuova = false;
-  numRiga = 0;
-  if (stato == Stato::RigaAperta) stato = Stato::Aperta;
 }
 
 bool Primanota::PNuovaRiga() {
   Interno& io = *interno_;
-  if (io.stato != Stato::Aperta || io.RifiutaSolaLettura()) return false;
-  io.riga.Svuota();
-  io.riga.Scrivi("Posi", (io.righe.empty() ? 0 : io.righe.back().posi) + kPassoPosi);
-  io.riga.Scrivi("CFP", "P");
-  io.riga.Scrivi("CFPControp", "P");
-  io.riga.Scrivi("Causale", io.righe.empty() ? std::string() : io.righe.back().causale);
-  io.MostraRiga(true, 0);
+  if (StatoCorrente() != Stato::Aperta || io.documento.RifiutaSolaLettura()) return false;
+  RigaPrimanota nuova;
+  nuova.posi = io.righe.ProssimaPosi(kPassoPosi);
+  nuova.cfp = nuova.cfpControp = "P";
+  if (!Righe().empty()) nuova.causale = Righe().back().causale;
+  io.righe.Nuova(nuova);
+  io.VediRiga();
   return true;
 }
 
 bool Primanota::ApriRiga(std::int64_t num) {
   Interno& io = *interno_;
-  if (io.stato != Stato::Aperta) return false;
-  Rs rs = io.temp->Recordset("select * from Movimenti where " + sql::Criterio("Num", "=", num));
-  if (rs.Eof()) return false;
-  io.riga.Svuota();
-  io.riga.Carica(rs);
-  io.MostraRiga(false, num);
+  if (StatoCorrente() != Stato::Aperta || !io.righe.Apri(&RigaPrimanota::num, num)) return false;
+  io.VediRiga();
   return true;
 }
 
 bool Primanota::RigaNuova() const {
-  return interno_->rigaNuova;
+  return interno_->righe.RigaNuova();
 }
 
 Scheda& Primanota::Riga() {
@@ -176,7 +151,7 @@ Scheda& Primanota::Riga() {
 }
 
 void Primanota::AnnullaRiga() {
-  if (interno_->stato == Stato::RigaAperta) interno_->ChiudiRiga();
+  interno_->righe.Annulla();
 }
 
 std::optional<VoceConto> Primanota::Interno::TrovaConto(std::string_view cfp,
@@ -220,7 +195,7 @@ std::optional<std::string> Primanota::DescrizioneCodice(std::string_view campo) 
 
 void Primanota::Interno::CausaleScelta() {
   const std::string causale = riga.Testo("Causale");
-  if (!rigaNuova || UgualeTesto(causale, causaleVista)) return;
+  if (!righe.RigaNuova() || UgualeTesto(causale, causaleVista)) return;
   causaleVista = causale;
   // Null, which reads as False, when there is no such causal.
   if (!ambiente.Cerca("tessarc", "CAUSALI", {{"Cod", causale}}, "Ripete").Booleano()) return;
@@ -229,7 +204,7 @@ void Primanota::Interno::CausaleScelta() {
     riga.Scrivi(avere ? "ImpoAvere" : "ImpoDare", totali.sbilancio.Assoluto());
     riga.Scrivi(avere ? "ImpoDare" : "ImpoAvere", Importo());
   }
-  if (!righe.empty()) riga.Scrivi("Descrizione", righe.front().descrizione);
+  if (!righe.Tutte().empty()) riga.Scrivi("Descrizione", righe.Tutte().front().descrizione);
 }
 
 void Primanota::Interno::ClasseScelta(std::string_view campoClasse, std::string_view campoConto,
@@ -243,7 +218,7 @@ void Primanota::Interno::ClasseScelta(std::string_view campoClasse, std::string_
 
 void Primanota::RigaLasciata(std::string_view campo) {
   Interno& io = *interno_;
-  if (io.stato != Stato::RigaAperta || io.solaLettura) return;
+  if (!io.righe.InRiga() || io.documento.SolaLettura()) return;
   if (UgualeTesto(campo, "Causale")) io.CausaleScelta();
   if (UgualeTesto(campo, "CFP")) io.ClasseScelta("CFP", "Conto", io.cfpVista);
   if (UgualeTesto(campo, "CFPControp")) {
@@ -272,9 +247,7 @@ std::optional<Saldo> Primanota::VisSaldo() {
 // --- Saving and deleting a row -----------------------------------------------------------------
 
 bool Primanota::Interno::RigaConfermabile() {
-  const std::int64_t posi = riga.Leggi("Posi").Intero();
-  if (std::any_of(righe.begin(), righe.end(),
-                  [&](const RigaPrimanota& r) { return r.posi == posi && r.num != numRiga; })) {
+  if (righe.PosiOccupata(riga.Leggi("Posi").Intero())) {
     Avviso("posizione già esistente");
     return false;
   }
@@ -302,89 +275,28 @@ bool Primanota::Interno::RigaConfermabile() {
   return true;
 }
 
-bool Primanota::Interno::AggiornaContropartite(std::vector<RigaPrimanota>& correnti) {
-  LatoMaggiore dare;
-  LatoMaggiore avere;
-  for (const RigaPrimanota& r : correnti) {
-    dare.Vedi(r, r.impoDare);
-    avere.Vedi(r, r.impoAvere);
-  }
-  const std::array<Contropartita, kLati> perLato = {avere.ComeContropartita(),
-                                                    dare.ComeContropartita(), Contropartita()};
-  std::array<bool, kLati> cambiate{};
-  for (RigaPrimanota& r : correnti) {
-    const Lato lato = LatoDi(r);
-    const Contropartita& nuovaControp = perLato[lato];
-    if (r.cfpControp == nuovaControp.cfp && r.contoControp == nuovaControp.conto &&
-        r.diversiControp == nuovaControp.diversi) {
-      continue;
-    }
-    cambiate[lato] = true;
-    r.cfpControp = nuovaControp.cfp;
-    r.contoControp = nuovaControp.conto;
-    r.diversiControp = nuovaControp.diversi;
-  }
-  // All rows of a side have one contra-entry: a statement a side is enough, however many they are.
-  bool cambiata = false;
-  for (std::size_t lato = 0; lato < kLati; ++lato) {
-    if (!cambiate[lato]) continue;
-    cambiata = true;
-    const Contropartita& c = perLato[lato];
-    temp->Esegui(
-        "update Movimenti set " +
-        Assegnazioni(
-            {{"CFPControp", c.cfp}, {"ContoControp", c.conto}, {"DiversiControp", c.diversi}}) +
-        " where " + std::string(kCondizioneLato[lato]));
-  }
-  return cambiata;
+RigaPrimanota Primanota::Interno::RigaDigitata() {
+  RigaPrimanota digitata = righe.Digitata();
+  digitata.descrCausale =
+      NzStr(ambiente.Cerca("tessarc", "CAUSALI", {{"Cod", digitata.causale}}, "Descrizione"));
+  digitata.descrConto =
+      NzStr(ambiente.Cerca("tessarc", "CONTICLIENTIFORNITORI",
+                           {{"Cod", digitata.conto}, {"CFP", digitata.cfp}}, "Descrizione"));
+  return digitata;
 }
 
-void Primanota::Interno::SalvaRiga() {
-  std::vector<RigaPrimanota> nuove = righe;
-  TransazionePrimanota transazione(ambiente.Basi(), Transazione::Ambito::SoloLavoro);
-  std::int64_t num = numRiga;
-  if (rigaNuova) {
-    num = temp->Inserisci(kTabellaRighe, riga.Campi());
-  } else {
-    temp->Esegui("update Movimenti set " + Assegnazioni(riga.Campi()) + " where " +
-                 sql::Criterio("Num", "=", num));
-    TogliRiga(nuove, num);
-  }
-  {
-    const Rs rs =
-        temp->Recordset("select * from Zmovimentinoniva where " + sql::Criterio("Num", "=", num));
-    const RigaPrimanota letta = LeggiRiga(rs);
-    nuove.insert(std::upper_bound(nuove.begin(), nuove.end(), letta, PrimaDi), letta);
-  }
-  ConcludiRighe(std::move(nuove), transazione);
-}
-
-void Primanota::Interno::ConcludiRighe(std::vector<RigaPrimanota> nuove,
-                                       TransazionePrimanota& transazione) {
+void Primanota::Interno::ConcludiRighe(std::vector<RigaPrimanota> nuove) {
   if (contropAutomatiche) AggiornaContropartite(nuove);
-  const TotaliPrimanota nuoviTotali = SommaRighe(nuove);
-  transazione.Conferma();
-
-  righe = std::move(nuove);
-  totali = nuoviTotali;
-  righeModificate = true;
-  ChiudiRiga();
-}
-
-void Primanota::Interno::CancellaRiga() {
-  std::vector<RigaPrimanota> nuove = righe;
-  TogliRiga(nuove, numRiga);
-  TransazionePrimanota transazione(ambiente.Basi(), Transazione::Ambito::SoloLavoro);
-  temp->Esegui("delete * from Movimenti where " + sql::Criterio("Num", "=", numRiga));
-  ConcludiRighe(std::move(nuove), transazione);
+  totali = SommaRighe(nuove);
+  righe.Sostituisci(std::move(nuove));
 }
 
 bool Primanota::ConfermaRiga() {
   Interno& io = *interno_;
-  if (io.stato != Stato::RigaAperta || io.RifiutaSolaLettura()) return false;
+  if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura()) return false;
   if (!io.RigaConfermabile()) return false;
   try {
-    io.SalvaRiga();
+    io.ConcludiRighe(io.righe.Con(io.RigaDigitata()));
   } catch (const FuoriCampo& e) {
     io.Avviso(std::string("totali della registrazione: ") + e.what() +
               ". Correggere l'importo della riga");
@@ -395,14 +307,14 @@ bool Primanota::ConfermaRiga() {
 
 bool Primanota::EliminaRiga() {
   Interno& io = *interno_;
-  if (io.stato != Stato::RigaAperta || io.RifiutaSolaLettura()) return false;
+  if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura()) return false;
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione RIGA ?")) return false;
-  if (io.rigaNuova) {
-    io.ChiudiRiga();
+  if (io.righe.RigaNuova()) {
+    io.righe.Annulla();
     return true;
   }
   try {
-    io.CancellaRiga();
+    io.ConcludiRighe(io.righe.Senza());
   } catch (const FuoriCampo& e) {
     io.Avviso(std::string("totali della registrazione: ") + e.what() + ". La riga è ancora lì");
     return false;
@@ -418,12 +330,8 @@ bool Primanota::ContropAutomatiche() const {
 
 void Primanota::ContropAutomatiche(bool attive) {
   Interno& io = *interno_;
-  if (attive && io.stato != Stato::Inattiva && !io.solaLettura) {
-    std::vector<RigaPrimanota> nuove = io.righe;
-    TransazionePrimanota transazione(io.ambiente.Basi(), Transazione::Ambito::SoloLavoro);
-    if (io.AggiornaContropartite(nuove)) io.righeModificate = true;
-    transazione.Conferma();
-    io.righe = std::move(nuove);
+  if (attive && io.documento.Modificabile() && io.righe.Ritocca(AggiornaContropartite)) {
+    io.righe.Modificate(true);
   }
   io.contropAutomatiche = attive;
 }
