@@ -38,6 +38,13 @@ bool DocumentoAperto::RifiutaRiga(bool inRiga) const {
   return inRiga;
 }
 
+bool DocumentoAperto::Rifiuta(const std::optional<Rifiuto>& rifiuto, std::string* campo) const {
+  if (!rifiuto) return false;
+  if (!rifiuto->messaggio.empty()) Avviso(rifiuto->messaggio);
+  if (campo != nullptr) *campo = rifiuto->campo;
+  return true;
+}
+
 void DocumentoAperto::Avviso(const std::string& testo) const {
   ambiente_.Dialogo().Messaggio(testo, Icona::Avviso);
 }

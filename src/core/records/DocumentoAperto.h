@@ -6,9 +6,11 @@
 //   if (documento.RifiutaRiga(righe.InRiga()) || documento.RifiutaSolaLettura()) return false;
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/session/Ambiente.h"
+#include "core/session/Rifiuto.h"
 #include "core/session/Scheda.h"
 
 namespace fenalto::records {
@@ -46,6 +48,8 @@ class DocumentoAperto {
   bool RifiutaSolaLettura() const;
   /// Stops what can't be done with an open row, telling so.
   bool RifiutaRiga(bool inRiga) const;
+  /// Tells a refusal, if there is one: `campo` receives the control to go to.
+  bool Rifiuta(const std::optional<Rifiuto>& rifiuto, std::string* campo) const;
   void Avviso(const std::string& testo) const;
 
  private:

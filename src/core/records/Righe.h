@@ -117,7 +117,7 @@ class Righe {
     for (const CampoRiga<R>& campo : campi_) campo.scrivi(riga, riga_.Leggi(campo.nome));
     return riga;
   }
-  /// All rows as they would be with `riga` in the place of the open one.
+  /// All rows as they would be, in their order, with `riga` in the place of the open one.
   [[nodiscard]] std::vector<R> Con(R riga) const {
     std::vector<R> nuove = righe_;
     if (aperta_) {
@@ -125,6 +125,7 @@ class Righe {
     } else {
       nuove.push_back(std::move(riga));
     }
+    std::stable_sort(nuove.begin(), nuove.end(), ordine_);
     return nuove;
   }
   /// All rows as they would be without the open one.

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <exception>
 #include <optional>
 #include <utility>
 
+#include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/registrations/ControlliData.h"
@@ -48,38 +48,27 @@ std::string Rifiuto(Ambiente& ambiente, const SospesaStornabile& sospesa,
   return incasso.Nulla() ? "" : RifiutoDataNuova(ambiente, sospesa, incasso);
 }
 
-/// What came of a change: why it was refused, or the storno's number.
-struct Scritto {
-  std::string rifiuto;
-  std::int64_t storno = 0;
-};
-
-/// Under the numbering lock, so that no settlement is stored between the checks and the write.
-Scritto ScriviCambio(Ambiente& ambiente, const ArticoloOrigine& articolo, Data incasso) {
-  // A window that has the invoice in edit would write the old day again.
-  const auto preso = ambiente.Basi().Blocchi().Record(
-      "ARTICOLI", std::to_string(articolo.anno) + "|" + std::to_string(articolo.numDoc));
+/// Under the numbering lock, so that no settlement is stored between the checks and the write. Why
+/// not, or empty and the storno's number.
+std::string ScriviCambio(Ambiente& ambiente, const ArticoloOrigine& articolo,
+                         const Esito<Blocco, Detentore>& preso, Data incasso,
+                         std::int64_t& numeroStorno) {
   auto letta = LeggiSospesa(ambiente, articolo);
-  if (!letta) {
-    return {"La fattura non c'è più o non è più in sospensione IVA: rileggere l'elenco."};
-  }
+  if (!letta) return "La fattura non c'è più o non è più in sospensione IVA: rileggere l'elenco.";
   if (!preso) {
-    return {"La fattura " + letta->Nome() + " è in modifica " + preso.Errore().Descrizione() +
-            ": riprovare quando sarà libera."};
+    return "La fattura " + letta->Nome() + " è in modifica " + preso.Errore().Descrizione() +
+           ": riprovare quando sarà libera.";
   }
   const auto storno = TrovaStorno(ambiente, *letta);
-  if (std::string rifiuto = Rifiuto(ambiente, *letta, storno, incasso); !rifiuto.empty()) {
-    return {std::move(rifiuto)};
-  }
-  Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tessarc);
+  std::string rifiuto = Rifiuto(ambiente, *letta, storno, incasso);
+  if (!rifiuto.empty()) return rifiuto;
   if (storno) EliminaStorno(ambiente, *storno);
   letta->incasso = incasso;
   ambiente.ArchivioDi("tessarc").Esegui(
       "update Articoli set Ep=True, DtIncasso=" + sql::LetteraleSql(incasso) + " where " +
       sql::Criterio("ID", "=", letta->id));
-  const std::int64_t numero = ScriviStorno(ambiente, *letta);
-  transazione.Conferma();
-  return {{}, numero};
+  numeroStorno = ScriviStorno(ambiente, *letta);
+  return {};
 }
 
 std::string CondizioneSospese(Ambiente& ambiente) {
@@ -165,32 +154,36 @@ bool FattureSospese::Annulla(const ArticoloOrigine& fattura) {
 }
 
 bool FattureSospese::Cambia(const ArticoloOrigine& fattura, Data incasso) {
-  Dialoghi& dialogo = ambiente_.Dialogo();
-  Scritto scritto;
-  try {
-    const auto vista = LeggiSospesa(ambiente_, fattura);
-    if (vista && vista->incasso == incasso) return false;
-    if (vista && !incasso.Nulla() && vista->ContoAParte()) {
-      ledger::ControlloDataGiornale(ambiente_, incasso);
-    }
-    const Blocco numerazione = ambiente_.BloccaTabella("ARTICOLI", true);
-    if (!numerazione.Tenuto()) return false;
-    scritto = ScriviCambio(ambiente_, fattura, incasso);
-  } catch (const std::exception& errore) {
-    dialogo.Messaggio(std::string("modifica della data di incasso non riuscita: ") + errore.what() +
-                          "\nNon è stato scritto nulla, si può riprovare.",
-                      Icona::Errore);
-    return false;
-  }
-  if (!scritto.rifiuto.empty()) {
-    dialogo.Messaggio(scritto.rifiuto, Icona::Avviso);
-    return false;
-  }
-  if (scritto.storno != 0) {
-    ambiente_.AvvisoNumero("Storno dell'IVA differita: ARTICOLO CONTABILE", scritto.storno,
+  std::int64_t storno = 0;
+  // A window that has the invoice in edit would write the old day again.
+  std::optional<Esito<Blocco, Detentore>> preso;
+  const auto prende = [&] {
+    preso = ambiente_.Basi().Blocchi().Record(
+        "ARTICOLI", std::to_string(fattura.anno) + "|" + std::to_string(fattura.numDoc));
+    return true;
+  };
+  const bool cambiata = records::Esegui(
+      ambiente_,
+      {.nonRiuscita = "modifica della data di incasso non riuscita: ",
+       .dopoRifiuto = "",
+       .numerazioni = {"ARTICOLI"},
+       .ambito = Transazione::Ambito::Tessarc,
+       .prima =
+           [&] {
+             const auto vista = LeggiSospesa(ambiente_, fattura);
+             if (vista && vista->incasso == incasso) return false;
+             if (vista && !incasso.Nulla() && vista->ContoAParte()) {
+               ledger::ControlloDataGiornale(ambiente_, incasso);
+             }
+             return true;
+           },
+       .sottoBlocco = prende,
+       .scrivi = [&] { return ScriviCambio(ambiente_, fattura, *preso, incasso, storno); }});
+  if (cambiata && storno != 0) {
+    ambiente_.AvvisoNumero("Storno dell'IVA differita: ARTICOLO CONTABILE", storno,
                            "annotare il numero");
   }
-  return true;
+  return cambiata;
 }
 
 }  // namespace fenalto::vat

@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "core/records/Conferma.h"
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
@@ -51,48 +52,43 @@ constexpr CampoTesta kCampiTesta[] = {{"Riva", Tipo::Testo},
                                       {"ProbabileNumDoc", Tipo::Testo},
                                       {"ProbabileNProt", Tipo::Testo}};
 
-constexpr CampoTesta kCampiRiga[] = {{"Posi", Tipo::Intero},        {"Conto", Tipo::Testo},
-                                     {"CodIva", Tipo::Testo},       {"Descrizione", Tipo::Testo},
-                                     {"Categoria", Tipo::Testo},    {"Commessa", Tipo::Testo},
-                                     {"Imponibile", Tipo::Importo}, {"Iva", Tipo::Importo},
-                                     {"IvaInd", Tipo::Importo},     {"Totale", Tipo::Importo}};
+constexpr records::CampoRiga<RigaIva> kCampiRiga[] = {
+    records::Campo<&RigaIva::posi>("Posi"),
+    records::Campo<&RigaIva::conto>("Conto"),
+    records::Campo<&RigaIva::codIva>("CodIva"),
+    records::Campo<&RigaIva::descrizione>("Descrizione"),
+    records::Campo<&RigaIva::categoria>("Categoria"),
+    records::Campo<&RigaIva::commessa>("Commessa"),
+    records::Campo<&RigaIva::imponibile>("Imponibile"),
+    records::Campo<&RigaIva::iva>("Iva"),
+    records::Campo<&RigaIva::ivaInd>("IvaInd")};
 
 }  // namespace
 
 RegistrazioneIva::Interno::Interno(Ambiente& ambienteUsato)
-    : ambiente(ambienteUsato), tessarc(ambienteUsato.ArchivioDi("tessarc")) {
+    : ambiente(ambienteUsato),
+      tessarc(ambienteUsato.ArchivioDi("tessarc")),
+      documento(ambienteUsato),
+      righe(kCampiRiga) {
   for (const auto& [nome, genere] : kCampiTesta) testa.Aggiungi(nome, genere);
-  for (const auto& [nome, genere] : kCampiRiga) riga.Aggiungi(nome, genere);
+  riga.Aggiungi("Totale", Tipo::Importo);
 }
 
 void RegistrazioneIva::Interno::ChiudiRecord() noexcept {
-  stato = registro.cod.empty() ? Stato::SenzaRegistro : Stato::ConRegistro;
-  nuova = righeModificate = rigaNuova = false;
-  soloLettura.clear();
+  documento.Chiudi();
   numeroRecord = nProtRecord = idRecord = 0;
   pagamentoRecord.clear();
   ritenuteRecord = {};
   pagamentoProposto.clear();
   dtIncassoRecord = {};
   descrizioneProposta.clear();
-  blocco.Rilascia();
-  testa.Svuota();
-  riga.Svuota();
-  righe.clear();
+  righe.Carica({});
   proposte.clear();
   totali = {};
 }
 
-bool RegistrazioneIva::Interno::RigaInCorso() {
-  if (stato != Stato::RigaAperta) return false;
-  Avviso("confermare o annullare prima la riga");
-  return true;
-}
-
-bool RegistrazioneIva::Interno::RifiutaSolaLettura() {
-  if (soloLettura.empty()) return false;
-  Avviso(soloLettura + ": si può solo consultare");
-  return true;
+bool RegistrazioneIva::Interno::Ferma() {
+  return !Aperta() || documento.RifiutaRiga(righe.InRiga()) || documento.RifiutaSolaLettura();
 }
 
 bool RegistrazioneIva::Interno::Tipo(std::initializer_list<std::string_view> tipi) const {
@@ -116,26 +112,27 @@ RegistrazioneIva::RegistrazioneIva(Ambiente& ambiente)
 RegistrazioneIva::~RegistrazioneIva() = default;
 
 RegistrazioneIva::Stato RegistrazioneIva::StatoCorrente() const {
-  return interno_->stato;
+  const Interno& io = *interno_;
+  if (io.Aperta()) return io.righe.InRiga() ? Stato::RigaAperta : Stato::Aperta;
+  return io.registro.cod.empty() ? Stato::SenzaRegistro : Stato::ConRegistro;
 }
 
 bool RegistrazioneIva::Nuova() const {
-  return interno_->nuova;
+  return interno_->documento.Nuovo();
 }
 
 bool RegistrazioneIva::SolaLettura() const {
-  return !interno_->soloLettura.empty();
+  return interno_->documento.SolaLettura();
 }
 
 std::string RegistrazioneIva::MotivoSolaLettura() const {
-  return interno_->soloLettura;
+  return interno_->documento.Motivo();
 }
 
 bool RegistrazioneIva::Modificata() const {
   const Interno& io = *interno_;
-  if (!io.Aperta() || SolaLettura()) return false;
-  return io.righeModificate || io.testa.Modificata() ||
-         (io.stato == Stato::RigaAperta && io.riga.Modificata());
+  return io.documento.Modificabile() &&
+         (io.righe.Modificate() || io.testa.Modificata() || io.righe.Digitando());
 }
 
 std::string RegistrazioneIva::Impedimento(Ambiente& ambiente) {
@@ -162,7 +159,6 @@ bool RegistrazioneIva::Interno::LeggiRegistro(const std::string& riva) {
   registro.codIva = letto.Fields("CodIva").Testo();
   registro.mensile = letto.Fields("RegMensileCorrisp").Booleano();
   tipo = TrovaTipoRegistro(registro.tipo);
-  stato = Stato::ConRegistro;
   return true;
 }
 
@@ -259,7 +255,6 @@ void RegistrazioneIva::Interno::PreparaOpzioni() {
 void RegistrazioneIva::Interno::PreparaNuova() {
   testa.Svuota();
   anno = ambiente.Anno();
-  nuova = true;
   dataAvvisata = {};
   const std::int64_t nProt = ProssimoNProt(ambiente, anno, registro.cod);
   testa.Scrivi("Riva", registro.cod);
@@ -276,8 +271,7 @@ void RegistrazioneIva::Interno::PreparaNuova() {
   PreparaOpzioni();
   descrizioneProposta = DescrizioneProposta();
   testa.Scrivi("Descrizionex", descrizioneProposta);
-  testa.Consolida();
-  stato = Stato::Aperta;
+  documento.Inizia();
 }
 
 bool RegistrazioneIva::Nuovo() {
@@ -301,14 +295,12 @@ bool RegistrazioneIva::Nuovo() {
         "Riavviare il programma ed creare almeno un registro IVA di tipo 05=intra su acquisti");
     return false;
   }
-  try {
-    if (io.Tipo({"07"})) io.AssicuraCodiceVentilazione();
-    io.PreparaNuova();
-  } catch (const std::exception& errore) {
-    io.NonRiuscito("nuova registrazione", errore);
-    return false;
-  }
-  return true;
+  return records::Tenta(io.ambiente,
+                        {"nuova registrazione non riuscita: ", records::kAncoraSulloSchermo}, [&] {
+                          if (io.Tipo({"07"})) io.AssicuraCodiceVentilazione();
+                          io.PreparaNuova();
+                          return true;
+                        });
 }
 
 Rs RegistrazioneIva::Interno::TrovaTestata(std::int64_t numDoc) const {
@@ -350,15 +342,16 @@ void RegistrazioneIva::Interno::CaricaTesta(const Rs& record) {
   idRecord = record.Fields("ID").Intero();
   pagamentoRecord = pagamentoProposto = record.Fields("Pagamento").Testo();
   dtIncassoRecord = record.Fields("DtIncasso").Data();
-  for (auto& letta : LeggiRigheIva(tessarc, anno, numeroRecord)) {
+  std::vector<RigaIva> lette = LeggiRigheIva(tessarc, anno, numeroRecord);
+  for (const RigaIva& letta : lette) {
     if (letta.tipoRiga == TipoRigaIva::Parte) testa.Scrivi("Descrizionex", letta.descrizione);
-    if (letta.tipoRiga == TipoRigaIva::Imponibile) righe.push_back(std::move(letta));
   }
+  std::erase_if(lette, [](const RigaIva& r) { return r.tipoRiga != TipoRigaIva::Imponibile; });
+  righe.Carica(std::move(lette));
   if (record.Fields("CREATOINAUTOMATICO").Intero() ==
       static_cast<int>(ledger::Origine::RitenutaAcconto)) {
     ritenuteRecord = RitenuteGirate();
   }
-  testa.Consolida();
 }
 
 bool RegistrazioneIva::Apri(std::int64_t numDoc) {
@@ -387,22 +380,20 @@ bool RegistrazioneIva::Apri(std::int64_t numDoc) {
                                  {{"Anno", io.anno}, {"Riva", io.registro.cod}}, io.tessarc)
                             .Intero();
   const Data giornale = io.ambiente.Max("dt", "UltimaDataLibro", {}, io.tessarc).Data();
-  if (!preso.Riuscito()) {
-    io.soloLettura = "la registrazione n. " + std::to_string(numDoc) + " è in modifica " +
-                     preso.Errore().Descrizione();
+  std::string motivo;
+  if (!preso) {
+    motivo = "la registrazione n. " + std::to_string(numDoc) + " è in modifica " +
+             preso.Errore().Descrizione();
   } else if (io.nProtRecord <= stampato) {
-    io.soloLettura = "documento già stampato su registro iva";
+    motivo = "documento già stampato su registro iva";
   } else if (!giornale.Nulla() && io.D("Dt") <= giornale) {
-    io.soloLettura =
+    motivo =
         "data registrazione contabile antecedente all'ultima data già stampata su libro giornale";
-  } else {
-    io.blocco = std::move(preso).Valore();
   }
-  if (!io.soloLettura.empty()) io.Avviso(io.soloLettura);
+  if (!motivo.empty()) io.Avviso(motivo);
   io.CalcolaTotali();
   io.testa.Scrivi("TotaleXVerifica", io.totali.Totale());
-  io.testa.Consolida();
-  io.stato = Stato::Aperta;
+  io.documento.Mostra(std::move(preso), std::move(motivo));
   return true;
 }
 

@@ -2,8 +2,8 @@
 #include <limits>
 #include <utility>
 
+#include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
-#include "core/store/TransazioneComune.h"
 #include "core/values/Testo.h"
 #include "ledger/registrations/TestataArticolo.h"
 #include "vat/entry/RegistrazioneIvaInterno.h"
@@ -86,7 +86,7 @@ void RegistrazioneIva::Interno::ScriviTesta(Scritta& scritta) {
                                {"DtIncasso", D("DtIncasso")},
                                {"Pagamento", T("Pagamento")},
                                {"NVarAnPrec", B("NVarAnPrec")}};
-  if (nuova) {
+  if (documento.Nuovo()) {
     campi.emplace_back("CREATOINAUTOMATICO", OrigineNuova());
     tessarc.Inserisci("Articoli", campi);
     return;
@@ -127,7 +127,7 @@ void RegistrazioneIva::Interno::ScriviSeguito(Scritta& scritta) {
   Importo daPagare = totali.Totale();
   // Of a stored registration: what its withholding giros have already taken off.
   daPagare -= B("RitAcc") ? I("ImportoRitAcc1") + I("ImportoRitAcc2") : ritenuteRecord;
-  if (nuova) {
+  if (documento.Nuovo()) {
     CreaContabPagamento(
         ambiente,
         {T("CFPx"), T("Contox"), T("Pagamento"), T("Descrizionex"), daPagare, D("Dt"), anno},
@@ -155,7 +155,7 @@ void RegistrazioneIva::Interno::ScriviSeguito(Scritta& scritta) {
 }
 
 void RegistrazioneIva::Interno::ScriviAutomatiche(Scritta& scritta) {
-  if (!nuova) return;
+  if (!documento.Nuovo()) return;
   const ArticoloOrigine origine{anno, scritta.numDoc};
   if (Tipo({"04"}) && AutomaticoIntra()) {
     RegistraIntra(ambiente, origine,
@@ -177,7 +177,6 @@ void RegistrazioneIva::Interno::ScriviAutomatiche(Scritta& scritta) {
 }
 
 RegistrazioneIva::Interno::Scritta RegistrazioneIva::Interno::Scrivi() {
-  TransazioneComune transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
   Scritta scritta;
   scritta.descrConto =
       NzStr(ambiente.Cerca("tessarc", "ContiClientiFornitori",
@@ -189,19 +188,19 @@ RegistrazioneIva::Interno::Scritta RegistrazioneIva::Interno::Scrivi() {
   ControllaNumeri(scritta.numDoc, scritta.nProt, registro.cod);
   auto complete = CreaRigheIvaCli(Documento(scritta.numDoc), RigheCompilate());
   if (!complete) throw ErroreArchivio(ErroreArchivio::Causa::Altro, complete.Errore().messaggio);
-  const bool stornoLibero = nuova || LevaStornoSospesa(ambiente, {anno, numeroRecord}, scritta.log);
-  if (!nuova) {
+  const bool stornoLibero =
+      documento.Nuovo() || LevaStornoSospesa(ambiente, {anno, numeroRecord}, scritta.log);
+  if (!documento.Nuovo()) {
     tessarc.Esegui("delete * from Movimenti where " + ChiaveArticolo({anno, numeroRecord}));
   }
   // The head first: the rows then take its date as they are written.
   ScriviTesta(scritta);
   for (const auto& fatta : complete.Valore().righe) ScriviRigaIva(tessarc, fatta);
   if (!complete.Valore().avviso.empty()) scritta.log.avvisi.push_back(complete.Valore().avviso);
-  if (!nuova) RinumeraScadenze(scritta);
+  if (!documento.Nuovo()) RinumeraScadenze(scritta);
   ScriviSeguito(scritta);
   ScriviAutomatiche(scritta);
   if (stornoLibero) RimettiStornoSospesa(ambiente, {anno, scritta.numDoc}, scritta.log);
-  transazione.Conferma();
   return scritta;
 }
 
@@ -210,7 +209,7 @@ RegistrazioneIva::Interno::Scritta RegistrazioneIva::Interno::Scrivi() {
 void RegistrazioneIva::Interno::Ricorda() {
   for (const char* campo : kRipetibili) ultimi[campo] = testa.Leggi(campo);
   // A stored registration shows none of them.
-  if (!nuova) return;
+  if (!documento.Nuovo()) return;
   for (const char* campo : kMantenuti) ricordati[campo] = testa.Leggi(campo);
 }
 
@@ -231,35 +230,26 @@ void RegistrazioneIva::Interno::Annuncia(const Scritta& scritta) {
   if (!log.empty()) ambiente.Dialogo().Messaggio(log);
 }
 
-void RegistrazioneIva::Interno::NonRiuscito(const std::string& azione,
-                                            const std::exception& errore) {
-  ambiente.Dialogo().Messaggio(
-      azione + " non riuscita: " + errore.what() +
-          "\nNon è stato scritto nulla: la registrazione è ancora sullo schermo, si può riprovare",
-      Icona::Errore);
-}
-
 bool RegistrazioneIva::Conferma(std::string* campo) {
   Interno& io = *interno_;
-  if (!io.Aperta() || io.RigaInCorso() || io.RifiutaSolaLettura()) return false;
+  if (io.Ferma()) return false;
   io.NumeroLasciato();
   Interno::Scritta scritta;
-  try {
-    if (const auto rifiuto = io.Controlla()) {
-      if (!rifiuto->messaggio.empty()) io.Avviso(rifiuto->messaggio);
-      if (campo != nullptr) *campo = rifiuto->campo;
-      return false;
-    }
-    if (io.NumeroOccupato()) return false;
-    const Blocco numerazione = io.ambiente.BloccaTabella("ARTICOLI", true);
-    if (!numerazione.Tenuto()) return false;
-    // Another station may have taken a typed number since the first look.
-    if (io.NumeroOccupato() || io.ProtocolloOccupato()) return false;
-    scritta = io.Scrivi();
-  } catch (const std::exception& errore) {
-    io.NonRiuscito("conferma della registrazione", errore);
-    return false;
-  }
+  const bool riuscita = records::Esegui(
+      io.ambiente,
+      {.nonRiuscita = "conferma della registrazione non riuscita: ",
+       .dopoErrore = records::kAncoraSulloSchermo,
+       .numerazioni = {"ARTICOLI"},
+       .prima =
+           [&] { return !io.documento.Rifiuta(io.Controlla(), campo) && !io.NumeroOccupato(); },
+       // Another station may have taken a typed number since the first look.
+       .sottoBlocco = [&] { return !io.NumeroOccupato() && !io.ProtocolloOccupato(); },
+       .scrivi =
+           [&] {
+             scritta = io.Scrivi();
+             return std::string();
+           }});
+  if (!riuscita) return false;
   io.testa.Scrivi("NProt", std::to_string(scritta.nProt));
   io.numeroConfermato = scritta.numDoc;
   io.Ricorda();
@@ -274,21 +264,22 @@ std::int64_t RegistrazioneIva::NumeroConfermato() const {
 
 bool RegistrazioneIva::Elimina() {
   Interno& io = *interno_;
-  if (!io.Aperta() || io.nuova || io.RigaInCorso() || io.RifiutaSolaLettura()) return false;
+  if (io.documento.Nuovo() || io.Ferma()) return false;
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione ARTICOLO CONTABILE ?")) return false;
   LogContabile log;
-  try {
-    Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
+  const auto elimina = [&] {
     LevaStornoSospesa(io.ambiente, {io.anno, io.numeroRecord}, log);
     const std::string chiave = ChiaveArticolo({io.anno, io.numeroRecord});
     io.tessarc.Esegui("delete * from Movimenti where " + chiave);
     io.tessarc.Esegui("delete * from Articoli where " + chiave);
     duedates::EliminaScadenzeFattura(io.ambiente, io.anno, io.numeroRecord, log.testo);
-    transazione.Conferma();
-  } catch (const std::exception& errore) {
-    io.NonRiuscito("eliminazione della registrazione", errore);
-    return false;
-  }
+    return std::string();
+  };
+  const bool eliminata = records::Esegui(
+      io.ambiente, {.nonRiuscita = "eliminazione della registrazione non riuscita: ",
+                    .dopoErrore = records::kAncoraSulloSchermo,
+                    .scrivi = elimina});
+  if (!eliminata) return false;
   io.ambiente.Dialogo().Messaggio("N.Prot.IVA " + std::to_string(io.nProtRecord) +
                                   " - Articolo Contabile" + std::to_string(io.numeroRecord) +
                                   " eliminato" + (log.testo.empty() ? "" : "\n" + log.testo));

@@ -66,7 +66,7 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaRighe() {
 }
 
 std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaPeriodoIncasso() {
-  const Data prima = nuova ? Data() : dtIncassoRecord;
+  const Data prima = documento.Nuovo() ? Data() : dtIncassoRecord;
   std::string chiuso = IncassoInPeriodoChiuso(ambiente, prima, D("DtIncasso"));
   if (chiuso.empty()) return std::nullopt;
   testa.Scrivi("DtIncasso", prima);
@@ -75,7 +75,8 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaPeriodoIncasso() {
 
 std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaIncasso() {
   // A stored date was put there by the collection itself.
-  const bool digitata = !D("DtIncasso").Nulla() && (nuova || D("DtIncasso") != dtIncassoRecord);
+  const bool digitata =
+      !D("DtIncasso").Nulla() && (documento.Nuovo() || D("DtIncasso") != dtIncassoRecord);
   const bool sospesa = Tipo({"06"});
   if (!digitata || (!sospesa && B("Ep"))) return ControllaPeriodoIncasso();
   testa.Scrivi("DtIncasso", dtIncassoRecord);
@@ -94,7 +95,7 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaContoParte() {
 }
 
 std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaIntra() {
-  if (!nuova || !Tipo({"04"}) || !AutomaticoIntra()) return std::nullopt;
+  if (!documento.Nuovo() || !Tipo({"04"}) || !AutomaticoIntra()) return std::nullopt;
   if (T("RivaIntra").empty()) return Rifiuto{"inserire registro iva acquisti intra", "RivaIntra"};
   if (B("NoIntraCosto_a_Forn")) return std::nullopt;
   for (const char* campo : {"CausaleIntra", "FornitoreIntra", "ContoCostiIntra"}) {
@@ -129,7 +130,7 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaRitenute() {
 }
 
 std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaContiFornitori() {
-  if (!nuova) return std::nullopt;
+  if (!documento.Nuovo()) return std::nullopt;
   std::vector<const char*> campi;
   if (Tipo({"04"}) && AutomaticoIntra() && !B("NoIntraCosto_a_Forn")) {
     campi.push_back("FornitoreIntra");
@@ -161,14 +162,14 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaProtocolloForzato() {
     return Rifiuto{"il protocollo " + digitato + " è troppo grande: il massimo è 2147483647",
                    "NProt"};
   }
-  if (nuova && NProtForzato() == 0) {
+  if (documento.Nuovo() && NProtForzato() == 0) {
     return Rifiuto{" non si può forzare n.protocollo=0", "NProt"};
   }
   return std::nullopt;
 }
 
 std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaDoppioFornitore() {
-  if (!nuova || !Tipo({"03"}) || T("NFat").empty()) return std::nullopt;
+  if (!documento.Nuovo() || !Tipo({"03"}) || T("NFat").empty()) return std::nullopt;
   if (!OpzioneStazione(kVerificaFornitore)) return std::nullopt;
   Rs doppia = tessarc.Recordset(
       "SELECT NumDoc FROM ZarticoliFatture WHERE " + sql::Criterio("ANNO", "=", anno) + " and " +

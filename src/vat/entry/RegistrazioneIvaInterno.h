@@ -1,11 +1,12 @@
-// What the parts of Fatture share: the register chosen, the open registration, its open row.
+// What the parts of RegistrazioneIva share: the register chosen, the open registration, its open
+// row.
 #pragma once
 
-#include <exception>
 #include <map>
 #include <set>
 
-#include "core/archives/DescrizioneArchivio.h"
+#include "core/records/DocumentoAperto.h"
+#include "core/records/Righe.h"
 #include "core/store/BasiDati.h"
 #include "duedates/schedules/CreaScadenze.h"
 #include "vat/codes/TipiRegistro.h"
@@ -26,10 +27,10 @@ struct RegistrazioneIva::Interno {
   // --- State ------------------------------------------------------------------------------------
 
   void ChiudiRecord() noexcept;
-  void Avviso(const std::string& testo) { ambiente.Dialogo().Messaggio(testo, Icona::Avviso); }
-  bool RigaInCorso();
-  bool RifiutaSolaLettura();
-  [[nodiscard]] bool Aperta() const { return stato == Stato::Aperta || stato == Stato::RigaAperta; }
+  void Avviso(const std::string& testo) const { documento.Avviso(testo); }
+  /// Stops what can't be done to the registration as a whole, telling why where there is one.
+  bool Ferma();
+  [[nodiscard]] bool Aperta() const { return documento.Aperto(); }
   [[nodiscard]] bool Tipo(std::initializer_list<std::string_view> tipi) const;
   [[nodiscard]] std::string T(std::string_view campo) const { return testa.Testo(campo); }
   [[nodiscard]] bool B(std::string_view campo) const { return testa.Leggi(campo).Booleano(); }
@@ -63,6 +64,7 @@ struct RegistrazioneIva::Interno {
   /// The description follows number and date: in silence while nobody touched it.
   void AggiornaDescrizione(std::string_view domanda);
   void ImponiDescrizione(const std::string& testo);
+  void CambiaDescrizioni(const std::string& prima, const std::string& adesso);
   void ParteScelta();
   void NumeroLasciato();
   void DataLasciata();
@@ -74,14 +76,14 @@ struct RegistrazioneIva::Interno {
 
   // --- Rows -------------------------------------------------------------------------------------
 
-  void CalcolaTotali();
+  void CalcolaTotali() { totali = Complete(RigheCompilate()); }
+  /// The double entry of such rows; none while it can't be made. Throws FuoriCampo.
+  [[nodiscard]] RigheComplete Complete(const std::vector<RigaIva>& compilate) const;
   void CalcolaIvaRiga();
   [[nodiscard]] std::pair<Importo, Importo> IvaPrevista(Importo imponibile,
                                                         const std::string& codIva) const;
   [[nodiscard]] std::pair<Importo, Importo> DividiIva(Importo iva, const std::string& codIva) const;
   std::optional<Rifiuto> ControllaRiga();
-  [[nodiscard]] RigaIva RigaDaScheda() const;
-  void MostraRiga(const RigaIva& mostrata);
   [[nodiscard]] DocumentoIva Documento(std::int64_t numDoc) const;
   [[nodiscard]] std::vector<RigaIva> RigheCompilate() const;
   /// Taxable rows of the party's last registration here, while they can be proposed.
@@ -119,7 +121,7 @@ struct RegistrazioneIva::Interno {
   [[nodiscard]] std::int64_t NProtForzato() const;
   bool NumeroOccupato();
   bool ProtocolloOccupato();
-  /// One transaction over both databases; throws, and then nothing was written.
+  /// In a transaction over both databases; throws.
   Scritta Scrivi();
   void ScriviTesta(Scritta& scritta);
   /// Due dates that are kept bear the numbers of their registration.
@@ -130,17 +132,16 @@ struct RegistrazioneIva::Interno {
   [[nodiscard]] int OrigineNuova() const;
   void Annuncia(const Scritta& scritta);
   void Ricorda();
-  void NonRiuscito(const std::string& azione, const std::exception& errore);
 
   Ambiente& ambiente;
   Archivio& tessarc;
-  Stato stato = Stato::SenzaRegistro;
+  records::DocumentoAperto documento;
+  Scheda& testa = documento.Testa();
+  records::Righe<RigaIva> righe;
+  Scheda& riga = righe.Riga();
   RegistroScelto registro;
   const TipoRegistro* tipo = nullptr;
 
-  bool nuova = false;
-  bool righeModificate = false;
-  std::string soloLettura;  ///< why the record can't be changed, empty when it can
   int anno = 0;
   std::int64_t numeroRecord = 0;
   std::int64_t nProtRecord = 0;
@@ -150,19 +151,13 @@ struct RegistrazioneIva::Interno {
   Importo ritenuteRecord;         ///< moved by the withholding giros of the stored registration
   std::string pagamentoProposto;  ///< that of the party, as last put in
   Data dtIncassoRecord;
-  Blocco blocco;
-  Scheda testa;
   std::string descrizioneProposta;  ///< the last one put in by the program
   Data dataAvvisata;
   std::map<std::string, Valore, std::less<>> ultimi;     ///< of the last registration confirmed
   std::map<std::string, Valore, std::less<>> ricordati;  ///< kept for the next entry
 
-  std::vector<RigaIva> righe;
   std::set<std::int64_t> proposte;  ///< `Posi` of rows proposed and not touched
   RigheComplete totali;
-  Scheda riga;
-  bool rigaNuova = false;
-  std::size_t indiceRiga = 0;
 };
 
 }  // namespace fenalto::vat

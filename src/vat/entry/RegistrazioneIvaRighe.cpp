@@ -9,6 +9,16 @@
 
 namespace fenalto::vat {
 
+namespace {
+
+std::vector<RigaIva> SenzaProposte(std::vector<RigaIva> righe,
+                                   const std::set<std::int64_t>& proposte) {
+  std::erase_if(righe, [&](const RigaIva& r) { return proposte.contains(r.posi); });
+  return righe;
+}
+
+}  // namespace
+
 // --- Amounts -------------------------------------------------------------------------------------
 
 std::pair<Importo, Importo> RegistrazioneIva::Interno::DividiIva(Importo iva,
@@ -36,25 +46,21 @@ void RegistrazioneIva::Interno::CalcolaIvaRiga() {
 }
 
 DocumentoIva RegistrazioneIva::Interno::Documento(std::int64_t numDoc) const {
-  DocumentoIva documento = DocumentoDiRegistro(ambiente, registro.cod);
-  documento.anno = anno;
-  documento.numDoc = numDoc;
-  documento.conto = T("Contox");
-  documento.descrizione = T("Descrizionex");
-  return documento;
+  DocumentoIva fatto = DocumentoDiRegistro(ambiente, registro.cod);
+  fatto.anno = anno;
+  fatto.numDoc = numDoc;
+  fatto.conto = T("Contox");
+  fatto.descrizione = T("Descrizionex");
+  return fatto;
 }
 
-void RegistrazioneIva::Interno::CalcolaTotali() {
-  auto complete = CreaRigheIvaCli(Documento(numeroRecord), RigheCompilate());
-  totali = complete ? std::move(complete).Valore() : RigheComplete{};
+RigheComplete RegistrazioneIva::Interno::Complete(const std::vector<RigaIva>& compilate) const {
+  auto complete = CreaRigheIvaCli(Documento(numeroRecord), compilate);
+  return complete ? std::move(complete).Valore() : RigheComplete{};
 }
 
 std::vector<RigaIva> RegistrazioneIva::Interno::RigheCompilate() const {
-  std::vector<RigaIva> compilate;
-  for (const auto& r : righe) {
-    if (!proposte.contains(r.posi)) compilate.push_back(r);
-  }
-  return compilate;
+  return SenzaProposte(righe.Tutte(), proposte);
 }
 
 Importo RegistrazioneIva::TotImponibile() const {
@@ -88,53 +94,22 @@ std::vector<RigaIva> RegistrazioneIva::RigheContabili() const {
 // ----------------------------------------------------------------------------------
 
 const std::vector<RigaIva>& RegistrazioneIva::Righe() const {
-  return interno_->righe;
+  return interno_->righe.Tutte();
 }
 
 bool RegistrazioneIva::RigaNuova() const {
-  return interno_->rigaNuova;
+  return interno_->righe.RigaNuova();
 }
 
 Scheda& RegistrazioneIva::Riga() {
   return interno_->riga;
 }
 
-void RegistrazioneIva::Interno::MostraRiga(const RigaIva& mostrata) {
-  riga.Svuota();
-  riga.Scrivi("Posi", mostrata.posi);
-  riga.Scrivi("Conto", mostrata.conto);
-  riga.Scrivi("CodIva", mostrata.codIva);
-  riga.Scrivi("Descrizione", mostrata.descrizione);
-  riga.Scrivi("Categoria", mostrata.categoria);
-  riga.Scrivi("Commessa", mostrata.commessa);
-  riga.Scrivi("Imponibile", mostrata.imponibile);
-  riga.Scrivi("Iva", mostrata.iva);
-  riga.Scrivi("IvaInd", mostrata.ivaInd);
-  riga.Consolida();
-  stato = Stato::RigaAperta;
-}
-
-RigaIva RegistrazioneIva::Interno::RigaDaScheda() const {
-  RigaIva fatta = rigaNuova ? RigaIva{} : righe[indiceRiga];
-  fatta.posi = riga.Leggi("Posi").Intero();
-  fatta.conto = riga.Testo("Conto");
-  fatta.codIva = riga.Testo("CodIva");
-  fatta.descrizione = riga.Testo("Descrizione");
-  fatta.categoria = riga.Testo("Categoria");
-  fatta.commessa = riga.Testo("Commessa");
-  fatta.imponibile = riga.Leggi("Imponibile").Importo();
-  fatta.iva = riga.Leggi("Iva").Importo();
-  fatta.ivaInd = riga.Leggi("IvaInd").Importo();
-  fatta.tipoRiga = TipoRigaIva::Imponibile;
-  fatta.cfp = "P";
-  return fatta;
-}
-
 bool RegistrazioneIva::PNuovaRiga() {
   Interno& io = *interno_;
-  if (io.stato != Stato::Aperta || io.RifiutaSolaLettura()) return false;
+  if (StatoCorrente() != Stato::Aperta || io.documento.RifiutaSolaLettura()) return false;
   RigaIva nuova;
-  nuova.posi = io.righe.empty() ? 1 : io.righe.back().posi + 1;
+  nuova.posi = io.righe.ProssimaPosi(1);
   nuova.descrizione = io.T("Descrizionex");
   if (io.tipo->corrispettivi) {
     nuova.conto = io.registro.contoRicavi;
@@ -144,36 +119,28 @@ bool RegistrazioneIva::PNuovaRiga() {
     nuova.codIva = NzStr(io.DellaParte("CodIva"));
     nuova.categoria = NzStr(io.DellaParte("Categoria"));
   }
-  io.rigaNuova = true;
-  io.MostraRiga(nuova);
+  io.righe.Nuova(nuova);
   return true;
 }
 
 bool RegistrazioneIva::ApriRiga(std::size_t indice) {
-  Interno& io = *interno_;
-  if (io.stato != Stato::Aperta || indice >= io.righe.size()) return false;
-  io.rigaNuova = false;
-  io.indiceRiga = indice;
-  io.MostraRiga(io.righe[indice]);
-  return true;
+  return StatoCorrente() == Stato::Aperta && interno_->righe.Apri(indice);
 }
 
 void RegistrazioneIva::AnnullaRiga() {
-  if (interno_->stato == Stato::RigaAperta) interno_->stato = Stato::Aperta;
-  interno_->rigaNuova = false;
-  interno_->riga.Svuota();
+  interno_->righe.Annulla();
 }
 
 void RegistrazioneIva::RigaLasciata(std::string_view campo) {
   Interno& io = *interno_;
-  if (io.stato != Stato::RigaAperta || SolaLettura()) return;
+  if (!io.righe.InRiga() || SolaLettura()) return;
   const bool codice = UgualeTesto(campo, "CodIva") && !io.riga.Leggi("Imponibile").Importo().Zero();
   if (UgualeTesto(campo, "Imponibile") || codice) io.CalcolaIvaRiga();
 }
 
 void RegistrazioneIva::PulisciImporti() {
   Interno& io = *interno_;
-  if (io.stato != Stato::RigaAperta || io.RifiutaSolaLettura() || io.tipo->ivaFacoltativa) return;
+  if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura() || io.tipo->ivaFacoltativa) return;
   const std::string codIva = io.riga.Testo("CodIva");
   if (codIva.empty()) {
     io.Avviso("manca codice iva");
@@ -222,53 +189,41 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaRiga() {
 
 bool RegistrazioneIva::ConfermaRiga(std::string* campo) {
   Interno& io = *interno_;
-  if (io.stato != Stato::RigaAperta || io.RifiutaSolaLettura()) return false;
-  if (const auto rifiuto = io.ControllaRiga()) {
-    if (!rifiuto->messaggio.empty()) io.Avviso(rifiuto->messaggio);
-    if (campo != nullptr) *campo = rifiuto->campo;
-    return false;
-  }
-  RigaIva fatta = io.RigaDaScheda();
-  const std::int64_t prima = io.rigaNuova ? 0 : io.righe[io.indiceRiga].posi;
+  if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura()) return false;
+  if (io.documento.Rifiuta(io.ControllaRiga(), campo)) return false;
+  RigaIva fatta = io.righe.Digitata();
+  fatta.tipoRiga = TipoRigaIva::Imponibile;
+  fatta.cfp = "P";
+  const std::int64_t prima = io.righe.RigaNuova() ? 0 : io.righe.Aperta()->posi;
   if (fatta.posi <= 0 || fatta.posi >= kPosiIva) {
-    fatta.posi = prima != 0 ? prima : (io.righe.empty() ? 1 : io.righe.back().posi + 1);
+    fatta.posi = prima != 0 ? prima : io.righe.ProssimaPosi(1);
   }
-  std::vector<RigaIva> nuove = io.righe;
-  if (io.rigaNuova) {
-    nuove.push_back(fatta);
-  } else {
-    nuove[io.indiceRiga] = fatta;
-  }
-  std::stable_sort(nuove.begin(), nuove.end(),
-                   [](const RigaIva& a, const RigaIva& b) { return a.posi < b.posi; });
-  const auto precedenti = std::exchange(io.righe, std::move(nuove));
-  const auto proposte = io.proposte;
-  io.proposte.erase(prima);
-  io.proposte.erase(fatta.posi);
+  std::set<std::int64_t> proposte = io.proposte;
+  proposte.erase(prima);
+  proposte.erase(fatta.posi);
+  std::vector<RigaIva> nuove = io.righe.Con(std::move(fatta));
   try {
-    io.CalcolaTotali();
+    io.totali = io.Complete(SenzaProposte(nuove, proposte));
   } catch (const FuoriCampo& errore) {
-    io.righe = precedenti;
-    io.proposte = proposte;
     io.Avviso(std::string("totali della registrazione: ") + errore.what());
     return false;
   }
-  io.righeModificate = true;
-  AnnullaRiga();
+  io.proposte = std::move(proposte);
+  io.righe.Sostituisci(std::move(nuove));
   return true;
 }
 
 bool RegistrazioneIva::EliminaRiga() {
   Interno& io = *interno_;
-  if (io.stato != Stato::RigaAperta || io.RifiutaSolaLettura()) return false;
+  if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura()) return false;
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione RIGA ?")) return false;
-  if (!io.rigaNuova) {
-    io.proposte.erase(io.righe[io.indiceRiga].posi);
-    io.righe.erase(io.righe.begin() + static_cast<std::ptrdiff_t>(io.indiceRiga));
-    io.righeModificate = true;
-    io.CalcolaTotali();
+  if (io.righe.RigaNuova()) {
+    io.righe.Annulla();
+    return true;
   }
-  AnnullaRiga();
+  io.proposte.erase(io.righe.Aperta()->posi);
+  io.righe.Sostituisci(io.righe.Senza());
+  io.CalcolaTotali();
   return true;
 }
 
@@ -295,8 +250,8 @@ std::vector<RigaIva> UltimeRighe(Archivio& tessarc, int anno, const std::string&
 }  // namespace
 
 std::vector<RigaIva> RegistrazioneIva::Interno::RigheDellUltima() const {
-  const bool adatta = nuova && stato == Stato::Aperta && righe.empty() && !tipo->corrispettivi &&
-                      !T("Contox").empty();
+  const bool adatta = documento.Nuovo() && !righe.InRiga() && righe.Tutte().empty() &&
+                      !tipo->corrispettivi && !T("Contox").empty();
   if (!adatta) return {};
   return UltimeRighe(tessarc, anno, registro.cod, T("CFPx"), T("Contox"));
 }
@@ -309,9 +264,10 @@ void RegistrazioneIva::ProponiRighe() {
   Interno& io = *interno_;
   const auto vecchie = io.RigheDellUltima();
   if (vecchie.empty()) return;
+  std::vector<RigaIva> righe;
   for (const auto& vecchia : vecchie) {
     RigaIva proposta;
-    proposta.posi = static_cast<std::int64_t>(io.righe.size()) + 1;
+    proposta.posi = static_cast<std::int64_t>(righe.size()) + 1;
     proposta.cfp = "P";
     proposta.conto = vecchia.conto;
     proposta.codIva = vecchia.codIva;
@@ -319,9 +275,9 @@ void RegistrazioneIva::ProponiRighe() {
     proposta.commessa = vecchia.commessa;
     proposta.descrizione = io.T("Descrizionex");
     io.proposte.insert(proposta.posi);
-    io.righe.push_back(std::move(proposta));
+    righe.push_back(std::move(proposta));
   }
-  io.righeModificate = true;
+  io.righe.Sostituisci(std::move(righe));
 }
 
 }  // namespace fenalto::vat

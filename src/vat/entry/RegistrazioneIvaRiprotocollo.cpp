@@ -1,4 +1,5 @@
 // Protocols given anew in order of date, for purchases and receipts.
+#include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "vat/entry/RegistrazioneIvaInterno.h"
 
@@ -39,6 +40,26 @@ std::string Mancanti(const std::vector<Protocollo>& letti, std::int64_t da) {
   return lista;
 }
 
+/// Gives the registrations of the condition the protocols from `da` on, in order of date.
+void Rinumera(Ambiente& ambiente, const std::string& riva, std::int64_t da,
+              const std::string& condizione) {
+  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
+  const auto ordinati = Leggi(tessarc, condizione, "DT,DTFAT,NPROT");
+  // Out of the way first: a number is taken once a register.
+  tessarc.Esegui("update articoli set NProt=0-NProt where " + condizione);
+  std::int64_t prossimo = da;
+  for (const auto& articolo : ordinati) {
+    tessarc.Esegui("update articoli set " + sql::Criterio("NProt", "=", prossimo) + " where " +
+                   sql::Criterio("ID", "=", articolo.id));
+    ambiente.ArchivioDi("scadenzario")
+        .Esegui("update Scadenze set " + sql::Criterio("NProt", "=", prossimo) + " where " +
+                sql::Criterio("Anno", "=", ambiente.Anno()) + " and " +
+                sql::Criterio("Articolo", "=", articolo.numDoc) + " and " +
+                sql::Criterio("Riva", "=", riva));
+    ++prossimo;
+  }
+}
+
 }  // namespace
 
 bool RegistrazioneIva::Riprotocolla(std::int64_t da, std::int64_t a) {
@@ -68,35 +89,22 @@ bool RegistrazioneIva::Riprotocolla(std::int64_t da, std::int64_t a) {
   const std::string condizione =
       sql::Criterio("ANNO", "=", anno) + " and " + sql::Criterio("RIVA", "=", riva) + " and " +
       sql::Criterio("NPROT", ">=", da) + " and " + sql::Criterio("NPROT", "<=", a);
-  try {
-    const Blocco numerazione = io.ambiente.BloccaTabella("ARTICOLI", true);
-    if (!numerazione.Tenuto()) return false;
+  const auto senzaBuchi = [&] {
     const std::string mancanti = Mancanti(Leggi(io.tessarc, condizione, "NPROT"), da);
-    if (!mancanti.empty() && a < ultimo) {
-      io.Avviso("Impossibile riprotocollare: manca n.prot. " + mancanti +
-                " e non è stato impostato fino all'ultimo n. protocollo");
-      return false;
-    }
-    Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
-    const auto ordinati = Leggi(io.tessarc, condizione, "DT,DTFAT,NPROT");
-    // Out of the way first: a number is taken once a register.
-    io.tessarc.Esegui("update articoli set NProt=0-NProt where " + condizione);
-    std::int64_t prossimo = da;
-    for (const auto& articolo : ordinati) {
-      io.tessarc.Esegui("update articoli set " + sql::Criterio("NProt", "=", prossimo) + " where " +
-                        sql::Criterio("ID", "=", articolo.id));
-      io.ambiente.ArchivioDi("scadenzario")
-          .Esegui("update Scadenze set " + sql::Criterio("NProt", "=", prossimo) + " where " +
-                  sql::Criterio("Anno", "=", anno) + " and " +
-                  sql::Criterio("Articolo", "=", articolo.numDoc) + " and " +
-                  sql::Criterio("Riva", "=", riva));
-      ++prossimo;
-    }
-    transazione.Conferma();
-  } catch (const std::exception& errore) {
-    io.NonRiuscito("riprotocollo", errore);
+    if (mancanti.empty() || a == ultimo) return true;
+    io.Avviso("Impossibile riprotocollare: manca n.prot. " + mancanti +
+              " e non è stato impostato fino all'ultimo n. protocollo");
     return false;
-  }
+  };
+  const bool riuscito = records::Esegui(io.ambiente, {.nonRiuscita = "riprotocollo non riuscita: ",
+                                                      .dopoErrore = records::kAncoraSulloSchermo,
+                                                      .numerazioni = {"ARTICOLI"},
+                                                      .sottoBlocco = senzaBuchi,
+                                                      .scrivi = [&] {
+                                                        Rinumera(io.ambiente, riva, da, condizione);
+                                                        return std::string();
+                                                      }});
+  if (!riuscito) return false;
   io.ambiente.Dialogo().Messaggio(
       std::string("Riprotocollo eseguito") +
       (acquisti ? ": stampare il registro iva in prova per rilevare i nuovi numeri di protocollo "

@@ -23,15 +23,20 @@ std::string RegistrazioneIva::Interno::DescrizioneProposta() const {
   return "CORRISPETTIVI MESE " + std::to_string(data.Mese()) + "/" + std::to_string(data.Anno());
 }
 
+void RegistrazioneIva::Interno::CambiaDescrizioni(const std::string& prima,
+                                                  const std::string& adesso) {
+  righe.Ritocca([&](std::vector<RigaIva>& tutte) {
+    for (RigaIva& esistente : tutte) {
+      if (esistente.descrizione == prima) esistente.descrizione = adesso;
+    }
+  });
+}
+
 void RegistrazioneIva::Interno::ImponiDescrizione(const std::string& testo) {
   const std::string prima = T("Descrizionex");
   testa.Scrivi("Descrizionex", testo);
-  for (auto& esistente : righe) {
-    if (esistente.descrizione == prima) esistente.descrizione = testo;
-  }
-  if (stato == Stato::RigaAperta && riga.Testo("Descrizione") == prima) {
-    riga.Scrivi("Descrizione", testo);
-  }
+  CambiaDescrizioni(prima, testo);
+  if (righe.InRiga() && riga.Testo("Descrizione") == prima) riga.Scrivi("Descrizione", testo);
   descrizioneProposta = testo;
 }
 
@@ -39,7 +44,7 @@ void RegistrazioneIva::Interno::AggiornaDescrizione(std::string_view domanda) {
   const std::string proposta = DescrizioneProposta();
   const std::string attuale = T("Descrizionex");
   if (proposta.empty() || attuale == proposta) return;
-  const bool intatta = nuova && (attuale.empty() || attuale == descrizioneProposta);
+  const bool intatta = documento.Nuovo() && (attuale.empty() || attuale == descrizioneProposta);
   if (intatta || ambiente.Dialogo().Conferma(std::string(domanda))) ImponiDescrizione(proposta);
 }
 
@@ -61,7 +66,7 @@ bool RegistrazioneIva::Interno::AvvisaPeriodoChiuso() {
 }
 
 void RegistrazioneIva::Interno::AvvisaDataInferiore() {
-  if (!nuova || dataAvvisata == D("Dt")) return;
+  if (!documento.Nuovo() || dataAvvisata == D("Dt")) return;
   const Data ultima =
       ambiente.Max("Dt", "ZarticoliFatture", {{"Anno", anno}, {"Riva", registro.cod}}, tessarc)
           .Data();
@@ -82,7 +87,7 @@ void RegistrazioneIva::Interno::DataLasciata() {
   ledger::ControlloDataGiornale(ambiente, D("Dt"));
   AvvisaDataInferiore();
   AvvisaPeriodoChiuso();
-  if (tipo != nullptr && tipo->corrispettivi && nuova) {
+  if (tipo != nullptr && tipo->corrispettivi && documento.Nuovo()) {
     testa.Scrivi("DtFat", D("Dt"));
     AggiornaDescrizione(
         "E'stata modificata la data: si vuole cambiare automaticamente anche la descrizione ?");
@@ -107,7 +112,7 @@ void RegistrazioneIva::Interno::ParteScelta() {
 
 void RegistrazioneIva::TestaLasciata(std::string_view campo) {
   Interno& io = *interno_;
-  if (!io.Aperta() || SolaLettura()) return;
+  if (!io.documento.Modificabile()) return;
   if (UgualeTesto(campo, "NumDoc")) io.NumeroLasciato();
   if (UgualeTesto(campo, "Dt")) io.DataLasciata();
   if (UgualeTesto(campo, "Contox")) io.ParteScelta();
@@ -121,15 +126,12 @@ void RegistrazioneIva::TestaLasciata(std::string_view campo) {
     io.AggiornaDescrizione(
         "E'stata modificata la data: si vuole cambiare automaticamente anche la descrizione ?");
   }
-  if (UgualeTesto(campo, "Descrizionex") && io.nuova) {
+  if (UgualeTesto(campo, "Descrizionex") && io.documento.Nuovo()) {
     // The text of the rows goes with that of the registration until someone types another.
-    const std::string nuovo = io.T("Descrizionex");
-    for (auto& riga : io.righe) {
-      if (riga.descrizione == io.descrizioneProposta) riga.descrizione = nuovo;
-    }
+    io.CambiaDescrizioni(io.descrizioneProposta, io.T("Descrizionex"));
   }
   // The double entry bears the party and the text of the head.
-  if (!io.righe.empty()) io.CalcolaTotali();
+  if (!io.righe.Tutte().empty()) io.CalcolaTotali();
 }
 
 }  // namespace fenalto::vat
