@@ -1,12 +1,11 @@
 #include "duedates/payments/RegistraPagamento.h"
 
 #include <algorithm>
-#include <exception>
 #include <numeric>
 #include <set>
 
+#include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
-#include "core/store/TransazioneComune.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::duedates {
@@ -177,7 +176,6 @@ void Salda(Ambiente& ambiente, const RigaPagamento& riga, Data dt) {
 /// Under the numbering lock. The refusal, or empty and `scritto` told.
 std::string Scrivi(Ambiente& ambiente, const Pagamento& pagamento,
                    const std::function<void(std::int64_t)>& altro, PagamentoScritto& scritto) {
-  TransazioneComune transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
   // One by one, so that a due date that is there twice is found changed at its second row.
   for (const RigaPagamento& riga : pagamento.righe) {
     if (auto cambiata = ScadenzaCambiata(ambiente, riga.vista)) return *cambiata;
@@ -188,7 +186,6 @@ std::string Scrivi(Ambiente& ambiente, const Pagamento& pagamento,
     numDoc = RegistrazionePagamento(pagamento, ambiente.Anno()).Scrivi(ambiente);
   }
   if (altro) altro(numDoc);
-  transazione.Conferma();
   scritto = {true, numDoc};
   return {};
 }
@@ -239,28 +236,19 @@ std::string RifiutoPagamento(Ambiente& ambiente, const Pagamento& pagamento) {
 
 PagamentoScritto RegistraPagamento(Ambiente& ambiente, const Pagamento& pagamento,
                                    const std::function<void(std::int64_t numDoc)>& altro) {
-  Dialoghi& dialogo = ambiente.Dialogo();
   PagamentoScritto scritto;
-  try {
+  const auto ammesso = [&] {
     std::string rifiuto = RifiutoPagamento(ambiente, pagamento);
     if (rifiuto.empty()) rifiuto = RifiutoRighe(ambiente, pagamento);
-    if (!rifiuto.empty()) {
-      dialogo.Messaggio(rifiuto, Icona::Avviso);
-      return {};
-    }
-    const Blocco numerazione = ambiente.BloccaTabella("ARTICOLI", true);
-    if (!numerazione.Tenuto()) return {};
-    rifiuto = Scrivi(ambiente, pagamento, altro, scritto);
-    if (!rifiuto.empty()) {
-      dialogo.Messaggio(rifiuto + "\nNon è stato scritto nulla.", Icona::Avviso);
-    }
-  } catch (const std::exception& errore) {
-    dialogo.Messaggio(std::string("registrazione del pagamento non riuscita: ") + errore.what() +
-                          "\nNon è stato scritto nulla, si può riprovare.",
-                      Icona::Errore);
-    return {};
-  }
-  return scritto;
+    if (!rifiuto.empty()) ambiente.Dialogo().Messaggio(rifiuto, Icona::Avviso);
+    return rifiuto.empty();
+  };
+  const bool riuscito = records::Esegui(
+      ambiente, {.nonRiuscita = "registrazione del pagamento non riuscita: ",
+                 .numerazioni = {"ARTICOLI"},
+                 .prima = ammesso,
+                 .scrivi = [&] { return Scrivi(ambiente, pagamento, altro, scritto); }});
+  return riuscito ? scritto : PagamentoScritto{};
 }
 
 std::string TestoPagamentoScritto(const PagamentoScritto& scritto) {

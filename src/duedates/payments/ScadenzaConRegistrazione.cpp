@@ -1,7 +1,6 @@
 #include "duedates/payments/ScadenzaConRegistrazione.h"
 
-#include <exception>
-
+#include "core/records/Conferma.h"
 #include "ledger/registrations/ControlliData.h"
 #include "ledger/registrations/RegistrazioneAutomatica.h"
 
@@ -74,28 +73,19 @@ ScadenzaRegistrata ScriviScadenzaConRegistrazione(Ambiente& ambiente,
                                                   const ScadenzaConRegistrazione& cosa,
                                                   const std::string& nome) {
   ScadenzaRegistrata scritta;
-  Dialoghi& dialogo = ambiente.Dialogo();
-  try {
-    const Blocco numerazione = ambiente.BloccaTabella("ARTICOLI", true);
-    if (!numerazione.Tenuto()) return {};
-    Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
+  const auto scrivi = [&]() -> std::string {
     if (cosa.vista) {
-      if (const auto cambiata = ScadenzaCambiata(ambiente, *cosa.vista)) {
-        dialogo.Messaggio(*cambiata + "\nNon è stato scritto nulla.", Icona::Avviso);
-        return {};
-      }
+      if (const auto cambiata = ScadenzaCambiata(ambiente, *cosa.vista)) return *cambiata;
     }
     if (cosa.conRegistrazione) scritta.numDoc = ScriviArticolo(ambiente, cosa);
     scritta.numero = ScriviScadenza(ambiente, cosa, scritta.numDoc);
-    transazione.Conferma();
-    scritta.scritta = true;
-  } catch (const std::exception& errore) {
-    dialogo.Messaggio("registrazione " + nome + " non riuscita: " + errore.what() +
-                          "\nNon è stato scritto nulla, si può riprovare.",
-                      Icona::Errore);
     return {};
-  }
-  return scritta;
+  };
+  scritta.scritta =
+      records::Esegui(ambiente, {.nonRiuscita = "registrazione " + nome + " non riuscita: ",
+                                 .numerazioni = {"ARTICOLI"},
+                                 .scrivi = scrivi});
+  return scritta.scritta ? scritta : ScadenzaRegistrata{};
 }
 
 std::string ConArticolo(const std::string& testo, const ScadenzaRegistrata& scritta) {

@@ -1,10 +1,10 @@
 #include "duedates/riba/RaggruppamentoRiba.h"
 
 #include <algorithm>
-#include <exception>
 #include <memory>
 #include <utility>
 
+#include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "duedates/schedules/RicercaScadenze.h"
@@ -93,19 +93,16 @@ void ScriviRaggruppata(Archivio& scadenzario, const GruppoRiba& gruppo, std::int
   scadenzario.Inserisci("Scadenze", campi);
 }
 
-/// What came of it: why it was refused, or how many due dates became how many.
+/// How many due dates became how many.
 struct Scritto {
-  std::string rifiuto;
   std::size_t chiuse = 0;
   std::size_t nuove = 0;
 };
 
-/// Under the numbering lock.
-Scritto Scrivi(Ambiente& ambiente, const std::vector<GruppoRiba>& gruppi) {
+/// Under the numbering lock. Why nothing was written, or empty and `scritto` told.
+std::string Scrivi(Ambiente& ambiente, const std::vector<GruppoRiba>& gruppi, Scritto& scritto) {
   Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
-  Scritto scritto;
-  Transazione transazione(ambiente.Basi());
-  if (auto cambiata = Cambiata(ambiente, gruppi)) return {.rifiuto = std::move(*cambiata)};
+  if (auto cambiata = Cambiata(ambiente, gruppi)) return std::move(*cambiata);
   std::int64_t numero = ProssimoNumeroScadenza(ambiente);
   for (const GruppoRiba& gruppo : gruppi) {
     if (!gruppo.DaRaggruppare()) continue;
@@ -114,8 +111,7 @@ Scritto Scrivi(Ambiente& ambiente, const std::vector<GruppoRiba>& gruppi) {
     scritto.chiuse += gruppo.scadenze.size();
     ++scritto.nuove;
   }
-  transazione.Conferma();
-  return scritto;
+  return {};
 }
 
 /// What the groups hold that a user wouldn't expect; empty when nothing.
@@ -213,32 +209,26 @@ bool RaggruppamentoRiba::Definitivo(const SceltaRaggruppamento& scelta,
   if (!dialogo.Conferma("E' stata impostata la stampa definitiva: ESEGUO IL LAVORO ?")) {
     return false;
   }
+  constexpr std::string_view kControllare =
+      "\nNon è stato scritto nulla: controllare l'elenco aggiornato.";
   Scritto scritto;
-  try {
-    // Before the paper says what can't be done any more, and once more where it counts.
-    if (auto cambiata = Cambiata(ambiente_, gruppi)) {
-      scritto.rifiuto = std::move(*cambiata);
-    } else if (!StampaGruppi(scelta, gruppi, true)) {
-      dialogo.Messaggio("stampa definitiva non eseguita.\nNon è stato scritto nulla.",
-                        Icona::Avviso);
+  // Before the paper says what can't be done any more, and once more where it counts.
+  const auto stampa = [&] {
+    if (const auto cambiata = Cambiata(ambiente_, gruppi)) {
+      dialogo.Messaggio(*cambiata + std::string(kControllare), Icona::Avviso);
       return false;
-    } else {
-      const Blocco numerazione = ambiente_.BloccaTabella("ARTICOLI", true);
-      if (!numerazione.Tenuto()) return false;
-      scritto = Scrivi(ambiente_, gruppi);
     }
-  } catch (const std::exception& errore) {
-    dialogo.Messaggio(std::string("raggruppamento Ri.Ba. non riuscito: ") + errore.what() +
-                          "\nNon è stato scritto nulla, si può riprovare.",
-                      Icona::Errore);
+    if (StampaGruppi(scelta, gruppi, true)) return true;
+    dialogo.Messaggio("stampa definitiva non eseguita.\nNon è stato scritto nulla.", Icona::Avviso);
     return false;
-  }
-  if (!scritto.rifiuto.empty()) {
-    dialogo.Messaggio(
-        scritto.rifiuto + "\nNon è stato scritto nulla: controllare l'elenco aggiornato.",
-        Icona::Avviso);
-    return false;
-  }
+  };
+  const bool riuscito =
+      records::Esegui(ambiente_, {.nonRiuscita = "raggruppamento Ri.Ba. non riuscito: ",
+                                  .dopoRifiuto = kControllare,
+                                  .numerazioni = {"ARTICOLI"},
+                                  .prima = stampa,
+                                  .scrivi = [&] { return Scrivi(ambiente_, gruppi, scritto); }});
+  if (!riuscito) return false;
   dialogo.Messaggio(
       "- Scadenzario aggiornato\nscadenze raggruppate: " + std::to_string(scritto.chiuse) +
       "\nnuove scadenze: " + std::to_string(scritto.nuove) + Note(gruppi));

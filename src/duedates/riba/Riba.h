@@ -124,8 +124,8 @@ class Riba {
   bool DatiContabili();
   DatiDistinta Prepara();
   bool Chiede(const DatiDistinta& dati);
-  bool Esegui(DatiDistinta& dati, StampaDistinta& stampa, std::int64_t& numDoc);
-  std::string Scrivi(DatiDistinta& dati, std::int64_t& numDoc);
+  bool Pronta(DatiDistinta& dati, StampaDistinta& stampa);
+  std::string Scrivi(const DatiDistinta& dati, std::int64_t& numDoc);
   void Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64_t numDoc);
   std::int64_t Registra(const DatiDistinta& dati);
   bool Avviso(const std::string& testo) const;

@@ -1,8 +1,10 @@
 // Confirming a batch: the checks and questions, the print, the file, the one transaction.
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
+#include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "duedates/riba/FileDistinta.h"
@@ -179,10 +181,8 @@ std::int64_t Riba::Registra(const DatiDistinta& dati) {
 }
 
 /// Under the numbering lock. Why nothing was written, or empty and `numDoc` told.
-std::string Riba::Scrivi(DatiDistinta& dati, std::int64_t& numDoc) {
+std::string Riba::Scrivi(const DatiDistinta& dati, std::int64_t& numDoc) {
   Archivio& scadenzario = ambiente_.ArchivioDi("scadenzario");
-  FileDistinta file(dati.nomeFile);
-  Transazione transazione(ambiente_.Basi(), Transazione::Ambito::Tutto);
   const auto banca = LeggiBanca(ambiente_, dati.banca.cod);
   if (!banca) return "la banca " + dati.banca.cod + " è stata eliminata da un'altra postazione";
   if (banca->nUltDistinta != dati.banca.nUltDistinta) {
@@ -207,16 +207,11 @@ std::string Riba::Scrivi(DatiDistinta& dati, std::int64_t& numDoc) {
   scadenzario.Esegui("update Banche set " + sql::Criterio("NUltDistinta", "=", dati.numero) +
                      " where " + sql::Criterio("Cod", "=", banca->cod));
   if (impostazioni_.registrazione) numDoc = Registra(dati);
-  // The file last, so that it stands alone on the disk for the shortest time.
-  if (const auto scritto = file.Scrivi(dati.file); !scritto) return scritto.Errore().messaggio;
-  transazione.Conferma();
-  dati.conservato = file.Precedente().string();
-  file.Tieni();
   return {};
 }
 
-/// Up to the commit; false when it was stopped, and told why.
-bool Riba::Esegui(DatiDistinta& dati, StampaDistinta& stampa, std::int64_t& numDoc) {
+/// Everything before the writing; false when it was stopped, and told why.
+bool Riba::Pronta(DatiDistinta& dati, StampaDistinta& stampa) {
   // The number on the print is to be the bank's next now.
   RileggiBanca();
   if (!DatiCompleti()) return false;
@@ -224,15 +219,7 @@ bool Riba::Esegui(DatiDistinta& dati, StampaDistinta& stampa, std::int64_t& numD
   if (const std::string no = ImpedimentiRiba(dati.distinta, dati.file); !no.empty()) {
     return Avviso(no);
   }
-  if (!stampa.Prova() || !Chiede(dati)) return false;
-  const Blocco numerazione = ambiente_.BloccaTabella("ARTICOLI", true);
-  if (!numerazione.Tenuto()) return false;
-  const std::string rifiuto = Scrivi(dati, numDoc);
-  if (rifiuto.empty()) return true;
-  Avviso(rifiuto + "\nNon è stato scritto nulla.");
-  RileggiBanca();
-  Rileggi();
-  return false;
+  return stampa.Prova() && Chiede(dati);
 }
 
 /// The batch stands: what fails here only isn't told or printed.
@@ -258,15 +245,34 @@ bool Riba::Conferma(reports::FabbricaUscite& uscite) {
   DatiDistinta dati;
   StampaDistinta stampa(ambiente_, uscite, dati);
   std::int64_t numDoc = 0;
-  try {
-    if (!Esegui(dati, stampa, numDoc)) return false;
-  } catch (const std::exception& errore) {
-    ambiente_.Dialogo().Messaggio(std::string("conferma della distinta non riuscita: ") +
-                                      errore.what() +
-                                      "\nNon è stato scritto nulla, si può riprovare.",
-                                  Icona::Errore);
-    return false;
+  std::optional<FileDistinta> file;
+  bool rifiutata = false;
+  const auto scrivi = [&] {
+    std::string rifiuto = Scrivi(dati, numDoc);
+    if (rifiuto.empty()) {
+      // The file last, so that it stands alone on the disk for the shortest time.
+      const auto scritto = file.emplace(dati.nomeFile).Scrivi(dati.file);
+      if (!scritto) rifiuto = scritto.Errore().messaggio;
+    }
+    rifiutata = !rifiuto.empty();
+    return rifiuto;
+  };
+  const std::string nonRiuscita = "conferma della distinta non riuscita: ";
+  const bool confermata = records::Esegui(ambiente_, {.nonRiuscita = nonRiuscita,
+                                                      .numerazioni = {"ARTICOLI"},
+                                                      .prima = [&] { return Pronta(dati, stampa); },
+                                                      .scrivi = scrivi,
+                                                      .annulla = [&] { file.reset(); }});
+  if (rifiutata) {
+    return records::Tenta(ambiente_, {nonRiuscita}, [&] {
+      RileggiBanca();
+      Rileggi();
+      return false;
+    });
   }
+  if (!confermata) return false;
+  dati.conservato = file->Precedente().string();
+  file->Tieni();
   scelte_.clear();
   Racconta(dati, stampa, numDoc);
   return true;

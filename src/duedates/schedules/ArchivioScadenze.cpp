@@ -1,10 +1,11 @@
 #include "duedates/schedules/ArchivioScadenze.h"
 
 #include <algorithm>
-#include <exception>
+#include <functional>
+#include <utility>
 
+#include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
-#include "core/store/BasiDati.h"
 #include "core/values/Testo.h"
 #include "duedates/schedules/Scadenza.h"
 
@@ -49,10 +50,11 @@ struct ArchivioScadenze::Interno {
   void Avviso(const std::string& testo) const {
     ambiente.Dialogo().Messaggio(testo, Icona::Avviso);
   }
-  void NonRiuscita(const std::string& azione, const std::exception& errore) const {
-    ambiente.Dialogo().Messaggio(azione + " della scadenza non riuscita: " + errore.what() +
-                                     "\nNon è stato scritto nulla, si può riprovare.",
-                                 Icona::Errore);
+  /// `scrivi` returns why not; `azione` is what is told not to have succeeded.
+  bool Esegui(const std::string& azione, std::function<std::string()> scrivi) const {
+    return records::Esegui(ambiente, {.nonRiuscita = azione + " della scadenza non riuscita: ",
+                                      .dopoRifiuto = "",
+                                      .scrivi = std::move(scrivi)});
   }
   /// What may not be done to an open record that is in edit elsewhere.
   bool Ferma() const {
@@ -162,21 +164,15 @@ std::string ArchivioScadenze::Interno::Aggiorna(const std::vector<Coppia>& campi
 }
 
 std::string ArchivioScadenze::Interno::Scrivi() {
-  Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
-  std::int64_t scritto = numero;
   if (nuova) {
-    scritto = ProssimoNumeroScadenza(ambiente);
-    record.Scrivi("Numero", scritto);
+    record.Scrivi("Numero", ProssimoNumeroScadenza(ambiente));
     Dati().Inserisci("Scadenze", record.Campi());
-  } else {
-    // The columns that weren't touched keep what other stations may have written in them.
-    std::vector<Coppia> cambiati = record.Campi();
-    std::erase_if(cambiati, [this](const Coppia& coppia) { return !Cambiato(coppia.first); });
-    if (std::string rifiuto = Aggiorna(cambiati); !rifiuto.empty()) return rifiuto;
+    return {};
   }
-  transazione.Conferma();
-  numero = scritto;
-  return {};
+  // The columns that weren't touched keep what other stations may have written in them.
+  std::vector<Coppia> cambiati = record.Campi();
+  std::erase_if(cambiati, [this](const Coppia& coppia) { return !Cambiato(coppia.first); });
+  return Aggiorna(cambiati);
 }
 
 bool ArchivioScadenze::Interno::Riba() const {
@@ -291,16 +287,12 @@ bool ArchivioScadenze::Conferma(std::string* campo) {
     return false;
   }
   io.Avverti();
-  try {
+  const auto scrivi = [&] {
     io.Completa();
-    if (const std::string no = io.Scrivi(); !no.empty()) {
-      io.Avviso(no);
-      return false;
-    }
-  } catch (const std::exception& errore) {
-    io.NonRiuscita("memorizzazione", errore);
-    return false;
-  }
+    return io.Scrivi();
+  };
+  if (!io.Esegui("memorizzazione", scrivi)) return false;
+  if (io.nuova) io.numero = io.record.Leggi("Numero").Intero();
   io.Chiudi();
   if (io.uso == Uso::Documento) io.ambiente.Dialogo().Messaggio("Scadenza memorizzata");
   return true;
@@ -311,18 +303,12 @@ bool ArchivioScadenze::Elimina() {
   if (io.nuova || io.Ferma()) return false;
   io.Avviso(kEliminare);
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione SCADENZA ?")) return false;
-  try {
-    Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
-    if (const auto cambiata = ScadenzaCambiata(io.ambiente, io.vista)) {
-      io.Avviso(*cambiata + kNulla);
-      return false;
-    }
+  const auto elimina = [&]() -> std::string {
+    if (const auto cambiata = ScadenzaCambiata(io.ambiente, io.vista)) return *cambiata + kNulla;
     io.Dati().Esegui("delete * from Scadenze where " + sql::Criterio("Numero", "=", io.numero));
-    transazione.Conferma();
-  } catch (const std::exception& errore) {
-    io.NonRiuscita("eliminazione", errore);
-    return false;
-  }
+    return {};
+  };
+  if (!io.Esegui("eliminazione", elimina)) return false;
   io.Chiudi();
   return true;
 }
@@ -348,17 +334,7 @@ bool ArchivioScadenze::Ripristina() {
   const std::vector<Coppia> ripristinati = io.CampiRipristinati();
   std::vector<Coppia> digitati = io.record.Campi();
   std::erase_if(digitati, [&](const Coppia& coppia) { return !io.Cambiato(coppia.first); });
-  try {
-    Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tutto);
-    if (const std::string no = io.Aggiorna(ripristinati); !no.empty()) {
-      io.Avviso(no);
-      return false;
-    }
-    transazione.Conferma();
-  } catch (const std::exception& errore) {
-    io.NonRiuscita("ripristino", errore);
-    return false;
-  }
+  if (!io.Esegui("ripristino", [&] { return io.Aggiorna(ripristinati); })) return false;
   io.RiprendiDaAperta(ripristinati, digitati);
   return true;
 }

@@ -1,10 +1,9 @@
 #include "duedates/schedules/DeduzioneAnticipi.h"
 
 #include <algorithm>
-#include <exception>
 
+#include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
-#include "core/store/BasiDati.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 
@@ -38,7 +37,6 @@ void ScaricaAnticipo(Ambiente& ambiente, const QuotaAnticipo& dedotto) {
 /// Why nothing was written; empty when all was.
 std::string Scrivi(Ambiente& ambiente, const Scadenza& scadenza,
                    const std::vector<QuotaAnticipo>& quote) {
-  Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
   if (const auto cambiata = ScadenzaCambiata(ambiente, scadenza)) return *cambiata;
   Importo dedotto;
   for (const QuotaAnticipo& quota : quote) {
@@ -47,7 +45,6 @@ std::string Scrivi(Ambiente& ambiente, const Scadenza& scadenza,
     dedotto += quota.quota;
   }
   AbbassaScadenza(ambiente, scadenza, dedotto);
-  transazione.Conferma();
   return {};
 }
 
@@ -114,20 +111,11 @@ std::vector<QuotaAnticipo> ScegliAnticipi(Ambiente& ambiente, const Scadenza& sc
 bool DeduciAnticipi(Ambiente& ambiente, const Scadenza& scadenza,
                     const std::vector<QuotaAnticipo>& quote) {
   if (quote.empty()) return false;
-  Dialoghi& dialogo = ambiente.Dialogo();
-  try {
-    if (const std::string rifiuto = Scrivi(ambiente, scadenza, quote); !rifiuto.empty()) {
-      dialogo.Messaggio(rifiuto + "\nNon è stato scritto nulla.", Icona::Avviso);
-      return false;
-    }
-  } catch (const std::exception& errore) {
-    dialogo.Messaggio(std::string("deduzione dell'anticipo non riuscita: ") + errore.what() +
-                          "\nNon è stato scritto nulla, si può riprovare.",
-                      Icona::Errore);
-    return false;
-  }
-  dialogo.Messaggio(TestoDeduzione(quote));
-  return true;
+  const bool scritta =
+      records::Esegui(ambiente, {.nonRiuscita = "deduzione dell'anticipo non riuscita: ",
+                                 .scrivi = [&] { return Scrivi(ambiente, scadenza, quote); }});
+  if (scritta) ambiente.Dialogo().Messaggio(TestoDeduzione(quote));
+  return scritta;
 }
 
 }  // namespace fenalto::duedates

@@ -1,12 +1,11 @@
 #include "duedates/schedules/ScadenzeDocumento.h"
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
+#include "core/records/Conferma.h"
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
-#include "core/store/BasiDati.h"
 #include "core/values/Testo.h"
 #include "duedates/schedules/CreaScadenze.h"
 #include "duedates/schedules/DeduzioneAnticipi.h"
@@ -166,26 +165,20 @@ bool ScadenzeDocumento::ScegliStampa(const std::string& lettera) {
     dialogo.Messaggio("selezionare A oppure B oppure C", Icona::Avviso);
     return false;
   }
-  try {
-    Transazione transazione(ambiente_.Basi(), Transazione::Ambito::Tutto);
+  const auto scrivi = [&]() -> std::string {
     const TestiStampa testi = Testi();
     const std::string& scelto =
         lettera == "A" ? testi.evidenziate : (lettera == "B" ? testi.codice : testi.scadenzario);
     const auto righe = ambiente_.ArchivioDi("tessarc").Esegui(
         "update FATTURECLI set SCADPAG=" + sql::LetteraleSql(Valore(scelto)) + " where " +
         CondizioneFattura());
-    if (righe == 0) {
-      dialogo.Messaggio("la fattura è stata eliminata da un'altra postazione", Icona::Avviso);
-      return false;
-    }
-    transazione.Conferma();
-  } catch (const std::exception& errore) {
-    dialogo.Messaggio(
-        std::string("le scadenze della fattura non sono state memorizzate: ") + errore.what(),
-        Icona::Errore);
-    return false;
-  }
-  return true;
+    return righe == 0 ? "la fattura è stata eliminata da un'altra postazione" : "";
+  };
+  return records::Esegui(ambiente_,
+                         {.nonRiuscita = "le scadenze della fattura non sono state memorizzate: ",
+                          .dopoErrore = "",
+                          .dopoRifiuto = "",
+                          .scrivi = scrivi});
 }
 
 }  // namespace fenalto::duedates

@@ -1,7 +1,7 @@
 // What a definitive run leaves in the books, all of it or nothing; and taking it away again.
 #include <algorithm>
-#include <exception>
 
+#include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "vat/register/RegistroIvaInterno.h"
 
@@ -92,21 +92,21 @@ void RegistroIvaUnico::Interno::ScriviProtocolli(const IntervalloRegistro& inter
 bool RegistroIvaUnico::Interno::Memorizza(const DatiStampaRegistro& dati,
                                           const std::string& impronta, int ultimaPagina) {
   LogContabile log;
-  try {
-    const Blocco numerazione = ambiente.BloccaTabella("ARTICOLI", true);
-    if (!numerazione.Tenuto()) return false;
-    // What was printed must be what is stored, and nobody else's store may be covered.
+  // What was printed must be what is stored, and nobody else's store may be covered.
+  const auto immutato = [&] {
     const auto adesso = Totali();
-    if (!adesso || Impronta(adesso.Valore()) != impronta) {
+    const bool uguale = adesso && Impronta(adesso.Valore()) == impronta;
+    if (!uguale) {
       Avviso(
           "mentre la stampa era in corso un'altra postazione ha stampato in definitiva o ha "
           "cambiato le registrazioni del periodo " +
           periodo.testo +
           ":\nnon è stato memorizzato nulla, confermare di nuovo il periodo e ripetere la "
           "stampa");
-      return false;
     }
-    Transazione transazione(ambiente.Basi());
+    return uguale;
+  };
+  const auto scrivi = [&] {
     const std::string chiave = sql::Criterio("Anno", "=", periodo.anno) + " AND " +
                                sql::Criterio("PERIODO", "=", periodo.cod);
     tessarc.Esegui("DELETE * FROM TOTALIIVA WHERE " + chiave);
@@ -123,14 +123,16 @@ bool RegistroIvaUnico::Interno::Memorizza(const DatiStampaRegistro& dati,
       for (const TotaleRegistro& totale : dati.totali) ScriviProtocolli(totale.intervallo);
       MemorizzaLiquidazione(ambiente, dati.liquidazione, dati.totali, Giri(), ultimaPagina, log);
     }
-    transazione.Conferma();
-  } catch (const std::exception& errore) {
-    ambiente.Dialogo().Messaggio("stampa definitiva del periodo " + periodo.testo +
-                                     " non memorizzata: nulla è cambiato, la si può ripetere\n" +
-                                     errore.what(),
-                                 Icona::Errore);
-    return false;
-  }
+    return std::string();
+  };
+  const bool memorizzata = records::Esegui(
+      ambiente, {.nonRiuscita = "stampa definitiva del periodo " + periodo.testo +
+                                " non memorizzata: nulla è cambiato, la si può ripetere\n",
+                 .dopoErrore = "",
+                 .numerazioni = {"ARTICOLI"},
+                 .sottoBlocco = immutato,
+                 .scrivi = scrivi});
+  if (!memorizzata) return false;
   for (const std::string& avviso : log.avvisi) Avviso(avviso);
   if (!log.testo.empty()) ambiente.Dialogo().Messaggio(log.testo);
   return true;
@@ -146,10 +148,7 @@ bool RegistroIvaUnico::EliminaLiquidazioni() {
           " - Successivamente sarà possibile ristampare i registri e le liquidazioni")) {
     return false;
   }
-  try {
-    const Blocco numerazione = io.ambiente.BloccaTabella("ARTICOLI", true);
-    if (!numerazione.Tenuto()) return false;
-    Transazione transazione(io.ambiente.Basi(), Transazione::Ambito::Tessarc);
+  const auto elimina = [&] {
     const std::string condizione = sql::Criterio("anno", "=", anno);
     io.tessarc.Esegui("delete * from UltProtStRegIva where " + condizione);
     io.tessarc.Esegui("delete * from ChiusureIva where " + condizione);
@@ -158,15 +157,16 @@ bool RegistroIvaUnico::EliminaLiquidazioni() {
     if (io.tessarc.Singolo("SELECT Count(*) FROM UltProtStRegIva").Intero() == 0) {
       io.tessarc.Esegui("UPDATE RegistriIva SET UltProtSt=0");
     }
-    transazione.Conferma();
-  } catch (const std::exception& errore) {
-    io.ambiente.Dialogo().Messaggio(
-        std::string("liquidazioni iva non eliminate: nulla è cambiato\n") + errore.what(),
-        Icona::Errore);
-    return false;
-  }
-  io.ambiente.Dialogo().Messaggio("liquidazioni iva eliminate");
-  return true;
+    return std::string();
+  };
+  const bool eliminate = records::Esegui(
+      io.ambiente, {.nonRiuscita = "liquidazioni iva non eliminate: nulla è cambiato\n",
+                    .dopoErrore = "",
+                    .numerazioni = {"ARTICOLI"},
+                    .ambito = Transazione::Ambito::Tessarc,
+                    .scrivi = elimina});
+  if (eliminate) io.ambiente.Dialogo().Messaggio("liquidazioni iva eliminate");
+  return eliminate;
 }
 
 }  // namespace fenalto::vat
