@@ -1,7 +1,9 @@
 #include "documents/parties/DestinazioniCliente.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "core/records/RigheInTabella.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 
@@ -11,6 +13,14 @@ namespace {
 
 constexpr const char* kTabella = "Destinazioni_R";
 
+template <std::size_t... kIndici>
+constexpr auto CampiDestinazione(std::index_sequence<kIndici...> /*indici*/) {
+  return std::array{
+      records::Campo<&DestinazioneMerce::posi>("Posi"),
+      records::CampoElemento<&DestinazioneMerce::testi, kIndici>(kCampiDestinazione[kIndici])...};
+}
+constexpr auto kCampi = CampiDestinazione(std::make_index_sequence<kCampiDestinazione.size()>());
+
 }  // namespace
 
 bool HaPredefinita(const Scheda& cliente) {
@@ -18,46 +28,26 @@ bool HaPredefinita(const Scheda& cliente) {
                      [&](const char* campo) { return !Rifila(cliente.Testo(campo)).empty(); });
 }
 
-DestinazioniCliente::DestinazioniCliente() {
-  riga_.Aggiungi("Posi", Tipo::Intero);
-  for (const char* campo : kCampiDestinazione) riga_.Aggiungi(campo, Tipo::Testo);
-}
+DestinazioniCliente::DestinazioniCliente() : righe_(kCampi) {}
 
 void DestinazioniCliente::Leggi(Ambiente& ambiente, const std::string& cod) {
-  Annulla();
-  righe_.clear();
-  modificate_ = false;
-  if (cod.empty()) return;
-  std::string sql = std::string("select * from ") + kTabella + " where ";
-  Rs rs = ambiente.ArchivioDi("tessarc").Recordset(sql + sql::Criterio("COD", "=", cod) +
-                                                   " order by POSI");
-  for (; !rs.Eof(); rs.MoveNext()) {
-    DestinazioneMerce letta;
-    letta.posi = rs.Fields("POSI").Intero();
-    for (std::size_t i = 0; i < letta.testi.size(); ++i) {
-      letta.testi[i] = rs.Fields(kCampiDestinazione[i]).Testo();
-    }
-    righe_.push_back(std::move(letta));
+  std::vector<DestinazioneMerce> lette;
+  if (!cod.empty()) {
+    Rs rs = ambiente.ArchivioDi("tessarc").Recordset(std::string("select * from ") + kTabella +
+                                                     " where " + sql::Criterio("COD", "=", cod) +
+                                                     " order by POSI");
+    for (; !rs.Eof(); rs.MoveNext()) lette.push_back(records::LeggiRiga(rs, righe_.Campi()));
   }
+  righe_.Carica(std::move(lette));
 }
 
 void DestinazioniCliente::Copiate() {
-  Annulla();
-  modificate_ = !righe_.empty();
-}
-
-void DestinazioniCliente::Mostra(const DestinazioneMerce& destinazione) {
-  riga_.Svuota();
-  riga_.Scrivi("Posi", destinazione.posi);
-  for (std::size_t i = 0; i < destinazione.testi.size(); ++i) {
-    riga_.Scrivi(kCampiDestinazione[i], destinazione.testi[i]);
-  }
-  riga_.Consolida();
-  inRiga_ = true;
+  righe_.Annulla();
+  righe_.Modificate(!Righe().empty());
 }
 
 bool DestinazioniCliente::Nuova(archives::ContestoArchivio& cliente) {
-  if (inRiga_) return false;
+  if (InRiga()) return false;
   if (HaPredefinita(cliente.scheda)) {
     cliente.ambiente.Dialogo().Messaggio(
         "per inserire nell'elenco destinazioni bisogna lasciare in bianco 'destinazione merce "
@@ -66,59 +56,38 @@ bool DestinazioniCliente::Nuova(archives::ContestoArchivio& cliente) {
     return false;
   }
   DestinazioneMerce nuova;
-  for (const DestinazioneMerce& riga : righe_) nuova.posi = std::max(nuova.posi, riga.posi);
-  ++nuova.posi;
-  posiPrima_ = 0;
-  Mostra(nuova);
+  nuova.posi = righe_.ProssimaPosi(1);
+  righe_.Nuova(nuova);
   return true;
 }
 
 bool DestinazioniCliente::Apri(std::int64_t posi) {
-  const auto trovata = Trova(posi);
-  if (inRiga_ || trovata == righe_.end()) return false;
-  posiPrima_ = posi;
-  Mostra(*trovata);
-  return true;
+  return !InRiga() && righe_.Apri(&DestinazioneMerce::posi, posi);
 }
 
 bool DestinazioniCliente::Conferma(Dialoghi& dialogo) {
-  if (!inRiga_) return false;
-  DestinazioneMerce riga;
-  riga.posi = riga_.Leggi("Posi").Intero();
-  for (std::size_t i = 0; i < riga.testi.size(); ++i) {
-    riga.testi[i] = std::string(Rifila(riga_.Testo(kCampiDestinazione[i])));
-  }
+  if (!InRiga()) return false;
+  DestinazioneMerce riga = righe_.Digitata();
+  for (std::string& testo : riga.testi) testo = std::string(Rifila(testo));
   if (std::all_of(riga.testi.begin(), riga.testi.end(),
                   [](const std::string& testo) { return testo.empty(); })) {
     dialogo.Messaggio("la destinazione è in bianco: scriverne l'indirizzo, oppure abbandonarla",
                       Icona::Avviso);
     return false;
   }
-  if (posiPrima_ != 0) {
-    *Trova(posiPrima_) = std::move(riga);
-  } else {
-    righe_.push_back(std::move(riga));
-  }
-  modificate_ = true;
-  Annulla();
+  righe_.Sostituisci(righe_.Con(std::move(riga)));
   return true;
 }
 
 bool DestinazioniCliente::Elimina(Dialoghi& dialogo) {
-  if (!inRiga_) return false;
-  if (posiPrima_ != 0) {
-    if (!dialogo.Conferma("Conferma eliminazione Destinazione ?")) return false;
-    righe_.erase(Trova(posiPrima_));
-    modificate_ = true;
+  if (!InRiga()) return false;
+  if (RigaNuova()) {
+    Annulla();
+    return true;
   }
-  Annulla();
+  if (!dialogo.Conferma("Conferma eliminazione Destinazione ?")) return false;
+  righe_.Sostituisci(righe_.Senza());
   return true;
-}
-
-void DestinazioniCliente::Annulla() {
-  inRiga_ = false;
-  posiPrima_ = 0;
-  riga_.Svuota();
 }
 
 void DestinazioniCliente::Scrivi(Ambiente& ambiente, const std::string& codicePrima,
@@ -126,23 +95,12 @@ void DestinazioniCliente::Scrivi(Ambiente& ambiente, const std::string& codicePr
   // Rows under the new code can only be what a deletion by another program left behind.
   if (!codicePrima.empty()) EliminaTutte(ambiente, codicePrima);
   EliminaTutte(ambiente, codice);
-  for (const DestinazioneMerce& riga : righe_) {
-    std::vector<Coppia> campi = {{"COD", codice}, {"POSI", riga.posi}};
-    for (std::size_t i = 0; i < riga.testi.size(); ++i) {
-      campi.emplace_back(kCampiDestinazione[i], riga.testi[i]);
-    }
-    ambiente.ArchivioDi("tessarc").Inserisci(kTabella, campi);
-  }
+  records::ScriviRighe(ambiente.ArchivioDi("tessarc"), kTabella, Righe(), righe_.Campi(),
+                       {{"COD", codice}});
 }
 
 void DestinazioniCliente::EliminaTutte(Ambiente& ambiente, const std::string& codice) {
-  ambiente.ArchivioDi("tessarc").Esegui(std::string("delete * from ") + kTabella + " where " +
-                                        sql::Criterio("COD", "=", codice));
-}
-
-std::vector<DestinazioneMerce>::iterator DestinazioniCliente::Trova(std::int64_t posi) {
-  return std::find_if(righe_.begin(), righe_.end(),
-                      [&](const DestinazioneMerce& riga) { return riga.posi == posi; });
+  records::EliminaRighe(ambiente.ArchivioDi("tessarc"), kTabella, {{"COD", codice}});
 }
 
 }  // namespace fenalto::documents

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/archives/DescrizioneArchivio.h"
+#include "core/records/Righe.h"
 
 namespace fenalto::documents {
 
@@ -36,16 +37,16 @@ class DestinazioniCliente {
   void Leggi(Ambiente& ambiente, const std::string& cod);
   /// The destinations are those of a copied customer: to be written with the new one.
   void Copiate();
-  [[nodiscard]] const std::vector<DestinazioneMerce>& Righe() const { return righe_; }
+  [[nodiscard]] const std::vector<DestinazioneMerce>& Righe() const { return righe_.Tutte(); }
   /// A row was added, changed or deleted.
-  [[nodiscard]] bool Modificate() const { return modificate_; }
+  [[nodiscard]] bool Modificate() const { return righe_.Modificate(); }
 
   // --- The row in edit ---------------------------------------------------------------------------
 
-  [[nodiscard]] bool InRiga() const { return inRiga_; }
-  [[nodiscard]] bool RigaNuova() const { return inRiga_ && posiPrima_ == 0; }
+  [[nodiscard]] bool InRiga() const { return righe_.InRiga(); }
+  [[nodiscard]] bool RigaNuova() const { return righe_.RigaNuova(); }
   /// `Posi` and the texts of the row in edit.
-  [[nodiscard]] Scheda& Riga() { return riga_; }
+  [[nodiscard]] Scheda& Riga() { return righe_.Riga(); }
   /// Opens a new row after the last; false when a row is open already, or the customer has a
   /// predefined destination (told).
   bool Nuova(archives::ContestoArchivio& cliente);
@@ -55,7 +56,7 @@ class DestinazioniCliente {
   bool Conferma(Dialoghi& dialogo);
   /// Asks and deletes the row in edit; gives a new one up.
   bool Elimina(Dialoghi& dialogo);
-  void Annulla();
+  void Annulla() { righe_.Annulla(); }
 
   // --- With the customer -------------------------------------------------------------------------
 
@@ -64,14 +65,7 @@ class DestinazioniCliente {
   static void EliminaTutte(Ambiente& ambiente, const std::string& codice);
 
  private:
-  [[nodiscard]] std::vector<DestinazioneMerce>::iterator Trova(std::int64_t posi);
-  void Mostra(const DestinazioneMerce& destinazione);
-
-  std::vector<DestinazioneMerce> righe_;
-  Scheda riga_;
-  bool inRiga_ = false;
-  std::int64_t posiPrima_ = 0;  ///< position of the row in edit, 0 for a new one
-  bool modificate_ = false;
+  records::Righe<DestinazioneMerce> righe_;
 };
 
 /// Whether the customer on the screen has a predefined destination.

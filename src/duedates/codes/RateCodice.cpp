@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "core/sql/Criterio.h"
+#include "core/records/RigheInTabella.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::duedates {
@@ -13,21 +13,20 @@ namespace {
 constexpr const char* kTabella = "Pagamento_r";
 const Importo kCento = Importo::DaUnita(100);
 
-RataPagamento DaScheda(const Scheda& riga) {
-  return RataDaCampi([&](std::string_view campo) { return riga.Leggi(campo); });
-}
+constexpr records::CampoRiga<RataPagamento> kCampi[] = {
+    records::Campo<&RataPagamento::rata>("Rata"),
+    records::Campo<&RataPagamento::percImporto>("PercImporto"),
+    records::Campo<&RataPagamento::dopoMesi>("DopoMesi"),
+    records::Campo<&RataPagamento::dopoGiorni>("DopoGiorni"),
+    records::Campo<&RataPagamento::fineMese>("FineMese"),
+    records::Campo<&RataPagamento::dataFattura>("DataFattura"),
+    records::Campo<&RataPagamento::giornoFisso>("GiornoFisso"),
+    records::Campo<&RataPagamento::ggFisso>("GGFisso"),
+    records::Campo<&RataPagamento::tipo>("Tipo"),
+    records::Campo<&RataPagamento::descrizione>("Descrizione")};
 
-std::vector<Coppia> Campi(const RataPagamento& rata) {
-  return {{"Rata", rata.rata},
-          {"PercImporto", rata.percImporto},
-          {"DopoMesi", rata.dopoMesi},
-          {"DopoGiorni", rata.dopoGiorni},
-          {"FineMese", rata.fineMese},
-          {"DataFattura", rata.dataFattura},
-          {"GiornoFisso", rata.giornoFisso},
-          {"GGFisso", rata.ggFisso},
-          {"Tipo", rata.tipo},
-          {"Descrizione", rata.descrizione}};
+bool PerNumero(const RataPagamento& a, const RataPagamento& b) {
+  return a.rata < b.rata;
 }
 
 /// "1" and "01" are the same rate; nothing for what isn't a number from 1 to 10.
@@ -52,82 +51,45 @@ std::string NumeroDopo(const std::vector<RataPagamento>& righe) {
 
 }  // namespace
 
-RateCodice::RateCodice(Ambiente& ambiente) : ambiente_(ambiente) {
-  const sql::TabellaCatalogo* tabella = ambiente.ArchivioDi("tessarc").Catalogo().Tabella(kTabella);
-  if (tabella != nullptr) riga_ = Scheda(*tabella);
-}
+RateCodice::RateCodice(Ambiente& ambiente) : ambiente_(ambiente), righe_(kCampi, PerNumero) {}
 
 void RateCodice::Leggi(const std::string& cod) {
-  AnnullaRiga();
-  righe_ = cod.empty() ? std::vector<RataPagamento>() : LeggiRate(ambiente_, cod);
-  modificate_ = false;
+  righe_.Carica(cod.empty() ? std::vector<RataPagamento>() : LeggiRate(ambiente_, cod));
 }
 
 void RateCodice::Copiate() {
-  AnnullaRiga();
-  modificate_ = !righe_.empty();
-}
-
-const std::vector<RataPagamento>& RateCodice::Righe() const {
-  return righe_;
-}
-
-bool RateCodice::Modificate() const {
-  return modificate_;
-}
-
-bool RateCodice::InRiga() const {
-  return inRiga_;
-}
-
-bool RateCodice::RigaNuova() const {
-  return inRiga_ && rataPrima_.empty();
-}
-
-Scheda& RateCodice::Riga() {
-  return riga_;
-}
-
-void RateCodice::Mostra(const RataPagamento& rata) {
-  riga_.Svuota();
-  for (const auto& [campo, valore] : Campi(rata)) riga_.Scrivi(campo, valore);
-  riga_.Consolida();
-  inRiga_ = true;
+  righe_.Annulla();
+  righe_.Modificate(!Righe().empty());
 }
 
 bool RateCodice::NuovaRiga() {
-  if (inRiga_) return false;
+  if (InRiga()) return false;
   RataPagamento rata;
-  if (righe_.empty()) {
+  if (Righe().empty()) {
     rata.dopoMesi = 1;
     rata.dataFattura = true;
   } else {
-    rata = righe_.back();
+    rata = Righe().back();
     rata.dopoMesi += 1;
     rata.descrizione.clear();
   }
-  rata.rata = NumeroDopo(righe_);
+  rata.rata = NumeroDopo(Righe());
   rata.percImporto = std::max(kCento - SommaPercentuali(), Importo());
-  rataPrima_.clear();
-  Mostra(rata);
+  righe_.Nuova(rata);
   return true;
 }
 
 bool RateCodice::ApriRiga(const std::string& rata) {
-  const auto trovata = Trova(rata);
-  if (inRiga_ || trovata == righe_.end()) return false;
-  rataPrima_ = trovata->rata;
-  Mostra(*trovata);
-  return true;
+  return !InRiga() && righe_.Apri(&RataPagamento::rata, rata);
 }
 
 void RateCodice::Lasciato(const std::string& campo) {
   constexpr const char* kModi[] = {"FineMese", "DataFattura", "GiornoFisso"};
   const auto modo = [&](const char* nome) { return UgualeTesto(nome, campo); };
-  if (std::none_of(std::begin(kModi), std::end(kModi), modo) || !riga_.Leggi(campo).Booleano())
+  if (std::none_of(std::begin(kModi), std::end(kModi), modo) || !Riga().Leggi(campo).Booleano())
     return;
   for (const char* altro : kModi) {
-    if (!modo(altro)) riga_.Scrivi(altro, false);
+    if (!modo(altro)) Riga().Scrivi(altro, false);
   }
 }
 
@@ -138,58 +100,47 @@ bool RateCodice::Rifiuta(const char* messaggio, const char* campo, Rifiuto* rifi
 }
 
 bool RateCodice::ConfermaRiga(Rifiuto* rifiuto) {
-  if (!inRiga_) return false;
-  RataPagamento rata = DaScheda(riga_);
-  const bool stessa = !rataPrima_.empty() && rata.rata == rataPrima_;
+  if (!InRiga()) return false;
+  RataPagamento rata = righe_.Digitata();
+  const std::string prima = RigaNuova() ? std::string() : righe_.Aperta()->rata;
+  const bool stessa = !prima.empty() && rata.rata == prima;
   if (rata.percImporto.Zero())
     return Rifiuta("non si puù impostare una percentuale=0", "PercImporto", rifiuto);
   if (!stessa) {
     const auto numero = DueCifre(rata.rata);
     if (!numero) return Rifiuta("numero rata: valore ammesso da 01 a 10", "Rata", rifiuto);
     rata.rata = *numero;
-    if (rata.rata != rataPrima_ && Trova(rata.rata) != righe_.end())
+    if (rata.rata != prima && Esiste(rata.rata))
       return Rifiuta("Rata già esistente", "Rata", rifiuto);
   }
   if (rata.giornoFisso && !rata.fineMese && !rata.dataFattura &&
       (rata.ggFisso < 1 || rata.ggFisso > 31))
     return Rifiuta("giorno fisso: valore ammesso da 1 a 31", "GGFisso", rifiuto);
-  if (!rataPrima_.empty()) righe_.erase(Trova(rataPrima_));
-  const auto posto = std::lower_bound(
-      righe_.begin(), righe_.end(), rata,
-      [](const RataPagamento& a, const RataPagamento& b) { return a.rata < b.rata; });
-  righe_.insert(posto, std::move(rata));
-  modificate_ = true;
-  AnnullaRiga();
+  righe_.Sostituisci(righe_.Con(std::move(rata)));
   return true;
 }
 
 bool RateCodice::EliminaRiga() {
-  if (!inRiga_) return false;
-  if (!rataPrima_.empty()) {
-    if (!ambiente_.Dialogo().Conferma("Conferma eliminazione RIGA ?")) return false;
-    righe_.erase(Trova(rataPrima_));
-    modificate_ = true;
+  if (!InRiga()) return false;
+  if (RigaNuova()) {
+    AnnullaRiga();
+    return true;
   }
-  AnnullaRiga();
+  if (!ambiente_.Dialogo().Conferma("Conferma eliminazione RIGA ?")) return false;
+  righe_.Sostituisci(righe_.Senza());
   return true;
-}
-
-void RateCodice::AnnullaRiga() {
-  inRiga_ = false;
-  rataPrima_.clear();
-  riga_.Svuota();
 }
 
 CodicePagamento RateCodice::Codice(const Scheda& scheda) const {
   CodicePagamento codice =
       CodiceDaCampi([&](std::string_view campo) { return scheda.Leggi(campo); });
-  codice.rate = righe_;
+  codice.rate = Righe();
   return codice;
 }
 
 Importo RateCodice::SommaPercentuali() const {
   Importo somma;
-  for (const RataPagamento& riga : righe_) somma += riga.percImporto;
+  for (const RataPagamento& riga : Righe()) somma += riga.percImporto;
   return somma;
 }
 
@@ -197,21 +148,16 @@ void RateCodice::Scrivi(const std::string& codicePrima, const std::string& codic
   // Rates under the new code can only be what a deletion by another program left behind.
   if (!codicePrima.empty()) Elimina(codicePrima);
   Elimina(codice);
-  for (const RataPagamento& riga : righe_) {
-    std::vector<Coppia> campi = Campi(riga);
-    campi.emplace_back("Cod", codice);
-    ambiente_.ArchivioDi("tessarc").Inserisci(kTabella, campi);
-  }
+  records::ScriviRighe(ambiente_.ArchivioDi("tessarc"), kTabella, Righe(), righe_.Campi(),
+                       {{"Cod", codice}});
 }
 
 void RateCodice::Elimina(const std::string& codice) {
-  ambiente_.ArchivioDi("tessarc").Esegui(std::string("delete * from ") + kTabella + " where " +
-                                         sql::Criterio("Cod", "=", codice));
+  records::EliminaRighe(ambiente_.ArchivioDi("tessarc"), kTabella, {{"Cod", codice}});
 }
 
-std::vector<RataPagamento>::iterator RateCodice::Trova(const std::string& rata) {
-  return std::find_if(righe_.begin(), righe_.end(),
-                      [&](const RataPagamento& riga) { return riga.rata == rata; });
+bool RateCodice::Esiste(const std::string& rata) const {
+  return std::ranges::any_of(Righe(), [&](const RataPagamento& riga) { return riga.rata == rata; });
 }
 
 }  // namespace fenalto::duedates

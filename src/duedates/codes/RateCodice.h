@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/archives/DescrizioneArchivio.h"
+#include "core/records/Righe.h"
 #include "duedates/codes/Rate.h"
 
 namespace fenalto::duedates {
@@ -19,17 +20,17 @@ class RateCodice {
   void Leggi(const std::string& cod);
   /// The rates are those of a copied code: to be written with the new one.
   void Copiate();
-  [[nodiscard]] const std::vector<RataPagamento>& Righe() const;
+  [[nodiscard]] const std::vector<RataPagamento>& Righe() const { return righe_.Tutte(); }
   /// A row was added, changed or deleted.
-  [[nodiscard]] bool Modificate() const;
+  [[nodiscard]] bool Modificate() const { return righe_.Modificate(); }
 
   // --- The row in edit
   // -----------------------------------------------------------------------------
 
-  [[nodiscard]] bool InRiga() const;
-  [[nodiscard]] bool RigaNuova() const;
+  [[nodiscard]] bool InRiga() const { return righe_.InRiga(); }
+  [[nodiscard]] bool RigaNuova() const { return righe_.RigaNuova(); }
   /// Fields of the row in edit, by the names of the table's columns.
-  [[nodiscard]] Scheda& Riga();
+  [[nodiscard]] Scheda& Riga() { return righe_.Riga(); }
   /// Opens a new row with the number after the last, what is missing to 100 per cent, a month after
   /// the last, and the rest as the last; false when a row is open already.
   bool NuovaRiga();
@@ -42,7 +43,7 @@ class RateCodice {
   bool ConfermaRiga(Rifiuto* rifiuto = nullptr);
   /// Asks and deletes the row in edit; gives a new one up.
   bool EliminaRiga();
-  void AnnullaRiga();
+  void AnnullaRiga() { righe_.Annulla(); }
 
   // --- With the code
   // ------------------------------------------------------------------------------
@@ -56,15 +57,10 @@ class RateCodice {
 
  private:
   [[nodiscard]] bool Rifiuta(const char* messaggio, const char* campo, Rifiuto* rifiuto);
-  [[nodiscard]] std::vector<RataPagamento>::iterator Trova(const std::string& rata);
-  void Mostra(const RataPagamento& rata);
+  [[nodiscard]] bool Esiste(const std::string& rata) const;
 
   Ambiente& ambiente_;
-  std::vector<RataPagamento> righe_;
-  Scheda riga_;
-  bool inRiga_ = false;
-  std::string rataPrima_;  ///< number of the row in edit, empty for a new one
-  bool modificate_ = false;
+  records::Righe<RataPagamento> righe_;
 };
 
 }  // namespace fenalto::duedates

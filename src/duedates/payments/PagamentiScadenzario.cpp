@@ -11,7 +11,11 @@
 namespace fenalto::duedates {
 namespace {
 
-constexpr const char* kTabella = "Pagamenti_R";
+constexpr records::CampoRiga<RigaScelta> kCampi[] = {
+    records::Campo<&RigaScelta::importo>("Importo"),
+    records::Campo<&RigaScelta::importoPagato>("ImportoPagato"),
+    records::Campo<&RigaScelta::arrotondamento>("Arrotondamento"),
+    records::Campo<&RigaScelta::saldata>("Saldata")};
 /// Step between the positions of two rows.
 constexpr std::int64_t kPassoPosi = 100;
 
@@ -22,28 +26,12 @@ bool Manca(Ambiente& ambiente, const char* tabella, const std::string& codice) {
 }  // namespace
 
 PagamentiScadenzario::PagamentiScadenzario(Ambiente& ambiente, Modo modo)
-    : ambiente_(ambiente),
-      modo_(modo),
-      percorsoTemp_(ambiente.CartellaTemp(kTabella, static_cast<int>(Finestra()))),
-      impostazioni_(Finestra()) {
-  if (!ambiente.ArchivioDi("scadenzario").CreaCopiaTemp(percorsoTemp_, "NUM", kTabella)) {
-    throw ErroreArchivio(ErroreArchivio::Causa::Altro,
-                         "non si può creare l'archivio di lavoro «" + percorsoTemp_.string() +
-                             "»: controllare lo spazio nella cartella dei file temporanei");
-  }
-  temp_ = ambiente.Basi().ApriTemp(percorsoTemp_);
-  riga_ = Scheda(*temp_->Catalogo().Tabella(kTabella));
+    : ambiente_(ambiente), modo_(modo), impostazioni_(Finestra()), righe_(kCampi) {
   testa_.Aggiungi("Dt", Tipo::Data);
   testa_.Aggiungi("Descrizione", Tipo::Testo);
   testa_.Aggiungi("DescrizioneParte", Tipo::Testo);
   testa_.Scrivi("Dt", DataRegistrazioneProposta(ambiente));
   impostazioni_.Leggi(ambiente, cfp_);
-}
-
-PagamentiScadenzario::~PagamentiScadenzario() {
-  temp_->Chiudi();
-  std::error_code errore;
-  std::filesystem::remove(percorsoTemp_, errore);
 }
 
 bool PagamentiScadenzario::Avviso(const std::string& testo) const {
@@ -52,7 +40,7 @@ bool PagamentiScadenzario::Avviso(const std::string& testo) const {
 }
 
 bool PagamentiScadenzario::Modificata() const {
-  return stato_ != Stato::Inattiva && !righe_.empty();
+  return aperto_ && !Righe().empty();
 }
 
 // --- Party, settings ---------------------------------------------------------------------------
@@ -67,7 +55,7 @@ void PagamentiScadenzario::ImpostazioneLasciata() {
 
 bool PagamentiScadenzario::ScegliParte(const std::string& cfp, const std::string& conto) {
   const bool altraClasse = cfp != cfp_;
-  if (stato_ != Stato::Inattiva) {
+  if (aperto_) {
     if (altraClasse) return false;
     if (modo_ == Modo::SingolaParte && !UgualeTesto(conto, conto_)) return false;
   }
@@ -100,15 +88,13 @@ std::string PagamentiScadenzario::RifiutoNuovo() const {
 bool PagamentiScadenzario::Nuovo() {
   if (const std::string rifiuto = RifiutoNuovo(); !rifiuto.empty()) return Avviso(rifiuto);
   Abbandona();
-  temp_->Esegui("delete * from Pagamenti_R");
-  stato_ = Stato::Aperta;
+  aperto_ = true;
   return true;
 }
 
 void PagamentiScadenzario::Abbandona() {
-  stato_ = Stato::Inattiva;
-  righe_.clear();
-  ChiudiRiga();
+  aperto_ = false;
+  righe_.Carica({});
 }
 
 RicercaScadenze PagamentiScadenzario::Ricerca(std::int64_t nFat, Data dtFat) const {
@@ -123,8 +109,7 @@ RicercaScadenze PagamentiScadenzario::Ricerca(std::int64_t nFat, Data dtFat) con
 
 std::string PagamentiScadenzario::RifiutoScelta(std::int64_t numero) const {
   if (Scelta(numero)) return "il pagamento e' gia stato selezionato";
-  if (stato_ == Stato::Inattiva)
-    return "iniziare prima una registrazione con 'Nuova Registrazione'";
+  if (!aperto_) return "iniziare prima una registrazione con 'Nuova Registrazione'";
   const auto scadenza = LeggiScadenza(ambiente_, numero);
   if (!scadenza) return "Manca scadenza";
   if (!scadenza->Aperta()) {
@@ -138,28 +123,24 @@ std::string PagamentiScadenzario::RifiutoScelta(std::int64_t numero) const {
 }
 
 bool PagamentiScadenzario::Scelta(std::int64_t numero) const {
-  return std::ranges::any_of(righe_,
+  return std::ranges::any_of(Righe(),
                              [&](const RigaScelta& riga) { return riga.vista.numero == numero; });
 }
 
 bool PagamentiScadenzario::Scegli(std::int64_t numero, bool veloce) {
   if (const std::string rifiuto = RifiutoScelta(numero); !rifiuto.empty()) return Avviso(rifiuto);
-  if (stato_ == Stato::RigaAperta && !ConfermaRiga()) return false;
+  if (righe_.InRiga() && !ConfermaRiga()) return false;
   const auto scadenza = LeggiScadenza(ambiente_, numero);
   if (!scadenza) return Avviso("Manca scadenza");
   RigaScelta riga;
-  riga.posi = (righe_.empty() ? 0 : righe_.back().posi) + kPassoPosi;
+  riga.posi = righe_.ProssimaPosi(kPassoPosi);
   riga.vista = *scadenza;
   riga.nome = NomeParte(ambiente_, scadenza->cfp, scadenza->conto);
   riga.importo = riga.importoPagato = scadenza->Residuo();
-  riga.num = temp_->Inserisci(kTabella, {{"POSI", riga.posi},
-                                         {"NumeroScadenza", numero},
-                                         {"Importo", riga.importo},
-                                         {"ImportoPagato", riga.importoPagato},
-                                         {"Saldata", riga.saldata}});
-  const std::int64_t num = riga.num;
-  righe_.push_back(std::move(riga));
-  rigaNuova_ = !veloce && ApriRiga(num);
+  std::vector<RigaScelta> righe = Righe();
+  righe.push_back(std::move(riga));
+  righe_.Sostituisci(std::move(righe));
+  appenaScelta_ = !veloce && ApriRiga(Righe().back().num);
   return true;
 }
 
@@ -184,14 +165,14 @@ Pagamento PagamentiScadenzario::ComePagamento() const {
   pagamento.origine = modo_ == Modo::PiuParti ? ledger::Origine::PagamentoScadenze
                                               : ledger::Origine::PagamentoSingolo;
   pagamento.conRegistrazione = scritte.conRegistrazione;
-  for (const RigaScelta& riga : righe_) {
+  for (const RigaScelta& riga : Righe()) {
     pagamento.righe.push_back({riga.vista, riga.importoPagato, riga.arrotondamento, riga.saldata});
   }
   return pagamento;
 }
 
 bool PagamentiScadenzario::Conferma() {
-  if (stato_ == Stato::RigaAperta && !ConfermaRiga()) return false;
+  if (righe_.InRiga() && !ConfermaRiga()) return false;
   const Pagamento pagamento = ComePagamento();
   if (const std::string rifiuto = RifiutoPagamento(ambiente_, pagamento); !rifiuto.empty()) {
     return Avviso(rifiuto);
@@ -210,82 +191,47 @@ bool PagamentiScadenzario::Conferma() {
 // --- The open row ------------------------------------------------------------------------------
 
 bool PagamentiScadenzario::ApriRiga(std::int64_t num) {
-  if (stato_ != Stato::Aperta) return false;
-  const Rs rs =
-      temp_->Recordset("select * from Pagamenti_R where " + sql::Criterio("NUM", "=", num));
-  if (rs.Eof()) return false;
-  riga_.Svuota();
-  riga_.Carica(rs);
-  numRiga_ = num;
-  rigaNuova_ = false;
-  stato_ = Stato::RigaAperta;
+  if (StatoCorrente() != Stato::Aperta || !righe_.Apri(&RigaScelta::num, num)) return false;
+  appenaScelta_ = false;
   return true;
-}
-
-const RigaScelta* PagamentiScadenzario::RigaInCorso() const {
-  if (stato_ != Stato::RigaAperta) return nullptr;
-  const auto riga = std::ranges::find(righe_, numRiga_, &RigaScelta::num);
-  return riga == righe_.end() ? nullptr : &*riga;
 }
 
 void PagamentiScadenzario::ArrotondaDifferenza() {
-  if (stato_ != Stato::RigaAperta) return;
-  riga_.Scrivi("Arrotondamento",
-               riga_.Leggi("Importo").Importo() - riga_.Leggi("ImportoPagato").Importo());
-  riga_.Scrivi("Saldata", true);
+  if (!righe_.InRiga()) return;
+  Riga().Scrivi("Arrotondamento",
+                Riga().Leggi("Importo").Importo() - Riga().Leggi("ImportoPagato").Importo());
+  Riga().Scrivi("Saldata", true);
 }
 
 bool PagamentiScadenzario::ConfermaRiga() {
-  const auto scelta = std::ranges::find(righe_, numRiga_, &RigaScelta::num);
-  if (stato_ != Stato::RigaAperta || scelta == righe_.end()) return false;
-  const RigaPagamento digitata{scelta->vista, riga_.Leggi("ImportoPagato").Importo(),
-                               riga_.Leggi("Arrotondamento").Importo(),
-                               riga_.Leggi("Saldata").Booleano()};
+  if (!righe_.InRiga()) return false;
+  RigaScelta digitata = righe_.Digitata();
+  digitata.importo = righe_.Aperta()->importo;
   try {
-    if (const std::string rifiuto = RifiutoRigaPagamento(digitata); !rifiuto.empty()) {
-      return Avviso(rifiuto);
-    }
+    const std::string rifiuto = RifiutoRigaPagamento(
+        {digitata.vista, digitata.importoPagato, digitata.arrotondamento, digitata.saldata});
+    if (!rifiuto.empty()) return Avviso(rifiuto);
   } catch (const FuoriCampo& errore) {
     return Avviso(std::string("importo pagato: ") + errore.what() + ". Correggere l'importo");
   }
-  temp_->Esegui(
-      "update Pagamenti_R set ImportoPagato=" + sql::LetteraleSql(digitata.importoPagato) +
-      ",Arrotondamento=" + sql::LetteraleSql(digitata.arrotondamento) + ",Saldata=" +
-      sql::LetteraleSql(digitata.saldata) + " where " + sql::Criterio("NUM", "=", numRiga_));
-  scelta->importoPagato = digitata.importoPagato;
-  scelta->arrotondamento = digitata.arrotondamento;
-  scelta->saldata = digitata.saldata;
-  ChiudiRiga();
+  righe_.Sostituisci(righe_.Con(std::move(digitata)));
   return true;
 }
 
-void PagamentiScadenzario::TogliRiga(std::int64_t num) {
-  temp_->Esegui("delete * from Pagamenti_R where " + sql::Criterio("NUM", "=", num));
-  std::erase_if(righe_, [&](const RigaScelta& riga) { return riga.num == num; });
-  ChiudiRiga();
-}
-
 bool PagamentiScadenzario::EliminaRiga() {
-  if (RigaInCorso() == nullptr) return false;
-  if (!ambiente_.Dialogo().Conferma("Conferma eliminazione RIGA ?")) return false;
-  TogliRiga(numRiga_);
+  if (!righe_.InRiga() || !ambiente_.Dialogo().Conferma("Conferma eliminazione RIGA ?")) {
+    return false;
+  }
+  righe_.Sostituisci(righe_.Senza());
   return true;
 }
 
 void PagamentiScadenzario::AnnullaRiga() {
-  if (stato_ != Stato::RigaAperta) return;
-  if (rigaNuova_) {
-    TogliRiga(numRiga_);
+  if (righe_.InRiga() && appenaScelta_) {
+    righe_.Sostituisci(righe_.Senza());
   } else {
-    ChiudiRiga();
+    righe_.Annulla();
   }
-}
-
-void PagamentiScadenzario::ChiudiRiga() {
-  riga_.Svuota();
-  numRiga_ = 0;
-  rigaNuova_ = false;
-  if (stato_ == Stato::RigaAperta) stato_ = Stato::Aperta;
 }
 
 }  // namespace fenalto::duedates

@@ -3,12 +3,12 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "core/session/Scheda.h"
+#include "core/records/DocumentoAperto.h"
+#include "core/records/Righe.h"
 #include "duedates/payments/ImpostazioniPagamento.h"
 #include "duedates/payments/RegistraPagamento.h"
 #include "duedates/schedules/RicercaScadenze.h"
@@ -27,19 +27,21 @@ struct RigaScelta {
   bool saldata = true;
 };
 
-/// The rows live in a private scratch database, beside which each due date is kept as it was when
-/// the user chose it: the confirmation compares it with what stands there then.
+/// Each row keeps its due date as it was when the user chose it: the confirmation compares it with
+/// what stands there then.
 class PagamentiScadenzario {
  public:
   enum class Modo { PiuParti, SingolaParte };
-  enum class Stato { Inattiva, Aperta, RigaAperta };
+  using Stato = records::Stato;
 
   PagamentiScadenzario(Ambiente& ambiente, Modo modo);
-  ~PagamentiScadenzario();
   PagamentiScadenzario(const PagamentiScadenzario&) = delete;
   PagamentiScadenzario& operator=(const PagamentiScadenzario&) = delete;
 
-  [[nodiscard]] Stato StatoCorrente() const { return stato_; }
+  [[nodiscard]] Stato StatoCorrente() const {
+    if (!aperto_) return Stato::Inattiva;
+    return righe_.InRiga() ? Stato::RigaAperta : Stato::Aperta;
+  }
   /// There are rows that leaving would lose.
   [[nodiscard]] bool Modificata() const;
 
@@ -68,7 +70,7 @@ class PagamentiScadenzario {
   /// Adds a due date, to be settled as a whole; `veloce` leaves its row closed. The row that was
   /// open is confirmed first. False when it can't be taken (told).
   bool Scegli(std::int64_t numero, bool veloce);
-  [[nodiscard]] const std::vector<RigaScelta>& Righe() const { return righe_; }
+  [[nodiscard]] const std::vector<RigaScelta>& Righe() const { return righe_.Tutte(); }
   [[nodiscard]] Importo TotPagato() const;
   [[nodiscard]] Importo TotArrotondamento() const;
   /// Everything is checked and written, and told; false, and nothing is lost, when it isn't.
@@ -81,9 +83,9 @@ class PagamentiScadenzario {
   // --- The open row --------------------------------------------------------------------------
 
   bool ApriRiga(std::int64_t num);
-  [[nodiscard]] Scheda& Riga() { return riga_; }
+  [[nodiscard]] Scheda& Riga() { return righe_.Riga(); }
   /// The due date of the open row, nothing when none is open.
-  [[nodiscard]] const RigaScelta* RigaInCorso() const;
+  [[nodiscard]] const RigaScelta* RigaInCorso() const { return righe_.Aperta(); }
   /// What the open row leaves unsettled goes to the rounding.
   void ArrotondaDifferenza();
   bool ConfermaRiga();
@@ -95,24 +97,18 @@ class PagamentiScadenzario {
   [[nodiscard]] FinestraPagamento Finestra() const;
   [[nodiscard]] std::string RifiutoNuovo() const;
   [[nodiscard]] std::string RifiutoScelta(std::int64_t numero) const;
-  void TogliRiga(std::int64_t num);
-  void ChiudiRiga();
   [[nodiscard]] Pagamento ComePagamento() const;
   bool Avviso(const std::string& testo) const;
 
   Ambiente& ambiente_;
   Modo modo_;
-  std::filesystem::path percorsoTemp_;
-  std::unique_ptr<Archivio> temp_;
-  Stato stato_ = Stato::Inattiva;
+  bool aperto_ = false;
   std::string cfp_ = "C";
   std::string conto_;
   SchedaImpostazioni impostazioni_;
   Scheda testa_;
-  std::vector<RigaScelta> righe_;  ///< the scratch, with each due date as it was seen
-  Scheda riga_;
-  std::int64_t numRiga_ = 0;
-  bool rigaNuova_ = false;
+  records::Righe<RigaScelta> righe_;
+  bool appenaScelta_ = false;  ///< the open row was put there by the choice that opened it
   std::int64_t numeroConfermato_ = 0;
 };
 
