@@ -52,7 +52,7 @@ TEST(Righe, UnaSiApreSiCambiaESiRimetteInOrdine) {
   EXPECT_EQ(righe.Riga().Testo("testo"), "b");
   EXPECT_FALSE(righe.Digitando());
   righe.Riga().Scrivi("Posi", "350");
-  righe.Riga().Scrivi("Importo", "12.5");
+  righe.Riga().Scrivi("Importo", "12");
   righe.Riga().Scrivi("Chiusa", true);
   righe.Riga().Scrivi("Nota", "n");
   EXPECT_TRUE(righe.Digitando());
@@ -61,7 +61,7 @@ TEST(Righe, UnaSiApreSiCambiaESiRimetteInOrdine) {
 
   const Riga digitata = righe.Digitata();
   EXPECT_EQ(digitata.nascosta, 7) << "what the frame doesn't show stays";
-  EXPECT_EQ(digitata.importo, Importo::DaUnita(12) + Importo::DaUnita(1) / 2);
+  EXPECT_EQ(digitata.importo, Importo::DaUnita(12));
   EXPECT_TRUE(digitata.chiusa);
   EXPECT_EQ(digitata.note[1], "n");
   EXPECT_THAT(Testi(righe.Con(digitata)), ElementsAre("a", "c", "b"));
