@@ -7,6 +7,7 @@
 #include "core/values/Testo.h"
 #include "ledger/registrations/ControlliData.h"
 #include "ledger/registrations/PrimanotaInterno.h"
+#include "ledger/registrations/TestataArticolo.h"
 
 namespace fenalto::ledger {
 
@@ -110,8 +111,7 @@ bool Primanota::Apri(std::int64_t numero) {
   if (io.TrovaTestata(numero, anno).Eof()) return false;
   Abbandona();
 
-  auto preso = io.ambiente.Basi().Blocchi().Record(
-      "ARTICOLI", std::to_string(anno) + "|" + std::to_string(numero));
+  auto preso = BloccaArticolo(io.ambiente, anno, numero);
   // Read under the lock: until now another station could still change it.
   Rs record = io.TrovaTestata(numero, anno);
   if (record.Eof()) return false;

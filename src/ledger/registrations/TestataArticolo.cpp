@@ -6,6 +6,11 @@
 
 namespace fenalto::ledger {
 
+Esito<Blocco, Detentore> BloccaArticolo(Ambiente& ambiente, int anno, std::int64_t numDoc) {
+  return ambiente.Basi().Blocchi().Record("ARTICOLI",
+                                          std::to_string(anno) + "|" + std::to_string(numDoc));
+}
+
 void AggiornaTestata(Archivio& tessarc, std::int64_t id, std::int64_t numero,
                      const std::vector<Coppia>& campi) {
   std::string testo;

@@ -1,12 +1,15 @@
-// The head of a stored registration, changed in place.
+// The head of a stored registration: its lock, and changing it in place.
 #pragma once
 
 #include <cstdint>
 #include <vector>
 
-#include "core/store/Archivio.h"
+#include "core/session/Ambiente.h"
 
 namespace fenalto::ledger {
+
+/// The lock of a registration in edit, whether it is a VAT one or not; the holder when it is taken.
+Esito<Blocco, Detentore> BloccaArticolo(Ambiente& ambiente, int anno, std::int64_t numDoc);
 
 /// Writes the fields of the head with that `ID`, in the caller's transaction. Throws ErroreArchivio
 /// (Mancante), naming `numero`, when it was deleted meanwhile.

@@ -9,6 +9,7 @@
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/registrations/ControlliData.h"
+#include "ledger/registrations/TestataArticolo.h"
 #include "vat/postings/DatiIva.h"
 #include "vat/postings/StornoSospesa.h"
 
@@ -158,8 +159,7 @@ bool FattureSospese::Cambia(const ArticoloOrigine& fattura, Data incasso) {
   // A window that has the invoice in edit would write the old day again.
   std::optional<Esito<Blocco, Detentore>> preso;
   const auto prende = [&] {
-    preso = ambiente_.Basi().Blocchi().Record(
-        "ARTICOLI", std::to_string(fattura.anno) + "|" + std::to_string(fattura.numDoc));
+    preso = ledger::BloccaArticolo(ambiente_, fattura.anno, fattura.numDoc);
     return true;
   };
   const bool cambiata = records::Esegui(

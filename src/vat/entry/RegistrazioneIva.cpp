@@ -9,6 +9,7 @@
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "duedates/codes/DescrizioneCodice.h"
+#include "ledger/registrations/TestataArticolo.h"
 #include "vat/entry/RegistrazioneIvaInterno.h"
 #include "vat/postings/DatiIva.h"
 
@@ -358,8 +359,7 @@ bool RegistrazioneIva::Apri(std::int64_t numDoc) {
   Interno& io = *interno_;
   if (io.TrovaTestata(numDoc).Eof()) return false;
   Abbandona();
-  auto preso = io.ambiente.Basi().Blocchi().Record(
-      "ARTICOLI", std::to_string(io.ambiente.Anno()) + "|" + std::to_string(numDoc));
+  auto preso = ledger::BloccaArticolo(io.ambiente, io.ambiente.Anno(), numDoc);
   // Read under the lock: until now another station could still change it.
   Rs record = io.TrovaTestata(numDoc);
   if (record.Eof() || !io.LeggiRegistro(record.Fields("Riva").Testo())) return false;
