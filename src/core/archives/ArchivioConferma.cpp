@@ -5,6 +5,7 @@
 #include "core/archives/ArchivioInterno.h"
 #include "core/archives/ConfrontoRecord.h"
 #include "core/archives/Riferimenti.h"
+#include "core/records/Conferma.h"
 #include "core/store/TransazioneComune.h"
 #include "core/values/Testo.h"
 
@@ -150,9 +151,19 @@ void ArchivioCodici::Interno::Riprendi() noexcept {
   }
 }
 
-void ArchivioCodici::Interno::NonRiuscito(const std::string& azione, const std::exception& errore) {
-  Riprendi();
-  Avviso(TestoNonRiuscita(Nome(), azione, errore.what()), Icona::Errore);
+bool ArchivioCodici::Interno::Tenta(const std::string& azione,
+                                    const std::function<bool()>& lavoro) {
+  const records::TestoGuasto guasto = {
+      Nome() + ": " + azione + " non riuscita: ",
+      "\nniente è stato scritto: i dati sono ancora sullo schermo, si può riprovare"};
+  return records::Tenta(ambiente, guasto, [&] {
+    try {
+      return lavoro();
+    } catch (const std::exception&) {
+      Riprendi();
+      throw;
+    }
+  });
 }
 
 bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
@@ -160,19 +171,16 @@ bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
   if (rifiuto != nullptr) *rifiuto = {};
   if (!io.aperto || io.RifiutaSolaLettura()) return false;
   io.rifiuto = {};
-  try {
-    bool scritto = false;
-    while (!scritto) {
+  const auto lavoro = [&] {
+    do {
       if (!io.Ammesso() || !io.Tiene() || !io.Concorde()) {
         if (rifiuto != nullptr) *rifiuto = io.rifiuto;
         return false;
       }
-      scritto = io.Scrivi();
-    }
-  } catch (const std::exception& e) {
-    io.NonRiuscito("conferma", e);
-    return false;
-  }
+    } while (!io.Scrivi());
+    return true;
+  };
+  if (!io.Tenta("conferma", lavoro)) return false;
   io.Chiudi();
   // What is told after finds the context as written, and whatever it does the record is closed.
   struct AllaFine {
@@ -189,7 +197,7 @@ bool ArchivioCodici::Elimina() {
     return false;
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione DOCUMENTO ?")) return false;
   const DescrizioneArchivio& descrizione = io.descrizione;
-  try {
+  const auto lavoro = [&] {
     if (!io.Passa(descrizione.guardieElimina) || !io.Passa(descrizione.guardieCodice) ||
         io.CodiceInUso() || !io.Tiene()) {
       return false;
@@ -199,10 +207,9 @@ bool ArchivioCodici::Elimina() {
     if (io.riga.Aperto() && !io.riga.Eof()) io.riga.Delete();
     if (descrizione.conEliminazione) descrizione.conEliminazione(io.contesto);
     transazione.Conferma();
-  } catch (const std::exception& e) {
-    io.NonRiuscito("eliminazione", e);
-    return false;
-  }
+    return true;
+  };
+  if (!io.Tenta("eliminazione", lavoro)) return false;
   io.Chiudi();
   if (descrizione.dopoEliminazione) descrizione.dopoEliminazione(io.contesto);
   io.Dimentica();

@@ -1,7 +1,7 @@
 // State of an open archive of codes, shared by its opening and its confirmation.
 #pragma once
 
-#include <exception>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -46,7 +46,8 @@ struct ArchivioCodici::Interno {
   /// False when the row is no longer as it was when the user last saw it: nothing was written.
   bool Scrivi();
   void Riprendi() noexcept;
-  void NonRiuscito(const std::string& azione, const std::exception& errore);
+  /// Does a confirmation's work ("conferma"); what fails is told, and the record goes on.
+  bool Tenta(const std::string& azione, const std::function<bool()>& lavoro);
   [[nodiscard]] Transazione::Ambito Ambito(bool conAltro) const;
 
   Ambiente& ambiente;

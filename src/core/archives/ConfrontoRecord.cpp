@@ -53,10 +53,4 @@ std::string TestoEliminato(const std::string& nome) {
          "sullo schermo, come di un record nuovo: confermando ancora si registrano";
 }
 
-std::string TestoNonRiuscita(const std::string& nome, const std::string& azione,
-                             const std::string& errore) {
-  return nome + ": " + azione + " non riuscita: " + errore +
-         "\nniente è stato scritto: i dati sono ancora sullo schermo, si può riprovare";
-}
-
 }  // namespace fenalto::archives

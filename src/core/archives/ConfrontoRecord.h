@@ -23,8 +23,4 @@ std::string DomandaCambiato(const std::string& nome, const std::vector<sql::Colo
 /// What is told when the record has been deleted since it was opened and becomes a new one.
 std::string TestoEliminato(const std::string& nome);
 
-/// What is told when `azione` ("conferma") failed.
-std::string TestoNonRiuscita(const std::string& nome, const std::string& azione,
-                             const std::string& errore);
-
 }  // namespace fenalto::archives
