@@ -10,7 +10,7 @@
 #include "bench/Nuda.h"
 #include "core/reports/Uscita.h"
 #include "core/sql/Criterio.h"
-#include "core/sql/Motore.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "duedates/payments/RegistraPagamento.h"
 #include "duedates/riba/FileDistinta.h"
 #include "duedates/riba/StampaDistinta.h"
@@ -48,7 +48,7 @@ Rapporto MisuraSelezione(const OpzioniAmbiente& opzioni) {
   Banco banco(opzioni);
   const auto ditta = opzioni.cartellaProgramma / kScadenzeMolte;
   // On the company's own files and indexes, so that both sides read the same pages in order.
-  Nuda nuda(ditta / "Scad32.mdb", sql::RegistraMotore);
+  Nuda nuda(ditta / "Scad32.mdb", engine::sqlite::RegistraMotore);
   nuda.Esegui(("ATTACH '" + (ditta / "Cont32.mdb").string() + "' AS t").c_str());
   auto* righe = nuda.Prepara(
       "SELECT s.Conto, c.Descrizione, s.Dt, s.anticipo, s.ImportoE, s.ImportoPagatoE, "
@@ -85,7 +85,7 @@ Rapporto MisuraSelezione(const OpzioniAmbiente& opzioni) {
 /// parties touches them in two hundred places, whoever writes it.
 void Copia(const std::filesystem::path& da, const std::filesystem::path& a) {
   std::filesystem::remove(a);
-  Nuda(da, sql::RegistraMotore).Esegui(("VACUUM INTO '" + a.string() + "'").c_str());
+  Nuda(da, engine::sqlite::RegistraMotore).Esegui(("VACUUM INTO '" + a.string() + "'").c_str());
 }
 
 /// The rows of a payment bound to prepared statements, in one transaction over both files.
@@ -200,7 +200,7 @@ Rapporto MisuraPagamento(const OpzioniAmbiente& opzioni) {
   Copia(cartella / kScadenzeMolte / "Cont32.mdb", tessarc);
   Copia(cartella / kScadenzeMolte / "Scad32.mdb", scadenze);
   Banco banco(opzioni);
-  Nuda nuda(tessarc, sql::RegistraMotore);
+  Nuda nuda(tessarc, engine::sqlite::RegistraMotore);
   nuda.Esegui(("ATTACH '" + scadenze.string() + "' AS s").c_str());
   nuda.Esegui("PRAGMA s.journal_mode=TRUNCATE");
   nuda.Esegui("PRAGMA s.synchronous=FULL");

@@ -7,8 +7,8 @@
 #include <map>
 #include <sstream>
 
-#include "core/sql/Motore.h"
 #include "core/store/ErroriMotore.h"
+#include "core/store/engine/sqlite/DialettoSqlite.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -96,7 +96,7 @@ std::string TipoDichiarato(Tipo tipo) {
     case Tipo::Data:
       return "DATA";
     default:
-      return std::string("TEXT COLLATE ") + sql::kCollazione;
+      return std::string("TEXT COLLATE ") + engine::sqlite::kCollazione;
   }
 }
 

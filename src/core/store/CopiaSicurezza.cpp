@@ -11,8 +11,8 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "core/sql/Motore.h"
 #include "core/store/NucleoBasi.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 
 namespace fenalto {
 namespace {
@@ -42,7 +42,7 @@ class Connessione {
     }
     attesa_.Installa(motore_);
     try {
-      sql::RegistraMotore(motore_);
+      engine::sqlite::RegistraMotore(motore_);
     } catch (...) {
       sqlite3_close(motore_);
       throw;

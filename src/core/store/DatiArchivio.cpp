@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "core/store/NucleoBasi.h"
+#include "core/store/engine/sqlite/DialettoSqlite.h"
 
 namespace fenalto {
 
@@ -33,7 +34,7 @@ Preparata DatiArchivio::PreparaForma(std::string_view testo, const sql::Forma& f
   Verifica();
   auto voce = cache.Cerca(forma.chiave);
   if (!voce) {
-    auto tradotta = sql::Traduci(testo, catalogo);
+    auto tradotta = sql::Traduci(testo, catalogo, engine::sqlite::DialettoSqlite());
     if (!tradotta) throw ErroreArchivio(Causa::Sql, tradotta.Errore().Messaggio(testo));
     auto piano = std::make_shared<const PianoIstruzione>(std::move(tradotta).Valore());
     std::string sql = piano->istr.sql;

@@ -7,8 +7,8 @@
 #include <thread>
 #include <utility>
 
-#include "core/sql/Motore.h"
 #include "core/store/ErroriMotore.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -51,7 +51,7 @@ sqlite3* ApriConnessione(const fs::path& file, const std::string& vfs, bool crea
   }
   sqlite3_extended_result_codes(connessione, 1);
   try {
-    sql::RegistraMotore(connessione);
+    engine::sqlite::RegistraMotore(connessione);
   } catch (...) {
     sqlite3_close(connessione);
     throw;
