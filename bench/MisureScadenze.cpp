@@ -153,8 +153,8 @@ class PagamentoNudo {
 };
 
 /// The next due dates of customers, each to be settled as a whole.
-Pagamento Prepara(Ambiente& ambiente, std::int64_t daNumero) {
-  Pagamento pagamento;
+duedates::Pagamento Prepara(Ambiente& ambiente, std::int64_t daNumero) {
+  duedates::Pagamento pagamento;
   pagamento.cfp = "C";
   pagamento.dt = Data::DaGma(31, 12, kAnno).value();
   pagamento.causale = "002";
@@ -170,7 +170,7 @@ Pagamento Prepara(Ambiente& ambiente, std::int64_t daNumero) {
 }
 
 /// Rows and due dates of what was measured, as they were before.
-void Disfa(Ambiente& ambiente, const std::vector<Pagamento>& pagati, std::int64_t prima) {
+void Disfa(Ambiente& ambiente, const std::vector<duedates::Pagamento>& pagati, std::int64_t prima) {
   const std::string oltre =
       " WHERE Anno=" + std::to_string(kAnno) + " AND " + sql::Criterio("NumDoc", ">", prima);
   Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
@@ -210,7 +210,7 @@ Rapporto MisuraPagamento(const OpzioniAmbiente& opzioni) {
       ambiente.Max("NumDoc", "Articoli", {{"Anno", kAnno}}, ambiente.ArchivioDi("tessarc"))
           .Intero();
   std::int64_t numero = kQuanteScadenze - kAperteClienti - kAperteFornitori + kRicevute + 1;
-  std::vector<Pagamento> pagati;
+  std::vector<duedates::Pagamento> pagati;
   std::vector<double> nostri;
   std::vector<double> nudi;
   for (int giro = 0; giro < 2 * kGiri + 1; ++giro, numero += kPagateInsieme) {
