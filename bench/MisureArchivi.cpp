@@ -10,7 +10,7 @@
 #include "bench/GeneraParti.h"
 #include "bench/Nuda.h"
 #include "bench/Programma.h"
-#include "core/sql/Motore.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "screens/common/fields/FonteCodici.h"
 #include "screens/common/windows/FinestraFunzione.h"
 
@@ -74,7 +74,7 @@ void GeneraClientiNudi(const std::filesystem::path& tessarc, const std::filesyst
   std::filesystem::remove(nuda);
   sqlite3* motore = nullptr;
   if (sqlite3_open(nuda.c_str(), &motore) != SQLITE_OK) throw std::runtime_error("nuda");
-  sql::RegistraMotore(motore);
+  engine::sqlite::RegistraMotore(motore);
   const std::string sql = "ATTACH '" + tessarc.string() +
                           "' AS piena; CREATE TABLE Clienti AS SELECT * FROM piena.Clienti; "
                           "CREATE UNIQUE INDEX ClientiChiave ON Clienti (Cod); DETACH piena;";

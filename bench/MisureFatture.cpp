@@ -12,7 +12,7 @@
 #include "bench/Nuda.h"
 #include "bench/Programma.h"
 #include "core/sql/Criterio.h"
-#include "core/sql/Motore.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "screens/common/windows/FinestraFunzione.h"
 #include "vat/entry/RegistrazioneIva.h"
 
@@ -31,7 +31,7 @@ void GeneraNude(const std::filesystem::path& ditta, const std::filesystem::path&
   for (const auto& file : {tessarc, scadenzario}) std::filesystem::remove(file);
   sqlite3* motore = nullptr;
   if (sqlite3_open(tessarc.c_str(), &motore) != SQLITE_OK) throw std::runtime_error("nuda");
-  sql::RegistraMotore(motore);
+  engine::sqlite::RegistraMotore(motore);
   const std::string sql = "ATTACH '" + scadenzario.string() + "' AS s; ATTACH '" +
                           (ditta / "Cont32.mdb").string() + "' AS pt; ATTACH '" +
                           (ditta / "Scad32.mdb").string() +

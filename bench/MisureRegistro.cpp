@@ -9,7 +9,7 @@
 #include "bench/GeneraParti.h"
 #include "bench/Nuda.h"
 #include "core/reports/Uscita.h"
-#include "core/sql/Motore.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "vat/register/RegistroIvaUnico.h"
 
 namespace fenalto::banco {
@@ -69,7 +69,8 @@ Rapporto MisuraRegistro(const OpzioniAmbiente& opzioni) {
   Banco banco(opzioni, kFattureMolte);
   const auto file = opzioni.cartellaProgramma / "registro.txt";
   // On the company's own file and indexes, so that both sides read the same pages in order.
-  Nuda nuda(opzioni.cartellaProgramma / kFattureMolte / "Cont32.mdb", sql::RegistraMotore);
+  Nuda nuda(opzioni.cartellaProgramma / kFattureMolte / "Cont32.mdb",
+            engine::sqlite::RegistraMotore);
   auto* righe = nuda.Prepara(
       "SELECT Articoli.NProt, Articoli.NumDoc, Articoli.Anno, Articoli.Dt, Articoli.CFP, "
       "Articoli.Conto, Articoli.DtFat, Articoli.NFat, Articoli.Ep, Articoli.DtIncasso, "

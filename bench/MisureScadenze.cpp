@@ -10,7 +10,7 @@
 #include "bench/Nuda.h"
 #include "core/reports/Uscita.h"
 #include "core/sql/Criterio.h"
-#include "core/sql/Motore.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "duedates/payments/RegistraPagamento.h"
 #include "duedates/riba/FileDistinta.h"
 #include "duedates/riba/StampaDistinta.h"
@@ -48,7 +48,7 @@ Rapporto MisuraSelezione(const OpzioniAmbiente& opzioni) {
   Banco banco(opzioni);
   const auto ditta = opzioni.cartellaProgramma / kScadenzeMolte;
   // On the company's own files and indexes, so that both sides read the same pages in order.
-  Nuda nuda(ditta / "Scad32.mdb", sql::RegistraMotore);
+  Nuda nuda(ditta / "Scad32.mdb", engine::sqlite::RegistraMotore);
   nuda.Esegui(("ATTACH '" + (ditta / "Cont32.mdb").string() + "' AS t").c_str());
   auto* righe = nuda.Prepara(
       "SELECT s.Conto, c.Descrizione, s.Dt, s.anticipo, s.ImportoE, s.ImportoPagatoE, "
@@ -85,7 +85,7 @@ Rapporto MisuraSelezione(const OpzioniAmbiente& opzioni) {
 /// parties touches them in two hundred places, whoever writes it.
 void Copia(const std::filesystem::path& da, const std::filesystem::path& a) {
   std::filesystem::remove(a);
-  Nuda(da, sql::RegistraMotore).Esegui(("VACUUM INTO '" + a.string() + "'").c_str());
+  Nuda(da, engine::sqlite::RegistraMotore).Esegui(("VACUUM INTO '" + a.string() + "'").c_str());
 }
 
 /// The rows of a payment bound to prepared statements, in one transaction over both files.
@@ -153,8 +153,8 @@ class PagamentoNudo {
 };
 
 /// The next due dates of customers, each to be settled as a whole.
-Pagamento Prepara(Ambiente& ambiente, std::int64_t daNumero) {
-  Pagamento pagamento;
+duedates::Pagamento Prepara(Ambiente& ambiente, std::int64_t daNumero) {
+  duedates::Pagamento pagamento;
   pagamento.cfp = "C";
   pagamento.dt = Data::DaGma(31, 12, kAnno).value();
   pagamento.causale = "002";
@@ -170,7 +170,7 @@ Pagamento Prepara(Ambiente& ambiente, std::int64_t daNumero) {
 }
 
 /// Rows and due dates of what was measured, as they were before.
-void Disfa(Ambiente& ambiente, const std::vector<Pagamento>& pagati, std::int64_t prima) {
+void Disfa(Ambiente& ambiente, const std::vector<duedates::Pagamento>& pagati, std::int64_t prima) {
   const std::string oltre =
       " WHERE Anno=" + std::to_string(kAnno) + " AND " + sql::Criterio("NumDoc", ">", prima);
   Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
@@ -200,7 +200,7 @@ Rapporto MisuraPagamento(const OpzioniAmbiente& opzioni) {
   Copia(cartella / kScadenzeMolte / "Cont32.mdb", tessarc);
   Copia(cartella / kScadenzeMolte / "Scad32.mdb", scadenze);
   Banco banco(opzioni);
-  Nuda nuda(tessarc, sql::RegistraMotore);
+  Nuda nuda(tessarc, engine::sqlite::RegistraMotore);
   nuda.Esegui(("ATTACH '" + scadenze.string() + "' AS s").c_str());
   nuda.Esegui("PRAGMA s.journal_mode=TRUNCATE");
   nuda.Esegui("PRAGMA s.synchronous=FULL");
@@ -210,7 +210,7 @@ Rapporto MisuraPagamento(const OpzioniAmbiente& opzioni) {
       ambiente.Max("NumDoc", "Articoli", {{"Anno", kAnno}}, ambiente.ArchivioDi("tessarc"))
           .Intero();
   std::int64_t numero = kQuanteScadenze - kAperteClienti - kAperteFornitori + kRicevute + 1;
-  std::vector<Pagamento> pagati;
+  std::vector<duedates::Pagamento> pagati;
   std::vector<double> nostri;
   std::vector<double> nudi;
   for (int giro = 0; giro < 2 * kGiri + 1; ++giro, numero += kPagateInsieme) {

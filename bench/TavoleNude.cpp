@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "bench/GeneraDitta.h"
-#include "core/sql/Motore.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 
 namespace fenalto::banco {
 namespace {
@@ -45,7 +45,7 @@ void GeneraNuda(const std::filesystem::path& tessarc, const std::filesystem::pat
     }
   };
   if (sqlite3_open(provvisoria.c_str(), &motore) != SQLITE_OK) throw std::runtime_error("nuda");
-  sql::RegistraMotore(motore);
+  engine::sqlite::RegistraMotore(motore);
   esegui("ATTACH '" + tessarc.string() + "' AS piena");
   esegui(std::string("BEGIN;") + kTavole + "COMMIT;");
   esegui("DETACH piena");

@@ -19,6 +19,16 @@ if grep -nE '#include <Q|#include "screens/|#include "print/' -r src/core src/le
   echo "stile: core e stanze non includono Qt né le finestre" >&2
   esito=1
 fi
+# One folder knows the engine: another one fills the same seam.
+if grep -rniE 'sqlite3|sqlite_|\browid\b|"PRAGMA |COLLATE FENALTO' src --include='*.cpp' --include='*.h' \
+  --exclude-dir=sqlite; then
+  echo "stile: il motore si nomina solo in src/core/store/engine/sqlite" >&2
+  esito=1
+fi
+if grep -rnE 'SQLite::SQLite3' src --include=CMakeLists.txt --exclude-dir=sqlite; then
+  echo "stile: solo fenalto_sqlite si lega al motore" >&2
+  esito=1
+fi
 if grep -rnE '\b(TODO|FIXME)\b' src tests bench; then
   echo "stile: lavoro lasciato a metà" >&2
   esito=1

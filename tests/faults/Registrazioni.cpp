@@ -10,7 +10,7 @@
 #include <set>
 #include <stdexcept>
 
-#include "core/store/NucleoBasi.h"
+#include "core/store/engine/sqlite/ConnessioneSqlite.h"
 
 namespace fenalto::prova {
 namespace {
@@ -189,7 +189,7 @@ Registrate Leggi(BasiDati& basi, std::string& guasti) {
 
 void ControllaFile(const PercorsiArchivi& percorsi, const std::string& vfs, std::string& guasti) {
   for (const auto& file : {percorsi.tessarc, percorsi.scadenzario}) {
-    sqlite3* connessione = ApriConnessione(file, vfs, false);
+    sqlite3* connessione = engine::sqlite::ApriConnessione(file, vfs, false);
     const auto raccogli = [](void* dove, int, char** valori, char**) {
       if (std::string_view(valori[0]) != "ok") {
         *static_cast<std::string*>(dove) += std::string(valori[0]) + "\n";

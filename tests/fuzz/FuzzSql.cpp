@@ -10,9 +10,10 @@
 #include <string>
 #include <string_view>
 
-#include "core/sql/Motore.h"
 #include "core/sql/Predicato.h"
 #include "core/sql/Traduttore.h"
+#include "core/store/engine/sqlite/DialettoSqlite.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "core/values/Testo.h"
 
 namespace {
@@ -66,7 +67,7 @@ class CatalogoPiccolo : public sql::Catalogo {
 sqlite3* Apri() {
   sqlite3* connessione = nullptr;
   Pretendi(sqlite3_open(":memory:", &connessione) == SQLITE_OK, "apertura");
-  sql::RegistraMotore(connessione);
+  engine::sqlite::RegistraMotore(connessione);
   const char* schema =
       "CREATE TABLE H (K INTEGER, D INTEGER, T TEXT COLLATE FENALTO);"
       "CREATE TABLE R (ID INTEGER PRIMARY KEY, K INTEGER, M INTEGER, S REAL, B INTEGER,"
@@ -87,7 +88,7 @@ void Prova(std::string_view testo) {
   static const CatalogoPiccolo catalogo;
   static sqlite3* const connessione = Apri();
   const auto forma = sql::FormaDi(testo);
-  const auto tradotta = sql::Traduci(testo, catalogo);
+  const auto tradotta = sql::Traduci(testo, catalogo, engine::sqlite::DialettoSqlite());
   if (!tradotta) {
     Pretendi(!tradotta.Errore().motivo.empty(), "rifiuto senza motivo");
     Pretendi(tradotta.Errore().posizione <= testo.size(), "posizione fuori dal testo");

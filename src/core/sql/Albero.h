@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "core/sql/Catalogo.h"
+#include "core/sql/Dialetto.h"
 #include "core/sql/Funzioni.h"
 #include "core/sql/Traduttore.h"
 
@@ -47,8 +48,6 @@ enum class GenereEspr : std::uint8_t {
   Rinvio,  ///< column of the SELECT list named by its alias
   Stella   ///< the * of Count(*)
 };
-
-enum class Aggregazione : std::uint8_t { Conta, Somma, Media, Minimo, Massimo, Primo, Ultimo };
 
 /// Expression. `operatore` holds the symbol of Aritmetica and Confronto as Segno::simbolo does, 'm'
 /// for Mod.
@@ -91,7 +90,7 @@ struct Espr {
 struct ColonnaFonte {
   std::string nome;
   Tipo tipo = Tipo::Testo;
-  std::string sql;      ///< name for the engine, quoted
+  std::string sql;      ///< name for the engine, not yet quoted
   std::string tabella;  ///< where it comes from as it stands; empty for an expression
   std::string colonna;
   bool nascosta = false;
@@ -107,8 +106,7 @@ struct Fonte {
   std::vector<ColonnaFonte> colonne;
   /// Every Campo bound to this source.
   std::vector<Espr*> riferimenti;
-  /// The row can be identified: the engine's name of its identity, empty otherwise.
-  std::string riga;
+  /// The table whose rows are those of the source, and identify them; empty when there is none.
   std::string tabellaRiga;
 };
 
@@ -184,7 +182,7 @@ struct Albero {
     std::string_view nome;
     std::size_t posizione = 0;
     EsprPtr espr;
-    std::string sql;
+    std::string_view colonna;  ///< as the catalogue names it
   };
   /// UPDATE: what is set; INSERT: columns, with the values of VALUES.
   std::vector<Assegnazione> assegnazioni;

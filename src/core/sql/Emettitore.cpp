@@ -4,9 +4,6 @@ namespace fenalto::sql {
 
 namespace {
 
-/// The engine's own limit is a million bytes.
-constexpr std::size_t kSqlMassimo = 900'000;
-
 std::string NomeFonte(const Fonte& fonte) {
   return "t" + std::to_string(fonte.numero);
 }
@@ -14,7 +11,8 @@ std::string NomeFonte(const Fonte& fonte) {
 }  // namespace
 
 void Emettitore::Scrivi(std::string_view testo) {
-  if (sql.size() + testo.size() > kSqlMassimo) Rifiuta(0, "istruzione troppo lunga");
+  if (sql.size() + testo.size() > dialetto_.LunghezzaMassima())
+    Rifiuta(0, "istruzione troppo lunga");
   sql += testo;
 }
 
@@ -33,7 +31,7 @@ void Emettitore::Emetti(const Albero& albero) {
       std::string_view prima = " SET ";
       for (const Albero::Assegnazione& a : albero.assegnazioni) {
         Scrivi(prima);
-        Scrivi(a.sql);
+        Scrivi(dialetto_.Nome(a.colonna));
         Scrivi("=");
         EmettiEspr(*a.espr);
         prima = ", ";
@@ -43,7 +41,7 @@ void Emettitore::Emetti(const Albero& albero) {
   }
   if (!albero.dove) return;
   Scrivi(" WHERE ");
-  EmettiEspr(*albero.dove);
+  EmettiCondizione(*albero.dove);
 }
 
 void Emettitore::EmettiInserimento(const Albero& albero) {
@@ -51,7 +49,7 @@ void Emettitore::EmettiInserimento(const Albero& albero) {
   std::string_view prima = " (";
   for (const Albero::Assegnazione& a : albero.assegnazioni) {
     Scrivi(prima);
-    Scrivi(a.sql);
+    Scrivi(dialetto_.Nome(a.colonna));
     prima = ", ";
   }
   Scrivi(") ");
@@ -70,11 +68,11 @@ void Emettitore::EmettiQuery(const Query& query, bool derivata) {
     const bool racchiuso = unione && s.primi;
     if (racchiuso) Scrivi("SELECT * FROM (");
     EmettiRamo(s, query, derivata || racchiuso);
-    if (racchiuso) Scrivi(" LIMIT " + std::to_string(*s.primi) + ")");
+    if (racchiuso) Scrivi(dialetto_.Primi(*s.primi) + ")");
   }
   EmettiOrdine(query);
   const auto& primi = query.rami.front()->primi;
-  if (!unione && primi) Scrivi(" LIMIT " + std::to_string(*primi));
+  if (!unione && primi) Scrivi(dialetto_.Primi(*primi));
 }
 
 void Emettitore::EmettiRamo(const Selezione& s, const Query& query, bool derivata) {
@@ -93,7 +91,7 @@ void Emettitore::EmettiRamo(const Selezione& s, const Query& query, bool derivat
   }
   if (s.avendo) {
     Scrivi(" HAVING ");
-    EmettiEspr(*s.avendo);
+    EmettiCondizione(*s.avendo);
   }
 }
 
@@ -106,7 +104,8 @@ void Emettitore::EmettiVoci(const Selezione& s, const Query& query, bool derivat
     if (derivata) Scrivi(" AS c" + std::to_string(numero));
   }
   if (!query.emettiRiga) return;
-  Scrivi(", " + NomeFonte(*query.base) + "." + query.base->riga);
+  Scrivi(", " + NomeFonte(*query.base) + ".");
+  Scrivi(query.base->tabella != nullptr ? dialetto_.Riga() : "riga");
   if (derivata) Scrivi(" AS riga");
 }
 
@@ -114,7 +113,7 @@ void Emettitore::EmettiDove(const Selezione& s) {
   std::string_view prima = " WHERE ";
   const auto scrivi = [&](const Espr& e) {
     Scrivi(prima);
-    EmettiEspr(e);
+    EmettiCondizione(e);
     prima = " AND ";
   };
   if (s.dove) scrivi(*s.dove);
@@ -127,9 +126,10 @@ void Emettitore::EmettiTermine(const Espr& e) {
   while (p->genere == GenereEspr::Rinvio) p = p->rinvio;
   const bool numero = p->genere == GenereEspr::Letterale && p->indice < 0 && p->tipo != Tipo::Testo;
   if (!numero) return EmettiTesto(e);
-  Scrivi("ifnull(");
+  const Dialetto::Scrittura costante = dialetto_.Costante();
+  Scrivi(costante.prima);
   EmettiEspr(*p);
-  Scrivi(",NULL)");
+  Scrivi(costante.dopo);
 }
 
 void Emettitore::EmettiOrdine(const Query& query) {
@@ -141,7 +141,7 @@ void Emettitore::EmettiOrdine(const Query& query) {
     } else {
       EmettiTermine(*voce.espr);
     }
-    if (voce.discendente) Scrivi(" DESC");
+    Scrivi(dialetto_.Verso(voce.discendente));
     prima = ", ";
   }
 }
@@ -158,7 +158,7 @@ void Emettitore::EmettiDa(const Da& da) {
     if (annidata) Scrivi(")");
     if (da.condizione) {
       Scrivi(" ON ");
-      EmettiEspr(*da.condizione);
+      EmettiCondizione(*da.condizione);
     }
     return;
   }

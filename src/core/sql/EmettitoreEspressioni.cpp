@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "core/sql/Emettitore.h"
-#include "core/sql/Motore.h"
 
 namespace fenalto::sql {
 
@@ -11,6 +10,27 @@ namespace {
 bool HaCollazione(const Espr& e) {
   if (e.genere == GenereEspr::Rinvio) return HaCollazione(*e.rinvio);
   return e.genere == GenereEspr::Campo && e.fonte->tabella != nullptr;
+}
+
+/// Written as a condition of the engine, not as a value.
+bool ECondizione(const Espr& e) {
+  switch (e.genere) {
+    case GenereEspr::Rinvio:
+      return ECondizione(*e.rinvio);
+    case GenereEspr::E:
+    case GenereEspr::O:
+    case GenereEspr::Non:
+    case GenereEspr::Confronto:
+    case GenereEspr::Tra:
+    case GenereEspr::Come:
+    case GenereEspr::In:
+    case GenereEspr::InQuery:
+    case GenereEspr::Esiste:
+    case GenereEspr::ENullo:
+      return true;
+    default:
+      return false;
+  }
 }
 
 bool ConTesti(const Espr& e) {
@@ -39,17 +59,32 @@ std::string_view Simbolo(char operatore) {
 
 void Emettitore::EmettiTesto(const Espr& e) {
   EmettiEspr(e);
-  if (e.tipo == Tipo::Testo && !HaCollazione(e)) {
-    Scrivi(" COLLATE ");
-    Scrivi(kCollazione);
-  }
+  if (e.tipo == Tipo::Testo && !HaCollazione(e)) Scrivi(dialetto_.Collazione());
 }
 
 void Emettitore::EmettiEspr(const Espr& e) {
+  if (!ECondizione(e)) return EmettiNuda(e);
+  const Dialetto::Scrittura valore = dialetto_.ValoreLogico();
+  Scrivi(valore.prima);
+  EmettiNuda(e);
+  Scrivi(valore.dopo);
+}
+
+void Emettitore::EmettiCondizione(const Espr& e) {
+  if (ECondizione(e)) return EmettiNuda(e);
+  const Dialetto::Scrittura condizione = dialetto_.Condizione();
+  Scrivi(condizione.prima);
+  EmettiNuda(e);
+  Scrivi(condizione.dopo);
+}
+
+void Emettitore::EmettiNuda(const Espr& e) {
   switch (e.genere) {
-    case GenereEspr::Campo:
-      Scrivi("t" + std::to_string(e.fonte->numero) + "." + e.fonte->colonne[e.colonna].sql);
-      return;
+    case GenereEspr::Campo: {
+      const std::string& colonna = e.fonte->colonne[e.colonna].sql;
+      Scrivi("t" + std::to_string(e.fonte->numero) + ".");
+      return Scrivi(e.fonte->tabella != nullptr ? dialetto_.Nome(colonna) : colonna);
+    }
     case GenereEspr::Letterale:
       return EmettiLetterale(e);
     case GenereEspr::Nullo:
@@ -57,13 +92,13 @@ void Emettitore::EmettiEspr(const Espr& e) {
     case GenereEspr::Calcolo:
       return EmettiCalcolo(e);
     case GenereEspr::Rinvio:
-      return EmettiEspr(*e.rinvio);
+      return EmettiNuda(*e.rinvio);
     case GenereEspr::E:
     case GenereEspr::O:
       return EmettiCatena(e, 0, e.figli.size());
     case GenereEspr::Non:
       Scrivi("(NOT ");
-      EmettiEspr(*e.figli[0]);
+      EmettiCondizione(*e.figli[0]);
       return Scrivi(")");
     case GenereEspr::Confronto:
     case GenereEspr::Tra:
@@ -84,7 +119,7 @@ void Emettitore::EmettiEspr(const Espr& e) {
       return Scrivi(e.negato ? " IS NOT NULL)" : " IS NULL)");
     case GenereEspr::Se:
       Scrivi("CASE WHEN ");
-      EmettiEspr(*e.figli[0]);
+      EmettiCondizione(*e.figli[0]);
       Scrivi(" THEN ");
       EmettiEspr(*e.figli[1]);
       Scrivi(" ELSE ");
@@ -123,9 +158,10 @@ void Emettitore::EmettiCome(const Espr& e) {
   Scrivi("))");
 }
 
-void Emettitore::EmettiElenco(const std::vector<EsprPtr>& espr, std::size_t da) {
+void Emettitore::EmettiElenco(const std::vector<EsprPtr>& espr, std::size_t da,
+                              std::string_view tra) {
   for (std::size_t i = da; i < espr.size(); ++i) {
-    if (i > da) Scrivi(",");
+    if (i > da) Scrivi(tra);
     EmettiEspr(*espr[i]);
   }
 }
@@ -137,11 +173,13 @@ void Emettitore::EmettiLegato(const Espr& e, Legame legame) {
   const auto [posto, nuovo] = numeri_.try_emplace(
       letterale * kLegami + static_cast<std::size_t>(legame), parametri.size() + 1);
   if (nuovo) {
-    constexpr std::size_t kParametriMassimi = 32'000;
-    if (parametri.size() >= kParametriMassimi) Rifiuta(e.posizione, "troppi valori nel testo");
+    if (parametri.size() >= dialetto_.ParametriMassimi())
+      Rifiuta(e.posizione, "troppi valori nel testo");
     parametri.push_back({letterale, legame});
   }
-  Scrivi("?" + std::to_string(posto->second));
+  std::string parametro;
+  dialetto_.Parametro(parametro, posto->second);
+  Scrivi(parametro);
 }
 
 void Emettitore::EmettiIncorporato(const Espr& e, Legame legame) {
@@ -153,49 +191,34 @@ void Emettitore::EmettiIncorporato(const Espr& e, Legame legame) {
       return Scrivi("NULL");
     case Tipo::Importo:
       return Scrivi(std::to_string(v.Importo().Decimillesimi()));
-    case Tipo::Reale: {
-      // A whole real needs its point, or the engine divides as with whole numbers.
-      const std::string testo = v.Neutro();
-      Scrivi(testo);
-      return Scrivi(testo.find('.') == std::string::npos ? ".0" : "");
-    }
-    case Tipo::Testo: {
+    case Tipo::Reale:
+      return Scrivi(dialetto_.Reale(v.Neutro()));
+    case Tipo::Testo:
       if (v.RifTesto().find('\0') != std::string::npos) {
         Rifiuta(e.posizione, "carattere nullo nel testo");
       }
-      std::string testo = "'";
-      for (char c : v.RifTesto()) {
-        if (c == '\'') testo += '\'';
-        testo += c;
-      }
-      return Scrivi(testo += '\'');
-    }
+      return Scrivi(dialetto_.Testo(v.RifTesto()));
     default:
       return Scrivi(std::to_string(v.Intero()));
   }
 }
 
-void Emettitore::EmettiInfisso(const Espr& e, std::string_view operatore) {
-  Scrivi("(");
-  EmettiEspr(*e.figli[0]);
-  Scrivi(operatore);
-  if (e.figli.size() > 1) EmettiEspr(*e.figli[1]);
-  Scrivi(")");
-}
-
 /// Operands of & one beside the other: Null counts as nothing, a joined text is never Null.
-void Emettitore::EmettiUnione(const Espr& e) {
+void Emettitore::EmettiUnione(const Espr& e, std::string_view tra) {
   for (std::size_t i = 0; i < 2; ++i) {
     const Espr& figlio = *e.figli[i];
-    if (i > 0) Scrivi("||");
+    if (i > 0) Scrivi(tra);
     if (figlio.genere == GenereEspr::Calcolo && figlio.funzione == Fn::Unisci) {
-      EmettiUnione(figlio);
+      EmettiUnione(figlio, tra);
     } else if (figlio.genere == GenereEspr::Letterale) {
       EmettiEspr(figlio);
     } else {
-      Scrivi("ifnull(");
+      const Dialetto::Scrittura seNullo = dialetto_.Operatore(Fn::SeNullo).value();
+      Scrivi(seNullo.prima);
       EmettiEspr(figlio);
-      Scrivi(",'')");
+      Scrivi(seNullo.tra);
+      Scrivi(dialetto_.Testo(""));
+      Scrivi(seNullo.dopo);
     }
   }
 }
@@ -227,32 +250,16 @@ void Emettitore::EmettiCalcolo(const Espr& e) {
     EmettiTermini(e);
     return Scrivi(")");
   }
-  switch (e.funzione) {
-    case Fn::RealeDaImporto:
-      return EmettiInfisso(e, "/10000.0");
-    case Fn::Diecimila:
-      return EmettiInfisso(e, "*10000");
-    case Fn::NonZero:
-      return EmettiInfisso(e, "<>0");
-    case Fn::SommaTesti:
-      return EmettiInfisso(e, "||");
-    case Fn::TestoIntero:
-      Scrivi("CAST(");
-      EmettiEspr(*e.figli[0]);
-      return Scrivi(" AS TEXT)");
-    case Fn::Unisci:
-      Scrivi("(");
-      EmettiUnione(e);
-      return Scrivi(")");
-    case Fn::SeNullo:
-      Scrivi("ifnull(");
-      EmettiElenco(e.figli, 0);
-      return Scrivi(")");
-    case Fn::Identita:
-      return EmettiEspr(*e.figli[0]);
-    default:
-      return EmettiFunzione(e);
+  if (e.funzione == Fn::Identita) return EmettiEspr(*e.figli[0]);
+  const auto operatore = dialetto_.Operatore(e.funzione);
+  if (!operatore) return EmettiFunzione(e);
+  Scrivi(operatore->prima);
+  if (e.funzione == Fn::Unisci) {
+    EmettiUnione(e, operatore->tra);
+  } else {
+    EmettiElenco(e.figli, 0, operatore->tra);
   }
+  Scrivi(operatore->dopo);
 }
 
 void Emettitore::EmettiFunzione(const Espr& e) {
@@ -264,7 +271,7 @@ void Emettitore::EmettiFunzione(const Espr& e) {
 
 /// By halves: the engine bounds the depth of an expression, not the length of a chain.
 void Emettitore::EmettiCatena(const Espr& e, std::size_t da, std::size_t a) {
-  if (a - da == 1) return EmettiEspr(*e.figli[da]);
+  if (a - da == 1) return EmettiCondizione(*e.figli[da]);
   const std::size_t meta = da + (a - da) / 2;
   Scrivi("(");
   EmettiCatena(e, da, meta);
@@ -278,10 +285,7 @@ void Emettitore::EmettiConfronto(const Espr& e) {
                           (e.genere == GenereEspr::Tra || !HaCollazione(*e.figli[1]));
   Scrivi("(");
   EmettiEspr(*e.figli[0]);
-  if (collazione) {
-    Scrivi(" COLLATE ");
-    Scrivi(kCollazione);
-  }
+  if (collazione) Scrivi(dialetto_.Collazione());
   if (e.genere == GenereEspr::Confronto) {
     Scrivi(Simbolo(e.operatore));
     EmettiEspr(*e.figli[1]);
@@ -312,32 +316,11 @@ void Emettitore::EmettiIn(const Espr& e) {
 
 void Emettitore::EmettiAggregato(const Espr& e) {
   const Espr& x = *e.figli[0];
-  switch (e.aggregazione) {
-    case Aggregazione::Conta:
-      if (x.genere == GenereEspr::Stella) return Scrivi("count(*)");
-      Scrivi("count(");
-      break;
-    case Aggregazione::Somma:
-      Scrivi("sum(");
-      break;
-    case Aggregazione::Media:
-      Scrivi(x.tipo == Tipo::Importo ? "fen_media(" : "avg(");
-      break;
-    case Aggregazione::Minimo:
-      Scrivi("min(");
-      break;
-    case Aggregazione::Massimo:
-      Scrivi("max(");
-      break;
-    case Aggregazione::Primo:
-      Scrivi("fen_primo(");
-      break;
-    case Aggregazione::Ultimo:
-      Scrivi("fen_ultimo(");
-      break;
-  }
+  if (x.genere == GenereEspr::Stella) return Scrivi("count(*)");
+  const Dialetto::Scrittura aggregato = dialetto_.Aggregato(e.aggregazione, x.tipo);
+  Scrivi(aggregato.prima);
   EmettiTesto(x);
-  Scrivi(")");
+  Scrivi(aggregato.dopo);
 }
 
 }  // namespace fenalto::sql

@@ -33,15 +33,6 @@ std::size_t Posto(const Espr& e, std::size_t colonne, const char* dove) {
 
 }  // namespace
 
-std::string TraVirgolette(std::string_view nome) {
-  std::string uscita = "\"";
-  for (char c : nome) {
-    if (c == '"') uscita += '"';
-    uscita += c;
-  }
-  return uscita += '"';
-}
-
 std::string Elenco(const std::vector<std::string>& nomi) {
   std::string uscita;
   for (const std::string& nome : nomi) uscita.append(uscita.empty() ? "" : ", ").append(nome);
@@ -80,7 +71,8 @@ void Legatore::LegaQuery(Query& query, const Ambito* esterno) {
   LegaOrdine(query, primo);
   const Selezione& s = *query.rami.front();
   const bool semplice = query.rami.size() == 1 && !s.distinta && !s.aggregata && s.da;
-  if (semplice && s.da->fonte != nullptr && !s.da->fonte->riga.empty()) query.base = s.da->fonte;
+  if (semplice && s.da->fonte != nullptr && !s.da->fonte->tabellaRiga.empty())
+    query.base = s.da->fonte;
 }
 
 void Legatore::LegaRamo(Selezione& s, Ambito& ambito) {
@@ -173,11 +165,9 @@ Fonte* Legatore::LegaFonte(Da& da, Selezione& s) {
 
 void Legatore::ApriTabella(const TabellaCatalogo& tabella, Fonte& fonte) {
   fonte.tabella = &tabella;
-  fonte.riga = "rowid";
   fonte.tabellaRiga = tabella.nome;
   for (const ColonnaCatalogo& c : tabella.colonne) {
-    fonte.colonne.push_back(
-        {c.nome, c.tipo, TraVirgolette(c.nome), tabella.nome, c.nome, c.nascosta});
+    fonte.colonne.push_back({c.nome, c.tipo, c.nome, tabella.nome, c.nome, c.nascosta});
   }
   AggiungiTabella(tabella.nome);
 }
@@ -185,10 +175,7 @@ void Legatore::ApriTabella(const TabellaCatalogo& tabella, Fonte& fonte) {
 void Legatore::ApriQuery(Query& query, Fonte& fonte) {
   fonte.query = &query;
   fonte.colonne = query.colonne;
-  if (query.base != nullptr) {
-    fonte.riga = "riga";
-    fonte.tabellaRiga = query.base->tabellaRiga;
-  }
+  if (query.base != nullptr) fonte.tabellaRiga = query.base->tabellaRiga;
 }
 
 void Legatore::ApriVista(const VistaCatalogo& vista, Fonte& fonte, std::size_t posizione) {

@@ -95,8 +95,6 @@ class Legatore {
 bool UgualiEspr(const Espr& a, const Espr& b);
 /// Refuses columns that neither are grouped by nor stand in an aggregate.
 void VerificaGruppi(const Espr& espr, const Selezione& selezione);
-/// A name quoted for the engine.
-std::string TraVirgolette(std::string_view nome);
 /// Names joined by commas, for a message.
 std::string Elenco(const std::vector<std::string>& nomi);
 

@@ -65,7 +65,7 @@ const ColonnaCatalogo& Legatore::ColonnaScrivibile(Albero::Assegnazione& a,
     Rifiuta(a.posizione, "la tabella " + tabella.nome + " non ha il campo \"" +
                              std::string(a.nome) + "\"; ha " + Elenco(NomiVisibili(tabella)));
   }
-  a.sql = TraVirgolette(colonna->nome);
+  a.colonna = colonna->nome;
   return *colonna;
 }
 

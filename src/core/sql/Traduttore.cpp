@@ -34,7 +34,8 @@ void SegnaRiga(Query& query, Istruzione& istruzione) {
   }
 }
 
-Istruzione TraduciTesto(std::string_view testo, const Catalogo& catalogo) {
+Istruzione TraduciTesto(std::string_view testo, const Catalogo& catalogo,
+                        const Dialetto& dialetto) {
   Albero albero = Parser(testo, false).LeggiIstruzione();
   Legatore legatore(catalogo);
   legatore.Lega(albero);
@@ -48,7 +49,7 @@ Istruzione TraduciTesto(std::string_view testo, const Catalogo& catalogo) {
     SegnaRiga(*albero.query, istruzione);
   }
   for (const Legatore::RamoLegato& ramo : legatore.Rami()) EliminaGiunzioni(*ramo.selezione);
-  Emettitore emettitore;
+  Emettitore emettitore(dialetto);
   emettitore.Emetti(albero);
   istruzione.sql = std::move(emettitore.sql);
   istruzione.parametri = std::move(emettitore.parametri);
@@ -57,9 +58,10 @@ Istruzione TraduciTesto(std::string_view testo, const Catalogo& catalogo) {
 
 }  // namespace
 
-Esito<Istruzione, ErroreSql> Traduci(std::string_view testo, const Catalogo& catalogo) {
+Esito<Istruzione, ErroreSql> Traduci(std::string_view testo, const Catalogo& catalogo,
+                                     const Dialetto& dialetto) {
   try {
-    return TraduciTesto(testo, catalogo);
+    return TraduciTesto(testo, catalogo, dialetto);
   } catch (Rifiuto& rifiuto) {
     return std::move(rifiuto.errore);
   }

@@ -20,6 +20,8 @@
 
 namespace fenalto::sql {
 
+class Dialetto;
+
 /// A statement that the dialect refuses: the reason in Italian, and where in the text (from 0).
 struct ErroreSql {
   std::string motivo;
@@ -72,11 +74,11 @@ struct ColonnaUscita {
 struct Istruzione {
   enum class Genere { Selezione, Inserimento, Aggiornamento, Cancellazione };
   Genere genere = Genere::Selezione;
-  std::string sql;                      ///< for the engine; parameters are ?1, ?2, ... in order
-  std::vector<ParametroSql> parametri;  ///< what to bind to ?1, ?2, ...
+  std::string sql;                      ///< for the engine
+  std::vector<ParametroSql> parametri;  ///< what to bind to its parameters, from the first
   std::vector<ColonnaUscita> colonne;   ///< of a SELECT, in order
   /// Table whose rows the result can change: set when every row of a SELECT is one row of one
-  /// table; then the statement has a last, hidden column with that row's engine identity (rowid).
+  /// table; then the statement has a last, hidden column with that row's identity (Dialetto::Riga).
   std::string tabellaBase;
   /// Tables read or written, by catalogue name.
   std::vector<std::string> tabelle;
@@ -85,8 +87,9 @@ struct Istruzione {
 /// Splits a text into shape and literals. Fails on an unclosed quote, bracket or date.
 Esito<Forma, ErroreSql> FormaDi(std::string_view testo);
 
-/// Translates a text. A bare table or query name stands for SELECT * FROM it.
-Esito<Istruzione, ErroreSql> Traduci(std::string_view testo, const Catalogo& catalogo);
+/// Translates a text for an engine. A bare table or query name stands for SELECT * FROM it.
+Esito<Istruzione, ErroreSql> Traduci(std::string_view testo, const Catalogo& catalogo,
+                                     const Dialetto& dialetto);
 
 /// The value to bind for a literal; an error when the literal can't be of that kind ('abc' compared
 /// with an amount, #13/45/2024#).

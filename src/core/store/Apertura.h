@@ -8,6 +8,7 @@
 
 #include "core/store/BasiDati.h"
 #include "core/store/PassiSchema.h"
+#include "core/store/engine/Motore.h"
 
 namespace fenalto {
 
@@ -18,15 +19,15 @@ struct PassiCompleti {
   std::vector<PassoSchema> tessarc;
   std::vector<PassoSchema> scadenzario;
 };
-Esito<PassiCompleti> LeggiPassiCompleti(const std::filesystem::path& cartellaSchema);
+Esito<PassiCompleti> LeggiPassiCompleti(const engine::Motore& motore,
+                                        const std::filesystem::path& cartellaSchema);
 
-/// Whether the file can be this program's database and be written, as far as can be told without
-/// opening it.
-Esito<bool> VerificaFile(const std::filesystem::path& file);
+/// Which engine holds the databases at that place.
+const engine::Motore& MotoreDi(const PercorsiArchivi& percorsi);
 
 /// Makes a database at the newest step; throws ErroreArchivio.
-void CreaArchivio(const std::filesystem::path& file, const std::vector<PassoSchema>& passi,
-                  const std::string& vfs);
+void CreaArchivio(const engine::Motore& motore, const engine::Base& base,
+                  const std::vector<PassoSchema>& passi, const engine::Opzioni& opzioni);
 
 /// Whether a step is missing in the open databases. Throws ErroreArchivio when one isn't this
 /// program's, is newer than the program, or can't be written.
@@ -34,7 +35,7 @@ bool DaAggiornare(const NucleoBasi& nucleo, const PassiCompleti& passi);
 
 /// Copies both databases, then brings each to the newest step in one transaction; they must not be
 /// open here. Throws ErroreArchivio; what isn't brought up to date is as it was.
-void AggiornaSchema(const PercorsiArchivi& percorsi, const PassiCompleti& passi,
-                    const OpzioniApertura& opzioni);
+void AggiornaSchema(const engine::Motore& motore, const PercorsiArchivi& percorsi,
+                    const PassiCompleti& passi, const OpzioniApertura& opzioni);
 
 }  // namespace fenalto

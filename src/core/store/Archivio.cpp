@@ -1,7 +1,5 @@
 #include "core/store/Archivio.h"
 
-#include <sqlite3.h>
-
 #include "core/store/ArchivioInterno.h"
 #include "core/store/RsInterno.h"
 #include "core/store/Scrittura.h"
@@ -71,8 +69,8 @@ Valore Archivio::Singolo(std::string_view sql) {
   VerificaSelezione(istruzione, sql);
   LegaLetterali(preparata.Motore(), istruzione, forma, sql);
   dati.nucleo->PrimaDiEseguire();
-  if (!dati.nucleo->PrimoPasso(preparata, dati)) return {};
-  return ValoreMotore(sqlite3_column_value(preparata.Motore(), 0), istruzione.colonne[0].tipo);
+  if (!dati.nucleo->PrimoPasso(preparata)) return {};
+  return preparata.Motore().Campo(0, istruzione.colonne[0].tipo);
 }
 
 std::int64_t Archivio::Inserisci(std::string_view tabella, const std::vector<Coppia>& campi) {
@@ -100,7 +98,7 @@ void Archivio::Chiudi() {
   dati.chiuso = true;
   dati.nucleo->Togli(&dati);
   dati.cache.Svuota();
-  if (dati.temporaneo) dati.nucleo->Stacca(dati.schema);
+  if (dati.temporaneo) dati.nucleo->Stacca(dati.base);
 }
 
 }  // namespace fenalto

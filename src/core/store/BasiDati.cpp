@@ -27,21 +27,15 @@ Esito<T> ComeEsito(const Azione& azione) {
   }
 }
 
-void Rimuovi(const fs::path& file) {
-  std::error_code errore;
-  fs::remove(file, errore);
-  fs::remove(file.string() + "-journal", errore);
-}
-
 std::shared_ptr<DatiArchivio> Dati(const std::shared_ptr<NucleoBasi>& nucleo,
-                                   const fs::path& percorso, const std::string& schema,
+                                   const fs::path& percorso, const std::string& base,
                                    std::shared_ptr<const VisteArchivio> viste) {
   auto dati = std::make_shared<DatiArchivio>(std::move(viste));
   dati->nucleo = nucleo;
   dati->percorso = percorso;
   dati->nomeFile = percorso.string();
-  dati->schema = schema;
-  dati->catalogo.Leggi(nucleo->Connessione(), schema, percorso);
+  dati->base = base;
+  dati->catalogo.Leggi(nucleo->Connessione(), base);
   nucleo->Aggiungi(dati.get());
   return dati;
 }
@@ -64,23 +58,24 @@ BasiDati::~BasiDati() {
 }
 
 Esito<bool> BasiDati::Crea(const PercorsiArchivi& percorsi, const OpzioniApertura& opzioni) {
-  const auto passi = LeggiPassiCompleti(opzioni.cartellaSchema);
+  const engine::Motore& motore = MotoreDi(percorsi);
+  const auto passi = LeggiPassiCompleti(motore, opzioni.cartellaSchema);
   if (!passi) return passi.Errore();
-  for (const fs::path& file : {percorsi.tessarc, percorsi.scadenzario}) {
-    std::error_code errore;
-    if (fs::exists(file, errore)) {
-      return Errore{"«" + file.string() +
+  const std::vector<engine::Base> basi = BasiDi(percorsi);
+  for (const engine::Base& base : basi) {
+    if (motore.Esiste(base)) {
+      return Errore{"«" + base.luogo.string() +
                     "» esiste già: scegliere un altro nome o un'altra cartella"};
     }
   }
   auto esito = ComeEsito<bool>([&]() -> Esito<bool> {
-    CreaArchivio(percorsi.tessarc, passi.Valore().tessarc, opzioni.vfs);
-    CreaArchivio(percorsi.scadenzario, passi.Valore().scadenzario, opzioni.vfs);
+    const engine::Opzioni comune{opzioni.attesa, opzioni.vfs};
+    CreaArchivio(motore, basi[0], passi.Valore().tessarc, comune);
+    CreaArchivio(motore, basi[1], passi.Valore().scadenzario, comune);
     return true;
   });
   if (!esito) {
-    Rimuovi(percorsi.tessarc);
-    Rimuovi(percorsi.scadenzario);
+    for (const engine::Base& base : basi) motore.Rimuovi(base);
   }
   return esito;
 }
@@ -88,25 +83,16 @@ Esito<bool> BasiDati::Crea(const PercorsiArchivi& percorsi, const OpzioniApertur
 Esito<std::unique_ptr<BasiDati>> BasiDati::Apri(const PercorsiArchivi& percorsi,
                                                 const OpzioniApertura& opzioni) {
   using Aperte = std::unique_ptr<BasiDati>;
-  const auto passi = LeggiPassiCompleti(opzioni.cartellaSchema);
+  const engine::Motore& motore = MotoreDi(percorsi);
+  const auto passi = LeggiPassiCompleti(motore, opzioni.cartellaSchema);
   if (!passi) return passi.Errore();
-  for (const fs::path& file : {percorsi.tessarc, percorsi.scadenzario}) {
-    if (const auto verifica = VerificaFile(file); !verifica) return verifica.Errore();
-    const fs::path cartella = fs::absolute(file).parent_path();
-    if (file == percorsi.tessarc || cartella != fs::absolute(percorsi.tessarc).parent_path()) {
-      if (!BlocchiAffidabili(cartella)) {
-        return Errore{"nella cartella «" + cartella.string() +
-                      "» i blocchi fra le stazioni non funzionano e i dati andrebbero persi: "
-                      "spostare la ditta su un disco locale o su un'altra condivisione"};
-      }
-    }
-  }
+  if (const auto verifica = motore.Verifica(BasiDi(percorsi)); !verifica) return verifica.Errore();
   return ComeEsito<Aperte>([&]() -> Esito<Aperte> {
-    auto nucleo = std::make_shared<NucleoBasi>(percorsi, opzioni);
+    auto nucleo = std::make_shared<NucleoBasi>(motore, percorsi, opzioni);
     nucleo->Apri();
     if (DaAggiornare(*nucleo, passi.Valore())) {
       nucleo->Chiudi();
-      AggiornaSchema(percorsi, passi.Valore(), opzioni);
+      AggiornaSchema(motore, percorsi, passi.Valore(), opzioni);
       nucleo->Apri();
     }
     // Made now, so that a folder that refuses the lock file is told at opening.
@@ -115,15 +101,15 @@ Esito<std::unique_ptr<BasiDati>> BasiDati::Apri(const PercorsiArchivi& percorsi,
     auto interno = std::make_unique<Interno>();
     interno->nucleo = nucleo;
     interno->viste = std::make_shared<const VisteArchivio>(LeggiViste(cartellaViste / "tessarc"));
-    const auto apri = [&](const fs::path& file, const char* schema,
+    const auto apri = [&](const fs::path& file, const char* base,
                           std::shared_ptr<const VisteArchivio> viste) {
       auto dati = std::make_unique<Archivio::Interno>();
-      dati->dati = Dati(nucleo, file, schema, std::move(viste));
+      dati->dati = Dati(nucleo, file, base, std::move(viste));
       return std::unique_ptr<Archivio>(new Archivio(std::move(dati)));
     };
-    interno->tessarc = apri(percorsi.tessarc, kSchemaTessarc, interno->viste);
+    interno->tessarc = apri(percorsi.tessarc, kTessarc, interno->viste);
     interno->scadenzario =
-        apri(percorsi.scadenzario, kSchemaScadenzario,
+        apri(percorsi.scadenzario, kScadenzario,
              std::make_shared<const VisteArchivio>(LeggiViste(cartellaViste / "scadenzario")));
     return Aperte(new BasiDati(std::move(interno)));
   });
@@ -149,12 +135,12 @@ std::unique_ptr<Archivio> BasiDati::ApriTemp(const fs::path& percorso) {
     throw ErroreArchivio(Causa::Occupato,
                          "l'archivio di lavoro «" + percorso.string() + "» è già aperto");
   }
-  const std::string schema = nucleo.Attacca(percorso);
+  const std::string base = nucleo.Attacca(percorso);
   auto interno = std::make_unique<Archivio::Interno>();
   try {
-    interno->dati = Dati(interno_->nucleo, percorso, schema, interno_->viste);
+    interno->dati = Dati(interno_->nucleo, percorso, base, interno_->viste);
   } catch (...) {
-    nucleo.Stacca(schema);
+    nucleo.Stacca(base);
     throw;
   }
   interno->dati->temporaneo = true;

@@ -1,9 +1,4 @@
 // The two databases of a company on one connection, so that one transaction covers both.
-//
-// `tessarc` is the connection's main database and `scadenzario` is attached to it; both use a
-// rollback journal in TRUNCATE mode with synchronous=FULL, which is atomic over both files and
-// survives a power cut. Scratch databases are attached without syncing. Nothing in the process
-// opens or closes a database file but the engine: a second descriptor would drop its locks.
 #pragma once
 
 #include <chrono>

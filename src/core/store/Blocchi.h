@@ -1,9 +1,8 @@
 // Locks that outlive a statement: the record in edit and the numbering lock.
 //
-// Each is an operating-system lock (open-file-description kind, closed on exec) on a byte of the
-// lock file beside the database: it vanishes with the process that held it, whatever kills it.
-// Who holds it stands in the lock file, in a slot of fixed size beside the byte. Each Blocco has a
-// descriptor of its own, so two windows of one process exclude each other as two stations do.
+// Whatever the engine makes them of, they vanish with the process that held them, two windows of
+// one process exclude each other as two stations do, and one that can't have a lock is told who
+// holds it.
 #pragma once
 
 #include <chrono>
@@ -31,48 +30,44 @@ struct Detentore {
 /// A held lock; released on destruction. Movable.
 class Blocco {
  public:
+  /// What an engine holds for it, and lets go of on destruction.
+  struct Tenuta {
+    Tenuta() = default;
+    virtual ~Tenuta() = default;
+    Tenuta(const Tenuta&) = delete;
+    Tenuta& operator=(const Tenuta&) = delete;
+  };
   Blocco() = default;
-  Blocco(Blocco&&) noexcept;
-  Blocco& operator=(Blocco&&) noexcept;
-  ~Blocco();
-  [[nodiscard]] bool Tenuto() const { return descrittore_ >= 0; }
-  void Rilascia() noexcept;
+  explicit Blocco(std::unique_ptr<Tenuta> tenuta) : tenuta_(std::move(tenuta)) {}
+  [[nodiscard]] bool Tenuto() const { return tenuta_ != nullptr; }
+  void Rilascia() noexcept { tenuta_.reset(); }
 
  private:
-  friend class Blocchi;
-  int descrittore_ = -1;
-  std::int64_t posto_ = 0;
+  std::unique_ptr<Tenuta> tenuta_;
 };
 
+/// The locks of a company's stations, as its engine has them (engine::Motore::ApriBlocchi).
 class Blocchi {
  public:
-  /// `file` is made when missing. Throws ErroreArchivio when it can't be made or written.
-  Blocchi(std::filesystem::path file, std::string stazione, std::string utente);
-  ~Blocchi();
+  Blocchi() = default;
+  virtual ~Blocchi() = default;
   Blocchi(const Blocchi&) = delete;
   Blocchi& operator=(const Blocchi&) = delete;
 
-  void Utente(std::string utente);
+  virtual void Utente(std::string utente) = 0;
 
   /// The lock of one record, without waiting; the holder when it is taken. `tabella` and `chiave`
   /// are compared without case.
-  Esito<Blocco, Detentore> Record(std::string_view tabella, std::string_view chiave);
+  virtual Esito<Blocco, Detentore> Record(std::string_view tabella, std::string_view chiave) = 0;
   /// The numbering lock of a table; waits at most `attesa`, first come first served, then returns
   /// the holder.
-  Esito<Blocco, Detentore> Tabella(std::string_view tabella, std::chrono::milliseconds attesa);
+  virtual Esito<Blocco, Detentore> Tabella(std::string_view tabella,
+                                           std::chrono::milliseconds attesa) = 0;
   /// Who holds the lock of a record now, if anybody.
-  [[nodiscard]] std::optional<Detentore> ChiTiene(std::string_view tabella,
-                                                  std::string_view chiave) const;
-
- private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  [[nodiscard]] virtual std::optional<Detentore> ChiTiene(std::string_view tabella,
+                                                          std::string_view chiave) const = 0;
 };
 
-/// Proves with a second process that locks of the kind used here exclude other processes in this
-/// folder. False means that the folder's file system doesn't keep locks and data there would be
-/// lost.
-bool BlocchiAffidabili(const std::filesystem::path& cartella);
 /// Whether the folder lies on a network file system (NFS, SMB, ...).
 bool CartellaDiRete(const std::filesystem::path& cartella);
 

@@ -11,18 +11,12 @@
 #include <vector>
 
 #include "core/sql/Catalogo.h"
-
-struct sqlite3;
+#include "core/store/engine/Connessione.h"
 
 namespace fenalto {
 
-/// A table with what only the store needs to know of it.
-struct TabellaArchivio {
-  sql::TabellaCatalogo vista;
-  /// Schema and name for the engine, unquoted.
-  std::string schema;
-  /// DEFAULT of each column as SQL, in the order of vista.colonne; empty when it has none.
-  std::vector<std::string> predefiniti;
+/// A table of one database as another may know it too.
+struct TabellaArchivio : engine::Tabella {
   bool collegata = false;
 };
 
@@ -32,18 +26,13 @@ using VisteArchivio = std::unordered_map<std::string, sql::VistaCatalogo>;
 /// Reads the stored queries of a folder, one file each; lines that begin with `--` are left out.
 VisteArchivio LeggiViste(const std::filesystem::path& cartella);
 
-/// A name quoted for the engine.
-std::string Virgolettato(std::string_view nome);
-/// The type a column is declared with, collation included.
-std::string TipoDichiarato(Tipo tipo);
-
 class CatalogoArchivio final : public sql::Catalogo {
  public:
   explicit CatalogoArchivio(std::shared_ptr<const VisteArchivio> viste)
       : viste_(std::move(viste)) {}
 
-  /// Reads the tables of `schema`; throws ErroreArchivio, naming `file`.
-  void Leggi(sqlite3* connessione, const std::string& schema, const std::filesystem::path& file);
+  /// Reads the tables of a base; throws ErroreArchivio.
+  void Leggi(engine::Connessione& connessione, const std::string& base);
   /// Makes a table of another database known here under its name.
   void Collega(const TabellaArchivio& tabella);
 
@@ -56,12 +45,7 @@ class CatalogoArchivio final : public sql::Catalogo {
                       const std::function<bool(const std::string&)>& prova) const;
 
  private:
-  void LeggiColonne(sqlite3* connessione, const std::string& schema,
-                    const std::filesystem::path& file);
-  void LeggiChiavi(sqlite3* connessione, const std::string& schema,
-                   const std::filesystem::path& file);
-  void LeggiSpecchi(sqlite3* connessione, const std::string& schema,
-                    const std::filesystem::path& file);
+  void LeggiSpecchi(engine::Connessione& connessione, const std::string& base);
 
   std::unordered_map<std::string, TabellaArchivio> tabelle_;
   std::shared_ptr<const VisteArchivio> viste_;

@@ -12,7 +12,7 @@ std::size_t Combina(std::size_t insieme, std::size_t campo) {
 
 }  // namespace
 
-IndiceRicerca::Tavola IndiceRicerca::Costruisci(const RigheLette& righe,
+IndiceRicerca::Tavola IndiceRicerca::Costruisci(const engine::RigheLette& righe,
                                                 std::vector<std::size_t> colonne) {
   Tavola tavola;
   tavola.colonne = std::move(colonne);
@@ -36,7 +36,7 @@ IndiceRicerca::Tavola IndiceRicerca::Costruisci(const RigheLette& righe,
   return tavola;
 }
 
-std::optional<std::size_t> IndiceRicerca::Prima(const RigheLette& righe,
+std::optional<std::size_t> IndiceRicerca::Prima(const engine::RigheLette& righe,
                                                 const Uguaglianze& cercate) {
   std::vector<std::size_t> colonne;
   colonne.reserve(cercate.size());
@@ -44,7 +44,7 @@ std::optional<std::size_t> IndiceRicerca::Prima(const RigheLette& righe,
   for (const auto& [colonna, valore] : cercate) {
     if (valore.Nullo()) return std::nullopt;
     colonne.push_back(colonna);
-    hash = Combina(hash, HashValore(valore));
+    hash = Combina(hash, engine::HashValore(valore));
   }
   hash ^= hash >> 32U;
   auto tavola = std::ranges::find(tavole_, colonne, &Tavola::colonne);

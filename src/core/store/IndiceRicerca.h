@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/store/RigheLette.h"
+#include "core/store/engine/RigheLette.h"
 #include "core/values/Valore.h"
 
 namespace fenalto {
@@ -15,7 +15,7 @@ class IndiceRicerca {
  public:
   using Uguaglianze = std::vector<std::pair<std::size_t, Valore>>;
   /// First row whose columns equal the values; nothing when there is none.
-  std::optional<std::size_t> Prima(const RigheLette& righe, const Uguaglianze& cercate);
+  std::optional<std::size_t> Prima(const engine::RigheLette& righe, const Uguaglianze& cercate);
   /// Forgets all hashes: the rows have changed.
   void Svuota() { tavole_.clear(); }
 
@@ -26,7 +26,7 @@ class IndiceRicerca {
     std::vector<std::uint32_t> teste;
     std::vector<std::uint32_t> seguenti;
   };
-  static Tavola Costruisci(const RigheLette& righe, std::vector<std::size_t> colonne);
+  static Tavola Costruisci(const engine::RigheLette& righe, std::vector<std::size_t> colonne);
   std::vector<Tavola> tavole_;
 };
 

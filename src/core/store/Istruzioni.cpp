@@ -1,10 +1,7 @@
 #include "core/store/Istruzioni.h"
 
-#include <sqlite3.h>
-
 #include <bit>
 
-#include "core/store/ErroriMotore.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -46,49 +43,36 @@ std::optional<std::size_t> PianoIstruzione::Indice(std::string_view nome) const 
   return std::nullopt;
 }
 
-VoceCache::~VoceCache() {
-  for (sqlite3_stmt* istruzione : liberi) sqlite3_finalize(istruzione);
-}
-
-Preparata::Preparata(sqlite3* connessione, std::shared_ptr<VoceCache> voce, const std::string& file)
+Preparata::Preparata(engine::Connessione& connessione, std::shared_ptr<VoceCache> voce,
+                     const std::string& base)
     : voce_(std::move(voce)) {
-  if (!voce_->liberi.empty()) {
-    istruzione_ = voce_->liberi.back();
-    voce_->liberi.pop_back();
+  if (voce_->liberi.empty()) {
+    istruzione_ = connessione.Prepara(base, voce_->sql);
     return;
   }
-  const int rc =
-      sqlite3_prepare_v3(connessione, voce_->sql.data(), static_cast<int>(voce_->sql.size()),
-                         SQLITE_PREPARE_PERSISTENT, &istruzione_, nullptr);
-  if (rc != SQLITE_OK) throw ErroreMotore(connessione, rc, file, voce_->sql);
+  istruzione_ = std::move(voce_->liberi.back());
+  voce_->liberi.pop_back();
 }
-
-Preparata::Preparata(Preparata&& altra) noexcept
-    : voce_(std::move(altra.voce_)), istruzione_(std::exchange(altra.istruzione_, nullptr)) {}
 
 Preparata& Preparata::operator=(Preparata&& altra) noexcept {
   if (this != &altra) {
     Restituisci();
     voce_ = std::move(altra.voce_);
-    istruzione_ = std::exchange(altra.istruzione_, nullptr);
+    istruzione_ = std::move(altra.istruzione_);
   }
   return *this;
 }
 
 void Preparata::Restituisci() noexcept {
   if (istruzione_ == nullptr) return;
-  sqlite3_stmt* istruzione = std::exchange(istruzione_, nullptr);
-  sqlite3_reset(istruzione);
+  istruzione_->Azzera();
   constexpr std::size_t kLiberiTenuti = 4;
   try {
-    if (voce_->liberi.size() < kLiberiTenuti) {
-      voce_->liberi.push_back(istruzione);
-      istruzione = nullptr;
-    }
+    if (voce_->liberi.size() < kLiberiTenuti) voce_->liberi.push_back(std::move(istruzione_));
   } catch (const std::bad_alloc&) {
-    // Without memory to keep it, it is finalized below.
+    // Without memory to keep it, it is let go below.
   }
-  sqlite3_finalize(istruzione);
+  istruzione_.reset();
   voce_.reset();
 }
 

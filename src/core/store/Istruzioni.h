@@ -13,9 +13,7 @@
 #include <vector>
 
 #include "core/sql/Traduttore.h"
-
-struct sqlite3;
-struct sqlite3_stmt;
+#include "core/store/engine/Connessione.h"
 
 namespace fenalto {
 
@@ -34,26 +32,23 @@ class PianoIstruzione {
 
 /// A shape's plan with the statements prepared for it that nobody uses now.
 struct VoceCache {
-  VoceCache() = default;
-  VoceCache(const VoceCache&) = delete;
-  VoceCache& operator=(const VoceCache&) = delete;
-  ~VoceCache();
   std::shared_ptr<const PianoIstruzione> piano;
   std::string sql;  ///< for the engine
-  std::vector<sqlite3_stmt*> liberi;
+  std::vector<std::unique_ptr<engine::Istruzione>> liberi;
 };
 
 /// A prepared statement while it is used; given back, reset, on destruction.
 class Preparata {
  public:
   Preparata() = default;
-  /// Takes a free statement of `voce` or prepares one more; throws ErroreArchivio, naming `file`.
-  Preparata(sqlite3* connessione, std::shared_ptr<VoceCache> voce, const std::string& file);
-  Preparata(Preparata&& altra) noexcept;
+  /// Takes a free statement of `voce` or prepares one more for `base`; throws ErroreArchivio.
+  Preparata(engine::Connessione& connessione, std::shared_ptr<VoceCache> voce,
+            const std::string& base);
+  Preparata(Preparata&& altra) noexcept = default;
   Preparata& operator=(Preparata&& altra) noexcept;
   ~Preparata() { Restituisci(); }
 
-  [[nodiscard]] sqlite3_stmt* Motore() const { return istruzione_; }
+  [[nodiscard]] engine::Istruzione& Motore() const { return *istruzione_; }
   [[nodiscard]] const std::shared_ptr<const PianoIstruzione>& Disegno() const {
     return voce_->piano;
   }
@@ -61,7 +56,7 @@ class Preparata {
 
  private:
   std::shared_ptr<VoceCache> voce_;
-  sqlite3_stmt* istruzione_ = nullptr;
+  std::unique_ptr<engine::Istruzione> istruzione_;
 };
 
 /// The shapes used last, at most `capienza`.

@@ -1,27 +1,25 @@
 #include "core/store/PassiSchema.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <charconv>
 #include <fstream>
 #include <iterator>
 
 #include "core/store/ErroreArchivio.h"
-#include "core/store/ErroriMotore.h"
 
 namespace fenalto {
 namespace {
 
 namespace fs = std::filesystem;
 
-void Esegui(sqlite3* connessione, const std::string& sql, const fs::path& file,
-            const std::string& passo) {
-  const int rc = sqlite3_exec(connessione, sql.c_str(), nullptr, nullptr, nullptr);
-  if (rc == SQLITE_OK) return;
-  const ErroreArchivio errore = ErroreMotore(connessione, rc, file);
-  throw ErroreArchivio(errore.PerQuale(),
-                       std::string("passo ") + passo + " dello schema: " + errore.what());
+/// Tells an error of `lavoro` as one of that step.
+template <typename Lavoro>
+void NelPasso(const std::string& passo, const Lavoro& lavoro) {
+  try {
+    lavoro();
+  } catch (const ErroreArchivio& errore) {
+    throw ErroreArchivio(errore.PerQuale(), "passo " + passo + " dello schema: " + errore.what());
+  }
 }
 
 }  // namespace
@@ -50,8 +48,8 @@ Esito<std::vector<PassoSchema>> LeggiPassi(const fs::path& cartella) {
   return passi;
 }
 
-void EseguiPassi(sqlite3* connessione, const std::vector<PassoSchema>& passi, int daPasso,
-                 const fs::path& file) {
+void EseguiPassi(engine::Connessione& connessione, const std::string& base,
+                 const std::vector<PassoSchema>& passi, int daPasso) {
   for (const PassoSchema& passo : passi) {
     if (passo.numero <= daPasso) continue;
     std::ifstream flusso(passo.file, std::ios::binary);
@@ -61,13 +59,10 @@ void EseguiPassi(sqlite3* connessione, const std::vector<PassoSchema>& passi, in
           ErroreArchivio::Causa::Mancante,
           "impossibile leggere «" + passo.file.string() + "»: reinstallare il programma");
     }
-    Esegui(connessione, sql, file, passo.file.stem().string());
+    NelPasso(passo.file.stem().string(), [&] { connessione.EseguiPasso(base, sql); });
   }
-  const std::string ultimo = std::to_string(passi.back().numero);
-  Esegui(connessione,
-         "PRAGMA user_version = " + ultimo +
-             "; PRAGMA application_id = " + std::to_string(kIdApplicazione),
-         file, ultimo);
+  const int ultimo = passi.back().numero;
+  NelPasso(std::to_string(ultimo), [&] { connessione.SegnaPasso(base, ultimo); });
 }
 
 }  // namespace fenalto

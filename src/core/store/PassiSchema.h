@@ -5,14 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "core/store/engine/Connessione.h"
 #include "core/values/Esito.h"
 
-struct sqlite3;
-
 namespace fenalto {
-
-/// Tells this program's databases from any other (PRAGMA application_id).
-inline constexpr int kIdApplicazione = 0x46656E61;
 
 struct PassoSchema {
   int numero = 0;
@@ -23,9 +19,9 @@ struct PassoSchema {
 /// double.
 Esito<std::vector<PassoSchema>> LeggiPassi(const std::filesystem::path& cartella);
 
-/// Runs the steps after `daPasso` on the main database of a connection and writes the last one's
-/// number; the caller holds the transaction. Throws ErroreArchivio, naming `file` and the step.
-void EseguiPassi(sqlite3* connessione, const std::vector<PassoSchema>& passi, int daPasso,
-                 const std::filesystem::path& file);
+/// Runs the steps after `daPasso` on a database, the only one of its connection, and writes the
+/// last one's number; the caller holds the transaction. Throws ErroreArchivio, naming the step.
+void EseguiPassi(engine::Connessione& connessione, const std::string& base,
+                 const std::vector<PassoSchema>& passi, int daPasso);
 
 }  // namespace fenalto

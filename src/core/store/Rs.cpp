@@ -1,7 +1,5 @@
 #include "core/store/Rs.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -32,16 +30,13 @@ Rs::Interno::~Interno() {
 void Rs::Interno::Esegui() {
   LegaLetterali(preparata.Motore(), piano->istr, forma, testo);
   dati->nucleo->PrimaDiEseguire();
-  rigaPronta = dati->nucleo->PrimoPasso(preparata, *dati);
+  rigaPronta = dati->nucleo->PrimoPasso(preparata);
   LeggiPezzo(kPezzo);
 }
 
 void Rs::Interno::LeggiPezzo(std::size_t quante) {
   try {
-    while (rigaPronta && quante-- > 0) {
-      righe.Accoda(preparata.Motore());
-      rigaPronta = dati->nucleo->Passo(preparata, *dati);
-    }
+    if (rigaPronta) rigaPronta = preparata.Motore().Leggi(righe, quante);
   } catch (...) {
     Interrompi();
     throw;
@@ -93,7 +88,7 @@ void Rs::Interno::Avanza() {
   scartate = true;
   pos = 0;
   if (rigaPronta && ++pezzi % kPezziTenuti == 0) {
-    sqlite3_db_release_memory(sqlite3_db_handle(preparata.Motore()));
+    preparata.Motore().LasciaMemoria();
   }
   LeggiPezzo(kPezzo);
 }
@@ -106,11 +101,12 @@ void Rs::Interno::VersoPrima() {
 std::int64_t Rs::Interno::Conta() {
   if (rigaPronta && righe.Numero() < kDaContare) LeggiPezzo(kDaContare - righe.Numero());
   if (rigaPronta) {
-    const Preparata conteggio = dati->Prepara("SELECT count(*) FROM (" + piano->istr.sql + ")");
+    const Preparata conteggio =
+        dati->Prepara("SELECT count(*) FROM (" + piano->istr.sql + ") AS q");
     LegaLetterali(conteggio.Motore(), piano->istr, forma, testo);
     dati->nucleo->PrimaDiEseguire();
-    dati->nucleo->PrimoPasso(conteggio, *dati);
-    return sqlite3_column_int64(conteggio.Motore(), 0);
+    dati->nucleo->PrimoPasso(conteggio);
+    return conteggio.Motore().Campo(0, Tipo::Intero).Intero();
   }
   if (troncata || precedenti < 0) LeggiTutto();
   return precedenti + static_cast<std::int64_t>(righe.Numero());
@@ -243,7 +239,7 @@ bool Rs::FindFirst(std::string_view criterio) {
   const auto predicato = sql::Predicato::Leggi(criterio, interno_->piano->istr.colonne);
   if (!predicato) throw ErroreArchivio(Causa::Sql, predicato.Errore().Messaggio(criterio));
   interno_->LeggiTutto();
-  const RigheLette& righe = interno_->righe;
+  const engine::RigheLette& righe = interno_->righe;
   if (const auto& uguaglianze = predicato.Valore().Uguaglianze()) {
     const auto riga = interno_->indice.Prima(righe, *uguaglianze);
     if (riga) interno_->pos = *riga;

@@ -10,8 +10,8 @@
 
 #include "core/store/IndiceRicerca.h"
 #include "core/store/NucleoBasi.h"
-#include "core/store/RigheLette.h"
 #include "core/store/Rs.h"
+#include "core/store/engine/RigheLette.h"
 
 namespace fenalto {
 
@@ -71,7 +71,7 @@ struct Rs::Interno final : CursoreAperto {
   std::string testo;
   sql::Forma forma;
 
-  RigheLette righe;
+  engine::RigheLette righe;
   std::size_t pos = 0;
   std::size_t pezzi = 0;  ///< read since the pages were let go
   /// Rows before the first in memory have been let go; to go back the query runs again.

@@ -1,6 +1,4 @@
 // The part of a result set that changes rows.
-#include <sqlite3.h>
-
 #include <algorithm>
 
 #include "core/store/Rs.h"
@@ -11,6 +9,16 @@
 namespace fenalto {
 
 using Causa = ErroreArchivio::Causa;
+
+namespace {
+
+/// Statement for the row of the identity bound to it: the identity, then `campi`.
+Preparata LeggiDa(DatiArchivio& dati, const TabellaArchivio& tabella, const std::string& campi) {
+  return dati.Prepara("SELECT " + std::string(dati.Dialetto().Riga()) + campi + " FROM " +
+                      tabella.vista.nomeMotore + DoveRiga(dati.Dialetto(), 1));
+}
+
+}  // namespace
 
 const TabellaArchivio& Rs::Interno::Tabella() const {
   dati->Verifica();
@@ -24,18 +32,17 @@ const TabellaArchivio& Rs::Interno::Tabella() const {
 
 std::optional<std::vector<Valore>> Rs::Interno::LeggiChiave(std::int64_t identita) {
   const TabellaArchivio& tabella = Tabella();
-  std::string sql = "SELECT rowid";
-  for (const std::string& nome : tabella.vista.chiave) sql += ", " + Virgolettato(nome);
-  const Preparata lettura =
-      dati->Prepara(sql + " FROM " + tabella.vista.nomeMotore + " WHERE rowid = ?");
-  LegaValore(lettura.Motore(), 1, identita);
+  std::string campi;
+  for (const std::string& nome : tabella.vista.chiave) campi += ", " + dati->Dialetto().Nome(nome);
+  const Preparata lettura = LeggiDa(*dati, tabella, campi);
+  lettura.Motore().Lega(1, identita);
   dati->nucleo->PrimaDiEseguire();
-  if (!dati->nucleo->PrimoPasso(lettura, *dati)) return std::nullopt;
+  if (!dati->nucleo->PrimoPasso(lettura)) return std::nullopt;
   std::vector<Valore> chiave;
   for (std::size_t i = 0; i < tabella.vista.chiave.size(); ++i) {
     const sql::ColonnaCatalogo* colonna = tabella.vista.Colonna(tabella.vista.chiave[i]);
-    chiave.push_back(ValoreMotore(sqlite3_column_value(lettura.Motore(), static_cast<int>(i) + 1),
-                                  colonna != nullptr ? colonna->tipo : Tipo::Testo));
+    chiave.push_back(lettura.Motore().Campo(static_cast<int>(i) + 1,
+                                            colonna != nullptr ? colonna->tipo : Tipo::Testo));
   }
   return chiave;
 }
@@ -75,18 +82,18 @@ std::optional<std::vector<Valore>> Rs::Interno::Rileggi(std::int64_t identita) {
     sql += c == 0 ? "c" : ",c";
     sql += std::to_string(c);
   }
-  sql += ") AS (" + piano->istr.sql + ") SELECT * FROM q WHERE c" + std::to_string(ultima) +
-         " = ?" + std::to_string(piano->istr.parametri.size() + 1);
+  const std::size_t parametro = piano->istr.parametri.size() + 1;
+  sql += ") AS (" + piano->istr.sql + ") SELECT * FROM q WHERE c" + std::to_string(ultima) + " = ";
+  dati->Dialetto().Parametro(sql, parametro);
   const Preparata lettura = dati->Prepara(sql);
   LegaLetterali(lettura.Motore(), piano->istr, forma, testo);
-  LegaValore(lettura.Motore(), static_cast<int>(piano->istr.parametri.size()) + 1, identita);
+  lettura.Motore().Lega(static_cast<int>(parametro), identita);
   dati->nucleo->PrimaDiEseguire();
-  if (!dati->nucleo->PrimoPasso(lettura, *dati)) return RileggiDaTabella(identita);
+  if (!dati->nucleo->PrimoPasso(lettura)) return RileggiDaTabella(identita);
   std::vector<Valore> valori;
   valori.reserve(ultima);
   for (std::size_t c = 0; c < ultima; ++c) {
-    valori.push_back(ValoreMotore(sqlite3_column_value(lettura.Motore(), static_cast<int>(c)),
-                                  piano->istr.colonne[c].tipo));
+    valori.push_back(lettura.Motore().Campo(static_cast<int>(c), piano->istr.colonne[c].tipo));
   }
   return valori;
 }
@@ -95,20 +102,19 @@ std::optional<std::vector<Valore>> Rs::Interno::Rileggi(std::int64_t identita) {
 std::optional<std::vector<Valore>> Rs::Interno::RileggiDaTabella(std::int64_t identita) {
   const TabellaArchivio& tabella = Tabella();
   const auto& colonne = piano->istr.colonne;
-  std::string sql = "SELECT rowid";
+  std::string campi;
   for (const sql::ColonnaUscita& colonna : colonne) {
-    sql += UgualeTesto(colonna.tabella, tabella.vista.nome) ? ", " + Virgolettato(colonna.colonna)
-                                                            : ", NULL";
+    campi += UgualeTesto(colonna.tabella, tabella.vista.nome)
+                 ? ", " + dati->Dialetto().Nome(colonna.colonna)
+                 : ", NULL";
   }
-  const Preparata lettura =
-      dati->Prepara(sql + " FROM " + tabella.vista.nomeMotore + " WHERE rowid = ?");
-  LegaValore(lettura.Motore(), 1, identita);
+  const Preparata lettura = LeggiDa(*dati, tabella, campi);
+  lettura.Motore().Lega(1, identita);
   dati->nucleo->PrimaDiEseguire();
-  if (!dati->nucleo->PrimoPasso(lettura, *dati)) return std::nullopt;
+  if (!dati->nucleo->PrimoPasso(lettura)) return std::nullopt;
   std::vector<Valore> valori;
   for (std::size_t c = 0; c < colonne.size(); ++c) {
-    valori.push_back(ValoreMotore(sqlite3_column_value(lettura.Motore(), static_cast<int>(c) + 1),
-                                  colonne[c].tipo));
+    valori.push_back(lettura.Motore().Campo(static_cast<int>(c) + 1, colonne[c].tipo));
   }
   return valori;
 }

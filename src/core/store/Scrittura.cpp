@@ -1,7 +1,5 @@
 #include "core/store/Scrittura.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <stdexcept>
 
@@ -32,6 +30,12 @@ Valore PerColonna(const TabellaArchivio& tabella, std::size_t colonna, const Val
                                        tabella.vista.nome + "." + dati.nome);
 }
 
+std::string DoveRiga(const sql::Dialetto& dialetto, std::size_t parametro) {
+  std::string dove = " WHERE " + std::string(dialetto.Riga()) + " = ";
+  dialetto.Parametro(dove, parametro);
+  return dove;
+}
+
 std::int64_t InserisciRiga(DatiArchivio& archivio, const TabellaArchivio& tabella,
                            const std::vector<CampoScritto>& campi) {
   std::vector<CampoScritto> tutti = campi;
@@ -43,46 +47,52 @@ std::int64_t InserisciRiga(DatiArchivio& archivio, const TabellaArchivio& tabell
       tutti.emplace_back(i, Valore::Vuoto(colonne[i].tipo));
     }
   }
+  const sql::Dialetto& dialetto = archivio.Dialetto();
   std::string nomi;
   std::string segnaposti;
   for (std::size_t i = 0; i < tutti.size(); ++i) {
-    nomi += i == 0 ? "" : ",";
-    nomi += Virgolettato(colonne[tutti[i].first].nome);
-    segnaposti += i == 0 ? "?" : ",?";
+    if (i > 0) {
+      nomi += ',';
+      segnaposti += ',';
+    }
+    nomi += dialetto.Nome(colonne[tutti[i].first].nome);
+    dialetto.Parametro(segnaposti, i + 1);
   }
   const std::string sql =
       "INSERT INTO " + tabella.vista.nomeMotore +
       (tutti.empty() ? " DEFAULT VALUES" : " (" + nomi + ") VALUES (" + segnaposti + ")");
   const Preparata preparata = archivio.Prepara(sql);
   for (std::size_t i = 0; i < tutti.size(); ++i) {
-    LegaValore(preparata.Motore(), static_cast<int>(i) + 1,
-               PerColonna(tabella, tutti[i].first, tutti[i].second));
+    preparata.Motore().Lega(static_cast<int>(i) + 1,
+                            PerColonna(tabella, tutti[i].first, tutti[i].second));
   }
   archivio.nucleo->EseguiAzione(preparata, archivio, tabella.vista.nome);
-  return sqlite3_last_insert_rowid(archivio.nucleo->Connessione());
+  return preparata.Motore().Aggiunta();
 }
 
 bool ModificaRiga(DatiArchivio& archivio, const TabellaArchivio& tabella,
                   const std::vector<CampoScritto>& campi, std::int64_t identita) {
+  const sql::Dialetto& dialetto = archivio.Dialetto();
   std::string sql = "UPDATE " + tabella.vista.nomeMotore + " SET ";
   for (std::size_t i = 0; i < campi.size(); ++i) {
     sql += i == 0 ? "" : ", ";
-    sql += Virgolettato(tabella.vista.colonne[campi[i].first].nome) + " = ?";
+    sql += dialetto.Nome(tabella.vista.colonne[campi[i].first].nome) + " = ";
+    dialetto.Parametro(sql, i + 1);
   }
-  sql += " WHERE rowid = ?";
+  sql += DoveRiga(dialetto, campi.size() + 1);
   const Preparata preparata = archivio.Prepara(sql);
   int parametro = 0;
   for (const auto& [colonna, valore] : campi) {
-    LegaValore(preparata.Motore(), ++parametro, PerColonna(tabella, colonna, valore));
+    preparata.Motore().Lega(++parametro, PerColonna(tabella, colonna, valore));
   }
-  LegaValore(preparata.Motore(), ++parametro, identita);
+  preparata.Motore().Lega(++parametro, identita);
   return archivio.nucleo->EseguiAzione(preparata, archivio, tabella.vista.nome) > 0;
 }
 
 bool EliminaRiga(DatiArchivio& archivio, const TabellaArchivio& tabella, std::int64_t identita) {
-  const Preparata preparata =
-      archivio.Prepara("DELETE FROM " + tabella.vista.nomeMotore + " WHERE rowid = ?");
-  LegaValore(preparata.Motore(), 1, identita);
+  const Preparata preparata = archivio.Prepara("DELETE FROM " + tabella.vista.nomeMotore +
+                                               DoveRiga(archivio.Dialetto(), 1));
+  preparata.Motore().Lega(1, identita);
   return archivio.nucleo->EseguiAzione(preparata, archivio, tabella.vista.nome) > 0;
 }
 

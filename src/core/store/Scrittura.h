@@ -20,6 +20,9 @@ std::size_t ColonnaScrivibile(const TabellaArchivio& tabella, std::string_view n
 /// has no Null. Throws ErroreArchivio when it can't be.
 Valore PerColonna(const TabellaArchivio& tabella, std::size_t colonna, const Valore& valore);
 
+/// " WHERE" of the row whose identity is bound to that parameter.
+std::string DoveRiga(const sql::Dialetto& dialetto, std::size_t parametro);
+
 /// Adds a row: columns not named take their default; returns its identity.
 std::int64_t InserisciRiga(DatiArchivio& archivio, const TabellaArchivio& tabella,
                            const std::vector<CampoScritto>& campi);

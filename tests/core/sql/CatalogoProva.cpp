@@ -3,7 +3,7 @@
 #include <map>
 #include <stdexcept>
 
-#include "core/sql/Motore.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::prova {
@@ -146,7 +146,7 @@ std::string Risposta::Testo() const {
 
 BancoProva::BancoProva(std::string_view catalogo) : catalogo_(catalogo) {
   if (sqlite3_open(":memory:", &connessione_) != SQLITE_OK) throw std::runtime_error("memoria");
-  sql::RegistraMotore(connessione_);
+  engine::sqlite::RegistraMotore(connessione_);
   Motore(catalogo_.Schema());
 }
 
@@ -214,7 +214,7 @@ Valore ValoreDi(sqlite3_stmt* istruzione, int i, Tipo tipo) {
 sqlite3_stmt* BancoProva::Prepara(std::string_view testo, const std::string& prefisso,
                                   Risposta& risposta) const {
   const auto forma = sql::FormaDi(testo);
-  auto tradotta = sql::Traduci(testo, catalogo_);
+  auto tradotta = sql::Traduci(testo, catalogo_, engine::sqlite::DialettoSqlite());
   if (!tradotta || !forma) {
     const sql::ErroreSql& e = tradotta ? forma.Errore() : tradotta.Errore();
     risposta.errore = e.motivo;

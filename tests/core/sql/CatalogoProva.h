@@ -17,6 +17,7 @@
 
 #include "core/sql/Catalogo.h"
 #include "core/sql/Traduttore.h"
+#include "core/store/engine/sqlite/DialettoSqlite.h"
 
 namespace fenalto::prova {
 

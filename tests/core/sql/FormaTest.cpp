@@ -65,7 +65,8 @@ TEST(Forma, UnaTraduzionePerTuttiIValori) {
   };
   for (const auto& [a, b] : coppie) {
     ASSERT_EQ(Chiave(a), Chiave(b));
-    EXPECT_EQ(sql::Traduci(a, catalogo).Valore().sql, sql::Traduci(b, catalogo).Valore().sql);
+    EXPECT_EQ(sql::Traduci(a, catalogo, engine::sqlite::DialettoSqlite()).Valore().sql,
+              sql::Traduci(b, catalogo, engine::sqlite::DialettoSqlite()).Valore().sql);
   }
 }
 
@@ -95,7 +96,7 @@ TEST(Uscita, ColonneOrigineERiga) {
        "Conti.Descrizione:Conti.Descrizione ", ""},
   };
   for (const Colonne& caso : casi) {
-    const auto tradotta = sql::Traduci(caso.testo, catalogo);
+    const auto tradotta = sql::Traduci(caso.testo, catalogo, engine::sqlite::DialettoSqlite());
     ASSERT_TRUE(tradotta.Riuscito()) << caso.testo << tradotta.Errore().motivo;
     std::string colonne;
     for (const sql::ColonnaUscita& c : tradotta.Valore().colonne) {
@@ -115,7 +116,8 @@ TEST(Uscita, IdentitaDelleRighe) {
 TEST(Uscita, TabelleLette) {
   const CatalogoProva catalogo{std::string_view(kCatalogo)};
   const auto tradotta =
-      sql::Traduci("SELECT * FROM zMovimenti WHERE Conto IN (SELECT Cod FROM conti)", catalogo);
+      sql::Traduci("SELECT * FROM zMovimenti WHERE Conto IN (SELECT Cod FROM conti)", catalogo,
+                   engine::sqlite::DialettoSqlite());
   EXPECT_EQ(tradotta.Valore().tabelle,
             (std::vector<std::string>{"Movimenti", "Articoli", "Conti"}));
 }

@@ -73,7 +73,7 @@ TEST(Rifiuti, DiconoDoveEPerche) {
     std::string testo = caso.testo;
     const std::size_t posizione = testo.find('@');
     testo.erase(posizione, 1);
-    const auto tradotta = sql::Traduci(testo, catalogo);
+    const auto tradotta = sql::Traduci(testo, catalogo, engine::sqlite::DialettoSqlite());
     ASSERT_FALSE(tradotta.Riuscito()) << testo << "\n" << tradotta.Valore().sql;
     EXPECT_THAT(tradotta.Errore().motivo, testing::HasSubstr(caso.motivo)) << testo;
     EXPECT_EQ(tradotta.Errore().posizione, posizione) << tradotta.Errore().Messaggio(testo);
@@ -116,7 +116,8 @@ TEST(Rifiuti, LAnnidamentoHaUnLimite) {
       ripeti("(", kTroppo),
   };
   for (const std::string& testo : testi) {
-    EXPECT_FALSE(sql::Traduci(testo, catalogo).Riuscito()) << testo.substr(0, 40);
+    EXPECT_FALSE(sql::Traduci(testo, catalogo, engine::sqlite::DialettoSqlite()).Riuscito())
+        << testo.substr(0, 40);
   }
   // Long is not deep.
   const BancoConti banco;
@@ -129,9 +130,10 @@ TEST(Rifiuti, LAnnidamentoHaUnLimite) {
 TEST(Rifiuti, IlMessaggioMostraIlPunto) {
   const CatalogoProva catalogo{std::string_view(kCatalogo)};
   const std::string testo = "SELECT Perché FROM Conti";
-  EXPECT_EQ(sql::Traduci(testo, catalogo).Errore().Messaggio(testo),
-            "SQL: non c'è nessun campo \"Perché\" in Conti (posizione 8)\n"
-            "SELECT  >>> Perché FROM Conti");
+  EXPECT_EQ(
+      sql::Traduci(testo, catalogo, engine::sqlite::DialettoSqlite()).Errore().Messaggio(testo),
+      "SQL: non c'è nessun campo \"Perché\" in Conti (posizione 8)\n"
+      "SELECT  >>> Perché FROM Conti");
 }
 
 }  // namespace

@@ -12,13 +12,15 @@
 #include <functional>
 #include <vector>
 
-#include "core/store/Blocchi.h"
 #include "core/store/ErroreArchivio.h"
+#include "core/store/engine/sqlite/BlocchiFile.h"
 
 namespace fenalto {
 namespace {
 
 namespace fs = std::filesystem;
+using engine::sqlite::BlocchiAffidabili;
+using engine::sqlite::BlocchiFile;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
@@ -70,7 +72,7 @@ class BlocchiTest : public ::testing::Test {
   }
   void TearDown() override { fs::remove_all(cartella); }
 
-  [[nodiscard]] Blocchi Stazione(const std::string& nome = "UFFICIO") const {
+  [[nodiscard]] BlocchiFile Stazione(const std::string& nome = "UFFICIO") const {
     return {file, nome, "MARIA"};
   }
 
@@ -79,9 +81,9 @@ class BlocchiTest : public ::testing::Test {
 };
 
 TEST_F(BlocchiTest, TwoProcessesExcludeEachOtherAndADeadHolderFrees) {
-  Blocchi qui = Stazione("CASSA");
+  BlocchiFile qui = Stazione("CASSA");
   std::optional<AltroProcesso> altro(std::in_place, [&] {
-    static Blocchi la = Stazione();
+    static BlocchiFile la = Stazione();
     static auto record = la.Record("Articoli", "2024/12");
     static auto tabella = la.Tabella("ARTICOLI", milliseconds(0));
     return record && tabella;
@@ -111,8 +113,8 @@ TEST_F(BlocchiTest, TwoProcessesExcludeEachOtherAndADeadHolderFrees) {
 }
 
 TEST_F(BlocchiTest, TwoWindowsOfOneProcessExcludeEachOther) {
-  Blocchi blocchi = Stazione();
-  Blocchi altri = Stazione("CASSA");
+  BlocchiFile blocchi = Stazione();
+  BlocchiFile altri = Stazione("CASSA");
   auto primo = blocchi.Record("Clienti", "0001");
   ASSERT_TRUE(primo);
   EXPECT_FALSE(blocchi.Record("Clienti", "0001"));
@@ -132,7 +134,7 @@ TEST_F(BlocchiTest, TwoWindowsOfOneProcessExcludeEachOther) {
 }
 
 TEST_F(BlocchiTest, KeysAreComparedWholeAndWithoutCase) {
-  Blocchi blocchi = Stazione();
+  BlocchiFile blocchi = Stazione();
   const std::string lunga(500, 'k');
   struct Caso {
     std::string tabella, chiave, altraTabella, altraChiave;
@@ -164,7 +166,7 @@ TEST_F(BlocchiTest, KeysAreComparedWholeAndWithoutCase) {
 }
 
 TEST_F(BlocchiTest, ManyKeysAtOnceEachWithItsHolder) {
-  Blocchi blocchi = Stazione();
+  BlocchiFile blocchi = Stazione();
   std::vector<Blocco> tenuti;
   for (int i = 0; i < 200; ++i) {
     auto preso = blocchi.Record("Articoli", "2024/" + std::to_string(i));
@@ -207,14 +209,14 @@ TEST_F(BlocchiTest, SpoiltFileNeverLetsTwoInAndIsUsableAgain) {
        }},
   };
   for (const Caso& caso : casi) {
-    Blocchi prima = Stazione();
+    BlocchiFile prima = Stazione();
     const auto record = prima.Record("Clienti", "0001");
     const auto tabella = prima.Tabella("ARTICOLI", milliseconds(0));
     ASSERT_TRUE(record && tabella) << caso.nome;
     caso.guasta();
     for (int volta = 0; volta < 2; ++volta) {
       // The second time the file was made anew by the station that came.
-      Blocchi dopo = Stazione("CASSA");
+      BlocchiFile dopo = Stazione("CASSA");
       EXPECT_FALSE(dopo.Record("Clienti", "0001")) << caso.nome;
       EXPECT_FALSE(dopo.Tabella("ARTICOLI", milliseconds(20))) << caso.nome;
       EXPECT_TRUE(dopo.ChiTiene("Clienti", "0001").has_value()) << caso.nome;
@@ -225,14 +227,14 @@ TEST_F(BlocchiTest, SpoiltFileNeverLetsTwoInAndIsUsableAgain) {
       EXPECT_EQ(chi->stazione, "CASSA") << caso.nome;
     }
   }
-  Blocchi infine = Stazione();
+  BlocchiFile infine = Stazione();
   EXPECT_TRUE(infine.Record("Clienti", "0001"));
   EXPECT_TRUE(infine.Tabella("ARTICOLI", milliseconds(0)));
 }
 
 TEST_F(BlocchiTest, WaitingIsBoundedAndTellsTheHolderOfNow) {
-  Blocchi primo = Stazione("UFFICIO");
-  Blocchi secondo = Stazione("CASSA");
+  BlocchiFile primo = Stazione("UFFICIO");
+  BlocchiFile secondo = Stazione("CASSA");
   auto tenuto = primo.Tabella("ARTICOLI", milliseconds(0));
   ASSERT_TRUE(tenuto);
   for (const int attesa : {0, 50, 300}) {
@@ -259,7 +261,7 @@ TEST_F(BlocchiTest, WaitingIsBoundedAndTellsTheHolderOfNow) {
 }
 
 TEST_F(BlocchiTest, WaitersComeInTheOrderTheyCame) {
-  Blocchi blocchi = Stazione();
+  BlocchiFile blocchi = Stazione();
   auto tenuto = blocchi.Tabella("ARTICOLI", milliseconds(0));
   ASSERT_TRUE(tenuto);
   std::array<int, 2> tubo{};
@@ -270,7 +272,7 @@ TEST_F(BlocchiTest, WaitersComeInTheOrderTheyCame) {
     const pid_t figlio = fork();
     if (figlio == 0) {
       // The parent's lock came along as a copy of its descriptor; the parent unlocks it expressly.
-      Blocchi propri = Stazione();
+      BlocchiFile propri = Stazione();
       const auto preso = propri.Tabella("ARTICOLI", milliseconds(20'000));
       const char chi = static_cast<char>(preso ? 'a' + i : '!');
       (void)!write(tubo[1], &chi, 1);
@@ -302,7 +304,7 @@ TEST_F(BlocchiTest, FourProcessesTakeTurnsAndNoneStarves) {
   ASSERT_EQ(pipe(tubo.data()), 0);
   for (int i = 0; i < kProcessi; ++i) {
     if (fork() != 0) continue;
-    Blocchi blocchi = Stazione();
+    BlocchiFile blocchi = Stazione();
     std::int64_t massimo = 0;
     for (int volta = 0; volta < kVolte; ++volta) {
       const auto inizio = steady_clock::now();
@@ -341,7 +343,7 @@ TEST_F(BlocchiTest, FourProcessesTakeTurnsAndNoneStarves) {
 }
 
 TEST_F(BlocchiTest, CostOfAFreeLock) {
-  Blocchi blocchi = Stazione();
+  BlocchiFile blocchi = Stazione();
   constexpr int kVolte = 2'000;
   const auto inizio = steady_clock::now();
   for (int i = 0; i < kVolte; ++i) ASSERT_TRUE(blocchi.Tabella("ARTICOLI", milliseconds(0)));
@@ -353,7 +355,7 @@ TEST_F(BlocchiTest, CostOfAFreeLock) {
 TEST_F(BlocchiTest, FolderThatCannotBeWrittenIsToldAtOnce) {
   std::string messaggio;
   try {
-    const Blocchi blocchi(cartella / "manca" / "Cont32.blocchi", "UFFICIO", "MARIA");
+    const BlocchiFile blocchi(cartella / "manca" / "Cont32.blocchi", "UFFICIO", "MARIA");
   } catch (const ErroreArchivio& errore) {
     messaggio = errore.what();
   }

@@ -5,8 +5,7 @@
 
 #include <fstream>
 
-#include "core/store/ErroriMotore.h"
-#include "core/store/NucleoBasi.h"
+#include "core/store/engine/sqlite/ConnessioneSqlite.h"
 
 namespace fenalto::prova {
 
@@ -116,8 +115,8 @@ void DittaDiProva::Causali(BasiDati& basi, int quante) {
 }
 
 void DittaDiProva::Motore(const fs::path& file, const std::string& sql) {
-  sqlite3* connessione = ApriConnessione(file, "", true);
-  EseguiMotore(connessione, sql, file);
+  sqlite3* connessione = engine::sqlite::ApriConnessione(file, "", true);
+  engine::sqlite::EseguiMotore(connessione, sql, file);
   sqlite3_close(connessione);
 }
 

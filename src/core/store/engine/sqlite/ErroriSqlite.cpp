@@ -1,10 +1,10 @@
-#include "core/store/ErroriMotore.h"
+#include "core/store/engine/sqlite/ErroriSqlite.h"
 
 #include <sqlite3.h>
 
 #include <string>
 
-namespace fenalto {
+namespace fenalto::engine::sqlite {
 namespace {
 
 using Causa = ErroreArchivio::Causa;
@@ -93,4 +93,4 @@ ErroreArchivio ErroreMotore(sqlite3* connessione, int codice, const std::filesys
   }
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::engine::sqlite

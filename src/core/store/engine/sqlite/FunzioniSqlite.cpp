@@ -1,4 +1,4 @@
-#include "core/sql/Motore.h"
+#include "core/store/engine/sqlite/FunzioniSqlite.h"
 
 #include <sqlite3.h>
 
@@ -11,11 +11,16 @@
 #include <vector>
 
 #include "core/sql/Funzioni.h"
+#include "core/store/engine/sqlite/DialettoSqlite.h"
 #include "core/values/Testo.h"
 
-namespace fenalto::sql {
+namespace fenalto::engine::sqlite {
 
 namespace {
+
+using sql::Cella;
+using sql::Deposito;
+using sql::Fn;
 
 constexpr int kPura = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 constexpr int kArgomentiMassimi = 3;
@@ -79,7 +84,7 @@ void Chiama(sqlite3_context* contesto, int n, sqlite3_value** valori) {
     Cella* argomenti = molti.empty() ? pochi.data() : molti.data();
     for (int i = 0; i < n; ++i) argomenti[i] = CellaDi(valori[i]);
     Deposito deposito;
-    Rispondi(contesto, Calcola(funzione, {argomenti, static_cast<std::size_t>(n)}, deposito));
+    Rispondi(contesto, sql::Calcola(funzione, {argomenti, static_cast<std::size_t>(n)}, deposito));
   });
 }
 
@@ -109,7 +114,7 @@ void MediaPasso(sqlite3_context* contesto, int, sqlite3_value** valori) {
 void MediaFine(sqlite3_context* contesto) {
   const auto* media = static_cast<const Media*>(sqlite3_aggregate_context(contesto, 0));
   if (media == nullptr || media->conta == 0) return sqlite3_result_null(contesto);
-  sqlite3_result_int64(contesto, MediaImporti(media->Somma(), media->conta));
+  sqlite3_result_int64(contesto, sql::MediaImporti(media->Somma(), media->conta));
 }
 
 struct Estremo {
@@ -156,14 +161,14 @@ void Cerca(sqlite3_context* contesto, int, sqlite3_value** valori) {
 
 template <Fn funzione>
 constexpr auto Chiamata() {
-  if constexpr (funzione == Fn::InRicerca) return Cerca<InRicerca>;
-  if constexpr (funzione == Fn::IniziaRicerca) return Cerca<IniziaRicerca>;
+  if constexpr (funzione == Fn::InRicerca) return Cerca<fenalto::InRicerca>;
+  if constexpr (funzione == Fn::IniziaRicerca) return Cerca<fenalto::IniziaRicerca>;
   return Chiama<funzione>;
 }
 
 template <Fn funzione>
 void Registra(sqlite3* connessione) {
-  const FunzioneMotore& f = Descrizione(funzione);
+  const sql::FunzioneMotore& f = sql::Descrizione(funzione);
   if (f.nome == nullptr) return;
   for (int n = f.argomentiMinimi; n <= f.argomentiMassimi; ++n) {
     Controlla(sqlite3_create_function_v2(connessione, f.nome, n, kPura, nullptr,
@@ -197,4 +202,4 @@ void RegistraMotore(sqlite3* connessione) {
   RegistraAggregato(connessione, "fen_ultimo", EstremoPasso<true>, EstremoFine);
 }
 
-}  // namespace fenalto::sql
+}  // namespace fenalto::engine::sqlite

@@ -1,33 +1,11 @@
-#include "core/store/RigheLette.h"
+#include "core/store/engine/RigheLette.h"
 
-#include <sqlite3.h>
-
-#include <bit>
 #include <cmath>
-#include <cstring>
 
-#include "core/store/ErroreArchivio.h"
 #include "core/values/Testo.h"
 
-namespace fenalto {
+namespace fenalto::engine {
 namespace {
-
-/// Whole number of the engine's value; a real (an average of amounts) goes to the nearest, ties to
-/// even.
-std::int64_t InteroDi(sqlite3_value* valore) {
-  if (sqlite3_value_type(valore) != SQLITE_FLOAT) return sqlite3_value_int64(valore);
-  const double reale = std::nearbyint(sqlite3_value_double(valore));
-  constexpr double kLimite = 9.2e18;
-  if (!(std::abs(reale) < kLimite)) throw FuoriCampo();
-  return static_cast<std::int64_t>(reale);
-}
-
-std::string_view TestoDi(sqlite3_value* valore) {
-  const auto* testo = reinterpret_cast<const char*>(sqlite3_value_text(valore));
-  return testo == nullptr
-             ? std::string_view()
-             : std::string_view(testo, static_cast<std::size_t>(sqlite3_value_bytes(valore)));
-}
 
 Data DataDi(std::int64_t giorni) {
   return Data::DaGiorni(static_cast<std::int32_t>(giorni));
@@ -49,39 +27,10 @@ std::size_t HashReale(double reale) {
 
 }  // namespace
 
-Valore ValoreMotore(sqlite3_value* valore, Tipo tipo) {
-  if (sqlite3_value_type(valore) == SQLITE_NULL) return {};
-  switch (tipo) {
-    case Tipo::Booleano:
-      return sqlite3_value_double(valore) != 0;
-    case Tipo::Intero:
-      return InteroDi(valore);
-    case Tipo::Importo:
-      return Importo::DaDecimillesimi(InteroDi(valore));
-    case Tipo::Reale:
-      return sqlite3_value_double(valore);
-    case Tipo::Data:
-      return DataDi(InteroDi(valore));
-    default:
-      return std::string(TestoDi(valore));
-  }
-}
-
 void RigheLette::Prepara(const std::vector<sql::ColonnaUscita>& colonne, bool conIdentita) {
   colonne_ = &colonne;
   conIdentita_ = conIdentita;
   larghezza_ = colonne.size() + (conIdentita ? 1 : 0);
-}
-
-void RigheLette::ScriviTesto(std::uint64_t& cella, std::string_view testo) {
-  const auto lunghezza = static_cast<std::uint32_t>(testo.size());
-  const std::size_t posto = testi_.size();
-  cella = posto;
-  testi_.resize(posto + sizeof lunghezza + testo.size());
-  std::memcpy(testi_.data() + posto, &lunghezza, sizeof lunghezza);
-  if (!testo.empty()) {
-    std::memcpy(testi_.data() + posto + sizeof lunghezza, testo.data(), testo.size());
-  }
 }
 
 std::string_view RigheLette::Testo(std::uint64_t posto) const {
@@ -90,40 +39,17 @@ std::string_view RigheLette::Testo(std::uint64_t posto) const {
   return {testi_.data() + posto + sizeof lunghezza, lunghezza};
 }
 
-void RigheLette::Accoda(sqlite3_stmt* istruzione) {
-  const std::size_t inizio = righe_ * larghezza_;
-  if (celle_.capacity() < inizio + larghezza_) {
+void RigheLette::ApriRiga() {
+  aperta_ = righe_ * larghezza_;
+  if (celle_.capacity() < aperta_ + larghezza_) {
     const std::size_t posti = larghezza_ * (righe_ == 0 ? 4 : righe_ * 2);
     celle_.reserve(posti);
     presenti_.reserve(posti);
     if (righe_ == 0) testi_.reserve(larghezza_ * 32);
   }
-  celle_.resize(inizio + larghezza_);
-  presenti_.resize(inizio + larghezza_);
-  for (std::size_t c = 0; c < larghezza_; ++c) {
-    // One call that locks nothing further: the accessors by value cost half of those by column.
-    sqlite3_value* valore = sqlite3_column_value(istruzione, static_cast<int>(c));
-    const int genere = sqlite3_value_type(valore);
-    std::uint64_t& cella = celle_[inizio + c];
-    presenti_[inizio + c] = genere != SQLITE_NULL ? 1 : 0;
-    if (genere == SQLITE_NULL) continue;
-    switch (c < colonne_->size() ? (*colonne_)[c].tipo : Tipo::Intero) {
-      case Tipo::Testo:
-      case Tipo::Nullo:
-        ScriviTesto(cella, TestoDi(valore));
-        break;
-      case Tipo::Reale:
-        cella = std::bit_cast<std::uint64_t>(sqlite3_value_double(valore));
-        break;
-      case Tipo::Booleano:
-        cella = sqlite3_value_double(valore) != 0 ? 1 : 0;
-        break;
-      default:
-        cella = static_cast<std::uint64_t>(genere == SQLITE_INTEGER ? sqlite3_value_int64(valore)
-                                                                    : InteroDi(valore));
-    }
-  }
-  ++righe_;
+  celle_.resize(aperta_ + larghezza_);
+  presenti_.resize(aperta_);
+  presenti_.resize(aperta_ + larghezza_);
 }
 
 void RigheLette::Scrivi(std::size_t cella, Tipo tipo, const Valore& valore) {
@@ -147,7 +73,7 @@ void RigheLette::Scrivi(std::size_t cella, Tipo tipo, const Valore& valore) {
       posto = static_cast<std::uint64_t>(static_cast<std::int64_t>(valore.Data().Giorni()));
       break;
     default:
-      ScriviTesto(posto, valore.Testo());
+      PoniTesto(posto, valore.Testo());
   }
 }
 
@@ -253,4 +179,4 @@ std::size_t HashValore(const Valore& valore) {
   return 0;
 }
 
-}  // namespace fenalto
+}  // namespace fenalto::engine
