@@ -15,6 +15,7 @@
 #include "core/session/Ambiente.h"
 #include "core/session/Rifiuto.h"
 #include "core/session/Scheda.h"
+#include "core/values/Rinvio.h"
 
 namespace fenalto::archives {
 
@@ -27,8 +28,8 @@ struct ContestoArchivio {
   std::string codicePrima;
   /// Where prints go; null outside a window.
   reports::FabbricaUscite* uscite = nullptr;
-  /// Opens a function on a code ("MovimentiConto", "P|100.010"); does nothing outside a window.
-  std::function<void(const std::string& finestra, const std::string& codice)> apri = {};
+  /// Goes where a reference leads; null outside a window.
+  std::function<void(const Rinvio&)> apri = {};
   /// Set by a rule of a field that was left: the control that takes the focus (back).
   std::string foco = {};
 

@@ -200,12 +200,12 @@ std::vector<std::string> MostraSaldo(archives::ContestoArchivio& contesto) {
 
 std::vector<std::string> MostraMovimenti(archives::ContestoArchivio& contesto) {
   if (contesto.nuovo) return {"conto non ancora registrato"};
-  if (contesto.apri) contesto.apri("MovimentiConto", "P|" + contesto.codicePrima);
+  if (contesto.apri) contesto.apri(AlConto("P", contesto.codicePrima));
   return {};
 }
 
 std::vector<std::string> MostraPiano(archives::ContestoArchivio& contesto) {
-  if (contesto.apri) contesto.apri("VisPdc", "");
+  if (contesto.apri) contesto.apri({.funzione = "VisPdc"});
   return {};
 }
 

@@ -10,14 +10,6 @@ QString Nome(const char* nome) {
   return QString::fromLatin1(nome);
 }
 
-CampoCodice* ConArchivio(CampoCodice* campo, Finestre& finestre) {
-  QObject::connect(campo, &CampoCodice::EventoLibero, campo,
-                   [&finestre](const QString& tabella, const QString& codice) {
-                     finestre.ApreFormDaEvLibero(tabella, codice);
-                   });
-  return campo;
-}
-
 std::shared_ptr<FonteCodici> Fonte(Finestre& finestre, const char* archivio, const char* tabella,
                                    const char* descrizione) {
   Ambiente& sessione = finestre.Sessione();
@@ -29,15 +21,12 @@ std::shared_ptr<FonteCodici> Fonte(Finestre& finestre, const char* archivio, con
 }  // namespace
 
 CampoCodice* CampoConto(const char* nome, Finestre& finestre) {
-  return ConArchivio(new CampoCodice(Nome(nome), TabellaDiClasse("P"),
-                                     FonteContropartite(finestre.Sessione(), "P")),
-                     finestre);
+  return new CampoCodice(Nome(nome), TabellaDiClasse("P"),
+                         FonteContropartite(finestre.Sessione(), "P"));
 }
 
 CampoCodice* CampoCausale(const char* nome, Finestre& finestre) {
-  return ConArchivio(
-      new CampoCodice(Nome(nome), QStringLiteral("CAUSALI"), FonteCausali(finestre.Sessione())),
-      finestre);
+  return new CampoCodice(Nome(nome), QStringLiteral("CAUSALI"), FonteCausali(finestre.Sessione()));
 }
 
 CampoCodice* CampoTipo(const char* nome, Finestre& finestre) {
@@ -46,15 +35,13 @@ CampoCodice* CampoTipo(const char* nome, Finestre& finestre) {
 }
 
 CampoCodice* CampoPagamento(const char* nome, Finestre& finestre) {
-  return ConArchivio(new CampoCodice(Nome(nome), QStringLiteral("CODICIPAGAMENTO"),
-                                     Fonte(finestre, "tessarc", "Pagamento", "Descrizione")),
-                     finestre);
+  return new CampoCodice(Nome(nome), QStringLiteral("CODICIPAGAMENTO"),
+                         Fonte(finestre, "tessarc", "Pagamento", "Descrizione"));
 }
 
 CampoCodice* CampoBanca(const char* nome, Finestre& finestre) {
-  return ConArchivio(new CampoCodice(Nome(nome), QStringLiteral("BANCHE"),
-                                     Fonte(finestre, "scadenzario", "Banche", "Nome")),
-                     finestre);
+  return new CampoCodice(Nome(nome), QStringLiteral("BANCHE"),
+                         Fonte(finestre, "scadenzario", "Banche", "Nome"));
 }
 
 }  // namespace fenalto::screens

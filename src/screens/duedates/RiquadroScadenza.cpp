@@ -200,10 +200,6 @@ QWidget* RiquadroScadenza::CreaPiede() {
 }
 
 void RiquadroScadenza::Collega() {
-  connect(conto_, &CampoCodice::EventoLibero, this,
-          [this](const QString& tabella, const QString& codice) {
-            finestre_.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(legatura_, &Legatura::Lasciato, this, [this](const QString& campo, bool cambiato) {
     if (cambiato && campo == QStringLiteral("CFP")) ClasseScelta();
   });

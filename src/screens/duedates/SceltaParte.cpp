@@ -48,10 +48,6 @@ SceltaParte::SceltaParte(Finestre& finestre, const QString& vuota, QWidget* geni
   riga->addWidget(classe_);
   riga->addWidget(ConDescrizione(codice_, kCifreCodice), 1);
   connect(classe_, &QComboBox::currentIndexChanged, this, &SceltaParte::CambiaClasse);
-  connect(codice_, &CampoCodice::EventoLibero, this,
-          [this](const QString& tabella, const QString& codice) {
-            finestre_.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(codice_, &CampoCodice::Scelto, this, &SceltaParte::Lasciata);
   connect(codice_, &QLineEdit::editingFinished, this, &SceltaParte::Lasciata);
 }

@@ -182,10 +182,6 @@ CampoCodice* FinestraBilancioVerifica::Interno::CreaCodice(const char* nome, con
   campo->Etichetta()->setObjectName(QString::fromLatin1(nome) + QStringLiteral("Descrizione"));
   LargoCaratteri(campo, kCifreCodice);
   legatura->Lega(campo);
-  connect(campo, &CampoCodice::EventoLibero, &finestra,
-          [this](const QString& archivio, const QString& codice) {
-            gestore.ApreFormDaEvLibero(archivio, codice);
-          });
   return campo;
 }
 

@@ -83,10 +83,6 @@ QHBoxLayout* FinestraMovimentiConto::Interno::CreaSelettore() {
   auto* apri = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel codice"));
   auto* esporta = Pulsante(QStringLiteral("XlsEsp"), tr("Esporto in Excel"));
   connect(cfp, &QComboBox::currentIndexChanged, &finestra, [this] { CambiaClasse(); });
-  connect(conto, &CampoCodice::EventoLibero, &finestra,
-          [this](const QString& tabella, const QString& codice) {
-            gestore.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(apri, &QPushButton::clicked, &finestra, [this] { Carica(); });
   connect(esporta, &QPushButton::clicked, &finestra, [this] { finestra.Esporta(*griglia); });
   AssegnaMnemoniche({apri, esporta});
@@ -139,10 +135,8 @@ void FinestraMovimentiConto::Interno::Carica() {
 
 void FinestraMovimentiConto::Interno::VediRegistrazione(int riga) {
   const auto& valori = griglia->Modello().Riga(riga);
-  // Copied first: the main window may close this one.
-  const auto numero = valori[kColonnaArticolo].Intero();
-  const auto anno = static_cast<int>(valori[kColonnaAnno].Intero());
-  gestore.VediRegistrazione(numero, anno);
+  gestore.Segui(AllaRegistrazione(static_cast<int>(valori[kColonnaAnno].Intero()),
+                                  valori[kColonnaArticolo].Intero()));
 }
 
 FinestraMovimentiConto::FinestraMovimentiConto(Finestre& finestre)
@@ -155,13 +149,10 @@ FinestraMovimentiConto::~FinestraMovimentiConto() {
   hide();
 }
 
-void FinestraMovimentiConto::ApriCodice(const QString& codice) {
-  const auto barra = codice.indexOf(QLatin1Char('|'));
-  if (barra > 0) {
-    const int classe = interno_->cfp->findData(codice.left(barra).toUpper());
-    if (classe >= 0) interno_->cfp->setCurrentIndex(classe);
-  }
-  interno_->conto->Mostra(Valore(codice.mid(barra + 1).toStdString()));
+void FinestraMovimentiConto::ApriRecord(const Rinvio& rinvio) {
+  const int classe = interno_->cfp->findData(QString::fromStdString(rinvio.classe).toUpper());
+  if (classe >= 0) interno_->cfp->setCurrentIndex(classe);
+  interno_->conto->Mostra(Valore(rinvio.codice));
   interno_->Carica();
 }
 

@@ -162,10 +162,8 @@ void FinestraVisPdc::Interno::VaiA(const QString& codice) {
 
 void FinestraVisPdc::Interno::Apri(const QTreeWidgetItem* riga) {
   if (riga == nullptr) return;
-  // Copied first: the main window may close this one.
-  const QString archivio = riga->data(kCodice, kArchivio).toString();
-  const QString codice = riga->text(kCodice);
-  gestore.ApreFormDaEvLibero(archivio, codice);
+  gestore.Segui(AllArchivio(riga->data(kCodice, kArchivio).toString().toStdString(),
+                            riga->text(kCodice).toStdString()));
 }
 
 FinestraVisPdc::FinestraVisPdc(Finestre& finestre)
@@ -178,19 +176,15 @@ FinestraVisPdc::~FinestraVisPdc() {
   hide();
 }
 
-void FinestraVisPdc::ApriCodice(const QString& codice) {
-  if (codice.isEmpty()) {
-    // What was searched last time stays, to be typed over.
-    interno_->cerca->setFocus();
-    interno_->cerca->selectAll();
-    return;
-  }
+void FinestraVisPdc::ApriRecord(const Rinvio& rinvio) {
   interno_->cerca->clear();
-  interno_->VaiA(codice);
+  interno_->VaiA(QString::fromStdString(rinvio.codice));
 }
 
 void FinestraVisPdc::ApriScheda(int /*scheda*/) {
   interno_->Leggi();
+  interno_->cerca->setFocus();
+  interno_->cerca->selectAll();
 }
 
 void FinestraVisPdc::Aggiorna() {

@@ -44,7 +44,6 @@ RiquadroRiga::RiquadroRiga(ledger::Primanota& primanota, Finestre& finestre, QWi
   CreaCampi();
   Disponi();
   OrdineTab();
-  ApriTabelle({causale_, conto_, contoControp_, categoria_});
   connect(visSaldo_, &QPushButton::clicked, this, &RiquadroRiga::VisSaldo);
 }
 

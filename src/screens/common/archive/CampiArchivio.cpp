@@ -210,7 +210,6 @@ QWidget* CampiArchivio::CreaCodice(const archives::CampoArchivio& campo) {
   auto* codice = new CampoCodice(Qs(campo.nome), Qs(da.archivio), std::move(fonte));
   LargoCaratteri(codice, std::min(campo.caratteri > 0 ? campo.caratteri + 1 : kCaratteriCodice,
                                   kCaratteriMostrati));
-  connect(codice, &CampoCodice::EventoLibero, this, &CampiArchivio::EventoLibero);
   codici_.push_back(codice);
   return codice;
 }

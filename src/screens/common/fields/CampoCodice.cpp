@@ -163,7 +163,7 @@ void CampoCodice::keyPressEvent(QKeyEvent* evento) {
       if (elenco_ != nullptr && elenco_->isVisible()) elenco_->setCurrentRow(0);
       return;
     case Qt::Key_F3:
-      if (!tabella_.isEmpty()) emit EventoLibero(tabella_, text().trimmed());
+      ApriArchivio();
       return;
     case Qt::Key_Down:
     case Qt::Key_Up:
@@ -189,8 +189,17 @@ void CampoCodice::keyPressEvent(QKeyEvent* evento) {
 
 void CampoCodice::mouseDoubleClickEvent(QMouseEvent* evento) {
   QLineEdit::mouseDoubleClickEvent(evento);
-  if (!tabella_.isEmpty() && !text().trimmed().isEmpty()) {
-    emit EventoLibero(tabella_, text().trimmed());
+  if (!text().trimmed().isEmpty()) ApriArchivio();
+}
+
+void CampoCodice::ApriArchivio() {
+  if (tabella_.isEmpty()) return;
+  for (auto* sopra = parentWidget(); sopra != nullptr; sopra = sopra->parentWidget()) {
+    if (auto* seguace = dynamic_cast<SeguaceRinvii*>(sopra)) {
+      // The window may be closed by it, and this field with it.
+      seguace->Segui(AllArchivio(tabella_.toStdString(), text().trimmed().toStdString()));
+      return;
+    }
   }
 }
 

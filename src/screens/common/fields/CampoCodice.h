@@ -10,12 +10,20 @@
 #include <QLineEdit>
 #include <memory>
 
+#include "core/values/Rinvio.h"
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/FonteCodici.h"
 
 class QListWidget;
 
 namespace fenalto::screens {
+
+/// Who goes where a reference leads: what a code field looks for above itself.
+class SeguaceRinvii {
+ public:
+  virtual ~SeguaceRinvii() = default;
+  virtual void Segui(const Rinvio& rinvio) = 0;
+};
 
 class CampoCodice : public QLineEdit, public CampoValore {
   Q_OBJECT
@@ -39,8 +47,6 @@ class CampoCodice : public QLineEdit, public CampoValore {
  signals:
   /// The code was resolved.
   void Trovato(const QString& codice);
-  /// The user asks for the archive behind the code.
-  void EventoLibero(const QString& tabella, const QString& codice);
   /// An entry of the list was chosen.
   void Scelto(const QString& codice);
 
@@ -53,6 +59,8 @@ class CampoCodice : public QLineEdit, public CampoValore {
   void hideEvent(QHideEvent* evento) override;
 
  private:
+  /// Opens the archive behind the code, by the window that the field stands in.
+  void ApriArchivio();
   void Elenca(const QString& testo, bool tutto);
   void PrendiScelta();
   void ChiudiElenco();

@@ -80,10 +80,6 @@ CampoCodice* FinestraElencoParti::Interno::Codice(const char* nome, const QStrin
   auto* campo = new CampoCodice(QString::fromLatin1(nome), tabella, std::move(fonte));
   scheda.Aggiungi(nome, Tipo::Testo);
   legatura->Lega(campo);
-  connect(campo, &CampoCodice::EventoLibero, &finestra,
-          [this](const QString& archivio, const QString& codice) {
-            gestore.ApreFormDaEvLibero(archivio, codice);
-          });
   return campo;
 }
 

@@ -215,10 +215,6 @@ void FinestraEstrattoBanca::Interno::Collega() {
     connect(colonne[i], &QComboBox::currentIndexChanged, f,
             [this, i](int scelta) { CambiaColonna(i, scelta); });
   }
-  connect(contropartita, &CampoCodice::EventoLibero, f,
-          [this](const QString& tabella, const QString& codice) {
-            gestore.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(soloAperte, &QCheckBox::toggled, f, [this] { MostraLinee(); });
   connect(linee->selectionModel(), &QItemSelectionModel::currentRowChanged, f,
           [this] { MostraProposte(); });
@@ -429,9 +425,7 @@ void FinestraEstrattoBanca::Interno::VediScadenza() {
   const int scelta = possibili->RigaCorrente();
   if (scelta < 0 || scelta >= static_cast<int>(proposte.size())) return;
   const auto numero = proposte[static_cast<std::size_t>(scelta)].scadenze.front().numero;
-  if (auto* archivio = gestore.ApriFunzione(QStringLiteral("Scadenze"))) {
-    archivio->ApriCodice(QString::number(numero));
-  }
+  gestore.Segui(AlNumero("Scadenze", numero));
 }
 
 FinestraEstrattoBanca::FinestraEstrattoBanca(Finestre& finestre)

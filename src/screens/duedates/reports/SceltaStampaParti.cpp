@@ -72,10 +72,6 @@ CampoCodice* SceltaStampaParti::Codice(const char* nome) {
                                 FonteConti(finestre_.Sessione(), "C"));
   scheda_.Aggiungi(nome, Tipo::Testo);
   legatura_.Lega(campo);
-  connect(campo, &CampoCodice::EventoLibero, this,
-          [this](const QString& tabella, const QString& codice) {
-            finestre_.ApreFormDaEvLibero(tabella, codice);
-          });
   return campo;
 }
 

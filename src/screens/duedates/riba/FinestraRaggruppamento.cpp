@@ -133,10 +133,6 @@ void FinestraRaggruppamento::Interno::Collega() {
   };
   connect(cliente, &CampoCodice::Scelto, f, cambiato);
   connect(cliente, &QLineEdit::editingFinished, f, cambiato);
-  connect(cliente, &CampoCodice::EventoLibero, f,
-          [this](const QString& tabella, const QString& codice) {
-            gestore.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(stampa, &QPushButton::clicked, f, [this] { Stampa(); });
   connect(conferma, &QPushButton::clicked, f, [this] { Conferma(); });
   connect(esporta, &QPushButton::clicked, f, [this] { finestra.Esporta(*griglia); });

@@ -55,9 +55,6 @@ CampoCodice* PannelloOpzioni::Codice(const char* nome, const char* tabella,
   auto* campo =
       new CampoCodice(QString::fromLatin1(nome), QString::fromLatin1(tabella), std::move(fonte));
   LargoCaratteri(campo, kCaratteriCodice);
-  connect(campo, &CampoCodice::EventoLibero, this, [this](const QString& tab, const QString& cod) {
-    finestre_.ApreFormDaEvLibero(tab, cod);
-  });
   return campo;
 }
 

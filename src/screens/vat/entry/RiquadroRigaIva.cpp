@@ -28,7 +28,6 @@ RiquadroRigaIva::RiquadroRigaIva(vat::RegistrazioneIva& fatture, Finestre& fines
   CreaCampi();
   setLayout(DisponiCampi());
   OrdineTab();
-  ApriTabelle({conto_, codIva_, categoria_});
   connect(scorpora_, &QPushButton::clicked, this, &RiquadroRigaIva::Scorpora);
 }
 

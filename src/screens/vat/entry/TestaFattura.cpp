@@ -87,12 +87,6 @@ void TestaFattura::CreaCampi(Legatura& legatura) {
            dtIncasso_, pagamento_, descrizione_, ep_, variazione_}) {
     legatura.Lega(campo);
   }
-  for (auto* codice : {parte_, pagamento_}) {
-    connect(codice, &CampoCodice::EventoLibero, this,
-            [this](const QString& tabella, const QString& cod) {
-              finestre_.ApreFormDaEvLibero(tabella, cod);
-            });
-  }
 }
 
 QHBoxLayout* TestaFattura::DisponiNumeri() {

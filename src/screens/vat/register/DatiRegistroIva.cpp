@@ -176,9 +176,6 @@ CampoCodice* DatiRegistroIva::Codice(const char* nome, const char* tabella,
   auto* campo =
       new CampoCodice(QString::fromLatin1(nome), QString::fromLatin1(tabella), std::move(fonte));
   legatura.Lega(campo);
-  connect(campo, &CampoCodice::EventoLibero, this, [this](const QString& tab, const QString& cod) {
-    finestre.ApreFormDaEvLibero(tab, cod);
-  });
   return campo;
 }
 
