@@ -53,21 +53,12 @@ struct VoceScelta {
   std::string nome = {};  ///< object name of the radio button
 };
 
-/// Where a code field looks up.
-struct FonteCampo {
-  std::string chiave = "tessarc";  ///< database
-  std::string fonte = {};  ///< table, stored query or SELECT; a further condition in `filtro`
-  std::string campoDescrizione = "Descrizione";
-  std::string archivio = {};  ///< archive behind it in capitals ("CONTI"), empty for none
-  std::string filtro = {};
-};
-
 struct CampoArchivio {
   std::string nome;  ///< column (or extra field), and object name of the control
   std::string didascalia;
   int caratteri = 0;  ///< width shown; for texts also the greatest length. 0: from the type
   GenereCampo genere = GenereCampo::Auto;
-  FonteCampo fonte = {};
+  std::string fonte = {};  ///< of a code: a name of `Fonti` (core/archives/FonteCodici.h)
   std::vector<VoceScelta> scelte = {};  ///< radio buttons, or legend of a typed field
   std::string nota = {};                ///< a short text beside the field
   bool elenco = false;                  ///< a column of the list

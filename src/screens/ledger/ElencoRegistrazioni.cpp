@@ -17,7 +17,7 @@ constexpr int kTrovateMassime = 2'000;
 
 using RigheGriglia = std::vector<std::vector<Valore>>;
 
-RigheGriglia ComeRighe(const std::vector<ArticoloLetto>& letti) {
+RigheGriglia ComeRighe(const std::vector<ledger::ArticoloLetto>& letti) {
   RigheGriglia righe;
   righe.reserve(letti.size());
   for (const auto& letto : letti) {

@@ -5,8 +5,8 @@
 // typing never waits, however many they are.
 #pragma once
 
+#include "ledger/registrations/LettoreArticoli.h"
 #include "screens/common/lists/ElencoCercato.h"
-#include "screens/ledger/LettoreArticoli.h"
 
 namespace fenalto::screens {
 
@@ -23,8 +23,8 @@ class ElencoRegistrazioni : public ElencoCercato {
   void Prosegui();
   void DiTrovate();
 
-  LettoreArticoli lettore_;
-  RicercaArticoli ricerca_;
+  ledger::LettoreArticoli lettore_;
+  ledger::RicercaArticoli ricerca_;
   std::int64_t sotto_ = 0;  ///< where the search goes on: numbers below this one
 };
 

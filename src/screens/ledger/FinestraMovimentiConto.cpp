@@ -10,7 +10,6 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -48,8 +47,8 @@ FinestraMovimentiConto::Interno::Interno(FinestraMovimentiConto& finestraUsata,
     : finestra(finestraUsata),
       gestore(gestoreUsato),
       cfp(new QComboBox),
-      conto(new CampoCodice(QStringLiteral("Rt1"), TabellaDiClasse("P"),
-                            FonteConti(gestoreUsato.Sessione(), "P"))),
+      conto(new CampoCodice(QStringLiteral("Rt1"),
+                            archives::FonteConti(gestoreUsato.Sessione(), "P"))),
       totali(new QLabel),
       decimali(gestoreUsato.Sessione().Euro() ? 2 : 0) {
   griglia = new Griglia(QStringLiteral("GrigliaMovimenti"), finestra.Nome(),
@@ -97,7 +96,7 @@ QHBoxLayout* FinestraMovimentiConto::Interno::CreaSelettore() {
 }
 
 void FinestraMovimentiConto::Interno::CambiaClasse() {
-  conto->Fonte(FonteConti(gestore.Sessione(), Cfp()), TabellaDiClasse(Cfp()));
+  conto->Fonte(archives::FonteConti(gestore.Sessione(), Cfp()));
   conto->Mostra(Valore(std::string()));
   Carica();
 }

@@ -71,12 +71,14 @@ PaginaSceltaArchivio::PaginaSceltaArchivio(Ambiente& ambiente,
 void PaginaSceltaArchivio::CreaSelettore(const archives::DescrizioneArchivio& descrizione) {
   constexpr int kMinimi = 8;
   constexpr int kMassimi = 20;
-  auto fonte = std::make_shared<FonteTabella>(
-      [this, chiave = descrizione.chiave]() -> Archivio& { return ambiente_.ArchivioDi(chiave); },
-      descrizione.tabella, "Cod",
-      descrizione.campoDescrizione.empty() ? "Cod" : descrizione.campoDescrizione,
-      [filtro = descrizione.filtro] { return filtro; });
-  selettore_ = new CampoCodice(QStringLiteral("Rt1"), QString(), std::move(fonte));
+  auto fonte = archives::Fonte(
+      ambiente_,
+      {.nome = {},
+       .tabella = descrizione.tabella,
+       .condizione = descrizione.filtro,
+       .descrizione = descrizione.campoDescrizione.empty() ? "Cod" : descrizione.campoDescrizione,
+       .chiave = descrizione.chiave});
+  selettore_ = new CampoCodice(QStringLiteral("Rt1"), std::move(fonte));
   LargoCaratteri(selettore_, std::clamp(descrizione.caratteriCodice + 2, kMinimi, kMassimi));
   apri_ = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel codice"));
   nuovo_ = Pulsante(QStringLiteral("Nuovo"), tr("Nuovo"), tr("Ins"));

@@ -16,7 +16,6 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -102,8 +101,8 @@ FinestraEstrattoBanca::Interno::Interno(FinestraEstrattoBanca& finestraUsata,
       abbinamento(gestoreUsato.Sessione()),
       file(new CampoTesto(QStringLiteral("File"), nullptr, 4096)),
       sfoglia(Pulsante(QStringLiteral("Sfoglia"), tr("Sfoglia..."))),
-      contropartita(new CampoCodice(QStringLiteral("Contropartita"), TabellaDiClasse("P"),
-                                    FonteContropartite(gestoreUsato.Sessione(), "P"))),
+      contropartita(new CampoCodice(QStringLiteral("Contropartita"),
+                                    archives::FonteContropartite(gestoreUsato.Sessione(), "P"))),
       soloAperte(new QCheckBox(tr("solo i movimenti da abbinare"))),
       riepilogo(new QLabel),
       scartate(Pulsante(QStringLiteral("Scartate"), tr("Righe non lette"))),

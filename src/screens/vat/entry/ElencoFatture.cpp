@@ -67,7 +67,7 @@ void ElencoFatture::Ricarica() {
   const std::string condizione = lettore_.Interpreta(Cerca().text().toStdString(), classe_);
   Righe().horizontalHeader()->setSortIndicatorShown(false);
   Righe().Modello().Pagine([this, condizione](int da) {
-    if (da == 0) fino_ = LettoreFatture::kDallInizio;
+    if (da == 0) fino_ = vat::LettoreFatture::kDallInizio;
     std::vector<std::vector<Valore>> righe;
     for (const auto& letta : lettore_.Pagina(riva_, condizione, fino_, kPagina)) {
       righe.push_back({letta.nProt, letta.numDoc, letta.data, letta.conto, letta.descrConto,

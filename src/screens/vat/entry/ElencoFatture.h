@@ -5,7 +5,7 @@
 #pragma once
 
 #include "screens/common/lists/ElencoCercato.h"
-#include "screens/vat/entry/LettoreFatture.h"
+#include "vat/entry/LettoreFatture.h"
 
 class QPushButton;
 
@@ -28,12 +28,12 @@ class ElencoFatture : public ElencoCercato {
   void DiTrovate();
 
   Ambiente& ambiente_;
-  LettoreFatture lettore_;
+  vat::LettoreFatture lettore_;
   std::string riva_;
   std::string classe_;
   std::string titolo_;
   QPushButton* esporta_;
-  std::int64_t fino_ = LettoreFatture::kDallInizio;
+  std::int64_t fino_ = vat::LettoreFatture::kDallInizio;
 };
 
 }  // namespace fenalto::screens

@@ -14,7 +14,6 @@
 #include "screens/common/lists/SelettoreArticolo.h"
 #include "screens/common/windows/FunzioniCorrelate.h"
 #include "screens/vat/entry/ElencoFatture.h"
-#include "screens/vat/entry/FontiFatture.h"
 
 namespace fenalto::screens {
 namespace {
@@ -67,8 +66,8 @@ PaginaRegistro::PaginaRegistro(vat::RegistrazioneIva& fatture, Finestre& finestr
 
 QWidget* PaginaRegistro::CreaSopra() {
   constexpr int kCaratteriRegistro = 8;
-  registro_ =
-      new CampoCodice(QStringLiteral("RivaX"), QString(), FonteRegistri(finestre_.Sessione()));
+  registro_ = new CampoCodice(QStringLiteral("RivaX"),
+                              archives::Fonte(finestre_.Sessione(), "registri"), false);
   registro_->installEventFilter(this);
   connect(registro_, &CampoCodice::Scelto, this, &PaginaRegistro::ScegliRegistro);
   selettore_ = new SelettoreArticolo(

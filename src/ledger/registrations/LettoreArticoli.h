@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "screens/common/lists/RicercaRegistrazioni.h"
+#include "ledger/accounts/RicercaRegistrazioni.h"
 
-namespace fenalto::screens {
+namespace fenalto::ledger {
 
 struct ArticoloLetto {
   std::int64_t numero = 0;
@@ -51,4 +51,4 @@ class LettoreArticoli {
   DescrizioniConti descrizioni_;
 };
 
-}  // namespace fenalto::screens
+}  // namespace fenalto::ledger

@@ -1,11 +1,11 @@
-#include "screens/vat/entry/LettoreFatture.h"
+#include "vat/entry/LettoreFatture.h"
 
 #include <map>
 
 #include "core/sql/Criterio.h"
 #include "vat/postings/RigheIva.h"
 
-namespace fenalto::screens {
+namespace fenalto::vat {
 
 std::vector<FatturaLetta> LettoreFatture::Leggi(const std::string& condizione, int quante) {
   std::vector<FatturaLetta> lette;
@@ -42,7 +42,7 @@ void LettoreFatture::LeggiTotali(std::vector<FatturaLetta>& lette) {
   Rs righe = Tessarc().Recordset(
       "SELECT NumDoc, Imponibile, Iva, IvaInd FROM Movimenti WHERE " +
       sql::Criterio("Anno", "=", ambiente_.Anno()) + " AND NumDoc IN (" + numeri + ") AND " +
-      sql::Criterio("TipoRiga", "=", static_cast<int>(vat::TipoRigaIva::Imponibile)));
+      sql::Criterio("TipoRiga", "=", static_cast<int>(TipoRigaIva::Imponibile)));
   for (; !righe.Eof(); righe.MoveNext()) {
     totali[righe.Fields(0).Intero()] +=
         righe.Fields(1).Importo() + righe.Fields(2).Importo() + righe.Fields(3).Importo();
@@ -68,14 +68,14 @@ std::optional<FatturaLetta> LettoreFatture::Una(std::int64_t numDoc) {
 
 std::string LettoreFatture::Parti(const std::string& cercato, const std::string& classe) {
   std::string condizione;
-  for (const auto& [trovata, codici] : ContiCercati(Tessarc(), cercato, classe)) {
+  for (const auto& [trovata, codici] : ledger::ContiCercati(Tessarc(), cercato, classe)) {
     condizione += " OR (" + sql::Criterio("CFP", "=", trovata) + " AND Conto IN (" + codici + "))";
   }
   return condizione;
 }
 
 std::string LettoreFatture::Interpreta(const std::string& testo, const std::string& classe) {
-  const auto cercato = LeggiCercato(testo, ambiente_);
+  const auto cercato = ledger::LeggiCercato(testo, ambiente_);
   if (cercato.testo.empty()) return {};
   if (!cercato.data.Nulla()) {
     return sql::Criterio("Dt", "=", cercato.data) + " OR " +
@@ -89,4 +89,4 @@ std::string LettoreFatture::Interpreta(const std::string& testo, const std::stri
   return condizione + Parti(cercato.testo, classe);
 }
 
-}  // namespace fenalto::screens
+}  // namespace fenalto::vat

@@ -1,11 +1,11 @@
-#include "screens/ledger/LettoreArticoli.h"
+#include "ledger/registrations/LettoreArticoli.h"
 
 #include <algorithm>
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 
-namespace fenalto::screens {
+namespace fenalto::ledger {
 namespace {
 
 constexpr std::string_view kDiversi = "DIVERSI";
@@ -87,4 +87,4 @@ RicercaArticoli LettoreArticoli::Interpreta(const std::string& testo) {
   return ricerca;
 }
 
-}  // namespace fenalto::screens
+}  // namespace fenalto::ledger

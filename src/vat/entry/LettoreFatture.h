@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "screens/common/lists/RicercaRegistrazioni.h"
+#include "ledger/accounts/RicercaRegistrazioni.h"
 
-namespace fenalto::screens {
+namespace fenalto::vat {
 
 struct FatturaLetta {
   std::int64_t nProt = 0;
@@ -50,7 +50,7 @@ class LettoreFatture {
   Archivio& Tessarc() { return ambiente_.ArchivioDi("tessarc"); }
 
   Ambiente& ambiente_;
-  DescrizioniConti descrizioni_;
+  ledger::DescrizioniConti descrizioni_;
 };
 
-}  // namespace fenalto::screens
+}  // namespace fenalto::vat
