@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "core/archives/FonteElenco.h"
 #include "ledger/accounts/RicercaRegistrazioni.h"
 
 namespace fenalto::ledger {
@@ -19,36 +20,38 @@ struct ArticoloLetto {
   std::string avere;
 };
 
-/// What a line typed by the user looks for.
-struct RicercaArticoli {
-  std::string condizione;  ///< of the dialect; empty for all
-  /// An index answers; otherwise the registrations must be gone through, a stretch at a time.
-  bool immediata = true;
-  bool impossibile = false;  ///< nothing can meet it
-};
-
-class LettoreArticoli {
+/// Columns: number, date, debit, credit. A search looks for a number, a date, or an account of the
+/// head by code or by a part of its description.
+class LettoreArticoli : public archives::FonteElenco {
  public:
   explicit LettoreArticoli(Ambiente& ambiente) : ambiente_(ambiente), descrizioni_(ambiente) {}
 
-  /// Registrations with a number below `sotto` and above `oltre`, at most `quante`.
-  std::vector<ArticoloLetto> Pagina(const RicercaArticoli& ricerca, std::int64_t sotto,
-                                    std::int64_t oltre, int quante);
-  std::optional<ArticoloLetto> Uno(std::int64_t numero);
-  /// One more than the highest number of the year.
-  std::int64_t Inizio();
-  /// A number, a date, or an account of the head by code or by a part of its description.
-  RicercaArticoli Interpreta(const std::string& testo);
-  /// Forgets the descriptions read so far.
-  void Dimentica() { descrizioni_.Dimentica(); }
+  void Comincia(const archives::FiltroElenco& filtro) override;
+  Righe Avanti() override;
+  [[nodiscard]] bool Finita() const override { return sotto_ <= 1; }
+  [[nodiscard]] bool ATratti() const override { return !ricerca_.immediata; }
+  [[nodiscard]] std::int64_t Punto() const override { return sotto_; }
+  /// "15/03/2024   100.010  Cassa contanti  →  700.010  Vendite"; empty when there is none.
+  std::string Testo(std::int64_t numero);
 
  private:
+  struct Ricerca {
+    std::string condizione = {};  ///< of the store's language; empty for all
+    bool immediata = true;        ///< an index answers
+    bool impossibile = false;     ///< nothing can meet it
+  };
+  /// Registrations with a number below `sotto` and above `oltre`, at most `quante`.
+  std::vector<ArticoloLetto> Pagina(const Ricerca& ricerca, std::int64_t sotto, std::int64_t oltre,
+                                    int quante);
+  Ricerca Interpreta(const std::string& testo);
   std::string ConConto(const std::string& testo);
   std::string Descritto(const std::string& cfp, const std::string& conto);
   Archivio& Tessarc() { return ambiente_.ArchivioDi("tessarc"); }
 
   Ambiente& ambiente_;
   DescrizioniConti descrizioni_;
+  Ricerca ricerca_;
+  std::int64_t sotto_ = 0;  ///< where the reading goes on: numbers below this one
 };
 
 }  // namespace fenalto::ledger

@@ -3,12 +3,10 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
-#include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "core/archives/FonteElenco.h"
 #include "ledger/accounts/RicercaRegistrazioni.h"
 
 namespace fenalto::vat {
@@ -25,32 +23,38 @@ struct FatturaLetta {
   std::string riva;
 };
 
-class LettoreFatture {
+/// Columns: protocol, number, date, party and its name, number and date of the invoice, total. A
+/// search looks for a number (article, protocol, invoice), a date, an invoice number from its
+/// beginning, or a party of the class by code or by a part of its description.
+class LettoreFatture : public archives::FonteElenco {
  public:
-  static constexpr std::int64_t kDallInizio = std::numeric_limits<std::int32_t>::max();
-
   explicit LettoreFatture(Ambiente& ambiente) : ambiente_(ambiente), descrizioni_(ambiente) {}
 
-  /// Condition for what a line typed by the user looks for: a number (article, protocol, invoice),
-  /// a date, an invoice number from its beginning, a party of the class by code or by a part of its
-  /// description. Empty for an empty line.
-  std::string Interpreta(const std::string& testo, const std::string& classe);
-  /// Registrations of the register with an article number up to `fino`, at most `quante`.
-  std::vector<FatturaLetta> Pagina(const std::string& riva, const std::string& condizione,
-                                   std::int64_t fino, int quante);
-  /// The registration with that number, on whatever register.
-  std::optional<FatturaLetta> Una(std::int64_t numDoc);
-  /// Forgets the descriptions read so far.
-  void Dimentica() { descrizioni_.Dimentica(); }
+  /// Reads another register from the next `Comincia` on (none with an empty code); `classe` is that
+  /// of its parties. False when it is the same.
+  bool Registro(const std::string& riva, const std::string& classe);
+  void Comincia(const archives::FiltroElenco& filtro) override;
+  Righe Avanti() override;
+  [[nodiscard]] bool Finita() const override { return finita_; }
+  /// "registro 3 prot. 12   15/03/2024   122,00   9001  Rossi snc", on whatever register it stands;
+  /// empty when there is none.
+  std::string Testo(std::int64_t numDoc);
 
  private:
   std::vector<FatturaLetta> Leggi(const std::string& condizione, int quante);
   void LeggiTotali(std::vector<FatturaLetta>& lette);
-  std::string Parti(const std::string& cercato, const std::string& classe);
+  /// Condition for what was typed; empty for nothing.
+  std::string Interpreta(const std::string& testo);
+  std::string Parti(const std::string& cercato);
   Archivio& Tessarc() { return ambiente_.ArchivioDi("tessarc"); }
 
   Ambiente& ambiente_;
   ledger::DescrizioniConti descrizioni_;
+  std::string riva_;
+  std::string classe_;
+  std::string condizione_;
+  std::int64_t fino_ = 0;  ///< where the reading goes on: numbers up to this one
+  bool finita_ = false;
 };
 
 }  // namespace fenalto::vat
