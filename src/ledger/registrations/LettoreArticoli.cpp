@@ -30,9 +30,8 @@ std::string LettoreArticoli::Descritto(const std::string& cfp, const std::string
   return descrizione.empty() ? conto : conto + "  " + descrizione;
 }
 
-std::vector<ArticoloLetto> LettoreArticoli::Pagina(const Ricerca& ricerca,
-                                                   std::int64_t sotto, std::int64_t oltre,
-                                                   int quante) {
+std::vector<ArticoloLetto> LettoreArticoli::Pagina(const Ricerca& ricerca, std::int64_t sotto,
+                                                   std::int64_t oltre, int quante) {
   std::vector<ArticoloLetto> letti;
   if (ricerca.impossibile) return letti;
   std::string testo = "SELECT TOP " + std::to_string(quante) +

@@ -92,18 +92,19 @@ QWidget* PaginaScelta::CreaSelettore() {
 QGroupBox* PaginaScelta::CreaElenco() {
   auto* riquadro = new QGroupBox(tr("Registrazioni del %1").arg(finestre_.Sessione().Anno()));
   auto* colonna = new QVBoxLayout(riquadro);
-  elenco_ = new ElencoCercato({.finestra = QStringLiteral("Movimenti"),
-                               .griglia = QStringLiteral("ElencoArticoli"),
-                               .cerca = QStringLiteral("CercaArticoli"),
-                               .stato = QStringLiteral("StatoRicerca"),
-                               .segnaposto = tr("numero, data, oppure conto o parte della sua descrizione"),
-                               .colonne = {{tr("Numero"), Tipo::Intero, 70},
-                                           {tr("Data"), Tipo::Data, 90},
-                                           {tr("Dare"), Tipo::Testo, 240},
-                                           {tr("Avere"), Tipo::Testo, 240}},
-                               .testo = DiTrovate,
-                               .subito = true},
-                              lettore_);
+  elenco_ = new ElencoCercato(
+      {.finestra = QStringLiteral("Movimenti"),
+       .griglia = QStringLiteral("ElencoArticoli"),
+       .cerca = QStringLiteral("CercaArticoli"),
+       .stato = QStringLiteral("StatoRicerca"),
+       .segnaposto = tr("numero, data, oppure conto o parte della sua descrizione"),
+       .colonne = {{tr("Numero"), Tipo::Intero, 70},
+                   {tr("Data"), Tipo::Data, 90},
+                   {tr("Dare"), Tipo::Testo, 240},
+                   {tr("Avere"), Tipo::Testo, 240}},
+       .testo = DiTrovate,
+       .subito = true},
+      lettore_);
   colonna->addWidget(elenco_);
   connect(elenco_, &ElencoCercato::Indicato, this,
           [this](const QString& numero) { Seleziona(numero.toLongLong()); });

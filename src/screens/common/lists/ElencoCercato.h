@@ -39,7 +39,7 @@ struct FormaElenco {
   QString segnaposto;  ///< in the empty search line
   std::vector<ColonnaGriglia> colonne;
   std::function<QString(const Letti&)> testo;  ///< what `stato` tells
-  std::size_t chiave = 0;  ///< column of what tells a record from the others
+  std::size_t chiave = 0;                      ///< column of what tells a record from the others
   /// Searches at each key, instead of once the keys typed so far have been taken.
   bool subito = false;
   /// A click on a header reads the rest and sorts it.
