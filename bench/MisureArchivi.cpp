@@ -10,8 +10,8 @@
 #include "bench/GeneraParti.h"
 #include "bench/Nuda.h"
 #include "bench/Programma.h"
+#include "core/archives/FonteCodici.h"
 #include "core/store/engine/sqlite/FunzioniSqlite.h"
-#include "screens/common/fields/FonteCodici.h"
 #include "screens/common/windows/FinestraFunzione.h"
 
 namespace fenalto::banco {
@@ -122,11 +122,11 @@ Rapporto MisuraCerca(const OpzioniAmbiente& opzioni) {
       },
       CercaNuda(nuda, "Cod, ragsoc1, localita, Prov, telefono1, piva", kPagina));
 
-  auto& tessarc = programma.applicazione.Sessione().ArchivioDi("tessarc");
-  screens::FonteTabella fonte([&]() -> Archivio& { return tessarc; }, "Clienti", "Cod", "ragsoc1");
+  const auto fonte = archives::Fonte(programma.applicazione.Sessione(),
+                                     {.nome = {}, .tabella = "Clienti", .descrizione = "ragsoc1"});
   const Peggiori campo = MisuraBattute(
       [&](const std::string& testo) {
-        ultimo = static_cast<std::int64_t>(fonte.Cerca(testo, kVociCampo).size());
+        ultimo = static_cast<std::int64_t>(fonte->Cerca(testo, kVociCampo).size());
       },
       CercaNuda(nuda, "Cod, ragsoc1", kVociCampo));
   std::printf("# archivio-cerca: elenco %.1f ms a %.1f, campo %.1f ms a %.1f\n",

@@ -24,7 +24,7 @@ void UsaMovimenti(const OpzioniAmbiente& opzioni, const std::string& ditta) {
   auto* finestra = principale.ApriFunzione(QStringLiteral("Movimenti"));
   if (finestra == nullptr) throw std::runtime_error("Movimenti non si apre");
   for (const int numero : {5, 500, 50'000}) {
-    finestra->ApriCodice(QString::number(numero));
+    finestra->ApriRecord({.codice = std::to_string(numero)});
     QApplication::processEvents();
     principale.grab();
     finestra->Abbandona();

@@ -241,16 +241,13 @@ TEST_F(ArchiviPartiTest, IPulsantiApronoLaPartita) {
     const auto& movimenti = descrizione.pulsanti.front();
     ASSERT_EQ(movimenti.nome, "movimenti");
     archives::ArchivioCodici archivio(ambiente, descrizione);
-    std::vector<std::string> aperte;
-    archivio.Contesto().apri = [&](const std::string& finestra, const std::string& codice) {
-      aperte.push_back(finestra + " " + codice);
-    };
+    std::vector<Rinvio> aperte;
+    archivio.Contesto().apri = [&](const Rinvio& rinvio) { aperte.push_back(rinvio); };
     archivio.Inizia();
     EXPECT_FALSE(movimenti.azione(archivio.Contesto()).empty()) << "a new one has none to show";
     ASSERT_TRUE(archivio.Apri("0001"));
     movimenti.azione(archivio.Contesto());
-    EXPECT_THAT(aperte,
-                ElementsAre(std::string("MovimentiConto ") + descrizione.finestra[0] + "|0001"));
+    EXPECT_THAT(aperte, ElementsAre(AlConto(descrizione.finestra.substr(0, 1), "0001")));
   }
 }
 

@@ -283,14 +283,12 @@ TEST_F(PianoDeiContiTest, SaldoEMovimenti) {
             (std::vector<std::string>{"s.do iniz.       1.000,500",  //
                                       "     dare            0,000", "     avere         200,250",
                                       "     saldo         800,250"}));
-  std::string aperta;
-  conti.Contesto().apri = [&](const std::string& finestra, const std::string& codice) {
-    aperta = finestra + " " + codice;
-  };
+  Rinvio aperta;
+  conti.Contesto().apri = [&](const Rinvio& rinvio) { aperta = rinvio; };
   EXPECT_TRUE(Premi(conti, "movimenti").empty());
-  EXPECT_EQ(aperta, "MovimentiConto P|100.010");
+  EXPECT_EQ(aperta, AlConto("P", "100.010"));
   Premi(conti, "VisPdc");
-  EXPECT_EQ(aperta, "VisPdc ");
+  EXPECT_EQ(aperta, Rinvio{.funzione = "VisPdc"});
 }
 
 TEST_F(PianoDeiContiTest, Stampe) {

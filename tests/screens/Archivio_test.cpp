@@ -216,10 +216,10 @@ TEST_F(ArchivioTest, NienteDiScrittoSiPerdeSenzaDomanda) {
   EXPECT_TRUE(Aperto());
   EXPECT_EQ(Testo("Descrizione"), "a met");
   dialoghi.Rispondera("modifiche non confermate", Risposta::No);
-  finestra->ApriCodice(QStringLiteral("XB"));
+  finestra->ApriRecord({.codice = "XB"});
   EXPECT_EQ(Testo("Cod"), "XA");
   dialoghi.Rispondera("modifiche non confermate", Risposta::Si);
-  finestra->ApriCodice(QStringLiteral("XB"));
+  finestra->ApriRecord({.codice = "XB"});
   EXPECT_EQ(Testo("Cod"), "XB");
 
   // Another code chosen on the left: the list, the selector, a new one; one that isn't there.
@@ -239,7 +239,7 @@ TEST_F(ArchivioTest, NienteDiScrittoSiPerdeSenzaDomanda) {
   dialoghi.Rispondera("modifiche non confermate", Risposta::Si);
   ApriCodice("XA");
   EXPECT_EQ(Testo("Cod"), "XA");
-  finestra->ApriCodice(QStringLiteral("XB"));
+  finestra->ApriRecord({.codice = "XB"});
 
   // Given up from a field whose text can't be read, by its button and by Esc.
   for (const bool clic : {true, false}) {
@@ -324,10 +324,10 @@ TEST_F(ArchivioTest, DalCodiceAlSuoArchivio) {
   ApriCodice("XA");
   Digita("Descrizione", "a met");
   dialoghi.Rispondera("modifiche non confermate", Risposta::No);
-  principale->ApreFormDaEvLibero(QStringLiteral("Agenti"), QStringLiteral("XB"));
+  principale->Segui(AllArchivio("AGENTI", "XB"));
   EXPECT_EQ(Testo("Cod"), "XA");
   dialoghi.Rispondera("modifiche non confermate", Risposta::Si);
-  principale->ApreFormDaEvLibero(QStringLiteral("Agenti"), QStringLiteral("XB"));
+  principale->Segui(AllArchivio("AGENTI", "XB"));
   ASSERT_EQ(principale->FinestreAperte().size(), 1);
   finestra = principale->FinestreAperte().front();
   EXPECT_EQ(Testo("Cod"), "XB");

@@ -243,7 +243,7 @@ TEST_F(FinestraFattureTest, SolaLettura) {
   Acquisto("17");
   Tessarc().Inserisci("UltimaDataLibro", {{"dt", G(31, 3, 2024)}});
   Messaggi();
-  finestra->ApriCodice(QStringLiteral("1"));
+  finestra->ApriRecord({.codice = "1"});
   EXPECT_THAT(SoloMessaggio(), ::testing::HasSubstr("stampata su libro giornale"));
   EXPECT_TRUE(Vede("AvvisoSolaLettura"));
   for (const char* nome :
@@ -266,7 +266,7 @@ TEST_F(FinestraFattureTest, SiApreDalRapportoSulSuoRegistro) {
   EXPECT_EQ(Righe("ElencoFatture"), 0);
   Messaggi();
   dialoghi.Rispondera("Vedere la registrazione contabile", Risposta::Si);
-  principale->VediRegistrazione(1, 2024);
+  principale->Segui(AllaRegistrazione(2024, 1));
   finestra = principale->Aperta(QStringLiteral("Fatture"));
   ASSERT_NE(finestra, nullptr);
   EXPECT_TRUE(

@@ -220,7 +220,7 @@ TEST_F(MovimentiTest, DueStazioniSullaStessaRegistrazione) {
   {
     const auto altraPrincipale = Principale(*altra->ambiente);
     auto* seconda = altraPrincipale->ApriFunzione(QStringLiteral("Movimenti"));
-    seconda->ApriCodice(QString::number(numero));
+    seconda->ApriRecord(AlNumero("Movimenti", numero));
     ASSERT_EQ(altra->dialoghi.messaggi.size(), 1u);
     EXPECT_NE(altra->dialoghi.messaggi[0].find("UFFICIO"), std::string::npos);
     for (const char* nome : {"Dt", "NumDoc", "Conferma", "Elimina", "PNuovaRiga",
@@ -233,7 +233,7 @@ TEST_F(MovimentiTest, DueStazioniSullaStessaRegistrazione) {
     principale->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(principale.get()));
     Clic("Annulla");
-    seconda->ApriCodice(QString::number(numero));
+    seconda->ApriRecord(AlNumero("Movimenti", numero));
     EXPECT_TRUE(seconda->findChild<QWidget*>(QStringLiteral("Conferma"))->isEnabled());
   }
   EXPECT_EQ(altra->dialoghi.messaggi.size(), 1u);

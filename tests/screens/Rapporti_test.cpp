@@ -133,7 +133,7 @@ TEST_F(RapportiTest, RinvioAiMovimentiDelConto) {
   ASSERT_EQ(Righe("GrigliaMovimenti"), 1);
   EXPECT_TRUE(Testo("Totali").endsWith(QStringLiteral("saldo -50,00")));
   // Another account in the window that is open already.
-  finestra->ApriCodice(QStringLiteral("P|100.010"));
+  finestra->ApriRecord(AlConto("P", "100.010"));
   EXPECT_TRUE(Testo("Totali").endsWith(QStringLiteral("saldo 50,00")));
 }
 

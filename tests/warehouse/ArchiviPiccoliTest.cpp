@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/archives/ArchivioCodici.h"
+#include "core/archives/FonteCodici.h"
 #include "documents/types/ArchiviDocumenti.h"
 #include "duedates/codes/ArchiviScadenze.h"
 #include "ledger/DittaDiProva.h"
@@ -284,9 +285,7 @@ TEST_F(ArchiviPiccoliTest, OgniCampoDescrittoSiTieneESiRilegge) {
       if (!archivio.Stato(campo.nome).attivo) continue;
       scritti[campo.nome] = Pieno(archivio.Record(), campo);
       if (campo.genere != archives::GenereCampo::Codice) continue;
-      const std::string fonte =
-          "select Cod, " + campo.fonte.campoDescrizione + " from " + campo.fonte.fonte;
-      EXPECT_FALSE(ambiente.ArchivioDi(campo.fonte.chiave).Recordset(fonte).Eof()) << fonte;
+      EXPECT_FALSE(archives::Fonte(ambiente, campo.fonte)->Cerca("", 1).empty()) << campo.fonte;
     }
     for (const auto& [campo, valore] : scritti) archivio.Record().Scrivi(campo, valore);
     archivio.Record().Scrivi("Cod", "X1");

@@ -15,6 +15,7 @@
 #include "core/session/Ambiente.h"
 #include "core/session/Rifiuto.h"
 #include "core/session/Scheda.h"
+#include "core/values/Rinvio.h"
 
 namespace fenalto::archives {
 
@@ -27,8 +28,8 @@ struct ContestoArchivio {
   std::string codicePrima;
   /// Where prints go; null outside a window.
   reports::FabbricaUscite* uscite = nullptr;
-  /// Opens a function on a code ("MovimentiConto", "P|100.010"); does nothing outside a window.
-  std::function<void(const std::string& finestra, const std::string& codice)> apri = {};
+  /// Goes where a reference leads; null outside a window.
+  std::function<void(const Rinvio&)> apri = {};
   /// Set by a rule of a field that was left: the control that takes the focus (back).
   std::string foco = {};
 
@@ -52,21 +53,12 @@ struct VoceScelta {
   std::string nome = {};  ///< object name of the radio button
 };
 
-/// Where a code field looks up.
-struct FonteCampo {
-  std::string chiave = "tessarc";  ///< database
-  std::string fonte = {};  ///< table, stored query or SELECT; a further condition in `filtro`
-  std::string campoDescrizione = "Descrizione";
-  std::string archivio = {};  ///< archive behind it in capitals ("CONTI"), empty for none
-  std::string filtro = {};
-};
-
 struct CampoArchivio {
   std::string nome;  ///< column (or extra field), and object name of the control
   std::string didascalia;
   int caratteri = 0;  ///< width shown; for texts also the greatest length. 0: from the type
   GenereCampo genere = GenereCampo::Auto;
-  FonteCampo fonte = {};
+  std::string fonte = {};  ///< of a code: a name of `Fonti` (core/archives/FonteCodici.h)
   std::vector<VoceScelta> scelte = {};  ///< radio buttons, or legend of a typed field
   std::string nota = {};                ///< a short text beside the field
   bool elenco = false;                  ///< a column of the list

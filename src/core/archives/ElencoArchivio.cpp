@@ -30,11 +30,6 @@ bool Extra(const DescrizioneArchivio& d, const std::string& nome) {
 
 }  // namespace
 
-bool FiltroElenco::Vuoto() const {
-  return testo.empty() &&
-         std::all_of(colonne.begin(), colonne.end(), [](const auto& c) { return c.empty(); });
-}
-
 std::vector<CampoArchivio> ColonneElenco(const DescrizioneArchivio& descrizione) {
   std::vector<CampoArchivio> colonne;
   const auto prima = [&](const std::string& nome, const char* didascalia) {
@@ -138,6 +133,19 @@ std::vector<std::vector<Valore>> ElencoArchivio::Pagina(const FiltroElenco& filt
         righe.push_back(std::move(riga));
         return true;
       });
+  return righe;
+}
+
+void ElencoArchivio::Comincia(const FiltroElenco& filtro) {
+  filtro_ = filtro;
+  ultimo_.clear();
+  finita_ = false;
+}
+
+FonteElenco::Righe ElencoArchivio::Avanti() {
+  auto righe = Pagina(filtro_, ultimo_, kPagina);
+  finita_ = righe.size() < static_cast<std::size_t>(kPagina);
+  if (!righe.empty()) ultimo_ = righe.back().front().Testo();
   return righe;
 }
 

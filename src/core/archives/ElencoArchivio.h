@@ -5,24 +5,17 @@
 #include <vector>
 
 #include "core/archives/DescrizioneArchivio.h"
+#include "core/archives/FonteElenco.h"
 
 namespace fenalto::archives {
 
 /// Columns of the list: `Cod`, the description, then the fields marked `elenco`.
 std::vector<CampoArchivio> ColonneElenco(const DescrizioneArchivio& descrizione);
 
-/// What narrows the list.
-struct FiltroElenco {
-  /// Records whose code begins with the text, or whose code or description holds it, without case
-  /// and accents; empty for all.
-  std::string testo;
-  /// One text a column of ColonneElenco, held anywhere in what the column shows; empty for all.
-  std::vector<std::string> colonne;
-  [[nodiscard]] bool Vuoto() const;
-};
-
-/// Reads rows of an archive without holding them.
-class ElencoArchivio {
+/// Reads rows of an archive without holding them. A search finds records whose code begins with the
+/// text, or whose code or description holds it, without case and accents; columns of the filter are
+/// those of ColonneElenco.
+class ElencoArchivio : public FonteElenco {
  public:
   ElencoArchivio(Ambiente& ambiente, const DescrizioneArchivio& descrizione);
 
@@ -30,6 +23,9 @@ class ElencoArchivio {
   /// With a text, those whose code begins with it aren't put first here: the order is by code.
   std::vector<std::vector<Valore>> Pagina(const FiltroElenco& filtro, const std::string& dopo,
                                           int massimo);
+  void Comincia(const FiltroElenco& filtro) override;
+  Righe Avanti() override;
+  [[nodiscard]] bool Finita() const override { return finita_; }
   /// The code after (before) one in the filtered list; empty at its end.
   std::string Successivo(const FiltroElenco& filtro, const std::string& codice);
   std::string Precedente(const FiltroElenco& filtro, const std::string& codice);
@@ -37,6 +33,9 @@ class ElencoArchivio {
  private:
   Ambiente& ambiente_;
   const DescrizioneArchivio& descrizione_;
+  FiltroElenco filtro_;
+  std::string ultimo_;  ///< code of the last row read
+  bool finita_ = false;
 };
 
 /// What a column shows for a value: amounts with comma, dates as day/month/year, "sì" and "no".

@@ -328,7 +328,7 @@ PulsanteArchivio PulsanteImporta(const std::string& genere) {
   pulsante.testo = "Importa da file";
   pulsante.conRecord = false;
   pulsante.azione = [genere](ContestoArchivio& contesto) {
-    if (contesto.apri) contesto.apri("Importa", genere);
+    if (contesto.apri) contesto.apri({.funzione = "Importa", .codice = genere});
     return std::vector<std::string>{};
   };
   return pulsante;

@@ -18,23 +18,19 @@ struct Rinvio {
   std::string classe = {};  ///< what the code is of, where it isn't enough: "C", "F", "P"
   int scheda = -1;          ///< page, where one function stands for several entries of the menu
 
+  /// The code as a number; 0 when it isn't one.
+  [[nodiscard]] std::int64_t Numero() const;
   [[nodiscard]] bool Vuoto() const { return funzione.empty(); }
   bool operator==(const Rinvio&) const = default;
 };
 
 /// To the movements of an account or party.
-inline Rinvio AlConto(const std::string& cfp, const std::string& conto) {
-  return {.funzione = "MovimentiConto", .codice = conto, .classe = cfp};
-}
-
+Rinvio AlConto(const std::string& cfp, const std::string& conto);
 /// To a registration of the books, whichever function made it.
-inline Rinvio AllaRegistrazione(int anno, std::int64_t numero) {
-  return {.funzione = "Registrazione", .codice = std::to_string(numero), .anno = anno};
-}
-
+Rinvio AllaRegistrazione(int anno, std::int64_t numero);
 /// To a record of an archive of codes, by its table in capitals ("CAUSALI").
-inline Rinvio AllArchivio(const std::string& tabella, const std::string& codice) {
-  return {.funzione = tabella, .codice = codice};
-}
+Rinvio AllArchivio(const std::string& tabella, const std::string& codice);
+/// To a record that has a number.
+Rinvio AlNumero(const std::string& funzione, std::int64_t numero, int anno = 0);
 
 }  // namespace fenalto

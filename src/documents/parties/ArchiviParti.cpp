@@ -137,7 +137,8 @@ archives::PulsanteArchivio Collegamento(const Parte& parte, const char* nome, co
           [&parte, finestra](archives::ContestoArchivio& contesto) {
             if (contesto.nuovo) return NonRegistrata(parte);
             if (contesto.apri) {
-              contesto.apri(finestra, std::string(parte.classe) + "|" + contesto.codicePrima);
+              contesto.apri(
+                  {.funzione = finestra, .codice = contesto.codicePrima, .classe = parte.classe});
             }
             return Righe();
           },

@@ -1,7 +1,6 @@
 // Fields of customers and suppliers, page by page.
 #include <utility>
 
-#include "core/sql/Criterio.h"
 #include "documents/parties/ArchiviParti.h"
 #include "documents/parties/PartiInterno.h"
 
@@ -24,13 +23,12 @@ archives::CampoArchivio Testo(const char* nome, const char* didascalia, int cara
           .mostrati = mostrati};
 }
 
-archives::CampoArchivio Codice(const char* nome, const char* didascalia, const char* tabella,
-                               const char* archivio, const char* riquadro,
-                               std::string filtro = "") {
+archives::CampoArchivio Codice(const char* nome, const char* didascalia, const std::string& fonte,
+                               const char* riquadro) {
   return {.nome = nome,
           .didascalia = didascalia,
           .genere = archives::GenereCampo::Codice,
-          .fonte = {.fonte = tabella, .archivio = archivio, .filtro = std::move(filtro)},
+          .fonte = fonte,
           .riquadro = riquadro};
 }
 
@@ -132,16 +130,16 @@ void Descrittore::Contabilita() {
   Pagina("PaginaContabilita", "Contabilità");
   constexpr const char* kRiquadro = "Contabilita";
   Riquadro(kRiquadro, "Contabilità e IVA");
-  Campi({Codice("Conto", "Conto riepilogativo", "Conti", "CONTI", kRiquadro,
-                sql::Criterio("CFP", "=", parte_.classe)),
-         Codice("ContropFatture", "Contropartita fatture", "Conti", "CONTI", kRiquadro, "CFP='P'"),
-         Codice("CodIva", "Codice IVA", "CodiciIva", "CODICIIVA", kRiquadro)});
+  Campi({Codice("Conto", "Conto riepilogativo", std::string("riepilogativi") + parte_.classe,
+                kRiquadro),
+         Codice("ContropFatture", "Contropartita fatture", "contropartite", kRiquadro),
+         Codice("CodIva", "Codice IVA", "codiciIva", kRiquadro)});
   if (parte_.Clienti()) {
-    Campi({Codice("EsenzioneIva", "Esenzione IVA", "CodiciIva", "CODICIIVA", kRiquadro),
-           Codice("Ritenuta", "Ritenuta", "Ritenute", "RITENUTE", kRiquadro)});
+    Campi({Codice("EsenzioneIva", "Esenzione IVA", "codiciIva", kRiquadro),
+           Codice("Ritenuta", "Ritenuta", "ritenute", kRiquadro)});
     Campi({{.nome = "Fido", .didascalia = "Fido", .riquadro = kRiquadro}});
   }
-  Campi({Codice("Categoria", "Categoria", "Categorie", "CATEGORIE", kRiquadro),
+  Campi({Codice("Categoria", "Categoria", "categorie", kRiquadro),
          Casella("Ep", "Sospensione IVA", kRiquadro),
          Accanto(Casella("Elenco", "va negli elenchi annuali", kRiquadro))});
   Banca();
@@ -169,15 +167,15 @@ void Descrittore::Condizioni() {
   constexpr const char* kRiquadro = "Condizioni";
   Riquadro(kRiquadro, parte_.Clienti() ? "Condizioni predefinite per fatture,ddt, ordini,offerte"
                                        : "Condizioni predefinite");
-  Campi({Codice("Pagamento", "Pagamento", "Pagamento", "CODICIPAGAMENTO", kRiquadro),
+  Campi({Codice("Pagamento", "Pagamento", "pagamenti", kRiquadro),
          {.nome = kInfoPagamento,
           .didascalia = "",
           .genere = archives::GenereCampo::Etichetta,
           .riquadro = kRiquadro}});
   if (!parte_.Clienti()) return;
   Campi({Percento("ScCassa", "Sconto cassa %", kRiquadro),
-         Codice("Agente", "Agente", "Agenti", "AGENTI", kRiquadro),
-         Codice("Vettore", "Vettore", "Vettori", "VETTORI", kRiquadro)});
+         Codice("Agente", "Agente", "agenti", kRiquadro),
+         Codice("Vettore", "Vettore", "vettori", kRiquadro)});
   Prezzi();
   constexpr const char* kFatturazione = "Fatturazione";
   Riquadro(kFatturazione, "Fatturazione");

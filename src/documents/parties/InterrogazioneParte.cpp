@@ -67,6 +67,7 @@ FogliaParte FogliaScadenza(const Rs& riga) {
   FogliaParte foglia;
   foglia.genere = GenereFoglia::Scadenza;
   foglia.numero = s.numero;
+  foglia.rinvio = AlNumero("Scadenze", s.numero);
   foglia.importo = s.Residuo();
   foglia.testo = s.dt.Nulla() ? "senza data" : s.dt.Testo();
   if (s.nFat != 0) foglia.testo += "  ft. " + std::to_string(s.nFat);
@@ -123,6 +124,7 @@ FogliaParte FogliaMovimento(const Rs& riga) {
   foglia.genere = GenereFoglia::Movimento;
   foglia.numero = riga.Fields("NumDoc").Intero();
   foglia.anno = static_cast<int>(riga.Fields("Anno").Intero());
+  foglia.rinvio = AllaRegistrazione(foglia.anno, foglia.numero);
   foglia.importo = riga.Fields("ImpoDare").Importo() - riga.Fields("ImpoAvere").Importo();
   foglia.testo = riga.Fields("Dt").Data().Testo() + "  n. " + std::to_string(foglia.numero) + "  " +
                  riga.Fields("Descrizione").Testo();

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "core/session/Ambiente.h"
+#include "core/values/Rinvio.h"
 
 namespace fenalto::documents {
 
@@ -45,6 +46,7 @@ struct FogliaParte {
   std::optional<Importo> importo;
   /// Place in the order of the branch; the next page begins after it.
   std::vector<Valore> segno;
+  Rinvio rinvio;  ///< to the record itself; nothing where no function shows it
 };
 
 /// The head of the panel, ready to be read.

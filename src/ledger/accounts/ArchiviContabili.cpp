@@ -93,12 +93,12 @@ archives::DescrizioneArchivio Ritenute() {
                     {.nome = "Causale",
                      .didascalia = "Causale del giro ritenuta",
                      .genere = archives::GenereCampo::Codice,
-                     .fonte = {.fonte = "Causali", .archivio = "CAUSALI"},
+                     .fonte = "causaliTutte",
                      .elenco = true},
                     {.nome = "Conto",
                      .didascalia = "Conto del giro ritenuta",
                      .genere = archives::GenereCampo::Codice,
-                     .fonte = {.fonte = "zConti", .archivio = "CONTI"},
+                     .fonte = "contiTutti",
                      .elenco = true}};
   return ritenute;
 }

@@ -200,12 +200,12 @@ std::vector<std::string> MostraSaldo(archives::ContestoArchivio& contesto) {
 
 std::vector<std::string> MostraMovimenti(archives::ContestoArchivio& contesto) {
   if (contesto.nuovo) return {"conto non ancora registrato"};
-  if (contesto.apri) contesto.apri("MovimentiConto", "P|" + contesto.codicePrima);
+  if (contesto.apri) contesto.apri(AlConto("P", contesto.codicePrima));
   return {};
 }
 
 std::vector<std::string> MostraPiano(archives::ContestoArchivio& contesto) {
-  if (contesto.apri) contesto.apri("VisPdc", "");
+  if (contesto.apri) contesto.apri({.funzione = "VisPdc"});
   return {};
 }
 
@@ -236,7 +236,7 @@ archives::DescrizioneArchivio Conti() {
        .didascalia = "Mastro",
        .caratteri = kCaratteriMeta,
        .genere = archives::GenereCampo::Codice,
-       .fonte = {.fonte = "Mastri", .archivio = "MASTRI"}},
+       .fonte = "mastri"},
       {.nome = "Contox", .didascalia = "Conto", .caratteri = kCaratteriMeta},
       {.nome = "ContoxLibero",
        .didascalia = "primo conto libero",
@@ -282,6 +282,29 @@ archives::DescrizioneArchivio Conti() {
 
 std::vector<archives::DescrizioneArchivio> ArchiviPianoDeiConti() {
   return {Mastri(), Conti()};
+}
+
+PianoLetto LeggiPiano(Ambiente& ambiente) {
+  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
+  const auto voce = [](const Rs& rs) {
+    return VocePiano{
+        .cod = rs.Fields("Cod").Testo(),
+        .descrizione = rs.Fields("Descrizione").Testo(),
+        .cfp = {},
+        .patrEcon = rs.Fields("PatrEcon").Testo(),
+    };
+  };
+  PianoLetto piano;
+  for (Rs rs = tessarc.Recordset("SELECT Cod, Descrizione, PatrEcon FROM Mastri ORDER BY Cod");
+       !rs.Eof(); rs.MoveNext()) {
+    piano.mastri.push_back(voce(rs));
+  }
+  for (Rs rs = tessarc.Recordset("SELECT Cod, Descrizione, CFP, PatrEcon FROM Conti ORDER BY Cod");
+       !rs.Eof(); rs.MoveNext()) {
+    piano.conti.push_back(voce(rs));
+    piano.conti.back().cfp = rs.Fields("CFP").Testo();
+  }
+  return piano;
 }
 
 }  // namespace fenalto::ledger

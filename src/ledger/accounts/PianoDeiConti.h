@@ -20,6 +20,20 @@ bool AggiornaContiClientiFornitori(Ambiente& ambiente, bool eliminato, bool nuov
                                    const std::string& descrizione,
                                    const std::string& descrizione2 = "");
 
+/// A master or an account, as the chart shows it.
+struct VocePiano {
+  std::string cod;
+  std::string descrizione;
+  std::string cfp;  ///< of accounts
+  std::string patrEcon;
+};
+struct PianoLetto {
+  std::vector<VocePiano> mastri;
+  std::vector<VocePiano> conti;
+};
+/// The whole chart, in order of code.
+PianoLetto LeggiPiano(Ambiente& ambiente);
+
 /// "Stampa Piano dei Conti": masters with their accounts.
 void StampaPianoDeiConti(Ambiente& ambiente, reports::FabbricaUscite& uscite);
 /// "Stampa Conti con  rettifiche": accounts with an adjustment of the statements.

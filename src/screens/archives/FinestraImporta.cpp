@@ -390,8 +390,9 @@ void FinestraImporta::ApriScheda(int scheda) {
   if (scheda >= 0 && scheda < interno_->genere->count()) interno_->genere->setCurrentIndex(scheda);
 }
 
-void FinestraImporta::ApriCodice(const QString& codice) {
-  ApriScheda(interno_->genere->findText(codice, Qt::MatchFixedString));
+void FinestraImporta::ApriRecord(const Rinvio& rinvio) {
+  ApriScheda(
+      interno_->genere->findText(QString::fromStdString(rinvio.codice), Qt::MatchFixedString));
 }
 
 void FinestraImporta::Aggiorna() {

@@ -17,7 +17,7 @@ class FinestraImporta : public FinestraFunzione {
   /// The kind of that number in the list.
   void ApriScheda(int scheda) override;
   /// The kind of that name ("Clienti").
-  void ApriCodice(const QString& codice) override;
+  void ApriRecord(const Rinvio& rinvio) override;
   /// Reads the file again.
   void Aggiorna() override;
 

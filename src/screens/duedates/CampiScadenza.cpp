@@ -1,60 +1,32 @@
 #include "screens/duedates/CampiScadenza.h"
 
-#include "screens/common/fields/Disposizione.h"
-#include "screens/ledger/FontiPrimanota.h"
-
 namespace fenalto::screens {
 namespace {
 
-QString Nome(const char* nome) {
-  return QString::fromLatin1(nome);
-}
-
-CampoCodice* ConArchivio(CampoCodice* campo, Finestre& finestre) {
-  QObject::connect(campo, &CampoCodice::EventoLibero, campo,
-                   [&finestre](const QString& tabella, const QString& codice) {
-                     finestre.ApreFormDaEvLibero(tabella, codice);
-                   });
-  return campo;
-}
-
-std::shared_ptr<FonteCodici> Fonte(Finestre& finestre, const char* archivio, const char* tabella,
-                                   const char* descrizione) {
-  Ambiente& sessione = finestre.Sessione();
-  return std::make_shared<FonteTabella>(
-      [&sessione, archivio]() -> Archivio& { return sessione.ArchivioDi(archivio); }, tabella,
-      "Cod", descrizione);
+CampoCodice* Campo(const char* nome, Finestre& finestre, const char* fonte) {
+  return new CampoCodice(QString::fromLatin1(nome), archives::Fonte(finestre.Sessione(), fonte));
 }
 
 }  // namespace
 
 CampoCodice* CampoConto(const char* nome, Finestre& finestre) {
-  return ConArchivio(new CampoCodice(Nome(nome), TabellaDiClasse("P"),
-                                     FonteContropartite(finestre.Sessione(), "P")),
-                     finestre);
+  return Campo(nome, finestre, "contropartite");
 }
 
 CampoCodice* CampoCausale(const char* nome, Finestre& finestre) {
-  return ConArchivio(
-      new CampoCodice(Nome(nome), QStringLiteral("CAUSALI"), FonteCausali(finestre.Sessione())),
-      finestre);
+  return Campo(nome, finestre, "causali");
 }
 
 CampoCodice* CampoTipo(const char* nome, Finestre& finestre) {
-  return new CampoCodice(Nome(nome), QString(),
-                         Fonte(finestre, "tessarc", "tipipagamento", "Descrizione"));
+  return Campo(nome, finestre, "tipiPagamento");
 }
 
 CampoCodice* CampoPagamento(const char* nome, Finestre& finestre) {
-  return ConArchivio(new CampoCodice(Nome(nome), QStringLiteral("CODICIPAGAMENTO"),
-                                     Fonte(finestre, "tessarc", "Pagamento", "Descrizione")),
-                     finestre);
+  return Campo(nome, finestre, "pagamenti");
 }
 
 CampoCodice* CampoBanca(const char* nome, Finestre& finestre) {
-  return ConArchivio(new CampoCodice(Nome(nome), QStringLiteral("BANCHE"),
-                                     Fonte(finestre, "scadenzario", "Banche", "Nome")),
-                     finestre);
+  return Campo(nome, finestre, "banche");
 }
 
 }  // namespace fenalto::screens

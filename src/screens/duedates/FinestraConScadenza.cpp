@@ -126,9 +126,7 @@ void FinestraConScadenza::NuovaScadenza(const std::vector<Coppia>& valori) {
 void FinestraConScadenza::VediRegistrazione() {
   const auto registrazione = caso_.VedereRegCont();
   if (!registrazione) return;
-  auto* finestra = Gestore().ApriFunzione(registrazione->iva ? QStringLiteral("Fatture")
-                                                             : QStringLiteral("Movimenti"));
-  if (finestra != nullptr) finestra->ApriCodice(QString::number(registrazione->numero));
+  Gestore().Segui(AlNumero(registrazione->iva ? "Fatture" : "Movimenti", registrazione->numero));
 }
 
 }  // namespace fenalto::screens

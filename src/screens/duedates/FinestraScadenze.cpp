@@ -51,7 +51,7 @@ FinestraScadenze::FinestraScadenze(Finestre& finestre)
     if (filtri_->Raccogli()) Cerca();
   });
   connect(griglia_, &GrigliaScadenze::Scelta, this,
-          [this](qint64 numero) { ApriCodice(QString::number(numero)); });
+          [this](qint64 numero) { ApriRecord(AlNumero("", numero)); });
   connect(nuovo_, &QPushButton::clicked, this, [this] { NuovaScadenza(); });
   connect(apri_, &QPushButton::clicked, this, &FinestraScadenze::Apri);
   Disponi(pagina, tr("Ricerca"));
@@ -152,18 +152,18 @@ void FinestraScadenze::FocoScelta() {
 }
 
 void FinestraScadenze::Apri() {
-  const QString codice = selettore_->text().trimmed();
-  ApriCodice(codice);
+  ApriRecord({.codice = selettore_->text().trimmed().toStdString()});
 }
 
-void FinestraScadenze::ApriCodice(const QString& codice) {
-  if (const auto barra = codice.indexOf(QLatin1Char('|')); barra >= 0) {
+void FinestraScadenze::ApriRecord(const Rinvio& rinvio) {
+  if (!rinvio.classe.empty()) {
     if (Caso().Aperta()) return;
-    parte_->Imposta(codice.left(barra).toStdString(), codice.mid(barra + 1).toStdString());
+    parte_->Imposta(rinvio.classe, rinvio.codice);
     Cerca();
     FocoScelta();
     return;
   }
+  const QString codice = QString::fromStdString(rinvio.codice);
   bool numero = false;
   const qint64 quale = codice.toLongLong(&numero);
   if (numero && ApriScadenza(quale)) {

@@ -22,8 +22,8 @@ class FinestraScadenze : public FinestraConScadenza {
   explicit FinestraScadenze(Finestre& finestre);
   ~FinestraScadenze() override;
 
-  /// The number of a due date, or a party ("C|0001"): those that it has to pay.
-  void ApriCodice(const QString& codice) override;
+  /// A due date, or with a class a party: those that it has to pay.
+  void ApriRecord(const Rinvio& rinvio) override;
 
  protected:
   void RileggiScelta() override;

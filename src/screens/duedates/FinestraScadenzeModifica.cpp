@@ -112,7 +112,8 @@ QWidget* FinestraScadenzeModifica::CreaStampa() {
 }
 
 void FinestraScadenzeModifica::Collega() {
-  connect(apri_, &QPushButton::clicked, this, [this] { ApriCodice(selettore_->text()); });
+  connect(apri_, &QPushButton::clicked, this,
+          [this] { ApriDigitata(selettore_->text().toStdString()); });
   connect(griglia_, &GrigliaScadenze::Scelta, this, &FinestraScadenzeModifica::Scegli);
   connect(anticipi_, &GrigliaScadenze::Scelta, this, &FinestraScadenzeModifica::ApriScadenza);
   connect(nuovo_, &QPushButton::clicked, this, [this] { NuovaScadenza(documento_.Nuova()); });
@@ -164,9 +165,14 @@ void FinestraScadenzeModifica::FocoScelta() {
   griglia_->setFocus();
 }
 
-void FinestraScadenzeModifica::ApriCodice(const QString& codice) {
+void FinestraScadenzeModifica::ApriRecord(const Rinvio& rinvio) {
+  ApriDigitata((rinvio.anno == 0 ? "" : std::to_string(rinvio.anno) + "|") + rinvio.codice);
+}
+
+void FinestraScadenzeModifica::ApriDigitata(const std::string& testo) {
   if (!Lascia()) return;
-  const QStringList parti = codice.trimmed().split(QLatin1Char('|'));
+  const QString codice = QString::fromStdString(testo).trimmed();
+  const QStringList parti = codice.split(QLatin1Char('|'));
   bool anno = parti.size() == 1;
   bool numero = false;
   const int quale = anno ? Sessione().Anno() : parti.front().toInt(&anno);
@@ -176,7 +182,7 @@ void FinestraScadenzeModifica::ApriCodice(const QString& codice) {
     selettore_->setFocus();
     return;
   }
-  selettore_->setText(codice.trimmed());
+  selettore_->setText(codice);
   Mostra();
   griglia_->setFocus();
 }

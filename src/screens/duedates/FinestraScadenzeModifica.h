@@ -22,8 +22,7 @@ class FinestraScadenzeModifica : public FinestraConScadenza {
   explicit FinestraScadenzeModifica(Finestre& finestre);
   ~FinestraScadenzeModifica() override;
 
-  /// "2024|12": year and number of the registration; "12" is of the selected year.
-  void ApriCodice(const QString& codice) override;
+  void ApriRecord(const Rinvio& rinvio) override;
 
  protected:
   void RileggiScelta() override;
@@ -39,6 +38,9 @@ class FinestraScadenzeModifica : public FinestraConScadenza {
   QWidget* CreaStampa();
   void Collega();
   void Mostra();
+  /// Opens what was typed: "2024|12", year and number of the registration; "12" is of the selected
+  /// year.
+  void ApriDigitata(const std::string& testo);
   void Scegli(std::int64_t numero);
   void MemorizzaStampa();
 

@@ -72,12 +72,8 @@ void RiquadroRata::CreaCampi() {
   auto* dataFattura = Casella("DataFattura", tr("data fattura"));
   auto* giornoFisso = Casella("GiornoFisso", tr("giorno fisso del mese dopo:"));
   auto* fisso = numero("GGFisso");
-  auto& sessione = finestre_.Sessione();
-  auto* tipo =
-      new CampoCodice(QStringLiteral("Tipo"), QString(),
-                      std::make_shared<FonteTabella>(
-                          [&sessione]() -> Archivio& { return sessione.ArchivioDi("tessarc"); },
-                          "tipipagamento", "Cod", "Descrizione"));
+  auto* tipo = new CampoCodice(QStringLiteral("Tipo"),
+                               archives::Fonte(finestre_.Sessione(), "tipiPagamento"));
   LargoCaratteri(tipo, kCifre);
   tipo->setToolTip(
       tr("per le riba su fatture tipo=03, negli altri casi il tipo è solo "

@@ -13,7 +13,6 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/duedates/CampiScadenza.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -52,8 +51,8 @@ RiquadroScadenza::RiquadroScadenza(duedates::ArchivioScadenze& caso, Finestre& f
       legatura_(new Legatura([this]() -> Scheda& { return caso_.Record(); },
                              finestre.Sessione().Dialogo(), this)),
       classe_(new QComboBox),
-      conto_(new CampoCodice(QStringLiteral("Conto"), TabellaDiClasse("C"),
-                             FonteConti(finestre.Sessione(), "C"))),
+      conto_(
+          new CampoCodice(QStringLiteral("Conto"), archives::FonteConti(finestre.Sessione(), "C"))),
       conferma_(Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"))),
       elimina_(Pulsante(QStringLiteral("Elimina"), tr("Elimina"), tr("Ctrl+Canc"))),
       ripristina_(Pulsante(QStringLiteral("CmdRipristina"), tr("Ripristina come non pagata"))),
@@ -200,10 +199,6 @@ QWidget* RiquadroScadenza::CreaPiede() {
 }
 
 void RiquadroScadenza::Collega() {
-  connect(conto_, &CampoCodice::EventoLibero, this,
-          [this](const QString& tabella, const QString& codice) {
-            finestre_.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(legatura_, &Legatura::Lasciato, this, [this](const QString& campo, bool cambiato) {
     if (cambiato && campo == QStringLiteral("CFP")) ClasseScelta();
   });
@@ -225,7 +220,7 @@ void RiquadroScadenza::ClasseScelta() {
   const std::string classe = caso_.Record().Testo("CFP");
   if (classeMostrata_ == QString::fromStdString(classe)) return;
   classeMostrata_ = QString::fromStdString(classe);
-  conto_->Fonte(FonteConti(finestre_.Sessione(), classe), TabellaDiClasse(classe));
+  conto_->Fonte(archives::FonteConti(finestre_.Sessione(), classe));
   conto_->Risolvi();
 }
 

@@ -5,7 +5,6 @@
 
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -13,16 +12,9 @@ namespace {
 constexpr int kCifreCodice = 12;
 
 /// Parties of a class, or of both when it is empty.
-std::shared_ptr<FonteCodici> FonteDi(Ambiente& sessione, const std::string& classe) {
-  if (!classe.empty()) return FonteConti(sessione, classe);
-  return std::make_shared<FonteTabella>(
-      [&sessione]() -> Archivio& { return sessione.ArchivioDi("tessarc"); },
-      "SELECT * FROM ContiClientiFornitori WHERE CFP<>'P'", "Cod", "Descrizione");
-}
-
-/// The archive behind a code; none for a code that may be of either class.
-QString TabellaDi(const std::string& classe) {
-  return classe.empty() ? QString() : TabellaDiClasse(classe);
+std::shared_ptr<archives::FonteCodici> FonteDi(Ambiente& sessione, const std::string& classe) {
+  if (!classe.empty()) return archives::FonteConti(sessione, classe);
+  return archives::Fonte(sessione, "parti");
 }
 
 }  // namespace
@@ -31,12 +23,12 @@ SceltaParte::SceltaParte(Finestre& finestre, const QString& vuota, QWidget* geni
     : QWidget(genitore),
       finestre_(finestre),
       classe_(new QComboBox),
-      codice_(new CampoCodice(QStringLiteral("CliFor"), TabellaDiClasse("C"),
-                              FonteConti(finestre.Sessione(), "C"))) {
+      codice_(new CampoCodice(QStringLiteral("CliFor"),
+                              archives::FonteConti(finestre.Sessione(), "C"))) {
   classe_->setObjectName(QStringLiteral("CFPx"));
   if (classe == Classe::Facoltativa) {
     classe_->addItem(QString(), QString());
-    codice_->Fonte(FonteDi(finestre.Sessione(), {}), QString());
+    codice_->Fonte(FonteDi(finestre.Sessione(), {}));
   }
   classe_->addItem(QStringLiteral("C"), QStringLiteral("C"));
   classe_->addItem(QStringLiteral("F"), QStringLiteral("F"));
@@ -48,10 +40,6 @@ SceltaParte::SceltaParte(Finestre& finestre, const QString& vuota, QWidget* geni
   riga->addWidget(classe_);
   riga->addWidget(ConDescrizione(codice_, kCifreCodice), 1);
   connect(classe_, &QComboBox::currentIndexChanged, this, &SceltaParte::CambiaClasse);
-  connect(codice_, &CampoCodice::EventoLibero, this,
-          [this](const QString& tabella, const QString& codice) {
-            finestre_.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(codice_, &CampoCodice::Scelto, this, &SceltaParte::Lasciata);
   connect(codice_, &QLineEdit::editingFinished, this, &SceltaParte::Lasciata);
 }
@@ -81,7 +69,7 @@ void SceltaParte::Bloccata(bool classe, bool codice) {
 }
 
 void SceltaParte::CambiaClasse() {
-  codice_->Fonte(FonteDi(finestre_.Sessione(), Cfp()), TabellaDi(Cfp()));
+  codice_->Fonte(FonteDi(finestre_.Sessione(), Cfp()));
   codice_->Mostra(Valore(std::string()));
   emit ClasseCambiata();
   Lasciata();

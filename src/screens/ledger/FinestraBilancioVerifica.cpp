@@ -15,7 +15,6 @@
 #include "screens/common/fields/OpzioniGrafiche.h"
 #include "screens/common/lists/EsportaGriglia.h"
 #include "screens/common/windows/InCorso.h"
-#include "screens/ledger/FontiPrimanota.h"
 #include "screens/ledger/GraficoConfronto.h"
 
 namespace fenalto::screens {
@@ -50,8 +49,7 @@ struct FinestraBilancioVerifica::Interno {
   QCheckBox* Casella(const char* nome, const QString& testo);
   CampoData* CreaData(const char* nome);
   CampoNumero* CreaAnno(const char* nome);
-  CampoCodice* CreaCodice(const char* nome, const QString& tabella,
-                          std::shared_ptr<FonteCodici> fonte);
+  CampoCodice* CreaCodice(const char* nome, const char* fonte);
   void Lasciato(const QString& campo, bool cambiato);
   /// Takes period B from A.
   void ImpostaPeriodoB();
@@ -176,28 +174,18 @@ CampoNumero* FinestraBilancioVerifica::Interno::CreaAnno(const char* nome) {
   return campo;
 }
 
-CampoCodice* FinestraBilancioVerifica::Interno::CreaCodice(const char* nome, const QString& tabella,
-                                                           std::shared_ptr<FonteCodici> fonte) {
-  auto* campo = new CampoCodice(QString::fromLatin1(nome), tabella, std::move(fonte));
+CampoCodice* FinestraBilancioVerifica::Interno::CreaCodice(const char* nome, const char* fonte) {
+  auto* campo =
+      new CampoCodice(QString::fromLatin1(nome), archives::Fonte(gestore.Sessione(), fonte));
   campo->Etichetta()->setObjectName(QString::fromLatin1(nome) + QStringLiteral("Descrizione"));
   LargoCaratteri(campo, kCifreCodice);
   legatura->Lega(campo);
-  connect(campo, &CampoCodice::EventoLibero, &finestra,
-          [this](const QString& archivio, const QString& codice) {
-            gestore.ApreFormDaEvLibero(archivio, codice);
-          });
   return campo;
 }
 
 QGroupBox* FinestraBilancioVerifica::Interno::CreaScelta() {
   auto* riquadro = new QGroupBox(tr("Periodo e conti"));
   auto* griglia = new QGridLayout(riquadro);
-  auto& sessione = gestore.Sessione();
-  const auto mastri = [&sessione] {
-    return std::make_shared<FonteTabella>(
-        [&sessione]() -> Archivio& { return sessione.ArchivioDi("tessarc"); }, "Mastri", "Cod",
-        "Descrizione");
-  };
   const auto riga = [griglia](int n, const QString& testo, QWidget* campo, QWidget* accanto) {
     griglia->addWidget(Didascalia(testo, campo), n, 0);
     griglia->addWidget(campo, n, 1);
@@ -217,9 +205,9 @@ QGroupBox* FinestraBilancioVerifica::Interno::CreaScelta() {
   periodo->addWidget(Casella("NoAnno", tr("tutti gli anni")));
   periodo->addStretch(1);
   griglia->addLayout(periodo, 0, 2);
-  auto* daMastro = CreaCodice("DaMastro", QStringLiteral("MASTRI"), mastri());
-  auto* aaMastro = CreaCodice("AaMastro", QStringLiteral("MASTRI"), mastri());
-  auto* causale = CreaCodice("EscludoCausale", QStringLiteral("CAUSALI"), FonteCausali(sessione));
+  auto* daMastro = CreaCodice("DaMastro", "mastri");
+  auto* aaMastro = CreaCodice("AaMastro", "mastri");
+  auto* causale = CreaCodice("EscludoCausale", "causali");
   riga(1, tr("da mastro"), daMastro, daMastro->Etichetta());
   riga(2, tr("a mastro"), aaMastro, aaMastro->Etichetta());
   riga(3, tr("escludo causale"), causale, causale->Etichetta());

@@ -72,7 +72,7 @@ void FinestraMovimenti::ApriChiusure() {
   auto& altre = Gestore();  // this window is gone after it has closed
   auto* cornice = parentWidget();
   if (cornice != nullptr && cornice->close()) {
-    altre.ApriFunzione(QStringLiteral("ChiusureAperture"));
+    altre.Segui({.funzione = "ChiusureAperture"});
   }
 }
 

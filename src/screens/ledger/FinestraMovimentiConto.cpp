@@ -10,7 +10,6 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -48,8 +47,8 @@ FinestraMovimentiConto::Interno::Interno(FinestraMovimentiConto& finestraUsata,
     : finestra(finestraUsata),
       gestore(gestoreUsato),
       cfp(new QComboBox),
-      conto(new CampoCodice(QStringLiteral("Rt1"), TabellaDiClasse("P"),
-                            FonteConti(gestoreUsato.Sessione(), "P"))),
+      conto(new CampoCodice(QStringLiteral("Rt1"),
+                            archives::FonteConti(gestoreUsato.Sessione(), "P"))),
       totali(new QLabel),
       decimali(gestoreUsato.Sessione().Euro() ? 2 : 0) {
   griglia = new Griglia(QStringLiteral("GrigliaMovimenti"), finestra.Nome(),
@@ -83,10 +82,6 @@ QHBoxLayout* FinestraMovimentiConto::Interno::CreaSelettore() {
   auto* apri = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel codice"));
   auto* esporta = Pulsante(QStringLiteral("XlsEsp"), tr("Esporto in Excel"));
   connect(cfp, &QComboBox::currentIndexChanged, &finestra, [this] { CambiaClasse(); });
-  connect(conto, &CampoCodice::EventoLibero, &finestra,
-          [this](const QString& tabella, const QString& codice) {
-            gestore.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(apri, &QPushButton::clicked, &finestra, [this] { Carica(); });
   connect(esporta, &QPushButton::clicked, &finestra, [this] { finestra.Esporta(*griglia); });
   AssegnaMnemoniche({apri, esporta});
@@ -101,7 +96,7 @@ QHBoxLayout* FinestraMovimentiConto::Interno::CreaSelettore() {
 }
 
 void FinestraMovimentiConto::Interno::CambiaClasse() {
-  conto->Fonte(FonteConti(gestore.Sessione(), Cfp()), TabellaDiClasse(Cfp()));
+  conto->Fonte(archives::FonteConti(gestore.Sessione(), Cfp()));
   conto->Mostra(Valore(std::string()));
   Carica();
 }
@@ -139,10 +134,8 @@ void FinestraMovimentiConto::Interno::Carica() {
 
 void FinestraMovimentiConto::Interno::VediRegistrazione(int riga) {
   const auto& valori = griglia->Modello().Riga(riga);
-  // Copied first: the main window may close this one.
-  const auto numero = valori[kColonnaArticolo].Intero();
-  const auto anno = static_cast<int>(valori[kColonnaAnno].Intero());
-  gestore.VediRegistrazione(numero, anno);
+  gestore.Segui(AllaRegistrazione(static_cast<int>(valori[kColonnaAnno].Intero()),
+                                  valori[kColonnaArticolo].Intero()));
 }
 
 FinestraMovimentiConto::FinestraMovimentiConto(Finestre& finestre)
@@ -155,13 +148,10 @@ FinestraMovimentiConto::~FinestraMovimentiConto() {
   hide();
 }
 
-void FinestraMovimentiConto::ApriCodice(const QString& codice) {
-  const auto barra = codice.indexOf(QLatin1Char('|'));
-  if (barra > 0) {
-    const int classe = interno_->cfp->findData(codice.left(barra).toUpper());
-    if (classe >= 0) interno_->cfp->setCurrentIndex(classe);
-  }
-  interno_->conto->Mostra(Valore(codice.mid(barra + 1).toStdString()));
+void FinestraMovimentiConto::ApriRecord(const Rinvio& rinvio) {
+  const int classe = interno_->cfp->findData(QString::fromStdString(rinvio.classe).toUpper());
+  if (classe >= 0) interno_->cfp->setCurrentIndex(classe);
+  interno_->conto->Mostra(Valore(rinvio.codice));
   interno_->Carica();
 }
 

@@ -15,8 +15,8 @@ class FinestraMovimentiConto : public FinestraFunzione {
   explicit FinestraMovimentiConto(Finestre& finestre);
   ~FinestraMovimentiConto() override;
 
-  /// Shows the account of a text "class|code" ("P|100.010"), or of a code of the class chosen.
-  void ApriCodice(const QString& codice) override;
+  /// Shows an account; without a class, a code of the class chosen.
+  void ApriRecord(const Rinvio& rinvio) override;
   void Aggiorna() override;
 
  private:

@@ -9,6 +9,7 @@
 #include <map>
 
 #include "core/values/Testo.h"
+#include "ledger/accounts/PianoDeiConti.h"
 #include "screens/common/fields/Disposizione.h"
 
 namespace fenalto::screens {
@@ -19,11 +20,10 @@ enum Colonna { kCodice, kDescrizione, kClasse, kLettera };
 /// Archive behind a row.
 constexpr int kArchivio = Qt::UserRole;
 
-QTreeWidgetItem* Riga(const Rs& rs, const QString& classe, const char* archivio) {
-  const auto testo = [&](const char* campo) {
-    return QString::fromStdString(rs.Fields(campo).Testo());
-  };
-  auto* riga = new QTreeWidgetItem({testo("Cod"), testo("Descrizione"), classe, testo("PatrEcon")});
+QTreeWidgetItem* Riga(const ledger::VocePiano& voce, const char* archivio) {
+  auto* riga = new QTreeWidgetItem(
+      {QString::fromStdString(voce.cod), QString::fromStdString(voce.descrizione),
+       QString::fromStdString(voce.cfp), QString::fromStdString(voce.patrEcon)});
   riga->setData(kCodice, kArchivio, QString::fromLatin1(archivio));
   return riga;
 }
@@ -95,21 +95,19 @@ void FinestraVisPdc::Interno::Leggi() {
   const auto* corrente = albero->currentItem();
   const QString codice = corrente == nullptr ? QString() : corrente->text(kCodice);
   albero->clear();
-  Archivio& tessarc = gestore.Sessione().ArchivioDi("tessarc");
+  const auto piano = ledger::LeggiPiano(gestore.Sessione());
   std::map<std::string, QTreeWidgetItem*> mastri;
   QList<QTreeWidgetItem*> righe;
-  for (Rs rs = tessarc.Recordset("SELECT Cod, Descrizione, PatrEcon FROM Mastri ORDER BY Cod");
-       !rs.Eof(); rs.MoveNext()) {
-    auto* mastro = Riga(rs, QString(), "MASTRI");
+  for (const auto& voce : piano.mastri) {
+    auto* mastro = Riga(voce, "MASTRI");
     Grassetto(*mastro);
-    mastri.emplace(SenzaMaiuscole(rs.Fields("Cod").Testo()), mastro);
+    mastri.emplace(SenzaMaiuscole(voce.cod), mastro);
     righe.append(mastro);
   }
   // What no master leads to stands by itself, last.
-  for (Rs rs = tessarc.Recordset("SELECT Cod, Descrizione, CFP, PatrEcon FROM Conti ORDER BY Cod");
-       !rs.Eof(); rs.MoveNext()) {
-    auto* conto = Riga(rs, QString::fromStdString(rs.Fields("CFP").Testo()), "CONTI");
-    const std::string cod = SenzaMaiuscole(rs.Fields("Cod").Testo());
+  for (const auto& voce : piano.conti) {
+    auto* conto = Riga(voce, "CONTI");
+    const std::string cod = SenzaMaiuscole(voce.cod);
     auto padre = mastri.end();
     for (auto punto = cod.find('.'); punto != std::string::npos && padre == mastri.end();
          punto = cod.find('.', punto + 1)) {
@@ -162,10 +160,8 @@ void FinestraVisPdc::Interno::VaiA(const QString& codice) {
 
 void FinestraVisPdc::Interno::Apri(const QTreeWidgetItem* riga) {
   if (riga == nullptr) return;
-  // Copied first: the main window may close this one.
-  const QString archivio = riga->data(kCodice, kArchivio).toString();
-  const QString codice = riga->text(kCodice);
-  gestore.ApreFormDaEvLibero(archivio, codice);
+  gestore.Segui(AllArchivio(riga->data(kCodice, kArchivio).toString().toStdString(),
+                            riga->text(kCodice).toStdString()));
 }
 
 FinestraVisPdc::FinestraVisPdc(Finestre& finestre)
@@ -178,19 +174,15 @@ FinestraVisPdc::~FinestraVisPdc() {
   hide();
 }
 
-void FinestraVisPdc::ApriCodice(const QString& codice) {
-  if (codice.isEmpty()) {
-    // What was searched last time stays, to be typed over.
-    interno_->cerca->setFocus();
-    interno_->cerca->selectAll();
-    return;
-  }
+void FinestraVisPdc::ApriRecord(const Rinvio& rinvio) {
   interno_->cerca->clear();
-  interno_->VaiA(codice);
+  interno_->VaiA(QString::fromStdString(rinvio.codice));
 }
 
 void FinestraVisPdc::ApriScheda(int /*scheda*/) {
   interno_->Leggi();
+  interno_->cerca->setFocus();
+  interno_->cerca->selectAll();
 }
 
 void FinestraVisPdc::Aggiorna() {

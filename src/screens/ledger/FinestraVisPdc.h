@@ -15,10 +15,11 @@ class FinestraVisPdc : public FinestraFunzione {
   explicit FinestraVisPdc(Finestre& finestre);
   ~FinestraVisPdc() override;
 
-  /// Reads the chart: as it is whenever the list is asked for, though it was open already.
+  /// Reads the chart: as it is whenever the list is asked for, though it was open already. What
+  /// was searched last time stays, to be typed over.
   void ApriScheda(int scheda) override;
   /// Goes to the account (or master) of that code.
-  void ApriCodice(const QString& codice) override;
+  void ApriRecord(const Rinvio& rinvio) override;
   void Aggiorna() override;
 
  protected:

@@ -6,10 +6,9 @@
 #include <QVBoxLayout>
 
 #include "screens/common/fields/Disposizione.h"
-#include "screens/common/lists/Griglia.h"
+#include "screens/common/lists/ElencoCercato.h"
 #include "screens/common/lists/SelettoreArticolo.h"
 #include "screens/common/windows/FunzioniCorrelate.h"
-#include "screens/ledger/ElencoRegistrazioni.h"
 
 namespace fenalto::screens {
 namespace {
@@ -45,10 +44,19 @@ constexpr FunzioneCorrelata kAltriModi[] = {
     {"NuovoRiba", "Distinta riba", "RiBa"},
 };
 
+/// Silent while an index answers and something is found.
+QString DiTrovate(const FormaElenco::Letti& letti) {
+  if (letti.troppi) return QObject::tr("le ultime %1: restringere la ricerca").arg(letti.righe);
+  if (letti.righe == 0) return letti.cercato ? QObject::tr("nessuna registrazione") : QString();
+  if (!letti.aTratti) return {};
+  return letti.righe == 1 ? QObject::tr("1 registrazione")
+                          : QObject::tr("%1 registrazioni").arg(letti.righe);
+}
+
 }  // namespace
 
 PaginaScelta::PaginaScelta(Finestre& finestre, QWidget* genitore)
-    : QWidget(genitore), finestre_(finestre) {
+    : QWidget(genitore), finestre_(finestre), lettore_(finestre.Sessione()) {
   auto* griglia = new QGridLayout(this);
   griglia->addWidget(CreaSelettore(), 0, 0, 1, 2);
   riquadroElenco_ = CreaElenco();
@@ -69,7 +77,7 @@ QWidget* PaginaScelta::CreaSelettore() {
   disposizione->setContentsMargins(0, 0, 0, 0);
   selettore_ = new SelettoreArticolo(
       [this](std::int64_t numero) {
-        const QString testo = elenco_->Descrizione(numero);
+        const QString testo = QString::fromStdString(lettore_.Testo(numero));
         return testo.isEmpty() ? tr("nel %1 non c'è una registrazione non iva con questo numero")
                                      .arg(finestre_.Sessione().Anno())
                                : testo;
@@ -84,11 +92,24 @@ QWidget* PaginaScelta::CreaSelettore() {
 QGroupBox* PaginaScelta::CreaElenco() {
   auto* riquadro = new QGroupBox(tr("Registrazioni del %1").arg(finestre_.Sessione().Anno()));
   auto* colonna = new QVBoxLayout(riquadro);
-  elenco_ = new ElencoRegistrazioni(finestre_.Sessione());
+  elenco_ = new ElencoCercato(
+      {.finestra = QStringLiteral("Movimenti"),
+       .griglia = QStringLiteral("ElencoArticoli"),
+       .cerca = QStringLiteral("CercaArticoli"),
+       .stato = QStringLiteral("StatoRicerca"),
+       .segnaposto = tr("numero, data, oppure conto o parte della sua descrizione"),
+       .colonne = {{tr("Numero"), Tipo::Intero, 70},
+                   {tr("Data"), Tipo::Data, 90},
+                   {tr("Dare"), Tipo::Testo, 240},
+                   {tr("Avere"), Tipo::Testo, 240}},
+       .testo = DiTrovate,
+       .subito = true},
+      lettore_);
   colonna->addWidget(elenco_);
-  connect(elenco_, &ElencoRegistrazioni::Indicato, this, &PaginaScelta::Seleziona);
-  connect(elenco_, &ElencoRegistrazioni::Scelto, this, [this](qint64 numero) {
-    Seleziona(numero);
+  connect(elenco_, &ElencoCercato::Indicato, this,
+          [this](const QString& numero) { Seleziona(numero.toLongLong()); });
+  connect(elenco_, &ElencoCercato::Scelto, this, [this](const QString& numero) {
+    Seleziona(numero.toLongLong());
     selettore_->Apri();
   });
   return riquadro;

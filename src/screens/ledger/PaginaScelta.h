@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include "ledger/registrations/LettoreArticoli.h"
 #include "ledger/registrations/Primanota.h"
 #include "screens/common/windows/Finestre.h"
 
@@ -15,7 +16,7 @@ class QVBoxLayout;
 
 namespace fenalto::screens {
 
-class ElencoRegistrazioni;
+class ElencoCercato;
 class Griglia;
 class SelettoreArticolo;
 
@@ -54,7 +55,8 @@ class PaginaScelta : public QWidget {
   Finestre& finestre_;
   SelettoreArticolo* selettore_;
   QPushButton* nuovo_;
-  ElencoRegistrazioni* elenco_;
+  ledger::LettoreArticoli lettore_;
+  ElencoCercato* elenco_;
   Griglia* modelli_;
   QGroupBox* riquadroElenco_;
   QGroupBox* riquadroModelli_;

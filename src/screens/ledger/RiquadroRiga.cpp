@@ -10,7 +10,6 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -44,7 +43,6 @@ RiquadroRiga::RiquadroRiga(ledger::Primanota& primanota, Finestre& finestre, QWi
   CreaCampi();
   Disponi();
   OrdineTab();
-  ApriTabelle({causale_, conto_, contoControp_, categoria_});
   connect(visSaldo_, &QPushButton::clicked, this, &RiquadroRiga::VisSaldo);
 }
 
@@ -52,21 +50,18 @@ void RiquadroRiga::CreaCampi() {
   auto& sessione = finestre_.Sessione();
   const int decimali = sessione.Euro() ? 2 : 0;
   posi_ = new CampoNumero(QStringLiteral("Posi"));
-  causale_ =
-      new CampoCodice(QStringLiteral("Causale"), QStringLiteral("CAUSALI"), FonteCausali(sessione));
+  causale_ = new CampoCodice(QStringLiteral("Causale"), archives::Fonte(sessione, "causali"));
   descrizione_ = new CampoTesto(QStringLiteral("Descrizione"));
   cfp_ = CampoClasse(QStringLiteral("CFP"));
-  conto_ =
-      new CampoCodice(QStringLiteral("Conto"), QStringLiteral("CONTI"), FonteConti(sessione, "P"));
+  conto_ = new CampoCodice(QStringLiteral("Conto"), archives::FonteConti(sessione, "P"));
   dare_ = new CampoImporto(QStringLiteral("ImpoDare"), nullptr, decimali);
   avere_ = new CampoImporto(QStringLiteral("ImpoAvere"), nullptr, decimali);
   cfpControp_ = CampoClasse(QStringLiteral("CFPControp"));
-  contoControp_ = new CampoCodice(QStringLiteral("ContoControp"), QStringLiteral("CONTI"),
-                                  FonteContropartite(sessione, "P"));
+  contoControp_ =
+      new CampoCodice(QStringLiteral("ContoControp"), archives::FonteContropartite(sessione, "P"));
   diversi_ = new QCheckBox(tr("+diversi"));
   diversi_->setObjectName(QStringLiteral("DiversiControp"));
-  categoria_ = new CampoCodice(QStringLiteral("Categoria"), QStringLiteral("CATEGORIE"),
-                               FonteCategorie(sessione));
+  categoria_ = new CampoCodice(QStringLiteral("Categoria"), archives::Fonte(sessione, "categorie"));
   commessa_ = new CampoTesto(QStringLiteral("Commessa"));
   visSaldo_ = Pulsante(QStringLiteral("VisSaldo"), tr("visualizza saldo"));
   for (QWidget* campo : std::initializer_list<QWidget*>{posi_, causale_, descrizione_, cfp_, conto_,
@@ -180,10 +175,10 @@ void RiquadroRiga::CampoLasciato(const QString& campo, bool cambiato) {
 void RiquadroRiga::ScegliFonti() {
   auto& sessione = finestre_.Sessione();
   const std::string classe = caso_.Riga().Testo("CFP");
-  if (classe != classe_) conto_->Fonte(FonteConti(sessione, classe), TabellaDiClasse(classe));
+  if (classe != classe_) conto_->Fonte(archives::FonteConti(sessione, classe));
   const std::string controp = caso_.Riga().Testo("CFPControp");
   if (controp != classeControp_) {
-    contoControp_->Fonte(FonteContropartite(sessione, controp), TabellaDiClasse(controp));
+    contoControp_->Fonte(archives::FonteContropartite(sessione, controp));
   }
   classe_ = classe;
   classeControp_ = controp;

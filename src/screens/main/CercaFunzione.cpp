@@ -27,16 +27,17 @@ bool Contiene(const CercaFunzione::Funzione& funzione, const QString& testo) {
 
 }  // namespace
 
-void CercaFunzione::Apri(QWidget* finestra, std::vector<Funzione> funzioni) {
-  auto* riquadro = new CercaFunzione(finestra, std::move(funzioni));
+void CercaFunzione::Apri(QWidget* finestra, std::vector<Funzione> funzioni, Seguito segui) {
+  auto* riquadro = new CercaFunzione(finestra, std::move(funzioni), std::move(segui));
   riquadro->show();
   riquadro->raise();
   riquadro->testo_->setFocus();
 }
 
-CercaFunzione::CercaFunzione(QWidget* finestra, std::vector<Funzione> funzioni)
+CercaFunzione::CercaFunzione(QWidget* finestra, std::vector<Funzione> funzioni, Seguito segui)
     : QFrame(finestra),
       funzioni_(std::move(funzioni)),
+      segui_(std::move(segui)),
       testo_(new QLineEdit(this)),
       elenco_(new QListWidget(this)) {
   setObjectName(QStringLiteral("CercaFunzione"));
@@ -71,10 +72,9 @@ void CercaFunzione::Filtra(const QString& testo) {
 void CercaFunzione::Scegli() {
   auto* riga = elenco_->currentItem();
   if (riga == nullptr) return;
-  const auto apri = funzioni_[static_cast<std::size_t>(riga->data(Qt::UserRole).toInt())].apri;
   hide();
   deleteLater();
-  apri();
+  segui_(funzioni_[static_cast<std::size_t>(riga->data(Qt::UserRole).toInt())].rinvio);
 }
 
 bool CercaFunzione::eventFilter(QObject* oggetto, QEvent* evento) {

@@ -5,6 +5,8 @@
 #include <functional>
 #include <vector>
 
+#include "core/values/Rinvio.h"
+
 class QLineEdit;
 class QListWidget;
 
@@ -17,21 +19,23 @@ class CercaFunzione : public QFrame {
   struct Funzione {
     QString voce;
     QString percorso;
-    std::function<void()> apri;
+    Rinvio rinvio;
   };
-  /// Shows the box over `finestra`; it goes by itself when a function was chosen, on Esc, or when
-  /// it loses the focus.
-  static void Apri(QWidget* finestra, std::vector<Funzione> funzioni);
+  using Seguito = std::function<void(const Rinvio&)>;
+  /// Shows the box over `finestra`; it goes by itself when a function was chosen (which `segui` is
+  /// told), on Esc, or when it loses the focus.
+  static void Apri(QWidget* finestra, std::vector<Funzione> funzioni, Seguito segui);
 
  protected:
   bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
  private:
-  CercaFunzione(QWidget* finestra, std::vector<Funzione> funzioni);
+  CercaFunzione(QWidget* finestra, std::vector<Funzione> funzioni, Seguito segui);
   void Filtra(const QString& testo);
   void Scegli();
 
   std::vector<Funzione> funzioni_;
+  Seguito segui_;
   QLineEdit* testo_;
   QListWidget* elenco_;
 };

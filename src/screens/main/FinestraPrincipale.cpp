@@ -57,7 +57,11 @@ FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costrutto
   aggiornamento->hide();
   CreaBarra();
   CreaMenu();
-  connect(uscite_, &print::FabbricaUsciteQt::RinvioScelto, this, &FinestraPrincipale::SegueRinvio);
+  connect(uscite_, &print::FabbricaUsciteQt::RinvioScelto, this, [this](const Rinvio& rinvio) {
+    raise();
+    activateWindow();
+    Segui(rinvio);
+  });
   resize(1280, 720);
   restoreGeometry(QSettings().value(QStringLiteral("finestre/Principale")).toByteArray());
 }
@@ -322,62 +326,10 @@ void FinestraPrincipale::ChiudiFinestra(FinestraFunzione& finestra) {
   MostraVoceSospese();
 }
 
-void FinestraPrincipale::ApreFormDaEvLibero(const QString& tabella, const QString& codice) {
-  const auto archivio = ArchivioDietro(tabella);
-  if (archivio.finestra.isEmpty()) return;
-  if (!costruttori_.contains(archivio.finestra)) {
-    ambiente_.Dialogo().Messaggio("l'archivio " + archivio.finestra.toStdString() +
-                                  " non è ancora disponibile");
-    return;
-  }
-  if (auto* aperta = Aperta(archivio.finestra)) {
-    if (ControlloUscita(*aperta)) return;
-    Scarica(*aperta);
-  }
-  auto* finestra = Carica(archivio.finestra, archivio.livello);
-  if (finestra == nullptr) return;
-  finestra->ApriScheda(0);
-  finestra->ApriCodice(codice);
-  finestra->setFocus();
-}
-
-void FinestraPrincipale::VediRegistrazione(std::int64_t numero, int anno) {
-  if (!ambiente_.Dialogo().Conferma("Vedere la registrazione contabile ?")) return;
-  if (anno != ambiente_.Anno()) {
-    ambiente_.Dialogo().Messaggio("selezionare l'anno " + std::to_string(anno), Icona::Avviso);
-    return;
-  }
-  const std::string registro =
-      NzStr(ambiente_.Cerca("tessarc", "ARTICOLI", {{"Anno", anno}, {"NumDoc", numero}}, "Riva"));
-  const QString nome = registro.empty() ? QStringLiteral("Movimenti") : QStringLiteral("Fatture");
-  if (!FunzioneDisponibile(nome)) {
-    ambiente_.Dialogo().Messaggio("la finestra " + nome.toStdString() +
-                                  " non è ancora disponibile");
-    return;
-  }
-  if (auto* aperta = Aperta(nome)) {
-    if (ControlloUscita(*aperta)) return;
-    Scarica(*aperta);
-  }
-  if (auto* finestra = ApriFunzione(nome)) finestra->ApriCodice(QString::number(numero));
-}
-
 // --- Reports ----------------------------------------------------------------------------------
 
 reports::FabbricaUscite& FinestraPrincipale::Uscite() {
   return *uscite_;
-}
-
-void FinestraPrincipale::SegueRinvio(const Rinvio& rinvio) {
-  raise();
-  activateWindow();
-  if (rinvio.funzione == "Registrazione") {
-    VediRegistrazione(std::stoll(rinvio.codice), rinvio.anno);
-    return;
-  }
-  if (auto* finestra = ApriFunzione(Qs(rinvio.funzione))) {
-    finestra->ApriCodice(Qs(rinvio.classe + "|" + rinvio.codice));
-  }
 }
 
 void FinestraPrincipale::ChiudiAnteprime() {

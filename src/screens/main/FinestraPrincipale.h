@@ -5,7 +5,6 @@
 #include <functional>
 #include <map>
 
-#include "core/reports/Pagina.h"
 #include "screens/common/windows/FinestraFunzione.h"
 #include "screens/main/MappaMenu.h"
 
@@ -46,13 +45,15 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   /// Opens the box that finds functions by a few letters.
   void CercaFunzioni();
 
+  /// Opens a function as its menu entry does: right, exclusive rule, tab. Brings it to the front
+  /// when it is open already. Null when it was refused or isn't built.
+  FinestraFunzione* ApriFunzione(const QString& finestra, int scheda = -1);
+
   // Finestre
   Ambiente& Sessione() override { return ambiente_; }
   reports::FabbricaUscite& Uscite() override;
-  FinestraFunzione* ApriFunzione(const QString& finestra, int scheda = -1) override;
+  FinestraFunzione* Segui(const Rinvio& rinvio) override;
   [[nodiscard]] bool FunzioneDisponibile(const QString& finestra) const override;
-  void ApreFormDaEvLibero(const QString& tabella, const QString& codice) override;
-  void VediRegistrazione(std::int64_t numero, int anno) override;
   bool ControlloUscita(FinestraFunzione& finestra) override;
   void ChiudiFinestra(FinestraFunzione& finestra) override;
 
@@ -63,9 +64,6 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void PortaAvanti(FinestraFunzione& finestra);
   /// Closes all function windows without questions: records in edit are given up.
   void ChiudiTutto();
-  /// Goes where a text of a preview leads: to the registration, after its question, or to the
-  /// movements of the account.
-  void SegueRinvio(const Rinvio& rinvio);
 
  signals:
   /// The main window was closed for good.
@@ -78,8 +76,6 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void CreaMenu();
   void CreaBarra();
   void CambiaAnno(int indice);
-  void Esegui(const VoceMenu& voce);
-  void PulsanteBarra(const QString& pulsante);
   void ScaricaSfondo();
   void MostraSfondo();
   void AggiornaStato();
@@ -91,6 +87,15 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void ApriDocumento(const QString& nome, const std::filesystem::path& file);
   /// Null when the window, or that entry of it, isn't built.
   [[nodiscard]] const Costruttore* TrovaCostruttore(const QString& finestra, int scheda) const;
+  /// A destination that isn't simply a function: what has to be asked or closed before.
+  struct Destinazione;
+  static const Destinazione* DestinazioneDi(const std::string& nome);
+  FinestraFunzione* ScegliArchivi(const Rinvio& rinvio);
+  FinestraFunzione* ApriRegistri(const Rinvio& rinvio);
+  FinestraFunzione* VediRegistrazione(const Rinvio& rinvio);
+  FinestraFunzione* ApriArchivio(const RigaArchivio& archivio, const std::string& codice);
+  /// Closes the function, if it is open, so that it can be opened anew; false when it must stay.
+  bool Libera(const QString& finestra);
   FinestraFunzione* Carica(const QString& finestra, int livello, int scheda = -1);
   void Scarica(FinestraFunzione& finestra);
   /// Previews are of the session that made them.

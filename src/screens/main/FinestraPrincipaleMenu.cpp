@@ -89,27 +89,10 @@ void FinestraPrincipale::CreaMenu() {
     const QString finestra = QString::fromUtf8(voce.finestra);
     azione->setEnabled(finestra == QLatin1String("@SelezioneArchivi") ||
                        TrovaCostruttore(finestra, voce.scheda) != nullptr);
-    connect(azione, &QAction::triggered, this, [this, &voce] { Esegui(voce); });
+    connect(azione, &QAction::triggered, this, [this, &voce] { Segui(RinvioDi(voce)); });
     azioni_[&voce] = azione;
   }
   albero.SpegniVuoti();
-}
-
-void FinestraPrincipale::Esegui(const VoceMenu& voce) {
-  const QString finestra = QString::fromUtf8(voce.finestra);
-  if (finestra == QLatin1String("@SelezioneArchivi")) {
-    SelezioneArchivi();
-    return;
-  }
-  if (finestra == QLatin1String("StRegistriIva") && ambiente_.HaDiritto(voce.livello) &&
-      ambiente_.Dialogo().Domanda("La stampa dei singoli registri iva è obsoleta\n"
-                                  "SI= apro 'stampa registro iva unico'\n"
-                                  "NO = proseguo con la stampa dei singoli registri",
-                                  Bottoni::SiNo, Risposta::Si) == Risposta::Si) {
-    ApriFunzione(QStringLiteral("STRegistroIvaUnico"));
-    return;
-  }
-  ApriFunzione(finestra, voce.scheda);
 }
 
 void FinestraPrincipale::CreaBarra() {
@@ -121,17 +104,19 @@ void FinestraPrincipale::CreaBarra() {
     const char* nome;
     QString testo;
     QString aiuto;
+    std::function<void()> premuto;
   } pulsanti[] = {
-      {"Archivi", tr("Ditta..."), tr("Selezione Archivi: sceglie ditta e anno")},
-      {"Primanota", tr("Primanota"), tr("Movimenti Non Iva - Primanota")},
-      {"Cerca", tr("Cerca"), tr("Cerca una funzione (Ctrl+K)")},
+      {"Archivi", tr("Ditta..."), tr("Selezione Archivi: sceglie ditta e anno"),
+       [this] { SelezioneArchivi(); }},
+      {"Primanota", tr("Primanota"), tr("Movimenti Non Iva - Primanota"),
+       [this] { Segui({.funzione = "Movimenti"}); }},
+      {"Cerca", tr("Cerca"), tr("Cerca una funzione (Ctrl+K)"), [this] { CercaFunzioni(); }},
   };
   for (const auto& pulsante : pulsanti) {
     auto* azione = barra_->addAction(pulsante.testo);
     azione->setObjectName(QStringLiteral("Barra") + QLatin1String(pulsante.nome));
     azione->setToolTip(pulsante.aiuto);
-    const QString nome = QString::fromLatin1(pulsante.nome);
-    connect(azione, &QAction::triggered, this, [this, nome] { PulsanteBarra(nome); });
+    connect(azione, &QAction::triggered, this, pulsante.premuto);
   }
   auto* cerca = new QAction(this);
   cerca->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
@@ -185,16 +170,6 @@ void FinestraPrincipale::CreaBarra() {
   connect(video, &QToolButton::clicked, this, &FinestraPrincipale::VideoCorsi);
 }
 
-void FinestraPrincipale::PulsanteBarra(const QString& pulsante) {
-  if (pulsante == QLatin1String("Archivi")) {
-    SelezioneArchivi();
-  } else if (pulsante == QLatin1String("Primanota")) {
-    ApriFunzione(QStringLiteral("Movimenti"));
-  } else if (pulsante == QLatin1String("Cerca")) {
-    CercaFunzioni();
-  }
-}
-
 void FinestraPrincipale::CercaFunzioni() {
   std::vector<CercaFunzione::Funzione> funzioni;
   for (const auto& voce : MappaMenu()) {
@@ -202,9 +177,9 @@ void FinestraPrincipale::CercaFunzioni() {
     if (!azione->second->isEnabled() || !azione->second->isVisible()) continue;
     QString percorso = QString::fromUtf8(voce.percorso);
     percorso.replace(QLatin1Char('|'), QStringLiteral(" > "));
-    funzioni.push_back({QString::fromUtf8(voce.voce), percorso, [this, &voce] { Esegui(voce); }});
+    funzioni.push_back({QString::fromUtf8(voce.voce), percorso, RinvioDi(voce)});
   }
-  CercaFunzione::Apri(this, std::move(funzioni));
+  CercaFunzione::Apri(this, std::move(funzioni), [this](const Rinvio& rinvio) { Segui(rinvio); });
 }
 
 void FinestraPrincipale::ApriDocumento(const QString& nome, const std::filesystem::path& file) {

@@ -148,12 +148,6 @@ constexpr auto kVoci = std::to_array<VoceMenu>({
     {"Impostazioni/Chiusure/Aperture", "Impostazione utenti e diritti", "Ut", 0},
 });
 
-struct RigaArchivio {
-  const char* tabella;
-  const char* finestra;
-  int livello;
-};
-
 constexpr auto kArchivi = std::to_array<RigaArchivio>({
     {"CLIENTI", "Clienti", 30},
     {"FORNITORI", "Fornitori", 30},
@@ -228,14 +222,15 @@ QString TestoEsclusiva(Esclusiva esclusiva) {
   return {};
 }
 
-ArchivioDiTabella ArchivioDietro(const QString& tabella) {
-  const QString nome = tabella.toUpper();
+Rinvio RinvioDi(const VoceMenu& voce) {
+  return {.funzione = voce.finestra, .scheda = voce.scheda};
+}
+
+const RigaArchivio* ArchivioDietro(const std::string& tabella) {
   for (const auto& riga : kArchivi) {
-    if (nome == QLatin1String(riga.tabella)) {
-      return {QString::fromLatin1(riga.finestra), riga.livello};
-    }
+    if (tabella == riga.tabella) return &riga;
   }
-  return {};
+  return nullptr;
 }
 
 }  // namespace fenalto::screens

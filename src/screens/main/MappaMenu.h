@@ -4,6 +4,8 @@
 #include <QString>
 #include <span>
 
+#include "core/values/Rinvio.h"
+
 namespace fenalto::screens {
 
 /// How a function refuses to run beside others.
@@ -30,11 +32,17 @@ const VoceMenu* VoceDi(const QString& finestra, int scheda = -1);
 /// Text that an exclusive function refuses with.
 QString TestoEsclusiva(Esclusiva esclusiva);
 
-/// Window and right behind a table that a code field jumps to; an empty window for no jump.
-struct ArchivioDiTabella {
-  QString finestra;
-  int livello = 99;
+/// The function of an entry.
+Rinvio RinvioDi(const VoceMenu& voce);
+
+/// An archive that code fields lead to. It isn't the function of its menu entry, which bears the
+/// window's name: its right may differ, and one that is open already gives way.
+struct RigaArchivio {
+  const char* tabella;  ///< in capitals
+  const char* finestra;
+  int livello;
 };
-ArchivioDiTabella ArchivioDietro(const QString& tabella);
+/// By the table's name; null for none.
+const RigaArchivio* ArchivioDietro(const std::string& tabella);
 
 }  // namespace fenalto::screens

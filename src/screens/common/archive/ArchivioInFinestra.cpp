@@ -43,10 +43,7 @@ FinestraArchivio::Interno::Interno(FinestraArchivio& finestraUsata, Finestre& ge
           [this]() -> Scheda& { return archivio.Aperto() ? archivio.Record() : vuota; },
           gestoreUsato.Sessione().Dialogo(), nullptr)) {
   archivio.Contesto().uscite = &gestore.Uscite();
-  archivio.Contesto().apri = [this](const std::string& nome, const std::string& codice) {
-    auto* aperta = gestore.ApriFunzione(Qs(nome));
-    if (aperta != nullptr && aperta != &finestra) aperta->ApriCodice(Qs(codice));
-  };
+  archivio.Contesto().apri = [this](const Rinvio& rinvio) { gestore.Segui(rinvio); };
 }
 
 void FinestraArchivio::Interno::Disponi() {
@@ -204,10 +201,6 @@ void FinestraArchivio::Interno::Collega() {
   }
   connect(legami.get(), &Legatura::Lasciato, f,
           [this](const QString& campo, bool cambiato) { CampoLasciato(campo, cambiato); });
-  connect(campi.get(), &CampiArchivio::EventoLibero, f,
-          [this](const QString& tabella, const QString& codice) {
-            gestore.ApreFormDaEvLibero(tabella, codice);
-          });
   QList<QAbstractButton*> record{conferma, elimina, annulla, sdoppia, precedente, successivo};
   record += pagina->Pulsanti();
   std::copy_if(propri.begin(), propri.end(), std::back_inserter(record),

@@ -203,14 +203,9 @@ QWidget* CampiArchivio::CreaTipizzato(const archives::CampoArchivio& campo, Tipo
 }
 
 QWidget* CampiArchivio::CreaCodice(const archives::CampoArchivio& campo) {
-  const auto& da = campo.fonte;
-  auto fonte = std::make_shared<FonteTabella>(
-      [this, chiave = da.chiave]() -> Archivio& { return ambiente_.ArchivioDi(chiave); }, da.fonte,
-      "Cod", da.campoDescrizione, [filtro = da.filtro] { return filtro; });
-  auto* codice = new CampoCodice(Qs(campo.nome), Qs(da.archivio), std::move(fonte));
+  auto* codice = new CampoCodice(Qs(campo.nome), archives::Fonte(ambiente_, campo.fonte));
   LargoCaratteri(codice, std::min(campo.caratteri > 0 ? campo.caratteri + 1 : kCaratteriCodice,
                                   kCaratteriMostrati));
-  connect(codice, &CampoCodice::EventoLibero, this, &CampiArchivio::EventoLibero);
   codici_.push_back(codice);
   return codice;
 }

@@ -43,10 +43,6 @@ class CampiArchivio : public QObject {
   /// Makes the focus go through the fields as they stand on the page.
   void OrdinaFoco();
 
- signals:
-  /// The archive behind a code is asked for.
-  void EventoLibero(const QString& tabella, const QString& codice);
-
  private:
   /// A field with what stands around it, shown and hidden together.
   struct Voce {

@@ -277,8 +277,9 @@ void FinestraArchivio::ApriScheda(int scheda) {
   if (scheda >= 0 && scheda < interno_->scelta->count()) interno_->scelta->setCurrentIndex(scheda);
 }
 
-void FinestraArchivio::ApriCodice(const QString& codice) {
+void FinestraArchivio::ApriRecord(const Rinvio& rinvio) {
   if (!interno_->LasciaPrecedente()) return;
+  const QString codice = QString::fromStdString(rinvio.codice);
   interno_->pagina->MostraCodice(codice);
   interno_->Apri(codice);
 }

@@ -28,7 +28,7 @@ class FinestraArchivio : public FinestraFunzione {
   [[nodiscard]] bool InModifica() const override;
   void Abbandona() override;
   void ApriScheda(int scheda) override;
-  void ApriCodice(const QString& codice) override;
+  void ApriRecord(const Rinvio& rinvio) override;
   bool Indietro() override;
   void Aggiorna() override;
 

@@ -1,28 +1,19 @@
 #include "screens/common/archive/PaginaSceltaArchivio.h"
 
-#include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QScrollBar>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "core/archives/FonteCodici.h"
 #include "core/values/Testo.h"
-#include "screens/common/archive/RigaFiltri.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
-#include "screens/common/lists/Griglia.h"
+#include "screens/common/lists/ElencoCercato.h"
 
 namespace fenalto::screens {
 namespace {
-
-constexpr int kPagina = 200;
-constexpr int kRilette = 5'000;  // rows read again at most to come back to a place
 
 QString Qs(const std::string& testo) {
   return QString::fromStdString(testo);
@@ -56,27 +47,38 @@ std::vector<ColonnaGriglia> ColonneGriglia(Ambiente& ambiente,
   return colonne;
 }
 
+QString DiQuanti(const FormaElenco::Letti& letti) {
+  if (!letti.finito) return QObject::tr("i primi %1 codici").arg(letti.righe);
+  if (letti.righe == 0) {
+    return letti.cercato ? QObject::tr("nessun codice con questo testo")
+                         : QObject::tr("nessun codice: Ins per il primo");
+  }
+  return letti.righe == 1 ? QObject::tr("1 codice") : QObject::tr("%1 codici").arg(letti.righe);
+}
+
 }  // namespace
 
 PaginaSceltaArchivio::PaginaSceltaArchivio(Ambiente& ambiente,
                                            const archives::DescrizioneArchivio& descrizione)
-    : ambiente_(ambiente), elenco_(ambiente, descrizione), ripresa_(new QTimer(this)) {
+    : ambiente_(ambiente), elenco_(ambiente, descrizione) {
   CreaSelettore(descrizione);
   CreaElenco(descrizione);
   Disponi();
   Collega();
-  Leggi();
+  lista_->Ricarica();
 }
 
 void PaginaSceltaArchivio::CreaSelettore(const archives::DescrizioneArchivio& descrizione) {
   constexpr int kMinimi = 8;
   constexpr int kMassimi = 20;
-  auto fonte = std::make_shared<FonteTabella>(
-      [this, chiave = descrizione.chiave]() -> Archivio& { return ambiente_.ArchivioDi(chiave); },
-      descrizione.tabella, "Cod",
-      descrizione.campoDescrizione.empty() ? "Cod" : descrizione.campoDescrizione,
-      [filtro = descrizione.filtro] { return filtro; });
-  selettore_ = new CampoCodice(QStringLiteral("Rt1"), QString(), std::move(fonte));
+  auto fonte = archives::Fonte(
+      ambiente_,
+      {.nome = {},
+       .tabella = descrizione.tabella,
+       .condizione = descrizione.filtro,
+       .descrizione = descrizione.campoDescrizione.empty() ? "Cod" : descrizione.campoDescrizione,
+       .chiave = descrizione.chiave});
+  selettore_ = new CampoCodice(QStringLiteral("Rt1"), std::move(fonte));
   LargoCaratteri(selettore_, std::clamp(descrizione.caratteriCodice + 2, kMinimi, kMassimi));
   apri_ = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel codice"));
   nuovo_ = Pulsante(QStringLiteral("Nuovo"), tr("Nuovo"), tr("Ins"));
@@ -86,19 +88,18 @@ void PaginaSceltaArchivio::CreaSelettore(const archives::DescrizioneArchivio& de
 }
 
 void PaginaSceltaArchivio::CreaElenco(const archives::DescrizioneArchivio& descrizione) {
-  cerca_ = new QLineEdit;
-  cerca_->setObjectName(QStringLiteral("Cerca"));
-  cerca_->setPlaceholderText(tr("codice o parte del testo"));
-  cerca_->setClearButtonEnabled(true);
-  griglia_ = new screens::Griglia(QStringLiteral("GrigliaArchivio"), Qs(descrizione.finestra),
-                                  ColonneGriglia(ambiente_, descrizione));
-  // The order is the source's: rows come in pages.
-  griglia_->horizontalHeader()->setSectionsClickable(false);
-  std::vector<std::string> nomi;
-  for (const auto& campo : archives::ColonneElenco(descrizione)) nomi.push_back(campo.nome);
-  filtri_ = new RigaFiltri(*griglia_, nomi);
-  stato_ = new QLabel;
-  stato_->setObjectName(QStringLiteral("StatoElenco"));
+  std::vector<std::string> filtri;
+  for (const auto& campo : archives::ColonneElenco(descrizione)) filtri.push_back(campo.nome);
+  lista_ = new ElencoCercato({.finestra = Qs(descrizione.finestra),
+                              .griglia = QStringLiteral("GrigliaArchivio"),
+                              .cerca = QStringLiteral("Cerca"),
+                              .stato = QStringLiteral("StatoElenco"),
+                              .segnaposto = tr("codice o parte del testo"),
+                              .colonne = ColonneGriglia(ambiente_, descrizione),
+                              .testo = DiQuanti,
+                              .statoSotto = true,
+                              .filtri = std::move(filtri)},
+                             elenco_);
 }
 
 void PaginaSceltaArchivio::Disponi() {
@@ -108,13 +109,6 @@ void PaginaSceltaArchivio::Disponi() {
   scelta->addWidget(apri_);
   scelta->addWidget(nuovo_);
   scelta->addStretch(1);
-  auto* ricerca = new QHBoxLayout;
-  ricerca->addWidget(Didascalia(tr("Cerca"), cerca_));
-  ricerca->addWidget(cerca_, 1);
-  auto* righe = new QVBoxLayout;
-  righe->setSpacing(2);
-  righe->addWidget(filtri_);
-  righe->addWidget(griglia_, 1);
   fila_ = new QGridLayout;
   fila_->addWidget(stampa_, 0, 0);
   fila_->addWidget(esporta_, 0, 1);
@@ -123,9 +117,7 @@ void PaginaSceltaArchivio::Disponi() {
   // Below the code, since a description is as long as it likes and the page is narrow.
   colonna->addWidget(selettore_->Etichetta());
   selettore_->Etichetta()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  colonna->addLayout(ricerca);
-  colonna->addLayout(righe, 1);
-  colonna->addWidget(stato_);
+  colonna->addWidget(lista_, 1);
   colonna->addLayout(fila_);
 }
 
@@ -140,79 +132,28 @@ void PaginaSceltaArchivio::AggiungiPulsante(QPushButton* pulsante) {
 }
 
 void PaginaSceltaArchivio::Collega() {
-  ripresa_->setSingleShot(true);
-  cerca_->installEventFilter(this);
-  for (auto* campo : filtri_->Campi()) campo->installEventFilter(this);
-  connect(ripresa_, &QTimer::timeout, this, &PaginaSceltaArchivio::Leggi);
-  connect(cerca_, &QLineEdit::textChanged, ripresa_, [this] { ripresa_->start(0); });
-  connect(filtri_, &RigaFiltri::Cambiata, ripresa_, [this] { ripresa_->start(0); });
-  connect(&griglia_->Modello(), &QAbstractItemModel::rowsInserted, this,
-          &PaginaSceltaArchivio::DiQuanti);
-  const auto daRiga = [this](int riga) { emit Scelto(CodiceDi(riga)); };
-  connect(griglia_, &Griglia::RigaDoppioClic, this, daRiga);
-  connect(griglia_, &Griglia::RigaInvio, this, daRiga);
-  connect(griglia_, &Griglia::clicked, this,
-          [this](const QModelIndex& riga) { MostraCodice(CodiceDi(riga.row())); });
+  connect(lista_, &ElencoCercato::Scelto, this, &PaginaSceltaArchivio::Scelto);
+  connect(lista_, &ElencoCercato::Indicato, this, &PaginaSceltaArchivio::MostraCodice);
   connect(apri_, &QPushButton::clicked, this, [this] { emit Scelto(Codice()); });
   connect(nuovo_, &QPushButton::clicked, this, &PaginaSceltaArchivio::Nuovo);
   connect(stampa_, &QPushButton::clicked, this, &PaginaSceltaArchivio::Stampa);
   connect(esporta_, &QPushButton::clicked, this, &PaginaSceltaArchivio::Esporta);
 }
 
-QString PaginaSceltaArchivio::CodiceDi(int riga) const {
-  return Qs(griglia_->Modello().Riga(riga).front().Testo());
-}
-
 archives::FiltroElenco PaginaSceltaArchivio::Filtro() const {
-  return {cerca_->text().trimmed().toStdString(), filtri_->Testi()};
+  return lista_->Filtro();
 }
 
-void PaginaSceltaArchivio::Leggi() {
-  ripresa_->stop();
-  griglia_->Modello().Pagine([this, filtro = Filtro()](int da) {
-    if (da == 0) {
-      ultimo_.clear();
-      finito_ = false;
-    }
-    if (finito_) return std::vector<std::vector<Valore>>();
-    auto righe = elenco_.Pagina(filtro, ultimo_, kPagina);
-    finito_ = righe.size() < static_cast<std::size_t>(kPagina);
-    if (!righe.empty()) ultimo_ = righe.back().front().Testo();
-    return righe;
-  });
-  DiQuanti();
-}
-
-void PaginaSceltaArchivio::DiQuanti() {
-  const int quante = griglia_->Modello().rowCount();
-  stato_->setText(!finito_      ? tr("i primi %1 codici").arg(quante)
-                  : quante == 0 ? (Filtro().Vuoto() ? tr("nessun codice: Ins per il primo")
-                                                    : tr("nessun codice con questo testo"))
-                  : quante == 1 ? tr("1 codice")
-                                : tr("%1 codici").arg(quante));
+screens::Griglia& PaginaSceltaArchivio::Griglia() {
+  return lista_->Griglia();
 }
 
 void PaginaSceltaArchivio::Ricarica() {
-  auto& modello = griglia_->Modello();
-  const int corrente = griglia_->RigaCorrente();
-  const QString codice = corrente >= 0 ? CodiceDi(corrente) : QString();
-  const int lette = std::min(modello.rowCount(), kRilette);
-  const int posto = griglia_->verticalScrollBar()->value();
-  Leggi();
-  while (modello.rowCount() < lette && !finito_) modello.fetchMore({});
-  // The bar's range follows the rows only at the next layout.
-  griglia_->doItemsLayout();
-  griglia_->verticalScrollBar()->setValue(posto);
-  Indica(codice);
+  lista_->Rileggi();
 }
 
 void PaginaSceltaArchivio::Indica(const QString& codice) {
-  if (codice.isEmpty()) return;
-  for (int riga = 0; riga < griglia_->Modello().rowCount(); ++riga) {
-    if (CodiceDi(riga).compare(codice, Qt::CaseInsensitive) != 0) continue;
-    griglia_->VaiARiga(riga);
-    return;
-  }
+  lista_->Indica(codice);
 }
 
 void PaginaSceltaArchivio::Pronta() {
@@ -233,50 +174,17 @@ QString PaginaSceltaArchivio::Codice() const {
   return selettore_->text().trimmed();
 }
 
-bool PaginaSceltaArchivio::InRicerca(const QObject* controllo) const {
-  if (controllo == cerca_) return true;
-  const auto& campi = filtri_->Campi();
-  return std::find(campi.begin(), campi.end(), controllo) != campi.end();
-}
-
 bool PaginaSceltaArchivio::SvuotaRicerca() {
-  if (!InRicerca(QApplication::focusWidget()) || Filtro().Vuoto()) return false;
-  cerca_->clear();
-  filtri_->Svuota();
-  return true;
+  return lista_->SvuotaRicerca();
 }
 
 bool PaginaSceltaArchivio::InvioInRicerca(const QObject* controllo) {
-  if (!InRicerca(controllo)) return false;
-  if (ripresa_->isActive()) Leggi();
-  if (griglia_->Modello().rowCount() == 0) return true;
-  if (griglia_->Modello().rowCount() == 1) {
-    emit Scelto(CodiceDi(0));
-    return true;
-  }
-  griglia_->setFocus();
-  griglia_->VaiARiga(std::max(0, griglia_->RigaCorrente()));
-  return true;
-}
-
-bool PaginaSceltaArchivio::eventFilter(QObject* oggetto, QEvent* evento) {
-  // From the search straight into what it has found.
-  if (evento->type() == QEvent::KeyPress && InRicerca(oggetto) &&
-      static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Down) {
-    if (ripresa_->isActive()) Leggi();
-    if (griglia_->Modello().rowCount() > 0) {
-      griglia_->setFocus();
-      griglia_->VaiARiga(std::max(0, griglia_->RigaCorrente()));
-    }
-    return true;
-  }
-  return QWidget::eventFilter(oggetto, evento);
+  return lista_->InvioInRicerca(controllo);
 }
 
 void PaginaSceltaArchivio::OrdinaFoco() {
-  std::vector<QWidget*> inOrdine{selettore_, apri_, nuovo_, cerca_};
-  for (auto* campo : filtri_->Campi()) inOrdine.push_back(campo);
-  inOrdine.push_back(griglia_);
+  std::vector<QWidget*> inOrdine{selettore_, apri_, nuovo_};
+  for (auto* controllo : lista_->Controlli()) inOrdine.push_back(controllo);
   for (auto* pulsante : pulsanti_) {
     if (pulsante != apri_ && pulsante != nuovo_) inOrdine.push_back(pulsante);
   }

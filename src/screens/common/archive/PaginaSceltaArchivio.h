@@ -1,7 +1,4 @@
 // The choice of a record of an archive: the selector, and the list with what narrows it.
-//
-// Rows come in pages as the list is scrolled. A search starts once the keys already typed have been
-// taken, so that typing never waits for a list that the next key makes useless.
 #pragma once
 
 #include <QWidget>
@@ -11,15 +8,13 @@
 class QAbstractButton;
 class QGridLayout;
 class QLabel;
-class QLineEdit;
 class QPushButton;
-class QTimer;
 
 namespace fenalto::screens {
 
 class CampoCodice;
+class ElencoCercato;
 class Griglia;
-class RigaFiltri;
 
 class PaginaSceltaArchivio : public QWidget {
   Q_OBJECT
@@ -36,7 +31,7 @@ class PaginaSceltaArchivio : public QWidget {
   bool Esiste(const QString& codice);
   [[nodiscard]] archives::FiltroElenco Filtro() const;
   [[nodiscard]] archives::ElencoArchivio& Elenco() { return elenco_; }
-  [[nodiscard]] screens::Griglia& Griglia() { return *griglia_; }
+  [[nodiscard]] screens::Griglia& Griglia();
   /// The current row of the list, while it holds that code.
   void Indica(const QString& codice);
   /// Esc: empties the search or the filter that is being typed; false when there was none.
@@ -57,18 +52,11 @@ class PaginaSceltaArchivio : public QWidget {
   void Stampa();
   void Esporta();
 
- protected:
-  bool eventFilter(QObject* oggetto, QEvent* evento) override;
-
  private:
   void CreaSelettore(const archives::DescrizioneArchivio& descrizione);
   void CreaElenco(const archives::DescrizioneArchivio& descrizione);
   void Disponi();
   void Collega();
-  void Leggi();
-  void DiQuanti();
-  [[nodiscard]] QString CodiceDi(int riga) const;
-  [[nodiscard]] bool InRicerca(const QObject* controllo) const;
 
   Ambiente& ambiente_;
   archives::ElencoArchivio elenco_;
@@ -77,15 +65,9 @@ class PaginaSceltaArchivio : public QWidget {
   QPushButton* nuovo_;
   QPushButton* stampa_;
   QPushButton* esporta_;
-  QLineEdit* cerca_;
-  screens::Griglia* griglia_;
-  RigaFiltri* filtri_;
-  QLabel* stato_;
+  ElencoCercato* lista_;
   QGridLayout* fila_;
-  QTimer* ripresa_;
   QList<QAbstractButton*> pulsanti_;
-  std::string ultimo_;   ///< code of the last row read
-  bool finito_ = false;  ///< the last page read was the last there is
 };
 
 }  // namespace fenalto::screens

@@ -17,18 +17,17 @@ constexpr int kVociInVista = 10;
 
 }  // namespace
 
-CampoCodice::CampoCodice(const QString& nome, QString tabella, std::shared_ptr<FonteCodici> fonte,
-                         QWidget* genitore)
-    : QLineEdit(genitore),
-      tabella_(std::move(tabella)),
-      fonte_(std::move(fonte)),
+CampoCodice::CampoCodice(const QString& nome, std::shared_ptr<archives::FonteCodici> fonte,
+                         bool conArchivio)
+    : fonte_(std::move(fonte)),
+      archivio_(conArchivio ? fonte_->Archivio() : std::string()),
       etichetta_(new QLabel) {
   setObjectName(nome);
   setMaxLength(60);
   etichetta_->setObjectName(nome + QStringLiteral("Descrizione"));
   etichetta_->setTextFormat(Qt::PlainText);
   QString aiuto = tr("F2 elenco");
-  if (!tabella_.isEmpty()) aiuto += tr(", F3 archivio");
+  if (!archivio_.empty()) aiuto += tr(", F3 archivio");
   setToolTip(aiuto);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& testo) {
     esiste_ = false;
@@ -41,9 +40,9 @@ CampoCodice::~CampoCodice() {
   delete elenco_;
 }
 
-void CampoCodice::Fonte(std::shared_ptr<FonteCodici> fonte, QString tabella) {
+void CampoCodice::Fonte(std::shared_ptr<archives::FonteCodici> fonte) {
   fonte_ = std::move(fonte);
-  tabella_ = std::move(tabella);
+  archivio_ = fonte_->Archivio();
 }
 
 void CampoCodice::Mostra(const Valore& valore) {
@@ -163,7 +162,7 @@ void CampoCodice::keyPressEvent(QKeyEvent* evento) {
       if (elenco_ != nullptr && elenco_->isVisible()) elenco_->setCurrentRow(0);
       return;
     case Qt::Key_F3:
-      if (!tabella_.isEmpty()) emit EventoLibero(tabella_, text().trimmed());
+      ApriArchivio();
       return;
     case Qt::Key_Down:
     case Qt::Key_Up:
@@ -189,8 +188,17 @@ void CampoCodice::keyPressEvent(QKeyEvent* evento) {
 
 void CampoCodice::mouseDoubleClickEvent(QMouseEvent* evento) {
   QLineEdit::mouseDoubleClickEvent(evento);
-  if (!tabella_.isEmpty() && !text().trimmed().isEmpty()) {
-    emit EventoLibero(tabella_, text().trimmed());
+  if (!text().trimmed().isEmpty()) ApriArchivio();
+}
+
+void CampoCodice::ApriArchivio() {
+  if (archivio_.empty()) return;
+  for (auto* sopra = parentWidget(); sopra != nullptr; sopra = sopra->parentWidget()) {
+    if (auto* seguace = dynamic_cast<SeguaceRinvii*>(sopra)) {
+      // The window may be closed by it, and this field with it.
+      seguace->Segui(AllArchivio(archivio_, text().trimmed().toStdString()));
+      return;
+    }
   }
 }
 

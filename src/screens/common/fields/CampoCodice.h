@@ -10,25 +10,34 @@
 #include <QLineEdit>
 #include <memory>
 
+#include "core/archives/FonteCodici.h"
+#include "core/values/Rinvio.h"
 #include "screens/common/fields/Campi.h"
-#include "screens/common/fields/FonteCodici.h"
 
 class QListWidget;
 
 namespace fenalto::screens {
 
+/// Who goes where a reference leads: what a code field looks for above itself.
+class SeguaceRinvii {
+ public:
+  virtual ~SeguaceRinvii() = default;
+  virtual void Segui(const Rinvio& rinvio) = 0;
+};
+
 class CampoCodice : public QLineEdit, public CampoValore {
   Q_OBJECT
 
  public:
-  /// `tabella` is the archive behind the code, in capitals ("CAUSALI"); empty for none.
-  CampoCodice(const QString& nome, QString tabella, std::shared_ptr<FonteCodici> fonte,
-              QWidget* genitore = nullptr);
+  /// `conArchivio`: F3 opens the archive behind the source, if there is one.
+  CampoCodice(const QString& nome, std::shared_ptr<archives::FonteCodici> fonte,
+              bool conArchivio = true);
   ~CampoCodice() override;
 
   /// The label with the description, to be placed beside the field; owned by the caller's layout.
   [[nodiscard]] QLabel* Etichetta() { return etichetta_; }
-  void Fonte(std::shared_ptr<FonteCodici> fonte, QString tabella);
+  /// Looks up elsewhere from now on, with the archive behind that.
+  void Fonte(std::shared_ptr<archives::FonteCodici> fonte);
   void Mostra(const Valore& valore) override;
   [[nodiscard]] Esito<Valore> Letto() const override;
   /// Whether the code typed exists.
@@ -39,8 +48,6 @@ class CampoCodice : public QLineEdit, public CampoValore {
  signals:
   /// The code was resolved.
   void Trovato(const QString& codice);
-  /// The user asks for the archive behind the code.
-  void EventoLibero(const QString& tabella, const QString& codice);
   /// An entry of the list was chosen.
   void Scelto(const QString& codice);
 
@@ -53,12 +60,14 @@ class CampoCodice : public QLineEdit, public CampoValore {
   void hideEvent(QHideEvent* evento) override;
 
  private:
+  /// Opens the archive behind the code, by the window that the field stands in.
+  void ApriArchivio();
   void Elenca(const QString& testo, bool tutto);
   void PrendiScelta();
   void ChiudiElenco();
 
-  QString tabella_;
-  std::shared_ptr<FonteCodici> fonte_;
+  std::shared_ptr<archives::FonteCodici> fonte_;
+  std::string archivio_;  ///< table in capitals, empty for none
   QLabel* etichetta_;
   QListWidget* elenco_ = nullptr;
   bool esiste_ = false;

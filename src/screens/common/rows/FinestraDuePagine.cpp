@@ -96,10 +96,8 @@ void FinestraDuePagine::Abbandona() {
   ChiudiRegistrazione();
 }
 
-void FinestraDuePagine::ApriCodice(const QString& codice) {
-  bool numero = false;
-  const auto articolo = codice.toLongLong(&numero);
-  if (numero) Apri(articolo);
+void FinestraDuePagine::ApriRecord(const Rinvio& rinvio) {
+  if (const auto numero = rinvio.Numero(); numero != 0) Apri(numero);
 }
 
 bool FinestraDuePagine::Indietro() {

@@ -23,7 +23,7 @@ class FinestraDuePagine : public FinestraFunzione {
 
   [[nodiscard]] bool InModifica() const override;
   void Abbandona() override;
-  void ApriCodice(const QString& codice) override;
+  void ApriRecord(const Rinvio& rinvio) override;
   bool Indietro() override;
   void Aggiorna() override;
 

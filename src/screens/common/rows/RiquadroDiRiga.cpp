@@ -34,15 +34,6 @@ QList<QAbstractButton*> RiquadroDiRiga::Pulsanti() const {
   return {conferma_, elimina_, annulla_};
 }
 
-void RiquadroDiRiga::ApriTabelle(std::initializer_list<CampoCodice*> campi) {
-  for (auto* campo : campi) {
-    connect(campo, &CampoCodice::EventoLibero, this,
-            [this](const QString& tabella, const QString& codice) {
-              finestre_.ApreFormDaEvLibero(tabella, codice);
-            });
-  }
-}
-
 void RiquadroDiRiga::Ordina(std::initializer_list<QWidget*> campi) {
   QWidget* prima = nullptr;
   for (auto* campo : campi) {

@@ -56,8 +56,6 @@ class RiquadroDiRiga : public QGroupBox {
   virtual void AnnullaRiga() = 0;
   virtual void CampoLasciato(const QString& campo, bool cambiato) = 0;
 
-  /// Lets code fields open the window of their table.
-  void ApriTabelle(std::initializer_list<CampoCodice*> campi);
   /// Gives the focus from one to the next by Tab.
   static void Ordina(std::initializer_list<QWidget*> campi);
 

@@ -11,7 +11,6 @@
 #include <QPlainTextEdit>
 #include <QTabWidget>
 
-#include "screens/common/fields/CampoCodice.h"
 #include "screens/common/lists/EsportaGriglia.h"
 
 namespace fenalto::screens {
@@ -30,15 +29,19 @@ void FinestraFunzione::ApriScheda(int scheda) {
   }
 }
 
-void FinestraFunzione::ApriCodice(const QString& codice) {
+void FinestraFunzione::ApriRecord(const Rinvio& rinvio) {
   if (auto* selettore = findChild<QLineEdit*>(QStringLiteral("Rt1"))) {
-    selettore->setText(codice);
+    selettore->setText(QString::fromStdString(rinvio.codice));
     Premi({"Apri"});
   }
 }
 
 void FinestraFunzione::Esporta(Griglia& griglia) {
   EsportaGriglia(griglia, Sessione(), windowTitle().toStdString());
+}
+
+void FinestraFunzione::Segui(const Rinvio& rinvio) {
+  finestre_.Segui(rinvio);
 }
 
 bool FinestraFunzione::Premi(std::initializer_list<const char*> nomi) {

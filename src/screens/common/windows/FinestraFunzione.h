@@ -7,6 +7,7 @@
 
 #include <QWidget>
 
+#include "screens/common/fields/CampoCodice.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/windows/Finestre.h"
 
@@ -15,7 +16,7 @@ class QKeyEvent;
 
 namespace fenalto::screens {
 
-class FinestraFunzione : public QWidget, public EsportatoreGriglie {
+class FinestraFunzione : public QWidget, public EsportatoreGriglie, public SeguaceRinvii {
   Q_OBJECT
 
  public:
@@ -29,13 +30,14 @@ class FinestraFunzione : public QWidget, public EsportatoreGriglie {
   virtual void Abbandona() {}
   /// Turns to the page that a menu entry stands for.
   virtual void ApriScheda(int scheda);
-  /// Puts a code into the selector `Rt1` and opens it (the window's `Apri`).
-  virtual void ApriCodice(const QString& codice);
+  /// Opens the record of a reference: its code goes into the selector `Rt1`, and `Apri` is pressed.
+  virtual void ApriRecord(const Rinvio& rinvio);
   /// Esc: steps back once inside the window; false when there is nothing left but to close.
   virtual bool Indietro() { return false; }
   /// Reads again what the window shows.
   virtual void Aggiorna() {}
   void Esporta(Griglia& griglia) override;
+  void Segui(const Rinvio& rinvio) override;
 
  protected:
   bool eventFilter(QObject* oggetto, QEvent* evento) override;

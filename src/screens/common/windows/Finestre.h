@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QString>
-#include <cstdint>
 
 #include "core/session/Ambiente.h"
+#include "core/values/Rinvio.h"
 
 namespace fenalto::reports {
 class FabbricaUscite;
@@ -20,15 +20,12 @@ class Finestre {
   virtual Ambiente& Sessione() = 0;
   /// What makes the outputs of reports (Stampa).
   virtual reports::FabbricaUscite& Uscite() = 0;
-  /// Opens a function as its menu entry does: right, exclusive rule, tab. Brings it to the front
-  /// when it is open already. Null when it was refused or isn't built.
-  virtual FinestraFunzione* ApriFunzione(const QString& finestra, int scheda = -1) = 0;
+  /// Goes where a reference leads (screens/main/FinestraPrincipaleRinvii.cpp): the window, with the
+  /// record open in it. Null when it was refused, given up or isn't built. The calling window may
+  /// be closed by it.
+  virtual FinestraFunzione* Segui(const Rinvio& rinvio) = 0;
   /// Whether a function is built and its menu entry enabled.
   [[nodiscard]] virtual bool FunzioneDisponibile(const QString& finestra) const = 0;
-  /// The jump from a code field to its archive with that record open.
-  virtual void ApreFormDaEvLibero(const QString& tabella, const QString& codice) = 0;
-  /// The jump from a report to a registration, after its question.
-  virtual void VediRegistrazione(std::int64_t numero, int anno) = 0;
   /// The question before closing or replacing a window: true when a record in it is still being
   /// edited and the closing must be refused.
   virtual bool ControlloUscita(FinestraFunzione& finestra) = 0;

@@ -22,7 +22,9 @@ QPushButton* PulsanteFunzione(Finestre& finestre, const FunzioneCorrelata& funzi
   if (disponibile) pulsanti << pulsante;
   QObject::connect(
       pulsante, &QPushButton::clicked, pulsante,
-      [&finestre, finestra, scheda = funzione.scheda] { finestre.ApriFunzione(finestra, scheda); });
+      [&finestre, rinvio = Rinvio{.funzione = funzione.finestra, .scheda = funzione.scheda}] {
+        finestre.Segui(rinvio);
+      });
   return pulsante;
 }
 

@@ -13,7 +13,6 @@
 #include "screens/common/fields/OpzioniGrafiche.h"
 #include "screens/common/lists/EsportaGriglia.h"
 #include "screens/common/windows/InCorso.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -32,7 +31,7 @@ struct FinestraElencoParti::Interno {
   Interno(FinestraElencoParti& finestraUsata, std::string cfpUsata, Finestre& gestoreUsato);
   QGroupBox* CreaScelta();
   QGroupBox* CreaForma();
-  CampoCodice* Codice(const char* nome, const QString& tabella, std::shared_ptr<FonteCodici> fonte);
+  CampoCodice* Codice(const char* nome, std::shared_ptr<archives::FonteCodici> fonte);
   [[nodiscard]] documents::SceltaElencoParti Scelta() const;
   void Stampa();
   void Esporta();
@@ -75,15 +74,11 @@ FinestraElencoParti::Interno::Interno(FinestraElencoParti& finestraUsata, std::s
   legatura->Mostra();
 }
 
-CampoCodice* FinestraElencoParti::Interno::Codice(const char* nome, const QString& tabella,
-                                                  std::shared_ptr<FonteCodici> fonte) {
-  auto* campo = new CampoCodice(QString::fromLatin1(nome), tabella, std::move(fonte));
+CampoCodice* FinestraElencoParti::Interno::Codice(const char* nome,
+                                                  std::shared_ptr<archives::FonteCodici> fonte) {
+  auto* campo = new CampoCodice(QString::fromLatin1(nome), std::move(fonte));
   scheda.Aggiungi(nome, Tipo::Testo);
   legatura->Lega(campo);
-  connect(campo, &CampoCodice::EventoLibero, &finestra,
-          [this](const QString& archivio, const QString& codice) {
-            gestore.ApreFormDaEvLibero(archivio, codice);
-          });
   return campo;
 }
 
@@ -98,16 +93,11 @@ QGroupBox* FinestraElencoParti::Interno::CreaScelta() {
     griglia->addWidget(Didascalia(testo, campo), n, 0);
     griglia->addWidget(ConDescrizione(campo, kCifreCodice), n, 1);
   };
-  const QString tabella = TabellaDiClasse(cfp);
-  riga(tr("dal codice"), Codice("DaCod", tabella, FonteConti(sessione, cfp)), tr("dal primo"));
-  riga(tr("al codice"), Codice("ACod", tabella, FonteConti(sessione, cfp)), tr("all'ultimo"));
-  riga(tr("categoria"), Codice("Categoria", QStringLiteral("CATEGORIE"), FonteCategorie(sessione)),
-       tr("tutte"));
+  riga(tr("dal codice"), Codice("DaCod", archives::FonteConti(sessione, cfp)), tr("dal primo"));
+  riga(tr("al codice"), Codice("ACod", archives::FonteConti(sessione, cfp)), tr("all'ultimo"));
+  riga(tr("categoria"), Codice("Categoria", archives::Fonte(sessione, "categorie")), tr("tutte"));
   if (Clienti(cfp)) {
-    auto agenti = std::make_shared<FonteTabella>(
-        [&sessione]() -> Archivio& { return sessione.ArchivioDi("tessarc"); }, "Agenti", "Cod",
-        "Descrizione");
-    riga(tr("agente"), Codice("Agente", QStringLiteral("AGENTI"), std::move(agenti)), tr("tutti"));
+    riga(tr("agente"), Codice("Agente", archives::Fonte(sessione, "agenti")), tr("tutti"));
   }
   griglia->setColumnStretch(1, 1);
   return riquadro;

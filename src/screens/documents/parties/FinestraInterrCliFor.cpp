@@ -186,24 +186,16 @@ void FinestraInterrCliFor::Interno::Apri(const QModelIndex& indice) {
     return;
   }
   const documents::FogliaParte* foglia = modello->Foglia(prima);
-  if (foglia == nullptr) return;
+  if (foglia == nullptr || foglia->rinvio.Vuoto()) return;
   // Copied first: the main window may close this one.
-  Finestre& principale = gestore;
-  const std::int64_t numero = foglia->numero;
-  if (foglia->genere == documents::GenereFoglia::Scadenza) {
-    if (auto* scadenze = principale.ApriFunzione(QStringLiteral("Scadenze"))) {
-      scadenze->ApriCodice(QString::number(numero));
-    }
-  } else if (foglia->genere == documents::GenereFoglia::Movimento) {
-    principale.VediRegistrazione(numero, foglia->anno);
-  }
+  gestore.Segui(Rinvio(foglia->rinvio));
 }
 
 void FinestraInterrCliFor::Interno::VediRegistrazione() {
   const documents::FogliaParte* foglia = modello->Foglia(albero->currentIndex());
   if (foglia == nullptr) return;
   const auto articolo = interrogazione->Articolo(*foglia);
-  if (articolo) gestore.VediRegistrazione(articolo->second, articolo->first);
+  if (articolo) gestore.Segui(AllaRegistrazione(articolo->first, articolo->second));
 }
 
 FinestraInterrCliFor::FinestraInterrCliFor(Finestre& finestre)
@@ -217,10 +209,9 @@ FinestraInterrCliFor::~FinestraInterrCliFor() {
   hide();  // nothing is read from its fields any more
 }
 
-void FinestraInterrCliFor::ApriCodice(const QString& codice) {
-  const auto barra = codice.indexOf(QLatin1Char('|'));
-  if (barra < 0) return;
-  interno_->parte->Imposta(codice.left(barra).toStdString(), codice.mid(barra + 1).toStdString());
+void FinestraInterrCliFor::ApriRecord(const Rinvio& rinvio) {
+  if (rinvio.classe.empty()) return;
+  interno_->parte->Imposta(rinvio.classe, rinvio.codice);
   interno_->Rileggi();
   interno_->albero->setFocus();
 }

@@ -15,8 +15,7 @@ class FinestraInterrCliFor : public FinestraFunzione {
   explicit FinestraInterrCliFor(Finestre& finestre);
   ~FinestraInterrCliFor() override;
 
-  /// A party: "C|0001".
-  void ApriCodice(const QString& codice) override;
+  void ApriRecord(const Rinvio& rinvio) override;
   void Aggiorna() override;
 
  protected:

@@ -16,7 +16,6 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -102,8 +101,8 @@ FinestraEstrattoBanca::Interno::Interno(FinestraEstrattoBanca& finestraUsata,
       abbinamento(gestoreUsato.Sessione()),
       file(new CampoTesto(QStringLiteral("File"), nullptr, 4096)),
       sfoglia(Pulsante(QStringLiteral("Sfoglia"), tr("Sfoglia..."))),
-      contropartita(new CampoCodice(QStringLiteral("Contropartita"), TabellaDiClasse("P"),
-                                    FonteContropartite(gestoreUsato.Sessione(), "P"))),
+      contropartita(new CampoCodice(QStringLiteral("Contropartita"),
+                                    archives::FonteContropartite(gestoreUsato.Sessione(), "P"))),
       soloAperte(new QCheckBox(tr("solo i movimenti da abbinare"))),
       riepilogo(new QLabel),
       scartate(Pulsante(QStringLiteral("Scartate"), tr("Righe non lette"))),
@@ -215,10 +214,6 @@ void FinestraEstrattoBanca::Interno::Collega() {
     connect(colonne[i], &QComboBox::currentIndexChanged, f,
             [this, i](int scelta) { CambiaColonna(i, scelta); });
   }
-  connect(contropartita, &CampoCodice::EventoLibero, f,
-          [this](const QString& tabella, const QString& codice) {
-            gestore.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(soloAperte, &QCheckBox::toggled, f, [this] { MostraLinee(); });
   connect(linee->selectionModel(), &QItemSelectionModel::currentRowChanged, f,
           [this] { MostraProposte(); });
@@ -429,9 +424,7 @@ void FinestraEstrattoBanca::Interno::VediScadenza() {
   const int scelta = possibili->RigaCorrente();
   if (scelta < 0 || scelta >= static_cast<int>(proposte.size())) return;
   const auto numero = proposte[static_cast<std::size_t>(scelta)].scadenze.front().numero;
-  if (auto* archivio = gestore.ApriFunzione(QStringLiteral("Scadenze"))) {
-    archivio->ApriCodice(QString::number(numero));
-  }
+  gestore.Segui(AlNumero("Scadenze", numero));
 }
 
 FinestraEstrattoBanca::FinestraEstrattoBanca(Finestre& finestre)

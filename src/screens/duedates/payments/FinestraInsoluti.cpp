@@ -148,8 +148,8 @@ void FinestraInsoluti::Apri() {
   Mostra();
 }
 
-void FinestraInsoluti::ApriCodice(const QString& codice) {
-  selettore_->setText(codice);
+void FinestraInsoluti::ApriRecord(const Rinvio& rinvio) {
+  selettore_->setText(QString::fromStdString(rinvio.codice));
   Apri();
 }
 

@@ -20,7 +20,7 @@ class FinestraInsoluti : public FinestraScadenzaDigitata {
  public:
   explicit FinestraInsoluti(Finestre& finestre);
   /// Number of the due date of an unpaid receipt.
-  void ApriCodice(const QString& codice) override;
+  void ApriRecord(const Rinvio& rinvio) override;
 
  protected:
   void AltriRiquadri(QVBoxLayout& colonna) override;

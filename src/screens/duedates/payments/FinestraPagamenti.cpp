@@ -429,7 +429,7 @@ void FinestraPagamenti::Interno::ApriArchivio() {
   gestore.Sessione().Dialogo().Messaggio(
       "attenzione alle modifiche sull'archivio scadenze mentre è aperto 'registrazione pagamenti'",
       Icona::Avviso);
-  gestore.ApriFunzione(QStringLiteral("Scadenze"));
+  gestore.Segui({.funzione = "Scadenze"});
 }
 
 void FinestraPagamenti::Interno::MostraRighe() {
@@ -503,11 +503,9 @@ void FinestraPagamenti::Aggiorna() {
   interno_->Cerca();
 }
 
-void FinestraPagamenti::ApriCodice(const QString& codice) {
-  const QStringList parti = codice.split(QLatin1Char('|'));
-  if (parti.size() == 2 && !interno_->Aperto()) {
-    interno_->parte->Imposta(parti[0].toStdString(), parti[1].toStdString());
-  }
+void FinestraPagamenti::ApriRecord(const Rinvio& rinvio) {
+  if (rinvio.classe.empty() || interno_->Aperto()) return;
+  interno_->parte->Imposta(rinvio.classe, rinvio.codice);
 }
 
 }  // namespace fenalto::screens

@@ -23,7 +23,7 @@ class FinestraPagamenti : public FinestraFunzione {
   bool Indietro() override;
   void Aggiorna() override;
   /// "C|0001": that party.
-  void ApriCodice(const QString& codice) override;
+  void ApriRecord(const Rinvio& rinvio) override;
 
  private:
   struct Interno;

@@ -370,15 +370,8 @@ void FinestraSituazioneScadenze::Interno::VediParte(int riga) {
 }
 
 void FinestraSituazioneScadenze::Interno::VediScadenza(int riga) {
-  // Copied first: the main window may close this one.
-  Finestre& principale = gestore;
   const auto posto = static_cast<std::size_t>(scadenze->Modello().Riga(riga)[kPosto].Intero());
-  const Rinvio rinvio = elencate.at(posto).RinvioARegistrazione();
-  if (rinvio.funzione == "Registrazione") {
-    principale.VediRegistrazione(std::stoll(rinvio.codice), rinvio.anno);
-  } else if (auto* conto = principale.ApriFunzione(QStringLiteral("MovimentiConto"))) {
-    conto->ApriCodice(Qs(rinvio.classe + "|" + rinvio.codice));
-  }
+  gestore.Segui(elencate.at(posto).RinvioARegistrazione());
 }
 
 FinestraSituazioneScadenze::FinestraSituazioneScadenze(Finestre& finestre)

@@ -8,7 +8,6 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/CampoGiorno.h"
 #include "screens/common/fields/Disposizione.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -68,14 +67,10 @@ void SceltaStampaParti::CreaScadenze(QGridLayout& griglia, int linea) {
 }
 
 CampoCodice* SceltaStampaParti::Codice(const char* nome) {
-  auto* campo = new CampoCodice(QString::fromLatin1(nome), TabellaDiClasse("C"),
-                                FonteConti(finestre_.Sessione(), "C"));
+  auto* campo =
+      new CampoCodice(QString::fromLatin1(nome), archives::FonteConti(finestre_.Sessione(), "C"));
   scheda_.Aggiungi(nome, Tipo::Testo);
   legatura_.Lega(campo);
-  connect(campo, &CampoCodice::EventoLibero, this,
-          [this](const QString& tabella, const QString& codice) {
-            finestre_.ApreFormDaEvLibero(tabella, codice);
-          });
   return campo;
 }
 
@@ -90,7 +85,7 @@ CampoData* SceltaStampaParti::Data(const char* nome, Finestre& finestre, Scheda&
 void SceltaStampaParti::CambiaClasse() {
   const std::string classe = classe_->currentData().toString().toStdString();
   for (CampoCodice* campo : {da_, a_}) {
-    campo->Fonte(FonteConti(finestre_.Sessione(), classe), TabellaDiClasse(classe));
+    campo->Fonte(archives::FonteConti(finestre_.Sessione(), classe));
     scheda_.Scrivi(campo->objectName().toStdString(), Valore(std::string()));
     campo->Mostra(Valore(std::string()));
   }

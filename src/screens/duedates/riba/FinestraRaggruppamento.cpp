@@ -14,7 +14,6 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/windows/InCorso.h"
-#include "screens/ledger/FontiPrimanota.h"
 
 namespace fenalto::screens {
 namespace {
@@ -66,8 +65,8 @@ FinestraRaggruppamento::Interno::Interno(FinestraRaggruppamento& finestraUsata,
                            Data::DaGma(1, 1, gestoreUsato.Sessione().Anno()).value())),
       a(CampoGiornoLibero("AData", gestoreUsato.Sessione(),
                           Data::DaGma(31, 12, gestoreUsato.Sessione().Anno()).value())),
-      cliente(new CampoCodice(QStringLiteral("CliFor"), TabellaDiClasse("C"),
-                              FonteConti(gestoreUsato.Sessione(), "C"))),
+      cliente(new CampoCodice(QStringLiteral("CliFor"),
+                              archives::FonteConti(gestoreUsato.Sessione(), "C"))),
       definitivo(new QCheckBox(tr("Stampa definitiva: raggruppa le scadenze"))),
       stampa(Pulsante(QStringLiteral("Stampa"), tr("Stampa di prova"))),
       conferma(Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"))),
@@ -133,10 +132,6 @@ void FinestraRaggruppamento::Interno::Collega() {
   };
   connect(cliente, &CampoCodice::Scelto, f, cambiato);
   connect(cliente, &QLineEdit::editingFinished, f, cambiato);
-  connect(cliente, &CampoCodice::EventoLibero, f,
-          [this](const QString& tabella, const QString& codice) {
-            gestore.ApreFormDaEvLibero(tabella, codice);
-          });
   connect(stampa, &QPushButton::clicked, f, [this] { Stampa(); });
   connect(conferma, &QPushButton::clicked, f, [this] { Conferma(); });
   connect(esporta, &QPushButton::clicked, f, [this] { finestra.Esporta(*griglia); });

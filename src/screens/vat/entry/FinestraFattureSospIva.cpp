@@ -150,7 +150,7 @@ void FinestraFattureSospIva::Interno::Collega() {
   });
   const auto guarda = [this] {
     const auto scelta = Scelta();
-    if (scelta) gestore.VediRegistrazione(scelta->numDoc, scelta->anno);
+    if (scelta) gestore.Segui(AllaRegistrazione(scelta->anno, scelta->numDoc));
   };
   connect(griglia, &Griglia::RigaDoppioClic, f, guarda);
   connect(griglia, &Griglia::RigaInvio, f, guarda);

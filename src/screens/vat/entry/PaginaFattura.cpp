@@ -144,11 +144,8 @@ void PaginaFattura::Mostra() {
 }
 
 void PaginaFattura::VediScadenze() {
-  const auto& testa = caso_.Testa();
-  const QString quale =
-      QStringLiteral("%1|%2").arg(finestre_.Sessione().Anno()).arg(testa.Leggi("NumDoc").Intero());
-  auto* finestra = finestre_.ApriFunzione(QStringLiteral("ScadenzeModifica"));
-  if (finestra != nullptr) finestra->ApriCodice(quale);
+  finestre_.Segui(AlNumero("ScadenzeModifica", caso_.Testa().Leggi("NumDoc").Intero(),
+                           finestre_.Sessione().Anno()));
 }
 
 std::string PaginaFattura::DescrittoConto(const std::string& conto) {

@@ -11,10 +11,10 @@
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/ElencoCercato.h"
+#include "screens/common/lists/EsportaGriglia.h"
 #include "screens/common/lists/SelettoreArticolo.h"
 #include "screens/common/windows/FunzioniCorrelate.h"
-#include "screens/vat/entry/ElencoFatture.h"
-#include "screens/vat/entry/FontiFatture.h"
 
 namespace fenalto::screens {
 namespace {
@@ -44,7 +44,7 @@ QString Qs(const std::string& testo) {
 
 PaginaRegistro::PaginaRegistro(vat::RegistrazioneIva& fatture, Finestre& finestre,
                                QWidget* genitore)
-    : QWidget(genitore), fatture_(fatture), finestre_(finestre) {
+    : QWidget(genitore), fatture_(fatture), finestre_(finestre), lettore_(finestre.Sessione()) {
   auto* griglia = new QGridLayout(this);
   griglia->addWidget(CreaSopra(), 0, 0, 1, 2);
   riquadroElenco_ = CreaElenco();
@@ -56,7 +56,7 @@ PaginaRegistro::PaginaRegistro(vat::RegistrazioneIva& fatture, Finestre& finestr
   destra->addWidget(riprotocollo_);
   destra->addStretch(1);
   griglia->addLayout(destra, 1, 1);
-  pulsanti_ << elenco_->PulsanteEsporta();
+  pulsanti_ << esporta_;
   griglia->addWidget(RiquadroCorrelate(finestre_, kCorrelate, kCorrelatePerRiga, pulsanti_), 2, 0,
                      1, 2);
   griglia->setColumnStretch(0, 1);
@@ -67,13 +67,13 @@ PaginaRegistro::PaginaRegistro(vat::RegistrazioneIva& fatture, Finestre& finestr
 
 QWidget* PaginaRegistro::CreaSopra() {
   constexpr int kCaratteriRegistro = 8;
-  registro_ =
-      new CampoCodice(QStringLiteral("RivaX"), QString(), FonteRegistri(finestre_.Sessione()));
+  registro_ = new CampoCodice(QStringLiteral("RivaX"),
+                              archives::Fonte(finestre_.Sessione(), "registri"), false);
   registro_->installEventFilter(this);
   connect(registro_, &CampoCodice::Scelto, this, &PaginaRegistro::ScegliRegistro);
   selettore_ = new SelettoreArticolo(
       [this](std::int64_t numero) {
-        const QString testo = elenco_->Descrizione(numero);
+        const QString testo = Qs(lettore_.Testo(numero));
         return testo.isEmpty() ? tr("nel %1 non c'è una registrazione iva con questo numero")
                                      .arg(finestre_.Sessione().Anno())
                                : testo;
@@ -95,11 +95,40 @@ QWidget* PaginaRegistro::CreaSopra() {
 QGroupBox* PaginaRegistro::CreaElenco() {
   auto* riquadro = new QGroupBox;
   auto* colonna = new QVBoxLayout(riquadro);
-  elenco_ = new ElencoFatture(finestre_.Sessione());
+  FormaElenco forma{.finestra = QStringLiteral("Fatture"),
+                    .griglia = QStringLiteral("ElencoFatture"),
+                    .cerca = QStringLiteral("CercaFatture"),
+                    .stato = QStringLiteral("StatoRicerca"),
+                    .segnaposto = tr("numero, data, cliente o fornitore"),
+                    .colonne = {{tr("Protocollo"), Tipo::Intero, 75},
+                                {tr("Articolo"), Tipo::Intero, 65},
+                                {tr("Data"), Tipo::Data, 80},
+                                {tr("Codice"), Tipo::Testo, 70},
+                                {tr("Cliente/fornitore"), Tipo::Testo, 160},
+                                {tr("N. fattura"), Tipo::Testo, 80},
+                                {tr("Data fattura"), Tipo::Data, 85},
+                                {tr("Totale"), Tipo::Importo, 90}},
+                    .testo = {},
+                    .chiave = 1,
+                    .ordinabile = true};
+  forma.testo = [this](const FormaElenco::Letti& letti) {
+    const bool vuoto = letti.righe == 0 && !fatture_.Registro().cod.empty();
+    return vuoto ? tr("nessuna registrazione") : QString();
+  };
+  elenco_ = new ElencoCercato(std::move(forma), lettore_);
+  elenco_->Griglia().Modello().Decimali(finestre_.Sessione().Euro() ? 2 : 0);
+  elenco_->Cerca().setToolTip(
+      tr("protocollo, articolo, numero della fattura, data, oppure codice o parte del nome"));
+  esporta_ = Pulsante(QStringLiteral("XlsEsp"), tr("Esporta..."));
+  elenco_->Aggiungi(esporta_);
   colonna->addWidget(elenco_);
-  connect(elenco_, &ElencoFatture::Indicato, this, &PaginaRegistro::Seleziona);
-  connect(elenco_, &ElencoFatture::Scelto, this, [this](qint64 numero) {
-    Seleziona(numero);
+  connect(esporta_, &QPushButton::clicked, this, &PaginaRegistro::Esporta);
+  connect(elenco_, &ElencoCercato::Letto, esporta_,
+          [this](int righe) { esporta_->setEnabled(righe > 0); });
+  connect(elenco_, &ElencoCercato::Indicato, this,
+          [this](const QString& numero) { Seleziona(numero.toLongLong()); });
+  connect(elenco_, &ElencoCercato::Scelto, this, [this](const QString& numero) {
+    Seleziona(numero.toLongLong());
     selettore_->Apri();
   });
   return riquadro;
@@ -200,9 +229,8 @@ void PaginaRegistro::ScegliRegistro() {
 
 void PaginaRegistro::Mostra() {
   MostraRegistro();
-  const auto& scelto = fatture_.Registro();
-  elenco_->Mostra(scelto.cod, fatture_.ClasseParte(),
-                  "Registro iva " + scelto.cod + " " + scelto.descrizione);
+  if (lettore_.Registro(fatture_.Registro().cod, fatture_.ClasseParte())) elenco_->Svuota();
+  elenco_->Ricarica();
   selettore_->Descrivi();
 }
 
@@ -234,6 +262,12 @@ void PaginaRegistro::FocoSelettore() {
 
 void PaginaRegistro::FocoNuovo() {
   FocoInVista(nuovo_);
+}
+
+void PaginaRegistro::Esporta() {
+  const auto& scelto = fatture_.Registro();
+  EsportaGriglia(elenco_->Griglia(), finestre_.Sessione(),
+                 "Registro iva " + scelto.cod + " " + scelto.descrizione);
 }
 
 void PaginaRegistro::Riprotocolla() {

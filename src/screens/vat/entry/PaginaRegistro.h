@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "screens/common/windows/Finestre.h"
+#include "vat/entry/LettoreFatture.h"
 #include "vat/entry/RegistrazioneIva.h"
 
 class QAbstractButton;
@@ -16,7 +17,7 @@ namespace fenalto::screens {
 
 class CampoCodice;
 class CampoNumero;
-class ElencoFatture;
+class ElencoCercato;
 class SelettoreArticolo;
 
 class PaginaRegistro : public QWidget {
@@ -51,6 +52,7 @@ class PaginaRegistro : public QWidget {
   void ScegliRegistro();
   void MostraRegistro();
   void Riprotocolla();
+  void Esporta();
 
   vat::RegistrazioneIva& fatture_;
   Finestre& finestre_;
@@ -65,7 +67,9 @@ class PaginaRegistro : public QWidget {
   CampoNumero* aNProt_;
   QPushButton* riprotocolla_;
   QGroupBox* riquadroElenco_;
-  ElencoFatture* elenco_;
+  vat::LettoreFatture lettore_;
+  ElencoCercato* elenco_;
+  QPushButton* esporta_;
   QList<QAbstractButton*> pulsanti_;  ///< that can be pressed, the more used first
   bool scegliendo_ = false;
 };

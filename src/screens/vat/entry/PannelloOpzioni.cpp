@@ -8,8 +8,6 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
-#include "screens/ledger/FontiPrimanota.h"
-#include "screens/vat/entry/FontiFatture.h"
 
 namespace fenalto::screens {
 namespace {
@@ -50,30 +48,26 @@ PannelloOpzioni::PannelloOpzioni(vat::RegistrazioneIva& fatture, Finestre& fines
   for (auto* controllo : Controlli()) legatura_.Lega(controllo);
 }
 
-CampoCodice* PannelloOpzioni::Codice(const char* nome, const char* tabella,
-                                     std::shared_ptr<FonteCodici> fonte) {
+CampoCodice* PannelloOpzioni::Codice(const char* nome, const char* fonte) {
   auto* campo =
-      new CampoCodice(QString::fromLatin1(nome), QString::fromLatin1(tabella), std::move(fonte));
+      new CampoCodice(QString::fromLatin1(nome), archives::Fonte(finestre_.Sessione(), fonte));
   LargoCaratteri(campo, kCaratteriCodice);
-  connect(campo, &CampoCodice::EventoLibero, this, [this](const QString& tab, const QString& cod) {
-    finestre_.ApreFormDaEvLibero(tab, cod);
-  });
   return campo;
 }
 
 void PannelloOpzioni::CreaCampi() {
   auto& sessione = finestre_.Sessione();
   const int decimali = sessione.Euro() ? 2 : 0;
-  rivaIntra_ = Codice("RivaIntra", "", FonteRegistri(sessione, "05"));
+  rivaIntra_ = Codice("RivaIntra", "registriTipo05");
   senzaGiro_ = Casella("NoIntraCosto_a_Forn", tr("senza giro costo a fornitore"));
-  causaleIntra_ = Codice("CausaleIntra", "CAUSALI", FonteCausali(sessione));
-  fornitoreIntra_ = Codice("FornitoreIntra", "FORNITORI", FonteConti(sessione, "F"));
-  contoCosti_ = Codice("ContoCostiIntra", "CONTI", FonteConti(sessione, "P"));
-  pagamentoIntra_ = Codice("PagamentoIntra", "CODICIPAGAMENTO", FontePagamenti(sessione));
+  causaleIntra_ = Codice("CausaleIntra", "causali");
+  fornitoreIntra_ = Codice("FornitoreIntra", "fornitori");
+  contoCosti_ = Codice("ContoCostiIntra", "conti");
+  pagamentoIntra_ = Codice("PagamentoIntra", "pagamenti");
   conBolla_ = Casella("BollaDog", tr("registra il giro della bolla doganale"));
-  fornitoreBolla_ = Codice("FornitoreBollaDog", "FORNITORI", FonteConti(sessione, "F"));
-  causaleBolla_ = Codice("CausaleBollaDog", "CAUSALI", FonteCausali(sessione));
-  pagamentoBolla_ = Codice("PagamentoBollaDog", "CODICIPAGAMENTO", FontePagamenti(sessione));
+  fornitoreBolla_ = Codice("FornitoreBollaDog", "fornitori");
+  causaleBolla_ = Codice("CausaleBollaDog", "causali");
+  pagamentoBolla_ = Codice("PagamentoBollaDog", "pagamenti");
   conRitenute_ = Casella("RitAcc", tr("registra la ritenuta d'acconto"));
   constexpr int kCifreImporto = 12;
   for (int i = 0; i < 2; ++i) {
@@ -81,8 +75,8 @@ void PannelloOpzioni::CreaCampi() {
       return std::string(inizio) + (i == 0 ? "1" : "2");
     };
     auto& ritenuta = ritenuta_[i];
-    ritenuta.causale = Codice(nome("CausaleRitAcc").c_str(), "CAUSALI", FonteCausali(sessione));
-    ritenuta.conto = Codice(nome("ContoRitAcc").c_str(), "CONTI", FonteConti(sessione, "P"));
+    ritenuta.causale = Codice(nome("CausaleRitAcc").c_str(), "causali");
+    ritenuta.conto = Codice(nome("ContoRitAcc").c_str(), "conti");
     ritenuta.importo =
         new CampoImporto(QString::fromStdString(nome("ImportoRitAcc")), nullptr, decimali);
     LargoCaratteri(ritenuta.importo, kCifreImporto);

@@ -14,7 +14,6 @@ namespace fenalto::screens {
 
 class CampoCodice;
 class CampoImporto;
-class FonteCodici;
 class Legatura;
 
 class PannelloOpzioni : public QWidget {
@@ -35,7 +34,7 @@ class PannelloOpzioni : public QWidget {
     CampoCodice* conto;
     CampoImporto* importo;
   };
-  CampoCodice* Codice(const char* nome, const char* tabella, std::shared_ptr<FonteCodici> fonte);
+  CampoCodice* Codice(const char* nome, const char* fonte);
   void CreaCampi();
   QGroupBox* CreaIntra();
   QGroupBox* CreaBolla();

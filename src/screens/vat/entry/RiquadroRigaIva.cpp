@@ -7,8 +7,6 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
-#include "screens/ledger/FontiPrimanota.h"
-#include "screens/vat/entry/FontiFatture.h"
 
 namespace fenalto::screens {
 namespace {
@@ -28,7 +26,6 @@ RiquadroRigaIva::RiquadroRigaIva(vat::RegistrazioneIva& fatture, Finestre& fines
   CreaCampi();
   setLayout(DisponiCampi());
   OrdineTab();
-  ApriTabelle({conto_, codIva_, categoria_});
   connect(scorpora_, &QPushButton::clicked, this, &RiquadroRigaIva::Scorpora);
 }
 
@@ -36,13 +33,10 @@ void RiquadroRigaIva::CreaCampi() {
   auto& sessione = finestre_.Sessione();
   const int decimali = sessione.Euro() ? 2 : 0;
   posi_ = new CampoNumero(QStringLiteral("Posi"));
-  conto_ =
-      new CampoCodice(QStringLiteral("Conto"), QStringLiteral("CONTI"), FonteConti(sessione, "P"));
-  codIva_ = new CampoCodice(QStringLiteral("CodIva"), QStringLiteral("CODICIIVA"),
-                            FonteCodiciIva(sessione));
+  conto_ = new CampoCodice(QStringLiteral("Conto"), archives::FonteConti(sessione, "P"));
+  codIva_ = new CampoCodice(QStringLiteral("CodIva"), archives::Fonte(sessione, "codiciIva"));
   descrizione_ = new CampoTesto(QStringLiteral("Descrizione"));
-  categoria_ = new CampoCodice(QStringLiteral("Categoria"), QStringLiteral("CATEGORIE"),
-                               FonteCategorie(sessione));
+  categoria_ = new CampoCodice(QStringLiteral("Categoria"), archives::Fonte(sessione, "categorie"));
   commessa_ = new CampoTesto(QStringLiteral("Commessa"));
   imponibile_ = new CampoImporto(QStringLiteral("Imponibile"), nullptr, decimali);
   iva_ = new CampoImporto(QStringLiteral("Iva"), nullptr, decimali);

@@ -8,8 +8,6 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
-#include "screens/ledger/FontiPrimanota.h"
-#include "screens/vat/entry/FontiFatture.h"
 
 namespace fenalto::screens {
 namespace {
@@ -71,12 +69,11 @@ void TestaFattura::CreaCampi(Legatura& legatura) {
   probabileNumDoc_ = Nota("ProbabileNumDoc");
   data_ = new CampoData(QStringLiteral("Dt"), annoEOggi);
   data_->setToolTip(tr("15, 1503, 150324 o 15/3: il resto si completa da solo"));
-  parte_ = new CampoCodice(QStringLiteral("Contox"), QString(), FonteConti(sessione, "P"));
+  parte_ = new CampoCodice(QStringLiteral("Contox"), archives::Fonte(sessione, "conti"), false);
   nFat_ = new CampoTesto(QStringLiteral("NFat"));
   dtFat_ = new CampoData(QStringLiteral("DtFat"), annoEOggi);
   dtIncasso_ = new CampoData(QStringLiteral("DtIncasso"), annoEOggi);
-  pagamento_ = new CampoCodice(QStringLiteral("Pagamento"), QStringLiteral("CODICIPAGAMENTO"),
-                               FontePagamenti(sessione));
+  pagamento_ = new CampoCodice(QStringLiteral("Pagamento"), archives::Fonte(sessione, "pagamenti"));
   nota_ = Nota("NotaPagamento");
   nota_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   descrizione_ = new CampoTesto(QStringLiteral("Descrizionex"));
@@ -86,12 +83,6 @@ void TestaFattura::CreaCampi(Legatura& legatura) {
            riva_, nProt_, probabileNProt_, numDoc_, probabileNumDoc_, data_, parte_, nFat_, dtFat_,
            dtIncasso_, pagamento_, descrizione_, ep_, variazione_}) {
     legatura.Lega(campo);
-  }
-  for (auto* codice : {parte_, pagamento_}) {
-    connect(codice, &CampoCodice::EventoLibero, this,
-            [this](const QString& tabella, const QString& cod) {
-              finestre_.ApreFormDaEvLibero(tabella, cod);
-            });
   }
 }
 
@@ -175,7 +166,7 @@ void TestaFattura::ScegliParte() {
   didascaliaParte_->setText(etichetta);
   parte_->setAccessibleName(etichetta);
   if (classe == classe_) return;
-  parte_->Fonte(FonteConti(finestre_.Sessione(), classe), TabellaDiClasse(classe));
+  parte_->Fonte(archives::FonteConti(finestre_.Sessione(), classe));
   classe_ = classe;
 }
 

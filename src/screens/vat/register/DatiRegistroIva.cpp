@@ -40,7 +40,7 @@ std::string TestoChiave(const Valore& valore) {
   }
 }
 
-class PeriodiInMemoria : public FonteCodici {
+class PeriodiInMemoria : public archives::FonteCodici {
  public:
   explicit PeriodiInMemoria(std::vector<vat::PeriodoIva> periodi) : periodi_(std::move(periodi)) {}
 
@@ -50,9 +50,9 @@ class PeriodiInMemoria : public FonteCodici {
     return trovato->testo;
   }
 
-  std::vector<VoceCodice> Cerca(const std::string& testo, int massimo) override {
+  std::vector<archives::VoceCodice> Cerca(const std::string& testo, int massimo) override {
     const std::string cercato = PerRicerca(testo);
-    std::vector<VoceCodice> voci;
+    std::vector<archives::VoceCodice> voci;
     for (const bool inizio : {true, false}) {
       for (const auto& periodo : periodi_) {
         const bool inizia = PerRicerca(periodo.cod).starts_with(cercato);
@@ -80,7 +80,7 @@ class PeriodiInMemoria : public FonteCodici {
 
 }  // namespace
 
-std::shared_ptr<FonteCodici> FontePeriodi(std::vector<vat::PeriodoIva> periodi) {
+std::shared_ptr<archives::FonteCodici> FontePeriodi(std::vector<vat::PeriodoIva> periodi) {
   return std::make_shared<PeriodiInMemoria>(std::move(periodi));
 }
 
@@ -171,14 +171,10 @@ CampoData* DatiRegistroIva::DataDi(const char* nome) {
   return campo;
 }
 
-CampoCodice* DatiRegistroIva::Codice(const char* nome, const char* tabella,
-                                     std::shared_ptr<FonteCodici> fonte) {
-  auto* campo =
-      new CampoCodice(QString::fromLatin1(nome), QString::fromLatin1(tabella), std::move(fonte));
+CampoCodice* DatiRegistroIva::Codice(const char* nome,
+                                     std::shared_ptr<archives::FonteCodici> fonte) {
+  auto* campo = new CampoCodice(QString::fromLatin1(nome), std::move(fonte));
   legatura.Lega(campo);
-  connect(campo, &CampoCodice::EventoLibero, this, [this](const QString& tab, const QString& cod) {
-    finestre.ApreFormDaEvLibero(tab, cod);
-  });
   return campo;
 }
 

@@ -17,7 +17,7 @@
 namespace fenalto::screens {
 
 /// Codes and texts of the periods that the year offers.
-std::shared_ptr<FonteCodici> FontePeriodi(std::vector<vat::PeriodoIva> periodi);
+std::shared_ptr<archives::FonteCodici> FontePeriodi(std::vector<vat::PeriodoIva> periodi);
 
 /// The choices of a run as a record of fields, and their controls. Fields that are settings of the
 /// company are written as soon as they are left.
@@ -43,7 +43,7 @@ class DatiRegistroIva : public QObject {
   CampoTesto* Testo(const char* nome, int lunghezza);
   CampoData* DataDi(const char* nome);
   /// A code with its jump to the archive `tabella`.
-  CampoCodice* Codice(const char* nome, const char* tabella, std::shared_ptr<FonteCodici> fonte);
+  CampoCodice* Codice(const char* nome, std::shared_ptr<archives::FonteCodici> fonte);
 
   /// Shows what the run proposes.
   void MostraOpzioni();

@@ -7,7 +7,6 @@
 #include "core/values/Testo.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/OpzioniGrafiche.h"
-#include "screens/vat/entry/FontiFatture.h"
 #include "screens/vat/register/DatiRegistroIva.h"
 
 namespace fenalto::screens {
@@ -58,9 +57,9 @@ FinestraRegistriIva::Interno::Interno(FinestraRegistriIva& finestraUsata, Finest
 QGridLayout* FinestraRegistriIva::Interno::CreaCampi() {
   constexpr int kLargoDescrizione = 420;
   auto* griglia = new QGridLayout(&finestra);
-  auto* periodo = dati.Codice("MeseTrimestre", "", FontePeriodi(dati.registro.Periodi()));
+  auto* periodo = dati.Codice("MeseTrimestre", FontePeriodi(dati.registro.Periodi()));
   periodo->Etichetta()->setObjectName(QStringLiteral("ScrittaPeriodo"));
-  auto* registro = dati.Codice("Riva", "REGISTRIIVA", FonteRegistri(dati.Sessione()));
+  auto* registro = dati.Codice("Riva", archives::Fonte(dati.Sessione(), "registri"));
   auto* da = dati.Numero("DaNProt");
   auto* fino = dati.Numero("AaNprot");
   const std::pair<QString, CampoCodice*> codici[] = {{tr("Periodo"), periodo},

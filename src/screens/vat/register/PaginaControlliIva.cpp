@@ -74,7 +74,7 @@ void PaginaControlliIva::Vedi() {
   const int riga = griglia_->RigaCorrente();
   if (riga < 0) return;
   const std::int64_t numero = griglia_->Modello().Riga(riga)[kArticolo].Intero();
-  if (numero > 0) dati_.finestre.VediRegistrazione(numero, dati_.Sessione().Anno());
+  if (numero > 0) dati_.finestre.Segui(AllaRegistrazione(dati_.Sessione().Anno(), numero));
 }
 
 }  // namespace fenalto::screens

@@ -8,7 +8,6 @@
 
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
-#include "screens/vat/entry/FontiFatture.h"
 
 namespace fenalto::screens {
 namespace {
@@ -67,7 +66,7 @@ QGroupBox* PaginaElenchiIva::CreaSospese() {
   const int anno = dati_.Sessione().Anno();
   scheda.Scrivi("DaDtFattSosp", Data::DaGma(1, 1, anno).value());
   scheda.Scrivi("AaDtFattSosp", Data::DaGma(31, 12, anno).value());
-  auto* registro = dati_.Codice("RivaFattSosp", "REGISTRIIVA", FonteRegistri(dati_.Sessione()));
+  auto* registro = dati_.Codice("RivaFattSosp", archives::Fonte(dati_.Sessione(), "registri"));
   auto* da = dati_.DataDi("DaDtFattSosp");
   auto* fino = dati_.DataDi("AaDtFattSosp");
   auto* stampa = Pulsante(QStringLiteral("CommElencoFattSospIva"), tr("Stampa elenco fatture"));

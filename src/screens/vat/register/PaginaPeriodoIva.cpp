@@ -8,8 +8,6 @@
 
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
-#include "screens/ledger/FontiPrimanota.h"
-#include "screens/vat/entry/FontiFatture.h"
 #include "vat/settlement/ConfrontoLiquidazioni.h"
 
 namespace fenalto::screens {
@@ -55,7 +53,7 @@ void PaginaPeriodoIva::CampoCambiato(const QString& campo) {
 
 QWidget* PaginaPeriodoIva::CreaPeriodo(const QString& finestra) {
   auto* riquadro = new QWidget;
-  periodo_ = dati_.Codice("MeseTrimestre", "", FontePeriodi(dati_.registro.Periodi()));
+  periodo_ = dati_.Codice("MeseTrimestre", FontePeriodi(dati_.registro.Periodi()));
   periodo_->Etichetta()->setObjectName(QStringLiteral("ScrittaPeriodo"));
   conferma_ = Pulsante(QStringLiteral("Command1"), tr("Conferma Periodo"));
   connect(conferma_, &QPushButton::clicked, this, &PaginaPeriodoIva::ConfermaPeriodo);
@@ -108,7 +106,7 @@ QGroupBox* PaginaPeriodoIva::CreaVentilazione() {
                                                           {"RivaVentil1", "VentilAaNprot1"}};
   int riga = 0;
   for (const auto& [nome, fino] : registri) {
-    auto* registro = dati_.Codice(nome, "REGISTRIIVA", FonteRegistri(dati_.Sessione()));
+    auto* registro = dati_.Codice(nome, archives::Fonte(dati_.Sessione(), "registri"));
     auto* numero = dati_.Numero(fino);
     griglia->addWidget(Didascalia(riga == 0 ? tr("Registro") : tr("e registro"), registro), riga,
                        0);
@@ -135,9 +133,9 @@ QGroupBox* PaginaPeriodoIva::CreaGiri() {
       dati_.Casella("ChiusIva", tr("Conservo le righe della liquidazione per ristamparla")), 2, 0,
       1, 4);
   auto* giorno = dati_.DataDi("DtReg");
-  auto* causale = dati_.Codice("CausaleErario", "CAUSALI", FonteCausali(sessione));
-  auto* erario = dati_.Codice("ContoIvaErario", "CONTI", FonteConti(sessione, "P"));
-  auto* interessi = dati_.Codice("ContoInteressiErario", "CONTI", FonteConti(sessione, "P"));
+  auto* causale = dati_.Codice("CausaleErario", archives::Fonte(sessione, "causali"));
+  auto* erario = dati_.Codice("ContoIvaErario", archives::FonteConti(sessione, "P"));
+  auto* interessi = dati_.Codice("ContoInteressiErario", archives::FonteConti(sessione, "P"));
   const std::pair<QString, CampoCodice*> codici[] = {{tr("Causale"), causale},
                                                      {tr("Conto erario c/iva"), erario},
                                                      {tr("Conto interessi"), interessi}};

@@ -1,11 +1,11 @@
-#include "screens/common/lists/RicercaRegistrazioni.h"
+#include "ledger/accounts/RicercaRegistrazioni.h"
 
 #include <charconv>
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 
-namespace fenalto::screens {
+namespace fenalto::ledger {
 namespace {
 
 constexpr std::size_t kContiCercati = 400;  // accounts that one search may stand for
@@ -59,4 +59,4 @@ const std::string& DescrizioniConti::Di(const std::string& cfp, const std::strin
   return voce->second;
 }
 
-}  // namespace fenalto::screens
+}  // namespace fenalto::ledger

@@ -1,4 +1,4 @@
-#include "screens/common/archive/RigaFiltri.h"
+#include "screens/common/lists/RigaFiltri.h"
 
 #include <QHeaderView>
 #include <QLineEdit>

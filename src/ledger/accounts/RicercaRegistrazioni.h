@@ -8,7 +8,7 @@
 
 #include "core/session/Ambiente.h"
 
-namespace fenalto::screens {
+namespace fenalto::ledger {
 
 struct TestoCercato {
   std::string testo;                   ///< without the blanks around it
@@ -36,4 +36,4 @@ class DescrizioniConti {
   std::map<std::string, std::string> lette_;  ///< by class and code
 };
 
-}  // namespace fenalto::screens
+}  // namespace fenalto::ledger

@@ -1,13 +1,14 @@
-#include "screens/ledger/LettoreArticoli.h"
+#include "ledger/registrations/LettoreArticoli.h"
 
 #include <algorithm>
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 
-namespace fenalto::screens {
+namespace fenalto::ledger {
 namespace {
 
+constexpr std::int64_t kTratto = 4'000;  // numbers gone through by one statement of a search
 constexpr std::string_view kDiversi = "DIVERSI";
 
 void Unisci(std::string& condizione, const std::string& altra) {
@@ -29,9 +30,8 @@ std::string LettoreArticoli::Descritto(const std::string& cfp, const std::string
   return descrizione.empty() ? conto : conto + "  " + descrizione;
 }
 
-std::vector<ArticoloLetto> LettoreArticoli::Pagina(const RicercaArticoli& ricerca,
-                                                   std::int64_t sotto, std::int64_t oltre,
-                                                   int quante) {
+std::vector<ArticoloLetto> LettoreArticoli::Pagina(const Ricerca& ricerca, std::int64_t sotto,
+                                                   std::int64_t oltre, int quante) {
   std::vector<ArticoloLetto> letti;
   if (ricerca.impossibile) return letti;
   std::string testo = "SELECT TOP " + std::to_string(quante) +
@@ -49,14 +49,35 @@ std::vector<ArticoloLetto> LettoreArticoli::Pagina(const RicercaArticoli& ricerc
   return letti;
 }
 
-std::optional<ArticoloLetto> LettoreArticoli::Uno(std::int64_t numero) {
-  auto letti = Pagina({}, numero + 1, numero - 1, 1);
-  if (letti.empty()) return std::nullopt;
-  return std::move(letti.front());
+void LettoreArticoli::Comincia(const archives::FiltroElenco& filtro) {
+  descrizioni_.Dimentica();
+  ricerca_ = Interpreta(filtro.testo);
+  sotto_ =
+      ambiente_.Max("NumDoc", "Articoli", {{"Anno", ambiente_.Anno()}}, Tessarc()).Intero() + 1;
 }
 
-std::int64_t LettoreArticoli::Inizio() {
-  return ambiente_.Max("NumDoc", "Articoli", {{"Anno", ambiente_.Anno()}}, Tessarc()).Intero() + 1;
+archives::FonteElenco::Righe LettoreArticoli::Avanti() {
+  const std::int64_t oltre = ATratti() ? std::max<std::int64_t>(0, sotto_ - 1 - kTratto) : 0;
+  const auto letti = Pagina(ricerca_, sotto_, oltre, kPagina);
+  const bool altri = letti.size() == static_cast<std::size_t>(kPagina);
+  sotto_ = altri ? letti.back().numero : oltre + 1;
+  Righe righe;
+  righe.reserve(letti.size());
+  for (const auto& letto : letti) {
+    righe.push_back({letto.numero, letto.data, letto.dare, letto.avere});
+  }
+  return righe;
+}
+
+std::string LettoreArticoli::Testo(std::int64_t numero) {
+  const auto letti = Pagina({}, numero + 1, numero - 1, 1);
+  if (letti.empty()) return {};
+  const auto& letto = letti.front();
+  std::string testo = letto.data.Testo();
+  if (!letto.dare.empty() || !letto.avere.empty()) {
+    testo += "   " + letto.dare + "  →  " + letto.avere;
+  }
+  return testo;
 }
 
 std::string LettoreArticoli::ConConto(const std::string& testo) {
@@ -72,8 +93,8 @@ std::string LettoreArticoli::ConConto(const std::string& testo) {
   return condizione;
 }
 
-RicercaArticoli LettoreArticoli::Interpreta(const std::string& testo) {
-  RicercaArticoli ricerca;
+LettoreArticoli::Ricerca LettoreArticoli::Interpreta(const std::string& testo) {
+  Ricerca ricerca;
   const auto cercato = LeggiCercato(testo, ambiente_);
   if (cercato.testo.empty()) return ricerca;
   if (!cercato.data.Nulla()) {
@@ -87,4 +108,4 @@ RicercaArticoli LettoreArticoli::Interpreta(const std::string& testo) {
   return ricerca;
 }
 
-}  // namespace fenalto::screens
+}  // namespace fenalto::ledger

@@ -1,11 +1,19 @@
-#include "screens/vat/entry/LettoreFatture.h"
+#include "vat/entry/LettoreFatture.h"
 
+#include <limits>
 #include <map>
 
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "vat/postings/RigheIva.h"
 
-namespace fenalto::screens {
+namespace fenalto::vat {
+namespace {
+
+/// Each row is read with its total, so a page is shorter than elsewhere.
+constexpr int kPaginaFatture = 100;
+
+}  // namespace
 
 std::vector<FatturaLetta> LettoreFatture::Leggi(const std::string& condizione, int quante) {
   std::vector<FatturaLetta> lette;
@@ -42,7 +50,7 @@ void LettoreFatture::LeggiTotali(std::vector<FatturaLetta>& lette) {
   Rs righe = Tessarc().Recordset(
       "SELECT NumDoc, Imponibile, Iva, IvaInd FROM Movimenti WHERE " +
       sql::Criterio("Anno", "=", ambiente_.Anno()) + " AND NumDoc IN (" + numeri + ") AND " +
-      sql::Criterio("TipoRiga", "=", static_cast<int>(vat::TipoRigaIva::Imponibile)));
+      sql::Criterio("TipoRiga", "=", static_cast<int>(TipoRigaIva::Imponibile)));
   for (; !righe.Eof(); righe.MoveNext()) {
     totali[righe.Fields(0).Intero()] +=
         righe.Fields(1).Importo() + righe.Fields(2).Importo() + righe.Fields(3).Importo();
@@ -50,32 +58,55 @@ void LettoreFatture::LeggiTotali(std::vector<FatturaLetta>& lette) {
   for (auto& letta : lette) letta.totale = totali[letta.numDoc];
 }
 
-std::vector<FatturaLetta> LettoreFatture::Pagina(const std::string& riva,
-                                                 const std::string& condizione, std::int64_t fino,
-                                                 int quante) {
-  if (riva.empty()) return {};
+bool LettoreFatture::Registro(const std::string& riva, const std::string& classe) {
+  classe_ = classe;
+  if (riva == riva_) return false;
+  riva_ = riva;
+  return true;
+}
+
+void LettoreFatture::Comincia(const archives::FiltroElenco& filtro) {
+  descrizioni_.Dimentica();
+  condizione_ = Interpreta(filtro.testo);
+  fino_ = std::numeric_limits<std::int32_t>::max();
+  finita_ = riva_.empty();
+}
+
+archives::FonteElenco::Righe LettoreFatture::Avanti() {
+  if (finita_) return {};
   std::string testo =
-      sql::Criterio("Riva", "=", riva) + " AND " + sql::Criterio("NumDoc", "<=", fino);
-  if (!condizione.empty()) testo += " AND (" + condizione + ")";
-  return Leggi(testo, quante);
+      sql::Criterio("Riva", "=", riva_) + " AND " + sql::Criterio("NumDoc", "<=", fino_);
+  if (!condizione_.empty()) testo += " AND (" + condizione_ + ")";
+  const auto lette = Leggi(testo, kPaginaFatture);
+  finita_ = lette.size() < static_cast<std::size_t>(kPaginaFatture);
+  if (!lette.empty()) fino_ = lette.back().numDoc - 1;
+  Righe righe;
+  for (const auto& letta : lette) {
+    righe.push_back({letta.nProt, letta.numDoc, letta.data, letta.conto, letta.descrConto,
+                     letta.nFat, letta.dtFat, letta.totale});
+  }
+  return righe;
 }
 
-std::optional<FatturaLetta> LettoreFatture::Una(std::int64_t numDoc) {
-  auto lette = Leggi(sql::Criterio("NumDoc", "=", numDoc), 1);
-  if (lette.empty()) return std::nullopt;
-  return std::move(lette.front());
+std::string LettoreFatture::Testo(std::int64_t numDoc) {
+  const auto lette = Leggi(sql::Criterio("NumDoc", "=", numDoc), 1);
+  if (lette.empty()) return {};
+  const auto& letta = lette.front();
+  return "registro " + letta.riva + " prot. " + std::to_string(letta.nProt) + "   " +
+         letta.data.Testo() + "   " + ScriviImporto(letta.totale, ambiente_.Euro() ? 2 : 0) +
+         "   " + letta.conto + "  " + letta.descrConto;
 }
 
-std::string LettoreFatture::Parti(const std::string& cercato, const std::string& classe) {
+std::string LettoreFatture::Parti(const std::string& cercato) {
   std::string condizione;
-  for (const auto& [trovata, codici] : ContiCercati(Tessarc(), cercato, classe)) {
+  for (const auto& [trovata, codici] : ledger::ContiCercati(Tessarc(), cercato, classe_)) {
     condizione += " OR (" + sql::Criterio("CFP", "=", trovata) + " AND Conto IN (" + codici + "))";
   }
   return condizione;
 }
 
-std::string LettoreFatture::Interpreta(const std::string& testo, const std::string& classe) {
-  const auto cercato = LeggiCercato(testo, ambiente_);
+std::string LettoreFatture::Interpreta(const std::string& testo) {
+  const auto cercato = ledger::LeggiCercato(testo, ambiente_);
   if (cercato.testo.empty()) return {};
   if (!cercato.data.Nulla()) {
     return sql::Criterio("Dt", "=", cercato.data) + " OR " +
@@ -86,7 +117,7 @@ std::string LettoreFatture::Interpreta(const std::string& testo, const std::stri
     condizione += " OR " + sql::Criterio("NumDoc", "=", *cercato.numero) + " OR " +
                   sql::Criterio("NProt", "=", *cercato.numero);
   }
-  return condizione + Parti(cercato.testo, classe);
+  return condizione + Parti(cercato.testo);
 }
 
-}  // namespace fenalto::screens
+}  // namespace fenalto::vat

@@ -1,14 +1,13 @@
 // The codes that a field lists while one types: those that begin with the text first.
-#include "screens/common/fields/FonteCodici.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "core/archives/FonteCodici.h"
 #include "ledger/DittaDiProva.h"
 
-namespace fenalto::screens {
+namespace fenalto::archives {
 namespace {
 
 using ::testing::ElementsAre;
@@ -18,10 +17,9 @@ class FonteCodiciTest : public prova::DittaDiProva {
  protected:
   std::vector<std::string> Cerca(const std::string& testo, int massimo,
                                  const std::string& filtro = "Cod>='A'") {
-    FonteTabella fonte([this]() -> Archivio& { return Tessarc(); }, "Vettori", "Cod", "Descrizione",
-                       [&] { return filtro; });
+    const auto fonte = Fonte(ambiente, {.nome = {}, .tabella = "Vettori", .condizione = filtro});
     std::vector<std::string> codici;
-    for (const auto& voce : fonte.Cerca(testo, massimo)) codici.push_back(voce.codice);
+    for (const auto& voce : fonte->Cerca(testo, massimo)) codici.push_back(voce.codice);
     return codici;
   }
 };
@@ -46,5 +44,13 @@ TEST_F(FonteCodiciTest, PrimaChiCominciaPoiChiContiene) {
   EXPECT_THAT(Cerca("niente", 60), IsEmpty());
 }
 
+TEST_F(FonteCodiciTest, OgniFonteSiLegge) {
+  for (const auto& fonte : Fonti()) {
+    EXPECT_NO_THROW(Fonte(ambiente, fonte.nome)->Cerca("a", 3)) << fonte.nome;
+    EXPECT_FALSE(Fonte(ambiente, fonte.nome)->Descrizione("mai").has_value()) << fonte.nome;
+  }
+  EXPECT_THROW(Fonte(ambiente, "niente"), std::logic_error);
+}
+
 }  // namespace
-}  // namespace fenalto::screens
+}  // namespace fenalto::archives

@@ -1,0 +1,155 @@
+#include "core/archives/FonteCodici.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "core/sql/Criterio.h"
+#include "core/values/Testo.h"
+
+namespace fenalto::archives {
+namespace {
+
+class FonteTabella : public FonteCodici {
+ public:
+  FonteTabella(Ambiente& ambiente, DescrizioneFonte descrizione)
+      : ambiente_(ambiente), d_(std::move(descrizione)) {}
+
+  std::optional<std::string> Descrizione(const std::string& codice) override {
+    if (codice.empty()) return std::nullopt;
+    const Rs trovata = Leggi({d_.condizione, Uguale(codice)});
+    if (trovata.Eof()) return std::nullopt;
+    return NzStr(trovata.Fields(1));
+  }
+
+  std::string Canonico(const std::string& codice) override {
+    const Rs trovata = Leggi({d_.condizione, Uguale(codice)});
+    return trovata.Eof() ? codice : trovata.Fields(0).Testo();
+  }
+
+  std::string Archivio() const override { return d_.archivio; }
+
+  std::vector<VoceCodice> Cerca(const std::string& testo, int massimo) override {
+    if (massimo <= 0) return {};
+    if (testo.empty()) return Elencate("", massimo);
+    const std::string inizia = sql::CriterioInizia(kChiave, testo);
+    const auto comincia = [cercato = PerRicerca(testo)](const VoceCodice& voce) {
+      return IniziaRicerca(voce.codice, cercato);
+    };
+    // One pass over the table finds all there is, unless there is more than is asked for: then
+    // codes that begin with the text may come later, and a pass over the codes alone finds them.
+    auto trovate = Elencate(
+        "(" + inizia + " OR " + sql::CriterioContiene(d_.descrizione, testo) + ")", massimo);
+    if (trovate.size() < static_cast<std::size_t>(massimo)) {
+      std::stable_partition(trovate.begin(), trovate.end(), comincia);
+      return trovate;
+    }
+    auto prime = Elencate(inizia, massimo);
+    for (auto& voce : trovate) {
+      if (prime.size() >= static_cast<std::size_t>(massimo)) break;
+      if (!comincia(voce)) prime.push_back(std::move(voce));
+    }
+    return prime;
+  }
+
+ private:
+  static constexpr const char* kChiave = "Cod";
+
+  static std::string Uguale(const std::string& codice) {
+    return sql::Criterio(kChiave, "=", codice);
+  }
+
+  std::vector<VoceCodice> Elencate(const std::string& condizione, int massimo) {
+    std::vector<VoceCodice> voci;
+    for (Rs righe = Leggi({d_.condizione, d_.elencati, condizione}, massimo); !righe.Eof();
+         righe.MoveNext()) {
+      voci.push_back({NzStr(righe.Fields(0)), NzStr(righe.Fields(1))});
+    }
+    return voci;
+  }
+
+  /// Rows that meet all conditions; with `massimo` the first of them, in order of code.
+  Rs Leggi(std::initializer_list<std::string> condizioni, int massimo = 0) {
+    std::string testo = "SELECT ";
+    if (massimo > 0) testo += "TOP " + std::to_string(massimo) + " ";
+    testo += std::string(kChiave) + ", " + d_.descrizione + " FROM " + d_.tabella;
+    const char* unione = " WHERE ";
+    for (const auto& condizione : condizioni) {
+      if (condizione.empty()) continue;
+      testo += unione + ("(" + condizione + ")");
+      unione = " AND ";
+    }
+    if (massimo > 0) testo += std::string(" ORDER BY ") + kChiave;
+    return ambiente_.ArchivioDi(d_.chiave).Recordset(testo);
+  }
+
+  Ambiente& ambiente_;
+  DescrizioneFonte d_;
+};
+
+}  // namespace
+
+const std::vector<DescrizioneFonte>& Fonti() {
+  static const std::vector<DescrizioneFonte> fonti{
+      {"agenti", "Agenti", "AGENTI"},
+      {.nome = "banche",
+       .tabella = "Banche",
+       .archivio = "BANCHE",
+       .descrizione = "Nome",
+       .chiave = "scadenzario"},
+      {"categorie", "Categorie", "CATEGORIE"},
+      // Registrations of VAT have causals of their own, that are typed but not listed.
+      {.nome = "causali",
+       .tabella = "Causali",
+       .archivio = "CAUSALI",
+       .elencati = "cod<'1' or cod>'9zz'"},
+      {"causaliTutte", "Causali", "CAUSALI"},
+      {.nome = "clienti", .tabella = "ZCLIENTI", .archivio = "CLIENTI", .descrizione = "RAGSOC1"},
+      {"codiciIva", "CodiciIva", "CODICIIVA"},
+      {"conti", "zConti", "CONTI", "CFP='P'"},
+      {"contiTutti", "zConti", "CONTI"},
+      {"contropartite", "Conti", "CONTI", "CFP='P'"},
+      {.nome = "fornitori",
+       .tabella = "ZFORNITORI",
+       .archivio = "FORNITORI",
+       .descrizione = "RAGSOC1"},
+      {"mastri", "Mastri", "MASTRI"},
+      {"pagamenti", "Pagamento", "CODICIPAGAMENTO"},
+      // Customers and suppliers: which archive a code is of isn't known.
+      {"parti", "ContiClientiFornitori", "", "CFP<>'P'"},
+      {"registri", "RegistriIva", "REGISTRIIVA"},
+      {"registriTipo05", "RegistriIva", "", "Tipo='05'"},
+      {"riepilogativiC", "Conti", "CONTI", "CFP='C'"},
+      {"riepilogativiF", "Conti", "CONTI", "CFP='F'"},
+      {"ritenute", "Ritenute", "RITENUTE"},
+      {"tipiPagamento", "tipipagamento"},
+      {"tipiRegistro", "TIPIregistriiva"},
+      {"vettori", "Vettori", "VETTORI"},
+  };
+  return fonti;
+}
+
+const DescrizioneFonte& DescrizioneDiFonte(std::string_view nome) {
+  for (const auto& fonte : Fonti()) {
+    if (fonte.nome == nome) return fonte;
+  }
+  throw std::logic_error("fonte di codici sconosciuta: " + std::string(nome));
+}
+
+std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, std::string_view nome) {
+  return Fonte(ambiente, DescrizioneDiFonte(nome));
+}
+
+std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, DescrizioneFonte descrizione) {
+  return std::make_shared<FonteTabella>(ambiente, std::move(descrizione));
+}
+
+std::shared_ptr<FonteCodici> FonteConti(Ambiente& ambiente, const std::string& classe) {
+  return Fonte(ambiente, classe == "C" ? "clienti" : classe == "F" ? "fornitori" : "conti");
+}
+
+std::shared_ptr<FonteCodici> FonteContropartite(Ambiente& ambiente, const std::string& classe) {
+  return Fonte(ambiente, classe == "C" ? "clienti" : classe == "F" ? "fornitori" : "contropartite");
+}
+
+}  // namespace fenalto::archives

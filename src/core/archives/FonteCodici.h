@@ -1,0 +1,58 @@
+// Where a code field looks codes up, what it shows of them and what it opens: one table for all
+// fields (`Fonti`), in which a source has a name.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/session/Ambiente.h"
+
+namespace fenalto::archives {
+
+struct VoceCodice {
+  std::string codice;
+  std::string descrizione;
+};
+
+class FonteCodici {
+ public:
+  virtual ~FonteCodici() = default;
+  /// Description of a code; nothing when it doesn't exist.
+  [[nodiscard]] virtual std::optional<std::string> Descrizione(const std::string& codice) = 0;
+  /// At most `massimo` entries whose code begins with the text or whose description holds it,
+  /// ignoring case and accents; those whose code begins with it come first.
+  [[nodiscard]] virtual std::vector<VoceCodice> Cerca(const std::string& testo, int massimo) = 0;
+  /// The code as stored, for one typed in another case.
+  [[nodiscard]] virtual std::string Canonico(const std::string& codice) { return codice; }
+  /// The archive behind the codes, by its table in capitals; empty for none.
+  [[nodiscard]] virtual std::string Archivio() const { return {}; }
+};
+
+/// A source over a table whose key is `Cod`. Conditions are of the store's language; empty for
+/// none.
+struct DescrizioneFonte {
+  std::string nome;
+  std::string tabella;  ///< or stored query
+  std::string archivio = {};
+  std::string condizione = {};
+  std::string descrizione = "Descrizione";  ///< column shown beside a code
+  std::string elencati = {};       ///< further condition of those listed; any other can be typed
+  std::string chiave = "tessarc";  ///< database
+};
+
+/// All sources that have a name.
+const std::vector<DescrizioneFonte>& Fonti();
+/// One of them; std::logic_error for an unknown name.
+const DescrizioneFonte& DescrizioneDiFonte(std::string_view nome);
+
+std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, std::string_view nome);
+std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, DescrizioneFonte descrizione);
+/// Accounts of a class ("P", "C", "F"; any other counts as "P").
+std::shared_ptr<FonteCodici> FonteConti(Ambiente& ambiente, const std::string& classe);
+/// The same for a contra-entry.
+std::shared_ptr<FonteCodici> FonteContropartite(Ambiente& ambiente, const std::string& classe);
+
+}  // namespace fenalto::archives
