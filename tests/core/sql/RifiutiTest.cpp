@@ -115,9 +115,8 @@ TEST(Rifiuti, LAnnidamentoHaUnLimite) {
       "SELECT * FROM Conti" + ripeti(", Conti", kTroppo),
       ripeti("(", kTroppo),
   };
-  for (const std::string& testo : testi) {
+  for (const std::string& testo : testi)
     EXPECT_FALSE(sql::Traduci(testo, catalogo).Riuscito()) << testo.substr(0, 40);
-  }
   // Long is not deep.
   const BancoConti banco;
   EXPECT_EQ(banco.Righe("SELECT Cod FROM Conti WHERE Cod='C001'" + ripeti(" OR Cod='x'", 3000)),
