@@ -4,115 +4,44 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include <algorithm>
-#include <cctype>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <memory>
-#include <regex>
-#include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "core/session/CartellaProva.h"
+#include "core/values/Testo.h"
+
+namespace fenalto {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// Fields of a line; a field in double quotes may hold the separator and doubled quotes.
-std::vector<std::string> Campi(const std::string& riga) {
-  std::vector<std::string> campi(1);
-  bool traVirgolette = false;
-  for (std::size_t i = 0; i < riga.size(); ++i) {
-    const char c = riga[i];
-    if (c == '"') {
-      if (traVirgolette && i + 1 < riga.size() && riga[i + 1] == '"') {
-        campi.back() += riga[++i];
-      } else {
-        traVirgolette = !traVirgolette;
-      }
-    } else if (c == ';' && !traVirgolette) {
-      campi.emplace_back();
-    } else {
-      campi.back() += c;
-    }
-  }
-  return campi;
-}
-
-/// The value as the store keeps it, from its text in the file and the type of its column.
-std::string Memorizzato(const std::string& tipo, const std::string& testo) {
-  static const std::regex intero("-?[0-9]+");
-  static const std::regex decimale("(-?[0-9]+)(\\.([0-9]{1,4}))?");
-  std::smatch parti;
-  if (tipo == "TEXT") {
-    return testo;
-  }
-  if (tipo == "SINO" && (testo == "True" || testo == "False")) {
-    return testo == "True" ? "1" : "0";
-  }
-  if (tipo == "INTEGER" && std::regex_match(testo, intero)) {
-    return testo;
-  }
-  if (tipo == "IMPORTO" && std::regex_match(testo, parti, decimale)) {
-    std::string frazione = parti[3].str();
-    frazione.resize(4, '0');
-    return std::to_string(std::stoll(parti[1].str() + frazione));
-  }
-  throw std::runtime_error("\"" + testo + "\" non è un valore di tipo " + tipo);
-}
-
 int Confronta(void*, int n1, const void* p1, int n2, const void* p2) {
-  const auto minuscolo = [](int n, const void* p) {
-    std::string s(static_cast<const char*>(p), static_cast<std::size_t>(n));
-    std::transform(s.begin(), s.end(), s.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return s;
+  const auto testo = [](int n, const void* p) {
+    return std::string_view(static_cast<const char*>(p), static_cast<std::size_t>(n));
   };
-  return minuscolo(n1, p1).compare(minuscolo(n2, p2));
+  return ConfrontaTesto(testo(n1, p1), testo(n2, p2));
 }
 
-/// One database of the model in memory, with the schema that companies have.
+/// One database of a company just made from the model, asked in the engine's own language.
 class Base {
  public:
-  explicit Base(const std::string& chiave) {
+  explicit Base(const fs::path& file) {
     sqlite3* db = nullptr;
-    sqlite3_open(":memory:", &db);
+    sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
     db_.reset(db);
     sqlite3_create_collation(db, "FENALTO", SQLITE_UTF8, nullptr, Confronta);
-    std::vector<fs::path> passi;
-    for (const auto& f : fs::directory_iterator(fs::path(FENALTO_DATA) / "schema" / chiave)) {
-      passi.push_back(f.path());
-    }
-    std::sort(passi.begin(), passi.end());
-    for (const auto& passo : passi) {
-      std::ostringstream testo;
-      testo << std::ifstream(passo).rdbuf();
-      Esegui(testo.str());
-    }
-    for (const auto& f : fs::directory_iterator(fs::path(FENALTO_DATA) / "modello" / chiave)) {
-      Carica(f.path());
-    }
-  }
-
-  void Esegui(const std::string& sql) {
-    if (sqlite3_exec(db_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
-      throw std::runtime_error(sqlite3_errmsg(db_.get()));
-    }
   }
 
   /// First column of every row of a query.
-  std::vector<std::string> Colonna(const std::string& sql) { return Colonna(sql, {}); }
-
-  std::vector<std::string> Colonna(const std::string& sql, const std::vector<std::string>& valori) {
+  std::vector<std::string> Colonna(const std::string& sql) {
     sqlite3_stmt* istruzione = nullptr;
-    if (sqlite3_prepare_v2(db_.get(), sql.c_str(), -1, &istruzione, nullptr) != SQLITE_OK) {
+    if (sqlite3_prepare_v2(db_.get(), sql.c_str(), -1, &istruzione, nullptr) != SQLITE_OK)
       throw std::runtime_error(sqlite3_errmsg(db_.get()));
-    }
-    for (std::size_t i = 0; i < valori.size(); ++i) {
-      sqlite3_bind_text(istruzione, static_cast<int>(i) + 1, valori[i].c_str(), -1, nullptr);
-    }
     std::vector<std::string> celle;
     int esito = SQLITE_ROW;
     while ((esito = sqlite3_step(istruzione)) == SQLITE_ROW) {
@@ -120,69 +49,38 @@ class Base {
       celle.emplace_back(testo == nullptr ? "" : static_cast<const char*>(testo));
     }
     sqlite3_finalize(istruzione);
-    if (esito != SQLITE_DONE) {
-      throw std::runtime_error(sqlite3_errmsg(db_.get()));
-    }
+    if (esito != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(db_.get()));
     return celle;
   }
-
-  const std::vector<std::string>& Tabelle() const { return tabelle_; }
 
  private:
   struct Chiudi {
     void operator()(sqlite3* db) const { sqlite3_close(db); }
   };
-
-  void Carica(const fs::path& percorso) {
-    const std::string tabella = percorso.stem().string();
-    std::ifstream file(percorso);
-    std::string riga;
-    std::getline(file, riga);
-    const auto nomi = Campi(riga);
-    std::vector<std::string> tipi;
-    std::string elenco;
-    std::string segni;
-    for (const auto& nome : nomi) {
-      const auto tipo =
-          Colonna("SELECT type FROM pragma_table_info(?) WHERE name = ?", {tabella, nome});
-      if (tipo.size() != 1) {
-        throw std::runtime_error(tabella + " non ha il campo " + nome);
-      }
-      tipi.push_back(tipo[0]);
-      elenco += (elenco.empty() ? "" : ",") + nome;
-      segni += segni.empty() ? "?" : ",?";
-    }
-    const std::string istruzione =
-        "INSERT INTO " + tabella + " (" + elenco + ") VALUES (" + segni + ")";
-    while (std::getline(file, riga)) {
-      auto valori = Campi(riga);
-      if (valori.size() != nomi.size()) {
-        throw std::runtime_error(tabella + ": campi in numero errato: " + riga);
-      }
-      for (std::size_t i = 0; i < valori.size(); ++i) {
-        valori[i] = Memorizzato(tipi[i], valori[i]);
-      }
-      Colonna(istruzione, valori);
-    }
-    tabelle_.push_back(tabella);
-  }
-
   std::unique_ptr<sqlite3, Chiudi> db_;
-  std::vector<std::string> tabelle_;
 };
 
 class ModelloDitta : public testing::Test {
  protected:
-  static void SetUpTestSuite() { base_ = std::make_unique<Base>("tessarc"); }
-  static void TearDownTestSuite() { base_.reset(); }
+  static void SetUpTestSuite() {
+    cartella_ = std::make_unique<CartellaProva>();
+    CreaDittaProva(OpzioniProva(cartella_->Percorso()), "Prova");
+    base_ = std::make_unique<Base>(*cartella_ / "Prova/Cont32.mdb");
+  }
+  static void TearDownTestSuite() {
+    base_.reset();
+    cartella_.reset();
+  }
 
   static void Nessuno(const std::string& difetto, const std::string& sql) {
     EXPECT_THAT(base_->Colonna(sql), testing::IsEmpty()) << difetto;
   }
 
+  static std::unique_ptr<CartellaProva> cartella_;
   static std::unique_ptr<Base> base_;
 };
 
+std::unique_ptr<CartellaProva> ModelloDitta::cartella_;
 std::unique_ptr<Base> ModelloDitta::base_;
 
 TEST_F(ModelloDitta, IlPianoDeiContiSiTiene) {
@@ -202,16 +100,13 @@ TEST_F(ModelloDitta, IlPianoDeiContiSiTiene) {
   Nessuno("elenco dei conti con righe di troppo",
           "SELECT Cod FROM ContiClientiFornitori WHERE CFP <> 'P' OR Descrizione2 <> '' OR Cod NOT "
           "IN (SELECT Cod FROM Conti WHERE CFP = 'P')");
-  for (const char* classe : {"C", "F"}) {
-    EXPECT_FALSE(base_->Colonna("SELECT Cod FROM Conti WHERE CFP = ?", {classe}).empty()) << classe;
-  }
+  for (const std::string classe : {"C", "F"})
+    EXPECT_FALSE(base_->Colonna("SELECT Cod FROM Conti WHERE CFP='" + classe + "'").empty());
 }
 
 TEST_F(ModelloDitta, OgniCodiceNominatoEsiste) {
   struct Legame {
-    const char* tabella;
-    const char* campo;
-    const char* verso;
+    const char *tabella, *campo, *verso;
   };
   const Legame legami[] = {
       {"RegistriIva", "Tipo", "TIPIregistriiva"},
@@ -245,7 +140,8 @@ TEST_F(ModelloDitta, OgniCodiceNominatoEsiste) {
 }
 
 TEST_F(ModelloDitta, ICodiciRispettanoLeRiserve) {
-  for (const auto& tabella : base_->Tabelle()) {
+  for (const auto& voce : fs::directory_iterator(fs::path(FENALTO_DATA) / "modello/tessarc")) {
+    const std::string tabella = voce.path().stem().string();
     Nessuno(tabella, "SELECT Cod FROM " + tabella + " WHERE Cod = '' OR Cod LIKE 'X%'");
   }
   Nessuno("mastri da lasciare liberi", "SELECT Cod FROM Mastri WHERE Cod >= '990'");
@@ -319,13 +215,14 @@ TEST_F(ModelloDitta, CiSonoICodiciSuCuiIlProgrammaConta) {
 }
 
 TEST_F(ModelloDitta, NonPortaRegistrazioniNePersone) {
-  for (const char* tabella : {"Anni", "Ut", "Articoli", "Movimenti", "Clienti", "Fornitori",
-                              "Agenti", "Vettori", "FattureCli", "FattureCli_r"}) {
+  for (const char* tabella : {"Ut", "Articoli", "Movimenti", "Clienti", "Fornitori", "Agenti",
+                              "Vettori", "FattureCli", "FattureCli_r"}) {
     EXPECT_THAT(base_->Colonna(std::string("SELECT 1 FROM ") + tabella), testing::IsEmpty())
         << tabella;
   }
-  Base scadenzario("scadenzario");
+  Base scadenzario(*cartella_ / "Prova/Scad32.mdb");
   EXPECT_THAT(scadenzario.Colonna("SELECT 1 FROM Scadenze"), testing::IsEmpty());
 }
 
 }  // namespace
+}  // namespace fenalto

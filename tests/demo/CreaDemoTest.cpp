@@ -1,4 +1,3 @@
-#include <set>
 
 #include "demo/CreaDemo.h"
 #include "ledger/DittaDiProva.h"
@@ -23,9 +22,8 @@ struct Demo {
     std::string testo;
     Rs rs = ambiente->ArchivioDi("tessarc").Recordset(
         "select * from Movimenti order by anno, numdoc, posi");
-    for (; !rs.Eof(); rs.MoveNext()) {
+    for (; !rs.Eof(); rs.MoveNext())
       for (std::size_t i = 0; i < rs.Colonne().size(); ++i) testo += rs.Fields(i).Testo() + "|";
-    }
     return testo;
   }
 

@@ -15,7 +15,6 @@ namespace fenalto::documents {
 namespace {
 
 using Campi = std::vector<std::pair<const char*, Valore>>;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -89,8 +88,7 @@ TEST_F(ArchiviPartiTest, ChiHaMovimentiNonCambiaCodice) {
     const char* archivio;  ///< of the statement
     const char* prepara;
     const char* parte;  ///< archive whose code 0001 is then in use
-    const char* libera;
-    const char* uso;
+    const char *libera, *uso;
   };
   const std::vector<Caso> casi = {
       {"tessarc", "insert into Movimenti (Anno, CFP, Conto) values (2024, 'C', '0001')", "Clienti",
@@ -129,17 +127,15 @@ TEST_F(ArchiviPartiTest, ChiHaMovimentiNonCambiaCodice) {
     ASSERT_TRUE(altro.Apri("9000"));
     Scrivi(altro, {{"Cod", "0001"}});
     EXPECT_TRUE(altro.Conferma());
-    for (const char* tabella : {"Movimenti", "Articoli"}) {
+    for (const char* tabella : {"Movimenti", "Articoli"})
       Tessarc().Esegui(std::string("delete from ") + tabella);
-    }
   }
 }
 
 TEST_F(ArchiviPartiTest, Rifiuti) {
   struct Caso {
     Campi campi;
-    const char* messaggio;
-    const char* campo;
+    const char *messaggio, *campo;
   };
   const std::vector<Caso> casi = {
       {{{"Cod", " "}}, "inserire un codice", "Cod"},
@@ -234,21 +230,6 @@ TEST_F(ArchiviPartiTest, LaPartitaIvaDiUnAltro) {
   EXPECT_EQ(rifiuto.campo, "piva");
   dialoghi.Rispondera(kDomanda, Risposta::Si);
   EXPECT_TRUE(clienti.Conferma());
-}
-
-TEST_F(ArchiviPartiTest, IPulsantiApronoLaPartita) {
-  for (const auto& descrizione : ArchiviParti()) {
-    const auto& movimenti = descrizione.pulsanti.front();
-    ASSERT_EQ(movimenti.nome, "movimenti");
-    archives::ArchivioCodici archivio(ambiente, descrizione);
-    std::vector<Rinvio> aperte;
-    archivio.Contesto().apri = [&](const Rinvio& rinvio) { aperte.push_back(rinvio); };
-    archivio.Inizia();
-    EXPECT_FALSE(movimenti.azione(archivio.Contesto()).empty()) << "a new one has none to show";
-    ASSERT_TRUE(archivio.Apri("0001"));
-    movimenti.azione(archivio.Contesto());
-    EXPECT_THAT(aperte, ElementsAre(AlConto(descrizione.finestra.substr(0, 1), "0001")));
-  }
 }
 
 }  // namespace

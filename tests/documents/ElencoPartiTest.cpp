@@ -12,12 +12,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
-
 class ElencoPartiTest : public DittaDaStampare {
  protected:
   ElencoPartiTest() {
@@ -57,16 +51,14 @@ class ElencoPartiTest : public DittaDaStampare {
   std::vector<std::string> Codici(const documents::SceltaElencoParti& scelta) {
     const reports::Foglio foglio = FoglioDi(scelta);
     std::vector<std::string> codici;
-    for (std::size_t i = 0; i + 1 < foglio.righe.size(); ++i) {
+    for (std::size_t i = 0; i + 1 < foglio.righe.size(); ++i)
       codici.push_back(foglio.righe[i][0].Testo());
-    }
     return codici;
   }
   /// A cell by its column's title.
   static Valore Cella(const reports::Foglio& foglio, std::size_t riga, std::string_view titolo) {
-    for (std::size_t c = 0; c < foglio.colonne.size(); ++c) {
+    for (std::size_t c = 0; c < foglio.colonne.size(); ++c)
       if (foglio.colonne[c].titolo == titolo) return foglio.righe.at(riga).at(c);
-    }
     ADD_FAILURE() << "manca la colonna " << titolo;
     return {};
   }
@@ -196,9 +188,8 @@ TEST_F(ElencoPartiTest, SaldiDellAnno) {
     std::vector<std::string> lette;
     for (std::size_t i = 0; i < foglio.righe.size(); ++i) {
       std::string riga = Cella(foglio, i, "Codice").Testo();
-      for (const char* titolo : {"Saldo iniziale", "Dare", "Avere", "Saldo"}) {
+      for (const char* titolo : {"Saldo iniziale", "Dare", "Avere", "Saldo"})
         riga += " " + Cella(foglio, i, titolo).Importo().Testo();
-      }
       lette.push_back(riga);
     }
     return lette;
@@ -248,12 +239,8 @@ class MolteParti : public ElencoPartiTest {
   MolteParti() {
     Transazione transazione(ambiente.Basi());
     for (int i = 0; i < kQuante; ++i) {
-      Tessarc().Inserisci("Clienti", {{"Cod", std::to_string(1000 + i)},
-                                      {"ragsoc1", "molti"},
-                                      {"indirizzo", "Via " + std::to_string(i)},
-                                      {"localita", "Lecco"},
-                                      {"piva", "1"},
-                                      {"Conto", "120.001"}});
+      Metti(Tessarc(), "Clienti", "Cod", std::to_string(1000 + i), "ragsoc1", "molti", "indirizzo",
+            "Via " + std::to_string(i), "localita", "Lecco", "piva", "1", "Conto", "120.001");
     }
     transazione.Conferma();
   }
@@ -299,16 +286,6 @@ TEST_F(MolteParti, UnaParteStaSuUnaPagina) {
   }
   EXPECT_EQ(trovate, kQuante);
   EXPECT_THAT(uscite.Scritte(), ::testing::Contains("TOTALE CLIENTI: 350"));
-}
-
-TEST_F(MolteParti, SiAnnulla) {
-  dialoghi.annullaDopo = 1;
-  const int prima = uscite.fini;
-  Verso(Destinazione::Testo);
-  EXPECT_FALSE(documents::ElencoParti(ambiente, uscite).Stampa(Molte(false)));
-  EXPECT_EQ(uscite.fini, prima);
-  EXPECT_THAT(FoglioDi(Molte(false)).colonne, IsEmpty());
-  EXPECT_THAT(Messaggi(), IsEmpty());
 }
 
 }  // namespace

@@ -9,8 +9,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::Pair;
 
 class InterrogazioneParteTest : public DittaDiProva {
@@ -18,45 +16,23 @@ class InterrogazioneParteTest : public DittaDiProva {
   void Scadenza(const char* conto, Data dt, const char* importo, const char* pagato,
                 const char* stato, int articolo = 0) {
     Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
-    scadenzario.Inserisci("Scadenze", {{"Numero", duedates::ProssimoNumeroScadenza(ambiente)},
-                                       {"CFP", "C"},
-                                       {"Conto", conto},
-                                       {"Dt", dt},
-                                       {"Stato", stato},
-                                       {"Anno", 2024},
-                                       {"Articolo", articolo},
-                                       {"NFat", 7},
-                                       {"DtFat", G(31, 1, 2024)},
-                                       {"ImportoE", I(importo)},
-                                       {"ImportoPagatoE", I(pagato)}});
+    Metti(scadenzario, "Scadenze", "Numero", duedates::ProssimoNumeroScadenza(ambiente), "CFP", "C",
+          "Conto", conto, "Dt", dt, "Stato", stato, "Anno", 2024, "Articolo", articolo, "NFat", 7,
+          "DtFat", G(31, 1, 2024), "ImportoE", I(importo), "ImportoPagatoE", I(pagato));
   }
   void Documento(const char* tipo, int anno, int numero, const char* conto, const char* cfp = "C") {
-    Tessarc().Inserisci("FattureCli", {{"TipoDoc", tipo},
-                                       {"Anno", anno},
-                                       {"NumDoc", numero},
-                                       {"Dt", G(5, 3, anno)},
-                                       {"CFP", cfp},
-                                       {"CliFor", conto}});
+    Metti(Tessarc(), "FattureCli", "TipoDoc", tipo, "Anno", anno, "NumDoc", numero, "Dt",
+          G(5, 3, anno), "CFP", cfp, "CliFor", conto);
   }
   void Riga(int numero, int posi, const char* codIva, const char* importo) {
-    Tessarc().Inserisci("FattureCli_r", {{"TipoDoc", "FT"},
-                                         {"Anno", 2024},
-                                         {"NumDoc", numero},
-                                         {"Posi", posi},
-                                         {"CodiceRiga", "P" + std::to_string(posi)},
-                                         {"Descrizione", "merce"},
-                                         {"Quantita", I("2")},
-                                         {"Prezzo", I("5.5")},
-                                         {"Sc1", I("10")},
-                                         {"Sc2", I("2.5")},
-                                         {"CodIva", codIva},
-                                         {"Conto", "580.010"},
-                                         {"Importo", I(importo)}});
+    Metti(Tessarc(), "FattureCli_r", "TipoDoc", "FT", "Anno", 2024, "NumDoc", numero, "Posi", posi,
+          "CodiceRiga", "P" + std::to_string(posi), "Descrizione", "merce", "Quantita", I("2"),
+          "Prezzo", I("5.5"), "Sc1", I("10"), "Sc2", I("2.5"), "CodIva", codIva, "Conto", "580.010",
+          "Importo", I(importo));
   }
   void Tipo(const char* cod, const char* descrizione, const char* cfp, bool ivati = false) {
-    Tessarc().Inserisci(
-        "TipiFattureCli",
-        {{"Cod", cod}, {"Descrizione", descrizione}, {"CFP", cfp}, {"PrezziIvati", ivati}});
+    Metti(Tessarc(), "TipiFattureCli", "Cod", cod, "Descrizione", descrizione, "CFP", cfp,
+          "PrezziIvati", ivati);
   }
   /// "xMOVANNO 2: MOVIMENTI CONTABILI ANNO 2024   (SALDO 30,00)"
   std::vector<std::string> Rami(documents::InterrogazioneParte& parte) {
@@ -70,9 +46,8 @@ class InterrogazioneParteTest : public DittaDiProva {
   }
   static documents::RamoParte Ramo(documents::InterrogazioneParte& parte, const std::string& chiave,
                                    const std::string& argomento = "") {
-    for (const documents::RamoParte& ramo : parte.Rami()) {
+    for (const documents::RamoParte& ramo : parte.Rami())
       if (ramo.chiave == chiave && (argomento.empty() || ramo.argomento == argomento)) return ramo;
-    }
     ADD_FAILURE() << "no branch " << chiave << " " << argomento;
     return {};
   }
@@ -162,9 +137,8 @@ TEST_F(InterrogazioneParteTest, LePagineDanOgniFogliaUnaVolta) {
         const auto pagina = parte.Foglie(ramo, ultima ? &*ultima : nullptr, quante);
         ASSERT_LE(pagina.size(), quante);
         if (pagina.empty()) break;
-        for (const documents::FogliaParte& f : pagina) {
+        for (const documents::FogliaParte& f : pagina)
           lette.push_back(f.chiave + " " + f.testo + (f.importo ? ": " + f.importo->Testo() : ""));
-        }
         ultima = pagina.back();
       }
       EXPECT_EQ(lette, tutte) << chiave << " by " << quante;
@@ -183,9 +157,8 @@ TEST_F(InterrogazioneParteTest, OgnunoVedeQuelCheGliSpetta) {
   const auto chiavi = [this](int livello) {
     EXPECT_TRUE(ambiente.Accedi("u" + std::to_string(livello), "segreta"));
     std::vector<std::string> quali;
-    for (const auto& ramo : documents::InterrogazioneParte(ambiente, "C", "0001").Rami()) {
+    for (const auto& ramo : documents::InterrogazioneParte(ambiente, "C", "0001").Rami())
       quali.push_back(ramo.chiave);
-    }
     return quali;
   };
   EXPECT_THAT(chiavi(99), ElementsAre("xSCAD", "xMOVANNO", "xMOVPREC", "xMOVPREC", "xDOC"));
@@ -262,7 +235,5 @@ TEST_F(InterrogazioneParteTest, LaTesta) {
   EXPECT_FALSE(documents::InterrogazioneParte(ambiente, "C", "X9").Testa().esiste);
 }
 
-// A hundred thousand movements: counted and shown, the first page and one far inside, before one
-// can notice. The bound is wide: without the index of pages each would take seconds.
 }  // namespace
 }  // namespace fenalto::prova

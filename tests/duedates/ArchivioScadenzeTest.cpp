@@ -8,9 +8,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 constexpr const char* kMeno =
     "se si tratta di un anticipo su fattura da emettere o ricevere bisogna impostare il segno meno "
     "sull'importo";
@@ -62,11 +59,7 @@ TEST_F(ArchivioScadenzeTest, UnaNuovaPrendeIlNumeroAllaConferma) {
 TEST_F(ArchivioScadenzeTest, ControlliNelLoroOrdine) {
   struct Caso {
     duedates::ArchivioScadenze::Uso uso;
-    const char* conto;
-    const char* tipo;
-    const char* stato;
-    const char* campo;
-    const char* messaggio;
+    const char *conto, *tipo, *stato, *campo, *messaggio;
   };
   using Uso = duedates::ArchivioScadenze::Uso;
   constexpr const char* kManca = "manca cliente/fornitore, tipo, stato";

@@ -6,10 +6,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 class CodiciPagamentoTest : public DittaDiProva {
  protected:
   CodiciPagamentoTest()
@@ -74,10 +70,7 @@ TEST_F(CodiciPagamentoTest, RowsAreNumberedProposedAndReplaced) {
 TEST_F(CodiciPagamentoTest, RowsRefused) {
   Inizia("X", {"50"});
   const struct {
-    const char* percento;
-    const char* numero;
-    const char* messaggio;
-    const char* campo;
+    const char *percento, *numero, *messaggio, *campo;
   } casi[] = {
       {"0", "02", "non si puù impostare una percentuale=0", "PercImporto"},
       {"50", "01", "Rata già esistente", "Rata"},
@@ -107,30 +100,24 @@ TEST_F(CodiciPagamentoTest, ChecksOfASaving) {
     const char* messaggio;  ///< that stops it; null when it is saved
   };
   const Caso casi[] = {
-      {{{"Cod", ""}, {"Descrizione", ""}}, {}, nullptr, "inserire un codice"},
-      {{{"Descrizione", ""}},
-       {},
-       "Non è stata impostata nessuna rata di pagamento\nil programma non creerà automaticamente "
-       "le scadenze\nproseguo ugualmente",
-       "manca descrizione"},
-      {{{"Descrizione", ""}},
-       {"33.3333", "33.3333", "33.3333"},
-       "la percentuale delle rate non è uguale a 100:\nla differenza per arrivare al 100% verrà "
-       "conteggiata sull'ultima rata\nproseguo ugualmente",
-       "manca descrizione"},
-      {{{"NuovaCodifica", false}, {"NumeroSc", 11}},
-       {},
-       nullptr,
-       "numero scad: valore ammesso da 0 a 10"},
-      {{{"NuovaCodifica", false}, {"NumeroSc", -1}},
-       {},
-       nullptr,
-       "numero scad: valore ammesso da 0 a 10"},
-      {{{"ggSpost2", 32}},
-       {"100"},
-       nullptr,
-       "giorno a cui spostare le scadenze: valore ammesso da 0 a 31"},
-      {{{"AggiornaScad", false}}, {"100"}, nullptr, nullptr},
+      Caso({{"Cod", ""}, {"Descrizione", ""}}, {}, nullptr, "inserire un codice"),
+      Caso({{"Descrizione", ""}}, {},
+           "Non è stata impostata nessuna rata di pagamento\nil programma non creerà "
+           "automaticamente "
+           "le scadenze\nproseguo ugualmente",
+           "manca descrizione"),
+      Caso(
+          {{"Descrizione", ""}}, {"33.3333", "33.3333", "33.3333"},
+          "la percentuale delle rate non è uguale a 100:\nla differenza per arrivare al 100% verrà "
+          "conteggiata sull'ultima rata\nproseguo ugualmente",
+          "manca descrizione"),
+      Caso({{"NuovaCodifica", false}, {"NumeroSc", 11}}, {}, nullptr,
+           "numero scad: valore ammesso da 0 a 10"),
+      Caso({{"NuovaCodifica", false}, {"NumeroSc", -1}}, {}, nullptr,
+           "numero scad: valore ammesso da 0 a 10"),
+      Caso({{"ggSpost2", 32}}, {"100"}, nullptr,
+           "giorno a cui spostare le scadenze: valore ammesso da 0 a 31"),
+      Caso({{"AggiornaScad", false}}, {"100"}, nullptr, nullptr),
   };
   for (const Caso& c : casi) {
     Inizia("X", c.percentuali);
@@ -246,8 +233,7 @@ TEST_F(CodiciPagamentoTest, TheTestTellsWhatTheFixedListOfLeapYearsDoes) {
 TEST(DescrizioneCodice, Words) {
   const struct {
     duedates::RataPagamento rata;
-    const char* descrizione;
-    const char* griglia;
+    const char *descrizione, *griglia;
   } casi[] = {
       {{"01", I("33.3333"), 2, 0, true, false, false, 0, "02", ""},
        "33% 60GG FM Bonifico",

@@ -4,10 +4,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 constexpr const char* kNonCreate =
     "Scadenze: NON create (se si utilizza lo scadenzario verificare la corretta impostazione dei "
     "codici pagamento)";
@@ -18,12 +14,8 @@ class CreaScadenzeTest : public DittaDiProva {
     Transazione transazione(ambiente.Basi());
     Codice("TRE", {{"NuovaCodifica", true}, {"AggiornaScad", true}, {"CodPagIva", "IVA"}});
     for (const char* rata : {"01", "02", "03"})
-      Tessarc().Inserisci("Pagamento_r", {{"Cod", "TRE"},
-                                          {"Rata", rata},
-                                          {"PercImporto", I("33.3333")},
-                                          {"DopoMesi", rata[1] - '0'},
-                                          {"DataFattura", true},
-                                          {"Tipo", rata[1] == '2' ? "03" : ""}});
+      Metti(Tessarc(), "Pagamento_r", "Cod", "TRE", "Rata", rata, "PercImporto", I("33.3333"),
+            "DopoMesi", rata[1] - '0', "DataFattura", true, "Tipo", rata[1] == '2' ? "03" : "");
     Codice("IVA", {{"NumeroSc", 1}, {"PrimaSc", 0}, {"AggiornaScad", true}, {"Tipo", "01"}});
     Codice("SPENTO", {{"NumeroSc", 1}});
     Codice("ROTTO", {{"NumeroSc", 1}, {"AggiornaScad", true}, {"CodPagIva", "SPENTO"}});

@@ -118,32 +118,21 @@ TEST(Rate, WindowsMoveADateToTheNextMonth) {
     int giorno;  ///< told, 0 for none
   };
   const Caso casi[] = {
-      {"first day", agosto, {}, G(1, 8, 2024), G(10, 9, 2024), 10},
-      {"last day", agosto, {}, G(31, 8, 2024), G(10, 9, 2024), 10},
-      {"before", agosto, {}, G(31, 7, 2024), G(31, 7, 2024), 0},
-      {"after", agosto, {}, G(1, 9, 2024), G(1, 9, 2024), 0},
-      {"over the year", {15, 12, 20, 12, 31}, {}, G(25, 12, 2024), G(15, 1, 2025), 15},
-      {"a window across the year holds nothing",
-       {15, 12, 20, 1, 10},
-       {},
-       G(25, 12, 2024),
-       G(25, 12, 2024),
-       0},
-      {"the second alone", {}, agosto, G(5, 8, 2024), G(10, 9, 2024), 10},
-      {"the second after the first", agosto, {5, 9, 1, 9, 15}, G(5, 8, 2024), G(5, 10, 2024), 5},
-      {"the second isn't asked again for the first",
-       {5, 9, 1, 9, 15},
-       agosto,
-       G(5, 8, 2024),
-       G(10, 9, 2024),
-       10},
-      {"a day that the next month lacks",
-       {31, 8, 1, 8, 31},
-       {},
-       G(5, 8, 2024),
-       G(31, 10, 2024),
-       31},
-      {"a day that no month has", {32, 8, 1, 8, 31}, {}, G(5, 8, 2024), G(5, 8, 2024), 0},
+      Caso("first day", agosto, {}, G(1, 8, 2024), G(10, 9, 2024), 10),
+      Caso("last day", agosto, {}, G(31, 8, 2024), G(10, 9, 2024), 10),
+      Caso("before", agosto, {}, G(31, 7, 2024), G(31, 7, 2024), 0),
+      Caso("after", agosto, {}, G(1, 9, 2024), G(1, 9, 2024), 0),
+      Caso("over the year", {15, 12, 20, 12, 31}, {}, G(25, 12, 2024), G(15, 1, 2025), 15),
+      Caso("a window across the year holds nothing", {15, 12, 20, 1, 10}, {}, G(25, 12, 2024),
+           G(25, 12, 2024), 0),
+      Caso("the second alone", {}, agosto, G(5, 8, 2024), G(10, 9, 2024), 10),
+      Caso("the second after the first", agosto, {5, 9, 1, 9, 15}, G(5, 8, 2024), G(5, 10, 2024),
+           5),
+      Caso("the second isn't asked again for the first", {5, 9, 1, 9, 15}, agosto, G(5, 8, 2024),
+           G(10, 9, 2024), 10),
+      Caso("a day that the next month lacks", {31, 8, 1, 8, 31}, {}, G(5, 8, 2024), G(31, 10, 2024),
+           31),
+      Caso("a day that no month has", {32, 8, 1, 8, 31}, {}, G(5, 8, 2024), G(5, 8, 2024), 0),
   };
   for (const Caso& c : casi) {
     CodicePagamento codice = Nuovo({"100"});
@@ -165,8 +154,7 @@ TEST(Rate, WindowsMoveADateToTheNextMonth) {
 TEST(Rate, AmountsOfTheNewForm) {
   struct Caso {
     std::vector<const char*> percentuali;
-    const char* totale;
-    const char* attesi;
+    const char *totale, *attesi;
     bool avviso;
   };
   const Caso casi[] = {
@@ -203,8 +191,7 @@ TEST(Rate, TheOldForm) {
     const char* totale;
     bool euro;
     Data fattura;
-    const char* importi;
-    const char* date;
+    const char *importi, *date;
   };
   const Caso casi[] = {
       {Vecchio(1, 0, 0), "100", true, G(15, 3, 2024), "100", "2024-03-15"},

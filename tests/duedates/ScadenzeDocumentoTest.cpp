@@ -7,9 +7,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 class ScadenzeDocumentoTest : public ScadenzeDiProva {
  protected:
   std::int64_t Rata(const char* importo, const char* cfp = "C", const char* pagato = "0") {
@@ -26,15 +23,8 @@ class ScadenzeDocumentoTest : public ScadenzeDiProva {
     return n;
   }
   void Fattura(const char* cfp = "C") {
-    Tessarc().Inserisci("Articoli", {{"Anno", 2024},
-                                     {"NumDoc", 12},
-                                     {"CFP", cfp},
-                                     {"Conto", "0001"},
-                                     {"Riva", "1"},
-                                     {"NProt", 7},
-                                     {"NFat", "5/A"},
-                                     {"DtFat", G(31, 1, 2024)},
-                                     {"Pagamento", "RD30"}});
+    Metti(Tessarc(), "Articoli", "Anno", 2024, "NumDoc", 12, "CFP", cfp, "Conto", "0001", "Riva",
+          "1", "NProt", 7, "NFat", "5/A", "DtFat", G(31, 1, 2024), "Pagamento", "RD30");
   }
   /// "00 90 0": state, amount, paid.
   std::string Com(std::int64_t numero) {
@@ -90,93 +80,46 @@ TEST_F(ScadenzeDocumentoTest, SoloLeSueScadenze) {
 
 TEST_F(ScadenzeDocumentoTest, Deduzione) {
   struct Caso {
-    const char* cosa;
-    const char* cfp;
-    const char* rata;
-    const char* pagato;
+    const char *cosa, *cfp, *rata, *pagato;
     std::vector<std::pair<const char*, const char*>> anticipi;  ///< amount, taken already
     std::vector<std::pair<const char*, Risposta>> domande;
-    std::string detto;
-    std::string scadenza;
+    std::string detto, scadenza;
     std::vector<std::string> dopo;
   };
   constexpr const char* kDedotti =
       "- Scadenza modificata\n- Anticipi dedotti e portati in stato 30";
   const Caso casi[] = {
-      {"per intero",
-       "C",
-       "100",
-       "0",
-       {{"-30", "0"}},
-       {{"sottraggo l'anticipo di euro 30,00 dall'importo della scadenza ?", Risposta::Si}},
-       kDedotti,
-       "00 70 0",
-       {"30 -30 0"}},
-      {"fornitore, con una parte già pagata",
-       "F",
-       "100",
-       "20",
-       {{"-30", "0"}},
-       {{"euro 30,00", Risposta::Si}},
-       kDedotti,
-       "00 70 20",
-       {"30 -30 0"}},
-      {"rifiutata",
-       "C",
-       "100",
-       "0",
-       {{"-30", "0"}},
-       {{"euro 30,00", Risposta::No}},
-       "",
-       "00 100 0",
-       {"00 -30 0"}},
-      {"uno sì e uno no",
-       "C",
-       "100",
-       "0",
-       {{"-30", "0"}, {"-20.5", "0"}},
-       {{"euro 30,00", Risposta::No}, {"euro 20,50", Risposta::Si}},
-       kDedotti,
-       "00 79.5 0",
-       {"00 -30 0", "30 -20.5 0"}},
-      {"niente resta da pagare",
-       "C",
-       "30",
-       "0",
-       {{"-30", "0"}},
-       {{"euro 30,00", Risposta::Si}},
-       kDedotti,
-       "30 0 0",
-       {"30 -30 0"}},
-      {"più grande della scadenza: il resto aspetta la prossima",
-       "C",
-       "25",
-       "5",
-       {{"-30", "0"}, {"-1", "0"}},
-       {{"euro 20,00 dall'importo della scadenza ?\n(l'anticipo è di euro 30,00", Risposta::Si}},
-       "- Scadenza modificata\n- dell'anticipo n. 2 restano da dedurre euro 10,00",
-       "30 5 5",
-       {"10 -30 -20", "00 -1 0"}},
-      {"il resto di prima",
-       "C",
-       "100",
-       "0",
-       {{"-30", "-20"}},
-       {{"euro 10,00", Risposta::Si}},
-       kDedotti,
-       "00 90 0",
-       {"30 -30 -20"}},
-      {"scritto senza il meno", "C", "100", "0", {{"30", "0"}}, {}, "", "00 100 0", {"00 30 0"}},
-      {"nota di credito", "C", "-100", "0", {{"-30", "0"}}, {}, "", "00 -100 0", {"00 -30 0"}},
+      Caso("per intero", "C", "100", "0", {{"-30", "0"}},
+           {{"sottraggo l'anticipo di euro 30,00 dall'importo della scadenza ?", Risposta::Si}},
+           kDedotti, "00 70 0", {"30 -30 0"}),
+      Caso("fornitore, con una parte già pagata", "F", "100", "20", {{"-30", "0"}},
+           {{"euro 30,00", Risposta::Si}}, kDedotti, "00 70 20", {"30 -30 0"}),
+      Caso("rifiutata", "C", "100", "0", {{"-30", "0"}}, {{"euro 30,00", Risposta::No}}, "",
+           "00 100 0", {"00 -30 0"}),
+      Caso("uno sì e uno no", "C", "100", "0", {{"-30", "0"}, {"-20.5", "0"}},
+           {{"euro 30,00", Risposta::No}, {"euro 20,50", Risposta::Si}}, kDedotti, "00 79.5 0",
+           {"00 -30 0", "30 -20.5 0"}),
+      Caso("niente resta da pagare", "C", "30", "0", {{"-30", "0"}}, {{"euro 30,00", Risposta::Si}},
+           kDedotti, "30 0 0", {"30 -30 0"}),
+      Caso(
+          "più grande della scadenza: il resto aspetta la prossima", "C", "25", "5",
+          {{"-30", "0"}, {"-1", "0"}},
+          {{"euro 20,00 dall'importo della scadenza ?\n(l'anticipo è di euro 30,00", Risposta::Si}},
+          "- Scadenza modificata\n- dell'anticipo n. 2 restano da dedurre euro 10,00", "30 5 5",
+          {"10 -30 -20", "00 -1 0"}),
+      Caso("il resto di prima", "C", "100", "0", {{"-30", "-20"}}, {{"euro 10,00", Risposta::Si}},
+           kDedotti, "00 90 0", {"30 -30 -20"}),
+      Caso("scritto senza il meno", "C", "100", "0", {{"30", "0"}}, {}, "", "00 100 0",
+           {"00 30 0"}),
+      Caso("nota di credito", "C", "-100", "0", {{"-30", "0"}}, {}, "", "00 -100 0", {"00 -30 0"}),
   };
   for (const Caso& caso : casi) {
     SCOPED_TRACE(caso.cosa);
     Scadenzario().Esegui("delete * from Scadenze");
     const auto rata = Rata(caso.rata, caso.cfp, caso.pagato);
     std::vector<std::int64_t> anticipi;
-    for (const auto& [importo, pagato] : caso.anticipi) {
+    for (const auto& [importo, pagato] : caso.anticipi)
       anticipi.push_back(Anticipo(importo, caso.cfp, "0001", pagato));
-    }
     const Importo aperto = Aperto();
     ASSERT_TRUE(documento.Apri(2024, 12));
     for (const auto& [testo, risposta] : caso.domande) dialoghi.Rispondera(testo, risposta);
@@ -201,9 +144,8 @@ TEST_F(ScadenzeDocumentoTest, NonSiDeduceDaUnaPagataNeDaUnAltroAnticipo) {
                        sql::Criterio("Numero", "=", anticipo));
   ASSERT_TRUE(documento.Apri(2024, 12));
   const std::string prima = Tutto();
-  for (const auto numero : {pagata, anticipo, std::int64_t{99}}) {
+  for (const auto numero : {pagata, anticipo, std::int64_t{99}})
     EXPECT_FALSE(documento.DeduciAnticipi(numero));
-  }
   EXPECT_THAT(Messaggi(), IsEmpty());
   EXPECT_EQ(Tutto(), prima);
 }
@@ -287,17 +229,9 @@ TEST_F(ScadenzeDocumentoTest, CosaStampaLaFattura) {
     Tessarc().Inserisci(
         "Movimenti", {{"Anno", 2024}, {"NumDoc", 12}, {"TIPORIGA", riga}, {"ImpoDare", I(dare)}});
   }
-  Tessarc().Inserisci("FattureCli", {{"TipoDoc", "FT"},
-                                     {"Anno", 2024},
-                                     {"NumDoc", 7},
-                                     {"Riva", "1"},
-                                     {"CFP", "C"},
-                                     {"CliFor", "0001"},
-                                     {"Dt", G(31, 1, 2024)},
-                                     {"Pagamento", "RD30"},
-                                     {"RaImporto", I("20")},
-                                     {"RaImporto2", I("2")},
-                                     {"ScadPag", "a vista"}});
+  Metti(Tessarc(), "FattureCli", "TipoDoc", "FT", "Anno", 2024, "NumDoc", 7, "Riva", "1", "CFP",
+        "C", "CliFor", "0001", "Dt", G(31, 1, 2024), "Pagamento", "RD30", "RaImporto", I("20"),
+        "RaImporto2", I("2"), "ScadPag", "a vista");
   ASSERT_TRUE(documento.Apri(2024, 12));
   EXPECT_FALSE(documento.ConStampa());
   ASSERT_TRUE(ambiente.ScriviImpostazione({}, "config", "ScadenzePagamento", "1"));

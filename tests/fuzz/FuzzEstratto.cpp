@@ -1,12 +1,10 @@
 // A bank statement: any bytes, any choice of columns. Each row becomes a line with a day and an
 // amount, or is put aside with a reason; no two lines are taken for the same.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <set>
 #include <string>
 #include <string_view>
 
+#include "Pretendi.h"
 #include "core/archives/LettoreTabella.h"
 #include "core/values/Testo.h"
 #include "duedates/bank/LineeEstratto.h"
@@ -14,10 +12,6 @@
 namespace {
 
 using namespace fenalto;
-
-void Pretendi(bool vero) {
-  if (!vero) std::abort();
-}
 
 std::optional<std::size_t> Scelta(unsigned bit, std::size_t colonne) {
   const std::size_t quale = bit & 3U;
@@ -30,7 +24,7 @@ std::optional<std::size_t> Scelta(unsigned bit, std::size_t colonne) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t lunghezza) {
   if (lunghezza < 2) return 0;
   const unsigned scelte = dati[0] | (static_cast<unsigned>(dati[1]) << 8U);
-  const std::string_view testo(reinterpret_cast<const char*>(dati) + 2, lunghezza - 2);
+  const std::string_view testo = Testo(dati + 2, lunghezza - 2);
   const auto tabella = archives::LeggiTabellaDaTesto(testo);
   if (!tabella) {
     Pretendi(Utf8Valido(tabella.Errore().messaggio));

@@ -1,11 +1,8 @@
 // A table of another program: any bytes. What is refused says why; what is taken is a table whose
 // values, read as each type of field, are refused with a reason or are what they were written as.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
-#include <string_view>
 
+#include "Pretendi.h"
 #include "core/archives/LettoreTabella.h"
 #include "core/archives/LettoreValori.h"
 #include "core/values/Testo.h"
@@ -13,10 +10,6 @@
 namespace {
 
 using namespace fenalto;
-
-void Pretendi(bool vero) {
-  if (!vero) std::abort();
-}
 
 /// The same amount in the writing of the column is read back.
 void ProvaImporto(const std::string& testo, archives::Decimali stile) {
@@ -39,20 +32,17 @@ void ProvaValori(const std::string& testo, archives::Decimali stile) {
   archives::CampoImporta campo;
   for (const Tipo tipo : {Tipo::Booleano, Tipo::Intero, Tipo::Testo}) {
     const auto letto = archives::LeggiValoreDiFile(testo, campo, tipo, stile);
-    if (!letto) {
+    if (!letto)
       Pretendi(!letto.Errore().messaggio.empty() && Utf8Valido(letto.Errore().messaggio));
-    } else if (tipo == Tipo::Testo) {
+    else if (tipo == Tipo::Testo)
       Pretendi(LunghezzaTesto(letto.Valore().RifTesto()) <= campo.lunghezza);
-    }
   }
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
-  // libFuzzer speaks in bytes, the program in characters.
-  const auto letta =
-      archives::LeggiTabellaDaTesto(std::string_view(reinterpret_cast<const char*>(dati), quanti));
+  const auto letta = archives::LeggiTabellaDaTesto(Testo(dati, quanti));
   if (!letta) {
     Pretendi(!letta.Errore().messaggio.empty());
     return 0;

@@ -1,19 +1,13 @@
 // A settings file and a table as text: any bytes. What is set must be read back, what stands beside
 // it must stay, and a table that is taken must be one.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "Pretendi.h"
 #include "core/session/Csv.h"
 #include "core/session/FileIni.h"
 
 namespace {
-
-void Pretendi(bool vero) {
-  if (!vero) std::abort();
-}
 
 void ProvaIni(std::string_view testo) {
   using fenalto::FileIni;
@@ -40,16 +34,14 @@ void ProvaCsv(std::string_view testo) {
     Pretendi(!letto.Errore().messaggio.empty());
     return;
   }
-  for (const auto& riga : letto.Valore().righe) {
+  for (const auto& riga : letto.Valore().righe)
     Pretendi(riga.campi.size() == letto.Valore().nomi.size());
-  }
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
-  // libFuzzer speaks in bytes, the program in characters.
-  const std::string_view testo(reinterpret_cast<const char*>(dati), quanti);
+  const std::string_view testo = Testo(dati, quanti);
   ProvaIni(testo);
   ProvaCsv(testo);
   return 0;

@@ -1,19 +1,13 @@
 // A page model: any bytes. What is refused says where; what is taken keeps on the page all that it
 // places, and prints.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
+#include "Pretendi.h"
 #include "core/reports/ModelloStampa.h"
 #include "core/reports/Sagoma.h"
 #include "core/values/Testo.h"
 
 namespace {
-
-void Pretendi(bool vero) {
-  if (!vero) std::abort();
-}
 
 void ProvaModello(std::string_view testo) {
   const auto letto = fenalto::reports::ModelloStampa::DaTesto(testo, "prova.mod");
@@ -26,11 +20,10 @@ void ProvaModello(std::string_view testo) {
   Pretendi(m.FineCorpo() <= m.Formato().altezza);
   const auto [da, a] = m.LarghezzaCorpo();
   Pretendi(0 <= da && da < a && a <= m.Formato().larghezza);
-  for (const auto& fisso : m.Fissi()) {
+  for (const auto& fisso : m.Fissi())
     if (const auto* r = std::get_if<fenalto::reports::Riquadro>(&fisso))
       Pretendi(r->x + r->larghezza <= m.Formato().larghezza &&
                r->y + r->altezza <= m.Formato().altezza);
-  }
 }
 
 void ProvaSagoma(std::string_view testo) {
@@ -47,8 +40,7 @@ void ProvaSagoma(std::string_view testo) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
-  // libFuzzer speaks in bytes, the program in characters.
-  const std::string_view testo(reinterpret_cast<const char*>(dati), quanti);
+  const std::string_view testo = Testo(dati, quanti);
   ProvaModello(testo);
   ProvaSagoma(testo);
   return 0;

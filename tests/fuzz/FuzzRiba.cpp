@@ -1,21 +1,15 @@
 // A file of bank receipts: any bytes. Nothing may break the reader; what it calls good has the
 // lines, the numbers and the total that it says.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "Pretendi.h"
 #include "core/values/Testo.h"
 #include "duedates/riba/VerificaFileRiba.h"
 
 namespace {
 
 using namespace fenalto;
-
-void Pretendi(bool vero) {
-  if (!vero) std::abort();
-}
 
 void Prova(std::string_view testo, duedates::RibaSegno segno) {
   const duedates::LetturaRiba letto = duedates::VerificaRiba(testo, segno);
@@ -40,8 +34,7 @@ void Prova(std::string_view testo, duedates::RibaSegno segno) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
-  // libFuzzer speaks in bytes, the program in characters.
-  const std::string_view testo(reinterpret_cast<const char*>(dati), quanti);
+  const std::string_view testo = Testo(dati, quanti);
   Prova(testo, duedates::RibaSegno::DellImporto);
   Prova(testo, duedates::RibaSegno::SempreMeno);
   return 0;

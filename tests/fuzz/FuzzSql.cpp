@@ -3,13 +3,11 @@
 #include <sqlite3.h>
 
 #include <array>
-#include <cstddef>
-#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "Pretendi.h"
 #include "core/sql/Predicato.h"
 #include "core/sql/Traduttore.h"
 #include "core/store/engine/sqlite/DialettoSqlite.h"
@@ -47,15 +45,13 @@ class CatalogoPiccolo : public sql::Catalogo {
     viste_[1] = {"W", "SELECT K, T AS [un nome] FROM H WHERE T LIKE 'a*' ORDER BY D"};
   }
   [[nodiscard]] const sql::TabellaCatalogo* Tabella(std::string_view nome) const override {
-    for (const sql::TabellaCatalogo& t : tabelle_) {
+    for (const sql::TabellaCatalogo& t : tabelle_)
       if (UgualeTesto(t.nome, nome)) return &t;
-    }
     return nullptr;
   }
   [[nodiscard]] const sql::VistaCatalogo* Vista(std::string_view nome) const override {
-    for (const sql::VistaCatalogo& v : viste_) {
+    for (const sql::VistaCatalogo& v : viste_)
       if (UgualeTesto(v.nome, nome)) return &v;
-    }
     return nullptr;
   }
 
@@ -78,9 +74,8 @@ sqlite3* Apri() {
 
 /// The engine's own bounds on size and depth are no fault of the translation.
 bool ELimite(std::string_view errore) {
-  for (const char* limite : {"stack overflow", "too large", "too many", "at most", "too big"}) {
+  for (const char* limite : {"stack overflow", "too large", "too many", "at most", "too big"})
     if (errore.find(limite) != std::string_view::npos) return true;
-  }
   return false;
 }
 
@@ -128,8 +123,7 @@ void ProvaPredicato(std::string_view testo) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
-  // libFuzzer speaks in bytes, the program in characters.
-  const std::string_view testo(reinterpret_cast<const char*>(dati), quanti);
+  const std::string_view testo = Testo(dati, quanti);
   Prova(testo);
   ProvaPredicato(testo);
   return 0;

@@ -56,10 +56,8 @@ DittaDiProva::DittaDiProva()
       const std::string nome = std::string(tabella) + " " + cod + " dell'Oro";
       const bool senza = std::string_view(cod) == "0003";
       const char* riepilogo = std::string_view(cfp) == "C" ? "120.001" : "400.001";
-      Tessarc().Inserisci(tabella,
-                          {{"Cod", cod}, {"ragsoc1", nome}, {"Conto", senza ? "" : riepilogo}});
-      Tessarc().Inserisci("ContiClientiFornitori",
-                          {{"Cod", cod}, {"CFP", cfp}, {"Descrizione", nome}});
+      Metti(Tessarc(), tabella, "Cod", cod, "ragsoc1", nome, "Conto", senza ? "" : riepilogo);
+      Metti(Tessarc(), "ContiClientiFornitori", "Cod", cod, "CFP", cfp, "Descrizione", nome);
     }
   }
   transazione.Conferma();
@@ -134,9 +132,8 @@ std::int64_t DittaDiProva::Registra(ledger::Primanota& pn, const std::vector<Rig
                                     Data data) {
   pn.Nuovo();
   pn.Testa().Scrivi("Dt", data);
-  for (const RigaDaScrivere& riga : righe) {
+  for (const RigaDaScrivere& riga : righe)
     if (!Scrivi(pn, riga)) return 0;
-  }
   return pn.Conferma() ? pn.NumeroConfermato() : 0;
 }
 

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -16,6 +17,14 @@
 
 namespace fenalto::prova {
 
+// What nearly every test of a company asks.
+using ::testing::AllOf;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
 /// Amount of a text in units: "12.5".
 inline Importo I(const char* testo) {
   return Importo::DaTesto(testo).value();
@@ -23,6 +32,16 @@ inline Importo I(const char* testo) {
 
 inline Data G(int giorno, int mese, int anno) {
   return Data::DaGma(giorno, mese, anno).value();
+}
+
+/// Adds a row to a table: names of fields and their values by turns. Its counter.
+template <typename... Resto>
+std::int64_t Metti(Archivio& archivio, const char* tabella, const Resto&... campiEValori) {
+  static_assert(sizeof...(Resto) % 2 == 0, "a field lacks its value");
+  const std::array<Valore, sizeof...(Resto)> dati{Valore(campiEValori)...};
+  std::vector<Coppia> campi;
+  for (std::size_t i = 0; i < dati.size(); i += 2) campi.emplace_back(dati[i].Testo(), dati[i + 1]);
+  return archivio.Inserisci(tabella, campi);
 }
 
 /// A row to type: debit above zero, credit below.

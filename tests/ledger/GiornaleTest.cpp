@@ -7,8 +7,6 @@
 
 namespace fenalto::prova {
 
-using ::testing::HasSubstr;
-
 class GiornaleTest : public DittaDaStampare {
  protected:
   bool Stampa(const ledger::SceltaGiornale& scelta, Destinazione verso = Destinazione::Testo,
@@ -31,9 +29,8 @@ class GiornaleTest : public DittaDaStampare {
   [[nodiscard]] std::vector<std::int64_t> Ordine() const {
     std::vector<std::int64_t> numeri;
     for (const auto& pagina : uscite.Righe()) {
-      for (const std::string& riga : pagina) {
+      for (const std::string& riga : pagina)
         if (riga.starts_with("art.")) numeri.push_back(std::stoll(riga.substr(4)));
-      }
     }
     return numeri;
   }
@@ -261,8 +258,15 @@ TEST_F(GiornaleTest, LibroVuoto) {
 TEST_F(GiornaleTest, RifiutiRinunceEVideo) {
   ledger::SceltaGiornale scelta = Scelta();
   std::swap(scelta.daDt, scelta.aaDt);
+  EXPECT_EQ(SoloMessaggio(), "la data iniziale 31/12/2024 è successiva a quella finale 01/01/2024");
+  scelta = Scelta();
+  scelta.aaDt = {};
   EXPECT_FALSE(giornale.Stampa(scelta));
-  EXPECT_THAT(SoloMessaggio(), HasSubstr("31/12/2024 è successiva"));
+  EXPECT_EQ(SoloMessaggio(), "manca la data finale");
+  scelta = Scelta();
+  scelta.daPag = 0;
+  EXPECT_FALSE(giornale.Stampa(scelta));
+  EXPECT_THAT(SoloMessaggio(), HasSubstr("le pagine si numerano da 1 in su"));
   dialoghi.ScegliaUscita(std::nullopt);
   EXPECT_FALSE(giornale.Stampa(Scelta()));
   ASSERT_TRUE(Stampa(Scelta(), Destinazione::Anteprima));

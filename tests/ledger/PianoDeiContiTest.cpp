@@ -47,9 +47,8 @@ class PianoDeiContiTest : public DittaDaStampare {
   /// Code, class and texts of the list, or of what it must hold.
   std::multiset<std::string> Voci(const std::string& sql) {
     std::multiset<std::string> voci;
-    for (Rs rs = Tessarc().Recordset(sql); !rs.Eof(); rs.MoveNext()) {
+    for (Rs rs = Tessarc().Recordset(sql); !rs.Eof(); rs.MoveNext())
       voci.insert(rs.Fields(0).Testo() + "|" + rs.Fields(1).Testo() + "|" + rs.Fields(2).Testo());
-    }
     return voci;
   }
   void AttesaListaVera() {
@@ -57,9 +56,8 @@ class PianoDeiContiTest : public DittaDaStampare {
               Voci("SELECT Cod, CFP, Descrizione FROM Conti WHERE CFP='P'"));
   }
   std::vector<std::string> Premi(archives::ArchivioCodici& archivio, const std::string& nome) {
-    for (const archives::PulsanteArchivio& pulsante : archivio.Descrizione().pulsanti) {
+    for (const archives::PulsanteArchivio& pulsante : archivio.Descrizione().pulsanti)
       if (pulsante.nome == nome) return pulsante.azione(archivio.Contesto());
-    }
     ADD_FAILURE() << "manca il pulsante " << nome;
     return {};
   }
@@ -271,24 +269,6 @@ TEST_F(PianoDeiContiTest, PrimoContoLibero) {
   EXPECT_EQ(ledger::DividiCodiceConto(ambiente, "X3.1.002").mastro, "X3.1");
   EXPECT_EQ(ledger::DividiCodiceConto(ambiente, "X1.1.002").contox, "1.002");
   EXPECT_EQ(ledger::DividiCodiceConto(ambiente, "X8.1.002").mastro, "X8");
-}
-
-TEST_F(PianoDeiContiTest, SaldoEMovimenti) {
-  Articolo(2023, 1, G(1, 1, 2023), {{"P", "100.010", I("900"), "APE"}});
-  Articolo(2024, 2, G(1, 1, 2024), {{"P", "100.010", I("1000.5"), "APE"}});
-  Articolo(2024, 1, G(10, 3, 2024), {{"P", "100.010", I("-200.25")}, {"C", "100.010", I("7")}});
-  Articolo(2025, 1, G(10, 3, 2025), {{"P", "100.010", I("50")}});
-  ASSERT_TRUE(conti.Apri("100.010"));
-  EXPECT_EQ(Premi(conti, "saldo"),
-            (std::vector<std::string>{"s.do iniz.       1.000,500",  //
-                                      "     dare            0,000", "     avere         200,250",
-                                      "     saldo         800,250"}));
-  Rinvio aperta;
-  conti.Contesto().apri = [&](const Rinvio& rinvio) { aperta = rinvio; };
-  EXPECT_TRUE(Premi(conti, "movimenti").empty());
-  EXPECT_EQ(aperta, AlConto("P", "100.010"));
-  Premi(conti, "VisPdc");
-  EXPECT_EQ(aperta, Rinvio{.funzione = "VisPdc"});
 }
 
 TEST_F(PianoDeiContiTest, Stampe) {

@@ -85,9 +85,8 @@ TEST_F(PrimanotaAllegatiTest, UnDocumentoSparitoFermaLaConferma) {
 TEST_F(PrimanotaAllegatiTest, UnNomeScrittoDaAltriNonEsceDallaCartella) {
   Registra({});
   const fs::path fuori = Documento("fuori.pdf", "mio");
-  Tessarc().Inserisci("Allegati", {{"Tipo", "PrimaNota"},
-                                   {"IdRecord", CampoTestata(1, "ID").Intero()},
-                                   {"NomeFile", fuori.string()}});
+  Metti(Tessarc(), "Allegati", "Tipo", "PrimaNota", "IdRecord", CampoTestata(1, "ID").Intero(),
+        "NomeFile", fuori.string());
   ledger::Primanota pn(ambiente);
   ASSERT_TRUE(pn.Apri(1));
   ASSERT_EQ(pn.Allegati().size(), 1U);

@@ -1,5 +1,4 @@
 // Confirmation and deletion: checks in order, the head, numbers, several stations.
-#include <set>
 #include <thread>
 
 #include "core/sql/Criterio.h"
@@ -11,9 +10,8 @@ class PrimanotaConfermaTest : public DittaDiProva {
  protected:
   std::string Testata(std::int64_t numero) {
     std::string testo;
-    for (const char* campo : {"CFP", "Conto", "CfpA", "ContoA"}) {
+    for (const char* campo : {"CFP", "Conto", "CfpA", "ContoA"})
       testo += CampoTestata(numero, campo).Testo() + "|";
-    }
     return testo;
   }
   const std::vector<RigaDaScrivere> giroconto = {{"100.010", I("5")}, {"110.001", I("-5")}};
@@ -124,18 +122,6 @@ TEST_F(PrimanotaConfermaTest, Numeri) {
   EXPECT_EQ(NumeroRighe(13), 2);
 }
 
-TEST_F(PrimanotaConfermaTest, AnnoInLire) {
-  ASSERT_TRUE(ambiente.ScegliAnno(2000));
-  EXPECT_FALSE(ambiente.Euro());
-  // Decimals stay as typed.
-  const auto numero =
-      Registra({{"100.010", I("1000000.5")}, {"110.001", I("-1000000.5")}}, G(1, 2, 2000));
-  ledger::Primanota pn(ambiente);
-  ASSERT_TRUE(pn.Apri(numero));
-  EXPECT_EQ(pn.TotDare(), I("1000000.5"));
-  EXPECT_TRUE(pn.Sbilancio().Zero());
-}
-
 TEST_F(PrimanotaConfermaTest, IlBloccoDiNumerazioneEDiUnAltro) {
   const auto altra = NuovaStazione("MAGAZZINO");
   Blocco blocco = altra->ambiente->BloccaTabella("ARTICOLI", false);
@@ -158,56 +144,6 @@ TEST_F(PrimanotaConfermaTest, IlBloccoDiNumerazioneEDiUnAltro) {
   EXPECT_EQ(pn.NumeroConfermato(), 6);
   // It was given back before the number was announced, and nobody holds it now.
   EXPECT_TRUE(altra->ambiente->BloccaTabella("ARTICOLI", false).Tenuto());
-}
-
-TEST_F(PrimanotaConfermaTest, DueStazioniInsiemeNonPrendonoLoStessoNumero) {
-  constexpr int kQuante = 25;
-  const auto altra = NuovaStazione("MAGAZZINO");
-  std::vector<std::int64_t> numeri[2];
-  const auto lavora = [&](Ambiente& dove, std::vector<std::int64_t>& presi) {
-    ledger::Primanota pn(dove);
-    for (int i = 0; i < kQuante; ++i) presi.push_back(Registra(pn, giroconto));
-  };
-  std::thread secondo([&] { lavora(*altra->ambiente, numeri[1]); });
-  lavora(ambiente, numeri[0]);
-  secondo.join();
-  std::set<std::int64_t> insieme(numeri[0].begin(), numeri[0].end());
-  insieme.insert(numeri[1].begin(), numeri[1].end());
-  EXPECT_EQ(insieme.size(), 2U * kQuante);
-  EXPECT_EQ(*insieme.begin(), 1);
-  EXPECT_EQ(*insieme.rbegin(), 2 * kQuante);
-  for (const std::int64_t numero : insieme) EXPECT_EQ(NumeroRighe(numero), 2);
-}
-
-TEST_F(PrimanotaConfermaTest, DuemilaRighe) {
-  constexpr int kRighe = 2000;
-  ledger::Primanota pn(ambiente);
-  pn.Nuovo();
-  for (int i = 0; i < kRighe; ++i) {
-    ASSERT_TRUE(Scrivi(pn, {i % 2 == 0 ? "100.010" : "110.001", I(i % 2 == 0 ? "1.01" : "-1.01")}));
-  }
-  EXPECT_EQ(pn.TotDare(), I("1010"));
-  ASSERT_TRUE(pn.Conferma());
-  EXPECT_EQ(NumeroRighe(1), kRighe);
-  ASSERT_TRUE(pn.Apri(1));
-  ASSERT_EQ(pn.Righe().size(), static_cast<std::size_t>(kRighe));
-  EXPECT_TRUE(pn.Righe()[1500].diversiControp);
-  pn.ContropAutomatiche(true);
-  // A new greatest row changes the contra-entry of every row of the other side.
-  ASSERT_TRUE(pn.ApriRiga(pn.Righe()[1000].num));
-  pn.Riga().Scrivi("Conto", "0001");
-  pn.Riga().Scrivi("CFP", "C");
-  pn.Riga().Scrivi("ImpoDare", I("2.01"));
-  ASSERT_TRUE(pn.ConfermaRiga());
-  ASSERT_TRUE(Scrivi(pn, {"110.001", I("-1")}));
-  EXPECT_EQ(pn.Righe()[1].contoControp, "0001");
-  ASSERT_TRUE(pn.Conferma());
-  EXPECT_EQ(NumeroRighe(1), kRighe + 1);
-  EXPECT_EQ(Tessarc()
-                .Singolo("select Count(*) from Movimenti where ContoControp='0001' and "
-                         "CFPControp='C' and ImpoAvere<>0")
-                .Intero(),
-            kRighe / 2 + 1);
 }
 
 }  // namespace fenalto::prova

@@ -33,11 +33,7 @@ TEST_F(PrimanotaRigheTest, ValoriIniziali) {
 
 TEST_F(PrimanotaRigheTest, CausaleCheRipete) {
   struct Caso {
-    const char* causale;
-    const char* primaRiga;
-    const char* dare;
-    const char* avere;
-    const char* descrizione;
+    const char *causale, *primaRiga, *dare, *avere, *descrizione;
   };
   // 001 repeats, 020 doesn't, 999 doesn't exist.
   const std::vector<Caso> casi = {{"001", "12.34", "0", "12.34", "prima"},
@@ -109,9 +105,7 @@ TEST_F(PrimanotaRigheTest, ControlliInOrdine) {
   ASSERT_TRUE(Scrivi(pn, {"100.010", I("5")}));
   struct Caso {
     std::int64_t posi;
-    const char* causale;
-    const char* cfp;
-    const char* conto;
+    const char *causale, *cfp, *conto;
     std::string messaggio;
   };
   const std::string manca = "manca causale o conto";
@@ -149,9 +143,8 @@ TEST_F(PrimanotaRigheTest, ControlliInOrdine) {
 }
 
 TEST_F(PrimanotaRigheTest, LePosizioniOrdinano) {
-  for (const char* conto : {"100.010", "100.020", "110.001"}) {
+  for (const char* conto : {"100.010", "100.020", "110.001"})
     ASSERT_TRUE(Scrivi(pn, {conto, I("1")}));
-  }
   ASSERT_TRUE(pn.ApriRiga(pn.Righe()[2].num));
   pn.Riga().Scrivi("Posi", 150);
   ASSERT_TRUE(pn.ConfermaRiga());
@@ -180,24 +173,6 @@ TEST_F(PrimanotaRigheTest, ImportoFuoriCampo) {
   pn.Riga().Scrivi("ImpoDare", I("1"));
   EXPECT_TRUE(pn.ConfermaRiga());
   EXPECT_EQ(pn.Righe().size(), 2U);
-}
-
-TEST_F(PrimanotaRigheTest, VisSaldo) {
-  Registra({{"100.010", I("10"), "P", "APE"}, {"300.001", I("-10"), "P", "APE"}});
-  Registra({{"100.010", I("3")}, {"0001", I("-3"), "C"}}, G(1, 1, 2025));
-  ASSERT_TRUE(pn.PNuovaRiga());
-  EXPECT_FALSE(pn.VisSaldo());
-  pn.Riga().Scrivi("Conto", "100.010");
-  const auto saldo = pn.VisSaldo();
-  ASSERT_TRUE(saldo);
-  EXPECT_EQ(saldo->saldoIniziale, I("10"));
-  EXPECT_EQ(saldo->Finale(), I("13"));
-  ASSERT_TRUE(ambiente.ScegliAnno(2025));
-  ledger::Primanota altra(ambiente);
-  altra.Nuovo();
-  ASSERT_TRUE(altra.PNuovaRiga());
-  altra.Riga().Scrivi("Conto", "100.010");
-  EXPECT_TRUE(altra.VisSaldo()->Finale().Zero());
 }
 
 }  // namespace fenalto::prova

@@ -46,9 +46,8 @@ class Anteprima : public ::testing::Test {
     return pagina;
   }
   FinestraAnteprima& Composta(int pagine) {
-    for (int numero = 1; numero <= pagine; ++numero) {
+    for (int numero = 1; numero <= pagine; ++numero)
       EXPECT_TRUE(uscita.Aggiungi(PaginaConRinvio(numero)));
-    }
     auto* finestra = uscita.Finestra();
     const auto esito = uscita.Fine();
     EXPECT_TRUE(esito && esito.Valore());
@@ -145,9 +144,8 @@ TEST_F(Anteprima, PagineElencoETotale) {
   QTest::qWait(0);
   EXPECT_EQ(finestra->PaginaCorrente(), 0);
   // Paging down passes to the next page at the end of this one.
-  for (int i = 0; i < 6 && finestra->PaginaCorrente() == 0; ++i) {
+  for (int i = 0; i < 6 && finestra->PaginaCorrente() == 0; ++i)
     QTest::keyClick(&finestra->Vista(), Qt::Key_PageDown);
-  }
   EXPECT_EQ(finestra->PaginaCorrente(), 1);
   delete finestra;
 }

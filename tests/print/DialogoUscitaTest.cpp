@@ -91,17 +91,15 @@ TEST(DialogoUscita, UnFileCheEsisteSiSostituisceSoloConUnSi) {
 
 TEST(NomeFile, TitoliComeNomi) {
   const struct {
-    const char* titolo;
-    const char* nome;
+    const char *titolo, *nome;
   } casi[] = {
       {"Bilancio al 31/12/2025", "Bilancio al 31-12-2025"},
       {"../../etc/passwd", "-..-etc-passwd"},
       {"  ", "stampa"},
       {"Libro «giornale»: pag. 1", "Libro -giornale-- pag. 1"},
   };
-  for (const auto& caso : casi) {
+  for (const auto& caso : casi)
     EXPECT_EQ(NomeFile(QString::fromUtf8(caso.titolo)), QString::fromUtf8(caso.nome));
-  }
 }
 
 TEST(FabbricaUscite, OgniDestinazioneHaLaSuaUscita) {

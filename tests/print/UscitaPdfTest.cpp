@@ -1,12 +1,9 @@
 // Pages to PDF, read back with the tools of the trade.
 
-#include <sys/resource.h>
-#include <sys/stat.h>
-
-#include <csignal>
 #include <fstream>
 #include <sstream>
 
+#include "core/reports/DiscoPieno.h"
 #include "core/session/CartellaProva.h"
 #include "print/Campione.h"
 #include "print/UscitaPdf.h"
@@ -15,7 +12,6 @@ namespace fenalto::print {
 namespace {
 
 using namespace prova;
-using ::testing::Test;
 
 std::vector<std::string> Righe(const std::string& testo) {
   std::vector<std::string> righe;
@@ -192,32 +188,12 @@ TEST(UscitaPdf, FileCheNonSiPuoScrivere) {
   EXPECT_EQ(FileIn(cartella.Percorso()), 1);
 }
 
-/// Files of this process can't grow past a size while it lives, as on a full disk.
-class DiscoPieno {
- public:
-  explicit DiscoPieno(rlim_t byte) : segnale_(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &prima_);
-    const rlimit limite{byte, prima_.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &limite);
-  }
-  ~DiscoPieno() {
-    ::setrlimit(RLIMIT_FSIZE, &prima_);
-    std::signal(SIGXFSZ, segnale_);
-  }
-  DiscoPieno(const DiscoPieno&) = delete;
-  DiscoPieno& operator=(const DiscoPieno&) = delete;
-
- private:
-  rlimit prima_{};
-  void (*segnale_)(int);
-};
-
 TEST(UscitaPdf, DiscoPienoNonLasciaUnFileAMeta) {
   for (const bool totale : {false, true}) {
     const CartellaProva cartella;
     Esito<bool> esito = true;
     {
-      const DiscoPieno pieno(40'000);
+      const reports::DiscoPieno pieno(40'000);
       UscitaPdf uscita(cartella / "grande.pdf");
       for (int numero = 1; numero <= 40; ++numero) {
         reports::Pagina pagina = PaginaFissa(kA4, numero, 60, 133);
@@ -236,9 +212,8 @@ TEST(UscitaPdf, DiscoPienoNonLasciaUnFileAMeta) {
 
 long MemoriaKb() {
   std::ifstream stato("/proc/self/status");
-  for (std::string riga; std::getline(stato, riga);) {
+  for (std::string riga; std::getline(stato, riga);)
     if (riga.starts_with("VmRSS:")) return std::stol(riga.substr(6));
-  }
   return 0;
 }
 

@@ -46,15 +46,6 @@ TEST_F(ComandiCampi, ScriviSostituisceEdEsce) {
   EXPECT_EQ(Corri("scrivi Primo \"\"\nvale Primo \"\""), "");
 }
 
-TEST_F(ComandiCampi, DigitaInFondoEResta) {
-  auto* campo = Aggiungi<QLineEdit>("Campo");
-  Aggiungi<QLineEdit>("Altro");
-  campo->setText(QStringLiteral("ab"));
-  Mostra();
-  EXPECT_EQ(Corri("digita Campo cd\nvale Campo abcd"), "");
-  EXPECT_TRUE(campo->hasFocus());
-}
-
 TEST_F(ComandiCampi, Tasti) {
   struct Ascolto : QLineEdit {
     void keyPressEvent(QKeyEvent* evento) override {
@@ -85,63 +76,6 @@ TEST_F(ComandiCampi, Tasti) {
            v.startsWith(QString::number(Qt::Key_Control));
   });
   EXPECT_EQ(visti, attesi);
-}
-
-TEST_F(ComandiCampi, CaselleCombinate) {
-  auto* chiusa = Aggiungi<QComboBox>("Chiusa");
-  chiusa->addItems(
-      {QStringLiteral("Dare"), QStringLiteral("Dare e avere"), QStringLiteral("Avere")});
-  auto* aperta = Aggiungi<QComboBox>("Aperta");
-  aperta->setEditable(true);
-  aperta->addItem(QStringLiteral("uno"));
-  int scelte = 0;
-  QObject::connect(chiusa, &QComboBox::activated, finestra, [&] { ++scelte; });
-  Mostra();
-  EXPECT_EQ(Corri("scegli Chiusa \"dare e avere\"\nvale Chiusa \"Dare e avere\""), "");
-  EXPECT_EQ(scelte, 1);
-  EXPECT_EQ(Corri("scrivi Chiusa Av\nvale Chiusa Avere\nscrivi Chiusa Dare\nvale Chiusa Dare"), "");
-  EXPECT_EQ(scelte, 3);
-  EXPECT_NE(Corri("scegli Chiusa Da").find("no entry"), std::string::npos);
-  EXPECT_NE(Corri("scrivi Chiusa Zeta").find("Dare, Dare e avere, Avere"), std::string::npos);
-  EXPECT_EQ(Corri("scrivi Aperta due\nvale Aperta due\nscegli Aperta uno\nvale Aperta uno\n"
-                  "righe Chiusa 3"),
-            "");
-}
-
-TEST_F(ComandiCampi, AltriCampi) {
-  Aggiungi<QSpinBox>("Numero");
-  auto* testo = Aggiungi<QPlainTextEdit>("Testo");
-  auto* cornice = Aggiungi<QFrame>("Cornice");
-  (new QVBoxLayout(cornice))->addWidget(new QLineEdit);
-  Mostra();
-  EXPECT_EQ(Corri("scrivi Numero 42\nvale Numero 42\nscrivi Testo \"a\\nb\"\nvale Testo \"a\\nb\"\n"
-                  "digita Testo c\nvale Testo \"a\\nbc\"\nscrivi Cornice dentro\n"
-                  "vale Cornice dentro"),
-            "");
-  EXPECT_EQ(testo->toPlainText(), QStringLiteral("a\nbc"));
-}
-
-TEST_F(ComandiCampi, SpuntaETogli) {
-  auto* casella = Aggiungi("Casella", new QCheckBox(QStringLiteral("corta")));
-  Aggiungi("Una", new QRadioButton(QStringLiteral("una")));
-  Aggiungi("Altra", new QRadioButton(QStringLiteral("altra")));
-  auto* gruppo = Aggiungi("Gruppo", new QGroupBox(QStringLiteral("gruppo")));
-  gruppo->setCheckable(true);
-  gruppo->setChecked(false);
-  gruppo->setMinimumHeight(40);
-  auto* testarda = Aggiungi("Testarda", new QCheckBox(QStringLiteral("x")));
-  QObject::connect(testarda, &QCheckBox::clicked, testarda, [=] { testarda->setChecked(false); });
-  Mostra();
-  int cambi = 0;
-  QObject::connect(casella, &QCheckBox::clicked, finestra, [&] { ++cambi; });
-  EXPECT_EQ(
-      Corri("spunta Casella\nvale Casella si\nspunta Casella\ntogli Casella\nvale Casella no\n"
-            "spunta Una\nspunta Altra\nvale Una no\nvale Altra si\nspunta Gruppo\n"
-            "vale Gruppo si"),
-      "");
-  EXPECT_EQ(cambi, 2);
-  EXPECT_NE(Corri("togli Altra").find("did not get unticked"), std::string::npos);
-  EXPECT_NE(Corri("spunta Testarda").find("did not get ticked"), std::string::npos);
 }
 
 TEST_F(ComandiCampi, TestoMostrato) {
@@ -184,40 +118,6 @@ TEST_F(ComandiCampi, ClicSuCollegamento) {
   Mostra();
   EXPECT_EQ(Corri("clic Link"), "");
   EXPECT_EQ(andato, QStringLiteral("dove"));
-}
-
-// A field that takes the focus back holds whoever wants to type elsewhere.
-TEST_F(ComandiCampi, CampoCheNonLasciaAndare) {
-  struct Geloso : QLineEdit {
-    void focusOutEvent(QFocusEvent* evento) override {
-      QLineEdit::focusOutEvent(evento);
-      setFocus();
-    }
-  };
-  auto* geloso = Aggiungi("Geloso", new Geloso);
-  Aggiungi<QLineEdit>("Altro");
-  Mostra();
-  geloso->setFocus();
-  const auto motivo = Corri("digita Geloso x\nscrivi Altro y");
-  EXPECT_NE(motivo.find("2: \"Altro\" does not get the focus, which Geloso keeps"),
-            std::string::npos)
-      << motivo;
-}
-
-// A command ends when no work is under way.
-TEST_F(ComandiCampi, AspettaILavori) {
-  auto* pulsante = Aggiungi<QPushButton>("Pulsante");
-  auto* campo = Aggiungi<QLineEdit>("Campo");
-  std::shared_ptr<Avanzamento> lavoro;
-  QObject::connect(pulsante, &QPushButton::clicked, finestra, [&] {
-    lavoro = programma->dialoghi.Avvia("lavoro", 0);
-    QTimer::singleShot(150, finestra, [&] {
-      campo->setText(QStringLiteral("fatto"));
-      lavoro.reset();
-    });
-  });
-  Mostra();
-  EXPECT_EQ(Corri("clic Pulsante\nvale Campo fatto"), "");
 }
 
 }  // namespace

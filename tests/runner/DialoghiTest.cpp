@@ -57,18 +57,6 @@ TEST(DialoghiCopione, SenzaRispostaAdatta) {
   }
 }
 
-TEST(DialoghiCopione, ChiChiedeSenzaFine) {
-  DialoghiCopione dialoghi;
-  std::string detto;
-  dialoghi.senzaFine = [&](const std::string& guasto) { detto = guasto; };
-  int volte = 0;
-  while (detto.empty() && volte < 10'000) {
-    ++volte;
-    Chiede(dialoghi, "Riprovo ?", Bottoni::SiNo);
-  }
-  EXPECT_EQ(detto, "a question with no answer queued: \"Riprovo ?\"");
-}
-
 TEST(DialoghiCopione, UsciteEFile) {
   DialoghiCopione dialoghi;
   dialoghi.Accoda(UscitaAttesa{"a.cop:1", SceltaUscita{Destinazione::Csv, "/x/a.csv"}});
@@ -85,21 +73,6 @@ TEST(DialoghiCopione, UsciteEFile) {
   EXPECT_NE(dialoghi.PrendiGuasto().find("Giornale"), std::string::npos);
   EXPECT_FALSE(dialoghi.ScegliFile("Immagine", ModoFile::Apri, ""));
   EXPECT_NE(dialoghi.PrendiGuasto().find("Immagine"), std::string::npos);
-}
-
-TEST(DialoghiCopione, SecondaIstanzaSenzaTraccia) {
-  DialoghiCopione dialoghi;
-  EXPECT_EQ(Chiede(dialoghi, "Il programma è già aperto!\nsi vuole ...", Bottoni::SiNo),
-            Risposta::Si);
-  EXPECT_TRUE(dialoghi.DaVerificare().empty());
-}
-
-TEST(OrologioCopione, FermoDalGiornoDato) {
-  OrologioCopione orologio;
-  EXPECT_EQ(orologio.Oggi(), OrologioDiSistema().Oggi());
-  orologio.Ferma(*Data::DaGma(29, 2, 2024));
-  EXPECT_EQ(orologio.Oggi().Testo(), "29/02/2024");
-  EXPECT_EQ(orologio.Ora(), "10:00");
 }
 
 }  // namespace

@@ -13,27 +13,6 @@
 namespace fenalto::copione {
 namespace {
 
-/// Rows that come ten at a time.
-class Pagine : public QAbstractTableModel {
- public:
-  using QAbstractTableModel::QAbstractTableModel;
-  int rowCount(const QModelIndex& sotto) const override { return sotto.isValid() ? 0 : presenti_; }
-  int columnCount(const QModelIndex& sotto) const override { return sotto.isValid() ? 0 : 1; }
-  QVariant data(const QModelIndex& indice, int ruolo) const override {
-    return ruolo == Qt::DisplayRole ? QVariant(indice.row() + 1) : QVariant();
-  }
-  bool canFetchMore(const QModelIndex&) const override { return presenti_ < 95; }
-  void fetchMore(const QModelIndex&) override {
-    const int altre = std::min(10, 95 - presenti_);
-    beginInsertRows({}, presenti_, presenti_ + altre - 1);
-    presenti_ += altre;
-    endInsertRows();
-  }
-
- private:
-  int presenti_ = 10;
-};
-
 class ComandiElenchi : public Banco {
  protected:
   void SetUp() override {
@@ -100,27 +79,6 @@ TEST_F(ComandiElenchi, ClicSuUnaRigaLontana) {
   EXPECT_EQ(Corri("riga Griglia 40"), "1: \"Griglia\" has 39 rows, no row 40");
 }
 
-TEST_F(ComandiElenchi, RigheCheArrivanoAPagine) {
-  auto* vista = new QTableView;
-  vista->setModel(new Pagine(vista));
-  Aggiungi("Griglia", vista);
-  Mostra();
-  EXPECT_EQ(Corri("riga Griglia 55\nvale Griglia 55\ncella Griglia 95 1 95\nrighe Griglia 95"), "");
-  EXPECT_EQ(Corri("riga Griglia 96"), "1: \"Griglia\" has 95 rows, no row 96");
-}
-
-TEST_F(ComandiElenchi, Elenco) {
-  auto* elenco = new QListWidget;
-  elenco->addItems({QStringLiteral("alfa"), QStringLiteral("Beta"), QStringLiteral("gamma")});
-  Aggiungi("Elenco", elenco);
-  Mostra();
-  EXPECT_EQ(Corri("scegli Elenco beta\nvale Elenco Beta\nriga Elenco 3\nvale Elenco gamma\n"
-                  "righe Elenco 3\ncella Elenco 1 1 alfa"),
-            "");
-  EXPECT_NE(Corri("scegli Elenco delta").find("no entry \"delta\" in its 3 rows"),
-            std::string::npos);
-}
-
 TEST_F(ComandiElenchi, Albero) {
   auto* albero = new QTreeWidget;
   albero->setHeaderLabels({QStringLiteral("Voce"), QStringLiteral("Saldo")});
@@ -134,15 +92,6 @@ TEST_F(ComandiElenchi, Albero) {
             "");
   ramo->setHidden(true);
   EXPECT_EQ(Corri("righe Albero 1\ncella Albero 1 Voce Passivo"), "");
-}
-
-TEST_F(ComandiElenchi, NonSonoElenchi) {
-  Aggiungi("Campo", new QLineEdit);
-  Mostra();
-  for (const auto* riga :
-       {"riga Campo 1", "righe Campo 0", "cella Campo 1 1 x", "scegli Campo x"}) {
-    EXPECT_NE(Corri(riga).find("is no grid, list or tree"), std::string::npos) << riga;
-  }
 }
 
 }  // namespace

@@ -4,8 +4,6 @@
 #include <sys/wait.h>
 
 #include <array>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -79,8 +77,7 @@ TEST_F(Esecuzione, TuttoBeneNonDiceAltro) {
 // A line that must fail, after one that holds, with what the reason must hold.
 TEST_F(Esecuzione, FallisceAllaRigaEConIlMotivo) {
   const struct {
-    const char* riga;
-    const char* motivo;
+    const char *riga, *motivo;
   } casi[] = {
       {"clic Pippo", "window Principale has: Aggiornamento, Anno, "},
       {"apri Pippo", "no menu entry"},

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <fstream>
 
 #include "runner/Grammatica.h"
@@ -80,40 +78,10 @@ TEST(Grammatica, RigheELuoghi) {
   EXPECT_EQ(letto.Valore()[1].Luogo(), "a.cop:4");
 }
 
-TEST(Grammatica, ComandiLeggibili) {
-  for (const auto* riga : {
-           "oggi 29/2/2024",
-           "ditta \"Prova due\"",
-           "ditta Prova anno 2023",
-           "apri Movimenti",
-           "apri STBilancioVerifica 2",
-           "tasto Rt1 Ctrl+Maiusc+Invio",
-           "tasto Rt1 f12",
-           "tasto Rt1 7",
-           "rispondi si",
-           "rispondi annulla \"Si vuole uscire\"",
-           "rispondi testo \"\" codice",
-           "stampa annulla",
-           "stampa pdf a.pdf",
-           "sql tessarc \"SELECT 1\" =",
-           "sql tessarc \"SELECT 1\" = = \"\"",
-           "righe GrigliaRighe 0",
-           "pagina SSTab1 0",
-           "cella GrigliaRighe 1 2 \"\"",
-           "attesa 0",
-           "chiudi",
-       }) {
-    const auto letto = LeggiTesto(riga, "a.cop");
-    EXPECT_TRUE(letto) << riga << ": " << (letto ? "" : letto.Errore().testo);
-  }
-}
-
 // Each names the line and the command, and the reason holds the word that is wrong.
 TEST(Grammatica, ComandiIlleggibili) {
   const struct {
-    const char* riga;
-    const char* comando;
-    const char* motivo;
+    const char *riga, *comando, *motivo;
   } casi[] = {
       {"premi Nuovo", "premi", "unknown"},
       {"Clic Nuovo", "Clic", "unknown"},
@@ -186,8 +154,7 @@ TEST_F(Inclusioni, Illeggibili) {
   Scrivi("guasto.cop", "includi sotto/guasto.cop\n");
   Scrivi("sotto/guasto.cop", "chiudi\npippo\n");
   const struct {
-    const char* file;
-    const char* motivo;
+    const char *file, *motivo;
   } casi[] = {
       {"giro.cop", "too many files"},
       {"manca.cop", "manca.cop:2: includi: there is no file"},

@@ -67,15 +67,6 @@ TEST_F(RicercaTest, QuellaCheSiVedePrimaDelleAltre) {
   EXPECT_NE(Corri("pagina SSTab1 2\nvale Campo zero").find("ambiguous"), std::string::npos);
 }
 
-TEST_F(RicercaTest, QuellaAttivaPrimaDellaSpenta) {
-  Aggiungi(pagine[0], "Campo", "spenta")->setEnabled(false);
-  auto* attiva = Aggiungi(pagine[0], "Campo", "attiva");
-  Mostra();
-  EXPECT_EQ(Corri("vale Campo attiva"), "");
-  attiva->setEnabled(false);
-  EXPECT_NE(Corri("vale Campo attiva").find("ambiguous"), std::string::npos);
-}
-
 TEST_F(RicercaTest, PaginaChiusaNonSiGira) {
   Aggiungi(pagine[1], "Campo", "x");
   esterne->setTabEnabled(1, false);
@@ -84,26 +75,6 @@ TEST_F(RicercaTest, PaginaChiusaNonSiGira) {
   EXPECT_NE(Corri("pagina SSTab1 1").find("disabled"), std::string::npos);
   EXPECT_NE(Corri("pagina SSTab1 3").find("3 pages"), std::string::npos);
   EXPECT_EQ(esterne->currentIndex(), 0);
-}
-
-TEST_F(RicercaTest, NascostoApposta) {
-  Aggiungi(pagine[0], "Qui")->hide();
-  Aggiungi(pagine[1], "Altrove")->hide();
-  Mostra();
-  EXPECT_EQ(Corri("nascosto Qui\nnascosto Altrove"), "");
-  EXPECT_NE(Corri("scrivi Qui x").find("hidden"), std::string::npos);
-  EXPECT_NE(Corri("scrivi Altrove x").find("hidden"), std::string::npos);
-  EXPECT_EQ(esterne->currentIndex(), 0);
-}
-
-TEST_F(RicercaTest, NomiDellaFinestra) {
-  Aggiungi(pagine[1], "Secondo");
-  Mostra();
-  for (const auto* riga : {"scrivi Nulla x", "visibile Nulla", "nascosto Nulla", "spento Nulla"}) {
-    const auto motivo = Corri(riga);
-    EXPECT_NE(motivo.find("window Prova has: Fuori, Secondo, SSTab1, SSTab2"), std::string::npos)
-        << motivo;
-  }
 }
 
 TEST_F(RicercaTest, UsoNegato) {

@@ -2,13 +2,10 @@
 // lead back to, the pile of paper. The rules are tried where they are, in the VAT room.
 #include <QApplication>
 #include <QCheckBox>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QTableView>
-#include <limits>
 
-#include "core/store/BasiDati.h"
 #include "screens/FinestraProva.h"
 
 namespace fenalto::prova {
@@ -16,11 +13,8 @@ namespace fenalto::prova {
 class FinestraFattureTest : public FinestraProva {
  protected:
   FinestraFattureTest() {
-    Tessarc().Inserisci("Fornitori", {{"Cod", "9001"},
-                                      {"ragsoc1", "Carta & Penna snc"},
-                                      {"Conto", "400.001"},
-                                      {"CodIva", "22"},
-                                      {"ContropFatture", "500.005"}});
+    Metti(Tessarc(), "Fornitori", "Cod", "9001", "ragsoc1", "Carta & Penna snc", "Conto", "400.001",
+          "CodIva", "22", "ContropFatture", "500.005");
     Tessarc().Inserisci("Fornitori", {{"Cod", "9000"}, {"ragsoc1", "Senza conto"}});
   }
   void Config(const char* chiave) { ambiente.ScriviImpostazione({}, "config", chiave, "SI"); }
@@ -86,32 +80,6 @@ TEST_F(FinestraFattureTest, UnaPilaDiFattureConISoliTasti) {
   EXPECT_EQ(Righe("ElencoFatture"), 1);
 }
 
-TEST_F(FinestraFattureTest, RipeteIlCampoELeRigheDellUltima) {
-  ApriSu("3");
-  Acquisto("17");
-  Messaggi();
-  Tasto(Qt::Key_Insert);
-  EXPECT_FALSE(Vede("ProponiRighe"));
-  Campo("Contox")->setFocus();
-  Tasto(Qt::Key_D, Qt::ControlModifier);
-  EXPECT_EQ(Testo("Contox"), "9001");
-  EXPECT_EQ(Testo("RigheProponibili"), "l'ultima registrazione ha 2 righe");
-  // In a field that isn't of the head it does nothing.
-  Campo("TotaleXVerifica")->setFocus();
-  Tasto(Qt::Key_D, Qt::ControlModifier);
-  EXPECT_EQ(Testo("TotaleXVerifica"), "0,00");
-  Tasto(Qt::Key_F6);
-  for (const char* importo : {"10", "20"}) {
-    ASSERT_EQ(Foco(), "Imponibile");
-    QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(importo));
-    Tasto(Qt::Key_Return, Qt::ControlModifier);
-  }
-  // Nothing left to fill: the registration is next.
-  EXPECT_EQ(Foco(), "Conferma");
-  EXPECT_EQ(Testo("TotFat"), "36,60");
-  EXPECT_FALSE(Vede("ProponiRighe"));
-}
-
 TEST_F(FinestraFattureTest, EscLasciaRigaRegistrazioneFinestra) {
   NuovaSu("3");
   Scrivi("Contox", "9001");
@@ -167,8 +135,7 @@ TEST_F(FinestraFattureTest, RiquadriDelTipoDiRegistro) {
   Config("RegAutoBolleDoganali");
   Config("RITENUTAACCONTO");
   const struct {
-    const char* registro;
-    const char* parte;
+    const char *registro, *parte;
     bool intra, bolla, ritenute, riprotocollo;
   } casi[] = {{"1", "Cliente", false, false, true, false},
               {"3", "Fornitore", false, true, true, true},
@@ -259,21 +226,6 @@ TEST_F(FinestraFattureTest, SolaLettura) {
   EXPECT_EQ(Pagina(), 0);
 }
 
-TEST_F(FinestraFattureTest, SiApreDalRapportoSulSuoRegistro) {
-  ApriSu("3");
-  Acquisto("17");
-  Scrivi("RivaX", "1");
-  EXPECT_EQ(Righe("ElencoFatture"), 0);
-  Messaggi();
-  dialoghi.Rispondera("Vedere la registrazione contabile", Risposta::Si);
-  principale->Segui(AllaRegistrazione(2024, 1));
-  finestra = principale->Aperta(QStringLiteral("Fatture"));
-  ASSERT_NE(finestra, nullptr);
-  EXPECT_TRUE(
-      finestra->windowTitle().endsWith(QStringLiteral("Registro iva 3 - prot. 1 - articolo 1")));
-  EXPECT_EQ(Testo("RivaX"), "3");
-}
-
 TEST_F(FinestraFattureTest, ElencoCercatoEOrdinato) {
   ApriSu("3");
   for (const char* numero : {"17", "B5"}) Acquisto(numero);
@@ -295,60 +247,6 @@ TEST_F(FinestraFattureTest, ElencoCercatoEOrdinato) {
     QTest::qWait(1);
     EXPECT_EQ(Righe("ElencoFatture"), caso.trovate) << caso.cercato;
   }
-}
-
-TEST_F(FinestraFattureTest, UnRegistroLungoSiApreComeUnoCorto) {
-  constexpr int kLungo = 100'000;
-  constexpr int kCorto = 1'000;
-  constexpr int kProve = 7;
-  constexpr double kRapporto = 1.5;
-  const auto riempi = [this](const char* riva, int prima, int quante) {
-    const std::string r = "'" + std::string(riva) + "'";
-    Tessarc().Esegui(
-        "INSERT INTO Articoli (Anno, NumDoc, Dt, Riva, NProt, NFat, CFP, Conto) VALUES "
-        "(2024, " +
-        std::to_string(prima) + ", #03/01/2024#, " + r + ", 1, '7', 'F', '9001')");
-    for (int fatte = 1; fatte < quante; fatte *= 2) {
-      const std::string n = std::to_string(fatte);
-      const std::string top = std::to_string(std::min(fatte, quante - fatte));
-      Tessarc().Esegui(
-          "INSERT INTO Articoli (Anno, NumDoc, Dt, Riva, NProt, NFat, CFP, Conto) "
-          "SELECT TOP " +
-          top + " Anno, NumDoc+" + n + ", Dt, Riva, NProt+" + n +
-          ", NFat, CFP, Conto FROM Articoli WHERE Riva=" + r + " ORDER BY NumDoc");
-    }
-    Tessarc().Esegui(
-        "INSERT INTO Movimenti (Anno, NumDoc, Posi, TIPORIGA, CFP, Conto, Imponibile, "
-        "Iva) SELECT Anno, NumDoc, 1, 3, 'P', '500.005', 100, 22 FROM Articoli WHERE "
-        "Riva=" +
-        r);
-  };
-  {
-    Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tutto);
-    riempi("3", 1, kLungo);
-    riempi("3V", kLungo + 1, kCorto);
-    transazione.Conferma();
-  }
-  ASSERT_EQ(Tessarc().Recordset("SELECT COUNT(*) FROM Articoli").Fields(0).Intero(),
-            kLungo + kCorto);
-  const auto apri = [this](const char* registro) {
-    qint64 migliore = std::numeric_limits<qint64>::max();
-    for (int i = 0; i < kProve; ++i) {
-      QElapsedTimer orologio;
-      orologio.start();
-      ApriSu(registro);
-      Clic("Nuovo");
-      migliore = std::min(migliore, orologio.nsecsElapsed());
-      EXPECT_EQ(Cella("ElencoFatture", 0, "Totale"), "122,00");
-      EXPECT_EQ(Righe("ElencoFatture"), 100);
-      principale->ChiudiTutto();
-    }
-    return static_cast<double>(migliore);
-  };
-  const double corto = apri("3V");
-  const double lungo = apri("3");
-  RecordProperty("rapporto", std::to_string(lungo / corto));
-  EXPECT_LE(lungo, corto * kRapporto) << lungo / 1e6 << " ms contro " << corto / 1e6;
 }
 
 }  // namespace fenalto::prova

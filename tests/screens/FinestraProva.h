@@ -23,7 +23,9 @@ class FinestraProva : public DittaDiProva {
   template <typename Controllo = QWidget>
   Controllo* Campo(const char* nome) {
     auto* controllo = finestra->findChild<Controllo*>(QString::fromLatin1(nome));
-    if (controllo == nullptr) ADD_FAILURE() << "manca il controllo " << nome;
+    if (controllo == nullptr) {
+      ADD_FAILURE() << "manca il controllo " << nome;
+    }
     return controllo;
   }
   /// Focuses a field, replaces its text by typing and leaves it with Tab.

@@ -125,35 +125,11 @@ TEST_F(MovimentiTest, EscTornaIndietroUnPassoAllaVolta) {
   EXPECT_EQ(Tessarc().Singolo("select count(*) from Articoli").Intero(), 0);
 }
 
-TEST_F(MovimentiTest, ChiudereChiedeSoloSeQualcosaSiPerde) {
-  const auto numero = Semplice();
-  ApriNumero(numero);
-  // Typed and not left yet is a change as well; the page turn asks as the closing does.
-  Digita("DescrArtDupl", "affitto");
-  dialoghi.Rispondera("modifiche non confermate", Risposta::No);
-  Campo<QTabWidget>("SSTab1")->setCurrentIndex(0);
-  EXPECT_EQ(Pagina(), 1);
-  dialoghi.Rispondera("modifiche non confermate", Risposta::No);
-  finestra->parentWidget()->close();
-  ASSERT_EQ(principale->FinestreAperte().size(), 1);
-  EXPECT_EQ(Testo("DescrArtDupl"), "affitto");
-  Clic("Conferma");
-  EXPECT_EQ(CampoTestata(numero, "DescrArtDupl").Testo(), "affitto");
-
-  ApriNumero(numero);
-  Campo<QTabWidget>("SSTab1")->setCurrentIndex(0);
-  EXPECT_EQ(Pagina(), 0);
-  Clic("Nuovo");
-  finestra->parentWidget()->close();
-  EXPECT_TRUE(principale->FinestreAperte().isEmpty());
-}
-
 TEST_F(MovimentiTest, UnTestoCheNonSiLeggeTrattieneIlFoco) {
   Clic("Nuovo");
   Clic("PNuovaRiga");
   struct Caso {
-    const char* campo;
-    const char* testo;
+    const char *campo, *testo;
   };
   for (const auto& [campo, testo] : {Caso{"ImpoDare", "12,3,4"}, {"Posi", "x"}}) {
     Scrivi(campo, testo);
@@ -269,13 +245,8 @@ TEST_F(MovimentiTest, LElencoSiLeggeAPagineESiCerca) {
     Transazione transazione(ambiente.Basi());
     for (int n = 1; n <= kQuante; ++n) {
       const bool affitto = n % 100 == 0;
-      Tessarc().Inserisci("Articoli", {{"Anno", 2024},
-                                       {"NumDoc", n},
-                                       {"Dt", G(1 + n % 28, 1, 2024)},
-                                       {"CFP", "P"},
-                                       {"Conto", affitto ? "550.001" : "100.010"},
-                                       {"CfpA", "P"},
-                                       {"ContoA", "110.001"}});
+      Metti(Tessarc(), "Articoli", "Anno", 2024, "NumDoc", n, "Dt", G(1 + n % 28, 1, 2024), "CFP",
+            "P", "Conto", affitto ? "550.001" : "100.010", "CfpA", "P", "ContoA", "110.001");
     }
     transazione.Conferma();
   }
@@ -309,42 +280,6 @@ TEST_F(MovimentiTest, LElencoSiLeggeAPagineESiCerca) {
       EXPECT_EQ(Cella("ElencoArticoli", 0, "Numero"), prima) << cercato;
     }
   }
-}
-
-TEST_F(MovimentiTest, UnModelloDiventaUnaRegistrazioneNuova) {
-  Clic("Sdoppia");
-  EXPECT_TRUE(Campo("SenzaModelli")->isVisible());
-  Tasto(Qt::Key_Escape);
-  EXPECT_FALSE(Campo("FrameDupl")->isVisible());
-  const auto numero = Semplice();
-  Tessarc().Esegui("update Articoli set Duplicabile=True, DescrArtDupl='affitto' where " +
-                   sql::Criterio("NumDoc", "=", numero));
-  Clic("Sdoppia");
-  ASSERT_EQ(Righe("GridArtDup"), 1);
-  EXPECT_EQ(Cella("GridArtDup", 0, "Descrizione"), "affitto");
-  DoppioClic("GridArtDup", 0);
-  EXPECT_EQ(Pagina(), 1);
-  EXPECT_EQ(Righe("GrigliaRighe"), 2);
-  EXPECT_EQ(Testo("TotDare"), "50,00");
-  EXPECT_EQ(Testo("ProbabileNumDoc"), QString::number(numero + 1));
-  EXPECT_FALSE(Campo<QCheckBox>("ContropAutomatiche")->isChecked());
-  EXPECT_TRUE(finestra->InModifica());
-}
-
-TEST_F(MovimentiTest, InLireNonCiSonoDecimali) {
-  finestra->parentWidget()->close();
-  ASSERT_TRUE(principale->PassaAnno(2000));
-  Apri(QStringLiteral("Movimenti"));
-  Clic("Nuovo");
-  ScriviRiga("100.010", "ImpoDare", "1500000");
-  EXPECT_EQ(Testo("TotDare"), "1.500.000");
-  EXPECT_EQ(Cella("GrigliaRighe", 0, "Dare"), "1.500.000");
-  Clic("PNuovaRiga");
-  EXPECT_EQ(Testo("ImpoDare"), "0");
-  Scrivi("Conto", "100.010");
-  Clic("VisSaldo");
-  EXPECT_TRUE(Campo("FrameSaldo")->isVisible());
-  EXPECT_EQ(Testo("Saldo"), "0");
 }
 
 TEST_F(MovimentiTest, RicordaIlPostoDentroLArea) {

@@ -11,20 +11,13 @@ class RegistroIvaFinestra : public FinestraProva {
  protected:
   /// A sale on register 1 with its VAT row, and its cash row.
   void Vendita(int numDoc, int nProt, Data giorno, const char* imponibile, const char* iva) {
-    Tessarc().Inserisci(
-        "Articoli",
-        {{"Anno", 2024}, {"NumDoc", numDoc}, {"Dt", giorno}, {"Riva", "1"}, {"NProt", nProt}});
+    Metti(Tessarc(), "Articoli", "Anno", 2024, "NumDoc", numDoc, "Dt", giorno, "Riva", "1", "NProt",
+          nProt);
     const auto riga = [&](int posi, int tipo, Importo avere) {
-      Tessarc().Inserisci("Movimenti", {{"Anno", 2024},
-                                        {"NumDoc", numDoc},
-                                        {"Posi", posi},
-                                        {"CFP", "P"},
-                                        {"Conto", tipo == 3 ? "700.001" : "170.001"},
-                                        {"TIPORIGA", tipo},
-                                        {"CodIva", tipo == 3 ? "22" : ""},
-                                        {"Imponibile", tipo == 3 ? I(imponibile) : Importo()},
-                                        {"Iva", tipo == 3 ? I(iva) : Importo()},
-                                        {"ImpoAvere", avere}});
+      Metti(Tessarc(), "Movimenti", "Anno", 2024, "NumDoc", numDoc, "Posi", posi, "CFP", "P",
+            "Conto", tipo == 3 ? "700.001" : "170.001", "TIPORIGA", tipo, "CodIva",
+            tipo == 3 ? "22" : "", "Imponibile", tipo == 3 ? I(imponibile) : Importo(), "Iva",
+            tipo == 3 ? I(iva) : Importo(), "ImpoAvere", avere);
     };
     riga(1, 3, I(imponibile));
     riga(9998, 4, I(iva));
@@ -65,25 +58,6 @@ TEST_F(RegistroIvaFinestra, RangesAreTypedAndRefused) {
   EXPECT_EQ(Cella("GrigliaLiquidazione", 0, "Importo"), "22,00");
 }
 
-TEST_F(RegistroIvaFinestra, AnotherPeriodIsConfirmedBeforeAnythingIsPrinted) {
-  Vendita(1, 1, G(10, 1, 2024), "100", "22");
-  Apri();
-  Clic("Command1");
-  EXPECT_EQ(Righe("GrigliaRegistri"), 10);
-  Scrivi("MeseTrimestre", "02");
-  EXPECT_EQ(Testo("ScrittaPeriodo"), "Febbraio");
-  EXPECT_FALSE(Campo("Stampa")->isEnabled());
-  EXPECT_EQ(Righe("GrigliaRegistri"), 0);
-  Pagina(2);
-  EXPECT_EQ(Testo("TitoloLiquidazione"), QStringLiteral("Scegliere il periodo e confermarlo"));
-  EXPECT_EQ(Righe("GrigliaLiquidazione"), 0);
-  Pagina(0);
-  Scrivi("MeseTrimestre", "T1");  // the year is settled by month
-  Clic("Command1");
-  EXPECT_FALSE(Campo("Stampa")->isEnabled());
-  EXPECT_EQ(Foco(), "MeseTrimestre");
-}
-
 TEST_F(RegistroIvaFinestra, SettingsAreWrittenWhenLeft) {
   ambiente.ScriviImpostazione({}, "config", "StIndirizzo", "1");
   ambiente.ScriviImpostazione({}, "config", "RegistrazioneContabileGiro", "0");
@@ -100,26 +74,6 @@ TEST_F(RegistroIvaFinestra, SettingsAreWrittenWhenLeft) {
                                                         {"ContoIvaErario", "170.010"},
                                                         {"ProRata", "12,5"}};
   for (const auto& [chiave, valore] : attese) EXPECT_EQ(ambiente.Config(chiave), valore) << chiave;
-}
-
-TEST_F(RegistroIvaFinestra, ChecksTellWhatStopsAndOpenTheRegistration) {
-  Vendita(7, 1, G(10, 1, 2024), "100", "22");
-  Vendita(8, 3, G(10, 2, 2024), "100", "22");
-  Apri();
-  Clic("Command1");
-  static_cast<void>(Messaggi());
-  Scrivi("AaNprot0", "3");
-  Pagina(1);
-  ASSERT_EQ(Righe("GrigliaControlli"), 2);
-  EXPECT_EQ(Cella("GrigliaControlli", 0, "Esito"), "ferma");
-  EXPECT_EQ(Cella("GrigliaControlli", 0, "Protocollo"), "2");
-  EXPECT_EQ(Cella("GrigliaControlli", 1, "Esito"), "avvisa");
-  EXPECT_EQ(Cella("GrigliaControlli", 1, "Articolo"), "8");
-  DoppioClic("GrigliaControlli", 0);  // a gap has no registration
-  EXPECT_TRUE(Messaggi().empty());
-  dialoghi.Rispondera("Vedere la registrazione", Risposta::No);
-  DoppioClic("GrigliaControlli", 1);
-  EXPECT_EQ(UltimaDomanda(), "Vedere la registrazione contabile ?");
 }
 
 }  // namespace fenalto::prova

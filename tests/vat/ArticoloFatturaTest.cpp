@@ -6,10 +6,7 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 class ArticoloFatturaTest : public FatturaDiProva {
  protected:
@@ -82,86 +79,50 @@ struct CasoRighe {
   const char* nome;
   std::vector<vat::TotaleDocumento> totali;
   const char* sconto;
-  bool ivati;
-  bool inverte;
+  bool ivati, inverte;
   const char* riva;
   std::vector<std::string> attese;
 };
 
 TEST_F(ArticoloFatturaTest, RigheDelDocumento) {
   const std::vector<CasoRighe> casi = {
-      {"sconto cassa: il netto è troncato, l'iva è sul netto",
-       {{"700.001", "22", I("99.99"), I("22")}},
-       "3",
-       false,
-       false,
-       "1",
-       {"700.001 0/96.99 96.99+21.34 0001", "170.001 0/21.34 0+0 0001",
-        "0001 118.33/0 0+0 700.001"}},
-      {"omaggio: imponibile zero, iva sul valore",
-       {{"700.001", "22", I("100"), I("22")}},
-       "100",
-       false,
-       false,
-       "1",
-       {"700.001 0/0 0+22 0001", "170.001 0/22 0+0 0001", "0001 22/0 0+0 700.001"}},
-      {"prezzi ivati: lo sconto non conta",
-       {{"700.001", "22", I("10"), I("22")}},
-       "50",
-       true,
-       false,
-       "1",
-       {"700.001 0/8.2 8.2+1.8 0001", "170.001 0/1.8 0+0 0001", "0001 10/0 0+0 700.001"}},
-      {"netti uguali: resta il primo; righe senza importo, codice o conto non ci sono",
-       {{"700.003", "22", I("0"), I("22")},
-        {"700.004", "", I("9"), I("22")},
-        {"", "22", I("9"), I("22")},
-        {"700.001", "22", I("10"), I("22")},
-        {"700.002", "22", I("10"), I("22")}},
-       "0",
-       false,
-       false,
-       "1",
-       {"700.001 0/10 10+2.2 0001", "700.002 0/10 10+2.2 0001", "170.001 0/4.4 0+0 0001",
-        "0001 24.4/0 0+0 700.001"}},
-      {"un netto più grande prende la contropartita",
-       {{"700.001", "22", I("10"), I("22")}, {"700.002", "22", I("10.01"), I("22")}},
-       "0",
-       false,
-       false,
-       "1",
-       {"700.001 0/10 10+2.2 0001", "700.002 0/10.01 10.01+2.2 0001", "170.001 0/4.4 0+0 0001",
-        "0001 24.41/0 0+0 700.002"}},
-      {"nota di credito",
-       {{"700.001", "22", I("-10.05"), I("22")}},
-       "0",
-       false,
-       false,
-       "1",
-       {"700.001 0/-10.05 -10.05+-2.21 0001", "170.001 0/-2.21 0+0 0001",
-        "0001 -12.26/0 0+0 700.001"}},
-      {"nota di credito dall'altra parte",
-       {{"700.001", "22", I("-10.05"), I("22")}},
-       "0",
-       false,
-       true,
-       "1",
-       {"700.001 10.05/0 -10.05+-2.21 0001", "170.001 2.21/0 0+0 0001",
-        "0001 0/12.26 0+0 700.001"}},
-      {"corrispettivi senza iva: niente riga 9998",
-       {{"700.010", "ZCOR", I("10"), I("0")}},
-       "0",
-       false,
-       false,
-       "7",
-       {"700.010 0/10 10+0 0001", "0001 10/0 0+0 700.010"}},
-      {"acquisti: l'altro lato",
-       {{"500.001", "22", I("10"), I("22")}},
-       "0",
-       false,
-       false,
-       "3",
-       {"500.001 10/0 10+2.2 0001", "170.003 2.2/0 0+0 0001", "0001 0/12.2 0+0 500.001"}},
+      CasoRighe("sconto cassa: il netto è troncato, l'iva è sul netto",
+                {{"700.001", "22", I("99.99"), I("22")}}, "3", false, false, "1",
+                {"700.001 0/96.99 96.99+21.34 0001", "170.001 0/21.34 0+0 0001",
+                 "0001 118.33/0 0+0 700.001"}),
+      CasoRighe("omaggio: imponibile zero, iva sul valore", {{"700.001", "22", I("100"), I("22")}},
+                "100", false, false, "1",
+                {"700.001 0/0 0+22 0001", "170.001 0/22 0+0 0001", "0001 22/0 0+0 700.001"}),
+      CasoRighe("prezzi ivati: lo sconto non conta", {{"700.001", "22", I("10"), I("22")}}, "50",
+                true, false, "1",
+                {"700.001 0/8.2 8.2+1.8 0001", "170.001 0/1.8 0+0 0001", "0001 10/0 0+0 700.001"}),
+      CasoRighe("netti uguali: resta il primo; righe senza importo, codice o conto non ci sono",
+                {{"700.003", "22", I("0"), I("22")},
+                 {"700.004", "", I("9"), I("22")},
+                 {"", "22", I("9"), I("22")},
+                 {"700.001", "22", I("10"), I("22")},
+                 {"700.002", "22", I("10"), I("22")}},
+                "0", false, false, "1",
+                {"700.001 0/10 10+2.2 0001", "700.002 0/10 10+2.2 0001", "170.001 0/4.4 0+0 0001",
+                 "0001 24.4/0 0+0 700.001"}),
+      CasoRighe("un netto più grande prende la contropartita",
+                {{"700.001", "22", I("10"), I("22")}, {"700.002", "22", I("10.01"), I("22")}}, "0",
+                false, false, "1",
+                {"700.001 0/10 10+2.2 0001", "700.002 0/10.01 10.01+2.2 0001",
+                 "170.001 0/4.4 0+0 0001", "0001 24.41/0 0+0 700.002"}),
+      CasoRighe("nota di credito", {{"700.001", "22", I("-10.05"), I("22")}}, "0", false, false,
+                "1",
+                {"700.001 0/-10.05 -10.05+-2.21 0001", "170.001 0/-2.21 0+0 0001",
+                 "0001 -12.26/0 0+0 700.001"}),
+      CasoRighe("nota di credito dall'altra parte", {{"700.001", "22", I("-10.05"), I("22")}}, "0",
+                false, true, "1",
+                {"700.001 10.05/0 -10.05+-2.21 0001", "170.001 2.21/0 0+0 0001",
+                 "0001 0/12.26 0+0 700.001"}),
+      CasoRighe("corrispettivi senza iva: niente riga 9998", {{"700.010", "ZCOR", I("10"), I("0")}},
+                "0", false, false, "7", {"700.010 0/10 10+0 0001", "0001 10/0 0+0 700.010"}),
+      CasoRighe("acquisti: l'altro lato", {{"500.001", "22", I("10"), I("22")}}, "0", false, false,
+                "3",
+                {"500.001 10/0 10+2.2 0001", "170.003 2.2/0 0+0 0001", "0001 0/12.2 0+0 500.001"}),
   };
   for (const auto& caso : casi) {
     SCOPED_TRACE(caso.nome);

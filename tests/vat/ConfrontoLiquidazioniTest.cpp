@@ -59,11 +59,8 @@ class ConfrontoLiquidazioniTest : public DittaDiProva {
     Tessarc().Inserisci("ChiusureIva", {{"Anno", 2024}, {"MESETRIMESTRE", periodo}});
   }
   void Totale(const char* periodo, const char* riva, const char* tipo, const char* iva) {
-    Tessarc().Inserisci("TotaliIva", {{"Anno", 2024},
-                                      {"PERIODO", periodo},
-                                      {"Riva", riva},
-                                      {"Tipo", tipo},
-                                      {"TOTALEIVA", I(iva)}});
+    Metti(Tessarc(), "TotaliIva", "Anno", 2024, "PERIODO", periodo, "Riva", riva, "Tipo", tipo,
+          "TOTALEIVA", I(iva));
   }
 };
 
@@ -87,12 +84,8 @@ TEST_F(ConfrontoLiquidazioniTest, AndamentoDeiPeriodiLiquidatiEDiQuelloInCorso) 
   Totale("04", "1", "01", "500");  // of a settlement that was erased
   Chiudi("01");
   Chiudi("02");
-  Tessarc().Inserisci("TotaliIvaEP", {{"Anno", 2024},
-                                      {"PERIODO", "01"},
-                                      {"Riva", "1"},
-                                      {"CodIva", "22"},
-                                      {"Tipo", "01"},
-                                      {"Iva", I("60")}});
+  Metti(Tessarc(), "TotaliIvaEP", "Anno", 2024, "PERIODO", "01", "Riva", "1", "CodIva", "22",
+        "Tipo", "01", "Iva", I("60"));
   vat::Liquidazione corrente;
   corrente.periodo = vat::LeggiPeriodo(ambiente, 2024, "02");
   vat::IvaRegistro vendite;

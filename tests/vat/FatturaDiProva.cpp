@@ -6,30 +6,18 @@ namespace fenalto::prova {
 namespace {
 
 void CreaRegistro(Archivio& tessarc, const char* cod, const char* tipo) {
-  tessarc.Inserisci("RegistriIva", {{"Cod", cod},
-                                    {"Tipo", tipo},
-                                    {"Descrizione", std::string("Registro ") + cod},
-                                    {"Conto", "170.001"},
-                                    {"ContoCassa", "100.010"},
-                                    {"ContoRicaviCorrisp", "700.010"},
-                                    {"CodIva", "20"}});
+  Metti(tessarc, "RegistriIva", "Cod", cod, "Tipo", tipo, "Descrizione",
+        std::string("Registro ") + cod, "Conto", "170.001", "ContoCassa", "100.010",
+        "ContoRicaviCorrisp", "700.010", "CodIva", "20");
 }
 
 /// Two halves, 30 and 60 days end of month.
 void CreaPagamento(Archivio& tessarc, const char* cod, bool subito, bool aggiorna) {
-  tessarc.Inserisci("Pagamento", {{"Cod", cod},
-                                  {"Descrizione", cod},
-                                  {"NuovaCodifica", true},
-                                  {"AggiornaScad", aggiorna},
-                                  {"Conto", subito ? "100.010" : ""},
-                                  {"Causale", subito ? "004" : ""}});
+  Metti(tessarc, "Pagamento", "Cod", cod, "Descrizione", cod, "NuovaCodifica", true, "AggiornaScad",
+        aggiorna, "Conto", subito ? "100.010" : "", "Causale", subito ? "004" : "");
   for (const int mesi : {1, 2}) {
-    tessarc.Inserisci("Pagamento_r", {{"Cod", cod},
-                                      {"Rata", "0" + std::to_string(mesi)},
-                                      {"PercImporto", I("50")},
-                                      {"DopoMesi", mesi},
-                                      {"FineMese", true},
-                                      {"Tipo", "02"}});
+    Metti(tessarc, "Pagamento_r", "Cod", cod, "Rata", "0" + std::to_string(mesi), "PercImporto",
+          I("50"), "DopoMesi", mesi, "FineMese", true, "Tipo", "02");
   }
 }
 
@@ -79,9 +67,8 @@ bool FatturaDiProva::Digita(vat::RegistrazioneIva& fatture, const FatturaDaScriv
   fatture.TestaLasciata("NFat");
   testa.Scrivi("Pagamento", fattura.pagamento);
   for (const auto& [campo, valore] : fattura.altri) testa.Scrivi(campo, valore);
-  for (const RigaFattura& riga : fattura.righe) {
+  for (const RigaFattura& riga : fattura.righe)
     if (!DigitaRiga(fatture, riga)) return false;
-  }
   return true;
 }
 

@@ -7,9 +7,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-
 /// What stops the confirmation, where it sends, and what mends it.
 struct Passo {
   std::string atteso;

@@ -6,8 +6,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::HasSubstr;
-
 class FattureGuastiTest : public FatturaDiProva, public ::testing::WithParamInterface<Guasto> {
  protected:
   std::string Fotografia(vat::RegistrazioneIva& f) {

@@ -7,11 +7,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
-
 class FattureTest : public FatturaDiProva {
  protected:
   static FatturaDaScrivere Vendita(const char* importo = "100") {

@@ -1,5 +1,4 @@
 // What follows a VAT document, written in the books: every column of every row.
-#include <functional>
 
 #include "vat/FatturaDiProva.h"
 #include "vat/postings/ArticoloFattura.h"
@@ -8,10 +7,7 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 class RegistrazioniAutomaticheTest : public FatturaDiProva {
  protected:
@@ -48,9 +44,7 @@ class RegistrazioniAutomaticheTest : public FatturaDiProva {
 // --- Payment and withholding of an invoice -------------------------------------------------------
 
 struct CasoPagamento {
-  const char* cfp;
-  const char* pagamento;
-  const char* importo;
+  const char *cfp, *pagamento, *importo;
   std::vector<std::string> righe;
   std::string testa;
 };
@@ -58,29 +52,23 @@ struct CasoPagamento {
 TEST_F(RegistrazioniAutomaticheTest, Pagamento) {
   Tessarc().Inserisci("Pagamento", {{"Cod", "ZOPPO"}, {"Conto", "100.010"}});
   const std::vector<CasoPagamento> casi = {
-      {"C",
-       "CONT",
-       "122",
-       {"1 004 C:0001 0/122 P:100.010 t0  0+0+0 «pagata»",
-        "2 004 P:100.010 122/0 C:0001 t0  0+0+0 «pagata»"},
-       "15/03/2024 P:100.010 C:0001 auto24 /0 - «» "},
-      {"F",
-       "CONT",
-       "122",
-       {"1 004 F:0001 122/0 P:100.010 t0  0+0+0 «pagata»",
-        "2 004 P:100.010 0/122 F:0001 t0  0+0+0 «pagata»"},
-       "15/03/2024 F:0001 P:100.010 auto24 /0 - «» "},
-      {"F",
-       "CONT",
-       "-50.5",
-       {"1 004 F:0001 -50.5/0 P:100.010 t0  0+0+0 «pagata»",
-        "2 004 P:100.010 0/-50.5 F:0001 t0  0+0+0 «pagata»"},
-       "15/03/2024 F:0001 P:100.010 auto24 /0 - «» "},
+      CasoPagamento("C", "CONT", "122",
+                    {"1 004 C:0001 0/122 P:100.010 t0  0+0+0 «pagata»",
+                     "2 004 P:100.010 122/0 C:0001 t0  0+0+0 «pagata»"},
+                    "15/03/2024 P:100.010 C:0001 auto24 /0 - «» "),
+      CasoPagamento("F", "CONT", "122",
+                    {"1 004 F:0001 122/0 P:100.010 t0  0+0+0 «pagata»",
+                     "2 004 P:100.010 0/122 F:0001 t0  0+0+0 «pagata»"},
+                    "15/03/2024 F:0001 P:100.010 auto24 /0 - «» "),
+      CasoPagamento("F", "CONT", "-50.5",
+                    {"1 004 F:0001 -50.5/0 P:100.010 t0  0+0+0 «pagata»",
+                     "2 004 P:100.010 0/-50.5 F:0001 t0  0+0+0 «pagata»"},
+                    "15/03/2024 F:0001 P:100.010 auto24 /0 - «» "),
       // Without account, without causal, of no code, of none that exists: not a word.
-      {"C", "DUE", "1", {}, ""},
-      {"C", "ZOPPO", "1", {}, ""},
-      {"C", "", "1", {}, ""},
-      {"C", "MAI", "1", {}, ""},
+      CasoPagamento("C", "DUE", "1", {}, ""),
+      CasoPagamento("C", "ZOPPO", "1", {}, ""),
+      CasoPagamento("C", "", "1", {}, ""),
+      CasoPagamento("C", "MAI", "1", {}, ""),
   };
   std::int64_t atteso = 0;
   for (const auto& caso : casi) {

@@ -18,10 +18,8 @@ const char* ClasseDi(const std::string& riva) {
 RegistroIvaDiProva::RegistroIvaDiProva() {
   Transazione transazione(ambiente.Basi());
   for (const char* cod : {"6", "9"}) {
-    Tessarc().Inserisci("RegistriIva", {{"Cod", cod},
-                                        {"Tipo", std::string("0") + cod},
-                                        {"Descrizione", std::string("Registro ") + cod},
-                                        {"Conto", "170.001"}});
+    Metti(Tessarc(), "RegistriIva", "Cod", cod, "Tipo", std::string("0") + cod, "Descrizione",
+          std::string("Registro ") + cod, "Conto", "170.001");
   }
   transazione.Conferma();
   ambiente.ScriviImpostazione({}, "config", "RivaVentil", "3");
@@ -33,40 +31,21 @@ std::int64_t RegistroIvaDiProva::Scrivi(const Registrata& r) {
   const std::int64_t numDoc = ledger::ProssimoNumDoc(ambiente, r.anno);
   const std::string cfp = ClasseDi(r.riva);
   const std::string conto = cfp == "P" ? "100.010" : "0001";
-  Tessarc().Inserisci("Articoli", {{"Anno", r.anno},
-                                   {"NumDoc", numDoc},
-                                   {"Dt", r.dt},
-                                   {"CFP", cfp},
-                                   {"Conto", conto},
-                                   {"Riva", r.riva},
-                                   {"NProt", r.nProt},
-                                   {"DtFat", r.dt},
-                                   {"NFat", std::to_string(r.nProt)},
-                                   {"Ep", r.ep},
-                                   {"DtIncasso", r.dtIncasso}});
+  Metti(Tessarc(), "Articoli", "Anno", r.anno, "NumDoc", numDoc, "Dt", r.dt, "CFP", cfp, "Conto",
+        conto, "Riva", r.riva, "NProt", r.nProt, "DtFat", r.dt, "NFat", std::to_string(r.nProt),
+        "Ep", r.ep, "DtIncasso", r.dtIncasso);
   int posi = 0;
   Importo iva;
   for (const RigaRegistrata& riga : r.righe) {
     iva += riga.iva;
-    Tessarc().Inserisci("Movimenti", {{"Anno", r.anno},
-                                      {"NumDoc", numDoc},
-                                      {"Posi", posi += 100},
-                                      {"CFP", "P"},
-                                      {"Conto", "700.001"},
-                                      {"TIPORIGA", 3},
-                                      {"CodIva", riga.codIva},
-                                      {"Imponibile", riga.imponibile},
-                                      {"Iva", riga.iva},
-                                      {"IvaInd", riga.ivaInd}});
+    Metti(Tessarc(), "Movimenti", "Anno", r.anno, "NumDoc", numDoc, "Posi", posi += 100, "CFP", "P",
+          "Conto", "700.001", "TIPORIGA", 3, "CodIva", riga.codIva, "Imponibile", riga.imponibile,
+          "Iva", riga.iva, "IvaInd", riga.ivaInd);
   }
   for (const int tipo : {4, 5}) {
     if (tipo == 4 && iva.Zero()) continue;
-    Tessarc().Inserisci("Movimenti", {{"Anno", r.anno},
-                                      {"NumDoc", numDoc},
-                                      {"Posi", 9994 + tipo},
-                                      {"CFP", "P"},
-                                      {"Conto", "170.001"},
-                                      {"TIPORIGA", tipo}});
+    Metti(Tessarc(), "Movimenti", "Anno", r.anno, "NumDoc", numDoc, "Posi", 9994 + tipo, "CFP", "P",
+          "Conto", "170.001", "TIPORIGA", tipo);
   }
   if (transazione) transazione->Conferma();
   return numDoc;

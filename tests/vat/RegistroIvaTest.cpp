@@ -5,10 +5,6 @@
 
 namespace fenalto::prova {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::Not;
-
 class RegistroIvaTest : public RegistroIvaDiProva {};
 
 TEST_F(RegistroIvaTest, Periodi) {
@@ -55,9 +51,8 @@ TEST_F(RegistroIvaTest, Proposte) {
   EXPECT_EQ(Messaggi(), std::vector<std::string>{});
 
   // Printed: the range begins where it began; what was deleted or added since is told.
-  Tessarc().Inserisci(
-      "UltProtStRegIva",
-      {{"Anno", 2024}, {"Riva", "1"}, {"MeseTrimestre", "01"}, {"DaNProt", 1}, {"UltProtSt", 1}});
+  Metti(Tessarc(), "UltProtStRegIva", "Anno", 2024, "Riva", "1", "MeseTrimestre", "01", "DaNProt",
+        1, "UltProtSt", 1);
   EXPECT_EQ(proposto("01", "1"), "1-2");
   EXPECT_EQ(SoloMessaggio(),
             "Registro 1 Fatture emesse\nci sono già registrazioni successive a 10/01/2024\n"
@@ -160,9 +155,8 @@ TEST_F(RegistroIvaTest, Ventilazione) {
   const auto totali = registro.Totali();
   ASSERT_TRUE(totali) << totali.Errore().messaggio;
   const vat::TotaleRegistro* corrispettivi = nullptr;
-  for (const vat::TotaleRegistro& t : totali.Valore()) {
+  for (const vat::TotaleRegistro& t : totali.Valore())
     if (t.intervallo.riva == "7") corrispettivi = &t;
-  }
   std::vector<std::string> righe;
   Importo somma;
   for (std::size_t i = 0; i < corrispettivi->quote.size(); ++i) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -69,60 +68,40 @@ TEST(CreaRigheIvaCli, Registrazioni) {
     return std::vector{Digitata(1, "700.001", imponibile, iva, ind)};
   };
   const std::vector<Caso> casi = {
-      {"01",
-       false,
-       una("100", "22"),
-       {"1 R011 P:700.001 0/100 C:0001 t3", "9998 R012 P:170.001 0/22 C:0001 t4",
-        "9999 R013 C:0001 122/0 P:700.001 t5"}},
+      Caso("01", false, una("100", "22"),
+           {"1 R011 P:700.001 0/100 C:0001 t3", "9998 R012 P:170.001 0/22 C:0001 t4",
+            "9999 R013 C:0001 122/0 P:700.001 t5"}),
       // Non-deductible VAT stays in the cost.
-      {"03",
-       false,
-       una("100", "13.2", "8.8"),
-       {"1 R031 P:700.001 108.8/0 F:0001 t3", "9998 R032 P:170.001 13.2/0 F:0001 t4",
-        "9999 R033 F:0001 0/122 P:700.001 t5"}},
+      Caso("03", false, una("100", "13.2", "8.8"),
+           {"1 R031 P:700.001 108.8/0 F:0001 t3", "9998 R032 P:170.001 13.2/0 F:0001 t4",
+            "9999 R033 F:0001 0/122 P:700.001 t5"}),
       // A credit note: negative where it stands, or on the other side without its sign.
-      {"03",
-       false,
-       una("-100", "-22"),
-       {"1 R031 P:700.001 -100/0 F:0001 t3", "9998 R032 P:170.001 -22/0 F:0001 t4",
-        "9999 R033 F:0001 0/-122 P:700.001 t5"}},
-      {"03",
-       true,
-       una("-100", "-22"),
-       {"1 R031 P:700.001 0/100 F:0001 t3", "9998 R032 P:170.001 0/22 F:0001 t4",
-        "9999 R033 F:0001 122/0 P:700.001 t5"}},
+      Caso("03", false, una("-100", "-22"),
+           {"1 R031 P:700.001 -100/0 F:0001 t3", "9998 R032 P:170.001 -22/0 F:0001 t4",
+            "9999 R033 F:0001 0/-122 P:700.001 t5"}),
+      Caso("03", true, una("-100", "-22"),
+           {"1 R031 P:700.001 0/100 F:0001 t3", "9998 R032 P:170.001 0/22 F:0001 t4",
+            "9999 R033 F:0001 122/0 P:700.001 t5"}),
       // The two halves of a reverse charge: a supplier on both, sides across.
-      {"04",
-       false,
-       una("100", "22"),
-       {"1 R041 P:700.001 0/100 F:0001 t3", "9998 R042 P:170.001 0/22 F:0001 t4",
-        "9999 R043 F:0001 122/0 P:700.001 t5"}},
-      {"05",
-       false,
-       una("100", "22"),
-       {"1 R051 P:700.001 100/0 F:0001 t3", "9998 R052 P:170.001 22/0 F:0001 t4",
-        "9999 R053 F:0001 0/122 P:700.001 t5"}},
+      Caso("04", false, una("100", "22"),
+           {"1 R041 P:700.001 0/100 F:0001 t3", "9998 R042 P:170.001 0/22 F:0001 t4",
+            "9999 R043 F:0001 122/0 P:700.001 t5"}),
+      Caso("05", false, una("100", "22"),
+           {"1 R051 P:700.001 100/0 F:0001 t3", "9998 R052 P:170.001 22/0 F:0001 t4",
+            "9999 R053 F:0001 0/122 P:700.001 t5"}),
       // Receipts without VAT have no VAT row; an exempt invoice has.
-      {"07",
-       false,
-       una("50", "0"),
-       {"1 R071 P:700.001 0/50 P:0001 t3", "9999 R073 P:0001 50/0 P:700.001 t5"}},
-      {"02",
-       false,
-       una("50", "11"),
-       {"1 R021 P:700.001 0/50 P:0001 t3", "9998 R022 P:170.001 0/11 P:0001 t4",
-        "9999 R023 P:0001 61/0 P:700.001 t5"}},
-      {"06",
-       false,
-       una("50", "0"),
-       {"1 R061 P:700.001 0/50 C:0001 t3", "9998 R062 P:170.001 0/0 C:0001 t4",
-        "9999 R063 C:0001 50/0 P:700.001 t5"}},
+      Caso("07", false, una("50", "0"),
+           {"1 R071 P:700.001 0/50 P:0001 t3", "9999 R073 P:0001 50/0 P:700.001 t5"}),
+      Caso("02", false, una("50", "11"),
+           {"1 R021 P:700.001 0/50 P:0001 t3", "9998 R022 P:170.001 0/11 P:0001 t4",
+            "9999 R023 P:0001 61/0 P:700.001 t5"}),
+      Caso("06", false, una("50", "0"),
+           {"1 R061 P:700.001 0/50 C:0001 t3", "9998 R062 P:170.001 0/0 C:0001 t4",
+            "9999 R063 C:0001 50/0 P:700.001 t5"}),
       // Several rows, one of them negative: the first one's account faces the party.
-      {"11",
-       true,
-       {Digitata(3, "600.001", "100", "22"), Digitata(0, "600.002", "-30", "-6.6")},
-       {"3 R111 P:600.001 0/100 F:0001 t3", "4 R111 P:600.002 30/0 F:0001 t3",
-        "9998 R112 P:170.001 0/15.4 F:0001 t4", "9999 R113 F:0001 85.4/0 P:600.001 t5"}},
+      Caso("11", true, {Digitata(3, "600.001", "100", "22"), Digitata(0, "600.002", "-30", "-6.6")},
+           {"3 R111 P:600.001 0/100 F:0001 t3", "4 R111 P:600.002 30/0 F:0001 t3",
+            "9998 R112 P:170.001 0/15.4 F:0001 t4", "9999 R113 F:0001 85.4/0 P:600.001 t5"}),
   };
   for (const Caso& caso : casi) {
     SCOPED_TRACE(std::string(caso.tipo) + (caso.inverte ? " inverte" : ""));
@@ -162,9 +141,8 @@ TEST(CreaRigheIvaCli, Commesse) {
                                                             {{"5", "8", "5"}, false, "5", true},
                                                             {{"5", "8"}, true, "", false}}) {
     std::vector<RigaIva> righe;
-    for (const char* commessa : caso.commesse) {
+    for (const char* commessa : caso.commesse)
       righe.push_back(Digitata(0, "700.001", "1", "0", "0", commessa));
-    }
     DocumentoIva documento = Documento("01");
     documento.commesseVecchioSistema = caso.vecchio;
     const auto complete = CreaRigheIvaCli(documento, righe);
@@ -215,7 +193,9 @@ RC_GTEST_PROP(CreaRigheIvaCli, PareggiaSempre, ()) {
   RC_ASSERT(Sbilancio(c.righe).Zero());
   for (const RigaIva& r : c.righe) {
     RC_ASSERT(r.impoDare.Zero() || r.impoAvere.Zero());
-    if (inverte) RC_ASSERT(!r.impoDare.Negativo() && !r.impoAvere.Negativo());
+    if (inverte) {
+      RC_ASSERT(!r.impoDare.Negativo() && !r.impoAvere.Negativo());
+    }
   }
   // The party owes, or is owed, the whole document.
   const RigaIva& parte = c.righe.back();

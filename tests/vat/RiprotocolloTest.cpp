@@ -5,8 +5,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-
 class RiprotocolloTest : public FatturaDiProva {
  protected:
   void SetUp() override {

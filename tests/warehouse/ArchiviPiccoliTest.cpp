@@ -108,70 +108,46 @@ TEST_F(ArchiviPiccoliTest, Rifiuti) {
   const std::string daMovimenti = std::string(kInUso) + "movimenti di magazzino che lo usano";
   using enum Gesto;
   const std::vector<Caso> casi = {
-      {"Causali", "", Conferma, "APE", {{"Descrizione", "altra"}}, kFissa, "Cod"},
-      {"Causali", "", Elimina, "apex", {}, kFissa},
-      {"Causali", "", Conferma, "", {{"Cod", "9A"}}, kIva, "Cod"},
-      {"Causali", "", Conferma, "001", {{"Cod", "1"}}, kIva, "Cod"},
-      {"Causali", "", Conferma, "", {{"Cod", "0A"}, {"Ripete", true}}, ""},
-      {"Causali", "", Conferma, "", {{"Cod", "XA"}}, ""},
+      Caso("Causali", "", Conferma, "APE", {{"Descrizione", "altra"}}, kFissa, "Cod"),
+      Caso("Causali", "", Elimina, "apex", {}, kFissa),
+      Caso("Causali", "", Conferma, "", {{"Cod", "9A"}}, kIva, "Cod"),
+      Caso("Causali", "", Conferma, "001", {{"Cod", "1"}}, kIva, "Cod"),
+      Caso("Causali", "", Conferma, "", {{"Cod", "0A"}, {"Ripete", true}}, ""),
+      Caso("Causali", "", Conferma, "", {{"Cod", "XA"}}, ""),
 
-      {"Categorie",
-       kFissata,
-       Conferma,
-       "XC",
-       {{"Cod", "XD"}},
-       "categoria XC non modificabile",
-       "Cod"},
-      {"Categorie", kFissata, Elimina, "XC", {}, "categoria XC non modificabile"},
+      Caso("Categorie", kFissata, Conferma, "XC", {{"Cod", "XD"}}, "categoria XC non modificabile",
+           "Cod"),
+      Caso("Categorie", kFissata, Elimina, "XC", {}, "categoria XC non modificabile"),
 
-      {"CausaliMag",
-       "",
-       Conferma,
-       "",
-       {{"Cod", "XM"}},
-       "impostare Carico=C oppure Scarico=S",
-       "CS"},
-      {"CausaliMag",
-       "",
-       Conferma,
-       "",
-       {{"Cod", "XM"}, {"CS", "X"}},
-       "impostare Carico=C oppure Scarico=S",
-       "CS"},
-      {"CausaliMag", kX, Conferma, "XM", {{"CS", "C"}}, ""},
-      {"CausaliMag", kX, Conferma, "XM", {{"Cod", "XN"}}, ""},
-      {"CausaliMag", kX, Elimina, "XM", {}, ""},
-      {"CausaliMag", kXUsata, Conferma, "XM", {{"Descrizione", "altra"}}, ""},
-      {"CausaliMag", kXUsata, Conferma, "XM", {{"CS", "C"}}, sensoFermo.c_str(), "CS"},
-      {"CausaliMag", kXUsata, Conferma, "XM", {{"Cod", "XN"}}, codiceFermo.c_str(), "Cod"},
-      {"CausaliMag", kXUsata, Elimina, "XM", {}, nonSiElimina.c_str()},
-      {"CausaliMag", kXPrevista, Conferma, "XM", {{"CS", "C"}}, sensoFermo.c_str(), "CS"},
-      {"CausaliMag", kXPrevista, Elimina, "XM", {}, nonSiElimina.c_str()},
-      {"CausaliMag", "", Conferma, "EI", {{"Cod", "XE"}}, kEsistenza, "Cod"},
-      {"CausaliMag", "", Elimina, "EI", {}, kEsistenza},
+      Caso("CausaliMag", "", Conferma, "", {{"Cod", "XM"}}, "impostare Carico=C oppure Scarico=S",
+           "CS"),
+      Caso("CausaliMag", "", Conferma, "", {{"Cod", "XM"}, {"CS", "X"}},
+           "impostare Carico=C oppure Scarico=S", "CS"),
+      Caso("CausaliMag", kX, Conferma, "XM", {{"CS", "C"}}, ""),
+      Caso("CausaliMag", kX, Conferma, "XM", {{"Cod", "XN"}}, ""),
+      Caso("CausaliMag", kX, Elimina, "XM", {}, ""),
+      Caso("CausaliMag", kXUsata, Conferma, "XM", {{"Descrizione", "altra"}}, ""),
+      Caso("CausaliMag", kXUsata, Conferma, "XM", {{"CS", "C"}}, sensoFermo.c_str(), "CS"),
+      Caso("CausaliMag", kXUsata, Conferma, "XM", {{"Cod", "XN"}}, codiceFermo.c_str(), "Cod"),
+      Caso("CausaliMag", kXUsata, Elimina, "XM", {}, nonSiElimina.c_str()),
+      Caso("CausaliMag", kXPrevista, Conferma, "XM", {{"CS", "C"}}, sensoFermo.c_str(), "CS"),
+      Caso("CausaliMag", kXPrevista, Elimina, "XM", {}, nonSiElimina.c_str()),
+      Caso("CausaliMag", "", Conferma, "EI", {{"Cod", "XE"}}, kEsistenza, "Cod"),
+      Caso("CausaliMag", "", Elimina, "EI", {}, kEsistenza),
 
-      {"Magazzini",
-       "insert into FattureCli_r (TipoDoc, Anno, NumDoc, Posi, Mag) values ('01', 2024, 1, 1, "
-       "'01')",
-       Elimina,
-       "01",
-       {},
-       daMovimenti.c_str()},
-      {"Vettori",
-       "insert into Vettori (Cod) values ('XV');"
-       "insert into FattureCli (TipoDoc, Anno, NumDoc, CodiceVettore) values ('01', 2024, 1, 'XV')",
-       Elimina,
-       "XV",
-       {},
-       daDocumenti.c_str()},
-      {"Agenti",
-       "insert into Agenti (Cod) values ('XA');"
-       "insert into FattureCli (TipoDoc, Anno, NumDoc, Agente) values ('01', 2024, 1, 'XA')",
-       Conferma,
-       "XA",
-       {{"Cod", "XB"}},
-       daDocumenti.c_str(),
-       "Cod"},
+      Caso("Magazzini",
+           "insert into FattureCli_r (TipoDoc, Anno, NumDoc, Posi, Mag) values ('01', 2024, 1, 1, "
+           "'01')",
+           Elimina, "01", {}, daMovimenti.c_str()),
+      Caso("Vettori",
+           "insert into Vettori (Cod) values ('XV');"
+           "insert into FattureCli (TipoDoc, Anno, NumDoc, CodiceVettore) values ('01', 2024, 1, "
+           "'XV')",
+           Elimina, "XV", {}, daDocumenti.c_str()),
+      Caso("Agenti",
+           "insert into Agenti (Cod) values ('XA');"
+           "insert into FattureCli (TipoDoc, Anno, NumDoc, Agente) values ('01', 2024, 1, 'XA')",
+           Conferma, "XA", {{"Cod", "XB"}}, daDocumenti.c_str(), "Cod"),
   };
   for (const Caso& caso : casi) {
     SCOPED_TRACE(std::string(caso.archivio) + " «" + caso.aperto + "» " + caso.messaggio);
@@ -179,9 +155,9 @@ TEST_F(ArchiviPiccoliTest, Rifiuti) {
     Esegui(caso.prepara);
     const archives::DescrizioneArchivio descrizione = Archivio(caso.archivio);
     archives::ArchivioCodici archivio(ambiente, descrizione);
-    if (*caso.aperto == '\0') {
+    if (*caso.aperto == '\0')
       archivio.Inizia();
-    } else {
+    else {
       ASSERT_TRUE(archivio.Apri(caso.aperto));
     }
     Scrivi(archivio, caso.campi);
@@ -292,9 +268,8 @@ TEST_F(ArchiviPiccoliTest, OgniCampoDescrittoSiTieneESiRilegge) {
     ASSERT_TRUE(archivio.Conferma()) << dialoghi.UltimoMessaggio();
     ASSERT_TRUE(archivio.Apri("x1"));
     EXPECT_EQ(archivio.Titolo(), descrizione.titoloRecord + "X1");
-    for (const auto& [campo, valore] : scritti) {
+    for (const auto& [campo, valore] : scritti)
       EXPECT_EQ(archivio.Record().Leggi(campo), valore) << campo;
-    }
     dialoghi.Rispondera("Conferma eliminazione DOCUMENTO ?", Risposta::No);
     EXPECT_FALSE(archivio.Elimina());
     EXPECT_TRUE(archivio.Aperto());

@@ -70,27 +70,18 @@ TEST_F(ArchivioCodiciTest, OrdineDeiControlli) {
   ASSERT_TRUE(archivio.Apri("A"));
   Traccia();
   struct Caso {
-    const char* cod;
-    const char* ferma;
-    const char* messaggio;
-    const char* campo;
+    const char *cod, *ferma, *messaggio, *campo;
     std::vector<std::string> traccia;
   };
   const std::vector<Caso> casi = {
-      {" \t ", "controllo 1", "inserire un codice", "Cod", {}},
-      {"b", "controllo 1", "fermo: controllo 1", "Descrizione", {"controllo 1"}},
-      {"b", "controllo 2", "fermo: controllo 2", "Descrizione", {"controllo 1", "controllo 2"}},
-      {" b ", "guardia codice", "già esistente: b", "Cod", {"controllo 1", "controllo 2"}},
-      {"n",
-       "guardia codice",
-       "fermo: guardia codice",
-       "Descrizione",
-       {"controllo 1", "controllo 2", "guardia codice"}},
-      {"n",
-       "",
-       "non si può variare o eliminare il codice in quanto ci sono clienti",
-       "Cod",
-       {"controllo 1", "controllo 2", "guardia codice"}},
+      Caso(" \t ", "controllo 1", "inserire un codice", "Cod", {}),
+      Caso("b", "controllo 1", "fermo: controllo 1", "Descrizione", {"controllo 1"}),
+      Caso("b", "controllo 2", "fermo: controllo 2", "Descrizione", {"controllo 1", "controllo 2"}),
+      Caso(" b ", "guardia codice", "già esistente: b", "Cod", {"controllo 1", "controllo 2"}),
+      Caso("n", "guardia codice", "fermo: guardia codice", "Descrizione",
+           {"controllo 1", "controllo 2", "guardia codice"}),
+      Caso("n", "", "non si può variare o eliminare il codice in quanto ci sono clienti", "Cod",
+           {"controllo 1", "controllo 2", "guardia codice"}),
   };
   for (const Caso& caso : casi) {
     SCOPED_TRACE(caso.messaggio);

@@ -40,9 +40,8 @@ class DittaArchivi : public ::testing::Test {
         ambiente(*stazione->ambiente),
         dialoghi(stazione->dialoghi) {
     Tessarc().Esegui("delete * from Categorie");
-    for (const char* cod : {"A", "B", "C"}) {
+    for (const char* cod : {"A", "B", "C"})
       Tessarc().Inserisci("Categorie", {{"Cod", cod}, {"Descrizione", std::string("voce ") + cod}});
-    }
   }
 
   std::unique_ptr<Stazione> Altra(const std::string& nome) const {
@@ -93,9 +92,8 @@ class DittaArchivi : public ::testing::Test {
   std::vector<std::string> Righe() {
     std::vector<std::string> righe;
     Rs rs = Tessarc().Recordset("select Cod, Descrizione from Categorie order by Cod");
-    for (; !rs.Eof(); rs.MoveNext()) {
+    for (; !rs.Eof(); rs.MoveNext())
       righe.push_back(rs.Fields(0).Testo() + "=" + rs.Fields(1).Testo());
-    }
     return righe;
   }
   std::vector<std::string> Traccia() { return std::exchange(traccia, {}); }

@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <functional>
 
 #include "core/archives/DittaArchivi.h"
 #include "core/archives/ElencoArchivio.h"
+#include "core/reports/Stampati.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::prova {
@@ -10,42 +10,6 @@ namespace fenalto::prova {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-namespace {
-
-/// A page's lines, kept after the print is over.
-class FabbricaRighe : public reports::FabbricaUscite {
- public:
-  std::unique_ptr<reports::Uscita> Crea(const SceltaUscita& /*scelta*/,
-                                        const std::string& /*rapporto*/) override {
-    return std::make_unique<Passante>(*this);
-  }
-  std::vector<std::vector<std::string>> pagine;
-  bool finita = false;
-
- private:
-  class Passante : public reports::Uscita {
-   public:
-    explicit Passante(FabbricaRighe& fabbrica) : fabbrica_(fabbrica) {}
-    [[nodiscard]] bool SoloTesto() const override { return true; }
-    void Titolo(const std::string& /*titolo*/) override {}
-    bool Aggiungi(reports::Pagina pagina) override {
-      auto& righe = fabbrica_.pagine.emplace_back();
-      for (const reports::Elemento& elemento : pagina.elementi) {
-        if (const auto* riga = std::get_if<reports::RigaFissa>(&elemento))
-          righe.push_back(riga->testo);
-      }
-      return true;
-    }
-    Esito<bool> Fine() override { return fabbrica_.finita = true; }
-    void Annulla() override { fabbrica_.pagine.clear(); }
-
-   private:
-    FabbricaRighe& fabbrica_;
-  };
-};
-
-}  // namespace
 
 class ElencoArchivioTest : public DittaArchivi {
  protected:
@@ -89,9 +53,8 @@ class ElencoArchivioTest : public DittaArchivi {
                                                  rs.Fields(3).Booleano() ? "sì" : "no"};
       bool passa = filtro.testo.empty() || tiene(mostrate[0], filtro.testo) ||
                    tiene(mostrate[1], filtro.testo);
-      for (std::size_t c = 0; c < filtro.colonne.size(); ++c) {
+      for (std::size_t c = 0; c < filtro.colonne.size(); ++c)
         passa = passa && tiene(mostrate[c], filtro.colonne[c]);
-      }
       if (passa) codici.push_back(mostrate[0]);
     }
     std::sort(codici.begin(), codici.end(),
@@ -104,9 +67,8 @@ class ElencoArchivioTest : public DittaArchivi {
 
 TEST_F(ElencoArchivioTest, Colonne) {
   std::vector<std::string> nomi;
-  for (const archives::CampoArchivio& c : archives::ColonneElenco(descrizione)) {
+  for (const archives::CampoArchivio& c : archives::ColonneElenco(descrizione))
     nomi.push_back(c.nome + ":" + c.didascalia);
-  }
   EXPECT_THAT(nomi, ElementsAre("Cod:codice", "Descrizione:descrizione", "Perc:aliquota",
                                 "Scorporo:scorporo"));
   EXPECT_TRUE((archives::FiltroElenco{"", {"", ""}}.Vuoto()));
@@ -162,17 +124,18 @@ TEST_F(ElencoArchivioTest, Stampa) {
       "update CodiciIva set Descrizione='due' & chr(13) & chr(10) & 'righe' where "
       "Cod='x5'");
   const auto stampa = [&](const archives::FiltroElenco& filtro) {
-    FabbricaRighe fabbrica;
-    dialoghi.ScegliaUscita(SceltaUscita{});
+    FabbricaDiProva fabbrica;
+    dialoghi.ScegliaUscita(SceltaUscita{Destinazione::Testo, {}});
     archives::StampaElencoArchivio(ambiente, fabbrica, descrizione, filtro);
     return fabbrica;
   };
-  const FabbricaRighe filtrata = stampa({"x", {"", "", "22"}});
-  ASSERT_TRUE(filtrata.finita);
-  ASSERT_EQ(filtrata.pagine.size(), 1U);
+  const FabbricaDiProva filtrata = stampa({"x", {"", "", "22"}});
+  ASSERT_EQ(filtrata.fini, 1);
+  ASSERT_EQ(filtrata.Righe().size(), 1U);
   std::string testo;
   std::size_t righe = 0;
-  for (const std::string& riga : filtrata.pagine[0]) {
+  const auto pagina = filtrata.Righe()[0];
+  for (const std::string& riga : pagina) {
     testo += riga + "\n";
     if (riga.starts_with("x")) {
       ++righe;
@@ -189,20 +152,19 @@ TEST_F(ElencoArchivioTest, Stampa) {
   EXPECT_THAT(testo, HasSubstr("data stampa  24/11/2026"));
   EXPECT_THAT(testo, HasSubstr("numero record: " + std::to_string(righe)));
 
-  const FabbricaRighe vuota = stampa({"niente", {}});
+  const FabbricaDiProva vuota = stampa({"niente", {}});
   ASSERT_EQ(vuota.pagine.size(), 1U);
-  EXPECT_THAT(vuota.pagine[0].back(), HasSubstr("numero record: 0"));
+  EXPECT_THAT(vuota.Righe()[0].back(), HasSubstr("numero record: 0"));
 
   Transazione transazione(ambiente.Basi());
-  for (int i = 0; i < 200; ++i) {
+  for (int i = 0; i < 200; ++i)
     Tessarc().Inserisci("CodiciIva", {{"Cod", "z" + std::to_string(i)}});
-  }
   transazione.Conferma();
   EXPECT_EQ(stampa({}).pagine.size(), 3U);
   for (const std::int64_t passo : {50, 300}) {
     dialoghi.annullaDopo = passo;
-    const FabbricaRighe annullata = stampa({});
-    EXPECT_FALSE(annullata.finita && passo == 50);
+    const FabbricaDiProva annullata = stampa({});
+    EXPECT_FALSE(annullata.fini && passo == 50);
     if (passo == 50) {
       EXPECT_TRUE(annullata.pagine.empty());
     }

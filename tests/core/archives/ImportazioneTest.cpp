@@ -10,8 +10,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using Testi = std::vector<std::string>;
 
 // --- Reading -------------------------------------------------------------------------------------
@@ -119,18 +117,14 @@ TEST(LettoreValori, DateEFlag) {
                                                       {"2024-03-15", "2024-03-15"},
                                                       {"15.03.2024 00:00:00", "2024-03-15"},
                                                       {" ", ""}};
-  for (const auto& [testo, attesa] : date) {
+  for (const auto& [testo, attesa] : date)
     EXPECT_EQ(archives::LeggiDataDiFile(testo).Valore().Iso(), attesa) << testo;
-  }
-  for (const char* testo : {"31/02/2024", "15", "15/03", "45366", "03/15/2024", "domani"}) {
+  for (const char* testo : {"31/02/2024", "15", "15/03", "45366", "03/15/2024", "domani"})
     EXPECT_FALSE(archives::LeggiDataDiFile(testo)) << testo;
-  }
-  for (const char* testo : {"Sì", "SI", "s", "Vero", "true", "1", "-1", "x"}) {
+  for (const char* testo : {"Sì", "SI", "s", "Vero", "true", "1", "-1", "x"})
     EXPECT_TRUE(archives::LeggiFlagDiFile(testo).Valore()) << testo;
-  }
-  for (const char* testo : {"", "No", "n", "FALSO", "0"}) {
+  for (const char* testo : {"", "No", "n", "FALSO", "0"})
     EXPECT_FALSE(archives::LeggiFlagDiFile(testo).Valore()) << testo;
-  }
   EXPECT_FALSE(archives::LeggiFlagDiFile("forse"));
 }
 
@@ -154,18 +148,16 @@ class ImportazioneTest : public DittaDiProva {
   /// Errors as "line column: reason".
   static Testi Errori(const archives::EsitoImporta& esito) {
     Testi testi;
-    for (const auto& e : esito.errori) {
+    for (const auto& e : esito.errori)
       testi.push_back(std::to_string(e.linea) + " " + e.colonna + ": " + e.motivo);
-    }
     return testi;
   }
   Testi Righe(const std::string& sql) {
     Testi testi;
     for (Rs rs = Tessarc().Recordset(sql); !rs.Eof(); rs.MoveNext()) {
       std::string riga;
-      for (std::size_t i = 0; i < rs.Colonne().size(); ++i) {
+      for (std::size_t i = 0; i < rs.Colonne().size(); ++i)
         riga += (i > 0 ? "|" : "") + rs.Fields(i).Testo();
-      }
       testi.push_back(riga);
     }
     return testi;
@@ -266,8 +258,7 @@ TEST_F(ImportazioneTest, ClientiNuoviEAggiornati) {
 
 TEST_F(ImportazioneTest, FornitoriCodiciIvaERiferimenti) {
   struct Caso {
-    const char* genere;
-    const char* testo;
+    const char *genere, *testo;
     const char* errore;  ///< of line 2, null for none
   };
   const Caso casi[] = {

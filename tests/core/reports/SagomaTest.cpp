@@ -121,8 +121,7 @@ TEST(PictureDiSagoma, Tabella) {
   };
   struct Caso {
     std::size_t n;
-    const char* euro;
-    const char* lire;
+    const char *euro, *lire;
   };
   const Caso casi[] = {
       {1, "#", ","},

@@ -283,11 +283,10 @@ RC_GTEST_PROP(StampaTestoProprieta, OgniRigaAlSuoPosto, ()) {
       const auto& riga = std::get<RigaFissa>(pagina.elementi[i]);
       RC_ASSERT(riga.testo.size() <= ColonnePagina(pagina.formato, riga.passo));
       RC_ASSERT(riga.y + 2 * 2'540 / riga.passo <= pagina.formato.altezza - pagina.formato.margine);
-      if (i < static_cast<std::size_t>(testata)) {
+      if (i < static_cast<std::size_t>(testata))
         RC_ASSERT(righe[i] == "titolo");
-      } else {
+      else
         trovate.push_back(righe[i]);
-      }
     }
   }
   RC_ASSERT(trovate == attese);

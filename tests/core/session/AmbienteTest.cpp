@@ -160,9 +160,8 @@ TEST_F(AmbienteTest, Ricerche) {
   EXPECT_EQ(ambiente_.Max("NumDoc", "ARTICOLI", {{"Anno", 2026}}, archivio), Valore(0));
   EXPECT_TRUE(ambiente_.Min("Dt", "Articoli", {{"Anno", 2026}}, archivio).Data().Nulla());
   const auto giorno = [](int g) { return Data::DaGma(g, 3, 2026).value(); };
-  for (int n = 1; n <= 3; ++n) {
+  for (int n = 1; n <= 3; ++n)
     archivio.Inserisci("Articoli", {{"Anno", 2026}, {"NumDoc", n}, {"Dt", giorno(n)}});
-  }
   EXPECT_EQ(ambiente_.Max("numdoc", "articoli", {{"anno", 2026}}, archivio), Valore(3));
   EXPECT_EQ(ambiente_.Min("NumDoc", "Articoli", {{"Anno", 2026}, {"Dt", giorno(2)}}, archivio),
             Valore(2));
@@ -217,9 +216,8 @@ TEST_F(AmbienteTest, Impostazioni) {
     ASSERT_EQ(ambiente_.Config("DecQ"), valore);
   }
   ASSERT_TRUE(FileIni::Scrivi(ambiente_.FileImpostazioni(), "config", "DecQ", "0"));
-  for (int n = 0; n < 200 && ambiente_.Config("DecQ") != "0"; ++n) {
+  for (int n = 0; n < 200 && ambiente_.Config("DecQ") != "0"; ++n)
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
   EXPECT_EQ(ambiente_.Config("DecQ"), "0");
   const fs::path stazione = "Ini/Ini.ini";
   EXPECT_EQ(ambiente_.LeggiImpostazione(stazione, "impostazioni", "VerifFatForn"), "");

@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <fstream>
 #include <regex>
 #include <set>
 
@@ -100,9 +98,8 @@ TEST(Chiavi, NomiDiversi) {
     EXPECT_TRUE(nomi.insert(nome + "c").second) << una.nome;
     EXPECT_TRUE(nomi.insert(nome + "f").second) << una.nome;
   }
-  for (const auto finestra : FinestreTabulati()) {
+  for (const auto finestra : FinestreTabulati())
     EXPECT_TRUE(nomi.insert(SenzaMaiuscole(finestra)).second) << finestra;
-  }
 }
 
 TEST(Chiavi, Dichiarate) {

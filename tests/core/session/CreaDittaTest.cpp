@@ -18,9 +18,8 @@ namespace fs = std::filesystem;
 /// Everything below a folder, by relative path.
 std::set<std::string> Contenuto(const fs::path& cartella) {
   std::set<std::string> nomi;
-  for (const auto& voce : fs::recursive_directory_iterator(cartella)) {
+  for (const auto& voce : fs::recursive_directory_iterator(cartella))
     nomi.insert(voce.path().lexically_relative(cartella).string());
-  }
   return nomi;
 }
 

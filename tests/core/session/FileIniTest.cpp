@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,10 +20,7 @@ namespace fs = std::filesystem;
 
 TEST(FileIni, Lettura) {
   struct Caso {
-    const char* testo;
-    const char* sezione;
-    const char* chiave;
-    const char* valore;
+    const char *testo, *sezione, *chiave, *valore;
   };
   const Caso casi[] = {
       {"[config]\nragsoc1 =Rossi\nragsoc1=Bianchi\n", "config", "ragsoc1 ", "Rossi"},
@@ -49,11 +45,7 @@ TEST(FileIni, Lettura) {
 
 TEST(FileIni, ScritturaTieneTuttoIlResto) {
   struct Caso {
-    const char* prima;
-    const char* sezione;
-    const char* chiave;
-    const char* valore;
-    const char* dopo;
+    const char *prima, *sezione, *chiave, *valore, *dopo;
   };
   const Caso casi[] = {
       {"; nota\r\n[Config]\r\n  DecP=2 \r\n\r\n# fine\r\n", "config", "DECP", "3",
@@ -77,9 +69,8 @@ TEST(FileIni, ScritturaTieneTuttoIlResto) {
     EXPECT_EQ(file.Testo(), caso.dopo) << caso.prima;
   }
   FileIni file;
-  for (const char* chiave : {"", "a=b", "[a", ";a", "a\nb"}) {
+  for (const char* chiave : {"", "a=b", "[a", ";a", "a\nb"})
     EXPECT_THROW(file.Imposta("config", chiave, "1"), std::invalid_argument) << chiave;
-  }
   EXPECT_THROW(file.Imposta("a]b", "a", "1"), std::invalid_argument);
 }
 
@@ -176,9 +167,8 @@ TEST(FileIni, UccisoMentreScriveEVecchioONuovo) {
   for (int prova = 0; prova < 30; ++prova) {
     ScriviFile(percorso, testo(0));
     const pid_t figlio = InAltroProcesso([&]() -> bool {
-      for (int n = 1;; ++n) {
+      for (int n = 1;; ++n)
         if (!FileIni::Scrivi(percorso, "config", "n", std::to_string(n % 10))) return false;
-      }
     });
     std::this_thread::sleep_for(std::chrono::microseconds(caso() % 15'000));
     ::kill(figlio, SIGKILL);
@@ -250,9 +240,7 @@ TEST(Ditte, PercorsiDegliArchivi) {
   fs::create_directories(r / "prog");
   ScriviFile(r / "dati/Demo/Cont32.Mdb", "");
   struct Caso {
-    const char* programma;
-    const char* tessarc;
-    const char* atteso;
+    const char *programma, *tessarc, *atteso;
   };
   const Caso casi[] = {
       {"dati/Tessarc32/prog", "cont32.mdb", "dati/Demo/Cont32.Mdb"},

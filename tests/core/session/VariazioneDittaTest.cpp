@@ -30,9 +30,8 @@ class VariazioneDittaTest : public ::testing::Test {
 };
 
 TEST_F(VariazioneDittaTest, OgniCampoEUnaChiaveDichiarata) {
-  for (const auto& campo : VariazioneDitta::Campi()) {
+  for (const auto& campo : VariazioneDitta::Campi())
     EXPECT_TRUE(ChiaveDitta(campo.chiave)) << campo.chiave;
-  }
 }
 
 TEST_F(VariazioneDittaTest, ValoriRifiutatiTornanoQuelliDiPrima) {
@@ -40,8 +39,7 @@ TEST_F(VariazioneDittaTest, ValoriRifiutatiTornanoQuelliDiPrima) {
   struct Caso {
     const char* campo;
     std::string valore;
-    const char* rifiuto;
-    const char* dopo;
+    const char *rifiuto, *dopo;
   };
   const Caso casi[] = {
       {"DecP", "1", "decimali prezzi: inserire valore da 2 a 4", "2"},

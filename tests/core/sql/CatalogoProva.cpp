@@ -14,9 +14,8 @@ std::vector<std::string> Dividi(std::string_view testo, char separatore) {
   std::vector<std::string> parti;
   while (!testo.empty()) {
     const std::size_t i = testo.find(separatore);
-    if (const std::string_view parte = Rifila(testo.substr(0, i)); !parte.empty()) {
+    if (const std::string_view parte = Rifila(testo.substr(0, i)); !parte.empty())
       parti.emplace_back(parte);
-    }
     if (i == std::string_view::npos) break;
     testo.remove_prefix(i + 1);
   }
@@ -44,15 +43,14 @@ CatalogoProva::CatalogoProva(std::string_view testo) {
     const std::size_t blank = testa.find(' ');
     const std::string parola = testa.substr(0, blank);
     const std::string nome = blank == std::string::npos ? "" : testa.substr(blank + 1);
-    if (parola == "Vista") {
+    if (parola == "Vista")
       viste_.push_back({nome, std::string(coda)});
-    } else if (parola == "Chiave") {
+    else if (parola == "Chiave")
       Cerca(nome).chiave = Dividi(coda, ',');
-    } else if (parola == "Specchio") {
+    else if (parola == "Specchio")
       LeggiSpecchio(nome, coda);
-    } else {
+    else
       LeggiTabella(testa, coda);
-    }
   }
 }
 
@@ -89,23 +87,20 @@ void CatalogoProva::LeggiSpecchio(std::string_view tabelle, std::string_view res
 }
 
 sql::TabellaCatalogo& CatalogoProva::Cerca(std::string_view nome) {
-  for (sql::TabellaCatalogo& tabella : tabelle_) {
+  for (sql::TabellaCatalogo& tabella : tabelle_)
     if (UgualeTesto(tabella.nome, nome)) return tabella;
-  }
   throw std::runtime_error("tabella sconosciuta: " + std::string(nome));
 }
 
 const sql::TabellaCatalogo* CatalogoProva::Tabella(std::string_view nome) const {
-  for (const sql::TabellaCatalogo& tabella : tabelle_) {
+  for (const sql::TabellaCatalogo& tabella : tabelle_)
     if (UgualeTesto(tabella.nome, nome)) return &tabella;
-  }
   return nullptr;
 }
 
 const sql::VistaCatalogo* CatalogoProva::Vista(std::string_view nome) const {
-  for (const sql::VistaCatalogo& vista : viste_) {
+  for (const sql::VistaCatalogo& vista : viste_)
     if (UgualeTesto(vista.nome, nome)) return &vista;
-  }
   return nullptr;
 }
 
@@ -155,9 +150,8 @@ BancoProva::~BancoProva() {
 }
 
 void BancoProva::Motore(const std::string& sql) const {
-  if (sqlite3_exec(connessione_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+  if (sqlite3_exec(connessione_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
     throw std::runtime_error(sqlite3_errmsg(connessione_));
-  }
 }
 
 namespace {
@@ -188,9 +182,8 @@ Valore ValoreDi(sqlite3_stmt* istruzione, int i, Tipo tipo) {
   const int genere = sqlite3_column_type(istruzione, i);
   if (genere == SQLITE_NULL) return {};
   const int atteso = tipo == Tipo::Testo ? SQLITE_TEXT : SQLITE_INTEGER;
-  if (tipo == Tipo::Reale ? genere == SQLITE_TEXT : genere != atteso) {
+  if (tipo == Tipo::Reale ? genere == SQLITE_TEXT : genere != atteso)
     throw std::runtime_error("colonna " + std::to_string(i) + ": il motore dà un altro tipo");
-  }
   const std::int64_t n = sqlite3_column_int64(istruzione, i);
   switch (tipo) {
     case Tipo::Booleano:
@@ -252,9 +245,8 @@ Risposta BancoProva::Esegui(std::string_view testo) const {
     int i = 0;
     for (const sql::ColonnaUscita& c : colonne) riga.push_back(ValoreDi(istruzione, i++, c.tipo));
     risposta.righe.push_back(std::move(riga));
-    if (!risposta.istruzione.tabellaBase.empty()) {
+    if (!risposta.istruzione.tabellaBase.empty())
       risposta.identita.push_back(sqlite3_column_int64(istruzione, i));
-    }
   }
   if (esito != SQLITE_DONE) risposta.errore = sqlite3_errmsg(connessione_);
   sqlite3_finalize(istruzione);

@@ -75,9 +75,8 @@ TEST(Corpus, OgniTestoSiEsegue) {
 TEST(Corpus, OgniVistaSiApre) {
   const BancoProva banco(Contenuto(Cartella() / "catalogo.txt"));
   ASSERT_FALSE(banco.Catalogo().Viste().empty());
-  for (const sql::VistaCatalogo& vista : banco.Catalogo().Viste()) {
+  for (const sql::VistaCatalogo& vista : banco.Catalogo().Viste())
     EXPECT_EQ(banco.Esegui("[" + vista.nome + "]").errore, "") << vista.testo;
-  }
 }
 
 }  // namespace

@@ -7,8 +7,7 @@ namespace fenalto::prova {
 namespace {
 
 struct Caso {
-  const char* testo;
-  const char* righe;
+  const char *testo, *righe;
 };
 
 void PrintTo(const Caso& caso, std::ostream* uscita) {
@@ -143,9 +142,7 @@ constexpr Caso kEspressioni[] = {
 INSTANTIATE_TEST_SUITE_P(Espressioni, Dialetto, testing::ValuesIn(kEspressioni));
 
 struct Azione {
-  const char* testo;
-  const char* dopo;
-  const char* righe;
+  const char *testo, *dopo, *righe;
 };
 
 TEST(Azioni, ScrivonoLeRighe) {
@@ -204,9 +201,8 @@ TEST(Azioni, FuoriCampoErrore) {
       "SELECT #12/31/9999#+1",
       "INSERT INTO Listini (Cod,Prezzo) VALUES ('x',999999999999999)",
   };
-  for (const char* testo : testi) {
+  for (const char* testo : testi)
     EXPECT_TRUE(banco.Righe(testo).starts_with("ERRORE: ")) << testo << ": " << banco.Righe(testo);
-  }
 }
 
 }  // namespace

@@ -99,9 +99,8 @@ TEST(Uscita, ColonneOrigineERiga) {
     const auto tradotta = sql::Traduci(caso.testo, catalogo, engine::sqlite::DialettoSqlite());
     ASSERT_TRUE(tradotta.Riuscito()) << caso.testo << tradotta.Errore().motivo;
     std::string colonne;
-    for (const sql::ColonnaUscita& c : tradotta.Valore().colonne) {
+    for (const sql::ColonnaUscita& c : tradotta.Valore().colonne)
       colonne += c.nome + ":" + c.tabella + (c.tabella.empty() ? "" : ".") + c.colonna + " ";
-    }
     EXPECT_EQ(colonne, caso.colonne) << caso.testo;
     EXPECT_EQ(tradotta.Valore().tabellaBase, caso.base) << caso.testo;
   }

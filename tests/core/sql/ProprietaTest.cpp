@@ -50,9 +50,8 @@ RC_GTEST_PROP(Criterio, TrovaProprioQuellaRiga, ()) {
   }
   for (const std::string& testo : testi) {
     std::string attese;
-    for (std::size_t i = 0; i < testi.size(); ++i) {
+    for (std::size_t i = 0; i < testi.size(); ++i)
       if (UgualeTesto(testi[i], testo)) attese += std::to_string(i) + "\n";
-    }
     const std::string where = sql::Criterio("V", "=", Valore(testo));
     RC_ASSERT(banco.Righe("SELECT K FROM T WHERE 1=1 And " + where + " ORDER BY K") == attese);
   }
@@ -90,9 +89,8 @@ RC_GTEST_PROP(Come, LIntervalloNonToglieRighe, ()) {
   const std::string modello = (testi.empty() ? "a" : (*rc::gen::elementOf(testi)).substr(0, 4)) +
                               *element<std::string>("*", "?", "");
   std::string attese;
-  for (std::size_t i = 0; i < testi.size(); ++i) {
+  for (std::size_t i = 0; i < testi.size(); ++i)
     if (Somiglia(testi[i], modello)) attese += std::to_string(i) + "\n";
-  }
   RC_ASSERT(banco.Righe("SELECT K FROM T WHERE V LIKE " + sql::LetteraleSql(Valore(modello)) +
                         " ORDER BY K") == attese);
 }
@@ -104,9 +102,7 @@ constexpr const char* kRicerca =
     "B sino null";
 
 std::string Letterale(const std::string& tipo) {
-  if (tipo == "T") {
-    return *element<std::string>("'a'", "'B'", "'bb'", "''", "'10'", "'à'", "\"A\"");
-  }
+  if (tipo == "T") return *element<std::string>("'a'", "'B'", "'bb'", "''", "'10'", "'à'", "\"A\"");
   if (tipo == "D") return *element<std::string>("#01/01/2024#", "#1/2/2024#", "#12/31/2023#");
   if (tipo == "B") return *element<std::string>("True", "False", "0", "-1");
   return *element<std::string>("0", "1", "-2", "1.5", "2.25", "'1'", "0.00005", "10");
@@ -217,9 +213,8 @@ RC_GTEST_PROP(Predicato, DaLeRigheDelMotore, ()) {
   RC_ASSERT(predicato.Riuscito());
   std::set<std::int64_t> attese;
   for (const auto& riga : motore.righe) attese.insert(riga[0].Intero());
-  for (const auto& riga : tutte.righe) {
+  for (const auto& riga : tutte.righe)
     RC_ASSERT(predicato.Valore().Vale(riga) == attese.contains(riga[0].Intero()));
-  }
 }
 
 TEST(Predicato, UguaglianzePerLaRicercaVeloce) {
@@ -234,9 +229,8 @@ TEST(Predicato, UguaglianzePerLaRicercaVeloce) {
   EXPECT_EQ(coppie->at(0), (std::pair<std::size_t, Valore>{0, "C001"}));
   EXPECT_EQ(coppie->at(1), (std::pair<std::size_t, Valore>{1, "P"}));
   EXPECT_EQ(coppie->at(2), (std::pair<std::size_t, Valore>{2, Importo::DaUnita(5)}));
-  for (const char* altro : {"Conto='a' Or CFP='b'", "Conto>'a'", "Conto=CFP", "Conto Is Null"}) {
+  for (const char* altro : {"Conto='a' Or CFP='b'", "Conto>'a'", "Conto=CFP", "Conto Is Null"})
     EXPECT_FALSE(leggi(altro).Valore().Uguaglianze().has_value()) << altro;
-  }
   EXPECT_TRUE(leggi("Movimenti.Conto='C001'").Riuscito());
   for (const char* sbagliato : {"", "Conto", "Manca=1", "Conto='a'; x", "Anno='x'",
                                 "ID In (SELECT 1)", "EXISTS (SELECT 1)", "Sum(ID)=1", "Conto='"}) {

@@ -73,9 +73,8 @@ TEST_F(ArchivioTest, ScratchRowsGoThereAndBack) {
 }
 
 TEST_F(ArchivioTest, CopyConditionsAreValuesWithoutCase) {
-  for (const char* testo : {"l'Oro", "L'ORO", "l*", "altro"}) {
+  for (const char* testo : {"l'Oro", "L'ORO", "l*", "altro"})
     A().Inserisci("Movimenti", {{"Causale", testo}});
-  }
   auto scratch = Scratch();
   EXPECT_EQ(A().CopiaRighe(temp, "Movimenti", {{"Causale", "l'oro"}}), 2);
   EXPECT_EQ(A().CopiaRighe(temp, "Movimenti", {{"Causale", "l*"}}), 1);

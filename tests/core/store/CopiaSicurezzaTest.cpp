@@ -63,9 +63,8 @@ class CopiaSicurezzaTest : public prova::DittaDiProva {
   [[nodiscard]] std::vector<std::string> NomiIn(const fs::path& quale) const {
     std::vector<std::string> nomi;
     std::error_code errore;
-    for (const auto& voce : fs::directory_iterator(quale, errore)) {
+    for (const auto& voce : fs::directory_iterator(quale, errore))
       nomi.push_back(voce.path().filename().string());
-    }
     std::sort(nomi.begin(), nomi.end());
     return nomi;
   }
@@ -134,9 +133,8 @@ TEST_F(CopiaSicurezzaTest, OneADayAndTenKept) {
   fs::create_directories(copie / ".2024-03-09-2.tmp");
   fs::last_write_time(copie / ".2024-02-28-1.tmp",
                       fs::file_time_type::clock::now() - std::chrono::hours(30));
-  for (int giorno = 2; giorno <= 13; ++giorno) {
+  for (int giorno = 2; giorno <= 13; ++giorno)
     ASSERT_TRUE(EseguiCopia(percorsi, copie, Giorno(giorno)));
-  }
   std::vector<std::string> attese = {".2024-03-09-2.tmp"};
   for (int giorno = 4; giorno <= 13; ++giorno) attese.push_back(Giorno(giorno).Iso());
   attese.emplace_back("prima-del-passo-2");

@@ -19,9 +19,8 @@ int Scrivi(sqlite3_file* file, const void* dati, int quanti, sqlite3_int64 dove)
     if (quanti > spazio) return SQLITE_FULL;
     spazio -= quanti;
   }
-  for (const Metodi& m : metodi) {
+  for (const Metodi& m : metodi)
     if (file->pMethods == &m.finti) return m.veri->xWrite(file, dati, quanti, dove);
-  }
   return SQLITE_IOERR_WRITE;
 }
 

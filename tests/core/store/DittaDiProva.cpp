@@ -1,7 +1,6 @@
 #include "core/store/DittaDiProva.h"
 
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <fstream>
 

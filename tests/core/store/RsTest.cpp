@@ -239,9 +239,8 @@ TEST_F(RsTest, RefusedAdditionToALongResultLosesNothing) {
   rs.Imposta("Cod", "1500");
   EXPECT_EQ(CausaDi([&] { rs.Update(); }), Causa::Vincolo);
   rs.CancelUpdate();
-  for (int i = 1; i < 600; ++i, rs.MoveNext()) {
+  for (int i = 1; i < 600; ++i, rs.MoveNext())
     ASSERT_EQ(rs.Fields("Cod").Testo(), std::to_string(1000 + i));
-  }
   EXPECT_TRUE(rs.Eof());
 }
 

@@ -156,9 +156,8 @@ TEST_F(TransazioneTest, NothingIsWrittenAfterTheEngineGaveUp) {
   DiscoFinto::Spazio(0);
   // More than the cache holds, so that it must be written before the commit.
   EXPECT_EQ(CausaDi([&] {
-              for (int i = 0; i < 400; ++i) {
+              for (int i = 0; i < 400; ++i)
                 basi->Tessarc().Inserisci("SenzaChiave", {{"Testo", std::string(200'000, 'x')}});
-              }
             }),
             Causa::DiscoPieno);
   DiscoFinto::Spazio(-1);

@@ -9,7 +9,6 @@
 namespace fenalto {
 namespace {
 
-using prova::Decimillesimi;
 using prova::Esatto;
 using prova::Grandezza;
 using prova::InImporto;

@@ -64,8 +64,7 @@ TEST(Aritmetica, ModoDaNumero) {
 
 TEST(Aritmetica, Iva) {
   struct Caso {
-    const char* imponibile;
-    const char* aliquota;
+    const char *imponibile, *aliquota;
     bool euro;
     const char* atteso;
   };
@@ -97,8 +96,7 @@ TEST(Aritmetica, Scorporo) {
 
 TEST(Aritmetica, ScontoCassa) {
   struct Caso {
-    const char* importo;
-    const char* sconto;
+    const char *importo, *sconto;
     bool euro;
     const char* atteso;
   };

@@ -103,8 +103,7 @@ TEST(Data, Mesi) {
 TEST(Data, LeggeCiòCheSiDigita) {
   const Data oggi = G(24, 11, 2026);
   struct Caso {
-    const char* digitata;
-    const char* letta;
+    const char *digitata, *letta;
   };
   const Caso casi[] = {
       {"15", "2025-11-15"},
@@ -136,8 +135,7 @@ TEST(Data, LeggeCiòCheSiDigita) {
 TEST(Data, RifiutaDicendoPerché) {
   const Data oggi = G(24, 2, 2026);
   struct Caso {
-    const char* digitata;
-    const char* messaggio;
+    const char *digitata, *messaggio;
   };
   const Caso casi[] = {
       {"31/02/2024", "31/02: febbraio 2024 ha 29 giorni"},

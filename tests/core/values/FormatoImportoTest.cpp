@@ -17,8 +17,7 @@ Importo I(const char* testo) {
 
 TEST(FormatoImporto, LeggeCiòCheSiDigita) {
   struct Caso {
-    const char* digitato;
-    const char* letto;
+    const char *digitato, *letto;
   };
   const Caso casi[] = {
       {"", "0"},
@@ -63,8 +62,7 @@ TEST(FormatoImporto, LeggeCiòCheSiDigita) {
 
 TEST(FormatoImporto, RifiutaDicendoPerché) {
   struct Caso {
-    const char* digitato;
-    const char* perche;
+    const char *digitato, *perche;
   };
   const Caso casi[] = {
       {"-", "mancano le cifre"},

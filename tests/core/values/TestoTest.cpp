@@ -50,11 +50,10 @@ TEST(Testo, OgniLetteraTornaIndietro) {
   const auto byte = [](char32_t c) { return static_cast<char>(c); };
   for (char32_t c = 0x80; c < 0x2000; ++c) {
     std::string testo;
-    if (c < 0x800) {
+    if (c < 0x800)
       testo = {byte(0xC0 | (c >> 6)), byte(0x80 | (c & 0x3F))};
-    } else {
+    else
       testo = {byte(0xE0 | (c >> 12)), byte(0x80 | ((c >> 6) & 0x3F)), byte(0x80 | (c & 0x3F))};
-    }
     const std::string piegato = SenzaMaiuscole(testo);
     EXPECT_EQ(SenzaMaiuscole(piegato), piegato) << testo;
     EXPECT_TRUE(UgualeTesto(Minuscolo(testo), testo)) << testo;
@@ -118,7 +117,9 @@ RC_GTEST_PROP(TestoProprieta, ConfrontaComeIPiegati, ()) {
   const int atteso = Segno(SenzaMaiuscole(a).compare(SenzaMaiuscole(b)));
   RC_ASSERT(Segno(ConfrontaTesto(a, b)) == atteso);
   RC_ASSERT(UgualeTesto(a, b) == (atteso == 0));
-  if (atteso == 0) RC_ASSERT(HashTesto(a) == HashTesto(b));
+  if (atteso == 0) {
+    RC_ASSERT(HashTesto(a) == HashTesto(b));
+  }
 }
 
 RC_GTEST_PROP(TestoProprieta, MidTagliaSenzaPerdere, ()) {
@@ -131,8 +132,7 @@ RC_GTEST_PROP(TestoProprieta, MidTagliaSenzaPerdere, ()) {
 
 TEST(Testo, Somiglia) {
   struct Caso {
-    const char* testo;
-    const char* modello;
+    const char *testo, *modello;
     bool atteso;
   };
   const Caso casi[] = {

@@ -32,8 +32,7 @@ TEST(Valore, Neutro) {
 
 TEST(Valore, NumeriDaTesto) {
   struct Caso {
-    const char* testo;
-    const char* importo;
+    const char *testo, *importo;
     std::int64_t intero;
   };
   const Caso casi[] = {{"", "0", 0},

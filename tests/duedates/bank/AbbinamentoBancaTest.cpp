@@ -8,9 +8,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 class AbbinamentoBancaTest : public ScadenzeDiProva {
@@ -46,10 +43,8 @@ TEST_F(AbbinamentoBancaTest, Lettura) {
   ASSERT_TRUE(estratto.ApriTesto("Descrizione;Saldo\nx;1\n"));
   EXPECT_THAT(estratto.Leggi().Errore().messaggio, HasSubstr("manca la colonna della data"));
   struct Caso {
-    const char* cosa;
-    const char* testo;
-    std::vector<std::string> linee;
-    std::vector<std::string> scartate;
+    const char *cosa, *testo;
+    std::vector<std::string> linee, scartate;
   };
   const Caso casi[] = {
       {"importo con segno",

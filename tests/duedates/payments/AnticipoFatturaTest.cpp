@@ -7,10 +7,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 constexpr const char* kRiuscita =
     "- anticipo inserito in scadenzario\n"
     "(quando verrà registrata una fattura l'anticipo potrà essere dedotto)";
@@ -22,11 +18,7 @@ class AnticipoFatturaTest : public ScadenzaDigitataDiProva {
 
 TEST_F(AnticipoFatturaTest, ScadenzaERegistrazione) {
   struct Caso {
-    const char* cfp;
-    const char* scadenza;
-    const char* testa;
-    const char* riga1;
-    const char* riga2;
+    const char *cfp, *scadenza, *testa, *riga1, *riga2;
   };
   const Caso casi[] = {
       {"C", "C:0001 15/03/2024 01 01 -100.5 2024/1 anticipo «Anticipo su fatt.da emettere»",
@@ -72,9 +64,8 @@ TEST_F(AnticipoFatturaTest, SenzaRegistrazione) {
 
 // Each refusal comes before those that follow; what was typed stays.
 TEST_F(AnticipoFatturaTest, RifiutiNelLoroOrdine) {
-  for (const char* chiave : {"CausalePagScad3C", "ContropartitaPagScad3C"}) {
+  for (const char* chiave : {"CausalePagScad3C", "ContropartitaPagScad3C"})
     ambiente.ScriviImpostazione({}, "config", chiave, "");
-  }
   duedates::AnticipoFattura anticipo(ambiente);
   for (const char* campo : {"Dt", "Descrizione"}) Digita(anticipo, campo, Valore());
   Digita(anticipo, "Tipo", "99");

@@ -7,10 +7,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 class InsolutoRibaTest : public ScadenzaDigitataDiProva {
  protected:
   InsolutoRibaTest() { Imposta("4"); }
@@ -30,9 +26,8 @@ class InsolutoRibaTest : public ScadenzaDigitataDiProva {
   static std::vector<std::string> Elenco(duedates::InsolutoRiba& insoluto,
                                          std::size_t massimo = 10) {
     std::vector<std::string> elenco;
-    for (const duedates::RicevutaPresentata& r : insoluto.Presentate(massimo)) {
+    for (const duedates::RicevutaPresentata& r : insoluto.Presentate(massimo))
       elenco.push_back(std::to_string(r.numero) + "/" + std::to_string(r.insoluto));
-    }
     return elenco;
   }
   std::string Tutta(std::int64_t numero) {
@@ -92,9 +87,7 @@ TEST_F(InsolutoRibaTest, ScrittoAManoLatiEImpostazione) {
   EXPECT_FALSE(insoluto.Nuovo());
   EXPECT_EQ(SoloMessaggio(), "impostare un codice cliente o fornitore");
   struct Caso {
-    const char* cfp;
-    const char* importo;
-    const char* riga;
+    const char *cfp, *importo, *riga;
   };
   const Caso casi[] = {{"F", "50", "1 002 F:0002 0/50 P:100.010 «Insoluto fatt. 9»"},
                        {"F", "-50", "1 002 F:0002 50/0 P:100.010 «Insoluto fatt. 9»"},

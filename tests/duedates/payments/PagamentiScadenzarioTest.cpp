@@ -2,14 +2,10 @@
 // the order of a confirmation's checks, what stays after a refusal.
 #include "duedates/payments/PagamentiScadenzario.h"
 #include "duedates/payments/ScadenzeDiProva.h"
-#include "ledger/GuastiDiProva.h"
 
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using Modo = duedates::PagamentiScadenzario::Modo;
 using Stato = duedates::PagamentiScadenzario::Stato;
 
@@ -24,9 +20,8 @@ class PagamentiScadenzarioTest : public ScadenzeDiProva {
     Config("RegistrazioneContabilePagScad2", "1");
   }
   void Config(const std::string& chiave, const char* valore) {
-    for (const char* classe : {"C", "F"}) {
+    for (const char* classe : {"C", "F"})
       ambiente.ScriviImpostazione({}, "config", chiave + classe, valore);
-    }
   }
   /// A payment of customers that is ready for its due dates.
   static void Inizia(duedates::PagamentiScadenzario& p, const char* conto = "") {
@@ -211,8 +206,7 @@ TEST_F(PagamentiScadenzarioTest, RegoleDellaRiga) {
   Inizia(p);
   ASSERT_TRUE(p.Scegli(n, false));
   struct Caso {
-    const char* pagato;
-    const char* arrotondamento;
+    const char *pagato, *arrotondamento;
     bool saldata;
     const char* messaggio;
   };
@@ -258,8 +252,7 @@ TEST_F(PagamentiScadenzarioTest, Conferma) {
   p.Riga().Scrivi("Arrotondamento", I("0.02"));
   struct Caso {
     bool testa;
-    const char* campo;
-    const char* messaggio;
+    const char *campo, *messaggio;
   };
   for (const Caso& caso : {Caso{true, "Descrizione", "Mancano le descrizioni contabili"},
                            {false, "ContropartitaPagScad2", "manca contropartita"},
@@ -305,50 +298,6 @@ TEST_F(PagamentiScadenzarioTest, SingolaParteSenzaRegistrazione) {
   EXPECT_EQ(SoloMessaggio(), "- Scadenzario aggiornato");
   EXPECT_EQ(Pagata(n), "30 100 15/03/2024");
   EXPECT_EQ(TestaDi(1), "manca");
-}
-
-// What another station did between choice and confirmation is told at the confirmation; the rows
-// stay, and without the due date that was paid the rest goes through.
-TEST_F(PagamentiScadenzarioTest, PagataAltroveDopoLaScelta) {
-  const auto altra = NuovaStazione("MAGAZZINO");
-  const auto una = Nuova("C", "0001", "100", 5);
-  const auto contesa = Nuova("C", "0002", "200", 6);
-  duedates::PagamentiScadenzario qui(ambiente, Modo::PiuParti);
-  duedates::PagamentiScadenzario la(*altra->ambiente, Modo::PiuParti);
-  for (auto* p : {&qui, &la}) {
-    Inizia(*p);
-    ASSERT_TRUE(p->Scegli(contesa, true));
-  }
-  ASSERT_TRUE(qui.Scegli(una, true));
-  ASSERT_TRUE(la.Conferma());
-  const std::string dopo = Tutto();
-  EXPECT_FALSE(qui.Conferma());
-  EXPECT_THAT(SoloMessaggio(), HasSubstr("è già stata pagata"));
-  EXPECT_EQ(Tutto(), dopo);
-  ASSERT_EQ(qui.Righe().size(), 2U);
-  ASSERT_TRUE(qui.ApriRiga(qui.Righe()[0].num));
-  dialoghi.Rispondera("Conferma eliminazione RIGA ?", Risposta::Si);
-  ASSERT_TRUE(qui.EliminaRiga());
-  ASSERT_TRUE(qui.Conferma());
-  EXPECT_EQ(SoloMessaggio(), "- Scadenzario aggiornato\n- Creato articolo contabile 2");
-  EXPECT_EQ(Pagata(una), "30 100 15/03/2024");
-}
-
-TEST_F(PagamentiScadenzarioTest, GuastoAllaConfermaLasciaLeRighe) {
-  const auto uno = Nuova("C", "0001", "100", 5);
-  const auto due = Nuova("C", "0002", "50", 6);
-  duedates::PagamentiScadenzario p(ambiente, Modo::PiuParti);
-  Inizia(p);
-  ASSERT_TRUE(p.Scegli(uno, true));
-  ASSERT_TRUE(p.Scegli(due, true));
-  EXPECT_GT(FallisceOgniIstruzione(
-                ambiente.Basi(), Guasto::Errore,
-                [&] { return Tutto() + std::to_string(p.Righe().size()); },
-                [&] { return p.Conferma() || p.StatoCorrente() == Stato::Inattiva; }),
-            6);
-  Messaggi();
-  EXPECT_EQ(RigheDi(1).size(), 3U);
-  EXPECT_EQ(Pagata(due), "30 50 15/03/2024");
 }
 
 }  // namespace

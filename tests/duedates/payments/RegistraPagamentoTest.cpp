@@ -7,10 +7,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 class RegistraPagamentoTest : public ScadenzeDiProva {
  protected:
   duedates::Pagamento Base(const char* cfp, std::vector<duedates::RigaPagamento> righe) {
@@ -199,6 +195,11 @@ TEST_F(RegistraPagamentoTest, PagataDaUnaltraPostazione) {
                                HasSubstr("Non è stato scritto nulla.")));
   EXPECT_EQ(Tutto(), dopo);
 
+  Scadenzario().Esegui(
+      "update Scadenze set Stato='00', ImportoPagatoE=0, ImportoPagato=0, ImportoE=450 where "
+      "Numero=2");
+  EXPECT_FALSE(duedates::RegistraPagamento(ambiente, qui).scritto);
+  EXPECT_THAT(SoloMessaggio(), HasSubstr("euro 200,00\nè stata modificata da un'altra postazione"));
   Scadenzario().Esegui("delete * from Scadenze where Numero=2");
   EXPECT_FALSE(duedates::RegistraPagamento(ambiente, qui).scritto);
   EXPECT_THAT(SoloMessaggio(), HasSubstr("Manca scadenza\nscadenza n. 2"));
@@ -222,9 +223,8 @@ TEST_F(RegistraPagamentoTest, GuastoAMetaNonLasciaNulla) {
             .scritto;
       });
   EXPECT_GT(falliti, 8);
-  for (const std::string& messaggio : Messaggi()) {
+  for (const std::string& messaggio : Messaggi())
     EXPECT_THAT(messaggio, HasSubstr("Non è stato scritto nulla"));
-  }
   EXPECT_EQ(Scadenzario().Singolo("select Articolo from MovimentiBanca").Intero(), 1);
   EXPECT_EQ(RigheDi(1).size(), 4U);
 }

@@ -23,10 +23,8 @@ class ScadenzeDiProva : public DittaDiProva {
         {"Numero", numero},     {"CFP", cfp},   {"Conto", conto},
         {"Dt", G(31, 3, 2024)}, {"Tipo", "01"}, {"Stato", duedates::kStatoScritta},
         {"Anno", 2024},         {"NFat", nFat}, {"DtFat", G(31, 1, 2024)}};
-    for (const auto& altri :
-         {duedates::CampiImporto(I(importo)), duedates::CampiPagato(I(pagato))}) {
+    for (const auto& altri : {duedates::CampiImporto(I(importo)), duedates::CampiPagato(I(pagato))})
       campi.insert(campi.end(), altri.begin(), altri.end());
-    }
     Scadenzario().Inserisci("Scadenze", campi);
     return numero;
   }

@@ -18,16 +18,10 @@ class ConfrontaSaldiTest : public ScadenzeDaStampare {
              int anno = 2024) {
     Transazione transazione(ambiente.Basi());
     const Importo importo = I(saldo);
-    Tessarc().Inserisci("Articoli",
-                        {{"Anno", anno}, {"NumDoc", ++numDoc_}, {"Dt", G(15, 2, anno)}});
-    Tessarc().Inserisci("Movimenti", {{"Anno", anno},
-                                      {"NumDoc", numDoc_},
-                                      {"Posi", 100},
-                                      {"Causale", causale},
-                                      {"CFP", cfp},
-                                      {"Conto", conto},
-                                      {"ImpoDare", importo.Negativo() ? Importo() : importo},
-                                      {"ImpoAvere", importo.Negativo() ? -importo : Importo()}});
+    Metti(Tessarc(), "Articoli", "Anno", anno, "NumDoc", ++numDoc_, "Dt", G(15, 2, anno));
+    Metti(Tessarc(), "Movimenti", "Anno", anno, "NumDoc", numDoc_, "Posi", 100, "Causale", causale,
+          "CFP", cfp, "Conto", conto, "ImpoDare", importo.Negativo() ? Importo() : importo,
+          "ImpoAvere", importo.Negativo() ? -importo : Importo());
     transazione.Conferma();
   }
   /// "0001 120/100/20": balance, due dates, difference.

@@ -23,9 +23,8 @@ class EstrattoContoTest : public ScadenzeDaStampare {
     std::vector<std::string> pagine;
     for (const auto& righe : uscite.Righe()) {
       std::string& testo = pagine.emplace_back();
-      for (const std::string& riga : righe) {
+      for (const std::string& riga : righe)
         testo += riga.substr(0, riga.find_last_not_of(' ') + 1) + "\n";
-      }
     }
     return pagine;
   }
@@ -92,9 +91,7 @@ TEST_F(EstrattoContoTest, LePresentateInBancaSottoIlLoroTitolo) {
 
 TEST_F(EstrattoContoTest, DiChiEIlCredito) {
   struct Caso {
-    const char* cfp;
-    const char* importo;
-    const char* saldo;
+    const char *cfp, *importo, *saldo;
   };
   const std::vector<Caso> casi = {{"C", "100", "A NOSTRO CREDITO"},
                                   {"C", "-100", "A VOSTRO CREDITO"},
@@ -142,8 +139,7 @@ TEST_F(EstrattoContoTest, ConIlModelloDellaDitta) {
   std::ofstream(ini / "Nostro.mod", std::ios::app) << "testo \"sede di Lecco\" x 15 y 290\n";
   scelta.stGrafico = true;
   struct Caso {
-    const char* modulo;
-    const char* personale;
+    const char *modulo, *personale;
     bool nostro;
   };
   for (const Caso& caso : {Caso{"Nostro", "1", true}, Caso{"Nostro.mod", "1", true},

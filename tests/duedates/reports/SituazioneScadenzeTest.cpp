@@ -17,16 +17,14 @@ class SituazioneScadenzeTest : public ScadenzeDaStampare {
   /// "not due/30/60/90/beyond"
   static std::string Testo(const duedates::ImportiFasce& fasce) {
     std::string testo;
-    for (std::size_t i = 0; i < duedates::kFasce; ++i) {
+    for (std::size_t i = 0; i < duedates::kFasce; ++i)
       testo += (i == 0 ? "" : "/") + fasce.Di(static_cast<duedates::Fascia>(i)).Testo();
-    }
     return testo;
   }
   static std::vector<std::string> Parti(const duedates::Situazione& situazione) {
     std::vector<std::string> testi;
-    for (const duedates::ParteAperta& p : situazione.parti) {
+    for (const duedates::ParteAperta& p : situazione.parti)
       testi.push_back(p.conto + " " + std::to_string(p.scadenze) + ": " + Testo(p.importi));
-    }
     return testi;
   }
   static std::vector<std::string> Mesi(const duedates::Situazione& situazione) {
@@ -63,9 +61,8 @@ TEST_F(SituazioneScadenzeTest, LeScadenzeDiUnaParte) {
   const auto importi = [this](const char* conto) {
     std::vector<std::string> testi;
     const auto aperte = duedates::SituazioneScadenze(ambiente).Aperte({"C", {}}, conto).value();
-    for (const duedates::ScadenzaStampata& s : aperte) {
+    for (const duedates::ScadenzaStampata& s : aperte)
       testi.push_back(s.conto + " " + s.dt.Testo() + " " + s.Residuo().Testo());
-    }
     return testi;
   };
   EXPECT_THAT(importi("0001"),
@@ -96,9 +93,8 @@ TEST(FasciaTest, DaiGiorniDiRitardo) {
                             {31, duedates::Fascia::Fino60},     {60, duedates::Fascia::Fino60},
                             {61, duedates::Fascia::Fino90},     {90, duedates::Fascia::Fino90},
                             {91, duedates::Fascia::Oltre},      {4000, duedates::Fascia::Oltre}};
-  for (const Caso& caso : kCasi) {
+  for (const Caso& caso : kCasi)
     EXPECT_EQ(duedates::FasciaDi(alla.PiuGiorni(-caso.ritardo), alla), caso.fascia) << caso.ritardo;
-  }
   EXPECT_EQ(duedates::FasciaDi({}, alla), duedates::Fascia::Oltre);
   EXPECT_EQ(duedates::GiorniRitardo(alla.PiuGiorni(-31), alla), 31);
   EXPECT_EQ(duedates::GiorniRitardo(alla, alla), std::nullopt);

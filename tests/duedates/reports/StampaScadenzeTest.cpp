@@ -193,11 +193,9 @@ TEST_F(StampaScadenzeTest, SuPiuPagineLaParteSiRinomina) {
     ASSERT_TRUE(Stampa(scelta, grafico ? Destinazione::Pdf : Destinazione::Testo));
     ASSERT_GT(uscite.pagine.size(), 2U);
     std::vector<std::string> testi = uscite.Scritte();
-    for (const auto& pagina : uscite.Righe()) {
-      for (const std::string& riga : pagina) {
+    for (const auto& pagina : uscite.Righe())
+      for (const std::string& riga : pagina)
         testi.push_back(riga.substr(0, riga.find_last_not_of(' ') + 1));
-      }
-    }
     const auto quante = [&testi](const char* testo) {
       return static_cast<std::size_t>(std::count(testi.begin(), testi.end(), testo));
     };

@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <array>
@@ -20,7 +19,6 @@ using prova::G;
 using prova::I;
 using ::testing::Contains;
 using ::testing::Each;
-using ::testing::ElementsAre;
 using ::testing::Field;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -295,8 +293,7 @@ TEST(VerificaFileRiba, DiceRigaEColonna) {
   struct Caso {
     std::size_t riga;
     int colonna;
-    const char* nuovo;
-    const char* detto;
+    const char *nuovo, *detto;
   };
   const std::array casi = {
       Caso{1, 114, "X", "riga 1, colonna 114: deve essere «E», è «X»"},
@@ -332,52 +329,6 @@ TEST(VerificaFileRiba, DiceRigaEColonna) {
   ASSERT_EQ(meno.segnalazioni.size(), 1U);
   EXPECT_EQ(meno.segnalazioni[0].Testo(), "riga 2, colonna 47: SEGNO: deve essere «-», è «+»");
   EXPECT_FALSE(VerificaRiba("", RibaSegno::DellImporto).Buona());
-}
-
-std::string TestoQualsiasi() {
-  static const std::vector<std::string> kPezzi = {
-      "a", "Z", "0", " ", "&", "è", "€", "’", "ß", "漢", "\n", "\r", "|", "\"", "\xE9", "Rossi "};
-  std::string testo;
-  const int quanti = *rc::gen::inRange(0, 70);
-  for (int i = 0; i < quanti; ++i) testo += *rc::gen::elementOf(kPezzi);
-  return testo;
-}
-
-RC_GTEST_PROP(FileRiba, QuantoScrittoSiRilegge, ()) {
-  DistintaRiba distinta;
-  distinta.data = G(24, 2, 2026);
-  distinta.segno = *rc::gen::element(RibaSegno::DellImporto, RibaSegno::SempreMeno);
-  distinta.banca = {TestoQualsiasi(), TestoQualsiasi(), "09606", TestoQualsiasi()};
-  distinta.creditore = {TestoQualsiasi(), TestoQualsiasi(), TestoQualsiasi(), TestoQualsiasi(),
-                        TestoQualsiasi()};
-  const int quante = *rc::gen::inRange(1, 13);
-  const std::int64_t minimo = distinta.segno == RibaSegno::SempreMeno ? 0 : -5'000'000;
-  Importo totale;
-  for (int i = 0; i < quante; ++i) {
-    RicevutaRiba ricevuta;
-    ricevuta.scadenza = G(1, 1, 2000).PiuGiorni(*rc::gen::inRange(0, 29'000));
-    ricevuta.importo =
-        Importo::DaDecimillesimi(100 * *rc::gen::inRange<std::int64_t>(minimo, 9'999'999'999'999));
-    ricevuta.descrizione = TestoQualsiasi();
-    ricevuta.debitore = {TestoQualsiasi(), TestoQualsiasi(), TestoQualsiasi(), TestoQualsiasi(),
-                         TestoQualsiasi(), TestoQualsiasi(), TestoQualsiasi(), TestoQualsiasi(),
-                         "11700",          TestoQualsiasi(), TestoQualsiasi()};
-    totale += ricevuta.importo;
-    distinta.ricevute.push_back(std::move(ricevuta));
-  }
-  const FileRiba file = ComponiFileRiba(distinta);
-  const LetturaRiba letto = VerificaRiba(file.testo, file.segno);
-  for (const auto& segnalazione : letto.segnalazioni)
-    if (segnalazione.grave) RC_FAIL(segnalazione.Testo());
-  RC_ASSERT(letto.totale == totale);
-  RC_ASSERT(letto.ricevute.size() == distinta.ricevute.size());
-  for (std::size_t i = 0; i < letto.ricevute.size(); ++i) {
-    RC_ASSERT(letto.ricevute[i].importo == distinta.ricevute[i].importo);
-    RC_ASSERT(letto.ricevute[i].scadenza == distinta.ricevute[i].scadenza);
-    RC_ASSERT(letto.ricevute[i].numero == static_cast<int>(i) + 1);
-    const std::string nome = LettereRiba(distinta.ricevute[i].debitore.ragSoc1).substr(0, 30);
-    RC_ASSERT(letto.ricevute[i].debitore == std::string(Rifila(nome)));
-  }
 }
 
 class FileRibaSuDisco : public ::testing::Test {

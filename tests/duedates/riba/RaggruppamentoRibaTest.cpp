@@ -6,10 +6,6 @@
 namespace fenalto::prova {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::Not;
-
 struct DaScrivere {
   std::int64_t numero;
   const char* conto;
@@ -210,8 +206,7 @@ TEST_F(RaggruppamentoRibaTest, RifiutateNonScrivonoNulla) {
   // Another station was there meanwhile; a due date that stays alone may be changed.
   const auto altra = NuovaStazione("MAGAZZINO");
   struct Caso {
-    const char* istruzione;
-    const char* messaggio;
+    const char *istruzione, *messaggio;
   };
   const std::vector<Caso> casi = {
       {"update Scadenze set Stato='30' where Numero=2",

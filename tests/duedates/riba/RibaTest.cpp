@@ -19,11 +19,6 @@ namespace fenalto::prova {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
 
 /// Lets something happen while the batch is being printed.
 class FabbricaConEvento : public FabbricaDiProva {
@@ -44,13 +39,8 @@ class RibaTest : public ScadenzeDiProva {
          std::vector<Coppia>{{"ragsoc1 ", "Officine Bianchi"}, {"piva", "03456789012"}}) {
       ambiente.ScriviImpostazione({}, "config", chiave, valore.Testo());
     }
-    Scadenzario().Inserisci("Banche", {{"Cod", "X1"},
-                                       {"Nome", "Banca di Prova"},
-                                       {"Abi", "03069"},
-                                       {"CAB", "09606"},
-                                       {"ContoCorrente", "100000012345"},
-                                       {"CodSia", "A1B2C"},
-                                       {"NUltDistinta", 11}});
+    Metti(Scadenzario(), "Banche", "Cod", "X1", "Nome", "Banca di Prova", "Abi", "03069", "CAB",
+          "09606", "ContoCorrente", "100000012345", "CodSia", "A1B2C", "NUltDistinta", 11);
     Tessarc().Esegui(
         "update Clienti set indirizzo='Via Po 7', cap='20122', localita='Milano', prov='MI', "
         "piva='01234567897', ABI='05034', CAB='11700', banca='Banco', agenzia='Milano 3', "
@@ -109,9 +99,8 @@ class RibaTest : public ScadenzeDiProva {
   }
   std::set<std::string> FileScritti() const {
     std::set<std::string> nomi;
-    for (const auto& voce : fs::directory_iterator(Rib())) {
+    for (const auto& voce : fs::directory_iterator(Rib()))
       nomi.insert(voce.path().filename().string());
-    }
     return nomi;
   }
   /// Databases and folder.
@@ -251,9 +240,7 @@ TEST_F(RibaTest, RifiutiNellOrdine) {
 
   // The data of the registration only after the question, and only when there is to be one.
   struct Caso {
-    const char* causale;
-    const char* contropartita;
-    const char* messaggio;
+    const char *causale, *contropartita, *messaggio;
   };
   for (const Caso& caso : {Caso{"", "100.010", "Mancano dati per registrazione contabile"},
                            Caso{"002", "", "Mancano dati per registrazione contabile"},
@@ -266,26 +253,6 @@ TEST_F(RibaTest, RifiutiNellOrdine) {
   riba.Imposta({Rib().string(), "", "", false});
   EXPECT_TRUE(Conferma(riba));
   EXPECT_EQ(UltimaDistinta(), 12);
-}
-
-TEST_F(RibaTest, ImpostazioniECausaleRiservata) {
-  duedates::Riba riba(ambiente);
-  riba.Imposta(Impostazioni());
-  riba.AvvisaCausale();
-  EXPECT_THAT(Messaggi(), IsEmpty());
-  EXPECT_EQ(ambiente.Config("DirectoryRiba"), Rib().string());
-  EXPECT_EQ(ambiente.Config("CausaleRiba"), "002");
-  EXPECT_EQ(ambiente.Config("ContropartitaRiba"), "100.010");
-  EXPECT_EQ(duedates::Riba(ambiente).Impostazioni(), Impostazioni());
-  for (const char* causale : {"1", "9AB"}) {
-    duedates::ImpostazioniRiba iva = Impostazioni();
-    iva.causale = causale;
-    riba.Imposta(iva);
-    riba.AvvisaCausale();
-    EXPECT_EQ(SoloMessaggio(),
-              "ATTENZIONE : le causali con codifica che inzia con 1,2,3,4,5,6,7,8,9 sono risrvate "
-              "alle registrazioni iva ");
-  }
 }
 
 // What is missing or too long is told after the batch, to the letter, and stops nothing.
@@ -449,8 +416,7 @@ TEST_F(RibaTest, PagataDaUnaltraPostazione) {
   };
   duedates::Riba riba(ambiente);
   struct Caso {
-    const char* istruzione;
-    const char* messaggio;
+    const char *istruzione, *messaggio;
   };
   const std::string chi =
       "scadenza n. 1 del 31/03/2024 di Clienti 0001 dell'Oro, ft. 5 del 31/01/2024, euro 100,00\n";
@@ -549,9 +515,8 @@ TEST_F(RibaTest, UccisaAMeta) {
               distinte);
     EXPECT_EQ(Tessarc().Singolo("select Count(*) from Articoli").Intero(), distinte);
     EXPECT_EQ(Tessarc().Singolo("select Count(*) from Movimenti").Intero(), distinte * 2);
-    for (std::int64_t n = 12; n <= ultima; ++n) {
+    for (std::int64_t n = 12; n <= ultima; ++n)
       EXPECT_EQ(Letto(std::to_string(n) + ".rib").totale, I("10"));
-    }
     ASSERT_FALSE(HasFailure()) << "kill " << volta;
   }
   EXPECT_GT(distinte, 5);
