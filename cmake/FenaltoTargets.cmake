@@ -3,7 +3,7 @@
 # Units of one folder are compiled together, a batch at a time: headers are most of what a unit
 # costs. So names of a folder's files differ even inside their anonymous namespaces. Off, each file
 # is a unit of its own, as the linter reads it and as one likes it while working in one file.
-option(FENALTO_UNITY "Compile the units of a folder together" OFF)
+option(FENALTO_UNITY "Compile the units of a folder together" ON)
 set(FENALTO_UNITY_BATCH 8 CACHE STRING "How many units are compiled together")
 
 add_library(fenalto_warnings INTERFACE)

@@ -12,14 +12,10 @@
 #include "core/session/Ambiente.h"
 #include "core/session/CartellaProva.h"
 #include "core/session/DialoghiFinti.h"
+#include "core/values/ImportoDiProva.h"
 #include "ledger/registrations/Primanota.h"
 
 namespace fenalto::prova {
-
-/// Amount of a text in units: "12.5".
-inline Importo I(const char* testo) {
-  return Importo::DaTesto(testo).value();
-}
 
 inline Data G(int giorno, int mese, int anno) {
   return Data::DaGma(giorno, mese, anno).value();

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using Causa = ErroreArchivio::Causa;
-using Connessione = std::unique_ptr<sqlite3, int (*)(sqlite3*)>;
+using ConnessioneAperta = std::unique_ptr<sqlite3, int (*)(sqlite3*)>;
 
 std::string Nome(const fs::path& file) {
   return "«" + file.string() + "»";
@@ -125,7 +125,7 @@ Esito<bool> VerificaFile(const fs::path& file) {
 
 void CreaArchivio(const fs::path& file, const std::vector<PassoSchema>& passi,
                   const std::string& vfs) {
-  const Connessione connessione(ApriConnessione(file, vfs, true), sqlite3_close);
+  const ConnessioneAperta connessione(ApriConnessione(file, vfs, true), sqlite3_close);
   EseguiMancanti(connessione.get(), passi, file, true);
 }
 
@@ -149,7 +149,7 @@ void AggiornaSchema(const PercorsiArchivi& percorsi, const PassiCompleti& passi,
              std::max(passi.tessarc.back().numero, passi.scadenzario.back().numero));
   AttesaArchivio attesa(opzioni.attesa);
   const auto aggiorna = [&](const fs::path& file, const std::vector<PassoSchema>& elenco) {
-    const Connessione connessione(ApriConnessione(file, opzioni.vfs, false), sqlite3_close);
+    const ConnessioneAperta connessione(ApriConnessione(file, opzioni.vfs, false), sqlite3_close);
     attesa.Installa(connessione.get());
     EseguiMancanti(connessione.get(), elenco, file, false);
   };

@@ -17,7 +17,7 @@ RataPagamento DaScheda(const Scheda& riga) {
   return RataDaCampi([&](std::string_view campo) { return riga.Leggi(campo); });
 }
 
-std::vector<Coppia> Campi(const RataPagamento& rata) {
+std::vector<Coppia> CampiDellaRata(const RataPagamento& rata) {
   return {{"Rata", rata.rata},
           {"PercImporto", rata.percImporto},
           {"DopoMesi", rata.dopoMesi},
@@ -90,7 +90,7 @@ Scheda& RateCodice::Riga() {
 
 void RateCodice::Mostra(const RataPagamento& rata) {
   riga_.Svuota();
-  for (const auto& [campo, valore] : Campi(rata)) riga_.Scrivi(campo, valore);
+  for (const auto& [campo, valore] : CampiDellaRata(rata)) riga_.Scrivi(campo, valore);
   riga_.Consolida();
   inRiga_ = true;
 }
@@ -198,7 +198,7 @@ void RateCodice::Scrivi(const std::string& codicePrima, const std::string& codic
   if (!codicePrima.empty()) Elimina(codicePrima);
   Elimina(codice);
   for (const RataPagamento& riga : righe_) {
-    std::vector<Coppia> campi = Campi(riga);
+    std::vector<Coppia> campi = CampiDellaRata(riga);
     campi.emplace_back("Cod", codice);
     ambiente_.ArchivioDi("tessarc").Inserisci(kTabella, campi);
   }

@@ -13,7 +13,6 @@ namespace {
 
 constexpr const char* kTabella = "Pagamenti_R";
 /// Step between the positions of two rows.
-constexpr std::int64_t kPassoPosi = 100;
 
 bool Manca(Ambiente& ambiente, const char* tabella, const std::string& codice) {
   return codice.empty() || ambiente.Cerca("tessarc", tabella, {{"Cod", codice}}, "Cod").Nullo();

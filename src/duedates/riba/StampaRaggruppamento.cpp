@@ -9,23 +9,23 @@
 namespace fenalto::duedates {
 namespace {
 
-constexpr const char* kTitolo =
+constexpr const char* kTitoloRaggruppamento =
     "RAGGRUPPAMENTO RIBA DA DATA SCAD $$$$$$$$ A $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$";
-constexpr const char* kColonne =
+constexpr const char* kColonneRaggruppamento =
     "cliente                                n.fatt. data ft. data sc.        importo  riferimenti "
     "fatture                      ";
 /// References are longer than their heading.
 constexpr const char* kRiga =
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$######## $$$$$$$$ $$$$$$$$ççççççççççççççç  "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$";
-constexpr const char* kTotale =
+constexpr const char* kTotaleRaggruppamento =
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$                  $$$$$$$$ççççççççççççççç  "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$";
-constexpr std::size_t kLarghezza = 145;
+constexpr std::size_t kLarghezzaRaggruppamento = 145;
 /// Groups between two signs of life.
-constexpr std::int64_t kOgni = 50;
+constexpr std::int64_t kOgniStampate = 50;
 
-/// Fields of kRiga; kTotale has 1, 2 (the day), 3 (the amount), 4.
+/// Fields of kRiga; kTotaleRaggruppamento has 1, 2 (the day), 3 (the amount), 4.
 enum Campo : std::size_t { kCliente = 1, kNFat, kDtFat, kDtScad, kImporto, kRiferimenti };
 enum CampoTotale : std::size_t { kTesto = 1, kGiorno, kSomma, kNota };
 
@@ -40,13 +40,13 @@ class TabulatoRaggruppamento {
         ditta_(reports::LeggiDatiDitta(ambiente)),
         // Due dates are kept in euro, whatever the year.
         riga_(reports::PictureImporto(kRiga, true)),
-        totale_(reports::PictureImporto(kTotale, true)) {}
+        totale_(reports::PictureImporto(kTotaleRaggruppamento, true)) {}
 
   bool Esegui(const std::vector<GruppoRiba>& gruppi) {
     reports::Cornice cornice;
     cornice.rapporto = "raggruppamento Ri.Ba.";
     cornice.titolo = "Raggruppamento Ri.Ba.";
-    cornice.larghezza = kLarghezza;
+    cornice.larghezza = kLarghezzaRaggruppamento;
     if (reports::ApriStampa(stampa_, ambiente_, cornice) == reports::ModoStampa::Fermata)
       return false;
     stampa_.Intestazione([this] { Testata(); });
@@ -55,7 +55,7 @@ class TabulatoRaggruppamento {
     std::int64_t stampati = 0;
     for (const GruppoRiba& gruppo : gruppi) {
       Gruppo(gruppo);
-      if (++stampati % kOgni == 0 && !avanzamento->Avanza(stampati)) return false;
+      if (++stampati % kOgniStampate == 0 && !avanzamento->Avanza(stampati)) return false;
     }
     Chiusura(gruppi);
     return stampa_.Fine();
@@ -63,15 +63,16 @@ class TabulatoRaggruppamento {
 
  private:
   void Testata() {
-    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), kLarghezza);
+    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(),
+                          kLarghezzaRaggruppamento);
     stampa_.Riga("");
     stampa_.Campo(1, scelta_.da);
     stampa_.Campo(2, scelta_.a);
     stampa_.Campo(3, definitivo_ ? "DEFINITIVO" : "");
-    stampa_.Riga(kTitolo, {}, true);
+    stampa_.Riga(kTitoloRaggruppamento, {}, true);
     stampa_.Riga("");
-    stampa_.Riga(kColonne);
-    stampa_.Riga(reports::Ripeti("-", kLarghezza));
+    stampa_.Riga(kColonneRaggruppamento);
+    stampa_.Riga(reports::Ripeti("-", kLarghezzaRaggruppamento));
   }
 
   void Gruppo(const GruppoRiba& gruppo) {
@@ -106,7 +107,7 @@ class TabulatoRaggruppamento {
       dopo += gruppo.DaRaggruppare() ? 1 : gruppo.scadenze.size();
     }
     stampa_.Riserva(2);
-    stampa_.Riga(reports::Ripeti("-", kLarghezza));
+    stampa_.Riga(reports::Ripeti("-", kLarghezzaRaggruppamento));
     stampa_.Campo(kTesto, "TOTALE");
     stampa_.Campo(kSomma, totale);
     stampa_.Campo(kNota, "scadenze " + std::to_string(prima) +

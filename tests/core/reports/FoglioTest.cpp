@@ -8,15 +8,14 @@
 #include "core/reports/Foglio.h"
 #include "core/session/CartellaProva.h"
 #include "core/session/Csv.h"
+#include "core/values/ImportoDiProva.h"
 
 namespace fenalto::reports {
 namespace {
 
 namespace fs = std::filesystem;
 
-Importo I(const char* testo) {
-  return Importo::DaTesto(testo).value();
-}
+using prova::I;
 
 /// What every export is tried on: types, texts that would be formulas, values at the limits.
 Foglio Prova() {

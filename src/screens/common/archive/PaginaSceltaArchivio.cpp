@@ -16,6 +16,7 @@
 #include "screens/common/archive/RigaFiltri.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 
 namespace fenalto::screens {
@@ -23,10 +24,6 @@ namespace {
 
 constexpr int kPagina = 200;
 constexpr int kRilette = 5'000;  // rows read again at most to come back to a place
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 Tipo TipoColonna(Ambiente& ambiente, const archives::DescrizioneArchivio& descrizione,
                  const std::string& campo) {

@@ -11,6 +11,7 @@
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/SelettoreArticolo.h"
 #include "screens/common/windows/FunzioniCorrelate.h"
 #include "screens/vat/entry/ElencoFatture.h"
@@ -35,10 +36,6 @@ constexpr FunzioneCorrelata kCorrelate[] = {
     {"FunzCor10", "codici pagamento", "CodiciPagamento"},
     {"FunzCor11", "registri iva", "RegistriIva"},
 };
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 }  // namespace
 

@@ -11,11 +11,7 @@
 #include "screens/vat/entry/FontiFatture.h"
 
 namespace fenalto::screens {
-namespace {
-
-constexpr int kCaratteriCodice = 9;
-
-}  // namespace
+namespace {}  // namespace
 
 PaginaElenchiIva::PaginaElenchiIva(DatiRegistroIva& dati, const QString& finestra,
                                    QWidget* genitore)
