@@ -26,7 +26,14 @@ constexpr std::size_t kLarghezzaRaggruppamento = 145;
 constexpr std::int64_t kOgniStampate = 50;
 
 /// Fields of kRiga; kTotaleRaggruppamento has 1, 2 (the day), 3 (the amount), 4.
-enum Campo : std::size_t { kCliente = 1, kNFat, kDtFat, kDtScad, kImporto, kRiferimenti };
+enum Campo : std::size_t {
+  kCampoCliente = 1,
+  kCampoNFat,
+  kCampoDtFat,
+  kCampoDtScad,
+  kCampoImporto,
+  kCampoRiferimenti
+};
 enum CampoTotale : std::size_t { kTesto = 1, kGiorno, kSomma, kNota };
 
 class TabulatoRaggruppamento {
@@ -80,12 +87,13 @@ class TabulatoRaggruppamento {
     stampa_.Riserva(daRaggruppare ? 3 : 1);
     const std::string cliente = gruppo.conto + " " + gruppo.ragsoc;
     for (const Scadenza& scadenza : gruppo.scadenze) {
-      stampa_.Campo(kCliente, cliente);
-      stampa_.Campo(kNFat, scadenza.nFat);
-      stampa_.Campo(kDtFat, scadenza.dtFat);
-      stampa_.Campo(kDtScad, scadenza.dt);
-      stampa_.Campo(kImporto, scadenza.Residuo());
-      if (!scadenza.importoPagatoE.Zero()) stampa_.Campo(kRiferimenti, "residuo di scad. parziale");
+      stampa_.Campo(kCampoCliente, cliente);
+      stampa_.Campo(kCampoNFat, scadenza.nFat);
+      stampa_.Campo(kCampoDtFat, scadenza.dtFat);
+      stampa_.Campo(kCampoDtScad, scadenza.dt);
+      stampa_.Campo(kCampoImporto, scadenza.Residuo());
+      if (!scadenza.importoPagatoE.Zero())
+        stampa_.Campo(kCampoRiferimenti, "residuo di scad. parziale");
       stampa_.Riga(riga_, AllaRegistrazione(scadenza.anno, scadenza.articolo));
     }
     if (!daRaggruppare) return;

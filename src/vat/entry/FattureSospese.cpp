@@ -35,8 +35,8 @@ std::string RifiutoDataNuova(Ambiente& ambiente, const SospesaStornabile& sospes
 
 /// What stands against a new day (null: none) of an invoice that has this storno; empty when
 /// nothing does.
-std::string Rifiuto(Ambiente& ambiente, const SospesaStornabile& sospesa,
-                    const std::optional<ArticoloOrigine>& storno, Data incasso) {
+std::string PercheNonSiStorna(Ambiente& ambiente, const SospesaStornabile& sospesa,
+                              const std::optional<ArticoloOrigine>& storno, Data incasso) {
   if (std::string chiuso = IncassoInPeriodoChiuso(ambiente, sospesa.incasso, incasso);
       !chiuso.empty()) {
     return chiuso;
@@ -68,7 +68,8 @@ Scritto ScriviCambio(Ambiente& ambiente, const ArticoloOrigine& articolo, Data i
             ": riprovare quando sarà libera."};
   }
   const auto storno = TrovaStorno(ambiente, *letta);
-  if (std::string rifiuto = Rifiuto(ambiente, *letta, storno, incasso); !rifiuto.empty()) {
+  if (std::string rifiuto = PercheNonSiStorna(ambiente, *letta, storno, incasso);
+      !rifiuto.empty()) {
     return {std::move(rifiuto)};
   }
   Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tessarc);
