@@ -39,7 +39,7 @@ Foglio Prova() {
   return foglio;
 }
 
-std::string Uscita(const std::string& comando) {
+std::string QuelCheStampa(const std::string& comando) {
   FILE* condotto = ::popen(comando.c_str(), "r");
   if (condotto == nullptr) return "";
   std::string testo;
@@ -63,8 +63,8 @@ for riga in s.iter_rows():
 print("fermo", s.freeze_panes)
 print("largo", s.column_dimensions["A"].width > 6, s.column_dimensions["D"].width > 15)
 )");
-  return Uscita(std::string(FENALTO_PYTHON) + " '" + (cartella / "leggi.py").string() + "' '" +
-                file.string() + "' 2>&1");
+  return QuelCheStampa(std::string(FENALTO_PYTHON) + " '" + (cartella / "leggi.py").string() +
+                       "' '" + file.string() + "' 2>&1");
 }
 
 TEST(FoglioXlsx, SiRileggeConTipiEFormati) {
