@@ -23,10 +23,29 @@ installa() {
       "${mancanti[@]}" >/dev/null
 }
 
+# avanza: passes nothing on of what the build prints, but shows how far it is: one line that moves on
+# a terminal, a line every tenth elsewhere.
+avanza() {
+  local riga fatti tutti parte prossima=0 mobile=
+  [ -t 1 ] && mobile=1
+  while IFS= read -r riga; do
+    [[ $riga =~ ^\[([0-9]+)/([0-9]+)\] ]] || continue
+    fatti=${BASH_REMATCH[1]} tutti=${BASH_REMATCH[2]}
+    parte=$((100 * fatti / tutti))
+    if [ -n "$mobile" ]; then
+      printf '\r  costruisco: %3d%% (%d di %d)   ' "$parte" "$fatti" "$tutti"
+    elif [ "$parte" -ge "$prossima" ]; then
+      printf '  costruisco: %3d%% (%d di %d), %d s\n' "$parte" "$fatti" "$tutti" "$((SECONDS - inizio))"
+      prossima=$((parte - parte % 10 + 10))
+    fi
+  done
+  if [ -n "$mobile" ]; then printf '\r%50s\r' ''; fi
+}
+
 # costruisci PRESET [TARGET ...]: configures and builds under a lock, so that two calls at once
-# don't disturb each other.
+# don't disturb each other. What is printed goes to build/PRESET.log.
 costruisci() {
-  local preset=$1 uscita
+  local preset=$1 uscita inizio=$SECONDS
   shift
   local bersagli=()
   [ $# -gt 0 ] && bersagli=(--target "$@")
@@ -37,8 +56,9 @@ costruisci() {
     flock 9
     cd "$radice" || exit 1
     uscita=build/$preset.log
-    if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "${bersagli[@]}"; } \
-        >"$uscita" 2>&1; then
+    set -o pipefail
+    if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "${bersagli[@]}"; } 2>&1 |
+        tee "$uscita" | avanza; then
       tail -n 60 "$uscita" >&2
       echo "La costruzione non è riuscita: $uscita" >&2
       exit 1

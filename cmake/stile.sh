@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# Formatter, linter and the style rules that matter. Files that passed the linter as they stand are
-# not linted again: their digest is kept in the build folder.
+# Formatter, the style rules that matter, and the linter: stile.sh FOLDER [--lint]. The linter looks
+# at what changed, for five minutes at most (FENALTO_LINT_SECONDI); with --lint at everything, however
+# long it takes.
 set -u
-radice=$1
-cd "$radice" || exit 1
+cd "$1" || exit 1
+lint=(--secondi "${FENALTO_LINT_SECONDI:-300}")
+[ "${2:-}" = --lint ] && lint=(--tutto)
 esito=0
+mkdir -p build
 mapfile -t file < <(find src tests bench -name '*.cpp' -o -name '*.h' | sort)
 
 if ! clang-format-19 --dry-run -Werror "${file[@]}" 2>build/stile.log; then
@@ -13,9 +16,10 @@ if ! clang-format-19 --dry-run -Werror "${file[@]}" 2>build/stile.log; then
   esito=1
 fi
 
-# The logic knows no window, and nobody prints or reads the clock but through the ports.
-if grep -nE '#include <Q|#include "screens/|#include "print/' -r src/core src/ledger src/vat src/duedates \
-  src/documents src/warehouse src/demo; then
+# The logic knows no window, and nobody prints or reads the clock but through the ports: of the
+# folders of src, these alone speak to the toolkit.
+mapfile -t logica < <(find src -mindepth 1 -maxdepth 1 -type d | grep -vE '^src/(app|print|screens)$')
+if grep -rnE '#include <Q|#include "(screens|print)/' "${logica[@]}"; then
   echo "stile: core e stanze non includono Qt né le finestre" >&2
   esito=1
 fi
@@ -40,38 +44,17 @@ for f in "${file[@]}"; do
     esito=1
   fi
 done
+if ! python3 cmake/nomi.py src tests; then
+  echo "stile: funzioni troppo lunghe o nomi doppi, qui sopra" >&2
+  esito=1
+fi
 
-# A unit is linted again when it, one of the project's headers that it includes, or the rules
-# changed. What it includes is known from the build.
-mkdir -p build/tidy
-regole=$(sha256sum .clang-tidy | cut -c1-16)
-declare -A somma impronta
-while read -r cifre nome; do somma[$nome]=$cifre; done < <(find src -name '*.cpp' -o -name '*.h' | sort | xargs sha256sum)
-while read -r unita dipendenza; do
-  [ -n "${somma[$unita]:-}" ] && impronta[$unita]+=${somma[$dipendenza]:-}
-done < <(ninja -C build/debug -t deps | awk '
-  / #deps / { unita = "" }
-  /^    / { sub(/^ *(\.\.\/)*/, ""); if (unita == "") unita = $0; print unita, $0 }' |
-  grep -E '^src/.*\.cpp src/')
-da_vedere=()
-for unita in $(find src -name '*.cpp' | sort); do
-  segno=build/tidy/$(printf '%s' "$unita ${somma[$unita]} ${impronta[$unita]:-} $regole" | sha256sum | cut -c1-40)
-  [ -e "$segno" ] || da_vedere+=("$unita" "$segno")
-done
-if [ ${#da_vedere[@]} -gt 0 ]; then
-  echo "stile: clang-tidy su $((${#da_vedere[@]} / 2)) file"
-  if ! printf '%s\0' "${da_vedere[@]}" | xargs -0 -P2 -n2 bash -c '
-      if clang-tidy-19 -quiet --extra-arg=-Wno-unknown-warning-option --extra-arg=-Wno-ignored-gch -p build/debug "$0" \
-          >"$1.esito" 2>/dev/null; then
-        touch "$1"
-        rm -f "$1.esito"
-      else
-        grep -E "error:|warning:" "$1.esito" | head -n 12
-        rm -f "$1.esito"
-        exit 1
-      fi'; then
-    echo "stile: clang-tidy ha trovato qualcosa" >&2
-    esito=1
-  fi
+# The linter reads each file by itself, so it has a configuration of its own; nothing is built there.
+if ! cmake --preset debug -B build/lint -DFENALTO_UNITY=OFF >build/lint.log 2>&1; then
+  tail -n 20 build/lint.log >&2
+  esito=1
+elif ! python3 cmake/lint.py build/lint "${lint[@]}"; then
+  echo "stile: clang-tidy ha trovato qualcosa" >&2
+  esito=1
 fi
 exit $esito

@@ -30,7 +30,6 @@ namespace {
 
 constexpr int kRespiro = 50;       // ms between looks at the program's events
 constexpr int kPrimaPagina = 400;  // ms given to the window to show the first page
-constexpr double kPassoZoom = 1.2;
 const auto kPosto = QLatin1String("finestre/Anteprima");
 
 /// Input that mustn't reach the windows of the functions while a report is composed.

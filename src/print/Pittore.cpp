@@ -10,7 +10,6 @@
 namespace fenalto::print {
 namespace {
 
-constexpr double kPollice = 2540;         // hundredths of a millimetre
 constexpr double kPunto = kPollice / 72;  // the same, a point
 /// Width of a character of the fixed face, in parts of its size.
 constexpr double kLarghezzaFissa = 0.6;

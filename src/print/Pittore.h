@@ -20,6 +20,9 @@ class QPainter;
 
 namespace fenalto::print {
 
+/// An inch in the page's unit.
+inline constexpr double kPollice = 2540;
+
 /// Where something stands on a page, and the link behind it.
 [[nodiscard]] const Rinvio* RinvioDi(const reports::Elemento& elemento);
 /// The layout of a device for a page of that format: size, orientation, no margins of the device's

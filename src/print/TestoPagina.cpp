@@ -10,8 +10,6 @@
 namespace fenalto::print {
 namespace {
 
-constexpr double kPollice = 2540;  // hundredths of a millimetre
-
 bool HaSegno(const std::string& testo) {
   return testo.find(reports::kSegnoPagineTotali) != std::string::npos;
 }

@@ -5,11 +5,7 @@
 #include "print/TestoPagina.h"
 
 namespace fenalto::print {
-namespace {
-
-constexpr double kPollice = 2540;  // hundredths of a millimetre
-
-}  // namespace
+namespace {}  // namespace
 
 bool UscitaDipinta::Ferma() {
   annullata_ = true;

@@ -8,7 +8,7 @@
 namespace fenalto::print {
 namespace {
 
-constexpr int kPuntiPollice = 600;
+constexpr int kPuntiStampante = 600;
 const auto kUltima = QLatin1String("stampa/stampante");
 
 }  // namespace
@@ -38,7 +38,7 @@ Esito<bool> UscitaStampante::Apri() {
   stampante_ = scelta_();
   if (!stampante_) return false;
   stampante_->setFullPage(true);
-  stampante_->setResolution(kPuntiPollice);
+  stampante_->setResolution(kPuntiStampante);
   stampante_->setDocName(QString::fromStdString(TitoloDato()));
   stampante_->setCreator(QStringLiteral("Fenalto"));
   return true;

@@ -13,11 +13,9 @@
 namespace fenalto::print {
 namespace {
 
-constexpr double kPollice = 2540;  // hundredths of a millimetre
-constexpr int kBordo = 12;         // pixels around the page
+constexpr int kBordo = 12;  // pixels around the page
 constexpr double kZoomMinimo = 0.1;
 constexpr double kZoomMassimo = 8;
-constexpr double kPassoZoom = 1.2;
 const QColor kCarta = Qt::white;
 const QColor kTrovato(255, 225, 90);
 const QColor kTrovatoCorrente(255, 150, 40);

@@ -9,6 +9,9 @@
 
 namespace fenalto::print {
 
+/// What a step of zoom multiplies by.
+inline constexpr double kPassoZoom = 1.2;
+
 class VistaPagina : public QAbstractScrollArea {
   Q_OBJECT
 

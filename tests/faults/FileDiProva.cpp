@@ -193,7 +193,7 @@ int Chiudi(sqlite3_file* file) {
   return SQLITE_OK;
 }
 
-int Leggi(sqlite3_file* file, void* dati, int quanti, sqlite3_int64 dove) {
+int LeggiDalFile(sqlite3_file* file, void* dati, int quanti, sqlite3_int64 dove) {
   const Aperto& a = Di(file);
   if (Morto(a)) return SQLITE_IOERR_READ;
   const std::string& contenuto = a.nodo->attuale;
@@ -217,7 +217,7 @@ int Esegui(Aperto& a, Modifica m, int errore) {
   return Cambia() ? SQLITE_OK : errore;
 }
 
-int Scrivi(sqlite3_file* file, const void* dati, int quanti, sqlite3_int64 dove) {
+int ScriviNelFile(sqlite3_file* file, const void* dati, int quanti, sqlite3_int64 dove) {
   return Esegui(Di(file),
                 {false, static_cast<std::size_t>(dove),
                  std::string(static_cast<const char*>(dati), static_cast<std::size_t>(quanti))},
@@ -300,8 +300,8 @@ int Qualita(sqlite3_file* /*file*/) {
 const sqlite3_io_methods kMetodi = {
     .iVersion = 1,
     .xClose = Chiudi,
-    .xRead = Leggi,
-    .xWrite = Scrivi,
+    .xRead = LeggiDalFile,
+    .xWrite = ScriviNelFile,
     .xTruncate = Tronca,
     .xSync = Sincronizza,
     .xFileSize = Lunghezza,

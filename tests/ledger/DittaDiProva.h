@@ -13,6 +13,7 @@
 #include "core/session/Ambiente.h"
 #include "core/session/CartellaProva.h"
 #include "core/session/DialoghiFinti.h"
+#include "core/values/ImportoDiProva.h"
 #include "ledger/registrations/Primanota.h"
 
 namespace fenalto::prova {

@@ -23,7 +23,7 @@ struct Lancio {
   std::string detto;
 };
 
-class Esecuzione : public ::testing::Test {
+class EsecuzioneTest : public ::testing::Test {
  protected:
   void SetUp() override {
     std::string modello = (fs::temp_directory_path() / "esecuzione-XXXXXX").string();
@@ -62,7 +62,7 @@ class Esecuzione : public ::testing::Test {
   fs::path cartella;
 };
 
-TEST_F(Esecuzione, TuttoBeneNonDiceAltro) {
+TEST_F(EsecuzioneTest, TuttoBeneNonDiceAltro) {
   Scrivi("a.cop", "finestra Principale\nvale Anno 2024\nvale Valuta EURO\n");
   Scrivi("b.cop", "\xEF\xBB\xBF# vuoto\r\n\r\n");
   const auto lancio = Corri("a.cop b.cop");
@@ -75,7 +75,7 @@ TEST_F(Esecuzione, TuttoBeneNonDiceAltro) {
 }
 
 // A line that must fail, after one that holds, with what the reason must hold.
-TEST_F(Esecuzione, FallisceAllaRigaEConIlMotivo) {
+TEST_F(EsecuzioneTest, FallisceAllaRigaEConIlMotivo) {
   const struct {
     const char *riga, *motivo;
   } casi[] = {
@@ -137,7 +137,7 @@ TEST_F(Esecuzione, FallisceAllaRigaEConIlMotivo) {
   }
 }
 
-TEST_F(Esecuzione, ContinuaDopoLeVerificheNonDopoLeAzioni) {
+TEST_F(EsecuzioneTest, ContinuaDopoLeVerificheNonDopoLeAzioni) {
   const std::string testo = "vale Anno 1\nvale Anno 2\nclic Pippo\nvale Anno 3\n";
   const auto senza = Copione(testo);
   EXPECT_THAT(senza.detto, AllOf(HasSubstr("a.cop:1: vale"), Not(HasSubstr("a.cop:2:"))));
@@ -148,7 +148,7 @@ TEST_F(Esecuzione, ContinuaDopoLeVerificheNonDopoLeAzioni) {
                                EndsWith("0 passed, 1 failed\n")));
 }
 
-TEST_F(Esecuzione, CiCheNonSiUsaFallisceAllaFine) {
+TEST_F(EsecuzioneTest, CiCheNonSiUsaFallisceAllaFine) {
   const auto lancio = Copione("rispondi si\nstampa pdf x.pdf\nfile y\nrispondi testo 1\n");
   EXPECT_EQ(lancio.stato, 1);
   EXPECT_EQ(lancio.detto,
@@ -159,7 +159,7 @@ TEST_F(Esecuzione, CiCheNonSiUsaFallisceAllaFine) {
             "0 passed, 1 failed\n");
 }
 
-TEST_F(Esecuzione, IlleggibileFermaTuttoPrimaDiCominciare) {
+TEST_F(EsecuzioneTest, IlleggibileFermaTuttoPrimaDiCominciare) {
   Scrivi("a.cop", "foto prima.png\n");
   Scrivi("b.cop", "\npippo\n");
   const auto lancio = Corri("a.cop b.cop manca.cop");
@@ -172,7 +172,7 @@ TEST_F(Esecuzione, IlleggibileFermaTuttoPrimaDiCominciare) {
   }
 }
 
-TEST_F(Esecuzione, CartellaDataRestaEServeAncora) {
+TEST_F(EsecuzioneTest, CartellaDataRestaEServeAncora) {
   Scrivi("scrive.cop", "imposta Prova1 \"un valore\"\nimpostazione PROVA1 \"un valore\"\n");
   Scrivi("legge.cop", "impostazione Prova1 \"un valore\"\n");
   Scrivi("pulita.cop", "impostazione Prova1 \"\"\n");
@@ -188,7 +188,7 @@ TEST_F(Esecuzione, CartellaDataRestaEServeAncora) {
   EXPECT_THAT(senza.detto, HasSubstr("no company Prova"));
 }
 
-TEST_F(Esecuzione, FileRelativiAllUscita) {
+TEST_F(EsecuzioneTest, FileRelativiAllUscita) {
   Scrivi("via/mezzo.cop", "contiene testo.txt \"riga\\ndue\"\nnoncontiene testo.txt Riga\n");
   Scrivi("u/testo.txt", "una riga\r\ndue\n");
   Scrivi("u/latino.txt", "perch\xE9");
@@ -205,7 +205,7 @@ TEST_F(Esecuzione, FileRelativiAllUscita) {
 }
 
 // Restart, users and log-in on one folder.
-TEST_F(Esecuzione, UtentiEAccesso) {
+TEST_F(EsecuzioneTest, UtentiEAccesso) {
   const std::string crea =
       "apri Ut\nclic Nuovo\nscrivi Cod X1\nscrivi Descrizione \"Uno\"\nscrivi Livello 99\n"
       "scrivi Password segreta1\nscrivi Password2 segreta1\nclic Conferma\nignora\n";

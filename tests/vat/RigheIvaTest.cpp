@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/values/ImportoDiProva.h"
 #include "vat/codes/TipiRegistro.h"
 #include "vat/postings/ImpostaImportoRiga.h"
 #include "vat/postings/RigheIva.h"
@@ -12,9 +13,7 @@
 namespace fenalto::vat {
 namespace {
 
-Importo I(const char* testo) {
-  return Importo::DaTesto(testo).value();
-}
+using prova::I;
 
 RigaIva Digitata(std::int64_t posi, const char* conto, const char* imponibile, const char* iva,
                  const char* ivaInd = "0", const char* commessa = "") {

@@ -23,7 +23,7 @@ bool HaTabella(Ambiente& ambiente, const std::string& tabella) {
   return ambiente.ArchivioDi("tessarc").Catalogo().Tabella(tabella) != nullptr;
 }
 
-std::string Mostrato(const Valore& valore) {
+std::string InTesto(const Valore& valore) {
   switch (valore.Tipo()) {
     case Tipo::Booleano:
       return valore.Booleano() ? "sì" : "no";
@@ -134,7 +134,7 @@ std::vector<std::vector<std::string>> Importazione::Anteprima(std::size_t righe)
       const std::size_t colonna = *corrispondenze_->Colonna(campo.nome);
       const std::string& testo = tabella_.righe[i].campi[colonna];
       const auto letto = LeggiValoreDiFile(testo, campo, TipoDi(campo), stili[colonna]);
-      mostrata.push_back(letto ? Mostrato(letto.Valore()) : "? " + testo);
+      mostrata.push_back(letto ? InTesto(letto.Valore()) : "? " + testo);
     }
   }
   return mostrate;

@@ -11,8 +11,6 @@
 namespace fenalto::archives {
 namespace {
 
-constexpr std::string_view kMarca = "\xEF\xBB\xBF";
-
 std::string_view PrimaLinea(std::string_view testo) {
   return testo.substr(0, testo.find('\n'));
 }
@@ -88,7 +86,7 @@ Esito<TabellaCsv> LeggiTabellaDaTesto(std::string_view byte) {
     return Errore{
         "il file non è un testo: dal foglio elettronico salvarlo come «CSV», codifica UTF-8"};
   }
-  if (testo.starts_with(kMarca)) testo.remove_prefix(kMarca.size());
+  if (testo.starts_with(kSegnoUtf8)) testo.remove_prefix(kSegnoUtf8.size());
   char separatore = SeparatoreDetto(testo);
   // Empty lines before the names.
   std::size_t saltate = separatore == '\0' ? 0 : 1;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 
+#include "core/values/Lettere.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::archives {
@@ -13,10 +14,6 @@ constexpr int kGruppo = 3;       // digits between marks of thousands
 constexpr int kMaxDecimali = 4;  // of an amount
 constexpr std::string_view kEuro = "€";
 constexpr std::string_view kSpazioFisso = "\xC2\xA0";
-
-bool Cifra(char c) {
-  return c >= '0' && c <= '9';
-}
 
 /// Digits and marks alone: without blanks, currency, percent, apostrophes; the sign goes to
 /// `negativo`.
@@ -114,9 +111,9 @@ Esito<Importo> LeggiImportoDiFile(std::string_view testo, Decimali stile) {
   bool negativo = false;
   const std::string nudo = Nudo(testo, negativo);
   if (nudo.empty()) return Importo();
-  const bool buono = std::any_of(nudo.begin(), nudo.end(), Cifra) &&
+  const bool buono = std::any_of(nudo.begin(), nudo.end(), lettere::Cifra) &&
                      std::all_of(nudo.begin(), nudo.end(),
-                                 [](char c) { return Cifra(c) || c == ',' || c == '.'; });
+                                 [](char c) { return lettere::Cifra(c) || c == ',' || c == '.'; });
   if (!buono) return Errore{Citato(testo) + " non è un importo"};
   const Decimali suo = StileDi(nudo);
   Decimali usato = suo == Decimali::Ignoto ? stile : suo;
@@ -142,7 +139,7 @@ Esito<Data> LeggiDataDiFile(std::string_view testo) {
   if (const std::size_t ora = testo.find_first_of(" T"); ora != std::string_view::npos) {
     const std::string_view dietro = Rifila(testo.substr(ora + 1));
     const bool eOra = !dietro.empty() && std::all_of(dietro.begin(), dietro.end(), [](char c) {
-      return Cifra(c) || c == ':' || c == '.';
+      return lettere::Cifra(c) || c == ':' || c == '.';
     });
     if (eOra) testo = testo.substr(0, ora);
   }

@@ -3,13 +3,13 @@
 #include "core/reports/FileAccanto.h"
 #include "core/reports/Foglio.h"
 #include "core/reports/TestoStampato.h"
+#include "core/session/FileTesto.h"
 #include "core/values/FormatoImporto.h"
 
 namespace fenalto::reports {
 
 namespace {
 
-constexpr std::string_view kSegnoUtf8 = "\xEF\xBB\xBF";
 constexpr std::string_view kFineRiga = "\r\n";
 
 /// A text that a spreadsheet would take for a formula gets an apostrophe: what comes from outside

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "core/reports/Sagoma.h"
+#include "core/session/FileTesto.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::reports {
@@ -15,7 +16,6 @@ namespace {
 constexpr std::size_t kMassimoModello = std::size_t{1} << 20U;
 constexpr int kMinimoLato = 2'000;
 constexpr int kMassimoLato = 200'000;
-constexpr std::string_view kSegnoUtf8 = "\xEF\xBB\xBF";
 
 struct Carta {
   std::string_view nome;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/values/Lettere.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::reports {
@@ -10,10 +11,6 @@ namespace {
 
 constexpr std::string_view kBianchi = " \t";
 constexpr int kCentesimi = 100;
-
-bool Cifra(char c) {
-  return c >= '0' && c <= '9';
-}
 
 /// Whether `nome` is one of the names in `elenco`, between blanks.
 bool Tra(std::string_view elenco, std::string_view nome) {
@@ -148,7 +145,9 @@ Esito<int> MisuraModello(const ParolaModello& parola) {
   const std::string intera = testo.substr(0, segno);
   const bool conDecimali = segno < testo.size();
   std::string decimali = conDecimali ? testo.substr(segno + 1) : std::string();
-  const auto soloCifre = [](const std::string& t) { return std::ranges::all_of(t, Cifra); };
+  const auto soloCifre = [](const std::string& t) {
+    return std::ranges::all_of(t, lettere::Cifra);
+  };
   if (parola.traVirgolette || intera.empty() || (conDecimali && decimali.empty()) ||
       !soloCifre(intera) || !soloCifre(decimali))
     return Errore{"va un numero, non «" + testo + "»"};

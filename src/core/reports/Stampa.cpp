@@ -16,14 +16,14 @@ namespace fenalto::reports {
 
 namespace {
 
-constexpr double kCentesimi = 100;
+constexpr double kCentesimiMillimetro = 100;
 constexpr double kPosizioneUsuale = 10;
 /// Templates kept: more than any report has, fewer than one that builds them from data would make.
 constexpr std::size_t kMassimoSagome = 512;
 constexpr const char* kSegue = "segue su pagina successiva";
 
 int InCentesimi(double millimetri) {
-  return static_cast<int>(std::lround(millimetri * kCentesimi));
+  return static_cast<int>(std::lround(millimetri * kCentesimiMillimetro));
 }
 
 struct HashVista : std::hash<std::string_view> {
@@ -339,18 +339,19 @@ double Stampa::YCorrente() const {
   Interno& s = *interno_;
   if (s.testo || s.interrotta) return 0;
   s.ApriRiga();
-  return s.y / kCentesimi;
+  return s.y / kCentesimiMillimetro;
 }
 
 double Stampa::AltezzaPagina() const {
   const Interno& s = *interno_;
-  return (s.testo ? s.disposizione.formato.altezza : s.modello->Formato().altezza) / kCentesimi;
+  return (s.testo ? s.disposizione.formato.altezza : s.modello->Formato().altezza) /
+         kCentesimiMillimetro;
 }
 
 double Stampa::MargineBasso() const {
   const Interno& s = *interno_;
-  if (s.testo) return s.disposizione.formato.margine / kCentesimi;
-  return (s.modello->Formato().altezza - s.UltimaRiga()) / kCentesimi;
+  if (s.testo) return s.disposizione.formato.margine / kCentesimiMillimetro;
+  return (s.modello->Formato().altezza - s.UltimaRiga()) / kCentesimiMillimetro;
 }
 
 void Stampa::AvanzaRiga() {

@@ -25,8 +25,8 @@ constexpr std::size_t kPezzo = 65'536;
 constexpr std::size_t kCapo = 512;
 constexpr std::size_t kCoda = 128;
 
-std::size_t Numero(const std::array<unsigned char, kTesta>& testa, std::size_t dove,
-                   std::size_t byte) {
+std::size_t NumeroDaByte(const std::array<unsigned char, kTesta>& testa, std::size_t dove,
+                         std::size_t byte) {
   std::size_t n = 0;
   for (std::size_t i = byte; i > 0; --i) n = n << 8U | testa.at(dove + i - 1);
   return n;
@@ -108,16 +108,17 @@ bool XlsxIntero(const std::filesystem::path& percorso) {
   constexpr std::size_t kFirma = 4;
   constexpr std::size_t kFirmaParte = 0x04034B50;
   constexpr std::size_t kFirmaIndice = 0x02014B50;
-  while (leggi(kFirma) && Numero(testa, 0, kFirma) == kFirmaParte) {
+  while (leggi(kFirma) && NumeroDaByte(testa, 0, kFirma) == kFirmaParte) {
     if (!file.seekg(-static_cast<std::streamoff>(kFirma), std::ios::cur) || !leggi(kTesta))
       return false;
-    file.seekg(static_cast<std::streamoff>(Numero(testa, kNome, 2) + Numero(testa, kAggiunte, 2)),
+    file.seekg(static_cast<std::streamoff>(NumeroDaByte(testa, kNome, 2) +
+                                           NumeroDaByte(testa, kAggiunte, 2)),
                std::ios::cur);
-    if (Numero(testa, kMetodo, 2) != kDeflate) return false;
-    if (!Flusso().Verifica(file, Numero(testa, kCompressa, kFirma))) return false;
+    if (NumeroDaByte(testa, kMetodo, 2) != kDeflate) return false;
+    if (!Flusso().Verifica(file, NumeroDaByte(testa, kCompressa, kFirma))) return false;
     ++parti;
   }
-  return file && parti > 0 && Numero(testa, 0, kFirma) == kFirmaIndice;
+  return file && parti > 0 && NumeroDaByte(testa, 0, kFirma) == kFirmaIndice;
 }
 
 }  // namespace fenalto::reports

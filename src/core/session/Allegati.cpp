@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Most bytes of a document's own name that are kept.
-constexpr std::size_t kMassimoNome = 80;
+constexpr std::size_t kMassimoNomeAllegato = 80;
 
 /// The name without what a file system, a shell or another system could take amiss.
 std::string NomeSicuro(std::string_view nome) {
@@ -31,8 +31,8 @@ std::string NomeSicuro(std::string_view nome) {
   if (!Utf8Valido(sicuro)) {
     std::replace_if(sicuro.begin(), sicuro.end(), [](char c) { return (c & 0x80) != 0; }, '_');
   }
-  if (sicuro.size() > kMassimoNome) {
-    sicuro.resize(kMassimoNome);
+  if (sicuro.size() > kMassimoNomeAllegato) {
+    sicuro.resize(kMassimoNomeAllegato);
     while (!sicuro.empty() && !Utf8Valido(sicuro)) sicuro.pop_back();
   }
   return sicuro.empty() ? "documento" : sicuro;

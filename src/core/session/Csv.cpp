@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/session/FileTesto.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -103,7 +104,7 @@ Esito<TabellaCsv> LeggiCsv(std::string_view testo) {
 
 Esito<TabellaCsv> LeggiCsv(std::string_view testo, const OpzioniCsv& opzioni) {
   if (!Utf8Valido(testo)) return Errore{"il testo non è in UTF-8"};
-  if (testo.starts_with("\xEF\xBB\xBF")) testo.remove_prefix(3);
+  if (testo.starts_with(kSegnoUtf8)) testo.remove_prefix(kSegnoUtf8.size());
   LettoreCsv lettore(testo, opzioni);
   TabellaCsv tabella;
   if (lettore.Fine()) return Errore{"riga 1: mancano i nomi dei campi"};

@@ -74,7 +74,7 @@ std::string Ditte::Predefinita() const {
   const auto testo = LeggiFileTesto(cartella_ / kFilePredefinita);
   if (!testo) return {};
   std::string_view riga = testo.Valore();
-  if (riga.starts_with("\xEF\xBB\xBF")) riga.remove_prefix(3);
+  if (riga.starts_with(kSegnoUtf8)) riga.remove_prefix(kSegnoUtf8.size());
   riga = Rifila(riga.substr(0, riga.find('\n')));
   if (FinisceConIni(riga)) riga.remove_suffix(kEstensione.size());
   for (const std::string& nome : Nomi()) {

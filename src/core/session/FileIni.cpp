@@ -11,7 +11,6 @@ namespace fenalto {
 
 namespace {
 
-constexpr std::string_view kSegnoUtf8 = "\xEF\xBB\xBF";
 constexpr std::string_view kVuoti = " \t";
 constexpr auto npos = std::string_view::npos;
 
@@ -105,7 +104,7 @@ std::string SuUnaRiga(std::string_view valore) {
   return riga;
 }
 
-void VerificaNomi(std::string_view sezione, std::string_view chiave) {
+void VerificaNomiIni(std::string_view sezione, std::string_view chiave) {
   const bool buoni = sezione.find_first_of("]\r\n") == npos && Rifila(sezione) == sezione &&
                      Utf8Valido(sezione) && Utf8Valido(chiave) && !chiave.empty() &&
                      chiave.find_first_of("=\r\n") == npos &&
@@ -162,7 +161,7 @@ bool FileIni::HaSezione(std::string_view sezione) const {
 
 void FileIni::Imposta(std::string_view sezione, std::string_view chiave, std::string_view valore) {
   chiave = SenzaVuotiDavanti(chiave);
-  VerificaNomi(sezione, chiave);
+  VerificaNomiIni(sezione, chiave);
   const std::string scritto = SuUnaRiga(valore);
   const Posto posto = Cerca(testo_, sezione, chiave);
   if (posto.riga) {

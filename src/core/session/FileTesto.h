@@ -15,6 +15,9 @@ namespace fenalto {
 /// A file longer than this isn't one of ours.
 inline constexpr std::uintmax_t kMassimoFileTesto = std::uintmax_t{64} << 20U;
 
+/// What some programs write first in a file of UTF-8.
+inline constexpr std::string_view kSegnoUtf8 = "\xEF\xBB\xBF";
+
 /// Content as UTF-8: a file that isn't valid UTF-8 is read as Latin-1. A leading mark stays. A
 /// missing file reads as empty. The error says which file can't be read and why.
 Esito<std::string> LeggiFileTesto(const std::filesystem::path& percorso);

@@ -302,7 +302,7 @@ void Accorda(std::span<EsprPtr* const> valori, std::size_t posizione) {
 
 namespace {
 
-void PretendiNumero(EsprPtr& e) {
+void PretendiOperando(EsprPtr& e) {
   if (ELetteraleDi(*e, G::Testo)) return Converti(e, Tipo::Importo);
   if (ENumero(e->tipo) || e->tipo == Tipo::Nullo) return;
   std::string motivo(NomeTipo(e->tipo));
@@ -333,7 +333,7 @@ bool LegaDate(EsprPtr& e) {
   }
   if ((e->operatore == '+' && dataA != dataB) || (e->operatore == '-' && dataA && !dataB)) {
     EsprPtr& numero = dataA ? b : a;
-    PretendiNumero(numero);
+    PretendiOperando(numero);
     Converti(numero, Tipo::Intero);
     Sostituisci(e, e->operatore == '+' ? Fn::DataPiu : Fn::DataMeno, Tipo::Data);
     return true;
@@ -384,7 +384,7 @@ void LegaQuoziente(EsprPtr& e, Tipo a, Tipo b) {
 
 void LegaMeno(EsprPtr& e) {
   EsprPtr& a = e->figli[0];
-  PretendiNumero(a);
+  PretendiOperando(a);
   const Tipo tipo = a->tipo;
   Sostituisci(e, tipo == Tipo::Reale ? Fn::RealeNegato : Fn::Negato, tipo);
 }
@@ -405,8 +405,8 @@ void LegaAritmetica(EsprPtr& e) {
     return Sostituisci(e, Fn::SommaTesti, Tipo::Testo);
   }
   if (LegaDate(e)) return;
-  PretendiNumero(a);
-  PretendiNumero(b);
+  PretendiOperando(a);
+  PretendiOperando(b);
   // Null counts as what it meets: the result is Null of that type.
   const Tipo ta = a->tipo == Tipo::Nullo ? b->tipo : a->tipo;
   const Tipo tb = b->tipo == Tipo::Nullo ? a->tipo : b->tipo;

@@ -3,13 +3,15 @@
 #include <array>
 
 #include "core/values/ControlloPartitaIva.h"
+#include "core/values/Lettere.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
 
+using lettere::Cifra;
+
 namespace {
 
-constexpr std::size_t kPersona = 16;
 constexpr std::size_t kSocieta = 11;
 constexpr int kLettere = 26;
 
@@ -20,31 +22,27 @@ constexpr std::array<int, kLettere> kDispari = {1,  0,  5, 7, 9, 13, 15, 17, 19,
 /// Places of a person's code: letters, or digits that a letter of the list may stand for.
 constexpr std::string_view kForma = "AAAAAA99A99A999A";
 constexpr std::string_view kAlPostoDiCifre = "LMNPQRSTUV";
-constexpr std::string_view kMesi = "ABCDEHLMPRST";
+constexpr std::string_view kLettereMesi = "ABCDEHLMPRST";
 
 char Maiuscola(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-bool Cifra(char c) {
-  return c >= '0' && c <= '9';
-}
-
 bool NellaForma(std::string_view codice) {
   constexpr std::size_t kMese = 8;
-  for (std::size_t i = 0; i < kPersona; ++i) {
+  for (std::size_t i = 0; i < kCaratteriCodiceFiscale; ++i) {
     const char c = Maiuscola(codice[i]);
     const bool lettera = c >= 'A' && c <= 'Z';
     const bool buono =
         kForma[i] == 'A' ? lettera : Cifra(c) || kAlPostoDiCifre.find(c) != std::string_view::npos;
     if (!buono) return false;
   }
-  return kMesi.find(Maiuscola(codice[kMese])) != std::string_view::npos;
+  return kLettereMesi.find(Maiuscola(codice[kMese])) != std::string_view::npos;
 }
 
 char LetteraDiControllo(std::string_view codice) {
   int somma = 0;
-  for (std::size_t i = 0; i + 1 < kPersona; ++i) {
+  for (std::size_t i = 0; i + 1 < kCaratteriCodiceFiscale; ++i) {
     const char c = Maiuscola(codice[i]);
     const int valore = Cifra(c) ? c - '0' : c - 'A';
     somma += i % 2 == 0 ? kDispari[static_cast<std::size_t>(valore)] : valore;
@@ -60,7 +58,8 @@ std::string_view ControlloCodiceFiscale(std::string_view codiceFiscale) noexcept
   if (codice.size() == kSocieta && Cifra(codice[0])) {
     return UndiciCifreValide(codice) ? std::string_view() : "cifra di controllo errata";
   }
-  if (codice.size() != kPersona) return "il codice fiscale ha 16 caratteri o 11 cifre";
+  if (codice.size() != kCaratteriCodiceFiscale)
+    return "il codice fiscale ha 16 caratteri o 11 cifre";
   if (!NellaForma(codice)) return "lettere e cifre fuori posto";
   if (!LetteraDiControlloGiusta(codice)) return "lettera di controllo errata";
   return {};

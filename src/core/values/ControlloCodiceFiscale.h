@@ -1,9 +1,13 @@
 // The check letter of an Italian tax code.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace fenalto {
+
+/// Characters of a person's tax code.
+inline constexpr std::size_t kCaratteriCodiceFiscale = 16;
 
 /// Why `codiceFiscale` can't be right, empty when it is or nothing is given: sixteen characters of
 /// a person, the last of which checks the others, or the eleven digits of a company. Letters that

@@ -2,17 +2,14 @@
 
 #include <algorithm>
 
+#include "core/values/Lettere.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
 
+using lettere::Cifra;
+
 namespace {
-
-constexpr std::size_t kCifre = 11;
-
-bool Cifra(char c) {
-  return c >= '0' && c <= '9';
-}
 
 bool Lettera(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
@@ -21,10 +18,11 @@ bool Lettera(char c) {
 }  // namespace
 
 bool UndiciCifreValide(std::string_view cifre) noexcept {
-  if (cifre.size() != kCifre || !std::all_of(cifre.begin(), cifre.end(), Cifra)) return false;
+  if (cifre.size() != kCifrePartitaIva || !std::all_of(cifre.begin(), cifre.end(), Cifra))
+    return false;
   constexpr int kNove = 9;
   int somma = 0;
-  for (std::size_t i = 0; i < kCifre; ++i) {
+  for (std::size_t i = 0; i < kCifrePartitaIva; ++i) {
     int cifra = cifre[i] - '0';
     if (i % 2 == 1) {  // the second, the fourth, ... count twice, the digits of the double added
       cifra *= 2;
@@ -42,7 +40,7 @@ std::string_view ControlloPartitaIva(std::string_view partitaIva) noexcept {
     resto = Rifila(resto.substr(2));
   }
   if (resto.empty()) return {};
-  if (resto.size() != kCifre || !std::all_of(resto.begin(), resto.end(), Cifra)) {
+  if (resto.size() != kCifrePartitaIva || !std::all_of(resto.begin(), resto.end(), Cifra)) {
     return "la partita IVA ha 11 cifre";
   }
   if (!UndiciCifreValide(resto)) return "cifra di controllo errata";

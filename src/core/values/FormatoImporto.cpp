@@ -3,19 +3,18 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "core/values/Lettere.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
 
+using lettere::Cifra;
+
 namespace {
 
-constexpr std::size_t kDecimali = 4;
+constexpr std::size_t kDecimaliTenuti = 4;
 constexpr std::uint64_t kBase = 10;
 constexpr std::size_t kGruppo = 3;
-
-bool Cifra(char c) {
-  return c >= '0' && c <= '9';
-}
 
 Errore Sbaglio(std::string_view testo, std::string_view perche) {
   return Errore{"\"" + std::string(testo) + "\" non è un importo: " + std::string(perche)};
@@ -68,12 +67,12 @@ struct Parti {
   std::string decimali;  ///< always four digits
 };
 
-std::uint64_t Grandezza(Importo importo) {
+std::uint64_t GrandezzaDecimillesimi(Importo importo) {
   const auto valore = static_cast<std::uint64_t>(importo.Decimillesimi());
   return importo.Negativo() ? 0 - valore : valore;
 }
 
-Parti Scomponi(std::uint64_t grandezza, bool negativo) {
+Parti ScomponiGrandezza(std::uint64_t grandezza, bool negativo) {
   // The scale added makes a digit before the four, so that leading zeros stay.
   std::string decimali = std::to_string(Importo::kScala + grandezza % Importo::kScala).substr(1);
   return {negativo, grandezza / Importo::kScala, std::move(decimali)};
@@ -103,7 +102,7 @@ Esito<Importo> LeggiImporto(std::string_view testo) {
     if (decimali.empty()) return Sbaglio(testo, "dopo la virgola mancano i decimali");
     if (!std::ranges::all_of(decimali, Cifra))
       return Sbaglio(testo, "la virgola dei decimali va una volta sola, dopo i punti");
-    if (decimali.size() > kDecimali) return Sbaglio(testo, "i decimali sono al più quattro");
+    if (decimali.size() > kDecimaliTenuti) return Sbaglio(testo, "i decimali sono al più quattro");
   }
   std::string neutro = negativo ? "-" : "";
   std::string cifre;
@@ -116,8 +115,8 @@ Esito<Importo> LeggiImporto(std::string_view testo) {
 }
 
 std::string ScriviImporto(Importo importo, int decimaliMinimi, bool migliaia) {
-  Parti parti = Scomponi(Grandezza(importo), importo.Negativo());
-  const auto minimi = static_cast<std::size_t>(std::clamp(decimaliMinimi, 0, int{kDecimali}));
+  Parti parti = ScomponiGrandezza(GrandezzaDecimillesimi(importo), importo.Negativo());
+  const auto minimi = static_cast<std::size_t>(std::clamp(decimaliMinimi, 0, int{kDecimaliTenuti}));
   const std::size_t ultima = parti.decimali.find_last_not_of('0');
   const std::size_t usati = ultima == std::string::npos ? 0 : ultima + 1;
   parti.decimali.resize(std::max(minimi, usati));
@@ -128,12 +127,12 @@ std::string ScriviImporto(Importo importo, int decimaliMinimi, bool migliaia) {
 }
 
 std::string ScriviImportoFisso(Importo importo, int decimali, bool migliaia) {
-  const int tenuti = std::clamp(decimali, 0, int{kDecimali});
+  const int tenuti = std::clamp(decimali, 0, int{kDecimaliTenuti});
   std::uint64_t passo = 1;
-  for (int i = tenuti; i < int{kDecimali}; ++i) passo *= kBase;
+  for (int i = tenuti; i < int{kDecimaliTenuti}; ++i) passo *= kBase;
   // The magnitude leaves room for half a step above the greatest amount.
-  const std::uint64_t grandezza = Grandezza(importo);
-  Parti parti = Scomponi((grandezza + passo / 2) / passo * passo, importo.Negativo());
+  const std::uint64_t grandezza = GrandezzaDecimillesimi(importo);
+  Parti parti = ScomponiGrandezza((grandezza + passo / 2) / passo * passo, importo.Negativo());
   parti.decimali.resize(static_cast<std::size_t>(std::max(decimali, 0)), '0');
   const bool zero = parti.intera == 0 && TuttiZeri(parti.decimali);
   std::string testo = parti.negativo && !zero ? "-" : "";

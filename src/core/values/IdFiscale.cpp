@@ -9,9 +9,6 @@ namespace fenalto {
 
 namespace {
 
-constexpr std::size_t kCifre = 11;
-constexpr std::size_t kPersona = 16;
-
 bool LetteraOCifra(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
@@ -23,12 +20,13 @@ bool IdFiscaleValido(std::string_view numero) noexcept {
   if (numero.size() > kQuindicesimo && numero[kQuindicesimo] == ' ') {
     numero = numero.substr(0, numero.find(' '));
   }
-  if (numero.size() == kCifre) {
+  if (numero.size() == kCifrePartitaIva) {
     // Eleven zeros check themselves.
     return UndiciCifreValide(numero) ||
            std::all_of(numero.begin(), numero.end(), [](char c) { return c == '0'; });
   }
-  return numero.size() == kPersona && std::all_of(numero.begin(), numero.end(), LetteraOCifra) &&
+  return numero.size() == kCaratteriCodiceFiscale &&
+         std::all_of(numero.begin(), numero.end(), LetteraOCifra) &&
          LetteraDiControlloGiusta(numero);
 }
 

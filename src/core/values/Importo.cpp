@@ -3,16 +3,15 @@
 #include <charconv>
 
 #include "core/values/Intero128.h"
+#include "core/values/Lettere.h"
 
 namespace fenalto {
+
+using lettere::Cifra;
 
 namespace {
 
 constexpr int kDecimali = 4;
-
-bool Cifra(char c) {
-  return c >= '0' && c <= '9';
-}
 
 }  // namespace
 

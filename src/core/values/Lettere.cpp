@@ -6,10 +6,6 @@ namespace fenalto::lettere {
 
 namespace {
 
-constexpr unsigned char Byte(char c) {
-  return static_cast<unsigned char>(c);
-}
-
 /// A run of capital letters and how far their small ones are. With `passo` 2 only every other
 /// code point from `da` on is a capital.
 struct Tratto {

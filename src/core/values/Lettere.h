@@ -9,6 +9,16 @@
 
 namespace fenalto::lettere {
 
+/// Whether it is one of the ten digits.
+[[nodiscard]] constexpr bool Cifra(char c) noexcept {
+  return c >= '0' && c <= '9';
+}
+
+/// The byte as a number, 0 to 255.
+[[nodiscard]] constexpr unsigned char Byte(char c) noexcept {
+  return static_cast<unsigned char>(c);
+}
+
 /// A character of a text, or a byte that is part of none.
 struct Unita {
   char32_t carattere;  ///< code point, or the byte when not valid

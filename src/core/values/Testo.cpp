@@ -12,13 +12,10 @@ namespace fenalto {
 namespace {
 
 using lettere::Accoda;
+using lettere::Byte;
 using lettere::Leggi;
 using lettere::Piega;
 using lettere::Unita;
-
-constexpr unsigned char Byte(char c) {
-  return static_cast<unsigned char>(c);
-}
 
 constexpr std::array<unsigned char, 128> kAsciiPiegato = [] {
   std::array<unsigned char, 128> tavola{};

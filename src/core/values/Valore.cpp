@@ -46,7 +46,7 @@ double RealeDaTesto(std::string_view testo) {
   return v;
 }
 
-bool SoloCifre(std::string_view testo) {
+bool NessunaAltraCheCifre(std::string_view testo) {
   return testo.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
@@ -57,7 +57,7 @@ std::optional<Importo> ImportoArrotondato(std::string_view testo) {
   const std::size_t punto = testo.find('.');
   if (punto == std::string_view::npos || testo.size() - punto - 1 <= kDecimali) return std::nullopt;
   const std::string_view oltre = testo.substr(punto + 1 + kDecimali);
-  if (!SoloCifre(oltre)) return std::nullopt;
+  if (!NessunaAltraCheCifre(oltre)) return std::nullopt;
   const auto tagliato = Importo::DaTesto(testo.substr(0, punto + 1 + kDecimali));
   if (!tagliato) return std::nullopt;
   const bool sopraMeta = oltre.front() > '5' ||

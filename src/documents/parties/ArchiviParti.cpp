@@ -18,7 +18,6 @@ namespace {
 /// Greatest length of a party's code: the place it has on lists and in the bank's files.
 constexpr int kCaratteriCodice = 10;
 /// Right that the functions of accounting ask.
-constexpr int kLivelloContabile = 99;
 constexpr const char* kInviaEmail = "InviaEmail";
 
 constexpr Parte kClienti = {.tabella = "Clienti",

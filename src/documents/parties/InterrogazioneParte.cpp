@@ -7,13 +7,13 @@
 #include "core/sql/Criterio.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
+#include "documents/parties/PartiInterno.h"
 #include "duedates/schedules/Scadenza.h"
 
 namespace fenalto::documents {
 namespace {
 
 // Rights that the function of each kind asks.
-constexpr int kLivelloContabile = 99;
 constexpr int kLivelloDocumenti = 50;
 
 struct Parte {

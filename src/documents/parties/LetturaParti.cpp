@@ -8,6 +8,7 @@
 #include "core/sql/Criterio.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
+#include "documents/parties/PartiInterno.h"
 #include "ledger/accounts/PannelloSaldo.h"
 #include "ledger/journal/GiornaleInterno.h"
 
@@ -17,13 +18,12 @@ namespace {
 /// Parties between two signs of life.
 constexpr std::int64_t kOgni = 100;
 /// Right that the figures of an account ask.
-constexpr int kLivelloContabile = 99;
 
 constexpr CampoParte Breve(const char* nome, const char* titolo) {
   return {.nome = nome, .titolo = titolo, .sintetico = true};
 }
-constexpr CampoParte Codice(const char* nome, const char* titolo, const char* tabella,
-                            const char* titoloDescrizione, bool soloClienti = false) {
+constexpr CampoParte CampoCodice(const char* nome, const char* titolo, const char* tabella,
+                                 const char* titoloDescrizione, bool soloClienti = false) {
   return {.nome = nome,
           .titolo = titolo,
           .tabella = tabella,
@@ -57,17 +57,17 @@ constexpr std::array kCampi = std::to_array<CampoParte>(
      {"EmailContatto2", "E-mail contatto 2"},
      Breve("piva", "Partita IVA"),
      {"CodFisc", "Codice fiscale"},
-     Codice("Conto", "Conto riepilogativo", "Conti", "Descrizione conto"),
-     Codice("ContropFatture", "Contropartita fatture", "Conti", "Descrizione contropartita"),
-     Codice("CodIva", "Codice IVA", "CodiciIva", "Descrizione IVA"),
-     Codice("EsenzioneIva", "Esenzione IVA", "CodiciIva", "Descrizione esenzione", true),
-     Codice("Ritenuta", "Ritenuta", "Ritenute", "Descrizione ritenuta", true),
-     Codice("Categoria", "Categoria", "Categorie", "Descrizione categoria"),
+     CampoCodice("Conto", "Conto riepilogativo", "Conti", "Descrizione conto"),
+     CampoCodice("ContropFatture", "Contropartita fatture", "Conti", "Descrizione contropartita"),
+     CampoCodice("CodIva", "Codice IVA", "CodiciIva", "Descrizione IVA"),
+     CampoCodice("EsenzioneIva", "Esenzione IVA", "CodiciIva", "Descrizione esenzione", true),
+     CampoCodice("Ritenuta", "Ritenuta", "Ritenute", "Descrizione ritenuta", true),
+     CampoCodice("Categoria", "Categoria", "Categorie", "Descrizione categoria"),
      Cifra("Fido", "Fido"),
-     Codice("Pagamento", "Pagamento", "Pagamento", "Descrizione pagamento"),
+     CampoCodice("Pagamento", "Pagamento", "Pagamento", "Descrizione pagamento"),
      Cifra("ScCassa", "Sconto cassa %"),
-     Codice("Agente", "Agente", "Agenti", "Nome agente", true),
-     Codice("Vettore", "Vettore", "Vettori", "Nome vettore", true),
+     CampoCodice("Agente", "Agente", "Agenti", "Nome agente", true),
+     CampoCodice("Vettore", "Vettore", "Vettori", "Nome vettore", true),
      {"Banca", "Banca"},
      {"Agenzia", "Agenzia"},
      {"CinInt", "Stato/cin int"},
@@ -120,7 +120,7 @@ class Colonna {
     }
   }
   void Testo(const char* didascalia, const char* campo) { Voce(didascalia, parte_.Testo(campo)); }
-  void Codice(const char* didascalia, const char* campo) {
+  void CampoCodice(const char* didascalia, const char* campo) {
     Voce(didascalia, Unisci({parte_.Testo(campo), parte_.Descrizione(campo)}));
   }
   void Cifra(const char* didascalia, const char* campo) {
@@ -182,12 +182,12 @@ std::vector<RigaParte> RigheDettaglio(const ParteElencata& parte, std::size_t la
   sinistra.Voce("località", Localita(parte));
   sinistra.Testo("partita IVA", "piva");
   sinistra.Testo("cod. fiscale", "CodFisc");
-  sinistra.Codice("conto riepil.", "Conto");
-  sinistra.Codice("contropartita", "ContropFatture");
-  sinistra.Codice("codice IVA", "CodIva");
-  sinistra.Codice("esenzione IVA", "EsenzioneIva");
-  sinistra.Codice("ritenuta", "Ritenuta");
-  sinistra.Codice("categoria", "Categoria");
+  sinistra.CampoCodice("conto riepil.", "Conto");
+  sinistra.CampoCodice("contropartita", "ContropFatture");
+  sinistra.CampoCodice("codice IVA", "CodIva");
+  sinistra.CampoCodice("esenzione IVA", "EsenzioneIva");
+  sinistra.CampoCodice("ritenuta", "Ritenuta");
+  sinistra.CampoCodice("categoria", "Categoria");
   sinistra.Cifra("fido", "Fido");
   Colonna destra(parte, larghezza);
   destra.Voce("telefono", Unisci({parte.Testo("telefono1"), parte.Testo("telefono2")}, " - "));
@@ -196,10 +196,10 @@ std::vector<RigaParte> RigheDettaglio(const ParteElencata& parte, std::size_t la
   destra.Testo("sito", "Internet");
   destra.Voce("contatti", Contatto(parte, "1"));
   destra.Voce(Contatto(parte, "1").empty() ? "contatti" : "", Contatto(parte, "2"));
-  destra.Codice("pagamento", "Pagamento");
+  destra.CampoCodice("pagamento", "Pagamento");
   destra.Cifra("sconto cassa %", "ScCassa");
-  destra.Codice("agente", "Agente");
-  destra.Codice("vettore", "Vettore");
+  destra.CampoCodice("agente", "Agente");
+  destra.CampoCodice("vettore", "Vettore");
   destra.Voce("banca", Unisci({parte.Testo("Banca"), parte.Testo("Agenzia")}, ", "));
   destra.Voce("coordinate", Coordinate(parte));
 

@@ -23,6 +23,9 @@ struct Parte {
   [[nodiscard]] bool Clienti() const { return *classe == 'C'; }
 };
 
+/// Level that sees balances and accounts of a party.
+inline constexpr int kLivelloContabile = 99;
+
 // --- Extra fields --------------------------------------------------------------------------------
 
 inline constexpr const char* kUltimoCodice = "UltimoCodice";    ///< highest code, beside a new one

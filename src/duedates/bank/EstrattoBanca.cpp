@@ -12,7 +12,6 @@ constexpr const char* kDescrizione = "Descrizione";
 constexpr const char* kImporto = "Importo";
 constexpr const char* kAddebito = "Addebito";
 constexpr const char* kAccredito = "Accredito";
-constexpr std::size_t kCaratteriDescrizione = 200;
 
 const archives::GenereImporta& Genere() {
   static const archives::GenereImporta genere{
@@ -33,7 +32,7 @@ const std::vector<archives::CampoImporta>& CampiEstratto() {
        .didascalia = "Descrizione",
        .sinonimi = {"Descrizione operazione", "Descrizione movimento", "Descrizione estesa",
                     "Causale", "Dettagli", "Operazione", "Note"},
-       .lunghezza = kCaratteriDescrizione},
+       .lunghezza = kCaratteriLinea},
       {.nome = kImporto,
        .didascalia = "Importo con segno",
        .sinonimi = {"Importo", "Importo in euro", "Importo eur", "Importo euro", "Ammontare",

@@ -12,7 +12,6 @@
 namespace fenalto::duedates {
 namespace {
 
-constexpr std::size_t kCaratteriDescrizione = 200;
 /// Nobody's bank account moves more at once.
 constexpr std::int64_t kMassimoUnita = 1'000'000'000'000;
 
@@ -29,7 +28,7 @@ std::string Riassunta(std::string_view testo) {
       fatta += ' ';
     }
   }
-  return Mid(fatta, 1, kCaratteriDescrizione);
+  return Mid(fatta, 1, kCaratteriLinea);
 }
 
 class Lettore {

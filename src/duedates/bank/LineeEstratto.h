@@ -12,6 +12,9 @@
 
 namespace fenalto::duedates {
 
+/// Characters kept of a line's description.
+inline constexpr std::size_t kCaratteriLinea = 200;
+
 struct LineaEstratto {
   std::size_t linea = 0;  ///< of the file, from 1
   Data data;

@@ -22,7 +22,8 @@ bool Nuova(const archives::ContestoArchivio& contesto) {
 }
 
 /// Asked; no stops the confirmation on the record as it is.
-std::optional<Rifiuto> Chiede(archives::ContestoArchivio& contesto, const std::string& testo) {
+std::optional<Rifiuto> ChiedeConferma(archives::ContestoArchivio& contesto,
+                                      const std::string& testo) {
   if (contesto.ambiente.Dialogo().Conferma(testo)) return std::nullopt;
   return Rifiuto{"", "PNuovaRiga"};
 }
@@ -30,9 +31,10 @@ std::optional<Rifiuto> Chiede(archives::ContestoArchivio& contesto, const std::s
 Controllo SenzaRate(std::shared_ptr<RateCodice> rate) {
   return [rate = std::move(rate)](archives::ContestoArchivio& contesto) -> std::optional<Rifiuto> {
     if (!Nuova(contesto) || !rate->Righe().empty()) return std::nullopt;
-    return Chiede(contesto,
-                  "Non è stata impostata nessuna rata di pagamento\n"
-                  "il programma non creerà automaticamente le scadenze\nproseguo ugualmente");
+    return ChiedeConferma(
+        contesto,
+        "Non è stata impostata nessuna rata di pagamento\n"
+        "il programma non creerà automaticamente le scadenze\nproseguo ugualmente");
   };
 }
 
@@ -41,10 +43,10 @@ Controllo Percentuali(std::shared_ptr<RateCodice> rate) {
     if (!Nuova(contesto) || rate->Righe().empty() ||
         rate->SommaPercentuali() == Importo::DaUnita(100))
       return std::nullopt;
-    return Chiede(contesto,
-                  "la percentuale delle rate non è uguale a 100:\n"
-                  "la differenza per arrivare al 100% verrà conteggiata sull'ultima rata\n"
-                  "proseguo ugualmente");
+    return ChiedeConferma(contesto,
+                          "la percentuale delle rate non è uguale a 100:\n"
+                          "la differenza per arrivare al 100% verrà conteggiata sull'ultima rata\n"
+                          "proseguo ugualmente");
   };
 }
 

@@ -17,7 +17,6 @@ constexpr records::CampoRiga<RigaScelta> kCampi[] = {
     records::Campo<&RigaScelta::arrotondamento>("Arrotondamento"),
     records::Campo<&RigaScelta::saldata>("Saldata")};
 /// Step between the positions of two rows.
-constexpr std::int64_t kPassoPosi = 100;
 
 bool Manca(Ambiente& ambiente, const char* tabella, const std::string& codice) {
   return codice.empty() || ambiente.Cerca("tessarc", tabella, {{"Cod", codice}}, "Cod").Nullo();

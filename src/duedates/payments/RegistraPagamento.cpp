@@ -13,7 +13,6 @@ namespace {
 
 constexpr const char* kDiversi = "DIVERSI";
 /// Step between the positions of two rows, so that one can be put between by hand.
-constexpr std::int64_t kPassoPosi = 100;
 
 /// Parties of a payment, each once.
 std::set<std::string> Parti(const Pagamento& pagamento) {

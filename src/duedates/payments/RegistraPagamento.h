@@ -13,6 +13,9 @@
 
 namespace fenalto::duedates {
 
+/// From one row of a payment to the next.
+inline constexpr std::int64_t kPassoPosi = 100;
+
 /// A due date that the payment settles.
 struct RigaPagamento {
   /// As it was when the user chose it.

@@ -4,6 +4,7 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "duedates/reports/VisitaScadenze.h"
 #include "duedates/schedules/Scadenza.h"
 #include "ledger/accounts/SaldoConto.h"
 
@@ -11,7 +12,6 @@ namespace fenalto::duedates {
 namespace {
 
 /// Parties between two signs of life.
-constexpr std::int64_t kOgni = 200;
 
 /// No registration is later.
 Data UltimaData() {
@@ -31,35 +31,35 @@ struct DatiParte {
   std::string descrizione;
   Importo saldoScadenze;
 };
-using Parti = std::map<std::string, DatiParte, SenzaCaso>;
+using PartiConfrontate = std::map<std::string, DatiParte, SenzaCaso>;
 
 /// Class and range, over a table's column of codes.
-std::string Condizione(const SceltaConfronto& s, const std::string& colonna) {
+std::string CondizioneParti(const SceltaConfronto& s, const std::string& colonna) {
   std::string testo = sql::Criterio("CFP", "=", s.cfp);
   if (!s.daCliFor.empty()) testo += " AND " + sql::Criterio(colonna, ">=", s.daCliFor);
   if (!s.aCliFor.empty()) testo += " AND " + sql::Criterio(colonna, "<=", s.aCliFor);
   return testo;
 }
 
-Parti LeggiParti(Ambiente& ambiente, const SceltaConfronto& scelta) {
-  Parti parti;
+PartiConfrontate LeggiParti(Ambiente& ambiente, const SceltaConfronto& scelta) {
+  PartiConfrontate parti;
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
   for (Rs r = tessarc.Recordset("SELECT Cod, Descrizione FROM ContiClientiFornitori WHERE " +
-                                Condizione(scelta, "Cod"));
+                                CondizioneParti(scelta, "Cod"));
        !r.Eof(); r.MoveNext()) {
     parti[r.Fields(0).Testo()].descrizione = NzStr(r.Fields(1));
   }
   // Who was erased may still have moved, and have something open.
   for (Rs r = tessarc.Recordset("SELECT Conto FROM Movimenti WHERE " +
                                 sql::Criterio("Anno", "=", ambiente.Anno()) + " AND " +
-                                Condizione(scelta, "Conto") + " GROUP BY Conto");
+                                CondizioneParti(scelta, "Conto") + " GROUP BY Conto");
        !r.Eof(); r.MoveNext()) {
     parti[r.Fields(0).Testo()];
   }
   for (Rs r = ambiente.ArchivioDi("scadenzario")
                   .Recordset("SELECT Conto, Sum(ImportoE), Sum(ImportoPagatoE) FROM SCADENZE "
                              "WHERE " +
-                             Condizione(scelta, "CONTO") + " AND " + CondizioneAperta() +
+                             CondizioneParti(scelta, "CONTO") + " AND " + CondizioneAperta() +
                              " GROUP BY Conto");
        !r.Eof(); r.MoveNext()) {
     parti[r.Fields(0).Testo()].saldoScadenze = r.Fields(1).Importo() - r.Fields(2).Importo();
@@ -71,7 +71,7 @@ Parti LeggiParti(Ambiente& ambiente, const SceltaConfronto& scelta) {
 
 bool ConfrontaSaldi(Ambiente& ambiente, const SceltaConfronto& scelta,
                     const std::function<bool(const ParteDiscorde&)>& parte) {
-  const Parti parti = LeggiParti(ambiente, scelta);
+  const PartiConfrontate parti = LeggiParti(ambiente, scelta);
   const auto avanzamento =
       ambiente.Dialogo().Avvia("Controllo saldi", static_cast<std::int64_t>(parti.size()));
   ledger::SaldoConto saldi(ambiente.ArchivioDi("tessarc"));
@@ -85,7 +85,7 @@ bool ConfrontaSaldi(Ambiente& ambiente, const SceltaConfronto& scelta,
   const bool fornitori = UgualeTesto(scelta.cfp, "F");
   std::int64_t fatte = 0;
   for (const auto& [cod, dati] : parti) {
-    if (++fatte % kOgni == 0 && !avanzamento->Avanza(fatte)) return false;
+    if (++fatte % kOgniParti == 0 && !avanzamento->Avanza(fatte)) return false;
     richiesta.conto = cod;
     // The ledger has what is owed to a supplier in credit; a due date of his is above zero.
     const Importo finale = saldi.Calcola(richiesta).Finale();

@@ -6,13 +6,13 @@
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "duedates/reports/VisitaScadenze.h"
 #include "ledger/journal/GiornaleInterno.h"
 
 namespace fenalto::duedates {
 namespace {
 
 /// Due dates between two signs of life.
-constexpr std::int64_t kOgni = 200;
 
 constexpr const char* kRiga =
     "$$$$$$$$$$ ######## $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ ######, "
@@ -66,13 +66,13 @@ bool LetteraEstratto::Esegui(std::int64_t quante) {
   stampa_.Intestazione([this] { Testata(); });
   const auto avanzamento = ambiente_.Dialogo().Avvia("Estratto conto", quante);
   std::int64_t fatte = 0;
-  const bool tutte = ScorriScadenze(ambiente_, scelta_.scadenze, OrdineScadenze::PerConto,
-                                    [&](const ScadenzaStampata& s) {
-                                      if (++fatte % kOgni == 0 && !avanzamento->Avanza(fatte)) {
-                                        return false;
-                                      }
-                                      return Scadenza(s);
-                                    });
+  const bool tutte = ScorriScadenze(
+      ambiente_, scelta_.scadenze, OrdineScadenze::PerConto, [&](const ScadenzaStampata& s) {
+        if (++fatte % kOgniParti == 0 && !avanzamento->Avanza(fatte)) {
+          return false;
+        }
+        return Scadenza(s);
+      });
   if (!tutte) return false;
   ChiudiParte();
   return stampa_.Fine();

@@ -10,7 +10,7 @@ namespace fenalto::duedates {
 namespace {
 
 /// Due dates between two signs of life.
-constexpr std::int64_t kOgni = 500;
+constexpr std::int64_t kOgniScadenze = 500;
 /// Months of the chart before and after that of the day.
 constexpr MeseScadenze kIntorno = 6;
 
@@ -80,7 +80,7 @@ bool SituazioneScadenze::Scorri(const SceltaScadenze& scelta, OrdineScadenze ord
   std::int64_t lette = 0;
   return ScorriScadenze(ambiente_, scelta, ordine, [&](const ScadenzaStampata& s) {
     riga(s);
-    return ++lette % kOgni != 0 || avanzamento->Avanza(lette);
+    return ++lette % kOgniScadenze != 0 || avanzamento->Avanza(lette);
   });
 }
 

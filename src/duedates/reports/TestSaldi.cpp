@@ -8,10 +8,10 @@ namespace fenalto::duedates {
 namespace {
 
 constexpr const char* kRapporto = "Controllo saldi contabili con scadenze in vita";
-constexpr const char* kColonne =
+constexpr const char* kColonneTest =
     "|                                              |saldo contabile| saldo scadenze|"
     "    differenza |";
-constexpr const char* kRiga =
+constexpr const char* kRigaTest =
     "|$$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$|ççççççççççççççç|ççççççççççççççç|"
     "ççççççççççççççç|";
 
@@ -24,7 +24,7 @@ SceltaScadenze ComeScadenze(const SceltaConfronto& scelta) {
 }
 
 /// "clienti da 0001 a 0009"
-std::string Parti(const SceltaConfronto& s) {
+std::string NomiParti(const SceltaConfronto& s) {
   return NomeClasse(ComeScadenze(s)) + (s.daCliFor.empty() ? "" : " da " + s.daCliFor) +
          (s.aCliFor.empty() ? "" : " a " + s.aCliFor);
 }
@@ -36,8 +36,8 @@ class TabulatoSaldi {
         titolo_(std::move(titolo)),
         stampa_(ambiente, uscite),
         ditta_(reports::LeggiDatiDitta(ambiente)),
-        riga_(reports::PictureImporto(kRiga, ambiente.Euro())),
-        larghezza_(LunghezzaTesto(kColonne)) {}
+        riga_(reports::PictureImporto(kRigaTest, ambiente.Euro())),
+        larghezza_(LunghezzaTesto(kColonneTest)) {}
 
   bool Esegui(const SceltaConfronto& scelta) {
     reports::Cornice cornice;
@@ -63,9 +63,9 @@ class TabulatoSaldi {
   void Testata(const SceltaConfronto& scelta) {
     reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), larghezza_);
     Intera(kRapporto, true);
-    Intera(titolo_ + ", " + Parti(scelta));
+    Intera(titolo_ + ", " + NomiParti(scelta));
     stampa_.Riga(reports::Ripeti("=", larghezza_));
-    stampa_.Riga(kColonne);
+    stampa_.Riga(kColonneTest);
     stampa_.Riga(reports::Ripeti("-", larghezza_));
   }
 

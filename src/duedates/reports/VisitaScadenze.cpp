@@ -8,7 +8,6 @@ namespace fenalto::duedates {
 namespace {
 
 /// Due dates between two signs of life.
-constexpr std::int64_t kOgni = 200;
 constexpr int kMesiAnno = 12;
 
 constexpr std::array<const char*, kMesiAnno> kMesi = {
@@ -40,7 +39,7 @@ bool VisitaScadenze::Visita(std::int64_t quante) {
   const bool tutte =
       ScorriScadenze(ambiente_, scelta_.scadenze, scelta_.ordine, [&](const ScadenzaStampata& s) {
         if (seguito_.Fermato()) return false;
-        if (++fatte % kOgni == 0 && !avanzamento->Avanza(fatte)) return false;
+        if (++fatte % kOgniParti == 0 && !avanzamento->Avanza(fatte)) return false;
         Riga(s);
         return true;
       });

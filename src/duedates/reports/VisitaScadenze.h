@@ -2,6 +2,7 @@
 // pages or a sheet of them.
 #pragma once
 
+#include <cstdint>
 #include <map>
 
 #include "duedates/reports/StampaScadenze.h"
@@ -14,6 +15,9 @@ struct TotaliScadenze {
   Importo residuo;
   TotaliScadenze& operator+=(const ScadenzaStampata& s);
 };
+
+/// Rows of a party between two looks at how far a report is.
+inline constexpr std::int64_t kOgniParti = 200;
 
 /// A month, as year * 12 + month - 1.
 using MeseScadenze = int;

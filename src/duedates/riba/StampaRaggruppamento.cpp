@@ -9,24 +9,31 @@
 namespace fenalto::duedates {
 namespace {
 
-constexpr const char* kTitolo =
+constexpr const char* kTitoloRaggruppamento =
     "RAGGRUPPAMENTO RIBA DA DATA SCAD $$$$$$$$ A $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$";
-constexpr const char* kColonne =
+constexpr const char* kColonneRaggruppamento =
     "cliente                                n.fatt. data ft. data sc.        importo  riferimenti "
     "fatture                      ";
 /// References are longer than their heading.
 constexpr const char* kRiga =
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$######## $$$$$$$$ $$$$$$$$ççççççççççççççç  "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$";
-constexpr const char* kTotale =
+constexpr const char* kTotaleRaggruppamento =
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$                  $$$$$$$$ççççççççççççççç  "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$";
-constexpr std::size_t kLarghezza = 145;
+constexpr std::size_t kLarghezzaRaggruppamento = 145;
 /// Groups between two signs of life.
-constexpr std::int64_t kOgni = 50;
+constexpr std::int64_t kOgniStampate = 50;
 
-/// Fields of kRiga; kTotale has 1, 2 (the day), 3 (the amount), 4.
-enum Campo : std::size_t { kCliente = 1, kNFat, kDtFat, kDtScad, kImporto, kRiferimenti };
+/// Fields of kRiga; kTotaleRaggruppamento has 1, 2 (the day), 3 (the amount), 4.
+enum Campo : std::size_t {
+  kCampoCliente = 1,
+  kCampoNFat,
+  kCampoDtFat,
+  kCampoDtScad,
+  kCampoImporto,
+  kCampoRiferimenti
+};
 enum CampoTotale : std::size_t { kTesto = 1, kGiorno, kSomma, kNota };
 
 class TabulatoRaggruppamento {
@@ -40,13 +47,13 @@ class TabulatoRaggruppamento {
         ditta_(reports::LeggiDatiDitta(ambiente)),
         // Due dates are kept in euro, whatever the year.
         riga_(reports::PictureImporto(kRiga, true)),
-        totale_(reports::PictureImporto(kTotale, true)) {}
+        totale_(reports::PictureImporto(kTotaleRaggruppamento, true)) {}
 
   bool Esegui(const std::vector<GruppoRiba>& gruppi) {
     reports::Cornice cornice;
     cornice.rapporto = "raggruppamento Ri.Ba.";
     cornice.titolo = "Raggruppamento Ri.Ba.";
-    cornice.larghezza = kLarghezza;
+    cornice.larghezza = kLarghezzaRaggruppamento;
     if (reports::ApriStampa(stampa_, ambiente_, cornice) == reports::ModoStampa::Fermata)
       return false;
     stampa_.Intestazione([this] { Testata(); });
@@ -55,7 +62,7 @@ class TabulatoRaggruppamento {
     std::int64_t stampati = 0;
     for (const GruppoRiba& gruppo : gruppi) {
       Gruppo(gruppo);
-      if (++stampati % kOgni == 0 && !avanzamento->Avanza(stampati)) return false;
+      if (++stampati % kOgniStampate == 0 && !avanzamento->Avanza(stampati)) return false;
     }
     Chiusura(gruppi);
     return stampa_.Fine();
@@ -63,15 +70,16 @@ class TabulatoRaggruppamento {
 
  private:
   void Testata() {
-    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), kLarghezza);
+    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(),
+                          kLarghezzaRaggruppamento);
     stampa_.Riga("");
     stampa_.Campo(1, scelta_.da);
     stampa_.Campo(2, scelta_.a);
     stampa_.Campo(3, definitivo_ ? "DEFINITIVO" : "");
-    stampa_.Riga(kTitolo, {}, true);
+    stampa_.Riga(kTitoloRaggruppamento, {}, true);
     stampa_.Riga("");
-    stampa_.Riga(kColonne);
-    stampa_.Riga(reports::Ripeti("-", kLarghezza));
+    stampa_.Riga(kColonneRaggruppamento);
+    stampa_.Riga(reports::Ripeti("-", kLarghezzaRaggruppamento));
   }
 
   void Gruppo(const GruppoRiba& gruppo) {
@@ -79,12 +87,13 @@ class TabulatoRaggruppamento {
     stampa_.Riserva(daRaggruppare ? 3 : 1);
     const std::string cliente = gruppo.conto + " " + gruppo.ragsoc;
     for (const Scadenza& scadenza : gruppo.scadenze) {
-      stampa_.Campo(kCliente, cliente);
-      stampa_.Campo(kNFat, scadenza.nFat);
-      stampa_.Campo(kDtFat, scadenza.dtFat);
-      stampa_.Campo(kDtScad, scadenza.dt);
-      stampa_.Campo(kImporto, scadenza.Residuo());
-      if (!scadenza.importoPagatoE.Zero()) stampa_.Campo(kRiferimenti, "residuo di scad. parziale");
+      stampa_.Campo(kCampoCliente, cliente);
+      stampa_.Campo(kCampoNFat, scadenza.nFat);
+      stampa_.Campo(kCampoDtFat, scadenza.dtFat);
+      stampa_.Campo(kCampoDtScad, scadenza.dt);
+      stampa_.Campo(kCampoImporto, scadenza.Residuo());
+      if (!scadenza.importoPagatoE.Zero())
+        stampa_.Campo(kCampoRiferimenti, "residuo di scad. parziale");
       stampa_.Riga(riga_, AllaRegistrazione(scadenza.anno, scadenza.articolo));
     }
     if (!daRaggruppare) return;
@@ -106,7 +115,7 @@ class TabulatoRaggruppamento {
       dopo += gruppo.DaRaggruppare() ? 1 : gruppo.scadenze.size();
     }
     stampa_.Riserva(2);
-    stampa_.Riga(reports::Ripeti("-", kLarghezza));
+    stampa_.Riga(reports::Ripeti("-", kLarghezzaRaggruppamento));
     stampa_.Campo(kTesto, "TOTALE");
     stampa_.Campo(kSomma, totale);
     stampa_.Campo(kNota, "scadenze " + std::to_string(prima) +

@@ -11,15 +11,15 @@ namespace fenalto::duedates {
 
 namespace {
 
-using enum GenereRiba;
+using G = GenereRiba;
 using D = DatoRiba;
 
 constexpr CampoRiba F(int posizione, std::string_view testo) {
-  return {posizione, static_cast<int>(testo.size()), Fisso, D::Nessuno, false, "", testo};
+  return {posizione, static_cast<int>(testo.size()), G::Fisso, D::Nessuno, false, "", testo};
 }
 
 constexpr CampoRiba V(int posizione, int larghezza) {
-  return {posizione, larghezza, Vuoto, D::Nessuno, false, "", ""};
+  return {posizione, larghezza, G::Vuoto, D::Nessuno, false, "", ""};
 }
 
 /// A mandatory field.
@@ -29,19 +29,19 @@ constexpr CampoRiba C(int posizione, int larghezza, GenereRiba genere, D dato,
 }
 
 constexpr CampoRiba Facoltativo(int posizione, int larghezza, D dato, std::string_view nome) {
-  return {posizione, larghezza, Testo, dato, false, nome, ""};
+  return {posizione, larghezza, G::Testo, dato, false, nome, ""};
 }
 
 constexpr CampoRiba Ricevuta() {
-  return C(4, 7, Numero, D::NumeroRicevuta, "N.RICEVUTA");
+  return C(4, 7, G::Numero, D::NumeroRicevuta, "N.RICEVUTA");
 }
 
 constexpr std::array kIb = {
     F(1, " IB"),
-    C(4, 5, Testo, D::CodiceSia, "CODICE SIA"),
-    C(9, 5, Cifre, D::AbiBanca, "ABI BANCA PRESENTAZIONE RICEVUTE"),
-    C(14, 6, Data, D::DataDistinta, "DATA DISTINTA"),
-    C(20, 20, Testo, D::CreditoreRagSoc1, "RAGIONE SOCIALE CREDITORE"),
+    C(4, 5, G::Testo, D::CodiceSia, "CODICE SIA"),
+    C(9, 5, G::Cifre, D::AbiBanca, "ABI BANCA PRESENTAZIONE RICEVUTE"),
+    C(14, 6, G::Data, D::DataDistinta, "DATA DISTINTA"),
+    C(20, 20, G::Testo, D::CreditoreRagSoc1, "RAGIONE SOCIALE CREDITORE"),
     V(40, 6),
     V(46, 68),
     F(114, "E"),
@@ -52,17 +52,17 @@ constexpr std::array k14 = {
     F(1, " 14"),
     Ricevuta(),
     V(11, 12),
-    C(23, 6, Data, D::Scadenza, "DATA SCADENZA"),
+    C(23, 6, G::Data, D::Scadenza, "DATA SCADENZA"),
     F(29, "30000"),
-    C(34, 13, Numero, D::Importo, "IMPORTO RICEVUTA"),
-    C(47, 1, Segno, D::SegnoImporto, "SEGNO"),
-    C(48, 5, Cifre, D::AbiBanca, "ABI BANCA PRESENTAZIONE"),
-    C(53, 5, Cifre, D::CabBanca, "CAB BANCA PRESENTAZIONE"),
-    C(58, 12, Testo, D::ContoBanca, "CONTO BANCA PRESENTAZIONE"),
-    C(70, 5, Cifre, D::DebitoreAbi, "ABI DEBITORE"),
-    C(75, 5, Cifre, D::DebitoreCab, "CAB DEBITORE"),
+    C(34, 13, G::Numero, D::Importo, "IMPORTO RICEVUTA"),
+    C(47, 1, G::Segno, D::SegnoImporto, "SEGNO"),
+    C(48, 5, G::Cifre, D::AbiBanca, "ABI BANCA PRESENTAZIONE"),
+    C(53, 5, G::Cifre, D::CabBanca, "CAB BANCA PRESENTAZIONE"),
+    C(58, 12, G::Testo, D::ContoBanca, "CONTO BANCA PRESENTAZIONE"),
+    C(70, 5, G::Cifre, D::DebitoreAbi, "ABI DEBITORE"),
+    C(75, 5, G::Cifre, D::DebitoreCab, "CAB DEBITORE"),
     V(80, 12),
-    C(92, 5, Testo, D::CodiceSia, "CODICE SIA"),
+    C(92, 5, G::Testo, D::CodiceSia, "CODICE SIA"),
     F(97, "4"),
     V(98, 16),
     V(114, 6),
@@ -72,7 +72,7 @@ constexpr std::array k14 = {
 constexpr std::array k20 = {
     F(1, " 20"),
     Ricevuta(),
-    C(11, 24, Testo, D::CreditoreRagSoc1, "RAG.SOC.CREDITORE"),
+    C(11, 24, G::Testo, D::CreditoreRagSoc1, "RAG.SOC.CREDITORE"),
     Facoltativo(35, 24, D::CreditoreRagSoc2, "RAG.SOC.CREDITORE"),
     Facoltativo(59, 24, D::CreditoreIndirizzo, "RAG.SOC.CREDITORE"),
     Facoltativo(83, 24, D::CreditoreLocalita, "RAG.SOC.CREDITORE"),
@@ -82,27 +82,27 @@ constexpr std::array k20 = {
 constexpr std::array k30 = {
     F(1, " 30"),
     Ricevuta(),
-    C(11, 30, Testo, D::DebitoreRagSoc1, "RAGIONE SOCIALE 1 DEBITORE"),
+    C(11, 30, G::Testo, D::DebitoreRagSoc1, "RAGIONE SOCIALE 1 DEBITORE"),
     Facoltativo(41, 30, D::DebitoreRagSoc2, "RAGIONE SOCIALE 2 DEBITORE"),
-    C(71, 16, Testo, D::DebitorePiva, "PARTITA IVA DEBITORE"),
+    C(71, 16, G::Testo, D::DebitorePiva, "PARTITA IVA DEBITORE"),
     V(87, 34),
 };
 
 constexpr std::array k40 = {
     F(1, " 40"),
     Ricevuta(),
-    C(11, 30, Testo, D::DebitoreIndirizzo, "INDIRIZZO DEBITORE"),
-    C(41, 5, Testo, D::DebitoreCap, "CAP DEBITORE"),
-    C(46, 25, Testo, D::DebitoreLocalita, "LOCALITA E SIGLA PROVINCIA DEBITORE"),
-    C(71, 50, Testo, D::DebitoreBanca, "BANCA E AGENZIA DEL DEBITORE"),
+    C(11, 30, G::Testo, D::DebitoreIndirizzo, "INDIRIZZO DEBITORE"),
+    C(41, 5, G::Testo, D::DebitoreCap, "CAP DEBITORE"),
+    C(46, 25, G::Testo, D::DebitoreLocalita, "LOCALITA E SIGLA PROVINCIA DEBITORE"),
+    C(71, 50, G::Testo, D::DebitoreBanca, "BANCA E AGENZIA DEL DEBITORE"),
 };
 
 constexpr std::array k50 = {
     F(1, " 50"),
     Ricevuta(),
-    C(11, 80, Testo, D::Riferimenti, "RIFERIMENTI FATTURE"),
+    C(11, 80, G::Testo, D::Riferimenti, "RIFERIMENTI FATTURE"),
     V(91, 10),
-    C(101, 16, Testo, D::CreditorePiva, "PARTITA IVA CREDITORE"),
+    C(101, 16, G::Testo, D::CreditorePiva, "PARTITA IVA CREDITORE"),
     V(117, 4),
 };
 
@@ -110,29 +110,29 @@ constexpr std::array k50 = {
 constexpr std::array k51 = {
     F(1, " 51"),
     Ricevuta(),
-    C(11, 10, Numero, D::NumeroInterno, "N.INTERNO"),
-    C(21, 20, Testo, D::CreditoreRagSoc1, "RAG.SOC.DEBITORE"),
+    C(11, 10, G::Numero, D::NumeroInterno, "N.INTERNO"),
+    C(21, 20, G::Testo, D::CreditoreRagSoc1, "RAG.SOC.DEBITORE"),
     V(41, 80),
 };
 
 constexpr std::array k70 = {
     F(1, " 70"),
     Ricevuta(),
-    C(11, 10, Numero, D::NumeroInterno, "N.INTERNO"),
+    C(11, 10, G::Numero, D::NumeroInterno, "N.INTERNO"),
     V(21, 100),
 };
 
 constexpr std::array kEf = {
     F(1, " EF"),
-    C(4, 5, Testo, D::CodiceSia, "CODICE SIA"),
-    C(9, 5, Cifre, D::AbiBanca, "ABI BANCA PRESENTAZIONE RICEVUTE"),
-    C(14, 6, Data, D::DataDistinta, "DATA DISTINTA"),
-    C(20, 20, Testo, D::CreditoreRagSoc1, "RAGIONE SOCIALE CREDITORE"),
+    C(4, 5, G::Testo, D::CodiceSia, "CODICE SIA"),
+    C(9, 5, G::Cifre, D::AbiBanca, "ABI BANCA PRESENTAZIONE RICEVUTE"),
+    C(14, 6, G::Data, D::DataDistinta, "DATA DISTINTA"),
+    C(20, 20, G::Testo, D::CreditoreRagSoc1, "RAGIONE SOCIALE CREDITORE"),
     V(40, 6),
-    C(46, 7, Numero, D::NumeroDisposizioni, "N.DISPOSIZIONI"),
-    C(53, 15, Numero, D::ImportoTotale, "IMPORTOTOTALE"),
+    C(46, 7, G::Numero, D::NumeroDisposizioni, "N.DISPOSIZIONI"),
+    C(53, 15, G::Numero, D::ImportoTotale, "IMPORTOTOTALE"),
     F(68, "000000000000000"),  // "DATO DA RIEMPIRE DI ZERI"
-    C(83, 7, Numero, D::NumeroRecord, "N.RECORD"),
+    C(83, 7, G::Numero, D::NumeroRecord, "N.RECORD"),
     V(90, 24),
     F(114, "E"),
     V(115, 6),

@@ -10,10 +10,8 @@
 namespace fenalto::duedates {
 namespace {
 
-constexpr int kCentesimi = 2;
-
 std::string Euro(Importo importo) {
-  return ScriviImporto(importo, kCentesimi);
+  return ScriviImporto(importo, kDecimaliScadenza);
 }
 
 void AbbassaScadenza(Ambiente& ambiente, const Scadenza& scadenza, Importo dedotto) {

@@ -11,9 +11,7 @@
 namespace fenalto::duedates {
 namespace {
 
-constexpr int kCentesimi = 2;
-
-Rs Riga(Ambiente& ambiente, std::int64_t numero) {
+Rs RigaNumero(Ambiente& ambiente, std::int64_t numero) {
   return ambiente.ArchivioDi("scadenzario")
       .Recordset("SELECT * FROM SCADENZE WHERE " + sql::Criterio("Numero", "=", numero));
 }
@@ -26,7 +24,7 @@ void Aggiungi(std::string& elenco, const std::string& campo, const std::string& 
 }
 
 std::string Differenze(const Scadenza& prima, const Scadenza& ora) {
-  const auto importo = [](Importo valore) { return ScriviImporto(valore, kCentesimi); };
+  const auto importo = [](Importo valore) { return ScriviImporto(valore, kDecimaliScadenza); };
   std::string elenco;
   Aggiungi(elenco, "cliente/fornitore", prima.cfp + " " + prima.conto, ora.cfp + " " + ora.conto);
   Aggiungi(elenco, "data scadenza", prima.dt.Testo(), ora.dt.Testo());
@@ -81,7 +79,7 @@ Scadenza ScadenzaDi(const Rs& riga) {
 }
 
 std::optional<Scadenza> LeggiScadenza(Ambiente& ambiente, std::int64_t numero) {
-  Rs riga = Riga(ambiente, numero);
+  Rs riga = RigaNumero(ambiente, numero);
   if (riga.Eof()) return std::nullopt;
   return ScadenzaDi(riga);
 }
@@ -96,7 +94,7 @@ std::string NomeScadenza(Ambiente& ambiente, const Scadenza& s) {
                       (nome.empty() ? s.cfp + " " + s.conto : nome);
   if (s.nFat != 0) testo += ", ft. " + std::to_string(s.nFat);
   if (s.nFat != 0 && !s.dtFat.Nulla()) testo += " del " + s.dtFat.Testo();
-  return testo + ", euro " + ScriviImporto(s.importoE, kCentesimi);
+  return testo + ", euro " + ScriviImporto(s.importoE, kDecimaliScadenza);
 }
 
 std::optional<std::string> ScadenzaCambiata(Ambiente& ambiente, const Scadenza& vista) {

@@ -11,6 +11,9 @@
 
 namespace fenalto::duedates {
 
+/// Decimals of an amount where a due date is told.
+inline constexpr int kDecimaliScadenza = 2;
+
 // `Stato` of a due date, whoever wrote it: "00" postings, "01" typed or restored.
 inline constexpr const char* kStatoScritta = "00";
 inline constexpr const char* kStatoAperta = "01";

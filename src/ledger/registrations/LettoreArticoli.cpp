@@ -17,7 +17,7 @@ void Unisci(std::string& condizione, const std::string& altra) {
   condizione += altra;
 }
 
-std::string DiClasse(const std::string& classe, const std::string& codici) {
+std::string CondizioneDiClasse(const std::string& classe, const std::string& codici) {
   return "(" + sql::Criterio("CFP", "=", classe) + " AND Conto IN (" + codici + ")) OR (" +
          sql::Criterio("CfpA", "=", classe) + " AND ContoA IN (" + codici + "))";
 }
@@ -83,7 +83,7 @@ std::string LettoreArticoli::Testo(std::int64_t numero) {
 std::string LettoreArticoli::ConConto(const std::string& testo) {
   std::string condizione;
   for (const auto& [classe, elenco] : ContiCercati(Tessarc(), testo)) {
-    Unisci(condizione, DiClasse(classe, elenco));
+    Unisci(condizione, CondizioneDiClasse(classe, elenco));
   }
   const std::string cercato = PerRicerca(testo);
   constexpr std::size_t kLettereDiversi = 3;

@@ -105,7 +105,7 @@ RigaFoglio CelleConfronto(const std::vector<const Saldi*>& conti) {
   return ConScostamento(costi, ricavi);
 }
 
-void Colonne(reports::Foglio& foglio, const std::vector<std::string>& importi) {
+void ColonneFoglio(reports::Foglio& foglio, const std::vector<std::string>& importi) {
   foglio.colonne = {{"Codice"}, {"Descrizione"}, {"p/e"}};
   for (const std::string& titolo : importi) foglio.colonne.push_back({titolo, Tipo::Importo, 2});
 }
@@ -118,7 +118,7 @@ reports::Foglio BilancioVerifica::FoglioVerifica(const SceltaBilancio& scelta) {
       Premessa(ambiente_, scelta,
                scelta.soloMastri ? "BILANCIO DI VERIFICA SOLO MASTRI" : "BILANCIO DI VERIFICA");
   foglio.premessa.push_back({ScrittaPeriodo(scelta.daDt, scelta.aaDt)});
-  Colonne(foglio, {"Saldo Iniziale", "Dare", "Avere", "Saldo"});
+  ColonneFoglio(foglio, {"Saldo Iniziale", "Dare", "Avere", "Saldo"});
   Riempitore riempitore(scelta, foglio, CelleVerifica);
   VisitaConti visita(ambiente_, RichiestaDi(scelta, "", false));
   if (!visita.Visita("Bilancio di verifica", [&](const auto& m) { riempitore.Mastro(m); })) {
@@ -138,7 +138,7 @@ reports::Foglio BilancioVerifica::FoglioConfronto(const SceltaBilancio& scelta) 
       {"periodo A anno ", anno(scelta.anno), ScrittaPeriodo(scelta.daDt, scelta.aaDt)});
   foglio.premessa.push_back(
       {"periodo B anno ", anno(scelta.annoPrec), ScrittaPeriodo(scelta.daDtAP, scelta.aaDtAP)});
-  Colonne(foglio, {"costi A", "ricavi A", "costi B", "ricavi B", "differenza", "%"});
+  ColonneFoglio(foglio, {"costi A", "ricavi A", "costi B", "ricavi B", "differenza", "%"});
   foglio.colonne.back().decimali = 1;
   Riempitore riempitore(scelta, foglio, CelleConfronto);
   VisitaConti visita(ambiente_, RichiestaDi(scelta, "E", true));

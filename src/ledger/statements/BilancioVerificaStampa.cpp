@@ -5,33 +5,33 @@ namespace fenalto::ledger {
 
 namespace {
 
-constexpr const char* kRiga =
+constexpr const char* kRigaVerifica =
     "| $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$|çççççççççççççççç|çççççççççççççççç|"
     "çççççççççççççççç|çççççççççççççççç|";
 constexpr const char* kRigaMastro =
     "| $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$|                |                |"
     "                |                |";
-constexpr const char* kColonne =
+constexpr const char* kColonneVerifica =
     "|  codice  descrizione mastro/sottoconto      |  Saldo Iniziale|            Dare|"
     "           Avere|           Saldo|";
-constexpr std::size_t kLarghezza = 115;
+constexpr std::size_t kLarghezzaVerifica = 115;
 
 class TabulatoVerifica : private Tabulato {
  public:
   TabulatoVerifica(Ambiente& a, reports::FabbricaUscite& uscite, const SceltaBilancio& s)
-      : Tabulato(a, uscite, s), riga_(Picture(kRiga)) {}
+      : Tabulato(a, uscite, s), riga_(Picture(kRigaVerifica)) {}
 
   bool Esegui() {
     const std::string titolo =
         scelta.soloMastri ? "BILANCIO DI VERIFICA SOLO MASTRI" : "BILANCIO DI VERIFICA";
-    if (!Apri(
-            {"bilancio di verifica", titolo, "TiBV", kLarghezza, scelta.stGrafico, scelta.xTar})) {
+    if (!Apri({"bilancio di verifica", titolo, "TiBV", kLarghezzaVerifica, scelta.stGrafico,
+               scelta.xTar})) {
       return false;
     }
     stampa.Intestazione([this, titolo] {
       ApriTestata(titolo, ScrittaTutto(scelta));
       if (grafico) return;
-      stampa.Riga(kColonne);
+      stampa.Riga(kColonneVerifica);
       Rigo("-");
     });
     VisitaConti visita(ambiente, RichiestaDi(scelta, "", false));

@@ -5,17 +5,17 @@ namespace fenalto::ledger {
 
 namespace {
 
-constexpr const char* kRiga =
+constexpr const char* kRigaConfronto =
     " $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ çççççççççççççç çççççççççççççç çççççççççççççç "
     "çççççççççççççç çççççççççççççç #####,#";
-constexpr const char* kColonne =
+constexpr const char* kColonneConfronto =
     "  codice    descrizione mastro/sottoconto              costi A       ricavi A        costi B "
     "      ricavi B     differenza      %";
-constexpr std::size_t kLarghezza = 130;
+constexpr std::size_t kLarghezzaConfronto = 130;
 constexpr const char* kTitolo = " CONFRONTO COSTI E RICAVI ";
 
 /// Costs and revenues of the two periods.
-struct Colonne {
+struct ColonneConfronto {
   std::array<Importo, 2> costi;
   std::array<Importo, 2> ricavi;
   /// A balance above zero is a cost, one below zero a revenue.
@@ -33,7 +33,7 @@ struct Colonne {
 };
 
 /// A line's cells; Null leaves one empty.
-struct Celle {
+struct CelleStampate {
   std::array<Valore, 4> importi;  ///< costs A, revenues A, costs B, revenues B
   Valore differenza;
   Valore percento;
@@ -42,11 +42,11 @@ struct Celle {
 class TabulatoConfronto : private Tabulato {
  public:
   TabulatoConfronto(Ambiente& a, reports::FabbricaUscite& uscite, const SceltaBilancio& s)
-      : Tabulato(a, uscite, s), riga_(Picture(kRiga)) {}
+      : Tabulato(a, uscite, s), riga_(Picture(kRigaConfronto)) {}
 
   bool Esegui() {
-    if (!Apri({"confronto costi e ricavi", "Confronto costi e ricavi", "TiConfr", kLarghezza,
-               scelta.stGrafico, scelta.xTar})) {
+    if (!Apri({"confronto costi e ricavi", "Confronto costi e ricavi", "TiConfr",
+               kLarghezzaConfronto, scelta.stGrafico, scelta.xTar})) {
       return false;
     }
     stampa.Intestazione([this] { Testata(); });
@@ -77,17 +77,17 @@ class TabulatoConfronto : private Tabulato {
     stampa.Riga(" " + Periodo(true));
     stampa.Riga(" " + Periodo(false));
     Rigo("-");
-    stampa.Riga(kColonne);
+    stampa.Riga(kColonneConfronto);
     Rigo("-");
   }
 
-  [[nodiscard]] Celle Intere(const Colonne& c) const {
+  [[nodiscard]] CelleStampate Intere(const ColonneConfronto& c) const {
     const Scostamento scosta = Scosta(c.Saldo(0), c.Saldo(1));
     return {{c.costi[0], c.ricavi[0], c.costi[1], c.ricavi[1]}, scosta.differenza, scosta.percento};
   }
 
   void Mastro(const MastroVisitato& mastro) {
-    Colonne colonne;
+    ColonneConfronto colonne;
     bool stampato = false;
     for (const ContoVisitato& conto : mastro.conti) {
       colonne.Aggiungi(conto.saldi);
@@ -117,16 +117,16 @@ class TabulatoConfronto : private Tabulato {
   /// An account has one cell a period.
   void Singola(const std::string& cod, const std::string& descrizione, const Saldi& saldi,
                const Rinvio& rinvio) {
-    Colonne colonne;
+    ColonneConfronto colonne;
     colonne.Aggiungi(saldi);
-    Celle celle = Intere(colonne);
+    CelleStampate celle = Intere(colonne);
     for (std::size_t i = 0; i < celle.importi.size(); ++i) {
       if (celle.importi[i].Importo().Zero()) celle.importi[i] = {};
     }
     Riga(cod, descrizione, celle, rinvio, false);
   }
 
-  void Riga(const std::string& cod, const std::string& descrizione, const Celle& celle,
+  void Riga(const std::string& cod, const std::string& descrizione, const CelleStampate& celle,
             const Rinvio& rinvio, bool totale) {
     if (grafico) return RigaGrafica(cod, descrizione, celle, rinvio, totale);
     stampa.Campo(1, cod);
@@ -137,8 +137,8 @@ class TabulatoConfronto : private Tabulato {
     stampa.Riga(riga_, rinvio, totale);
   }
 
-  void RigaGrafica(const std::string& cod, const std::string& descrizione, const Celle& celle,
-                   const Rinvio& rinvio, bool totale) {
+  void RigaGrafica(const std::string& cod, const std::string& descrizione,
+                   const CelleStampate& celle, const Rinvio& rinvio, bool totale) {
     static constexpr std::array<const char*, 4> kCampi = {"COSTIA", "RICAVIA", "COSTIB", "RICAVIB"};
     const std::string prefisso = totale ? "R_TOT" : "R_";
     const double y = stampa.YCorrente();
@@ -161,7 +161,7 @@ class TabulatoConfronto : private Tabulato {
     if (!grafico) Rigo("=");
     const auto lato = [&](const char* testo, bool costi) {
       const auto& c = costi ? totali_.costi : totali_.ricavi;
-      Celle celle;
+      CelleStampate celle;
       celle.importi[costi ? 0 : 1] = c[0];
       celle.importi[costi ? 2 : 3] = c[1];
       const Scostamento scosta = Scosta(c[0], c[1]);
@@ -173,7 +173,7 @@ class TabulatoConfronto : private Tabulato {
     lato("TOTALE RICAVI", false);
     // A profit stands under the revenues, a loss under the costs. From one to the other no
     // percentage says anything.
-    Celle celle;
+    CelleStampate celle;
     const std::array<Importo, 2> utile = {-totali_.Saldo(0), -totali_.Saldo(1)};
     for (std::size_t p = 0; p < 2; ++p) {
       if (!utile[p].Zero())
@@ -188,7 +188,7 @@ class TabulatoConfronto : private Tabulato {
   }
 
   std::string riga_;
-  Colonne totali_;
+  ColonneConfronto totali_;
 };
 
 }  // namespace

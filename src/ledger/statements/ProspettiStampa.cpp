@@ -13,7 +13,7 @@ constexpr const char* kDoppia =
     " $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ççççççççççççççç  ççççççççççççççç";
 constexpr const char* kFinale =
     "              $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$          ççççççççççççççç          ";
-constexpr std::size_t kLarghezza = 79;
+constexpr std::size_t kLarghezzaProspetti = 79;
 constexpr const char* kNote = " *=rettifiche di bilancio";
 
 /// What differs between the two pages.
@@ -54,7 +54,7 @@ constexpr Facciata kPatrimoniale = {
     "eccedenza passiva"};
 
 /// The two columns: a balance above zero stands left, the absolute value of one below zero right.
-struct Colonne {
+struct ColonneProspetto {
   Importo dare;
   Importo avere;
   void Aggiungi(Importo saldo) {
@@ -79,7 +79,7 @@ class TabulatoProspetti : private Tabulato {
 
   bool Esegui() {
     if (!Apri({"situazione patrimoniale, costi e ricavi", "Situazione patrimoniale, costi e ricavi",
-               "TiPatr", kLarghezza, scelta.stGrafico, scelta.xTar})) {
+               "TiPatr", kLarghezzaProspetti, scelta.stGrafico, scelta.xTar})) {
       return false;
     }
     stampa.Intestazione([this] { Testata(); });
@@ -113,7 +113,7 @@ class TabulatoProspetti : private Tabulato {
   }
 
   void Mastro(const MastroVisitato& mastro) {
-    Colonne colonne;
+    ColonneProspetto colonne;
     bool stampato = false;
     for (const ContoVisitato& conto : mastro.conti) {
       colonne.Aggiungi(conto.saldi[0].Finale());
@@ -162,7 +162,8 @@ class TabulatoProspetti : private Tabulato {
     stampa.Riga(destra ? destra_ : sinistra_, rinvio);
   }
 
-  void Doppia(const std::string& cod, const std::string& descrizione, const Colonne& colonne) {
+  void Doppia(const std::string& cod, const std::string& descrizione,
+              const ColonneProspetto& colonne) {
     if (grafico) {
       const double y = stampa.YCorrente();
       stampa.CampoModello("R_mastro", cod, y);
@@ -214,7 +215,7 @@ class TabulatoProspetti : private Tabulato {
   std::string rettificaDestra_;
   std::string finale_;
   const Facciata* facciata_ = &kEconomica;
-  Colonne totali_;
+  ColonneProspetto totali_;
   bool rettifiche_ = false;
 };
 

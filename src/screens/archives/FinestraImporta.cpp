@@ -15,6 +15,7 @@
 #include "ledger/accounts/GeneriImporta.h"
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 #include "vat/codes/ImportaCodiciIva.h"
 
@@ -24,10 +25,6 @@ namespace {
 constexpr std::size_t kEsempi = 3;
 constexpr std::size_t kRigheAnteprima = 50;
 constexpr int kColonnaCampo = 2;
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 std::vector<archives::GenereImporta> TuttiIGeneri() {
   auto generi = ledger::GeneriImportaContabili();

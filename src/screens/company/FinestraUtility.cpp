@@ -15,15 +15,12 @@
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/fields/Qs.h"
 
 namespace fenalto::screens {
 namespace {
 
 constexpr int kLunghezzaPercorso = 1'000;  // longer than is accepted, so that it can be refused
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 }  // namespace
 

@@ -19,7 +19,7 @@
 namespace fenalto::screens {
 namespace {
 
-constexpr int kCifreStato = 4;
+constexpr int kCifreStatoRic = 4;
 
 }  // namespace
 
@@ -78,7 +78,7 @@ QWidget* FinestraScadenze::CreaRicerca() {
     fila.addWidget(campo);
   };
   const auto numero = [](const char* nome) { return new CampoNumero(QString::fromLatin1(nome)); };
-  aggiungi(*seconda, new CampoTesto(QStringLiteral("StatoRic"), nullptr, 2), kCifreStato,
+  aggiungi(*seconda, new CampoTesto(QStringLiteral("StatoRic"), nullptr, 2), kCifreStatoRic,
            tr("Stato"));
   aggiungi(*seconda, numero("NFatRic"), kCifreNumero, tr("Fattura n."));
   aggiungi(*seconda, new CampoTesto(QStringLiteral("RivaRic")), kCifreNumero, tr("Registro iva"));

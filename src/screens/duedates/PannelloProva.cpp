@@ -17,7 +17,7 @@ constexpr int kCaratteriData = 11;
 constexpr int kCaratteriImporto = 15;
 const Importo kImportoIniziale = Importo::DaUnita(1'000);
 
-std::vector<ColonnaGriglia> Colonne(bool euro) {
+std::vector<ColonnaGriglia> ColonneProva(bool euro) {
   return {{QStringLiteral("Scadenza"), Tipo::Data, 90},
           {QStringLiteral("Importo"), Tipo::Importo, 110, euro ? 2 : 0},
           {QStringLiteral("Tipo"), Tipo::Testo, 50},
@@ -41,7 +41,7 @@ PannelloProva::PannelloProva(Ambiente& ambiente,
       importo_(new CampoImporto(QStringLiteral("ImportoProva"), nullptr, ambiente.Euro() ? 2 : 0)),
       avvisi_(new QLabel),
       griglia_(new Griglia(QStringLiteral("GrigliaProva"), QStringLiteral("CodiciPagamento"),
-                           Colonne(ambiente.Euro()))),
+                           ColonneProva(ambiente.Euro()))),
       calendario_(new QCalendarWidget) {
   LargoCaratteri(data_, kCaratteriData);
   LargoCaratteri(importo_, kCaratteriImporto);

@@ -18,20 +18,14 @@ namespace {
 
 constexpr int kCifre = 6;
 constexpr int kCifrePercentuale = 10;
-constexpr int kCaratteriDescrizione = 40;
+constexpr int kCaratteriDescrizioneRata = 40;
 
-std::vector<ColonnaGriglia> Colonne() {
+std::vector<ColonnaGriglia> ColonneRate() {
   return {{QStringLiteral("Rata"), Tipo::Testo, 50},
           {QStringLiteral("PercImporto"), Tipo::Importo, 90, 0},
           {QStringLiteral("Scadenza"), Tipo::Testo, 300},
           {QStringLiteral("Tipo"), Tipo::Testo, 50},
           {QStringLiteral("Descrizione"), Tipo::Testo, 200}};
-}
-
-QCheckBox* Casella(const char* nome, const QString& testo) {
-  auto* casella = new QCheckBox(testo);
-  casella->setObjectName(QString::fromLatin1(nome));
-  return casella;
 }
 
 }  // namespace
@@ -43,7 +37,7 @@ RiquadroRata::RiquadroRata(duedates::RateCodice& rate, std::function<Scheda&()> 
                       .nuova = tr("Nuova rata"),
                       .aperta = "la nuova rata non è stata confermata: confermarla o abbandonarla",
                       .primoCampo = QStringLiteral("PercImporto")},
-                     Colonne(), finestre, genitore),
+                     ColonneRate(), finestre, genitore),
       rate_(rate),
       codice_(std::move(codice)) {
   CreaCampi();
@@ -79,7 +73,7 @@ void RiquadroRata::CreaCampi() {
       tr("per le riba su fatture tipo=03, negli altri casi il tipo è solo "
          "un'indicazione"));
   auto* descrizione = new CampoTesto(QStringLiteral("Descrizione"));
-  LargoCaratteri(descrizione, kCaratteriDescrizione);
+  LargoCaratteri(descrizione, kCaratteriDescrizioneRata);
   modulo->addRow(Didascalia(tr("Rata"), rata),
                  InFila({rata, Didascalia(tr("Percentuale"), percento), percento}));
   modulo->addRow(Didascalia(tr("Dopo mesi"), mesi),

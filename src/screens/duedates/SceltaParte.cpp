@@ -9,7 +9,7 @@
 namespace fenalto::screens {
 namespace {
 
-constexpr int kCifreCodice = 12;
+constexpr int kCifreCodiceParte = 12;
 
 /// Parties of a class, or of both when it is empty.
 std::shared_ptr<archives::FonteCodici> FonteDi(Ambiente& sessione, const std::string& classe) {
@@ -38,7 +38,7 @@ SceltaParte::SceltaParte(Finestre& finestre, const QString& vuota, QWidget* geni
   auto* riga = new QHBoxLayout(this);
   riga->setContentsMargins(0, 0, 0, 0);
   riga->addWidget(classe_);
-  riga->addWidget(ConDescrizione(codice_, kCifreCodice), 1);
+  riga->addWidget(ConDescrizione(codice_, kCifreCodiceParte), 1);
   connect(classe_, &QComboBox::currentIndexChanged, this, &SceltaParte::CambiaClasse);
   connect(codice_, &CampoCodice::Scelto, this, &SceltaParte::Lasciata);
   connect(codice_, &QLineEdit::editingFinished, this, &SceltaParte::Lasciata);

@@ -14,12 +14,6 @@
 namespace fenalto::screens {
 namespace {
 
-QCheckBox* Casella(const char* nome, const QString& testo) {
-  auto* casella = new QCheckBox(testo);
-  casella->setObjectName(QString::fromLatin1(nome));
-  return casella;
-}
-
 QLabel* EtichettaDati(const char* nome) {
   auto* etichetta = new QLabel;
   etichetta->setObjectName(QString::fromLatin1(nome));

@@ -12,6 +12,7 @@
 #include <QUrl>
 
 #include "print/DialogoUscita.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/main/DialogoAccesso.h"
 #include "screens/main/DialogoDitta.h"
 
@@ -19,10 +20,6 @@ namespace fenalto::screens {
 namespace {
 
 constexpr int kAttesaProgresso = 500;  // ms before a progress box comes up
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 QMessageBox::Icon IconaQt(Icona icona) {
   switch (icona) {

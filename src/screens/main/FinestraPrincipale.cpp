@@ -14,6 +14,7 @@
 
 #include "print/FabbricaUsciteQt.h"
 #include "print/FinestraAnteprima.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/windows/Attesa.h"
 #include "screens/main/CercaFunzione.h"
 #include "screens/main/Sfondo.h"
@@ -21,10 +22,6 @@
 
 namespace fenalto::screens {
 namespace {
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 /// A remembered place, brought inside the area that there is now.
 QRect Dentro(const QRect& posto, const QRect& area) {

@@ -36,8 +36,8 @@ std::string RifiutoDataNuova(Ambiente& ambiente, const SospesaStornabile& sospes
 
 /// What stands against a new day (null: none) of an invoice that has this storno; empty when
 /// nothing does.
-std::string Rifiuto(Ambiente& ambiente, const SospesaStornabile& sospesa,
-                    const std::optional<ArticoloOrigine>& storno, Data incasso) {
+std::string PercheNonSiStorna(Ambiente& ambiente, const SospesaStornabile& sospesa,
+                              const std::optional<ArticoloOrigine>& storno, Data incasso) {
   if (std::string chiuso = IncassoInPeriodoChiuso(ambiente, sospesa.incasso, incasso);
       !chiuso.empty()) {
     return chiuso;

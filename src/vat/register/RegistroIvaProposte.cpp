@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kImpostare = "bisogna impostare la casella 'fino al n.protocollo ...'";
 
-std::string Nome(const IntervalloRegistro& intervallo) {
+std::string NomeEDescrizione(const IntervalloRegistro& intervallo) {
   return "Registro " + intervallo.riva + " " + intervallo.descrizione + "\n";
 }
 
@@ -103,15 +103,15 @@ void RegistroIvaUnico::Interno::AvvisaIntervallo(const IntervalloRegistro& inter
                           "Dt");
   };
   if (stampato > 0 && data(stampato).Nullo()) {
-    Avviso(Nome(intervallo) + "il protocollo " + std::to_string(stampato) + " non esiste più\n" +
-           kImpostare);
+    Avviso(NomeEDescrizione(intervallo) + "il protocollo " + std::to_string(stampato) +
+           " non esiste più\n" + kImpostare);
     return;
   }
   const Valore seguente = data(stampato + 1);
   if (seguente.Nullo() || !periodo.Contiene(seguente.Data())) return;
   const Data ultima = stampato > 0 ? data(stampato).Data() : periodo.Primo();
-  Avviso(Nome(intervallo) + "ci sono già registrazioni successive a " + ultima.Testo() + "\n" +
-         kImpostare);
+  Avviso(NomeEDescrizione(intervallo) + "ci sono già registrazioni successive a " + ultima.Testo() +
+         "\n" + kImpostare);
 }
 
 void RegistroIvaUnico::Interno::AvvisaIncassi() {

@@ -98,9 +98,9 @@ Importo SommaIva(const std::vector<TotaleCodice>& totali) {
 }
 
 /// Computes the registers of a run, one at a time.
-class Calcolo {
+class CalcoloTotali {
  public:
-  Calcolo(Ambiente& ambiente, const PeriodoIva& periodo, const Ventilazione& ventilazione)
+  CalcoloTotali(Ambiente& ambiente, const PeriodoIva& periodo, const Ventilazione& ventilazione)
       : ambiente_(ambiente), periodo_(periodo), ventilazione_(ventilazione) {}
 
   Esito<TotaleRegistro> Registro(const IntervalloRegistro& intervallo) {
@@ -240,7 +240,7 @@ Esito<std::vector<TotaleRegistro>> CalcolaTotaliRegistri(
   for (const IntervalloRegistro& intervallo : intervalli) inOrdine.push_back(&intervallo);
   std::ranges::stable_sort(
       inOrdine, [](const auto* a, const auto* b) { return ConfrontaTesto(a->riva, b->riva) < 0; });
-  Calcolo calcolo(ambiente, periodo, ventilazione);
+  CalcoloTotali calcolo(ambiente, periodo, ventilazione);
   std::vector<TotaleRegistro> totali;
   for (const IntervalloRegistro* intervallo : inOrdine) {
     auto totale = calcolo.Registro(*intervallo);

@@ -8,15 +8,14 @@
 #include "core/reports/Foglio.h"
 #include "core/session/CartellaProva.h"
 #include "core/session/Csv.h"
+#include "core/values/ImportoDiProva.h"
 
 namespace fenalto::reports {
 namespace {
 
 namespace fs = std::filesystem;
 
-Importo I(const char* testo) {
-  return Importo::DaTesto(testo).value();
-}
+using prova::I;
 
 /// What every export is tried on: types, texts that would be formulas, values at the limits.
 Foglio Prova() {
@@ -40,7 +39,7 @@ Foglio Prova() {
   return foglio;
 }
 
-std::string Uscita(const std::string& comando) {
+std::string QuelCheStampa(const std::string& comando) {
   FILE* condotto = ::popen(comando.c_str(), "r");
   if (condotto == nullptr) return "";
   std::string testo;
@@ -64,8 +63,8 @@ for riga in s.iter_rows():
 print("fermo", s.freeze_panes)
 print("largo", s.column_dimensions["A"].width > 6, s.column_dimensions["D"].width > 15)
 )");
-  return Uscita(std::string(FENALTO_PYTHON) + " '" + (cartella / "leggi.py").string() + "' '" +
-                file.string() + "' 2>&1");
+  return QuelCheStampa(std::string(FENALTO_PYTHON) + " '" + (cartella / "leggi.py").string() +
+                       "' '" + file.string() + "' 2>&1");
 }
 
 TEST(FoglioXlsx, SiRileggeConTipiEFormati) {

@@ -9,14 +9,13 @@
 #include "core/values/Aritmetica.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Generatori.h"
+#include "core/values/ImportoDiProva.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::reports {
 namespace {
 
-Importo I(const char* testo) {
-  return Importo::DaTesto(testo).value();
-}
+using prova::I;
 
 std::string Riempita(std::string_view sagoma, const std::vector<Valore>& campi) {
   return Sagoma(sagoma).Riempi(campi);

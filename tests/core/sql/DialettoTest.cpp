@@ -10,11 +10,11 @@ struct Caso {
   const char *testo, *righe;
 };
 
-void PrintTo(const Caso& caso, std::ostream* uscita) {
+void PrintTo(const CasoDialetto& caso, std::ostream* uscita) {
   *uscita << caso.testo;
 }
 
-class Dialetto : public testing::TestWithParam<Caso> {};
+class Dialetto : public testing::TestWithParam<CasoDialetto> {};
 
 TEST_P(Dialetto, DaLeRighe) {
   const BancoConti banco;
@@ -22,7 +22,7 @@ TEST_P(Dialetto, DaLeRighe) {
       << banco.Esegui(GetParam().testo).istruzione.sql;
 }
 
-constexpr Caso kLettura[] = {
+constexpr CasoDialetto kLettura[] = {
     {"select cod from CONTI where ep=TRUE", "70.001\n"},
     {"SELECT Cod FROM Conti ORDER BY Descrizione;", "01.002\n01.001\nC001\n70.001\n"},
     {"SELECT Cod FROM Conti ORDER BY 1 DESC", "C001\n70.001\n01.002\n01.001\n"},
@@ -63,7 +63,7 @@ constexpr Caso kLettura[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Lettura, Dialetto, testing::ValuesIn(kLettura));
 
-constexpr Caso kGiunzioni[] = {
+constexpr CasoDialetto kGiunzioni[] = {
     {"SELECT m.ID, a.Dt FROM Movimenti m LEFT JOIN Articoli a ON m.Anno=a.Anno AND "
      "m.NumDoc=a.NumDoc WHERE m.ID>=4 ORDER BY m.ID",
      "4|2024-01-09\n5|~\n6|2023-03-15\n"},
@@ -84,7 +84,7 @@ constexpr Caso kGiunzioni[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Giunzioni, Dialetto, testing::ValuesIn(kGiunzioni));
 
-constexpr Caso kTotali[] = {
+constexpr CasoDialetto kTotali[] = {
     {"SELECT CFP, Sum(ImpoDare) AS SommaDiImpoDare FROM Movimenti GROUP BY CFP ORDER BY "
      "sommadiimpodare",
      "P|103.3338\nC|122.005\n"},
@@ -108,7 +108,7 @@ constexpr Caso kTotali[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Totali, Dialetto, testing::ValuesIn(kTotali));
 
-constexpr Caso kEspressioni[] = {
+constexpr CasoDialetto kEspressioni[] = {
     {"SELECT 2+3*4, 7\\2, 7 Mod 3, 1/4, -(2)-3", "14|3|1|0.25|-5\n"},
     {"SELECT 1.5*2, 1.1*1.1, 10/3, 10.0/3, 0.1+0.2", "3|1.21|3.3333333333333335|3.3333|0.3\n"},
     {"SELECT Livello*100+1 FROM Conti WHERE Cod='C001'", "301\n"},

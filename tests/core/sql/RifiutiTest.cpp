@@ -7,13 +7,13 @@
 namespace fenalto::prova {
 namespace {
 
-struct Caso {
+struct CasoRifiuto {
   const char* testo;
   /// Where: the place of the first `@`, which is taken out of the text.
   const char* motivo;
 };
 
-const Caso kCasi[] = {
+const CasoRifiuto kCasi[] = {
     {"@", "testo vuoto"},
     {"@DROP TABLE Conti", "istruzione che il linguaggio non ha"},
     {"@PRAGMA foreign_keys=off", "istruzione che il linguaggio non ha"},
@@ -69,7 +69,7 @@ const Caso kCasi[] = {
 
 TEST(Rifiuti, DiconoDoveEPerche) {
   const CatalogoProva catalogo{std::string_view(kCatalogo)};
-  for (const Caso& caso : kCasi) {
+  for (const CasoRifiuto& caso : kCasi) {
     std::string testo = caso.testo;
     const std::size_t posizione = testo.find('@');
     testo.erase(posizione, 1);

@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "core/store/DittaDiProva.h"
+#include "core/store/BasiDiProva.h"
 
 namespace fenalto {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 
-class AperturaTest : public prova::DittaDiProva {};
+class AperturaTest : public prova::BasiDiProva {};
 
 void Scrivi(const fs::path& file, const std::string& contenuto) {
   std::ofstream(file, std::ios::binary | std::ios::trunc) << contenuto;

@@ -1,7 +1,7 @@
 // Scratch databases, links between databases, rows copied, and the statements kept by shape.
 #include <gmock/gmock.h>
 
-#include "core/store/DittaDiProva.h"
+#include "core/store/BasiDiProva.h"
 
 namespace fenalto {
 namespace {
@@ -9,10 +9,10 @@ namespace {
 using Causa = ErroreArchivio::Causa;
 using prova::CausaDi;
 
-class ArchivioTest : public prova::DittaDiProva {
+class ArchivioTest : public prova::BasiDiProva {
  protected:
   void SetUp() override {
-    DittaDiProva::SetUp();
+    BasiDiProva::SetUp();
     Crea();
     basi = Apri();
     ASSERT_NE(basi, nullptr);
@@ -20,7 +20,7 @@ class ArchivioTest : public prova::DittaDiProva {
   }
   void TearDown() override {
     basi.reset();
-    DittaDiProva::TearDown();
+    BasiDiProva::TearDown();
   }
   Archivio& A() { return basi->Tessarc(); }
   std::unique_ptr<Archivio> Scratch() {

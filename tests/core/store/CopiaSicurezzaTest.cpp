@@ -9,8 +9,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "core/store/BasiDiProva.h"
 #include "core/store/CopiaSicurezza.h"
-#include "core/store/DittaDiProva.h"
 
 namespace fenalto {
 namespace {
@@ -22,10 +22,10 @@ Data Giorno(int giorno) {
   return Data::DaGma(giorno, 3, 2024).value();
 }
 
-class CopiaSicurezzaTest : public prova::DittaDiProva {
+class CopiaSicurezzaTest : public prova::BasiDiProva {
  protected:
   void SetUp() override {
-    DittaDiProva::SetUp();
+    BasiDiProva::SetUp();
     Crea();
     copie = cartella / "Copie";
   }

@@ -1,7 +1,7 @@
 #include <array>
 
 #include "core/sql/Criterio.h"
-#include "core/store/DittaDiProva.h"
+#include "core/store/BasiDiProva.h"
 
 namespace fenalto {
 namespace {
@@ -9,17 +9,17 @@ namespace {
 using Causa = ErroreArchivio::Causa;
 using prova::CausaDi;
 
-class RsTest : public prova::DittaDiProva {
+class RsTest : public prova::BasiDiProva {
  protected:
   void SetUp() override {
-    DittaDiProva::SetUp();
+    BasiDiProva::SetUp();
     Crea();
     basi = Apri();
     ASSERT_NE(basi, nullptr);
   }
   void TearDown() override {
     basi.reset();
-    DittaDiProva::TearDown();
+    BasiDiProva::TearDown();
   }
   Archivio& A() { return basi->Tessarc(); }
   void Movimenti(int quanti) {

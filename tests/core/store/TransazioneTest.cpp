@@ -5,8 +5,8 @@
 #include <array>
 #include <stdexcept>
 
+#include "core/store/BasiDiProva.h"
 #include "core/store/DiscoFinto.h"
-#include "core/store/DittaDiProva.h"
 
 namespace fenalto {
 namespace {
@@ -15,10 +15,10 @@ using Causa = ErroreArchivio::Causa;
 using prova::CausaDi;
 using prova::DiscoFinto;
 
-class TransazioneTest : public prova::DittaDiProva {
+class TransazioneTest : public prova::BasiDiProva {
  protected:
   void SetUp() override {
-    DittaDiProva::SetUp();
+    BasiDiProva::SetUp();
     Crea();
     opzioni.vfs = DiscoFinto::Nome();
     basi = Apri();
@@ -27,7 +27,7 @@ class TransazioneTest : public prova::DittaDiProva {
   void TearDown() override {
     DiscoFinto::Spazio(-1);
     basi.reset();
-    DittaDiProva::TearDown();
+    BasiDiProva::TearDown();
   }
 
   /// Writes in both databases, as a confirmation does.

@@ -5,16 +5,15 @@
 
 #include "core/values/Aritmetica.h"
 #include "core/values/Generatori.h"
+#include "core/values/ImportoDiProva.h"
 
 namespace fenalto {
 namespace {
 
-Importo I(const char* testo) {
-  return Importo::DaTesto(testo).value();
-}
+using prova::I;
 
-const Importo kMassimo = Importo::DaDecimillesimi(std::numeric_limits<std::int64_t>::max());
-const Importo kMinimo = Importo::DaDecimillesimi(std::numeric_limits<std::int64_t>::min());
+const Importo kImportoMassimo = Importo::DaDecimillesimi(std::numeric_limits<std::int64_t>::max());
+const Importo kImportoMinimo = Importo::DaDecimillesimi(std::numeric_limits<std::int64_t>::min());
 
 TEST(Aritmetica, Arrotonda) {
   struct Caso {
@@ -51,8 +50,9 @@ TEST(Aritmetica, Arrotonda) {
   for (const Caso& caso : casi)
     EXPECT_EQ(Arrotonda(I(caso.importo), caso.decimali, caso.modo), I(caso.atteso))
         << caso.importo << " a " << caso.decimali << " modo " << static_cast<int>(caso.modo);
-  EXPECT_THROW(Arrotonda(kMassimo, 0, ModoArrotonda::Vicino), FuoriCampo);
-  EXPECT_EQ(Arrotonda(kMinimo, 0, ModoArrotonda::Difetto), Importo::DaUnita(-922337203685477));
+  EXPECT_THROW(Arrotonda(kImportoMassimo, 0, ModoArrotonda::Vicino), FuoriCampo);
+  EXPECT_EQ(Arrotonda(kImportoMinimo, 0, ModoArrotonda::Difetto),
+            Importo::DaUnita(-922337203685477));
   EXPECT_THROW(Arrotonda(I("1"), 5, ModoArrotonda::Vicino), std::invalid_argument);
 }
 
@@ -83,7 +83,7 @@ TEST(Aritmetica, Iva) {
   for (const Caso& caso : casi)
     EXPECT_EQ(CalcolaIva(I(caso.imponibile), I(caso.aliquota), caso.euro), I(caso.atteso))
         << caso.imponibile << " al " << caso.aliquota << (caso.euro ? " euro" : " lire");
-  EXPECT_THROW(CalcolaIva(kMassimo, I("200"), true), FuoriCampo);
+  EXPECT_THROW(CalcolaIva(kImportoMassimo, I("200"), true), FuoriCampo);
 }
 
 TEST(Aritmetica, Scorporo) {
@@ -125,7 +125,7 @@ TEST(Aritmetica, Cambio) {
   EXPECT_EQ(LireInEuro(I("1000"), 4), I("0.5165"));
   EXPECT_EQ(LireInEuro(I("968.135"), 0), I("1"));  // exactly half a euro
   EXPECT_EQ(LireInEuro(I("-968.135"), 0), I("0"));
-  EXPECT_THROW(EuroInLire(kMassimo, true), FuoriCampo);
+  EXPECT_THROW(EuroInLire(kImportoMassimo, true), FuoriCampo);
 }
 
 // With ! : binary floating point gives another cent.
@@ -153,7 +153,7 @@ TEST(Aritmetica, IvaIndetraibile) {
     EXPECT_EQ(IvaIndetraibile(I(caso.iva), I(caso.percento), false), I(caso.lire))
         << caso.iva << " " << caso.percento;
   }
-  EXPECT_THROW(IvaIndetraibile(kMassimo, I("200"), true), FuoriCampo);
+  EXPECT_THROW(IvaIndetraibile(kImportoMassimo, I("200"), true), FuoriCampo);
 }
 
 TEST(Aritmetica, CentesimiDellIvaEDelloScorporo) {
@@ -191,7 +191,7 @@ TEST(Aritmetica, Riga) {
   // A chain, not a sum: 100 less 50, less 10, less 20 percent.
   EXPECT_EQ(PrezzoNetto(I("100"), I("50"), I("10"), I("20")), I("36"));
   EXPECT_EQ(PrezzoNetto(I("99.9999"), I("100"), I("7"), I("7")), zero);
-  EXPECT_THROW(ImportoRiga(kMassimo, zero, zero, zero, tre, true, false), FuoriCampo);
+  EXPECT_THROW(ImportoRiga(kImportoMassimo, zero, zero, zero, tre, true, false), FuoriCampo);
 }
 
 }  // namespace

@@ -6,14 +6,13 @@
 #include "core/values/Aritmetica.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Generatori.h"
+#include "core/values/ImportoDiProva.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
 namespace {
 
-Importo I(const char* testo) {
-  return Importo::DaTesto(testo).value();
-}
+using prova::I;
 
 TEST(FormatoImporto, LeggeCiòCheSiDigita) {
   struct Caso {

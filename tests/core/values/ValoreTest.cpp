@@ -5,14 +5,13 @@
 #include <stdexcept>
 
 #include "core/values/Generatori.h"
+#include "core/values/ImportoDiProva.h"
 #include "core/values/Valore.h"
 
 namespace fenalto {
 namespace {
 
-Importo I(const char* testo) {
-  return Importo::DaTesto(testo).value();
-}
+using prova::I;
 
 TEST(Valore, Neutro) {
   EXPECT_EQ(Valore().Neutro(), "");

@@ -15,14 +15,11 @@
 #include <iterator>
 
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 
 namespace fenalto::screens {
 namespace {
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 /// The archive's record with nothing in it.
 Scheda SchedaVuota(Ambiente& ambiente, const archives::DescrizioneArchivio& descrizione) {

@@ -15,6 +15,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/GruppoScelta.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/fields/Qs.h"
 
 namespace fenalto::screens {
 namespace {
@@ -29,10 +30,6 @@ constexpr int kCaratteriImporto = 15;
 constexpr int kCaratteriCodice = 12;
 constexpr int kSpazio = 8;
 constexpr int kSottoBordo = 4;  // from a field's edge to its text
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 const sql::TabellaCatalogo& TabellaDi(Ambiente& ambiente,
                                       const archives::DescrizioneArchivio& descrizione) {

@@ -9,17 +9,10 @@
 
 #include "screens/common/archive/ArchivioInFinestra.h"
 #include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 
 namespace fenalto::screens {
-namespace {
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
-
-}  // namespace
-
 // --- What the user does -------------------------------------------------------------------------
 
 bool FinestraArchivio::Interno::LasciaPrecedente() {

@@ -1,5 +1,6 @@
 #include "screens/common/fields/Disposizione.h"
 
+#include <QCheckBox>
 #include <QHash>
 #include <QPalette>
 #include <QPushButton>
@@ -88,6 +89,12 @@ void LargoCaratteri(QWidget* campo, int caratteri) {
   constexpr int kMargine = 18;  // frame and inner margin of a field
   campo->setFixedWidth(campo->fontMetrics().horizontalAdvance(QLatin1Char('0')) * caratteri +
                        kMargine);
+}
+
+QCheckBox* Casella(const char* nome, const QString& testo) {
+  auto* casella = new QCheckBox(testo);
+  casella->setObjectName(QString::fromLatin1(nome));
+  return casella;
 }
 
 QPushButton* Pulsante(const QString& nome, const QString& testo, const QString& tasto) {

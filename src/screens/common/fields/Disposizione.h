@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QList>
 
+class QCheckBox;
 class QPushButton;
 
 namespace fenalto::screens {
@@ -17,6 +18,9 @@ void LargoCaratteri(QWidget* campo, int caratteri);
 
 /// A button with its object name; the tooltip is the caption with `tasto` ("Ins") when not empty.
 QPushButton* Pulsante(const QString& nome, const QString& testo, const QString& tasto = QString());
+
+/// A check box with its object name.
+QCheckBox* Casella(const char* nome, const QString& testo);
 
 /// Shows a field's text as wrong, in a red that is read on the palette's own background, or as
 /// usual.

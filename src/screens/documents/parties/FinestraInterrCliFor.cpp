@@ -13,16 +13,13 @@
 #include "documents/parties/InterrogazioneParte.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/documents/parties/ModelloParte.h"
 #include "screens/documents/parties/PannelloFoglia.h"
 #include "screens/duedates/SceltaParte.h"
 
 namespace fenalto::screens {
 namespace {
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 /// The head of a party, a line each of what is filled.
 QString Testo(const documents::TestaParte& testa) {

@@ -6,6 +6,7 @@
 #include <QPalette>
 
 #include "core/values/FormatoImporto.h"
+#include "screens/common/fields/Qs.h"
 
 namespace fenalto::screens {
 namespace {
@@ -39,10 +40,6 @@ QStandardItem* VoceImporto(const QString& testo) {
   auto* voce = Voce(testo);
   voce->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
   return voce;
-}
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
 }
 
 }  // namespace

@@ -3,16 +3,13 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 
 namespace fenalto::screens {
 namespace {
 
 enum Pagina { kNulla, kScadenza, kRegistrazione, kDocumento };
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 QLabel* Scritta(const char* nome) {
   auto* scritta = new QLabel;

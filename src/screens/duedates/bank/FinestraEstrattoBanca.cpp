@@ -15,6 +15,7 @@
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 
 namespace fenalto::screens {
@@ -25,10 +26,6 @@ constexpr std::size_t kIndiceLinea = 6;  ///< after the columns shown
 /// Lines between looks at the user's wish to stop.
 constexpr std::size_t kPasso = 200;
 constexpr std::size_t kScartateDette = 20;
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 std::string Fatture(const duedates::PropostaBanca& proposta) {
   constexpr std::size_t kNominate = 6;

@@ -11,6 +11,7 @@
 #include "core/values/FormatoImporto.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/GrigliaScadenze.h"
 #include "screens/duedates/SceltaParte.h"
@@ -22,11 +23,7 @@ using Modo = duedates::PagamentiScadenzario::Modo;
 using Stato = duedates::PagamentiScadenzario::Stato;
 
 constexpr int kColonnaNum = 9;  ///< of the rows, after the columns shown
-constexpr int kCaratteriDescrizione = 40;
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
+constexpr int kCaratteriParte = 40;
 
 QLabel* Totale(const char* nome) {
   auto* etichetta = new QLabel;
@@ -191,7 +188,7 @@ QLayout* FinestraPagamenti::Interno::CreaTesta() {
   griglia->addWidget(Didascalia(tr("sulle righe delle parti"), diParte), 1, 2);
   griglia->addWidget(diParte, 1, 3, 1, 2);
   griglia->addWidget(nuovo, 0, 4);
-  LargoCaratteri(diParte, kCaratteriDescrizione);
+  LargoCaratteri(diParte, kCaratteriParte);
   griglia->setColumnStretch(1, 1);
   return griglia;
 }

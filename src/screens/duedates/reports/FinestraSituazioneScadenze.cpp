@@ -12,6 +12,7 @@
 #include "duedates/reports/SituazioneScadenze.h"
 #include "screens/common/fields/CampoGiorno.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/reports/GraficoBarre.h"
 #include "screens/common/windows/InCorso.h"
@@ -30,10 +31,6 @@ constexpr std::size_t kPosto = 12;
 /// The amounts told under the parties, in the order of GrigliaParti.
 constexpr std::array<const char*, duedates::kFasce + 2> kNomiTotali = {
     "TotAScadere", "TotFino30", "TotFino60", "TotFino90", "TotOltre", "TotScaduto", "Totale"};
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 QString Scritto(Importo importo) {
   return Qs(ScriviImporto(importo, 2));

@@ -12,6 +12,7 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/CampoGiorno.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/windows/InCorso.h"
 
@@ -19,11 +20,7 @@ namespace fenalto::screens {
 namespace {
 
 constexpr int kCifreCodice = 12;
-constexpr int kColonnaRiferimenti = 6;
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
+constexpr int kColonnaRiferimentiFatture = 6;
 
 }  // namespace
 
@@ -95,7 +92,7 @@ void FinestraRaggruppamento::Interno::CreaGriglia() {
                          {tr("Importo"), Tipo::Importo, 120},
                          {tr("Pag"), Tipo::Testo, 60},
                          {tr("Riferimenti"), Tipo::Testo, 420}});
-  AllargaColonna(*griglia, kColonnaRiferimenti);
+  AllargaColonna(*griglia, kColonnaRiferimentiFatture);
 }
 
 QHBoxLayout* FinestraRaggruppamento::Interno::CreaScelta() {

@@ -15,6 +15,7 @@
 #include "duedates/riba/Riba.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/duedates/CampiScadenza.h"
 
@@ -26,10 +27,6 @@ constexpr int kCifreCausale = 5;
 constexpr int kCifreConto = 10;
 constexpr std::size_t kColonnaNumero = 1;
 constexpr int kColonnaRiferimenti = 6;
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 /// Rows that the space bar, Enter and a double click take into the batch or out of it.
 class GrigliaRiba : public Griglia {

@@ -10,6 +10,7 @@
 #include "core/values/FormatoImporto.h"
 #include "screens/common/fields/CampoGiorno.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 #include "vat/entry/FattureSospese.h"
 #include "vat/register/RegistroIvaUnico.h"
@@ -21,10 +22,6 @@ constexpr int kColonnaNProt = 1;
 constexpr int kColonnaIncasso = 8;
 constexpr int kColonnaAnno = 9;  ///< after those shown
 constexpr int kColonnaNumDoc = 10;
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 }  // namespace
 

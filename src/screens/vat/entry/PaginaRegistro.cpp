@@ -36,10 +36,6 @@ constexpr FunzioneCorrelata kCorrelate[] = {
     {"FunzCor11", "registri iva", "RegistriIva"},
 };
 
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
-
 }  // namespace
 
 PaginaRegistro::PaginaRegistro(vat::RegistrazioneIva& fatture, Finestre& finestre,

@@ -12,18 +12,12 @@
 namespace fenalto::screens {
 namespace {
 
-constexpr int kCaratteriCodice = 9;
+constexpr int kCaratteriCodiceOpzione = 9;
 
 QGroupBox* Riquadro(const char* nome, const QString& titolo) {
   auto* riquadro = new QGroupBox(titolo);
   riquadro->setObjectName(QString::fromLatin1(nome));
   return riquadro;
-}
-
-QCheckBox* Casella(const char* nome, const QString& testo) {
-  auto* casella = new QCheckBox(testo);
-  casella->setObjectName(QString::fromLatin1(nome));
-  return casella;
 }
 
 QGridLayout* Stretta(QGroupBox* riquadro) {
@@ -87,16 +81,16 @@ QGroupBox* PannelloOpzioni::CreaIntra() {
   auto* riquadro = Riquadro("FrameIntra", tr("Reverse charge: registrazione sugli acquisti"));
   auto* griglia = Stretta(riquadro);
   griglia->addWidget(Didascalia(tr("Registro"), rivaIntra_), 0, 0);
-  griglia->addWidget(ConDescrizione(rivaIntra_, kCaratteriCodice), 0, 1);
+  griglia->addWidget(ConDescrizione(rivaIntra_, kCaratteriCodiceOpzione), 0, 1);
   griglia->addWidget(senzaGiro_, 0, 2, 1, 2);
   griglia->addWidget(Didascalia(tr("Fornitore"), fornitoreIntra_), 1, 0);
-  griglia->addWidget(ConDescrizione(fornitoreIntra_, kCaratteriCodice), 1, 1);
+  griglia->addWidget(ConDescrizione(fornitoreIntra_, kCaratteriCodiceOpzione), 1, 1);
   griglia->addWidget(Didascalia(tr("Conto costi"), contoCosti_), 1, 2);
-  griglia->addWidget(ConDescrizione(contoCosti_, kCaratteriCodice), 1, 3);
+  griglia->addWidget(ConDescrizione(contoCosti_, kCaratteriCodiceOpzione), 1, 3);
   griglia->addWidget(Didascalia(tr("Causale"), causaleIntra_), 2, 0);
-  griglia->addWidget(ConDescrizione(causaleIntra_, kCaratteriCodice), 2, 1);
+  griglia->addWidget(ConDescrizione(causaleIntra_, kCaratteriCodiceOpzione), 2, 1);
   griglia->addWidget(Didascalia(tr("Pagamento"), pagamentoIntra_), 2, 2);
-  griglia->addWidget(ConDescrizione(pagamentoIntra_, kCaratteriCodice), 2, 3);
+  griglia->addWidget(ConDescrizione(pagamentoIntra_, kCaratteriCodiceOpzione), 2, 3);
   griglia->setColumnStretch(1, 1);
   griglia->setColumnStretch(3, 1);
   return riquadro;
@@ -107,11 +101,11 @@ QGroupBox* PannelloOpzioni::CreaBolla() {
   auto* griglia = Stretta(riquadro);
   griglia->addWidget(conBolla_, 0, 0, 1, 2);
   griglia->addWidget(Didascalia(tr("Pagamento"), pagamentoBolla_), 0, 2);
-  griglia->addWidget(ConDescrizione(pagamentoBolla_, kCaratteriCodice), 0, 3);
+  griglia->addWidget(ConDescrizione(pagamentoBolla_, kCaratteriCodiceOpzione), 0, 3);
   griglia->addWidget(Didascalia(tr("Fornitore"), fornitoreBolla_), 1, 0);
-  griglia->addWidget(ConDescrizione(fornitoreBolla_, kCaratteriCodice), 1, 1);
+  griglia->addWidget(ConDescrizione(fornitoreBolla_, kCaratteriCodiceOpzione), 1, 1);
   griglia->addWidget(Didascalia(tr("Causale"), causaleBolla_), 1, 2);
-  griglia->addWidget(ConDescrizione(causaleBolla_, kCaratteriCodice), 1, 3);
+  griglia->addWidget(ConDescrizione(causaleBolla_, kCaratteriCodiceOpzione), 1, 3);
   griglia->setColumnStretch(1, 1);
   griglia->setColumnStretch(3, 1);
   return riquadro;
@@ -124,9 +118,9 @@ QGroupBox* PannelloOpzioni::CreaRitenute() {
   for (int i = 0; i < 2; ++i) {
     auto& ritenuta = ritenuta_[i];
     griglia->addWidget(Didascalia(tr("%1. Causale").arg(i + 1), ritenuta.causale), i + 1, 0);
-    griglia->addWidget(ConDescrizione(ritenuta.causale, kCaratteriCodice), i + 1, 1);
+    griglia->addWidget(ConDescrizione(ritenuta.causale, kCaratteriCodiceOpzione), i + 1, 1);
     griglia->addWidget(Didascalia(tr("Conto"), ritenuta.conto), i + 1, 2);
-    griglia->addWidget(ConDescrizione(ritenuta.conto, kCaratteriCodice), i + 1, 3);
+    griglia->addWidget(ConDescrizione(ritenuta.conto, kCaratteriCodiceOpzione), i + 1, 3);
     griglia->addWidget(Didascalia(tr("Importo"), ritenuta.importo), i + 1, 4);
     griglia->addWidget(ritenuta.importo, i + 1, 5);
   }

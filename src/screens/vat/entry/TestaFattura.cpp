@@ -30,12 +30,6 @@ QLabel* Nota(const char* nome) {
   return nota;
 }
 
-QCheckBox* Casella(const char* nome, const QString& testo) {
-  auto* casella = new QCheckBox(testo);
-  casella->setObjectName(QString::fromLatin1(nome));
-  return casella;
-}
-
 QHBoxLayout* Riga() {
   auto* riga = new QHBoxLayout;
   riga->setSpacing(6);

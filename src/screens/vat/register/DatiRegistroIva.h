@@ -19,6 +19,9 @@ namespace fenalto::screens {
 /// Codes and texts of the periods that the year offers.
 std::shared_ptr<archives::FonteCodici> FontePeriodi(std::vector<vat::PeriodoIva> periodi);
 
+/// Width of a code field of these windows.
+inline constexpr int kCaratteriCodice = 9;
+
 /// The choices of a run as a record of fields, and their controls. Fields that are settings of the
 /// company are written as soon as they are left.
 class DatiRegistroIva : public QObject {

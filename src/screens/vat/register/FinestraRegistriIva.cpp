@@ -10,11 +10,7 @@
 #include "screens/vat/register/DatiRegistroIva.h"
 
 namespace fenalto::screens {
-namespace {
-
-constexpr int kCaratteriCodice = 9;
-
-}  // namespace
+namespace {}  // namespace
 
 struct FinestraRegistriIva::Interno {
   Interno(FinestraRegistriIva& finestraUsata, Finestre& gestoreUsato);

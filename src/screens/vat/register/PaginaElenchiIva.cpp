@@ -10,11 +10,7 @@
 #include "screens/common/lists/Griglia.h"
 
 namespace fenalto::screens {
-namespace {
-
-constexpr int kCaratteriCodice = 9;
-
-}  // namespace
+namespace {}  // namespace
 
 PaginaElenchiIva::PaginaElenchiIva(DatiRegistroIva& dati, const QString& finestra,
                                    QWidget* genitore)

@@ -8,6 +8,7 @@
 
 #include "core/values/FormatoImporto.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/reports/GraficoBarre.h"
 #include "vat/settlement/ConfrontoLiquidazioni.h"
@@ -16,10 +17,6 @@ namespace fenalto::screens {
 namespace {
 
 constexpr int kLunghezzaDescr = 50;
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 /// "gen" for a month, "1° trim" for a quarter.
 QString NomeBreve(const vat::PeriodoIva& periodo) {

@@ -15,7 +15,6 @@ namespace {
 
 enum Colonna { kRegistro, kDescrizione, kTipo, kDaProt, kAProt };
 
-constexpr int kCaratteriCodice = 9;
 constexpr const char* kDaNProt = "DaNProt";
 constexpr const char* kAaNprot = "AaNprot";
 

@@ -25,7 +25,7 @@ using sql::Fn;
 constexpr int kPura = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 constexpr int kArgomentiMassimi = 3;
 
-int Confronta(void*, int la, const void* a, int lb, const void* b) {
+int ConfrontaTesti(void*, int la, const void* a, int lb, const void* b) {
   return ConfrontaTesto({static_cast<const char*>(a), static_cast<std::size_t>(la)},
                         {static_cast<const char*>(b), static_cast<std::size_t>(lb)});
 }
@@ -193,8 +193,8 @@ void RegistraAggregato(sqlite3* connessione, const char* nome,
 }  // namespace
 
 void RegistraMotore(sqlite3* connessione) {
-  Controlla(sqlite3_create_collation_v2(connessione, kCollazione, SQLITE_UTF8, nullptr, Confronta,
-                                        nullptr),
+  Controlla(sqlite3_create_collation_v2(connessione, kCollazione, SQLITE_UTF8, nullptr,
+                                        ConfrontaTesti, nullptr),
             kCollazione);
   RegistraTutte(connessione, std::make_index_sequence<static_cast<std::size_t>(Fn::Numero_)>{});
   RegistraAggregato(connessione, "fen_media", MediaPasso, MediaFine);

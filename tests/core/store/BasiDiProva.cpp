@@ -1,4 +1,4 @@
-#include "core/store/DittaDiProva.h"
+#include "core/store/BasiDiProva.h"
 
 #include <sqlite3.h>
 
@@ -60,7 +60,7 @@ ORDER BY Movimenti.Num
 
 }  // namespace
 
-void DittaDiProva::SetUp() {
+void BasiDiProva::SetUp() {
   std::string modello = (fs::temp_directory_path() / "fenalto-store-XXXXXX").string();
   ASSERT_NE(mkdtemp(modello.data()), nullptr);
   cartella = modello;
@@ -74,23 +74,23 @@ void DittaDiProva::SetUp() {
   Schema("viste/tessarc/zMovimenti.sql", kVista);
 }
 
-void DittaDiProva::TearDown() {
+void BasiDiProva::TearDown() {
   std::error_code errore;
   fs::remove_all(cartella, errore);
 }
 
-void DittaDiProva::Schema(const std::string& nome, const std::string& sql) const {
+void BasiDiProva::Schema(const std::string& nome, const std::string& sql) const {
   const fs::path file = opzioni.cartellaSchema / nome;
   fs::create_directories(file.parent_path());
   std::ofstream(file) << sql;
 }
 
-void DittaDiProva::Crea() const {
+void BasiDiProva::Crea() const {
   const auto creata = BasiDati::Crea(percorsi, opzioni);
   ASSERT_TRUE(creata) << creata.Errore().messaggio;
 }
 
-std::unique_ptr<BasiDati> DittaDiProva::Apri() const {
+std::unique_ptr<BasiDati> BasiDiProva::Apri() const {
   auto aperte = BasiDati::Apri(percorsi, opzioni);
   if (!aperte) {
     ADD_FAILURE() << aperte.Errore().messaggio;
@@ -99,12 +99,12 @@ std::unique_ptr<BasiDati> DittaDiProva::Apri() const {
   return std::move(aperte).Valore();
 }
 
-std::string DittaDiProva::ErroreApertura() const {
+std::string BasiDiProva::ErroreApertura() const {
   const auto aperte = BasiDati::Apri(percorsi, opzioni);
   return aperte ? "" : aperte.Errore().messaggio;
 }
 
-void DittaDiProva::Causali(BasiDati& basi, int quante) {
+void BasiDiProva::Causali(BasiDati& basi, int quante) {
   Transazione transazione(basi);
   for (int i = 0; i < quante; ++i) {
     const std::string codice = std::to_string(1000 + i);

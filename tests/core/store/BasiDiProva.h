@@ -11,7 +11,7 @@
 
 namespace fenalto::prova {
 
-class DittaDiProva : public ::testing::Test {
+class BasiDiProva : public ::testing::Test {
  protected:
   void SetUp() override;
   void TearDown() override;
