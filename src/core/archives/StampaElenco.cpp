@@ -2,10 +2,9 @@
 // nowhere.
 #include <algorithm>
 #include <cstdint>
-#include <memory>
 
 #include "core/archives/LetturaElenco.h"
-#include "core/reports/Cornice.h"
+#include "core/reports/Rapporto.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::archives {
@@ -25,90 +24,94 @@ bool Numerico(Tipo tipo) {
   return tipo == Tipo::Intero || tipo == Tipo::Importo || tipo == Tipo::Reale;
 }
 
+/// A column's captions and widest value.
+struct Misura {
+  std::size_t larghezza = 0;
+  bool numerica = false;
+};
+
+/// Cuts texts to the greatest width, then the widest of them until the line stands on the page.
+void Stringi(std::vector<Misura>& misure) {
+  std::size_t somma = misure.empty() ? 0 : misure.size() - 1;
+  for (Misura& m : misure) {
+    if (!m.numerica) m.larghezza = std::min(m.larghezza, kColonnaMassima);
+    somma += m.larghezza;
+  }
+  for (; somma > kLarghezzaMassima; --somma) {
+    Misura* larga = nullptr;
+    for (Misura& m : misure) {
+      if (m.numerica || m.larghezza <= kColonnaMinima) continue;
+      if (larga == nullptr || m.larghezza > larga->larghezza) larga = &m;
+    }
+    if (larga == nullptr) return;
+    --larga->larghezza;
+  }
+}
+
 class TabulatoArchivio {
  public:
   TabulatoArchivio(Ambiente& ambiente, reports::FabbricaUscite& uscite,
                    const DescrizioneArchivio& descrizione, const FiltroElenco& filtro)
-      : ambiente_(ambiente),
-        descrizione_(descrizione),
+      : descrizione_(descrizione),
         filtro_(filtro),
         lettura_(ambiente, descrizione, filtro),
-        stampa_(ambiente, uscite),
-        ditta_(reports::LeggiDatiDitta(ambiente)) {}
+        rapporto_(ambiente, uscite) {}
 
   void Esegui() {
-    reports::Cornice cornice;
-    cornice.rapporto = "elenco " + descrizione_.finestra;
-    cornice.titolo = descrizione_.titolo;
-    cornice.larghezza = kLarghezzaMinima;
-    if (reports::ApriStampa(stampa_, ambiente_, cornice) == reports::ModoStampa::Fermata ||
-        !Misura())
-      return;
+    const reports::Cornice cornice{"elenco " + descrizione_.finestra, descrizione_.titolo, "",
+                                   kLarghezzaMinima};
+    std::int64_t totale = 0;
+    if (!rapporto_.Apri(cornice, [this] { Testata(); }) || !Misurate(totale)) return;
     Disponi();
-    stampa_.Larghezza(larghezza_);
-    stampa_.Intestazione([this] { Testata(); });
-    if (!Righe()) return;
-    stampa_.Riserva(2);
-    stampa_.Riga(reports::Ripeti("-", larghezza_));
-    stampa_.Campo(1, "numero record: " + std::to_string(stampate_));
-    stampa_.Riga(reports::Ripeti("$", larghezza_), {}, true);
-    stampa_.Fine();
+    std::int64_t stampate = 0;
+    const bool tutte = Visita(totale, [&](const std::vector<Valore>& riga) {
+      std::vector<std::string> testi;
+      for (std::size_t c = 0; c < riga.size(); ++c) {
+        testi.push_back(MostraColonna(lettura_.Colonne()[c], riga[c]));
+      }
+      Riga(testi);
+      ++stampate;
+    });
+    if (!tutte) return;
+    rapporto_.Riserva(2);
+    rapporto_.Rigo("-");
+    rapporto_.RigaTesto("numero record: " + std::to_string(stampate), true);
+    rapporto_.Fine();
   }
 
  private:
   bool Visita(std::int64_t totale, const std::function<void(const std::vector<Valore>&)>& su) {
-    const std::unique_ptr<Avanzamento> avanzamento =
-        ambiente_.Dialogo().Avvia("Stampa " + descrizione_.titolo, totale);
-    std::int64_t lette = 0;
+    rapporto_.Avvia("Stampa " + descrizione_.titolo, totale, kOgni);
     bool avanti = true;
     lettura_.Leggi("", LetturaElenco::Verso::Avanti, 0, [&](const std::vector<Valore>& riga) {
       su(riga);
-      if (++lette % kOgni == 0) avanti = avanzamento->Avanza(lette) && !stampa_.Interrotta();
+      avanti = rapporto_.Passo();
       return avanti;
     });
-    return avanti && !stampa_.Interrotta();
+    return avanti && !rapporto_.Interrotta();
   }
 
-  bool Misura() {
+  bool Misurate(std::int64_t& totale) {
     const auto& colonne = lettura_.Colonne();
-    larghezze_.assign(colonne.size(), 0);
-    numeriche_.assign(colonne.size(), false);
-    for (std::size_t c = 0; c < colonne.size(); ++c) {
-      larghezze_[c] = std::max<std::size_t>(1, LunghezzaTesto(colonne[c].didascalia));
+    for (const auto& colonna : colonne) {
+      misure_.push_back({std::max<std::size_t>(1, LunghezzaTesto(colonna.didascalia))});
     }
     return Visita(0, [&](const std::vector<Valore>& riga) {
-      ++totale_;
+      ++totale;
       for (std::size_t c = 0; c < riga.size(); ++c) {
         const std::size_t serve = LunghezzaTesto(MostraColonna(colonne[c], riga[c]));
-        larghezze_[c] = std::max(larghezze_[c], serve);
-        if (Numerico(riga[c].Tipo())) numeriche_[c] = true;
+        misure_[c].larghezza = std::max(misure_[c].larghezza, serve);
+        if (Numerico(riga[c].Tipo())) misure_[c].numerica = true;
       }
     });
   }
 
-  /// Cuts texts to the greatest width, then the widest of them until the line stands on the page.
   void Disponi() {
-    for (std::size_t c = 0; c < larghezze_.size(); ++c) {
-      if (!numeriche_[c]) larghezze_[c] = std::min(larghezze_[c], kColonnaMassima);
+    Stringi(misure_);
+    for (const Misura& m : misure_) {
+      riga_.sagoma += (riga_.sagoma.empty() ? "" : " ") + reports::Ripeti("$", m.larghezza);
     }
-    while (Somma() > kLarghezzaMassima) {
-      std::size_t larga = larghezze_.size();
-      for (std::size_t c = 0; c < larghezze_.size(); ++c) {
-        if (numeriche_[c] || larghezze_[c] <= kColonnaMinima) continue;
-        if (larga == larghezze_.size() || larghezze_[c] > larghezze_[larga]) larga = c;
-      }
-      if (larga == larghezze_.size()) break;
-      --larghezze_[larga];
-    }
-    larghezza_ = std::max(kLarghezzaMinima, Somma());
-    for (const std::size_t larghezza : larghezze_) {
-      sagoma_ += (sagoma_.empty() ? "" : " ") + reports::Ripeti("$", larghezza);
-    }
-  }
-  [[nodiscard]] std::size_t Somma() const {
-    std::size_t somma = larghezze_.empty() ? 0 : larghezze_.size() - 1;
-    for (const std::size_t larghezza : larghezze_) somma += larghezza;
-    return somma;
+    rapporto_.Larghezza(std::max(kLarghezzaMinima, riga_.sagoma.size()));
   }
 
   [[nodiscard]] std::string Filtro() const {
@@ -127,50 +130,34 @@ class TabulatoArchivio {
   }
 
   void Testata() {
-    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), larghezza_);
-    stampa_.Riga("");
-    const std::string intera = reports::Ripeti("$", larghezza_);
-    stampa_.Campo(1, descrizione_.titolo);
-    stampa_.Riga(intera, {}, true);
-    if (!filtro_.Vuoto()) {
-      stampa_.Campo(1, "filtro: " + Filtro());
-      stampa_.Riga(intera);
+    rapporto_.TestataDitta();
+    rapporto_.Vuota();
+    rapporto_.RigaTesto(descrizione_.titolo, true);
+    if (!filtro_.Vuoto()) rapporto_.RigaTesto("filtro: " + Filtro());
+    rapporto_.Vuota();
+    std::vector<std::string> titoli;
+    for (const auto& colonna : lettura_.Colonne()) titoli.push_back(colonna.didascalia);
+    Riga(titoli);
+    rapporto_.Rigo("-");
+  }
+
+  /// Numbers stand to the right of their columns.
+  void Riga(const std::vector<std::string>& testi) {
+    std::vector<Valore> valori;
+    for (std::size_t c = 0; c < testi.size(); ++c) {
+      const std::size_t largo = misure_[c].larghezza;
+      const std::size_t lungo = misure_[c].numerica ? LunghezzaTesto(testi[c]) : largo;
+      valori.emplace_back(std::string(largo - std::min(largo, lungo), ' ') + testi[c]);
     }
-    stampa_.Riga("");
-    const auto& colonne = lettura_.Colonne();
-    for (std::size_t c = 0; c < colonne.size(); ++c) Cella(c, colonne[c].didascalia);
-    stampa_.Riga(sagoma_);
-    stampa_.Riga(reports::Ripeti("-", larghezza_));
+    rapporto_.Riga(riga_, std::move(valori));
   }
 
-  bool Righe() {
-    const auto& colonne = lettura_.Colonne();
-    return Visita(totale_, [&](const std::vector<Valore>& riga) {
-      for (std::size_t c = 0; c < riga.size(); ++c) Cella(c, MostraColonna(colonne[c], riga[c]));
-      stampa_.Riga(sagoma_);
-      ++stampate_;
-    });
-  }
-
-  void Cella(std::size_t colonna, const std::string& testo) {
-    const std::size_t lungo = LunghezzaTesto(testo);
-    const bool aDestra = numeriche_[colonna] && lungo < larghezze_[colonna];
-    stampa_.Campo(colonna + 1,
-                  aDestra ? std::string(larghezze_[colonna] - lungo, ' ') + testo : testo);
-  }
-
-  Ambiente& ambiente_;
   const DescrizioneArchivio& descrizione_;
   const FiltroElenco& filtro_;
   LetturaElenco lettura_;
-  reports::Stampa stampa_;
-  reports::DatiDitta ditta_;
-  std::vector<std::size_t> larghezze_;
-  std::vector<bool> numeriche_;
-  std::string sagoma_;
-  std::size_t larghezza_ = kLarghezzaMinima;
-  std::int64_t totale_ = 0;
-  std::int64_t stampate_ = 0;
+  reports::Rapporto rapporto_;
+  std::vector<Misura> misure_;
+  reports::Fascia riga_;
 };
 
 }  // namespace

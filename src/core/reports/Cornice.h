@@ -19,6 +19,8 @@ struct DatiDitta {
   std::string codFisc;
 };
 DatiDitta LeggiDatiDitta(Ambiente& ambiente);
+/// "Partita IVA ...   Codice fiscale ...", as far as they are known.
+std::string CodiciDitta(const DatiDitta& ditta);
 
 /// Path of a model: the one of the program folder (`Ini/NAME.mod`, which a user may have changed)
 /// before the one that the program is shipped with.
@@ -28,24 +30,13 @@ std::filesystem::path PercorsoModello(const Ambiente& ambiente, std::string_view
 struct Cornice {
   std::string rapporto;       ///< name in the dialog of outputs
   std::string titolo;         ///< of the document
-  std::string modello;        ///< name without `.mod`
+  std::string modello = {};   ///< name without `.mod`
   std::size_t larghezza = 0;  ///< widest line of text mode
   bool grafico = false;       ///< the user wants the graphic form
   double xTar = 0;            ///< correction of the horizontal position, millimetres
+  /// Amounts are of the year's currency: on a model, which shows cents, those in lire have none.
+  bool lireIntere = false;
 };
-
-enum class ModoStampa { Fermata, Testo, Grafico };
-
-/// Asks for the output and prepares it. Fermata when the user gave up or the model can't be had.
-ModoStampa ApriStampa(Stampa& stampa, const Ambiente& ambiente, const Cornice& cornice);
-
-/// Heading fields that all models know: DITTA, RagSoc1_2, Indirizzo_localita, PIVA, CODFISC, ANNO,
-/// DATASTAMPA and Pag.
-void CampiTestata(Stampa& stampa, Ambiente& ambiente, const DatiDitta& ditta, int pagina);
-
-/// First lines of a text page of `larghezza` characters: company and page, address and date.
-void TestataTesto(Stampa& stampa, Ambiente& ambiente, const DatiDitta& ditta, int pagina,
-                  std::size_t larghezza);
 
 /// `n` times a character (a letter of a picture may take more than a byte).
 std::string Ripeti(std::string_view carattere, std::size_t n);

@@ -247,6 +247,10 @@ bool Stampa::Modello(const std::filesystem::path& percorso) {
   return true;
 }
 
+void Stampa::Modello(ModelloStampa modello) {
+  interno_->modello = std::move(modello);
+}
+
 void Stampa::ModoTesto(bool attivo) {
   if (!attivo && !SoloTesto() && !interno_->modello)
     throw std::logic_error("modo grafico senza un modello");
@@ -282,6 +286,10 @@ void Stampa::Campo(std::size_t n, const Valore& valore) {
   if (n == 0) throw std::logic_error("i campi di una riga si contano da 1");
   if (interno_->campi.size() < n) interno_->campi.resize(n);
   interno_->campi[n - 1] = valore;
+}
+
+void Stampa::Campi(std::vector<Valore> valori) {
+  interno_->campi = std::move(valori);
 }
 
 void Stampa::Riga(std::string_view sagoma, const Rinvio& rinvio, bool grassetto) {

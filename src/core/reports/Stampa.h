@@ -18,6 +18,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/reports/ModelloStampa.h"
 #include "core/reports/Sagoma.h"
@@ -39,6 +40,8 @@ class Stampa {
 
   /// Loads a model; tells the user what is wrong and returns false when it can't: the report stops.
   bool Modello(const std::filesystem::path& percorso);
+  /// A model made for this report.
+  void Modello(ModelloStampa modello);
   void ModoTesto(bool attivo);
   /// Whether lines are named fields of the model, not templates.
   [[nodiscard]] bool Grafico() const;
@@ -59,6 +62,8 @@ class Stampa {
   // --- Text mode ---
   /// The value of the n-th placeholder of the next template, from 1.
   void Campo(std::size_t n, const Valore& valore);
+  /// All of them at once, from the first.
+  void Campi(std::vector<Valore> valori);
   /// Prints one line with the placeholders filled, and forgets the values. An empty template prints
   /// an empty line. Templates are compiled once and kept.
   void Riga(std::string_view sagoma, const Rinvio& rinvio = {}, bool grassetto = false);

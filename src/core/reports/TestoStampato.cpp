@@ -4,6 +4,7 @@
 
 #include "core/values/FormatoImporto.h"
 #include "core/values/Lettere.h"
+#include "core/values/Testo.h"
 
 namespace fenalto::reports {
 
@@ -74,6 +75,25 @@ std::size_t AccodaPulito(std::string& riga, std::string_view testo, std::size_t 
 bool Numerico(const Valore& valore) {
   const Tipo tipo = valore.Tipo();
   return tipo == Tipo::Intero || tipo == Tipo::Importo || tipo == Tipo::Reale;
+}
+
+std::vector<std::string> InRighe(const std::string& testo, std::size_t larghezza) {
+  std::vector<std::string> righe;
+  std::string_view resto = Rifila(testo);
+  while (resto.size() > larghezza && LunghezzaTesto(resto) > larghezza) {
+    const std::string pezzo = Mid(resto, 1, larghezza + 1);
+    std::size_t fine = pezzo.find_last_of(" \t\r\n");
+    if (fine == std::string::npos || fine == 0) fine = Mid(resto, 1, larghezza).size();
+    righe.emplace_back(Rifila(resto.substr(0, fine)));
+    resto = Rifila(resto.substr(fine));
+  }
+  if (righe.empty() || !resto.empty()) righe.emplace_back(resto);
+  return righe;
+}
+
+std::size_t LargoDi(const std::string& testo, std::size_t largo, std::size_t maiuscolo) {
+  const auto maiuscole = std::ranges::count_if(testo, [](char c) { return c >= 'A' && c <= 'Z'; });
+  return static_cast<std::size_t>(maiuscole) * 3 > testo.size() ? maiuscolo : largo;
 }
 
 }  // namespace fenalto::reports

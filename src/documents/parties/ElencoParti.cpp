@@ -1,42 +1,22 @@
 #include "documents/parties/ElencoParti.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
-#include "core/reports/Cornice.h"
-#include "core/values/Testo.h"
-#include "ledger/journal/GiornaleInterno.h"
+#include "core/reports/Rapporto.h"
+#include "core/reports/TestoStampato.h"
 
 namespace fenalto::documents {
 namespace {
 
 constexpr std::size_t kLarghezza = 132;
 constexpr std::size_t kCodice = 10;
-// Short layout.
+/// Characters of a name in the short and in the detailed layout.
 constexpr std::size_t kNomeSintetico = 49;
-constexpr std::size_t kLocalita = 28;
-constexpr std::size_t kProvincia = 2;
-constexpr std::size_t kTelefono = 20;
-constexpr std::size_t kPartitaIva = 18;
-// Detailed layout: the name and four amounts, under it captions and values in two columns.
 constexpr std::size_t kNomeDettagliato = 57;
-constexpr std::size_t kImporto = 15;
-constexpr std::size_t kDidascalia = 14;
 constexpr std::size_t kValore = 49;
 
 std::string Testi(std::size_t n) {
   return reports::Ripeti("$", n);
-}
-
-/// Pictures of the four amounts, each after a blank.
-std::string QuattroImporti(const Ambiente& ambiente) {
-  const std::string uno = " " + reports::Ripeti("ç", kImporto);
-  return reports::PictureImporto(uno + uno + uno + uno, ambiente.Euro());
-}
-
-std::array<Importo, 4> Cifre(const ledger::Saldo& saldo) {
-  return {saldo.saldoIniziale, saldo.totaleDare, saldo.totaleAvere, saldo.Finale()};
 }
 
 std::string TitoloDi(const SceltaParti& scelta) {
@@ -50,35 +30,97 @@ std::string ScrittaTotale(const SceltaParti& scelta, std::int64_t quante) {
          std::to_string(quante);
 }
 
-/// The first telephone that there is.
-std::string Telefono(const ParteElencata& parte) {
-  const std::string primo = parte.Testo("telefono1");
-  return primo.empty() ? parte.Testo("telefono2") : primo;
-}
-
 /// The two lines of a name, without those that aren't filled.
 std::vector<std::string> Nome(const ParteElencata& parte, std::size_t larghezza) {
-  std::vector<std::string> nome = ledger::InRighe(parte.Testo("ragsoc1"), larghezza);
+  std::vector<std::string> nome = reports::InRighe(parte.Testo("ragsoc1"), larghezza);
   const std::string seconda = parte.Testo("ragsoc2");
   if (seconda.empty()) return nome;
   if (nome.front().empty()) nome.clear();
-  for (std::string& riga : ledger::InRighe(seconda, larghezza)) nome.push_back(std::move(riga));
+  for (std::string& riga : reports::InRighe(seconda, larghezza)) nome.push_back(std::move(riga));
   return nome;
+}
+
+/// A party on paper: the lines of its name, and what is known of it.
+struct Voce {
+  std::vector<std::string> nome;
+  const ParteElencata* parte;
+};
+
+reports::ColonnaDi<Voce> ColonnaTesto(const char* titolo, std::size_t largo, const char* campo,
+                                      const char* nome) {
+  return {{titolo, " " + Testi(largo), campo},
+          [nome](const Voce& v) { return v.parte->Testo(nome); }};
+}
+
+reports::Tabella<Voce> TabellaSintetica() {
+  const auto telefono = [](const Voce& v) {
+    const std::string primo = v.parte->Testo("telefono1");
+    return primo.empty() ? v.parte->Testo("telefono2") : primo;
+  };
+  return reports::Tabella<Voce>(
+      {{{"codice", Testi(kCodice), "R_COD"}, [](const Voce& v) { return v.parte->Testo("Cod"); }},
+       {{"ragione sociale", " " + Testi(kNomeSintetico), "R_RAGSOC"},
+        [](const Voce& v) { return v.nome.front(); }},
+       ColonnaTesto("località", 28, "R_LOCALITA", "localita"),
+       ColonnaTesto("pr", 2, "R_PROV", "Prov"),
+       {{"telefono", " " + Testi(20), "R_TELEFONO"}, telefono},
+       ColonnaTesto("partita IVA", 18, "R_PIVA", "piva")});
+}
+
+/// A name and its figures.
+reports::Tabella<Voce> TabellaDettagliata(bool conSaldi) {
+  const auto importo = [conSaldi](const char* titolo, const char* campo, auto valore) {
+    const std::string sagoma = " " + reports::Ripeti("ç", 15);
+    return reports::ColonnaDi<Voce>{
+        {titolo, sagoma, campo, "", {}, false, conSaldi},
+        [valore](const Voce& v) -> Valore { return std::invoke(valore, v.parte->saldo); }};
+  };
+  return reports::Tabella<Voce>(
+      {{{"codice", Testi(kCodice), "R_PARTE"}, [](const Voce& v) { return v.parte->Testo("Cod"); }},
+       {{"ragione sociale", " " + Testi(kNomeDettagliato), "R_NOME"},
+        [](const Voce& v) { return v.nome.front(); }},
+       importo("s.do iniz.", "R_SALDOINIZIALE", &ledger::Saldo::saldoIniziale),
+       importo("dare", "R_DARE", &ledger::Saldo::totaleDare),
+       importo("avere", "R_AVERE", &ledger::Saldo::totaleAvere),
+       importo("saldo", "R_SALDO", &ledger::Saldo::Finale)});
+}
+
+/// All fields of the layout, the descriptions behind the codes, the figures.
+reports::Tabella<ParteElencata> TabellaFoglio(const LetturaParti& lettura, int decimali) {
+  using P = ParteElencata;
+  std::vector<reports::ColonnaDi<P>> colonne;
+  for (const CampoParte& campo : lettura.Campi()) {
+    const char* nome = campo.nome;
+    colonne.push_back({{"", "", "", "", {campo.titolo, campo.tipo}},
+                       [nome](const P& p) { return p.Campo(nome); }});
+    if (campo.tabella == nullptr) continue;
+    colonne.push_back({{"", "", "", "", {campo.titoloDescrizione}},
+                       [nome](const P& p) { return p.Descrizione(nome); }});
+  }
+  const auto importo = [&](const char* titolo, auto valore) {
+    colonne.push_back({{"", "", "", "", {titolo, Tipo::Importo, decimali}, true},
+                       [valore](const P& p) -> Valore { return std::invoke(valore, p.saldo); }});
+  };
+  if (!lettura.ConSaldi()) return reports::Tabella<P>(colonne);
+  importo("Saldo iniziale", &ledger::Saldo::saldoIniziale);
+  importo("Dare", &ledger::Saldo::totaleDare);
+  importo("Avere", &ledger::Saldo::totaleAvere);
+  importo("Saldo", &ledger::Saldo::Finale);
+  return reports::Tabella<P>(colonne);
 }
 
 class TabulatoParti {
  public:
   TabulatoParti(Ambiente& ambiente, reports::FabbricaUscite& uscite,
                 const SceltaElencoParti& scelta)
-      : ambiente_(ambiente),
-        scelta_(scelta),
+      : scelta_(scelta),
         dettagliato_(scelta.parti.dettagliato),
         lettura_(ambiente, scelta.parti),
-        stampa_(ambiente, uscite),
-        ditta_(reports::LeggiDatiDitta(ambiente)),
-        scritta_(ScrittaScelta(ambiente, scelta.parti)),
-        importi_(QuattroImporti(ambiente)) {
+        tabella_(dettagliato_ ? TabellaDettagliata(lettura_.ConSaldi()) : TabellaSintetica()),
+        rapporto_(ambiente, uscite),
+        scritta_(ScrittaScelta(ambiente, scelta.parti)) {
     if (lettura_.ConSaldi()) scritta_ += " - saldi anno " + std::to_string(ambiente.Anno());
+    rapporto_.Tavola(tabella_);
   }
 
   bool Esegui(std::int64_t quante) {
@@ -88,218 +130,89 @@ class TabulatoParti {
                                    kLarghezza,
                                    scelta_.stGrafico,
                                    scelta_.xTar};
-    const reports::ModoStampa modo = reports::ApriStampa(stampa_, ambiente_, cornice);
-    if (modo == reports::ModoStampa::Fermata) return false;
-    grafico_ = modo == reports::ModoStampa::Grafico;
-    stampa_.Intestazione([this] { Testata(); });
+    if (!rapporto_.Apri(cornice, [this] { Testata(); })) return false;
     const bool tutte = lettura_.Scorri(quante, [this](const ParteElencata& parte) {
       dettagliato_ ? Dettaglio(parte) : Sintetica(parte);
-      return !stampa_.Interrotta();
+      return !rapporto_.Interrotta();
     });
     if (!tutte) return false;
     Totale();
-    return stampa_.Fine();
+    return rapporto_.Fine();
   }
 
  private:
   void Testata() {
-    if (grafico_) return TestataModello();
-    reports::TestataTesto(stampa_, ambiente_, ditta_, stampa_.NumeroPagina(), kLarghezza);
-    Intera(TitoloDi(scelta_.parti), true);
-    Intera(scritta_, false);
-    stampa_.Riga(reports::Ripeti("=", kLarghezza));
-    if (dettagliato_) {
-      Colonne({{"codice", kCodice}, {"ragione sociale", kNomeDettagliato}},
-              lettura_.ConSaldi()
-                  ? "      s.do iniz.            dare           avere           saldo"
-                  : "");
-    } else {
-      Colonne({{"codice", kCodice},
-               {"ragione sociale", kNomeSintetico},
-               {"località", kLocalita},
-               {"pr", kProvincia},
-               {"telefono", kTelefono},
-               {"partita IVA", kPartitaIva}},
-              "");
-    }
-    stampa_.Riga(reports::Ripeti("-", kLarghezza));
+    rapporto_.TestataDitta();
+    rapporto_.Titolo("TITOLO", TitoloDi(scelta_.parti), true);
+    rapporto_.Titolo("TITOLO2", scritta_);
+    rapporto_.Titoli();
+    if (!rapporto_.Grafico() || !lettura_.ConSaldi()) return;
+    rapporto_.Titolo("T_INIZIALE", "s.do iniz.");
+    rapporto_.Titolo("T_DARE", "dare");
+    rapporto_.Titolo("T_AVERE", "avere");
+    rapporto_.Titolo("T_SALDO", "saldo");
   }
-
-  /// A line of column titles, each as wide as its column.
-  void Colonne(std::initializer_list<std::pair<const char*, std::size_t>> colonne,
-               const char* coda) {
-    std::string riga;
-    std::size_t n = 0;
-    for (const auto& [titolo, larghezza] : colonne) {
-      stampa_.Campo(++n, titolo);
-      riga += (riga.empty() ? "" : " ") + Testi(larghezza);
-    }
-    stampa_.Riga(riga + coda);
-  }
-
-  void TestataModello() {
-    reports::CampiTestata(stampa_, ambiente_, ditta_, stampa_.NumeroPagina());
-    stampa_.CampoModello("TITOLO", TitoloDi(scelta_.parti));
-    stampa_.CampoModello("TITOLO2", scritta_);
-    if (!lettura_.ConSaldi()) return;
-    for (const auto& [campo, titolo] :
-         {std::pair("T_INIZIALE", "s.do iniz."), std::pair("T_DARE", "dare"),
-          std::pair("T_AVERE", "avere"), std::pair("T_SALDO", "saldo")}) {
-      stampa_.CampoModello(campo, titolo);
-    }
-  }
-
-  // --- Short layout ------------------------------------------------------------------------------
 
   void Sintetica(const ParteElencata& parte) {
     ++quante_;
     const std::vector<std::string> nome = Nome(parte, kNomeSintetico);
-    stampa_.Riserva(static_cast<int>(nome.size()) + 1);
-    const std::pair<const char*, std::string> campi[] = {
-        {"R_COD", parte.Testo("Cod")},           {"R_RAGSOC", nome.front()},
-        {"R_LOCALITA", parte.Testo("localita")}, {"R_PROV", parte.Testo("Prov")},
-        {"R_TELEFONO", Telefono(parte)},         {"R_PIVA", parte.Testo("piva")}};
-    Riga(campi,
-         Testi(kCodice) + " " + Testi(kNomeSintetico) + " " + Testi(kLocalita) + " " +
-             Testi(kProvincia) + " " + Testi(kTelefono) + " " + Testi(kPartitaIva),
-         RinvioA(parte));
-    SeguitoNome(nome, kNomeSintetico, false);
+    rapporto_.Riserva(static_cast<int>(nome.size()) + 1);
+    Intestata({nome, &parte}, kNomeSintetico, "R_RAGSOC");
   }
-
-  // --- Detailed layout ---------------------------------------------------------------------------
 
   void Dettaglio(const ParteElencata& parte) {
+    static const std::string kCoppia = "  " + Testi(14) + " " + Testi(kValore);
+    static const reports::Fascia kRiga{
+        kCoppia + kCoppia, {"R_DIDASCALIA1", "R_VALORE1", "R_DIDASCALIA2", "R_VALORE2"}};
     const std::vector<std::string> nome = Nome(parte, kNomeDettagliato);
     const std::vector<RigaParte> righe = RigheDettaglio(parte, kValore);
-    if (quante_++ > 0 && stampa_.RigheLibere() > 0) {
-      grafico_ ? stampa_.AvanzaRiga() : stampa_.Riga("");
-    }
+    if (quante_++ > 0) rapporto_.Stacco();
     // A party stands on one page, and a page never begins with the total alone.
-    stampa_.Riserva(static_cast<int>(nome.size() + righe.size()) + 2);
-    generale_ += parte.saldo;
-    Intestata(parte.Testo("Cod"), nome.front(), parte.saldo, RinvioA(parte));
-    SeguitoNome(nome, kNomeDettagliato, true);
+    rapporto_.Riserva(static_cast<int>(nome.size() + righe.size()) + 2);
+    generale_.saldo += parte.saldo;
+    Intestata({nome, &parte}, kNomeDettagliato, "R_NOME");
     for (const RigaParte& riga : righe) {
-      const std::pair<const char*, std::string> campi[] = {
-          {"R_DIDASCALIA1", riga.sinistra.didascalia},
-          {"R_VALORE1", riga.sinistra.valore},
-          {"R_DIDASCALIA2", riga.destra.didascalia},
-          {"R_VALORE2", riga.destra.valore}};
-      const std::string coppia = "  " + Testi(kDidascalia) + " " + Testi(kValore);
-      Riga(campi, coppia + coppia, {});
+      rapporto_.Riga(kRiga, {riga.sinistra.didascalia, riga.sinistra.valore, riga.destra.didascalia,
+                             riga.destra.valore});
     }
   }
 
-  /// A name and its figures, in bold.
-  void Intestata(const std::string& codice, const std::string& nome, const ledger::Saldo& saldo,
-                 const Rinvio& rinvio) {
-    constexpr std::array kCampi = {"R_SALDOINIZIALE", "R_DARE", "R_AVERE", "R_SALDO"};
-    const std::array<Importo, 4> cifre = Cifre(saldo);
-    if (grafico_) {
-      const double y = stampa_.YCorrente();
-      stampa_.CampoModello("R_PARTE", codice, y, rinvio);
-      stampa_.CampoModello("R_NOME", nome, y, rinvio);
-      for (std::size_t i = 0; lettura_.ConSaldi() && i < cifre.size(); ++i) {
-        stampa_.CampoModello(kCampi[i], cifre[i], y, rinvio);
-      }
-      return stampa_.AvanzaRiga();
-    }
-    stampa_.Campo(1, codice);
-    stampa_.Campo(2, nome);
-    for (std::size_t i = 0; i < cifre.size(); ++i) stampa_.Campo(i + 3, cifre[i]);
-    stampa_.Riga(
-        Testi(kCodice) + " " + Testi(kNomeDettagliato) + (lettura_.ConSaldi() ? importi_ : ""),
-        rinvio, true);
-  }
-
-  // --- Both --------------------------------------------------------------------------------------
-
-  /// The lines of a name after its first.
-  void SeguitoNome(const std::vector<std::string>& nome, std::size_t larghezza, bool grassetto) {
-    for (std::size_t i = 1; i < nome.size(); ++i) {
-      if (grafico_) {
-        stampa_.CampoModello(grassetto ? "R_NOME" : "R_RAGSOC", nome[i], stampa_.YCorrente());
-        stampa_.AvanzaRiga();
-        continue;
-      }
-      stampa_.Campo(1, nome[i]);
-      stampa_.Riga(reports::Ripeti(" ", kCodice + 1) + Testi(larghezza), {}, grassetto);
-    }
-  }
-
-  /// A line of texts: by the model's names, or one after the other in the picture.
-  void Riga(std::span<const std::pair<const char*, std::string>> campi, const std::string& sagoma,
-            const Rinvio& rinvio) {
-    if (grafico_) {
-      const double y = stampa_.YCorrente();
-      for (const auto& [nome, valore] : campi) stampa_.CampoModello(nome, valore, y, rinvio);
-      return stampa_.AvanzaRiga();
-    }
-    for (std::size_t i = 0; i < campi.size(); ++i) stampa_.Campo(i + 1, campi[i].second);
-    stampa_.Riga(sagoma, rinvio);
+  /// A row of the table, and the lines of the name after its first.
+  void Intestata(const Voce& voce, std::size_t largo, const char* campo) {
+    rapporto_.RigaTavola(tabella_.Celle(voce), AlConto(scelta_.parti.cfp, voce.parte->Testo("Cod")),
+                         dettagliato_);
+    const reports::Fascia seguito{
+        reports::Ripeti(" ", kCodice + 1) + Testi(largo), {campo}, dettagliato_};
+    for (std::size_t i = 1; i < voce.nome.size(); ++i) rapporto_.Riga(seguito, {voce.nome[i]});
   }
 
   void Totale() {
     const std::string scritta = ScrittaTotale(scelta_.parti, quante_);
-    grafico_ ? stampa_.Filetto() : stampa_.Riga(reports::Ripeti("=", kLarghezza));
-    if (dettagliato_) return Intestata("", scritta, generale_, {});
-    if (!grafico_) return Intera(scritta, true);
-    stampa_.CampoModello("R_SCRITTATOT", scritta, stampa_.YCorrente());
-    stampa_.AvanzaRiga();
+    rapporto_.Filo("=");
+    if (!dettagliato_) return rapporto_.Scritta("R_SCRITTATOT", scritta, true);
+    rapporto_.RigaTavola(tabella_.Celle({{scritta}, &generale_}), {}, true);
   }
 
-  void Intera(const std::string& testo, bool grassetto) {
-    stampa_.Campo(1, testo);
-    stampa_.Riga(Testi(kLarghezza), {}, grassetto);
-  }
-
-  [[nodiscard]] Rinvio RinvioA(const ParteElencata& parte) const {
-    return AlConto(scelta_.parti.cfp, parte.Testo("Cod"));
-  }
-
-  Ambiente& ambiente_;
   const SceltaElencoParti& scelta_;
   bool dettagliato_;
   LetturaParti lettura_;
-  reports::Stampa stampa_;
-  reports::DatiDitta ditta_;
+  reports::Tabella<Voce> tabella_;
+  reports::Rapporto rapporto_;
   std::string scritta_;
-  std::string importi_;
-  bool grafico_ = false;
   std::int64_t quante_ = 0;
-  ledger::Saldo generale_;
+  ParteElencata generale_;  ///< nobody, with the figures of all
 };
-
-/// The amounts at the end of a row of the sheet.
-void AggiungiSaldo(std::vector<Valore>& riga, const ledger::Saldo& saldo) {
-  for (const Importo importo : Cifre(saldo)) riga.emplace_back(importo);
-}
-
-void AggiungiColonne(reports::Foglio& foglio, const LetturaParti& lettura, int decimali) {
-  for (const CampoParte& campo : lettura.Campi()) {
-    foglio.colonne.push_back({campo.titolo, campo.tipo});
-    if (campo.tabella != nullptr) foglio.colonne.push_back({campo.titoloDescrizione});
-  }
-  if (!lettura.ConSaldi()) return;
-  for (const char* titolo : {"Saldo iniziale", "Dare", "Avere", "Saldo"}) {
-    foglio.colonne.push_back({titolo, Tipo::Importo, decimali});
-  }
-}
 
 }  // namespace
 
 std::int64_t ElencoParti::Pronte(const SceltaElencoParti& scelta) {
-  if (const auto difetto = DifettoScelta(scelta.parti)) {
-    ambiente_.Dialogo().Messaggio(*difetto, Icona::Avviso);
-    return 0;
-  }
-  const std::int64_t quante = LetturaParti(ambiente_, scelta.parti).Conta();
-  if (quante == 0) {
-    ambiente_.Dialogo().Messaggio(
-        std::string(scelta.parti.Clienti() ? "nessun cliente" : "nessun fornitore") +
-        " da stampare: " + ScrittaScelta(ambiente_, scelta.parti));
-  }
-  return quante;
+  return reports::Trovati(
+      ambiente_, DifettoScelta(scelta.parti),
+      [&] { return LetturaParti(ambiente_, scelta.parti).Conta(); },
+      [&] {
+        return std::string(scelta.parti.Clienti() ? "nessun cliente" : "nessun fornitore") +
+               " da stampare: " + ScrittaScelta(ambiente_, scelta.parti);
+      });
 }
 
 bool ElencoParti::Stampa(const SceltaElencoParti& scelta) {
@@ -311,31 +224,22 @@ reports::Foglio ElencoParti::FoglioParti(const SceltaElencoParti& scelta) {
   const std::int64_t quante = Pronte(scelta);
   if (quante == 0) return {};
   LetturaParti lettura(ambiente_, scelta.parti);
+  const auto tabella = TabellaFoglio(lettura, ambiente_.Euro() ? 2 : 0);
+  reports::Rapporto rapporto(ambiente_, uscite_);
+  rapporto.Tavola(tabella, "", tabella.DelFoglio()[1].titolo);
   reports::Foglio foglio;
-  foglio.premessa = {{"ditta ", reports::LeggiDatiDitta(ambiente_).ragSoc1_2},
-                     {"data stampa ", ambiente_.Ora().Oggi()},
-                     {TitoloDi(scelta.parti)},
-                     {ScrittaScelta(ambiente_, scelta.parti)}};
+  rapporto.ApriFoglio(foglio, {{TitoloDi(scelta.parti)}, {ScrittaScelta(ambiente_, scelta.parti)}});
   if (lettura.ConSaldi()) foglio.premessa.push_back({"saldi anno ", ambiente_.Anno()});
-  AggiungiColonne(foglio, lettura, ambiente_.Euro() ? 2 : 0);
-  const std::vector<CampoParte> campi = lettura.Campi();
-  ledger::Saldo generale;
+  reports::Rotture<ParteElencata> somme(tabella, {});
   const bool tutte = lettura.Scorri(quante, [&](const ParteElencata& parte) {
-    std::vector<Valore>& riga = foglio.righe.emplace_back();
-    for (const CampoParte& campo : campi) {
-      riga.push_back(parte.Campo(campo.nome));
-      if (campo.tabella != nullptr) riga.emplace_back(parte.Descrizione(campo.nome));
-    }
-    if (lettura.ConSaldi()) AggiungiSaldo(riga, parte.saldo);
-    generale += parte.saldo;
+    const std::vector<Valore> celle = tabella.Celle(parte);
+    somme.Riga(parte, celle);
+    rapporto.RigaTavola(celle);
     return true;
   });
   if (!tutte) return {};
-  foglio.totali.push_back(foglio.righe.size());
-  std::vector<Valore>& totale = foglio.righe.emplace_back();
-  totale.resize(foglio.colonne.size() - (lettura.ConSaldi() ? Cifre(generale).size() : 0));
-  totale[1] = ScrittaTotale(scelta.parti, static_cast<std::int64_t>(foglio.righe.size()) - 1);
-  if (lettura.ConSaldi()) AggiungiSaldo(totale, generale);
+  const auto quanti = static_cast<std::int64_t>(foglio.righe.size());
+  rapporto.Totale(ScrittaTotale(scelta.parti, quanti), somme.Generali());
   return foglio;
 }
 

@@ -5,12 +5,12 @@
 #include <iterator>
 #include <utility>
 
+#include "core/reports/TestoStampato.h"
 #include "core/sql/Criterio.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 #include "documents/parties/PartiInterno.h"
 #include "ledger/accounts/PannelloSaldo.h"
-#include "ledger/journal/GiornaleInterno.h"
 
 namespace fenalto::documents {
 namespace {
@@ -115,7 +115,7 @@ class Colonna {
   void Voce(const char* didascalia, const std::string& valore) {
     if (valore.empty()) return;
     std::string primo = didascalia;
-    for (std::string& riga : ledger::InRighe(valore, larghezza_)) {
+    for (std::string& riga : reports::InRighe(valore, larghezza_)) {
       voci.push_back({std::exchange(primo, {}), std::move(riga)});
     }
   }

@@ -46,6 +46,8 @@ struct ScadenzaStampata {
   [[nodiscard]] bool Aperta() const;
   /// What is still to be settled: nothing of a due date that is closed, whatever was allowed on it.
   [[nodiscard]] Importo Residuo() const { return Aperta() ? importo - pagato : Importo(); }
+  /// Nothing where there is no invoice.
+  [[nodiscard]] Valore NumeroFattura() const { return nFat == 0 ? Valore() : Valore(nFat); }
   /// The state in a word: "aperta", "parziale", "presentata", "pagata", "raggrupp."
   [[nodiscard]] std::string StatoInParola() const;
   /// The description, marked when it is a deposit.

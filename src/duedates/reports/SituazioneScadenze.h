@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "duedates/reports/LetturaScadenze.h"
-#include "duedates/reports/VisitaScadenze.h"
+#include "duedates/reports/MeseScadenze.h"
 
 namespace fenalto::duedates {
 

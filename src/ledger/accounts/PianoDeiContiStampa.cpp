@@ -1,9 +1,8 @@
 // Prints of the chart: masters with their accounts, and accounts with an adjustment.
-#include <memory>
 #include <set>
 #include <string>
 
-#include "core/reports/Cornice.h"
+#include "core/reports/Rapporto.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/accounts/CodiceConto.h"
@@ -41,33 +40,35 @@ const char* Riepilogo(const std::string& cfp) {
 }
 
 /// First line of both headings.
-void Testata(reports::Stampa& stampa, Ambiente& ambiente) {
-  const std::string nome = reports::LeggiDatiDitta(ambiente).ragSoc1_2;
-  stampa.Campo(1, nome.empty() ? ambiente.Ditta() : nome);
-  stampa.Campo(2, ambiente.Ora().Oggi());
-  stampa.Riga(kTestata);
+void Testata(reports::Rapporto& rapporto, Ambiente& ambiente) {
+  const std::string& nome = rapporto.Ditta().ragSoc1_2;
+  rapporto.Riga({kTestata}, {nome.empty() ? ambiente.Ditta() : nome, ambiente.Ora().Oggi()});
+}
+
+Rinvio RinvioA(const Rs& conto) {
+  return AlConto(conto.Fields("CFP").Testo(), conto.Fields("Cod").Testo());
 }
 
 /// The chart, a master at a time.
 class TabulatoPiano {
  public:
   TabulatoPiano(Ambiente& ambiente, reports::FabbricaUscite& uscite)
-      : ambiente_(ambiente), tessarc_(ambiente.ArchivioDi("tessarc")), stampa_(ambiente, uscite) {}
+      : ambiente_(ambiente),
+        tessarc_(ambiente.ArchivioDi("tessarc")),
+        rapporto_(ambiente, uscite) {}
 
   void Esegui() {
-    if (reports::ApriStampa(stampa_, ambiente_,
-                            {"piano dei conti", "PIANO DEI CONTI", "", kLarghezzaPiano}) ==
-        reports::ModoStampa::Fermata) {
+    const auto testata = [this] {
+      Testata(rapporto_, ambiente_);
+      rapporto_.Carta().Riga("PIANO DEI CONTI", {}, true);
+      rapporto_.Carta().Riga(kColonnePiano);
+      rapporto_.Vuota();
+    };
+    if (!rapporto_.Apri({"piano dei conti", "PIANO DEI CONTI", "", kLarghezzaPiano}, testata)) {
       return;
     }
-    stampa_.Intestazione([this] {
-      Testata(stampa_, ambiente_);
-      stampa_.Riga("PIANO DEI CONTI", {}, true);
-      stampa_.Riga(kColonnePiano);
-      stampa_.Riga("");
-    });
     const auto totale = tessarc_.Singolo("SELECT Count(*) FROM Conti").Intero();
-    avanzamento_ = ambiente_.Dialogo().Avvia("Piano dei conti", totale);
+    rapporto_.Avvia("Piano dei conti", totale, kOgni);
     for (Rs rs = tessarc_.Recordset("SELECT * FROM MASTRI order by cod"); !rs.Eof();
          rs.MoveNext()) {
       const std::string cod = rs.Fields("Cod").Testo();
@@ -78,47 +79,36 @@ class TabulatoPiano {
       Mastro("", "CONTI SENZA MASTRO", "");
       if (!Conti("")) return;
     }
-    stampa_.Fine();
+    rapporto_.Fine();
   }
 
  private:
   void Mastro(const std::string& cod, const std::string& descrizione, const std::string& patrEcon) {
-    if (!stampati_.empty() && stampa_.RigheLibere() > 0) stampa_.Riga("");
+    if (!stampati_.empty()) rapporto_.Stacco();
     // The master's line never stands alone at a page's foot.
-    stampa_.Riserva(2);
-    stampa_.Campo(1, cod);
-    stampa_.Campo(2, descrizione);
-    stampa_.Campo(3, patrEcon);
-    stampa_.Riga(kRigaMastro, {}, true);
+    rapporto_.Riserva(2);
+    rapporto_.Riga({kRigaMastro, {}, true}, {cod, descrizione, patrEcon});
   }
 
   /// The accounts of a condition that weren't printed yet: "10" and "10.20" may both be masters.
   bool Conti(const std::string& dove) {
     for (Rs rs = tessarc_.Recordset("SELECT * FROM CONTI" + dove + " order by cod"); !rs.Eof();
          rs.MoveNext()) {
-      if (!stampati_.insert(SenzaMaiuscole(rs.Fields("Cod").Testo())).second) continue;
-      if (++fatti_ % kOgni == 0 && !avanzamento_->Avanza(fatti_)) return false;
-      Conto(rs);
+      const std::string cod = rs.Fields("Cod").Testo();
+      if (!stampati_.insert(SenzaMaiuscole(cod)).second) continue;
+      if (!rapporto_.Passo()) return false;
+      rapporto_.Riga({kRigaConto},
+                     {cod, rs.Fields("Descrizione").Testo(), rs.Fields("PatrEcon").Testo(),
+                      Riepilogo(rs.Fields("CFP").Testo())},
+                     RinvioA(rs));
     }
-    return !stampa_.Interrotta();
-  }
-
-  void Conto(const Rs& conto) {
-    const std::string cod = conto.Fields("Cod").Testo();
-    const std::string cfp = conto.Fields("CFP").Testo();
-    stampa_.Campo(1, cod);
-    stampa_.Campo(2, conto.Fields("Descrizione").Testo());
-    stampa_.Campo(3, conto.Fields("PatrEcon").Testo());
-    stampa_.Campo(4, Riepilogo(cfp));
-    stampa_.Riga(kRigaConto, AlConto(cfp, cod));
+    return !rapporto_.Interrotta();
   }
 
   Ambiente& ambiente_;
   Archivio& tessarc_;
-  reports::Stampa stampa_;
-  std::unique_ptr<Avanzamento> avanzamento_;
+  reports::Rapporto rapporto_;
   std::set<std::string> stampati_;  ///< folded codes
-  std::int64_t fatti_ = 0;
 };
 
 }  // namespace
@@ -128,33 +118,32 @@ void StampaPianoDeiConti(Ambiente& ambiente, reports::FabbricaUscite& uscite) {
 }
 
 void StampaContiConRettifiche(Ambiente& ambiente, reports::FabbricaUscite& uscite) {
-  reports::Stampa stampa(ambiente, uscite);
-  if (reports::ApriStampa(stampa, ambiente,
-                          {"conti con rettifiche", "CONTI CON RETTIFICHE DI BILANCIO", "",
-                           kLarghezzaRettifiche}) == reports::ModoStampa::Fermata) {
+  reports::Rapporto rapporto(ambiente, uscite);
+  const std::string rigo = "|" + reports::Ripeti("-", kLarghezzaRettifiche - 2) + "|";
+  const auto testata = [&] {
+    Testata(rapporto, ambiente);
+    rapporto.Carta().Riga(rigo);
+    rapporto.Carta().Riga(kTitoloRettifiche, {}, true);
+    rapporto.Carta().Riga(rigo);
+    rapporto.Carta().Riga(kColonneRettifiche);
+    rapporto.Carta().Riga(rigo);
+  };
+  if (!rapporto.Apri(
+          {"conti con rettifiche", "CONTI CON RETTIFICHE DI BILANCIO", "", kLarghezzaRettifiche},
+          testata)) {
     return;
   }
-  const std::string rigo = "|" + reports::Ripeti("-", kLarghezzaRettifiche - 2) + "|";
-  stampa.Intestazione([&] {
-    Testata(stampa, ambiente);
-    stampa.Riga(rigo);
-    stampa.Riga(kTitoloRettifiche, {}, true);
-    stampa.Riga(rigo);
-    stampa.Riga(kColonneRettifiche);
-    stampa.Riga(rigo);
-  });
-  const std::string riga = reports::PictureImporto(kRigaRettifica, ambiente.Euro());
+  const reports::Fascia riga = rapporto.Prepara({kRigaRettifica});
   for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
            "SELECT * FROM CONTI WHERE ImportoSitAziendale<>0 ORDER BY COD");
        !rs.Eof(); rs.MoveNext()) {
-    const std::string cod = rs.Fields("Cod").Testo();
-    stampa.Campo(1, cod);
-    stampa.Campo(2, rs.Fields("Descrizione").Testo());
-    stampa.Campo(3, rs.Fields("ImportoSitAziendale").Importo());
-    stampa.Riga(riga, AlConto(rs.Fields("CFP").Testo(), cod));
+    rapporto.Riga(riga,
+                  {rs.Fields("Cod").Testo(), rs.Fields("Descrizione").Testo(),
+                   rs.Fields("ImportoSitAziendale").Importo()},
+                  RinvioA(rs));
   }
-  stampa.Riga(rigo);
-  stampa.Fine();
+  rapporto.Carta().Riga(rigo);
+  rapporto.Fine();
 }
 
 }  // namespace fenalto::ledger

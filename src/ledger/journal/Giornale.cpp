@@ -91,7 +91,7 @@ bool Giornale::Stampa(const SceltaGiornale& scelta) {
         "Ci sono saldi di apertura provvisori che non vengono stampati sul giornale",
         Icona::Avviso);
   }
-  if (!TabulatoGiornale(ambiente_, uscite_, scelta).Esegui()) return false;
+  if (!StampaRigheGiornale(ambiente_, uscite_, scelta)) return false;
   if (ambiente_.Dialogo().Conferma("STAMPA DEFINITIVA ?")) SegnaDefinitiva(ambiente_, scelta.aaDt);
   return true;
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/values/Aritmetica.h"
-#include "core/values/FormatoImporto.h"
+#include "core/values/Testo.h"
 
 namespace fenalto::ledger {
 
@@ -85,55 +85,50 @@ std::string ScrittaTutto(const SceltaBilancio& scelta) {
          ScrittaScelte(scelta);
 }
 
-Tabulato::Tabulato(Ambiente& a, reports::FabbricaUscite& uscite, const SceltaBilancio& s)
-    : ambiente(a), scelta(s), stampa(a, uscite), ditta_(reports::LeggiDatiDitta(a)) {}
-
-bool Tabulato::Apri(const reports::Cornice& cornice) {
-  larghezza_ = cornice.larghezza;
-  const reports::ModoStampa modo = reports::ApriStampa(stampa, ambiente, cornice);
-  grafico = modo == reports::ModoStampa::Grafico;
-  return modo != reports::ModoStampa::Fermata;
-}
-
-void Tabulato::ApriTestata(const std::string& titolo, const std::string& sotto) {
-  ++pagina_;
-  if (grafico) {
-    reports::CampiTestata(stampa, ambiente, ditta_, pagina_);
-    stampa.CampoModello("TITOLO", titolo);
-    stampa.CampoModello("TITOLO2", sotto);
-    stampa.CampoModello("DADT", scelta.daDt);
-    stampa.CampoModello("AADT", scelta.aaDt);
-    stampa.CampoModello("INTESTAZ", scelta.intestaz);
-    return;
+void TestataBilancio(reports::Rapporto& rapporto, const SceltaBilancio& scelta,
+                     const std::string& titolo, const std::string& sotto) {
+  rapporto.TestataDitta();
+  if (rapporto.Grafico()) {
+    rapporto.Carta().CampoModello("DADT", scelta.daDt);
+    rapporto.Carta().CampoModello("AADT", scelta.aaDt);
   }
-  reports::TestataTesto(stampa, ambiente, ditta_, pagina_, larghezza_);
-  const std::string intera = reports::Ripeti("$", larghezza_);
-  for (const std::string* testo : {&scelta.intestaz, &titolo, &sotto}) {
-    if (testo->empty()) continue;
-    stampa.Campo(1, *testo);
-    stampa.Riga(intera, {}, testo == &titolo);
+  rapporto.Titolo("INTESTAZ", scelta.intestaz);
+  rapporto.Titolo("TITOLO", titolo, true);
+  rapporto.Titolo("TITOLO2", sotto);
+}
+
+reports::Cornice CorniceBilancio(const SceltaBilancio& scelta, const std::string& rapporto,
+                                 const std::string& titolo, const std::string& modello) {
+  return {rapporto, titolo, modello, 0, scelta.stGrafico, scelta.xTar, true};
+}
+
+std::vector<std::vector<Valore>> PremessaBilancio(Ambiente& ambiente,
+                                                  const reports::Rapporto& rapporto,
+                                                  const SceltaBilancio& scelta,
+                                                  const std::string& titolo) {
+  return {{"ditta ", rapporto.Ditta().ragSoc1_2},
+          {"anno ", scelta.noAnno ? Valore("tutti") : Valore(scelta.anno)},
+          {" data stampa ", ambiente.Ora().Oggi()},
+          {titolo},
+          {"da mastro ", scelta.daMastro, " a ", scelta.aaMastro}};
+}
+
+void ScorriVoci(const SceltaBilancio& scelta, const MastroVisitato& mastro,
+                const reports::Rapporto& rapporto,
+                const std::function<void(const VoceBilancio&)>& voce) {
+  const std::string rientro = rapporto.SuFoglio() ? "" : "  ";
+  for (const ContoVisitato& conto : mastro.conti) {
+    if (!ContoStampato(scelta, conto)) continue;
+    voce({conto.cod, conto.cfp, conto.descrizione, conto.saldi});
+    for (const ParteVisitata& parte : conto.parti) {
+      if (Escluso(scelta, parte.saldi)) continue;
+      voce({parte.cod, parte.cfp, rientro + parte.descrizione, parte.saldi, true});
+    }
   }
-  Rigo("=");
 }
 
-void Tabulato::Rigo(std::string_view carattere) {
-  stampa.Riga(reports::Ripeti(carattere, larghezza_));
-}
-
-void Tabulato::Stacco(std::string_view carattere) {
-  if (stampa.RigheLibere() <= 0) return;
-  if (grafico) return stampa.AvanzaRiga();
-  if (carattere.empty()) return stampa.Riga("");
-  Rigo(carattere);
-}
-
-std::string Tabulato::Picture(std::string_view sagoma) const {
-  return reports::PictureImporto(sagoma, ambiente.Euro());
-}
-
-Valore Tabulato::PerModello(Importo importo) const {
-  if (ambiente.Euro()) return importo;
-  return ScriviImportoFisso(importo, 0);
+std::string LetteraDi(const MastroVisitato& mastro) {
+  return UgualeTesto(mastro.patrEcon, "E") ? "e" : "p";
 }
 
 }  // namespace fenalto::ledger

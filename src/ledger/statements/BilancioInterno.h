@@ -1,10 +1,11 @@
 // What the printed forms and the sheets of the chart share.
 #pragma once
 
+#include <functional>
 #include <string>
-#include <string_view>
+#include <vector>
 
-#include "core/reports/Cornice.h"
+#include "core/reports/Rapporto.h"
 #include "ledger/statements/BilancioVerifica.h"
 #include "ledger/statements/VisitaConti.h"
 
@@ -38,40 +39,32 @@ std::string ScrittaScelte(const SceltaBilancio& scelta);
 /// Year, period and choices of a report of one period.
 std::string ScrittaTutto(const SceltaBilancio& scelta);
 
-/// A printed form: the print object, its mode and what every heading needs.
-class Tabulato {
- public:
-  Tabulato(Ambiente& ambiente, reports::FabbricaUscite& uscite, const SceltaBilancio& scelta);
-  Tabulato(const Tabulato&) = delete;
-  Tabulato& operator=(const Tabulato&) = delete;
+/// The heading's beginning of a report: company, title and a further line.
+void TestataBilancio(reports::Rapporto& rapporto, const SceltaBilancio& scelta,
+                     const std::string& titolo, const std::string& sotto);
+/// What a report of a choice asks of its frame.
+reports::Cornice CorniceBilancio(const SceltaBilancio& scelta, const std::string& rapporto,
+                                 const std::string& titolo, const std::string& modello);
+/// The lines above a sheet.
+std::vector<std::vector<Valore>> PremessaBilancio(Ambiente& ambiente,
+                                                  const reports::Rapporto& rapporto,
+                                                  const SceltaBilancio& scelta,
+                                                  const std::string& titolo);
 
- protected:
-  ~Tabulato() = default;
-
-  /// Asks for the output; false when the report ends here.
-  bool Apri(const reports::Cornice& cornice);
-  /// Beginning of a heading: counts the page, and sets the fields or prints the lines of the
-  /// company, the title and a further line.
-  void ApriTestata(const std::string& titolo, const std::string& sotto);
-  /// Text mode: a rule to the full width.
-  void Rigo(std::string_view carattere);
-  /// An empty line, or in text mode a rule of `carattere`, between two parts; none at a page's
-  /// foot.
-  void Stacco(std::string_view carattere = "");
-  /// A picture with its amounts in the year's currency.
-  [[nodiscard]] std::string Picture(std::string_view sagoma) const;
-  /// An amount for a field of a model, which shows cents: lire have none.
-  [[nodiscard]] Valore PerModello(Importo importo) const;
-
-  Ambiente& ambiente;
-  const SceltaBilancio& scelta;
-  reports::Stampa stampa;
-  bool grafico = false;
-
- private:
-  reports::DatiDitta ditta_;
-  std::size_t larghezza_ = 0;
-  int pagina_ = 0;
+/// An account with a line, or a party printed under it.
+struct VoceBilancio {
+  const std::string& cod;
+  const std::string& cfp;
+  std::string descrizione;  ///< of a party indented on paper
+  const Saldi& saldi;
+  bool parte = false;
+  [[nodiscard]] fenalto::Rinvio Rinvio() const { return AlConto(cfp, cod); }
 };
+/// Hands out the lines of a master.
+void ScorriVoci(const SceltaBilancio& scelta, const MastroVisitato& mastro,
+                const reports::Rapporto& rapporto,
+                const std::function<void(const VoceBilancio&)>& voce);
+/// The letter of a master in a sheet, "p" or "e".
+std::string LetteraDi(const MastroVisitato& mastro);
 
 }  // namespace fenalto::ledger

@@ -1,139 +1,134 @@
-// Printed form of the trial balance.
+// The trial balance, printed or as a sheet.
 #include "ledger/statements/BilancioInterno.h"
 
 namespace fenalto::ledger {
 
 namespace {
 
-constexpr const char* kRigaVerifica =
-    "| $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$|çççççççççççççççç|çççççççççççççççç|"
-    "çççççççççççççççç|çççççççççççççççç|";
-constexpr const char* kRigaMastro =
-    "| $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$|                |                |"
-    "                |                |";
-constexpr const char* kColonneVerifica =
-    "|  codice  descrizione mastro/sottoconto      |  Saldo Iniziale|            Dare|"
-    "           Avere|           Saldo|";
-constexpr std::size_t kLarghezzaVerifica = 115;
+struct RigaVerifica {
+  std::string cod;
+  std::string descrizione;
+  std::string lettera;
+  /// Null of the line that opens a master.
+  std::optional<Saldo> saldo;
+};
 
-class TabulatoVerifica : private Tabulato {
+reports::Tabella<RigaVerifica> TabellaVerifica() {
+  using R = RigaVerifica;
+  const auto importo = [](const char* titolo, const std::string& campo, auto valore,
+                          const char* chiude = "") {
+    return reports::ColonnaDi<R>{{titolo,
+                                  "|" + reports::Ripeti("ç", 16) + chiude,
+                                  "R_" + campo,
+                                  "R_TOT" + campo,
+                                  {titolo, Tipo::Importo},
+                                  true},
+                                 [valore](const R& r) {
+                                   return r.saldo ? Valore(std::invoke(valore, *r.saldo))
+                                                  : Valore();
+                                 }};
+  };
+  return reports::Tabella<R>(
+      {{{" codice", "| $$$$$$$$", "R_conto", "R_mastro", {"Codice"}}, &R::cod},
+       {{"descrizione mastro/sottoconto",
+         " " + reports::Ripeti("$", 35),
+         "R_descrizione",
+         "R_descrmastro",
+         {"Descrizione"}},
+        &R::descrizione},
+       {{"", "", "", "", {"p/e"}, false, false}, &R::lettera},
+       importo("Saldo Iniziale", "SALDOINIZIALE", &Saldo::saldoIniziale),
+       importo("Dare", "DARE", &Saldo::totaleDare),
+       importo("Avere", "AVERE", &Saldo::totaleAvere),
+       importo("Saldo", "SALDO", &Saldo::Finale, "|")});
+}
+
+class RapportoVerifica {
  public:
-  TabulatoVerifica(Ambiente& a, reports::FabbricaUscite& uscite, const SceltaBilancio& s)
-      : Tabulato(a, uscite, s), riga_(Picture(kRigaVerifica)) {}
+  RapportoVerifica(Ambiente& ambiente, reports::FabbricaUscite& uscite,
+                   const SceltaBilancio& scelta)
+      : ambiente_(ambiente),
+        scelta_(scelta),
+        titolo_(scelta.soloMastri ? "BILANCIO DI VERIFICA SOLO MASTRI" : "BILANCIO DI VERIFICA"),
+        tabella_(TabellaVerifica()),
+        rapporto_(ambiente, uscite) {
+    rapporto_.Tavola(tabella_);
+  }
 
-  bool Esegui() {
-    const std::string titolo =
-        scelta.soloMastri ? "BILANCIO DI VERIFICA SOLO MASTRI" : "BILANCIO DI VERIFICA";
-    if (!Apri({"bilancio di verifica", titolo, "TiBV", kLarghezzaVerifica, scelta.stGrafico,
-               scelta.xTar})) {
-      return false;
-    }
-    stampa.Intestazione([this, titolo] {
-      ApriTestata(titolo, ScrittaTutto(scelta));
-      if (grafico) return;
-      stampa.Riga(kColonneVerifica);
-      Rigo("-");
-    });
-    VisitaConti visita(ambiente, RichiestaDi(scelta, "", false));
-    if (!visita.Visita("Bilancio di verifica", [this](const auto& m) { Mastro(m); })) return false;
-    stampa.Riserva(3);
-    if (grafico) stampa.Filetto();
-    if (!grafico) Rigo("=");
-    Totale("", "TOTALI", totali_);
-    if (!grafico) Rigo("=");
-    return stampa.Fine();
+  bool Stampa() {
+    const auto testata = [this] {
+      TestataBilancio(rapporto_, scelta_, titolo_, ScrittaTutto(scelta_));
+      rapporto_.Titoli();
+    };
+    return rapporto_.Apri(CorniceBilancio(scelta_, "bilancio di verifica", titolo_, "TiBV"),
+                          testata) &&
+           Scorri();
+  }
+
+  reports::Foglio Foglio() {
+    reports::Foglio foglio;
+    rapporto_.ApriFoglio(foglio, {});
+    foglio.premessa = PremessaBilancio(ambiente_, rapporto_, scelta_, titolo_);
+    foglio.premessa.push_back({ScrittaPeriodo(scelta_.daDt, scelta_.aaDt)});
+    if (!Scorri()) return {};
+    return foglio;
   }
 
  private:
+  bool Scorri() {
+    VisitaConti visita(ambiente_, RichiestaDi(scelta_, "", false));
+    if (!visita.Visita("Bilancio di verifica", [this](const auto& m) { Mastro(m); })) return false;
+    rapporto_.Riserva(3);
+    rapporto_.Filo("=");
+    Totale({"", "TOTALI", "", totali_});
+    rapporto_.Rigo("=");
+    return rapporto_.Fine();
+  }
+
   void Mastro(const MastroVisitato& mastro) {
+    const std::string lettera = LetteraDi(mastro);
     Saldo totale;
     bool stampato = false;
     for (const ContoVisitato& conto : mastro.conti) {
       totale += conto.saldi[0];
-      if (!ContoStampato(scelta, conto)) continue;
-      if (!scelta.soloMastri) {
-        // The master's line never stands alone, nor the last account without its total.
-        stampa.Riserva(stampato ? 2 : 3);
-        if (!stampato) Testa(mastro);
-        Conto(conto);
-      }
-      stampato = true;
+      stampato = stampato || ContoStampato(scelta_, conto);
     }
     totali_ += totale;
     if (!stampato) return;
-    if (scelta.soloMastri) {
-      Totale("tot. " + mastro.cod, mastro.descrizione, totale);
-      return;
+    if (!scelta_.soloMastri) {
+      bool testa = !rapporto_.SuFoglio();
+      ScorriVoci(scelta_, mastro, rapporto_, [&](const VoceBilancio& voce) {
+        // The master's line never stands alone, nor the last account without its total.
+        if (!voce.parte) rapporto_.Riserva(testa ? 3 : 2);
+        if (testa) Totale({mastro.cod, mastro.descrizione, "", {}});
+        testa = false;
+        rapporto_.RigaTavola(tabella_.Celle({voce.cod, voce.descrizione, lettera, voce.saldi[0]}),
+                             voce.Rinvio());
+      });
+      if (rapporto_.Grafico()) rapporto_.Filo("");
     }
-    if (grafico) stampa.Filetto();
-    Totale("tot. " + mastro.cod, mastro.descrizione, totale);
-    Stacco("-");
+    Totale({"tot. " + mastro.cod, mastro.descrizione, lettera, totale});
+    if (!scelta_.soloMastri) rapporto_.Stacco("-");
   }
 
-  void Testa(const MastroVisitato& mastro) {
-    if (grafico) {
-      const double y = stampa.YCorrente();
-      stampa.CampoModello("R_mastro", mastro.cod, y);
-      stampa.CampoModello("R_descrmastro", mastro.descrizione, y);
-      return stampa.AvanzaRiga();
-    }
-    stampa.Campo(1, mastro.cod);
-    stampa.Campo(2, mastro.descrizione);
-    stampa.Riga(kRigaMastro, {}, true);
-  }
+  void Totale(const RigaVerifica& riga) { rapporto_.RigaTotale(tabella_.Celle(riga)); }
 
-  void Conto(const ContoVisitato& conto) {
-    Riga(conto.cod, conto.descrizione, conto.saldi[0], AlConto(conto.cfp, conto.cod));
-    for (const ParteVisitata& parte : conto.parti) {
-      if (Escluso(scelta, parte.saldi)) continue;
-      Riga(parte.cod, "  " + parte.descrizione, parte.saldi[0], AlConto(parte.cfp, parte.cod));
-    }
-  }
-
-  void Riga(const std::string& cod, const std::string& descrizione, const Saldo& s,
-            const Rinvio& rinvio) {
-    if (!grafico) return RigaTesto(cod, descrizione, s, rinvio, false);
-    const double y = stampa.YCorrente();
-    stampa.CampoModello("R_conto", cod, y, rinvio);
-    stampa.CampoModello("R_descrizione", descrizione, y, rinvio);
-    stampa.CampoModello("R_SALDOINIZIALE", PerModello(s.saldoIniziale), y, rinvio);
-    stampa.CampoModello("R_DARE", PerModello(s.totaleDare), y, rinvio);
-    stampa.CampoModello("R_AVERE", PerModello(s.totaleAvere), y, rinvio);
-    stampa.CampoModello("R_SALDO", PerModello(s.Finale()), y, rinvio);
-    stampa.AvanzaRiga();
-  }
-
-  void Totale(const std::string& cod, const std::string& descrizione, const Saldo& s) {
-    if (!grafico) return RigaTesto(cod, descrizione, s, {}, true);
-    const double y = stampa.YCorrente();
-    stampa.CampoModello("R_mastro", cod, y);
-    stampa.CampoModello("R_descrmastro", descrizione, y);
-    stampa.CampoModello("R_TOTSALDOINIZIALE", PerModello(s.saldoIniziale), y);
-    stampa.CampoModello("R_TOTDARE", PerModello(s.totaleDare), y);
-    stampa.CampoModello("R_TOTAVERE", PerModello(s.totaleAvere), y);
-    stampa.CampoModello("R_TOTSALDO", PerModello(s.Finale()), y);
-    stampa.AvanzaRiga();
-  }
-
-  void RigaTesto(const std::string& cod, const std::string& descrizione, const Saldo& s,
-                 const Rinvio& rinvio, bool grassetto) {
-    stampa.Campo(1, cod);
-    stampa.Campo(2, descrizione);
-    stampa.Campo(3, s.saldoIniziale);
-    stampa.Campo(4, s.totaleDare);
-    stampa.Campo(5, s.totaleAvere);
-    stampa.Campo(6, s.Finale());
-    stampa.Riga(riga_, rinvio, grassetto);
-  }
-
-  std::string riga_;
+  Ambiente& ambiente_;
+  const SceltaBilancio& scelta_;
+  std::string titolo_;
+  reports::Tabella<RigaVerifica> tabella_;
+  reports::Rapporto rapporto_;
   Saldo totali_;
 };
 
 }  // namespace
 
 bool BilancioVerifica::StampaVerifica(const SceltaBilancio& scelta) {
-  return Pronto(scelta, false) && TabulatoVerifica(ambiente_, uscite_, scelta).Esegui();
+  return Pronto(scelta, false) && RapportoVerifica(ambiente_, uscite_, scelta).Stampa();
+}
+
+reports::Foglio BilancioVerifica::FoglioVerifica(const SceltaBilancio& scelta) {
+  return RapportoVerifica(ambiente_, uscite_, scelta).Foglio();
 }
 
 }  // namespace fenalto::ledger

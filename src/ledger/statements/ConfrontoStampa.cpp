@@ -1,21 +1,15 @@
-// Printed form of the comparison of costs and revenues between two periods.
+// The comparison of costs and revenues between two periods, printed or as a sheet.
 #include "ledger/statements/BilancioInterno.h"
 
 namespace fenalto::ledger {
 
 namespace {
 
-constexpr const char* kRigaConfronto =
-    " $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ çççççççççççççç çççççççççççççç çççççççççççççç "
-    "çççççççççççççç çççççççççççççç #####,#";
-constexpr const char* kColonneConfronto =
-    "  codice    descrizione mastro/sottoconto              costi A       ricavi A        costi B "
-    "      ricavi B     differenza      %";
-constexpr std::size_t kLarghezzaConfronto = 130;
-constexpr const char* kTitolo = " CONFRONTO COSTI E RICAVI ";
+constexpr std::size_t kLarghezza = 130;
+constexpr const char* kTitolo = "CONFRONTO COSTI E RICAVI";
 
 /// Costs and revenues of the two periods.
-struct ColonneConfronto {
+struct CostiRicavi {
   std::array<Importo, 2> costi;
   std::array<Importo, 2> ricavi;
   /// A balance above zero is a cost, one below zero a revenue.
@@ -32,169 +26,204 @@ struct ColonneConfronto {
   [[nodiscard]] Importo Saldo(std::size_t p) const { return costi[p] - ricavi[p]; }
 };
 
-/// A line's cells; Null leaves one empty.
-struct CelleStampate {
+/// A line; Null leaves a cell empty.
+struct RigaConfronto {
+  std::string cod;
+  std::string descrizione;
+  std::string lettera;
   std::array<Valore, 4> importi;  ///< costs A, revenues A, costs B, revenues B
   Valore differenza;
   Valore percento;
+
+  RigaConfronto(std::string c, std::string d, std::string l)
+      : cod(std::move(c)), descrizione(std::move(d)), lettera(std::move(l)) {}
+  RigaConfronto(std::string c, std::string d, std::string l, const CostiRicavi& cifre)
+      : RigaConfronto(std::move(c), std::move(d), std::move(l)) {
+    importi = {cifre.costi[0], cifre.ricavi[0], cifre.costi[1], cifre.ricavi[1]};
+    Scosta(cifre.Saldo(0), cifre.Saldo(1));
+  }
+  void Scosta(Importo a, Importo b) {
+    const Scostamento scosta = ledger::Scosta(a, b);
+    differenza = scosta.differenza;
+    percento = scosta.percento;
+  }
 };
 
-class TabulatoConfronto : private Tabulato {
- public:
-  TabulatoConfronto(Ambiente& a, reports::FabbricaUscite& uscite, const SceltaBilancio& s)
-      : Tabulato(a, uscite, s), riga_(Picture(kRigaConfronto)) {}
+reports::Tabella<RigaConfronto> TabellaConfronto() {
+  using R = RigaConfronto;
+  const auto importo = [](const char* titolo, const std::string& campo, std::size_t i) {
+    return reports::ColonnaDi<R>{{titolo,
+                                  " " + reports::Ripeti("ç", 14),
+                                  "R_" + campo,
+                                  "R_TOT" + campo,
+                                  {titolo, Tipo::Importo}},
+                                 [i](const R& r) { return r.importi.at(i); }};
+  };
+  return reports::Tabella<R>(
+      {{{" codice", " $$$$$$$$$$", "R_conto", "R_mastro", {"Codice"}}, &R::cod},
+       {{"descrizione mastro/sottoconto",
+         " " + reports::Ripeti("$", 35),
+         "R_descrizione",
+         "R_descrmastro",
+         {"Descrizione"}},
+        &R::descrizione},
+       {{"", "", "", "", {"p/e"}, false, false}, &R::lettera},
+       importo("costi A", "COSTIA", 0),
+       importo("ricavi A", "RICAVIA", 1),
+       importo("costi B", "COSTIB", 2),
+       importo("ricavi B", "RICAVIB", 3),
+       {{"differenza",
+         " " + reports::Ripeti("ç", 14),
+         "R_DIFF",
+         "R_TOTDIFF",
+         {"differenza", Tipo::Importo}},
+        &R::differenza},
+       {{"% ", " #####,#", "R_PERC", "R_TOTPERC", {"%", Tipo::Importo, 1}}, &R::percento}});
+}
 
-  bool Esegui() {
-    if (!Apri({"confronto costi e ricavi", "Confronto costi e ricavi", "TiConfr",
-               kLarghezzaConfronto, scelta.stGrafico, scelta.xTar})) {
-      return false;
-    }
-    stampa.Intestazione([this] { Testata(); });
-    VisitaConti visita(ambiente, RichiestaDi(scelta, "E", true));
-    if (!visita.Visita("Confronto costi e ricavi", [this](const auto& m) { Mastro(m); })) {
-      return false;
-    }
+class RapportoConfronto {
+ public:
+  RapportoConfronto(Ambiente& ambiente, reports::FabbricaUscite& uscite,
+                    const SceltaBilancio& scelta)
+      : ambiente_(ambiente),
+        scelta_(scelta),
+        tabella_(TabellaConfronto()),
+        rapporto_(ambiente, uscite) {
+    rapporto_.Tavola(tabella_);
+  }
+
+  bool Stampa() {
+    reports::Cornice cornice =
+        CorniceBilancio(scelta_, "confronto costi e ricavi", "Confronto costi e ricavi", "TiConfr");
+    cornice.larghezza = kLarghezza;
+    if (!rapporto_.Apri(cornice, [this] { Testata(); }) || !Scorri()) return false;
     Chiusura();
-    return stampa.Fine();
+    return rapporto_.Fine();
+  }
+
+  reports::Foglio Foglio() {
+    reports::Foglio foglio;
+    rapporto_.ApriFoglio(foglio, {});
+    foglio.premessa = PremessaBilancio(ambiente_, rapporto_, scelta_, kTitolo);
+    const auto anno = [this](int a) { return scelta_.noAnno ? Valore("tutti") : Valore(a); };
+    foglio.premessa.push_back(
+        {"periodo A anno ", anno(scelta_.anno), ScrittaPeriodo(scelta_.daDt, scelta_.aaDt)});
+    foglio.premessa.push_back({"periodo B anno ", anno(scelta_.annoPrec),
+                               ScrittaPeriodo(scelta_.daDtAP, scelta_.aaDtAP)});
+    if (!Scorri()) return {};
+    Totale({"", "TOTALI", "", totali_});
+    return foglio;
   }
 
  private:
+  bool Scorri() {
+    VisitaConti visita(ambiente_, RichiestaDi(scelta_, "E", true));
+    return visita.Visita("Confronto costi e ricavi", [this](const auto& m) { Mastro(m); });
+  }
+
   [[nodiscard]] std::string Periodo(bool a) const {
-    const int anno = a ? scelta.anno : scelta.annoPrec;
-    return (a ? "Periodo A  dal " : "Periodo B  dal ") + (a ? scelta.daDt : scelta.daDtAP).Testo() +
-           " al " + (a ? scelta.aaDt : scelta.aaDtAP).Testo() +
-           (scelta.noAnno ? "" : "  anno " + std::to_string(anno));
+    const int anno = a ? scelta_.anno : scelta_.annoPrec;
+    return (a ? "Periodo A  dal " : "Periodo B  dal ") +
+           (a ? scelta_.daDt : scelta_.daDtAP).Testo() + " al " +
+           (a ? scelta_.aaDt : scelta_.aaDtAP).Testo() +
+           (scelta_.noAnno ? "" : "  anno " + std::to_string(anno));
   }
 
   void Testata() {
-    ApriTestata(kTitolo, grafico ? "" : ScrittaScelte(scelta));
-    if (grafico) {
-      stampa.CampoModello("SCELTE", ScrittaScelte(scelta));
-      stampa.CampoModello("titolo1", Periodo(true));
-      stampa.CampoModello("titolo2", Periodo(false));
-      return;
+    const std::string scelte = ScrittaScelte(scelta_);
+    TestataBilancio(rapporto_, scelta_, std::string(" ") + kTitolo + " ",
+                    rapporto_.Grafico() ? "" : scelte);
+    if (rapporto_.Grafico()) {
+      rapporto_.Titolo("SCELTE", scelte);
+      rapporto_.Titolo("titolo1", Periodo(true));
+      return rapporto_.Titolo("titolo2", Periodo(false));
     }
-    stampa.Riga(" " + Periodo(true));
-    stampa.Riga(" " + Periodo(false));
-    Rigo("-");
-    stampa.Riga(kColonneConfronto);
-    Rigo("-");
-  }
-
-  [[nodiscard]] CelleStampate Intere(const ColonneConfronto& c) const {
-    const Scostamento scosta = Scosta(c.Saldo(0), c.Saldo(1));
-    return {{c.costi[0], c.ricavi[0], c.costi[1], c.ricavi[1]}, scosta.differenza, scosta.percento};
+    rapporto_.Rigo("=");
+    rapporto_.Carta().Riga(" " + Periodo(true));
+    rapporto_.Carta().Riga(" " + Periodo(false));
+    rapporto_.Titoli("-");
   }
 
   void Mastro(const MastroVisitato& mastro) {
-    ColonneConfronto colonne;
+    const std::string lettera = LetteraDi(mastro);
+    CostiRicavi cifre;
     bool stampato = false;
     for (const ContoVisitato& conto : mastro.conti) {
-      colonne.Aggiungi(conto.saldi);
-      stampato = stampato || ContoStampato(scelta, conto);
+      cifre.Aggiungi(conto.saldi);
+      stampato = stampato || ContoStampato(scelta_, conto);
     }
     for (std::size_t p = 0; p < 2; ++p) {
-      totali_.costi[p] += colonne.costi[p];
-      totali_.ricavi[p] += colonne.ricavi[p];
+      totali_.costi[p] += cifre.costi[p];
+      totali_.ricavi[p] += cifre.ricavi[p];
     }
     if (!stampato) return;
-    stampa.Riserva(scelta.soloMastri ? 1 : 2);
-    Riga(mastro.cod, mastro.descrizione, Intere(colonne), {}, true);
-    if (scelta.soloMastri) return;
-    for (const ContoVisitato& conto : mastro.conti) Conto(conto);
-    Stacco();
+    // On paper a master's figures stand before its accounts, on a sheet after them.
+    const bool foglio = rapporto_.SuFoglio();
+    rapporto_.Riserva(scelta_.soloMastri ? 1 : 2);
+    if (!foglio) Totale({mastro.cod, mastro.descrizione, lettera, cifre});
+    if (!scelta_.soloMastri) {
+      ScorriVoci(scelta_, mastro, rapporto_, [&](const VoceBilancio& v) { Voce(v, lettera); });
+      rapporto_.Stacco();
+    }
+    if (foglio) Totale({"tot. " + mastro.cod, mastro.descrizione, lettera, cifre});
   }
 
-  void Conto(const ContoVisitato& conto) {
-    if (!ContoStampato(scelta, conto)) return;
-    Singola(conto.cod, conto.descrizione, conto.saldi, AlConto(conto.cfp, conto.cod));
-    for (const ParteVisitata& parte : conto.parti) {
-      if (Escluso(scelta, parte.saldi)) continue;
-      Singola(parte.cod, "  " + parte.descrizione, parte.saldi, AlConto(parte.cfp, parte.cod));
+  /// On paper an account has one cell a period.
+  void Voce(const VoceBilancio& voce, const std::string& lettera) {
+    CostiRicavi cifre;
+    cifre.Aggiungi(voce.saldi);
+    RigaConfronto riga(voce.cod, voce.descrizione, lettera, cifre);
+    for (Valore& importo : riga.importi) {
+      if (!rapporto_.SuFoglio() && importo.Importo().Zero()) importo = {};
     }
+    rapporto_.RigaTavola(tabella_.Celle(riga), voce.Rinvio());
   }
 
-  /// An account has one cell a period.
-  void Singola(const std::string& cod, const std::string& descrizione, const Saldi& saldi,
-               const Rinvio& rinvio) {
-    ColonneConfronto colonne;
-    colonne.Aggiungi(saldi);
-    CelleStampate celle = Intere(colonne);
-    for (std::size_t i = 0; i < celle.importi.size(); ++i) {
-      if (celle.importi[i].Importo().Zero()) celle.importi[i] = {};
-    }
-    Riga(cod, descrizione, celle, rinvio, false);
-  }
-
-  void Riga(const std::string& cod, const std::string& descrizione, const CelleStampate& celle,
-            const Rinvio& rinvio, bool totale) {
-    if (grafico) return RigaGrafica(cod, descrizione, celle, rinvio, totale);
-    stampa.Campo(1, cod);
-    stampa.Campo(2, descrizione);
-    for (std::size_t i = 0; i < celle.importi.size(); ++i) stampa.Campo(3 + i, celle.importi[i]);
-    stampa.Campo(7, celle.differenza);
-    stampa.Campo(8, celle.percento);
-    stampa.Riga(riga_, rinvio, totale);
-  }
-
-  void RigaGrafica(const std::string& cod, const std::string& descrizione,
-                   const CelleStampate& celle, const Rinvio& rinvio, bool totale) {
-    static constexpr std::array<const char*, 4> kCampi = {"COSTIA", "RICAVIA", "COSTIB", "RICAVIB"};
-    const std::string prefisso = totale ? "R_TOT" : "R_";
-    const double y = stampa.YCorrente();
-    stampa.CampoModello(totale ? "R_mastro" : "R_conto", cod, y, rinvio);
-    stampa.CampoModello(totale ? "R_descrmastro" : "R_descrizione", descrizione, y, rinvio);
-    for (std::size_t i = 0; i < kCampi.size(); ++i) {
-      if (celle.importi[i].Nullo()) continue;
-      stampa.CampoModello(prefisso + kCampi[i], PerModello(celle.importi[i].Importo()), y, rinvio);
-    }
-    if (!celle.differenza.Nullo()) {
-      stampa.CampoModello(prefisso + "DIFF", PerModello(celle.differenza.Importo()), y, rinvio);
-    }
-    stampa.CampoModello(prefisso + "PERC", celle.percento, y, rinvio);
-    stampa.AvanzaRiga();
-  }
+  void Totale(const RigaConfronto& riga) { rapporto_.RigaTotale(tabella_.Celle(riga)); }
 
   void Chiusura() {
-    stampa.Riserva(grafico ? 4 : 6);
-    if (grafico) stampa.Filetto();
-    if (!grafico) Rigo("=");
+    rapporto_.Riserva(rapporto_.Grafico() ? 4 : 6);
+    rapporto_.Filo("=");
     const auto lato = [&](const char* testo, bool costi) {
       const auto& c = costi ? totali_.costi : totali_.ricavi;
-      CelleStampate celle;
-      celle.importi[costi ? 0 : 1] = c[0];
-      celle.importi[costi ? 2 : 3] = c[1];
-      const Scostamento scosta = Scosta(c[0], c[1]);
-      celle.differenza = scosta.differenza;
-      celle.percento = scosta.percento;
-      Riga("", testo, celle, {}, true);
+      RigaConfronto riga("", testo, "");
+      riga.importi[costi ? 0 : 1] = c[0];
+      riga.importi[costi ? 2 : 3] = c[1];
+      riga.Scosta(c[0], c[1]);
+      Totale(riga);
     };
     lato("TOTALE COSTI", true);
     lato("TOTALE RICAVI", false);
     // A profit stands under the revenues, a loss under the costs. From one to the other no
     // percentage says anything.
-    CelleStampate celle;
+    RigaConfronto riga("", "UTILE (RICAVI) / PERDITA (COSTI)", "");
     const std::array<Importo, 2> utile = {-totali_.Saldo(0), -totali_.Saldo(1)};
     for (std::size_t p = 0; p < 2; ++p) {
       if (!utile[p].Zero())
-        celle.importi[2 * p + (utile[p].Negativo() ? 0 : 1)] = utile[p].Assoluto();
+        riga.importi[2 * p + (utile[p].Negativo() ? 0 : 1)] = utile[p].Assoluto();
     }
-    celle.differenza = utile[1] - utile[0];
-    if (utile[0].Negativo() == utile[1].Negativo()) {
-      celle.percento = Scosta(utile[0], utile[1]).percento;
-    }
-    Riga("", "UTILE (RICAVI) / PERDITA (COSTI)", celle, {}, true);
-    if (!grafico) Rigo("=");
+    riga.Scosta(utile[0], utile[1]);
+    riga.differenza = utile[1] - utile[0];
+    if (utile[0].Negativo() != utile[1].Negativo()) riga.percento = {};
+    Totale(riga);
+    rapporto_.Rigo("=");
   }
 
-  std::string riga_;
-  ColonneConfronto totali_;
+  Ambiente& ambiente_;
+  const SceltaBilancio& scelta_;
+  reports::Tabella<RigaConfronto> tabella_;
+  reports::Rapporto rapporto_;
+  CostiRicavi totali_;
 };
 
 }  // namespace
 
 bool BilancioVerifica::StampaConfronto(const SceltaBilancio& scelta) {
-  return Pronto(scelta, true) && TabulatoConfronto(ambiente_, uscite_, scelta).Esegui();
+  return Pronto(scelta, true) && RapportoConfronto(ambiente_, uscite_, scelta).Stampa();
+}
+
+reports::Foglio BilancioVerifica::FoglioConfronto(const SceltaBilancio& scelta) {
+  return RapportoConfronto(ambiente_, uscite_, scelta).Foglio();
 }
 
 }  // namespace fenalto::ledger

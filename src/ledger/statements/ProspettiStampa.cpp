@@ -13,7 +13,7 @@ constexpr const char* kDoppia =
     " $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ççççççççççççççç  ççççççççççççççç";
 constexpr const char* kFinale =
     "              $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$          ççççççççççççççç          ";
-constexpr std::size_t kLarghezzaProspetti = 79;
+constexpr std::size_t kLarghezza = 79;
 constexpr const char* kNote = " *=rettifiche di bilancio";
 
 /// What differs between the two pages.
@@ -54,7 +54,7 @@ constexpr Facciata kPatrimoniale = {
     "eccedenza passiva"};
 
 /// The two columns: a balance above zero stands left, the absolute value of one below zero right.
-struct ColonneProspetto {
+struct Colonne {
   Importo dare;
   Importo avere;
   void Aggiungi(Importo saldo) {
@@ -66,26 +66,26 @@ struct ColonneProspetto {
   }
 };
 
-class TabulatoProspetti : private Tabulato {
+class TabulatoProspetti {
  public:
-  TabulatoProspetti(Ambiente& a, reports::FabbricaUscite& uscite, const SceltaBilancio& s)
-      : Tabulato(a, uscite, s),
-        sinistra_(Picture(kSinistra)),
-        destra_(Picture(kDestra)),
-        doppia_(Picture(kDoppia)),
-        rettificaSinistra_("*" + sinistra_.substr(1)),
-        rettificaDestra_("*" + destra_.substr(1)),
-        finale_(Picture(kFinale)) {}
+  TabulatoProspetti(Ambiente& ambiente, reports::FabbricaUscite& uscite,
+                    const SceltaBilancio& scelta)
+      : ambiente_(ambiente),
+        scelta_(scelta),
+        rapporto_(ambiente, uscite),
+        dare_(rapporto_.Prepara({kSinistra, {"R_conto", "R_descrizione", "R_DARE"}})),
+        avere_(rapporto_.Prepara({kDestra, {"R_conto", "R_descrizione", "R_AVERE"}})),
+        doppia_(rapporto_.Prepara(
+            {kDoppia, {"R_mastro", "R_descrmastro", "R_TOTDARE", "R_TOTAVERE"}, true})),
+        finale_(rapporto_.Prepara({kFinale, {}, true})) {}
 
   bool Esegui() {
-    if (!Apri({"situazione patrimoniale, costi e ricavi", "Situazione patrimoniale, costi e ricavi",
-               "TiPatr", kLarghezzaProspetti, scelta.stGrafico, scelta.xTar})) {
-      return false;
-    }
-    stampa.Intestazione([this] { Testata(); });
-    if (!Stendi(kEconomica)) return false;
-    stampa.NuovaPagina();
-    return Stendi(kPatrimoniale) && stampa.Fine();
+    reports::Cornice cornice = CorniceBilancio(scelta_, "situazione patrimoniale, costi e ricavi",
+                                               "Situazione patrimoniale, costi e ricavi", "TiPatr");
+    cornice.larghezza = kLarghezza;
+    if (!rapporto_.Apri(cornice, [this] { Testata(); }) || !Stendi(kEconomica)) return false;
+    rapporto_.Carta().NuovaPagina();
+    return Stendi(kPatrimoniale) && rapporto_.Fine();
   }
 
  private:
@@ -94,128 +94,97 @@ class TabulatoProspetti : private Tabulato {
     facciata_ = &facciata;
     totali_ = {};
     rettifiche_ = false;
-    VisitaConti visita(ambiente, RichiestaDi(scelta, facciata.lettera, false));
+    VisitaConti visita(ambiente_, RichiestaDi(scelta_, facciata.lettera, false));
     if (!visita.Visita(facciata.intestazione, [this](const auto& m) { Mastro(m); })) return false;
     Chiusura();
     return true;
   }
 
   void Testata() {
-    ApriTestata(grafico ? facciata_->intestazione : facciata_->titolo, ScrittaTutto(scelta));
-    if (grafico) {
-      stampa.CampoModello("INTESTAZIONE", facciata_->intestazione);
-      stampa.CampoModello("TITOLODARE", facciata_->titoloDare);
-      stampa.CampoModello("TITOLOAVERE", facciata_->titoloAvere);
-      return;
+    TestataBilancio(rapporto_, scelta_,
+                    rapporto_.Grafico() ? facciata_->intestazione : facciata_->titolo,
+                    ScrittaTutto(scelta_));
+    if (rapporto_.Grafico()) {
+      rapporto_.Titolo("INTESTAZIONE", facciata_->intestazione);
+      rapporto_.Titolo("TITOLODARE", facciata_->titoloDare);
+      return rapporto_.Titolo("TITOLOAVERE", facciata_->titoloAvere);
     }
-    stampa.Riga(facciata_->colonne);
-    Rigo("-");
+    rapporto_.Rigo("=");
+    rapporto_.Carta().Riga(facciata_->colonne);
+    rapporto_.Rigo("-");
   }
 
   void Mastro(const MastroVisitato& mastro) {
-    ColonneProspetto colonne;
+    Colonne colonne;
     bool stampato = false;
     for (const ContoVisitato& conto : mastro.conti) {
       colonne.Aggiungi(conto.saldi[0].Finale());
       colonne.Aggiungi(conto.rettifica);
-      stampato = stampato || ContoStampato(scelta, conto) || !conto.rettifica.Zero();
+      stampato = stampato || ContoStampato(scelta_, conto) || !conto.rettifica.Zero();
     }
     totali_.dare += colonne.dare;
     totali_.avere += colonne.avere;
     if (!stampato) return;
-    stampa.Riserva(scelta.soloMastri ? 1 : 2);
-    Doppia(mastro.cod, mastro.descrizione, colonne);
-    if (scelta.soloMastri) return;
-    for (const ContoVisitato& conto : mastro.conti) Conto(conto);
+    rapporto_.Riserva(scelta_.soloMastri ? 1 : 2);
+    rapporto_.Riga(doppia_, {mastro.cod, mastro.descrizione, colonne.dare, colonne.avere});
+    if (scelta_.soloMastri) return;
+    ScorriVoci(scelta_, mastro, rapporto_,
+               [this](const VoceBilancio& voce) { Riga(voce, voce.saldi[0].Finale(), false); });
     for (const ContoVisitato& conto : mastro.conti) {
       if (conto.rettifica.Zero()) continue;
       rettifiche_ = true;
-      Riga(conto.cod, conto.descrizione, conto.rettifica, AlConto(conto.cfp, conto.cod), true);
+      Riga({conto.cod, conto.cfp, conto.descrizione, conto.saldi}, conto.rettifica, true);
     }
-    Stacco();
+    rapporto_.Stacco();
   }
 
-  void Conto(const ContoVisitato& conto) {
-    if (!ContoStampato(scelta, conto)) return;
-    Riga(conto.cod, conto.descrizione, conto.saldi[0].Finale(), AlConto(conto.cfp, conto.cod));
-    for (const ParteVisitata& parte : conto.parti) {
-      if (Escluso(scelta, parte.saldi)) continue;
-      Riga(parte.cod, "  " + parte.descrizione, parte.saldi[0].Finale(),
-           AlConto(parte.cfp, parte.cod));
-    }
-  }
-
-  void Riga(const std::string& cod, const std::string& descrizione, Importo saldo,
-            const Rinvio& rinvio, bool rettifica = false) {
-    const bool destra = saldo.Negativo();
-    if (grafico) {
-      const double y = stampa.YCorrente();
-      stampa.CampoModello("R_conto", rettifica ? "*" + cod : cod, y, rinvio);
-      stampa.CampoModello("R_descrizione", descrizione, y, rinvio);
-      stampa.CampoModello(destra ? "R_AVERE" : "R_DARE", PerModello(saldo.Assoluto()), y, rinvio);
-      return stampa.AvanzaRiga();
-    }
-    stampa.Campo(1, cod);
-    stampa.Campo(2, descrizione);
-    stampa.Campo(3, saldo.Assoluto());
-    if (rettifica) return stampa.Riga(destra ? rettificaDestra_ : rettificaSinistra_, rinvio);
-    stampa.Riga(destra ? destra_ : sinistra_, rinvio);
-  }
-
-  void Doppia(const std::string& cod, const std::string& descrizione,
-              const ColonneProspetto& colonne) {
-    if (grafico) {
-      const double y = stampa.YCorrente();
-      stampa.CampoModello("R_mastro", cod, y);
-      stampa.CampoModello("R_descrmastro", descrizione, y);
-      stampa.CampoModello("R_TOTDARE", PerModello(colonne.dare), y);
-      stampa.CampoModello("R_TOTAVERE", PerModello(colonne.avere), y);
-      return stampa.AvanzaRiga();
-    }
-    stampa.Campo(1, cod);
-    stampa.Campo(2, descrizione);
-    stampa.Campo(3, colonne.dare);
-    stampa.Campo(4, colonne.avere);
-    stampa.Riga(doppia_, {}, true);
+  /// An adjustment bears a star before its code.
+  void Riga(const VoceBilancio& voce, Importo saldo, bool rettifica) {
+    reports::Fascia fascia = saldo.Negativo() ? avere_ : dare_;
+    const bool grafico = rapporto_.Grafico();
+    if (rettifica && !grafico) fascia.sagoma.front() = '*';
+    rapporto_.Riga(
+        fascia,
+        {rettifica && grafico ? "*" + voce.cod : voce.cod, voce.descrizione, saldo.Assoluto()},
+        voce.Rinvio());
   }
 
   void Chiusura() {
     const Importo differenza = totali_.dare - totali_.avere;
     const bool dare = !differenza.Negativo();
-    if (grafico) {
+    if (rapporto_.Grafico()) {
       // The totals stand in the foot of the page's last sheet.
-      stampa.CampoModello("SCRITTATOTALI", "TOTALI");
-      stampa.CampoModello("TDAL", PerModello(totali_.dare));
-      stampa.CampoModello("TAAL", PerModello(totali_.avere));
-      if (rettifiche_) stampa.CampoModello("NOTE2", kNote + 1);
+      rapporto_.Piede("SCRITTATOTALI", "TOTALI");
+      rapporto_.Piede("TDAL", totali_.dare);
+      rapporto_.Piede("TAAL", totali_.avere);
+      if (rettifiche_) rapporto_.Piede("NOTE2", kNote + 1);
       if (differenza.Zero()) return;
-      stampa.CampoModello("SCRITTAFINALE", dare ? facciata_->seDare : facciata_->seAvere);
-      stampa.CampoModello("SALDO", PerModello(differenza.Assoluto()));
-      return;
+      rapporto_.Piede("SCRITTAFINALE", dare ? facciata_->seDare : facciata_->seAvere);
+      return rapporto_.Piede("SALDO", differenza.Assoluto());
     }
-    stampa.Riserva(6);
-    Rigo("=");
-    Doppia("", "TOTALI", totali_);
-    Rigo("=");
+    rapporto_.Riserva(6);
+    rapporto_.Rigo("=");
+    rapporto_.Riga(doppia_, {"", "TOTALI", totali_.dare, totali_.avere});
+    rapporto_.Rigo("=");
     if (!differenza.Zero()) {
-      stampa.Campo(1, dare ? facciata_->testoSeDare : facciata_->testoSeAvere);
-      stampa.Campo(2, differenza.Assoluto());
-      stampa.Riga(finale_, {}, true);
+      rapporto_.Riga(finale_, {dare ? facciata_->testoSeDare : facciata_->testoSeAvere,
+                               differenza.Assoluto()});
     }
     if (rettifiche_) {
-      stampa.Riga("");
-      stampa.Riga(kNote);
+      rapporto_.Vuota();
+      rapporto_.Carta().Riga(kNote);
     }
   }
 
-  std::string sinistra_;
-  std::string destra_;
-  std::string doppia_;
-  std::string rettificaSinistra_;
-  std::string rettificaDestra_;
-  std::string finale_;
+  Ambiente& ambiente_;
+  const SceltaBilancio& scelta_;
+  reports::Rapporto rapporto_;
+  reports::Fascia dare_;
+  reports::Fascia avere_;
+  reports::Fascia doppia_;
+  reports::Fascia finale_;
   const Facciata* facciata_ = &kEconomica;
-  ColonneProspetto totali_;
+  Colonne totali_;
   bool rettifiche_ = false;
 };
 

@@ -1,5 +1,5 @@
 // The lists beside the register: stored settlements, deferred invoices.
-#include "core/reports/Cornice.h"
+#include "core/reports/Rapporto.h"
 #include "core/sql/Criterio.h"
 #include "vat/register/RegistroIvaInterno.h"
 
@@ -39,61 +39,42 @@ struct Sospesa {
   Importo iva;
 };
 
-class ElencoSospeseStampato {
- public:
-  ElencoSospeseStampato(Ambiente& ambiente, reports::Stampa& stampa)
-      : ambiente_(ambiente), stampa_(stampa) {}
-
-  void Esegui(const std::string& sql) {
-    Sospesa corrente;
-    for (Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(sql); !rs.Eof(); rs.MoveNext()) {
-      const auto anno = static_cast<int>(rs.Fields(0).Intero());
-      const std::int64_t numDoc = rs.Fields(1).Intero();
-      if (anno != corrente.anno || numDoc != corrente.numDoc) {
-        Riga(corrente);
-        corrente = {};
-        corrente.anno = anno;
-        corrente.numDoc = numDoc;
-        corrente.nProt = rs.Fields(2).Intero();
-        corrente.nFat = rs.Fields(3).Testo();
-        corrente.dt = rs.Fields(4).Data();
-        corrente.dtIncasso = rs.Fields(5).Data();
-        corrente.parte =
-            NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
-                                  {{"CFP", rs.Fields(6)}, {"Cod", rs.Fields(7)}}, "Descrizione"));
-      }
-      corrente.imponibile += rs.Fields(8).Importo();
-      corrente.iva += rs.Fields(9).Importo() + rs.Fields(10).Importo();
+/// Prints the invoices of a statement, whose rows come one after the other, and their total.
+void StampaSospese(Ambiente& ambiente, reports::Rapporto& rapporto, const std::string& sql) {
+  Sospesa totale;
+  Sospesa corrente;
+  const auto riga = [&](const Sospesa& s) {
+    if (s.anno == 0) return;
+    totale.imponibile += s.imponibile;
+    totale.iva += s.iva;
+    rapporto.Riga(
+        {kSospesa},
+        {s.parte, s.anno, s.dt, s.numDoc, s.nProt, s.nFat, s.imponibile, s.iva, s.dtIncasso},
+        AllaRegistrazione(s.anno, s.numDoc));
+  };
+  for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset(sql); !rs.Eof(); rs.MoveNext()) {
+    const auto anno = static_cast<int>(rs.Fields(0).Intero());
+    const std::int64_t numDoc = rs.Fields(1).Intero();
+    if (anno != corrente.anno || numDoc != corrente.numDoc) {
+      riga(corrente);
+      corrente = {};
+      corrente.anno = anno;
+      corrente.numDoc = numDoc;
+      corrente.nProt = rs.Fields(2).Intero();
+      corrente.nFat = rs.Fields(3).Testo();
+      corrente.dt = rs.Fields(4).Data();
+      corrente.dtIncasso = rs.Fields(5).Data();
+      corrente.parte =
+          NzStr(ambiente.Cerca("tessarc", "ContiClientiFornitori",
+                               {{"CFP", rs.Fields(6)}, {"Cod", rs.Fields(7)}}, "Descrizione"));
     }
-    Riga(corrente);
-    stampa_.Riga(reports::Ripeti("-", kLarghezzaSospese));
-    stampa_.Campo(1, imponibile_);
-    stampa_.Campo(2, iva_);
-    stampa_.Riga(kTotaleSospese, {}, true);
+    corrente.imponibile += rs.Fields(8).Importo();
+    corrente.iva += rs.Fields(9).Importo() + rs.Fields(10).Importo();
   }
-
- private:
-  void Riga(const Sospesa& sospesa) {
-    if (sospesa.anno == 0) return;
-    imponibile_ += sospesa.imponibile;
-    iva_ += sospesa.iva;
-    stampa_.Campo(1, sospesa.parte);
-    stampa_.Campo(2, sospesa.anno);
-    stampa_.Campo(3, sospesa.dt);
-    stampa_.Campo(4, sospesa.numDoc);
-    stampa_.Campo(5, sospesa.nProt);
-    stampa_.Campo(6, sospesa.nFat);
-    stampa_.Campo(7, sospesa.imponibile);
-    stampa_.Campo(8, sospesa.iva);
-    stampa_.Campo(9, sospesa.dtIncasso);
-    stampa_.Riga(kSospesa, AllaRegistrazione(sospesa.anno, sospesa.numDoc));
-  }
-
-  Ambiente& ambiente_;
-  reports::Stampa& stampa_;
-  Importo imponibile_;
-  Importo iva_;
-};
+  riga(corrente);
+  rapporto.Rigo("-");
+  rapporto.Riga({kTotaleSospese, {}, true}, {totale.imponibile, totale.iva});
+}
 
 std::string TestoSospese(const RegistroIvaUnico::ElencoSospese& richiesta) {
   std::string sql =
@@ -114,19 +95,18 @@ std::string TestoSospese(const RegistroIvaUnico::ElencoSospese& richiesta) {
 
 void RegistroIvaUnico::StampaElencoChiusure(reports::FabbricaUscite& uscite) {
   Ambiente& ambiente = interno_->ambiente;
-  reports::Stampa stampa(ambiente, uscite);
-  const reports::Cornice cornice{"elenco liquidazioni iva",
-                                 "Elenco liquidazioni IVA anno " + std::to_string(ambiente.Anno()),
-                                 "", kLarghezzaChiusure};
-  if (reports::ApriStampa(stampa, ambiente, cornice) == reports::ModoStampa::Fermata) return;
-  const reports::DatiDitta ditta = reports::LeggiDatiDitta(ambiente);
-  stampa.Intestazione([&] {
-    reports::TestataTesto(stampa, ambiente, ditta, stampa.NumeroPagina(), kLarghezzaChiusure);
-    stampa.Campo(1, ditta.ragSoc1_2);
-    stampa.Campo(2, ambiente.Anno());
-    stampa.Riga(kTitoloChiusure, {}, true);
-    stampa.Riga(reports::Ripeti("=", kLarghezzaChiusure));
-  });
+  reports::Rapporto rapporto(ambiente, uscite);
+  const auto testata = [&] {
+    rapporto.TestataDitta();
+    rapporto.Riga({kTitoloChiusure, {}, true}, {rapporto.Ditta().ragSoc1_2, ambiente.Anno()});
+    rapporto.Rigo("=");
+  };
+  if (!rapporto.Apri({"elenco liquidazioni iva",
+                      "Elenco liquidazioni IVA anno " + std::to_string(ambiente.Anno()), "",
+                      kLarghezzaChiusure},
+                     testata)) {
+    return;
+  }
   std::string periodo;
   for (Rs rs = interno_->tessarc.Recordset(
            "SELECT r_descrizione as descrizione, r_impo as importo,mesetrimestre as "
@@ -135,20 +115,17 @@ void RegistroIvaUnico::StampaElencoChiusure(reports::FabbricaUscite& uscite) {
        !rs.Eof(); rs.MoveNext()) {
     const std::string cod = rs.Fields("periodo").Testo();
     if (cod != periodo) {
-      if (!periodo.empty()) stampa.Riga("");
-      stampa.Riserva(3);
-      stampa.Campo(1, cod);
-      stampa.Campo(2, rs.Fields("ScrittaPeriodo").Testo());
-      stampa.Riga(kChiusura, {}, true);
+      if (!periodo.empty()) rapporto.Vuota();
+      rapporto.Riserva(3);
+      rapporto.Riga({kChiusura, {}, true}, {cod, rs.Fields("ScrittaPeriodo").Testo()});
       periodo = cod;
     }
-    stampa.Campo(2, rs.Fields("descrizione").Testo());
     const Importo importo = rs.Fields("importo").Importo();
     // A note has no amount.
-    if (!importo.Zero()) stampa.Campo(3, importo);
-    stampa.Riga(kChiusura);
+    rapporto.Riga({kChiusura}, {Valore(), rs.Fields("descrizione").Testo(),
+                                importo.Zero() ? Valore() : Valore(importo)});
   }
-  stampa.Fine();
+  rapporto.Fine();
 }
 
 void RegistroIvaUnico::StampaElencoSospese(reports::FabbricaUscite& uscite,
@@ -157,24 +134,23 @@ void RegistroIvaUnico::StampaElencoSospese(reports::FabbricaUscite& uscite,
   if (!ambiente.Esiste("tessarc", "RegistriIva", {{"Cod", richiesta.riva}})) {
     return interno_->Avviso("manca registro iva");
   }
-  reports::Stampa stampa(ambiente, uscite);
-  const reports::Cornice cornice{"elenco fatture iva differita",
-                                 "Elenco fatture a esigibilità differita", "", kLarghezzaSospese};
-  if (reports::ApriStampa(stampa, ambiente, cornice) == reports::ModoStampa::Fermata) return;
-  const reports::DatiDitta ditta = reports::LeggiDatiDitta(ambiente);
-  stampa.Intestazione([&] {
-    reports::TestataTesto(stampa, ambiente, ditta, stampa.NumeroPagina(), kLarghezzaSospese);
-    stampa.Campo(1, richiesta.da);
-    stampa.Campo(2, richiesta.a);
-    stampa.Riga(kTitoloSospese, {}, true);
-    if (richiesta.soloDaPagare) stampa.Riga("solo fatture non pagate");
-    if (richiesta.soloPagate) stampa.Riga("solo fatture pagate");
-    stampa.Riga(reports::Ripeti("=", kLarghezzaSospese));
-    stampa.Riga(kColonneSospese);
-    stampa.Riga(reports::Ripeti("-", kLarghezzaSospese));
-  });
-  ElencoSospeseStampato(ambiente, stampa).Esegui(TestoSospese(richiesta));
-  stampa.Fine();
+  reports::Rapporto rapporto(ambiente, uscite);
+  const auto testata = [&] {
+    rapporto.TestataDitta();
+    rapporto.Riga({kTitoloSospese, {}, true}, {richiesta.da, richiesta.a});
+    if (richiesta.soloDaPagare) rapporto.Carta().Riga("solo fatture non pagate");
+    if (richiesta.soloPagate) rapporto.Carta().Riga("solo fatture pagate");
+    rapporto.Rigo("=");
+    rapporto.Carta().Riga(kColonneSospese);
+    rapporto.Rigo("-");
+  };
+  if (!rapporto.Apri({"elenco fatture iva differita", "Elenco fatture a esigibilità differita", "",
+                      kLarghezzaSospese},
+                     testata)) {
+    return;
+  }
+  StampaSospese(ambiente, rapporto, TestoSospese(richiesta));
+  rapporto.Fine();
 }
 
 }  // namespace fenalto::vat

@@ -1,12 +1,16 @@
-#include "vat/register/RegistroIvaStampa.h"
-
+// Printed form of the VAT registers of a period: rows with amounts carried forward, totals by code,
+// the page of the ventilation, the settlement. Rows are read forward and none is kept.
 #include <algorithm>
+#include <optional>
+#include <unordered_map>
 
+#include "core/reports/Rapporto.h"
+#include "core/reports/TestoStampato.h"
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
-#include "ledger/journal/GiornaleInterno.h"
 #include "vat/codes/TipiRegistro.h"
-#include "vat/register/RegistroIvaTesto.h"
+#include "vat/register/RegistroIvaInterno.h"
 #include "vat/settlement/TotaliInterno.h"
 
 namespace fenalto::vat {
@@ -14,21 +18,73 @@ namespace {
 
 /// Registrations between two signs of life.
 constexpr std::int64_t kOgni = 200;
-/// Characters of a party's name in the graphic form; capitals take half as much again.
+
+constexpr std::size_t kLarghezza = 132;
+/// Characters of a party's name, of a document's number and of a VAT code's description on the
+/// first line of a registration.
+constexpr std::size_t kNome = 23;
+constexpr std::size_t kNumero = 12;
+constexpr std::size_t kIva = 9;
+/// What stands before the four amounts.
+constexpr std::size_t kPrimaImporti = 72;
+constexpr std::size_t kRientro = 17;
+/// What stands at the right of a heading.
+constexpr std::size_t kDestra = 28;
+constexpr std::size_t kCodice = 6;
+/// The same in the graphic form.
 constexpr std::size_t kNomeModello = 36;
 constexpr std::size_t kNomeModelloMaiuscolo = 29;
-/// Characters of a VAT code's description in the graphic form.
 constexpr std::size_t kIvaModello = 19;
 constexpr std::size_t kNumeroModello = 12;
 
 /// Parties known by heart: enough for a year of most firms, little enough for any.
 constexpr std::size_t kMassimoParti = 20'000;
 
-std::size_t LargoModello(const std::string& testo) {
-  const auto maiuscole = std::ranges::count_if(testo, [](char c) { return c >= 'A' && c <= 'Z'; });
-  return static_cast<std::size_t>(maiuscole) * 3 > testo.size() ? kNomeModelloMaiuscolo
-                                                                : kNomeModello;
-}
+constexpr const char* kColonne =
+    "data reg   prot. cliente/fornitore       documento    del      iva            imponibile "
+    " "
+    "          iva   iva indetr.         totale";
+constexpr const char* kTotale = "                          TOTALE";
+constexpr const char* kRigaQuota = "$$$$ $$$$ ##.###.###,###  ###,#####";
+constexpr const char* kRigaAcquisti = "importo acquisti ##.###.###,###";
+
+/// Amounts of a printed line.
+struct ImportiRiga {
+  Importo imponibile;
+  Importo iva;
+  Importo ivaInd;
+  ImportiRiga& operator+=(const ImportiRiga& altri) {
+    imponibile += altri.imponibile;
+    iva += altri.iva;
+    ivaInd += altri.ivaInd;
+    return *this;
+  }
+  /// Most rows have no tax that can't be deducted, and a column of zeros would hide those that do.
+  [[nodiscard]] std::vector<Valore> Celle() const {
+    return {imponibile, iva, ivaInd.Zero() ? Valore() : Valore(ivaInd), imponibile + iva + ivaInd};
+  }
+  /// After the values of a line's beginning.
+  [[nodiscard]] std::vector<Valore> Dopo(std::vector<Valore> prima) const {
+    for (Valore& cella : Celle()) prima.push_back(std::move(cella));
+    return prima;
+  }
+};
+
+/// A registration of a register, or a further row of it.
+struct RigaRegistro {
+  std::int64_t nProt = 0;
+  std::int64_t numDoc = 0;
+  int anno = 0;
+  Data dt;
+  std::string cfp;
+  std::string conto;
+  Data dtFat;
+  std::string nFat;
+  bool ep = false;
+  Data dtIncasso;
+  std::string codIva;
+  ImportiRiga importi;
+};
 
 constexpr const char* kColonneLette =
     "SELECT Articoli.NProt, Articoli.NumDoc, Articoli.Anno, Articoli.Dt, Articoli.CFP, "
@@ -70,220 +126,364 @@ std::string Accosta(const std::vector<std::string>& pezzi, std::string_view segn
   return insieme;
 }
 
-}  // namespace
-
-ImportiRiga& ImportiRiga::operator+=(const ImportiRiga& altri) {
-  imponibile += altri.imponibile;
-  iva += altri.iva;
-  ivaInd += altri.ivaInd;
-  return *this;
+/// A line that begins with a text of `campo`, before the four amounts.
+reports::Fascia ConImporti(bool euro, const char* campo, const std::string& prefisso,
+                           bool grassetto) {
+  const std::string importo = euro ? " ###.###.###,##" : " #.###.###.###,";
+  return {reports::Ripeti("$", kPrimaImporti) + importo + importo + importo + importo,
+          {campo, prefisso + "IMPONIBILE", prefisso + "IVA", prefisso + "IVAIND", prefisso + "TOT"},
+          grassetto};
 }
 
-TabulatoRegistroIva::TabulatoRegistroIva(Ambiente& ambiente, reports::FabbricaUscite& uscite,
-                                         const DatiStampaRegistro& dati,
-                                         const OpzioniRegistroIva& opzioni)
-    : ambiente_(ambiente),
-      stampa_(ambiente, uscite),
-      uscite_(uscite),
-      dati_(dati),
-      opzioni_(opzioni),
-      ditta_(reports::LeggiDatiDitta(ambiente)),
-      riga_(testo_registro::Riga(ambiente.Euro())),
-      rigaTotale_(testo_registro::RigaTotale(ambiente.Euro())),
-      colonne_(testo_registro::Colonne()) {
-  // The tax code stands beside the address, where the firm wants it.
-  if (!opzioni.stIndirizzo) ditta_.codFisc.clear();
+/// The first line of a registration, or a further row.
+reports::Fascia RigaPrima(bool euro) {
+  reports::Fascia fascia = ConImporti(euro, "", "R_", false);
+  fascia.sagoma = "$$$$$$$$ ######, " + reports::Ripeti("$", kNome) + " " +
+                  reports::Ripeti("$", kNumero) + " $$$$$$$$ " + reports::Ripeti("$", kIva) +
+                  fascia.sagoma.substr(kPrimaImporti);
+  fascia.campi.erase(fascia.campi.begin());
+  fascia.campi.insert(fascia.campi.begin(),
+                      {"R_dt", "R_Nprot", "R_DESCRIZIONE", "R_NFAT", "R_DTFAT", "R_DESCRIVA"});
+  return fascia;
 }
 
-std::optional<int> TabulatoRegistroIva::Esegui() {
-  const reports::Cornice cornice{"registro iva unico",
-                                 "Registro iva unico " + dati_.periodo.testo,
-                                 "TiRiva",
-                                 testo_registro::kLarghezza,
-                                 opzioni_.stGrafico,
-                                 opzioni_.xTar};
-  const reports::ModoStampa modo = reports::ApriStampa(stampa_, ambiente_, cornice);
-  if (modo == reports::ModoStampa::Fermata) return std::nullopt;
-  grafico_ = modo == reports::ModoStampa::Grafico;
-  stampa_.Intestazione([this] { Testata(); });
-  std::int64_t quanti = 0;
-  for (const TotaleRegistro& totale : dati_.totali) {
-    const IntervalloRegistro& i = totale.intervallo;
-    if (!i.daIncassi && !i.Vuoto()) quanti += i.aaNProt - i.daNProt + 1;
+/// What the text form says of a code stands in one column, the model has two.
+reports::Fascia RigaCodice(bool euro) {
+  reports::Fascia fascia = ConImporti(euro, "R_DESCRIZIONE", "R_", false);
+  fascia.campi.emplace_back("R_DESCRIVA");
+  return fascia;
+}
+
+class TabulatoRegistroIva {
+ public:
+  TabulatoRegistroIva(Ambiente& ambiente, reports::FabbricaUscite& uscite,
+                      const DatiStampaRegistro& dati, const OpzioniRegistroIva& opzioni)
+      : ambiente_(ambiente),
+        rapporto_(ambiente, uscite),
+        dati_(dati),
+        opzioni_(opzioni),
+        riga_(RigaPrima(ambiente.Euro())),
+        rigaCodice_(RigaCodice(ambiente.Euro())),
+        totale_(ConImporti(ambiente.Euro(), "R_SCRITTATOT", "R_TOT", true)) {
+    // The tax code stands beside the address, where the firm wants it.
+    if (!opzioni.stIndirizzo) rapporto_.Ditta().codFisc.clear();
   }
-  avanzamento_ = ambiente_.Dialogo().Avvia("Registro IVA", quanti);
-  if (!opzioni_.soloChiusura) {
+
+  /// Number of the last page; nothing when the user gave up, cancelled, or the output failed.
+  std::optional<int> Esegui() {
+    const reports::Cornice cornice{"registro iva unico",
+                                   "Registro iva unico " + dati_.periodo.testo,
+                                   "TiRiva",
+                                   kLarghezza,
+                                   opzioni_.stGrafico,
+                                   opzioni_.xTar,
+                                   true};
+    if (!rapporto_.Apri(cornice, [this] { Testata(); })) return std::nullopt;
+    std::int64_t quanti = 0;
     for (const TotaleRegistro& totale : dati_.totali) {
-      if (!Registro(totale)) return std::nullopt;
+      const IntervalloRegistro& i = totale.intervallo;
+      if (!i.daIncassi && !i.Vuoto()) quanti += i.aaNProt - i.daNProt + 1;
     }
+    rapporto_.Avvia("Registro IVA", quanti, kOgni);
+    if (!opzioni_.soloChiusura) {
+      for (const TotaleRegistro& totale : dati_.totali) {
+        if (!Registro(totale)) return std::nullopt;
+      }
+    }
+    if (dati_.conLiquidazione) {
+      sezione_ = dati_.periodo.Annuale() ? "Riepilogo annuale" : "Liquidazione periodica";
+      conColonne_ = false;
+      StampaLiquidazione(ambiente_, rapporto_.Carta(), dati_.liquidazione);
+    }
+    const bool interrotta = rapporto_.Interrotta();
+    const int ultima = dati_.primaPagina + std::max(rapporto_.Carta().NumeroPagina(), 1) - 1;
+    if (interrotta || !rapporto_.Fine()) return std::nullopt;
+    return ultima;
   }
-  if (dati_.conLiquidazione) {
-    sezione_ = dati_.periodo.Annuale() ? "Riepilogo annuale" : "Liquidazione periodica";
-    colonne_.clear();
-    StampaLiquidazione(ambiente_, stampa_, dati_.liquidazione);
-  }
-  const bool interrotta = stampa_.Interrotta();
-  const int ultima = dati_.primaPagina + std::max(stampa_.NumeroPagina(), 1) - 1;
-  if (interrotta || !stampa_.Fine()) return std::nullopt;
-  return ultima;
-}
 
-/// False when the user cancelled.
-bool TabulatoRegistroIva::Registro(const TotaleRegistro& totale) {
-  const IntervalloRegistro& intervallo = totale.intervallo;
-  if (intervallo.Vuoto() || (intervallo.daIncassi && totale.codici.empty())) return true;
-  sezione_ = opzioni_.soloTotali ? "Totali dei registri"
-                                 : "Registro " + intervallo.riva + " " + intervallo.descrizione;
-  progressivo_ = {};
-  if (!opzioni_.soloTotali) {
-    stampa_.NuovaPagina();
-    if (!Scorri(totale)) return false;
-    if (opzioni_.saltoCartaTotaliIva) stampa_.NuovaPagina();
-  }
-  if (!totale.quote.empty()) PaginaVentilazione(totale);
-  Totali(totale);
-  return true;
-}
+ private:
+  struct Parte {
+    std::string nome;
+    std::string indirizzo;
+  };
 
-bool TabulatoRegistroIva::Scorri(const TotaleRegistro& totale) {
-  const IntervalloRegistro& intervallo = totale.intervallo;
-  const bool incassate = intervallo.daIncassi;
-  // The stored queries let the engine find protocols and collections by their index.
-  const char* articoli =
-      incassate ? "ZarticoliSospese AS Articoli" : "ZarticoliProtocollati AS Articoli";
-  const std::string condizione =
-      incassate ? CondizioneIncassati(ambiente_, intervallo.tipo, dati_.periodo)
-                : CondizioneIntervallo(intervallo, dati_.periodo.anno, "Articoli.");
-  // An order by register as well would have the engine sort what the index gives in order.
-  const std::string ordine =
-      incassate ? " ORDER BY Articoli.Anno, Articoli.Riva, Articoli.NProt, Movimenti.Posi"
-                : " ORDER BY Articoli.NProt, Movimenti.Posi";
-  conRiporto_ = true;
-  std::optional<RigaRegistro> riga;
-  Rs rs =
-      ambiente_.ArchivioDi("tessarc").Recordset(kColonneLette + std::string(articoli) + kGiunzione +
-                                                condizione + " AND Movimenti.TIPORIGA=3" + ordine);
-  for (; !rs.Eof() && !stampa_.Interrotta(); rs.MoveNext()) {
-    const bool prima =
-        !riga || riga->numDoc != rs.Fields(1).Intero() || riga->anno != rs.Fields(2).Intero();
+  // --- Heads -------------------------------------------------------------------------------------
+
+  void Testata() {
+    const std::string pagina =
+        std::to_string(dati_.periodo.anno) + "/" +
+        std::to_string(dati_.primaPagina + rapporto_.Carta().NumeroPagina() - 1);
+    rapporto_.Grafico() ? TestataModello(pagina) : TestataTesto(pagina);
+  }
+
+  void TestataTesto(const std::string& pagina) {
+    const reports::Fascia due{
+        reports::Ripeti("$", kLarghezza - kDestra - 1) + " " + reports::Ripeti("$", kDestra),
+        {},
+        true};
+    const reports::DatiDitta& ditta = rapporto_.Ditta();
+    rapporto_.Riga(due, {ditta.ragSoc1_2, "Anno/pag. " + pagina});
+    rapporto_.Titolo("", ditta.indirizzoLocalita);
+    rapporto_.Titolo("", reports::CodiciDitta(ditta));
+    rapporto_.Riga(
+        due, {"REGISTRO IVA UNICO  " + dati_.periodo.testo + " " +
+                  std::to_string(dati_.periodo.anno) + (sezione_.empty() ? "" : "  -  " + sezione_),
+              dati_.definitiva ? "" : "stampa di prova"});
+    rapporto_.Rigo("=");
+    if (!conColonne_) return;
+    rapporto_.Carta().Riga(kColonne);
+    rapporto_.Rigo("-");
+  }
+
+  void TestataModello(const std::string& pagina) {
+    rapporto_.TestataDitta(dati_.primaPagina + rapporto_.Carta().NumeroPagina() - 1);
+    rapporto_.Titolo("AnnoPag", "Anno/pag. " + pagina);
+    rapporto_.Titolo("TITOLO", "REGISTRO IVA UNICO");
+    rapporto_.Titolo("PERIODO", dati_.periodo.testo + " " + std::to_string(dati_.periodo.anno));
+    rapporto_.Titolo("DescrPagina", sezione_);
+    if (!dati_.definitiva) rapporto_.Titolo("PROVA", "stampa di prova");
+  }
+
+  // --- Rows --------------------------------------------------------------------------------------
+
+  /// False when the user cancelled.
+  bool Registro(const TotaleRegistro& totale) {
+    const IntervalloRegistro& intervallo = totale.intervallo;
+    if (intervallo.Vuoto() || (intervallo.daIncassi && totale.codici.empty())) return true;
+    sezione_ = opzioni_.soloTotali ? "Totali dei registri"
+                                   : "Registro " + intervallo.riva + " " + intervallo.descrizione;
+    progressivo_ = {};
+    if (!opzioni_.soloTotali) {
+      rapporto_.Carta().NuovaPagina();
+      if (!Scorri(totale)) return false;
+      if (opzioni_.saltoCartaTotaliIva) rapporto_.Carta().NuovaPagina();
+    }
+    if (!totale.quote.empty()) PaginaVentilazione(totale);
+    Totali(totale);
+    return true;
+  }
+
+  bool Scorri(const TotaleRegistro& totale) {
+    const IntervalloRegistro& intervallo = totale.intervallo;
+    const bool incassate = intervallo.daIncassi;
+    // The stored queries let the engine find protocols and collections by their index.
+    const char* articoli =
+        incassate ? "ZarticoliSospese AS Articoli" : "ZarticoliProtocollati AS Articoli";
+    const std::string condizione =
+        incassate ? CondizioneIncassati(ambiente_, intervallo.tipo, dati_.periodo)
+                  : CondizioneIntervallo(intervallo, dati_.periodo.anno, "Articoli.");
+    // An order by register as well would have the engine sort what the index gives in order.
+    const std::string ordine =
+        incassate ? " ORDER BY Articoli.Anno, Articoli.Riva, Articoli.NProt, Movimenti.Posi"
+                  : " ORDER BY Articoli.NProt, Movimenti.Posi";
+    rapporto_.Riporta(reports::Riporto{totale_, [this] { return progressivo_.Celle(); }, true});
+    std::optional<RigaRegistro> riga;
+    Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(kColonneLette + std::string(articoli) +
+                                                      kGiunzione + condizione +
+                                                      " AND Movimenti.TIPORIGA=3" + ordine);
+    for (; !rs.Eof() && !rapporto_.Interrotta(); rs.MoveNext()) {
+      const bool prima =
+          !riga || riga->numDoc != rs.Fields(1).Intero() || riga->anno != rs.Fields(2).Intero();
+      if (prima) {
+        if (riga) FineArticolo(*riga, incassate);
+        if (!rapporto_.Passo()) return false;
+        riga = LeggiTesta(rs);
+        // The lines of a registration stay together.
+        rapporto_.Spazio(1 + (opzioni_.stIndirizzo ? 1 : 0) + (riga->ep ? 1 : 0));
+      }
+      LeggiImporti(rs, *riga);
+      Stendi(*riga, prima);
+    }
+    if (riga) FineArticolo(*riga, incassate);
+    Progressivi("totale del registro", progressivo_);
+    rapporto_.Riporta({});
+    return !rapporto_.Interrotta();
+  }
+
+  void Stendi(const RigaRegistro& riga, bool prima) {
+    rapporto_.Spazio(1);
+    std::vector<Valore> valori(5);
     if (prima) {
-      if (riga) FineArticolo(*riga, incassate);
-      if (++fatti_ % kOgni == 0 && !avanzamento_->Avanza(fatti_)) return false;
-      riga = LeggiTesta(rs);
-      // The lines of a registration stay together.
-      Spazio(1 + (opzioni_.stIndirizzo ? 1 : 0) + (riga->ep ? 1 : 0));
+      const std::string& intero = ParteDi(riga.cfp, riga.conto).nome;
+      const std::size_t largo = rapporto_.Grafico()
+                                    ? reports::LargoDi(intero, kNomeModello, kNomeModelloMaiuscolo)
+                                    : kNome;
+      const std::string nome = reports::InRighe(intero, largo).front();
+      restoNome_ = Rifila(std::string_view(intero).substr(std::min(intero.size(), nome.size())));
+      valori = {riga.dt, riga.nProt, nome, riga.nFat, riga.dtFat};
     }
-    LeggiImporti(rs, *riga);
-    Stendi(*riga, prima);
+    valori.emplace_back(DescrizioneIva(riga.codIva));
+    rapporto_.Riga(riga_, riga.importi.Dopo(std::move(valori)),
+                   AllaRegistrazione(riga.anno, riga.numDoc));
+    progressivo_ += riga.importi;
   }
-  if (riga) FineArticolo(*riga, incassate);
-  Progressivi("totale del registro", progressivo_);
-  conRiporto_ = false;
-  return !stampa_.Interrotta();
-}
 
-void TabulatoRegistroIva::Stendi(const RigaRegistro& riga, bool prima) {
-  Spazio(1);
-  std::string nome;
-  if (prima) {
-    const std::string& intero = ParteDi(riga.cfp, riga.conto).nome;
-    nome = ledger::InRighe(intero, grafico_ ? LargoModello(intero) : testo_registro::kNome).front();
-    restoNome_ = Rifila(std::string_view(intero).substr(std::min(intero.size(), nome.size())));
+  /// What follows the amounts of a registration: all that had no room beside them, and the address.
+  void FineArticolo(const RigaRegistro& testa, bool incassata) {
+    std::vector<std::string> pezzi{restoNome_, {}, {}};
+    const std::size_t largo = rapporto_.Grafico() ? kNumeroModello : kNumero;
+    if (LunghezzaTesto(testa.nFat) > largo) pezzi[1] = "documento n. " + testa.nFat;
+    if (opzioni_.stIndirizzo) pezzi[2] = ParteDi(testa.cfp, testa.conto).indirizzo;
+    if (const std::string seguito = Accosta(pezzi, " - "); !seguito.empty()) Seguito(seguito);
+    if (incassata) {
+      Seguito("Fatt.con IVA ad esigibilità differita  PAGATA IL " + testa.dtIncasso.Testo());
+    } else if (testa.ep) {
+      Seguito("    ---- IVA ad esigibilità differita ----");
+    }
   }
-  grafico_ ? StendiModello(riga, prima, nome) : StendiTesto(riga, prima, nome);
-  progressivo_ += riga.importi;
-}
 
-void TabulatoRegistroIva::StendiTesto(const RigaRegistro& riga, bool prima,
-                                      const std::string& nome) {
-  if (prima) {
-    stampa_.Campo(1, riga.dt);
-    stampa_.Campo(2, riga.nProt);
-    stampa_.Campo(3, nome);
-    stampa_.Campo(4, riga.nFat);
-    stampa_.Campo(5, riga.dtFat);
+  const Parte& ParteDi(const std::string& cfp, const std::string& conto) {
+    std::string chiave = cfp;
+    chiave.append("\x1f").append(conto);
+    const auto nota = parti_.find(chiave);
+    if (nota != parti_.end()) return nota->second;
+    if (parti_.size() >= kMassimoParti) parti_.clear();
+    Parte parte;
+    parte.nome = NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
+                                       {{"Cod", conto}, {"CFP", cfp}}, "Descrizione"));
+    if (opzioni_.stIndirizzo) parte.indirizzo = IndirizzoDi(cfp, conto);
+    return parti_.emplace(std::move(chiave), std::move(parte)).first->second;
   }
-  stampa_.Campo(6, DescrizioneIva(riga.codIva));
-  CampiImporti(riga.importi, 7);
-  stampa_.Riga(riga_, AllaRegistrazione(riga.anno, riga.numDoc));
-}
 
-void TabulatoRegistroIva::StendiModello(const RigaRegistro& riga, bool prima,
-                                        const std::string& nome) {
-  const double y = stampa_.YCorrente();
-  const Rinvio rinvio = AllaRegistrazione(riga.anno, riga.numDoc);
-  if (prima) {
-    stampa_.CampoModello("R_dt", riga.dt, y, rinvio);
-    stampa_.CampoModello("R_Nprot", riga.nProt, y, rinvio);
-    stampa_.CampoModello("R_DESCRIZIONE", nome, y, rinvio);
-    stampa_.CampoModello("R_NFAT", riga.nFat, y, rinvio);
-    stampa_.CampoModello("R_DTFAT", riga.dtFat, y, rinvio);
+  /// Customers and suppliers have one; the cash account of receipts has none.
+  std::string IndirizzoDi(const std::string& cfp, const std::string& conto) {
+    const bool cliente = UgualeTesto(cfp, "C");
+    if (!cliente && !UgualeTesto(cfp, "F")) return {};
+    Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(
+        std::string("SELECT ragsoc2, indirizzo, cap, localita, Prov, piva, CodFisc "
+                    "FROM ") +
+        (cliente ? "Clienti" : "Fornitori") + " WHERE " + sql::Criterio("Cod", "=", conto));
+    if (rs.Eof()) return {};
+    std::string codice;
+    if (const std::string piva = rs.Fields(5).Testo(); !piva.empty()) {
+      codice = "Partita IVA " + piva;
+    } else if (const std::string fiscale = rs.Fields(6).Testo(); !fiscale.empty()) {
+      codice = "C.F. " + fiscale;
+    }
+    const std::string seconda = NzStr(ambiente_.Cerca(
+        "tessarc", "ContiClientiFornitori", {{"Cod", conto}, {"CFP", cfp}}, "descrizione2"));
+    return Accosta({seconda, rs.Fields(1).Testo(), rs.Fields(2).Testo(), rs.Fields(3).Testo(),
+                    rs.Fields(4).Testo(), codice});
   }
-  stampa_.CampoModello("R_DESCRIVA", DescrizioneIva(riga.codIva), y, rinvio);
-  CampiImportiModello({"R_IMPONIBILE", "R_IVA", "R_IVAIND", "R_TOT"}, riga.importi, y);
-  stampa_.AvanzaRiga();
-}
 
-/// What follows the amounts of a registration: all that had no room beside them, and the address.
-void TabulatoRegistroIva::FineArticolo(const RigaRegistro& testa, bool incassata) {
-  std::vector<std::string> pezzi{restoNome_, {}, {}};
-  const std::size_t largo = grafico_ ? kNumeroModello : testo_registro::kNumero;
-  if (LunghezzaTesto(testa.nFat) > largo) pezzi[1] = "documento n. " + testa.nFat;
-  if (opzioni_.stIndirizzo) pezzi[2] = ParteDi(testa.cfp, testa.conto).indirizzo;
-  if (const std::string seguito = Accosta(pezzi, " - "); !seguito.empty()) Seguito(seguito);
-  if (incassata) {
-    Seguito("Fatt.con IVA ad esigibilità differita  PAGATA IL " + testa.dtIncasso.Testo());
-  } else if (testa.ep) {
-    Seguito("    ---- IVA ad esigibilità differita ----");
+  const std::string& DescrizioneIva(const std::string& cod) {
+    const auto nota = codici_.find(cod);
+    if (nota != codici_.end()) return nota->second;
+    std::string descrizione =
+        NzStr(ambiente_.Cerca("tessarc", "CodiciIva", {{"Cod", cod}}, "Descrizione"));
+    // A description that its place would cut comes behind its code, or gives place to it.
+    const std::size_t largo = rapporto_.Grafico() ? kIvaModello : kIva;
+    if (LunghezzaTesto(descrizione) > largo)
+      descrizione = rapporto_.Grafico() ? cod + " " + descrizione : cod;
+    if (descrizione.empty()) descrizione = cod;
+    return codici_.emplace(cod, std::move(descrizione)).first->second;
   }
-}
 
-const TabulatoRegistroIva::Parte& TabulatoRegistroIva::ParteDi(const std::string& cfp,
-                                                               const std::string& conto) {
-  std::string chiave = cfp;
-  chiave.append("\x1f").append(conto);
-  const auto nota = parti_.find(chiave);
-  if (nota != parti_.end()) return nota->second;
-  if (parti_.size() >= kMassimoParti) parti_.clear();
-  Parte parte;
-  parte.nome = NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
-                                     {{"Cod", conto}, {"CFP", cfp}}, "Descrizione"));
-  if (opzioni_.stIndirizzo) parte.indirizzo = IndirizzoDi(cfp, conto);
-  return parti_.emplace(std::move(chiave), std::move(parte)).first->second;
-}
+  // --- Lines of text -----------------------------------------------------------------------------
 
-/// Customers and suppliers have one; the cash account of receipts has none.
-std::string TabulatoRegistroIva::IndirizzoDi(const std::string& cfp, const std::string& conto) {
-  const bool cliente = UgualeTesto(cfp, "C");
-  if (!cliente && !UgualeTesto(cfp, "F")) return {};
-  Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(
-      std::string("SELECT ragsoc2, indirizzo, cap, localita, Prov, piva, CodFisc "
-                  "FROM ") +
-      (cliente ? "Clienti" : "Fornitori") + " WHERE " + sql::Criterio("Cod", "=", conto));
-  if (rs.Eof()) return {};
-  std::string codice;
-  if (const std::string piva = rs.Fields(5).Testo(); !piva.empty()) {
-    codice = "Partita IVA " + piva;
-  } else if (const std::string fiscale = rs.Fields(6).Testo(); !fiscale.empty()) {
-    codice = "C.F. " + fiscale;
+  /// A further line of a registration.
+  void Seguito(const std::string& testo) {
+    static const reports::Fascia kSeguito{
+        reports::Ripeti(" ", kRientro) + reports::Ripeti("$", kLarghezza - kRientro),
+        {"R_SEGUITO"}};
+    rapporto_.Spazio(1);
+    rapporto_.Riga(kSeguito, {testo});
   }
-  const std::string seconda = NzStr(ambiente_.Cerca(
-      "tessarc", "ContiClientiFornitori", {{"Cod", conto}, {"CFP", cfp}}, "descrizione2"));
-  return Accosta({seconda, rs.Fields(1).Testo(), rs.Fields(2).Testo(), rs.Fields(3).Testo(),
-                  rs.Fields(4).Testo(), codice});
-}
 
-const std::string& TabulatoRegistroIva::DescrizioneIva(const std::string& cod) {
-  const auto nota = codici_.find(cod);
-  if (nota != codici_.end()) return nota->second;
-  std::string descrizione =
-      NzStr(ambiente_.Cerca("tessarc", "CodiciIva", {{"Cod", cod}}, "Descrizione"));
-  // A description that its place would cut comes behind its code, or gives place to it.
-  const std::size_t largo = grafico_ ? kIvaModello : testo_registro::kIva - 1;
-  if (LunghezzaTesto(descrizione) > largo) descrizione = grafico_ ? cod + " " + descrizione : cod;
-  if (descrizione.empty()) descrizione = cod;
-  return codici_.emplace(cod, std::move(descrizione)).first->second;
-}
+  void Titoletto(const std::string& testo) { rapporto_.Scritta("R_TITOLO", testo, true); }
+
+  void Scrittura(const std::string& testo) {
+    rapporto_.Spazio(1);
+    rapporto_.Scritta("R_SCRITTA", testo);
+  }
+
+  // --- Totals ------------------------------------------------------------------------------------
+
+  void Progressivi(const std::string& testo, const ImportiRiga& importi) {
+    rapporto_.Spazio(2);
+    rapporto_.Filo("-");
+    rapporto_.Riga(totale_, importi.Dopo({testo}));
+  }
+
+  void Totali(const TotaleRegistro& totale) {
+    // The title with its first code and the total.
+    rapporto_.Spazio(5);
+    Scrittura("");
+    Titoletto("Totali iva registro " + totale.intervallo.riva + " " +
+              totale.intervallo.descrizione);
+    TotaliCodici("TOTALI per codice IVA", totale.codici);
+    if (!totale.differiti.empty()) {
+      TotaliCodici("TOTALI per cod.IVA esigibilità differita", totale.differiti);
+    }
+  }
+
+  void TotaliCodici(const std::string& titolo, const std::vector<TotaleCodice>& codici) {
+    rapporto_.Spazio(3);
+    Titoletto(titolo);
+    ImportiRiga somma;
+    for (const TotaleCodice& codice : codici) {
+      rapporto_.Spazio(1);
+      const ImportiRiga importi{codice.imponibile, codice.iva, codice.ivaInd};
+      std::string testo = "codice " + codice.codIva;
+      if (!rapporto_.Grafico()) {
+        testo = codice.codIva +
+                reports::Ripeti(" ", kCodice - std::min(codice.codIva.size(), kCodice)) + " " +
+                codice.descrizione;
+      }
+      std::vector<Valore> valori = importi.Dopo({testo});
+      if (rapporto_.Grafico()) valori.emplace_back(codice.descrizione);
+      rapporto_.Riga(rigaCodice_, std::move(valori));
+      somma += importi;
+    }
+    Progressivi(kTotale, somma);
+  }
+
+  // --- Ventilation -------------------------------------------------------------------------------
+
+  void RegistroAcquisti(const std::string& riva, std::int64_t aaNProt) {
+    if (riva.empty()) return;
+    const std::string descrizione =
+        NzStr(ambiente_.Cerca("tessarc", "RegistriIva", {{"Cod", riva}}, "Descrizione"));
+    Scrittura("in base agli acquisti annotati sul registro " + riva + " " + descrizione);
+    Scrittura("fino al n. prot. " + std::to_string(aaNProt));
+  }
+
+  void PaginaVentilazione(const TotaleRegistro& totale) {
+    reports::Stampa& carta = rapporto_.Carta();
+    carta.NuovaPagina();
+    Scrittura("VENTILAZIONE DEI CORRISPETTIVI");
+    RegistroAcquisti(opzioni_.ventilazione.riva, opzioni_.ventilazione.aaNProt);
+    RegistroAcquisti(opzioni_.ventilazione.riva1, opzioni_.ventilazione.aaNProt1);
+    carta.Campo(1, totale.acquistiVentilazione);
+    Scrittura(carta.Formato(kRigaAcquisti));
+    Scrittura("Calcolo coefficienti di ripartizione");
+    Scrittura("     %IVA       importo   % ripart.");
+    for (const QuotaVentilazione& quota : totale.quote) {
+      carta.Campo(1, quota.codIva);
+      // Without decimals it doesn't have: "22", "4,5".
+      carta.Campo(2, ScriviImporto(quota.perc, 0));
+      carta.Campo(3, quota.acquisti);
+      carta.Campo(4, quota.quota);
+      Scrittura(carta.Formato(kRigaQuota));
+    }
+  }
+
+  Ambiente& ambiente_;
+  reports::Rapporto rapporto_;
+  const DatiStampaRegistro& dati_;
+  const OpzioniRegistroIva& opzioni_;
+  reports::Fascia riga_;
+  reports::Fascia rigaCodice_;
+  reports::Fascia totale_;
+  std::string sezione_;     ///< what the page is about
+  bool conColonne_ = true;  ///< their captions stand under the heading
+  ImportiRiga progressivo_;
+  std::string restoNome_;  ///< what the first line of the registration had no room for
+  std::unordered_map<std::string, Parte> parti_;
+  std::unordered_map<std::string, std::string> codici_;
+};
+
+}  // namespace
 
 std::optional<int> StampaRegistroIva(Ambiente& ambiente, reports::FabbricaUscite& uscite,
                                      const DatiStampaRegistro& dati,
