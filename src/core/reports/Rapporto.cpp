@@ -15,7 +15,7 @@ namespace {
 constexpr int kPasso = 17;
 /// Left edge of the graphic form, in millimetres.
 constexpr double kX = 10;
-constexpr const char* kSegue = "segue su pagina successiva";
+constexpr const char* kContinua = "segue su pagina successiva";
 
 }  // namespace
 
@@ -269,7 +269,7 @@ void Rapporto::Spazio(int righe, bool ultime) {
   if (Grafico()) {
     // The last line of the body is kept for the mark.
     const double y = stampa_.AltezzaPagina() - stampa_.MargineBasso();
-    stampa_.CampoModello("R_DESCRIZIONE", kSegue, y);
+    stampa_.CampoModello("R_DESCRIZIONE", kContinua, y);
     if (riporta) RigaRiporto("a riportare", &y);
   } else if (riporta) {
     RigaRiporto("a riportare", nullptr);

@@ -19,7 +19,7 @@ constexpr auto CampiDestinazione(std::index_sequence<kIndici...> /*indici*/) {
       records::Campo<&DestinazioneMerce::posi>("Posi"),
       records::CampoElemento<&DestinazioneMerce::testi, kIndici>(kCampiDestinazione[kIndici])...};
 }
-constexpr auto kCampi = CampiDestinazione(std::make_index_sequence<kCampiDestinazione.size()>());
+constexpr auto kCampiDestinazione = CampiDestinazione(std::make_index_sequence<kCampiDestinazione.size()>());
 
 }  // namespace
 
@@ -28,7 +28,7 @@ bool HaPredefinita(const Scheda& cliente) {
                      [&](const char* campo) { return !Rifila(cliente.Testo(campo)).empty(); });
 }
 
-DestinazioniCliente::DestinazioniCliente() : righe_(kCampi) {}
+DestinazioniCliente::DestinazioniCliente() : righe_(kCampiDestinazione) {}
 
 void DestinazioniCliente::Leggi(Ambiente& ambiente, const std::string& cod) {
   std::vector<DestinazioneMerce> lette;

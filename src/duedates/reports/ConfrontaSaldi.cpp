@@ -4,7 +4,6 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
-#include "duedates/reports/VisitaScadenze.h"
 #include "duedates/schedules/Scadenza.h"
 #include "ledger/accounts/SaldoConto.h"
 

@@ -12,7 +12,7 @@ namespace fenalto::duedates {
 namespace {
 
 /// Due dates between two signs of life.
-constexpr std::int64_t kOgni = 200;
+constexpr std::int64_t kOgniEstratte = 200;
 
 /// From here on the address stands, as the window of an envelope wants it.
 constexpr std::size_t kRientro = 64;
@@ -54,7 +54,7 @@ class LetteraEstratto {
         ModelloLettera(ambiente_), 0,
         scelta_.stGrafico,         scelta_.xTar};
     if (!rapporto_.Apri(cornice, [this] { Testata(); })) return false;
-    rapporto_.Avvia("Estratto conto", quante, kOgni);
+    rapporto_.Avvia("Estratto conto", quante, kOgniEstratte);
     const bool tutte = ScorriScadenze(ambiente_, scelta_.scadenze, OrdineScadenze::PerConto,
                                       [this](const ScadenzaStampata& s) {
                                         if (!rapporto_.Passo()) return false;

@@ -10,7 +10,7 @@ namespace fenalto::duedates {
 namespace {
 
 /// Due dates between two signs of life.
-constexpr std::int64_t kOgni = 200;
+constexpr std::int64_t kOgniStampate = 200;
 
 std::string TitoloDi(const SceltaStampaScadenze& scelta) {
   const bool clienti = UgualeTesto(scelta.scadenze.cfp, "C");
@@ -108,7 +108,7 @@ class RapportoScadenze {
   }
 
   bool Scorri(std::int64_t quante) {
-    rapporto_.Avvia("Stampa scadenze", quante, kOgni);
+    rapporto_.Avvia("Stampa scadenze", quante, kOgniStampate);
     const bool tutte = ScorriScadenze(ambiente_, scelta_.scadenze, scelta_.ordine,
                                       [this](const ScadenzaStampata& s) {
                                         if (!rapporto_.Passo()) return false;

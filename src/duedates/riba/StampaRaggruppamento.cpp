@@ -8,21 +8,21 @@
 namespace fenalto::duedates {
 namespace {
 
-constexpr const char* kTitolo =
+constexpr const char* kTitoloRaggruppamento =
     "RAGGRUPPAMENTO RIBA DA DATA SCAD $$$$$$$$ A $$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$";
-constexpr const char* kColonne =
+constexpr const char* kColonneRaggruppamento =
     "cliente                                n.fatt. data ft. data sc.        importo  riferimenti "
     "fatture                      ";
 /// References are longer than their heading.
 constexpr const char* kRiga =
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$######## $$$$$$$$ $$$$$$$$ççççççççççççççç  "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$";
-constexpr const char* kTotale =
+constexpr const char* kTotaleRaggruppamento =
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$                  $$$$$$$$ççççççççççççççç  "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$";
-constexpr std::size_t kLarghezza = 145;
+constexpr std::size_t kLarghezzaRaggruppamento = 145;
 /// Groups between two signs of life.
-constexpr std::int64_t kOgni = 50;
+constexpr std::int64_t kOgniStampate = 50;
 
 class TabulatoRaggruppamento {
  public:
@@ -33,15 +33,15 @@ class TabulatoRaggruppamento {
         rapporto_(ambiente, uscite),
         // Due dates are kept in euro, whatever the year.
         riga_{reports::PictureImporto(kRiga, true)},
-        totale_{reports::PictureImporto(kTotale, true), {}, true} {}
+        totale_{reports::PictureImporto(kTotaleRaggruppamento, true), {}, true} {}
 
   bool Esegui(const std::vector<GruppoRiba>& gruppi) {
-    if (!rapporto_.Apri({"raggruppamento Ri.Ba.", "Raggruppamento Ri.Ba.", "", kLarghezza},
+    if (!rapporto_.Apri({"raggruppamento Ri.Ba.", "Raggruppamento Ri.Ba.", "", kLarghezzaRaggruppamento},
                         [this] { Testata(); })) {
       return false;
     }
     rapporto_.Avvia("Stampa raggruppamento Ri.Ba.", static_cast<std::int64_t>(gruppi.size()),
-                    kOgni);
+                    kOgniStampate);
     for (const GruppoRiba& gruppo : gruppi) {
       Gruppo(gruppo);
       if (!rapporto_.Passo() && !rapporto_.Interrotta()) return false;
@@ -54,9 +54,9 @@ class TabulatoRaggruppamento {
   void Testata() {
     rapporto_.TestataDitta();
     rapporto_.Vuota();
-    rapporto_.Riga({kTitolo, {}, true}, {scelta_.da, scelta_.a, definitivo_ ? "DEFINITIVO" : ""});
+    rapporto_.Riga({kTitoloRaggruppamento, {}, true}, {scelta_.da, scelta_.a, definitivo_ ? "DEFINITIVO" : ""});
     rapporto_.Vuota();
-    rapporto_.Carta().Riga(kColonne);
+    rapporto_.Carta().Riga(kColonneRaggruppamento);
     rapporto_.Rigo("-");
   }
 

@@ -5,7 +5,7 @@ namespace fenalto::ledger {
 
 namespace {
 
-constexpr std::size_t kLarghezza = 130;
+constexpr std::size_t kLarghezzaConfronto = 130;
 constexpr const char* kTitolo = "CONFRONTO COSTI E RICAVI";
 
 /// Costs and revenues of the two periods.
@@ -95,7 +95,7 @@ class RapportoConfronto {
   bool Stampa() {
     reports::Cornice cornice =
         CorniceBilancio(scelta_, "confronto costi e ricavi", "Confronto costi e ricavi", "TiConfr");
-    cornice.larghezza = kLarghezza;
+    cornice.larghezza = kLarghezzaConfronto;
     if (!rapporto_.Apri(cornice, [this] { Testata(); }) || !Scorri()) return false;
     Chiusura();
     return rapporto_.Fine();

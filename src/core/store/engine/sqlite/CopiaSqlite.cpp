@@ -81,7 +81,7 @@ void CopiaPagine(ConnessioneCopia& origine, const std::string& schema,
 }
 
 /// Opens a copy and has the engine look at every page of it.
-void Controlla(const fs::path& copia) {
+void ControllaIntegrita(const fs::path& copia) {
   ConnessioneCopia aperta(copia, SQLITE_OPEN_READWRITE);
   if (aperta.Singolo("PRAGMA quick_check") != "ok") {
     throw std::runtime_error("la copia " + copia.string() + " è danneggiata");
@@ -117,7 +117,7 @@ void CopiaFile(const std::vector<Base>& basi, const std::vector<fs::path>& copie
 }
 
 void ControllaCopiaFile(const fs::path& copia, bool propria) {
-  Controlla(copia);
+  ControllaIntegrita(copia);
   if (!propria) return;
   ConnessioneCopia aperta(copia, SQLITE_OPEN_READWRITE);
   if (aperta.Singolo("PRAGMA application_id") != std::to_string(kIdApplicazione)) {

@@ -73,7 +73,6 @@ void LeggiRiga(sqlite3_stmt* istruzione, RigheLette& righe) {
 
 void VerificaLegata(int rc) {
   if (rc == SQLITE_OK) return;
-  using Causa = ErroreArchivio::Causa;
   if (rc == SQLITE_NOMEM) throw ErroreArchivio(Causa::Memoria, "memoria insufficiente");
   throw ErroreArchivio(Causa::Sql,
                        std::string("valore non accettato dall'archivio: ") + sqlite3_errstr(rc));
