@@ -69,13 +69,17 @@ fenalto_headers(fenalto_headers_std HEADERS ${HEADERS_STD})
 fenalto_headers(fenalto_headers_qt LINKS Qt6::Widgets HEADERS ${HEADERS_STD} ${HEADERS_QT})
 target_compile_definitions(fenalto_headers_qt PRIVATE QT_NO_CAST_FROM_ASCII)
 
-# What every target of the project has, whatever it is made of: its units compiled together, with
-# the headers of `headers` (a target of fenalto_headers) ready.
-function(fenalto_common name headers)
+function(fenalto_unity name)
   if(FENALTO_UNITY)
     set_target_properties(${name} PROPERTIES UNITY_BUILD ON
                                              UNITY_BUILD_BATCH_SIZE ${FENALTO_UNITY_BATCH})
   endif()
+endfunction()
+
+# What every target of the project has, whatever it is made of: its units compiled together, with
+# the headers of `headers` (a target of fenalto_headers) ready.
+function(fenalto_common name headers)
+  fenalto_unity(${name})
   target_precompile_headers(${name} REUSE_FROM ${headers})
 endfunction()
 
@@ -130,7 +134,9 @@ function(fenalto_test name)
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} fenalto_warnings GTest::gtest GTest::gmock
                                         GTest::gtest_main)
   if(ARG_QT)
-    fenalto_common(${name} fenalto_headers_test_qt)
+    # Qt's test library defines the target's own folders as macros, so no other target's headers fit.
+    fenalto_unity(${name})
+    target_precompile_headers(${name} PRIVATE ${HEADERS_STD} ${HEADERS_QT} ${HEADERS_TEST})
   else()
     fenalto_common(${name} fenalto_headers_test)
   endif()

@@ -26,11 +26,6 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-/// Amount of a text in units: "12.5".
-inline Importo I(const char* testo) {
-  return Importo::DaTesto(testo).value();
-}
-
 inline Data G(int giorno, int mese, int anno) {
   return Data::DaGma(giorno, mese, anno).value();
 }

@@ -19,7 +19,8 @@ constexpr auto CampiDestinazione(std::index_sequence<kIndici...> /*indici*/) {
       records::Campo<&DestinazioneMerce::posi>("Posi"),
       records::CampoElemento<&DestinazioneMerce::testi, kIndici>(kCampiDestinazione[kIndici])...};
 }
-constexpr auto kCampiDestinazione = CampiDestinazione(std::make_index_sequence<kCampiDestinazione.size()>());
+constexpr auto kCampiRiga =
+    CampiDestinazione(std::make_index_sequence<kCampiDestinazione.size()>());
 
 }  // namespace
 
@@ -28,7 +29,7 @@ bool HaPredefinita(const Scheda& cliente) {
                      [&](const char* campo) { return !Rifila(cliente.Testo(campo)).empty(); });
 }
 
-DestinazioniCliente::DestinazioniCliente() : righe_(kCampiDestinazione) {}
+DestinazioniCliente::DestinazioniCliente() : righe_(kCampiRiga) {}
 
 void DestinazioniCliente::Leggi(Ambiente& ambiente, const std::string& cod) {
   std::vector<DestinazioneMerce> lette;

@@ -11,6 +11,7 @@ namespace fenalto::duedates {
 namespace {
 
 /// Parties between two signs of life.
+constexpr std::int64_t kOgniParti = 200;
 
 /// No registration is later.
 Data UltimaData() {

@@ -61,7 +61,7 @@ std::string ScriviCambio(Ambiente& ambiente, const ArticoloOrigine& articolo,
            ": riprovare quando sarà libera.";
   }
   const auto storno = TrovaStorno(ambiente, *letta);
-  std::string rifiuto = Rifiuto(ambiente, *letta, storno, incasso);
+  std::string rifiuto = PercheNonSiStorna(ambiente, *letta, storno, incasso);
   if (!rifiuto.empty()) return rifiuto;
   if (storno) EliminaStorno(ambiente, *storno);
   letta->incasso = incasso;

@@ -6,7 +6,7 @@
 namespace fenalto::prova {
 namespace {
 
-struct Caso {
+struct CasoDialetto {
   const char *testo, *righe;
 };
 

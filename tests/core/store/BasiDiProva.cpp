@@ -113,7 +113,7 @@ void BasiDiProva::Causali(BasiDati& basi, int quante) {
   transazione.Conferma();
 }
 
-void DittaDiProva::Motore(const fs::path& file, const std::string& sql) {
+void BasiDiProva::Motore(const fs::path& file, const std::string& sql) {
   sqlite3* connessione = engine::sqlite::ApriConnessione(file, "", true);
   engine::sqlite::EseguiMotore(connessione, sql, file);
   sqlite3_close(connessione);

@@ -10,14 +10,11 @@
 #include "core/values/Testo.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/ElencoCercato.h"
 
 namespace fenalto::screens {
 namespace {
-
-QString Qs(const std::string& testo) {
-  return QString::fromStdString(testo);
-}
 
 Tipo TipoColonna(Ambiente& ambiente, const archives::DescrizioneArchivio& descrizione,
                  const std::string& campo) {

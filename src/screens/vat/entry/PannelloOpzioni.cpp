@@ -12,7 +12,7 @@
 namespace fenalto::screens {
 namespace {
 
-constexpr int kCaratteriCodiceOpzione = 9;
+constexpr int kCaratteriOpzione = 9;
 
 QGroupBox* Riquadro(const char* nome, const QString& titolo) {
   auto* riquadro = new QGroupBox(titolo);
@@ -45,7 +45,7 @@ PannelloOpzioni::PannelloOpzioni(vat::RegistrazioneIva& fatture, Finestre& fines
 CampoCodice* PannelloOpzioni::Codice(const char* nome, const char* fonte) {
   auto* campo =
       new CampoCodice(QString::fromLatin1(nome), archives::Fonte(finestre_.Sessione(), fonte));
-  LargoCaratteri(campo, kCaratteriCodice);
+  LargoCaratteri(campo, kCaratteriOpzione);
   return campo;
 }
 
@@ -81,16 +81,16 @@ QGroupBox* PannelloOpzioni::CreaIntra() {
   auto* riquadro = Riquadro("FrameIntra", tr("Reverse charge: registrazione sugli acquisti"));
   auto* griglia = Stretta(riquadro);
   griglia->addWidget(Didascalia(tr("Registro"), rivaIntra_), 0, 0);
-  griglia->addWidget(ConDescrizione(rivaIntra_, kCaratteriCodiceOpzione), 0, 1);
+  griglia->addWidget(ConDescrizione(rivaIntra_, kCaratteriOpzione), 0, 1);
   griglia->addWidget(senzaGiro_, 0, 2, 1, 2);
   griglia->addWidget(Didascalia(tr("Fornitore"), fornitoreIntra_), 1, 0);
-  griglia->addWidget(ConDescrizione(fornitoreIntra_, kCaratteriCodiceOpzione), 1, 1);
+  griglia->addWidget(ConDescrizione(fornitoreIntra_, kCaratteriOpzione), 1, 1);
   griglia->addWidget(Didascalia(tr("Conto costi"), contoCosti_), 1, 2);
-  griglia->addWidget(ConDescrizione(contoCosti_, kCaratteriCodiceOpzione), 1, 3);
+  griglia->addWidget(ConDescrizione(contoCosti_, kCaratteriOpzione), 1, 3);
   griglia->addWidget(Didascalia(tr("Causale"), causaleIntra_), 2, 0);
-  griglia->addWidget(ConDescrizione(causaleIntra_, kCaratteriCodiceOpzione), 2, 1);
+  griglia->addWidget(ConDescrizione(causaleIntra_, kCaratteriOpzione), 2, 1);
   griglia->addWidget(Didascalia(tr("Pagamento"), pagamentoIntra_), 2, 2);
-  griglia->addWidget(ConDescrizione(pagamentoIntra_, kCaratteriCodiceOpzione), 2, 3);
+  griglia->addWidget(ConDescrizione(pagamentoIntra_, kCaratteriOpzione), 2, 3);
   griglia->setColumnStretch(1, 1);
   griglia->setColumnStretch(3, 1);
   return riquadro;
@@ -101,11 +101,11 @@ QGroupBox* PannelloOpzioni::CreaBolla() {
   auto* griglia = Stretta(riquadro);
   griglia->addWidget(conBolla_, 0, 0, 1, 2);
   griglia->addWidget(Didascalia(tr("Pagamento"), pagamentoBolla_), 0, 2);
-  griglia->addWidget(ConDescrizione(pagamentoBolla_, kCaratteriCodiceOpzione), 0, 3);
+  griglia->addWidget(ConDescrizione(pagamentoBolla_, kCaratteriOpzione), 0, 3);
   griglia->addWidget(Didascalia(tr("Fornitore"), fornitoreBolla_), 1, 0);
-  griglia->addWidget(ConDescrizione(fornitoreBolla_, kCaratteriCodiceOpzione), 1, 1);
+  griglia->addWidget(ConDescrizione(fornitoreBolla_, kCaratteriOpzione), 1, 1);
   griglia->addWidget(Didascalia(tr("Causale"), causaleBolla_), 1, 2);
-  griglia->addWidget(ConDescrizione(causaleBolla_, kCaratteriCodiceOpzione), 1, 3);
+  griglia->addWidget(ConDescrizione(causaleBolla_, kCaratteriOpzione), 1, 3);
   griglia->setColumnStretch(1, 1);
   griglia->setColumnStretch(3, 1);
   return riquadro;
@@ -118,9 +118,9 @@ QGroupBox* PannelloOpzioni::CreaRitenute() {
   for (int i = 0; i < 2; ++i) {
     auto& ritenuta = ritenuta_[i];
     griglia->addWidget(Didascalia(tr("%1. Causale").arg(i + 1), ritenuta.causale), i + 1, 0);
-    griglia->addWidget(ConDescrizione(ritenuta.causale, kCaratteriCodiceOpzione), i + 1, 1);
+    griglia->addWidget(ConDescrizione(ritenuta.causale, kCaratteriOpzione), i + 1, 1);
     griglia->addWidget(Didascalia(tr("Conto"), ritenuta.conto), i + 1, 2);
-    griglia->addWidget(ConDescrizione(ritenuta.conto, kCaratteriCodiceOpzione), i + 1, 3);
+    griglia->addWidget(ConDescrizione(ritenuta.conto, kCaratteriOpzione), i + 1, 3);
     griglia->addWidget(Didascalia(tr("Importo"), ritenuta.importo), i + 1, 4);
     griglia->addWidget(ritenuta.importo, i + 1, 5);
   }
