@@ -177,7 +177,7 @@ void Disfa(Ambiente& ambiente, const std::vector<duedates::Pagamento>& pagati, s
   const std::int64_t righe =
       ambiente.ArchivioDi("tessarc").Esegui("DELETE * FROM Movimenti" + oltre);
   ambiente.ArchivioDi("tessarc").Esegui("DELETE * FROM Articoli" + oltre);
-  for (const Pagamento& pagamento : pagati) {
+  for (const duedates::Pagamento& pagamento : pagati) {
     for (const duedates::RigaPagamento& riga : pagamento.righe) {
       std::string campi = sql::Criterio("Stato", "=", riga.vista.stato) + ",DtPag=#12/30/1899#";
       for (const auto& [campo, valore] : duedates::CampiPagato(riga.vista.importoPagatoE)) {
@@ -260,7 +260,7 @@ duedates::DatiDistinta Distinta(Ambiente& ambiente, const std::filesystem::path&
                              "01234567890"};
   const std::int64_t prima = kQuanteScadenze - kAperteClienti - kAperteFornitori + 1;
   for (std::size_t i = 0; i < duedates::kMassimoRicevute; ++i) {
-    const Scadenza s =
+    const duedates::Scadenza s =
         duedates::LeggiScadenza(ambiente, prima + static_cast<std::int64_t>(i)).value();
     dati.vista.push_back(s);
     dati.distinta.ricevute.push_back(
