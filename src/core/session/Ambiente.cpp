@@ -33,11 +33,6 @@ Ambiente::Interno::Interno(OpzioniAmbiente o, Dialoghi& d, Orologio& ora, Caso& 
 Ambiente::Interno::~Interno() {
   AttendiCopia();
   sessione.reset();
-  for (const fs::path& file : temporanei) {
-    std::error_code errore;
-    fs::remove(file, errore);
-    fs::remove(file.string() + "-journal", errore);
-  }
 }
 
 Sessione& Ambiente::Interno::Aperta() const {

@@ -104,9 +104,6 @@ class Ambiente {
   [[nodiscard]] std::filesystem::path FileImpostazioni() const;
   /// The settings of this station, `Ini/Ini.ini` of the program folder.
   [[nodiscard]] std::filesystem::path FileStazione() const;
-  /// Path of a private scratch database, a file `x*.mdb` in the system's folder for temporary
-  /// files.
-  std::filesystem::path CartellaTemp(std::string_view nomeFinestra, int indice);
 
   // --- Data
   // --------------------------------------------------------------------------------------------

@@ -192,7 +192,6 @@ bool Ambiente::Avvia(const std::string& ditta) {
                                  Icona::Errore);
     return false;
   }
-  RimuoviTemporaneiMorti(CartellaTemporanei());
   if (ditta.empty()) return interno_->Scegli(*this);
   auto nuova = interno_->Prepara(ditta, 0);
   if (!nuova) {

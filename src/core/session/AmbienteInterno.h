@@ -85,19 +85,11 @@ struct Ambiente::Interno {
 
   std::map<std::filesystem::path, IniLetto> letti;
 
-  std::filesystem::path cartellaTemp;
-  std::vector<std::filesystem::path> temporanei;
-
   std::thread copia;
   std::mutex bloccoCopia;
   bool copiaInCorso = false;
   std::string guastoCopia;
   std::string copiaTentata;  ///< company and day of the last try, which isn't repeated
 };
-
-/// The user's own folder for scratch databases, made when missing.
-std::filesystem::path CartellaTemporanei();
-/// Removes scratch databases of processes that are no more.
-void RimuoviTemporaneiMorti(const std::filesystem::path& cartella);
 
 }  // namespace fenalto

@@ -84,6 +84,20 @@ std::int64_t Archivio::Inserisci(std::string_view tabella, const std::vector<Cop
   return InserisciRiga(dati, completa, scritti);
 }
 
+void Archivio::CollegaTabella(const std::filesystem::path& percorso, std::string_view tabella) {
+  DatiArchivio& dati = *interno_->dati;
+  dati.Verifica();
+  const TabellaArchivio& altra = dati.nucleo->Trova(percorso).Tabella(tabella);
+  const TabellaArchivio* propria = dati.catalogo.Completa(tabella);
+  if (propria != nullptr && !propria->collegata) {
+    throw ErroreArchivio(
+        ErroreArchivio::Causa::Sql,
+        "«" + dati.nomeFile + "» ha già una tabella «" + std::string(tabella) + "»");
+  }
+  dati.catalogo.Collega(altra);
+  dati.cache.Svuota();
+}
+
 const std::filesystem::path& Archivio::Percorso() const {
   return interno_->dati->percorso;
 }
@@ -98,7 +112,6 @@ void Archivio::Chiudi() {
   dati.chiuso = true;
   dati.nucleo->Togli(&dati);
   dati.cache.Svuota();
-  if (dati.temporaneo) dati.nucleo->Stacca(dati.base);
 }
 
 }  // namespace fenalto

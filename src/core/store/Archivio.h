@@ -17,7 +17,7 @@ namespace fenalto {
 
 class BasiDati;
 
-/// Field and value of a copy's condition.
+/// A field and its value.
 using Coppia = std::pair<std::string, Valore>;
 
 class Archivio {
@@ -39,21 +39,12 @@ class Archivio {
   /// counter's value (the row's identity when the table has none).
   std::int64_t Inserisci(std::string_view tabella, const std::vector<Coppia>& campi);
 
-  /// Makes a scratch database at `percorso` holding an empty copy of `tabella`, with `campoChiave`
-  /// as its counter; false when it couldn't be made. Open it with BasiDati::ApriTemp.
-  bool CreaCopiaTemp(const std::filesystem::path& percorso, std::string_view campoChiave,
-                     std::string_view tabella);
   /// Links a table of the open database at `percorso` (or of key "tessarc" / "scadenzario") into
   /// this one, so that statements and stored queries here can join it.
   void CollegaTabella(const std::filesystem::path& percorso, std::string_view tabella);
-  /// Copies the rows that meet all pairs to the table of that name in another open database; the
-  /// counters there fill themselves. Returns the rows copied.
-  std::int64_t CopiaRighe(const std::filesystem::path& percorsoDestinazione,
-                          std::string_view tabella, const std::vector<Coppia>& condizioni);
-
   [[nodiscard]] const std::filesystem::path& Percorso() const;
   [[nodiscard]] const sql::Catalogo& Catalogo() const;
-  /// Releases statements and, for a scratch database, detaches it (its file stays).
+  /// Releases statements.
   void Chiudi();
 
  private:

@@ -129,24 +129,6 @@ Archivio& BasiDati::PerChiave(std::string_view chiave) {
   throw ErroreArchivio(Causa::Mancante, "non c'è nessun archivio «" + std::string(chiave) + "»");
 }
 
-std::unique_ptr<Archivio> BasiDati::ApriTemp(const fs::path& percorso) {
-  NucleoBasi& nucleo = *interno_->nucleo;
-  if (nucleo.Aperto(percorso)) {
-    throw ErroreArchivio(Causa::Occupato,
-                         "l'archivio di lavoro «" + percorso.string() + "» è già aperto");
-  }
-  const std::string base = nucleo.Attacca(percorso);
-  auto interno = std::make_unique<Archivio::Interno>();
-  try {
-    interno->dati = Dati(interno_->nucleo, percorso, base, interno_->viste);
-  } catch (...) {
-    nucleo.Stacca(base);
-    throw;
-  }
-  interno->dati->temporaneo = true;
-  return std::unique_ptr<Archivio>(new Archivio(std::move(interno)));
-}
-
 fenalto::Blocchi& BasiDati::Blocchi() {
   return interno_->nucleo->Blocchi();
 }

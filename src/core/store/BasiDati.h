@@ -47,10 +47,6 @@ class BasiDati {
   [[nodiscard]] Archivio& Scadenzario();
   /// By key, without case; throws ErroreArchivio on another key.
   [[nodiscard]] Archivio& PerChiave(std::string_view chiave);
-  /// Opens a scratch database made by CreaCopiaTemp. Tables it doesn't hold and that were not
-  /// linked are unknown to it; the stored queries of tessarc are known by name.
-  std::unique_ptr<Archivio> ApriTemp(const std::filesystem::path& percorso);
-
   [[nodiscard]] fenalto::Blocchi& Blocchi();
   [[nodiscard]] const PercorsiArchivi& Percorsi() const;
   [[nodiscard]] bool InTransazione() const;
@@ -77,10 +73,8 @@ class BasiDati {
 /// Not nested: opening a second one throws std::logic_error.
 class Transazione {
  public:
-  /// What it is going to write. Tessarc alone needs three syncs fewer than both databases. Over
-  /// scratch databases alone the books aren't locked, so that typing a row neither waits for other
-  /// stations nor syncs the disk.
-  enum class Ambito { Tutto, Tessarc, SoloLavoro };
+  /// What it is going to write. Tessarc alone needs three syncs fewer than both databases.
+  enum class Ambito { Tutto, Tessarc };
   explicit Transazione(BasiDati& basi, Ambito ambito = Ambito::Tutto);
   ~Transazione();
   Transazione(const Transazione&) = delete;

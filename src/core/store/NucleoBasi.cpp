@@ -157,50 +157,11 @@ void NucleoBasi::Conferma() {
   PrimaDiEseguire();
   DopoICursori([&] { connessione_->Conferma(); });
   inTransazione_ = false;
-  StaccaRimandati();
 }
 
 void NucleoBasi::Annulla() noexcept {
   connessione_->Annulla();
   inTransazione_ = false;
-  StaccaRimandati();
-}
-
-// --- Scratch databases --------------------------------------------------------------------------
-
-std::string NucleoBasi::Attacca(const fs::path& percorso) {
-  if (inTransazione_) {
-    throw ErroreArchivio(Causa::Sql, "l'archivio di lavoro «" + percorso.string() +
-                                         "» non si apre durante una registrazione");
-  }
-  PrimaDiEseguire();
-  return connessione_->Attacca(percorso);
-}
-
-void NucleoBasi::Stacca(const std::string& base) noexcept {
-  if (connessione_ == nullptr) return;
-  if (inTransazione_) {
-    daStaccare_.push_back(base);
-    return;
-  }
-  StaccaOra(base);
-}
-
-void NucleoBasi::StaccaOra(const std::string& base) noexcept {
-  // Detaching renumbers the databases and would stop the statements that run.
-  while (!cursori_.empty()) {
-    CursoreAperto* cursore = cursori_.back();
-    try {
-      cursore->Completa();
-    } catch (const std::exception&) {
-      cursore->Interrompi();
-    }
-  }
-  connessione_->Stacca(base);
-}
-
-void NucleoBasi::StaccaRimandati() noexcept {
-  for (const std::string& base : std::exchange(daStaccare_, {})) StaccaOra(base);
 }
 
 // --- Registry -----------------------------------------------------------------------------------
@@ -217,14 +178,10 @@ DatiArchivio* NucleoBasi::PerPercorso(const fs::path& percorso) const {
   return nullptr;
 }
 
-bool NucleoBasi::Aperto(const fs::path& percorso) const {
-  return PerPercorso(percorso) != nullptr;
-}
-
 DatiArchivio& NucleoBasi::Trova(const fs::path& percorso) const {
   if (DatiArchivio* archivio = PerPercorso(percorso)) return *archivio;
   for (DatiArchivio* archivio : archivi_) {
-    if (!archivio->temporaneo && UgualeTesto(percorso.string(), archivio->base)) return *archivio;
+    if (UgualeTesto(percorso.string(), archivio->base)) return *archivio;
   }
   throw ErroreArchivio(Causa::Mancante, "l'archivio «" + percorso.string() + "» non è aperto");
 }

@@ -49,7 +49,6 @@ struct DatiArchivio {
   std::filesystem::path percorso;
   std::string nomeFile;  ///< of messages
   std::string base;      ///< on the connection
-  bool temporaneo = false;
   bool chiuso = false;
   CatalogoArchivio catalogo;
   CacheIstruzioni cache;
@@ -110,14 +109,8 @@ class NucleoBasi {
   void Registra(CursoreAperto* cursore) { cursori_.push_back(cursore); }
   void Dimentica(CursoreAperto* cursore) noexcept;
 
-  /// Takes a scratch database in and returns its name on the connection; throws ErroreArchivio.
-  std::string Attacca(const std::filesystem::path& percorso);
-  /// Lets it go now, or after the running transaction.
-  void Stacca(const std::string& base) noexcept;
-
   void Aggiungi(DatiArchivio* archivio) { archivi_.push_back(archivio); }
   void Togli(const DatiArchivio* archivio) noexcept;
-  [[nodiscard]] bool Aperto(const std::filesystem::path& percorso) const;
   /// The open database of a path or key; throws ErroreArchivio.
   [[nodiscard]] DatiArchivio& Trova(const std::filesystem::path& percorso) const;
 
@@ -133,8 +126,6 @@ class NucleoBasi {
   [[nodiscard]] DatiArchivio* PerPercorso(const std::filesystem::path& percorso) const;
   void CompletaCursori(const DatiArchivio& archivio, const std::string& tabella);
   void CompletaTutti();
-  void StaccaOra(const std::string& base) noexcept;
-  void StaccaRimandati() noexcept;
 
   const engine::Motore& motore_;
   PercorsiArchivi percorsi_;
@@ -147,7 +138,6 @@ class NucleoBasi {
   Guasto guasto_ = Guasto::Nessuno;
   std::vector<CursoreAperto*> cursori_;
   std::vector<DatiArchivio*> archivi_;
-  std::vector<std::string> daStaccare_;
 };
 
 }  // namespace fenalto

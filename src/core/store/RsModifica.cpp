@@ -153,21 +153,17 @@ Esito<bool, Detentore> Rs::Edit() {
   const std::int64_t identita = io.righe.Identita(io.pos);
   const auto chiave = io.LeggiChiave(identita);
   if (!chiave || !io.ChiaveCorrisponde(*chiave)) return Detentore{};
-  Blocco blocco;
-  if (!io.dati->temporaneo) {
-    auto preso = io.dati->nucleo->Blocchi().Record(tabella, io.TestoChiave(*chiave, identita));
-    if (!preso) return preso.Errore();
-    blocco = std::move(preso).Valore();
-    // Between reading the key and holding it, another station may have done its work.
-    if (io.LeggiChiave(identita) != chiave) return Detentore{};
-  }
+  auto preso = io.dati->nucleo->Blocchi().Record(tabella, io.TestoChiave(*chiave, identita));
+  if (!preso) return preso.Errore();
+  // Between reading the key and holding it, another station may have done its work.
+  if (io.LeggiChiave(identita) != chiave) return Detentore{};
   auto riga = io.Rileggi(identita);
   if (!riga) return Detentore{};
   io.righe.Sostituisci(io.pos, *riga);
   io.indice.Svuota();
   io.tampone = std::move(*riga);
   io.toccati.assign(io.tampone.size(), false);
-  io.blocco = std::move(blocco);
+  io.blocco = std::move(preso).Valore();
   io.modo = ModoModifica::Modifica;
   return true;
 }
@@ -270,7 +266,7 @@ void Rs::Delete() {
   const auto chiave = io.LeggiChiave(identita);
   if (chiave && io.ChiaveCorrisponde(*chiave)) {
     Blocco blocco;
-    if (!io.dati->temporaneo && io.modo != ModoModifica::Modifica) {
+    if (io.modo != ModoModifica::Modifica) {
       auto preso =
           io.dati->nucleo->Blocchi().Record(tabella.vista.nome, io.TestoChiave(*chiave, identita));
       if (!preso) {

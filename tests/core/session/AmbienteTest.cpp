@@ -1,8 +1,6 @@
 // The session on real files: start, choice, what goes wrong with a company's files, look-ups,
 // settings, backup.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <thread>
 
@@ -283,35 +281,6 @@ TEST_F(AmbienteTest, CopiaUnaVoltaAlGiorno) {
     breve.AvviaCopia();
   }
   EXPECT_TRUE(fs::exists(copie / orologio_.oggi.Iso() / "Scad32.mdb"));
-}
-
-TEST_F(AmbienteTest, ArchiviDiLavoro) {
-  fs::path primo;
-  {
-    Ambiente ambiente(Opzioni(), dialoghi_, orologio_, caso_);
-    primo = ambiente.CartellaTemp("Movimenti/../x", 1);
-    const fs::path secondo = ambiente.CartellaTemp("Movimenti", 1);
-    EXPECT_NE(primo, secondo);
-    EXPECT_EQ(primo.parent_path(), secondo.parent_path());
-    EXPECT_TRUE(primo.filename().string().starts_with("x"));
-    EXPECT_EQ(primo.extension(), ".mdb");
-    EXPECT_EQ(fs::status(primo.parent_path()).permissions() & fs::perms(0077), fs::perms::none);
-    ScriviFile(primo, "");
-  }
-  EXPECT_FALSE(fs::exists(primo)) << "chi finisce porta via i suoi";
-
-  // A process that is surely no more, and one that lives.
-  const pid_t morto = ::fork();
-  if (morto == 0) ::_exit(0);
-  ::waitpid(morto, nullptr, 0);
-  const fs::path diMorto =
-      primo.parent_path() / ("x" + std::to_string(morto) + "_Movimenti1_1.mdb");
-  const fs::path diVivo = primo.parent_path() / ("x" + std::to_string(::getppid()) + "_prova1.mdb");
-  ScriviFile(diMorto, "");
-  ScriviFile(diVivo, "");
-  ASSERT_TRUE(ambiente_.Avvia("Rossi"));
-  EXPECT_FALSE(fs::exists(diMorto));
-  EXPECT_TRUE(fs::remove(diVivo));
 }
 
 }  // namespace

@@ -104,10 +104,6 @@ class Connessione {
   virtual void Annulla() noexcept = 0;
   /// False also when the engine has undone a transaction by itself, after an error.
   [[nodiscard]] virtual bool InTransazione() const noexcept = 0;
-
-  /// Takes a scratch database in, unsynced; the name it has from now on. Not in a transaction.
-  virtual std::string Attacca(const std::filesystem::path& file) = 0;
-  virtual void Stacca(const std::string& base) noexcept = 0;
 };
 
 }  // namespace fenalto::engine

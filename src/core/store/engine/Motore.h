@@ -60,11 +60,6 @@ class Motore {
   /// replace stays beside, with the ending ".prima". Throws std::exception.
   virtual void Rimetti(const std::vector<std::filesystem::path>& copie,
                        const std::vector<Base>& basi) const = 0;
-
-  /// Makes a scratch database with an empty table like `tabella` whose counter is `campoChiave`.
-  /// Throws ErroreArchivio.
-  virtual void CreaLavoro(const std::filesystem::path& file, const Opzioni& opzioni,
-                          const Tabella& tabella, std::string_view campoChiave) const = 0;
 };
 
 }  // namespace fenalto::engine

@@ -194,8 +194,7 @@ void ConnessioneSqlite::Esegui(const std::string& sql) {
 void ConnessioneSqlite::Inizia(bool riserva) {
   // IMMEDIATE takes the write lock of every attached database. But each locked database counts as
   // written at the commit, and two of them cost a file of their own and three more syncs: what
-  // writes one alone locks just that, and what writes scratch databases alone locks each at its
-  // first statement.
+  // writes one alone locks just that.
   Esegui(riserva ? "BEGIN IMMEDIATE" : "BEGIN");
 }
 
@@ -223,32 +222,6 @@ void ConnessioneSqlite::Annulla() noexcept {
 
 bool ConnessioneSqlite::InTransazione() const noexcept {
   return sqlite3_get_autocommit(connessione_) == 0;
-}
-
-// --- Scratch databases --------------------------------------------------------------------------
-
-std::string ConnessioneSqlite::Attacca(const fs::path& file) {
-  // Numbers aren't used again, so that a link to a detached database can't mean another one.
-  const std::string nome = std::string("x").append(std::to_string(prossimoLavoro_++));
-  const int rc = AttaccaFile({nome, file});
-  if (rc == SQLITE_ERROR &&
-      std::string_view(sqlite3_errmsg(connessione_)).starts_with("too many attached")) {
-    throw ErroreArchivio(ErroreArchivio::Causa::Altro,
-                         "troppe finestre aperte: l'archivio di lavoro «" + file.string() +
-                             "» non si può aprire; chiudere qualche finestra");
-  }
-  if (rc != SQLITE_DONE) throw ErroreMotore(connessione_, rc, file);
-  // Unsynced and journalled in memory, it needs no part in the commit over several files.
-  EseguiMotore(connessione_,
-               "PRAGMA " + nome + ".synchronous = OFF; PRAGMA " + nome +
-                   ".journal_mode = MEMORY; PRAGMA " + nome + ".cache_size = -2000",
-               file);
-  return nome;
-}
-
-void ConnessioneSqlite::Stacca(const std::string& base) noexcept {
-  sqlite3_exec(connessione_, ("DETACH " + base).c_str(), nullptr, nullptr, nullptr);
-  std::erase_if(aperte_, [&](const Aperta& a) { return a.base.nome == base; });
 }
 
 }  // namespace fenalto::engine::sqlite

@@ -2,7 +2,7 @@
 // attached to it.
 //
 // All use a rollback journal in TRUNCATE mode with synchronous=FULL, which is atomic over all files
-// and survives a power cut. Scratch databases are attached without syncing. Nothing in the process
+// and survives a power cut. Nothing in the process
 // opens or closes a database file but the engine: a second descriptor would drop its locks.
 #pragma once
 
@@ -64,8 +64,6 @@ class ConnessioneSqlite final : public Connessione {
   void Conferma() override;
   void Annulla() noexcept override;
   [[nodiscard]] bool InTransazione() const noexcept override;
-  std::string Attacca(const std::filesystem::path& file) override;
-  void Stacca(const std::string& base) noexcept override;
 
  private:
   struct Aperta {
@@ -82,7 +80,6 @@ class ConnessioneSqlite final : public Connessione {
   AttesaArchivio attesa_;
   sqlite3* connessione_ = nullptr;
   std::vector<Aperta> aperte_;
-  int prossimoLavoro_ = 1;
 };
 
 /// Tables of a schema of the connection; throws ErroreArchivio, naming `file`.

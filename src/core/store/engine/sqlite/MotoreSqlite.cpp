@@ -8,7 +8,6 @@
 #include "core/store/engine/sqlite/ConnessioneSqlite.h"
 #include "core/store/engine/sqlite/CopiaSqlite.h"
 #include "core/store/engine/sqlite/DialettoSqlite.h"
-#include "core/store/engine/sqlite/LavoroSqlite.h"
 
 namespace fenalto::engine::sqlite {
 namespace {
@@ -100,10 +99,6 @@ class MotoreFile final : public Motore {
   }
   void Rimetti(const std::vector<fs::path>& copie, const std::vector<Base>& basi) const override {
     RimettiFile(copie, basi);
-  }
-  void CreaLavoro(const fs::path& file, const Opzioni& opzioni, const Tabella& tabella,
-                  std::string_view campoChiave) const override {
-    CreaLavoroFile(file, opzioni, tabella, campoChiave);
   }
 };
 
