@@ -91,6 +91,7 @@ function(fenalto_library name)
   add_library(${name} STATIC ${ARG_SOURCES})
   target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE fenalto_warnings)
+  set_property(GLOBAL APPEND PROPERTY FENALTO_LIBRARIES ${name})
   if(ARG_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII)
@@ -122,10 +123,11 @@ function(fenalto_test_helpers name)
   fenalto_common(${name} fenalto_headers_test)
 endfunction()
 
-# fenalto_test(NAME SOURCES a.cpp ... LINKS lib ... [TIMEOUT s] [QT]): a GoogleTest program, one
-# ctest. With QT it speaks to the toolkit.
+# fenalto_test(NAME SOURCES a.cpp ... LINKS lib ... [TIMEOUT s] [QT] [ROOM]): a GoogleTest program,
+# one ctest. With QT it speaks to the toolkit. With ROOM its tests run in fenalto_rooms_test, linked
+# with the whole program; alone it is built by whoever works in the room and asks for it.
 function(fenalto_test name)
-  cmake_parse_arguments(ARG "QT" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "QT;ROOM" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()
@@ -140,6 +142,38 @@ function(fenalto_test name)
   else()
     fenalto_common(${name} fenalto_headers_test)
   endif()
+  if(ARG_ROOM)
+    set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
+    set_property(GLOBAL APPEND PROPERTY FENALTO_ROOM_TESTS ${name})
+    set_property(GLOBAL APPEND PROPERTY FENALTO_ROOM_LINKS ${ARG_LINKS})
+    return()
+  endif()
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+endfunction()
+
+# fenalto_rooms_test(NAME SHARDS n TIMEOUT s): the tests of all rooms in one program that holds every
+# object of the program, as the linker puts it together: a room that is right alone and wrong beside
+# another one is found out. `n` ctests share the tests out.
+function(fenalto_rooms_test name)
+  cmake_parse_arguments(ARG "" "SHARDS;TIMEOUT" "" ${ARGN})
+  get_property(libraries GLOBAL PROPERTY FENALTO_LIBRARIES)
+  get_property(tests GLOBAL PROPERTY FENALTO_ROOM_TESTS)
+  get_property(links GLOBAL PROPERTY FENALTO_ROOM_LINKS)
+  list(REMOVE_DUPLICATES links)
+  list(REMOVE_ITEM libraries fenalto_runner)
+  list(TRANSFORM libraries REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
+  list(TRANSFORM tests REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>")
+  add_executable(${name} ${objects} ${tests})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+  target_link_libraries(${name} PRIVATE ${libraries} ${links} GTest::gtest GTest::gmock
+                                        GTest::gtest_main)
+  math(EXPR last "${ARG_SHARDS} - 1")
+  foreach(shard RANGE ${last})
+    add_test(NAME rooms_${shard} COMMAND ${name})
+    set_tests_properties(
+      rooms_${shard}
+      PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT
+                 "GTEST_TOTAL_SHARDS=${ARG_SHARDS};GTEST_SHARD_INDEX=${shard}")
+  endforeach()
 endfunction()

@@ -220,7 +220,7 @@ Cella Identita(Argomenti a, Deposito&) {
 namespace f = funzioni;
 
 /// In the order of Fn.
-constexpr std::array<FunzioneMotore, static_cast<std::size_t>(Fn::Numero_)> kFunzioni{{
+constexpr std::array<FunzioneMotore, static_cast<std::size_t>(Fn::Numero_)> kFunzioniMotore{{
     {"fen_piu", kQuanti, kQuanti, true, Piu},
     {"fen_meno", 2, 2, true, Controllata<Sottrae>},
     {"fen_molt", 2, 2, true, Controllata<Moltiplica>},
@@ -284,7 +284,7 @@ constexpr std::array<FunzioneMotore, static_cast<std::size_t>(Fn::Numero_)> kFun
 }  // namespace
 
 const FunzioneMotore& Descrizione(Fn funzione) {
-  return kFunzioni[static_cast<std::size_t>(funzione)];
+  return kFunzioniMotore[static_cast<std::size_t>(funzione)];
 }
 
 Cella Calcola(Fn funzione, std::span<const Cella> argomenti, Deposito& deposito) {
