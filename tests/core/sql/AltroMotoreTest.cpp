@@ -44,16 +44,16 @@ class DialettoServer : public sql::Dialetto {
   [[nodiscard]] std::size_t ParametriMassimi() const override { return 3; }
 };
 
-constexpr const char* kCatalogo = "Conti: Cod testo, Nome testo, Chiuso sino, Saldo importo\n";
+constexpr const char* kCatalogoBreve = "Conti: Cod testo, Nome testo, Chiuso sino, Saldo importo\n";
 
 std::string Sql(const std::string& testo) {
-  const CatalogoProva catalogo(kCatalogo);
+  const CatalogoProva catalogo(kCatalogoBreve);
   const auto tradotta = sql::Traduci(testo, catalogo, DialettoServer());
   return tradotta ? tradotta.Valore().sql : "ERRORE: " + tradotta.Errore().motivo;
 }
 
 TEST(AltroMotore, WhatDiffersIsAskedOfTheDialect) {
-  const std::string conti = CatalogoProva(kCatalogo).Tabella("Conti")->nomeMotore;
+  const std::string conti = CatalogoProva(kCatalogoBreve).Tabella("Conti")->nomeMotore;
   const std::pair<std::string, std::string> casi[] = {
       {"SELECT TOP 5 Cod FROM Conti WHERE Chiuso AND Saldo>1 ORDER BY Cod, Nome DESC",
        "SELECT t1.[Cod], t1.riga_ FROM " + conti +
