@@ -287,7 +287,7 @@ TEST_F(BilancioTest, ProposteERifiuti) {
   EXPECT_THAT(rifiuto([](ledger::SceltaBilancio& s) { s.aaDtAP = {}; }),
               ::testing::HasSubstr("periodo B"));
   EXPECT_EQ(rifiuto([](ledger::SceltaBilancio& s) { std::swap(s.daMastro, s.aaMastro); }),
-            "il mastro iniziale 980 segue quello finale 100");
+            "il mastro iniziale 980 segue quello finale 100: scambiarli");
   EXPECT_EQ(rifiuto([](ledger::SceltaBilancio& s) { s.daMastro = s.aaMastro = "995"; }),
             "non c'è nessun mastro da 995 a 995");
 }

@@ -258,11 +258,12 @@ TEST_F(GiornaleTest, LibroVuoto) {
 TEST_F(GiornaleTest, RifiutiRinunceEVideo) {
   ledger::SceltaGiornale scelta = Scelta();
   std::swap(scelta.daDt, scelta.aaDt);
+  EXPECT_FALSE(giornale.Stampa(scelta));
   EXPECT_EQ(SoloMessaggio(), "la data iniziale 31/12/2024 è successiva a quella finale 01/01/2024");
   scelta = Scelta();
   scelta.aaDt = {};
   EXPECT_FALSE(giornale.Stampa(scelta));
-  EXPECT_EQ(SoloMessaggio(), "manca la data finale");
+  EXPECT_EQ(SoloMessaggio(), "manca la data finale: indicare il periodo");
   scelta = Scelta();
   scelta.daPag = 0;
   EXPECT_FALSE(giornale.Stampa(scelta));
