@@ -259,7 +259,9 @@ TEST_F(GiornaleTest, RifiutiRinunceEVideo) {
   ledger::SceltaGiornale scelta = Scelta();
   std::swap(scelta.daDt, scelta.aaDt);
   EXPECT_FALSE(giornale.Stampa(scelta));
-  EXPECT_EQ(SoloMessaggio(), "la data iniziale 31/12/2024 è successiva a quella finale 01/01/2024");
+  EXPECT_EQ(SoloMessaggio(),
+            "la data iniziale 31/12/2024 è successiva a quella finale 01/01/2024: "
+            "correggere il periodo");
   scelta = Scelta();
   scelta.aaDt = {};
   EXPECT_FALSE(giornale.Stampa(scelta));

@@ -10,12 +10,11 @@
 #include "core/store/BasiDati.h"
 #include "duedates/schedules/CreaScadenze.h"
 #include "vat/codes/TipiRegistro.h"
+#include "vat/codes/CodiciIva.h"
 #include "vat/entry/RegistrazioneIva.h"
 #include "vat/postings/RegistrazioniAutomatiche.h"
 
 namespace fenalto::vat {
-
-inline constexpr std::string_view kCodiceVentilazione = "ZCOR";
 
 /// Keys of the station's options.
 inline constexpr std::string_view kVerificaTotale = "TotaleXVerifica";

@@ -5,12 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "vat/codes/CodiciIva.h"
 #include "vat/settlement/TotaliRegistri.h"
 
 namespace fenalto::vat {
-
-/// Code of receipts whose VAT is found by ventilation.
-inline constexpr const char* kCodiceVentilazione = "ZCOR";
 
 /// A VAT code on a register, deferred registrations apart.
 struct GruppoIva {

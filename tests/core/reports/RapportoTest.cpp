@@ -5,6 +5,7 @@
 
 #include "core/reports/AmbienteProva.h"
 #include "core/reports/Rapporto.h"
+#include "core/session/CartellaProva.h"
 
 namespace fenalto::reports {
 namespace {
@@ -61,7 +62,15 @@ class RapportoTest : public testing::Test {
     rapporto.Totale("TOTALE", rotture.Generali());
   }
 
-  AmbienteProva p;
+  /// A report is a company's.
+  struct ConDitta : AmbienteProva {
+    ConDitta() {
+      CreaDittaProva(OpzioniProva(cartella.Percorso()), "Prova", {{2024, true}});
+      if (!ambiente.ApriDitta("Prova", 2024)) throw std::runtime_error("Prova non si apre");
+    }
+  };
+
+  ConDitta p;
   Rapporto rapporto{p.ambiente, p.fabbrica};
 };
 
@@ -75,10 +84,10 @@ TEST_F(RapportoTest, LaTabellaSuTesto) {
               ElementsAre("============================",  //
                           "|cliente    fatt.|  importo|",  //
                           "----------------------------",  //
-                          "|Rossi         1 |    10,00|",  //
-                          "|Verdi         2 |    20,00|",  //
+                          "|Rossi          1|    10,00|",  //
+                          "|Verdi          2|    20,00|",  //
                           "tot. nord        |    30,00|",  //
-                          "|Bianchi       3 |   400,00|",  //
+                          "|Bianchi        3|   400,00|",  //
                           "tot. sud         |   400,00|",  //
                           "============================",  //
                           "TOTALE           |   430,00|"));
