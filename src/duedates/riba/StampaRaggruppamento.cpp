@@ -36,8 +36,9 @@ class TabulatoRaggruppamento {
         totale_{reports::PictureImporto(kTotaleRaggruppamento, true), {}, true} {}
 
   bool Esegui(const std::vector<GruppoRiba>& gruppi) {
-    if (!rapporto_.Apri({"raggruppamento Ri.Ba.", "Raggruppamento Ri.Ba.", "", kLarghezzaRaggruppamento},
-                        [this] { Testata(); })) {
+    if (!rapporto_.Apri(
+            {"raggruppamento Ri.Ba.", "Raggruppamento Ri.Ba.", "", kLarghezzaRaggruppamento},
+            [this] { Testata(); })) {
       return false;
     }
     rapporto_.Avvia("Stampa raggruppamento Ri.Ba.", static_cast<std::int64_t>(gruppi.size()),
@@ -54,7 +55,8 @@ class TabulatoRaggruppamento {
   void Testata() {
     rapporto_.TestataDitta();
     rapporto_.Vuota();
-    rapporto_.Riga({kTitoloRaggruppamento, {}, true}, {scelta_.da, scelta_.a, definitivo_ ? "DEFINITIVO" : ""});
+    rapporto_.Riga({kTitoloRaggruppamento, {}, true},
+                   {scelta_.da, scelta_.a, definitivo_ ? "DEFINITIVO" : ""});
     rapporto_.Vuota();
     rapporto_.Carta().Riga(kColonneRaggruppamento);
     rapporto_.Rigo("-");

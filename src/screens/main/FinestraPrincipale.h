@@ -75,6 +75,10 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
  private:
   void CreaMenu();
   void CreaBarra();
+  /// Company, year and currency, in the bar.
+  void CreaSessione();
+  /// Links to the guides, at the end of the bar.
+  void CreaAiuti();
   void CambiaAnno(int indice);
   void ScaricaSfondo();
   void MostraSfondo();

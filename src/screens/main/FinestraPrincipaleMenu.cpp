@@ -122,7 +122,11 @@ void FinestraPrincipale::CreaBarra() {
   cerca->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
   connect(cerca, &QAction::triggered, this, &FinestraPrincipale::CercaFunzioni);
   addAction(cerca);
+  CreaSessione();
+  CreaAiuti();
+}
 
+void FinestraPrincipale::CreaSessione() {
   auto* sessione = new QWidget(barra_);
   auto* riga = new QHBoxLayout(sessione);
   riga->setContentsMargins(12, 0, 12, 0);
@@ -151,7 +155,9 @@ void FinestraPrincipale::CreaBarra() {
   barra_->addWidget(sessione);
   connect(scorrimento_, &QScrollBar::valueChanged, this, &FinestraPrincipale::CambiaAnno);
   connect(anni_, &QComboBox::activated, scorrimento_, &QScrollBar::setValue);
+}
 
+void FinestraPrincipale::CreaAiuti() {
   auto* vuoto = new QWidget(barra_);
   vuoto->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
   barra_->addWidget(vuoto);

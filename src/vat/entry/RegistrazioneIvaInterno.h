@@ -9,8 +9,8 @@
 #include "core/records/Righe.h"
 #include "core/store/BasiDati.h"
 #include "duedates/schedules/CreaScadenze.h"
-#include "vat/codes/TipiRegistro.h"
 #include "vat/codes/CodiciIva.h"
+#include "vat/codes/TipiRegistro.h"
 #include "vat/entry/RegistrazioneIva.h"
 #include "vat/postings/RegistrazioniAutomatiche.h"
 
