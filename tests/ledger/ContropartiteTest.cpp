@@ -120,7 +120,7 @@ TEST_F(ContropartiteTest, SeguonoOgniModificaDiRiga) {
     }
     ASSERT_EQ(Mostrate(pn), Modello(pn.Righe())) << passo;
   }
-  // The scratch holds what was shown.
+  // The row frame holds what the grid showed.
   const std::vector<ledger::RigaPrimanota> prima = pn.Righe();
   for (const ledger::RigaPrimanota& r : prima) {
     ASSERT_TRUE(pn.ApriRiga(r.num));

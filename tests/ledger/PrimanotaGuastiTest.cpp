@@ -95,15 +95,7 @@ TEST_P(PrimanotaGuastiTest, Righe) {
   pn.Riga().Scrivi("Causale", "001");
   pn.Riga().Scrivi("Conto", "110.001");
   pn.Riga().Scrivi("ImpoAvere", I("5"));
-  EXPECT_GE(ProvaTutti([&] { return pn.ConfermaRiga(); }), 5);
-  ASSERT_TRUE(pn.ApriRiga(pn.Righe()[1].num));
-  EXPECT_GE(ProvaTutti([&] {
-              dialoghi.Rispondera("RIGA", Risposta::Si);
-              return pn.EliminaRiga();
-            }),
-            3);
-  ASSERT_EQ(pn.Righe().size(), 1U);
-  EXPECT_EQ(pn.Righe()[0].contoControp, "");
+  EXPECT_GE(ProvaTutti([&] { return pn.ConfermaRiga(); }), 4);
 }
 
 INSTANTIATE_TEST_SUITE_P(Guasti, PrimanotaGuastiTest,
