@@ -15,8 +15,8 @@ constexpr int kFiscale = 16;
 constexpr int kScritta = 80;
 constexpr int kPercentuale = 8;
 
-archives::CampoArchivio Testo(const char* nome, const char* didascalia, int caratteri,
-                              const char* riquadro, int mostrati = 0) {
+records::CampoForma Testo(const char* nome, const char* didascalia, int caratteri,
+                          const char* riquadro, int mostrati = 0) {
   return {.nome = nome,
           .didascalia = didascalia,
           .caratteri = caratteri,
@@ -24,35 +24,34 @@ archives::CampoArchivio Testo(const char* nome, const char* didascalia, int cara
           .mostrati = mostrati};
 }
 
-archives::CampoArchivio Codice(const char* nome, const char* didascalia, const char* tabella,
-                               const char* archivio, const char* riquadro,
-                               std::string filtro = "") {
+records::CampoForma Codice(const char* nome, const char* didascalia, const char* tabella,
+                           const char* archivio, const char* riquadro, std::string filtro = "") {
   return {.nome = nome,
           .didascalia = didascalia,
-          .genere = archives::GenereCampo::Codice,
+          .genere = records::GenereCampo::Codice,
           .fonte = {.fonte = tabella, .archivio = archivio, .filtro = std::move(filtro)},
           .riquadro = riquadro};
 }
 
-archives::CampoArchivio Casella(const char* nome, const char* testo, const char* riquadro) {
+records::CampoForma Casella(const char* nome, const char* testo, const char* riquadro) {
   return {.nome = nome, .didascalia = testo, .riquadro = riquadro};
 }
 
-archives::CampoArchivio Percento(const char* nome, const char* didascalia, const char* riquadro) {
+records::CampoForma Percento(const char* nome, const char* didascalia, const char* riquadro) {
   return {.nome = nome, .didascalia = didascalia, .caratteri = kPercentuale, .riquadro = riquadro};
 }
 
-archives::CampoArchivio Accanto(archives::CampoArchivio campo) {
+records::CampoForma Accanto(records::CampoForma campo) {
   campo.accanto = true;
   return campo;
 }
 
-archives::CampoArchivio Elencato(archives::CampoArchivio campo) {
+records::CampoForma Elencato(records::CampoForma campo) {
   campo.elenco = true;
   return campo;
 }
 
-archives::CampoArchivio Maiuscolo(archives::CampoArchivio campo) {
+records::CampoForma Maiuscolo(records::CampoForma campo) {
   campo.maiuscole = true;
   return campo;
 }
@@ -77,7 +76,7 @@ class Descrittore {
   void Riquadro(const char* nome, const char* titolo, bool largo = true) {
     archivio_.riquadri.push_back({nome, titolo, pagina_, largo});
   }
-  void Campi(std::initializer_list<archives::CampoArchivio> campi) {
+  void Campi(std::initializer_list<records::CampoForma> campi) {
     archivio_.campi.insert(archivio_.campi.end(), campi);
   }
   void Banca();
@@ -89,9 +88,9 @@ class Descrittore {
 };
 
 void Descrittore::Anagrafica() {
-  archives::CampoArchivio ultimo{.nome = kUltimoCodice,
-                                 .didascalia = "ultimo codice",
-                                 .genere = archives::GenereCampo::Etichetta};
+  records::CampoForma ultimo{.nome = kUltimoCodice,
+                             .didascalia = "ultimo codice",
+                             .genere = records::GenereCampo::Etichetta};
   Campi({{.nome = "Cod", .didascalia = "Codice", .caratteri = archivio_.caratteriCodice},
          Accanto(std::move(ultimo)),
          Testo("ragsoc1", "Ragione sociale", kNome, ""),
@@ -123,7 +122,7 @@ void Descrittore::Contatti() {
   Riquadro("NoteParte", "Note");
   Campi({{.nome = "Note",
           .didascalia = "Note",
-          .genere = archives::GenereCampo::Note,
+          .genere = records::GenereCampo::Note,
           .riquadro = "NoteParte"},
          Casella("Privacy", "consenso al trattamento dei dati (privacy)", "NoteParte")});
 }
@@ -172,7 +171,7 @@ void Descrittore::Condizioni() {
   Campi({Codice("Pagamento", "Pagamento", "Pagamento", "CODICIPAGAMENTO", kRiquadro),
          {.nome = kInfoPagamento,
           .didascalia = "",
-          .genere = archives::GenereCampo::Etichetta,
+          .genere = records::GenereCampo::Etichetta,
           .riquadro = kRiquadro}});
   if (!parte_.Clienti()) return;
   Campi({Percento("ScCassa", "Sconto cassa %", kRiquadro),
@@ -191,14 +190,14 @@ void Descrittore::Condizioni() {
 void Descrittore::Prezzi() {
   constexpr const char* kRiquadro = "PrezziSconti";
   Riquadro(kRiquadro, "Prezzi e sconti");
-  archives::CampoArchivio prezzo{.nome = "Prezzi123",
-                                 .didascalia = "Prezzo",
-                                 .caratteri = 2,
-                                 .nota =
-                                     "il cliente è soggetto al listino 1,2,3,4 o 5 dell'archivio "
-                                     "prodotti; 0: prezzo dell'ultima fattura",
-                                 .riquadro = kRiquadro};
-  archives::CampoArchivio listino = Testo("listino", "Listino", 10, kRiquadro);
+  records::CampoForma prezzo{.nome = "Prezzi123",
+                             .didascalia = "Prezzo",
+                             .caratteri = 2,
+                             .nota =
+                                 "il cliente è soggetto al listino 1,2,3,4 o 5 dell'archivio "
+                                 "prodotti; 0: prezzo dell'ultima fattura",
+                             .riquadro = kRiquadro};
+  records::CampoForma listino = Testo("listino", "Listino", 10, kRiquadro);
   listino.nota = "il cliente è soggetto ad uno specifico listino";
   Campi({std::move(prezzo), std::move(listino), Percento("Sc1", "Sconti %", kRiquadro),
          Accanto(Percento("Sc2", "", kRiquadro)), Accanto(Percento("Sc3", "", kRiquadro))});
@@ -219,7 +218,7 @@ void Descrittore::Scritte() {
          Testo("ConsegnaOrd", "Consegna", kScritta, "ScritteOrdini"),
          {.nome = "NoteIntestazioneOrd",
           .didascalia = "Note di intestazione",
-          .genere = archives::GenereCampo::Note,
+          .genere = records::GenereCampo::Note,
           .riquadro = "ScritteOrdini"}});
 }
 

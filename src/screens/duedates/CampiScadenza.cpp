@@ -40,17 +40,6 @@ CampoCodice* CampoCausale(const char* nome, Finestre& finestre) {
       finestre);
 }
 
-CampoCodice* CampoTipo(const char* nome, Finestre& finestre) {
-  return new CampoCodice(Nome(nome), QString(),
-                         Fonte(finestre, "tessarc", "tipipagamento", "Descrizione"));
-}
-
-CampoCodice* CampoPagamento(const char* nome, Finestre& finestre) {
-  return ConArchivio(new CampoCodice(Nome(nome), QStringLiteral("CODICIPAGAMENTO"),
-                                     Fonte(finestre, "tessarc", "Pagamento", "Descrizione")),
-                     finestre);
-}
-
 CampoCodice* CampoBanca(const char* nome, Finestre& finestre) {
   return ConArchivio(new CampoCodice(Nome(nome), QStringLiteral("BANCHE"),
                                      Fonte(finestre, "scadenzario", "Banche", "Nome")),

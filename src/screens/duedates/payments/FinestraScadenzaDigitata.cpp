@@ -1,24 +1,91 @@
 #include "screens/duedates/payments/FinestraScadenzaDigitata.h"
 
-#include <QCheckBox>
-#include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "duedates/payments/ScadenzaDigitata.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/SceltaParte.h"
+#include "screens/ledger/FontiForma.h"
 
 namespace fenalto::screens {
 namespace {
 
-constexpr int kCifreCodice = 5;
-constexpr int kCifreConto = 10;
-constexpr int kCaratteriDescrizione = 64;
+using Genere = records::GenereCampo;
+
+constexpr const char* kScadenza = "FrameScadenza";
+constexpr const char* kRegistrazione = "FrameRegistrazione";
+
+/// `numero` is that of the settings' keys.
+records::DescrizioneForma FormaScadenzaDigitata(const std::string& numero) {
+  constexpr int kDescrizione = 64;
+  constexpr int kCodice = 5;
+  return {.campi = {{.nome = "Dt", .didascalia = "Data scadenza", .riquadro = kScadenza},
+                    {.nome = "ImportoE",
+                     .didascalia = "Importo",
+                     .caratteri = kCifreImporto - 1,
+                     .riquadro = kScadenza,
+                     .colonna = 1},
+                    {.nome = "Tipo",
+                     .didascalia = "Tipo",
+                     .caratteri = kCodice,
+                     .genere = Genere::Codice,
+                     .fonte = DaTipiPagamento(),
+                     .riquadro = kScadenza},
+                    {.nome = "Stato",
+                     .didascalia = "Stato",
+                     .caratteri = 2,
+                     .riquadro = kScadenza,
+                     .suggerimento = kStati,
+                     .colonna = 1},
+                    {.nome = "NFat",
+                     .didascalia = "Fattura n.",
+                     .caratteri = kCifreNumero - 1,
+                     .riquadro = kScadenza},
+                    {.nome = "DtFat", .didascalia = "del", .riquadro = kScadenza, .colonna = 1},
+                    {.nome = "Descrizione",
+                     .didascalia = "Descrizione",
+                     .caratteri = kDescrizione,
+                     .riquadro = kScadenza,
+                     .colonne = 2},
+                    {.nome = "RegistrazioneContabilePagScad" + numero,
+                     .didascalia = "Creo registrazione contabile",
+                     .riquadro = kRegistrazione,
+                     .alMargine = true},
+                    {.nome = "DtReg",
+                     .didascalia = "Data registrazione",
+                     .riquadro = kRegistrazione,
+                     .colonna = 1},
+                    {.nome = "DescrizioneContabile",
+                     .didascalia = "Descrizione contabile",
+                     .riquadro = kRegistrazione,
+                     .colonne = 2,
+                     .peso = 1},
+                    {.nome = "CausalePagScad" + numero,
+                     .didascalia = "Causale",
+                     .caratteri = kCodice,
+                     .genere = Genere::Codice,
+                     .fonte = DaCausali(),
+                     .riquadro = kRegistrazione,
+                     .peso = 1},
+                    {.nome = "ContropartitaPagScad" + numero,
+                     .didascalia = "Contropartita",
+                     .caratteri = 10,
+                     .genere = Genere::Codice,
+                     .fonte = DaContropartite(),
+                     .riquadro = kRegistrazione,
+                     .colonna = 1,
+                     .peso = 1}},
+          .riquadri = {{.nome = kScadenza, .titolo = "Scadenza", .largo = true},
+                       {.nome = kRegistrazione,
+                        .titolo = "Registrazione contabile",
+                        .pagina = kRegistrazione,
+                        .largo = true}}};
+}
 
 }  // namespace
 
@@ -50,9 +117,21 @@ void FinestraScadenzaDigitata::Disponi() {
   testa->addWidget(parte_, 1);
   testa->addWidget(nuovo_);
   colonna->addLayout(testa);
-  colonna->addWidget(CreaScadenza());
+  auto* scadenza = new QVBoxLayout;
+  auto* altri = new QVBoxLayout;
+  auto* registrazione = new QVBoxLayout;
+  records::DescrizioneForma forma = FormaScadenzaDigitata(std::to_string(numero_));
+  AltriCampi(forma);
+  campi_ = new CampiForma(Gestore().Sessione(), std::move(forma), {dati_, impostazioni_},
+                          [&](const std::string& pagina) -> QVBoxLayout& {
+                            if (pagina == kRegistrazione) return *registrazione;
+                            return pagina.empty() ? *scadenza : *altri;
+                          });
+  campi_->setParent(this);
+  colonna->addLayout(scadenza);
   AltriRiquadri(*colonna);
-  colonna->addWidget(CreaRegistrazione());
+  colonna->addLayout(altri);
+  colonna->addLayout(registrazione);
   auto* piede = new QHBoxLayout;
   piede->addWidget(conferma_);
   piede->addStretch(1);
@@ -65,72 +144,6 @@ void FinestraScadenzaDigitata::Disponi() {
   Mostra();
 }
 
-QWidget* FinestraScadenzaDigitata::CreaScadenza() {
-  auto* riquadro = new QGroupBox(tr("Scadenza"));
-  auto* griglia = new QGridLayout(riquadro);
-  int linea = 0;
-  const auto aggiungi = [&](QWidget* campo, const QString& testo, int colonna) {
-    dati_->Lega(campo);
-    griglia->addWidget(Didascalia(testo, campo), linea, colonna);
-    auto* codice = qobject_cast<CampoCodice*>(campo);
-    griglia->addWidget(codice != nullptr ? ConDescrizione(codice, kCifreCodice) : campo, linea,
-                       colonna + 1);
-  };
-  auto* importo = new CampoImporto(QStringLiteral("ImportoE"));
-  LargoCaratteri(importo, kCifreImporto);
-  auto* stato = new CampoTesto(QStringLiteral("Stato"), nullptr, 2);
-  LargoCaratteri(stato, 3);
-  stato->setToolTip(tr("00 e 01 aperta, 10 pagata in parte, 30 pagata"));
-  auto* nFat = new CampoNumero(QStringLiteral("NFat"));
-  LargoCaratteri(nFat, kCifreNumero);
-  aggiungi(CampoGiorno("Dt", Gestore().Sessione()), tr("Data scadenza"), 0);
-  aggiungi(importo, tr("Importo"), 2);
-  ++linea;
-  aggiungi(CampoTipo("Tipo", Gestore()), tr("Tipo"), 0);
-  aggiungi(stato, tr("Stato"), 2);
-  ++linea;
-  aggiungi(nFat, tr("Fattura n."), 0);
-  aggiungi(CampoGiorno("DtFat", Gestore().Sessione()), tr("del"), 2);
-  ++linea;
-  auto* descrizione = new CampoTesto(QStringLiteral("Descrizione"), nullptr, kCaratteriDescrizione);
-  LargoCaratteri(descrizione, kCaratteriDescrizione);
-  dati_->Lega(descrizione);
-  griglia->addWidget(Didascalia(tr("Descrizione"), descrizione), linea, 0);
-  griglia->addWidget(descrizione, linea, 1, 1, 3);
-  griglia->setColumnStretch(4, 1);
-  return riquadro;
-}
-
-QWidget* FinestraScadenzaDigitata::CreaRegistrazione() {
-  auto* riquadro = new QGroupBox(tr("Registrazione contabile"));
-  auto* griglia = new QGridLayout(riquadro);
-  const std::string numero = std::to_string(numero_);
-  auto* crea = new QCheckBox(tr("Creo registrazione contabile"));
-  crea->setObjectName(QString::fromStdString("RegistrazioneContabilePagScad" + numero));
-  impostazioni_->Lega(crea);
-  auto* giorno = CampoGiorno("DtReg", Gestore().Sessione());
-  auto* descrizione = new CampoTesto(QStringLiteral("DescrizioneContabile"));
-  dati_->Lega(giorno);
-  dati_->Lega(descrizione);
-  auto* causale = CampoCausale(("CausalePagScad" + numero).c_str(), Gestore());
-  auto* conto = CampoConto(("ContropartitaPagScad" + numero).c_str(), Gestore());
-  impostazioni_->Lega(causale);
-  impostazioni_->Lega(conto);
-  const auto aggiungi = [&](QWidget* campo, QWidget* disposto, const QString& testo, int linea,
-                            int colonna, int colonne) {
-    griglia->addWidget(Didascalia(testo, campo), linea, colonna);
-    griglia->addWidget(disposto, linea, colonna + 1, 1, colonne);
-  };
-  griglia->addWidget(crea, 0, 0, 1, 2);
-  aggiungi(giorno, giorno, tr("Data registrazione"), 0, 2, 1);
-  aggiungi(descrizione, descrizione, tr("Descrizione contabile"), 1, 0, 3);
-  aggiungi(causale, ConDescrizione(causale, kCifreCodice), tr("Causale"), 2, 0, 1);
-  aggiungi(conto, ConDescrizione(conto, kCifreConto), tr("Contropartita"), 2, 2, 1);
-  griglia->setColumnStretch(1, 1);
-  griglia->setColumnStretch(3, 1);
-  return riquadro;
-}
-
 void FinestraScadenzaDigitata::Collega() {
   connect(parte_, &SceltaParte::ParteCambiata, this, [this] {
     const bool altraClasse = caso_->Cfp() != parte_->Cfp();
@@ -140,6 +153,10 @@ void FinestraScadenzaDigitata::Collega() {
     dati_->Mostra();
     ParteCambiata();
   });
+  connect(campi_, &CampiForma::EventoLibero, this,
+          [this](const QString& tabella, const QString& codice) {
+            Gestore().ApreFormDaEvLibero(tabella, codice);
+          });
   connect(impostazioni_, &Legatura::Lasciato, this, [this](const QString&, bool cambiato) {
     if (cambiato) caso_->ImpostazioneLasciata();
   });

@@ -1,23 +1,73 @@
 #include "screens/vat/entry/RiquadroRigaIva.h"
 
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QPushButton>
 
-#include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
-#include "screens/ledger/FontiPrimanota.h"
-#include "screens/vat/entry/FontiFatture.h"
+#include "screens/ledger/FontiForma.h"
 
 namespace fenalto::screens {
 namespace {
 
-QHBoxLayout* RigaCampi() {
-  constexpr int kSpazio = 6;
-  auto* riga = new QHBoxLayout;
-  riga->setSpacing(kSpazio);
-  return riga;
+using records::CampoForma;
+using Genere = records::GenereCampo;
+
+constexpr const char* kScorpora = "PulisciImporti";
+
+CampoForma Codice(const char* nome, const char* didascalia, int caratteri,
+                  records::FonteCampo fonte, int peso) {
+  return {.nome = nome,
+          .didascalia = didascalia,
+          .caratteri = caratteri,
+          .genere = Genere::Codice,
+          .fonte = std::move(fonte),
+          .accanto = true,
+          .peso = peso};
+}
+
+CampoForma DiImporto(const char* nome, const char* didascalia, bool accanto) {
+  constexpr int kCifre = 13;
+  return {.nome = nome,
+          .didascalia = didascalia,
+          .caratteri = kCifre,
+          .decimali = records::kDecimaliMoneta,
+          .accanto = accanto};
+}
+
+CampoForma Lordo() {
+  CampoForma campo = DiImporto("Totale", "Lordo", false);
+  campo.suggerimento = "importo iva compresa, da scorporare";
+  campo.turno = 1;
+  return campo;
+}
+
+records::DescrizioneForma FormaRigaIva() {
+  constexpr int kConto = 11;
+  constexpr int kCodice = 6;
+  constexpr int kPosizione = 5;
+  return {.campi = {Codice("Conto", "Conto", kConto, DaConti(), 3),
+                    Codice("CodIva", "Codice iva", kCodice, DaCodiciIva(), 2),
+                    {.nome = "Posi",
+                     .didascalia = "Posizione",
+                     .caratteri = kPosizione,
+                     .accanto = true,
+                     .turno = 2},
+                    DiImporto("Imponibile", "Imponibile", false),
+                    DiImporto("Iva", "Iva", true),
+                    DiImporto("IvaInd", "Iva indetraibile", true),
+                    {.nome = "Descrizione", .didascalia = "Descrizione", .peso = 3},
+                    Codice("Categoria", "Categoria", kCodice, DaCategorie(), 1),
+                    {.nome = "Commessa", .didascalia = "Commessa", .accanto = true, .peso = 1},
+                    Lordo(),
+                    {.nome = kScorpora,
+                     .didascalia = "Scorpora il lordo",
+                     .genere = Genere::Pulsante,
+                     .accanto = true,
+                     .turno = 1}},
+          .stretta = true};
 }
 
 }  // namespace
@@ -25,156 +75,38 @@ QHBoxLayout* RigaCampi() {
 RiquadroRigaIva::RiquadroRigaIva(vat::RegistrazioneIva& fatture, Finestre& finestre,
                                  QWidget* genitore)
     : RiquadroSul(fatture, finestre, genitore) {
-  CreaCampi();
-  setLayout(DisponiCampi());
-  OrdineTab();
-  ApriTabelle({conto_, codIva_, categoria_});
-  connect(scorpora_, &QPushButton::clicked, this, &RiquadroRigaIva::Scorpora);
-}
-
-void RiquadroRigaIva::CreaCampi() {
-  auto& sessione = finestre_.Sessione();
-  const int decimali = sessione.Euro() ? 2 : 0;
-  posi_ = new CampoNumero(QStringLiteral("Posi"));
-  conto_ =
-      new CampoCodice(QStringLiteral("Conto"), QStringLiteral("CONTI"), FonteConti(sessione, "P"));
-  codIva_ = new CampoCodice(QStringLiteral("CodIva"), QStringLiteral("CODICIIVA"),
-                            FonteCodiciIva(sessione));
-  descrizione_ = new CampoTesto(QStringLiteral("Descrizione"));
-  categoria_ = new CampoCodice(QStringLiteral("Categoria"), QStringLiteral("CATEGORIE"),
-                               FonteCategorie(sessione));
-  commessa_ = new CampoTesto(QStringLiteral("Commessa"));
-  imponibile_ = new CampoImporto(QStringLiteral("Imponibile"), nullptr, decimali);
-  iva_ = new CampoImporto(QStringLiteral("Iva"), nullptr, decimali);
-  ivaInd_ = new CampoImporto(QStringLiteral("IvaInd"), nullptr, decimali);
-  totale_ = new CampoImporto(QStringLiteral("Totale"), nullptr, decimali);
-  totale_->setToolTip(tr("importo iva compresa, da scorporare"));
-  scorpora_ = Pulsante(QStringLiteral("PulisciImporti"), tr("Scorpora il lordo"));
-  for (QWidget* campo :
-       std::initializer_list<QWidget*>{posi_, conto_, codIva_, descrizione_, categoria_, commessa_,
-                                       imponibile_, iva_, ivaInd_, totale_}) {
-    legatura_->Lega(campo);
-  }
+  Compila(FormaRigaIva());
+  campi_->Linea("IvaInd").addWidget(quale_);
+  const QList<QWidget*> pulsanti{conferma_, elimina_, annulla_};
+  for (auto* pulsante : pulsanti) campi_->Linea(kScorpora).addWidget(pulsante);
+  OrdinaFuochi(campi_->Ordine() + pulsanti + campi_->Ordine(1) + campi_->Ordine(2));
   legatura_->Rinuncia(annulla_);
-}
-
-QGridLayout* RiquadroRigaIva::DisponiCampi() {
-  constexpr int kCifreImporto = 14;
-  constexpr int kCifrePosi = 6;
-  constexpr int kCaratteriConto = 12;
-  constexpr int kCaratteriCodice = 7;
-  for (auto* importo : {imponibile_, iva_, ivaInd_, totale_}) {
-    LargoCaratteri(importo, kCifreImporto);
-  }
-  LargoCaratteri(posi_, kCifrePosi);
-  auto* conto = RigaCampi();
-  conto->addWidget(ConDescrizione(conto_, kCaratteriConto), 3);
-  conto->addWidget(Didascalia(tr("Codice iva"), codIva_));
-  conto->addWidget(ConDescrizione(codIva_, kCaratteriCodice), 2);
-  conto->addWidget(Didascalia(tr("Posizione"), posi_));
-  conto->addWidget(posi_);
-  auto* importi = RigaCampi();
-  importi->addWidget(imponibile_);
-  importi->addWidget(Didascalia(tr("Iva"), iva_));
-  importi->addWidget(iva_);
-  importi->addWidget(Didascalia(tr("Iva indetraibile"), ivaInd_));
-  importi->addWidget(ivaInd_);
-  importi->addStretch(1);
-  importi->addWidget(quale_);
-  auto* testi = RigaCampi();
-  testi->addWidget(descrizione_, 3);
-  testi->addWidget(Didascalia(tr("Categoria"), categoria_));
-  testi->addWidget(ConDescrizione(categoria_, kCaratteriCodice), 1);
-  testi->addWidget(Didascalia(tr("Commessa"), commessa_));
-  testi->addWidget(commessa_, 1);
-  auto* griglia = new QGridLayout;
-  griglia->setHorizontalSpacing(8);
-  griglia->setVerticalSpacing(4);
-  griglia->addWidget(Didascalia(tr("Conto"), conto_), 0, 0);
-  griglia->addLayout(conto, 0, 1);
-  griglia->addWidget(Didascalia(tr("Imponibile"), imponibile_), 1, 0);
-  griglia->addLayout(importi, 1, 1);
-  griglia->addWidget(Didascalia(tr("Descrizione"), descrizione_), 2, 0);
-  griglia->addLayout(testi, 2, 1);
-  griglia->addWidget(Didascalia(tr("Lordo"), totale_), 3, 0);
-  griglia->addLayout(DisponiPulsanti(), 3, 1);
-  griglia->setColumnStretch(1, 1);
-  return griglia;
-}
-
-QHBoxLayout* RiquadroRigaIva::DisponiPulsanti() {
-  auto* pulsanti = RigaCampi();
-  pulsanti->addWidget(totale_);
-  pulsanti->addWidget(scorpora_);
-  pulsanti->addStretch(1);
-  for (auto* pulsante : {conferma_, elimina_, annulla_}) pulsanti->addWidget(pulsante);
-  return pulsanti;
-}
-
-void RiquadroRigaIva::OrdineTab() {
-  Ordina({conto_, codIva_, imponibile_, iva_, ivaInd_, descrizione_, categoria_, commessa_,
-          conferma_, elimina_, annulla_, totale_, scorpora_, posi_});
+  connect(&campi_->Pulsante(kScorpora), &QAbstractButton::clicked, this,
+          &RiquadroRigaIva::Scorpora);
 }
 
 QList<QAbstractButton*> RiquadroRigaIva::Pulsanti() const {
-  return RiquadroDiRiga::Pulsanti() << scorpora_;
+  return RiquadroDiRiga::Pulsanti() << &campi_->Pulsante(kScorpora);
 }
 
-void RiquadroRigaIva::CampoLasciato(const QString& campo, bool cambiato) {
-  if (!cambiato || !RigaAperta()) return;
-  caso_.RigaLasciata(campo.toStdString());
-  legatura_->Mostra();
-}
-
-void RiquadroRigaIva::Mostra() {
-  const bool scrivibile = !caso_.SolaLettura();
-  for (QWidget* campo : std::initializer_list<QWidget*>{
-           posi_, conto_, codIva_, descrizione_, categoria_, commessa_, imponibile_, iva_, ivaInd_,
-           totale_, scorpora_, conferma_, elimina_}) {
-    campo->setEnabled(scrivibile);
-  }
-  quale_->setText(caso_.RigaNuova() ? tr("nuova riga") : tr("riga esistente"));
-  legatura_->Mostra();
-}
-
-void RiquadroRigaIva::Entra() {
-  Mostra();
-  show();
-  auto* vuoto = conferma_->isEnabled() ? PrimoVuoto() : nullptr;
-  if (vuoto != nullptr) {
-    vuoto->setFocus();
-  } else {
-    PrendiFoco();
-  }
-}
-
-QWidget* RiquadroRigaIva::PrimoVuoto() const {
+std::string RiquadroRigaIva::PrimoCampo() const {
   const auto& riga = caso_.Riga();
-  if (riga.Testo("Conto").empty()) return conto_;
-  if (riga.Testo("CodIva").empty()) return codIva_;
-  return riga.Leggi("Imponibile").Importo().Zero() ? imponibile_ : nullptr;
+  for (const char* codice : {"Conto", "CodIva"}) {
+    if (riga.Testo(codice).empty()) return codice;
+  }
+  return riga.Leggi("Imponibile").Importo().Zero() ? "Imponibile" : "";
 }
 
 void RiquadroRigaIva::Scorpora() {
   if (!legatura_->Raccogli()) return;
   caso_.PulisciImporti();
   legatura_->Mostra();
-  if (codIva_->text().isEmpty()) {
-    codIva_->setFocus();
+  auto& codIva = campi_->Codice("CodIva");
+  if (codIva.text().isEmpty()) {
+    codIva.setFocus();
   } else {
     PrendiFoco();
   }
-}
-
-bool RiquadroRigaIva::ConfermaRiga() {
-  std::string campo;
-  if (caso_.ConfermaRiga(&campo)) return true;
-  Mostra();
-  if (auto* controllo = findChild<QWidget*>(QString::fromStdString(campo));
-      controllo != nullptr && !campo.empty()) {
-    controllo->setFocus();
-  }
-  return false;
 }
 
 }  // namespace fenalto::screens
