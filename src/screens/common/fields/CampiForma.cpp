@@ -283,6 +283,12 @@ void CampiForma::Applica(const Stato& stato, bool solaLettura) {
   }
 }
 
+bool CampiForma::ConRiquadri() const {
+  return std::any_of(griglie_.begin(), griglie_.end(), [](const auto& griglia) {
+    return griglia->riquadro != nullptr && !griglia->riquadro->isHidden();
+  });
+}
+
 void CampiForma::Rileggi() {
   for (const auto& voce : voci_) {
     auto* codice = qobject_cast<CampoCodice*>(voce.controllo);

@@ -42,6 +42,8 @@ class CampiForma : public QObject {
 
   /// Shows each field and frame as `stato` says; none can be typed in when `solaLettura`.
   void Applica(const Stato& stato, bool solaLettura);
+  /// Whether some frame is shown.
+  [[nodiscard]] bool ConRiquadri() const;
   /// Looks the descriptions of codes up again.
   void Rileggi();
   /// Gives the focus to a field, or to the first that can be typed in when `nome` is empty or

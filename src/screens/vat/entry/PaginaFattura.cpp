@@ -149,12 +149,9 @@ void PaginaFattura::Mostra() {
 void PaginaFattura::MostraCampi(bool scrivibile) {
   testa_->Applica([this](const std::string& nome) { return StatoTestaFattura(caso_, nome); },
                   !scrivibile);
-  const auto stato = [this](const std::string& nome) { return StatoOpzioniFattura(caso_, nome); };
-  opzioni_->Applica(stato, !scrivibile);
-  const auto riquadri = FormaOpzioniFattura().riquadri;
-  opzioniInVista_->setVisible(
-      std::any_of(riquadri.begin(), riquadri.end(),
-                  [&](const auto& riquadro) { return stato(riquadro.nome).visibile; }));
+  opzioni_->Applica([this](const std::string& nome) { return StatoOpzioniFattura(caso_, nome); },
+                    !scrivibile);
+  opzioniInVista_->setVisible(opzioni_->ConRiquadri());
 }
 
 void PaginaFattura::VediScadenze() {
