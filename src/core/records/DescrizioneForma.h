@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace fenalto::records {
@@ -76,7 +77,62 @@ struct CampoForma {
   bool fermo = false;      ///< to be read and copied, not typed
   /// Passing through it by key counts as leaving it with a new value.
   bool anchePassando = false;
+
+  // What a table adds to a field, so that each is a line of it:
+  //   Digitato("NProt", "Protocollo").Accanto().Mostra(8).Aiuto(kAssegnato).Turno(2),
+  CampoForma&& Di(GenereCampo suo) && { return Con(genere, suo); }
+  CampoForma&& In(std::string nomeRiquadro) && { return Con(riquadro, std::move(nomeRiquadro)); }
+  CampoForma&& Accanto() && { return Con(accanto, true); }
+  CampoForma&& AlMargine() && { return Con(alMargine, true); }
+  CampoForma&& Maiuscolo() && { return Con(maiuscole, true); }
+  CampoForma&& Elencato() && { return Con(elenco, true); }
+  CampoForma&& Fermo() && { return Con(fermo, true); }
+  CampoForma&& AnchePassando() && { return Con(anchePassando, true); }
+  CampoForma&& Mostra(int quanti) && { return Con(mostrati, quanti); }
+  CampoForma&& Decimali(int quanti) && { return Con(decimali, quanti); }
+  CampoForma&& Colonna(int quale) && { return Con(colonna, quale); }
+  CampoForma&& Colonne(int quante) && { return Con(colonne, quante); }
+  CampoForma&& Peso(int suo) && { return Con(peso, suo); }
+  CampoForma&& Turno(int suo) && { return Con(turno, suo); }
+  CampoForma&& Aiuto(std::string testo) && { return Con(suggerimento, std::move(testo)); }
+  CampoForma&& Nota(std::string testo) && { return Con(nota, std::move(testo)); }
+  CampoForma&& Segnaposto(std::string testo) && { return Con(segnaposto, std::move(testo)); }
+  CampoForma&& CapoLinea(std::string testo) && { return Con(capoLinea, std::move(testo)); }
+  CampoForma&& Nomina(std::string diDidascalia) && {
+    return Con(nomeDidascalia, std::move(diDidascalia));
+  }
+  CampoForma&& Scelte(std::vector<VoceScelta> voci) && { return Con(scelte, std::move(voci)); }
+
+ private:
+  template <class T>
+  CampoForma&& Con(T& membro, T valore) {
+    membro = std::move(valore);
+    return std::move(*this);
+  }
 };
+
+/// A field of the record's own type.
+inline CampoForma Digitato(std::string nome, std::string didascalia = {}, int caratteri = 0) {
+  return {.nome = std::move(nome), .didascalia = std::move(didascalia), .caratteri = caratteri};
+}
+
+/// An amount in the company's money.
+inline CampoForma DiMoneta(std::string nome, std::string didascalia, int caratteri) {
+  return Digitato(std::move(nome), std::move(didascalia), caratteri).Decimali(kDecimaliMoneta);
+}
+
+inline CampoForma DiCodice(std::string nome, std::string didascalia, FonteCampo fonte,
+                           int caratteri = 0) {
+  CampoForma campo = Digitato(std::move(nome), std::move(didascalia), caratteri);
+  campo.genere = GenereCampo::Codice;
+  campo.fonte = std::move(fonte);
+  return campo;
+}
+
+/// A label.
+inline CampoForma Mostrato(std::string nome, GenereCampo genere, std::string didascalia = {}) {
+  return {.nome = std::move(nome), .didascalia = std::move(didascalia), .genere = genere};
+}
 
 /// A frame of a form. Its fields name it.
 struct RiquadroForma {

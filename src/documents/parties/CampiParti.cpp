@@ -41,21 +41,6 @@ records::CampoForma Percento(const char* nome, const char* didascalia, const cha
   return {.nome = nome, .didascalia = didascalia, .caratteri = kPercentuale, .riquadro = riquadro};
 }
 
-records::CampoForma Accanto(records::CampoForma campo) {
-  campo.accanto = true;
-  return campo;
-}
-
-records::CampoForma Elencato(records::CampoForma campo) {
-  campo.elenco = true;
-  return campo;
-}
-
-records::CampoForma Maiuscolo(records::CampoForma campo) {
-  campo.maiuscole = true;
-  return campo;
-}
-
 class Descrittore {
  public:
   Descrittore(archives::DescrizioneArchivio& archivio, const Parte& parte)
@@ -88,36 +73,34 @@ class Descrittore {
 };
 
 void Descrittore::Anagrafica() {
-  records::CampoForma ultimo{.nome = kUltimoCodice,
-                             .didascalia = "ultimo codice",
-                             .genere = records::GenereCampo::Etichetta};
-  Campi({{.nome = "Cod", .didascalia = "Codice", .caratteri = archivio_.caratteriCodice},
-         Accanto(std::move(ultimo)),
-         Testo("ragsoc1", "Ragione sociale", kNome, ""),
-         Testo("ragsoc2", "(seconda riga)", kNome, ""),
-         Testo("Pseudonimo", "Pseudonimo", 20, ""),
-         Testo("indirizzo", "Indirizzo", kNome, ""),
-         Testo("cap", "CAP", 10, "", 6),
-         Accanto(Elencato(Testo("localita", "Località", kNome, "", 28))),
-         Accanto(Maiuscolo(Elencato(Testo("Prov", "Prov.", 4, "")))),
-         Testo("Nazione", "Nazione", kRecapito, "", 20),
-         Maiuscolo(Elencato(Testo("piva", "Partita IVA", kFiscale, ""))),
-         Accanto(Maiuscolo(Testo("CodFisc", "Codice fiscale", kFiscale, ""))),
-         Elencato(Testo("telefono1", "Telefono", kRecapito, "", 20)),
-         Accanto(Testo("telefono2", "altro telefono", kRecapito, "", 20)),
-         Testo("Fax", "Fax", kRecapito, "", 20),
-         Testo("EMail", "E-mail", kPosta, ""),
-         Testo("Internet", "Sito internet", kPosta, "")});
+  Campi(
+      {{.nome = "Cod", .didascalia = "Codice", .caratteri = archivio_.caratteriCodice},
+       records::Mostrato(kUltimoCodice, records::GenereCampo::Etichetta, "ultimo codice").Accanto(),
+       Testo("ragsoc1", "Ragione sociale", kNome, ""),
+       Testo("ragsoc2", "(seconda riga)", kNome, ""),
+       Testo("Pseudonimo", "Pseudonimo", 20, ""),
+       Testo("indirizzo", "Indirizzo", kNome, ""),
+       Testo("cap", "CAP", 10, "", 6),
+       Testo("localita", "Località", kNome, "", 28).Elencato().Accanto(),
+       Testo("Prov", "Prov.", 4, "").Elencato().Maiuscolo().Accanto(),
+       Testo("Nazione", "Nazione", kRecapito, "", 20),
+       Testo("piva", "Partita IVA", kFiscale, "").Elencato().Maiuscolo(),
+       Testo("CodFisc", "Codice fiscale", kFiscale, "").Maiuscolo().Accanto(),
+       Testo("telefono1", "Telefono", kRecapito, "", 20).Elencato(),
+       Testo("telefono2", "altro telefono", kRecapito, "", 20).Accanto(),
+       Testo("Fax", "Fax", kRecapito, "", 20),
+       Testo("EMail", "E-mail", kPosta, ""),
+       Testo("Internet", "Sito internet", kPosta, "")});
 }
 
 void Descrittore::Contatti() {
   Pagina("PaginaContatti", "Contatti e note");
   Riquadro("Contatti", "Persone da contattare");
   Campi({Testo("Contatto1", "Nome", kNome, "Contatti", 40),
-         Accanto(Testo("TelContatto1", "Telefono", kRecapito, "Contatti", 18)),
+         Testo("TelContatto1", "Telefono", kRecapito, "Contatti", 18).Accanto(),
          Testo("EmailContatto1", "E-mail", kPosta, "Contatti"),
          Testo("Contatto2", "Nome", kNome, "Contatti", 40),
-         Accanto(Testo("TelContatto2", "Telefono", kRecapito, "Contatti", 18)),
+         Testo("TelContatto2", "Telefono", kRecapito, "Contatti", 18).Accanto(),
          Testo("EmailContatto2", "E-mail", kPosta, "Contatti")});
   Riquadro("NoteParte", "Note");
   Campi({{.nome = "Note",
@@ -142,13 +125,13 @@ void Descrittore::Contabilita() {
   }
   Campi({Codice("Categoria", "Categoria", "Categorie", "CATEGORIE", kRiquadro),
          Casella("Ep", "Sospensione IVA", kRiquadro),
-         Accanto(Casella("Elenco", "va negli elenchi annuali", kRiquadro))});
+         Casella("Elenco", "va negli elenchi annuali", kRiquadro).Accanto()});
   Banca();
   if (parte_.Clienti()) return;
   Riquadro(kPersonaFisica, "Persona fisica soggetta a ritenuta");
   Campi(
       {{.nome = "DataNascita", .didascalia = "Nata/o il", .riquadro = kPersonaFisica},
-       Accanto(Testo("LuogoNascita", "a", kNome, kPersonaFisica, 40)),
+       Testo("LuogoNascita", "a", kNome, kPersonaFisica, 40).Accanto(),
        Casella("CertificazioneCompensi", "riceve la certificazione dei compensi", kPersonaFisica)});
 }
 
@@ -156,11 +139,11 @@ void Descrittore::Banca() {
   constexpr const char* kRiquadro = "RiquadroBanca";
   Riquadro(kRiquadro, parte_.Clienti() ? "Banca del cliente" : "Banca del fornitore");
   Campi({Testo("Banca", "Banca", kNome, kRiquadro), Testo("Agenzia", "Agenzia", kNome, kRiquadro),
-         Maiuscolo(Testo("CinInt", "stato/cin int", 4, kRiquadro)),
-         Accanto(Maiuscolo(Testo("Cin", "cin", 1, kRiquadro, 2))),
-         Accanto(Testo("Abi", "abi", 5, kRiquadro)), Accanto(Testo("CAB", "cab", 5, kRiquadro)),
-         Accanto(Maiuscolo(Testo("ContoBanca", "conto corrente", 12, kRiquadro))),
-         Maiuscolo(Testo("Bic", "bic (swift code)", 11, kRiquadro))});
+         Testo("CinInt", "stato/cin int", 4, kRiquadro).Maiuscolo(),
+         Testo("Cin", "cin", 1, kRiquadro, 2).Maiuscolo().Accanto(),
+         Testo("Abi", "abi", 5, kRiquadro).Accanto(), Testo("CAB", "cab", 5, kRiquadro).Accanto(),
+         Testo("ContoBanca", "conto corrente", 12, kRiquadro).Maiuscolo().Accanto(),
+         Testo("Bic", "bic (swift code)", 11, kRiquadro).Maiuscolo()});
 }
 
 void Descrittore::Condizioni() {
@@ -183,7 +166,7 @@ void Descrittore::Condizioni() {
   Campi({Testo("SpRiBa", "Spese incasso/riba da addebitare in fattura", 20, kFatturazione),
          Testo("CodForn", "codice fornitore per fileconad", 20, kFatturazione),
          Casella("RaggrRigheDdt", "raggruppa le righe dei ddt", kFatturazione),
-         Accanto(Casella("ConsumatoreFin", "consumatore finale", kFatturazione)),
+         Casella("ConsumatoreFin", "consumatore finale", kFatturazione).Accanto(),
          Casella("EscludoFatAuto", "ddt esclusi dalla fatturazione automatica", kFatturazione)});
 }
 
@@ -200,7 +183,7 @@ void Descrittore::Prezzi() {
   records::CampoForma listino = Testo("listino", "Listino", 10, kRiquadro);
   listino.nota = "il cliente è soggetto ad uno specifico listino";
   Campi({std::move(prezzo), std::move(listino), Percento("Sc1", "Sconti %", kRiquadro),
-         Accanto(Percento("Sc2", "", kRiquadro)), Accanto(Percento("Sc3", "", kRiquadro))});
+         Percento("Sc2", "", kRiquadro).Accanto(), Percento("Sc3", "", kRiquadro).Accanto()});
 }
 
 void Descrittore::Scritte() {
@@ -230,8 +213,8 @@ void Descrittore::Destinazione() {
          Testo("ragsoc2Dest", "(seconda riga)", kNome, kPredefinita),
          Testo("indirizzodest", "Indirizzo", kNome, kPredefinita),
          Testo("capdest", "CAP", 10, kPredefinita, 6),
-         Accanto(Testo("localitadest", "Località", kNome, kPredefinita, 28)),
-         Accanto(Maiuscolo(Testo("provdest", "Prov.", 4, kPredefinita)))});
+         Testo("localitadest", "Località", kNome, kPredefinita, 28).Accanto(),
+         Testo("provdest", "Prov.", 4, kPredefinita).Maiuscolo().Accanto()});
   if (parte_.Clienti()) {
     Campi({Testo("CodDest", "Cod.destinazione per fileconad", 20, kPredefinita)});
   }

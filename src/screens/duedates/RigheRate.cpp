@@ -8,30 +8,23 @@
 namespace fenalto::screens {
 namespace {
 
+using records::DiCodice;
+using records::Digitato;
+
 records::DescrizioneForma FormaRata() {
   constexpr int kCifre = 5;
-  return {
-      .campi = {
-          {.nome = "Rata", .didascalia = "Rata", .caratteri = 2, .mostrati = kCifre},
-          {.nome = "PercImporto",
-           .didascalia = "Percentuale",
-           .caratteri = 9,
-           .decimali = 0,
-           .accanto = true},
-          {.nome = "DopoMesi", .didascalia = "Dopo mesi", .caratteri = kCifre},
-          {.nome = "DopoGiorni", .didascalia = "e giorni", .caratteri = kCifre, .accanto = true},
-          {.nome = "FineMese", .didascalia = "fine mese", .capoLinea = "Scadenza"},
-          {.nome = "DataFattura", .didascalia = "data fattura", .accanto = true},
-          {.nome = "GiornoFisso", .didascalia = "giorno fisso del mese dopo:", .accanto = true},
-          {.nome = "GGFisso", .caratteri = kCifre, .accanto = true},
-          {.nome = "Tipo",
-           .didascalia = "Tipo",
-           .caratteri = kCifre,
-           .genere = records::GenereCampo::Codice,
-           .fonte = DaTipiPagamento(),
-           .suggerimento = "per le riba su fatture tipo=03, negli altri casi il tipo è "
-                           "solo un'indicazione"},
-          {.nome = "Descrizione", .didascalia = "Descrizione", .mostrati = 39}}};
+  return {.campi = {Digitato("Rata", "Rata", 2).Mostra(kCifre),
+                    Digitato("PercImporto", "Percentuale", 9).Decimali(0).Accanto(),
+                    Digitato("DopoMesi", "Dopo mesi", kCifre),
+                    Digitato("DopoGiorni", "e giorni", kCifre).Accanto(),
+                    Digitato("FineMese", "fine mese").CapoLinea("Scadenza"),
+                    Digitato("DataFattura", "data fattura").Accanto(),
+                    Digitato("GiornoFisso", "giorno fisso del mese dopo:").Accanto(),
+                    Digitato("GGFisso", "", kCifre).Accanto(),
+                    DiCodice("Tipo", "Tipo", DaTipiPagamento(), kCifre)
+                        .Aiuto("per le riba su fatture tipo=03, negli altri casi il tipo è solo "
+                               "un'indicazione"),
+                    Digitato("Descrizione", "Descrizione").Mostra(39)}};
 }
 
 }  // namespace

@@ -15,99 +15,63 @@ namespace fenalto::screens {
 namespace {
 
 using records::CampoForma;
+using records::DiCodice;
+using records::Digitato;
 using Genere = records::GenereCampo;
 
+constexpr int kParte = 11;
+constexpr int kImporto = 13;
+constexpr int kNumero = 7;
+constexpr const char* kScadenza = "FrameScadenza";
 constexpr const char* kFattura = "FrameFattura";
 constexpr const char* kRiba = "FrameRiba";
 
-void AggiungiScadenza(std::vector<CampoForma>& campi) {
-  constexpr const char* kRiquadro = "FrameScadenza";
-  constexpr int kParte = 11;
-  constexpr int kImporto = 13;
-  const std::vector<CampoForma> suoi = {
-      {.nome = "CFP",
-       .didascalia = "Cliente/fornitore",
-       .genere = Genere::Elenco,
-       .scelte = {{.valore = "C"}, {.valore = "F"}},
-       .suggerimento = "C cliente, F fornitore"},
-      {.nome = "Conto",
-       .caratteri = kParte,
-       .genere = Genere::Codice,
-       .fonte = DaConti("C"),
-       .accanto = true,
-       .peso = 1},
-      {.nome = "Dt", .didascalia = "Data scadenza"},
-      {.nome = "Tipo",
-       .didascalia = "Tipo",
-       .caratteri = 5,
-       .genere = Genere::Codice,
-       .fonte = DaTipiPagamento(),
-       .accanto = true,
-       .suggerimento = "03 ricevuta bancaria; negli altri casi è solo un'indicazione",
-       .peso = 1},
-      {.nome = "Stato",
-       .didascalia = "Stato",
-       .caratteri = 2,
-       .nota = kStati,
-       .accanto = true,
-       .mostrati = 3,
-       .suggerimento = kStati},
-      {.nome = "ImportoE", .didascalia = "Importo", .caratteri = kImporto},
-      {.nome = "ImportoPagatoE", .didascalia = "Pagato", .caratteri = kImporto, .accanto = true},
-      {.nome = "DtPag", .didascalia = "il", .accanto = true},
-      {.nome = "anticipo",
-       .didascalia = "anticipo su fattura da emettere o ricevere",
-       .accanto = true},
-      {.nome = "Descrizione", .didascalia = "Descrizione", .caratteri = 64, .peso = 1},
-      {.nome = "Pagamento",
-       .didascalia = "Pagamento",
-       .caratteri = kParte,
-       .genere = Genere::Codice,
-       .fonte = DaPagamenti(),
-       .peso = 1}};
-  for (CampoForma campo : suoi) {
-    campo.riquadro = kRiquadro;
-    campi.push_back(std::move(campo));
-  }
-}
-
 CampoForma DiFattura(const char* nome, const char* didascalia, int colonna, int caratteri = 0) {
-  return {.nome = nome,
-          .didascalia = didascalia,
-          .caratteri = caratteri,
-          .riquadro = kFattura,
-          .colonna = colonna};
+  return Digitato(nome, didascalia, caratteri).In(kFattura).Colonna(colonna);
 }
 
 records::DescrizioneForma FormaScadenza() {
-  constexpr int kNumero = 7;
-  records::DescrizioneForma forma;
-  AggiungiScadenza(forma.campi);
-  forma.riquadri = {{.nome = "FrameScadenza", .titolo = "Scadenza", .largo = true},
-                    {.nome = kFattura, .titolo = "Fattura e registrazione"},
-                    {.nome = kRiba, .titolo = "Dati riba"}};
-  CampoForma programma = DiFattura("Programma", "Scritta da", 0);
-  programma.genere = Genere::Etichetta;
-  programma.suggerimento = "chi ha scritto la scadenza";
-  const std::vector<CampoForma> altri = {
-      DiFattura("NFat", "Fattura n.", 0, kNumero),
-      DiFattura("DtFat", "del", 1),
-      DiFattura("Riva", "Registro iva", 0, 6),
-      DiFattura("NProt", "Protocollo", 1, kNumero),
-      DiFattura("Articolo", "Registrazione n.", 0, kNumero),
-      DiFattura("Anno", "anno", 1, kNumero),
-      programma,
-      {.nome = "BancaPresentaz",
-       .didascalia = "Banca",
-       .caratteri = 5,
-       .genere = Genere::Codice,
-       .fonte = DaBanche(),
-       .riquadro = kRiba,
-       .peso = 1},
-      {.nome = "Ndistinta", .didascalia = "Distinta n.", .caratteri = kNumero, .riquadro = kRiba},
-      {.nome = "DtPres", .didascalia = "Presentata il", .riquadro = kRiba}};
-  forma.campi.insert(forma.campi.end(), altri.begin(), altri.end());
-  return forma;
+  return {.campi = {Digitato("CFP", "Cliente/fornitore")
+                        .Di(Genere::Elenco)
+                        .Scelte({{.valore = "C"}, {.valore = "F"}})
+                        .Aiuto("C cliente, F fornitore")
+                        .In(kScadenza),
+                    DiCodice("Conto", "", DaConti("C"), kParte).In(kScadenza).Accanto().Peso(1),
+                    Digitato("Dt", "Data scadenza").In(kScadenza),
+                    DiCodice("Tipo", "Tipo", DaTipiPagamento(), 5)
+                        .In(kScadenza)
+                        .Accanto()
+                        .Aiuto("03 ricevuta bancaria; negli altri casi è solo un'indicazione")
+                        .Peso(1),
+                    Digitato("Stato", "Stato", 2)
+                        .Mostra(3)
+                        .Aiuto(kStati)
+                        .Nota(kStati)
+                        .In(kScadenza)
+                        .Accanto(),
+                    Digitato("ImportoE", "Importo", kImporto).In(kScadenza),
+                    Digitato("ImportoPagatoE", "Pagato", kImporto).In(kScadenza).Accanto(),
+                    Digitato("DtPag", "il").In(kScadenza).Accanto(),
+                    Digitato("anticipo", "anticipo su fattura da emettere o ricevere")
+                        .In(kScadenza)
+                        .Accanto(),
+                    Digitato("Descrizione", "Descrizione", 64).In(kScadenza).Peso(1),
+                    DiCodice("Pagamento", "Pagamento", DaPagamenti(), kParte).In(kScadenza).Peso(1),
+                    DiFattura("NFat", "Fattura n.", 0, kNumero),
+                    DiFattura("DtFat", "del", 1),
+                    DiFattura("Riva", "Registro iva", 0, 6).Mostra(kNumero),
+                    DiFattura("NProt", "Protocollo", 1, kNumero),
+                    DiFattura("Articolo", "Registrazione n.", 0, kNumero),
+                    DiFattura("Anno", "anno", 1, kNumero),
+                    DiFattura("Programma", "Scritta da", 0)
+                        .Di(Genere::Etichetta)
+                        .Aiuto("chi ha scritto la scadenza"),
+                    DiCodice("BancaPresentaz", "Banca", DaBanche(), 5).In(kRiba).Peso(1),
+                    Digitato("Ndistinta", "Distinta n.", kNumero).In(kRiba),
+                    Digitato("DtPres", "Presentata il").In(kRiba)},
+          .riquadri = {{.nome = kScadenza, .titolo = "Scadenza", .largo = true},
+                       {.nome = kFattura, .titolo = "Fattura e registrazione"},
+                       {.nome = kRiba, .titolo = "Dati riba", .accanto = true}}};
 }
 
 }  // namespace

@@ -16,34 +16,25 @@
 namespace fenalto::screens {
 namespace {
 
+using records::Digitato;
+using records::Mostrato;
 using Genere = records::GenereCampo;
 
 records::DescrizioneForma FormaTesta() {
-  return {.campi = {{.nome = "NumDoc",
-                     .didascalia = "Articolo n.",
-                     .caratteri = 9,
-                     .suggerimento = "vuoto: lo assegna il programma alla conferma"},
-                    {.nome = "ProbabileNumDoc",
-                     .didascalia = "probabile n.",
-                     .genere = Genere::Etichetta,
-                     .accanto = true},
-                    {.nome = "Dt",
-                     .didascalia = "Data",
-                     .accanto = true,
-                     .suggerimento = "15, 1503, 150324 o 15/3: il resto si completa da solo"},
-                    {.nome = "AnnoRegistrazione",
-                     .didascalia = "Anno",
-                     .genere = Genere::Etichetta,
-                     .accanto = true},
-                    {.nome = "AvvisoData", .genere = Genere::Etichetta, .accanto = true},
-                    {.nome = "Duplicabile",
-                     .didascalia = "duplicabile",
-                     .suggerimento = "la registrazione si offre come modello per quelle nuove"},
-                    {.nome = "DescrArtDupl",
-                     .didascalia = "Modello",
-                     .accanto = true,
-                     .segnaposto = "nome nell'elenco delle registrazioni duplicabili",
-                     .peso = 1}},
+  return {.campi = {Digitato("NumDoc", "Articolo n.", 9)
+                        .Aiuto("vuoto: lo assegna il programma alla conferma"),
+                    Mostrato("ProbabileNumDoc", Genere::Etichetta, "probabile n.").Accanto(),
+                    Digitato("Dt", "Data")
+                        .Accanto()
+                        .Aiuto("15, 1503, 150324 o 15/3: il resto si completa da solo"),
+                    Mostrato("AnnoRegistrazione", Genere::Etichetta, "Anno").Accanto(),
+                    Mostrato("AvvisoData", Genere::Etichetta).Accanto(),
+                    Digitato("Duplicabile", "duplicabile")
+                        .Aiuto("la registrazione si offre come modello per quelle nuove"),
+                    Digitato("DescrArtDupl", "Modello")
+                        .Accanto()
+                        .Segnaposto("nome nell'elenco delle registrazioni duplicabili")
+                        .Peso(1)},
           .stretta = true};
 }
 

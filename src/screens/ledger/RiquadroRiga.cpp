@@ -14,76 +14,41 @@
 namespace fenalto::screens {
 namespace {
 
-using records::CampoForma;
-using Genere = records::GenereCampo;
+using records::DiCodice;
+using records::Digitato;
+using records::DiMoneta;
 
 constexpr const char* kControp = "FrameControp";
 
 /// A class of account: typed or picked.
-CampoForma Classe(const char* nome, const char* riquadro) {
-  return {.nome = nome,
-          .didascalia = "C/F/P",
-          .genere = Genere::Combinata,
-          .scelte = {{"P"}, {"C"}, {"F"}},
-          .riquadro = riquadro,
-          .suggerimento = "P conto, C cliente, F fornitore"};
-}
-
-/// A code that shares the room of its pair of the grid, or of its line.
-CampoForma Codice(const char* nome, const char* didascalia, records::FonteCampo fonte,
-                  const char* riquadro = "") {
-  constexpr int kCaratteri = 13;
-  return {.nome = nome,
-          .didascalia = didascalia,
-          .caratteri = kCaratteri,
-          .genere = Genere::Codice,
-          .fonte = std::move(fonte),
-          .riquadro = riquadro,
-          .accanto = *riquadro != 0,
-          .colonna = 1,
-          .peso = 3};
-}
-
-CampoForma DiImporto(const char* nome, const char* didascalia, int colonna) {
-  return {.nome = nome,
-          .didascalia = didascalia,
-          .caratteri = 14,
-          .decimali = records::kDecimaliMoneta,
-          .colonna = colonna};
+records::CampoForma Classe(const char* nome) {
+  return Digitato(nome, "C/F/P")
+      .Di(records::GenereCampo::Combinata)
+      .Scelte({{"P"}, {"C"}, {"F"}})
+      .Aiuto("P conto, C cliente, F fornitore");
 }
 
 records::DescrizioneForma FormaRiga() {
-  CampoForma causale = Codice("Causale", "Causale", DaCausali());
-  // One proposed by the program counts too when it is just passed through.
-  causale.anchePassando = true;
-  return {.campi = {{.nome = "Posi", .didascalia = "Posizione", .caratteri = 7},
-                    std::move(causale),
-                    {.nome = "Descrizione",
-                     .didascalia = "Descrizione",
-                     .colonna = 2,
-                     .colonne = 2,
-                     .peso = 2},
-                    Classe("CFP", ""),
-                    Codice("Conto", "Conto", DaConti()),
-                    DiImporto("ImpoDare", "Dare", 2),
-                    DiImporto("ImpoAvere", "Avere", 3),
-                    Classe("CFPControp", kControp),
-                    Codice("ContoControp", "Conto", DaContropartite(), kControp),
-                    {.nome = "DiversiControp",
-                     .didascalia = "+diversi",
-                     .riquadro = kControp,
-                     .accanto = true},
-                    {.nome = "Categoria",
-                     .didascalia = "Categoria",
-                     .caratteri = 7,
-                     .genere = Genere::Codice,
-                     .fonte = DaCategorie(),
-                     .colonna = 2,
-                     .colonne = 2,
-                     .peso = 2},
-                    {.nome = "Commessa", .didascalia = "Commessa", .mostrati = 14, .colonna = 2}},
-          .riquadri = {{.nome = kControp, .titolo = "Contropartita", .colonne = 2, .righe = 2}},
-          .stretta = true};
+  constexpr int kCodice = 13;
+  constexpr int kImporto = 14;
+  return {
+      .campi =
+          {Digitato("Posi", "Posizione", 7),
+           // A causal proposed by the program counts too when it is just passed through.
+           DiCodice("Causale", "Causale", DaCausali(), kCodice).Colonna(1).Peso(3).AnchePassando(),
+           Digitato("Descrizione", "Descrizione").Colonna(2).Colonne(2).Peso(2), Classe("CFP"),
+           DiCodice("Conto", "Conto", DaConti(), kCodice).Colonna(1).Peso(3),
+           DiMoneta("ImpoDare", "Dare", kImporto).Colonna(2),
+           DiMoneta("ImpoAvere", "Avere", kImporto).Colonna(3), Classe("CFPControp").In(kControp),
+           DiCodice("ContoControp", "Conto", DaContropartite(), kCodice)
+               .In(kControp)
+               .Accanto()
+               .Peso(1),
+           Digitato("DiversiControp", "+diversi").In(kControp).Accanto(),
+           DiCodice("Categoria", "Categoria", DaCategorie(), 7).Colonna(2).Colonne(2).Peso(2),
+           Digitato("Commessa", "Commessa").Mostra(14).Colonna(2)},
+      .riquadri = {{.nome = kControp, .titolo = "Contropartita", .colonne = 2, .righe = 2}},
+      .stretta = true};
 }
 
 }  // namespace

@@ -5,26 +5,17 @@
 namespace fenalto::screens {
 namespace {
 
+using records::Digitato;
+
 records::DescrizioneForma FormaDestinazione() {
   constexpr int kNome = 50;
-  constexpr int kCodice = 20;
-  return {.campi = {{.nome = "RagSoc1Dest_R", .didascalia = "Ragione sociale", .caratteri = kNome},
-                    {.nome = "ragsoc2Dest_R", .didascalia = "(seconda riga)", .caratteri = kNome},
-                    {.nome = "indirizzodest_R", .didascalia = "Indirizzo", .caratteri = kNome},
-                    {.nome = "capdest_r", .didascalia = "CAP", .caratteri = 10, .mostrati = 6},
-                    {.nome = "localitadest_r",
-                     .didascalia = "Località",
-                     .caratteri = kNome,
-                     .accanto = true,
-                     .mostrati = 28},
-                    {.nome = "provdest_r",
-                     .didascalia = "Prov.",
-                     .caratteri = 4,
-                     .maiuscole = true,
-                     .accanto = true},
-                    {.nome = "CODDEST",
-                     .didascalia = "Cod.destinazione per fileconad",
-                     .caratteri = kCodice}}};
+  return {.campi = {Digitato("RagSoc1Dest_R", "Ragione sociale", kNome),
+                    Digitato("ragsoc2Dest_R", "(seconda riga)", kNome),
+                    Digitato("indirizzodest_R", "Indirizzo", kNome),
+                    Digitato("capdest_r", "CAP", 10).Mostra(6),
+                    Digitato("localitadest_r", "Località", kNome).Mostra(28).Accanto(),
+                    Digitato("provdest_r", "Prov.", 4).Maiuscolo().Accanto(),
+                    Digitato("CODDEST", "Cod.destinazione per fileconad", 20)}};
 }
 
 std::vector<std::vector<Valore>> Celle(const documents::DestinazioniCliente& destinazioni) {

@@ -73,28 +73,13 @@ void FinestraInsoluti::AltriCampi(records::DescrizioneForma& forma) {
   constexpr const char* kRiba = "FrameRiba";
   constexpr const char* kPagamento = "FramePagamento";
   const std::vector<records::CampoForma> suoi = {
-      {.nome = "BancaPresentaz",
-       .didascalia = "Banca",
-       .caratteri = 4,
-       .genere = records::GenereCampo::Codice,
-       .fonte = DaBanche(),
-       .riquadro = kRiba,
-       .peso = 1},
-      {.nome = "Ndistinta",
-       .didascalia = "Distinta n.",
-       .caratteri = kCifreNumero - 1,
-       .riquadro = kRiba,
-       .accanto = true},
-      {.nome = "DtPres", .didascalia = "del", .riquadro = kRiba, .accanto = true},
-      {.nome = "ImportoPagatoE",
-       .didascalia = "Importo pagato",
-       .caratteri = kCifreImporto - 1,
-       .riquadro = kPagamento,
-       .fermo = true},
-      {.nome = kEffettuata,
-       .genere = records::GenereCampo::Etichetta,
-       .riquadro = kPagamento,
-       .accanto = true}};
+      records::DiCodice("BancaPresentaz", "Banca", DaBanche(), 4).In(kRiba).Peso(1),
+      records::Digitato("Ndistinta", "Distinta n.", kCifreNumero - 1).In(kRiba).Accanto(),
+      records::Digitato("DtPres", "del").In(kRiba).Accanto(),
+      records::Digitato("ImportoPagatoE", "Importo pagato", kCifreImporto - 1)
+          .In(kPagamento)
+          .Fermo(),
+      records::Mostrato(kEffettuata, records::GenereCampo::Etichetta).In(kPagamento).Accanto()};
   forma.campi.insert(forma.campi.end(), suoi.begin(), suoi.end());
   forma.riquadri.push_back({.nome = kRiba, .titolo = "Dati riba", .pagina = kRiba});
   forma.riquadri.push_back(

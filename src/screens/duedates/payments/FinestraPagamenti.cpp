@@ -41,46 +41,37 @@ QLabel* Totale(const char* nome) {
   return etichetta;
 }
 
-records::CampoForma Codice(const std::string& nome, const char* didascalia, int caratteri,
-                           records::FonteCampo fonte, const char* riquadro) {
-  return {.nome = nome,
-          .didascalia = didascalia,
-          .caratteri = caratteri,
-          .genere = records::GenereCampo::Codice,
-          .fonte = std::move(fonte),
-          .riquadro = riquadro,
-          .accanto = true,
-          .peso = 1};
-}
-
 /// Settings of the registration; the registration itself may be left out for one party.
 records::DescrizioneForma FormaImpostazioni(bool piuParti) {
   constexpr const char* kRiquadro = "FrameImpostazioni";
-  constexpr int kCausale = 5;
   constexpr int kConto = 10;
-  const std::string numero = piuParti ? "1" : "2";
+  const std::string n = piuParti ? "1" : "2";
+  const auto codice = [&](const char* nome, const char* didascalia, records::FonteCampo fonte,
+                          int caratteri) {
+    return records::DiCodice(nome + n, didascalia, std::move(fonte), caratteri)
+        .In(kRiquadro)
+        .Accanto()
+        .Peso(1);
+  };
   records::DescrizioneForma forma{
-      .campi = {Codice("CausalePagScad" + numero, "Causale", kCausale, DaCausali(), kRiquadro),
-                Codice("ContropartitaPagScad" + numero, "Contropartita", kConto, DaContropartite(),
-                       kRiquadro),
-                Codice("ContoArrotondamentiPagScad" + numero, "Arrotondamenti", kConto,
-                       DaContropartite(), kRiquadro)},
+      .campi = {codice("CausalePagScad", "Causale", DaCausali(), 5),
+                codice("ContropartitaPagScad", "Contropartita", DaContropartite(), kConto),
+                codice("ContoArrotondamentiPagScad", "Arrotondamenti", DaContropartite(), kConto)},
       .riquadri = {{.nome = kRiquadro, .titolo = "Registrazione contabile", .largo = true}}};
   if (piuParti) return forma;
-  forma.campi.push_back({.nome = "RegistrazioneContabilePagScad2",
-                         .didascalia = "Creo registrazione contabile",
-                         .riquadro = kRiquadro,
-                         .accanto = true});
+  forma.campi.push_back(
+      records::Digitato("RegistrazioneContabilePagScad2", "Creo registrazione contabile")
+          .In(kRiquadro)
+          .Accanto());
   return forma;
 }
 
 records::DescrizioneForma FormaRiga() {
   constexpr int kImporto = kCifreImporto - 1;
-  return {.campi = {
-              {.nome = "Importo", .didascalia = "Da saldare", .caratteri = kImporto, .fermo = true},
-              {.nome = "ImportoPagato", .didascalia = "Importo pagato", .caratteri = kImporto},
-              {.nome = "Arrotondamento", .didascalia = "Arrotondamento", .caratteri = kImporto},
-              {.nome = "Saldata", .didascalia = "scadenza saldata"}}};
+  return {.campi = {records::Digitato("Importo", "Da saldare", kImporto).Fermo(),
+                    records::Digitato("ImportoPagato", "Importo pagato", kImporto),
+                    records::Digitato("Arrotondamento", "Arrotondamento", kImporto),
+                    records::Digitato("Saldata", "scadenza saldata")}};
 }
 
 }  // namespace

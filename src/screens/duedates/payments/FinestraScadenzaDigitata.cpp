@@ -15,76 +15,43 @@
 namespace fenalto::screens {
 namespace {
 
-using Genere = records::GenereCampo;
+using records::DiCodice;
+using records::Digitato;
 
 constexpr const char* kScadenza = "FrameScadenza";
 constexpr const char* kRegistrazione = "FrameRegistrazione";
 
 /// `numero` is that of the settings' keys.
 records::DescrizioneForma FormaScadenzaDigitata(const std::string& numero) {
-  constexpr int kDescrizione = 64;
   constexpr int kCodice = 5;
-  return {.campi = {{.nome = "Dt", .didascalia = "Data scadenza", .riquadro = kScadenza},
-                    {.nome = "ImportoE",
-                     .didascalia = "Importo",
-                     .caratteri = kCifreImporto - 1,
-                     .riquadro = kScadenza,
-                     .colonna = 1},
-                    {.nome = "Tipo",
-                     .didascalia = "Tipo",
-                     .caratteri = kCodice,
-                     .genere = Genere::Codice,
-                     .fonte = DaTipiPagamento(),
-                     .riquadro = kScadenza},
-                    {.nome = "Stato",
-                     .didascalia = "Stato",
-                     .caratteri = 2,
-                     .riquadro = kScadenza,
-                     .suggerimento = kStati,
-                     .colonna = 1},
-                    {.nome = "NFat",
-                     .didascalia = "Fattura n.",
-                     .caratteri = kCifreNumero - 1,
-                     .riquadro = kScadenza},
-                    {.nome = "DtFat", .didascalia = "del", .riquadro = kScadenza, .colonna = 1},
-                    {.nome = "Descrizione",
-                     .didascalia = "Descrizione",
-                     .caratteri = kDescrizione,
-                     .riquadro = kScadenza,
-                     .colonne = 2},
-                    {.nome = "RegistrazioneContabilePagScad" + numero,
-                     .didascalia = "Creo registrazione contabile",
-                     .riquadro = kRegistrazione,
-                     .alMargine = true},
-                    {.nome = "DtReg",
-                     .didascalia = "Data registrazione",
-                     .riquadro = kRegistrazione,
-                     .colonna = 1},
-                    {.nome = "DescrizioneContabile",
-                     .didascalia = "Descrizione contabile",
-                     .riquadro = kRegistrazione,
-                     .colonne = 2,
-                     .peso = 1},
-                    {.nome = "CausalePagScad" + numero,
-                     .didascalia = "Causale",
-                     .caratteri = kCodice,
-                     .genere = Genere::Codice,
-                     .fonte = DaCausali(),
-                     .riquadro = kRegistrazione,
-                     .peso = 1},
-                    {.nome = "ContropartitaPagScad" + numero,
-                     .didascalia = "Contropartita",
-                     .caratteri = 10,
-                     .genere = Genere::Codice,
-                     .fonte = DaContropartite(),
-                     .riquadro = kRegistrazione,
-                     .colonna = 1,
-                     .peso = 1}},
-          .riquadri = {{.nome = kScadenza, .titolo = "Scadenza", .largo = true},
-                       {.nome = kRegistrazione,
-                        .titolo = "Registrazione contabile",
-                        .pagina = kRegistrazione,
-                        .largo = true}}};
+  return {
+      .campi = {Digitato("Dt", "Data scadenza").In(kScadenza),
+                Digitato("ImportoE", "Importo", kCifreImporto - 1).In(kScadenza).Colonna(1),
+                DiCodice("Tipo", "Tipo", DaTipiPagamento(), kCodice).In(kScadenza),
+                Digitato("Stato", "Stato", 2).Aiuto(kStati).In(kScadenza).Colonna(1),
+                Digitato("NFat", "Fattura n.", kCifreNumero - 1).In(kScadenza),
+                Digitato("DtFat", "del").In(kScadenza).Colonna(1),
+                Digitato("Descrizione", "Descrizione", 64).In(kScadenza).Colonne(2),
+                Digitato("RegistrazioneContabilePagScad" + numero, "Creo registrazione contabile")
+                    .In(kRegistrazione)
+                    .AlMargine(),
+                Digitato("DtReg", "Data registrazione").In(kRegistrazione).Colonna(1),
+                Digitato("DescrizioneContabile", "Descrizione contabile")
+                    .In(kRegistrazione)
+                    .Colonne(2)
+                    .Peso(1),
+                DiCodice("CausalePagScad" + numero, "Causale", DaCausali(), kCodice)
+                    .In(kRegistrazione)
+                    .Peso(1),
+                DiCodice("ContropartitaPagScad" + numero, "Contropartita", DaContropartite(), 10)
+                    .In(kRegistrazione)
+                    .Colonna(1)
+                    .Peso(1)},
+      .riquadri = {{.nome = kScadenza, .titolo = "Scadenza", .largo = true},
+                   {.nome = kRegistrazione,
+                    .titolo = "Registrazione contabile",
+                    .pagina = kRegistrazione,
+                    .largo = true}}};
 }
 
 }  // namespace

@@ -9,7 +9,11 @@ namespace fenalto::screens {
 namespace {
 
 using records::CampoForma;
+using records::DiCodice;
+using records::Digitato;
+using records::DiMoneta;
 using records::FonteCampo;
+using records::Mostrato;
 using Genere = records::GenereCampo;
 
 constexpr const char* kAssegnato = "vuoto: lo assegna il programma alla conferma";
@@ -26,78 +30,39 @@ bool UnoDi(const std::string& nome, std::initializer_list<const char*> nomi) {
 CampoForma Codice(std::string nome, std::string didascalia, FonteCampo fonte, const char* riquadro,
                   int colonna) {
   constexpr int kCaratteri = 8;
-  return {.nome = std::move(nome),
-          .didascalia = std::move(didascalia),
-          .caratteri = kCaratteri,
-          .genere = Genere::Codice,
-          .fonte = std::move(fonte),
-          .riquadro = riquadro,
-          .colonna = colonna,
-          .peso = 1};
+  return DiCodice(std::move(nome), std::move(didascalia), std::move(fonte), kCaratteri)
+      .In(riquadro)
+      .Colonna(colonna)
+      .Peso(1);
 }
 
-void AggiungiRitenuta(std::vector<CampoForma>& campi, const std::string& quale) {
-  constexpr int kCifre = 11;
-  campi.push_back(Codice("CausaleRitAcc" + quale, quale + ". Causale", DaCausali(), kRitenute, 0));
-  campi.push_back(Codice("ContoRitAcc" + quale, "Conto", DaConti(), kRitenute, 1));
-  campi.push_back({.nome = "ImportoRitAcc" + quale,
-                   .didascalia = "Importo",
-                   .caratteri = kCifre,
-                   .decimali = records::kDecimaliMoneta,
-                   .riquadro = kRitenute,
-                   .colonna = 2});
+CampoForma Casella(const char* nome, const char* testo, const char* riquadro) {
+  return Digitato(nome, testo).In(riquadro).AlMargine();
 }
 
 }  // namespace
 
 records::DescrizioneForma FormaTestaFattura() {
   constexpr int kNumero = 8;
-  constexpr int kFattura = 15;
   constexpr int kCodice = 11;
   return {
-      .campi = {{.nome = "Riva", .didascalia = "Registro iva", .genere = Genere::Titolo},
-                {.nome = "RivaDescrizione", .genere = Genere::Titolo, .accanto = true, .peso = 1},
-                {.nome = "Dt", .didascalia = "Data", .suggerimento = kGiorno},
-                {.nome = "NProt",
-                 .didascalia = "Protocollo",
-                 .accanto = true,
-                 .mostrati = kNumero,
-                 .suggerimento = kAssegnato,
-                 .turno = 2},
-                {.nome = "ProbabileNProt", .genere = Genere::Sommessa, .accanto = true},
-                {.nome = "NumDoc",
-                 .didascalia = "Articolo n.",
-                 .accanto = true,
-                 .mostrati = kNumero,
-                 .suggerimento = kAssegnato,
-                 .turno = 2},
-                {.nome = "ProbabileNumDoc", .genere = Genere::Sommessa, .accanto = true},
-                {.nome = "Contox",
-                 .didascalia = "Fornitore",
-                 .caratteri = kCodice,
-                 .genere = Genere::Codice,
-                 .fonte = DaConti(),
-                 .nomeDidascalia = "EtichettaParte",
-                 .peso = 1},
-                {.nome = "NFat", .didascalia = "N. fattura", .mostrati = kFattura},
-                {.nome = "DtFat",
-                 .didascalia = "del",
-                 .accanto = true,
-                 .nomeDidascalia = "EtichettaDtFat"},
-                {.nome = "DtIncasso", .didascalia = "Data incasso", .accanto = true},
-                {.nome = "Ep", .didascalia = "iva in sospensione", .accanto = true, .turno = 1},
-                {.nome = "Pagamento",
-                 .didascalia = "Pagamento",
-                 .caratteri = kCodice,
-                 .genere = Genere::Codice,
-                 .fonte = DaPagamenti(),
-                 .peso = 1},
-                {.nome = "NotaPagamento", .genere = Genere::Sommessa, .peso = 1},
-                {.nome = "Descrizionex", .didascalia = "Descrizione", .peso = 1},
-                {.nome = "NVarAnPrec",
-                 .didascalia = "nota di variazione anni precedenti",
-                 .accanto = true,
-                 .turno = 1}},
+      .campi =
+          {Mostrato("Riva", Genere::Titolo, "Registro iva"),
+           Mostrato("RivaDescrizione", Genere::Titolo).Accanto().Peso(1),
+           Digitato("Dt", "Data").Aiuto(kGiorno),
+           Digitato("NProt", "Protocollo").Accanto().Mostra(kNumero).Aiuto(kAssegnato).Turno(2),
+           Mostrato("ProbabileNProt", Genere::Sommessa).Accanto(),
+           Digitato("NumDoc", "Articolo n.").Accanto().Mostra(kNumero).Aiuto(kAssegnato).Turno(2),
+           Mostrato("ProbabileNumDoc", Genere::Sommessa).Accanto(),
+           DiCodice("Contox", "Fornitore", DaConti(), kCodice).Nomina("EtichettaParte").Peso(1),
+           Digitato("NFat", "N. fattura").Mostra(15),
+           Digitato("DtFat", "del").Accanto().Nomina("EtichettaDtFat"),
+           Digitato("DtIncasso", "Data incasso").Accanto(),
+           Digitato("Ep", "iva in sospensione").Accanto().Turno(1),
+           DiCodice("Pagamento", "Pagamento", DaPagamenti(), kCodice).Peso(1),
+           Mostrato("NotaPagamento", Genere::Sommessa).Peso(1),
+           Digitato("Descrizionex", "Descrizione").Peso(1),
+           Digitato("NVarAnPrec", "nota di variazione anni precedenti").Accanto().Turno(1)},
       .stretta = true};
 }
 
@@ -118,39 +83,31 @@ records::StatoCampo StatoTestaFattura(const vat::RegistrazioneIva& fatture,
 }
 
 records::DescrizioneForma FormaOpzioniFattura() {
-  constexpr int kTutte = 3;
-  records::DescrizioneForma forma{
+  constexpr int kCifre = 11;
+  return {
       .campi = {Codice("RivaIntra", "Registro", DaRegistriIva("05"), kIntra, 0),
-                {.nome = "NoIntraCosto_a_Forn",
-                 .didascalia = "senza giro costo a fornitore",
-                 .riquadro = kIntra,
-                 .colonna = 1,
-                 .alMargine = true},
+                Casella("NoIntraCosto_a_Forn", "senza giro costo a fornitore", kIntra).Colonna(1),
                 Codice("FornitoreIntra", "Fornitore", DaConti("F"), kIntra, 0),
                 Codice("ContoCostiIntra", "Conto costi", DaConti(), kIntra, 1),
                 Codice("CausaleIntra", "Causale", DaCausali(), kIntra, 0),
                 Codice("PagamentoIntra", "Pagamento", DaPagamenti(), kIntra, 1),
-                {.nome = "BollaDog",
-                 .didascalia = "registra il giro della bolla doganale",
-                 .riquadro = kBolla,
-                 .alMargine = true},
+                Casella("BollaDog", "registra il giro della bolla doganale", kBolla),
                 Codice("PagamentoBollaDog", "Pagamento", DaPagamenti(), kBolla, 1),
                 Codice("FornitoreBollaDog", "Fornitore", DaConti("F"), kBolla, 0),
                 Codice("CausaleBollaDog", "Causale", DaCausali(), kBolla, 1),
-                {.nome = "RitAcc",
-                 .didascalia = "registra la ritenuta d'acconto",
-                 .riquadro = kRitenute,
-                 .colonne = kTutte,
-                 .alMargine = true}},
+                Casella("RitAcc", "registra la ritenuta d'acconto", kRitenute).Colonne(3),
+                Codice("CausaleRitAcc1", "1. Causale", DaCausali(), kRitenute, 0),
+                Codice("ContoRitAcc1", "Conto", DaConti(), kRitenute, 1),
+                DiMoneta("ImportoRitAcc1", "Importo", kCifre).In(kRitenute).Colonna(2),
+                Codice("CausaleRitAcc2", "2. Causale", DaCausali(), kRitenute, 0),
+                Codice("ContoRitAcc2", "Conto", DaConti(), kRitenute, 1),
+                DiMoneta("ImportoRitAcc2", "Importo", kCifre).In(kRitenute).Colonna(2)},
       .riquadri = {{.nome = kIntra,
                     .titolo = "Reverse charge: registrazione sugli acquisti",
                     .largo = true},
                    {.nome = kBolla, .titolo = "Bolla doganale", .largo = true},
                    {.nome = kRitenute, .titolo = "Ritenuta d'acconto", .largo = true}},
       .stretta = true};
-  AggiungiRitenuta(forma.campi, "1");
-  AggiungiRitenuta(forma.campi, "2");
-  return forma;
 }
 
 records::StatoCampo StatoOpzioniFattura(vat::RegistrazioneIva& fatture, const std::string& nome) {

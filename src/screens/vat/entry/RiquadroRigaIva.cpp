@@ -12,61 +12,31 @@
 namespace fenalto::screens {
 namespace {
 
-using records::CampoForma;
-using Genere = records::GenereCampo;
+using records::DiCodice;
+using records::Digitato;
+using records::DiMoneta;
 
 constexpr const char* kScorpora = "PulisciImporti";
 
-CampoForma Codice(const char* nome, const char* didascalia, int caratteri,
-                  records::FonteCampo fonte, int peso) {
-  return {.nome = nome,
-          .didascalia = didascalia,
-          .caratteri = caratteri,
-          .genere = Genere::Codice,
-          .fonte = std::move(fonte),
-          .accanto = true,
-          .peso = peso};
-}
-
-CampoForma DiImporto(const char* nome, const char* didascalia, bool accanto) {
-  constexpr int kCifre = 13;
-  return {.nome = nome,
-          .didascalia = didascalia,
-          .caratteri = kCifre,
-          .decimali = records::kDecimaliMoneta,
-          .accanto = accanto};
-}
-
-CampoForma Lordo() {
-  CampoForma campo = DiImporto("Totale", "Lordo", false);
-  campo.suggerimento = "importo iva compresa, da scorporare";
-  campo.turno = 1;
-  return campo;
-}
-
 records::DescrizioneForma FormaRigaIva() {
-  constexpr int kConto = 11;
   constexpr int kCodice = 6;
-  constexpr int kPosizione = 5;
-  return {.campi = {Codice("Conto", "Conto", kConto, DaConti(), 3),
-                    Codice("CodIva", "Codice iva", kCodice, DaCodiciIva(), 2),
-                    {.nome = "Posi",
-                     .didascalia = "Posizione",
-                     .caratteri = kPosizione,
-                     .accanto = true,
-                     .turno = 2},
-                    DiImporto("Imponibile", "Imponibile", false),
-                    DiImporto("Iva", "Iva", true),
-                    DiImporto("IvaInd", "Iva indetraibile", true),
-                    {.nome = "Descrizione", .didascalia = "Descrizione", .peso = 3},
-                    Codice("Categoria", "Categoria", kCodice, DaCategorie(), 1),
-                    {.nome = "Commessa", .didascalia = "Commessa", .accanto = true, .peso = 1},
-                    Lordo(),
-                    {.nome = kScorpora,
-                     .didascalia = "Scorpora il lordo",
-                     .genere = Genere::Pulsante,
-                     .accanto = true,
-                     .turno = 1}},
+  constexpr int kImporto = 13;
+  return {.campi = {DiCodice("Conto", "Conto", DaConti(), 11).Peso(3),
+                    DiCodice("CodIva", "Codice iva", DaCodiciIva(), kCodice).Accanto().Peso(2),
+                    Digitato("Posi", "Posizione", 5).Accanto().Turno(2),
+                    DiMoneta("Imponibile", "Imponibile", kImporto),
+                    DiMoneta("Iva", "Iva", kImporto).Accanto(),
+                    DiMoneta("IvaInd", "Iva indetraibile", kImporto).Accanto(),
+                    Digitato("Descrizione", "Descrizione").Peso(3),
+                    DiCodice("Categoria", "Categoria", DaCategorie(), kCodice).Accanto().Peso(1),
+                    Digitato("Commessa", "Commessa").Accanto().Peso(1),
+                    DiMoneta("Totale", "Lordo", kImporto)
+                        .Aiuto("importo iva compresa, da scorporare")
+                        .Turno(1),
+                    Digitato(kScorpora, "Scorpora il lordo")
+                        .Di(records::GenereCampo::Pulsante)
+                        .Accanto()
+                        .Turno(1)},
           .stretta = true};
 }
 
