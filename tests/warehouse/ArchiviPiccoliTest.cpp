@@ -232,7 +232,7 @@ TEST_F(ArchiviPiccoliTest, LaBancaInsolitaSiTieneSeLUtenteVuole) {
 }
 
 /// A value unlike the empty one, as wide as the field takes.
-Valore Pieno(const Scheda& scheda, const archives::CampoArchivio& campo) {
+Valore Pieno(const Scheda& scheda, const records::CampoForma& campo) {
   switch (scheda.TipoDi(campo.nome)) {
     case Tipo::Booleano:
       return true;
@@ -257,10 +257,10 @@ TEST_F(ArchiviPiccoliTest, OgniCampoDescrittoSiTieneESiRilegge) {
     archivio.Inizia();
     EXPECT_EQ(archivio.Titolo(), descrizione.titoloNuovo);
     std::map<std::string, Valore> scritti = {{descrizione.campoDescrizione, "prova è"}};
-    for (const archives::CampoArchivio& campo : descrizione.campi) {
+    for (const records::CampoForma& campo : descrizione.campi) {
       if (!archivio.Stato(campo.nome).attivo) continue;
       scritti[campo.nome] = Pieno(archivio.Record(), campo);
-      if (campo.genere != archives::GenereCampo::Codice) continue;
+      if (campo.genere != records::GenereCampo::Codice) continue;
       EXPECT_FALSE(archives::Fonte(ambiente, campo.fonte)->Cerca("", 1).empty()) << campo.fonte;
     }
     for (const auto& [campo, valore] : scritti) archivio.Record().Scrivi(campo, valore);

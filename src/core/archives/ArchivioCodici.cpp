@@ -19,9 +19,7 @@ ArchivioCodici::ArchivioCodici(Ambiente& ambiente, DescrizioneArchivio descrizio
 ArchivioCodici::~ArchivioCodici() = default;
 
 ArchivioCodici::Interno::Interno(Ambiente& ambienteUsato, DescrizioneArchivio descr)
-    : ambiente(ambienteUsato),
-      descrizione(std::move(descr)),
-      contesto{ambiente, record, false, "", nullptr, {}} {
+    : ambiente(ambienteUsato), descrizione(std::move(descr)), contesto{ambiente, record} {
   const sql::TabellaCatalogo* tabella = Dati().Catalogo().Tabella(descrizione.tabella);
   if (tabella == nullptr) {
     throw ErroreArchivio(ErroreArchivio::Causa::Mancante,
@@ -30,6 +28,7 @@ ArchivioCodici::Interno::Interno(Ambiente& ambienteUsato, DescrizioneArchivio de
   }
   record = Scheda(*tabella);
   for (const auto& [nome, tipo] : descrizione.campiExtra) record.Aggiungi(nome, tipo);
+  contesto.prima = record;
 }
 
 Archivio& ArchivioCodici::Interno::Dati() {
@@ -70,13 +69,21 @@ void ArchivioCodici::Interno::Chiudi() {
 
 void ArchivioCodici::Interno::Dimentica() {
   contesto.nuovo = false;
+  contesto.copia = false;
   contesto.codicePrima.clear();
+  contesto.memoria.clear();
+  contesto.daDire.clear();
   record.Svuota();
+  contesto.prima = record;
 }
 
 void ArchivioCodici::Interno::Riempi() {
   if (descrizione.aperto) descrizione.aperto(contesto);
   record.Consolida();
+}
+
+void ArchivioCodici::Interno::Racconta() {
+  if (!contesto.daDire.empty()) Avviso(contesto.daDire);
 }
 
 const DescrizioneArchivio& ArchivioCodici::Descrizione() const {
@@ -136,6 +143,7 @@ bool ArchivioCodici::Apri(const std::string& codice) {
   io.letti = ValoriDi(trovato);
   io.record.Svuota();
   io.record.Carica(trovato);
+  io.contesto.prima = io.record;
   io.solaLettura = !preso;
   io.aperto = true;
   io.riga = std::move(trovato);
@@ -163,6 +171,7 @@ void ArchivioCodici::Duplica() {
   io.Chiudi();
   io.Dimentica();
   io.contesto.nuovo = true;
+  io.contesto.copia = true;
   const auto copia = [&] {
     for (const auto& [campo, valore] : valori) {
       if (!UgualeTesto(campo, "Cod")) io.record.Scrivi(campo, valore);
@@ -183,9 +192,9 @@ void ArchivioCodici::Lasciato(const std::string& campo) {
   }
 }
 
-StatoCampo ArchivioCodici::Stato(const std::string& nome) const {
+records::StatoCampo ArchivioCodici::Stato(const std::string& nome) const {
   const Interno& io = *interno_;
-  StatoCampo stato;
+  records::StatoCampo stato;
   if (io.descrizione.stato) stato = io.descrizione.stato(io.contesto, nome);
   if (io.solaLettura || (UgualeTesto(nome, "Cod") && io.SoloEsistenti())) stato.attivo = false;
   return stato;

@@ -41,7 +41,7 @@ class ArchivioCodici {
   void Duplica();
   /// A field was left with a new value.
   void Lasciato(const std::string& campo);
-  [[nodiscard]] StatoCampo Stato(const std::string& nome) const;
+  [[nodiscard]] records::StatoCampo Stato(const std::string& nome) const;
 
   /// Checks in their order: empty code, the archive's own, an existing code, guards and references
   /// of a changed code, changed or deleted elsewhere (asked). Then writes in one transaction and

@@ -188,6 +188,7 @@ bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
     ~AllaFine() { io.Dimentica(); }
   } const allaFine{io};
   if (io.descrizione.dopoConferma) io.descrizione.dopoConferma(io.contesto);
+  io.Racconta();
   return true;
 }
 
@@ -211,7 +212,7 @@ bool ArchivioCodici::Elimina() {
   };
   if (!io.Tenta("eliminazione", lavoro)) return false;
   io.Chiudi();
-  if (descrizione.dopoEliminazione) descrizione.dopoEliminazione(io.contesto);
+  io.Racconta();
   io.Dimentica();
   return true;
 }

@@ -25,6 +25,8 @@ struct ArchivioCodici::Interno {
   void Chiudi();
   void Dimentica();
   void Riempi();
+  /// Tells what was written along.
+  void Racconta();
 
   // --- Confirmation and deletion (ArchivioConferma.cpp) ------------------------------------------
 

@@ -6,11 +6,13 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "core/records/DescrizioneForma.h"
 #include "core/reports/Uscita.h"
 #include "core/session/Ambiente.h"
 #include "core/session/Rifiuto.h"
@@ -25,68 +27,25 @@ struct ContestoArchivio {
   Scheda& scheda;
   bool nuovo = false;
   /// Code of the record as stored, empty for a new one.
-  std::string codicePrima;
+  std::string codicePrima = {};
+  /// The record as it was read, empty for a new one.
+  Scheda prima = {};
+  /// A new record that began as a copy of another.
+  bool copia = false;
   /// Where prints go; null outside a window.
   reports::FabbricaUscite* uscite = nullptr;
   /// Goes where a reference leads; null outside a window.
   std::function<void(const Rinvio&)> apri = {};
   /// Set by a rule of a field that was left: the control that takes the focus (back).
   std::string foco = {};
+  /// What rules remember while the record is open, by names of their own.
+  std::map<std::string, std::string> memoria = {};
+  /// Set by what is written along: told once the record was written or erased.
+  std::string daDire = {};
 
   [[nodiscard]] std::string Codice() const { return scheda.Testo("Cod"); }
   /// The code is new or differs from the stored one in more than case.
   [[nodiscard]] bool CodiceCambiato() const;
-};
-
-enum class GenereCampo {
-  Auto,      ///< from the column's type: text, whole number, amount, date, check box
-  Codice,    ///< code of another archive, with search and jump
-  Note,      ///< a text of several lines
-  Opzioni,   ///< radio buttons, one a value
-  Etichetta  ///< shown, not typed
-};
-
-/// One value of a field of radio buttons, or one line of the legend beside a typed one.
-struct VoceScelta {
-  std::string valore;
-  std::string testo;
-  std::string nome = {};  ///< object name of the radio button
-};
-
-struct CampoArchivio {
-  std::string nome;  ///< column (or extra field), and object name of the control
-  std::string didascalia;
-  int caratteri = 0;  ///< width shown; for texts also the greatest length. 0: from the type
-  GenereCampo genere = GenereCampo::Auto;
-  std::string fonte = {};  ///< of a code: a name of `Fonti` (core/archives/FonteCodici.h)
-  std::vector<VoceScelta> scelte = {};  ///< radio buttons, or legend of a typed field
-  std::string nota = {};                ///< a short text beside the field
-  bool elenco = false;                  ///< a column of the list
-  bool maiuscole = false;               ///< typed letters become capitals
-  int decimali = 2;                     ///< least decimals of an amount
-  std::string riquadro = {};            ///< object name of the frame it stands in, empty for none
-  bool accanto = false;                 ///< on the line of the field before it
-  int mostrati = 0;                     ///< width shown, when it isn't `caratteri`
-};
-
-/// A frame of a record page. Its fields name it.
-struct RiquadroArchivio {
-  std::string nome;
-  std::string titolo;
-  std::string pagina = {};  ///< page it stands on, empty for the first
-  bool largo = false;       ///< has a line of its own
-};
-
-/// A page of the record after the first, which has the record's title. Frames name it.
-struct PaginaArchivio {
-  std::string nome;  ///< object name
-  std::string titolo;
-};
-
-/// How a field, a frame or a button of the record is shown for the record as it is now.
-struct StatoCampo {
-  bool visibile = true;
-  bool attivo = true;
 };
 
 /// A button of an archive's own. What it returns is shown line by line in the panel beside the
@@ -100,7 +59,8 @@ struct PulsanteArchivio {
   std::string finestra = {};
 };
 
-struct DescrizioneArchivio {
+/// The fields of its form are without `Cod` and description, unless they need more than usual.
+struct DescrizioneArchivio : records::DescrizioneForma {
   using Controllo = std::function<std::optional<Rifiuto>(ContestoArchivio&)>;
   using Azione = std::function<void(ContestoArchivio&)>;
 
@@ -117,10 +77,6 @@ struct DescrizioneArchivio {
   /// A changed code is carried to the fields that refer to it, instead of refused where in use.
   bool portaCodice = false;
   std::vector<std::pair<std::string, Tipo>> campiExtra = {};  ///< fields that aren't columns
-  std::vector<CampoArchivio> campi = {};                      ///< without `Cod` and description,
-                                                              ///< unless they need more than usual
-  std::vector<RiquadroArchivio> riquadri = {};
-  std::vector<PaginaArchivio> pagine = {};
   std::vector<PulsanteArchivio> pulsanti = {};
   /// Going to the next or previous record confirms the open one first, instead of asking.
   bool confermaPassando = false;
@@ -131,7 +87,7 @@ struct DescrizioneArchivio {
   Azione aperto = {};
   /// A field was left with a new value: proposals and warnings that follow.
   std::function<void(ContestoArchivio&, const std::string& campo)> lasciato = {};
-  std::function<StatoCampo(const ContestoArchivio&, const std::string& nome)> stato = {};
+  std::function<records::StatoCampo(const ContestoArchivio&, const std::string& nome)> stato = {};
   /// Fills `Cod` and what else follows from extra fields, before the checks.
   Azione compone = {};
   /// The archive's own checks at a confirmation, in order; each stops at its refusal.
@@ -148,8 +104,6 @@ struct DescrizioneArchivio {
   Azione conEliminazione = {};
   /// What is told after the record was written.
   Azione dopoConferma = {};
-  /// What is told after it was erased; the record is still that one.
-  Azione dopoEliminazione = {};
   /// The archive's own print instead of the plain list; empty for that.
   std::function<void(ContestoArchivio&)> stampa = {};
 };

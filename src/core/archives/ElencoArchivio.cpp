@@ -17,9 +17,10 @@ bool Stesso(const std::string& a, const std::string& b) {
   return UgualeTesto(a, b);
 }
 
-const CampoArchivio* Dichiarato(const DescrizioneArchivio& d, const std::string& nome) {
-  const auto campo = std::find_if(d.campi.begin(), d.campi.end(),
-                                  [&](const CampoArchivio& c) { return Stesso(c.nome, nome); });
+const records::CampoForma* Dichiarato(const DescrizioneArchivio& d, const std::string& nome) {
+  const auto campo =
+      std::find_if(d.campi.begin(), d.campi.end(),
+                   [&](const records::CampoForma& c) { return Stesso(c.nome, nome); });
   return campo == d.campi.end() ? nullptr : &*campo;
 }
 
@@ -30,17 +31,17 @@ bool Extra(const DescrizioneArchivio& d, const std::string& nome) {
 
 }  // namespace
 
-std::vector<CampoArchivio> ColonneElenco(const DescrizioneArchivio& descrizione) {
-  std::vector<CampoArchivio> colonne;
+std::vector<records::CampoForma> ColonneElenco(const DescrizioneArchivio& descrizione) {
+  std::vector<records::CampoForma> colonne;
   const auto prima = [&](const std::string& nome, const char* didascalia) {
     if (nome.empty()) return;
-    const CampoArchivio* campo = Dichiarato(descrizione, nome);
-    colonne.push_back(campo != nullptr ? *campo : CampoArchivio{nome, didascalia});
+    const records::CampoForma* campo = Dichiarato(descrizione, nome);
+    colonne.push_back(campo != nullptr ? *campo : records::CampoForma{nome, didascalia});
     if (colonne.back().didascalia.empty()) colonne.back().didascalia = didascalia;
   };
   prima("Cod", "codice");
   prima(descrizione.campoDescrizione, "descrizione");
-  for (const CampoArchivio& campo : descrizione.campi) {
+  for (const records::CampoForma& campo : descrizione.campi) {
     if (!campo.elenco || Extra(descrizione, campo.nome) || Stesso(campo.nome, "Cod") ||
         Stesso(campo.nome, descrizione.campoDescrizione)) {
       continue;
@@ -50,7 +51,7 @@ std::vector<CampoArchivio> ColonneElenco(const DescrizioneArchivio& descrizione)
   return colonne;
 }
 
-std::string MostraColonna(const CampoArchivio& colonna, const Valore& valore) {
+std::string MostraColonna(const records::CampoForma& colonna, const Valore& valore) {
   switch (valore.Tipo()) {
     case Tipo::Booleano:
       return valore.Booleano() ? "sì" : "no";

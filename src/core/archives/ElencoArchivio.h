@@ -10,7 +10,7 @@
 namespace fenalto::archives {
 
 /// Columns of the list: `Cod`, the description, then the fields marked `elenco`.
-std::vector<CampoArchivio> ColonneElenco(const DescrizioneArchivio& descrizione);
+std::vector<records::CampoForma> ColonneElenco(const DescrizioneArchivio& descrizione);
 
 /// Reads rows of an archive without holding them. A search finds records whose code begins with the
 /// text, or whose code or description holds it, without case and accents; columns of the filter are
@@ -39,7 +39,7 @@ class ElencoArchivio : public FonteElenco {
 };
 
 /// What a column shows for a value: amounts with comma, dates as day/month/year, "sì" and "no".
-std::string MostraColonna(const CampoArchivio& colonna, const Valore& valore);
+std::string MostraColonna(const records::CampoForma& colonna, const Valore& valore);
 
 /// Prints the list as filtered: company, title, day, columns. Progress can be cancelled.
 void StampaElencoArchivio(Ambiente& ambiente, reports::FabbricaUscite& uscite,

@@ -144,12 +144,20 @@ std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, DescrizioneFonte descrizi
   return std::make_shared<FonteTabella>(ambiente, std::move(descrizione));
 }
 
+std::string NomeFonteConti(const std::string& classe) {
+  return classe == "C" ? "clienti" : classe == "F" ? "fornitori" : "conti";
+}
+
+std::string NomeFonteContropartite(const std::string& classe) {
+  return classe == "C" ? "clienti" : classe == "F" ? "fornitori" : "contropartite";
+}
+
 std::shared_ptr<FonteCodici> FonteConti(Ambiente& ambiente, const std::string& classe) {
-  return Fonte(ambiente, classe == "C" ? "clienti" : classe == "F" ? "fornitori" : "conti");
+  return Fonte(ambiente, NomeFonteConti(classe));
 }
 
 std::shared_ptr<FonteCodici> FonteContropartite(Ambiente& ambiente, const std::string& classe) {
-  return Fonte(ambiente, classe == "C" ? "clienti" : classe == "F" ? "fornitori" : "contropartite");
+  return Fonte(ambiente, NomeFonteContropartite(classe));
 }
 
 }  // namespace fenalto::archives

@@ -50,7 +50,11 @@ const DescrizioneFonte& DescrizioneDiFonte(std::string_view nome);
 
 std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, std::string_view nome);
 std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, DescrizioneFonte descrizione);
-/// Accounts of a class ("P", "C", "F"; any other counts as "P").
+/// Name of the source of the accounts of a class ("P", "C", "F"; any other counts as "P").
+std::string NomeFonteConti(const std::string& classe);
+/// The same for a contra-entry.
+std::string NomeFonteContropartite(const std::string& classe);
+/// Accounts of a class.
 std::shared_ptr<FonteCodici> FonteConti(Ambiente& ambiente, const std::string& classe);
 /// The same for a contra-entry.
 std::shared_ptr<FonteCodici> FonteContropartite(Ambiente& ambiente, const std::string& classe);

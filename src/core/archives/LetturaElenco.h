@@ -17,7 +17,7 @@ class LetturaElenco {
   LetturaElenco(Ambiente& ambiente, const DescrizioneArchivio& descrizione,
                 const FiltroElenco& filtro);
 
-  [[nodiscard]] const std::vector<CampoArchivio>& Colonne() const { return colonne_; }
+  [[nodiscard]] const std::vector<records::CampoForma>& Colonne() const { return colonne_; }
   /// Hands over the rows beyond the code `confine` (all when empty), at most `massimo` (0 for all),
   /// until `riga` returns false.
   void Leggi(const std::string& confine, Verso verso, int massimo,
@@ -27,7 +27,7 @@ class LetturaElenco {
   void Aggiungi(const std::string& condizione);
 
   Archivio& archivio_;
-  std::vector<CampoArchivio> colonne_;
+  std::vector<records::CampoForma> colonne_;
   std::string voci_;
   std::string tabella_;
   std::string dove_;

@@ -59,17 +59,11 @@ void Aperta(archives::ContestoArchivio& contesto, const Parte& parte) {
   Scheda& scheda = contesto.scheda;
   scheda.Scrivi(kUltimoCodice, "");
   if (contesto.nuovo) Proponi(contesto, parte);
-  scheda.Scrivi(kContoPrima, contesto.nuovo ? "" : scheda.Testo("Conto"));
-  scheda.Scrivi(kPivaPrima, contesto.nuovo ? "" : scheda.Testo("piva"));
-  scheda.Scrivi(kPivaAmmessa, "");
-  scheda.Scrivi(kVocePersa, "");
   MostraPagamento(contesto);
 }
 
 void ClienteAperto(archives::ContestoArchivio& contesto, DestinazioniCliente& destinazioni) {
-  // A new record that holds values already is a copy: its destinations are copied too.
-  const bool copia = contesto.nuovo && contesto.scheda.Modificata();
-  if (copia) {
+  if (contesto.copia) {
     destinazioni.Copiate();
   } else {
     destinazioni.Leggi(contesto.ambiente, contesto.codicePrima);
@@ -80,6 +74,11 @@ void ClienteAperto(archives::ContestoArchivio& contesto, DestinazioniCliente& de
 }
 
 // --- The list that movements search --------------------------------------------------------------
+
+/// The list hadn't the party: to be told once it is written or erased.
+void DiSeManca(archives::ContestoArchivio& contesto, bool trovata) {
+  contesto.daDire = trovata ? std::string() : ledger::VoceNonTrovata(contesto.codicePrima);
+}
 
 void ScriviVoce(archives::ContestoArchivio& contesto, const Parte& parte) {
   Scheda& scheda = contesto.scheda;
@@ -94,19 +93,13 @@ void ScriviVoce(archives::ContestoArchivio& contesto, const Parte& parte) {
     if (!contesto.nuovo) trovata = ledger::TogliVoce(tessarc, prima);
     ledger::AggiungiVoce(tessarc, ora);
   }
-  scheda.Scrivi(kVocePersa, trovata ? "" : contesto.codicePrima);
-}
-
-void DiVocePersa(archives::ContestoArchivio& contesto) {
-  const std::string codice = contesto.scheda.Testo(kVocePersa);
-  if (codice.empty()) return;
-  contesto.ambiente.Dialogo().Messaggio(ledger::VoceNonTrovata(codice), Icona::Avviso);
+  DiSeManca(contesto, trovata);
 }
 
 void TogliVoceDiParte(archives::ContestoArchivio& contesto, const Parte& parte) {
   const bool trovata = ledger::TogliVoce(contesto.ambiente.ArchivioDi("tessarc"),
                                          {contesto.codicePrima, parte.classe});
-  contesto.scheda.Scrivi(kVocePersa, trovata ? "" : contesto.codicePrima);
+  DiSeManca(contesto, trovata);
 }
 
 // --- Buttons -------------------------------------------------------------------------------------
@@ -167,7 +160,7 @@ std::vector<archives::PulsanteArchivio> Pulsanti(const Parte& parte) {
 
 // --- The description -----------------------------------------------------------------------------
 
-archives::StatoCampo StatoDi(const archives::ContestoArchivio& contesto, const std::string& nome) {
+records::StatoCampo StatoDi(const archives::ContestoArchivio& contesto, const std::string& nome) {
   if (UgualeTesto(nome, kUltimoCodice)) {
     return {.visibile = !contesto.scheda.Testo(kUltimoCodice).empty()};
   }
@@ -196,10 +189,7 @@ archives::DescrizioneArchivio ArchivioParte(const Parte& parte) {
   archivio.soloEsistenti = [&parte](Ambiente& ambiente) {
     return UgualeTesto(Rifila(ambiente.Config(parte.chiaveNuovo)), "NO");
   };
-  for (const char* extra :
-       {kUltimoCodice, kInfoPagamento, kContoPrima, kPivaPrima, kPivaAmmessa, kVocePersa}) {
-    archivio.campiExtra.emplace_back(extra, Tipo::Testo);
-  }
+  archivio.campiExtra = {{kUltimoCodice, Tipo::Testo}, {kInfoPagamento, Tipo::Testo}};
   DescriviCampi(archivio, parte);
   archivio.pulsanti = Pulsanti(parte);
 
@@ -214,8 +204,6 @@ archives::DescrizioneArchivio ArchivioParte(const Parte& parte) {
   archivio.conEliminazione = [&parte](archives::ContestoArchivio& c) {
     TogliVoceDiParte(c, parte);
   };
-  archivio.dopoConferma = DiVocePersa;
-  archivio.dopoEliminazione = DiVocePersa;
   return archivio;
 }
 
@@ -233,7 +221,7 @@ archives::DescrizioneArchivio ArchivioClienti(
   clienti.stato = [destinazioni](const archives::ContestoArchivio& c, const std::string& nome) {
     // The page has room for one of them at a time.
     if (UgualeTesto(nome, kPredefinita))
-      return archives::StatoCampo{.visibile = !destinazioni->InRiga()};
+      return records::StatoCampo{.visibile = !destinazioni->InRiga()};
     return StatoDi(c, nome);
   };
   clienti.conScrittura = [destinazioni](archives::ContestoArchivio& c) {

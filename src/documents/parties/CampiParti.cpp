@@ -14,8 +14,8 @@ constexpr int kFiscale = 16;
 constexpr int kScritta = 80;
 constexpr int kPercentuale = 8;
 
-archives::CampoArchivio Testo(const char* nome, const char* didascalia, int caratteri,
-                              const char* riquadro, int mostrati = 0) {
+records::CampoForma Testo(const char* nome, const char* didascalia, int caratteri,
+                          const char* riquadro, int mostrati = 0) {
   return {.nome = nome,
           .didascalia = didascalia,
           .caratteri = caratteri,
@@ -23,36 +23,21 @@ archives::CampoArchivio Testo(const char* nome, const char* didascalia, int cara
           .mostrati = mostrati};
 }
 
-archives::CampoArchivio Codice(const char* nome, const char* didascalia, const std::string& fonte,
-                               const char* riquadro) {
+records::CampoForma Codice(const char* nome, const char* didascalia, const std::string& fonte,
+                           const char* riquadro) {
   return {.nome = nome,
           .didascalia = didascalia,
-          .genere = archives::GenereCampo::Codice,
+          .genere = records::GenereCampo::Codice,
           .fonte = fonte,
           .riquadro = riquadro};
 }
 
-archives::CampoArchivio Casella(const char* nome, const char* testo, const char* riquadro) {
+records::CampoForma Casella(const char* nome, const char* testo, const char* riquadro) {
   return {.nome = nome, .didascalia = testo, .riquadro = riquadro};
 }
 
-archives::CampoArchivio Percento(const char* nome, const char* didascalia, const char* riquadro) {
+records::CampoForma Percento(const char* nome, const char* didascalia, const char* riquadro) {
   return {.nome = nome, .didascalia = didascalia, .caratteri = kPercentuale, .riquadro = riquadro};
-}
-
-archives::CampoArchivio Accanto(archives::CampoArchivio campo) {
-  campo.accanto = true;
-  return campo;
-}
-
-archives::CampoArchivio Elencato(archives::CampoArchivio campo) {
-  campo.elenco = true;
-  return campo;
-}
-
-archives::CampoArchivio Maiuscolo(archives::CampoArchivio campo) {
-  campo.maiuscole = true;
-  return campo;
 }
 
 class Descrittore {
@@ -75,7 +60,7 @@ class Descrittore {
   void Riquadro(const char* nome, const char* titolo, bool largo = true) {
     archivio_.riquadri.push_back({nome, titolo, pagina_, largo});
   }
-  void Campi(std::initializer_list<archives::CampoArchivio> campi) {
+  void Campi(std::initializer_list<records::CampoForma> campi) {
     archivio_.campi.insert(archivio_.campi.end(), campi);
   }
   void Banca();
@@ -87,41 +72,39 @@ class Descrittore {
 };
 
 void Descrittore::Anagrafica() {
-  archives::CampoArchivio ultimo{.nome = kUltimoCodice,
-                                 .didascalia = "ultimo codice",
-                                 .genere = archives::GenereCampo::Etichetta};
-  Campi({{.nome = "Cod", .didascalia = "Codice", .caratteri = archivio_.caratteriCodice},
-         Accanto(std::move(ultimo)),
-         Testo("ragsoc1", "Ragione sociale", kNome, ""),
-         Testo("ragsoc2", "(seconda riga)", kNome, ""),
-         Testo("Pseudonimo", "Pseudonimo", 20, ""),
-         Testo("indirizzo", "Indirizzo", kNome, ""),
-         Testo("cap", "CAP", 10, "", 6),
-         Accanto(Elencato(Testo("localita", "Località", kNome, "", 28))),
-         Accanto(Maiuscolo(Elencato(Testo("Prov", "Prov.", 4, "")))),
-         Testo("Nazione", "Nazione", kRecapito, "", 20),
-         Maiuscolo(Elencato(Testo("piva", "Partita IVA", kFiscale, ""))),
-         Accanto(Maiuscolo(Testo("CodFisc", "Codice fiscale", kFiscale, ""))),
-         Elencato(Testo("telefono1", "Telefono", kRecapito, "", 20)),
-         Accanto(Testo("telefono2", "altro telefono", kRecapito, "", 20)),
-         Testo("Fax", "Fax", kRecapito, "", 20),
-         Testo("EMail", "E-mail", kPosta, ""),
-         Testo("Internet", "Sito internet", kPosta, "")});
+  Campi(
+      {{.nome = "Cod", .didascalia = "Codice", .caratteri = archivio_.caratteriCodice},
+       records::Mostrato(kUltimoCodice, records::GenereCampo::Etichetta, "ultimo codice").Accanto(),
+       Testo("ragsoc1", "Ragione sociale", kNome, ""),
+       Testo("ragsoc2", "(seconda riga)", kNome, ""),
+       Testo("Pseudonimo", "Pseudonimo", 20, ""),
+       Testo("indirizzo", "Indirizzo", kNome, ""),
+       Testo("cap", "CAP", 10, "", 6),
+       Testo("localita", "Località", kNome, "", 28).Elencato().Accanto(),
+       Testo("Prov", "Prov.", 4, "").Elencato().Maiuscolo().Accanto(),
+       Testo("Nazione", "Nazione", kRecapito, "", 20),
+       Testo("piva", "Partita IVA", kFiscale, "").Elencato().Maiuscolo(),
+       Testo("CodFisc", "Codice fiscale", kFiscale, "").Maiuscolo().Accanto(),
+       Testo("telefono1", "Telefono", kRecapito, "", 20).Elencato(),
+       Testo("telefono2", "altro telefono", kRecapito, "", 20).Accanto(),
+       Testo("Fax", "Fax", kRecapito, "", 20),
+       Testo("EMail", "E-mail", kPosta, ""),
+       Testo("Internet", "Sito internet", kPosta, "")});
 }
 
 void Descrittore::Contatti() {
   Pagina("PaginaContatti", "Contatti e note");
   Riquadro("Contatti", "Persone da contattare");
   Campi({Testo("Contatto1", "Nome", kNome, "Contatti", 40),
-         Accanto(Testo("TelContatto1", "Telefono", kRecapito, "Contatti", 18)),
+         Testo("TelContatto1", "Telefono", kRecapito, "Contatti", 18).Accanto(),
          Testo("EmailContatto1", "E-mail", kPosta, "Contatti"),
          Testo("Contatto2", "Nome", kNome, "Contatti", 40),
-         Accanto(Testo("TelContatto2", "Telefono", kRecapito, "Contatti", 18)),
+         Testo("TelContatto2", "Telefono", kRecapito, "Contatti", 18).Accanto(),
          Testo("EmailContatto2", "E-mail", kPosta, "Contatti")});
   Riquadro("NoteParte", "Note");
   Campi({{.nome = "Note",
           .didascalia = "Note",
-          .genere = archives::GenereCampo::Note,
+          .genere = records::GenereCampo::Note,
           .riquadro = "NoteParte"},
          Casella("Privacy", "consenso al trattamento dei dati (privacy)", "NoteParte")});
 }
@@ -141,13 +124,13 @@ void Descrittore::Contabilita() {
   }
   Campi({Codice("Categoria", "Categoria", "categorie", kRiquadro),
          Casella("Ep", "Sospensione IVA", kRiquadro),
-         Accanto(Casella("Elenco", "va negli elenchi annuali", kRiquadro))});
+         Casella("Elenco", "va negli elenchi annuali", kRiquadro).Accanto()});
   Banca();
   if (parte_.Clienti()) return;
   Riquadro(kPersonaFisica, "Persona fisica soggetta a ritenuta");
   Campi(
       {{.nome = "DataNascita", .didascalia = "Nata/o il", .riquadro = kPersonaFisica},
-       Accanto(Testo("LuogoNascita", "a", kNome, kPersonaFisica, 40)),
+       Testo("LuogoNascita", "a", kNome, kPersonaFisica, 40).Accanto(),
        Casella("CertificazioneCompensi", "riceve la certificazione dei compensi", kPersonaFisica)});
 }
 
@@ -155,11 +138,11 @@ void Descrittore::Banca() {
   constexpr const char* kRiquadro = "RiquadroBanca";
   Riquadro(kRiquadro, parte_.Clienti() ? "Banca del cliente" : "Banca del fornitore");
   Campi({Testo("Banca", "Banca", kNome, kRiquadro), Testo("Agenzia", "Agenzia", kNome, kRiquadro),
-         Maiuscolo(Testo("CinInt", "stato/cin int", 4, kRiquadro)),
-         Accanto(Maiuscolo(Testo("Cin", "cin", 1, kRiquadro, 2))),
-         Accanto(Testo("Abi", "abi", 5, kRiquadro)), Accanto(Testo("CAB", "cab", 5, kRiquadro)),
-         Accanto(Maiuscolo(Testo("ContoBanca", "conto corrente", 12, kRiquadro))),
-         Maiuscolo(Testo("Bic", "bic (swift code)", 11, kRiquadro))});
+         Testo("CinInt", "stato/cin int", 4, kRiquadro).Maiuscolo(),
+         Testo("Cin", "cin", 1, kRiquadro, 2).Maiuscolo().Accanto(),
+         Testo("Abi", "abi", 5, kRiquadro).Accanto(), Testo("CAB", "cab", 5, kRiquadro).Accanto(),
+         Testo("ContoBanca", "conto corrente", 12, kRiquadro).Maiuscolo().Accanto(),
+         Testo("Bic", "bic (swift code)", 11, kRiquadro).Maiuscolo()});
 }
 
 void Descrittore::Condizioni() {
@@ -170,7 +153,7 @@ void Descrittore::Condizioni() {
   Campi({Codice("Pagamento", "Pagamento", "pagamenti", kRiquadro),
          {.nome = kInfoPagamento,
           .didascalia = "",
-          .genere = archives::GenereCampo::Etichetta,
+          .genere = records::GenereCampo::Etichetta,
           .riquadro = kRiquadro}});
   if (!parte_.Clienti()) return;
   Campi({Percento("ScCassa", "Sconto cassa %", kRiquadro),
@@ -182,24 +165,24 @@ void Descrittore::Condizioni() {
   Campi({Testo("SpRiBa", "Spese incasso/riba da addebitare in fattura", 20, kFatturazione),
          Testo("CodForn", "codice fornitore per fileconad", 20, kFatturazione),
          Casella("RaggrRigheDdt", "raggruppa le righe dei ddt", kFatturazione),
-         Accanto(Casella("ConsumatoreFin", "consumatore finale", kFatturazione)),
+         Casella("ConsumatoreFin", "consumatore finale", kFatturazione).Accanto(),
          Casella("EscludoFatAuto", "ddt esclusi dalla fatturazione automatica", kFatturazione)});
 }
 
 void Descrittore::Prezzi() {
   constexpr const char* kRiquadro = "PrezziSconti";
   Riquadro(kRiquadro, "Prezzi e sconti");
-  archives::CampoArchivio prezzo{.nome = "Prezzi123",
-                                 .didascalia = "Prezzo",
-                                 .caratteri = 2,
-                                 .nota =
-                                     "il cliente è soggetto al listino 1,2,3,4 o 5 dell'archivio "
-                                     "prodotti; 0: prezzo dell'ultima fattura",
-                                 .riquadro = kRiquadro};
-  archives::CampoArchivio listino = Testo("listino", "Listino", 10, kRiquadro);
+  records::CampoForma prezzo{.nome = "Prezzi123",
+                             .didascalia = "Prezzo",
+                             .caratteri = 2,
+                             .nota =
+                                 "il cliente è soggetto al listino 1,2,3,4 o 5 dell'archivio "
+                                 "prodotti; 0: prezzo dell'ultima fattura",
+                             .riquadro = kRiquadro};
+  records::CampoForma listino = Testo("listino", "Listino", 10, kRiquadro);
   listino.nota = "il cliente è soggetto ad uno specifico listino";
   Campi({std::move(prezzo), std::move(listino), Percento("Sc1", "Sconti %", kRiquadro),
-         Accanto(Percento("Sc2", "", kRiquadro)), Accanto(Percento("Sc3", "", kRiquadro))});
+         Percento("Sc2", "", kRiquadro).Accanto(), Percento("Sc3", "", kRiquadro).Accanto()});
 }
 
 void Descrittore::Scritte() {
@@ -217,7 +200,7 @@ void Descrittore::Scritte() {
          Testo("ConsegnaOrd", "Consegna", kScritta, "ScritteOrdini"),
          {.nome = "NoteIntestazioneOrd",
           .didascalia = "Note di intestazione",
-          .genere = archives::GenereCampo::Note,
+          .genere = records::GenereCampo::Note,
           .riquadro = "ScritteOrdini"}});
 }
 
@@ -229,8 +212,8 @@ void Descrittore::Destinazione() {
          Testo("ragsoc2Dest", "(seconda riga)", kNome, kPredefinita),
          Testo("indirizzodest", "Indirizzo", kNome, kPredefinita),
          Testo("capdest", "CAP", 10, kPredefinita, 6),
-         Accanto(Testo("localitadest", "Località", kNome, kPredefinita, 28)),
-         Accanto(Maiuscolo(Testo("provdest", "Prov.", 4, kPredefinita)))});
+         Testo("localitadest", "Località", kNome, kPredefinita, 28).Accanto(),
+         Testo("provdest", "Prov.", 4, kPredefinita).Maiuscolo().Accanto()});
   if (parte_.Clienti()) {
     Campi({Testo("CodDest", "Cod.destinazione per fileconad", 20, kPredefinita)});
   }

@@ -40,12 +40,14 @@ void AvvisaCodFisc(archives::ContestoArchivio& contesto) {
       Icona::Avviso);
 }
 
+constexpr const char* kPivaAmmessa = "PivaAmmessa";  ///< one wanted though it's taken
+
 /// True when no other party of the class has that VAT number, or the user wants it all the same.
 bool AmmettePiva(archives::ContestoArchivio& contesto, const Parte& parte) {
   Scheda& scheda = contesto.scheda;
   const std::string piva = Rifilato(scheda, "piva");
-  if (piva.empty() || UgualeTesto(piva, scheda.Testo(kPivaAmmessa)) ||
-      (!contesto.nuovo && UgualeTesto(piva, Rifilato(scheda, kPivaPrima)))) {
+  if (piva.empty() || UgualeTesto(piva, contesto.memoria[kPivaAmmessa]) ||
+      (!contesto.nuovo && UgualeTesto(piva, Rifilato(contesto.prima, "piva")))) {
     return true;
   }
   std::string sql = "SELECT Min(Cod) FROM ";
@@ -57,7 +59,7 @@ bool AmmettePiva(archives::ContestoArchivio& contesto, const Parte& parte) {
                                             "\nproseguo ugualmente")) {
     return false;
   }
-  scheda.Scrivi(kPivaAmmessa, piva);
+  contesto.memoria[kPivaAmmessa] = piva;
   return true;
 }
 
@@ -111,8 +113,7 @@ std::optional<Rifiuto> FuoriSerie(archives::ContestoArchivio& contesto, const Pa
 
 /// The summary account was emptied on a party that the books know.
 bool RiepilogativoTolto(archives::ContestoArchivio& contesto, const Parte& parte) {
-  return Rifilato(contesto.scheda, "Conto").empty() &&
-         !contesto.scheda.Testo(kContoPrima).empty() &&
+  return Rifilato(contesto.scheda, "Conto").empty() && !contesto.prima.Testo("Conto").empty() &&
          archives::CodiceUsato(contesto.ambiente, parte.tabella, contesto.codicePrima);
 }
 
@@ -146,7 +147,7 @@ std::optional<Rifiuto> Prezzi(archives::ContestoArchivio& contesto) {
 std::optional<Rifiuto> RiepilogativoCancellato(archives::ContestoArchivio& contesto,
                                                const Parte& parte) {
   if (!RiepilogativoTolto(contesto, parte)) return std::nullopt;
-  contesto.scheda.Scrivi("Conto", contesto.scheda.Testo(kContoPrima));
+  contesto.scheda.Scrivi("Conto", contesto.prima.Testo("Conto"));
   return Rifiuto{"il conto riepilogativo non si può cancellare esistono registrazioni", "Conto"};
 }
 

@@ -30,11 +30,6 @@ inline constexpr int kLivelloContabile = 99;
 
 inline constexpr const char* kUltimoCodice = "UltimoCodice";    ///< highest code, beside a new one
 inline constexpr const char* kInfoPagamento = "InfoPagamento";  ///< what the payment code does
-// Those that no control shows.
-inline constexpr const char* kContoPrima = "ContoPrima";     ///< summary account as stored
-inline constexpr const char* kPivaPrima = "PivaPrima";       ///< VAT number as stored
-inline constexpr const char* kPivaAmmessa = "PivaAmmessa";   ///< one wanted though it's taken
-inline constexpr const char* kVocePersa = "VoceNonTrovata";  ///< code that the list hadn't
 
 // --- Fields (CampiParti.cpp) ---------------------------------------------------------------------
 

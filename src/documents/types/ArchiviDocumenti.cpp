@@ -43,7 +43,7 @@ archives::DescrizioneArchivio Agenti() {
                   {.nome = "Localita", .didascalia = "Località", .caratteri = 50, .elenco = true},
                   {.nome = "telefono", .didascalia = "Telefono", .caratteri = 30, .elenco = true},
                   {.nome = "EMail", .didascalia = "E-mail", .caratteri = 80},
-                  {.nome = "Note", .didascalia = "Note", .genere = archives::GenereCampo::Note}};
+                  {.nome = "Note", .didascalia = "Note", .genere = records::GenereCampo::Note}};
   return agenti;
 }
 

@@ -111,19 +111,19 @@ void CreaDescrizione(archives::ContestoArchivio& contesto, const RateCodice& rat
     contesto.ambiente.Dialogo().Messaggio(testo.Errore().messaggio, Icona::Avviso);
 }
 
-std::vector<archives::CampoArchivio> Finestra(const std::string& numero) {
+std::vector<records::CampoForma> Finestra(const std::string& numero) {
   const std::string riquadro = "Spostamento" + numero;
   const auto campo = [&](const char* nome, const char* didascalia) {
-    return archives::CampoArchivio{
+    return records::CampoForma{
         .nome = nome + numero, .didascalia = didascalia, .caratteri = 2, .riquadro = riquadro};
   };
   return {campo("DaGG", "dal giorno"), campo("DaMM", "del mese"), campo("AaGG", "al giorno"),
           campo("AaMM", "del mese"), campo("ggSpost", "al giorno ... del mese dopo")};
 }
 
-std::vector<archives::CampoArchivio> Campi() {
+std::vector<records::CampoForma> Campi() {
   constexpr int kDescrizione = 255;  // built from ten rates it takes this room
-  std::vector<archives::CampoArchivio> campi = {
+  std::vector<records::CampoForma> campi = {
       {.nome = "Descrizione", .didascalia = "Descrizione", .caratteri = kDescrizione},
       {.nome = "DescrizioneEstesa", .didascalia = "Descrizione estesa", .caratteri = kDescrizione},
       {.nome = "AggiornaScad", .didascalia = "crea le scadenze nello scadenzario", .elenco = true},
@@ -145,27 +145,27 @@ std::vector<archives::CampoArchivio> Campi() {
       {.nome = "Tipo",
        .didascalia = "Tipo",
        .caratteri = 2,
-       .genere = archives::GenereCampo::Codice,
+       .genere = records::GenereCampo::Codice,
        .fonte = "tipiPagamento",
        .riquadro = kVecchiaForma},
       {.nome = "Conto",
        .didascalia = "Conto",
-       .genere = archives::GenereCampo::Codice,
+       .genere = records::GenereCampo::Codice,
        .fonte = "contiTutti",
        .elenco = true,
        .riquadro = "RegistrazionePagamento"},
       {.nome = "Causale",
        .didascalia = "Causale",
-       .genere = archives::GenereCampo::Codice,
+       .genere = records::GenereCampo::Codice,
        .fonte = "causaliTutte",
        .riquadro = "RegistrazionePagamento"},
       {.nome = "CodPagIva",
        .didascalia = "Pagamento iva",
-       .genere = archives::GenereCampo::Codice,
+       .genere = records::GenereCampo::Codice,
        .fonte = "pagamenti",
        .nota = "Importo iva pagato separatamente (p.es quando si anticipa il pagamento dell'iva)"}};
   for (const char* numero : {"", "2"}) {
-    for (archives::CampoArchivio& campo : Finestra(numero)) campi.push_back(std::move(campo));
+    for (records::CampoForma& campo : Finestra(numero)) campi.push_back(std::move(campo));
   }
   return campi;
 }
@@ -197,8 +197,7 @@ archives::DescrizioneArchivio DescrizioneCodiciPagamento(const std::shared_ptr<R
                         return std::vector<std::string>();
                       }}};
   codici.aperto = [rate](archives::ContestoArchivio& contesto) {
-    // A new record that holds values already is a copy: its rates are copied too.
-    if (contesto.nuovo && contesto.scheda.Modificata()) {
+    if (contesto.copia) {
       rate->Copiate();
       return;
     }
@@ -208,7 +207,7 @@ archives::DescrizioneArchivio DescrizioneCodiciPagamento(const std::shared_ptr<R
     contesto.scheda.Scrivi("AggiornaScad", true);
   };
   codici.stato = [](const archives::ContestoArchivio& contesto, const std::string& nome) {
-    return archives::StatoCampo{.visibile = nome != kVecchiaForma || !Nuova(contesto)};
+    return records::StatoCampo{.visibile = nome != kVecchiaForma || !Nuova(contesto)};
   };
   codici.controlli = {SenzaRate(rate),           Percentuali(rate), MancaDescrizione,
                       PagamentoAutomatico(rate), NumeroScadenze,    GiorniSpostati};

@@ -75,7 +75,7 @@ archives::DescrizioneArchivio Categorie() {
       {.nome = "nonmodif", .didascalia = "predefinita: non si può modificare", .elenco = true}};
   // Only the program marks a category.
   categorie.stato = [](const archives::ContestoArchivio&, const std::string& nome) {
-    return archives::StatoCampo{.attivo = nome != "nonmodif"};
+    return records::StatoCampo{.attivo = nome != "nonmodif"};
   };
   categorie.controlli = {CategoriaFissa};
   categorie.guardieElimina = {CategoriaFissa};
@@ -92,12 +92,12 @@ archives::DescrizioneArchivio Ritenute() {
   ritenute.campi = {{.nome = "Perc", .didascalia = "Percentuale", .elenco = true},
                     {.nome = "Causale",
                      .didascalia = "Causale del giro ritenuta",
-                     .genere = archives::GenereCampo::Codice,
+                     .genere = records::GenereCampo::Codice,
                      .fonte = "causaliTutte",
                      .elenco = true},
                     {.nome = "Conto",
                      .didascalia = "Conto del giro ritenuta",
-                     .genere = archives::GenereCampo::Codice,
+                     .genere = records::GenereCampo::Codice,
                      .fonte = "contiTutti",
                      .elenco = true}};
   return ritenute;

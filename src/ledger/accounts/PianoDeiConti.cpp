@@ -18,13 +18,9 @@ namespace {
 constexpr int kCaratteriConto = 10;
 constexpr int kCaratteriMeta = 6;  ///< of a master's code, and of a sub-code
 
-// Extra fields that no control shows.
-constexpr const char* kClassePrima = "CFPPrima";      ///< class as stored, empty for a new account
-constexpr const char* kVocePersa = "VoceNonTrovata";  ///< code that the list hadn't, to be told
-
-const std::vector<archives::VoceScelta>& PatrimonialeEconomico() {
-  static const std::vector<archives::VoceScelta> voci = {{"P", "Patrimoniale", "OptPatrimoniale"},
-                                                         {"E", "Economico", "OptEcomomico"}};
+const std::vector<records::VoceScelta>& PatrimonialeEconomico() {
+  static const std::vector<records::VoceScelta> voci = {{"P", "Patrimoniale", "OptPatrimoniale"},
+                                                        {"E", "Economico", "OptEcomomico"}};
   return voci;
 }
 
@@ -52,7 +48,7 @@ archives::DescrizioneArchivio Mastri() {
   mastri.caratteriCodice = kCaratteriMeta;
   mastri.campi = {{.nome = "PatrEcon",
                    .didascalia = "Patrimoniale/Economico",
-                   .genere = archives::GenereCampo::Opzioni,
+                   .genere = records::GenereCampo::Opzioni,
                    .scelte = PatrimonialeEconomico(),
                    .elenco = true}};
   mastri.aperto = [](archives::ContestoArchivio& contesto) {
@@ -80,9 +76,7 @@ void ContoAperto(archives::ContestoArchivio& contesto) {
   const auto [mastro, contox] = DividiCodiceConto(contesto.ambiente, contesto.Codice());
   scheda.Scrivi("Mastro", mastro);
   scheda.Scrivi("Contox", contox);
-  scheda.Scrivi(kClassePrima, contesto.nuovo ? "" : scheda.Testo("CFP"));
   scheda.Scrivi("ContoxLibero", "");
-  scheda.Scrivi(kVocePersa, "");
 }
 
 /// The account takes its master's letter, and a new one is shown the sub-code that comes next: the
@@ -100,7 +94,7 @@ void MastroLasciato(archives::ContestoArchivio& contesto) {
 void ContoLasciato(archives::ContestoArchivio& contesto, const std::string& campo) {
   if (UgualeTesto(campo, "Mastro")) return MastroLasciato(contesto);
   if (!UgualeTesto(campo, "CFP") || contesto.nuovo) return;
-  if (UgualeTesto(Rifilato(contesto.scheda, "CFP"), contesto.scheda.Testo(kClassePrima))) return;
+  if (UgualeTesto(Rifilato(contesto.scheda, "CFP"), contesto.prima.Testo("CFP"))) return;
   contesto.ambiente.Dialogo().Messaggio(
       "ATTENZIONE: se esistono già registrazioni contabili non variare questo dato", Icona::Avviso);
 }
@@ -168,7 +162,7 @@ void ScriviVoce(archives::ContestoArchivio& contesto) {
   Archivio& tessarc = contesto.ambiente.ArchivioDi("tessarc");
   const VoceContiClientiFornitori prima{contesto.codicePrima, "P"};
   const VoceContiClientiFornitori ora{contesto.Codice(), "P", scheda.Testo("Descrizione")};
-  const bool cEra = !contesto.nuovo && Semplice(scheda.Testo(kClassePrima));
+  const bool cEra = !contesto.nuovo && Semplice(contesto.prima.Testo("CFP"));
   const bool cE = Semplice(scheda.Testo("CFP"));
 
   bool trovata = true;
@@ -178,17 +172,11 @@ void ScriviVoce(archives::ContestoArchivio& contesto) {
     if (cEra) trovata = TogliVoce(tessarc, prima);
     if (cE) AggiungiVoce(tessarc, ora);
   }
-  scheda.Scrivi(kVocePersa, trovata ? "" : contesto.codicePrima);
+  contesto.daDire = trovata ? std::string() : VoceNonTrovata(contesto.codicePrima);
 }
 
 void TogliVoceDiConto(archives::ContestoArchivio& contesto) {
   TogliVoce(contesto.ambiente.ArchivioDi("tessarc"), {contesto.codicePrima, "P"});
-}
-
-void DiVocePersa(archives::ContestoArchivio& contesto) {
-  const std::string codice = contesto.scheda.Testo(kVocePersa);
-  if (codice.empty()) return;
-  contesto.ambiente.Dialogo().Messaggio(VoceNonTrovata(codice), Icona::Avviso);
 }
 
 // --- Accounts: buttons ---------------------------------------------------------------------------
@@ -226,22 +214,19 @@ archives::DescrizioneArchivio Conti() {
   conti.titoloRecord = "conto ";
   conti.caratteriCodice = kCaratteriConto;
   conti.codiceComposto = true;
-  conti.campiExtra = {{"Mastro", Tipo::Testo},
-                      {"Contox", Tipo::Testo},
-                      {kClassePrima, Tipo::Testo},
-                      {"ContoxLibero", Tipo::Testo},
-                      {kVocePersa, Tipo::Testo}};
+  conti.campiExtra = {
+      {"Mastro", Tipo::Testo}, {"Contox", Tipo::Testo}, {"ContoxLibero", Tipo::Testo}};
   conti.campi = {
       {.nome = "Mastro",
        .didascalia = "Mastro",
        .caratteri = kCaratteriMeta,
-       .genere = archives::GenereCampo::Codice,
+       .genere = records::GenereCampo::Codice,
        .fonte = "mastri"},
       {.nome = "Contox", .didascalia = "Conto", .caratteri = kCaratteriMeta},
       {.nome = "ContoxLibero",
        .didascalia = "primo conto libero",
        .caratteri = kCaratteriMeta,
-       .genere = archives::GenereCampo::Etichetta},
+       .genere = records::GenereCampo::Etichetta},
       {.nome = "Descrizione", .didascalia = "Descrizione"},
       {.nome = "CFP",
        .didascalia = "C F P",
@@ -251,7 +236,7 @@ archives::DescrizioneArchivio Conti() {
        .maiuscole = true},
       {.nome = "PatrEcon",
        .didascalia = "Patrimoniale/Economico",
-       .genere = archives::GenereCampo::Opzioni,
+       .genere = records::GenereCampo::Opzioni,
        .scelte = PatrimonialeEconomico(),
        .elenco = true},
       {.nome = "ImportoSitAziendale",
@@ -268,13 +253,12 @@ archives::DescrizioneArchivio Conti() {
   conti.aperto = ContoAperto;
   conti.lasciato = ContoLasciato;
   conti.stato = [](const archives::ContestoArchivio& contesto, const std::string& nome) {
-    return archives::StatoCampo{.visibile = nome != "ContoxLibero" || contesto.nuovo};
+    return records::StatoCampo{.visibile = nome != "ContoxLibero" || contesto.nuovo};
   };
   conti.compone = ComponiConto;
   conti.controlli = {MancaCodice, MancaClasse, MastroInesistente, LetteraDiversa, CodiceLungo};
   conti.conScrittura = ScriviVoce;
   conti.conEliminazione = TogliVoceDiConto;
-  conti.dopoConferma = DiVocePersa;
   return conti;
 }
 

@@ -17,14 +17,6 @@ CampoCodice* CampoCausale(const char* nome, Finestre& finestre) {
   return Campo(nome, finestre, "causali");
 }
 
-CampoCodice* CampoTipo(const char* nome, Finestre& finestre) {
-  return Campo(nome, finestre, "tipiPagamento");
-}
-
-CampoCodice* CampoPagamento(const char* nome, Finestre& finestre) {
-  return Campo(nome, finestre, "pagamenti");
-}
-
 CampoCodice* CampoBanca(const char* nome, Finestre& finestre) {
   return Campo(nome, finestre, "banche");
 }

@@ -14,15 +14,13 @@ namespace fenalto::screens {
 /// An account of the chart, with its description; F3 opens the archive.
 CampoCodice* CampoConto(const char* nome, Finestre& finestre);
 CampoCodice* CampoCausale(const char* nome, Finestre& finestre);
-/// A type of payment.
-CampoCodice* CampoTipo(const char* nome, Finestre& finestre);
-/// A payment code.
-CampoCodice* CampoPagamento(const char* nome, Finestre& finestre);
 /// A bank of presentation.
 CampoCodice* CampoBanca(const char* nome, Finestre& finestre);
 
 /// Amounts are typed in this width; so is a number of an invoice.
 inline constexpr int kCifreImporto = 14;
 inline constexpr int kCifreNumero = 8;
+/// What a due date's state means.
+inline constexpr const char* kStati = "00 e 01 aperta, 10 pagata in parte, 30 pagata";
 
 }  // namespace fenalto::screens

@@ -5,14 +5,13 @@
 #include <memory>
 
 #include "duedates/codes/RateCodice.h"
-#include "screens/common/archive/FinestraArchivio.h"
+#include "screens/common/archive/FinestraArchivioConRighe.h"
 
 namespace fenalto::screens {
 
 class PannelloProva;
-class RiquadroRata;
 
-class FinestraCodiciPagamento : public FinestraArchivio {
+class FinestraCodiciPagamento : public FinestraArchivioConRighe {
   Q_OBJECT
 
  public:
@@ -20,18 +19,14 @@ class FinestraCodiciPagamento : public FinestraArchivio {
   ~FinestraCodiciPagamento() override;
 
   void Abbandona() override;
-  bool Indietro() override;
 
  protected:
   void MostraRecord() override;
-  bool RaccogliAltro() override;
-  [[nodiscard]] bool AltroModificato() const override;
 
  private:
   FinestraCodiciPagamento(std::shared_ptr<duedates::RateCodice> rate, Finestre& finestre);
 
   std::shared_ptr<duedates::RateCodice> rate_;
-  RiquadroRata* righe_;
   PannelloProva* prova_;
   std::string mostrato_;  ///< code whose test stands on the screen
 };

@@ -1,15 +1,12 @@
 #include "screens/duedates/RiquadroScadenza.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/archives/FonteCodici.h"
 #include "duedates/schedules/ArchivioScadenze.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/duedates/CampiScadenza.h"
@@ -17,27 +14,64 @@
 namespace fenalto::screens {
 namespace {
 
-constexpr int kCifreCodice = 6;
-constexpr int kCifreParte = 12;
-constexpr int kCaratteriDescrizione = 64;
-constexpr int kCifreStato = 4;
+using records::CampoForma;
+using records::DiCodice;
+using records::Digitato;
+using Genere = records::GenereCampo;
 
-CampoNumero* Numero(const char* nome) {
-  auto* campo = new CampoNumero(QString::fromLatin1(nome));
-  LargoCaratteri(campo, kCifreNumero);
-  return campo;
+constexpr int kParte = 11;
+constexpr int kImporto = 13;
+constexpr int kNumero = 7;
+constexpr const char* kScadenza = "FrameScadenza";
+constexpr const char* kFattura = "FrameFattura";
+constexpr const char* kRiba = "FrameRiba";
+
+CampoForma DiFattura(const char* nome, const char* didascalia, int colonna, int caratteri = 0) {
+  return Digitato(nome, didascalia, caratteri).In(kFattura).Colonna(colonna);
 }
 
-CampoImporto* InEuro(const char* nome) {
-  auto* campo = new CampoImporto(QString::fromLatin1(nome));
-  LargoCaratteri(campo, kCifreImporto);
-  return campo;
-}
-
-/// A caption and its field, side by side.
-void Accanto(QHBoxLayout& fila, const QString& testo, QWidget* campo, QWidget* disposto) {
-  fila.addWidget(Didascalia(testo, campo));
-  fila.addWidget(disposto);
+records::DescrizioneForma FormaScadenza() {
+  return {.campi = {Digitato("CFP", "Cliente/fornitore")
+                        .Di(Genere::Elenco)
+                        .Scelte({{.valore = "C"}, {.valore = "F"}})
+                        .Aiuto("C cliente, F fornitore")
+                        .In(kScadenza),
+                    DiCodice("Conto", "", "clienti", kParte).In(kScadenza).Accanto().Peso(1),
+                    Digitato("Dt", "Data scadenza").In(kScadenza),
+                    DiCodice("Tipo", "Tipo", "tipiPagamento", 5)
+                        .In(kScadenza)
+                        .Accanto()
+                        .Aiuto("03 ricevuta bancaria; negli altri casi è solo un'indicazione")
+                        .Peso(1),
+                    Digitato("Stato", "Stato", 2)
+                        .Mostra(3)
+                        .Aiuto(kStati)
+                        .Nota(kStati)
+                        .In(kScadenza)
+                        .Accanto(),
+                    Digitato("ImportoE", "Importo", kImporto).In(kScadenza),
+                    Digitato("ImportoPagatoE", "Pagato", kImporto).In(kScadenza).Accanto(),
+                    Digitato("DtPag", "il").In(kScadenza).Accanto(),
+                    Digitato("anticipo", "anticipo su fattura da emettere o ricevere")
+                        .In(kScadenza)
+                        .Accanto(),
+                    Digitato("Descrizione", "Descrizione", 64).In(kScadenza).Peso(1),
+                    DiCodice("Pagamento", "Pagamento", "pagamenti", kParte).In(kScadenza).Peso(1),
+                    DiFattura("NFat", "Fattura n.", 0, kNumero),
+                    DiFattura("DtFat", "del", 1),
+                    DiFattura("Riva", "Registro iva", 0, 6).Mostra(kNumero),
+                    DiFattura("NProt", "Protocollo", 1, kNumero),
+                    DiFattura("Articolo", "Registrazione n.", 0, kNumero),
+                    DiFattura("Anno", "anno", 1, kNumero),
+                    DiFattura("Programma", "Scritta da", 0)
+                        .Di(Genere::Etichetta)
+                        .Aiuto("chi ha scritto la scadenza"),
+                    DiCodice("BancaPresentaz", "Banca", "banche", 5).In(kRiba).Peso(1),
+                    Digitato("Ndistinta", "Distinta n.", kNumero).In(kRiba),
+                    Digitato("DtPres", "Presentata il").In(kRiba)},
+          .riquadri = {{.nome = kScadenza, .titolo = "Scadenza", .largo = true},
+                       {.nome = kFattura, .titolo = "Fattura e registrazione"},
+                       {.nome = kRiba, .titolo = "Dati riba", .accanto = true}}};
 }
 
 }  // namespace
@@ -50,141 +84,21 @@ RiquadroScadenza::RiquadroScadenza(duedates::ArchivioScadenze& caso, Finestre& f
       parteData_(parteData),
       legatura_(new Legatura([this]() -> Scheda& { return caso_.Record(); },
                              finestre.Sessione().Dialogo(), this)),
-      classe_(new QComboBox),
-      conto_(
-          new CampoCodice(QStringLiteral("Conto"), archives::FonteConti(finestre.Sessione(), "C"))),
       conferma_(Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"))),
       elimina_(Pulsante(QStringLiteral("Elimina"), tr("Elimina"), tr("Ctrl+Canc"))),
       ripristina_(Pulsante(QStringLiteral("CmdRipristina"), tr("Ripristina come non pagata"))),
       vedi_(Pulsante(QStringLiteral("VedereRegCont"), tr("Vedere la fattura"))),
       annulla_(Pulsante(QStringLiteral("Annulla"), tr("Abbandona"), tr("Esc"))) {
-  classe_->setObjectName(QStringLiteral("CFP"));
-  classe_->addItems({QStringLiteral("C"), QStringLiteral("F")});
-  classe_->setToolTip(tr("C cliente, F fornitore"));
   auto* colonna = new QVBoxLayout(this);
-  dati_ = new QWidget;
-  auto* campi = new QVBoxLayout(dati_);
-  campi->setContentsMargins(0, 0, 0, 0);
-  campi->addWidget(CreaDati());
-  auto* fila = new QHBoxLayout;
-  fila->addWidget(CreaFattura(), 1);
-  fila->addWidget(CreaRiba(), 1);
-  campi->addLayout(fila);
-  colonna->addWidget(dati_);
+  auto* campi = new QVBoxLayout;
+  campi_ = new CampiForma(finestre.Sessione(), FormaScadenza(), {legatura_}, *campi);
+  campi_->setParent(this);
+  colonna->addLayout(campi);
   colonna->addWidget(CreaPiede());
   colonna->addStretch(1);
   legatura_->Rinuncia(annulla_);
   AssegnaMnemoniche({conferma_, elimina_, ripristina_, vedi_, annulla_});
   Collega();
-}
-
-QWidget* RiquadroScadenza::Lega(QWidget* campo) {
-  legatura_->Lega(campo);
-  return campo;
-}
-
-QWidget* RiquadroScadenza::CreaDati() {
-  auto* riquadro = new QGroupBox(tr("Scadenza"));
-  auto* griglia = new QGridLayout(riquadro);
-  int linea = 0;
-  const auto fila = [&](QWidget* primo, const QString& testo) {
-    griglia->addWidget(Didascalia(testo, primo), linea, 0);
-    auto* insieme = new QHBoxLayout;
-    griglia->addLayout(insieme, linea++, 1);
-    return insieme;
-  };
-  auto* parte = fila(conto_, tr("Cliente/fornitore"));
-  parte->addWidget(Lega(classe_));
-  parte->addWidget(ConDescrizione(conto_, kCifreParte), 1);
-  Lega(conto_);
-
-  auto* giorno = CampoGiorno("Dt", finestre_.Sessione());
-  auto* tipo = CampoTipo("Tipo", finestre_);
-  tipo->setToolTip(tr("03 ricevuta bancaria; negli altri casi è solo un'indicazione"));
-  auto* stato = new CampoTesto(QStringLiteral("Stato"), nullptr, 2);
-  LargoCaratteri(stato, kCifreStato);
-  stato->setToolTip(tr("00 e 01 aperta, 10 pagata in parte, 30 pagata"));
-  auto* prima = fila(giorno, tr("Data scadenza"));
-  prima->addWidget(Lega(giorno));
-  auto* conDescrizione = ConDescrizione(tipo, kCifreCodice);
-  constexpr int kCaratteriTipo = 26;
-  LargoCaratteri(conDescrizione, kCaratteriTipo);
-  Accanto(*prima, tr("Tipo"), tipo, conDescrizione);
-  Accanto(*prima, tr("Stato"), Lega(stato), stato);
-  Lega(tipo);
-  auto* leggenda = new QLabel(tr("00 e 01 aperta, 10 pagata in parte, 30 pagata"));
-  leggenda->setForegroundRole(QPalette::PlaceholderText);
-  prima->addWidget(leggenda);
-  prima->addStretch(1);
-
-  auto* importo = InEuro("ImportoE");
-  auto* pagato = InEuro("ImportoPagatoE");
-  auto* giornoPagato = CampoGiorno("DtPag", finestre_.Sessione());
-  auto* anticipo = new QCheckBox(tr("anticipo su fattura da emettere o ricevere"));
-  anticipo->setObjectName(QStringLiteral("anticipo"));
-  auto* seconda = fila(importo, tr("Importo"));
-  seconda->addWidget(Lega(importo));
-  Accanto(*seconda, tr("Pagato"), Lega(pagato), pagato);
-  Accanto(*seconda, tr("il"), Lega(giornoPagato), giornoPagato);
-  seconda->addWidget(Lega(anticipo));
-  seconda->addStretch(1);
-
-  auto* descrizione = new CampoTesto(QStringLiteral("Descrizione"), nullptr, kCaratteriDescrizione);
-  LargoCaratteri(descrizione, kCaratteriDescrizione);
-  auto* terza = fila(descrizione, tr("Descrizione"));
-  terza->addWidget(Lega(descrizione));
-  terza->addStretch(1);
-  auto* pagamento = CampoPagamento("Pagamento", finestre_);
-  auto* quarta = fila(pagamento, tr("Pagamento"));
-  quarta->addWidget(ConDescrizione(pagamento, kCifreParte), 1);
-  Lega(pagamento);
-  griglia->setColumnStretch(1, 1);
-  return riquadro;
-}
-
-QWidget* RiquadroScadenza::CreaFattura() {
-  auto* riquadro = new QGroupBox(tr("Fattura e registrazione"));
-  auto* griglia = new QGridLayout(riquadro);
-  const auto metti = [&](QWidget* campo, const QString& testo, int riga, int colonna) {
-    griglia->addWidget(Didascalia(testo, campo), riga, colonna);
-    griglia->addWidget(Lega(campo), riga, colonna + 1);
-  };
-  auto* riva = new CampoTesto(QStringLiteral("Riva"), nullptr, kCifreCodice);
-  LargoCaratteri(riva, kCifreNumero);
-  auto* programma = new QLabel;
-  programma->setObjectName(QStringLiteral("Programma"));
-  programma->setToolTip(tr("chi ha scritto la scadenza"));
-  int riga = 0;
-  metti(Numero("NFat"), tr("Fattura n."), riga, 0);
-  metti(CampoGiorno("DtFat", finestre_.Sessione()), tr("del"), riga, 2);
-  ++riga;
-  metti(riva, tr("Registro iva"), riga, 0);
-  metti(Numero("NProt"), tr("Protocollo"), riga, 2);
-  ++riga;
-  metti(Numero("Articolo"), tr("Registrazione n."), riga, 0);
-  metti(Numero("Anno"), tr("anno"), riga, 2);
-  ++riga;
-  metti(programma, tr("Scritta da"), riga, 0);
-  griglia->setColumnStretch(4, 1);
-  return riquadro;
-}
-
-QWidget* RiquadroScadenza::CreaRiba() {
-  auto* riquadro = new QGroupBox(tr("Dati riba"));
-  auto* griglia = new QGridLayout(riquadro);
-  auto* banca = CampoBanca("BancaPresentaz", finestre_);
-  griglia->addWidget(Didascalia(tr("Banca"), banca), 0, 0);
-  griglia->addWidget(ConDescrizione(banca, kCifreCodice), 0, 1);
-  Lega(banca);
-  auto* distinta = Numero("Ndistinta");
-  griglia->addWidget(Didascalia(tr("Distinta n."), distinta), 1, 0);
-  griglia->addWidget(Lega(distinta), 1, 1, Qt::AlignLeft);
-  auto* presentata = CampoGiorno("DtPres", finestre_.Sessione());
-  griglia->addWidget(Didascalia(tr("Presentata il"), presentata), 2, 0);
-  griglia->addWidget(Lega(presentata), 2, 1, Qt::AlignLeft);
-  griglia->setColumnStretch(1, 1);
-  griglia->setRowStretch(3, 1);
-  return riquadro;
 }
 
 QWidget* RiquadroScadenza::CreaPiede() {
@@ -200,7 +114,7 @@ QWidget* RiquadroScadenza::CreaPiede() {
 
 void RiquadroScadenza::Collega() {
   connect(legatura_, &Legatura::Lasciato, this, [this](const QString& campo, bool cambiato) {
-    if (cambiato && campo == QStringLiteral("CFP")) ClasseScelta();
+    if (cambiato && campo == QStringLiteral("CFP")) MostraStato();
   });
   connect(conferma_, &QPushButton::clicked, this, &RiquadroScadenza::Conferma);
   connect(elimina_, &QPushButton::clicked, this, [this] {
@@ -215,23 +129,23 @@ void RiquadroScadenza::Collega() {
   connect(annulla_, &QPushButton::clicked, this, &RiquadroScadenza::AbbandonoChiesto);
 }
 
-/// The code's search follows the class.
-void RiquadroScadenza::ClasseScelta() {
-  const std::string classe = caso_.Record().Testo("CFP");
-  if (classeMostrata_ == QString::fromStdString(classe)) return;
-  classeMostrata_ = QString::fromStdString(classe);
-  conto_->Fonte(archives::FonteConti(finestre_.Sessione(), classe));
-  conto_->Risolvi();
+void RiquadroScadenza::MostraStato() {
+  const auto stato = [this](const std::string& nome) {
+    records::StatoCampo suo;
+    if (nome != "CFP" && nome != "Conto") return suo;
+    suo.attivo = !parteData_;
+    // The code's search follows the class.
+    if (nome == "Conto") suo.fonte = archives::NomeFonteConti(caso_.Record().Testo("CFP"));
+    return suo;
+  };
+  campi_->Applica(stato, !caso_.Aperta() || caso_.SolaLettura());
 }
 
 void RiquadroScadenza::Mostra() {
-  ClasseScelta();
+  MostraStato();
   legatura_->Mostra();
   const bool scrivibile = caso_.Aperta() && !caso_.SolaLettura();
-  dati_->setEnabled(scrivibile);
   vedi_->setEnabled(caso_.Aperta());
-  classe_->setEnabled(!parteData_);
-  conto_->setEnabled(!parteData_);
   conferma_->setEnabled(scrivibile);
   elimina_->setEnabled(scrivibile && !caso_.Nuova());
   ripristina_->setEnabled(caso_.Ripristinabile());

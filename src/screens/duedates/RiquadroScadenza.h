@@ -5,9 +5,6 @@
 
 #include "screens/common/windows/Finestre.h"
 
-class QComboBox;
-class QGridLayout;
-class QGroupBox;
 class QPushButton;
 
 namespace fenalto::duedates {
@@ -16,7 +13,7 @@ class ArchivioScadenze;
 
 namespace fenalto::screens {
 
-class CampoCodice;
+class CampiForma;
 class Legatura;
 
 class RiquadroScadenza : public QWidget {
@@ -43,28 +40,21 @@ class RiquadroScadenza : public QWidget {
   void RegistrazioneChiesta();
 
  private:
-  QWidget* Lega(QWidget* campo);
-  QWidget* CreaDati();
-  QWidget* CreaFattura();
-  QWidget* CreaRiba();
   QWidget* CreaPiede();
   void Collega();
-  void ClasseScelta();
+  void MostraStato();
   void Conferma();
 
   duedates::ArchivioScadenze& caso_;
   Finestre& finestre_;
   bool parteData_;
   Legatura* legatura_;
-  QComboBox* classe_;
-  CampoCodice* conto_;
-  QWidget* dati_ = nullptr;
+  CampiForma* campi_;
   QPushButton* conferma_;
   QPushButton* elimina_;
   QPushButton* ripristina_;
   QPushButton* vedi_;
   QPushButton* annulla_;
-  QString classeMostrata_;
 };
 
 }  // namespace fenalto::screens

@@ -1,10 +1,12 @@
 #include "screens/ledger/PaginaRegistrazione.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/lists/Griglia.h"
@@ -14,11 +16,36 @@
 namespace fenalto::screens {
 namespace {
 
-QLabel* EtichettaDati(const char* nome) {
-  auto* etichetta = new QLabel;
-  etichetta->setObjectName(QString::fromLatin1(nome));
-  etichetta->setTextFormat(Qt::PlainText);
-  return etichetta;
+using records::Digitato;
+using records::Mostrato;
+using Genere = records::GenereCampo;
+
+records::DescrizioneForma FormaTesta() {
+  return {.campi = {Digitato("NumDoc", "Articolo n.", 9)
+                        .Aiuto("vuoto: lo assegna il programma alla conferma"),
+                    Mostrato("ProbabileNumDoc", Genere::Etichetta, "probabile n.").Accanto(),
+                    Digitato("Dt", "Data")
+                        .Accanto()
+                        .Aiuto("15, 1503, 150324 o 15/3: il resto si completa da solo"),
+                    Mostrato("AnnoRegistrazione", Genere::Etichetta, "Anno").Accanto(),
+                    Mostrato("AvvisoData", Genere::Etichetta).Accanto(),
+                    Digitato("Duplicabile", "duplicabile")
+                        .Aiuto("la registrazione si offre come modello per quelle nuove"),
+                    Digitato("DescrArtDupl", "Modello")
+                        .Accanto()
+                        .Segnaposto("nome nell'elenco delle registrazioni duplicabili")
+                        .Peso(1)},
+          .stretta = true};
+}
+
+records::StatoCampo StatoTesta(ledger::Primanota& primanota, const std::string& nome) {
+  const auto& testa = primanota.Testa();
+  if (nome == "ProbabileNumDoc") return {.visibile = !testa.Testo(nome).empty()};
+  if (nome == "AnnoRegistrazione") return {.testo = testa.Testo("Anno")};
+  if (nome != "AvvisoData") return {};
+  const Data registrata = testa.Leggi("Dt").Data();
+  const bool altroAnno = !registrata.Nulla() && registrata.Anno() != testa.Leggi("Anno").Intero();
+  return {.testo = altroAnno ? "data di un altro anno" : ""};
 }
 
 /// A total: to be read and copied, never typed into.
@@ -39,7 +66,7 @@ PaginaRegistrazione::PaginaRegistrazione(ledger::Primanota& primanota, Finestre&
   constexpr int kRigheMinime = 4;
   Usa(CreaGriglia(), kRigheMinime, new RiquadroRiga(caso_, finestre_));
   allegati_ = new PannelloAllegati(caso_, finestre_);
-  CreaCampi();
+  solaLettura_->setText(tr("Registrazione in modifica altrove: si può consultare, non cambiare."));
   auto* colonna = new QVBoxLayout(this);
   colonna->addWidget(CreaTestata());
   colonna->addWidget(solaLettura_);
@@ -52,33 +79,6 @@ PaginaRegistrazione::PaginaRegistrazione(ledger::Primanota& primanota, Finestre&
   });
   AssegnaMnemoniche(QList<QAbstractButton*>{conferma_, nuovaRiga_, elimina_} + riga_->Pulsanti() +
                     QList<QAbstractButton*>{annulla_} + allegati_->Pulsanti());
-}
-
-void PaginaRegistrazione::CreaCampi() {
-  auto& sessione = finestre_.Sessione();
-  const int decimali = sessione.Euro() ? 2 : 0;
-  numero_ = new CampoNumero(QStringLiteral("NumDoc"));
-  numero_->setToolTip(tr("vuoto: lo assegna il programma alla conferma"));
-  probabile_ = EtichettaDati("ProbabileNumDoc");
-  probabileDidascalia_ = new QLabel(tr("probabile n."));
-  data_ = new CampoData(QStringLiteral("Dt"),
-                        [&sessione] { return std::pair(sessione.Anno(), sessione.Ora().Oggi()); });
-  data_->setToolTip(tr("15, 1503, 150324 o 15/3: il resto si completa da solo"));
-  anno_ = EtichettaDati("AnnoRegistrazione");
-  avvisoData_ = EtichettaDati("AvvisoData");
-  automatiche_ = Casella("ContropAutomatiche", tr("contropartite automatiche"));
-  duplicabile_ = Casella("Duplicabile", tr("duplicabile"));
-  duplicabile_->setToolTip(tr("la registrazione si offre come modello per quelle nuove"));
-  descrizione_ = new CampoTesto(QStringLiteral("DescrArtDupl"));
-  descrizione_->setPlaceholderText(tr("nome nell'elenco delle registrazioni duplicabili"));
-  solaLettura_->setText(tr("Registrazione in modifica altrove: si può consultare, non cambiare."));
-  totDare_ = Totale("TotDare", decimali);
-  totAvere_ = Totale("TotAvere", decimali);
-  sbilancio_ = Totale("Sbilancio", decimali);
-  for (QWidget* campo :
-       std::initializer_list<QWidget*>{numero_, data_, duplicabile_, descrizione_, probabile_}) {
-    legatura_->Lega(campo);
-  }
 }
 
 Griglia* PaginaRegistrazione::CreaGriglia() {
@@ -100,44 +100,25 @@ QWidget* PaginaRegistrazione::CreaTestata() {
   auto* testata = new QWidget;
   auto* riga = new QHBoxLayout(testata);
   riga->setContentsMargins(0, 0, 0, 0);
-  riga->addLayout(DisponiTestata(), 3);
+  auto* campi = new QVBoxLayout;
+  testa_ = Compila(FormaTesta(), *campi);
+  campi->addStretch(1);
+  riga->addLayout(campi, 3);
   riga->addWidget(allegati_, 2);
   testata->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   return testata;
-}
-
-QGridLayout* PaginaRegistrazione::DisponiTestata() {
-  constexpr int kCifreNumero = 10;
-  constexpr int kCifreData = 11;
-  LargoCaratteri(numero_, kCifreNumero);
-  LargoCaratteri(data_, kCifreData);
-  auto* griglia = new QGridLayout;
-  griglia->setHorizontalSpacing(8);
-  griglia->setVerticalSpacing(4);
-  griglia->addWidget(Didascalia(tr("Articolo n."), numero_), 0, 0);
-  griglia->addWidget(numero_, 0, 1);
-  auto* probabile = new QHBoxLayout;
-  probabile->setContentsMargins(0, 0, 16, 0);
-  probabile->addWidget(probabileDidascalia_);
-  probabile->addWidget(probabile_);
-  griglia->addLayout(probabile, 0, 2);
-  griglia->addWidget(Didascalia(tr("Data"), data_), 0, 3, Qt::AlignRight);
-  griglia->addWidget(data_, 0, 4);
-  griglia->addWidget(new QLabel(tr("Anno")), 0, 5);
-  griglia->addWidget(anno_, 0, 6);
-  griglia->addWidget(avvisoData_, 0, 7);
-  griglia->addWidget(Didascalia(tr("Modello"), descrizione_), 1, 0);
-  griglia->addWidget(duplicabile_, 1, 1);
-  griglia->addWidget(descrizione_, 1, 2, 1, 6);
-  griglia->setColumnStretch(7, 1);
-  griglia->setRowStretch(2, 1);
-  return griglia;
 }
 
 QWidget* PaginaRegistrazione::CreaPiede() {
   auto* piede = new QWidget;
   auto* riga = new QHBoxLayout(piede);
   riga->setContentsMargins(0, 0, 0, 0);
+  const int decimali = finestre_.Sessione().Euro() ? 2 : 0;
+  totDare_ = Totale("TotDare", decimali);
+  totAvere_ = Totale("TotAvere", decimali);
+  sbilancio_ = Totale("Sbilancio", decimali);
+  automatiche_ = new QCheckBox(tr("contropartite automatiche"));
+  automatiche_->setObjectName(QStringLiteral("ContropAutomatiche"));
   const struct {
     QString testo;
     CampoImporto* campo;
@@ -158,18 +139,12 @@ QWidget* PaginaRegistrazione::CreaPiede() {
 void PaginaRegistrazione::Mostra() {
   const bool scrivibile = !caso_.SolaLettura();
   for (QWidget* campo :
-       std::initializer_list<QWidget*>{numero_, data_, duplicabile_, descrizione_, automatiche_,
-                                       nuovaRiga_, conferma_, elimina_}) {
+       std::initializer_list<QWidget*>{automatiche_, nuovaRiga_, conferma_, elimina_}) {
     campo->setEnabled(scrivibile);
   }
   solaLettura_->setVisible(!scrivibile);
+  testa_->Applica([this](const std::string& nome) { return StatoTesta(caso_, nome); }, !scrivibile);
   legatura_->Mostra();
-  const auto& testa = caso_.Testa();
-  anno_->setText(QString::fromStdString(testa.Testo("Anno")));
-  probabileDidascalia_->setVisible(!probabile_->text().isEmpty());
-  const Data registrata = testa.Leggi("Dt").Data();
-  const bool altroAnno = !registrata.Nulla() && registrata.Anno() != testa.Leggi("Anno").Intero();
-  avvisoData_->setText(altroAnno ? tr("data di un altro anno") : QString());
   automatiche_->setChecked(caso_.ContropAutomatiche());
   MostraElencoRighe();
   MostraTotali();
@@ -195,7 +170,7 @@ void PaginaRegistrazione::MostraTotali() {
 }
 
 void PaginaRegistrazione::FocoData() {
-  data_->setFocus();
+  testa_->Controllo("Dt").setFocus();
 }
 
 // --- Rows -------------------------------------------------------------------------------------

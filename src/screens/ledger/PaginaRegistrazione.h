@@ -6,14 +6,11 @@
 #include "screens/common/windows/Finestre.h"
 
 class QCheckBox;
-class QGridLayout;
 
 namespace fenalto::screens {
 
-class CampoData;
+class CampiForma;
 class CampoImporto;
-class CampoNumero;
-class CampoTesto;
 class PannelloAllegati;
 
 class PaginaRegistrazione : public PaginaSul<ledger::Primanota> {
@@ -33,23 +30,14 @@ class PaginaRegistrazione : public PaginaSul<ledger::Primanota> {
   void FocoData() override;
 
  private:
-  void CreaCampi();
   [[nodiscard]] static Griglia* CreaGriglia();
   QWidget* CreaTestata();
-  QGridLayout* DisponiTestata();
   QWidget* CreaPiede();
   void MostraElencoRighe();
   void MostraTotali();
 
-  CampoNumero* numero_;
-  QLabel* probabileDidascalia_;
-  QLabel* probabile_;
-  CampoData* data_;
-  QLabel* anno_;
-  QLabel* avvisoData_;
+  CampiForma* testa_;
   QCheckBox* automatiche_;
-  QCheckBox* duplicabile_;
-  CampoTesto* descrizione_;
   PannelloAllegati* allegati_;
   CampoImporto* totDare_;
   CampoImporto* totAvere_;

@@ -91,7 +91,7 @@ archives::DescrizioneArchivio CodiciIva() {
        .caratteri = 1,
        .nota = kLegendaElenco,
        .elenco = true},
-      {.nome = "Note", .didascalia = "Note", .genere = archives::GenereCampo::Note},
+      {.nome = "Note", .didascalia = "Note", .genere = records::GenereCampo::Note},
   };
   d.pulsanti = {archives::PulsanteImporta("CodiciIva")};
   d.controlli = {ControllaRiservato, ControllaCampoElenco};

@@ -119,7 +119,7 @@ void Lasciato(archives::ContestoArchivio& contesto, const std::string& campo) {
   }
 }
 
-archives::StatoCampo Stato(const archives::ContestoArchivio& contesto, const std::string& nome) {
+records::StatoCampo Stato(const archives::ContestoArchivio& contesto, const std::string& nome) {
   const TipoRegistro* tipo = TrovaTipoRegistro(Tipo(contesto));
   if (nome == kRiquadroCorrispettivi) {
     return {.visibile = tipo != nullptr && tipo->corrispettivi};
@@ -128,22 +128,22 @@ archives::StatoCampo Stato(const archives::ContestoArchivio& contesto, const std
   return {};
 }
 
-archives::CampoArchivio CampoConto(const char* nome, const char* didascalia, const char* riquadro) {
+records::CampoForma CampoConto(const char* nome, const char* didascalia, const char* riquadro) {
   return {.nome = nome,
           .didascalia = didascalia,
           .caratteri = 10,
-          .genere = archives::GenereCampo::Codice,
+          .genere = records::GenereCampo::Codice,
           .fonte = "conti",
           .elenco = *riquadro == '\0',
           .riquadro = riquadro};
 }
 
-std::vector<archives::CampoArchivio> Campi() {
+std::vector<records::CampoForma> Campi() {
   const std::string riquadro(kRiquadroCorrispettivi);
   return {{.nome = "Tipo",
            .didascalia = "Tipo registro",
            .caratteri = 3,
-           .genere = archives::GenereCampo::Codice,
+           .genere = records::GenereCampo::Codice,
            .fonte = "tipiRegistro",
            .elenco = true,
            .maiuscole = true},
@@ -153,13 +153,13 @@ std::vector<archives::CampoArchivio> Campi() {
           {.nome = "CauGiroCorrisp",
            .didascalia = "Causale del giro",
            .caratteri = 6,
-           .genere = archives::GenereCampo::Codice,
+           .genere = records::GenereCampo::Codice,
            .fonte = "causaliTutte",
            .riquadro = riquadro},
           {.nome = "CodIva",
            .didascalia = "Codice IVA proposto",
            .caratteri = 6,
-           .genere = archives::GenereCampo::Codice,
+           .genere = records::GenereCampo::Codice,
            .fonte = "codiciIva",
            .riquadro = riquadro},
           {.nome = "RegMensileCorrisp",

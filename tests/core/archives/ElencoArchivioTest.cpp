@@ -67,7 +67,7 @@ class ElencoArchivioTest : public DittaArchivi {
 
 TEST_F(ElencoArchivioTest, Colonne) {
   std::vector<std::string> nomi;
-  for (const archives::CampoArchivio& c : archives::ColonneElenco(descrizione))
+  for (const records::CampoForma& c : archives::ColonneElenco(descrizione))
     nomi.push_back(c.nome + ":" + c.didascalia);
   EXPECT_THAT(nomi, ElementsAre("Cod:codice", "Descrizione:descrizione", "Perc:aliquota",
                                 "Scorporo:scorporo"));

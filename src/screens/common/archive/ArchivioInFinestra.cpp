@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/values/Testo.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
@@ -26,6 +27,32 @@ Scheda SchedaVuota(Ambiente& ambiente, const archives::DescrizioneArchivio& desc
   Scheda scheda(*ambiente.ArchivioDi(descrizione.chiave).Catalogo().Tabella(descrizione.tabella));
   for (const auto& [nome, tipo] : descrizione.campiExtra) scheda.Aggiungi(nome, tipo);
   return scheda;
+}
+
+/// The archive's form with code and description, which come first whether the archive tells
+/// something of them or not.
+records::DescrizioneForma FormaDi(const archives::DescrizioneArchivio& descrizione) {
+  constexpr int kCaratteriDescrizione = 50;
+  records::DescrizioneForma forma = descrizione;
+  auto& campi = forma.campi;
+  const auto descritto = [&](const std::string& nome) {
+    return std::any_of(campi.begin(), campi.end(),
+                       [&](const auto& campo) { return UgualeTesto(campo.nome, nome); });
+  };
+  const bool conCodice = descritto("Cod");
+  if (!descrizione.campoDescrizione.empty() && !descritto(descrizione.campoDescrizione)) {
+    campi.insert(campi.begin(), {.nome = descrizione.campoDescrizione,
+                                 .didascalia = "Descrizione",
+                                 .caratteri = kCaratteriDescrizione});
+  }
+  if (conCodice) {
+    std::stable_partition(campi.begin(), campi.end(),
+                          [](const auto& campo) { return UgualeTesto(campo.nome, "Cod"); });
+  } else if (!descrizione.codiceComposto) {
+    campi.insert(campi.begin(),
+                 {.nome = "Cod", .didascalia = "Codice", .caratteri = descrizione.caratteriCodice});
+  }
+  return forma;
 }
 
 }  // namespace
@@ -87,11 +114,11 @@ QWidget* FinestraArchivio::Interno::CreaRecord() {
     altra->setObjectName(Qs(descritta.nome));
     schede->addTab(altra, Qs(descritta.titolo));
   }
-  campi =
-      std::make_unique<CampiArchivio>(gestore.Sessione(), archivio.Descrizione(), *legami,
-                                      [this](const std::string& nome) -> QVBoxLayout& {
-                                        return nome.empty() ? *paginaRecord : *altrePagine.at(nome);
-                                      });
+  campi = std::make_unique<CampiForma>(
+      gestore.Sessione(), FormaDi(archivio.Descrizione()), QList<Legatura*>{legami.get()},
+      [this](const std::string& nome) -> QVBoxLayout& {
+        return nome.empty() ? *paginaRecord : *altrePagine.at(nome);
+      });
 
   avviso = new QLabel;
   avviso->setObjectName(QStringLiteral("AvvisoRecord"));

@@ -6,9 +6,9 @@
 #include <memory>
 #include <string>
 
-#include "screens/common/archive/CampiArchivio.h"
 #include "screens/common/archive/FinestraArchivio.h"
 #include "screens/common/archive/PaginaSceltaArchivio.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Legatura.h"
 
 class QAbstractButton;
@@ -75,7 +75,7 @@ struct FinestraArchivio::Interno {
   archives::ArchivioCodici archivio;
   Scheda vuota;  ///< shown while nothing is open
   std::unique_ptr<Legatura> legami;
-  std::unique_ptr<CampiArchivio> campi;
+  std::unique_ptr<CampiForma> campi;
 
   QSplitter* divisione = nullptr;
   QTabWidget* scelta = nullptr;  ///< SSTab1

@@ -121,6 +121,12 @@ void FocoInVista(QWidget* controllo) {
   controllo->setFocus(Qt::ShortcutFocusReason);
 }
 
+void OrdinaFuochi(const QList<QWidget*>& controlli) {
+  for (qsizetype i = 1; i < controlli.size(); ++i) {
+    QWidget::setTabOrder(controlli[i - 1], controlli[i]);
+  }
+}
+
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti) {
   std::vector<QString> testi;
   for (const auto* pulsante : pulsanti) testi.push_back(pulsante->text());

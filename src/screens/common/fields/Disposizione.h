@@ -29,6 +29,9 @@ void ColoraErrato(QWidget* campo, bool errato);
 /// Moves the focus to a button and shows that it is there, which the toolkit does only after a key.
 void FocoInVista(QWidget* controllo);
 
+/// Gives the focus from one to the next by Tab.
+void OrdinaFuochi(const QList<QWidget*>& controlli);
+
 /// Gives each button an Alt letter of its caption that no other of the list and no menu of the main
 /// window has; when they run out, a digit after the caption.
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti);

@@ -28,6 +28,8 @@ class Legatura : public QObject {
   /// `scheda` is asked for at each use, since a use case may make it anew.
   Legatura(std::function<Scheda&()> scheda, Dialoghi& dialoghi, QObject* genitore);
 
+  /// The record that controls are bound to.
+  [[nodiscard]] Scheda& Record() const { return scheda_(); }
   /// Binds a control to the field of its object name. Typed fields, combo boxes (by text), check
   /// boxes, radio buttons alone or in a GruppoScelta, and labels can be bound.
   void Lega(QWidget* controllo);

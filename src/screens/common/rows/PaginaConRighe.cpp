@@ -2,7 +2,9 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <utility>
 
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/rows/RiquadroDiRiga.h"
@@ -30,6 +32,12 @@ PaginaConRighe::PaginaConRighe(Finestre& finestre, QWidget* genitore)
     if (EliminaRegistrazione()) emit Eliminata();
   });
   connect(annulla_, &QPushButton::clicked, this, &PaginaConRighe::AbbandonoChiesto);
+}
+
+CampiForma* PaginaConRighe::Compila(records::DescrizioneForma forma, QVBoxLayout& dove) {
+  auto* campi = new CampiForma(finestre_.Sessione(), std::move(forma), {legatura_}, dove);
+  campi->setParent(this);
+  return campi;
 }
 
 void PaginaConRighe::Usa(Griglia* righe, int righeMinime, RiquadroDiRiga* riga) {

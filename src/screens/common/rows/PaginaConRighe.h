@@ -8,11 +8,13 @@
 #include <QWidget>
 #include <optional>
 
+#include "core/records/DescrizioneForma.h"
 #include "core/values/Data.h"
 #include "screens/common/lists/Griglia.h"
 
 class QLabel;
 class QPushButton;
+class QVBoxLayout;
 
 namespace fenalto {
 class Scheda;
@@ -20,6 +22,7 @@ class Scheda;
 
 namespace fenalto::screens {
 
+class CampiForma;
 class Finestre;
 class Legatura;
 class RiquadroDiRiga;
@@ -70,6 +73,8 @@ class PaginaConRighe : public QWidget {
   /// A row was given up.
   virtual void DopoRinuncia() { DopoRiga(0); }
 
+  /// Builds a form of the head into a layout.
+  CampiForma* Compila(records::DescrizioneForma forma, QVBoxLayout& dove);
   /// Takes the grid and the row frame that the page has made.
   void Usa(Griglia* righe, int righeMinime, RiquadroDiRiga* riga);
   /// Takes what is typed; false when it can't be read (told).

@@ -1,115 +1,151 @@
 #include "screens/common/rows/RigheDelRecord.h"
 
-#include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <utility>
 
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/rows/RiquadroDiRiga.h"
 
 namespace fenalto::screens {
 
-QWidget* InFila(std::initializer_list<QWidget*> controlli) {
-  auto* insieme = new QWidget;
-  auto* fila = new QHBoxLayout(insieme);
-  fila->setContentsMargins(0, 0, 0, 0);
-  for (auto* controllo : controlli) fila->addWidget(controllo);
-  fila->addStretch(1);
-  return insieme;
+/// The row frame over the described use case.
+class RigheDelRecord::Riquadro : public RiquadroDiRiga {
+ public:
+  Riquadro(const DescrizioneRighe& righe, Finestre& finestre)
+      : RiquadroDiRiga(finestre, nullptr), righe_(righe) {
+    setTitle(righe.riga);
+    auto* pulsanti = new QHBoxLayout;
+    for (auto* pulsante : {conferma_, elimina_, annulla_}) pulsanti->addWidget(pulsante);
+    pulsanti->addStretch(1);
+    Compila(righe.forma).addLayout(pulsanti);
+    quale_->setParent(this);
+    quale_->hide();
+    // The open row can be given up from a field whose text can't be read.
+    annulla_->setFocusPolicy(Qt::TabFocus);
+  }
+
+ protected:
+  [[nodiscard]] bool RigaAperta() const override { return righe_.inRiga(); }
+  [[nodiscard]] bool RigaNuova() const override { return righe_.rigaNuova(); }
+  [[nodiscard]] bool SolaLettura() const override { return false; }
+  [[nodiscard]] Scheda& Riga() const override { return righe_.scheda(); }
+  bool ConfermaRiga(std::string& campo) override { return righe_.conferma(campo); }
+  bool EliminaRiga() override { return righe_.elimina(); }
+  void AnnullaRiga() override { righe_.annulla(); }
+  void RigaLasciata(const std::string& campo) override {
+    if (righe_.lasciato) righe_.lasciato(campo);
+  }
+  [[nodiscard]] std::string PrimoCampo() const override {
+    return righe_.rigaNuova() ? righe_.primoCampo : std::string();
+  }
+
+ private:
+  const DescrizioneRighe& righe_;
+};
+
+RigheDelRecord::RigheDelRecord(DescrizioneRighe righe, Finestre& finestre, QWidget* genitore)
+    : QWidget(genitore),
+      descritte_(std::move(righe)),
+      finestre_(finestre),
+      griglia_(new Griglia(QStringLiteral("GrigliaRighe"), descritte_.memoria, descritte_.colonne)),
+      nuova_(Pulsante(QStringLiteral("PNuovaRiga"), descritte_.nuova, tr("Ins"))),
+      riquadro_(new Riquadro(descritte_, finestre)) {
+  Disponi();
+  AssegnaMnemoniche(QList<QAbstractButton*>{nuova_} + riquadro_->Pulsanti());
+  Collega();
 }
 
-RigheDelRecord::RigheDelRecord(Nomi nomi, std::vector<ColonnaGriglia> colonne, Finestre& finestre,
-                               QWidget* genitore)
-    : QWidget(genitore),
-      finestre_(finestre),
-      legatura_(new Legatura([this]() -> Scheda& { return Riga(); }, finestre.Sessione().Dialogo(),
-                             this)),
-      griglia_(new Griglia(QStringLiteral("GrigliaRighe"), nomi.memoria, std::move(colonne))),
-      riquadro_(new QGroupBox(nomi.riga)),
-      nuova_(Pulsante(QStringLiteral("PNuovaRiga"), nomi.nuova, tr("Ins"))),
-      conferma_(Pulsante(QStringLiteral("ConfermaRiga"), tr("Conferma riga"), tr("Ctrl+Invio"))),
-      elimina_(Pulsante(QStringLiteral("EliminaRiga"), tr("Elimina riga"), tr("Ctrl+Canc"))),
-      annulla_(Pulsante(QStringLiteral("AnnullaRiga"), tr("Abbandona riga"), tr("Esc"))),
-      nomi_(std::move(nomi)) {
-  riquadro_->setObjectName(QStringLiteral("FrameRiga"));
-  riquadro_->hide();
-  // The open row can be given up from a field whose text can't be read.
-  annulla_->setFocusPolicy(Qt::TabFocus);
-  AssegnaMnemoniche({nuova_, conferma_, elimina_, annulla_});
-  Collega();
+void RigheDelRecord::Disponi() {
+  constexpr int kAltezzaGriglia = 130;
+  auto* colonna = new QVBoxLayout(this);
+  auto* elenco = colonna;
+  if (!descritte_.elenco.isEmpty()) {
+    auto* intorno = new QGroupBox(descritte_.elenco);
+    elenco = new QVBoxLayout(intorno);
+    griglia_->setMinimumHeight(kAltezzaGriglia);
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->addWidget(intorno);
+  }
+  auto* sotto = new QHBoxLayout;
+  sotto->addWidget(nuova_);
+  sotto->addStretch(1);
+  elenco->addWidget(griglia_, 1);
+  elenco->addLayout(sotto);
+  colonna->addWidget(riquadro_);
 }
 
 void RigheDelRecord::Collega() {
   connect(griglia_, &Griglia::RigaScelta, this, &RigheDelRecord::Apri);
   connect(nuova_, &QPushButton::clicked, this, &RigheDelRecord::Nuova);
-  connect(conferma_, &QPushButton::clicked, this, [this] {
-    if (Conferma()) nuova_->setFocus();
+  connect(riquadro_, &RiquadroDiRiga::Confermata, this, &RigheDelRecord::MostraCambiata);
+  connect(riquadro_, &RiquadroDiRiga::Eliminata, this, &RigheDelRecord::MostraCambiata);
+  connect(riquadro_->Pulsanti().front(), &QAbstractButton::clicked, this, [this] {
+    if (!descritte_.inRiga()) nuova_->setFocus();
   });
-  connect(elimina_, &QPushButton::clicked, this, [this] {
-    if (EliminaRiga()) MostraCambiata();
+  connect(riquadro_, &RiquadroDiRiga::Annullata, this, [this] {
+    MostraCambiata();
+    nuova_->setFocus();
   });
-  connect(annulla_, &QPushButton::clicked, this, &RigheDelRecord::Annulla);
 }
 
 void RigheDelRecord::Mostra() {
-  griglia_->Modello().Righe(Elenco());
-  legatura_->Mostra();
-  riquadro_->setVisible(InRiga());
-  nuova_->setEnabled(!InRiga() && !solaLettura_);
-  griglia_->setEnabled(!InRiga());
+  const bool aperta = descritte_.inRiga();
+  griglia_->Modello().Righe(descritte_.celle());
+  riquadro_->Mostra();
+  riquadro_->setVisible(aperta);
+  nuova_->setEnabled(!aperta && !solaLettura_);
+  griglia_->setEnabled(!aperta);
 }
 
 void RigheDelRecord::MostraCambiata() {
-  RigaCambiata();
+  if (descritte_.cambiata) descritte_.cambiata();
   Mostra();
 }
 
-void RigheDelRecord::SolaLettura(bool attiva) {
-  solaLettura_ = attiva;
-}
-
 void RigheDelRecord::Apri(int indice) {
-  if (solaLettura_ || indice < 0 || !ApriRiga(griglia_->Modello().Riga(indice).front())) return;
+  if (solaLettura_ || indice < 0) return;
+  if (!descritte_.apri(griglia_->Modello().Riga(indice).front())) return;
   MostraCambiata();
-  FocoInVista(conferma_);
+  riquadro_->Entra();
 }
 
 void RigheDelRecord::Nuova() {
-  if (!NuovaRiga()) return;
+  if (!descritte_.inizia()) return;
   MostraCambiata();
-  FocoInVista(riquadro_->findChild<QWidget*>(nomi_.primoCampo));
-}
-
-bool RigheDelRecord::Conferma() {
-  if (!legatura_->Raccogli()) return false;
-  QString nome;
-  if (ConfermaRiga(nome)) {
-    MostraCambiata();
-    return true;
-  }
-  auto* campo = nome.isEmpty() ? nullptr : riquadro_->findChild<QWidget*>(nome);
-  if (campo != nullptr) campo->setFocus();
-  return false;
+  riquadro_->Entra();
 }
 
 bool RigheDelRecord::Annulla() {
-  if (!InRiga()) return false;
-  AnnullaRiga();
+  if (!descritte_.inRiga()) return false;
+  descritte_.annulla();
   MostraCambiata();
   nuova_->setFocus();
   return true;
 }
 
-bool RigheDelRecord::Modificata() const {
-  return InRiga() && (Riga().Modificata() || legatura_->Pendente());
+void RigheDelRecord::Chiudi() {
+  descritte_.chiudi();
+  Mostra();
+}
+
+bool RigheDelRecord::ApertaModificata() const {
+  return descritte_.inRiga() && (descritte_.scheda().Modificata() || riquadro_->Pendente());
+}
+
+bool RigheDelRecord::Modificate() const {
+  return descritte_.modificate() || ApertaModificata();
 }
 
 bool RigheDelRecord::ConfermaAperta() {
-  if (!InRiga()) return true;
-  if (Modificata()) return Conferma();
-  if (!RigaNuova()) return Annulla();
-  finestre_.Sessione().Dialogo().Messaggio(nomi_.aperta, Icona::Avviso);
+  if (!descritte_.inRiga()) return true;
+  if (ApertaModificata()) return riquadro_->Conferma();
+  if (!descritte_.rigaNuova()) return Annulla();
+  finestre_.Sessione().Dialogo().Messaggio(descritte_.aperta, Icona::Avviso);
   return false;
 }
 

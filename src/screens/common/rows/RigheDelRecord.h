@@ -1,86 +1,89 @@
 // The rows that belong to an archive's record (rates of a payment code, destinations of a
 // customer): their list, the frame of the one that is open, and the four buttons.
 //
-// A class of its own makes and lays out the fields and reaches its use case; which button does
-// what, when a row may be left and where the focus goes is the same for all.
+// What the rows are is a description, over the use case that holds them; which button does what,
+// when a row may be left and where the focus goes is the same for all.
 #pragma once
 
 #include <QWidget>
-#include <initializer_list>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "core/records/DescrizioneForma.h"
 #include "core/session/Scheda.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/windows/Finestre.h"
 
-class QGroupBox;
 class QPushButton;
 
 namespace fenalto::screens {
 
-class Legatura;
+class RiquadroDiRiga;
 
-/// Controls beside each other, as one field.
-QWidget* InFila(std::initializer_list<QWidget*> controlli);
+/// Rows of a record and what is asked of their use case.
+struct DescrizioneRighe {
+  QString memoria;      ///< under which the grid remembers its widths
+  QString riga;         ///< title of the frame: "Rata"
+  QString nuova;        ///< "Nuova rata"
+  std::string aperta;   ///< told of a new row that can't be left so
+  QString elenco = {};  ///< title of the box around the list, empty for none
+  std::vector<ColonnaGriglia> colonne;
+  records::DescrizioneForma forma;
+  std::string primoCampo;  ///< where a new row begins
+
+  std::function<Scheda&()> scheda;  ///< fields of the open row
+  std::function<bool()> inRiga;
+  std::function<bool()> rigaNuova;
+  /// A row was added, changed or deleted.
+  std::function<bool()> modificate;
+  /// Cells of all rows; the first of each is its key.
+  std::function<std::vector<std::vector<Valore>>()> celle;
+  std::function<bool(const Valore& chiave)> apri;
+  std::function<bool()> inizia;
+  /// False when a check stopped it; `campo` is then the field to go to, empty for none.
+  std::function<bool(std::string& campo)> conferma;
+  std::function<bool()> elimina;
+  std::function<void()> annulla;
+  /// No record is open any more.
+  std::function<void()> chiudi;
+  std::function<void(const std::string& campo)> lasciato = {};
+  /// A row was opened or left.
+  std::function<void()> cambiata = {};
+};
 
 class RigheDelRecord : public QWidget {
   Q_OBJECT
 
  public:
+  RigheDelRecord(DescrizioneRighe righe, Finestre& finestre, QWidget* genitore = nullptr);
+
   /// Shows the rows, and the open one when there is one.
   void Mostra();
-  void SolaLettura(bool attiva);
+  void SolaLettura(bool attiva) { solaLettura_ = attiva; }
   /// Takes what is typed and confirms the open row; false when it must stay open (told).
   bool ConfermaAperta();
-  /// Whether the open row holds changes.
-  [[nodiscard]] bool Modificata() const;
+  /// Whether the rows or the open one hold changes.
+  [[nodiscard]] bool Modificate() const;
   /// Gives the open row up; false when there was none.
   bool Annulla();
-
- protected:
-  struct Nomi {
-    QString memoria;     ///< under which the grid remembers its widths
-    QString riga;        ///< title of the frame: "Rata"
-    QString nuova;       ///< "Nuova rata"
-    std::string aperta;  ///< told of a new row that can't be left so
-    QString primoCampo;  ///< where a new row begins
-  };
-  RigheDelRecord(Nomi nomi, std::vector<ColonnaGriglia> colonne, Finestre& finestre,
-                 QWidget* genitore);
-
-  // --- The use case
-  [[nodiscard]] virtual bool InRiga() const = 0;
-  [[nodiscard]] virtual bool RigaNuova() const = 0;
-  [[nodiscard]] virtual Scheda& Riga() const = 0;
-  /// Cells of all rows; the first of each is its key.
-  [[nodiscard]] virtual std::vector<std::vector<Valore>> Elenco() const = 0;
-  virtual bool ApriRiga(const Valore& chiave) = 0;
-  virtual bool NuovaRiga() = 0;
-  /// False when a check stopped it; `campo` is then the field to go to, empty for none.
-  virtual bool ConfermaRiga(QString& campo) = 0;
-  virtual bool EliminaRiga() = 0;
-  virtual void AnnullaRiga() = 0;
-  /// A row was opened or left.
-  virtual void RigaCambiata() {}
-
-  Finestre& finestre_;
-  Legatura* legatura_;
-  Griglia* griglia_;
-  QGroupBox* riquadro_;  ///< of the open row
-  QPushButton* nuova_;
-  QPushButton* conferma_;
-  QPushButton* elimina_;
-  QPushButton* annulla_;
+  /// Forgets the rows: no record is open any more.
+  void Chiudi();
 
  private:
+  class Riquadro;
+  void Disponi();
   void Collega();
   void MostraCambiata();
   void Apri(int indice);
   void Nuova();
-  bool Conferma();
+  [[nodiscard]] bool ApertaModificata() const;
 
-  Nomi nomi_;
+  DescrizioneRighe descritte_;
+  Finestre& finestre_;
+  Griglia* griglia_;
+  QPushButton* nuova_;
+  Riquadro* riquadro_;  ///< of the open row
   bool solaLettura_ = false;
 };
 

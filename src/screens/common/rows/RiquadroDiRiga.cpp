@@ -1,8 +1,10 @@
 #include "screens/common/rows/RiquadroDiRiga.h"
 
 #include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
 
-#include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 
@@ -34,12 +36,42 @@ QList<QAbstractButton*> RiquadroDiRiga::Pulsanti() const {
   return {conferma_, elimina_, annulla_};
 }
 
-void RiquadroDiRiga::Ordina(std::initializer_list<QWidget*> campi) {
-  QWidget* prima = nullptr;
-  for (auto* campo : campi) {
-    if (prima != nullptr) setTabOrder(prima, campo);
-    prima = campo;
+QVBoxLayout& RiquadroDiRiga::Compila(records::DescrizioneForma forma) {
+  constexpr int kSpazio = 4;
+  auto* colonna = new QVBoxLayout(this);
+  colonna->setSpacing(kSpazio);
+  campi_ = new CampiForma(finestre_.Sessione(), std::move(forma), {legatura_}, *colonna);
+  campi_->setParent(this);
+  return *colonna;
+}
+
+void RiquadroDiRiga::MostraCampi() {
+  campi_->Applica([this](const std::string& nome) { return Stato(nome); }, SolaLettura());
+  legatura_->Mostra();
+}
+
+void RiquadroDiRiga::Mostra() {
+  conferma_->setEnabled(!SolaLettura());
+  elimina_->setEnabled(!SolaLettura());
+  quale_->setText(RigaNuova() ? tr("nuova riga") : tr("riga esistente"));
+  MostraCampi();
+}
+
+void RiquadroDiRiga::Entra() {
+  Mostra();
+  show();
+  const std::string primo = SolaLettura() ? std::string() : PrimoCampo();
+  if (primo.empty()) {
+    PrendiFoco();
+  } else {
+    campi_->Controllo(primo).setFocus();
   }
+}
+
+void RiquadroDiRiga::CampoLasciato(const QString& campo, bool cambiato) {
+  if (!RigaAperta() || !campi_->Conta(campo, cambiato)) return;
+  RigaLasciata(campo.toStdString());
+  MostraCampi();
 }
 
 void RiquadroDiRiga::PrendiFoco() {
@@ -54,14 +86,25 @@ bool RiquadroDiRiga::Raccogli() {
   return !RigaAperta() || legatura_->Raccogli();
 }
 
-void RiquadroDiRiga::Conferma() {
-  if (!legatura_->Raccogli()) return;
-  const auto posi = Riga().Leggi("Posi").Intero();
-  if (ConfermaRiga()) emit Confermata(posi);
+std::int64_t RiquadroDiRiga::Posizione() const {
+  return Riga().Ha("Posi") ? Riga().Leggi("Posi").Intero() : 0;
+}
+
+bool RiquadroDiRiga::Conferma() {
+  if (!legatura_->Raccogli()) return false;
+  const auto posi = Posizione();
+  std::string campo;
+  if (ConfermaRiga(campo)) {
+    emit Confermata(posi);
+    return true;
+  }
+  Mostra();
+  if (!campo.empty()) campi_->DaiFoco(QString::fromStdString(campo));
+  return false;
 }
 
 void RiquadroDiRiga::Elimina() {
-  const auto posi = Riga().Leggi("Posi").Intero();
+  const auto posi = Posizione();
   if (EliminaRiga()) emit Eliminata(posi);
 }
 

@@ -18,9 +18,12 @@ class RiquadroSul : public RiquadroDiRiga {
   [[nodiscard]] bool RigaAperta() const override {
     return caso_.StatoCorrente() == Caso::Stato::RigaAperta;
   }
+  [[nodiscard]] bool RigaNuova() const override { return caso_.RigaNuova(); }
+  [[nodiscard]] bool SolaLettura() const override { return caso_.SolaLettura(); }
   [[nodiscard]] Scheda& Riga() const override { return caso_.Riga(); }
   bool EliminaRiga() override { return caso_.EliminaRiga(); }
   void AnnullaRiga() override { caso_.AnnullaRiga(); }
+  void RigaLasciata(const std::string& campo) override { caso_.RigaLasciata(campo); }
 
   Caso& caso_;
 };

@@ -4,32 +4,21 @@
 #include <memory>
 
 #include "documents/parties/DestinazioniCliente.h"
-#include "screens/common/archive/FinestraArchivio.h"
+#include "screens/common/archive/FinestraArchivioConRighe.h"
 
 namespace fenalto::screens {
 
-class RiquadroDestinazioni;
-
-class FinestraClienti : public FinestraArchivio {
+class FinestraClienti : public FinestraArchivioConRighe {
   Q_OBJECT
 
  public:
   explicit FinestraClienti(Finestre& finestre);
   ~FinestraClienti() override;
 
-  void Abbandona() override;
-  bool Indietro() override;
-
- protected:
-  void MostraRecord() override;
-  bool RaccogliAltro() override;
-  [[nodiscard]] bool AltroModificato() const override;
-
  private:
   FinestraClienti(std::shared_ptr<documents::DestinazioniCliente> destinazioni, Finestre& finestre);
 
   std::shared_ptr<documents::DestinazioniCliente> destinazioni_;
-  RiquadroDestinazioni* righe_;
 };
 
 }  // namespace fenalto::screens

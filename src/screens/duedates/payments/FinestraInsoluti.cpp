@@ -1,15 +1,14 @@
 #include "screens/duedates/payments/FinestraInsoluti.h"
 
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "duedates/payments/InsolutoRiba.h"
+#include "screens/common/fields/CampiForma.h"
+#include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
-#include "screens/common/fields/Legatura.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/SceltaParte.h"
@@ -21,6 +20,7 @@ constexpr std::size_t kMassimoRicevute = 200;
 constexpr std::size_t kColonnaNumero = 9;  ///< after the columns shown
 constexpr int kAltezzaRicevute = 130;
 constexpr int kTutto = 100;
+constexpr const char* kEffettuata = "RegContEffettuata";
 
 }  // namespace
 
@@ -30,6 +30,7 @@ FinestraInsoluti::FinestraInsoluti(Finestre& finestre)
                                std::make_unique<duedates::InsolutoRiba>(finestre.Sessione()),
                                finestre) {
   Disponi();
+  Campi().Codice("BancaPresentaz").Etichetta()->setObjectName(QStringLiteral("Banca"));
 }
 
 duedates::InsolutoRiba& FinestraInsoluti::Insoluto() const {
@@ -39,7 +40,6 @@ duedates::InsolutoRiba& FinestraInsoluti::Insoluto() const {
 void FinestraInsoluti::AltriRiquadri(QVBoxLayout& colonna) {
   // The grid takes the room that is left.
   colonna.addWidget(CreaRicevute(), kTutto);
-  colonna.addWidget(CreaDatiRiba());
 }
 
 QWidget* FinestraInsoluti::CreaRicevute() {
@@ -68,41 +68,24 @@ QWidget* FinestraInsoluti::CreaRicevute() {
   return riquadro;
 }
 
-QWidget* FinestraInsoluti::CreaDatiRiba() {
-  auto* insieme = new QWidget;
-  auto* fila = new QHBoxLayout(insieme);
-  fila->setContentsMargins(0, 0, 0, 0);
-  auto* riba = new QGroupBox(tr("Dati riba"));
-  auto* linea = new QHBoxLayout(riba);
-  constexpr int kCifreBanca = 5;
-  const auto aggiungi = [&](QWidget* campo, const QString& testo, QBoxLayout& dove) {
-    Dati().Lega(campo);
-    dove.addWidget(Didascalia(testo, campo));
-    dove.addWidget(campo);
-  };
-  auto* banca = CampoBanca("BancaPresentaz", Gestore());
-  LargoCaratteri(banca, kCifreBanca);
-  aggiungi(banca, tr("Banca"), *linea);
-  banca->Etichetta()->setObjectName(QStringLiteral("Banca"));
-  linea->addWidget(banca->Etichetta(), 1);
-  auto* distinta = new CampoNumero(QStringLiteral("Ndistinta"));
-  LargoCaratteri(distinta, kCifreNumero);
-  aggiungi(distinta, tr("Distinta n."), *linea);
-  aggiungi(CampoGiorno("DtPres", Gestore().Sessione()), tr("del"), *linea);
-  auto* pagamento =
-      new QGroupBox(tr("Estremi pagamento (dalla registrazione pagamenti da scadenzario)"));
-  auto* estremi = new QHBoxLayout(pagamento);
-  auto* pagato = new CampoImporto(QStringLiteral("ImportoPagatoE"));
-  LargoCaratteri(pagato, kCifreImporto);
-  pagato->setReadOnly(true);
-  aggiungi(pagato, tr("Importo pagato"), *estremi);
-  effettuata_ = new QLabel;
-  effettuata_->setObjectName(QStringLiteral("RegContEffettuata"));
-  estremi->addWidget(effettuata_);
-  estremi->addStretch(1);
-  fila->addWidget(riba, 1);
-  fila->addWidget(pagamento);
-  return insieme;
+void FinestraInsoluti::AltriCampi(records::DescrizioneForma& forma) {
+  constexpr const char* kRiba = "FrameRiba";
+  constexpr const char* kPagamento = "FramePagamento";
+  const std::vector<records::CampoForma> suoi = {
+      records::DiCodice("BancaPresentaz", "Banca", "banche", 4).In(kRiba).Peso(1),
+      records::Digitato("Ndistinta", "Distinta n.", kCifreNumero - 1).In(kRiba).Accanto(),
+      records::Digitato("DtPres", "del").In(kRiba).Accanto(),
+      records::Digitato("ImportoPagatoE", "Importo pagato", kCifreImporto - 1)
+          .In(kPagamento)
+          .Fermo(),
+      records::Mostrato(kEffettuata, records::GenereCampo::Etichetta).In(kPagamento).Accanto()};
+  forma.campi.insert(forma.campi.end(), suoi.begin(), suoi.end());
+  forma.riquadri.push_back({.nome = kRiba, .titolo = "Dati riba", .pagina = kRiba});
+  forma.riquadri.push_back(
+      {.nome = kPagamento,
+       .titolo = "Estremi pagamento (dalla registrazione pagamenti da scadenzario)",
+       .pagina = kRiba,
+       .accanto = true});
 }
 
 void FinestraInsoluti::AltroPiede(QHBoxLayout& piede) {
@@ -133,8 +116,15 @@ void FinestraInsoluti::Mostra() {
   if (Insoluto().Aperto()) titolo += tr(" - scadenza n. %1").arg(Insoluto().Numero());
   setWindowTitle(titolo);
   Parte().Bloccata(Insoluto().Aperto(), Insoluto().Aperto());
-  effettuata_->setText(Insoluto().RegContEffettuata() ? tr("registrazione contabile effettuata")
-                                                      : tr("registrazione da effettuare"));
+  const auto stato = [this](const std::string& nome) {
+    records::StatoCampo suo;
+    if (nome == kEffettuata) {
+      suo.testo = Insoluto().RegContEffettuata() ? "registrazione contabile effettuata"
+                                                 : "registrazione da effettuare";
+    }
+    return suo;
+  };
+  Campi().Applica(stato, false);
 }
 
 void FinestraInsoluti::Apri() {

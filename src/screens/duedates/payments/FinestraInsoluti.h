@@ -23,6 +23,7 @@ class FinestraInsoluti : public FinestraScadenzaDigitata {
   void ApriRecord(const Rinvio& rinvio) override;
 
  protected:
+  void AltriCampi(records::DescrizioneForma& forma) override;
   void AltriRiquadri(QVBoxLayout& colonna) override;
   void AltroPiede(QHBoxLayout& piede) override;
   void ParteCambiata() override;
@@ -30,13 +31,11 @@ class FinestraInsoluti : public FinestraScadenzaDigitata {
 
  private:
   QWidget* CreaRicevute();
-  QWidget* CreaDatiRiba();
   void Apri();
   [[nodiscard]] duedates::InsolutoRiba& Insoluto() const;
 
   CampoNumero* selettore_ = nullptr;
   Griglia* ricevute_ = nullptr;
-  QLabel* effettuata_ = nullptr;
 };
 
 }  // namespace fenalto::screens

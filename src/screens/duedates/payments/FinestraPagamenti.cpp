@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "core/values/FormatoImporto.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/fields/Qs.h"
@@ -36,12 +37,45 @@ QLabel* Totale(const char* nome) {
   return etichetta;
 }
 
+/// Settings of the registration; the registration itself may be left out for one party.
+records::DescrizioneForma FormaImpostazioni(bool piuParti) {
+  constexpr const char* kRiquadro = "FrameImpostazioni";
+  constexpr int kConto = 10;
+  const std::string n = piuParti ? "1" : "2";
+  const auto codice = [&](const char* nome, const char* didascalia, std::string fonte,
+                          int caratteri) {
+    return records::DiCodice(nome + n, didascalia, std::move(fonte), caratteri)
+        .In(kRiquadro)
+        .Accanto()
+        .Peso(1);
+  };
+  records::DescrizioneForma forma{
+      .campi = {codice("CausalePagScad", "Causale", "causali", 5),
+                codice("ContropartitaPagScad", "Contropartita", "contropartite", kConto),
+                codice("ContoArrotondamentiPagScad", "Arrotondamenti", "contropartite", kConto)},
+      .riquadri = {{.nome = kRiquadro, .titolo = "Registrazione contabile", .largo = true}}};
+  if (piuParti) return forma;
+  forma.campi.push_back(
+      records::Digitato("RegistrazioneContabilePagScad2", "Creo registrazione contabile")
+          .In(kRiquadro)
+          .Accanto());
+  return forma;
+}
+
+records::DescrizioneForma FormaRiga() {
+  constexpr int kImporto = kCifreImporto - 1;
+  return {.campi = {records::Digitato("Importo", "Da saldare", kImporto).Fermo(),
+                    records::Digitato("ImportoPagato", "Importo pagato", kImporto),
+                    records::Digitato("Arrotondamento", "Arrotondamento", kImporto),
+                    records::Digitato("Saldata", "scadenza saldata")}};
+}
+
 }  // namespace
 
 struct FinestraPagamenti::Interno {
   Interno(FinestraPagamenti& finestraUsata, Finestre& gestoreUsato, Modo modoUsato);
   QLayout* CreaTesta();
-  QWidget* CreaImpostazioni();
+  CampiForma* Compila(records::DescrizioneForma forma, Legatura* legatura, QVBoxLayout& dove);
   QLayout* CreaRicerca();
   QWidget* CreaRighe();
   QWidget* CreaRiga();
@@ -151,7 +185,9 @@ FinestraPagamenti::Interno::Interno(FinestraPagamenti& finestraUsata, Finestre& 
   suggerimento->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   auto* colonna = new QVBoxLayout(&finestra);
   colonna->addLayout(CreaTesta());
-  colonna->addWidget(CreaImpostazioni());
+  auto* contabile = new QVBoxLayout;
+  Compila(FormaImpostazioni(modo == Modo::PiuParti), impostazioni, *contabile);
+  colonna->addLayout(contabile);
   colonna->addLayout(CreaRicerca());
   auto* griglie = new QSplitter(Qt::Vertical);
   griglie->addWidget(scadenze);
@@ -193,30 +229,11 @@ QLayout* FinestraPagamenti::Interno::CreaTesta() {
   return griglia;
 }
 
-QWidget* FinestraPagamenti::Interno::CreaImpostazioni() {
-  auto* riquadro = new QGroupBox(tr("Registrazione contabile"));
-  auto* fila = new QHBoxLayout(riquadro);
-  constexpr int kCifreCausale = 5;
-  constexpr int kCifreConto = 10;
-  const std::string numero = modo == Modo::PiuParti ? "1" : "2";
-  const auto aggiungi = [&](CampoCodice* campo, const QString& testo, int cifre) {
-    impostazioni->Lega(campo);
-    fila->addWidget(Didascalia(testo, campo));
-    fila->addWidget(ConDescrizione(campo, cifre), 1);
-  };
-  aggiungi(CampoCausale(("CausalePagScad" + numero).c_str(), gestore), tr("Causale"),
-           kCifreCausale);
-  aggiungi(CampoConto(("ContropartitaPagScad" + numero).c_str(), gestore), tr("Contropartita"),
-           kCifreConto);
-  aggiungi(CampoConto(("ContoArrotondamentiPagScad" + numero).c_str(), gestore),
-           tr("Arrotondamenti"), kCifreConto);
-  if (modo == Modo::SingolaParte) {
-    auto* crea = new QCheckBox(tr("Creo registrazione contabile"));
-    crea->setObjectName(QStringLiteral("RegistrazioneContabilePagScad2"));
-    impostazioni->Lega(crea);
-    fila->addWidget(crea);
-  }
-  return riquadro;
+CampiForma* FinestraPagamenti::Interno::Compila(records::DescrizioneForma forma, Legatura* legatura,
+                                                QVBoxLayout& dove) {
+  auto* campi = new CampiForma(gestore.Sessione(), std::move(forma), {legatura}, dove);
+  campi->setParent(&finestra);
+  return campi;
 }
 
 QLayout* FinestraPagamenti::Interno::CreaRicerca() {
@@ -253,32 +270,19 @@ QWidget* FinestraPagamenti::Interno::CreaRighe() {
 QWidget* FinestraPagamenti::Interno::CreaRiga() {
   riquadroRiga = new QGroupBox(tr("Riga"));
   riquadroRiga->setObjectName(QStringLiteral("FrameRiga"));
-  auto* griglia = new QGridLayout(riquadroRiga);
+  auto* colonna = new QVBoxLayout(riquadroRiga);
   quale = new QLabel;
   quale->setObjectName(QStringLiteral("L_riga"));
   quale->setWordWrap(true);
-  griglia->addWidget(quale, 0, 0, 1, 2);
-  int linea = 1;
-  const auto aggiungi = [&](const char* nome, const QString& testo) {
-    auto* campo = new CampoImporto(QString::fromLatin1(nome));
-    LargoCaratteri(campo, kCifreImporto);
-    riga->Lega(campo);
-    griglia->addWidget(Didascalia(testo, campo), linea, 0);
-    griglia->addWidget(campo, linea++, 1);
-    return campo;
-  };
-  aggiungi("Importo", tr("Da saldare"))->setReadOnly(true);
-  aggiungi("ImportoPagato", tr("Importo pagato"));
-  aggiungi("Arrotondamento", tr("Arrotondamento"));
-  auto* saldata = new QCheckBox(tr("scadenza saldata"));
-  saldata->setObjectName(QStringLiteral("Saldata"));
-  riga->Lega(saldata);
-  griglia->addWidget(saldata, linea++, 1);
-  griglia->addWidget(arrotonda, linea++, 0, 1, 2);
+  auto* campi = new QVBoxLayout;
+  Compila(FormaRiga(), riga, *campi);
   auto* pulsanti = new QHBoxLayout;
   for (auto* pulsante : {confermaRiga, eliminaRiga, annullaRiga}) pulsanti->addWidget(pulsante);
-  griglia->addLayout(pulsanti, linea++, 0, 1, 2);
-  griglia->setRowStretch(linea, 1);
+  colonna->addWidget(quale);
+  colonna->addLayout(campi);
+  colonna->addWidget(arrotonda);
+  colonna->addLayout(pulsanti);
+  colonna->addStretch(1);
   annullaRiga->setFocusPolicy(Qt::TabFocus);
   // Its place stays free while no row is open, so that the grid doesn't jump at each one.
   QSizePolicy posto = riquadroRiga->sizePolicy();

@@ -1,13 +1,11 @@
 #include "screens/duedates/payments/FinestraScadenzaDigitata.h"
 
-#include <QCheckBox>
-#include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "duedates/payments/ScadenzaDigitata.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/duedates/CampiScadenza.h"
@@ -16,9 +14,44 @@
 namespace fenalto::screens {
 namespace {
 
-constexpr int kCifreCodice = 5;
-constexpr int kCifreConto = 10;
-constexpr int kCaratteriDescrizione = 64;
+using records::DiCodice;
+using records::Digitato;
+
+constexpr const char* kScadenza = "FrameScadenza";
+constexpr const char* kRegistrazione = "FrameRegistrazione";
+
+/// `numero` is that of the settings' keys.
+records::DescrizioneForma FormaScadenzaDigitata(const std::string& numero) {
+  constexpr int kCodice = 5;
+  return {
+      .campi = {Digitato("Dt", "Data scadenza").In(kScadenza),
+                Digitato("ImportoE", "Importo", kCifreImporto - 1).In(kScadenza).Colonna(1),
+                DiCodice("Tipo", "Tipo", "tipiPagamento", kCodice).In(kScadenza),
+                Digitato("Stato", "Stato", 2).Aiuto(kStati).In(kScadenza).Colonna(1),
+                Digitato("NFat", "Fattura n.", kCifreNumero - 1).In(kScadenza),
+                Digitato("DtFat", "del").In(kScadenza).Colonna(1),
+                Digitato("Descrizione", "Descrizione", 64).In(kScadenza).Colonne(2),
+                Digitato("RegistrazioneContabilePagScad" + numero, "Creo registrazione contabile")
+                    .In(kRegistrazione)
+                    .AlMargine(),
+                Digitato("DtReg", "Data registrazione").In(kRegistrazione).Colonna(1),
+                Digitato("DescrizioneContabile", "Descrizione contabile")
+                    .In(kRegistrazione)
+                    .Colonne(2)
+                    .Peso(1),
+                DiCodice("CausalePagScad" + numero, "Causale", "causali", kCodice)
+                    .In(kRegistrazione)
+                    .Peso(1),
+                DiCodice("ContropartitaPagScad" + numero, "Contropartita", "contropartite", 10)
+                    .In(kRegistrazione)
+                    .Colonna(1)
+                    .Peso(1)},
+      .riquadri = {{.nome = kScadenza, .titolo = "Scadenza", .largo = true},
+                   {.nome = kRegistrazione,
+                    .titolo = "Registrazione contabile",
+                    .pagina = kRegistrazione,
+                    .largo = true}}};
+}
 
 }  // namespace
 
@@ -50,9 +83,21 @@ void FinestraScadenzaDigitata::Disponi() {
   testa->addWidget(parte_, 1);
   testa->addWidget(nuovo_);
   colonna->addLayout(testa);
-  colonna->addWidget(CreaScadenza());
+  auto* scadenza = new QVBoxLayout;
+  auto* altri = new QVBoxLayout;
+  auto* registrazione = new QVBoxLayout;
+  records::DescrizioneForma forma = FormaScadenzaDigitata(std::to_string(numero_));
+  AltriCampi(forma);
+  campi_ = new CampiForma(Gestore().Sessione(), std::move(forma), {dati_, impostazioni_},
+                          [&](const std::string& pagina) -> QVBoxLayout& {
+                            if (pagina == kRegistrazione) return *registrazione;
+                            return pagina.empty() ? *scadenza : *altri;
+                          });
+  campi_->setParent(this);
+  colonna->addLayout(scadenza);
   AltriRiquadri(*colonna);
-  colonna->addWidget(CreaRegistrazione());
+  colonna->addLayout(altri);
+  colonna->addLayout(registrazione);
   auto* piede = new QHBoxLayout;
   piede->addWidget(conferma_);
   piede->addStretch(1);
@@ -63,72 +108,6 @@ void FinestraScadenzaDigitata::Disponi() {
   Collega();
   impostazioni_->Mostra();
   Mostra();
-}
-
-QWidget* FinestraScadenzaDigitata::CreaScadenza() {
-  auto* riquadro = new QGroupBox(tr("Scadenza"));
-  auto* griglia = new QGridLayout(riquadro);
-  int linea = 0;
-  const auto aggiungi = [&](QWidget* campo, const QString& testo, int colonna) {
-    dati_->Lega(campo);
-    griglia->addWidget(Didascalia(testo, campo), linea, colonna);
-    auto* codice = qobject_cast<CampoCodice*>(campo);
-    griglia->addWidget(codice != nullptr ? ConDescrizione(codice, kCifreCodice) : campo, linea,
-                       colonna + 1);
-  };
-  auto* importo = new CampoImporto(QStringLiteral("ImportoE"));
-  LargoCaratteri(importo, kCifreImporto);
-  auto* stato = new CampoTesto(QStringLiteral("Stato"), nullptr, 2);
-  LargoCaratteri(stato, 3);
-  stato->setToolTip(tr("00 e 01 aperta, 10 pagata in parte, 30 pagata"));
-  auto* nFat = new CampoNumero(QStringLiteral("NFat"));
-  LargoCaratteri(nFat, kCifreNumero);
-  aggiungi(CampoGiorno("Dt", Gestore().Sessione()), tr("Data scadenza"), 0);
-  aggiungi(importo, tr("Importo"), 2);
-  ++linea;
-  aggiungi(CampoTipo("Tipo", Gestore()), tr("Tipo"), 0);
-  aggiungi(stato, tr("Stato"), 2);
-  ++linea;
-  aggiungi(nFat, tr("Fattura n."), 0);
-  aggiungi(CampoGiorno("DtFat", Gestore().Sessione()), tr("del"), 2);
-  ++linea;
-  auto* descrizione = new CampoTesto(QStringLiteral("Descrizione"), nullptr, kCaratteriDescrizione);
-  LargoCaratteri(descrizione, kCaratteriDescrizione);
-  dati_->Lega(descrizione);
-  griglia->addWidget(Didascalia(tr("Descrizione"), descrizione), linea, 0);
-  griglia->addWidget(descrizione, linea, 1, 1, 3);
-  griglia->setColumnStretch(4, 1);
-  return riquadro;
-}
-
-QWidget* FinestraScadenzaDigitata::CreaRegistrazione() {
-  auto* riquadro = new QGroupBox(tr("Registrazione contabile"));
-  auto* griglia = new QGridLayout(riquadro);
-  const std::string numero = std::to_string(numero_);
-  auto* crea = new QCheckBox(tr("Creo registrazione contabile"));
-  crea->setObjectName(QString::fromStdString("RegistrazioneContabilePagScad" + numero));
-  impostazioni_->Lega(crea);
-  auto* giorno = CampoGiorno("DtReg", Gestore().Sessione());
-  auto* descrizione = new CampoTesto(QStringLiteral("DescrizioneContabile"));
-  dati_->Lega(giorno);
-  dati_->Lega(descrizione);
-  auto* causale = CampoCausale(("CausalePagScad" + numero).c_str(), Gestore());
-  auto* conto = CampoConto(("ContropartitaPagScad" + numero).c_str(), Gestore());
-  impostazioni_->Lega(causale);
-  impostazioni_->Lega(conto);
-  const auto aggiungi = [&](QWidget* campo, QWidget* disposto, const QString& testo, int linea,
-                            int colonna, int colonne) {
-    griglia->addWidget(Didascalia(testo, campo), linea, colonna);
-    griglia->addWidget(disposto, linea, colonna + 1, 1, colonne);
-  };
-  griglia->addWidget(crea, 0, 0, 1, 2);
-  aggiungi(giorno, giorno, tr("Data registrazione"), 0, 2, 1);
-  aggiungi(descrizione, descrizione, tr("Descrizione contabile"), 1, 0, 3);
-  aggiungi(causale, ConDescrizione(causale, kCifreCodice), tr("Causale"), 2, 0, 1);
-  aggiungi(conto, ConDescrizione(conto, kCifreConto), tr("Contropartita"), 2, 2, 1);
-  griglia->setColumnStretch(1, 1);
-  griglia->setColumnStretch(3, 1);
-  return riquadro;
 }
 
 void FinestraScadenzaDigitata::Collega() {

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "core/records/DescrizioneForma.h"
 #include "screens/common/windows/FinestraFunzione.h"
 
 class QHBoxLayout;
@@ -15,6 +16,7 @@ class ScadenzaDigitata;
 
 namespace fenalto::screens {
 
+class CampiForma;
 class Legatura;
 class SceltaParte;
 
@@ -33,6 +35,8 @@ class FinestraScadenzaDigitata : public FinestraFunzione {
   FinestraScadenzaDigitata(const QString& nome, const QString& titolo, int numero,
                            std::unique_ptr<duedates::ScadenzaDigitata> caso, Finestre& finestre);
 
+  /// Fields of a derived window, in frames that stand before that of the registration.
+  virtual void AltriCampi(records::DescrizioneForma& /*forma*/) {}
   /// Lays the window out; frames of a derived window go to `AltriRiquadri`.
   void Disponi();
   virtual void AltriRiquadri(QVBoxLayout& /*colonna*/) {}
@@ -44,12 +48,10 @@ class FinestraScadenzaDigitata : public FinestraFunzione {
   virtual void Mostra();
 
   [[nodiscard]] duedates::ScadenzaDigitata& Caso() const { return *caso_; }
-  [[nodiscard]] Legatura& Dati() { return *dati_; }
+  [[nodiscard]] CampiForma& Campi() { return *campi_; }
   [[nodiscard]] SceltaParte& Parte() { return *parte_; }
 
  private:
-  QWidget* CreaScadenza();
-  QWidget* CreaRegistrazione();
   void Collega();
   void Nuovo();
   void Conferma();
@@ -59,6 +61,7 @@ class FinestraScadenzaDigitata : public FinestraFunzione {
   std::unique_ptr<duedates::ScadenzaDigitata> caso_;
   Legatura* dati_;
   Legatura* impostazioni_;
+  CampiForma* campi_ = nullptr;
   SceltaParte* parte_;
   QPushButton* nuovo_;
   QPushButton* conferma_;

@@ -6,14 +6,14 @@
 #include <QVBoxLayout>
 
 #include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/windows/FinestraFunzione.h"
+#include "screens/vat/entry/FormaFattura.h"
 #include "screens/vat/entry/PannelloContabile.h"
-#include "screens/vat/entry/PannelloOpzioni.h"
 #include "screens/vat/entry/RiquadroRigaIva.h"
-#include "screens/vat/entry/TestaFattura.h"
 
 namespace fenalto::screens {
 namespace {
@@ -25,9 +25,10 @@ bool SenzaImporti(const vat::RigaIva& riga) {
 }  // namespace
 
 PaginaFattura::PaginaFattura(vat::RegistrazioneIva& fatture, Finestre& finestre, QWidget* genitore)
-    : PaginaSul(fatture, finestre, genitore) {
-  testa_ = new TestaFattura(caso_, finestre_, *legatura_);
-  opzioni_ = new PannelloOpzioni(caso_, finestre_, *legatura_);
+    : PaginaSul(fatture, finestre, genitore), opzioniInVista_(new QWidget) {
+  auto* inOpzioni = new QVBoxLayout(opzioniInVista_);
+  inOpzioni->setContentsMargins(0, 0, 0, 0);
+  opzioni_ = Compila(FormaOpzioniFattura(), *inOpzioni);
   contabile_ = new PannelloContabile(caso_, finestre_, *legatura_);
   constexpr int kRigheMinime = 3;
   Usa(CreaGriglia(), kRigheMinime, new RiquadroRigaIva(caso_, finestre_));
@@ -39,7 +40,7 @@ PaginaFattura::PaginaFattura(vat::RegistrazioneIva& fatture, Finestre& finestre,
   scadenze_->setToolTip(tr("le scadenze della registrazione e gli anticipi da dedurre"));
   legatura_->Rinuncia(annulla_);
   auto* destra = new QVBoxLayout;
-  destra->addWidget(opzioni_);
+  destra->addWidget(opzioniInVista_);
   destra->addWidget(contabile_, 1);
   auto* corpo = new QHBoxLayout;
   constexpr int kSinistra = 5;
@@ -73,7 +74,9 @@ Griglia* PaginaFattura::CreaGriglia() {
 
 QVBoxLayout* PaginaFattura::DisponiSinistra() {
   auto* colonna = new QVBoxLayout;
-  colonna->addWidget(testa_);
+  auto* testa = new QVBoxLayout;
+  testa_ = Compila(FormaTestaFattura(), *testa);
+  colonna->addLayout(testa);
   colonna->addLayout(DisponiComandiRighe());
   colonna->addWidget(righe_, 1);
   colonna->addWidget(riga_);
@@ -103,14 +106,15 @@ QHBoxLayout* PaginaFattura::DisponiPiede() {
 
 void PaginaFattura::OrdineTab() {
   QList<QWidget*> ordine = testa_->Ordine();
-  ordine << contabile_->TotaleDigitato() << opzioni_->Controlli() << nuovaRiga_ << proponi_
-         << righe_;
-  ordine << scadenze_ << conferma_ << elimina_ << annulla_ << testa_->Rari();
-  for (int i = 1; i < ordine.size(); ++i) setTabOrder(ordine[i - 1], ordine[i]);
+  ordine << contabile_->TotaleDigitato() << opzioni_->Ordine() << nuovaRiga_ << proponi_ << righe_;
+  ordine << scadenze_ << conferma_ << elimina_ << annulla_ << testa_->Ordine(1)
+         << testa_->Ordine(2);
+  OrdinaFuochi(ordine);
 }
 
 bool PaginaFattura::Ripeti(QWidget* campo) {
-  if (!testa_->isAncestorOf(campo) || !campo->isEnabled()) return false;
+  const auto dellaTesta = testa_->Ordine() + testa_->Ordine(1) + testa_->Ordine(2);
+  if (!dellaTesta.contains(campo) || !campo->isEnabled()) return false;
   const std::string nome = campo->objectName().toStdString();
   const auto precedente = caso_.Precedente(nome);
   if (!caso_.Testa().Ha(nome)) return false;
@@ -134,13 +138,20 @@ void PaginaFattura::Mostra() {
   solaLettura_->setVisible(!scrivibile);
   solaLettura_->setText(QString::fromStdString(caso_.MotivoSolaLettura()) +
                         tr(": si può consultare, non cambiare."));
-  testa_->Mostra();
-  opzioni_->Mostra();
+  MostraCampi(scrivibile);
   legatura_->Mostra();
   MostraElencoRighe();
   MostraProposta();
   contabile_->Mostra();
   MostraRiquadro();
+}
+
+void PaginaFattura::MostraCampi(bool scrivibile) {
+  testa_->Applica([this](const std::string& nome) { return StatoTestaFattura(caso_, nome); },
+                  !scrivibile);
+  opzioni_->Applica([this](const std::string& nome) { return StatoOpzioniFattura(caso_, nome); },
+                    !scrivibile);
+  opzioniInVista_->setVisible(opzioni_->ConRiquadri());
 }
 
 void PaginaFattura::VediScadenze() {
@@ -177,7 +188,7 @@ void PaginaFattura::Entra() {
 }
 
 void PaginaFattura::FocoData() {
-  testa_->FocoData();
+  testa_->Controllo("Dt").setFocus();
 }
 
 // --- Rows -------------------------------------------------------------------------------------

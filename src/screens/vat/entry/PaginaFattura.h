@@ -10,9 +10,8 @@ class QVBoxLayout;
 
 namespace fenalto::screens {
 
+class CampiForma;
 class PannelloContabile;
-class PannelloOpzioni;
-class TestaFattura;
 
 class PaginaFattura : public PaginaSul<vat::RegistrazioneIva> {
   Q_OBJECT
@@ -42,6 +41,8 @@ class PaginaFattura : public PaginaSul<vat::RegistrazioneIva> {
   QHBoxLayout* DisponiComandiRighe();
   QHBoxLayout* DisponiPiede();
   void OrdineTab();
+  /// Shows what the register's type and the record allow in head and options.
+  void MostraCampi(bool scrivibile);
   /// Opens the next proposed row without amounts after a position; false when there is none.
   bool ApriProposta(qint64 dopo);
   void MostraElencoRighe();
@@ -51,8 +52,9 @@ class PaginaFattura : public PaginaSul<vat::RegistrazioneIva> {
   void VaiA(const std::string& campo);
   std::string DescrittoConto(const std::string& conto);
 
-  TestaFattura* testa_;
-  PannelloOpzioni* opzioni_;
+  CampiForma* testa_;
+  QWidget* opzioniInVista_;
+  CampiForma* opzioni_;
   PannelloContabile* contabile_;
   QLabel* proposta_;
   QPushButton* proponi_;
