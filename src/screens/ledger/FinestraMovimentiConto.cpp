@@ -17,11 +17,11 @@ namespace {
 constexpr int kColonnaArticolo = 1;
 constexpr int kColonnaAnno = 8;  ///< after those shown
 
-struct Classe {
+struct ClasseConto {
   const char* cfp;
   const char* nome;
 };
-constexpr Classe kClassi[] = {{"P", "conto"}, {"C", "cliente"}, {"F", "fornitore"}};
+constexpr ClasseConto kClassi[] = {{"P", "conto"}, {"C", "cliente"}, {"F", "fornitore"}};
 
 }  // namespace
 

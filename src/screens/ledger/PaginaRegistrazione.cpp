@@ -40,7 +40,9 @@ records::DescrizioneForma FormaTesta() {
 
 records::StatoCampo StatoTesta(ledger::Primanota& primanota, const std::string& nome) {
   const auto& testa = primanota.Testa();
-  if (nome == "ProbabileNumDoc") return {.visibile = !testa.Testo(nome).empty()};
+  if (nome == "ProbabileNumDoc") {
+    return {.didascalia = testa.Testo(nome).empty() ? "" : "probabile n."};
+  }
   if (nome == "AnnoRegistrazione") return {.testo = testa.Testo("Anno")};
   if (nome != "AvvisoData") return {};
   const Data registrata = testa.Leggi("Dt").Data();

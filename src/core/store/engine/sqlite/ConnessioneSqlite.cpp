@@ -102,10 +102,11 @@ ConnessioneSqlite::ConnessioneSqlite(const std::vector<Base>& basi, const Opzion
     // small.
     for (const Aperta& aperta : aperte_) {
       const std::string pragma = "PRAGMA " + DialettoSqlite().Nome(aperta.schema) + ".";
-      EseguiMotore(connessione_,
-                   pragma + "journal_mode = TRUNCATE;" + pragma + "synchronous = FULL;" + pragma +
-                       (&aperta == aperte_.data() ? "cache_size = -12000" : "cache_size = -8000"),
-                   aperta.base.luogo);
+      const bool laPrima = &aperta == aperte_.data();
+      for (const char* regola : {"journal_mode = TRUNCATE", "synchronous = FULL",
+                                 laPrima ? "cache_size = -12000" : "cache_size = -8000"}) {
+        EseguiMotore(connessione_, pragma + regola, aperta.base.luogo);
+      }
     }
     EseguiMotore(connessione_, "PRAGMA foreign_keys = OFF", prima.luogo);
   } catch (...) {

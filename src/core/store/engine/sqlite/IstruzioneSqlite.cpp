@@ -73,8 +73,9 @@ void LeggiRiga(sqlite3_stmt* istruzione, RigheLette& righe) {
 
 void VerificaLegata(int rc) {
   if (rc == SQLITE_OK) return;
-  if (rc == SQLITE_NOMEM) throw ErroreArchivio(Causa::Memoria, "memoria insufficiente");
-  throw ErroreArchivio(Causa::Sql,
+  if (rc == SQLITE_NOMEM)
+    throw ErroreArchivio(ErroreArchivio::Causa::Memoria, "memoria insufficiente");
+  throw ErroreArchivio(ErroreArchivio::Causa::Sql,
                        std::string("valore non accettato dall'archivio: ") + sqlite3_errstr(rc));
 }
 
