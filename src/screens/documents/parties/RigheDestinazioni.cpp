@@ -32,7 +32,7 @@ std::vector<std::vector<Valore>> Celle(const documents::DestinazioniCliente& des
 
 DescrizioneRighe RigheDestinazioni(documents::DestinazioniCliente& destinazioni,
                                    archives::ContestoArchivio& cliente,
-                                   std::function<bool()> raccogli) {
+                                   const std::function<bool()>& raccogli) {
   auto* righe = &destinazioni;
   auto& dialogo = cliente.ambiente.Dialogo();
   return {.memoria = QStringLiteral("Destinazioni"),

@@ -12,6 +12,6 @@ namespace fenalto::screens {
 /// fields, false when it can't be read (told).
 DescrizioneRighe RigheDestinazioni(documents::DestinazioniCliente& destinazioni,
                                    archives::ContestoArchivio& cliente,
-                                   std::function<bool()> raccogli);
+                                   const std::function<bool()>& raccogli);
 
 }  // namespace fenalto::screens
