@@ -21,6 +21,8 @@ class FinestraArchivioConRighe : public FinestraArchivio {
   /// focus would read itself into a row that is gone.
   void TogliRighe();
   void MostraRecord() override;
+  /// Shows the record anew, not its rows.
+  void MostraSenzaRighe() { FinestraArchivio::MostraRecord(); }
   bool RaccogliAltro() override;
   [[nodiscard]] bool AltroModificato() const override;
 

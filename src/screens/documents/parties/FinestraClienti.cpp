@@ -18,7 +18,7 @@ FinestraClienti::FinestraClienti(std::shared_ptr<documents::DestinazioniCliente>
   auto righe = RigheDestinazioni(*destinazioni_, Archivio().Contesto(),
                                  [this] { return Legami().Raccogli(); });
   // The predefined destination gives its place to an open row.
-  righe.cambiata = [this] { FinestraArchivio::MostraRecord(); };
+  righe.cambiata = [this] { MostraSenzaRighe(); };
   Pagina(documents::kPaginaDestinazioni).addWidget(Crea(std::move(righe)));
 }
 
