@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/reports/Seguito.h"
 #include "core/reports/TestoStampato.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
@@ -15,7 +16,6 @@ namespace {
 constexpr int kPasso = 17;
 /// Left edge of the graphic form, in millimetres.
 constexpr double kX = 10;
-constexpr const char* kContinua = "segue su pagina successiva";
 
 }  // namespace
 
@@ -269,7 +269,7 @@ void Rapporto::Spazio(int righe, bool ultime) {
   if (Grafico()) {
     // The last line of the body is kept for the mark.
     const double y = stampa_.AltezzaPagina() - stampa_.MargineBasso();
-    stampa_.CampoModello("R_DESCRIZIONE", kContinua, y);
+    stampa_.CampoModello("R_DESCRIZIONE", kSeguePagina, y);
     if (riporta) RigaRiporto("a riportare", &y);
   } else if (riporta) {
     RigaRiporto("a riportare", nullptr);

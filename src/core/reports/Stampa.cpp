@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/reports/PaginaTesto.h"
+#include "core/reports/Seguito.h"
 #include "core/reports/TestoStampato.h"
 #include "core/values/Testo.h"
 
@@ -20,7 +21,6 @@ constexpr double kCentesimiMillimetro = 100;
 constexpr double kPosizioneUsuale = 10;
 /// Templates kept: more than any report has, fewer than one that builds them from data would make.
 constexpr std::size_t kMassimoSagome = 512;
-constexpr const char* kSegue = "segue su pagina successiva";
 
 int InCentesimi(double millimetri) {
   return static_cast<int>(std::lround(millimetri * kCentesimiMillimetro));
@@ -174,7 +174,7 @@ struct Stampa::Interno {
   void ApriRiga() {
     ApriPagina();
     if (interrotta || inTestata || y < UltimaRiga()) return;
-    MettiCampo("R_DESCRIZIONE", Valore(kSegue), y, {});
+    MettiCampo("R_DESCRIZIONE", Valore(kSeguePagina), y, {});
     ChiudiPagina();
     ApriPagina();
   }
@@ -330,7 +330,7 @@ void Stampa::Riserva(int righe) {
   const bool intatta = s.testo ? s.riga == s.testata : s.y == s.modello->InizioCorpo();
   if (intatta) return;
   // In graphic mode the reader is told that the list goes on, as on a full page.
-  if (!s.testo) s.MettiCampo("R_DESCRIZIONE", Valore(kSegue), s.y, {});
+  if (!s.testo) s.MettiCampo("R_DESCRIZIONE", Valore(kSeguePagina), s.y, {});
   s.ChiudiPagina();
 }
 
