@@ -203,8 +203,8 @@ TEST_F(InterrogazioneParteTest, LaScadenzaELaRegistrazione) {
   documents::InterrogazioneParte parte(ambiente, "C", "0001");
   const auto scadenze = parte.Foglie(Ramo(parte, "xSCAD"), nullptr, 9);
   ASSERT_EQ(scadenze.size(), 2U);
-  EXPECT_THAT(parte.Articolo(scadenze[0]), ::testing::Optional(Pair(2024, 1)));
-  EXPECT_EQ(parte.Articolo(scadenze[1]), std::nullopt);
+  EXPECT_EQ(parte.RinvioRegistrazione(scadenze[0]), AllaRegistrazione(2024, 1));
+  EXPECT_TRUE(parte.RinvioRegistrazione(scadenze[1]).Vuoto());
   EXPECT_THAT(
       parte.Scadenza(scadenze[0].numero),
       ElementsAre(Pair("scadenza n.", "1"), Pair("data scadenza", "31/03/2024"),

@@ -190,13 +190,14 @@ std::vector<std::pair<std::string, std::string>> InterrogazioneParte::Scadenza(
   return righe;
 }
 
-std::optional<std::pair<int, std::int64_t>> InterrogazioneParte::Articolo(
-    const FogliaParte& foglia) {
-  if (foglia.genere == GenereFoglia::Movimento) return std::pair(foglia.anno, foglia.numero);
-  if (foglia.genere == GenereFoglia::Documento) return std::nullopt;
+Rinvio InterrogazioneParte::RinvioRegistrazione(const FogliaParte& foglia) {
+  if (foglia.genere == GenereFoglia::Movimento) {
+    return AllaRegistrazione(foglia.anno, foglia.numero);
+  }
+  if (foglia.genere == GenereFoglia::Documento) return {};
   const auto scadenza = duedates::LeggiScadenza(ambiente_, foglia.numero);
-  if (!scadenza || scadenza->articolo == 0) return std::nullopt;
-  return std::pair(scadenza->anno, scadenza->articolo);
+  if (!scadenza || scadenza->articolo == 0) return {};
+  return AllaRegistrazione(scadenza->anno, scadenza->articolo);
 }
 
 }  // namespace fenalto::documents

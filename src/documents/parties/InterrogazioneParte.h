@@ -119,8 +119,9 @@ class InterrogazioneParte {
   [[nodiscard]] std::vector<RigaRegistrazione> Registrazione(int anno, std::int64_t numero);
   /// Names and values of what a due date says of itself; none when it isn't there any more.
   [[nodiscard]] std::vector<std::pair<std::string, std::string>> Scadenza(std::int64_t numero);
-  /// The registration behind a leaf: that of a movement, or of the invoice of a due date.
-  [[nodiscard]] std::optional<std::pair<int, std::int64_t>> Articolo(const FogliaParte& foglia);
+  /// To the registration behind a leaf: that of a movement, or of the invoice of a due date; empty
+  /// where there is none.
+  [[nodiscard]] Rinvio RinvioRegistrazione(const FogliaParte& foglia);
 
   /// Whether the amounts of a year are euro.
   [[nodiscard]] bool InEuro(int anno);

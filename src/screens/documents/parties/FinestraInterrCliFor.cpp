@@ -163,7 +163,8 @@ void FinestraInterrCliFor::Interno::Rileggi() {
 
 void FinestraInterrCliFor::Interno::MostraCorrente() {
   const documents::FogliaParte* foglia = modello->Foglia(albero->currentIndex());
-  registrazione->setEnabled(foglia != nullptr && interrogazione->Articolo(*foglia));
+  registrazione->setEnabled(foglia != nullptr &&
+                            !interrogazione->RinvioRegistrazione(*foglia).Vuoto());
   if (!interrogazione) {
     pannello->Svuota(tr("scegliere un cliente o un fornitore"));
   } else if (foglia != nullptr) {
@@ -191,8 +192,8 @@ void FinestraInterrCliFor::Interno::Apri(const QModelIndex& indice) {
 void FinestraInterrCliFor::Interno::VediRegistrazione() {
   const documents::FogliaParte* foglia = modello->Foglia(albero->currentIndex());
   if (foglia == nullptr) return;
-  const auto articolo = interrogazione->Articolo(*foglia);
-  if (articolo) gestore.Segui(AllaRegistrazione(articolo->first, articolo->second));
+  const Rinvio rinvio = interrogazione->RinvioRegistrazione(*foglia);
+  if (!rinvio.Vuoto()) gestore.Segui(rinvio);
 }
 
 FinestraInterrCliFor::FinestraInterrCliFor(Finestre& finestre)
