@@ -2,17 +2,14 @@
 // a payment its due dates and its registration are there, or nothing; no euro is paid twice.
 #include <array>
 #include <cstdio>
-#include <random>
 
 #include "duedates/payments/PagamentiScadenzario.h"
 #include "duedates/payments/ScadenzeDiProva.h"
 #include "faults/Registrazioni.h"
-#include "faults/Uccisione.h"
+#include "faults/Uccisioni.h"
 
 namespace fenalto::prova {
 namespace {
-
-namespace fs = std::filesystem;
 
 class PagamentiTest : public ScadenzeDiProva {
  protected:
@@ -56,31 +53,12 @@ class PagamentiTest : public ScadenzeDiProva {
 };
 
 TEST_F(PagamentiTest, UccisoAMetaInteroONulla) {
-  const int volte = Lungo() ? 100 : 12;
-  std::mt19937 caso(static_cast<unsigned>(Seme()));
-  const fs::path giornale = ambiente.PercorsoDb("scadenzario").string() + "-journal";
-  int inMezzo = 0;
-  std::int64_t pagamenti = 0;
-  for (int volta = 0; volta < volte; ++volta) {
-    ambiente.ChiudiDitta();
-    const int annunciato = UccidiAlLavoro(std::chrono::microseconds(caso() % 60'000),
-                                          [this](int tubo) { PagaSenzaFine(tubo); });
-    ASSERT_GT(annunciato, 0) << "kill " << volta << ": the process stopped of itself";
-    std::error_code errore;
-    if (fs::file_size(giornale, errore) > 0 && !errore) ++inMezzo;
-
-    ASSERT_TRUE(ambiente.ApriDitta("Prova", 2024).Riuscito());
-    pagamenti = Pagamenti();
-    // The one under way may have been confirmed without having been told.
-    ASSERT_GE(pagamenti, annunciato) << "kill " << volta;
-    ASSERT_LE(pagamenti, annunciato + 1) << "kill " << volta;
-    ASSERT_FALSE(HasFailure()) << "kill " << volta;
-  }
+  UccidiPiuVolte(
+      ambiente, "scadenzario", [this](int tubo) { PagaSenzaFine(tubo); },
+      [this] { return Pagamenti(); });
   // The numbering is free, and goes on where it was.
+  const std::int64_t pagamenti = Pagamenti();
   EXPECT_EQ(PagaUnEuro(ambiente), pagamenti + 1);
-  EXPECT_GT(inMezzo, 0);
-  std::printf("%d kills, %d in the middle of a payment, %d payments\n", volte, inMezzo,
-              static_cast<int>(pagamenti));
 }
 
 TEST_F(PagamentiTest, DueStazioniSulleStesseScadenze) {

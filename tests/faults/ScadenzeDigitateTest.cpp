@@ -1,18 +1,12 @@
 // Deposits and unpaid receipts under faults: a process killed while it confirms one. The due date
 // and its registration are both there, or neither is.
-#include <cstdio>
-#include <random>
-
 #include "duedates/payments/AnticipoFattura.h"
 #include "duedates/payments/InsolutoRiba.h"
 #include "duedates/payments/ScadenzaDigitataDiProva.h"
-#include "faults/Registrazioni.h"
-#include "faults/Uccisione.h"
+#include "faults/Uccisioni.h"
 
 namespace fenalto::prova {
 namespace {
-
-namespace fs = std::filesystem;
 
 class ScadenzeDigitateTest : public ScadenzaDigitataDiProva {
  protected:
@@ -57,31 +51,12 @@ class ScadenzeDigitateTest : public ScadenzaDigitataDiProva {
 };
 
 TEST_F(ScadenzeDigitateTest, UccisoAMetaInteraONulla) {
-  const int volte = Lungo() ? 100 : 12;
-  std::mt19937 caso(static_cast<unsigned>(Seme()));
-  const fs::path giornale = ambiente.PercorsoDb("scadenzario").string() + "-journal";
-  int inMezzo = 0;
-  std::int64_t scritte = 0;
-  for (int volta = 0; volta < volte; ++volta) {
-    ambiente.ChiudiDitta();
-    const int annunciata = UccidiAlLavoro(std::chrono::microseconds(caso() % 60'000),
-                                          [this](int tubo) { ScriviSenzaFine(tubo); });
-    ASSERT_GT(annunciata, 0) << "kill " << volta << ": the process stopped of itself";
-    std::error_code errore;
-    if (fs::file_size(giornale, errore) > 0 && !errore) ++inMezzo;
-
-    ASSERT_TRUE(ambiente.ApriDitta("Prova", 2024).Riuscito());
-    scritte = Scritte();
-    // The one under way may have been confirmed without having been told.
-    ASSERT_GE(scritte, annunciata) << "kill " << volta;
-    ASSERT_LE(scritte, annunciata + 1) << "kill " << volta;
-    ASSERT_FALSE(HasFailure()) << "kill " << volta;
-  }
+  UccidiPiuVolte(
+      ambiente, "scadenzario", [this](int tubo) { ScriviSenzaFine(tubo); },
+      [this] { return Scritte(); });
   duedates::AnticipoFattura anticipo(ambiente);
+  const std::int64_t scritte = Scritte();
   EXPECT_EQ(ScriviUna(anticipo, "-10"), scritte + 1);
-  EXPECT_GT(inMezzo, 0);
-  std::printf("%d kills, %d in the middle of a confirmation, %d written\n", volte, inMezzo,
-              static_cast<int>(scritte));
 }
 
 }  // namespace

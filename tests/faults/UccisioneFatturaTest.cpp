@@ -1,17 +1,11 @@
 // A process is killed while it confirms reverse-charge documents: of a document, its second half,
 // the giro of its cost, the payment and the due dates of the foreign supplier all is there, or
 // nothing.
-#include <cstdio>
-#include <random>
-
-#include "faults/Registrazioni.h"
-#include "faults/Uccisione.h"
+#include "faults/Uccisioni.h"
 #include "vat/FatturaDiProva.h"
 
 namespace fenalto::prova {
 namespace {
-
-namespace fs = std::filesystem;
 
 class UccisioneFatturaTest : public FatturaDiProva {
  protected:
@@ -35,12 +29,13 @@ class UccisioneFatturaTest : public FatturaDiProva {
   }
   /// Registrations of a document as they are numbered: the two halves, giro, payment.
   static constexpr int kPerDocumento = 4;
-  void ControllaIntere(std::int64_t documenti) {
+  /// How many documents there are, of which nothing is missing.
+  std::int64_t Interi() {
     const auto quanti = [](Archivio& archivio, const std::string& sql) {
       return archivio.Singolo("select Count(*) from " + sql).Intero();
     };
+    const std::int64_t documenti = quanti(Tessarc(), "Articoli where Riva='4'");
     EXPECT_EQ(quanti(Tessarc(), "Articoli"), documenti * kPerDocumento);
-    EXPECT_EQ(quanti(Tessarc(), "Articoli where Riva='4'"), documenti);
     EXPECT_EQ(quanti(Tessarc(), "Articoli where Riva='5'"), documenti);
     EXPECT_EQ(quanti(Tessarc(), "Movimenti"), documenti * 10);
     EXPECT_EQ(quanti(Scadenzario(), "Scadenze"), documenti * 2);
@@ -51,37 +46,17 @@ class UccisioneFatturaTest : public FatturaDiProva {
     };
     EXPECT_EQ(saldo(""), Importo());
     EXPECT_EQ(saldo("where Conto='900.220'"), Importo());
+    return documenti;
   }
 };
 
 TEST_F(UccisioneFatturaTest, ReverseChargeInteroONulla) {
-  const int volte = Lungo() ? 100 : 12;
-  std::mt19937 caso(static_cast<unsigned>(Seme()));
-  const fs::path giornale = ambiente.PercorsoDb("tessarc").string() + "-journal";
-  int inMezzo = 0;
-  std::int64_t documenti = 0;
-  for (int volta = 0; volta < volte; ++volta) {
-    ambiente.ChiudiDitta();
-    const int annunciato = UccidiAlLavoro(std::chrono::microseconds(caso() % 60'000),
-                                          [this](int tubo) { ConfermaSenzaFine(tubo); });
-    ASSERT_GT(annunciato, 0) << "kill " << volta << ": the process stopped of itself";
-    std::error_code errore;
-    if (fs::file_size(giornale, errore) > 0 && !errore) ++inMezzo;
-
-    ASSERT_TRUE(ambiente.ApriDitta("Prova", 2024).Riuscito());
-    documenti = Tessarc().Singolo("select Count(*) from Articoli where Riva='4'").Intero();
-    const std::int64_t ultimoAnnunciato = (annunciato - 1) / kPerDocumento + 1;
-    // The one under way may have been confirmed without having been told.
-    ASSERT_GE(documenti, ultimoAnnunciato) << "kill " << volta;
-    ASSERT_LE(documenti, ultimoAnnunciato + 1) << "kill " << volta;
-    ControllaIntere(documenti);
-    ASSERT_FALSE(HasFailure()) << "kill " << volta;
-  }
+  UccidiPiuVolte(
+      ambiente, "tessarc", [this](int tubo) { ConfermaSenzaFine(tubo); },
+      [this] { return Interi(); }, kPerDocumento);
   // The numbering is free, and goes on where it was.
+  const std::int64_t documenti = Interi();
   EXPECT_EQ(Inserisci(ReverseCharge()), documenti * kPerDocumento + 1);
-  EXPECT_GT(inMezzo, 0);
-  std::printf("%d kills, %d in the middle of a document, %d documents\n", volte, inMezzo,
-              static_cast<int>(documenti));
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <cstdlib>
 #include <stdexcept>
-#include <vector>
 
 #include "core/session/CreaDitta.h"
 #include "runner/Esecutore.h"

@@ -1,9 +1,6 @@
 // Grids, lists and trees under real events.
-#include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QTableView>
 #include <QTableWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>

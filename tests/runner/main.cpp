@@ -5,7 +5,6 @@
 #include <QSettings>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <optional>
 
 #include "core/session/Utenti.h"

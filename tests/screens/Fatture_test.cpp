@@ -1,7 +1,6 @@
 // What only the window of the VAT registrations does: keys, focus, frames by type, what refusals
 // lead back to, the pile of paper. The rules are tried where they are, in the VAT room.
 #include <QApplication>
-#include <QCheckBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QTableView>

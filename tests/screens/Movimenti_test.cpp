@@ -2,7 +2,6 @@
 // rules of a registration are tried where they are, in the ledger.
 #include <QAbstractButton>
 #include <QApplication>
-#include <QCheckBox>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QScrollBar>

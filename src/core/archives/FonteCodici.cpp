@@ -87,6 +87,43 @@ class FonteTabella : public FonteCodici {
   DescrizioneFonte d_;
 };
 
+class FonteDiVoci : public FonteCodici {
+ public:
+  explicit FonteDiVoci(std::vector<VoceCodice> voci) : voci_(std::move(voci)) {}
+
+  std::optional<std::string> Descrizione(const std::string& codice) override {
+    const auto trovata = Trova(codice);
+    if (trovata == voci_.end()) return std::nullopt;
+    return trovata->descrizione;
+  }
+
+  std::vector<VoceCodice> Cerca(const std::string& testo, int massimo) override {
+    const std::string cercato = PerRicerca(testo);
+    std::vector<VoceCodice> trovate;
+    for (const bool inizio : {true, false}) {
+      for (const auto& voce : voci_) {
+        const bool inizia = PerRicerca(voce.codice).starts_with(cercato);
+        const bool contiene = PerRicerca(voce.descrizione).find(cercato) != std::string::npos;
+        if (inizio ? !inizia : inizia || !contiene) continue;
+        if (static_cast<int>(trovate.size()) < massimo) trovate.push_back(voce);
+      }
+    }
+    return trovate;
+  }
+
+  std::string Canonico(const std::string& codice) override {
+    const auto trovata = Trova(codice);
+    return trovata == voci_.end() ? codice : trovata->codice;
+  }
+
+ private:
+  std::vector<VoceCodice>::const_iterator Trova(const std::string& codice) const {
+    return std::ranges::find_if(
+        voci_, [&codice](const VoceCodice& voce) { return UgualeTesto(voce.codice, codice); });
+  }
+  std::vector<VoceCodice> voci_;
+};
+
 }  // namespace
 
 const std::vector<DescrizioneFonte>& Fonti() {
@@ -142,6 +179,10 @@ std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, std::string_view nome) {
 
 std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, DescrizioneFonte descrizione) {
   return std::make_shared<FonteTabella>(ambiente, std::move(descrizione));
+}
+
+std::shared_ptr<FonteCodici> FonteInMemoria(std::vector<VoceCodice> voci) {
+  return std::make_shared<FonteDiVoci>(std::move(voci));
 }
 
 std::string NomeFonteConti(const std::string& classe) {

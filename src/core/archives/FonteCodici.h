@@ -50,6 +50,8 @@ const DescrizioneFonte& DescrizioneDiFonte(std::string_view nome);
 
 std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, std::string_view nome);
 std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, DescrizioneFonte descrizione);
+/// Codes that stand in no table, in the order given.
+std::shared_ptr<FonteCodici> FonteInMemoria(std::vector<VoceCodice> voci);
 /// Name of the source of the accounts of a class ("P", "C", "F"; any other counts as "P").
 std::string NomeFonteConti(const std::string& classe);
 /// The same for a contra-entry.

@@ -44,7 +44,8 @@ struct CampoForma {
   std::string didascalia = {};
   int caratteri = 0;  ///< width shown; for texts also the greatest length. 0: from the type
   GenereCampo genere = GenereCampo::Auto;
-  std::string fonte = {};  ///< of a code: a name of `Fonti` (core/archives/FonteCodici.h)
+  /// Of a code: a name of `Fonti` (core/archives/FonteCodici.h); empty when the window gives it.
+  std::string fonte = {};
   std::vector<VoceScelta> scelte = {};  ///< radio buttons, list, or legend of a typed field
   std::string nota = {};                ///< a short text beside the field
   bool elenco = false;                  ///< a column of the archive's list

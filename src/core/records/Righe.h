@@ -51,7 +51,7 @@ class Righe {
   /// `campi` outlive the rows. Rows that no order tells apart stay as they came.
   explicit Righe(std::span<const CampoRiga<R>> campi, Ordine ordine = &PerPosizione<R>)
       : campi_(campi), ordine_(ordine) {
-    for (const CampoRiga<R>& campo : campi_) riga_.Aggiungi(campo.nome, campo.tipo);
+    AggiungiCampi(riga_, campi_);
   }
 
   [[nodiscard]] const std::vector<R>& Tutte() const { return righe_; }
@@ -113,9 +113,7 @@ class Righe {
   }
   /// The open row with what is typed in its fields; what the fields don't show stays as it was.
   [[nodiscard]] R Digitata() const {
-    R riga = aperta_ ? righe_[*aperta_] : R{};
-    for (const CampoRiga<R>& campo : campi_) campo.scrivi(riga, riga_.Leggi(campo.nome));
-    return riga;
+    return LeggiCampi(riga_, campi_, aperta_ ? righe_[*aperta_] : R{});
   }
   /// All rows as they would be, in their order, with `riga` in the place of the open one.
   [[nodiscard]] std::vector<R> Con(R riga) const {
@@ -156,7 +154,7 @@ class Righe {
  private:
   void Mostra(const R& riga) {
     riga_.Svuota();
-    for (const CampoRiga<R>& campo : campi_) riga_.Scrivi(campo.nome, campo.leggi(riga));
+    MostraCampi(riga_, campi_, riga);
     riga_.Consolida();
     inRiga_ = true;
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/records/RigheInTabella.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Intero128.h"
 
@@ -144,28 +145,27 @@ CodicePagamento CodiceDaCampi(const std::function<Valore(std::string_view)>& cam
   return codice;
 }
 
-RataPagamento RataDaCampi(const std::function<Valore(std::string_view)>& campo) {
-  const auto numero = [&](std::string_view nome) { return static_cast<int>(campo(nome).Intero()); };
-  RataPagamento rata;
-  rata.rata = campo("Rata").Testo();
-  rata.percImporto = campo("PercImporto").Importo();
-  rata.dopoMesi = numero("DopoMesi");
-  rata.dopoGiorni = numero("DopoGiorni");
-  rata.fineMese = campo("FineMese").Booleano();
-  rata.dataFattura = campo("DataFattura").Booleano();
-  rata.giornoFisso = campo("GiornoFisso").Booleano();
-  rata.ggFisso = numero("GGFisso");
-  rata.tipo = campo("Tipo").Testo();
-  rata.descrizione = campo("Descrizione").Testo();
-  return rata;
+std::span<const records::CampoRiga<RataPagamento>> CampiRata() {
+  using records::Campo;
+  static constexpr records::CampoRiga<RataPagamento> kCampi[] = {
+      Campo<&RataPagamento::rata>("Rata"),
+      Campo<&RataPagamento::percImporto>("PercImporto"),
+      Campo<&RataPagamento::dopoMesi>("DopoMesi"),
+      Campo<&RataPagamento::dopoGiorni>("DopoGiorni"),
+      Campo<&RataPagamento::fineMese>("FineMese"),
+      Campo<&RataPagamento::dataFattura>("DataFattura"),
+      Campo<&RataPagamento::giornoFisso>("GiornoFisso"),
+      Campo<&RataPagamento::ggFisso>("GGFisso"),
+      Campo<&RataPagamento::tipo>("Tipo"),
+      Campo<&RataPagamento::descrizione>("Descrizione")};
+  return kCampi;
 }
 
 std::vector<RataPagamento> LeggiRate(Ambiente& ambiente, const std::string& cod) {
   std::vector<RataPagamento> rate;
   Rs righe = ambiente.ArchivioDi("tessarc").Recordset(
       "SELECT * FROM Pagamento_r WHERE " + sql::Criterio("Cod", "=", cod) + " ORDER BY Rata");
-  for (; !righe.Eof(); righe.MoveNext())
-    rate.push_back(RataDaCampi([&](std::string_view campo) { return righe.Fields(campo); }));
+  for (; !righe.Eof(); righe.MoveNext()) rate.push_back(records::LeggiRiga(righe, CampiRata()));
   return rate;
 }
 

@@ -4,10 +4,12 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/records/CampoRiga.h"
 #include "core/session/Ambiente.h"
 
 namespace fenalto::duedates {
@@ -58,8 +60,8 @@ struct CodicePagamento {
 /// The code of a record's fields, without its rates.
 CodicePagamento CodiceDaCampi(const std::function<Valore(std::string_view)>& campo);
 
-/// The rate of a row's fields.
-RataPagamento RataDaCampi(const std::function<Valore(std::string_view)>& campo);
+/// The columns of a rate, which are its fields where it is typed.
+std::span<const records::CampoRiga<RataPagamento>> CampiRata();
 
 /// The rates of a code in order.
 std::vector<RataPagamento> LeggiRate(Ambiente& ambiente, const std::string& cod);

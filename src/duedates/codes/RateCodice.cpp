@@ -13,18 +13,6 @@ namespace {
 constexpr const char* kTabella = "Pagamento_r";
 const Importo kCento = Importo::DaUnita(100);
 
-constexpr records::CampoRiga<RataPagamento> kCampi[] = {
-    records::Campo<&RataPagamento::rata>("Rata"),
-    records::Campo<&RataPagamento::percImporto>("PercImporto"),
-    records::Campo<&RataPagamento::dopoMesi>("DopoMesi"),
-    records::Campo<&RataPagamento::dopoGiorni>("DopoGiorni"),
-    records::Campo<&RataPagamento::fineMese>("FineMese"),
-    records::Campo<&RataPagamento::dataFattura>("DataFattura"),
-    records::Campo<&RataPagamento::giornoFisso>("GiornoFisso"),
-    records::Campo<&RataPagamento::ggFisso>("GGFisso"),
-    records::Campo<&RataPagamento::tipo>("Tipo"),
-    records::Campo<&RataPagamento::descrizione>("Descrizione")};
-
 bool PerNumero(const RataPagamento& a, const RataPagamento& b) {
   return a.rata < b.rata;
 }
@@ -51,7 +39,7 @@ std::string NumeroDopo(const std::vector<RataPagamento>& righe) {
 
 }  // namespace
 
-RateCodice::RateCodice(Ambiente& ambiente) : ambiente_(ambiente), righe_(kCampi, PerNumero) {}
+RateCodice::RateCodice(Ambiente& ambiente) : ambiente_(ambiente), righe_(CampiRata(), PerNumero) {}
 
 void RateCodice::Leggi(const std::string& cod) {
   righe_.Carica(cod.empty() ? std::vector<RataPagamento>() : LeggiRate(ambiente_, cod));

@@ -14,6 +14,11 @@ std::string Dove(const VoceContiClientiFornitori& voce) {
 
 }  // namespace
 
+std::string NomeConto(Ambiente& ambiente, const std::string& cfp, const std::string& conto) {
+  return NzStr(ambiente.Cerca("tessarc", "ContiClientiFornitori", {{"Cod", conto}, {"CFP", cfp}},
+                              "Descrizione"));
+}
+
 void AggiungiVoce(Archivio& tessarc, const VoceContiClientiFornitori& voce) {
   if (CambiaVoce(tessarc, voce)) return;
   tessarc.Inserisci("ContiClientiFornitori", {{"Cod", voce.cod},

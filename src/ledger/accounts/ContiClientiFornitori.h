@@ -1,10 +1,10 @@
-// The list of everything that a movement may name, written inside a transaction: these tell
-// nothing, and what they return is told once the transaction has ended.
+// The list of everything that a movement may name. It is written inside a transaction: these
+// functions tell nothing, and what they return is told once the transaction has ended.
 #pragma once
 
 #include <string>
 
-#include "core/store/Archivio.h"
+#include "core/session/Ambiente.h"
 
 namespace fenalto::ledger {
 
@@ -15,6 +15,9 @@ struct VoceContiClientiFornitori {
   std::string descrizione = {};
   std::string descrizione2 = {};
 };
+
+/// Description of an account or a party; empty when it isn't there.
+std::string NomeConto(Ambiente& ambiente, const std::string& cfp, const std::string& conto);
 
 /// Adds the row; one already there takes the texts.
 void AggiungiVoce(Archivio& tessarc, const VoceContiClientiFornitori& voce);

@@ -4,6 +4,7 @@
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "ledger/accounts/ContiClientiFornitori.h"
 
 namespace fenalto::ledger {
 namespace {
@@ -52,10 +53,7 @@ std::map<std::string, std::string> ContiCercati(Archivio& tessarc, const std::st
 
 const std::string& DescrizioniConti::Di(const std::string& cfp, const std::string& conto) {
   auto [voce, nuova] = lette_.try_emplace(cfp + "|" + conto);
-  if (nuova) {
-    voce->second = NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
-                                         {{"Cod", conto}, {"CFP", cfp}}, "Descrizione"));
-  }
+  if (nuova) voce->second = NomeConto(ambiente_, cfp, conto);
   return voce->second;
 }
 

@@ -4,6 +4,7 @@
 #include "core/reports/TestoStampato.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "ledger/accounts/RicercaRegistrazioni.h"
 #include "ledger/accounts/SaldoConto.h"
 #include "ledger/journal/GiornaleInterno.h"
 
@@ -264,7 +265,7 @@ class TabulatoGiornale {
           grafico ? reports::LargoDi(pezzi.front(), kTestoModello, kTestoModelloMaiuscolo)
                   : kTestoLargo);
     }
-    std::vector<Valore> valori{riga.conto, Conto(riga.cfp, riga.conto), pezzi.front(),
+    std::vector<Valore> valori{riga.conto, conti_.Di(riga.cfp, riga.conto), pezzi.front(),
                                riga.dare + riga.avere};
     if (grafico && riga.prima) valori.insert(valori.end(), {riga.dt, Riferimento(riga)});
     Stendi(riga, valori, rinvio);
@@ -280,22 +281,13 @@ class TabulatoGiornale {
     const bool cabe = LunghezzaTesto(riga.conto) <= kCodiceCompatto;
     std::string testo = riga.prima ? Riferimento(riga) : "";
     if (!cabe) testo = Unisci(testo, " ", riga.conto);
-    testo = Unisci(testo, " ", Conto(riga.cfp, riga.conto));
+    testo = Unisci(testo, " ", conti_.Di(riga.cfp, riga.conto));
     testo = Unisci(testo, " / ", Causale(riga.causale));
     testo = Unisci(testo, " / ", riga.descrizione);
     Stendi(riga,
            {riga.prima ? Valore(riga.dt) : Valore(), cabe ? Valore(riga.conto) : Valore(), testo,
             riga.dare + riga.avere},
            rinvio);
-  }
-
-  const std::string& Conto(const std::string& cfp, const std::string& conto) {
-    const auto [noto, nuovo] = conti_.try_emplace({cfp, conto});
-    if (nuovo) {
-      noto->second = NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
-                                           {{"Cod", conto}, {"CFP", cfp}}, "Descrizione"));
-    }
-    return noto->second;
   }
 
   const std::string& Causale(const std::string& cod) {
@@ -316,7 +308,7 @@ class TabulatoGiornale {
   reports::Fascia totali_;
   Importo progressivoDare_;
   Importo progressivoAvere_;
-  std::map<std::pair<std::string, std::string>, std::string> conti_;
+  DescrizioniConti conti_{ambiente_};
   std::map<std::string, std::string> causali_;
 };
 

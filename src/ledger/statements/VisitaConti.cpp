@@ -5,6 +5,7 @@
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/accounts/CodiceConto.h"
+#include "ledger/accounts/ContiClientiFornitori.h"
 
 namespace fenalto::ledger {
 
@@ -148,9 +149,7 @@ bool VisitaConti::LeggiMancanti(MastroVisitato& mancante) {
       conto.cfp = rs.Fields(0).Testo();
       conto.cod = rs.Fields(1).Testo();
       if (!Segna(conto.cfp, conto.cod) || !Manca(conto, mastri)) continue;
-      conto.descrizione =
-          NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
-                                {{"Cod", conto.cod}, {"CFP", conto.cfp}}, "Descrizione"));
+      conto.descrizione = NomeConto(ambiente_, conto.cfp, conto.cod);
       if (conto.descrizione.empty()) conto.descrizione = "conto non in archivio";
       conto.saldi = Calcola(conto.cfp, conto.cod);
       mancante.conti.push_back(std::move(conto));

@@ -45,8 +45,7 @@ QWidget* ConTitolo(const QString& titolo, QWidget* contenuto) {
   auto* riquadro = new QWidget;
   auto* colonna = new QVBoxLayout(riquadro);
   colonna->setContentsMargins(0, 0, 0, 0);
-  colonna->addWidget(Didascalia(titolo, contenuto));
-  colonna->addWidget(contenuto, 1);
+  Affianca(*colonna, titolo, contenuto, 1);
   return riquadro;
 }
 
@@ -120,11 +119,9 @@ QLayout* FinestraImporta::Interno::CreaTesta() {
   file->setPlaceholderText(tr("file .csv salvato dal foglio elettronico o da un altro programma"));
   sfoglia = Pulsante(QStringLiteral("Sfoglia"), tr("Sfoglia..."));
   auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("Archivio"), genere));
-  riga->addWidget(genere);
+  Affianca(*riga, tr("Archivio"), genere);
   riga->addSpacing(12);
-  riga->addWidget(Didascalia(tr("File"), file));
-  riga->addWidget(file, 1);
+  Affianca(*riga, tr("File"), file, 1);
   riga->addWidget(sfoglia);
   return riga;
 }

@@ -81,9 +81,7 @@ QWidget* FinestraUtility::Interno::CreaPagina() {
   auto* ditta = new QLabel(Qs(gestore.Sessione().Ditta()));
   ditta->setObjectName(QStringLiteral("Ditta"));
   ditta->setTextFormat(Qt::PlainText);
-  QFont grassetto = ditta->font();
-  grassetto.setBold(true);
-  ditta->setFont(grassetto);
+  InGrassetto(ditta);
   auto* testa = new QHBoxLayout;
   testa->addWidget(new QLabel(tr("Ditta")));
   testa->addWidget(ditta, 1);
@@ -161,8 +159,7 @@ QGroupBox* FinestraUtility::Interno::CreaAnagrafica() {
   aggiungi("codfisc", tr("Codice fiscale"), kCodice);
   auto* telefono = Testo("tel", kCodice);
   nazione->addStretch(1);
-  nazione->addWidget(Didascalia(tr("Telefono"), telefono));
-  nazione->addWidget(telefono);
+  Affianca(*nazione, tr("Telefono"), telefono);
   griglia->setColumnStretch(1, 1);
   return riquadro;
 }
@@ -212,8 +209,7 @@ QGroupBox* FinestraUtility::Interno::CreaContabilita() {
   colonna->addWidget(Casella("NoIntraCosto_a_Forn", tr("... senza il giro «costo a fornitore»")));
   auto* causale = Testo("CausaleIntraCosto_a_Forn", kCausale, 10);
   auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("... causale del giro «costo a fornitore»"), causale));
-  riga->addWidget(causale);
+  Affianca(*riga, tr("... causale del giro «costo a fornitore»"), causale);
   riga->addStretch(1);
   colonna->addLayout(riga);
   colonna->addWidget(Casella("RegAutoBolleDoganali", tr("Registro da solo le bolle doganali")));
@@ -229,11 +225,9 @@ QGroupBox* FinestraUtility::Interno::CreaDecimali() {
   auto* riga = new QHBoxLayout;
   auto* prezzi = Testo("DecP", kCifra, 5);
   auto* quantita = Testo("DecQ", kCifra, 5);
-  riga->addWidget(Didascalia(tr("Decimali dei prezzi (2-4)"), prezzi));
-  riga->addWidget(prezzi);
+  Affianca(*riga, tr("Decimali dei prezzi (2-4)"), prezzi);
   riga->addSpacing(16);
-  riga->addWidget(Didascalia(tr("delle quantità (0-4)"), quantita));
-  riga->addWidget(quantita);
+  Affianca(*riga, tr("delle quantità (0-4)"), quantita);
   riga->addStretch(1);
   colonna->addLayout(riga);
   const std::tuple<const char*, QString, QString> caselle[] = {

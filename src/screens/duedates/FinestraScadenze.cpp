@@ -106,8 +106,7 @@ QWidget* FinestraScadenze::CreaPiede() {
   fila->addWidget(trovate_, 1);
   fila->addWidget(saldi);
   fila->addSpacing(12);
-  fila->addWidget(Didascalia(tr("Scadenza n."), selettore_));
-  fila->addWidget(selettore_);
+  Affianca(*fila, tr("Scadenza n."), selettore_);
   fila->addWidget(apri_);
   fila->addWidget(nuovo_);
   AssegnaMnemoniche(pulsanti);

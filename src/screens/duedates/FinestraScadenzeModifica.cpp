@@ -64,8 +64,7 @@ QWidget* FinestraScadenzeModifica::CreaTesta() {
   LargoCaratteri(selettore_, kCifreSelettore);
   selettore_->setToolTip(tr("numero della registrazione, o anno|numero"));
   descrizione_->setTextFormat(Qt::PlainText);
-  fila->addWidget(Didascalia(tr("Registrazione n."), selettore_));
-  fila->addWidget(selettore_);
+  Affianca(*fila, tr("Registrazione n."), selettore_);
   fila->addWidget(apri_);
   fila->addSpacing(12);
   fila->addWidget(descrizione_, 1);

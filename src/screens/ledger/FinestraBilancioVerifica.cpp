@@ -1,35 +1,78 @@
 #include "screens/ledger/FinestraBilancioVerifica.h"
 
-#include <QCheckBox>
-#include <QGridLayout>
-#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
-#include <algorithm>
+#include <QVBoxLayout>
 
-#include "core/reports/Foglio.h"
-#include "ledger/statements/BilancioVerifica.h"
-#include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
-#include "screens/common/fields/OpzioniGrafiche.h"
 #include "screens/common/lists/EsportaGriglia.h"
-#include "screens/common/windows/InCorso.h"
 #include "screens/ledger/GraficoConfronto.h"
 
 namespace fenalto::screens {
 namespace {
 
-enum Pagina { kVerifica = 0, kProspetti = 1, kConfronto = 2 };
+using ledger::SceltaBilancio;
+using records::Campo;
+using records::DiCodice;
+using records::Digitato;
 
-constexpr int kCifreData = 11;
-constexpr int kCifreAnno = 6;
-constexpr int kCifreCodice = 8;
+constexpr int kConfronto = 2;  // the page with the chart
 
 constexpr int kRipresaGrafico = 200;  // ms
 
-using Stampante = bool (ledger::BilancioVerifica::*)(const ledger::SceltaBilancio&);
-using Compositore = reports::Foglio (ledger::BilancioVerifica::*)(const ledger::SceltaBilancio&);
+constexpr records::CampoRiga<SceltaBilancio> kBilancio[] = {
+    Campo<&SceltaBilancio::daDt>("DaDt"),
+    Campo<&SceltaBilancio::aaDt>("AaDt"),
+    Campo<&SceltaBilancio::daMastro>("DaMastro"),
+    Campo<&SceltaBilancio::aaMastro>("AaMastro"),
+    Campo<&SceltaBilancio::anno>("Anno"),
+    Campo<&SceltaBilancio::noAnno>("NoAnno"),
+    Campo<&SceltaBilancio::soloMastri>("SoloMastri"),
+    Campo<&SceltaBilancio::stampoCliFor>("StampoCliFor"),
+    Campo<&SceltaBilancio::escludoSaldo0>("EscludoSaldo0"),
+    Campo<&SceltaBilancio::escludoNonMovimentati>("EscludoNonMovimentati"),
+    Campo<&SceltaBilancio::escludoCausale>("EscludoCausale"),
+    Campo<&SceltaBilancio::intestaz>("Intestaz"),
+    Campo<&SceltaBilancio::daDtAP>("DaDtAP"),
+    Campo<&SceltaBilancio::aaDtAP>("AaDtAP"),
+    Campo<&SceltaBilancio::annoPrec>("AnnoPrec")};
+
+records::DescrizioneForma FormaBilancio() {
+  constexpr int kCifreAnno = 5;
+  constexpr int kCifreMastro = 7;
+  constexpr const char* kScelta = "FrameScelta";
+  constexpr const char* kOpzioni = "FrameOpzioni";
+  constexpr const char* kPeriodoB = "FramePeriodoB";
+  const auto codice = [](const char* nome, const char* testo, const char* fonte) {
+    return DiCodice(nome, testo, fonte, kCifreMastro).In(kScelta).Peso(1);
+  };
+  const auto opzione = [](const char* nome, const char* testo) {
+    return Digitato(nome, testo).In(kOpzioni).AlMargine();
+  };
+  return {
+      .campi = {Digitato("DaDt", "dal").In(kScelta), Digitato("AaDt", "al").In(kScelta).Accanto(),
+                Digitato("Anno", "anno", kCifreAnno).In(kScelta).Accanto(),
+                Digitato("NoAnno", "tutti gli anni").In(kScelta).Accanto(),
+                codice("DaMastro", "da mastro", "mastri"), codice("AaMastro", "a mastro", "mastri"),
+                codice("EscludoCausale", "escludo causale", "causali"),
+                Digitato("Intestaz", "intestazione").In(kScelta).Peso(1),
+                opzione("SoloMastri", "solo mastri"),
+                opzione("StampoCliFor", "stampo clienti e fornitori"),
+                opzione("EscludoSaldo0", "escludo i conti con saldo a zero"),
+                opzione("EscludoNonMovimentati", "escludo i conti non movimentati"),
+                Digitato("DaDtAP", "dal").In(kPeriodoB),
+                Digitato("AaDtAP", "al").In(kPeriodoB).Accanto(),
+                Digitato("AnnoPrec", "anno", kCifreAnno).In(kPeriodoB).Accanto(),
+                Digitato("Check1", "imposto il medesimo periodo dell'anno precedente")
+                    .In(kPeriodoB)
+                    .Accanto()},
+      .riquadri = {{.nome = kScelta, .titolo = "Periodo e conti", .largo = true},
+                   {.nome = kOpzioni, .titolo = "Opzioni", .accanto = true},
+                   {.nome = kPeriodoB, .titolo = "Periodo B", .pagina = "Confronto"}}};
+}
 
 QString Periodo(const QString& lettera, Data da, Data a) {
   return FinestraBilancioVerifica::tr("%1: dal %2 al %3")
@@ -38,357 +81,157 @@ QString Periodo(const QString& lettera, Data da, Data a) {
 
 }  // namespace
 
-struct FinestraBilancioVerifica::Interno {
-  Interno(FinestraBilancioVerifica& finestraUsata, Finestre& gestoreUsato);
-  void Proponi();
-  QGroupBox* CreaScelta();
-  QGroupBox* CreaOpzioni();
-  QWidget* CreaPagina(const QString& spiegazione, Stampante stampa, const char* esporta,
-                      Compositore foglio);
-  QGroupBox* CreaPeriodoB();
-  QCheckBox* Casella(const char* nome, const QString& testo);
-  CampoData* CreaData(const char* nome);
-  CampoNumero* CreaAnno(const char* nome);
-  CampoCodice* CreaCodice(const char* nome, const char* fonte);
-  void Lasciato(const QString& campo, bool cambiato);
-  /// Takes period B from A.
-  void ImpostaPeriodoB();
-  void AccendiAnni();
-  [[nodiscard]] ledger::SceltaBilancio Scelta() const;
-  void Stampa(Stampante stampa);
-  void Esporta(Compositore foglio, bool confronto);
-  void ChiediGrafico();
-  void MostraGrafico();
-
-  FinestraBilancioVerifica& finestra;
-  Finestre& gestore;
-  ledger::BilancioVerifica bilancio;
-  Scheda scheda;
-  Legatura* legatura;
-  OpzioniGrafiche* opzioni = nullptr;
-  QTabWidget* schede;
-  GraficoConfronto* grafico;
-  QTimer* attesaGrafico;
-  QList<QAbstractButton*> pulsanti;
-  bool leggendo = false;  ///< a report, a sheet or the chart is being made
-};
-
-FinestraBilancioVerifica::Interno::Interno(FinestraBilancioVerifica& finestraUsata,
-                                           Finestre& gestoreUsato)
-    : finestra(finestraUsata),
-      gestore(gestoreUsato),
-      bilancio(gestoreUsato.Sessione(), gestoreUsato.Uscite()),
-      legatura(new Legatura([this]() -> Scheda& { return scheda; },
-                            gestoreUsato.Sessione().Dialogo(), &finestraUsata)),
-      schede(new QTabWidget),
-      grafico(new GraficoConfronto),
-      attesaGrafico(new QTimer(&finestraUsata)) {
-  Proponi();
-  opzioni = new OpzioniGrafiche(finestra.Nome(), gestore.Sessione(), scheda, *legatura);
-  schede->setObjectName(QStringLiteral("SSTab1"));
-  auto* griglia = new QGridLayout(&finestra);
-  griglia->addWidget(CreaScelta(), 0, 0);
-  griglia->addWidget(CreaOpzioni(), 0, 1);
-  griglia->addWidget(schede, 1, 0, 1, 2);
-  griglia->setColumnStretch(0, 1);
-  griglia->setRowStretch(1, 1);
-  schede->addTab(
-      CreaPagina(tr("Di ogni mastro e conto il saldo iniziale, il dare, l'avere e il saldo."),
-                 &ledger::BilancioVerifica::StampaVerifica, "XlsEspBV",
-                 &ledger::BilancioVerifica::FoglioVerifica),
-      tr("Bilancio di verifica"));
-  schede->addTab(CreaPagina(tr("Situazione costi e ricavi con l'utile o la perdita di esercizio, e "
-                               "situazione patrimoniale con l'eccedenza; le rettifiche di "
-                               "bilancio sono segnate con *."),
-                            &ledger::BilancioVerifica::StampaProspetti, nullptr, nullptr),
-                 tr("Patrimoniale e costi/ricavi"));
-  auto* confronto =
-      CreaPagina(tr("I costi e i ricavi del periodo scelto sopra (A) accanto a quelli "
-                    "di un altro periodo (B)."),
-                 &ledger::BilancioVerifica::StampaConfronto, "XlsEspCR",
-                 &ledger::BilancioVerifica::FoglioConfronto);
-  auto* colonna = qobject_cast<QVBoxLayout*>(confronto->layout());
-  colonna->insertWidget(0, CreaPeriodoB());
-  colonna->addWidget(grafico, 1);
-  schede->addTab(confronto, tr("Confronto costi e ricavi"));
-  for (int pagina : {kVerifica, kProspetti}) {
-    qobject_cast<QVBoxLayout*>(schede->widget(pagina)->layout())->addStretch(1);
-  }
-  AssegnaMnemoniche(pulsanti);
-  legatura->Mostra();
-  AccendiAnni();
-  connect(legatura, &Legatura::Lasciato, &finestra,
-          [this](const QString& campo, bool cambiato) { Lasciato(campo, cambiato); });
-  attesaGrafico->setSingleShot(true);
-  connect(attesaGrafico, &QTimer::timeout, &finestra, [this] { MostraGrafico(); });
-  connect(schede, &QTabWidget::currentChanged, &finestra, [this] { ChiediGrafico(); });
-}
-
-void FinestraBilancioVerifica::Interno::Proponi() {
-  const ledger::SceltaBilancio proposta = bilancio.Proposta();
-  const std::pair<const char*, Valore> campi[] = {
-      {"DaDt", proposta.daDt},
-      {"AaDt", proposta.aaDt},
-      {"DaMastro", proposta.daMastro},
-      {"AaMastro", proposta.aaMastro},
-      {"Anno", proposta.anno},
-      {"NoAnno", proposta.noAnno},
-      {"SoloMastri", proposta.soloMastri},
-      {"StampoCliFor", proposta.stampoCliFor},
-      {"EscludoSaldo0", proposta.escludoSaldo0},
-      {"EscludoNonMovimentati", proposta.escludoNonMovimentati},
-      {"EscludoCausale", proposta.escludoCausale},
-      {"Intestaz", proposta.intestaz},
-      {"DaDtAP", proposta.daDtAP},
-      {"AaDtAP", proposta.aaDtAP},
-      {"AnnoPrec", proposta.annoPrec},
-      {"Check1", true},
-  };
-  for (const auto& [nome, valore] : campi) {
-    scheda.Aggiungi(nome, valore.Tipo());
-    scheda.Scrivi(nome, valore);
-  }
-}
-
-QCheckBox* FinestraBilancioVerifica::Interno::Casella(const char* nome, const QString& testo) {
-  auto* casella = new QCheckBox(testo);
-  casella->setObjectName(QString::fromLatin1(nome));
-  legatura->Lega(casella);
-  return casella;
-}
-
-CampoData* FinestraBilancioVerifica::Interno::CreaData(const char* nome) {
-  auto& sessione = gestore.Sessione();
-  auto* campo = new CampoData(QString::fromLatin1(nome), [&sessione] {
-    return std::pair(sessione.Anno(), sessione.Ora().Oggi());
+FinestraBilancioVerifica::FinestraBilancioVerifica(Finestre& finestre)
+    : FinestraRapporto(QStringLiteral("STBilancioVerifica"),
+                       tr("Bilancio di Verifica - Situaz.patrimoniale,costi,ricavi,utile,perdita"),
+                       finestre),
+      bilancio_(finestre.Sessione(), finestre.Uscite()),
+      schede_(new QTabWidget),
+      grafico_(new GraficoConfronto),
+      attesaGrafico_(new QTimer(this)) {
+  Proponi(kBilancio, bilancio_.Proposta());
+  Record().Aggiungi("Check1", Tipo::Booleano);
+  Record().Scrivi("Check1", true);
+  CreaPagine();
+  auto* scelta = new QVBoxLayout;
+  auto* colonna = new QVBoxLayout(this);
+  colonna->addLayout(scelta);
+  Compila(FormaBilancio(), [this, scelta](const std::string& pagina) -> QVBoxLayout& {
+    return pagina.empty() ? *scelta : *periodoB_;
   });
-  LargoCaratteri(campo, kCifreData);
-  legatura->Lega(campo);
-  return campo;
+  colonna->addLayout(CreaOpzioni().Riga());
+  colonna->addWidget(schede_, 1);
+  Mostra();
+  attesaGrafico_->setSingleShot(true);
+  connect(attesaGrafico_, &QTimer::timeout, this, &FinestraBilancioVerifica::MostraGrafico);
+  connect(schede_, &QTabWidget::currentChanged, this, &FinestraBilancioVerifica::ChiediGrafico);
 }
 
-CampoNumero* FinestraBilancioVerifica::Interno::CreaAnno(const char* nome) {
-  auto* campo = new CampoNumero(QString::fromLatin1(nome));
-  LargoCaratteri(campo, kCifreAnno);
-  legatura->Lega(campo);
-  return campo;
+void FinestraBilancioVerifica::CreaPagine() {
+  using ledger::BilancioVerifica;
+  schede_->setObjectName(QStringLiteral("SSTab1"));
+  QList<QAbstractButton*> pulsanti;
+  auto* verifica =
+      CreaPagina({tr("Bilancio di verifica"),
+                  tr("Di ogni mastro e conto il saldo iniziale, il dare, l'avere e il saldo."),
+                  &BilancioVerifica::StampaVerifica, "XlsEspBV", &BilancioVerifica::FoglioVerifica},
+                 pulsanti);
+  auto* prospetti = CreaPagina(
+      {tr("Patrimoniale e costi/ricavi"),
+       tr("Situazione costi e ricavi con l'utile o la perdita di esercizio, e situazione "
+          "patrimoniale con l'eccedenza; le rettifiche di bilancio sono segnate con *."),
+       &BilancioVerifica::StampaProspetti},
+      pulsanti);
+  auto* confronto = CreaPagina(
+      {tr("Confronto costi e ricavi"),
+       tr("I costi e i ricavi del periodo scelto sopra (A) accanto a quelli di un altro periodo "
+          "(B)."),
+       &BilancioVerifica::StampaConfronto, "XlsEspCR", &BilancioVerifica::FoglioConfronto},
+      pulsanti);
+  for (auto* pagina : {verifica, prospetti}) pagina->addStretch(1);
+  periodoB_ = new QVBoxLayout;
+  confronto->insertLayout(0, periodoB_);
+  confronto->addWidget(grafico_, 1);
+  AssegnaMnemoniche(pulsanti);
 }
 
-CampoCodice* FinestraBilancioVerifica::Interno::CreaCodice(const char* nome, const char* fonte) {
-  auto* campo =
-      new CampoCodice(QString::fromLatin1(nome), archives::Fonte(gestore.Sessione(), fonte));
-  campo->Etichetta()->setObjectName(QString::fromLatin1(nome) + QStringLiteral("Descrizione"));
-  LargoCaratteri(campo, kCifreCodice);
-  legatura->Lega(campo);
-  return campo;
-}
-
-QGroupBox* FinestraBilancioVerifica::Interno::CreaScelta() {
-  auto* riquadro = new QGroupBox(tr("Periodo e conti"));
-  auto* griglia = new QGridLayout(riquadro);
-  const auto riga = [griglia](int n, const QString& testo, QWidget* campo, QWidget* accanto) {
-    griglia->addWidget(Didascalia(testo, campo), n, 0);
-    griglia->addWidget(campo, n, 1);
-    griglia->addWidget(accanto, n, 2);
-  };
-  auto* periodo = new QHBoxLayout;
-  auto* fine = CreaData("AaDt");
-  auto* anno = CreaAnno("Anno");
-  auto* inizio = CreaData("DaDt");
-  griglia->addWidget(Didascalia(tr("dal"), inizio), 0, 0);
-  griglia->addWidget(inizio, 0, 1);
-  periodo->addWidget(Didascalia(tr("al"), fine));
-  periodo->addWidget(fine);
-  periodo->addSpacing(12);
-  periodo->addWidget(Didascalia(tr("anno"), anno));
-  periodo->addWidget(anno);
-  periodo->addWidget(Casella("NoAnno", tr("tutti gli anni")));
-  periodo->addStretch(1);
-  griglia->addLayout(periodo, 0, 2);
-  auto* daMastro = CreaCodice("DaMastro", "mastri");
-  auto* aaMastro = CreaCodice("AaMastro", "mastri");
-  auto* causale = CreaCodice("EscludoCausale", "causali");
-  riga(1, tr("da mastro"), daMastro, daMastro->Etichetta());
-  riga(2, tr("a mastro"), aaMastro, aaMastro->Etichetta());
-  riga(3, tr("escludo causale"), causale, causale->Etichetta());
-  auto* intestazione = new CampoTesto(QStringLiteral("Intestaz"));
-  legatura->Lega(intestazione);
-  griglia->addWidget(Didascalia(tr("intestazione"), intestazione), 4, 0);
-  griglia->addWidget(intestazione, 4, 1, 1, 2);
-  griglia->setColumnStretch(2, 1);
-  return riquadro;
-}
-
-QGroupBox* FinestraBilancioVerifica::Interno::CreaOpzioni() {
-  auto* riquadro = new QGroupBox(tr("Opzioni"));
-  auto* colonna = new QVBoxLayout(riquadro);
-  colonna->addWidget(Casella("SoloMastri", tr("solo mastri")));
-  colonna->addWidget(Casella("StampoCliFor", tr("stampo clienti e fornitori")));
-  colonna->addWidget(Casella("EscludoSaldo0", tr("escludo i conti con saldo a zero")));
-  colonna->addWidget(Casella("EscludoNonMovimentati", tr("escludo i conti non movimentati")));
-  colonna->addLayout(opzioni->Riga());
-  return riquadro;
-}
-
-QWidget* FinestraBilancioVerifica::Interno::CreaPagina(const QString& spiegazione, Stampante stampa,
-                                                       const char* esporta, Compositore foglio) {
-  auto* pagina = new QWidget;
-  auto* colonna = new QVBoxLayout(pagina);
-  auto* riga = new QHBoxLayout;
-  auto* testo = new QLabel(spiegazione);
+QVBoxLayout* FinestraBilancioVerifica::CreaPagina(const Pagina& pagina,
+                                                  QList<QAbstractButton*>& pulsanti) {
+  auto* testo = new QLabel(pagina.spiegazione);
   testo->setWordWrap(true);
+  auto* riga = new QHBoxLayout;
   riga->addWidget(testo, 1);
-  auto* pulsante = Pulsante(QStringLiteral("Stampa"), tr("Stampa"));
-  connect(pulsante, &QPushButton::clicked, &finestra, [this, stampa] { Stampa(stampa); });
-  riga->addWidget(pulsante);
-  pulsanti << pulsante;
-  if (esporta != nullptr) {
-    auto* excel = Pulsante(QString::fromLatin1(esporta), tr("Esporto in Excel"));
-    const bool confronto = foglio == &ledger::BilancioVerifica::FoglioConfronto;
-    connect(excel, &QPushButton::clicked, &finestra,
-            [this, foglio, confronto] { Esporta(foglio, confronto); });
-    riga->addWidget(excel);
-    pulsanti << excel;
-  }
-  colonna->addLayout(riga);
-  return pagina;
-}
-
-QGroupBox* FinestraBilancioVerifica::Interno::CreaPeriodoB() {
-  auto* riquadro = new QGroupBox(tr("Periodo B"));
-  auto* riga = new QHBoxLayout(riquadro);
-  auto* inizio = CreaData("DaDtAP");
-  auto* fine = CreaData("AaDtAP");
-  auto* anno = CreaAnno("AnnoPrec");
-  riga->addWidget(Didascalia(tr("dal"), inizio));
-  riga->addWidget(inizio);
-  riga->addWidget(Didascalia(tr("al"), fine));
-  riga->addWidget(fine);
-  riga->addSpacing(12);
-  riga->addWidget(Didascalia(tr("anno"), anno));
-  riga->addWidget(anno);
-  riga->addSpacing(12);
-  riga->addWidget(Casella("Check1", tr("imposto il medesimo periodo dell'anno precedente")));
-  riga->addStretch(1);
-  return riquadro;
-}
-
-void FinestraBilancioVerifica::Interno::Lasciato(const QString& campo, bool cambiato) {
-  if (!cambiato) return;
-  const auto uno = [&campo](std::initializer_list<const char*> nomi) {
-    return std::any_of(nomi.begin(), nomi.end(),
-                       [&campo](const char* nome) { return campo == QLatin1String(nome); });
+  const auto pulsante = [&](const char* nome, const QString& scritta, auto azione) {
+    auto* nuovo = Pulsante(QString::fromLatin1(nome), scritta);
+    connect(nuovo, &QPushButton::clicked, this, azione);
+    riga->addWidget(nuovo);
+    pulsanti << nuovo;
   };
-  if (uno({"DaDt", "AaDt", "Anno", "Check1"})) {
+  pulsante("Stampa", tr("Stampa"), [this, stampa = pagina.stampa] { StampaPagina(stampa); });
+  if (pagina.foglio != nullptr) {
+    const bool confronto = pagina.foglio == &ledger::BilancioVerifica::FoglioConfronto;
+    pulsante(pagina.esporta, tr("Esporto in Excel"),
+             [this, foglio = pagina.foglio, confronto] { EsportaPagina(foglio, confronto); });
+  }
+  auto* contenuto = new QWidget;
+  auto* colonna = new QVBoxLayout(contenuto);
+  colonna->addLayout(riga);
+  schede_->addTab(contenuto, pagina.titolo);
+  return colonna;
+}
+
+records::StatoCampo FinestraBilancioVerifica::Stato(const std::string& campo) {
+  if (campo != "Anno" && campo != "AnnoPrec") return {};
+  return {.attivo = !Record().Leggi("NoAnno").Booleano()};
+}
+
+void FinestraBilancioVerifica::Cambiato(const std::string& campo) {
+  if (campo == "DaDt" || campo == "AaDt" || campo == "Anno" || campo == "Check1") {
     ImpostaPeriodoB();
-  } else if (uno({"DaDtAP", "AaDtAP", "AnnoPrec"})) {
+  } else if (campo == "DaDtAP" || campo == "AaDtAP" || campo == "AnnoPrec") {
     // Typed by hand, it no longer follows period A.
-    scheda.Scrivi("Check1", false);
-    legatura->Mostra();
-  } else if (campo == QLatin1String("NoAnno")) {
-    AccendiAnni();
+    Record().Scrivi("Check1", false);
+    Mostra();
   }
   ChiediGrafico();
 }
 
-void FinestraBilancioVerifica::Interno::ImpostaPeriodoB() {
-  if (!scheda.Leggi("Check1").Booleano()) return;
-  const ledger::SceltaBilancio scelta = ledger::BilancioVerifica::PeriodoPrecedente(Scelta());
-  scheda.Scrivi("DaDtAP", scelta.daDtAP);
-  scheda.Scrivi("AaDtAP", scelta.aaDtAP);
-  scheda.Scrivi("AnnoPrec", scelta.annoPrec);
-  legatura->Mostra();
+void FinestraBilancioVerifica::ImpostaPeriodoB() {
+  if (!Record().Leggi("Check1").Booleano()) return;
+  records::MostraCampi<SceltaBilancio>(Record(), kBilancio,
+                                       ledger::BilancioVerifica::PeriodoPrecedente(Digitata()));
+  Mostra();
 }
 
-void FinestraBilancioVerifica::Interno::AccendiAnni() {
-  for (const char* nome : {"Anno", "AnnoPrec"}) {
-    if (auto* anno = finestra.findChild<QWidget*>(QString::fromLatin1(nome))) {
-      anno->setEnabled(!scheda.Leggi("NoAnno").Booleano());
-    }
-  }
+SceltaBilancio FinestraBilancioVerifica::Digitata() const {
+  return Scelta(kBilancio);
 }
 
-ledger::SceltaBilancio FinestraBilancioVerifica::Interno::Scelta() const {
-  ledger::SceltaBilancio scelta;
-  scelta.anno = static_cast<int>(scheda.Leggi("Anno").Intero());
-  scelta.noAnno = scheda.Leggi("NoAnno").Booleano();
-  scelta.daDt = scheda.Leggi("DaDt").Data();
-  scelta.aaDt = scheda.Leggi("AaDt").Data();
-  scelta.daMastro = scheda.Testo("DaMastro");
-  scelta.aaMastro = scheda.Testo("AaMastro");
-  scelta.soloMastri = scheda.Leggi("SoloMastri").Booleano();
-  scelta.stampoCliFor = scheda.Leggi("StampoCliFor").Booleano();
-  scelta.escludoSaldo0 = scheda.Leggi("EscludoSaldo0").Booleano();
-  scelta.escludoNonMovimentati = scheda.Leggi("EscludoNonMovimentati").Booleano();
-  scelta.escludoCausale = scheda.Testo("EscludoCausale");
-  scelta.intestaz = scheda.Testo("Intestaz");
-  scelta.annoPrec = static_cast<int>(scheda.Leggi("AnnoPrec").Intero());
-  scelta.daDtAP = scheda.Leggi("DaDtAP").Data();
-  scelta.aaDtAP = scheda.Leggi("AaDtAP").Data();
-  scelta.stGrafico = opzioni->StGrafico();
-  scelta.xTar = opzioni->XTar();
-  return scelta;
+void FinestraBilancioVerifica::StampaPagina(Stampante stampa) {
+  if (!Raccogli()) return;
+  InLettura([&] { (bilancio_.*stampa)(Digitata()); });
 }
 
-void FinestraBilancioVerifica::Interno::Stampa(Stampante stampa) {
-  if (!legatura->Raccogli()) return;
-  const InCorso lettura(leggendo);
-  (bilancio.*stampa)(Scelta());
-}
-
-void FinestraBilancioVerifica::Interno::Esporta(Compositore foglio, bool confronto) {
-  if (!legatura->Raccogli()) return;
-  auto& dialoghi = gestore.Sessione().Dialogo();
-  const ledger::SceltaBilancio scelta = Scelta();
+void FinestraBilancioVerifica::EsportaPagina(Compositore foglio, bool confronto) {
+  if (!Raccogli()) return;
+  const SceltaBilancio scelta = Digitata();
   if (const std::string errore = ledger::BilancioVerifica::Controlla(scelta, confronto);
       !errore.empty()) {
-    dialoghi.Messaggio(errore, Icona::Avviso);
-    return;
+    return Dialogo().Messaggio(errore, Icona::Avviso);
   }
   const auto uscita =
-      dialoghi.ScegliUscita(confronto ? "confronto costi e ricavi" : "bilancio di verifica", true);
+      Dialogo().ScegliUscita(confronto ? "confronto costi e ricavi" : "bilancio di verifica", true);
   if (!uscita) return;
-  const InCorso lettura(leggendo);
-  const reports::Foglio composto = (bilancio.*foglio)(scelta);
+  reports::Foglio composto;
+  InLettura([&] { composto = (bilancio_.*foglio)(scelta); });
   if (composto.colonne.empty()) return;  // stopped by the user
-  ScriviFoglio(composto, *uscita, dialoghi);
+  ScriviFoglio(composto, *uscita, Dialogo());
 }
 
-void FinestraBilancioVerifica::Interno::ChiediGrafico() {
-  if (schede->currentIndex() == kConfronto) attesaGrafico->start(0);
+void FinestraBilancioVerifica::ChiediGrafico() {
+  if (schede_->currentIndex() == kConfronto) attesaGrafico_->start(0);
 }
 
-void FinestraBilancioVerifica::Interno::MostraGrafico() {
+void FinestraBilancioVerifica::MostraGrafico() {
   // The timer may fire while a long reading lets events through: the chart comes after it.
-  if (leggendo) return attesaGrafico->start(kRipresaGrafico);
-  const ledger::SceltaBilancio scelta = Scelta();
+  if (Leggendo()) return attesaGrafico_->start(kRipresaGrafico);
+  const SceltaBilancio scelta = Digitata();
   if (const std::string errore = ledger::BilancioVerifica::Controlla(scelta, true);
       !errore.empty()) {
-    return grafico->MostraTesto(QString::fromStdString(errore));
+    return grafico_->MostraTesto(QString::fromStdString(errore));
   }
-  const InCorso lettura(leggendo);
-  const auto mesi = bilancio.MesiConfronto(scelta);
+  std::vector<ledger::MeseConfronto> mesi;
+  InLettura([&] { mesi = bilancio_.MesiConfronto(scelta); });
   if (mesi.empty()) {
-    return grafico->MostraTesto(tr("Lettura interrotta: F5 per vedere il grafico"));
+    return grafico_->MostraTesto(tr("Lettura interrotta: F5 per vedere il grafico"));
   }
-  grafico->Mostra(mesi, Periodo(QStringLiteral("A"), scelta.daDt, scelta.aaDt),
-                  Periodo(QStringLiteral("B"), scelta.daDtAP, scelta.aaDtAP),
-                  gestore.Sessione().Euro() ? 2 : 0);
-}
-
-FinestraBilancioVerifica::FinestraBilancioVerifica(Finestre& finestre)
-    : FinestraFunzione(QStringLiteral("STBilancioVerifica"),
-                       tr("Bilancio di Verifica - Situaz.patrimoniale,costi,ricavi,utile,perdita"),
-                       finestre) {
-  interno_ = std::make_unique<Interno>(*this, finestre);
-}
-
-FinestraBilancioVerifica::~FinestraBilancioVerifica() {
-  hide();  // nothing is read from its fields any more
+  grafico_->Mostra(mesi, Periodo(QStringLiteral("A"), scelta.daDt, scelta.aaDt),
+                   Periodo(QStringLiteral("B"), scelta.daDtAP, scelta.aaDtAP),
+                   Sessione().Euro() ? 2 : 0);
 }
 
 void FinestraBilancioVerifica::Aggiorna() {
-  interno_->ChiediGrafico();
+  ChiediGrafico();
 }
 
 }  // namespace fenalto::screens

@@ -1,22 +1,23 @@
 // The window "Stampa Libro Giornale": thin over Giornale.
 #pragma once
 
-#include <memory>
-
-#include "screens/common/windows/FinestraFunzione.h"
+#include "ledger/journal/Giornale.h"
+#include "screens/common/reports/FinestraRapporto.h"
 
 namespace fenalto::screens {
 
-class FinestraGiornale : public FinestraFunzione {
+class FinestraGiornale : public FinestraRapporto {
   Q_OBJECT
 
  public:
   explicit FinestraGiornale(Finestre& finestre);
-  ~FinestraGiornale() override;
+
+ protected:
+  void Cambiato(const std::string& campo) override;
+  void Stampa() override;
 
  private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  ledger::Giornale giornale_;
 };
 
 }  // namespace fenalto::screens

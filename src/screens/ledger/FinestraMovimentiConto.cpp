@@ -86,8 +86,7 @@ QHBoxLayout* FinestraMovimentiConto::Interno::CreaSelettore() {
   connect(esporta, &QPushButton::clicked, &finestra, [this] { finestra.Esporta(*griglia); });
   AssegnaMnemoniche({apri, esporta});
   auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("Movimenti del %1 di").arg(gestore.Sessione().Anno()), cfp));
-  riga->addWidget(cfp);
+  Affianca(*riga, tr("Movimenti del %1 di").arg(gestore.Sessione().Anno()), cfp);
   riga->addWidget(conto);
   riga->addWidget(apri);
   riga->addWidget(conto->Etichetta(), 1);

@@ -80,8 +80,7 @@ FinestraVisPdc::Interno::Interno(FinestraVisPdc& finestraUsata, Finestre& gestor
   albero->header()->resizeSection(kDescrizione, kLargoDescrizione);
   albero->header()->resizeSection(kClasse, kLargoLettera);
   auto* sopra = new QHBoxLayout;
-  sopra->addWidget(Didascalia(tr("Cerca"), cerca));
-  sopra->addWidget(cerca, 1);
+  Affianca(*sopra, tr("Cerca"), cerca, 1);
   sopra->addWidget(stato);
   auto* colonna = new QVBoxLayout(&finestra);
   colonna->addLayout(sopra);

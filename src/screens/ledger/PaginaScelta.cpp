@@ -106,12 +106,7 @@ QGroupBox* PaginaScelta::CreaElenco() {
        .subito = true},
       lettore_);
   colonna->addWidget(elenco_);
-  connect(elenco_, &ElencoCercato::Indicato, this,
-          [this](const QString& numero) { Seleziona(numero.toLongLong()); });
-  connect(elenco_, &ElencoCercato::Scelto, this, [this](const QString& numero) {
-    Seleziona(numero.toLongLong());
-    selettore_->Apri();
-  });
+  selettore_->Segui(*elenco_);
   return riquadro;
 }
 

@@ -121,8 +121,7 @@ QWidget* FinestraUt::Interno::CreaScelta() {
   apri = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel codice"));
   nuovo = Pulsante(QStringLiteral("Nuovo"), tr("Nuovo utente"), tr("Ins"));
   auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("Utente"), selettore));
-  riga->addWidget(selettore);
+  Affianca(*riga, tr("Utente"), selettore);
   riga->addWidget(apri);
   riga->addWidget(descrizioneSelettore, 1);
   riga->addWidget(nuovo);

@@ -8,6 +8,7 @@
 #include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "ledger/accounts/ContiClientiFornitori.h"
 #include "ledger/registrations/ControlliData.h"
 #include "ledger/registrations/TestataArticolo.h"
 #include "vat/postings/DatiIva.h"
@@ -118,8 +119,7 @@ std::vector<FatturaSospesa> FattureSospese::Elenco(const FiltroSospese& filtro) 
     FatturaSospesa f;
     f.cfp = r.Fields("CFP").Testo();
     f.conto = r.Fields("Conto").Testo();
-    f.nome = NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
-                                   {{"CFP", f.cfp}, {"Cod", f.conto}}, "Descrizione"));
+    f.nome = ledger::NomeConto(ambiente_, f.cfp, f.conto);
     if (!cercata.empty() && PerRicerca(f.conto) != cercata &&
         PerRicerca(f.nome).find(cercata) == std::string::npos) {
       continue;

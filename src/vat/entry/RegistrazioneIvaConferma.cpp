@@ -5,6 +5,7 @@
 #include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
+#include "ledger/accounts/ContiClientiFornitori.h"
 #include "ledger/registrations/TestataArticolo.h"
 #include "vat/entry/RegistrazioneIvaInterno.h"
 #include "vat/postings/DatiIva.h"
@@ -178,9 +179,7 @@ void RegistrazioneIva::Interno::ScriviAutomatiche(Scritta& scritta) {
 
 RegistrazioneIva::Interno::Scritta RegistrazioneIva::Interno::Scrivi() {
   Scritta scritta;
-  scritta.descrConto =
-      NzStr(ambiente.Cerca("tessarc", "ContiClientiFornitori",
-                           {{"Cod", T("Contox")}, {"CFP", T("CFPx")}}, "Descrizione"));
+  scritta.descrConto = ledger::NomeConto(ambiente, T("CFPx"), T("Contox"));
   scritta.nProt =
       NProtForzato() != 0 ? NProtForzato() : ProssimoNProt(ambiente, anno, registro.cod);
   scritta.numDoc = testa.Leggi("NumDoc").Intero();

@@ -1,9 +1,36 @@
 #include "vat/postings/DatiIva.h"
 
+#include "core/records/RigheInTabella.h"
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 
 namespace fenalto::vat {
+namespace {
+
+using records::Campo;
+
+constexpr records::CampoRiga<RigaIva> kColonne[] = {
+    Campo<&RigaIva::anno>("Anno"),
+    Campo<&RigaIva::numDoc>("NumDoc"),
+    Campo<&RigaIva::posi>("Posi"),
+    Campo<&RigaIva::causale>("Causale"),
+    Campo<&RigaIva::descrizione>("Descrizione"),
+    Campo<&RigaIva::cfp>("CFP"),
+    Campo<&RigaIva::conto>("Conto"),
+    Campo<&RigaIva::impoDare>("ImpoDare"),
+    Campo<&RigaIva::impoAvere>("ImpoAvere"),
+    Campo<&RigaIva::cfpControp>("CFPControp"),
+    Campo<&RigaIva::contoControp>("ContoControp"),
+    Campo<&RigaIva::diversiControp>("DiversiControp"),
+    Campo<&RigaIva::tipoRiga>("TIPORIGA"),
+    Campo<&RigaIva::codIva>("CodIva"),
+    Campo<&RigaIva::imponibile>("Imponibile"),
+    Campo<&RigaIva::iva>("Iva"),
+    Campo<&RigaIva::ivaInd>("IvaInd"),
+    Campo<&RigaIva::categoria>("Categoria"),
+    Campo<&RigaIva::commessa>("Commessa")};
+
+}  // namespace
 
 DocumentoIva DocumentoDiRegistro(Ambiente& ambiente, const std::string& riva) {
   DocumentoIva documento;
@@ -22,49 +49,7 @@ DocumentoIva DocumentoDiRegistro(Ambiente& ambiente, const std::string& riva) {
 }
 
 void ScriviRigaIva(Archivio& tessarc, const RigaIva& riga) {
-  tessarc.Inserisci("Movimenti", {{"Anno", riga.anno},
-                                  {"NumDoc", riga.numDoc},
-                                  {"Posi", riga.posi},
-                                  {"Causale", riga.causale},
-                                  {"Descrizione", riga.descrizione},
-                                  {"CFP", riga.cfp},
-                                  {"Conto", riga.conto},
-                                  {"ImpoDare", riga.impoDare},
-                                  {"ImpoAvere", riga.impoAvere},
-                                  {"CFPControp", riga.cfpControp},
-                                  {"ContoControp", riga.contoControp},
-                                  {"DiversiControp", riga.diversiControp},
-                                  {"TIPORIGA", static_cast<int>(riga.tipoRiga)},
-                                  {"CodIva", riga.codIva},
-                                  {"Imponibile", riga.imponibile},
-                                  {"Iva", riga.iva},
-                                  {"IvaInd", riga.ivaInd},
-                                  {"Categoria", riga.categoria},
-                                  {"Commessa", riga.commessa}});
-}
-
-RigaIva LeggiRigaIva(const Rs& letta) {
-  RigaIva riga;
-  riga.anno = static_cast<int>(letta.Fields("Anno").Intero());
-  riga.numDoc = letta.Fields("NumDoc").Intero();
-  riga.posi = letta.Fields("Posi").Intero();
-  riga.causale = letta.Fields("Causale").Testo();
-  riga.descrizione = letta.Fields("Descrizione").Testo();
-  riga.cfp = letta.Fields("CFP").Testo();
-  riga.conto = letta.Fields("Conto").Testo();
-  riga.impoDare = letta.Fields("ImpoDare").Importo();
-  riga.impoAvere = letta.Fields("ImpoAvere").Importo();
-  riga.cfpControp = letta.Fields("CFPControp").Testo();
-  riga.contoControp = letta.Fields("ContoControp").Testo();
-  riga.diversiControp = letta.Fields("DiversiControp").Booleano();
-  riga.tipoRiga = static_cast<TipoRigaIva>(letta.Fields("TIPORIGA").Intero());
-  riga.codIva = letta.Fields("CodIva").Testo();
-  riga.imponibile = letta.Fields("Imponibile").Importo();
-  riga.iva = letta.Fields("Iva").Importo();
-  riga.ivaInd = letta.Fields("IvaInd").Importo();
-  riga.categoria = letta.Fields("Categoria").Testo();
-  riga.commessa = letta.Fields("Commessa").Testo();
-  return riga;
+  tessarc.Inserisci("Movimenti", records::Valori<RigaIva>(riga, kColonne));
 }
 
 std::vector<RigaIva> LeggiRigheIva(Archivio& tessarc, int anno, std::int64_t numDoc) {
@@ -73,7 +58,7 @@ std::vector<RigaIva> LeggiRigheIva(Archivio& tessarc, int anno, std::int64_t num
                                    sql::Criterio("anno", "=", anno) + " and " +
                                    sql::Criterio("numdoc", "=", numDoc) + " order by posi, num");
        !riga.Eof(); riga.MoveNext()) {
-    righe.push_back(LeggiRigaIva(riga));
+    righe.push_back(records::LeggiRiga<RigaIva>(riga, kColonne));
   }
   return righe;
 }

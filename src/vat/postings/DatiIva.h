@@ -15,8 +15,6 @@ namespace fenalto::vat {
 DocumentoIva DocumentoDiRegistro(Ambiente& ambiente, const std::string& riva);
 
 void ScriviRigaIva(Archivio& tessarc, const RigaIva& riga);
-/// A row of `select * from movimenti`.
-RigaIva LeggiRigaIva(const Rs& riga);
 /// All rows of a registration, in order of `Posi`.
 std::vector<RigaIva> LeggiRigheIva(Archivio& tessarc, int anno, std::int64_t numDoc);
 

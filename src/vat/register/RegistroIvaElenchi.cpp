@@ -1,6 +1,7 @@
 // The lists beside the register: stored settlements, deferred invoices.
 #include "core/reports/Rapporto.h"
 #include "core/sql/Criterio.h"
+#include "ledger/accounts/ContiClientiFornitori.h"
 #include "vat/register/RegistroIvaInterno.h"
 
 namespace fenalto::vat {
@@ -64,9 +65,7 @@ void StampaSospese(Ambiente& ambiente, reports::Rapporto& rapporto, const std::s
       corrente.nFat = rs.Fields(3).Testo();
       corrente.dt = rs.Fields(4).Data();
       corrente.dtIncasso = rs.Fields(5).Data();
-      corrente.parte =
-          NzStr(ambiente.Cerca("tessarc", "ContiClientiFornitori",
-                               {{"CFP", rs.Fields(6)}, {"Cod", rs.Fields(7)}}, "Descrizione"));
+      corrente.parte = ledger::NomeConto(ambiente, rs.Fields(6).Testo(), rs.Fields(7).Testo());
     }
     corrente.imponibile += rs.Fields(8).Importo();
     corrente.iva += rs.Fields(9).Importo() + rs.Fields(10).Importo();

@@ -9,6 +9,7 @@
 #include "core/sql/Criterio.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
+#include "ledger/accounts/ContiClientiFornitori.h"
 #include "vat/codes/TipiRegistro.h"
 #include "vat/register/RegistroIvaInterno.h"
 #include "vat/settlement/TotaliInterno.h"
@@ -339,8 +340,7 @@ class TabulatoRegistroIva {
     if (nota != parti_.end()) return nota->second;
     if (parti_.size() >= kMassimoParti) parti_.clear();
     Parte parte;
-    parte.nome = NzStr(ambiente_.Cerca("tessarc", "ContiClientiFornitori",
-                                       {{"Cod", conto}, {"CFP", cfp}}, "Descrizione"));
+    parte.nome = ledger::NomeConto(ambiente_, cfp, conto);
     if (opzioni_.stIndirizzo) parte.indirizzo = IndirizzoDi(cfp, conto);
     return parti_.emplace(std::move(chiave), std::move(parte)).first->second;
   }

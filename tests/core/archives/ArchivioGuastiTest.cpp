@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "core/archives/DittaArchivi.h"
+#include "ledger/GuastiDiProva.h"
 
 namespace fenalto::prova {
 
@@ -28,27 +29,19 @@ class ArchivioGuastiTest : public DittaArchivi, public ::testing::WithParamInter
     return ambiente.ArchivioDi("scadenzario").Singolo("select count(*) from Banche").Intero();
   }
   int ProvaTutti(archives::ArchivioCodici& archivio, const std::function<bool()>& azione) {
-    const auto righe = Righe();
-    const std::int64_t banche = Banche();
-    const std::string titolo = archivio.Titolo();
-    const std::string descrizione = archivio.Record().Testo("Descrizione");
-    for (int n = 1; n < 60; ++n) {
-      SCOPED_TRACE(n);
-      ambiente.Basi().ImpostaGuasto(n, GetParam());
-      const bool riuscita = azione();
-      ambiente.Basi().ImpostaGuasto(0, Guasto::Nessuno);
-      EXPECT_FALSE(ambiente.Basi().InTransazione());
-      if (riuscita) return n - 1;
+    const auto fotografia = [&] {
+      std::string testo = archivio.Titolo() + "|" + archivio.Record().Testo("Descrizione") + "|" +
+                          std::to_string(Banche());
+      for (const std::string& riga : Righe()) testo += "\n" + riga;
+      return testo;
+    };
+    return FallisceOgniIstruzione(ambiente.Basi(), GetParam(), fotografia, [&] {
+      if (azione()) return true;
       EXPECT_THAT(Messaggi(), ElementsAre(HasSubstr("niente è stato scritto")));
-      EXPECT_EQ(Righe(), righe);
-      EXPECT_EQ(Banche(), banche);
-      EXPECT_EQ(archivio.Titolo(), titolo);
-      EXPECT_EQ(archivio.Record().Testo("Descrizione"), descrizione);
       EXPECT_EQ(ambiente.Basi().Blocchi().ChiTiene("Categorie", "A").has_value(),
                 !archivio.Nuovo());
-    }
-    ADD_FAILURE() << "non riesce mai";
-    return 0;
+      return false;
+    });
   }
 };
 

@@ -9,22 +9,7 @@ namespace {
 using Causa = ErroreArchivio::Causa;
 using prova::CausaDi;
 
-class ArchivioTest : public prova::BasiDiProva {
- protected:
-  void SetUp() override {
-    BasiDiProva::SetUp();
-    Crea();
-    basi = Apri();
-    ASSERT_NE(basi, nullptr);
-  }
-  void TearDown() override {
-    basi.reset();
-    BasiDiProva::TearDown();
-  }
-  Archivio& A() { return basi->Tessarc(); }
-
-  std::unique_ptr<BasiDati> basi;
-};
+using ArchivioTest = prova::BasiAperte;
 
 TEST_F(ArchivioTest, OneShapeServesManyValuesAndManyShapesAreForgotten) {
   Causali(*basi, 700);

@@ -34,6 +34,24 @@ class BasiDiProva : public ::testing::Test {
   OpzioniApertura opzioni;
 };
 
+/// The same with both databases made and open.
+class BasiAperte : public BasiDiProva {
+ protected:
+  void SetUp() override {
+    BasiDiProva::SetUp();
+    Crea();
+    basi = Apri();
+    ASSERT_NE(basi, nullptr);
+  }
+  void TearDown() override {
+    basi.reset();
+    BasiDiProva::TearDown();
+  }
+  Archivio& A() { return basi->Tessarc(); }
+
+  std::unique_ptr<BasiDati> basi;
+};
+
 /// Cause of the error that `azione` throws; fails the test when it throws none.
 template <typename Azione>
 ErroreArchivio::Causa CausaDi(const Azione& azione, std::string* messaggio = nullptr) {

@@ -9,19 +9,8 @@ namespace {
 using Causa = ErroreArchivio::Causa;
 using prova::CausaDi;
 
-class RsTest : public prova::BasiDiProva {
+class RsTest : public prova::BasiAperte {
  protected:
-  void SetUp() override {
-    BasiDiProva::SetUp();
-    Crea();
-    basi = Apri();
-    ASSERT_NE(basi, nullptr);
-  }
-  void TearDown() override {
-    basi.reset();
-    BasiDiProva::TearDown();
-  }
-  Archivio& A() { return basi->Tessarc(); }
   void Movimenti(int quanti) {
     Transazione transazione(*basi);
     for (int i = 1; i <= quanti; ++i) {
@@ -32,8 +21,6 @@ class RsTest : public prova::BasiDiProva {
     }
     transazione.Conferma();
   }
-
-  std::unique_ptr<BasiDati> basi;
 };
 
 TEST_F(RsTest, ReadsEveryTypeBackAsWritten) {

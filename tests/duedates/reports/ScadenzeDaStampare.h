@@ -22,7 +22,7 @@ struct DaScrivere {
   std::vector<Coppia> altri = {};
 };
 
-class ScadenzeDaStampare : public DittaDiProva {
+class ScadenzeDaStampare : public DittaDaStampare {
  protected:
   void Scrivi(const DaScrivere& d) {
     std::vector<Coppia> campi = {{"Numero", duedates::ProssimoNumeroScadenza(ambiente)},
@@ -58,14 +58,6 @@ class ScadenzeDaStampare : public DittaDiProva {
     for (int i = 0; i < quante; ++i) Scrivi({"C", conto, G(1, 1, 2024).PiuGiorni(i), importo});
     transazione.Conferma();
   }
-
-  void Verso(Destinazione destinazione) {
-    SceltaUscita scelta;
-    scelta.destinazione = destinazione;
-    dialoghi.ScegliaUscita(scelta);
-  }
-
-  FabbricaDiProva uscite;
 };
 
 }  // namespace fenalto::prova

@@ -101,8 +101,7 @@ void PaginaSceltaArchivio::CreaElenco(const archives::DescrizioneArchivio& descr
 
 void PaginaSceltaArchivio::Disponi() {
   auto* scelta = new QHBoxLayout;
-  scelta->addWidget(Didascalia(tr("Codice"), selettore_));
-  scelta->addWidget(selettore_);
+  Affianca(*scelta, tr("Codice"), selettore_);
   scelta->addWidget(apri_);
   scelta->addWidget(nuovo_);
   scelta->addStretch(1);

@@ -29,9 +29,7 @@ QLabel* CreaEtichetta(GenereCampo genere) {
   auto* etichetta = new QLabel;
   etichetta->setTextFormat(Qt::PlainText);
   if (genere == GenereCampo::Titolo) {
-    QFont grassetto = etichetta->font();
-    grassetto.setBold(true);
-    etichetta->setFont(grassetto);
+    InGrassetto(etichetta);
   }
   if (genere == GenereCampo::Sommessa) {
     etichetta->setForegroundRole(QPalette::PlaceholderText);
@@ -72,7 +70,9 @@ QWidget* CreaOpzioni(const records::CampoForma& campo) {
 }
 
 QWidget* CreaCodice(Ambiente& ambiente, const records::CampoForma& campo) {
-  auto* codice = new CampoCodice(Qs(campo.nome), archives::Fonte(ambiente, campo.fonte));
+  auto* codice =
+      new CampoCodice(Qs(campo.nome), campo.fonte.empty() ? archives::FonteInMemoria({})
+                                                          : archives::Fonte(ambiente, campo.fonte));
   LargoCaratteri(codice, std::min(campo.caratteri > 0 ? campo.caratteri + 1 : kCaratteriCodice,
                                   kCaratteriMostrati));
   return codice;
@@ -105,7 +105,6 @@ QWidget* CreaTipizzato(Ambiente& ambiente, const records::CampoForma& campo, Tip
       auto* testo =
           new CampoTesto(nome, nullptr, campo.caratteri > 0 ? campo.caratteri : kLunghezzaTesto);
       testo->Maiuscole(campo.maiuscole);
-      testo->setPlaceholderText(Qs(campo.segnaposto));
       return campo.peso > 0 ? testo : largo(testo, kCaratteriTesto);
     }
   }
@@ -139,8 +138,9 @@ QWidget* Crea(Ambiente& ambiente, const records::CampoForma& campo, Tipo tipo) {
 QWidget* CreaControllo(Ambiente& ambiente, const records::CampoForma& campo, Tipo tipo) {
   auto* controllo = Crea(ambiente, campo, tipo);
   controllo->setObjectName(Qs(campo.nome));
-  if (auto* riga = qobject_cast<QLineEdit*>(controllo); riga != nullptr && campo.fermo) {
-    riga->setReadOnly(true);
+  if (auto* riga = qobject_cast<QLineEdit*>(controllo); riga != nullptr) {
+    riga->setReadOnly(campo.fermo);
+    riga->setPlaceholderText(Qs(campo.segnaposto));
   }
   if (!campo.suggerimento.empty()) controllo->setToolTip(Qs(campo.suggerimento));
   return controllo;

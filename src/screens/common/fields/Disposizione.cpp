@@ -1,5 +1,6 @@
 #include "screens/common/fields/Disposizione.h"
 
+#include <QBoxLayout>
 #include <QCheckBox>
 #include <QHash>
 #include <QPalette>
@@ -83,6 +84,17 @@ QLabel* Didascalia(const QString& testo, QWidget* controllo) {
   etichetta->setBuddy(controllo);
   controllo->setAccessibleName(testo);
   return etichetta;
+}
+
+void Affianca(QBoxLayout& riga, const QString& didascalia, QWidget* campo, int peso) {
+  riga.addWidget(Didascalia(didascalia, campo));
+  riga.addWidget(campo, peso);
+}
+
+void InGrassetto(QWidget* etichetta) {
+  QFont grassetto = etichetta->font();
+  grassetto.setBold(true);
+  etichetta->setFont(grassetto);
 }
 
 void LargoCaratteri(QWidget* campo, int caratteri) {

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QList>
 
+class QBoxLayout;
 class QCheckBox;
 class QPushButton;
 
@@ -12,6 +13,11 @@ namespace fenalto::screens {
 
 /// A caption of `controllo`, which screen readers take as its name.
 QLabel* Didascalia(const QString& testo, QWidget* controllo);
+
+/// Adds a field to a line, after its caption; the field takes the room that `peso` gives it.
+void Affianca(QBoxLayout& riga, const QString& didascalia, QWidget* campo, int peso = 0);
+
+void InGrassetto(QWidget* etichetta);
 
 /// Makes a field as wide as that many characters of its own typeface.
 void LargoCaratteri(QWidget* campo, int caratteri);

@@ -55,8 +55,7 @@ QHBoxLayout* OpzioniGrafiche::Riga() {
     riga->addWidget(grafico_);
     riga->addSpacing(16);
   }
-  riga->addWidget(Didascalia(tr("allineamento mm"), allineamento_));
-  riga->addWidget(allineamento_);
+  Affianca(*riga, tr("allineamento mm"), allineamento_);
   riga->addStretch(1);
   return riga;
 }

@@ -29,6 +29,12 @@ class OpzioniGrafiche : public QObject {
   [[nodiscard]] bool StGrafico() const { return scheda_.Leggi("StGrafico").Booleano(); }
   /// Millimetres, to the right when positive.
   [[nodiscard]] double XTar() const;
+  /// Writes both into the choice of a report.
+  template <class Scelta>
+  void Prendi(Scelta& scelta) const {
+    scelta.stGrafico = StGrafico();
+    scelta.xTar = XTar();
+  }
 
  private:
   void Lasciato(const QString& campo, bool cambiato);

@@ -51,8 +51,7 @@ ElencoCercato::ElencoCercato(FormaElenco forma, archives::FonteElenco& fonte, QW
 }
 
 void ElencoCercato::Disponi() {
-  sopra_->addWidget(Didascalia(tr("Cerca"), cerca_));
-  sopra_->addWidget(cerca_, 1);
+  Affianca(*sopra_, tr("Cerca"), cerca_, 1);
   if (!forma_.statoSotto) sopra_->addWidget(stato_);
   auto* righe = new QVBoxLayout;
   righe->setSpacing(2);

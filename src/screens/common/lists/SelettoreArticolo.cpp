@@ -5,6 +5,7 @@
 
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/lists/ElencoCercato.h"
 
 namespace fenalto::screens {
 
@@ -28,6 +29,15 @@ void SelettoreArticolo::Disponi(QHBoxLayout& riga, int peso) {
   riga.addWidget(numero_);
   riga.addWidget(apri_);
   riga.addWidget(descritto_, peso);
+}
+
+void SelettoreArticolo::Segui(const ElencoCercato& elenco) {
+  connect(&elenco, &ElencoCercato::Indicato, this,
+          [this](const QString& numero) { Seleziona(numero.toLongLong()); });
+  connect(&elenco, &ElencoCercato::Scelto, this, [this](const QString& numero) {
+    Seleziona(numero.toLongLong());
+    Apri();
+  });
 }
 
 void SelettoreArticolo::Seleziona(std::int64_t numero) {

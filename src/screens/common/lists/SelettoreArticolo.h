@@ -13,6 +13,7 @@ class QPushButton;
 namespace fenalto::screens {
 
 class CampoNumero;
+class ElencoCercato;
 
 class SelettoreArticolo : public QObject {
   Q_OBJECT
@@ -23,6 +24,8 @@ class SelettoreArticolo : public QObject {
 
   /// Adds the controls to a row; the description takes the room that `peso` gives it.
   void Disponi(QHBoxLayout& riga, int peso);
+  /// Takes the number that is pointed at in a list; one chosen there is opened.
+  void Segui(const ElencoCercato& elenco);
   /// Puts a number into the selector; 0 empties it.
   void Seleziona(std::int64_t numero);
   void Foco();

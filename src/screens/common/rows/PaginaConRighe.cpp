@@ -18,9 +18,7 @@ PaginaConRighe::PaginaConRighe(Finestre& finestre, QWidget* genitore)
       new Legatura([this]() -> Scheda& { return Testa(); }, finestre_.Sessione().Dialogo(), this);
   solaLettura_->setObjectName(QStringLiteral("AvvisoSolaLettura"));
   solaLettura_->setTextFormat(Qt::PlainText);
-  QFont grassetto = solaLettura_->font();
-  grassetto.setBold(true);
-  solaLettura_->setFont(grassetto);
+  InGrassetto(solaLettura_);
   nuovaRiga_ = Pulsante(QStringLiteral("PNuovaRiga"), tr("Nuova riga"), tr("Ins"));
   conferma_ = Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"));
   elimina_ = Pulsante(QStringLiteral("Elimina"), tr("Elimina"), tr("Ctrl+Canc"));

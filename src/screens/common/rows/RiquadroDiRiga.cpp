@@ -16,9 +16,7 @@ RiquadroDiRiga::RiquadroDiRiga(Finestre& finestre, QWidget* genitore)
   legatura_ =
       new Legatura([this]() -> Scheda& { return Riga(); }, finestre_.Sessione().Dialogo(), this);
   quale_->setObjectName(QStringLiteral("L_nuova_vecchiariga"));
-  QFont grassetto = quale_->font();
-  grassetto.setBold(true);
-  quale_->setFont(grassetto);
+  InGrassetto(quale_);
   conferma_ = Pulsante(QStringLiteral("ConfermaRiga"), tr("Conferma riga"), tr("Ctrl+Invio"));
   elimina_ = Pulsante(QStringLiteral("EliminaRiga"), tr("Elimina riga"), tr("Ctrl+Canc"));
   annulla_ = Pulsante(QStringLiteral("AnnullaRiga"), tr("Abbandona riga"), tr("Esc"));

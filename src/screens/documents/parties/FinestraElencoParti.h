@@ -1,24 +1,30 @@
 // The windows "Stampa anagrafica e contabile" of customers and of suppliers: thin over ElencoParti.
 #pragma once
 
-#include <memory>
 #include <string>
 
-#include "screens/common/windows/FinestraFunzione.h"
+#include "documents/parties/ElencoParti.h"
+#include "screens/common/reports/FinestraRapporto.h"
 
 namespace fenalto::screens {
 
-class FinestraElencoParti : public FinestraFunzione {
+class FinestraElencoParti : public FinestraRapporto {
   Q_OBJECT
 
  public:
   /// `cfp` is "C" or "F".
   FinestraElencoParti(const std::string& cfp, Finestre& finestre);
-  ~FinestraElencoParti() override;
+
+ protected:
+  void Stampa() override;
+  reports::Foglio Foglio() override;
+  [[nodiscard]] std::string NomeFoglio() const override;
 
  private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  [[nodiscard]] documents::SceltaElencoParti Digitata() const;
+
+  std::string cfp_;
+  documents::ElencoParti elenco_;
 };
 
 }  // namespace fenalto::screens

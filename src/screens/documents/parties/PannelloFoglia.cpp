@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 
@@ -43,9 +44,7 @@ PannelloFoglia::PannelloFoglia(const QString& finestra, QWidget* genitore)
                               {tr("dare"), Tipo::Importo, 90},
                               {tr("avere"), Tipo::Importo, 90}})),
       scritte_(Scritta("Scritte")) {
-  auto carattere = titolo_->font();
-  carattere.setBold(true);
-  titolo_->setFont(carattere);
+  InGrassetto(titolo_);
   invito_->setAlignment(Qt::AlignCenter);
   for (Griglia* griglia : {scadenza_, movimenti_}) griglia->setSortingEnabled(false);
   pagine_->addWidget(invito_);

@@ -121,8 +121,7 @@ FinestraEstrattoBanca::Interno::Interno(FinestraEstrattoBanca& finestraUsata,
 QLayout* FinestraEstrattoBanca::Interno::CreaFile() {
   file->setPlaceholderText(tr("estratto conto in formato .csv, come lo dà la banca"));
   auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("File"), file));
-  riga->addWidget(file, 1);
+  Affianca(*riga, tr("File"), file, 1);
   riga->addWidget(sfoglia);
   return riga;
 }
@@ -135,8 +134,7 @@ QLayout* FinestraEstrattoBanca::Interno::CreaColonne() {
     scelta->setObjectName(QStringLiteral("Colonna") + Qs(campo.nome));
     scelta->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     scelta->setMinimumContentsLength(kCaratteri);
-    riga->addWidget(Didascalia(Qs(campo.didascalia), scelta));
-    riga->addWidget(scelta, 1);
+    Affianca(*riga, Qs(campo.didascalia), scelta, 1);
     colonne.push_back(scelta);
   }
   return riga;
@@ -182,8 +180,7 @@ QWidget* FinestraEstrattoBanca::Interno::CreaGriglie() {
   auto* sotto = new QWidget;
   auto* colonna = new QVBoxLayout(sotto);
   colonna->setContentsMargins(0, 0, 0, 0);
-  colonna->addWidget(Didascalia(tr("Che cosa può saldare il movimento scelto"), possibili));
-  colonna->addWidget(possibili, 1);
+  Affianca(*colonna, tr("Che cosa può saldare il movimento scelto"), possibili, 1);
   auto* tutto = new QSplitter(Qt::Vertical);
   tutto->setChildrenCollapsible(false);
   tutto->addWidget(linee);

@@ -30,9 +30,7 @@ QLabel* Totale(const char* nome) {
   auto* etichetta = new QLabel;
   etichetta->setObjectName(QString::fromLatin1(nome));
   etichetta->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  QFont grassetto = etichetta->font();
-  grassetto.setBold(true);
-  etichetta->setFont(grassetto);
+  InGrassetto(etichetta);
   LargoCaratteri(etichetta, kCifreImporto);
   return etichetta;
 }
@@ -243,10 +241,8 @@ QLayout* FinestraPagamenti::Interno::CreaRicerca() {
   auto* dtFat = CampoGiorno("dtfat", gestore.Sessione());
   filtri->Lega(nFat);
   filtri->Lega(dtFat);
-  fila->addWidget(Didascalia(tr("Fattura n."), nFat));
-  fila->addWidget(nFat);
-  fila->addWidget(Didascalia(tr("del"), dtFat));
-  fila->addWidget(dtFat);
+  Affianca(*fila, tr("Fattura n."), nFat);
+  Affianca(*fila, tr("del"), dtFat);
   fila->addWidget(cerca);
   fila->addWidget(veloce);
   fila->addWidget(tutte);

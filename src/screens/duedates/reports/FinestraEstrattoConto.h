@@ -1,22 +1,23 @@
 // The window "Stampa Estratto Conto": thin over EstrattoConto.
 #pragma once
 
-#include <memory>
-
-#include "screens/common/windows/FinestraFunzione.h"
+#include "duedates/reports/EstrattoConto.h"
+#include "screens/duedates/reports/FinestraRapportoScadenze.h"
 
 namespace fenalto::screens {
 
-class FinestraEstrattoConto : public FinestraFunzione {
+class FinestraEstrattoConto : public FinestraRapportoScadenze {
   Q_OBJECT
 
  public:
   explicit FinestraEstrattoConto(Finestre& finestre);
-  ~FinestraEstrattoConto() override;
+
+ protected:
+  records::StatoCampo Stato(const std::string& campo) override;
+  void Stampa() override;
 
  private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  duedates::EstrattoConto estratto_;
 };
 
 }  // namespace fenalto::screens

@@ -173,10 +173,8 @@ QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaScelta() {
   alla->Mostra(proposta.alla);
   alla->setToolTip(tr("le scadenze anteriori a questa data sono date per scadute"));
   auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("Scadenze aperte di"), classe));
-  riga->addWidget(classe);
-  riga->addWidget(Didascalia(tr("alla data del"), alla));
-  riga->addWidget(alla);
+  Affianca(*riga, tr("Scadenze aperte di"), classe);
+  Affianca(*riga, tr("alla data del"), alla);
   riga->addWidget(aggiorna);
   riga->addStretch(1);
   riga->addWidget(tutte);
@@ -193,9 +191,7 @@ QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaTotali() {
     auto* importo = totali.at(i) = new QLabel;
     importo->setObjectName(QString::fromLatin1(kNomiTotali.at(i)));
     importo->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto carattere = importo->font();
-    carattere.setBold(true);
-    importo->setFont(carattere);
+    InGrassetto(importo);
     auto* sotto = new QVBoxLayout;
     sotto->setSpacing(0);
     sotto->addWidget(Didascalia(nomi.at(i), importo), 0, Qt::AlignRight);

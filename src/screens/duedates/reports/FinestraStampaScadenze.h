@@ -2,23 +2,27 @@
 // StampaScadenze.
 #pragma once
 
-#include <memory>
-
-#include "duedates/reports/LetturaScadenze.h"
-#include "screens/common/windows/FinestraFunzione.h"
+#include "duedates/reports/StampaScadenze.h"
+#include "screens/duedates/reports/FinestraRapportoScadenze.h"
 
 namespace fenalto::screens {
 
-class FinestraStampaScadenze : public FinestraFunzione {
+class FinestraStampaScadenze : public FinestraRapportoScadenze {
   Q_OBJECT
 
  public:
   FinestraStampaScadenze(duedates::OrdineScadenze ordine, Finestre& finestre);
-  ~FinestraStampaScadenze() override;
+
+ protected:
+  void Stampa() override;
+  reports::Foglio Foglio() override;
+  [[nodiscard]] std::string NomeFoglio() const override;
 
  private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  [[nodiscard]] duedates::SceltaStampaScadenze Digitata() const;
+
+  duedates::OrdineScadenze ordine_;
+  duedates::StampaScadenze stampa_;
 };
 
 }  // namespace fenalto::screens

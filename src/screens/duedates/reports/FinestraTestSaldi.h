@@ -1,22 +1,22 @@
 // The window "Controllo saldi contabili con scadenze in vita": thin over TestSaldi.
 #pragma once
 
-#include <memory>
-
-#include "screens/common/windows/FinestraFunzione.h"
+#include "duedates/reports/TestSaldi.h"
+#include "screens/duedates/reports/FinestraRapportoScadenze.h"
 
 namespace fenalto::screens {
 
-class FinestraTestSaldi : public FinestraFunzione {
+class FinestraTestSaldi : public FinestraRapportoScadenze {
   Q_OBJECT
 
  public:
   explicit FinestraTestSaldi(Finestre& finestre);
-  ~FinestraTestSaldi() override;
+
+ protected:
+  void Stampa() override;
 
  private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  duedates::TestSaldi test_;
 };
 
 }  // namespace fenalto::screens

@@ -97,10 +97,8 @@ void FinestraRaggruppamento::Interno::CreaGriglia() {
 
 QHBoxLayout* FinestraRaggruppamento::Interno::CreaScelta() {
   auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("Scadenze dal"), da));
-  riga->addWidget(da);
-  riga->addWidget(Didascalia(tr("al"), a));
-  riga->addWidget(a);
+  Affianca(*riga, tr("Scadenze dal"), da);
+  Affianca(*riga, tr("al"), a);
   riga->addSpacing(16);
   riga->addWidget(Didascalia(tr("Cliente"), cliente));
   riga->addWidget(ConDescrizione(cliente, kCifreCodice), 1);

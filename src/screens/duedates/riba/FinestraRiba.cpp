@@ -76,9 +76,7 @@ QLabel* Mostrato(const char* nome) {
 }
 
 QLabel* InEvidenza(QLabel* etichetta) {
-  QFont grassetto = etichetta->font();
-  grassetto.setBold(true);
-  etichetta->setFont(grassetto);
+  InGrassetto(etichetta);
   return etichetta;
 }
 
@@ -166,8 +164,7 @@ QLayout* FinestraRiba::Interno::CreaDistinta() {
   }
   auto* prima = new QHBoxLayout;
   prima->addWidget(ConDescrizione(banca, kCifreBanca), 1);
-  prima->addWidget(Didascalia(tr("Data distinta"), data));
-  prima->addWidget(data);
+  Affianca(*prima, tr("Data distinta"), data);
   prima->addWidget(new QLabel(tr("Distinta n.")));
   prima->addWidget(numero);
   prima->addSpacing(16);
@@ -175,8 +172,7 @@ QLayout* FinestraRiba::Interno::CreaDistinta() {
   auto* seconda = new QHBoxLayout;
   seconda->addWidget(cartella, 1);
   seconda->addWidget(sfoglia);
-  seconda->addWidget(Didascalia(tr("File"), file));
-  seconda->addWidget(file, 1);
+  Affianca(*seconda, tr("File"), file, 1);
   avvisoFile->setWordWrap(true);
   insieme->addWidget(Didascalia(tr("Banca"), banca), 0, 0);
   insieme->addLayout(prima, 0, 1);

@@ -108,23 +108,17 @@ QHBoxLayout* FinestraFattureSospIva::Interno::CreaFiltri() {
   stato->setCurrentIndex(static_cast<int>(vat::StatoSospese::Aperte));
   parte->setPlaceholderText(tr("codice o parte del nome"));
   auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("Registro"), riva));
-  riga->addWidget(riva);
-  riga->addWidget(Didascalia(tr("Fatture"), stato));
-  riga->addWidget(stato);
-  riga->addWidget(Didascalia(tr("Cliente/fornitore"), parte));
-  riga->addWidget(parte, 1);
-  riga->addWidget(Didascalia(tr("dal"), da));
-  riga->addWidget(da);
-  riga->addWidget(Didascalia(tr("al"), a));
-  riga->addWidget(a);
+  Affianca(*riga, tr("Registro"), riva);
+  Affianca(*riga, tr("Fatture"), stato);
+  Affianca(*riga, tr("Cliente/fornitore"), parte, 1);
+  Affianca(*riga, tr("dal"), da);
+  Affianca(*riga, tr("al"), a);
   return riga;
 }
 
 QHBoxLayout* FinestraFattureSospIva::Interno::CreaPulsanti() {
   auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("Data incasso/pagamento"), incasso));
-  riga->addWidget(incasso);
+  Affianca(*riga, tr("Data incasso/pagamento"), incasso);
   riga->addWidget(imposta);
   riga->addWidget(annulla);
   riga->addStretch(1);

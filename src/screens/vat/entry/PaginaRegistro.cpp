@@ -121,12 +121,7 @@ QGroupBox* PaginaRegistro::CreaElenco() {
   connect(esporta_, &QPushButton::clicked, this, &PaginaRegistro::Esporta);
   connect(elenco_, &ElencoCercato::Letto, esporta_,
           [this](int righe) { esporta_->setEnabled(righe > 0); });
-  connect(elenco_, &ElencoCercato::Indicato, this,
-          [this](const QString& numero) { Seleziona(numero.toLongLong()); });
-  connect(elenco_, &ElencoCercato::Scelto, this, [this](const QString& numero) {
-    Seleziona(numero.toLongLong());
-    selettore_->Apri();
-  });
+  selettore_->Segui(*elenco_);
   return riquadro;
 }
 
@@ -171,8 +166,7 @@ QGroupBox* PaginaRegistro::CreaRiprotocollo() {
   auto* riga = new QHBoxLayout;
   for (auto* campo : {daNProt_, aNProt_}) {
     LargoCaratteri(campo, kCifre);
-    riga->addWidget(Didascalia(campo == daNProt_ ? tr("Da n. protocollo") : tr("a"), campo));
-    riga->addWidget(campo);
+    Affianca(*riga, campo == daNProt_ ? tr("Da n. protocollo") : tr("a"), campo);
   }
   riga->addStretch(1);
   auto* colonna = new QVBoxLayout(riquadro);

@@ -37,14 +37,14 @@ PannelloContabile::PannelloContabile(vat::RegistrazioneIva& fatture, Finestre& f
                                      Legatura& legatura, QWidget* genitore)
     : QWidget(genitore),
       fatture_(fatture),
-      finestre_(finestre),
       decimali_(finestre.Sessione().Euro() ? 2 : 0),
       totImponibile_(Cifra("TotImponibile")),
       totIva_(Cifra("TotIva")),
       totIvaInd_(Cifra("TotIvaInd")),
       totFat_(Cifra("TotFat")),
       digitato_(new CampoImporto(QStringLiteral("TotaleXVerifica"), nullptr, decimali_)),
-      differenza_(Cifra("DifferenzaVerifica")) {
+      differenza_(Cifra("DifferenzaVerifica")),
+      descrizioni_(finestre.Sessione()) {
   legatura.Lega(digitato_);
   auto* colonna = new QVBoxLayout(this);
   colonna->setContentsMargins(0, 0, 0, 0);
@@ -72,9 +72,7 @@ QGroupBox* PannelloContabile::CreaTotali() {
     griglia->setColumnStretch(colonna, 1);
     ++colonna;
   }
-  QFont grande = totFat_->font();
-  grande.setBold(true);
-  totFat_->setFont(grande);
+  InGrassetto(totFat_);
   constexpr int kCifre = 14;
   LargoCaratteri(digitato_, kCifre);
   digitato_->setToolTip(tr("il totale scritto sul documento: si confronta con le righe"));
@@ -123,22 +121,13 @@ void PannelloContabile::MostraTotali() {
   Rosso(differenza_, diverso);
 }
 
-std::string PannelloContabile::Descritto(const vat::RigaIva& riga) {
-  auto [voce, nuova] = descrizioni_.try_emplace(riga.cfp + "|" + riga.conto);
-  if (nuova) {
-    voce->second =
-        NzStr(finestre_.Sessione().Cerca("tessarc", "ContiClientiFornitori",
-                                         {{"Cod", riga.conto}, {"CFP", riga.cfp}}, "Descrizione"));
-  }
-  return voce->second;
-}
-
 void PannelloContabile::MostraScrittura() {
   std::vector<std::vector<Valore>> righe;
   Importo dare;
   Importo avere;
   for (const auto& riga : fatture_.RigheContabili()) {
-    righe.push_back({riga.conto, Descritto(riga), riga.impoDare, riga.impoAvere});
+    righe.push_back(
+        {riga.conto, descrizioni_.Di(riga.cfp, riga.conto), riga.impoDare, riga.impoAvere});
     dare += riga.impoDare;
     avere += riga.impoAvere;
   }

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <QWidget>
-#include <map>
 
+#include "ledger/accounts/RicercaRegistrazioni.h"
 #include "screens/common/windows/Finestre.h"
 #include "vat/entry/RegistrazioneIva.h"
 
@@ -27,7 +27,7 @@ class PannelloContabile : public QWidget {
   void Mostra();
   [[nodiscard]] CampoImporto* TotaleDigitato() const { return digitato_; }
   /// Forgets the descriptions of accounts read so far.
-  void Dimentica() { descrizioni_.clear(); }
+  void Dimentica() { descrizioni_.Dimentica(); }
 
  private:
   QGroupBox* CreaTotali();
@@ -36,10 +36,8 @@ class PannelloContabile : public QWidget {
   void MostraScrittura();
   /// The difference follows what is typed, key by key.
   void Digitato();
-  std::string Descritto(const vat::RigaIva& riga);
 
   vat::RegistrazioneIva& fatture_;
-  Finestre& finestre_;
   int decimali_;
   QLabel* totImponibile_;
   QLabel* totIva_;
@@ -49,7 +47,7 @@ class PannelloContabile : public QWidget {
   QLabel* differenza_;
   Griglia* scrittura_;
   QLabel* quadratura_;
-  std::map<std::string, std::string> descrizioni_;  ///< by class and code
+  ledger::DescrizioniConti descrizioni_;
 };
 
 }  // namespace fenalto::screens

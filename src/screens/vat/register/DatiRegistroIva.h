@@ -2,13 +2,11 @@
 // controls.
 #pragma once
 
-#include <QCheckBox>
 #include <QString>
-#include <memory>
-#include <utility>
 
 #include "core/session/Scheda.h"
 #include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/windows/Finestre.h"
@@ -16,11 +14,8 @@
 
 namespace fenalto::screens {
 
-/// Codes and texts of the periods that the year offers.
-std::shared_ptr<archives::FonteCodici> FontePeriodi(std::vector<vat::PeriodoIva> periodi);
-
-/// Width of a code field of these windows.
-inline constexpr int kCaratteriCodice = 9;
+/// Characters of a code in these windows.
+inline constexpr int kCifreCodiceIva = 8;
 
 /// The choices of a run as a record of fields, and their controls. Fields that are settings of the
 /// company are written as soon as they are left.
@@ -40,13 +35,10 @@ class DatiRegistroIva : public QObject {
   /// Whether the period shown is the one that the run is on.
   bool confermato = false;
 
-  QCheckBox* Casella(const char* nome, const QString& testo);
-  CampoNumero* Numero(const char* nome);
   CampoImporto* ImportoDi(const char* nome, int decimali);
   CampoTesto* Testo(const char* nome, int lunghezza);
-  CampoData* DataDi(const char* nome);
-  /// A code with its jump to the archive `tabella`.
-  CampoCodice* Codice(const char* nome, std::shared_ptr<archives::FonteCodici> fonte);
+  /// The period's field of a form, which then knows the periods that the year offers.
+  CampoCodice& DaiPeriodi(const CampiForma& forma);
 
   /// Shows what the run proposes.
   void MostraOpzioni();

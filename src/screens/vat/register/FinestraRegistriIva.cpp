@@ -1,7 +1,7 @@
 #include "screens/vat/register/FinestraRegistriIva.h"
 
-#include <QGridLayout>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "core/values/Testo.h"
@@ -10,11 +10,22 @@
 #include "screens/vat/register/DatiRegistroIva.h"
 
 namespace fenalto::screens {
-namespace {}  // namespace
+namespace {
+
+records::DescrizioneForma FormaRegistri() {
+  using records::DiCodice;
+  using records::Digitato;
+  return {.campi = {DiCodice("MeseTrimestre", "Periodo", {}, kCifreCodiceIva).Peso(1),
+                    DiCodice("Riva", "Registro iva", "registri", kCifreCodiceIva).Peso(1),
+                    Digitato("DaNProt", "Dal n. protocollo"), Digitato("AaNprot", "al").Accanto(),
+                    Digitato("StIndirizzo", "Stampo indirizzo e partita iva").AlMargine(),
+                    Digitato("SoloTotali", "Solo i totali, senza le registrazioni").AlMargine()}};
+}
+
+}  // namespace
 
 struct FinestraRegistriIva::Interno {
   Interno(FinestraRegistriIva& finestraUsata, Finestre& gestoreUsato);
-  QGridLayout* CreaCampi();
   void Lasciato(const QString& campo);
   /// Takes the period typed, with the ranges that it proposes.
   void ScegliPeriodo();
@@ -36,53 +47,21 @@ FinestraRegistriIva::Interno::Interno(FinestraRegistriIva& finestraUsata, Finest
       stampa(Pulsante(QStringLiteral("Stampa"), FinestraRegistriIva::tr("Stampa"))) {
   dati.scheda.Aggiungi("Riva", Tipo::Testo);
   for (const char* nome : {"DaNProt", "AaNprot"}) dati.scheda.Aggiungi(nome, Tipo::Intero);
-  auto* griglia = CreaCampi();
+  auto* colonna = new QVBoxLayout(&finestra);
+  dati.DaiPeriodi(CampiForma(dati.Sessione(), FormaRegistri(), {&dati.legatura}, *colonna));
   auto* sotto = opzioni.Riga();
   sotto->addWidget(stampa);
-  griglia->addLayout(sotto, griglia->rowCount(), 0, 1, 4);
-  griglia->setRowStretch(griglia->rowCount(), 1);
+  colonna->addLayout(sotto);
+  colonna->addStretch(1);
   AssegnaMnemoniche({stampa});
+  constexpr int kLarghezzaMinima = 560;
+  finestra.setMinimumWidth(kLarghezzaMinima);
   finestra.setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
   dati.MostraOpzioni();
   MostraIntervallo();
   connect(&dati, &DatiRegistroIva::Cambiato, &finestra,
           [this](const QString& campo) { Lasciato(campo); });
   connect(stampa, &QPushButton::clicked, &finestra, [this] { Stampa(); });
-}
-
-QGridLayout* FinestraRegistriIva::Interno::CreaCampi() {
-  constexpr int kLargoDescrizione = 420;
-  auto* griglia = new QGridLayout(&finestra);
-  auto* periodo = dati.Codice("MeseTrimestre", FontePeriodi(dati.registro.Periodi()));
-  periodo->Etichetta()->setObjectName(QStringLiteral("ScrittaPeriodo"));
-  auto* registro = dati.Codice("Riva", archives::Fonte(dati.Sessione(), "registri"));
-  auto* da = dati.Numero("DaNProt");
-  auto* fino = dati.Numero("AaNprot");
-  const std::pair<QString, CampoCodice*> codici[] = {{tr("Periodo"), periodo},
-                                                     {tr("Registro iva"), registro}};
-  int riga = 0;
-  for (const auto& [testo, campo] : codici) {
-    auto* insieme = ConDescrizione(campo, kCaratteriCodice);
-    insieme->setMinimumWidth(kLargoDescrizione);
-    griglia->addWidget(Didascalia(testo, campo), riga, 0);
-    griglia->addWidget(insieme, riga, 1, 1, 3);
-    ++riga;
-  }
-  griglia->addWidget(Didascalia(tr("Dal n. protocollo"), da), riga, 0);
-  auto* estremi = new QHBoxLayout;
-  estremi->addWidget(da);
-  estremi->addWidget(Didascalia(tr("al"), fino));
-  estremi->addWidget(fino);
-  estremi->addStretch(1);
-  griglia->addLayout(estremi, riga, 1, 1, 3);
-  ++riga;
-  griglia->addWidget(dati.Casella("StIndirizzo", tr("Stampo indirizzo e partita iva")), riga, 0, 1,
-                     4);
-  ++riga;
-  griglia->addWidget(dati.Casella("SoloTotali", tr("Solo i totali, senza le registrazioni")), riga,
-                     0, 1, 4);
-  griglia->setColumnStretch(3, 1);
-  return griglia;
 }
 
 void FinestraRegistriIva::Interno::Lasciato(const QString& campo) {

@@ -1,16 +1,37 @@
 #include "screens/vat/register/PaginaElenchiIva.h"
 
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QVBoxLayout>
 
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
 
 namespace fenalto::screens {
-namespace {}  // namespace
+namespace {
+
+// Which deferred invoices are listed.
+constexpr const char* kQuali = "QualiFattSosp";
+constexpr const char* kDaPagare = "D";
+constexpr const char* kPagate = "P";
+
+records::DescrizioneForma FormaSospese() {
+  using records::Digitato;
+  using records::GenereCampo;
+  return {
+      .campi = {records::DiCodice("RivaFattSosp", "Registro", "registri", kCifreCodiceIva).Peso(1),
+                Digitato("DaDtFattSosp", "dal").Accanto(), Digitato("AaDtFattSosp", "al").Accanto(),
+                Digitato(kQuali)
+                    .Di(GenereCampo::Opzioni)
+                    .AlMargine()
+                    .Scelte({{"", "tutte le fatture", "OptTutte"},
+                             {kDaPagare, "solo fatture non pagate", "OptDaPagare"},
+                             {kPagate, "solo fatture pagate", "OptPagate"}}),
+                Mostrato("CommElencoFattSospIva", GenereCampo::Pulsante, "Stampa elenco fatture")
+                    .Accanto()}};
+}
+
+}  // namespace
 
 PaginaElenchiIva::PaginaElenchiIva(DatiRegistroIva& dati, const QString& finestra,
                                    QWidget* genitore)
@@ -47,9 +68,7 @@ QGroupBox* PaginaElenchiIva::CreaChiusure(const QString& finestra) {
   connect(stampa, &QPushButton::clicked, this,
           [this] { dati_.registro.StampaElencoChiusure(dati_.finestre.Uscite()); });
   connect(elimina, &QPushButton::clicked, this, [this] {
-    if (!dati_.registro.EliminaLiquidazioni()) return;
-    MostraChiusure();
-    emit LiquidazioniEliminate();
+    if (dati_.registro.EliminaLiquidazioni()) MostraChiusure();
   });
   return riquadro;
 }
@@ -57,39 +76,16 @@ QGroupBox* PaginaElenchiIva::CreaChiusure(const QString& finestra) {
 QGroupBox* PaginaElenchiIva::CreaSospese() {
   auto* riquadro = new QGroupBox(tr("Elenco fatture ad esigibilità iva differita, di ogni anno"));
   auto& scheda = dati_.scheda;
-  scheda.Aggiungi("RivaFattSosp", Tipo::Testo);
+  for (const char* nome : {"RivaFattSosp", kQuali}) scheda.Aggiungi(nome, Tipo::Testo);
   for (const char* nome : {"DaDtFattSosp", "AaDtFattSosp"}) scheda.Aggiungi(nome, Tipo::Data);
   const int anno = dati_.Sessione().Anno();
   scheda.Scrivi("DaDtFattSosp", Data::DaGma(1, 1, anno).value());
   scheda.Scrivi("AaDtFattSosp", Data::DaGma(31, 12, anno).value());
-  auto* registro = dati_.Codice("RivaFattSosp", archives::Fonte(dati_.Sessione(), "registri"));
-  auto* da = dati_.DataDi("DaDtFattSosp");
-  auto* fino = dati_.DataDi("AaDtFattSosp");
-  auto* stampa = Pulsante(QStringLiteral("CommElencoFattSospIva"), tr("Stampa elenco fatture"));
-  pulsanti_ << stampa;
-  connect(stampa, &QPushButton::clicked, this, &PaginaElenchiIva::StampaSospese);
-  auto* sopra = new QHBoxLayout;
-  sopra->addWidget(Didascalia(tr("Registro"), registro));
-  sopra->addWidget(ConDescrizione(registro, kCaratteriCodice), 1);
-  sopra->addWidget(Didascalia(tr("dal"), da));
-  sopra->addWidget(da);
-  sopra->addWidget(Didascalia(tr("al"), fino));
-  sopra->addWidget(fino);
-  auto* sotto = new QHBoxLayout;
-  const std::pair<const char*, QString> scelte[] = {{"OptTutte", tr("tutte le fatture")},
-                                                    {"OptDaPagare", tr("solo fatture non pagate")},
-                                                    {"OptPagate", tr("solo fatture pagate")}};
-  for (const auto& [nome, testo] : scelte) {
-    auto* scelta = new QRadioButton(testo);
-    scelta->setObjectName(QString::fromLatin1(nome));
-    scelta->setChecked(sotto->count() == 0);
-    sotto->addWidget(scelta);
-  }
-  sotto->addStretch(1);
-  sotto->addWidget(stampa);
   auto* colonna = new QVBoxLayout(riquadro);
-  colonna->addLayout(sopra);
-  colonna->addLayout(sotto);
+  const CampiForma forma(dati_.Sessione(), FormaSospese(), {&dati_.legatura}, *colonna);
+  auto& stampa = forma.Pulsante("CommElencoFattSospIva");
+  pulsanti_ << &stampa;
+  connect(&stampa, &QAbstractButton::clicked, this, &PaginaElenchiIva::StampaSospese);
   return riquadro;
 }
 
@@ -108,15 +104,12 @@ void PaginaElenchiIva::MostraChiusure() {
 
 void PaginaElenchiIva::StampaSospese() {
   if (!dati_.legatura.Raccogli()) return;
-  const auto segnata = [this](const char* nome) {
-    return findChild<QRadioButton*>(QString::fromLatin1(nome))->isChecked();
-  };
   vat::RegistroIvaUnico::ElencoSospese richiesta;
   richiesta.riva = dati_.scheda.Testo("RivaFattSosp");
   richiesta.da = dati_.scheda.Leggi("DaDtFattSosp").Data();
   richiesta.a = dati_.scheda.Leggi("AaDtFattSosp").Data();
-  richiesta.soloDaPagare = segnata("OptDaPagare");
-  richiesta.soloPagate = segnata("OptPagate");
+  richiesta.soloDaPagare = dati_.scheda.Testo(kQuali) == kDaPagare;
+  richiesta.soloPagate = dati_.scheda.Testo(kQuali) == kPagate;
   dati_.registro.StampaElencoSospese(dati_.finestre.Uscite(), richiesta);
 }
 

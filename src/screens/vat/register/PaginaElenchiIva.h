@@ -23,10 +23,6 @@ class PaginaElenchiIva : public QWidget {
   void MostraChiusure();
   [[nodiscard]] const QList<QAbstractButton*>& Pulsanti() const { return pulsanti_; }
 
- signals:
-  /// The stored settlements were erased.
-  void LiquidazioniEliminate();
-
  private:
   QGroupBox* CreaChiusure(const QString& finestra);
   QGroupBox* CreaSospese();

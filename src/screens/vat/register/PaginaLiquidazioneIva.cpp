@@ -47,9 +47,7 @@ PaginaLiquidazioneIva::PaginaLiquidazioneIva(DatiRegistroIva& dati, const QStrin
   griglia_->horizontalHeader()->setSectionsClickable(false);
   grafico_->setAccessibleName(tr("Iva a debito e a credito per periodo dell'anno"));
   auto* colonna = new QVBoxLayout;
-  QFont grassetto = risultato_->font();
-  grassetto.setBold(true);
-  risultato_->setFont(grassetto);
+  InGrassetto(risultato_);
   risultato_->setObjectName(QStringLiteral("RisultatoLiquidazione"));
   auto* sopra = new QHBoxLayout;
   sopra->addWidget(titolo_, 1);

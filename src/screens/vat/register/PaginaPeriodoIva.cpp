@@ -1,9 +1,7 @@
 #include "screens/vat/register/PaginaPeriodoIva.h"
 
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHeaderView>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "screens/common/fields/Disposizione.h"
@@ -22,6 +20,50 @@ std::string NomeRiga(const char* inizio, std::size_t riga) {
   return inizio + std::to_string(riga);
 }
 
+records::DescrizioneForma FormaPeriodo() {
+  return {.campi = {
+              records::DiCodice("MeseTrimestre", "Periodo", {}, kCifreCodiceIva).Peso(1),
+              Mostrato("Command1", records::GenereCampo::Pulsante, "Conferma Periodo").Accanto()}};
+}
+
+records::DescrizioneForma FormaStampa() {
+  constexpr const char* kStampa = "FrameStampa";
+  constexpr const char* kVentilazione = "FrameVentilazione";
+  constexpr const char* kGiri = "FrameGiri";
+  const auto casella = [](const char* nome, const char* testo, const char* riquadro) {
+    return records::Digitato(nome, testo).In(riquadro).AlMargine();
+  };
+  const auto codice = [](const char* nome, const char* testo, const char* fonte,
+                         const char* riquadro) {
+    return records::DiCodice(nome, testo, fonte, kCifreCodiceIva).In(riquadro).Peso(1);
+  };
+  const auto fino = [](const char* nome) {
+    return records::Digitato(nome, "fino al n. prot.").In(kVentilazione).Colonna(1);
+  };
+  return {
+      .campi =
+          {casella("StIndirizzo", "Stampo indirizzo e partita iva", kStampa),
+           casella("SaltoCartaTotaliIva", "I totali di ogni registro su una pagina nuova", kStampa),
+           casella("SoloTotali", "Solo i totali, senza le registrazioni", kStampa),
+           casella("SoloChiusura", "Stampo in prova solo la pagina della liquidazione periodica",
+                   kStampa),
+           codice("RivaVentil", "Registro", "registri", kVentilazione), fino("VentilAaNprot"),
+           codice("RivaVentil1", "e registro", "registri", kVentilazione), fino("VentilAaNprot1"),
+           casella("RegistrazioneContabileErario", "Registro il giro dell'iva all'erario", kGiri),
+           casella("RegistrazioneContabileGiro", "Registro lo scorporo dell'iva dei corrispettivi",
+                   kGiri),
+           casella("ChiusIva", "Conservo le righe della liquidazione per ristamparla", kGiri),
+           codice("CausaleErario", "Causale", "causali", kGiri),
+           codice("ContoIvaErario", "Conto erario c/iva", "conti", kGiri),
+           codice("ContoInteressiErario", "Conto interessi", "conti", kGiri),
+           records::Digitato("DtReg", "Data registrazioni").In(kGiri)},
+      .riquadri = {{.nome = kStampa, .titolo = "Stampa", .largo = true},
+                   {.nome = kVentilazione,
+                    .titolo = "Ventilazione: acquisti destinati alla rivendita",
+                    .largo = true},
+                   {.nome = kGiri, .titolo = "Con la stampa definitiva", .largo = true}}};
+}
+
 }  // namespace
 
 PaginaPeriodoIva::PaginaPeriodoIva(DatiRegistroIva& dati, const QString& finestra,
@@ -30,9 +72,7 @@ PaginaPeriodoIva::PaginaPeriodoIva(DatiRegistroIva& dati, const QString& finestr
   auto* griglia = new QGridLayout(this);
   griglia->addWidget(CreaPeriodo(finestra), 0, 0);
   auto* destra = new QVBoxLayout;
-  destra->addWidget(CreaStampa());
-  destra->addWidget(CreaVentilazione());
-  destra->addWidget(CreaGiri());
+  const CampiForma stampa(dati_.Sessione(), FormaStampa(), {&dati_.legatura}, *destra);
   destra->addStretch(1);
   griglia->addLayout(destra, 0, 1);
   griglia->setColumnStretch(0, 1);
@@ -52,14 +92,12 @@ void PaginaPeriodoIva::CampoCambiato(const QString& campo) {
 
 QWidget* PaginaPeriodoIva::CreaPeriodo(const QString& finestra) {
   auto* riquadro = new QWidget;
-  periodo_ = dati_.Codice("MeseTrimestre", FontePeriodi(dati_.registro.Periodi()));
-  periodo_->Etichetta()->setObjectName(QStringLiteral("ScrittaPeriodo"));
-  conferma_ = Pulsante(QStringLiteral("Command1"), tr("Conferma Periodo"));
-  connect(conferma_, &QPushButton::clicked, this, &PaginaPeriodoIva::ConfermaPeriodo);
-  auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("Periodo"), periodo_));
-  riga->addWidget(ConDescrizione(periodo_, kCaratteriCodice), 1);
-  riga->addWidget(conferma_);
+  auto* colonna = new QVBoxLayout(riquadro);
+  colonna->setContentsMargins(0, 0, 0, 0);
+  const CampiForma forma(dati_.Sessione(), FormaPeriodo(), {&dati_.legatura}, *colonna);
+  periodo_ = &dati_.DaiPeriodi(forma);
+  conferma_ = &forma.Pulsante("Command1");
+  connect(conferma_, &QAbstractButton::clicked, this, &PaginaPeriodoIva::ConfermaPeriodo);
   constexpr int kLargoNumero = 90;
   constexpr int kLargoTesto = 260;
   griglia_ = new Griglia(QStringLiteral("GrigliaRegistri"), finestra,
@@ -77,76 +115,9 @@ QWidget* PaginaPeriodoIva::CreaPeriodo(const QString& finestra) {
   stato_ = new QLabel;
   stato_->setObjectName(QStringLiteral("StatoPeriodo"));
   stato_->setWordWrap(true);
-  auto* colonna = new QVBoxLayout(riquadro);
-  colonna->setContentsMargins(0, 0, 0, 0);
-  colonna->addLayout(riga);
   colonna->addWidget(stato_);
   colonna->addWidget(griglia_, 1);
   MostraRegistri();
-  return riquadro;
-}
-
-QGroupBox* PaginaPeriodoIva::CreaStampa() {
-  auto* riquadro = new QGroupBox(tr("Stampa"));
-  auto* colonna = new QVBoxLayout(riquadro);
-  colonna->addWidget(dati_.Casella("StIndirizzo", tr("Stampo indirizzo e partita iva")));
-  colonna->addWidget(
-      dati_.Casella("SaltoCartaTotaliIva", tr("I totali di ogni registro su una pagina nuova")));
-  colonna->addWidget(dati_.Casella("SoloTotali", tr("Solo i totali, senza le registrazioni")));
-  colonna->addWidget(dati_.Casella(
-      "SoloChiusura", tr("Stampo in prova solo la pagina della liquidazione periodica")));
-  return riquadro;
-}
-
-QGroupBox* PaginaPeriodoIva::CreaVentilazione() {
-  auto* riquadro = new QGroupBox(tr("Ventilazione: acquisti destinati alla rivendita"));
-  auto* griglia = new QGridLayout(riquadro);
-  const std::pair<const char*, const char*> registri[] = {{"RivaVentil", "VentilAaNprot"},
-                                                          {"RivaVentil1", "VentilAaNprot1"}};
-  int riga = 0;
-  for (const auto& [nome, fino] : registri) {
-    auto* registro = dati_.Codice(nome, archives::Fonte(dati_.Sessione(), "registri"));
-    auto* numero = dati_.Numero(fino);
-    griglia->addWidget(Didascalia(riga == 0 ? tr("Registro") : tr("e registro"), registro), riga,
-                       0);
-    griglia->addWidget(ConDescrizione(registro, kCaratteriCodice), riga, 1);
-    griglia->addWidget(Didascalia(tr("fino al n. prot."), numero), riga, 2);
-    griglia->addWidget(numero, riga, 3);
-    ++riga;
-  }
-  griglia->setColumnStretch(1, 1);
-  return riquadro;
-}
-
-QGroupBox* PaginaPeriodoIva::CreaGiri() {
-  auto& sessione = dati_.Sessione();
-  auto* riquadro = new QGroupBox(tr("Con la stampa definitiva"));
-  auto* griglia = new QGridLayout(riquadro);
-  griglia->addWidget(
-      dati_.Casella("RegistrazioneContabileErario", tr("Registro il giro dell'iva all'erario")), 0,
-      0, 1, 4);
-  griglia->addWidget(dati_.Casella("RegistrazioneContabileGiro",
-                                   tr("Registro lo scorporo dell'iva dei corrispettivi")),
-                     1, 0, 1, 4);
-  griglia->addWidget(
-      dati_.Casella("ChiusIva", tr("Conservo le righe della liquidazione per ristamparla")), 2, 0,
-      1, 4);
-  auto* giorno = dati_.DataDi("DtReg");
-  auto* causale = dati_.Codice("CausaleErario", archives::Fonte(sessione, "causali"));
-  auto* erario = dati_.Codice("ContoIvaErario", archives::FonteConti(sessione, "P"));
-  auto* interessi = dati_.Codice("ContoInteressiErario", archives::FonteConti(sessione, "P"));
-  const std::pair<QString, CampoCodice*> codici[] = {{tr("Causale"), causale},
-                                                     {tr("Conto erario c/iva"), erario},
-                                                     {tr("Conto interessi"), interessi}};
-  int riga = 3;
-  for (const auto& [testo, campo] : codici) {
-    griglia->addWidget(Didascalia(testo, campo), riga, 0);
-    griglia->addWidget(ConDescrizione(campo, kCaratteriCodice), riga, 1, 1, 3);
-    ++riga;
-  }
-  griglia->addWidget(Didascalia(tr("Data registrazioni"), giorno), riga, 0);
-  griglia->addWidget(giorno, riga, 1);
-  griglia->setColumnStretch(1, 1);
   return riquadro;
 }
 

@@ -8,8 +8,6 @@
 #include "screens/vat/register/DatiRegistroIva.h"
 
 class QAbstractButton;
-class QGroupBox;
-class QPushButton;
 
 namespace fenalto::screens {
 
@@ -25,7 +23,7 @@ class PaginaPeriodoIva : public QWidget {
   bool Raccogli();
   /// Puts the focus where the period is typed.
   void FocoPeriodo();
-  [[nodiscard]] QPushButton* Conferma() { return conferma_; }
+  [[nodiscard]] QAbstractButton* Conferma() { return conferma_; }
 
  signals:
   /// Another period was confirmed, or none is any more.
@@ -35,9 +33,6 @@ class PaginaPeriodoIva : public QWidget {
 
  private:
   QWidget* CreaPeriodo(const QString& finestra);
-  QGroupBox* CreaStampa();
-  QGroupBox* CreaVentilazione();
-  QGroupBox* CreaGiri();
   void CampoCambiato(const QString& campo);
   void ConfermaPeriodo();
   void Sconferma();
@@ -49,7 +44,7 @@ class PaginaPeriodoIva : public QWidget {
   DatiRegistroIva& dati_;
   Griglia* griglia_ = nullptr;
   CampoCodice* periodo_ = nullptr;
-  QPushButton* conferma_ = nullptr;
+  QAbstractButton* conferma_ = nullptr;
   QLabel* stato_ = nullptr;
   /// Ranges as fields, and their editors; made anew with each period.
   Scheda righe_;
