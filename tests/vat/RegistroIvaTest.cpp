@@ -145,11 +145,11 @@ TEST_F(RegistroIvaTest, Controlli) {
 }
 
 TEST_F(RegistroIvaTest, Ventilazione) {
-  // Purchases 104 + 122 + 110; shares that don't end.
+  // Purchases 104 + 122 + 110; shares that don't end, and whose cents make one less than the whole.
   Scrivi({"3", 1, G(5, 3, 2024), {{"04V", I("100"), I("4")}, {"22", I("999"), I("219.78")}}});
   Scrivi({"3", 2, G(6, 3, 2024), {{"22V", I("100"), I("22")}, {"10V", I("100"), I("10")}}});
   Scrivi({"3", 3, G(7, 3, 2024), {{"22V", I("1000"), I("220")}}});
-  Scrivi({"7", 1, G(8, 3, 2024), {{"ZCOR", I("1000"), {}}}});
+  Scrivi({"7", 1, G(8, 3, 2024), {{"ZCOR", I("1003"), {}}}});
   Scegli("03");
   registro.Opzioni().ventilazione.aaNProt = 2;
   const auto totali = registro.Totali();
@@ -166,11 +166,11 @@ TEST_F(RegistroIvaTest, Ventilazione) {
     righe.push_back(q.codIva + " " + q.acquisti.Testo() + " " + q.quota.Testo() + " " +
                     q.corrispettivi.Testo() + "=" + c.imponibile.Testo() + "+" + c.iva.Testo());
   }
-  EXPECT_THAT(
-      righe, ElementsAre("04V 104 30.9523 309.52=297.62+11.9", "10V 110 32.738 327.38=297.62+29.76",
-                         "22V 122 36.3095 363.1=297.62+65.48"));
-  EXPECT_EQ(somma, I("1000"));
-  EXPECT_EQ(corrispettivi->ivaScorporata, I("107.14"));
+  EXPECT_THAT(righe, ElementsAre("04V 104 30.9523 310.45=298.51+11.94",
+                                 "10V 110 32.738 328.36=298.51+29.85",
+                                 "22V 122 36.3095 364.19=298.52+65.67"));
+  EXPECT_EQ(somma, I("1003"));
+  EXPECT_EQ(corrispettivi->ivaScorporata, I("107.46"));
   ASSERT_TRUE(Stampa(Risposta::No));
   EXPECT_THAT(uscite.Testo(),
               HasSubstr("VENTILAZIONE DEI CORRISPETTIVI\n"

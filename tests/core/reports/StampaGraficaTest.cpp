@@ -168,6 +168,7 @@ TEST_F(StampaGrafica, RiservaERigheVuote) {
   RigaCorpo("uno");
   stampa.AvanzaRiga();
   stampa.Riserva(2);
+  EXPECT_EQ(stampa.RigheLibere(), 2);
   EXPECT_EQ(stampa.NumeroPagina(), 1);
   stampa.Riserva(3);
   RigaCorpo("titolo");

@@ -120,6 +120,7 @@ TEST(StampaTesto, RiservaTieneInsiemeTitoloERighe) {
   p.stampa.Riserva(500);
   for (int i = 0; i < kRigheVerticale - 4; ++i) p.stampa.Riga("x");
   p.stampa.Riserva(2);  // exactly what is left
+  EXPECT_EQ(p.stampa.RigheLibere(), 2);
   EXPECT_EQ(p.stampa.NumeroPagina(), 1);
   p.stampa.Campo(1, "mastro");
   p.stampa.Riserva(3);  // the heading of the new page leaves the field alone

@@ -114,6 +114,8 @@ constexpr CasoDialetto kEspressioni[] = {
     {"SELECT Livello*100+1 FROM Conti WHERE Cod='C001'", "301\n"},
     {"SELECT Prezzo*1.1, Prezzo/3, Prezzo*Pezzi, -Prezzo FROM Listini WHERE Cod='A'",
      "11|3.3333|30|-10\n"},
+    {"SELECT Prezzo*Sconto, Sconto*Prezzo, Pezzi*Prezzo FROM Listini WHERE Cod='B'",
+     "1.25|1.25|~\n"},
     {"SELECT Cod & ' ' & Note & Pezzi FROM Listini", "A prima3\nB \nc 7\n"},
     {"SELECT Cod+Note FROM Listini", "Aprima\n~\nc\n"},
     {"SELECT 'a' & chr(13) & Chr(10) & 'b'", "a\r\nb\n"},

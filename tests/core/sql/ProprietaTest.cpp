@@ -75,6 +75,10 @@ RC_GTEST_PROP(Criterio, OgniValoreTornaUguale, ()) {
   RC_ASSERT(letta.righe.size() == 1U);
   RC_ASSERT(letta.righe[0][0] == valore);
   RC_ASSERT(letta.righe[0][0].Neutro() == valore.Neutro());
+  const Risposta altre =
+      banco.Esegui("SELECT " + colonna + " FROM T WHERE " + sql::Criterio(colonna, "<>", valore));
+  RC_ASSERT(altre.errore.empty());
+  RC_ASSERT(altre.righe.empty());
 }
 
 RC_GTEST_PROP(Come, LIntervalloNonToglieRighe, ()) {

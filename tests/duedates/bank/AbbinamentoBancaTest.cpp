@@ -130,6 +130,8 @@ TEST_F(AbbinamentoBancaTest, Proposte) {
       // A few cents less are taken only when name and invoice speak for it.
       {Linea("149", "Ferramenta BIANCHI ft 15"),
        {"0001: " + n(secondo) + " arr 1 (importo vicino, nome nella descrizione, fattura 15)"}},
+      {Linea("148", "Ferramenta BIANCHI ft 15"),
+       {"0001: " + n(secondo) + " arr 2 (importo vicino, nome nella descrizione, fattura 15)"}},
       {Linea("149", "a saldo"), {}},
       {Linea("147", "Ferramenta BIANCHI ft 15"), {}},
       {Linea("33", "Ferramenta BIANCHI"), {}},

@@ -82,6 +82,19 @@ TEST_F(InsolutoRibaTest, UnaRicevutaTornata) {
   EXPECT_THAT(Elenco(insoluto), ElementsAre("1/2"));
 }
 
+TEST_F(InsolutoRibaTest, DueUgualiTornanoUnaAllaVolta) {
+  const auto una = Presentata("50", 5, 12, G(29, 2, 2024));
+  const auto altra = Presentata("50", 5, 12, G(29, 2, 2024));
+  duedates::InsolutoRiba insoluto(ambiente);
+  insoluto.ScegliParte("C", "0001");
+  for (const std::int64_t tornata : {altra, una}) {
+    ASSERT_TRUE(insoluto.Nuovo());
+    insoluto.Riprendi(tornata);
+    ASSERT_TRUE(insoluto.Conferma());
+  }
+  EXPECT_THAT(Elenco(insoluto), ElementsAre("2/3", "1/4"));
+}
+
 TEST_F(InsolutoRibaTest, ScrittoAManoLatiEImpostazione) {
   duedates::InsolutoRiba insoluto(ambiente);
   EXPECT_FALSE(insoluto.Nuovo());

@@ -207,6 +207,20 @@ TEST_F(RegistraPagamentoTest, PagataDaUnaltraPostazione) {
   EXPECT_EQ(Registra(Base("C", {R(una, "100")})), 2);
 }
 
+TEST_F(RegistraPagamentoTest, ScriveSottoIlBloccoDellaNumerazione) {
+  const auto altra = NuovaStazione("MAGAZZINO");
+  const auto numerazioneLibera = [&] {
+    return altra->ambiente->BloccaTabella("ARTICOLI", false).Tenuto();
+  };
+  const auto n = Nuova("C", "0001", "100", 5);
+  bool libera = true;
+  const auto scritto = duedates::RegistraPagamento(
+      ambiente, Base("C", {R(n, "100")}), [&](std::int64_t) { libera = numerazioneLibera(); });
+  EXPECT_TRUE(scritto.scritto);
+  EXPECT_FALSE(libera);
+  EXPECT_TRUE(numerazioneLibera());
+}
+
 TEST_F(RegistraPagamentoTest, GuastoAMetaNonLasciaNulla) {
   const auto uno = Nuova("C", "0001", "100", 5);
   const auto due = Nuova("C", "0002", "50", 6);
