@@ -1,54 +1,33 @@
 #include "screens/duedates/FinestraConScadenza.h"
 
-#include <QTabWidget>
-#include <QVBoxLayout>
-
 #include "screens/duedates/RiquadroScadenza.h"
 
 namespace fenalto::screens {
-namespace {
-
-enum Pagina { kScelta = 0, kScadenza = 1 };
-
-}  // namespace
 
 FinestraConScadenza::FinestraConScadenza(const QString& nome, const QString& titolo,
                                          duedates::ArchivioScadenze::Uso uso, Finestre& finestre)
-    : FinestraFunzione(nome, titolo, finestre),
+    : FinestraSceltaERecord(nome, titolo, finestre),
       titolo_(titolo),
       caso_(finestre.Sessione(), uso),
-      schede_(new QTabWidget(this)),
       riquadro_(new RiquadroScadenza(caso_, finestre,
-                                     uso == duedates::ArchivioScadenze::Uso::Documento)) {
-  schede_->setObjectName(QStringLiteral("SSTab1"));
-  schede_->setDocumentMode(true);
-  auto* colonna = new QVBoxLayout(this);
-  constexpr int kMargine = 4;
-  colonna->setContentsMargins(kMargine, kMargine, kMargine, kMargine);
-  colonna->addWidget(schede_);
-}
+                                     uso == duedates::ArchivioScadenze::Uso::Documento)) {}
 
 void FinestraConScadenza::Disponi(QWidget* scelta, const QString& titoloScelta) {
-  schede_->addTab(scelta, titoloScelta);
-  schede_->addTab(riquadro_, QString());
-  connect(schede_, &QTabWidget::currentChanged, this, &FinestraConScadenza::SchedaCambiata);
+  FinestraSceltaERecord::Disponi(scelta, titoloScelta, riquadro_);
   connect(riquadro_, &RiquadroScadenza::Conclusa, this, [this] {
     Abbandona();
     RileggiScelta();
     FocoScelta();
   });
   connect(riquadro_, &RiquadroScadenza::Ripristinata, this, &FinestraConScadenza::RileggiScelta);
-  connect(riquadro_, &RiquadroScadenza::AbbandonoChiesto, this, &FinestraConScadenza::Lascia);
+  connect(riquadro_, &RiquadroScadenza::AbbandonoChiesto, this, [this] { Lascia(); });
   connect(riquadro_, &RiquadroScadenza::RegistrazioneChiesta, this,
           &FinestraConScadenza::VediRegistrazione);
   Abbandona();
 }
 
 void FinestraConScadenza::TogliPagine() {
-  hide();
-  girando_ = true;
-  delete schede_;
-  schede_ = nullptr;
+  FinestraSceltaERecord::TogliPagine();
   riquadro_ = nullptr;
 }
 
@@ -57,40 +36,10 @@ bool FinestraConScadenza::InModifica() const {
          (caso_.Modificata() || (riquadro_ != nullptr && riquadro_->Pendente()));
 }
 
-void FinestraConScadenza::Gira(int indice) {
-  girando_ = true;
-  schede_->setCurrentIndex(indice);
-  girando_ = false;
-}
-
-void FinestraConScadenza::SchedaCambiata(int indice) {
-  if (girando_ || indice != kScelta || !caso_.Aperta()) return;
-  // The due date stays in sight while its question is answered.
-  Gira(kScadenza);
-  Lascia();
-}
-
-bool FinestraConScadenza::Lascia() {
-  if (!caso_.Aperta()) return true;
-  if (Gestore().ControlloUscita(*this)) return false;
-  Abbandona();
-  FocoScelta();
-  return true;
-}
-
-void FinestraConScadenza::Abbandona() {
-  // Out of sight first: nothing is to be read from its fields any more.
-  Gira(kScelta);
-  schede_->setTabEnabled(kScadenza, false);
+void FinestraConScadenza::ChiudiRecord() {
   caso_.Abbandona();
   riquadro_->Mostra();
   MostraTitolo();
-}
-
-bool FinestraConScadenza::Indietro() {
-  if (!caso_.Aperta()) return false;
-  Lascia();
-  return true;
 }
 
 void FinestraConScadenza::Aggiorna() {
@@ -100,14 +49,13 @@ void FinestraConScadenza::Aggiorna() {
 void FinestraConScadenza::MostraTitolo() {
   const QString aperta = QString::fromStdString(caso_.Titolo());
   setWindowTitle(aperta.isEmpty() ? titolo_ : titolo_ + QStringLiteral(" - ") + aperta);
-  schede_->setTabText(kScadenza, aperta.isEmpty() ? tr("Scadenza") : aperta);
+  TitoloRecord(aperta.isEmpty() ? tr("Scadenza") : aperta);
 }
 
 void FinestraConScadenza::MostraAperta() {
   riquadro_->Mostra();
   MostraTitolo();
-  schede_->setTabEnabled(kScadenza, true);
-  Gira(kScadenza);
+  GiraAlRecord();
   riquadro_->DaiFoco();
 }
 

@@ -76,7 +76,7 @@ void FinestraMovimenti::ApriChiusure() {
   }
 }
 
-void FinestraMovimenti::ChiudiRegistrazione() {
+void FinestraMovimenti::ChiudiRecord() {
   TitoloRegistrazione(QString());
   primanota_.Abbandona();
 }

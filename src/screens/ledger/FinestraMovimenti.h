@@ -18,7 +18,7 @@ class FinestraMovimenti : public FinestraDuePagine {
 
  protected:
   void Apri(std::int64_t numero) override;
-  void ChiudiRegistrazione() override;
+  void ChiudiRecord() override;
   bool IndietroDaScelta() override;
   void FocoScelta() override;
   void AggiornaScelta() override;

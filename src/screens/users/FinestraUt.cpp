@@ -4,7 +4,6 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -16,8 +15,6 @@
 
 namespace fenalto::screens {
 namespace {
-
-enum Pagina { kScelta = 0, kUtente = 1 };
 
 constexpr int kLunghezzaCodice = 20;
 constexpr int kLunghezzaPassword = 128;
@@ -55,9 +52,6 @@ struct FinestraUt::Interno {
   void Conferma();
   void Elimina();
   void TornaAllaScelta();
-  void Lascia();
-  void Gira(int indice);
-  [[nodiscard]] bool Aperto() const { return schede->isTabEnabled(kUtente); }
   [[nodiscard]] Utente Digitato() const;
   [[nodiscard]] bool Modificato() const;
   void RileggiElenco();
@@ -69,9 +63,8 @@ struct FinestraUt::Interno {
   std::vector<Utente> elenco;
   Utente originale;           ///< as shown when it was opened
   std::string codiceAttuale;  ///< empty for a new user
-  bool girando = false;
+  bool aperto = false;
 
-  QTabWidget* schede;
   Griglia* griglia;
   CampoTesto* selettore;
   QLabel* descrizioneSelettore;
@@ -94,16 +87,10 @@ FinestraUt::Interno::Interno(FinestraUt& finestraUsata, Finestre& gestoreUsato)
     : finestra(finestraUsata),
       gestore(gestoreUsato),
       utenti(gestoreUsato.Sessione()),
-      solaLettura(!gestoreUsato.Sessione().HaDiritto(99)),
-      schede(new QTabWidget(&finestraUsata)) {
-  schede->setObjectName(QStringLiteral("SSTab1"));
-  schede->setDocumentMode(true);
-  schede->addTab(CreaScelta(), tr("Utenti"));
-  schede->addTab(CreaUtente(), tr("Utente"));
-  schede->setTabEnabled(kUtente, false);
-  auto* colonna = new QVBoxLayout(&finestra);
-  colonna->setContentsMargins(4, 4, 4, 4);
-  colonna->addWidget(schede);
+      solaLettura(!gestoreUsato.Sessione().HaDiritto(99)) {
+  auto* scelta = CreaScelta();
+  finestra.Disponi(scelta, tr("Utenti"), CreaUtente());
+  finestra.TitoloRecord(tr("Utente"));
   Collega();
   AssegnaMnemoniche({apri, nuovo});
   AssegnaMnemoniche({conferma, elimina, annulla});
@@ -200,21 +187,10 @@ void FinestraUt::Interno::Collega() {
   connect(nuovo, &QPushButton::clicked, f, [this] { Mostra({}, false); });
   connect(conferma, &QPushButton::clicked, f, [this] { Conferma(); });
   connect(elimina, &QPushButton::clicked, f, [this] { Elimina(); });
-  connect(annulla, &QPushButton::clicked, f, [this] { Lascia(); });
+  connect(annulla, &QPushButton::clicked, f, [this] { finestra.Lascia(); });
   connect(livello, &QComboBox::currentIndexChanged, f, [this](int indice) {
     testoLivello->setText(QString::fromUtf8(kLivelli[std::max(0, indice)].testo));
   });
-  connect(schede, &QTabWidget::currentChanged, f, [this](int indice) {
-    if (girando || indice != kScelta || !Aperto()) return;
-    Gira(kUtente);
-    Lascia();
-  });
-}
-
-void FinestraUt::Interno::Gira(int indice) {
-  girando = true;
-  schede->setCurrentIndex(indice);
-  girando = false;
 }
 
 void FinestraUt::Interno::RileggiElenco() {
@@ -275,10 +251,10 @@ void FinestraUt::Interno::Mostra(const Utente& utente, bool esistente) {
     campo->setEnabled(!solaLettura);
   }
   elimina->setEnabled(!solaLettura && esistente);
-  schede->setTabEnabled(kUtente, true);
-  schede->setTabText(kUtente, esistente ? tr("Utente %1").arg(QString::fromStdString(utente.cod))
-                                        : tr("Nuovo utente"));
-  Gira(kUtente);
+  aperto = true;
+  finestra.TitoloRecord(esistente ? tr("Utente %1").arg(QString::fromStdString(utente.cod))
+                                  : tr("Nuovo utente"));
+  finestra.GiraAlRecord();
   if (solaLettura) {
     annulla->setFocus();
   } else {
@@ -332,17 +308,11 @@ void FinestraUt::Interno::Elimina() {
 
 void FinestraUt::Interno::TornaAllaScelta() {
   finestra.Abbandona();
-  selettore->clear();
-  RileggiElenco();
-  selettore->setFocus();
-}
-
-void FinestraUt::Interno::Lascia() {
-  if (!gestore.ControlloUscita(finestra)) TornaAllaScelta();
+  finestra.FocoScelta();
 }
 
 FinestraUt::FinestraUt(Finestre& finestre)
-    : FinestraFunzione(QStringLiteral("Ut"), tr("Impostazione utenti e diritti"), finestre) {
+    : FinestraSceltaERecord(QStringLiteral("Ut"), tr("Impostazione utenti e diritti"), finestre) {
   interno_ = std::make_unique<Interno>(*this, finestre);
   interno_->selettore->setFocus();
   if (!interno_->solaLettura) return;
@@ -354,28 +324,30 @@ FinestraUt::FinestraUt(Finestre& finestre)
 }
 
 FinestraUt::~FinestraUt() {
-  interno_->girando = true;
-  delete interno_->schede;
+  TogliPagine();
+}
+
+bool FinestraUt::Aperta() const {
+  return interno_->aperto;
 }
 
 bool FinestraUt::InModifica() const {
-  return interno_->Aperto() && !interno_->solaLettura && interno_->Modificato();
+  return Aperta() && !interno_->solaLettura && interno_->Modificato();
 }
 
-void FinestraUt::Abbandona() {
-  interno_->Gira(kScelta);
-  interno_->schede->setTabEnabled(kUtente, false);
-  interno_->schede->setTabText(kUtente, tr("Utente"));
+void FinestraUt::ChiudiRecord() {
+  interno_->aperto = false;
+  TitoloRecord(tr("Utente"));
 }
 
-bool FinestraUt::Indietro() {
-  if (!interno_->Aperto()) return false;
-  interno_->Lascia();
-  return true;
+void FinestraUt::FocoScelta() {
+  interno_->selettore->clear();
+  interno_->RileggiElenco();
+  interno_->selettore->setFocus();
 }
 
 void FinestraUt::Aggiorna() {
-  if (!interno_->Aperto()) interno_->RileggiElenco();
+  if (!Aperta()) interno_->RileggiElenco();
 }
 
 }  // namespace fenalto::screens

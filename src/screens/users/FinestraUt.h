@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "core/session/Utenti.h"
-#include "screens/common/windows/FinestraFunzione.h"
+#include "screens/common/rows/FinestraSceltaERecord.h"
 
 namespace fenalto::screens {
 
-class FinestraUt : public FinestraFunzione {
+class FinestraUt : public FinestraSceltaERecord {
   Q_OBJECT
 
  public:
@@ -16,9 +16,12 @@ class FinestraUt : public FinestraFunzione {
   ~FinestraUt() override;
 
   [[nodiscard]] bool InModifica() const override;
-  void Abbandona() override;
-  bool Indietro() override;
   void Aggiorna() override;
+
+ protected:
+  [[nodiscard]] bool Aperta() const override;
+  void ChiudiRecord() override;
+  void FocoScelta() override;
 
  private:
   struct Interno;

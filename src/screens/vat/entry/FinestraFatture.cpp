@@ -87,7 +87,7 @@ void FinestraFatture::Nuovo() {
   }
 }
 
-void FinestraFatture::ChiudiRegistrazione() {
+void FinestraFatture::ChiudiRecord() {
   fatture_.Abbandona();
   MostraTitolo();
 }

@@ -24,7 +24,7 @@ class FinestraFatture : public FinestraDuePagine {
   void keyPressEvent(QKeyEvent* evento) override;
 
   void Apri(std::int64_t numero) override;
-  void ChiudiRegistrazione() override;
+  void ChiudiRecord() override;
   void FocoScelta() override;
   void AggiornaScelta() override;
   void DopoRegistrazione(std::int64_t numero) override;
