@@ -162,11 +162,21 @@ TEST_F(ArchiviPartiTest, Rifiuti) {
 TEST_F(ArchiviPartiTest, NumeriFiscaliErratiSiDicono) {
   struct Caso {
     Campi campi;
-    const char* avviso;  ///< begins so; empty for none
+    const char* avviso;       ///< begins so; empty for none
+    const char* tenuto = "";  ///< what stays of the VAT number
   };
   const std::vector<Caso> casi = {
       {{{"piva", "12345678903"}}, ""},
-      {{{"piva", "12345678903     "}}, ""},
+      {{{"piva", "12345678903     "}}, "", "12345678903"},
+      {{{"piva",
+         " 123 456\xC2\xA0"
+         "789\t03"}},
+       "",
+       "12345678903"},
+      {{{"piva", "12.345.678.903"}}, "", "12345678903"},
+      {{{"piva", "12.345.678.901"}}, "PARTITA IVA ERRATA", "12345678901"},
+      {{{"piva", "RSS MRA 80A01 H501U"}}, "", "RSSMRA80A01H501U"},
+      {{{"piva", "DE 123 456 789"}}, "PARTITA IVA ERRATA", "DE 123 456 789"},
       {{{"piva", "RSSMRA80A01H501U"}}, ""},
       {{{"piva", ""}}, ""},
       {{{"piva", "IT12345678903"}}, "PARTITA IVA ERRATA"},
@@ -187,6 +197,9 @@ TEST_F(ArchiviPartiTest, NumeriFiscaliErratiSiDicono) {
     archives::ArchivioCodici fornitori = Archivio("Fornitori");
     fornitori.Inizia();
     Scrivi(fornitori, caso.campi);
+    if (*caso.tenuto != '\0') {
+      EXPECT_EQ(fornitori.Record().Testo("piva"), caso.tenuto);
+    }
     if (*caso.avviso == '\0') {
       EXPECT_THAT(Messaggi(), IsEmpty());
     } else {

@@ -88,6 +88,11 @@ TEST_F(ArchivioScadenzeTest, ControlliNelLoroOrdine) {
   archivio.Inizia({{"Conto", "0001"}, {"Tipo", "01"}, {"Stato", "01"}, {"Dt", Data()}});
   EXPECT_FALSE(archivio.Conferma());
   EXPECT_EQ(SoloMessaggio(), "manca la data della scadenza");
+  archivio.Record().Scrivi("Dt", G(1, 4, 2024));
+  archivio.Record().Scrivi("ImportoE", I("10.005"));
+  EXPECT_FALSE(archivio.Conferma());
+  EXPECT_EQ(SoloMessaggio(),
+            "l'importo 10,005 ha più di due decimali: gli importi sono in centesimi");
   EXPECT_EQ(Tutto(), prima);
 }
 
@@ -252,6 +257,63 @@ TEST_F(ArchivioScadenzeTest, VedereLaRegistrazione) {
     ASSERT_TRUE(registrazione.has_value());
     EXPECT_EQ(registrazione->numero, articolo);
     EXPECT_EQ(registrazione->iva, iva);
+  }
+  Tessarc().Esegui("update Articoli set CFP='C', Conto='0002' where NumDoc=1");
+  dialoghi.Rispondera("Vedere la fattura  ?", Risposta::Si);
+  EXPECT_FALSE(vede("Articolo=1"));
+  EXPECT_THAT(SoloMessaggio(), HasSubstr("è di un altro cliente o fornitore"));
+}
+
+// What is rarely meant is asked, after what is told.
+TEST_F(ArchivioScadenzeTest, DomandePrimaDiScrivere) {
+  struct Caso {
+    const char *com, *campo;
+    Valore digitato;
+    const char* domanda;  ///< empty for none
+    std::vector<std::string> detti;
+  };
+  const std::string pagata =
+      "Si tratta di una scadenza già pagata. Si puo ripristinarla come 'non pagata', ma "
+      "attenzione:\nbisogna anche eliminare la registrazione ";
+  const Caso casi[] = {
+      {"Stato='30', ImportoPagatoE=100, DtPag=#03/14/2024#",
+       "Stato",
+       "01",
+       "contabile del pagamento",
+       {}},
+      {"Stato='30', ImportoPagatoE=100, DtPag=#03/14/2024#", "Stato", "35", "", {}},
+      {"Stato='30', ImportoPagatoE=100, DtPag=#03/14/2024#", "Descrizione", "x", "", {}},
+      {"Tipo='03', Stato='30', Ndistinta=7",
+       "Stato",
+       "01",
+       "",
+       {pagata + "contabile RIBA a CLIENTI"}},
+      {"Stato='10', ImportoPagatoE=40",
+       "ImportoPagatoE",
+       I("-40"),
+       "l'importo pagato -40,00 ha il segno contrario all'importo della scadenza, 100,00",
+       {}},
+      {"Stato='10', ImportoPagatoE=40", "ImportoPagatoE", I("50"), "", {}},
+      {"Stato='10', ImportoPagatoE=-40", "Descrizione", "x", "", {}},
+  };
+  for (const Caso& caso : casi) {
+    SCOPED_TRACE(std::string(caso.com) + ": " + caso.campo);
+    for (const auto risposta : {Risposta::No, Risposta::Si}) {
+      const bool chiede = *caso.domanda != '\0';
+      const auto n = Nuova("C", "0001", "100", 5);
+      Imposta(n, caso.com);
+      const std::string prima = Tutto();
+      ASSERT_TRUE(archivio.Apri(n));
+      archivio.Record().Scrivi(caso.campo, caso.digitato);
+      if (chiede) dialoghi.Rispondera(caso.domanda, risposta);
+      std::string campo;
+      const bool scritta = archivio.Conferma(&campo);
+      EXPECT_EQ(scritta, !chiede || risposta == Risposta::Si);
+      EXPECT_EQ(Tutto() != prima, scritta);
+      EXPECT_EQ(campo, scritta ? "" : caso.campo);
+      EXPECT_EQ(Messaggi(), caso.detti);
+      archivio.Abbandona();
+    }
   }
 }
 

@@ -101,7 +101,7 @@ TEST_F(CreaScadenzeTest, RatesBecomeRows) {
                 {"Articolo", 5},
                 {"Riva", "01"},
                 {"NProt", 7},
-                {"NFat", 123},
+                {"NFat", "123/A"},
                 {"DtFat", G(15, 3, 2024)},
                 {"Programma", "fatture"},
                 {"ImportoPagato", 0},
@@ -155,17 +155,39 @@ TEST_F(CreaScadenzeTest, InLireAmountsStayEmpty) {
   EXPECT_THAT(avvisi, ElementsAre("lo scadenzario non funziona in lire"));
 }
 
-TEST_F(CreaScadenzeTest, NumberOfTheInvoiceIsItsLeadingDigits) {
-  const std::pair<const char*, int> casi[] = {
-      {"12", 12}, {" 0012/B", 12}, {"A12", 0}, {"", 0}, {"-5", 0}, {"99999999999999999999", 0}};
-  for (const auto& [testo, atteso] : casi) {
+TEST_F(CreaScadenzeTest, NumberOfTheInvoiceIsKeptWhole) {
+  const std::pair<const char*, const char*> casi[] = {
+      {"12", "12"},
+      {" 2024/123 ", "2024/123"},
+      {"S/88", "S/88"},
+      {"", ""},
+      {"99999999999999999999", "99999999999999999999"}};
+  for (const auto& [numero, tenuto] : casi) {
+    Scadenzario().Esegui("delete * from Scadenze");
     duedates::RichiestaScadenze richiesta = Richiesta("IVA", "1");
-    richiesta.numFat = testo;
-    Crea(richiesta);
-    EXPECT_EQ(Scadenzario().Singolo("SELECT NFat FROM Scadenze ORDER BY Numero DESC"),
-              Valore(atteso))
-        << testo;
+    richiesta.numFat = numero;
+    ASSERT_TRUE(Crea(richiesta));
+    EXPECT_EQ(Scadenzario().Singolo("SELECT NFat FROM Scadenze").Testo(), tenuto);
   }
+}
+
+// A number given again after an erased registration: what that one left is another party's.
+TEST_F(CreaScadenzeTest, QuelleDiUnAltraParteNonSiToccano) {
+  ASSERT_TRUE(Crea(Richiesta("IVA", "1")));
+  Scadenzario().Esegui("update Scadenze set Stato='30', Conto='0002'");
+  ASSERT_TRUE(Crea(Richiesta("IVA", "2")));
+  const auto elimina = [this](const char* conto) {
+    Transazione transazione(ambiente.Basi());
+    const bool fatto = duedates::EliminaScadenzeFattura(ambiente, 2024, 5, log, {"C", conto});
+    transazione.Conferma();
+    return fatto;
+  };
+  EXPECT_TRUE(elimina("0001"));
+  EXPECT_EQ(Scadenzario().Singolo("SELECT Conto FROM Scadenze").Testo(), "0002");
+  EXPECT_FALSE(elimina("0002"));
+  // One that a person gave to another party is the registration's still.
+  Scadenzario().Esegui("update Scadenze set Modificata=True");
+  EXPECT_FALSE(elimina("0001"));
 }
 
 TEST_F(CreaScadenzeTest, DueDatesOfARegistrationAreDeletedUntilOneMoves) {

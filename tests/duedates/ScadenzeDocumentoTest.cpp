@@ -74,8 +74,33 @@ TEST_F(ScadenzeDocumentoTest, SoloLeSueScadenze) {
   EXPECT_EQ(documento.Articolo(), 12);
   EXPECT_EQ(documento.Scadenze().size(), 2U);
   const auto nuova = documento.Nuova();
-  EXPECT_THAT(nuova, ::testing::Contains(Coppia("NFat", 5)));
+  EXPECT_THAT(nuova, ::testing::Contains(Coppia("NFat", "5/A")));
   EXPECT_THAT(nuova, ::testing::Contains(Coppia("Articolo", 12)));
+}
+
+// The registration was erased, and its number given to another party's.
+TEST_F(ScadenzeDocumentoTest, NumeroRiusatoDaUnAltraParte) {
+  const auto vecchia = Rata("100");
+  Scadenzario().Esegui("update Scadenze set Conto='0002', Stato='30'");
+  const auto sua = Rata("50");
+  Fattura();
+  ASSERT_TRUE(documento.Apri(2024, 12));
+  ASSERT_EQ(documento.Scadenze().size(), 1U);
+  EXPECT_EQ(documento.Scadenze()[0].numero, sua);
+  std::vector<std::int64_t> mostrate;
+  duedates::CercaScadenze(ambiente, documento.Ricerca(), [&](const duedates::RigaScadenza& riga) {
+    mostrate.push_back(riga.numero);
+    return true;
+  });
+  EXPECT_EQ(mostrate, std::vector{sua});
+  // A payment of several parties has them in its rows.
+  Tessarc().Esegui("update Articoli set CFP='', Conto='DIVERSI'");
+  for (const char* conto : {"0001", "0002"}) {
+    Metti(Tessarc(), "Movimenti", "Anno", 2024, "NumDoc", 12, "CFP", "C", "Conto", conto);
+  }
+  ASSERT_TRUE(documento.Apri(2024, 12));
+  EXPECT_EQ(documento.Scadenze().size(), 2U);
+  EXPECT_EQ(documento.Scadenze()[0].numero, vecchia);
 }
 
 TEST_F(ScadenzeDocumentoTest, Deduzione) {

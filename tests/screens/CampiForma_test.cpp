@@ -133,5 +133,25 @@ TEST_F(CampiFormaTest, TheStateShowsEnablesAndRenames) {
   EXPECT_FALSE(campi->Controllo("Numero").isEnabled());
 }
 
+// What came in from outside is seen, kept as it is while nobody types, and not let in by a field.
+TEST_F(CampiFormaTest, CaratteriDiControllo) {
+  CampoTesto campo(QStringLiteral("Nome"));
+  campo.Mostra(Valore("Bar\x07Sport"));
+  EXPECT_EQ(campo.text(), QStringLiteral("Bar␇Sport"));
+  EXPECT_EQ(campo.Letto().Valore().Testo(), "Bar\x07Sport");
+  campo.setText(QStringLiteral("Bar Sport"));
+  EXPECT_EQ(campo.Letto().Valore().Testo(), "Bar Sport");
+  campo.setText(QStringLiteral("Bar\u001BSport"));
+  ASSERT_FALSE(campo.Letto());
+  EXPECT_EQ(campo.Letto().Errore().messaggio,
+            "il testo contiene il carattere di controllo U+001B: toglierlo");
+  CampoNote note(QStringLiteral("Note"));
+  note.Mostra(Valore("prima\r\nseconda\x02"));
+  EXPECT_EQ(note.toPlainText(), QStringLiteral("prima\nseconda␂"));
+  EXPECT_EQ(note.Letto().Valore().Testo(), "prima\r\nseconda\x02");
+  note.setPlainText(QStringLiteral("uno\ndue"));
+  EXPECT_EQ(note.Letto().Valore().Testo(), "uno\ndue");
+}
+
 }  // namespace
 }  // namespace fenalto::screens

@@ -163,8 +163,8 @@ TEST_F(ArticoloFatturaTest, QuelCheSegue) {
             "Create Scadenze: \n30/04/2024 31/05/2024 ");
   EXPECT_THAT(RigheDi(2)[0], HasSubstr("C:0001 0/1020 P:100.010"));
   EXPECT_THAT(RigheDi(3)[0], HasSubstr("C:0001 0/200 P:180.010 t0  0+0+0 «ritenuta»"));
-  EXPECT_THAT(Scadenze(), ElementsAre("1 30/04/2024 510 C:0001 fatture 00 1/7 7",
-                                      "1 31/05/2024 510 C:0001 fatture 00 1/7 7"));
+  EXPECT_THAT(Scadenze(), ElementsAre("1 30/04/2024 510 C:0001 fatture 00 1/7 7/A",
+                                      "1 31/05/2024 510 C:0001 fatture 00 1/7 7/A"));
   EXPECT_EQ(Conti(), "3 7 2");
   // Written anew: no second payment nor giro; due dates only of a document with a type.
   r.nuovo = false;
@@ -174,7 +174,7 @@ TEST_F(ArticoloFatturaTest, QuelCheSegue) {
   EXPECT_THAT(log.testo, HasSubstr("elim.contabilizzazione fattura art.1\nelim. scadenze "
                                    "30/04/2024 31/05/2024 \nEffettuata contabilizzazione fattura: "
                                    "art.1 prot.7\nCreate Scadenze: "));
-  EXPECT_EQ(Scadenze()[0], "1 30/04/2024 1120 C:0001 fatture 00 1/7 7");
+  EXPECT_EQ(Scadenze()[0], "1 30/04/2024 1120 C:0001 fatture 00 1/7 7/A");
   EXPECT_EQ(Conti(), "3 7 2");
   r.tipoDoc.clear();
   ASSERT_TRUE(Crea(r));

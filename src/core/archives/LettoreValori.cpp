@@ -164,13 +164,13 @@ Esito<bool> LeggiFlagDiFile(std::string_view testo) {
 }
 
 Esito<std::string> LeggiTestoDiFile(std::string_view testo, std::size_t massimo, bool piuLinee) {
+  if (std::string difetto = DifettoTesto(testo); !difetto.empty()) {
+    return Errore{std::move(difetto)};
+  }
   std::string letto;
   for (const char c : Rifila(testo)) {
     if (c == '\r') continue;
     const bool spazio = c == '\t' || (c == '\n' && !piuLinee);
-    if (!spazio && c != '\n' && static_cast<unsigned char>(c) < ' ') {
-      return Errore{"contiene un carattere che non si può scrivere"};
-    }
     letto += spazio ? ' ' : c;
   }
   if (const std::size_t lungo = LunghezzaTesto(letto); lungo > massimo) {

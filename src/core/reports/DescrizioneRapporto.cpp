@@ -32,7 +32,7 @@ std::string Colonne::Titoli() const {
     const std::size_t largo = LunghezzaTesto(pezzo.segnaposto);
     const std::string spazi = Spazi(largo - std::min(largo, LunghezzaTesto(c.titolo)));
     riga.append(pezzo.prima);
-    riga += pezzo.Testo() ? c.titolo + spazi : spazi + c.titolo;
+    riga += pezzo.Testo() && !c.codice ? c.titolo + spazi : spazi + c.titolo;
     riga.append(pezzo.dopo);
   }
   return riga;

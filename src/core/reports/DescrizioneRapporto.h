@@ -33,7 +33,8 @@ struct Colonna {
   ColonnaFoglio foglio = {};     ///< without a title the sheet lacks the column
   bool sommata = false;          ///< has sums in totals
   bool mostrata = true;          ///< on paper; what the user leaves out is still in the sheet
-  /// A number that is a name (of an invoice): on the model a text, which is cut and not starred.
+  /// A number that is a name (of an invoice): a text, which is cut and not starred, and stands to
+  /// the right as numbers do.
   bool codice = false;
 };
 

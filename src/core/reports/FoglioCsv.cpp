@@ -5,6 +5,7 @@
 #include "core/reports/TestoStampato.h"
 #include "core/session/FileTesto.h"
 #include "core/values/FormatoImporto.h"
+#include "core/values/Testo.h"
 
 namespace fenalto::reports {
 
@@ -24,7 +25,7 @@ std::string Innocuo(std::string testo) {
 std::string Cella(const Valore& valore, int decimali) {
   if (valore.Tipo() == Tipo::Importo) return ScriviImporto(valore.Importo(), decimali, false);
   std::string testo = TestoStampato(valore);
-  return valore.Tipo() == Tipo::Testo ? Innocuo(std::move(testo)) : testo;
+  return valore.Tipo() == Tipo::Testo ? Innocuo(Visibile(testo)) : testo;
 }
 
 void AccodaCella(std::string& riga, const std::string& testo) {

@@ -54,7 +54,7 @@ std::string Colonne::Modello(const std::string& campoScritta) const {
     // A narrow gap keeps a column from the next.
     const std::string posto = Posto(kSinistra + da, inCentesimi(caratteri) - da - 100);
     const PezzoSagoma pezzo(c.sagoma);
-    std::string attributi = pezzo.Testo() ? "" : " destra";
+    std::string attributi = pezzo.Testo() && !c.codice ? "" : " destra";
     titoli.append("testo \"").append(c.titolo).append("\" y 36.2 grassetto");
     titoli.append(posto).append(attributi).append("\n");
     if (!pezzo.Testo() && !c.codice) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/reports/PezzoSagoma.h"
 #include "core/reports/Seguito.h"
 #include "core/reports/TestoStampato.h"
 #include "core/values/FormatoImporto.h"
@@ -16,6 +17,16 @@ namespace {
 constexpr int kPasso = 17;
 /// Left edge of the graphic form, in millimetres.
 constexpr double kX = 10;
+
+/// A number that is a name; in a line it stands to the right of its place.
+std::string Codice(const Valore& valore, const Colonna& colonna, bool grafico) {
+  std::string testo = TestoStampato(valore);
+  const PezzoSagoma pezzo(colonna.sagoma);
+  if (grafico || !pezzo.Testo()) return testo;
+  const std::size_t largo = LunghezzaTesto(pezzo.segnaposto);
+  const std::size_t lungo = LunghezzaTesto(testo);
+  return std::string(largo - std::min(largo, lungo), ' ') + testo;
+}
 
 }  // namespace
 
@@ -174,8 +185,9 @@ std::vector<Valore> Rapporto::Celle(const std::vector<Valore>& celle) const {
     const Colonna& colonna = colonne_->Tutte()[i];
     if (!colonna.mostrata) continue;
     valori.push_back(celle[i]);
-    if (!Grafico() || celle[i].Nullo()) continue;
-    if (colonna.codice) valori.back() = TestoStampato(celle[i]);
+    if (celle[i].Nullo()) continue;
+    if (colonna.codice) valori.back() = Codice(celle[i], colonna, Grafico());
+    if (!Grafico()) continue;
     if (colonna.sagoma.find("ç") != std::string::npos) valori.back() = PerModello(celle[i]);
   }
   return valori;

@@ -10,17 +10,13 @@ namespace fenalto::reports {
 
 namespace {
 
-constexpr char32_t kSostituto = 0xFFFD;
-
 bool AsciiStampabile(char c) {
   return c >= ' ' && c <= '~';
 }
 
-/// Control characters, and the separators of lines and paragraphs that move the carriage too.
-bool Controllo(char32_t c) {
-  constexpr char32_t kFineAscii = 0x7F;
-  constexpr char32_t kFineC1 = 0x9F;
-  return c < U' ' || (c >= kFineAscii && c <= kFineC1) || c == 0x2028 || c == 0x2029;
+/// A line holds no tab and no end of another.
+bool Spazio(char32_t c) {
+  return (c >= U'\t' && c <= U'\r') || c == 0x2028 || c == 0x2029;
 }
 
 }  // namespace
@@ -59,13 +55,8 @@ std::size_t AccodaPulito(std::string& riga, std::string_view testo, std::size_t 
       continue;
     }
     const lettere::Unita unita = lettere::Leggi(testo);
-    if (!unita.valida) {
-      lettere::Accoda(riga, kSostituto, true);
-    } else if (Controllo(unita.carattere)) {
-      riga += ' ';
-    } else {
-      riga.append(testo.substr(0, unita.byte));
-    }
+    const bool spazio = unita.valida && Spazio(unita.carattere);
+    lettere::Accoda(riga, spazio ? U' ' : lettere::Mostrabile(unita), true);
     testo.remove_prefix(unita.byte);
     ++quanti;
   }

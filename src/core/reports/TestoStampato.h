@@ -15,8 +15,8 @@ namespace fenalto::reports {
 /// date as nothing.
 std::string TestoStampato(const Valore& valore);
 
-/// Appends at most `massimo` characters, control characters as blanks and bytes that are no
-/// character as U+FFFD; gives how many characters were appended.
+/// Appends at most `massimo` characters as they are shown (lettere::Mostrabile), tabs and line ends
+/// as blanks; gives how many were appended.
 std::size_t AccodaPulito(std::string& riga, std::string_view testo,
                          std::size_t massimo = std::string_view::npos);
 

@@ -94,6 +94,7 @@ struct ColonnaFonte {
   std::string tabella;  ///< where it comes from as it stands; empty for an expression
   std::string colonna;
   bool nascosta = false;
+  bool cifre = false;  ///< ColonnaCatalogo::cifre
 };
 
 /// One table, view or subquery of a FROM.

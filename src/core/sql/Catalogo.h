@@ -18,6 +18,9 @@ struct ColonnaCatalogo {
   bool contatore = false;
   /// A column of the store's own (a mirror kept by triggers): not part of `*`, not writable.
   bool nascosta = false;
+  /// A text that usually holds a number, as that of an invoice: beside a number it is compared by
+  /// its digits, 0 stands for the empty one, and it is sorted as numbers are.
+  bool cifre = false;
 };
 
 /// Columns of another table kept beside each row of this one by triggers: the binder drops a join

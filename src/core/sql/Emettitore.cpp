@@ -1,5 +1,7 @@
 #include "core/sql/Emettitore.h"
 
+#include "core/sql/Tipi.h"
+
 namespace fenalto::sql {
 
 namespace {
@@ -134,7 +136,21 @@ void Emettitore::EmettiTermine(const Espr& e) {
 
 void Emettitore::EmettiOrdine(const Query& query) {
   std::string_view prima = " ORDER BY ";
+  const Selezione& s = *query.rami.front();
+  const bool sola = query.rami.size() == 1 && !s.distinta;
   for (const VoceOrdine& voce : query.ordine) {
+    const Espr& e =
+        voce.colonna >= 0 ? *s.voci[static_cast<std::size_t>(voce.colonna)].espr : *voce.espr;
+    if (sola && ECifre(e)) {
+      // 9 before 10, and then 10/A.
+      Scrivi(prima);
+      Scrivi(Descrizione(Fn::Val).nome);
+      Scrivi("(");
+      EmettiEspr(e);
+      Scrivi(")");
+      Scrivi(dialetto_.Verso(voce.discendente));
+      prima = ", ";
+    }
     Scrivi(prima);
     if (voce.colonna >= 0) {
       Scrivi(std::to_string(voce.colonna + 1));

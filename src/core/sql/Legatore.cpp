@@ -167,7 +167,7 @@ void Legatore::ApriTabella(const TabellaCatalogo& tabella, Fonte& fonte) {
   fonte.tabella = &tabella;
   fonte.tabellaRiga = tabella.nome;
   for (const ColonnaCatalogo& c : tabella.colonne) {
-    fonte.colonne.push_back({c.nome, c.tipo, c.nome, tabella.nome, c.nome, c.nascosta});
+    fonte.colonne.push_back({c.nome, c.tipo, c.nome, tabella.nome, c.nome, c.nascosta, c.cifre});
   }
   AggiungiTabella(tabella.nome);
 }
@@ -293,6 +293,7 @@ void Legatore::ColonneDi(Query& query) {
       const ColonnaFonte& origine = voce.espr->fonte->colonne[voce.espr->colonna];
       colonna.tabella = origine.tabella;
       colonna.colonna = origine.colonna;
+      colonna.cifre = origine.cifre;
     }
     query.colonne.push_back(std::move(colonna));
   }

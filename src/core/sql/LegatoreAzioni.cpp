@@ -70,6 +70,7 @@ const ColonnaCatalogo& Legatore::ColonnaScrivibile(Albero::Assegnazione& a,
 }
 
 void Legatore::Assegna(EsprPtr& espr, const ColonnaCatalogo& colonna) {
+  if (colonna.cifre) DiventaCifre(*espr);
   Converti(espr, colonna.tipo);
   if (colonna.ammetteNull || colonna.contatore || espr->genere == GenereEspr::Letterale) return;
   EsprPtr vuoto = VuotoDi(colonna, espr->posizione);

@@ -172,6 +172,7 @@ void Legatore::LegaConfronti(EsprPtr& espr, const Ambito& ambito) {
   }
   std::vector<EsprPtr*> valori;
   for (EsprPtr& figlio : e.figli) valori.push_back(&figlio);
+  AccordaCifre(valori, e.genere == GenereEspr::In || e.operatore == '=' || e.operatore == 'n');
   Accorda(valori, e.posizione);
 }
 

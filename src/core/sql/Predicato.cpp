@@ -58,8 +58,13 @@ struct FontiRighe {
         fonte->nome = colonne[i].tabella;
         elenco.push_back(fonte);
       }
-      fonte->colonne.push_back(
-          {colonne[i].nome, colonne[i].tipo, {}, colonne[i].tabella, colonne[i].colonna, false});
+      fonte->colonne.push_back({colonne[i].nome,
+                                colonne[i].tipo,
+                                {},
+                                colonne[i].tabella,
+                                colonne[i].colonna,
+                                false,
+                                colonne[i].cifre});
       indici[fonte].push_back(i);
     }
   }

@@ -1,5 +1,6 @@
 #include "core/sql/Tipi.h"
 
+#include <algorithm>
 #include <array>
 
 namespace fenalto::sql {
@@ -296,6 +297,34 @@ void Accorda(std::span<EsprPtr* const> valori, std::size_t posizione) {
       AccordaLetterale(**v, tipo, posizione);
     } else {
       AccordaValore(*v, tipo);
+    }
+  }
+}
+
+bool ECifre(const Espr& e) {
+  if (e.genere == GenereEspr::Rinvio) return ECifre(*e.rinvio);
+  return e.genere == GenereEspr::Campo && e.fonte != nullptr && e.fonte->colonne[e.colonna].cifre;
+}
+
+void DiventaCifre(Espr& e) {
+  if (!ELetteraleDi(e, G::Numero)) return;
+  Lega(e, Legame::Cifre, Tipo::Testo);
+  e.puro = false;
+}
+
+void AccordaCifre(std::span<EsprPtr* const> valori, bool uguaglianza) {
+  const auto numero = [](const EsprPtr* v) { return ENumero((*v)->tipo); };
+  if (std::ranges::none_of(valori, numero) ||
+      std::ranges::none_of(valori, [](const EsprPtr* v) { return ECifre(**v); })) {
+    return;
+  }
+  const bool letterali = std::ranges::all_of(
+      valori, [&](const EsprPtr* v) { return !numero(v) || ELetteraleDi(**v, G::Numero); });
+  for (EsprPtr* v : valori) {
+    if (uguaglianza && letterali) {
+      DiventaCifre(**v);
+    } else if (ECifre(**v)) {
+      Avvolgi(*v, Fn::Val, Tipo::Reale);
     }
   }
 }

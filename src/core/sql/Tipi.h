@@ -28,6 +28,16 @@ void Converti(EsprPtr& espr, Tipo tipo);
 /// serve; refuses what doesn't compare.
 void Accorda(std::span<EsprPtr* const> valori, std::size_t posizione);
 
+/// A column of digits (ColonnaCatalogo::cifre).
+bool ECifre(const Espr& espr);
+
+/// Lets columns of digits meet the numbers they are compared with: a number that is asked for by
+/// equality becomes its text, anything else is compared by the columns' digits.
+void AccordaCifre(std::span<EsprPtr* const> valori, bool uguaglianza);
+
+/// Makes a number literal the text that a column of digits holds; anything else stays.
+void DiventaCifre(Espr& espr);
+
 /// Type that can hold both (branches of IIf, columns of UNION).
 Tipo Unifica(Tipo a, Tipo b, std::size_t posizione);
 

@@ -44,7 +44,7 @@ Istruzione TraduciTesto(std::string_view testo, const Catalogo& catalogo,
   istruzione.tabelle = legatore.Tabelle();
   if (albero.genere == Istruzione::Genere::Selezione) {
     for (const ColonnaFonte& c : albero.query->colonne) {
-      istruzione.colonne.push_back({c.nome, c.tipo, c.tabella, c.colonna});
+      istruzione.colonne.push_back({c.nome, c.tipo, c.tabella, c.colonna, c.cifre});
     }
     SegnaRiga(*albero.query, istruzione);
   }
@@ -138,6 +138,10 @@ Esito<Valore, ErroreSql> ValoreLegato(const Letterale& letterale, Legame legame)
     case Legame::Testo:
     case Legame::ModelloLike:
       return Valore(letterale.testo);
+    case Legame::Cifre: {
+      const bool zero = letterale.testo.find_first_not_of("0.") == std::string::npos;
+      return Valore(zero ? std::string() : letterale.testo);
+    }
     case Legame::InizioLike:
       return Valore(PrefissoDi(letterale.testo));
     case Legame::FineLike:

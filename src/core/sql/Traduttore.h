@@ -55,7 +55,8 @@ enum class Legame {
   Booleano,  ///< 0 or 1
   Nullo,
   InizioLike,  ///< what every text like the pattern begins with: the low end of a range
-  FineLike     ///< after every text that begins so
+  FineLike,    ///< after every text that begins so
+  Cifre        ///< a number as a column of digits holds it: its text, nothing for 0
 };
 
 struct ParametroSql {
@@ -68,6 +69,7 @@ struct ColonnaUscita {
   Tipo tipo = Tipo::Testo;
   std::string tabella;  ///< table the column comes from as it stands; empty for an expression
   std::string colonna;  ///< its name there
+  bool cifre = false;   ///< ColonnaCatalogo::cifre
 };
 
 /// A translated statement, ready to be prepared and cached under its Forma.

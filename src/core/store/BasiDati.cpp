@@ -95,6 +95,7 @@ Esito<std::unique_ptr<BasiDati>> BasiDati::Apri(const PercorsiArchivi& percorsi,
       AggiornaSchema(motore, percorsi, passi.Valore(), opzioni);
       nucleo->Apri();
     }
+    nucleo->Connessione().TogliResti();
     // Made now, so that a folder that refuses the lock file is told at opening.
     static_cast<void>(nucleo->Blocchi());
     const fs::path cartellaViste = opzioni.cartellaSchema / "viste";

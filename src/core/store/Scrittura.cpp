@@ -21,6 +21,8 @@ std::size_t ColonnaScrivibile(const TabellaArchivio& tabella, std::string_view n
 Valore PerColonna(const TabellaArchivio& tabella, std::size_t colonna, const Valore& valore) {
   const sql::ColonnaCatalogo& dati = tabella.vista.colonne[colonna];
   if (valore.Nullo()) return dati.ammetteNull ? Valore() : Valore::Vuoto(dati.tipo);
+  const bool zero = valore.Tipo() == Tipo::Intero && valore.Intero() == 0;
+  if (dati.cifre && zero) return Valore::Vuoto(dati.tipo);
   try {
     return valore.Come(dati.tipo);
   } catch (const std::logic_error&) {    // domain_error, out_of_range

@@ -112,6 +112,21 @@ Unita Leggi(std::string_view testo) noexcept {
   return {c, byte, true};
 }
 
+char32_t Mostrabile(const Unita& unita) noexcept {
+  constexpr char32_t kSostituto = 0xFFFD;
+  constexpr char32_t kImmagini = 0x2400;
+  constexpr char32_t kCanc = 0x7F;
+  constexpr char32_t kImmagineCanc = 0x2421;
+  constexpr char32_t kFineC1 = 0x9F;
+  const char32_t c = unita.carattere;
+  if (!unita.valida) return kSostituto;
+  if (c < U' ') return kImmagini + c;
+  if (c == kCanc) return kImmagineCanc;
+  // The separators of lines and paragraphs move the carriage too.
+  const bool muto = (c > kCanc && c <= kFineC1) || c == 0x2028 || c == 0x2029;
+  return muto ? kSostituto : c;
+}
+
 std::size_t Codifica(char32_t c, std::array<unsigned char, 4>& byte) noexcept {
   const auto coda = [c](unsigned bit) {
     return static_cast<unsigned char>(0x80U | ((c >> bit) & 0x3FU));

@@ -30,6 +30,10 @@ struct Unita {
 /// overlong forms, no surrogates, nothing above U+10FFFF.
 Unita Leggi(std::string_view testo) noexcept;
 
+/// What is shown of a character: a control character as its picture (U+2400 and after), one that
+/// has none, and a byte that is part of no character, as U+FFFD; any other as it is.
+char32_t Mostrabile(const Unita& unita) noexcept;
+
 /// Writes a code point as UTF-8 and gives how many bytes it takes.
 std::size_t Codifica(char32_t carattere, std::array<unsigned char, 4>& byte) noexcept;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 
 #include "core/values/Lettere.h"
@@ -251,6 +252,63 @@ bool Utf8Valido(std::string_view testo) noexcept {
     testo.remove_prefix(unita.byte);
   }
   return true;
+}
+
+namespace {
+
+/// Where the first character stands that is shown otherwise than it is; npos when none.
+std::size_t Difetto(std::string_view testo) noexcept {
+  for (std::string_view resto = testo; !resto.empty();) {
+    const char c = resto.front();
+    const bool piana = (c >= ' ' && c <= '~') || c == '\t' || c == '\n' || c == '\r';
+    const Unita unita = piana ? Unita{Byte(c), 1, true} : Leggi(resto);
+    if (!piana && (!unita.valida || lettere::Mostrabile(unita) != unita.carattere)) {
+      return testo.size() - resto.size();
+    }
+    resto.remove_prefix(unita.byte);
+  }
+  return std::string_view::npos;
+}
+
+/// The digits that a text begins with, without zeros in front.
+std::string_view PrimeCifre(std::string_view testo) noexcept {
+  testo.remove_prefix(std::min(testo.find_first_not_of('0'), testo.size()));
+  return testo.substr(0, testo.find_first_not_of("0123456789"));
+}
+
+}  // namespace
+
+std::string Visibile(std::string_view testo) {
+  std::string fuori;
+  for (std::size_t i = Difetto(testo); i != std::string_view::npos; i = Difetto(testo)) {
+    fuori += testo.substr(0, i);
+    testo.remove_prefix(i);
+    const Unita unita = Leggi(testo);
+    Accoda(fuori, lettere::Mostrabile(unita), true);
+    testo.remove_prefix(unita.byte);
+  }
+  return fuori += testo;
+}
+
+std::string DifettoTesto(std::string_view testo) {
+  const std::size_t i = Difetto(testo);
+  if (i == std::string_view::npos) return {};
+  const Unita unita = Leggi(testo.substr(i));
+  std::array<char, 32> codice{};
+  std::snprintf(codice.data(), codice.size(), unita.valida ? "U+%04X" : "%02X",
+                static_cast<unsigned>(unita.carattere));
+  return "il testo contiene " +
+         (unita.valida ? "il carattere di controllo " + std::string(codice.data())
+                       : "il byte " + std::string(codice.data()) + ", che non è un carattere") +
+         ": toglierlo";
+}
+
+int ConfrontaNumeri(std::string_view a, std::string_view b) {
+  const std::string_view x = PrimeCifre(a);
+  const std::string_view y = PrimeCifre(b);
+  if (x.size() != y.size()) return x.size() < y.size() ? -1 : 1;
+  const int cifre = x.compare(y);
+  return cifre != 0 ? cifre : ConfrontaTesto(a, b);
 }
 
 std::string DaLatin1(std::string_view testo) {

@@ -38,6 +38,16 @@ std::size_t LunghezzaTesto(std::string_view testo) noexcept;
 std::string Mid(std::string_view testo, std::size_t inizio, std::size_t lunghezza);
 /// Whether the bytes are well-formed UTF-8.
 bool Utf8Valido(std::string_view testo) noexcept;
+/// The text as it is shown: control characters and bytes that are none by their marks
+/// (lettere::Mostrabile), so that they are seen and spoil neither a line nor a page. Tabs and line
+/// ends stay.
+std::string Visibile(std::string_view testo);
+/// Why a text can't be written among the data: the first control character in it (tabs and line
+/// ends aside) or byte that is no character, by its code; empty when it can.
+std::string DifettoTesto(std::string_view testo);
+/// Order of numbers that are written as texts: by the digits they begin with, however many, then as
+/// texts: "9", "10", "10/A".
+int ConfrontaNumeri(std::string_view a, std::string_view b);
 /// Windows-1252 to UTF-8: for files written by other programs.
 std::string DaLatin1(std::string_view testo);
 

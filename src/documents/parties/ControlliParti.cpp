@@ -7,6 +7,8 @@
 #include "core/session/AvvisoIdFiscale.h"
 #include "core/sql/Criterio.h"
 #include "core/values/ControlloCodiceFiscale.h"
+#include "core/values/ControlloPartitaIva.h"
+#include "core/values/IdFiscale.h"
 #include "core/values/Testo.h"
 #include "documents/parties/CodiceParte.h"
 #include "documents/parties/PartiInterno.h"
@@ -63,9 +65,24 @@ bool AmmettePiva(archives::ContestoArchivio& contesto, const Parte& parte) {
   return true;
 }
 
+/// A number as it is copied from a letter or a site, "123 456 789 03" or "12.345.678.903", without
+/// what parts its digits. Anything else stays as it was typed: another state's number may need it.
+std::string SenzaSeparatori(const std::string& numero) {
+  std::string stretto;
+  for (std::string_view resto = numero; !resto.empty(); resto.remove_prefix(1)) {
+    resto = Rifila(resto);
+    if (!resto.empty() && resto.front() != '.') stretto += resto.front();
+    if (resto.empty()) break;
+  }
+  const bool cifre = stretto.size() == kCifrePartitaIva &&
+                     stretto.find_first_not_of("0123456789") == std::string::npos;
+  return cifre || IdFiscaleValido(stretto) ? stretto : numero;
+}
+
 void PivaLasciata(archives::ContestoArchivio& contesto, const Parte& parte) {
-  const std::string piva = contesto.scheda.Testo("piva");
+  const std::string piva = SenzaSeparatori(contesto.scheda.Testo("piva"));
   if (Rifila(piva).empty()) return;
+  contesto.scheda.Scrivi("piva", piva);
   ControlloPartitaIva(contesto.ambiente.Dialogo(), piva, true);
   // Stored with blanks behind, it would be no other's number.
   contesto.scheda.Scrivi("piva", Rifilato(contesto.scheda, "piva"));

@@ -179,8 +179,8 @@ std::vector<std::pair<std::string, std::string>> InterrogazioneParte::Scadenza(
       {"descrizione", s.descrizione},
       {"pagamento", ConDescrizione(ambiente_, "Pagamento", s.pagamento)}};
   if (s.anticipo) righe.emplace_back("acconto", "si");
-  if (s.nFat != 0) {
-    righe.emplace_back("fattura", Uniti({std::to_string(s.nFat), s.dtFat.Testo()}, " del "));
+  if (!s.nFat.empty()) {
+    righe.emplace_back("fattura", Uniti({s.nFat, s.dtFat.Testo()}, " del "));
   }
   if (s.articolo != 0) {
     righe.emplace_back("registrazione",

@@ -70,8 +70,8 @@ FogliaParte FogliaScadenza(const Rs& riga) {
   foglia.rinvio = AlNumero("Scadenze", s.numero);
   foglia.importo = s.Residuo();
   foglia.testo = s.dt.Nulla() ? "senza data" : s.dt.Testo();
-  if (s.nFat != 0) foglia.testo += "  ft. " + std::to_string(s.nFat);
-  if (s.nFat != 0 && !s.dtFat.Nulla()) foglia.testo += " del " + s.dtFat.Testo();
+  if (!s.nFat.empty()) foglia.testo += "  ft. " + s.nFat;
+  if (!s.nFat.empty() && !s.dtFat.Nulla()) foglia.testo += " del " + s.dtFat.Testo();
   if (s.anticipo) foglia.testo += "  ACCONTO";
   if (!s.descrizione.empty()) foglia.testo += "  " + s.descrizione;
   foglia.segno = {s.dt, s.numero};

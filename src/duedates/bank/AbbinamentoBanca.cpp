@@ -52,6 +52,11 @@ std::vector<std::string> Parole(std::string_view testo) {
   return parole;
 }
 
+/// Whether the words stand in the line one after the other, as those of "2024/123" do.
+bool DiSeguito(const std::vector<std::string>& linea, const std::vector<std::string>& parole) {
+  return !parole.empty() && !std::ranges::search(linea, parole).empty();
+}
+
 std::vector<std::string> ParoleDelNome(std::string_view nome) {
   std::vector<std::string> parole;
   for (std::string& parola : Parole(nome)) {
@@ -204,11 +209,10 @@ bool AbbinamentoBanca::Scegli(const Parte& parte, Importo importo, const Nominat
 
 std::optional<PropostaBanca> AbbinamentoBanca::Confronta(const Parte& parte,
                                                          const LineaEstratto& linea,
+                                                         const std::vector<std::string>& elenco,
                                                          const std::set<std::string>& parole) {
   PropostaBanca proposta{parte.cfp, parte.conto, parte.nome, {}, {}, "", 0};
-  const Nominata nominata = [&](const Scadenza& s) {
-    return s.nFat != 0 && parole.contains(std::to_string(s.nFat));
-  };
+  const Nominata nominata = [&](const Scadenza& s) { return DiSeguito(elenco, Parole(s.nFat)); };
   if (!Scegli(parte, linea.importo.Assoluto(), nominata, proposta)) return std::nullopt;
   const auto nelTesto = [&](const std::string& parola) { return parole.contains(parola); };
   const auto presenti = std::count_if(parte.parole.begin(), parte.parole.end(), nelTesto);
@@ -217,7 +221,7 @@ std::optional<PropostaBanca> AbbinamentoBanca::Confronta(const Parte& parte,
   }
   const auto fattura = std::find_if(proposta.scadenze.begin(), proposta.scadenze.end(), nominata);
   if (fattura != proposta.scadenze.end()) {
-    Motiva(proposta, kPuntiFattura, "fattura " + std::to_string(fattura->nFat));
+    Motiva(proposta, kPuntiFattura, "fattura " + fattura->nFat);
   }
   if (proposta.punti < kPuntiMinimi) return std::nullopt;
   return proposta;
@@ -229,7 +233,7 @@ std::vector<PropostaBanca> AbbinamentoBanca::Proponi(const LineaEstratto& linea)
   const std::set<std::string> parole(elenco.begin(), elenco.end());
   std::vector<PropostaBanca> proposte;
   for (const std::size_t indice : Candidate(linea, cfp, parole)) {
-    auto proposta = Confronta(parti_[indice], linea, parole);
+    auto proposta = Confronta(parti_[indice], linea, elenco, parole);
     if (proposta) proposte.push_back(std::move(*proposta));
   }
   std::stable_sort(proposte.begin(), proposte.end(),

@@ -83,7 +83,9 @@ class AbbinamentoBanca {
   /// Finds the party's due dates that make the amount; false when none do.
   static bool Scegli(const Parte& parte, Importo importo, const Nominata& nominata,
                      PropostaBanca& proposta);
+  /// `elenco` holds the words of the line in their order, `parole` each once.
   static std::optional<PropostaBanca> Confronta(const Parte& parte, const LineaEstratto& linea,
+                                                const std::vector<std::string>& elenco,
                                                 const std::set<std::string>& parole);
   [[nodiscard]] std::string Rifiuto(const LineaEstratto& linea, const Pagamento& pagamento) const;
   void Togli(const PropostaBanca& proposta);

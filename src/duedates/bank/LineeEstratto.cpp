@@ -55,7 +55,12 @@ class Lettore {
     if (!importo) return Errore{importo.Errore().messaggio};
     if (importo.Valore().Zero()) return Errore{"manca l'importo"};
     linea.importo = importo.Valore();
-    if (colonne_.descrizione) linea.descrizione = Riassunta(riga.campi.at(*colonne_.descrizione));
+    if (!colonne_.descrizione) return linea;
+    const std::string& descrizione = riga.campi.at(*colonne_.descrizione);
+    if (std::string difetto = DifettoTesto(descrizione); !difetto.empty()) {
+      return Errore{"descrizione: " + difetto};
+    }
+    linea.descrizione = Riassunta(descrizione);
     return linea;
   }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::duedates {
@@ -11,6 +12,14 @@ namespace {
 Rs Riga(Ambiente& ambiente, std::int64_t numero) {
   return ambiente.ArchivioDi("scadenzario")
       .Recordset("SELECT * FROM SCADENZE WHERE " + sql::Criterio("Numero", "=", numero));
+}
+
+/// Whether a row, or what was typed, read by `campo`, names the batch and the invoice of a receipt.
+template <typename Campo>
+bool StessaPresentazione(const RicevutaPresentata& p, const Campo& campo) {
+  return p.nDistinta == campo("Ndistinta").Intero() &&
+         UgualeTesto(p.banca, campo("BancaPresentaz").Testo()) &&
+         UgualeTesto(p.nFat, campo("NFat").Testo()) && p.dtFat == campo("DtFat").Data();
 }
 
 /// What an unpaid receipt keeps of the one that was presented.
@@ -25,6 +34,7 @@ InsolutoRiba::InsolutoRiba(Ambiente& ambiente)
 }
 
 void InsolutoRiba::Proponi() {
+  ripresa_ = 0;
   dati_.Scrivi("Dt", dati_.Leggi("DtReg"));
   // Paid by hand: a receipt that came back is presented again only when somebody says so.
   dati_.Scrivi("Tipo", "01");
@@ -64,7 +74,7 @@ std::vector<RicevutaPresentata> InsolutoRiba::Presentate(std::size_t massimo) {
                         " AND Ndistinta<>0 ORDER BY DtPres DESC, Numero DESC");
   for (; !r.Eof(); r.MoveNext()) {
     trovate.push_back({r.Fields("Numero").Intero(), r.Fields("Dt").Data(),
-                       r.Fields("ImportoE").Importo(), r.Fields("NFat").Intero(),
+                       r.Fields("ImportoE").Importo(), r.Fields("NFat").Testo(),
                        r.Fields("DtFat").Data(), r.Fields("BancaPresentaz").Testo(),
                        r.Fields("Ndistinta").Intero(), r.Fields("DtPres").Data(),
                        r.Fields("Descrizione").Testo()});
@@ -79,24 +89,57 @@ void InsolutoRiba::SegnaTornate(std::vector<RicevutaPresentata>& ricevute) {
                         " AND " + sql::Criterio("Conto", "=", Conto()) + " AND " +
                         sql::Criterio("Programma", "=", kProgrammaInsoluto) + " ORDER BY Numero");
   for (; !r.Eof(); r.MoveNext()) {
-    // Two receipts that are alike in all this came back one at a time.
-    const auto tornata = std::ranges::find_if(ricevute, [&r](const RicevutaPresentata& p) {
-      return p.insoluto == 0 && p.nDistinta == r.Fields("Ndistinta").Intero() &&
-             UgualeTesto(p.banca, r.Fields("BancaPresentaz").Testo()) &&
-             p.nFat == r.Fields("NFat").Intero() && p.dtFat == r.Fields("DtFat").Data() &&
-             p.importoE == r.Fields("ImportoE").Importo();
-    });
-    if (tornata != ricevute.end()) tornata->insoluto = r.Fields("Numero").Intero();
+    // Two receipts that are alike in all this came back one at a time. The amount may have the
+    // bank's charges on it: it only tells which of several.
+    const Importo importo = r.Fields("ImportoE").Importo();
+    const auto campo = [&r](const char* nome) { return r.Fields(nome); };
+    RicevutaPresentata* tornata = nullptr;
+    for (RicevutaPresentata& p : ricevute) {
+      if (p.insoluto != 0 || !StessaPresentazione(p, campo)) continue;
+      if (tornata == nullptr || p.importoE == importo) tornata = &p;
+      if (p.importoE == importo) break;
+    }
+    if (tornata != nullptr) tornata->insoluto = r.Fields("Numero").Intero();
   }
+}
+
+std::optional<RicevutaPresentata> InsolutoRiba::Ricevuta() {
+  constexpr std::size_t kTutte = 100'000;
+  const auto campo = [this](const char* nome) { return dati_.Leggi(nome); };
+  std::optional<RicevutaPresentata> trovata;
+  for (RicevutaPresentata& p : Presentate(kTutte)) {
+    const bool sua = ripresa_ != 0 ? p.numero == ripresa_ : StessaPresentazione(p, campo);
+    if (sua && (!trovata || trovata->insoluto != 0)) trovata = std::move(p);
+  }
+  return trovata;
+}
+
+bool InsolutoRiba::Rinuncia() {
+  if (Aperto() || dati_.Leggi("Ndistinta").Intero() == 0) return false;
+  const auto ricevuta = Ricevuta();
+  if (!ricevuta) return false;
+  const std::string nome = "la ricevuta n. " + std::to_string(ricevuta->numero) +
+                           " della distinta " + std::to_string(ricevuta->nDistinta);
+  if (ricevuta->insoluto != 0 &&
+      !ambiente_.Dialogo().Conferma(nome + " è già stata registrata insoluta, con la scadenza n. " +
+                                    std::to_string(ricevuta->insoluto) +
+                                    "\nla registro un'altra volta")) {
+    return true;
+  }
+  return SegniContrari(ImportoE(), ricevuta->importoE) &&
+         !ambiente_.Dialogo().Conferma("l'importo " + ScriviImporto(ImportoE(), kDecimaliScadenza) +
+                                       " ha il segno contrario a quello che aveva " + nome +
+                                       "\nproseguo ugualmente");
 }
 
 void InsolutoRiba::Riprendi(std::int64_t numero) {
   const Rs riga = Riga(ambiente_, numero);
   if (riga.Eof()) return;
+  ripresa_ = numero;
   for (const char* campo : kRipresi) dati_.Scrivi(campo, riga.Fields(campo));
   std::string testo = "Insoluto fatt. ";
-  if (const std::int64_t fattura = riga.Fields("NFat").Intero(); fattura != 0) {
-    testo += std::to_string(fattura);
+  if (const std::string fattura = riga.Fields("NFat").Testo(); !fattura.empty()) {
+    testo += fattura;
     const Data giorno = riga.Fields("DtFat").Data();
     if (!giorno.Nulla()) testo += " del " + giorno.Testo();
   }

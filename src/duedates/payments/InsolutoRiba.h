@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,7 @@ struct RicevutaPresentata {
   std::int64_t numero = 0;
   Data dt;
   Importo importoE;
-  std::int64_t nFat = 0;
+  std::string nFat;
   Data dtFat;
   std::string banca;
   std::int64_t nDistinta = 0;
@@ -52,10 +53,17 @@ class InsolutoRiba : public ScadenzaDigitata {
   void Completa(ScadenzaConRegistrazione& cosa) const override;
   [[nodiscard]] std::string Nome() const override { return "dell'insoluto"; }
   [[nodiscard]] std::string Riuscita() const override;
+  [[nodiscard]] bool Rinuncia() override;
 
  private:
+  /// The receipt that is being registered: the one taken from the list, or the one with the batch
+  /// and the invoice that were typed, which hasn't come back yet when there is one. Nothing
+  /// without.
+  [[nodiscard]] std::optional<RicevutaPresentata> Ricevuta();
   /// Finds the unpaid due dates that were written of receipts.
   void SegnaTornate(std::vector<RicevutaPresentata>& ricevute);
+
+  std::int64_t ripresa_ = 0;  ///< receipt taken from the list
 };
 
 }  // namespace fenalto::duedates

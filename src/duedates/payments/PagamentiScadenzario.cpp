@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 #include "duedates/payments/ScadenzaConRegistrazione.h"
 #include "ledger/registrations/ControlliData.h"
@@ -96,7 +97,7 @@ void PagamentiScadenzario::Abbandona() {
   righe_.Carica({});
 }
 
-RicercaScadenze PagamentiScadenzario::Ricerca(std::int64_t nFat, Data dtFat) const {
+RicercaScadenze PagamentiScadenzario::Ricerca(const std::string& nFat, Data dtFat) const {
   RicercaScadenze ricerca;
   ricerca.cfp = cfp_;
   ricerca.conto = conto_;
@@ -170,13 +171,16 @@ Pagamento PagamentiScadenzario::ComePagamento() const {
   return pagamento;
 }
 
-bool PagamentiScadenzario::Conferma() {
+bool PagamentiScadenzario::Conferma(std::string* campo) {
   if (righe_.InRiga() && !ConfermaRiga()) return false;
   const Pagamento pagamento = ComePagamento();
   if (const std::string rifiuto = RifiutoPagamento(ambiente_, pagamento); !rifiuto.empty()) {
     return Avviso(rifiuto);
   }
-  if (pagamento.dt.Nulla()) return Avviso("manca la data di registrazione");
+  if (pagamento.dt.Nulla()) {
+    if (campo != nullptr) *campo = "Dt";
+    return Avviso("manca la data di registrazione");
+  }
   if (ledger::ControlloAnno(ambiente_, pagamento.dt, true)) return false;
   if (pagamento.conRegistrazione) ledger::ControlloDataGiornale(ambiente_, pagamento.dt);
   const PagamentoScritto scritto = RegistraPagamento(ambiente_, pagamento);
@@ -202,14 +206,26 @@ void PagamentiScadenzario::ArrotondaDifferenza() {
   Riga().Scrivi("Saldata", true);
 }
 
+bool PagamentiScadenzario::Ammette(const RigaPagamento& riga) const {
+  std::string rifiuto = RifiutoRigaPagamento(riga);
+  if (rifiuto.empty()) rifiuto = RifiutoDecimaliRiga(ambiente_, riga);
+  if (!rifiuto.empty()) return Avviso(rifiuto);
+  if (!SegniContrari(riga.importoPagato, riga.vista.Residuo())) return true;
+  return ambiente_.Dialogo().Conferma(
+      "l'importo pagato " + ScriviImporto(riga.importoPagato, kDecimaliScadenza) +
+      " ha il segno contrario all'importo da saldare, " +
+      ScriviImporto(riga.vista.Residuo(), kDecimaliScadenza) + "\nproseguo ugualmente");
+}
+
 bool PagamentiScadenzario::ConfermaRiga() {
   if (!righe_.InRiga()) return false;
   RigaScelta digitata = righe_.Digitata();
   digitata.importo = righe_.Aperta()->importo;
   try {
-    const std::string rifiuto = RifiutoRigaPagamento(
-        {digitata.vista, digitata.importoPagato, digitata.arrotondamento, digitata.saldata});
-    if (!rifiuto.empty()) return Avviso(rifiuto);
+    if (!Ammette(
+            {digitata.vista, digitata.importoPagato, digitata.arrotondamento, digitata.saldata})) {
+      return false;
+    }
   } catch (const FuoriCampo& errore) {
     return Avviso(std::string("importo pagato: ") + errore.what() + ". Correggere l'importo");
   }

@@ -64,7 +64,7 @@ class PagamentiScadenzario {
   /// Starts a payment; false when something is missing (told).
   bool Nuovo();
   /// Open due dates of the class, and of the party when there is one.
-  [[nodiscard]] RicercaScadenze Ricerca(std::int64_t nFat, Data dtFat) const;
+  [[nodiscard]] RicercaScadenze Ricerca(const std::string& nFat, Data dtFat) const;
   /// Whether the due date has a row.
   [[nodiscard]] bool Scelta(std::int64_t numero) const;
   /// Adds a due date, to be settled as a whole; `veloce` leaves its row closed. The row that was
@@ -73,8 +73,9 @@ class PagamentiScadenzario {
   [[nodiscard]] const std::vector<RigaScelta>& Righe() const { return righe_.Tutte(); }
   [[nodiscard]] Importo TotPagato() const;
   [[nodiscard]] Importo TotArrotondamento() const;
-  /// Everything is checked and written, and told; false, and nothing is lost, when it isn't.
-  bool Conferma();
+  /// Everything is checked and written, and told; false, and nothing is lost, when it isn't:
+  /// `campo` names the field to go to, when it is one's fault.
+  bool Conferma(std::string* campo = nullptr);
   /// Of the last registration; 0 when only due dates were written.
   [[nodiscard]] std::int64_t NumeroConfermato() const { return numeroConfermato_; }
   /// Gives the payment up.
@@ -98,6 +99,7 @@ class PagamentiScadenzario {
   [[nodiscard]] std::string RifiutoNuovo() const;
   [[nodiscard]] std::string RifiutoScelta(std::int64_t numero) const;
   [[nodiscard]] Pagamento ComePagamento() const;
+  [[nodiscard]] bool Ammette(const RigaPagamento& riga) const;
   bool Avviso(const std::string& testo) const;
 
   Ambiente& ambiente_;

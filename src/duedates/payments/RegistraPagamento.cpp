@@ -91,8 +91,8 @@ std::string RifiutoContabile(Ambiente& ambiente, const Pagamento& pagamento) {
 std::string DescrizioneRiga(const Pagamento& pagamento, const Scadenza& scadenza) {
   const std::string& testo =
       pagamento.descrizioneParte.empty() ? pagamento.descrizione : pagamento.descrizioneParte;
-  if (scadenza.nFat == 0) return testo;
-  return testo + (testo.empty() ? "FT. " : " FT. ") + std::to_string(scadenza.nFat);
+  if (scadenza.nFat.empty()) return testo;
+  return testo + (testo.empty() ? "FT. " : " FT. ") + scadenza.nFat;
 }
 
 /// The registration of a payment. Parties stand on one side, counter-account and roundings on the
@@ -191,7 +191,8 @@ std::string Scrivi(Ambiente& ambiente, const Pagamento& pagamento,
 
 std::string RifiutoRighe(Ambiente& ambiente, const Pagamento& pagamento) {
   for (const RigaPagamento& riga : pagamento.righe) {
-    const std::string rifiuto = RifiutoRigaPagamento(riga);
+    std::string rifiuto = RifiutoRigaPagamento(riga);
+    if (rifiuto.empty()) rifiuto = RifiutoDecimaliRiga(ambiente, riga);
     if (!rifiuto.empty()) return NomeScadenza(ambiente, riga.vista) + ":\n" + rifiuto;
   }
   return {};
@@ -226,6 +227,12 @@ std::string RifiutoRigaPagamento(const RigaPagamento& riga) {
   }
   // It would be marked as paid in part, on a day on which nothing was paid.
   return riga.importoPagato.Zero() ? "l'importo pagato è zero: indicarlo o eliminare la riga" : "";
+}
+
+std::string RifiutoDecimaliRiga(const Ambiente& ambiente, const RigaPagamento& riga) {
+  if (!RifiutoDecimali(ambiente, riga.vista.Residuo()).empty()) return {};
+  std::string rifiuto = RifiutoDecimali(ambiente, riga.importoPagato);
+  return rifiuto.empty() ? RifiutoDecimali(ambiente, riga.arrotondamento) : rifiuto;
 }
 
 std::string RifiutoPagamento(Ambiente& ambiente, const Pagamento& pagamento) {

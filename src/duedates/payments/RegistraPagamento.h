@@ -48,6 +48,9 @@ struct Pagamento {
 /// Why a row can't be, by the rules of a settled due date and of one with a rest; empty when it
 /// can.
 std::string RifiutoRigaPagamento(const RigaPagamento& riga);
+/// Why its amounts can't be, by the cents of a year in euro and the whole lire of one in lire. What
+/// is left of a due date that has more itself may be settled as it is.
+std::string RifiutoDecimaliRiga(const Ambiente& ambiente, const RigaPagamento& riga);
 /// Why the payment can't be made; empty when it can: no rows, no counter-account, no account for
 /// roundings, a party without summary account. Asks nothing. With Origine::PagamentoSingolo the
 /// texts are those of the window of one party.

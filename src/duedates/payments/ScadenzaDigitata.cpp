@@ -104,6 +104,12 @@ std::optional<ScadenzaDigitata::Intoppo> ScadenzaDigitata::Rifiuto(
   }
   if (!StatoValido(dati_.Testo("Stato"))) return Intoppo{kStatoDiDueCifre, "Stato"};
   if (cosa.conRegistrazione && cosa.causale.empty()) return Intoppo{"Manca causale o conti", ""};
+  if (cosa.conRegistrazione && cosa.dt.Nulla()) {
+    return Intoppo{"manca la data di registrazione", "DtReg"};
+  }
+  if (std::string rifiuto = RifiutoDecimali(ambiente_, ImportoE()); !rifiuto.empty()) {
+    return Intoppo{std::move(rifiuto), "ImportoE"};
+  }
   return std::nullopt;
 }
 
@@ -111,6 +117,7 @@ bool ScadenzaDigitata::Conferma(std::string* campo) {
   const ScadenzaConRegistrazione cosa = Prepara();
   if (const auto rifiuto = Rifiuto(cosa)) return Avviso(*rifiuto, campo);
   if (RinunciaPerData(ambiente_, cosa)) return Avviso({"", "DtReg"}, campo);
+  if (Rinuncia()) return Avviso({"", "ImportoE"}, campo);
   const ScadenzaRegistrata scritta = ScriviScadenzaConRegistrazione(ambiente_, cosa, Nome());
   if (!scritta.scritta) return false;
   numeroScritto_ = scritta.numero;

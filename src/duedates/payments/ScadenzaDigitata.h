@@ -55,6 +55,8 @@ class ScadenzaDigitata {
   virtual void Proponi() = 0;
   /// Why the amount can't be; nothing when it can.
   [[nodiscard]] virtual std::optional<Intoppo> RifiutoImporto() const { return std::nullopt; }
+  /// Asks what is rarely meant: true when the user gives up.
+  [[nodiscard]] virtual bool Rinuncia() { return false; }
   /// Completes what is written: name of the thing, side of the party, columns of its own.
   virtual void Completa(ScadenzaConRegistrazione& cosa) const = 0;
   /// "dell'anticipo": what couldn't be registered.

@@ -81,7 +81,7 @@ class LetteraEstratto {
     const std::string importo = " ###.###.###,##";
     return {
         {{"scadenza", "$$$$$$$$$$", "R_DTSCAD"}, &S::dt},
-        {{"fattura", " ########", "R_NFAT", "", {}, false, true, true}, &S::NumeroFattura},
+        {{"fattura", " $$$$$$$$", "R_NFAT", "", {}, false, true, true}, &S::NumeroFattura},
         {{"del", " $$$$$$$$$$", "R_DTFAT"}, &S::dtFat},
         {{"descrizione", " " + reports::Ripeti("$", 35), "R_DESCRIZIONE"}, &S::DescrizioneSegnata},
         {{"ritardo", " ######,", "R_GIORNI"},

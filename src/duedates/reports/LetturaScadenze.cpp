@@ -72,7 +72,7 @@ ScadenzaStampata Leggi(const Rs& rs) {
   s.stato = rs.Fields(kStato).Testo();
   s.anno = static_cast<int>(rs.Fields(kAnno).Intero());
   s.articolo = rs.Fields(kArticolo).Intero();
-  s.nFat = rs.Fields(kNFat).Intero();
+  s.nFat = rs.Fields(kNFat).Testo();
   s.dtFat = rs.Fields(kDtFat).Data();
   s.importo = rs.Fields(kImporto).Importo();
   s.pagato = rs.Fields(kPagato).Importo();
@@ -108,8 +108,17 @@ std::string ScadenzaStampata::StatoInParola() const {
 }
 
 std::string ScadenzaStampata::DescrizioneSegnata() const {
-  if (!anticipo) return descrizione;
-  return descrizione.empty() ? "ACCONTO" : "ACCONTO - " + descrizione;
+  std::string testo = LunghezzaTesto(nFat) > kCaratteriFattura ? "ft. " + nFat : std::string();
+  const auto aggiungi = [&testo](const std::string& altro) {
+    testo += (testo.empty() || altro.empty() ? "" : " - ") + altro;
+  };
+  if (anticipo) aggiungi("ACCONTO");
+  aggiungi(descrizione);
+  return testo;
+}
+
+std::string ScadenzaStampata::NumeroFattura() const {
+  return FatturaIncolonnata(nFat);
 }
 
 Rinvio ScadenzaStampata::RinvioARegistrazione() const {

@@ -32,7 +32,7 @@ struct ScadenzaStampata {
   std::string stato;
   int anno = 0;
   std::int64_t articolo = 0;
-  std::int64_t nFat = 0;
+  std::string nFat;
   Data dtFat;
   Importo importo;
   Importo pagato;
@@ -46,11 +46,11 @@ struct ScadenzaStampata {
   [[nodiscard]] bool Aperta() const;
   /// What is still to be settled: nothing of a due date that is closed, whatever was allowed on it.
   [[nodiscard]] Importo Residuo() const { return Aperta() ? importo - pagato : Importo(); }
-  /// Nothing where there is no invoice.
-  [[nodiscard]] Valore NumeroFattura() const { return nFat == 0 ? Valore() : Valore(nFat); }
+  /// The invoice's number as far as its column goes; the description has a longer one whole.
+  [[nodiscard]] std::string NumeroFattura() const;
   /// The state in a word: "aperta", "parziale", "presentata", "pagata", "raggrupp."
   [[nodiscard]] std::string StatoInParola() const;
-  /// The description, marked when it is a deposit.
+  /// The description, marked when it is a deposit, and with a number that its column can't hold.
   [[nodiscard]] std::string DescrizioneSegnata() const;
   /// Leads to the registration; to the party where the due date has none.
   [[nodiscard]] Rinvio RinvioARegistrazione() const;

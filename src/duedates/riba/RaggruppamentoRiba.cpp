@@ -44,14 +44,19 @@ std::string GiornoBreve(Data data) {
   return data.Testo().erase(kSecolo, 2);
 }
 
+using Fattura = std::pair<Data, std::string>;
+
+bool Prima(const Fattura& a, const Fattura& b) {
+  return a.first != b.first ? a.first < b.first : ConfrontaNumeri(a.second, b.second) < 0;
+}
+
 /// The first `quante` invoices, the day after the last of each: " 12,15 del 31/01/24, 20 del ...".
-std::string Riferimenti(const std::vector<std::pair<Data, std::int64_t>>& fatture,
-                        std::size_t quante) {
+std::string Riferimenti(const std::vector<Fattura>& fatture, std::size_t quante) {
   std::string testo = "fatt.n.";
   for (std::size_t i = 0; i < quante; ++i) {
     const auto& [data, numero] = fatture[i];
     const bool stessoGiorno = i > 0 && fatture[i - 1].first == data;
-    testo += (i == 0 ? " " : stessoGiorno ? "," : ", ") + std::to_string(numero);
+    testo += (i == 0 ? " " : stessoGiorno ? "," : ", ") + numero;
     const bool ultimaDelGiorno = i + 1 == quante || fatture[i + 1].first != data;
     if (ultimaDelGiorno && !data.Nulla()) testo += " del " + GiornoBreve(data);
   }
@@ -152,10 +157,10 @@ bool GruppoRiba::DaRaggruppare() const {
 }
 
 std::string RiferimentiFatture(const std::vector<Scadenza>& scadenze) {
-  std::vector<std::pair<Data, std::int64_t>> fatture;
+  std::vector<Fattura> fatture;
   fatture.reserve(scadenze.size());
   for (const Scadenza& scadenza : scadenze) fatture.emplace_back(scadenza.dtFat, scadenza.nFat);
-  std::sort(fatture.begin(), fatture.end());
+  std::ranges::sort(fatture, Prima);
   // Two rates of an invoice may fall due on one day.
   fatture.erase(std::unique(fatture.begin(), fatture.end()), fatture.end());
   std::string testo = Riferimenti(fatture, fatture.size());

@@ -52,7 +52,7 @@ RigaRiba RigaDi(const Rs& rs) {
   r.descrizione = rs.Fields(kDescrizione).Testo();
   r.abi = rs.Fields(kAbi).Testo();
   r.cab = rs.Fields(kCab).Testo();
-  r.nFat = rs.Fields(kNFat).Intero();
+  r.nFat = rs.Fields(kNFat).Testo();
   r.dtFat = rs.Fields(kDtFat).Data();
   r.pagamento = rs.Fields(kPagamento).Testo();
   return r;
@@ -215,7 +215,10 @@ void Riba::ImpostaNomeFile(const std::string& nome) {
   nomeFile_.clear();
   const std::string rifilato(Rifila(nome));
   if (rifilato.empty() || rifilato == NomeFile()) return;
-  nomeFile_ = (std::filesystem::path(impostazioni_.directory) / rifilato).string();
+  std::filesystem::path file(rifilato);
+  if (!file.has_extension()) file += ".rib";
+  if (!file.has_parent_path()) file = std::filesystem::path(impostazioni_.directory) / file;
+  nomeFile_ = file.lexically_normal().string();
 }
 
 std::string Riba::FileConservato() const {

@@ -29,7 +29,7 @@ struct RigaRiba {
   std::string descrizione;  ///< its first 30 characters
   std::string abi;
   std::string cab;
-  std::int64_t nFat = 0;
+  std::string nFat;
   Data dtFat;
   std::string pagamento;
   bool operator==(const RigaRiba&) const = default;
@@ -91,7 +91,8 @@ class Riba {
   [[nodiscard]] std::string Descrizione() const;
   /// Path of the file: folder, number, ".rib"; empty without a bank.
   [[nodiscard]] std::string NomeFile() const;
-  /// Another name for this batch, in the folder unless it names one; empty for the usual one.
+  /// Another name for this batch, in the folder unless it names one, and with ".rib" unless it has
+  /// an ending; empty for the usual one.
   void ImpostaNomeFile(const std::string& nome);
   /// The name that a file which is there already will be kept under; empty when there is none.
   [[nodiscard]] std::string FileConservato() const;
@@ -108,8 +109,9 @@ class Riba {
   [[nodiscard]] std::string TestoSegno() const;
 
   /// Checks, prints the batch, asks, and writes file, due dates, bank and registration: all or
-  /// nothing. After success the selection is empty and the bank has its next number.
-  bool Conferma(reports::FabbricaUscite& uscite);
+  /// nothing. After success the selection is empty and the bank has its next number. `campo` names
+  /// the field to go to, when it is one's fault.
+  bool Conferma(reports::FabbricaUscite& uscite, std::string* campo = nullptr);
   /// What the last confirmation wrote, in a line; empty before.
   [[nodiscard]] const std::string& Scritto() const { return scritto_; }
 
@@ -120,11 +122,11 @@ class Riba {
   Presa Prendi(std::int64_t numero);
   RigaRiba* Trova(std::int64_t numero);
   [[nodiscard]] std::vector<Scadenza> Ordinate() const;
-  [[nodiscard]] bool DatiCompleti();
+  [[nodiscard]] bool DatiCompleti(std::string& campo);
   bool DatiContabili();
   DatiDistinta Prepara();
   bool Chiede(const DatiDistinta& dati);
-  bool Pronta(DatiDistinta& dati, StampaDistinta& stampa);
+  bool Pronta(DatiDistinta& dati, StampaDistinta& stampa, std::string& campo);
   std::string Scrivi(const DatiDistinta& dati, std::int64_t& numDoc);
   void Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64_t numDoc);
   std::int64_t Registra(const DatiDistinta& dati);

@@ -73,8 +73,8 @@ DebitoreRiba LeggiDebitore(Ambiente& ambiente, const std::string& conto, std::st
 ledger::RigaRegistrazione RigaCliente(const Scadenza& s, const ImpostazioniRiba& impostazioni) {
   ledger::RigaRegistrazione riga;
   riga.causale = impostazioni.causale;
-  riga.descrizione = "ft." + std::to_string(s.nFat) + " " + DataCorta(s.dtFat) + " sc." +
-                     DataCorta(s.dt) + " " + s.descrizione;
+  riga.descrizione =
+      "ft." + s.nFat + " " + DataCorta(s.dtFat) + " sc." + DataCorta(s.dt) + " " + s.descrizione;
   riga.cfp = s.cfp;
   riga.conto = s.conto;
   riga.cfpControp = "P";
@@ -89,13 +89,16 @@ void InAvere(ledger::RigaRegistrazione& riga, Importo importo) {
 
 }  // namespace
 
-bool Riba::DatiCompleti() {
+bool Riba::DatiCompleti(std::string& campo) {
   if (!banca_) return Avviso("inserire banca");
   if (!Cartella(impostazioni_.directory) || !Cartella(fs::path(NomeFile()).parent_path())) {
     return Avviso("cartella non valida");
   }
   if (scelte_.empty()) return Avviso(kNessunaScelta);
-  if (data_.Nulla()) return Avviso("inserire la data della distinta");
+  if (data_.Nulla()) {
+    campo = "DataDistinta";
+    return Avviso("manca la data della distinta");
+  }
   return true;
 }
 
@@ -211,10 +214,10 @@ std::string Riba::Scrivi(const DatiDistinta& dati, std::int64_t& numDoc) {
 }
 
 /// Everything before the writing; false when it was stopped, and told why.
-bool Riba::Pronta(DatiDistinta& dati, StampaDistinta& stampa) {
+bool Riba::Pronta(DatiDistinta& dati, StampaDistinta& stampa, std::string& campo) {
   // The number on the print is to be the bank's next now.
   RileggiBanca();
-  if (!DatiCompleti()) return false;
+  if (!DatiCompleti(campo)) return false;
   dati = Prepara();
   if (const std::string no = ImpedimentiRiba(dati.distinta, dati.file); !no.empty()) {
     return Avviso(no);
@@ -241,12 +244,13 @@ void Riba::Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64
   }
 }
 
-bool Riba::Conferma(reports::FabbricaUscite& uscite) {
+bool Riba::Conferma(reports::FabbricaUscite& uscite, std::string* campo) {
   DatiDistinta dati;
   StampaDistinta stampa(ambiente_, uscite, dati);
   std::int64_t numDoc = 0;
   std::optional<FileDistinta> file;
   bool rifiutata = false;
+  std::string mancante;
   const auto scrivi = [&] {
     std::string rifiuto = Scrivi(dati, numDoc);
     if (rifiuto.empty()) {
@@ -258,11 +262,13 @@ bool Riba::Conferma(reports::FabbricaUscite& uscite) {
     return rifiuto;
   };
   const std::string nonRiuscita = "conferma della distinta non riuscita: ";
-  const bool confermata = records::Esegui(ambiente_, {.nonRiuscita = nonRiuscita,
-                                                      .numerazioni = {"ARTICOLI"},
-                                                      .prima = [&] { return Pronta(dati, stampa); },
-                                                      .scrivi = scrivi,
-                                                      .annulla = [&] { file.reset(); }});
+  const bool confermata =
+      records::Esegui(ambiente_, {.nonRiuscita = nonRiuscita,
+                                  .numerazioni = {"ARTICOLI"},
+                                  .prima = [&] { return Pronta(dati, stampa, mancante); },
+                                  .scrivi = scrivi,
+                                  .annulla = [&] { file.reset(); }});
+  if (campo != nullptr) *campo = mancante;
   if (rifiutata) {
     return records::Tenta(ambiente_, {nonRiuscita}, [&] {
       RileggiBanca();

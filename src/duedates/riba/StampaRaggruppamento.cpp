@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "core/reports/Rapporto.h"
+#include "core/values/Testo.h"
 #include "duedates/riba/RaggruppamentoRiba.h"
 
 namespace fenalto::duedates {
@@ -15,12 +16,28 @@ constexpr const char* kColonneRaggruppamento =
     "fatture                      ";
 /// References are longer than their heading.
 constexpr const char* kRiga =
-    "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$######## $$$$$$$$ $$$$$$$$ççççççççççççççç  "
+    "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$§§§§§§§§ $$$$$$$$ $$$$$$$$ççççççççççççççç  "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$";
 constexpr const char* kTotaleRaggruppamento =
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$                  $$$$$$$$ççççççççççççççç  "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$";
 constexpr std::size_t kLarghezzaRaggruppamento = 145;
+/// The number to the right, under its caption.
+std::string ADestra(const std::string& numero) {
+  const std::string testo = FatturaIncolonnata(numero);
+  return std::string(kCaratteriFattura - LunghezzaTesto(testo), ' ') + testo;
+}
+
+/// What the columns don't say of a receipt.
+std::string NoteRicevuta(const Scadenza& s) {
+  std::string note;
+  if (LunghezzaTesto(s.nFat) > kCaratteriFattura) note = "fatt. " + s.nFat;
+  if (!s.importoPagatoE.Zero()) {
+    note += std::string(note.empty() ? "" : ", ") + "residuo di scad. parziale";
+  }
+  return note;
+}
+
 /// Groups between two signs of life.
 constexpr std::int64_t kOgniStampate = 50;
 
@@ -67,10 +84,7 @@ class TabulatoRaggruppamento {
     rapporto_.Riserva(daRaggruppare ? 3 : 1);
     const std::string cliente = gruppo.conto + " " + gruppo.ragsoc;
     for (const Scadenza& s : gruppo.scadenze) {
-      const bool parziale = !s.importoPagatoE.Zero();
-      rapporto_.Riga(riga_,
-                     {cliente, s.nFat, s.dtFat, s.dt, s.Residuo(),
-                      parziale ? Valore("residuo di scad. parziale") : Valore()},
+      rapporto_.Riga(riga_, {cliente, ADestra(s.nFat), s.dtFat, s.dt, s.Residuo(), NoteRicevuta(s)},
                      AllaRegistrazione(s.anno, s.articolo));
     }
     if (!daRaggruppare) return;

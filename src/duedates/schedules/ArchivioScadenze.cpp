@@ -6,6 +6,7 @@
 
 #include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 #include "duedates/schedules/Scadenza.h"
 
@@ -86,6 +87,8 @@ struct ArchivioScadenze::Interno {
   [[nodiscard]] std::optional<Rifiuto> Mancanza() const;
   [[nodiscard]] std::optional<Rifiuto> Errata() const;
   void Avverti() const;
+  /// Asks what is rarely meant; true when the user gives up, and then the field to go to.
+  [[nodiscard]] bool Rinuncia(std::string& campo) const;
   void Completa();
   std::string Scrivi();
   /// Writes columns of the open row, if it still is as the user saw it; why not otherwise.
@@ -131,7 +134,40 @@ std::optional<Rifiuto> ArchivioScadenze::Interno::Errata() const {
     return Rifiuto{kStatoDiDueCifre, "Stato"};
   }
   if (record.Leggi("Dt").Data().Nulla()) return Rifiuto{"manca la data della scadenza", "Dt"};
+  for (const char* campo : {"ImportoE", "ImportoPagatoE"}) {
+    if (!Cambiato(campo) || !ambiente.Euro()) continue;
+    if (std::string no = RifiutoDecimali(ambiente, record.Leggi(campo).Importo()); !no.empty()) {
+      return Rifiuto{std::move(no), campo};
+    }
+  }
   return std::nullopt;
+}
+
+bool ArchivioScadenze::Interno::Rinuncia(std::string& campo) const {
+  const Importo importo = record.Leggi("ImportoE").Importo();
+  const Importo pagato = record.Leggi("ImportoPagatoE").Importo();
+  if ((Cambiato("ImportoE") || Cambiato("ImportoPagatoE")) && SegniContrari(importo, pagato)) {
+    campo = "ImportoPagatoE";
+    if (!ambiente.Dialogo().Conferma(
+            "l'importo pagato " + ScriviImporto(pagato, kDecimaliScadenza) +
+            " ha il segno contrario all'importo della scadenza, " +
+            ScriviImporto(importo, kDecimaliScadenza) + "\nproseguo ugualmente")) {
+      return true;
+    }
+  }
+  const bool riaperta = !nuova && !vista.Aperta() && ConfrontaTesto(T("Stato"), kStatoPagata) < 0;
+  if (!riaperta) return false;
+  campo = "Stato";
+  const std::string testo = std::string(kGiaPagata) + "\nbisogna anche eliminare la registrazione ";
+  if (Riba()) {
+    // What the question of a batch says to do.
+    Avviso(testo + "contabile RIBA a CLIENTI");
+    return false;
+  }
+  return !ambiente.Dialogo().Conferma(
+      testo +
+      "contabile del pagamento\nquello che risulta pagato resta scritto: per toglierlo usare "
+      "'Ripristina come non pagata'\n\nimposto questa scadenza come NON ANCORA PAGATA");
 }
 
 void ArchivioScadenze::Interno::Avverti() const {
@@ -287,6 +323,10 @@ bool ArchivioScadenze::Conferma(std::string* campo) {
     return false;
   }
   io.Avverti();
+  if (std::string quale; io.Rinuncia(quale)) {
+    if (campo != nullptr) *campo = quale;
+    return false;
+  }
   const auto scrivi = [&] {
     io.Completa();
     return io.Scrivi();
@@ -357,6 +397,13 @@ std::optional<ArchivioScadenze::Registrazione> ArchivioScadenze::VedereRegCont()
   if (riva.Nullo()) {
     io.Avviso("nel " + std::to_string(anno) + " non c'è più la registrazione n. " +
               std::to_string(articolo));
+    return std::nullopt;
+  }
+  if (!RegistrazioneSua(io.ambiente, io.vista)) {
+    io.Avviso(
+        "la registrazione n. " + std::to_string(articolo) + " del " + std::to_string(anno) +
+        " è di un altro cliente o fornitore: quella della scadenza è stata eliminata, e il suo "
+        "numero è stato riusato");
     return std::nullopt;
   }
   return Registrazione{articolo, !riva.Testo().empty()};

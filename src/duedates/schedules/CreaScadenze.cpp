@@ -1,7 +1,6 @@
 #include "duedates/schedules/CreaScadenze.h"
 
-#include <charconv>
-
+#include "core/sql/Criterio.h"
 #include "core/values/Aritmetica.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
@@ -86,7 +85,7 @@ class Scadenziere {
             {"Articolo", richiesta_.articolo},
             {"Riva", richiesta_.riva},
             {"NProt", richiesta_.numProt},
-            {"NFat", CifreIniziali(richiesta_.numFat)},
+            {"NFat", std::string(Rifila(richiesta_.numFat))},
             {"DtFat", richiesta_.dataFat},
             {"Programma", richiesta_.programma},
             {"Descrizione", PrimaRiga(richiesta_.descrizione)},
@@ -106,14 +105,6 @@ void AggiungiAlLog(std::string& log, const std::string& testo) {
 }
 
 }  // namespace
-
-std::int64_t CifreIniziali(std::string_view testo) {
-  testo = Rifila(testo);
-  std::int64_t numero = 0;
-  if (testo.empty() || testo.front() == '-') return 0;
-  const auto letto = std::from_chars(testo.data(), testo.data() + testo.size(), numero);
-  return letto.ec == std::errc() ? numero : 0;
-}
 
 std::vector<RataDocumento> RateDocumento(Ambiente& ambiente, const RichiestaScadenze& richiesta,
                                          std::vector<std::string>& avvisi) {
@@ -137,10 +128,16 @@ bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::s
   return true;
 }
 
-bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo, std::string& log) {
+bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo, std::string& log,
+                            const ParteScadenze& parte) {
   Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
-  const std::string quali = " FROM Scadenze WHERE Anno=" + std::to_string(anno) +
-                            " AND Articolo=" + std::to_string(articolo);
+  std::string quali = " FROM Scadenze WHERE Anno=" + std::to_string(anno) +
+                      " AND Articolo=" + std::to_string(articolo);
+  if (UgualeTesto(parte.cfp, "C") || UgualeTesto(parte.cfp, "F")) {
+    // One that a person gave to another party is still this registration's.
+    quali += " AND (Modificata=True OR (" + sql::Criterio("CFP", "=", parte.cfp) + " AND " +
+             sql::Criterio("Conto", "=", parte.conto) + "))";
+  }
   std::string testo = "elim. scadenze ";
   Rs scadenze =
       scadenzario.Recordset("SELECT Dt, Stato, Modificata" + quali + " ORDER BY Dt, Numero");

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "core/session/Ambiente.h"
@@ -20,7 +19,7 @@ struct RichiestaScadenze {
   Importo iva;      ///< the part that the second payment code schedules; 0 for none
   std::string descrizione;
   Data dataFat;
-  std::string numFat;  ///< the leading digits of it are stored, 0 when it has none
+  std::string numFat;
   std::int64_t numProt = 0;
   std::string riva;
   int anno = 0;
@@ -36,13 +35,16 @@ struct RataDocumento {
   std::string tipo;
 };
 
-/// The number of an invoice as due dates keep it: the leading digits of its text, 0 without.
-std::int64_t CifreIniziali(std::string_view testo);
-
 /// The due dates that CreaScadenze would write: those of the VAT on its own payment code first,
 /// then those of the rest.
 std::vector<RataDocumento> RateDocumento(Ambiente& ambiente, const RichiestaScadenze& richiesta,
                                          std::vector<std::string>& avvisi);
+
+/// Whose due dates; nobody's when it isn't a customer ("C") or supplier ("F").
+struct ParteScadenze {
+  std::string cfp;
+  std::string conto;
+};
 
 /// Writes the due dates in the transaction that the caller holds, and adds lines to the log; true
 /// when rows were written. Warnings to be shown to the user are added to `avvisi`: nothing is told
@@ -52,7 +54,9 @@ bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::s
 
 /// Deletes the due dates of a registration in the transaction that the caller holds, and adds a
 /// line to the log. When any of them has moved past state "00", or a person has written or changed
-/// it, none is deleted, and false is returned.
-bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo, std::string& log);
+/// it, none is deleted, and false is returned. With `parte` those of another party, which an erased
+/// registration of that number has left, aren't looked at.
+bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo, std::string& log,
+                            const ParteScadenze& parte = {});
 
 }  // namespace fenalto::duedates

@@ -12,7 +12,7 @@ constexpr const char* kColonne =
     "mid(SCADENZE.Descrizione,1,35) as Descrizione_scadenza, "
     "SCADENZE.NProt, SCADENZE.NFat, SCADENZE.DtFat, "
     "SCADENZE.Tipo, SCADENZE.Stato, "
-    "SCADENZE.Numero FROM SCADENZE "
+    "SCADENZE.Numero, SCADENZE.CFP FROM SCADENZE "
     " INNER JOIN ContiClientiFornitori ON (SCADENZE.Conto = ContiClientiFornitori.Cod)"
     " AND (SCADENZE.CFP = ContiClientiFornitori.CFP)";
 
@@ -30,7 +30,8 @@ enum Colonna : std::size_t {
   kDtFat,
   kTipo,
   kStato,
-  kNumero
+  kNumero,
+  kCfp
 };
 
 class Condizioni {
@@ -55,6 +56,7 @@ class Condizioni {
 
 RigaScadenza Riga(const Rs& rs) {
   RigaScadenza r;
+  r.cfp = rs.Fields(kCfp).Testo();
   r.conto = rs.Fields(kConto).Testo();
   r.ragsoc = rs.Fields(kRagsoc).Testo();
   r.dataScad = rs.Fields(kDataScad).Data();
@@ -63,7 +65,7 @@ RigaScadenza Riga(const Rs& rs) {
   r.pagato = rs.Fields(kPagato).Importo();
   r.descrizione = rs.Fields(kDescrizione).Testo();
   r.nProt = rs.Fields(kNProt).Intero();
-  r.nFat = rs.Fields(kNFat).Intero();
+  r.nFat = rs.Fields(kNFat).Testo();
   r.dtFat = rs.Fields(kDtFat).Data();
   r.tipo = rs.Fields(kTipo).Testo();
   r.stato = rs.Fields(kStato).Testo();
@@ -81,13 +83,19 @@ std::string SqlScadenze(const RicercaScadenze& r) {
   if (!r.anchePagate && r.stato.empty()) condizioni.Aggiungi(CondizioneAperta());
   if (r.soloAnticipi) condizioni.Aggiungi(sql::Criterio("SCADENZE.ANTICIPO", "=", true));
   condizioni.Numero("SCADENZE.ANNO", r.anno);
-  condizioni.Numero("SCADENZE.nfat", r.nFat);
+  condizioni.Testo("SCADENZE.nfat", r.nFat);
   condizioni.Giorno("SCADENZE.dtfat", "=", r.dtFat);
   condizioni.Numero("SCADENZE.nPROT", r.nProt);
   condizioni.Numero("SCADENZE.articolo", r.articolo);
   condizioni.Testo("SCADENZE.RIVA", r.riva);
   condizioni.Giorno("SCADENZE.DT", ">=", r.daData);
   condizioni.Giorno("SCADENZE.DT", "<=", r.aData);
+  if (r.numeri) {
+    // None has number 0.
+    std::string elenco = "0";
+    for (const std::int64_t numero : *r.numeri) elenco += "," + std::to_string(numero);
+    condizioni.Aggiungi("SCADENZE.NUMERO IN (" + elenco + ")");
+  }
   return kColonne + condizioni.Tutte() + " ORDER BY " + r.ordine;
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,13 +17,15 @@ struct RicercaScadenze {
   std::string conto;
   std::string stato;
   int anno = 0;
-  std::int64_t nFat = 0;
+  std::string nFat;
   Data dtFat;
   std::int64_t nProt = 0;
   std::int64_t articolo = 0;
   std::string riva;
   Data daData;  ///< of the due date
   Data aData;
+  /// Only these, if given.
+  std::optional<std::vector<std::int64_t>> numeri;
   bool anchePagate = false;   ///< those at state '30' too, when `stato` is empty
   bool soloAnticipi = false;  ///< deposits alone
   std::string ordine = "SCADENZE.DT, SCADENZE.NUMERO";
@@ -30,6 +33,7 @@ struct RicercaScadenze {
 
 /// A line of the grids.
 struct RigaScadenza {
+  std::string cfp;
   std::string conto;
   std::string ragsoc;
   Data dataScad;
@@ -38,7 +42,7 @@ struct RigaScadenza {
   Importo pagato;
   std::string descrizione;  ///< its first 35 characters
   std::int64_t nProt = 0;
-  std::int64_t nFat = 0;
+  std::string nFat;
   Data dtFat;
   std::string tipo;
   std::string stato;

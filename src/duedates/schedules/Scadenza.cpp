@@ -32,7 +32,7 @@ std::string Differenze(const Scadenza& prima, const Scadenza& ora) {
   Aggiungi(elenco, "pagato", importo(prima.importoPagatoE), importo(ora.importoPagatoE));
   Aggiungi(elenco, "tipo", prima.tipo, ora.tipo);
   Aggiungi(elenco, "stato", prima.stato, ora.stato);
-  Aggiungi(elenco, "fattura", std::to_string(prima.nFat), std::to_string(ora.nFat));
+  Aggiungi(elenco, "fattura", prima.nFat, ora.nFat);
   Aggiungi(elenco, "data fattura", prima.dtFat.Testo(), ora.dtFat.Testo());
   Aggiungi(elenco, "descrizione", prima.descrizione, ora.descrizione);
   Aggiungi(elenco, "pagamento", prima.pagamento, ora.pagamento);
@@ -68,7 +68,7 @@ Scadenza ScadenzaDi(const Rs& riga) {
   s.articolo = riga.Fields("Articolo").Intero();
   s.riva = riga.Fields("Riva").Testo();
   s.nProt = riga.Fields("NProt").Intero();
-  s.nFat = riga.Fields("NFat").Intero();
+  s.nFat = riga.Fields("NFat").Testo();
   s.dtFat = riga.Fields("DtFat").Data();
   s.importoE = riga.Fields("ImportoE").Importo();
   s.importoPagatoE = riga.Fields("ImportoPagatoE").Importo();
@@ -92,9 +92,14 @@ std::string NomeScadenza(Ambiente& ambiente, const Scadenza& s) {
   const std::string nome = NomeParte(ambiente, s.cfp, s.conto);
   std::string testo = "scadenza n. " + std::to_string(s.numero) + " del " + s.dt.Testo() + " di " +
                       (nome.empty() ? s.cfp + " " + s.conto : nome);
-  if (s.nFat != 0) testo += ", ft. " + std::to_string(s.nFat);
-  if (s.nFat != 0 && !s.dtFat.Nulla()) testo += " del " + s.dtFat.Testo();
+  if (!s.nFat.empty()) testo += ", ft. " + s.nFat;
+  if (!s.nFat.empty() && !s.dtFat.Nulla()) testo += " del " + s.dtFat.Testo();
   return testo + ", euro " + ScriviImporto(s.importoE, kDecimaliScadenza);
+}
+
+std::string FatturaIncolonnata(const std::string& numero) {
+  if (LunghezzaTesto(numero) <= kCaratteriFattura) return numero;
+  return Mid(numero, 1, kCaratteriFattura - 1) + "…";
 }
 
 std::optional<std::string> ScadenzaCambiata(Ambiente& ambiente, const Scadenza& vista) {
@@ -118,6 +123,40 @@ void AggiornaScadenza(Ambiente& ambiente, std::int64_t numero, const std::vector
   ambiente.ArchivioDi("scadenzario")
       .Esegui("update Scadenze set " + assegnati + " where " +
               sql::Criterio("Numero", "=", numero));
+}
+
+bool RegistrazioneSua(Ambiente& ambiente, const Scadenza& s) {
+  const std::string chiave = " WHERE " + sql::Criterio("Anno", "=", s.anno) + " AND " +
+                             sql::Criterio("NumDoc", "=", s.articolo);
+  bool altrui = false;
+  const auto sua = [&](const char* colonne) {
+    Rs rs = ambiente.ArchivioDi("tessarc").Recordset(colonne + chiave);
+    for (; !rs.Eof(); rs.MoveNext()) {
+      for (std::size_t i = 0; i + 1 < rs.Colonne().size(); i += 2) {
+        const std::string cfp = rs.Fields(i).Testo();
+        const bool parte = UgualeTesto(cfp, "C") || UgualeTesto(cfp, "F");
+        if (!parte) continue;
+        if (UgualeTesto(cfp, s.cfp) && UgualeTesto(rs.Fields(i + 1).Testo(), s.conto)) return true;
+        altrui = true;
+      }
+    }
+    return false;
+  };
+  return s.articolo == 0 || sua("SELECT CFP, Conto, CfpA, ContoA FROM Articoli") ||
+         sua("SELECT CFP, Conto FROM Movimenti") || !altrui;
+}
+
+std::string RifiutoDecimali(const Ambiente& ambiente, Importo importo) {
+  constexpr std::int64_t kCentesimo = Importo::kScala / 100;
+  const bool euro = ambiente.Euro();
+  if (importo.Decimillesimi() % (euro ? kCentesimo : Importo::kScala) == 0) return {};
+  return "l'importo " + ScriviImporto(importo, 0) +
+         (euro ? " ha più di due decimali: gli importi sono in centesimi"
+               : " ha dei decimali: in un anno in lire gli importi sono in lire intere");
+}
+
+bool SegniContrari(Importo uno, Importo altro) {
+  return !uno.Zero() && !altro.Zero() && uno.Negativo() != altro.Negativo();
 }
 
 std::string NomeParte(Ambiente& ambiente, const std::string& cfp, const std::string& conto) {

@@ -50,7 +50,7 @@ struct Scadenza {
   std::int64_t articolo = 0;
   std::string riva;
   std::int64_t nProt = 0;
-  std::int64_t nFat = 0;
+  std::string nFat;  ///< the invoice's whole number, "2024/123"; empty without
   Data dtFat;
   Importo importoE;
   Importo importoPagatoE;
@@ -75,12 +75,28 @@ std::int64_t ProssimoNumeroScadenza(Ambiente& ambiente);
 /// "scadenza n. 12 del 31/03/2024 di ROSSI SRL, ft. 5 del 31/01/2024, euro 100,00"
 std::string NomeScadenza(Ambiente& ambiente, const Scadenza& scadenza);
 
+/// Characters of the column of an invoice's number.
+inline constexpr std::size_t kCaratteriFattura = 8;
+/// The number as far as that column goes: one that is longer ends in "…", and is told beside it.
+std::string FatturaIncolonnata(const std::string& numero);
+
 /// What is told when the due date isn't any more what it was at its selection: paid, changed (and
 /// in what) or erased meanwhile, by name. Nothing when it still is. To be asked inside the
 /// transaction that writes.
 std::optional<std::string> ScadenzaCambiata(Ambiente& ambiente, const Scadenza& vista);
 /// Writes columns of the due date, in the caller's transaction; nothing when there are none.
 void AggiornaScadenza(Ambiente& ambiente, std::int64_t numero, const std::vector<Coppia>& campi);
+
+/// Whether the registration that the due date names is its party's. A number is given again once
+/// the last registration is erased: it may be another's now. True also when the registration is
+/// gone, or names no party.
+bool RegistrazioneSua(Ambiente& ambiente, const Scadenza& scadenza);
+
+/// Why an amount can't be paid or owed as it is: parts of a cent, or of a lira in a year of lire;
+/// empty when it can.
+std::string RifiutoDecimali(const Ambiente& ambiente, Importo importo);
+/// Whether one is below zero and the other above.
+bool SegniContrari(Importo uno, Importo altro);
 
 /// The party's name; empty when it isn't in the list of accounts.
 std::string NomeParte(Ambiente& ambiente, const std::string& cfp, const std::string& conto);

@@ -61,7 +61,10 @@ void ScadenzeDocumento::Rileggi() {
                  .Recordset("SELECT * FROM SCADENZE WHERE " + sql::Criterio("Anno", "=", r_.anno) +
                             " AND " + sql::Criterio("Articolo", "=", r_.articolo) +
                             " ORDER BY Dt, Numero");
-  for (; !righe.Eof(); righe.MoveNext()) scadenze_.push_back(ScadenzaDi(righe));
+  for (; !righe.Eof(); righe.MoveNext()) {
+    Scadenza scadenza = ScadenzaDi(righe);
+    if (RegistrazioneSua(ambiente_, scadenza)) scadenze_.push_back(std::move(scadenza));
+  }
   if (!DiParte(r_.cfp) && !scadenze_.empty()) {
     r_.cfp = scadenze_.front().cfp;
     r_.conto = scadenze_.front().conto;
@@ -85,6 +88,8 @@ RicercaScadenze ScadenzeDocumento::Ricerca() const {
   RicercaScadenze ricerca;
   ricerca.anno = r_.anno;
   ricerca.articolo = r_.articolo;
+  ricerca.numeri.emplace();
+  for (const Scadenza& s : scadenze_) ricerca.numeri->push_back(s.numero);
   ricerca.anchePagate = true;
   return ricerca;
 }
@@ -101,7 +106,7 @@ std::vector<Coppia> ScadenzeDocumento::Nuova() const {
   std::vector<Coppia> campi = {{"CFP", r_.cfp},     {"Conto", r_.conto},
                                {"Anno", r_.anno},   {"Articolo", r_.articolo},
                                {"Riva", r_.riva},   {"NProt", r_.nProt},
-                               {"DtFat", r_.dtFat}, {"NFat", CifreIniziali(r_.nFat)}};
+                               {"DtFat", r_.dtFat}, {"NFat", std::string(Rifila(r_.nFat))}};
   campi.emplace_back("Pagamento", r_.pagamento);
   if (!scadenze_.empty()) campi.emplace_back("Descrizione", scadenze_.front().descrizione);
   return campi;

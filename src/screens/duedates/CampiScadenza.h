@@ -17,9 +17,12 @@ CampoCodice* CampoCausale(const char* nome, Finestre& finestre);
 /// A bank of presentation.
 CampoCodice* CampoBanca(const char* nome, Finestre& finestre);
 
-/// Amounts are typed in this width; so is a number of an invoice.
+/// Amounts are typed in this width.
 inline constexpr int kCifreImporto = 14;
 inline constexpr int kCifreNumero = 8;
+/// The number of an invoice is a text: what it may hold, and what is seen of it.
+inline constexpr int kLunghezzaFattura = 30;
+inline constexpr int kCifreFattura = 12;
 /// What a due date's state means.
 inline constexpr const char* kStati = "00 e 01 aperta, 10 pagata in parte, 30 pagata";
 

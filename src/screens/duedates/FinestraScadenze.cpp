@@ -11,6 +11,7 @@
 #include "core/values/FormatoImporto.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/windows/FunzioniCorrelate.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/GrigliaScadenze.h"
@@ -35,10 +36,11 @@ FinestraScadenze::FinestraScadenze(Finestre& finestre)
       selettore_(new CampoNumero(QStringLiteral("Rt1"))),
       apri_(Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio"))),
       nuovo_(Pulsante(QStringLiteral("Nuovo"), tr("Nuova scadenza"), tr("Ins"))) {
-  for (const char* campo : {"AnnoRic", "NFatRic", "NProtRic", "ArticoloRic"}) {
+  for (const char* campo : {"AnnoRic", "NProtRic", "ArticoloRic"}) {
     ricerca_.Aggiungi(campo, Tipo::Intero);
   }
-  for (const char* campo : {"StatoRic", "RivaRic"}) ricerca_.Aggiungi(campo, Tipo::Testo);
+  for (const char* campo : {"StatoRic", "RivaRic", "NFatRic"})
+    ricerca_.Aggiungi(campo, Tipo::Testo);
   ricerca_.Aggiungi("AnchePagate", Tipo::Booleano);
   trovate_->setObjectName(QStringLiteral("Trovate"));
   auto* pagina = new QWidget;
@@ -80,7 +82,8 @@ QWidget* FinestraScadenze::CreaRicerca() {
   const auto numero = [](const char* nome) { return new CampoNumero(QString::fromLatin1(nome)); };
   aggiungi(*seconda, new CampoTesto(QStringLiteral("StatoRic"), nullptr, 2), kCifreStatoRic,
            tr("Stato"));
-  aggiungi(*seconda, numero("NFatRic"), kCifreNumero, tr("Fattura n."));
+  aggiungi(*seconda, new CampoTesto(QStringLiteral("NFatRic"), nullptr, kLunghezzaFattura),
+           kCifreFattura, tr("Fattura n."));
   aggiungi(*seconda, new CampoTesto(QStringLiteral("RivaRic")), kCifreNumero, tr("Registro iva"));
   aggiungi(*seconda, numero("NProtRic"), kCifreNumero, tr("Protocollo"));
   aggiungi(*seconda, numero("ArticoloRic"), kCifreNumero, tr("Registrazione n."));
@@ -120,16 +123,18 @@ void FinestraScadenze::Cerca() {
   ricerca.conto = parte_->Codice();
   ricerca.stato = ricerca_.Testo("StatoRic");
   ricerca.anno = static_cast<int>(intero("AnnoRic"));
-  ricerca.nFat = intero("NFatRic");
+  ricerca.nFat = ricerca_.Testo("NFatRic");
   ricerca.nProt = intero("NProtRic");
   ricerca.articolo = intero("ArticoloRic");
   ricerca.riva = ricerca_.Testo("RivaRic");
   ricerca.anchePagate = ricerca_.Leggi("AnchePagate").Booleano();
   const auto totale = griglia_->Cerca(Sessione(), ricerca);
   cercato_ = true;
-  QString testo = tr("%1 scadenze, da pagare euro %2")
-                      .arg(totale.righe)
-                      .arg(QString::fromStdString(ScriviImporto(totale.residuo, 2)));
+  // What is to come in and what is to go out don't add up.
+  QString testo = totale.righe == 1 ? tr("1 scadenza") : tr("%1 scadenze").arg(totale.righe);
+  const auto euro = [](Importo importo) { return Qs(ScriviImporto(importo, 2)); };
+  if (totale.clienti) testo += tr(", da incassare euro %1").arg(euro(totale.daIncassare));
+  if (totale.fornitori) testo += tr(", da pagare euro %1").arg(euro(totale.daPagare));
   if (totale.interrotta) testo += tr(" (ricerca interrotta)");
   trovate_->setText(testo);
 }

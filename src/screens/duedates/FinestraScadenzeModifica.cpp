@@ -141,7 +141,7 @@ void FinestraScadenzeModifica::Mostra() {
   nuovo_->setEnabled(aperto);
   GrigliaScadenze::Totale totale;
   if (aperto) totale = griglia_->Cerca(Sessione(), documento_.Ricerca());
-  const QString importo = QString::fromStdString(ScriviImporto(totale.residuo, 2));
+  const QString importo = QString::fromStdString(ScriviImporto(totale.Residuo(), 2));
   totale_->setText(aperto ? tr("%1 scadenze, da pagare euro %2").arg(totale.righe).arg(importo)
                           : QString());
   riquadroAnticipi_->setVisible(aperto && !documento_.Anticipi().empty());

@@ -1,5 +1,7 @@
 #include "screens/duedates/GrigliaScadenze.h"
 
+#include "core/values/Testo.h"
+
 namespace fenalto::screens {
 namespace {
 
@@ -17,7 +19,7 @@ std::vector<ColonnaGriglia> Colonne() {
           {QStringLiteral("Residuo"), Tipo::Importo, 90},
           {QStringLiteral("Descrizione_scadenza"), Tipo::Testo, 145},
           {QStringLiteral("NProt"), Tipo::Intero, 50},
-          {QStringLiteral("NFat"), Tipo::Intero, 50},
+          {QStringLiteral("NFat"), Tipo::Testo, 60, 2, true},
           {QStringLiteral("DtFat"), Tipo::Data, 90},
           {QStringLiteral("Tipo"), Tipo::Testo, 40},
           {QStringLiteral("Stato"), Tipo::Testo, 45},
@@ -47,7 +49,9 @@ GrigliaScadenze::Totale GrigliaScadenze::Cerca(Ambiente& ambiente,
   const auto avanzamento = ambiente.Dialogo().Avvia("Ricerca scadenze", 0);
   duedates::CercaScadenze(ambiente, ricerca, [&](const duedates::RigaScadenza& riga) {
     righe.push_back(Celle(riga));
-    totale.residuo += riga.Residuo();
+    const bool fornitore = UgualeTesto(riga.cfp, "F");
+    (fornitore ? totale.daPagare : totale.daIncassare) += riga.Residuo();
+    (fornitore ? totale.fornitori : totale.clienti) = true;
     totale.interrotta = ++totale.righe % kPasso == 0 && !avanzamento->Avanza(totale.righe);
     return !totale.interrotta;
   });

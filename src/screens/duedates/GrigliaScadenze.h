@@ -18,11 +18,15 @@ class GrigliaScadenze : public Griglia {
                            const QString& nome = QStringLiteral("GrigliaScadenze"));
 
   /// Fills the grid; a long search shows how far it is and can be cancelled, which leaves what was
-  /// found so far. Returns the rows and what is left to pay of them.
+  /// found so far. Returns the rows and what is left of them, of each class that there is.
   struct Totale {
     int righe = 0;
-    Importo residuo;
+    Importo daIncassare;  ///< of customers
+    Importo daPagare;     ///< of suppliers
+    bool clienti = false;
+    bool fornitori = false;
     bool interrotta = false;
+    [[nodiscard]] Importo Residuo() const { return daIncassare + daPagare; }
   };
   Totale Cerca(Ambiente& ambiente, const duedates::RicercaScadenze& ricerca);
   void Svuota();

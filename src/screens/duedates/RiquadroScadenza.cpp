@@ -57,7 +57,7 @@ records::DescrizioneForma FormaScadenza() {
                         .Accanto(),
                     Digitato("Descrizione", "Descrizione", 64).In(kScadenza).Peso(1),
                     DiCodice("Pagamento", "Pagamento", "pagamenti", kParte).In(kScadenza).Peso(1),
-                    DiFattura("NFat", "Fattura n.", 0, kNumero),
+                    DiFattura("NFat", "Fattura n.", 0, kLunghezzaFattura).Mostra(kCifreFattura),
                     DiFattura("DtFat", "del", 1),
                     DiFattura("Riva", "Registro iva", 0, 6).Mostra(kNumero),
                     DiFattura("NProt", "Protocollo", 1, kNumero),

@@ -79,6 +79,7 @@ void RegistrazioneIva::Interno::ChiudiRecord() noexcept {
   documento.Chiudi();
   numeroRecord = nProtRecord = idRecord = 0;
   pagamentoRecord.clear();
+  parteRecord = {};
   ritenuteRecord = {};
   pagamentoProposto.clear();
   dtIncassoRecord = {};
@@ -342,6 +343,7 @@ void RegistrazioneIva::Interno::CaricaTesta(const Rs& record) {
   nProtRecord = record.Fields("NProt").Intero();
   idRecord = record.Fields("ID").Intero();
   pagamentoRecord = pagamentoProposto = record.Fields("Pagamento").Testo();
+  parteRecord = {record.Fields("CFP").Testo(), record.Fields("Conto").Testo()};
   dtIncassoRecord = record.Fields("DtIncasso").Data();
   std::vector<RigaIva> lette = LeggiRigheIva(tessarc, anno, numeroRecord);
   for (const RigaIva& letta : lette) {

@@ -150,8 +150,8 @@ void RegistrazioneIva::Interno::ScriviSeguito(Scritta& scritta) {
     }
     return;
   }
-  const bool libere =
-      duedates::EliminaScadenzeFattura(ambiente, anno, scritta.numDoc, scritta.log.testo);
+  const bool libere = duedates::EliminaScadenzeFattura(ambiente, anno, scritta.numDoc,
+                                                       scritta.log.testo, parteRecord);
   if (libere && !T("Pagamento").empty()) ScriviScadenze(scritta, daPagare);
 }
 
@@ -271,7 +271,8 @@ bool RegistrazioneIva::Elimina() {
     const std::string chiave = ChiaveArticolo({io.anno, io.numeroRecord});
     io.tessarc.Esegui("delete * from Movimenti where " + chiave);
     io.tessarc.Esegui("delete * from Articoli where " + chiave);
-    duedates::EliminaScadenzeFattura(io.ambiente, io.anno, io.numeroRecord, log.testo);
+    duedates::EliminaScadenzeFattura(io.ambiente, io.anno, io.numeroRecord, log.testo,
+                                     io.parteRecord);
     return std::string();
   };
   const bool eliminata = records::Esegui(

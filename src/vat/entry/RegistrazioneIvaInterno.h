@@ -147,6 +147,7 @@ struct RegistrazioneIva::Interno {
   std::int64_t idRecord = 0;
   std::int64_t numeroConfermato = 0;
   std::string pagamentoRecord;
+  duedates::ParteScadenze parteRecord;  ///< whose due dates the stored registration has
   Importo ritenuteRecord;         ///< moved by the withholding giros of the stored registration
   std::string pagamentoProposto;  ///< that of the party, as last put in
   Data dtIncassoRecord;

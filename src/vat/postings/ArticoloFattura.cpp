@@ -176,7 +176,8 @@ bool EliminaContabFattura(Ambiente& ambiente, int anno, const std::string& riva,
   const std::string documento = sql::Criterio("NProt", "=", nProt) + " and " +
                                 sql::Criterio("Anno", "=", anno) + " and " +
                                 sql::Criterio("Riva", "=", riva);
-  Rs articolo = tessarc.Recordset("select NumDoc from ZarticoliFatture where " + documento);
+  Rs articolo =
+      tessarc.Recordset("select NumDoc, CFP, Conto from ZarticoliFatture where " + documento);
   if (articolo.Eof()) {
     log.avvisi.push_back(std::string(kTestaAttenzione) +
                          "\npotrebbero essere state effettuate variazioni o annullamenti errati o "
@@ -184,6 +185,8 @@ bool EliminaContabFattura(Ambiente& ambiente, int anno, const std::string& riva,
     return false;
   }
   const std::int64_t numDoc = articolo.Fields("NumDoc").Intero();
+  const duedates::ParteScadenze parte{articolo.Fields("CFP").Testo(),
+                                      articolo.Fields("Conto").Testo()};
   const std::string chiave =
       sql::Criterio("Numdoc", "=", numDoc) + " and " + sql::Criterio("Anno", "=", anno);
   if (tessarc.Recordset("select top 1 Num from movimenti where " + chiave).Eof()) {
@@ -197,7 +200,9 @@ bool EliminaContabFattura(Ambiente& ambiente, int anno, const std::string& riva,
   tessarc.Esegui("delete * from articoli where " + chiave);
   tessarc.Esegui("delete * from movimenti where " + chiave);
   log.Riga("elim.contabilizzazione fattura art." + std::to_string(numDoc));
-  if (!pagamento.empty()) duedates::EliminaScadenzeFattura(ambiente, anno, numDoc, log.testo);
+  if (!pagamento.empty()) {
+    duedates::EliminaScadenzeFattura(ambiente, anno, numDoc, log.testo, parte);
+  }
   return true;
 }
 

@@ -175,7 +175,8 @@ constexpr const char* kPiano =
     "990.004;;P;Z;\n"
     "990.;Senza conto;;;\n"
     "992;Senza natura;;;\n"
-    "100.010;Esiste già;P;;\n";
+    "100.010;Esiste già;P;;\n"
+    "990.005;Campanello \x07;P;;\n";
 
 TEST_F(ImportazioneTest, PianoDeiContiConRigheSbagliate) {
   const auto importa = Apri("Conti", kPiano);
@@ -188,10 +189,11 @@ TEST_F(ImportazioneTest, PianoDeiContiConRigheSbagliate) {
                   "7 Conto: codice ripetuto: è già alla riga 6",
                   "8 Descrizione: manca «Descrizione»", "8 C F P: «Z» non è ammesso: P, C, F",
                   HasSubstr("9 Conto: manca mastro o conto"),
-                  HasSubstr("10 Tipo: manca Patrimoniale/Economico")));
+                  HasSubstr("10 Tipo: manca Patrimoniale/Economico"),
+                  "12 Descrizione: il testo contiene il carattere di controllo U+0007: toglierlo"));
   EXPECT_EQ(controllo.nuove, 3U);
   EXPECT_EQ(controllo.saltate, 1U);
-  EXPECT_EQ(controllo.errate, 6U);
+  EXPECT_EQ(controllo.errate, 7U);
 
   const auto fermata = importa->Importa({});
   ASSERT_TRUE(fermata);

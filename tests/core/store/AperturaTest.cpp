@@ -267,6 +267,11 @@ TEST_F(AperturaTest, ACompanyOfTheFirstStepOpensWithTodaysSchema) {
   }
   Crea();
   Apri()->Tessarc().Inserisci("Causali", {{"Cod", "A"}, {"Descrizione", "di prima"}});
+  for (const int numero : {3, 1, 2}) {
+    Apri()->Scadenzario().Inserisci("Scadenze", {{"Numero", numero},
+                                                 {"Conto", "A" + std::to_string(numero)},
+                                                 {"NFat", numero == 2 ? 0 : 8 + numero}});
+  }
   opzioni.cartellaSchema = vera;
   auto basi = Apri();
   ASSERT_NE(basi, nullptr);
@@ -280,6 +285,13 @@ TEST_F(AperturaTest, ACompanyOfTheFirstStepOpensWithTodaysSchema) {
       tessarc.Inserisci("FattureCli_r", {{"TipoDoc", "ei"}, {"Anno", 2024}, {"NumDoc", 1}}),
       ErroreArchivio)
       << "a row's place is its own";
+  // Numbers of invoices became texts, in the order they had, beside all else of their rows.
+  std::string scadenze;
+  for (Rs rs = basi->Scadenzario().Recordset("SELECT * FROM Scadenze ORDER BY NFat"); !rs.Eof();
+       rs.MoveNext()) {
+    scadenze += rs.Fields("NFat").Testo() + "|" + rs.Fields("Conto").Testo() + " ";
+  }
+  EXPECT_EQ(scadenze, "|A2 9|A1 11|A3 ");
 }
 
 TEST_F(AperturaTest, TheProgramsOwnSchemaMakesACompany) {

@@ -1,11 +1,15 @@
 #include "core/store/DiscoFinto.h"
 
 #include <sqlite3.h>
+#include <unistd.h>
+
+#include <csignal>
 
 namespace fenalto::prova {
 namespace {
 
 std::int64_t spazio = -1;
+int mancano = 0;
 sqlite3_vfs livello;
 /// Databases lock, journals don't: the system's layer has other methods for each.
 struct Metodi {
@@ -15,6 +19,7 @@ struct Metodi {
 Metodi metodi[2];
 
 int Scrivi(sqlite3_file* file, const void* dati, int quanti, sqlite3_int64 dove) {
+  if (mancano > 0 && --mancano == 0) kill(getpid(), SIGKILL);
   if (spazio >= 0) {
     if (quanti > spazio) return SQLITE_FULL;
     spazio -= quanti;
@@ -48,6 +53,10 @@ const char* DiscoFinto::Nome() {
     sqlite3_vfs_register(&livello, 0);
   }
   return kNome;
+}
+
+void DiscoFinto::MuoriAllaScrittura(int n) {
+  mancano = n;
 }
 
 void DiscoFinto::Spazio(std::int64_t byte) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -203,6 +204,57 @@ TEST(Testo, Utf8) {
     EXPECT_FALSE(Utf8Valido(rotto));
   EXPECT_EQ(LunghezzaTesto("perché 😀"), 8U);
   EXPECT_EQ(LunghezzaTesto("\xE2\x82"), 2U);
+}
+
+TEST(Testo, QuelloCheNonSiVede) {
+  struct Caso {
+    std::string testo;
+    const char *mostrato, *difetto;  ///< the code that is told
+  };
+  for (const Caso& caso : {Caso{"perché\tno\r\n€ 😀 ~", "perché\tno\r\n€ 😀 ~", ""},
+                           {"a\x07"
+                            "b",
+                            "a\u2407b", "U+0007"},
+                           {std::string("\0", 1), "\u2400", "U+0000"},
+                           {"\x7F", "\u2421", "U+007F"},
+                           {"\xC2\x85z", "\uFFFDz", "U+0085"},
+                           {"riga\xE2\x80\xA8sotto", "riga\uFFFDsotto", "U+2028"},
+                           {"caff\xE8 e", "caff\uFFFD e", "byte E8"},
+                           {"\xE2\x82", "\uFFFD\uFFFD", "byte E2"}}) {
+    EXPECT_EQ(Visibile(caso.testo), caso.mostrato);
+    const std::string difetto = DifettoTesto(caso.testo);
+    EXPECT_EQ(difetto.empty(), *caso.difetto == '\0') << caso.mostrato;
+    EXPECT_NE(difetto.find(caso.difetto), std::string::npos) << difetto;
+  }
+}
+
+TEST(Testo, NumeriScrittiComeTesti) {
+  const std::vector<std::string> ordine = {"",
+                                           "A1",
+                                           "S/88",
+                                           "7",
+                                           "007b",
+                                           "10",
+                                           "10/A",
+                                           "11",
+                                           "2024/9",
+                                           "2024/123",
+                                           "99999999999999999999"};
+  const std::vector<std::string> inOrdine = {"",
+                                             "A1",
+                                             "S/88",
+                                             "007b",
+                                             "7",
+                                             "10",
+                                             "10/A",
+                                             "11",
+                                             "2024/123",
+                                             "2024/9",
+                                             "99999999999999999999"};
+  std::vector<std::string> ordinati = ordine;
+  std::ranges::sort(ordinati,
+                    [](const auto& a, const auto& b) { return ConfrontaNumeri(a, b) < 0; });
+  EXPECT_EQ(ordinati, inOrdine);
 }
 
 TEST(Testo, PezziDiTesto) {

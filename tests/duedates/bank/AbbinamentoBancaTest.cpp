@@ -60,6 +60,10 @@ TEST_F(AbbinamentoBancaTest, Lettura) {
        "15/03/2024;99999999999999,00\n16/03/2024;7,00\n17/03/2024;1.234\n",
        {"7 16/03/2024 7 ", "8 17/03/2024 1234 "},
        {"2", "3", "4", "5", "6"}},
+      {"caratteri che non si scrivono",
+       "Data;Importo;Descrizione\n15/03/2024;5,00;suona\x07\n16/03/2024;6,00;x\n",
+       {"3 16/03/2024 6 x"},
+       {"2"}},
       {"niente dice se il punto è delle migliaia", "Data;Importo\n15/03/2024;1.234\n", {}, {"2"}},
   };
   for (const Caso& caso : casi) {
@@ -108,6 +112,9 @@ TEST_F(AbbinamentoBancaTest, Proposte) {
   const auto terzo = Nuova("C", "0001", "80", 18, "30");
   const auto altro = Nuova("C", "0002", "100", 40);
   const auto fornitore = Nuova("F", "0001", "100", 9);
+  const auto sezionale = Nuova("F", "0001", "77", 0);
+  Scadenzario().Esegui("update Scadenze set NFat='2024/40-B' where " +
+                       sql::Criterio("Numero", "=", sezionale));
   const auto n = [](std::int64_t numero) { return std::to_string(numero); };
   struct Caso {
     duedates::LineaEstratto linea;
@@ -127,6 +134,9 @@ TEST_F(AbbinamentoBancaTest, Proposte) {
        {"0001: " + n(primo) + " " + n(secondo) + " " + n(terzo) + " (tutte le scadenze aperte)"}},
       {Linea("-100", "pagato Bianchi"),
        {"0001: " + n(fornitore) + " (importo esatto, nome nella descrizione)"}},
+      {Linea("-77", "ft 2024 / 40 - b"),
+       {"0001: " + n(sezionale) + " (importo esatto, fattura 2024/40-B)"}},
+      {Linea("-77", "ft 40/2024 b"), {"0001: " + n(sezionale) + " (importo esatto)"}},
       // A few cents less are taken only when name and invoice speak for it.
       {Linea("149", "Ferramenta BIANCHI ft 15"),
        {"0001: " + n(secondo) + " arr 1 (importo vicino, nome nella descrizione, fattura 15)"}},

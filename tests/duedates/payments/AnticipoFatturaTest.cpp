@@ -67,7 +67,7 @@ TEST_F(AnticipoFatturaTest, RifiutiNelLoroOrdine) {
   for (const char* chiave : {"CausalePagScad3C", "ContropartitaPagScad3C"})
     ambiente.ScriviImpostazione({}, "config", chiave, "");
   duedates::AnticipoFattura anticipo(ambiente);
-  for (const char* campo : {"Dt", "Descrizione"}) Digita(anticipo, campo, Valore());
+  for (const char* campo : {"Dt", "DtReg", "Descrizione"}) Digita(anticipo, campo, Valore());
   Digita(anticipo, "Tipo", "99");
   Digita(anticipo, "Stato", " ");
   struct Passo {
@@ -87,7 +87,7 @@ TEST_F(AnticipoFatturaTest, RifiutiNelLoroOrdine) {
       {"manca importo, tipo, stato", "ImportoE", digita("ImportoE", I("100"))},
       {"manca importo, tipo, stato", "Stato", digita("Stato", "1")},
       {"L'importo deve essere impostato con il segno meno", "ImportoE",
-       digita("ImportoE", I("-100"))},
+       digita("ImportoE", I("-100.001"))},
       {"Manca la descrizione contabile", "DescrizioneContabile",
        digita("DescrizioneContabile", "acconto")},
       {"manca contropartita", "", imposta("ContropartitaPagScad3", "999.999")},
@@ -99,6 +99,9 @@ TEST_F(AnticipoFatturaTest, RifiutiNelLoroOrdine) {
       {"il tipo 99 non è fra i tipi di pagamento", "Tipo", digita("Tipo", "02")},
       {duedates::kStatoDiDueCifre, "Stato", digita("Stato", "01")},
       {"Manca causale o conti", "", imposta("CausalePagScad3", "002")},
+      {"manca la data di registrazione", "DtReg", digita("DtReg", G(15, 3, 2024))},
+      {"l'importo -100,001 ha più di due decimali: gli importi sono in centesimi", "ImportoE",
+       digita("ImportoE", I("-100"))},
   };
   const std::string prima = Tutto();
   for (const Passo& passo : passi) {

@@ -95,6 +95,40 @@ TEST_F(InsolutoRibaTest, DueUgualiTornanoUnaAllaVolta) {
   EXPECT_THAT(Elenco(insoluto), ElementsAre("2/3", "1/4"));
 }
 
+// A receipt comes back once; with the bank's charges on its amount it is the same one.
+TEST_F(InsolutoRibaTest, UnaSecondaVoltaSiChiede) {
+  const auto prima = Presentata("122", 5, 12, G(29, 2, 2024));
+  const auto gemella = Presentata("122", 5, 12, G(29, 2, 2024));
+  duedates::InsolutoRiba insoluto(ambiente);
+  insoluto.ScegliParte("C", "0001");
+  const auto registra = [&](std::int64_t ricevuta, const char* importo) {
+    insoluto.Nuovo();
+    if (ricevuta != 0) insoluto.Riprendi(ricevuta);
+    const std::vector<Coppia> aMano = {
+        {"BancaPresentaz", "01"}, {"Ndistinta", 12}, {"NFat", "5"}, {"DtFat", G(31, 1, 2024)}};
+    for (const auto& [campo, valore] : aMano) Digita(insoluto, campo.c_str(), valore);
+    Digita(insoluto, "ImportoE", I(importo));
+    Digita(insoluto, "Descrizione", "Insoluto fatt. 5");
+    return insoluto.Conferma();
+  };
+  EXPECT_TRUE(registra(gemella, "125.50"));
+  // Typed by hand: the other one of the two.
+  EXPECT_TRUE(registra(0, "122"));
+  Messaggi();
+  const std::string com = Tutto();
+  for (const std::int64_t ricevuta : {prima, gemella, std::int64_t{0}}) {
+    dialoghi.Rispondera("è già stata registrata insoluta, con la scadenza n. ", Risposta::No);
+    EXPECT_FALSE(registra(ricevuta, "122")) << ricevuta;
+    EXPECT_EQ(Tutto(), com);
+  }
+  dialoghi.Rispondera("la registro un'altra volta", Risposta::Si);
+  dialoghi.Rispondera("l'importo -122,00 ha il segno contrario a quello che aveva la ricevuta n. 1",
+                      Risposta::No);
+  EXPECT_FALSE(registra(prima, "-122"));
+  EXPECT_EQ(Tutto(), com);
+  EXPECT_THAT(Messaggi(), IsEmpty());
+}
+
 TEST_F(InsolutoRibaTest, ScrittoAManoLatiEImpostazione) {
   duedates::InsolutoRiba insoluto(ambiente);
   EXPECT_FALSE(insoluto.Nuovo());

@@ -146,12 +146,12 @@ TEST_F(PagamentiScadenzarioTest, RicercaEScelta) {
   Scadenzario().Esegui("update Scadenze set Stato='30' where Numero=5");
   duedates::PagamentiScadenzario p(ambiente, Modo::PiuParti);
   p.ScegliParte("C", "");
-  EXPECT_THAT(Trovate(p.Ricerca(0, {})), ElementsAre(terza, prima, altra));
-  EXPECT_THAT(Trovate(p.Ricerca(5, {})), ElementsAre(prima));
-  EXPECT_THAT(Trovate(p.Ricerca(0, G(1, 2, 2024))), IsEmpty());
+  EXPECT_THAT(Trovate(p.Ricerca("", {})), ElementsAre(terza, prima, altra));
+  EXPECT_THAT(Trovate(p.Ricerca("5", {})), ElementsAre(prima));
+  EXPECT_THAT(Trovate(p.Ricerca("", G(1, 2, 2024))), IsEmpty());
   duedates::PagamentiScadenzario una(ambiente, Modo::SingolaParte);
   una.ScegliParte("C", "0001");
-  EXPECT_THAT(Trovate(una.Ricerca(0, {})), ElementsAre(prima, terza));
+  EXPECT_THAT(Trovate(una.Ricerca("", {})), ElementsAre(prima, terza));
 
   EXPECT_FALSE(una.Scegli(prima, false));
   EXPECT_THAT(SoloMessaggio(), HasSubstr("Nuova Registrazione"));
@@ -218,12 +218,21 @@ TEST_F(PagamentiScadenzarioTest, RegoleDellaRiga) {
        "se l'importo pagato è uguale all'importo scadenza inserire spunta su 'scadenza saldata'"},
       {"0", "0", false, "l'importo pagato è zero"},
       {"900000000000000", "900000000000000", true, "Correggere l'importo"},
+      {"40.005", "0", false, "l'importo 40,005 ha più di due decimali"},
+      {"100.015", "0.005", true, "l'importo 100,015 ha più di due decimali"},
   };
   for (const Caso& caso : casi) {
     EXPECT_FALSE(Digita(p, caso.pagato, caso.arrotondamento, caso.saldata));
     EXPECT_THAT(SoloMessaggio(), HasSubstr(caso.messaggio));
     EXPECT_EQ(p.StatoCorrente(), Stato::RigaAperta);
   }
+  dialoghi.Rispondera(
+      "l'importo pagato -40,00 ha il segno contrario all'importo da saldare, 100,02", Risposta::No);
+  EXPECT_FALSE(Digita(p, "-40", "0", false));
+  EXPECT_EQ(p.StatoCorrente(), Stato::RigaAperta);
+  dialoghi.Rispondera("proseguo ugualmente", Risposta::Si);
+  EXPECT_TRUE(Digita(p, "-40", "0", false));
+  ASSERT_TRUE(p.ApriRiga(p.Righe()[0].num));
   EXPECT_TRUE(Digita(p, "100", "0.02", true));
   EXPECT_EQ(p.TotArrotondamento(), I("0.02"));
   ASSERT_TRUE(p.ApriRiga(p.Righe()[0].num));
@@ -285,6 +294,31 @@ TEST_F(PagamentiScadenzarioTest, Conferma) {
   EXPECT_THAT(RigheDi(1), ElementsAre("100 002 C:0001 0/100.02 P:100.010 «incasso FT. 5»",
                                       "200 002 P:100.010 100/0 C:0001 «incasso»",
                                       "300 002 P:580.010 0.02/0 C:0001 «incasso»"));
+}
+
+// A due date that somebody filled in with parts of a cent can still be closed.
+TEST_F(PagamentiScadenzarioTest, ResiduoConParteDiCentesimo) {
+  const auto n = Nuova("C", "0001", "100.005", 5);
+  duedates::PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  Inizia(p);
+  ASSERT_TRUE(p.Scegli(n, true));
+  EXPECT_TRUE(p.Conferma());
+  EXPECT_THAT(Pagata(n), HasSubstr("30 100.005"));
+  Messaggi();
+}
+
+TEST_F(PagamentiScadenzarioTest, InLireSoloLireIntere) {
+  const auto n = Nuova("C", "0001", "100", 5);
+  ASSERT_TRUE(ambiente.ScegliAnno(2000));
+  Config("RegistrazioneContabilePagScad2", "0");
+  duedates::PagamentiScadenzario p(ambiente, Modo::SingolaParte);
+  p.ScegliParte("C", "0001");
+  ASSERT_TRUE(p.Nuovo());
+  ASSERT_TRUE(p.Scegli(n, false));
+  EXPECT_FALSE(Digita(p, "40.50", "0", false));
+  EXPECT_EQ(SoloMessaggio(),
+            "l'importo 40,5 ha dei decimali: in un anno in lire gli importi sono in lire intere");
+  EXPECT_TRUE(Digita(p, "40", "0", false));
 }
 
 TEST_F(PagamentiScadenzarioTest, SingolaParteSenzaRegistrazione) {

@@ -232,14 +232,18 @@ void DittaCasuale::SceglieEDigita(duedates::PagamentiScadenzario& p, const dueda
     RC_ASSERT(p.Scegli(s.numero, true));
   } else {
     RC_ASSERT(p.Scegli(s.numero, false));
-    const Importo parte =
-        Importo::DaDecimillesimi(s.Residuo().Decimillesimi() * (scelta % 130) / 100);
+    constexpr std::int64_t kCentesimo = Importo::kScala / 100;
+    const Importo parte = Importo::DaDecimillesimi(s.Residuo().Decimillesimi() * (scelta % 130) /
+                                                   100 / kCentesimo * kCentesimo);
     if (come == 2) {
       p.Riga().Scrivi("ImportoPagato", s.Residuo() - Centesimi(scelta % 100 - 50));
       p.ArrotondaDifferenza();
     } else if (parte != s.Residuo() && !parte.Zero()) {
       p.Riga().Scrivi("ImportoPagato", leva = parte);
       p.Riga().Scrivi("Saldata", false);
+    }
+    if (duedates::SegniContrari(p.Riga().Leggi("ImportoPagato").Importo(), s.Residuo())) {
+      dialoghi.Rispondera("ha il segno contrario", Risposta::Si);
     }
     RC_ASSERT(p.ConfermaRiga());
   }

@@ -49,9 +49,7 @@ inline Importo Centesimi(int quanti) {
   return Importo::DaDecimillesimi(100LL * quanti);
 }
 
-/// Now and then one with all four decimals.
 inline Importo ImportoDi(const Mossa& mossa) {
-  if (mossa.importo % 11 == 0) return Importo::DaDecimillesimi(mossa.importo);
   return Centesimi(mossa.importo);
 }
 

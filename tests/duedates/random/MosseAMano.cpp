@@ -58,6 +58,10 @@ void DittaCasuale::ScadenzaAMano(const Mossa& mossa) {
     archivio.Record().Scrivi("Stato", duedates::kStatoAperta);
   }
   archivio.Record().Scrivi("ImportoE", importo);
+  if (scelta && importo != scelta->importoE &&
+      duedates::SegniContrari(importo, scelta->importoPagatoE)) {
+    dialoghi.Rispondera("ha il segno contrario", Risposta::Si);
+  }
   RC_ASSERT(archivio.Conferma());
   Nota("scad. " + std::to_string(archivio.Numero()) + " a mano " + parte.first + parte.second +
        " " + importo.Testo());

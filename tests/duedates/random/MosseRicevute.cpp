@@ -77,12 +77,15 @@ void DittaCasuale::NuovoInsoluto(const Mossa& mossa) {
   insoluto.ScegliParte(parte.first, parte.second);
   RC_ASSERT(insoluto.Nuovo());
   insoluto.Impostazioni().Scrivi("RegistrazioneContabilePagScad4", registra);
-  const auto presentate = insoluto.Presentate(10);
+  const auto presentate = insoluto.Presentate(100'000);
   insoluto.Dati().Scrivi("ImportoE", ImportoDi(mossa));
   if (!presentate.empty()) {
     const auto quale = static_cast<std::size_t>(mossa.importo) % presentate.size();
     if (presentate[quale].importoE.Zero()) return;
     insoluto.Riprendi(presentate[quale].numero);
+    if (presentate[quale].insoluto != 0) {
+      dialoghi.Rispondera("è già stata registrata insoluta", Risposta::Si);
+    }
   }
   if (Bit(mossa, 2)) insoluto.Dati().Scrivi("Tipo", duedates::kTipoRiba);
   const Importo importo = insoluto.Dati().Leggi("ImportoE").Importo();

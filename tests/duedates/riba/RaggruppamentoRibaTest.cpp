@@ -121,7 +121,7 @@ TEST_F(RaggruppamentoRibaTest, UnaScadenzaAlPostoDiTre) {
       {"BancaPresentaz", ""},
       {"Ndistinta", 0},
       {"DtPres", Data()},
-      {"NFat", 0},
+      {"NFat", ""},
       {"anticipo", false}};
   for (const auto& [campo, valore] : attesi) EXPECT_EQ(nuova.Fields(campo), valore) << campo;
 
@@ -254,7 +254,7 @@ TEST(RiferimentiFattureTest, InSessantaquattroCaratteri) {
     std::vector<duedates::Scadenza> scadenze;
     for (const auto& [nFat, dtFat] : fatture) {
       duedates::Scadenza s;
-      s.nFat = nFat;
+      s.nFat = std::to_string(nFat);
       s.dtFat = dtFat;
       scadenze.push_back(s);
     }

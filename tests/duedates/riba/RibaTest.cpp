@@ -178,6 +178,24 @@ TEST_F(RibaTest, DefinitivaScriveFileScadenzeBancaERegistrazione) {
   EXPECT_THAT(uscite.Testo(), Not(HasSubstr("CREATO ARTICOLO")));
 }
 
+TEST_F(RibaTest, NomeDelFileDigitato) {
+  duedates::Riba riba(ambiente);
+  riba.Imposta(Impostazioni());
+  ASSERT_TRUE(riba.ImpostaBanca("X1"));
+  const auto nella = [this](const std::string& nome) { return (Rib() / nome).string(); };
+  const std::pair<std::string, std::string> casi[] = {{"marzo.rib", nella("marzo.rib")},
+                                                      {" MARZO.RIB ", nella("MARZO.RIB")},
+                                                      {"marzo", nella("marzo.rib")},
+                                                      {"marzo.txt", nella("marzo.txt")},
+                                                      {"altra/marzo.rib", "altra/marzo.rib"},
+                                                      {nella("marzo.rib"), nella("marzo.rib")},
+                                                      {"", nella("12.rib")}};
+  for (const auto& [digitato, file] : casi) {
+    riba.ImpostaNomeFile(digitato);
+    EXPECT_EQ(riba.NomeFile(), file) << digitato;
+  }
+}
+
 TEST_F(RibaTest, LaCentesimaNonEntra) {
   for (int i = 1; i <= 100; ++i) Ricevuta("0001", "1.01", i);
   duedates::Riba riba(ambiente);
@@ -230,6 +248,12 @@ TEST_F(RibaTest, RifiutiNellOrdine) {
   riba.Imposta(vuote);
   rifiuta("NON E'STATA SELEZIONATA ALCUNA RIBA\nnella griglia 'Selezione Riba'");
   ASSERT_TRUE(riba.Cambia(riba.Righe()[0].numero));
+  riba.ImpostaData({});
+  std::string campo;
+  EXPECT_FALSE(riba.Conferma(uscite, &campo));
+  EXPECT_EQ(SoloMessaggio(), "manca la data della distinta");
+  EXPECT_EQ(campo, "DataDistinta");
+  riba.ImpostaData(G(15, 3, 2024));
 
   dialoghi.ScegliaUscita(std::nullopt);
   EXPECT_FALSE(riba.Conferma(uscite));

@@ -102,6 +102,9 @@ class Connessione {
   virtual void Conferma() = 0;
   /// Undoes what there is to undo.
   virtual void Annulla() noexcept = 0;
+  /// Takes away what processes that were killed have left beside the bases and nothing needs any
+  /// more. Does nothing while another station writes; never fails.
+  virtual void TogliResti() noexcept = 0;
   /// False also when the engine has undone a transaction by itself, after an error.
   [[nodiscard]] virtual bool InTransazione() const noexcept = 0;
 };

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "core/values/FormatoImporto.h"
+#include "core/values/Testo.h"
 
 namespace fenalto::screens {
 namespace {
@@ -13,6 +14,15 @@ std::string Utf8(const QString& testo) {
 
 }  // namespace
 
+Esito<Valore> TestoMostrato::Letto(const QString& testo) const {
+  if (testo == mostrato) return Valore(originale);
+  std::string digitato = Utf8(testo);
+  if (std::string difetto = DifettoTesto(digitato); !difetto.empty()) {
+    return Errore{std::move(difetto)};
+  }
+  return Valore(std::move(digitato));
+}
+
 CampoTesto::CampoTesto(const QString& nome, QWidget* genitore, int lunghezza)
     : QLineEdit(genitore) {
   setObjectName(nome);
@@ -20,11 +30,13 @@ CampoTesto::CampoTesto(const QString& nome, QWidget* genitore, int lunghezza)
 }
 
 void CampoTesto::Mostra(const Valore& valore) {
-  setText(QString::fromStdString(valore.Testo()));
+  testo_.originale = valore.Testo();
+  setText(QString::fromStdString(Visibile(testo_.originale)));
+  testo_.mostrato = text();
 }
 
 Esito<Valore> CampoTesto::Letto() const {
-  return Valore(Utf8(text()));
+  return testo_.Letto(text());
 }
 
 void CampoTesto::Maiuscole(bool attive) {
@@ -135,9 +147,11 @@ CampoNote::CampoNote(const QString& nome, QWidget* genitore, int lunghezza)
 }
 
 void CampoNote::Mostra(const Valore& valore) {
-  const QString testo = QString::fromStdString(valore.Testo());
+  testo_.originale = valore.Testo();
+  const QString testo = QString::fromStdString(Visibile(testo_.originale));
   // Set anew only when it differs, so that the cursor stays where it was.
   if (testo != toPlainText()) setPlainText(testo);
+  testo_.mostrato = toPlainText();
   document()->setModified(false);
 }
 
@@ -147,7 +161,7 @@ Esito<Valore> CampoNote::Letto() const {
     return Errore{"il testo ha " + std::to_string(testo.size()) + " caratteri: al massimo sono " +
                   std::to_string(lunghezza_)};
   }
-  return Valore(Utf8(testo));
+  return testo_.Letto(testo);
 }
 
 }  // namespace fenalto::screens

@@ -19,6 +19,16 @@ class CampoValore {
   [[nodiscard]] virtual Esito<Valore> Letto() const = 0;
 };
 
+/// What a field of text was given to show, and what it holds since then. Control characters are
+/// seen by their marks, and come back as they were when nobody typed.
+struct TestoMostrato {
+  std::string originale;
+  QString mostrato;
+  /// The value of a field that holds this; a text that was typed or pasted and can't be written is
+  /// an error.
+  [[nodiscard]] Esito<Valore> Letto(const QString& testo) const;
+};
+
 /// A line of text. `lunghezza` limits the characters.
 class CampoTesto : public QLineEdit, public CampoValore {
   Q_OBJECT
@@ -32,6 +42,9 @@ class CampoTesto : public QLineEdit, public CampoValore {
 
  protected:
   void focusInEvent(QFocusEvent* evento) override;
+
+ private:
+  TestoMostrato testo_;
 };
 
 /// A whole number.
@@ -95,6 +108,7 @@ class CampoNote : public QPlainTextEdit, public CampoValore {
 
  private:
   int lunghezza_;
+  TestoMostrato testo_;
 };
 
 }  // namespace fenalto::screens

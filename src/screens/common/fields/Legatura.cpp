@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "core/values/FormatoImporto.h"
+#include "core/values/Testo.h"
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
@@ -77,7 +78,7 @@ void Legatura::MostraUno(QWidget* controllo) {
   } else if (auto* etichetta = qobject_cast<QLabel*>(controllo)) {
     etichetta->setText(valore.Tipo() == Tipo::Importo
                            ? QString::fromStdString(ScriviImporto(valore.Importo(), 2))
-                           : QString::fromStdString(valore.Testo()));
+                           : QString::fromStdString(Visibile(valore.Testo())));
   }
 }
 

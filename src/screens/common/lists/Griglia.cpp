@@ -35,12 +35,12 @@ QString Mostrato(const Valore& valore, const ColonnaGriglia& colonna) {
       return numero == 0 ? QString() : QString::number(numero);
     }
     default:
-      return QString::fromStdString(valore.Testo());
+      return QString::fromStdString(Visibile(valore.Testo()));
   }
 }
 
-bool Minore(const Valore& a, const Valore& b, Tipo tipo) {
-  switch (tipo) {
+bool Minore(const Valore& a, const Valore& b, const ColonnaGriglia& colonna) {
+  switch (colonna.tipo) {
     case Tipo::Importo:
       return a.Importo() < b.Importo();
     case Tipo::Intero:
@@ -49,7 +49,8 @@ bool Minore(const Valore& a, const Valore& b, Tipo tipo) {
     case Tipo::Data:
       return a.Data() < b.Data();
     default:
-      return ConfrontaTesto(a.Testo(), b.Testo()) < 0;
+      return (colonna.numeri ? ConfrontaNumeri(a.Testo(), b.Testo())
+                             : ConfrontaTesto(a.Testo(), b.Testo())) < 0;
   }
 }
 
@@ -132,11 +133,11 @@ QVariant ModelloGriglia::headerData(int sezione, Qt::Orientation verso, int ruol
 void ModelloGriglia::sort(int colonna, Qt::SortOrder ordine) {
   if (colonna < 0 || pagina_) return;
   const auto indice = static_cast<std::size_t>(colonna);
-  const Tipo tipo = colonne_[indice].tipo;
+  const ColonnaGriglia& quale = colonne_[indice];
   emit layoutAboutToBeChanged();
   std::stable_sort(righe_.begin(), righe_.end(), [&](const auto& a, const auto& b) {
-    return ordine == Qt::AscendingOrder ? Minore(a[indice], b[indice], tipo)
-                                        : Minore(b[indice], a[indice], tipo);
+    return ordine == Qt::AscendingOrder ? Minore(a[indice], b[indice], quale)
+                                        : Minore(b[indice], a[indice], quale);
   });
   emit layoutChanged();
 }

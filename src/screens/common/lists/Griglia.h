@@ -15,6 +15,7 @@ struct ColonnaGriglia {
   Tipo tipo = Tipo::Testo;
   int larghezza = 100;  ///< pixels at first
   int decimali = 2;     ///< of amounts
+  bool numeri = false;  ///< a text that is sorted as numbers are: of an invoice
 };
 
 /// Rows of values held in memory.

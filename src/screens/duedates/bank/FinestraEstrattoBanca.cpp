@@ -33,7 +33,7 @@ std::string Fatture(const duedates::PropostaBanca& proposta) {
   for (std::size_t i = 0; i < proposta.scadenze.size() && i < kNominate; ++i) {
     const duedates::Scadenza& s = proposta.scadenze[i];
     testo += (i == 0 ? "" : "; ");
-    testo += s.nFat != 0 ? "ft. " + std::to_string(s.nFat) : s.descrizione;
+    testo += s.nFat.empty() ? s.descrizione : "ft. " + s.nFat;
     testo += " scad. " + s.dt.Testo();
   }
   if (proposta.scadenze.size() > kNominate) testo += "; ...";

@@ -48,7 +48,7 @@ QWidget* FinestraInsoluti::CreaRicevute() {
   ricevute_ = new Griglia(QStringLiteral("GrigliaRicevute"), Nome(),
                           {{tr("DataScad"), Tipo::Data, 90},
                            {tr("ImportoE"), Tipo::Importo, 100},
-                           {tr("NFat"), Tipo::Intero, 70},
+                           {tr("NFat"), Tipo::Testo, 70, 2, true},
                            {tr("DtFat"), Tipo::Data, 90},
                            {tr("Banca"), Tipo::Testo, 70},
                            {tr("Ndistinta"), Tipo::Intero, 80},

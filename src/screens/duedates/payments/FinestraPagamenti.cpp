@@ -151,7 +151,7 @@ FinestraPagamenti::Interno::Interno(FinestraPagamenti& finestraUsata, Finestre& 
       righe(new Griglia(QStringLiteral("GrigliaRighe"), finestraUsata.Nome(),
                         {{tr("Conto"), Tipo::Testo, 60},
                          {tr("Ragsoc"), Tipo::Testo, 145},
-                         {tr("NFat"), Tipo::Intero, 60},
+                         {tr("NFat"), Tipo::Testo, 70, 2, true},
                          {tr("DtFat"), Tipo::Data, 90},
                          {tr("DataScad"), Tipo::Data, 90},
                          {tr("Importo"), Tipo::Importo, 95},
@@ -174,7 +174,7 @@ FinestraPagamenti::Interno::Interno(FinestraPagamenti& finestraUsata, Finestre& 
       annullaRiga(Pulsante(QStringLiteral("AnnullaRiga"), tr("Abbandona riga"), tr("Esc"))),
       conferma(Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"))),
       abbandona(Pulsante(QStringLiteral("Annulla"), tr("Abbandona"), tr("Esc"))) {
-  ricerca.Aggiungi("nfat", Tipo::Intero);
+  ricerca.Aggiungi("nfat", Tipo::Testo);
   ricerca.Aggiungi("dtfat", Tipo::Data);
   veloce->setObjectName(QStringLiteral("SelezioneVeloce"));
   veloce->setToolTip(tr("le scadenze scelte si saldano per intero, senza aprire la riga"));
@@ -236,8 +236,8 @@ CampiForma* FinestraPagamenti::Interno::Compila(records::DescrizioneForma forma,
 
 QLayout* FinestraPagamenti::Interno::CreaRicerca() {
   auto* fila = new QHBoxLayout;
-  auto* nFat = new CampoNumero(QStringLiteral("nfat"));
-  LargoCaratteri(nFat, kCifreNumero);
+  auto* nFat = new CampoTesto(QStringLiteral("nfat"), nullptr, kLunghezzaFattura);
+  LargoCaratteri(nFat, kCifreFattura);
   auto* dtFat = CampoGiorno("dtfat", gestore.Sessione());
   filtri->Lega(nFat);
   filtri->Lega(dtFat);
@@ -349,13 +349,12 @@ void FinestraPagamenti::Interno::Nuovo() {
 
 void FinestraPagamenti::Interno::Cerca() {
   if (!filtri->Raccogli()) return;
-  const auto totale =
-      scadenze->Cerca(gestore.Sessione(),
-                      caso.Ricerca(ricerca.Leggi("nfat").Intero(), ricerca.Leggi("dtfat").Data()));
+  const auto totale = scadenze->Cerca(
+      gestore.Sessione(), caso.Ricerca(ricerca.Testo("nfat"), ricerca.Leggi("dtfat").Data()));
   trovate->setText((totale.righe == 1 ? tr("%1 scadenza aperta, da saldare %2%3")
                                       : tr("%1 scadenze aperte, da saldare %2%3"))
                        .arg(totale.righe)
-                       .arg(Qs(ScriviImporto(totale.residuo, 2)),
+                       .arg(Qs(ScriviImporto(totale.Residuo(), 2)),
                             totale.interrotta ? tr(" (ricerca interrotta)") : QString()));
   Mostra();
 }
@@ -397,7 +396,11 @@ void FinestraPagamenti::Interno::ApriRiga(int indice) {
 }
 
 void FinestraPagamenti::Interno::ConfermaRiga() {
-  if (!riga->Raccogli() || !caso.ConfermaRiga()) return;
+  if (!riga->Raccogli()) return;
+  if (!caso.ConfermaRiga()) {
+    riquadroRiga->findChild<QWidget*>(QStringLiteral("ImportoPagato"))->setFocus();
+    return;
+  }
   Mostra();
   scadenze->setFocus();
 }
@@ -416,9 +419,11 @@ bool FinestraPagamenti::Interno::AnnullaRiga() {
 
 void FinestraPagamenti::Interno::Conferma() {
   if (!Raccogli()) return;
-  const bool scritto = caso.Conferma();
+  std::string campo;
+  const bool scritto = caso.Conferma(&campo);
   if (scritto) Cerca();
   Mostra();
+  if (!campo.empty()) finestra.findChild<QWidget*>(Qs(campo))->setFocus();
   if (scritto) FocoInVista(nuovo);
 }
 

@@ -24,28 +24,29 @@ constexpr const char* kRegistrazione = "FrameRegistrazione";
 records::DescrizioneForma FormaScadenzaDigitata(const std::string& numero) {
   constexpr int kCodice = 5;
   return {
-      .campi = {Digitato("Dt", "Data scadenza").In(kScadenza),
-                Digitato("ImportoE", "Importo", kCifreImporto - 1).In(kScadenza).Colonna(1),
-                DiCodice("Tipo", "Tipo", "tipiPagamento", kCodice).In(kScadenza),
-                Digitato("Stato", "Stato", 2).Aiuto(kStati).In(kScadenza).Colonna(1),
-                Digitato("NFat", "Fattura n.", kCifreNumero - 1).In(kScadenza),
-                Digitato("DtFat", "del").In(kScadenza).Colonna(1),
-                Digitato("Descrizione", "Descrizione", 64).In(kScadenza).Colonne(2),
-                Digitato("RegistrazioneContabilePagScad" + numero, "Creo registrazione contabile")
-                    .In(kRegistrazione)
-                    .AlMargine(),
-                Digitato("DtReg", "Data registrazione").In(kRegistrazione).Colonna(1),
-                Digitato("DescrizioneContabile", "Descrizione contabile")
-                    .In(kRegistrazione)
-                    .Colonne(2)
-                    .Peso(1),
-                DiCodice("CausalePagScad" + numero, "Causale", "causali", kCodice)
-                    .In(kRegistrazione)
-                    .Peso(1),
-                DiCodice("ContropartitaPagScad" + numero, "Contropartita", "contropartite", 10)
-                    .In(kRegistrazione)
-                    .Colonna(1)
-                    .Peso(1)},
+      .campi =
+          {Digitato("Dt", "Data scadenza").In(kScadenza),
+           Digitato("ImportoE", "Importo", kCifreImporto - 1).In(kScadenza).Colonna(1),
+           DiCodice("Tipo", "Tipo", "tipiPagamento", kCodice).In(kScadenza),
+           Digitato("Stato", "Stato", 2).Aiuto(kStati).In(kScadenza).Colonna(1),
+           Digitato("NFat", "Fattura n.", kLunghezzaFattura).Mostra(kCifreFattura).In(kScadenza),
+           Digitato("DtFat", "del").In(kScadenza).Colonna(1),
+           Digitato("Descrizione", "Descrizione", 64).In(kScadenza).Colonne(2),
+           Digitato("RegistrazioneContabilePagScad" + numero, "Creo registrazione contabile")
+               .In(kRegistrazione)
+               .AlMargine(),
+           Digitato("DtReg", "Data registrazione").In(kRegistrazione).Colonna(1),
+           Digitato("DescrizioneContabile", "Descrizione contabile")
+               .In(kRegistrazione)
+               .Colonne(2)
+               .Peso(1),
+           DiCodice("CausalePagScad" + numero, "Causale", "causali", kCodice)
+               .In(kRegistrazione)
+               .Peso(1),
+           DiCodice("ContropartitaPagScad" + numero, "Contropartita", "contropartite", 10)
+               .In(kRegistrazione)
+               .Colonna(1)
+               .Peso(1)},
       .riquadri = {{.nome = kScadenza, .titolo = "Scadenza", .largo = true},
                    {.nome = kRegistrazione,
                     .titolo = "Registrazione contabile",

@@ -49,12 +49,10 @@ std::array<Importo, kNomiTotali.size()> Importi(const duedates::ImportiFasce& fa
 
 std::vector<Valore> Celle(const duedates::ScadenzaStampata& s, Data alla, std::int64_t posto) {
   const auto ritardo = duedates::GiorniRitardo(s.dt, alla);
-  return {s.dt,        s.conto,
-          s.ragsoc,    s.nFat == 0 ? Valore() : Valore(s.nFat),
-          s.dtFat,     s.DescrizioneSegnata(),
-          s.tipo,      s.StatoInParola(),
-          s.importo,   s.pagato,
-          s.Residuo(), ritardo ? Valore(*ritardo) : Valore(),
+  return {s.dt,     s.conto,           s.ragsoc,
+          s.nFat,   s.dtFat,           s.DescrizioneSegnata(),
+          s.tipo,   s.StatoInParola(), s.importo,
+          s.pagato, s.Residuo(),       ritardo ? Valore(*ritardo) : Valore(),
           posto};
 }
 
@@ -151,7 +149,7 @@ void FinestraSituazioneScadenze::Interno::CreaGriglie() {
                          {{tr("DataScad"), Tipo::Data, 90},
                           {tr("Conto"), Tipo::Testo, 80},
                           {tr("Ragsoc"), Tipo::Testo, 200},
-                          {tr("NFat"), Tipo::Intero, 60},
+                          {tr("NFat"), Tipo::Testo, 70, 2, true},
                           {tr("DtFat"), Tipo::Data, 90},
                           {tr("Descrizione"), Tipo::Testo, 240},
                           {tr("Tipo"), Tipo::Testo, 45},

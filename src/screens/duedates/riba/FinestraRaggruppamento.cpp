@@ -145,7 +145,8 @@ std::optional<duedates::SceltaRaggruppamento> FinestraRaggruppamento::Interno::S
     const auto letto = campo->Letto();
     if (!letto) return rifiuta(letto.Errore().messaggio, campo);
     *giorno = letto.Valore().Data();
-    if (giorno->Nulla()) return rifiuta("impostare le date di scadenza da cui e a cui", campo);
+    if (giorno->Nulla())
+      return rifiuta("manca la data: impostare le date di scadenza da cui e a cui", campo);
   }
   if (scelta.a < scelta.da) {
     return rifiuta("la data finale viene prima di quella iniziale", a);

@@ -42,7 +42,7 @@ class GrigliaRiba : public Griglia {
                  {QStringLiteral("Descrizione-Riferimenti"), Tipo::Testo, 210},
                  {QStringLiteral("ABI__"), Tipo::Testo, 60},
                  {QStringLiteral("CAB__"), Tipo::Testo, 60},
-                 {QStringLiteral("NFatt"), Tipo::Intero, 60},
+                 {QStringLiteral("NFatt"), Tipo::Testo, 70, 2, true},
                  {QStringLiteral("Data Fatt"), Tipo::Data, 90},
                  {QStringLiteral("pag"), Tipo::Testo, 55}}),
         cambia_(std::move(cambia)) {
@@ -307,9 +307,12 @@ void FinestraRiba::Interno::Rileggi() {
 
 void FinestraRiba::Interno::Conferma() {
   if (!legatura->Raccogli()) return;
-  caso.Conferma(gestore.Uscite());
+  std::string campo;
+  caso.Conferma(gestore.Uscite(), &campo);
   MostraRighe();
   Mostra();
+  if (campo.empty()) return;
+  if (auto* colpevole = finestra.findChild<QWidget*>(Qs(campo))) colpevole->setFocus();
 }
 
 void FinestraRiba::Interno::Mostra() {

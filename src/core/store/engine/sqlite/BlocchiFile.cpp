@@ -357,7 +357,7 @@ std::optional<Detentore> BlocchiFile::ChiTiene(std::string_view tabella,
 // --- Folders ----------------------------------------------------------------------------------
 
 bool BlocchiAffidabili(const std::filesystem::path& cartella) {
-  const auto file = cartella / (".prova-blocchi-" + std::to_string(getpid()));
+  const auto file = cartella / (kProvaBlocchi + std::to_string(getpid()));
   const int descrittore = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
   if (descrittore < 0) return false;
   bool affidabili = Blocca(descrittore, 0, F_WRLCK);

@@ -33,6 +33,8 @@ class BlocchiFile final : public Blocchi {
   std::unique_ptr<Interno> interno_;
 };
 
+/// What the file is called that a folder is tried with, but for the process.
+inline constexpr const char* kProvaBlocchi = ".prova-blocchi-";
 /// Proves with a second process that locks of the kind used here exclude other processes in this
 /// folder. False means that the folder's file system doesn't keep locks and data there would be
 /// lost.

@@ -33,8 +33,9 @@ void PerOgniRiga(sqlite3* connessione, const std::string& sql, const fs::path& f
 
 Tipo TipoDi(const std::string& dichiarato) {
   static const std::map<std::string, Tipo> kTipi = {
-      {"INTEGER", Tipo::Intero}, {"IMPORTO", Tipo::Importo}, {"DATA", Tipo::Data},
-      {"SINO", Tipo::Booleano},  {"REALE", Tipo::Reale},     {"TEXT", Tipo::Testo}};
+      {"INTEGER", Tipo::Intero},  {"IMPORTO", Tipo::Importo}, {"DATA", Tipo::Data},
+      {"SINO", Tipo::Booleano},   {"REALE", Tipo::Reale},     {"TEXT", Tipo::Testo},
+      {"TEXT CIFRE", Tipo::Testo}};
   const auto trovato = kTipi.find(Maiuscolo(dichiarato));
   return trovato != kTipi.end() ? trovato->second : Tipo::Testo;
 }
@@ -80,6 +81,7 @@ void LeggiColonne(sqlite3* connessione, const std::string& schema, const fs::pat
     const std::string tipo = TestoColonna(riga, 2);
     colonna.tipo = TipoDi(tipo);
     colonna.nascosta = colonna.nome.starts_with('_');
+    colonna.cifre = Maiuscolo(tipo) == "TEXT CIFRE";
     // A lone primary key declared INTEGER is the engine's row number; LeggiChiavi takes the mark
     // off again where the key turns out to have more columns.
     colonna.contatore = sqlite3_column_int(riga, 5) == 1 && Maiuscolo(tipo) == "INTEGER";

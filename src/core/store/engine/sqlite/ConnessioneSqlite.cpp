@@ -10,6 +10,7 @@
 #include "core/store/engine/sqlite/ErroriSqlite.h"
 #include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "core/store/engine/sqlite/IstruzioneSqlite.h"
+#include "core/store/engine/sqlite/RestiFile.h"
 
 namespace fenalto::engine::sqlite {
 
@@ -219,6 +220,26 @@ void ConnessioneSqlite::Conferma() {
 
 void ConnessioneSqlite::Annulla() noexcept {
   if (InTransazione()) sqlite3_exec(connessione_, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void ConnessioneSqlite::TogliResti() noexcept {
+  try {
+    std::vector<fs::path> archivi;
+    for (const Aperta& aperta : aperte_) archivi.push_back(aperta.base.luogo);
+    RestiFile resti(archivi);
+    if (resti.Nessuno()) return;
+    // Whoever holds this lock on all bases is the only one that may be in the middle of a
+    // transaction, and taking it has rolled back what another was killed in. Nobody waits for it:
+    // where others work, another opening will be alone.
+    sqlite3_busy_handler(connessione_, nullptr, nullptr);
+    if (sqlite3_exec(connessione_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK) {
+      resti.Togli();
+    }
+  } catch (...) {
+    // They do no harm but to the eye.
+  }
+  Annulla();
+  attesa_.Installa(connessione_);
 }
 
 bool ConnessioneSqlite::InTransazione() const noexcept {

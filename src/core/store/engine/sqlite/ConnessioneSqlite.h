@@ -63,6 +63,7 @@ class ConnessioneSqlite final : public Connessione {
   void Riserva(const std::string& base) override;
   void Conferma() override;
   void Annulla() noexcept override;
+  void TogliResti() noexcept override;
   [[nodiscard]] bool InTransazione() const noexcept override;
 
  private:
