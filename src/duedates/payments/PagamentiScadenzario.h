@@ -42,6 +42,10 @@ class PagamentiScadenzario {
     if (!aperto_) return Stato::Inattiva;
     return righe_.InRiga() ? Stato::RigaAperta : Stato::Aperta;
   }
+  /// The field that the last refusal was about, empty for none.
+  [[nodiscard]] const std::string& CampoRifiutato() const { return campoRifiutato_; }
+  /// Something was typed into the open row.
+  [[nodiscard]] bool Digitando() const { return righe_.Digitando(); }
   /// There are rows that leaving would lose.
   [[nodiscard]] bool Modificata() const;
 
@@ -98,7 +102,9 @@ class PagamentiScadenzario {
   [[nodiscard]] std::string RifiutoNuovo() const;
   [[nodiscard]] std::string RifiutoScelta(std::int64_t numero) const;
   [[nodiscard]] Pagamento ComePagamento() const;
-  bool Avviso(const std::string& testo) const;
+  /// Field of the head or of the settings where something is missing; empty for none.
+  [[nodiscard]] std::string CampoMancante() const;
+  bool Avviso(const std::string& testo, std::string campo = {});
 
   Ambiente& ambiente_;
   Modo modo_;
@@ -110,6 +116,7 @@ class PagamentiScadenzario {
   records::Righe<RigaScelta> righe_;
   bool appenaScelta_ = false;  ///< the open row was put there by the choice that opened it
   std::int64_t numeroConfermato_ = 0;
+  std::string campoRifiutato_;
 };
 
 }  // namespace fenalto::duedates
