@@ -100,6 +100,10 @@ void FinestraDuePagine::ApriRecord(const Rinvio& rinvio) {
   if (const auto numero = rinvio.Numero(); numero != 0) Apri(numero);
 }
 
+bool FinestraDuePagine::Invio(QWidget& campo) {
+  return Aperta() && pagina_->Invio(campo);
+}
+
 bool FinestraDuePagine::Indietro() {
   if (pagina_->AnnullaRiga()) return true;
   if (!Aperta()) return IndietroDaScelta();

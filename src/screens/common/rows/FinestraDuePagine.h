@@ -28,6 +28,7 @@ class FinestraDuePagine : public FinestraFunzione {
   void Aggiorna() override;
 
  protected:
+  bool Invio(QWidget& campo) override;
   /// Opens a record by number, after leaving the open one.
   virtual void Apri(std::int64_t numero) = 0;
   /// Gives the open record up; its page is out of sight already.

@@ -314,9 +314,13 @@ void FinestraRiba::Interno::Rileggi() {
 
 void FinestraRiba::Interno::Conferma() {
   if (!legatura->Raccogli()) return;
-  caso.Conferma(gestore.Uscite());
+  const bool confermata = caso.Conferma(gestore.Uscite());
   MostraRighe();
   Mostra();
+  if (confermata || caso.CampoRifiutato().empty()) return;
+  if (auto* campo = finestra.findChild<QWidget*>(Qs(caso.CampoRifiutato()))) {
+    campo->setFocus(Qt::OtherFocusReason);
+  }
 }
 
 void FinestraRiba::Interno::Mostra() {
