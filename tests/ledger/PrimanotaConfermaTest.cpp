@@ -35,7 +35,8 @@ TEST_F(PrimanotaConfermaTest, ControlliInOrdine) {
   EXPECT_EQ(SoloMessaggio(), "articolo già esistente: 1, 2024");
   pn.Testa().Scrivi("NumDoc", 7);
   EXPECT_FALSE(pn.Conferma());
-  EXPECT_EQ(SoloMessaggio(), "Sbilancio");
+  EXPECT_EQ(SoloMessaggio(), "Sbilancio\nin avere manca 5,00: dare 5,00, avere 0,00");
+  EXPECT_EQ(pn.CampoRifiutato(), "PNuovaRiga");
   EXPECT_EQ(Contenuto(), prima);
   EXPECT_EQ(pn.StatoCorrente(), ledger::Primanota::Stato::Aperta);
   ASSERT_EQ(pn.Righe().size(), 1U);

@@ -107,23 +107,24 @@ TEST_F(PrimanotaRigheTest, ControlliInOrdine) {
     std::int64_t posi;
     const char *causale, *cfp, *conto;
     std::string messaggio;
+    const char* campo;
   };
-  const std::string manca = "manca causale o conto";
+  const std::string manca = "manca causale o conto\n";
   const std::string riepilogo =
       "sull'anagrafica del cliente/fornitore 0003 non è inserito il "
       "conto riepilogativo";
   const std::vector<Caso> casi = {
-      {100, "", "P", "", "posizione già esistente"},
-      {200, "", "P", "100.010", manca},
-      {200, "001", "P", "", manca},
-      {200, "999", "P", "100.010", manca},
-      {200, "001", "P", "999.999", manca},
+      {100, "", "P", "", "posizione già esistente\nla prima libera in fondo è la 200", "Posi"},
+      {200, "", "P", "100.010", manca + "scrivere la causale", "Causale"},
+      {200, "001", "P", "", manca + "scrivere il conto", "Conto"},
+      {200, "999", "P", "100.010", manca + "la causale 999 non è in archivio", "Causale"},
+      {200, "001", "P", "999.999", manca + "il conto 999.999 non è in archivio", "Conto"},
       // The summary of customers is no account of rows.
-      {200, "001", "P", "120.001", manca},
-      {200, "001", "F", "100.010", manca},
-      {200, "001", "C", "0003", riepilogo},
-      {200, "001", "F", "0003", riepilogo},
-      {200, "001", "f", "0001", ""},
+      {200, "001", "P", "120.001", manca + "il conto 120.001 non è in archivio", "Conto"},
+      {200, "001", "F", "100.010", manca + "il conto 100.010 non è in archivio", "Conto"},
+      {200, "001", "C", "0003", riepilogo, "Conto"},
+      {200, "001", "F", "0003", riepilogo, "Conto"},
+      {200, "001", "f", "0001", "", ""},
   };
   for (const Caso& caso : casi) {
     ASSERT_TRUE(pn.PNuovaRiga());
@@ -134,6 +135,7 @@ TEST_F(PrimanotaRigheTest, ControlliInOrdine) {
     EXPECT_EQ(pn.ConfermaRiga(), caso.messaggio.empty()) << caso.conto;
     EXPECT_EQ(Messaggi(), caso.messaggio.empty() ? std::vector<std::string>{}
                                                  : std::vector<std::string>{caso.messaggio});
+    EXPECT_EQ(pn.CampoRifiutato(), caso.campo) << caso.messaggio;
     pn.AnnullaRiga();
   }
   ASSERT_EQ(pn.Righe().size(), 2U);

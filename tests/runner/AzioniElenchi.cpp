@@ -3,11 +3,13 @@
 #include <QComboBox>
 #include <QPointer>
 #include <QTreeView>
+#include <algorithm>
 #include <limits>
 
 #include "runner/Contesto.h"
 #include "runner/Eventi.h"
 #include "runner/VoceElenco.h"
+#include "screens/common/lists/Griglia.h"
 
 namespace fenalto::copione {
 namespace {
@@ -100,7 +102,15 @@ QModelIndex CercaVoce(QAbstractItemView& vista, const QModelIndex& sotto, const 
   return {};
 }
 
-/// Column by the text of its header, or by its number from 1.
+/// Whether a header's key, or one of several, is that name.
+bool HaChiave(const QVariant& chiavi, const QString& nome) {
+  const auto parti = chiavi.toString().split(QLatin1Char('|'));
+  return std::any_of(parti.begin(), parti.end(), [&](const QString& parte) {
+    return parte.simplified().compare(nome, Qt::CaseInsensitive) == 0;
+  });
+}
+
+/// Column by its key, by the caption of its header, or by its number from 1.
 int ColonnaDi(const QAbstractItemView& vista, const QString& nome, const QString& colonna) {
   const auto* modello = vista.model();
   QList<int> visibili;
@@ -109,6 +119,10 @@ int ColonnaDi(const QAbstractItemView& vista, const QString& nome, const QString
     if (!ColonnaVisibile(vista, i)) continue;
     visibili << i;
     testate << modello->headerData(i, Qt::Horizontal).toString().simplified();
+  }
+  for (const int i : visibili) {
+    const auto chiavi = modello->headerData(i, Qt::Horizontal, screens::kRuoloChiave);
+    if (HaChiave(chiavi, colonna.simplified())) return i;
   }
   for (qsizetype i = 0; i < testate.size(); ++i) {
     if (testate[i].compare(colonna.simplified(), Qt::CaseInsensitive) == 0) return visibili[i];

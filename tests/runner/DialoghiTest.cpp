@@ -23,7 +23,7 @@ TEST(DialoghiCopione, RisposteInOrdine) {
   EXPECT_EQ(dialoghi.Chiedi("Quanto ?", ""), "1,5");
   EXPECT_EQ(dialoghi.Chiedi("Quanto ?", ""), std::nullopt);
   EXPECT_EQ(Chiede(dialoghi, "E poi ?", Bottoni::OkAnnulla), Risposta::Annulla);
-  dialoghi.Messaggio("fatto", Icona::Informazione);
+  dialoghi.Annuncia("fatto");
   EXPECT_EQ(dialoghi.PrendiGuasto(), "");
   EXPECT_EQ(dialoghi.PrendiPiuVecchio(), "Conferma\neliminazione ?");
   EXPECT_EQ(dialoghi.DaVerificare().size(), 4U);

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "runner/Banco.h"
+#include "screens/common/lists/Griglia.h"
 
 namespace fenalto::copione {
 namespace {
@@ -25,6 +26,7 @@ class ComandiElenchi : public Banco {
     auto* griglia = new QTableWidget(40, 4);
     griglia->setHorizontalHeaderLabels({QStringLiteral("Num"), QStringLiteral("Nascosta"),
                                         QStringLiteral("Data Doc"), QStringLiteral("Si")});
+    griglia->horizontalHeaderItem(2)->setData(screens::kRuoloChiave, QStringLiteral("Dt|DtDoc"));
     griglia->setEditTriggers(QAbstractItemView::NoEditTriggers);
     for (int i = 0; i < 40; ++i) {
       griglia->setItem(i, 0, new QTableWidgetItem(QString::number(i + 1)));
@@ -46,7 +48,8 @@ TEST_F(ComandiElenchi, RigheECelleInVista) {
   Mostra();
   EXPECT_EQ(Corri("righe Griglia 39\ncella Griglia 1 Num 1\ncella Griglia 2 num 3\n"
                   "cella griglia 39 2 d40\ncella Griglia 3 \"DATA DOC\" d4\n"
-                  "cella Griglia 1 Si si\ncella Griglia 3 3 no"),
+                  "cella Griglia 3 dt d4\ncella Griglia 3 DtDoc d4\ncella Griglia 1 Si si\ncella "
+                  "Griglia 3 3 no"),
             "");
   EXPECT_EQ(Corri("righe Griglia 40"), "1: \"Griglia\" has 39 rows, not 40");
   EXPECT_EQ(Corri("cella Griglia 40 Num x"), "1: \"Griglia\" has 39 rows, no row 40");

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QStyle>
@@ -80,7 +81,9 @@ void PortaInVista(QWidget& controllo) {
 
 QString SenzaMnemonica(const QString& testo) {
   QString pulito;
-  const QString voce = testo.section(QLatin1Char('\t'), 0, 0);
+  // A letter that stands after a caption isn't of it.
+  static const QRegularExpression kAggiunta(QStringLiteral(" \\(&[A-Z]\\)$"));
+  const QString voce = testo.section(QLatin1Char('\t'), 0, 0).remove(kAggiunta);
   for (qsizetype i = 0; i < voce.size(); ++i) {
     if (voce.at(i) == QLatin1Char('&') && i + 1 < voce.size()) ++i;
     pulito += voce.at(i);

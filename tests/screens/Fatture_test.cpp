@@ -84,6 +84,7 @@ TEST_F(FinestraFattureTest, EscLasciaRigaRegistrazioneFinestra) {
   Scrivi("Contox", "9001");
   Clic("PNuovaRiga");
   Digita("Imponibile", "abc");
+  dialoghi.Rispondera("modifiche non confermate", Risposta::Si);
   Tasto(Qt::Key_Escape);
   EXPECT_FALSE(Vede("FrameRiga"));
   EXPECT_EQ(Foco(), "PNuovaRiga");

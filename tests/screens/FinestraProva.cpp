@@ -115,8 +115,9 @@ QString FinestraProva::Testo(const char* nome) {
 QString FinestraProva::Cella(const char* griglia, int riga, const char* colonna) {
   const auto* modello = Campo<QAbstractItemView>(griglia)->model();
   for (int i = 0; i < modello->columnCount(); ++i)
-    if (modello->headerData(i, Qt::Horizontal).toString() == QString::fromLatin1(colonna))
-      return modello->index(riga, i).data().toString();
+    for (const int ruolo : {static_cast<int>(Qt::DisplayRole), screens::kRuoloChiave})
+      if (modello->headerData(i, Qt::Horizontal, ruolo).toString() == QString::fromLatin1(colonna))
+        return modello->index(riga, i).data().toString();
   ADD_FAILURE() << griglia << " non ha la colonna " << colonna;
   return {};
 }

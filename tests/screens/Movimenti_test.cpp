@@ -105,7 +105,17 @@ TEST_F(MovimentiTest, UnaRegistrazioneConISoliTasti) {
 TEST_F(MovimentiTest, EscTornaIndietroUnPassoAllaVolta) {
   NuovaConRiga();
   Digita("ImpoDare", "abc");
+  dialoghi.Rispondera("modifiche non confermate", Risposta::No);
+  Tasto(Qt::Key_Escape);
+  EXPECT_TRUE(Campo("FrameRiga")->isVisible());
+  dialoghi.Rispondera("modifiche non confermate", Risposta::Si);
   Tasto(Qt::Key_Escape);  // the row goes, and what couldn't be read with it
+  EXPECT_FALSE(Campo("FrameRiga")->isVisible());
+  Clic("PNuovaRiga");
+  Tasto(Qt::Key_F2);
+  Tasto(Qt::Key_Escape);  // the list alone
+  EXPECT_TRUE(Campo("FrameRiga")->isVisible());
+  Tasto(Qt::Key_Escape);  // nothing was typed in the row
   EXPECT_FALSE(Campo("FrameRiga")->isVisible());
   EXPECT_EQ(Pagina(), 1);
   ScriviRiga("100.010", "ImpoDare", "5");
@@ -162,6 +172,20 @@ TEST_F(MovimentiTest, LaClasseScegliDoveSiCercaIlConto) {
   Scrivi("Conto", "clienti 0002");
   EXPECT_EQ(Testo("Conto"), "0002");
   Scrivi("CFP", "P");
+  // What is no account is looked for in the other classes; a code that both have isn't guessed,
+  // unless the causal was last used with one of them.
+  Scrivi("Conto", "fornitori 0001");
+  EXPECT_EQ(Testo("CFP"), "F");
+  EXPECT_EQ(Testo("Conto"), "0001");
+  Scrivi("CFP", "P");
+  Scrivi("Conto", "0002");
+  EXPECT_EQ(Testo("CFP"), "P");
+  Metti(Tessarc(), "Movimenti", "Anno", 2024, "NumDoc", 90, "Causale", "020", "CFP", "C");
+  Scrivi("Causale", "020");
+  Scrivi("Conto", "0002");
+  EXPECT_EQ(Testo("CFP"), "C");
+  EXPECT_EQ(Testo("ContoDescrizione"), "Clienti 0002 dell'Oro");
+  Scrivi("CFP", "P");
   // The list leaves the causals of the VAT registrations out; typed, they exist.
   Scrivi("Causale", "APE");
   EXPECT_FALSE(Testo("CausaleDescrizione").isEmpty());
@@ -173,7 +197,7 @@ TEST_F(MovimentiTest, LaDataAvvisaQuandoCiSiPassa) {
   EXPECT_NE(SoloMessaggio().find("anno diverso da 2024"), std::string::npos);
   EXPECT_FALSE(Testo("AvvisoData").isEmpty());
   Campo("Dt")->setFocus();
-  Tasto(Qt::Key_Return);
+  Tasto(Qt::Key_Tab);
   EXPECT_TRUE(Messaggi().empty());
   Scrivi("Dt", "31/12/2023");
   EXPECT_EQ(Messaggi().size(), 1u);

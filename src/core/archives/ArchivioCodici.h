@@ -48,6 +48,8 @@ class ArchivioCodici {
   /// closes the record. True when written; otherwise the user was told, `rifiuto` names the field
   /// to go to, and the record is still open as typed.
   bool Conferma(Rifiuto* rifiuto = nullptr);
+  /// The code of the record confirmed last, empty while none was.
+  [[nodiscard]] const std::string& UltimoConfermato() const;
   /// Asks, checks the guards and references, erases, closes the record. True when erased.
   bool Elimina();
   /// Gives the open record up.

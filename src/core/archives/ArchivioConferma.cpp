@@ -181,6 +181,7 @@ bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
     return true;
   };
   if (!io.Tenta("conferma", lavoro)) return false;
+  io.confermato = io.contesto.Codice();
   io.Chiudi();
   // What is told after finds the context as written, and whatever it does the record is closed.
   struct AllaFine {
@@ -190,6 +191,10 @@ bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
   if (io.descrizione.dopoConferma) io.descrizione.dopoConferma(io.contesto);
   io.Racconta();
   return true;
+}
+
+const std::string& ArchivioCodici::UltimoConfermato() const {
+  return interno_->confermato;
 }
 
 bool ArchivioCodici::Elimina() {

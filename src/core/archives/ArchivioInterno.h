@@ -56,6 +56,7 @@ struct ArchivioCodici::Interno {
   DescrizioneArchivio descrizione;
   Scheda record;
   ContestoArchivio contesto;
+  std::string confermato;  ///< code of the record confirmed last
   bool aperto = false;
   bool solaLettura = false;
   /// To be written even if no field was typed: a copy, a record deleted elsewhere.

@@ -124,6 +124,56 @@ class FonteDiVoci : public FonteCodici {
   std::vector<VoceCodice> voci_;
 };
 
+/// Accounts of a class, whose search finds those of the others after them.
+class FonteOvunque : public FonteCodici {
+ public:
+  FonteOvunque(Ambiente& ambiente, const std::string& nome) : propria_(Fonte(ambiente, nome)) {
+    for (const char* classe : {"P", "C", "F"}) {
+      const std::string altra = NomeFonteConti(classe);
+      if (altra != nome) altre_.emplace_back(classe, Fonte(ambiente, altra));
+    }
+  }
+
+  std::optional<std::string> Descrizione(const std::string& codice) override {
+    return propria_->Descrizione(codice);
+  }
+  std::string Canonico(const std::string& codice) override { return propria_->Canonico(codice); }
+  std::string Archivio() const override { return propria_->Archivio(); }
+
+  std::vector<VoceCodice> Cerca(const std::string& testo, int massimo) override {
+    auto trovate = propria_->Cerca(testo, massimo);
+    for (const auto& [classe, fonte] : altre_) {
+      const auto posto = massimo - static_cast<int>(trovate.size());
+      for (auto& voce : fonte->Cerca(testo, posto)) {
+        voce.classe = classe;
+        trovate.push_back(std::move(voce));
+      }
+    }
+    return trovate;
+  }
+
+  std::vector<VoceCodice> Altrove(const std::string& testo) override {
+    std::vector<VoceCodice> esatte;
+    std::vector<VoceCodice> simili;
+    for (const auto& [classe, fonte] : altre_) {
+      if (const auto descrizione = fonte->Descrizione(testo)) {
+        esatte.push_back({fonte->Canonico(testo), *descrizione, classe});
+      }
+      for (auto& voce : fonte->Cerca(testo, 2)) {
+        voce.classe = classe;
+        simili.push_back(std::move(voce));
+      }
+    }
+    return esatte.empty() ? simili : esatte;
+  }
+
+ private:
+  std::shared_ptr<FonteCodici> propria_;
+  std::vector<std::pair<std::string, std::shared_ptr<FonteCodici>>> altre_;  ///< by class
+};
+
+constexpr char kOvunque = '+';  // after the name of the source whose class comes first
+
 }  // namespace
 
 const std::vector<DescrizioneFonte>& Fonti() {
@@ -174,6 +224,10 @@ const DescrizioneFonte& DescrizioneDiFonte(std::string_view nome) {
 }
 
 std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, std::string_view nome) {
+  if (nome.ends_with(kOvunque)) {
+    nome.remove_suffix(1);
+    return std::make_shared<FonteOvunque>(ambiente, std::string(nome));
+  }
   return Fonte(ambiente, DescrizioneDiFonte(nome));
 }
 
@@ -187,6 +241,10 @@ std::shared_ptr<FonteCodici> FonteInMemoria(std::vector<VoceCodice> voci) {
 
 std::string NomeFonteConti(const std::string& classe) {
   return classe == "C" ? "clienti" : classe == "F" ? "fornitori" : "conti";
+}
+
+std::string NomeFonteContiOvunque(const std::string& classe) {
+  return NomeFonteConti(classe) + kOvunque;
 }
 
 std::string NomeFonteContropartite(const std::string& classe) {

@@ -15,6 +15,7 @@ namespace fenalto::archives {
 struct VoceCodice {
   std::string codice;
   std::string descrizione;
+  std::string classe = {};  ///< of an account that isn't of the source's own class; else empty
 };
 
 class FonteCodici {
@@ -27,6 +28,9 @@ class FonteCodici {
   [[nodiscard]] virtual std::vector<VoceCodice> Cerca(const std::string& testo, int massimo) = 0;
   /// The code as stored, for one typed in another case.
   [[nodiscard]] virtual std::string Canonico(const std::string& codice) { return codice; }
+  /// Codes outside the source that a text stands for which means nothing in it: those with that
+  /// very code, else those of which it is a part; two at least when there are several.
+  [[nodiscard]] virtual std::vector<VoceCodice> Altrove(const std::string& /*testo*/) { return {}; }
   /// The archive behind the codes, by its table in capitals; empty for none.
   [[nodiscard]] virtual std::string Archivio() const { return {}; }
 };
@@ -54,6 +58,8 @@ std::shared_ptr<FonteCodici> Fonte(Ambiente& ambiente, DescrizioneFonte descrizi
 std::shared_ptr<FonteCodici> FonteInMemoria(std::vector<VoceCodice> voci);
 /// Name of the source of the accounts of a class ("P", "C", "F"; any other counts as "P").
 std::string NomeFonteConti(const std::string& classe);
+/// Name of the source that finds accounts of the other classes too: its own come first.
+std::string NomeFonteContiOvunque(const std::string& classe);
 /// The same for a contra-entry.
 std::string NomeFonteContropartite(const std::string& classe);
 /// Accounts of a class.

@@ -310,7 +310,7 @@ std::int64_t Trovati(Ambiente& ambiente, const std::optional<std::string>& difet
     return 0;
   }
   const std::int64_t quanti = conta();
-  if (quanti == 0) ambiente.Dialogo().Messaggio(nessuno());
+  if (quanti == 0) ambiente.Dialogo().Annuncia(nessuno());
   return quanti;
 }
 

@@ -139,7 +139,7 @@ void Ambiente::AvvisoNumero(std::string_view oggetto, std::int64_t numero,
                             std::string_view invito) {
   std::string testo(oggetto);
   testo.append(" n. ").append(std::to_string(numero)).append("\n").append(invito);
-  interno_->dialoghi.Messaggio(testo);
+  interno_->dialoghi.Annuncia(testo);
 }
 
 }  // namespace fenalto

@@ -48,6 +48,9 @@ class Dialoghi {
  public:
   virtual ~Dialoghi() = default;
   virtual void Messaggio(const std::string& testo, Icona icona = Icona::Informazione) = 0;
+  /// Tells what was done or found, where there is nothing to decide: the user needn't close it, and
+  /// it goes away with the next action. What refuses or warns is a Messaggio.
+  virtual void Annuncia(const std::string& testo) { Messaggio(testo, Icona::Informazione); }
   virtual Risposta Domanda(const std::string& testo, Bottoni bottoni, Risposta predefinita,
                            const std::string& titolo = "", Icona icona = Icona::Domanda) = 0;
   /// Yes or no, the default on no.

@@ -146,6 +146,7 @@ bool VariazioneDitta::CampoLasciato(std::string_view nome) {
     return true;
   }
   dati_.Scrivi(campo->campo, accettati_[campo->campo]);
+  campoRifiutato_ = campo->campo;
   ambiente_.Dialogo().Messaggio(rifiuto, Icona::Avviso);
   return false;
 }
@@ -165,6 +166,7 @@ std::string VariazioneDitta::PercorsoBreve(const std::filesystem::path& percorso
 }
 
 bool VariazioneDitta::Conferma() {
+  campoRifiutato_.clear();
   for (const auto& campo : kCampi) {
     // A value that stood in the file may be out of bounds too.
     if (!CampoLasciato(campo.campo)) return false;
@@ -184,7 +186,7 @@ bool VariazioneDitta::Conferma() {
     if (testo == letti_[campo.campo]) continue;
     if (!ambiente_.ScriviImpostazione({}, "config", campo.chiave, testo)) return false;
   }
-  dialogo.Messaggio("VARIAZIONE EFFETTUATA");
+  dialogo.Annuncia("VARIAZIONE EFFETTUATA");
   Rileggi();
   return true;
 }

@@ -44,6 +44,8 @@ class VariazioneDitta {
   /// Asks, writes the year's row, then every key that is not in the file as it would be written,
   /// and tells. False when the user said no or something couldn't be written (it was told).
   bool Conferma();
+  /// The field that stopped the last confirmation, empty for none.
+  [[nodiscard]] const std::string& CampoRifiutato() const { return campoRifiutato_; }
 
  private:
   [[nodiscard]] std::string DaScrivere(const CampoVariazione& campo) const;
@@ -51,6 +53,7 @@ class VariazioneDitta {
 
   Ambiente& ambiente_;
   Scheda dati_;
+  std::string campoRifiutato_;
   std::map<std::string, std::string, std::less<>> letti_;  ///< by field, as they stood in the file
   std::map<std::string, Valore, std::less<>> accettati_;   ///< by field, the last value not refused
 };

@@ -300,7 +300,7 @@ bool AbbinamentoBanca::Accetta(const LineaEstratto& linea, const PropostaBanca& 
   if (!scritto.scritto) return false;
   abbinate_.insert(linea.chiave);
   Togli(proposta);
-  ambiente_.Dialogo().Messaggio(TestoPagamentoScritto(scritto));
+  ambiente_.Dialogo().Annuncia(TestoPagamentoScritto(scritto));
   return true;
 }
 

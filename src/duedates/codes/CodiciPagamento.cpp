@@ -63,7 +63,7 @@ Controllo PagamentoAutomatico(std::shared_ptr<RateCodice> rate) {
     const std::string causale = contesto.scheda.Testo("Causale");
     if (conto.empty() && causale.empty()) return std::nullopt;
     Dialoghi& dialogo = contesto.ambiente.Dialogo();
-    dialogo.Messaggio(
+    dialogo.Annuncia(
         "il programma crea automaticamente la registrazione del pagamento quando si inseriscono "
         "le fatture");
     if (!rate->Righe().empty())
@@ -76,11 +76,12 @@ Controllo PagamentoAutomatico(std::shared_ptr<RateCodice> rate) {
         "conto " +
         conto + " " + Descrizione(contesto.ambiente, "Conti", conto) + "\ncausale " + causale +
         " " + Descrizione(contesto.ambiente, "Causali", causale);
-    if (conto.empty() || causale.empty())
+    const bool incompleto = conto.empty() || causale.empty();
+    if (incompleto)
       riepilogo += std::string("\nATTENZIONE: manca ") +
                    (conto.empty() ? "il conto" : "la causale") +
                    ", finché non si imposta la registrazione NON viene creata";
-    dialogo.Messaggio(riepilogo);
+    incompleto ? dialogo.Messaggio(riepilogo) : dialogo.Annuncia(riepilogo);
     return std::nullopt;
   };
 }

@@ -23,6 +23,13 @@ bool Manca(Ambiente& ambiente, const char* tabella, const std::string& codice) {
   return codice.empty() || ambiente.Cerca("tessarc", tabella, {{"Cod", codice}}, "Cod").Nullo();
 }
 
+/// What a row that doesn't add up is put right in.
+std::string CampoDiRiga(const RigaScelta& riga) {
+  if (riga.saldata) return "ImportoPagato";
+  if (!riga.arrotondamento.Zero()) return "Arrotondamento";
+  return riga.importoPagato == riga.importo ? "Saldata" : "ImportoPagato";
+}
+
 }  // namespace
 
 PagamentiScadenzario::PagamentiScadenzario(Ambiente& ambiente, Modo modo)
@@ -34,7 +41,8 @@ PagamentiScadenzario::PagamentiScadenzario(Ambiente& ambiente, Modo modo)
   impostazioni_.Leggi(ambiente, cfp_);
 }
 
-bool PagamentiScadenzario::Avviso(const std::string& testo) const {
+bool PagamentiScadenzario::Avviso(const std::string& testo, std::string campo) {
+  campoRifiutato_ = std::move(campo);
   ambiente_.Dialogo().Messaggio(testo, Icona::Avviso);
   return false;
 }
@@ -85,8 +93,26 @@ std::string PagamentiScadenzario::RifiutoNuovo() const {
   return {};
 }
 
+std::string PagamentiScadenzario::CampoMancante() const {
+  if (modo_ == Modo::SingolaParte && NomeParte(ambiente_, cfp_, conto_).empty() &&
+      ContoRiepilogativo(ambiente_, cfp_, conto_).empty()) {
+    return "CliFor";
+  }
+  const ImpostazioniPagamento scritte = impostazioni_.Valori();
+  const std::string numero = modo_ == Modo::PiuParti ? "1" : "2";
+  const std::string& arrotondamenti = scritte.contoArrotondamenti;
+  if (Manca(ambiente_, "Causali", scritte.causale)) return "CausalePagScad" + numero;
+  if (Manca(ambiente_, "zConti", scritte.contropartita)) return "ContropartitaPagScad" + numero;
+  if (!arrotondamenti.empty() && Manca(ambiente_, "zConti", arrotondamenti)) {
+    return "ContoArrotondamentiPagScad" + numero;
+  }
+  return testa_.Testo("Descrizione").empty() ? "Descrizione" : "";
+}
+
 bool PagamentiScadenzario::Nuovo() {
-  if (const std::string rifiuto = RifiutoNuovo(); !rifiuto.empty()) return Avviso(rifiuto);
+  if (const std::string rifiuto = RifiutoNuovo(); !rifiuto.empty()) {
+    return Avviso(rifiuto, CampoMancante());
+  }
   Abbandona();
   aperto_ = true;
   return true;
@@ -171,23 +197,22 @@ Pagamento PagamentiScadenzario::ComePagamento() const {
   return pagamento;
 }
 
-bool PagamentiScadenzario::Conferma(std::string* campo) {
+bool PagamentiScadenzario::Conferma() {
   if (righe_.InRiga() && !ConfermaRiga()) return false;
   const Pagamento pagamento = ComePagamento();
   if (const std::string rifiuto = RifiutoPagamento(ambiente_, pagamento); !rifiuto.empty()) {
-    return Avviso(rifiuto);
+    return Avviso(rifiuto, Righe().empty() ? "GrigliaScadenze" : CampoMancante());
   }
-  if (pagamento.dt.Nulla()) {
-    if (campo != nullptr) *campo = "Dt";
-    return Avviso("manca la data di registrazione");
-  }
+  if (pagamento.dt.Nulla()) return Avviso("manca la data di registrazione", "Dt");
+  campoRifiutato_ = "Dt";
   if (ledger::ControlloAnno(ambiente_, pagamento.dt, true)) return false;
+  campoRifiutato_.clear();
   if (pagamento.conRegistrazione) ledger::ControlloDataGiornale(ambiente_, pagamento.dt);
   const PagamentoScritto scritto = RegistraPagamento(ambiente_, pagamento);
   if (!scritto.scritto) return false;
   numeroConfermato_ = scritto.numDoc;
   Abbandona();
-  ambiente_.Dialogo().Messaggio(TestoPagamentoScritto(scritto));
+  ambiente_.Dialogo().Annuncia(TestoPagamentoScritto(scritto));
   return true;
 }
 
@@ -206,10 +231,10 @@ void PagamentiScadenzario::ArrotondaDifferenza() {
   Riga().Scrivi("Saldata", true);
 }
 
-bool PagamentiScadenzario::Ammette(const RigaPagamento& riga) const {
+bool PagamentiScadenzario::Ammette(const RigaPagamento& riga, const std::string& campo) {
   std::string rifiuto = RifiutoRigaPagamento(riga);
   if (rifiuto.empty()) rifiuto = RifiutoDecimaliRiga(ambiente_, riga);
-  if (!rifiuto.empty()) return Avviso(rifiuto);
+  if (!rifiuto.empty()) return Avviso(rifiuto, campo);
   if (!SegniContrari(riga.importoPagato, riga.vista.Residuo())) return true;
   return ambiente_.Dialogo().Conferma(
       "l'importo pagato " + ScriviImporto(riga.importoPagato, kDecimaliScadenza) +
@@ -222,12 +247,12 @@ bool PagamentiScadenzario::ConfermaRiga() {
   RigaScelta digitata = righe_.Digitata();
   digitata.importo = righe_.Aperta()->importo;
   try {
-    if (!Ammette(
-            {digitata.vista, digitata.importoPagato, digitata.arrotondamento, digitata.saldata})) {
-      return false;
-    }
+    const RigaPagamento riga{digitata.vista, digitata.importoPagato, digitata.arrotondamento,
+                             digitata.saldata};
+    if (!Ammette(riga, CampoDiRiga(digitata))) return false;
   } catch (const FuoriCampo& errore) {
-    return Avviso(std::string("importo pagato: ") + errore.what() + ". Correggere l'importo");
+    return Avviso(std::string("importo pagato: ") + errore.what() + ". Correggere l'importo",
+                  "ImportoPagato");
   }
   righe_.Sostituisci(righe_.Con(std::move(digitata)));
   return true;

@@ -42,6 +42,10 @@ class PagamentiScadenzario {
     if (!aperto_) return Stato::Inattiva;
     return righe_.InRiga() ? Stato::RigaAperta : Stato::Aperta;
   }
+  /// The field that the last refusal was about, empty for none.
+  [[nodiscard]] const std::string& CampoRifiutato() const { return campoRifiutato_; }
+  /// Something was typed into the open row.
+  [[nodiscard]] bool Digitando() const { return righe_.Digitando(); }
   /// There are rows that leaving would lose.
   [[nodiscard]] bool Modificata() const;
 
@@ -73,9 +77,8 @@ class PagamentiScadenzario {
   [[nodiscard]] const std::vector<RigaScelta>& Righe() const { return righe_.Tutte(); }
   [[nodiscard]] Importo TotPagato() const;
   [[nodiscard]] Importo TotArrotondamento() const;
-  /// Everything is checked and written, and told; false, and nothing is lost, when it isn't:
-  /// `campo` names the field to go to, when it is one's fault.
-  bool Conferma(std::string* campo = nullptr);
+  /// Everything is checked and written, and told; false, and nothing is lost, when it isn't.
+  bool Conferma();
   /// Of the last registration; 0 when only due dates were written.
   [[nodiscard]] std::int64_t NumeroConfermato() const { return numeroConfermato_; }
   /// Gives the payment up.
@@ -99,8 +102,10 @@ class PagamentiScadenzario {
   [[nodiscard]] std::string RifiutoNuovo() const;
   [[nodiscard]] std::string RifiutoScelta(std::int64_t numero) const;
   [[nodiscard]] Pagamento ComePagamento() const;
-  [[nodiscard]] bool Ammette(const RigaPagamento& riga) const;
-  bool Avviso(const std::string& testo) const;
+  /// Field of the head or of the settings where something is missing; empty for none.
+  [[nodiscard]] std::string CampoMancante() const;
+  [[nodiscard]] bool Ammette(const RigaPagamento& riga, const std::string& campo);
+  bool Avviso(const std::string& testo, std::string campo = {});
 
   Ambiente& ambiente_;
   Modo modo_;
@@ -112,6 +117,7 @@ class PagamentiScadenzario {
   records::Righe<RigaScelta> righe_;
   bool appenaScelta_ = false;  ///< the open row was put there by the choice that opened it
   std::int64_t numeroConfermato_ = 0;
+  std::string campoRifiutato_;
 };
 
 }  // namespace fenalto::duedates

@@ -121,7 +121,7 @@ bool ScadenzaDigitata::Conferma(std::string* campo) {
   const ScadenzaRegistrata scritta = ScriviScadenzaConRegistrazione(ambiente_, cosa, Nome());
   if (!scritta.scritta) return false;
   numeroScritto_ = scritta.numero;
-  ambiente_.Dialogo().Messaggio(ConArticolo(Riuscita(), scritta));
+  ambiente_.Dialogo().Annuncia(ConArticolo(Riuscita(), scritta));
   Abbandona();
   return true;
 }

@@ -234,7 +234,7 @@ bool RaggruppamentoRiba::Definitivo(const SceltaRaggruppamento& scelta,
                                   .prima = stampa,
                                   .scrivi = [&] { return Scrivi(ambiente_, gruppi, scritto); }});
   if (!riuscito) return false;
-  dialogo.Messaggio(
+  dialogo.Annuncia(
       "- Scadenzario aggiornato\nscadenze raggruppate: " + std::to_string(scritto.chiuse) +
       "\nnuove scadenze: " + std::to_string(scritto.nuove) + Note(gruppi));
   return true;

@@ -97,7 +97,8 @@ Riba::Riba(Ambiente& ambiente) : ambiente_(ambiente), data_(ambiente.Ora().Oggi(
   Rileggi();
 }
 
-bool Riba::Avviso(const std::string& testo) const {
+bool Riba::Avviso(const std::string& testo, std::string campo) const {
+  campoRifiutato_ = std::move(campo);
   ambiente_.Dialogo().Messaggio(testo, Icona::Avviso);
   return false;
 }

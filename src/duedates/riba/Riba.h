@@ -109,9 +109,10 @@ class Riba {
   [[nodiscard]] std::string TestoSegno() const;
 
   /// Checks, prints the batch, asks, and writes file, due dates, bank and registration: all or
-  /// nothing. After success the selection is empty and the bank has its next number. `campo` names
-  /// the field to go to, when it is one's fault.
-  bool Conferma(reports::FabbricaUscite& uscite, std::string* campo = nullptr);
+  /// nothing. After success the selection is empty and the bank has its next number.
+  bool Conferma(reports::FabbricaUscite& uscite);
+  /// The field that the last refusal was about, empty for none.
+  [[nodiscard]] const std::string& CampoRifiutato() const { return campoRifiutato_; }
   /// What the last confirmation wrote, in a line; empty before.
   [[nodiscard]] const std::string& Scritto() const { return scritto_; }
 
@@ -122,15 +123,15 @@ class Riba {
   Presa Prendi(std::int64_t numero);
   RigaRiba* Trova(std::int64_t numero);
   [[nodiscard]] std::vector<Scadenza> Ordinate() const;
-  [[nodiscard]] bool DatiCompleti(std::string& campo);
+  [[nodiscard]] bool DatiCompleti();
   bool DatiContabili();
   DatiDistinta Prepara();
   bool Chiede(const DatiDistinta& dati);
-  bool Pronta(DatiDistinta& dati, StampaDistinta& stampa, std::string& campo);
+  bool Pronta(DatiDistinta& dati, StampaDistinta& stampa);
   std::string Scrivi(const DatiDistinta& dati, std::int64_t& numDoc);
   void Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64_t numDoc);
   std::int64_t Registra(const DatiDistinta& dati);
-  bool Avviso(const std::string& testo) const;
+  bool Avviso(const std::string& testo, std::string campo = {}) const;
 
   Ambiente& ambiente_;
   std::vector<RigaRiba> righe_;
@@ -140,6 +141,7 @@ class Riba {
   std::string nomeFile_;  ///< typed; empty for the usual one
   ImpostazioniRiba impostazioni_;
   std::string scritto_;
+  mutable std::string campoRifiutato_;
 };
 
 }  // namespace fenalto::duedates

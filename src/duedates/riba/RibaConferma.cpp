@@ -89,37 +89,40 @@ void InAvere(ledger::RigaRegistrazione& riga, Importo importo) {
 
 }  // namespace
 
-bool Riba::DatiCompleti(std::string& campo) {
-  if (!banca_) return Avviso("inserire banca");
+bool Riba::DatiCompleti() {
+  if (!banca_) return Avviso("inserire banca", "Banca");
   if (!Cartella(impostazioni_.directory) || !Cartella(fs::path(NomeFile()).parent_path())) {
-    return Avviso("cartella non valida");
+    return Avviso("cartella non valida", "DirectoryRiba");
   }
-  if (scelte_.empty()) return Avviso(kNessunaScelta);
-  if (data_.Nulla()) {
-    campo = "DataDistinta";
-    return Avviso("manca la data della distinta");
-  }
+  if (scelte_.empty()) return Avviso(kNessunaScelta, "GrigliaRiba");
+  if (data_.Nulla()) return Avviso("manca la data della distinta", "DataDistinta");
   return true;
 }
 
 bool Riba::DatiContabili() {
   if (!impostazioni_.registrazione) return true;
   const std::string manca = "Mancano dati per registrazione contabile";
-  if (impostazioni_.causale.empty() || impostazioni_.contropartita.empty()) return Avviso(manca);
+  if (impostazioni_.causale.empty() || impostazioni_.contropartita.empty()) {
+    return Avviso(manca, impostazioni_.causale.empty() ? "Causale" : "Contropartita");
+  }
   if (!ambiente_.Esiste("tessarc", "Causali", {{"Cod", impostazioni_.causale}})) {
-    return Avviso(manca + "\nla causale " + impostazioni_.causale + " non è in archivio");
+    return Avviso(manca + "\nla causale " + impostazioni_.causale + " non è in archivio",
+                  "Causale");
   }
   Rs conto = ambiente_.ArchivioDi("tessarc").Recordset(
       "select Cod from zConti where CFP='P' and " +
       sql::Criterio("Cod", "=", impostazioni_.contropartita));
   if (conto.Eof()) {
-    return Avviso(manca + "\nil conto " + impostazioni_.contropartita +
-                  " non è nel piano dei conti");
+    return Avviso(
+        manca + "\nil conto " + impostazioni_.contropartita + " non è nel piano dei conti",
+        "Contropartita");
   }
   if (!ambiente_.Euro()) {
     return Avviso("lo scadenzario non funziona in lire: selezionare un anno in euro");
   }
+  campoRifiutato_ = "DataDistinta";
   if (ledger::ControlloAnno(ambiente_, data_, true)) return false;
+  campoRifiutato_.clear();
   ledger::ControlloDataGiornale(ambiente_, data_);
   return true;
 }
@@ -214,10 +217,10 @@ std::string Riba::Scrivi(const DatiDistinta& dati, std::int64_t& numDoc) {
 }
 
 /// Everything before the writing; false when it was stopped, and told why.
-bool Riba::Pronta(DatiDistinta& dati, StampaDistinta& stampa, std::string& campo) {
+bool Riba::Pronta(DatiDistinta& dati, StampaDistinta& stampa) {
   // The number on the print is to be the bank's next now.
   RileggiBanca();
-  if (!DatiCompleti(campo)) return false;
+  if (!DatiCompleti()) return false;
   dati = Prepara();
   if (const std::string no = ImpedimentiRiba(dati.distinta, dati.file); !no.empty()) {
     return Avviso(no);
@@ -231,7 +234,7 @@ void Riba::Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64
              std::to_string(dati.vista.size()) + " RiBa memorizzate su file " + dati.nomeFile;
   if (numDoc != 0) {
     scritto_ += ", creato articolo " + std::to_string(numDoc);
-    ambiente_.Dialogo().Messaggio("creato articolo " + std::to_string(numDoc));
+    ambiente_.Dialogo().Annuncia("creato articolo " + std::to_string(numDoc));
   }
   if (const std::string note = MessaggioFile(dati.noteFile); !note.empty()) Avviso(note);
   try {
@@ -244,13 +247,12 @@ void Riba::Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64
   }
 }
 
-bool Riba::Conferma(reports::FabbricaUscite& uscite, std::string* campo) {
+bool Riba::Conferma(reports::FabbricaUscite& uscite) {
   DatiDistinta dati;
   StampaDistinta stampa(ambiente_, uscite, dati);
   std::int64_t numDoc = 0;
   std::optional<FileDistinta> file;
   bool rifiutata = false;
-  std::string mancante;
   const auto scrivi = [&] {
     std::string rifiuto = Scrivi(dati, numDoc);
     if (rifiuto.empty()) {
@@ -265,10 +267,9 @@ bool Riba::Conferma(reports::FabbricaUscite& uscite, std::string* campo) {
   const bool confermata =
       records::Esegui(ambiente_, {.nonRiuscita = nonRiuscita,
                                   .numerazioni = {"ARTICOLI"},
-                                  .prima = [&] { return Pronta(dati, stampa, mancante); },
+                                  .prima = [&] { return Pronta(dati, stampa); },
                                   .scrivi = scrivi,
                                   .annulla = [&] { file.reset(); }});
-  if (campo != nullptr) *campo = mancante;
   if (rifiutata) {
     return records::Tenta(ambiente_, {nonRiuscita}, [&] {
       RileggiBanca();

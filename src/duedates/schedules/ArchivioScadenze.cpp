@@ -334,7 +334,7 @@ bool ArchivioScadenze::Conferma(std::string* campo) {
   if (!io.Esegui("memorizzazione", scrivi)) return false;
   if (io.nuova) io.numero = io.record.Leggi("Numero").Intero();
   io.Chiudi();
-  if (io.uso == Uso::Documento) io.ambiente.Dialogo().Messaggio("Scadenza memorizzata");
+  if (io.uso == Uso::Documento) io.ambiente.Dialogo().Annuncia("Scadenza memorizzata");
   return true;
 }
 

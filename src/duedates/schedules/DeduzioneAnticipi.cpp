@@ -112,7 +112,7 @@ bool DeduciAnticipi(Ambiente& ambiente, const Scadenza& scadenza,
   const bool scritta =
       records::Esegui(ambiente, {.nonRiuscita = "deduzione dell'anticipo non riuscita: ",
                                  .scrivi = [&] { return Scrivi(ambiente, scadenza, quote); }});
-  if (scritta) ambiente.Dialogo().Messaggio(TestoDeduzione(quote));
+  if (scritta) ambiente.Dialogo().Annuncia(TestoDeduzione(quote));
   return scritta;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::ledger {
@@ -22,6 +23,19 @@ std::string CondizioneDiClasse(const std::string& classe, const std::string& cod
          sql::Criterio("CfpA", "=", classe) + " AND ContoA IN (" + codici + "))";
 }
 
+/// Rows with that amount on either side, or with the text in their description. A bare number is
+/// that of a registration.
+std::string DiRighe(const std::string& testo) {
+  if (const auto importo = LeggiImporto(testo); importo && !importo.Valore().Zero()) {
+    if (testo.find_first_not_of("0123456789") == std::string::npos) return {};
+    return sql::Criterio("ImpoDare", "=", importo.Valore()) + " OR " +
+           sql::Criterio("ImpoAvere", "=", importo.Valore());
+  }
+  constexpr std::size_t kLettere = 2;
+  return PerRicerca(testo).size() < kLettere ? std::string()
+                                             : sql::CriterioContiene("Descrizione", testo);
+}
+
 }  // namespace
 
 std::string LettoreArticoli::Descritto(const std::string& cfp, const std::string& conto) {
@@ -39,14 +53,40 @@ std::vector<ArticoloLetto> LettoreArticoli::Pagina(const Ricerca& ricerca, std::
                       sql::Criterio("Anno", "=", ambiente_.Anno()) + " AND " +
                       sql::Criterio("NumDoc", "<", sotto) + " AND " +
                       sql::Criterio("NumDoc", ">", oltre);
-  if (!ricerca.condizione.empty()) testo += " AND (" + ricerca.condizione + ")";
+  std::string condizione = ricerca.condizione;
+  if (!ricerca.diRighe.empty()) {
+    Unisci(condizione, "NumDoc IN (SELECT NumDoc FROM Movimenti WHERE " +
+                           sql::Criterio("Anno", "=", ambiente_.Anno()) + " AND " +
+                           sql::Criterio("NumDoc", "<", sotto) + " AND " +
+                           sql::Criterio("NumDoc", ">", oltre) + " AND (" + ricerca.diRighe + "))");
+  }
+  if (!condizione.empty()) testo += " AND (" + condizione + ")";
   Rs righe = Tessarc().Recordset(testo + " ORDER BY NumDoc DESC");
   for (; !righe.Eof(); righe.MoveNext()) {
     letti.push_back({righe.Fields(0).Intero(), righe.Fields(1).Data(),
                      Descritto(righe.Fields(2).Testo(), righe.Fields(3).Testo()),
                      Descritto(righe.Fields(4).Testo(), righe.Fields(5).Testo())});
   }
+  LeggiRighe(letti);
   return letti;
+}
+
+void LettoreArticoli::LeggiRighe(std::vector<ArticoloLetto>& letti) {
+  if (letti.empty()) return;
+  std::map<std::int64_t, ArticoloLetto*> perNumero;
+  std::string numeri;
+  for (auto& letto : letti) {
+    perNumero[letto.numero] = &letto;
+    numeri += (numeri.empty() ? "" : ",") + std::to_string(letto.numero);
+  }
+  Rs righe = Tessarc().Recordset("SELECT NumDoc, Descrizione, ImpoDare FROM Movimenti WHERE " +
+                                 sql::Criterio("Anno", "=", ambiente_.Anno()) + " AND NumDoc IN (" +
+                                 numeri + ") ORDER BY NumDoc, Posi");
+  for (; !righe.Eof(); righe.MoveNext()) {
+    auto& letto = *perNumero.at(righe.Fields(0).Intero());
+    if (letto.descrizione.empty()) letto.descrizione = NzStr(righe.Fields(1));
+    letto.importo += righe.Fields(2).Importo();
+  }
 }
 
 void LettoreArticoli::Comincia(const archives::FiltroElenco& filtro) {
@@ -64,7 +104,8 @@ archives::FonteElenco::Righe LettoreArticoli::Avanti() {
   Righe righe;
   righe.reserve(letti.size());
   for (const auto& letto : letti) {
-    righe.push_back({letto.numero, letto.data, letto.dare, letto.avere});
+    righe.push_back(
+        {letto.numero, letto.data, letto.dare, letto.avere, letto.descrizione, letto.importo});
   }
   return righe;
 }
@@ -102,9 +143,10 @@ LettoreArticoli::Ricerca LettoreArticoli::Interpreta(const std::string& testo) {
     return ricerca;
   }
   ricerca.condizione = ConConto(cercato.testo);
-  ricerca.immediata = ricerca.condizione.empty();
+  ricerca.diRighe = DiRighe(cercato.testo);
+  ricerca.immediata = ricerca.condizione.empty() && ricerca.diRighe.empty();
   if (cercato.numero) Unisci(ricerca.condizione, sql::Criterio("NumDoc", "=", *cercato.numero));
-  ricerca.impossibile = ricerca.condizione.empty();
+  ricerca.impossibile = ricerca.condizione.empty() && ricerca.diRighe.empty();
   return ricerca;
 }
 

@@ -18,10 +18,13 @@ struct ArticoloLetto {
   Data data;
   std::string dare;  ///< account and its description, or "DIVERSI"
   std::string avere;
+  std::string descrizione = {};  ///< the first that a row has
+  Importo importo = {};          ///< what its rows debit
 };
 
-/// Columns: number, date, debit, credit. A search looks for a number, a date, or an account of the
-/// head by code or by a part of its description.
+/// Columns: number, date, debit, credit, description, amount. A search looks for a number, a date,
+/// an account of the head by code or by a part of its description, or rows with that amount or with
+/// a part of their description.
 class LettoreArticoli : public archives::FonteElenco {
  public:
   explicit LettoreArticoli(Ambiente& ambiente) : ambiente_(ambiente), descrizioni_(ambiente) {}
@@ -37,12 +40,15 @@ class LettoreArticoli : public archives::FonteElenco {
  private:
   struct Ricerca {
     std::string condizione = {};  ///< of the store's language; empty for all
+    std::string diRighe = {};     ///< that a row may meet instead
     bool immediata = true;        ///< an index answers
     bool impossibile = false;     ///< nothing can meet it
   };
   /// Registrations with a number below `sotto` and above `oltre`, at most `quante`.
   std::vector<ArticoloLetto> Pagina(const Ricerca& ricerca, std::int64_t sotto, std::int64_t oltre,
                                     int quante);
+  /// Adds what their rows tell.
+  void LeggiRighe(std::vector<ArticoloLetto>& letti);
   Ricerca Interpreta(const std::string& testo);
   std::string ConConto(const std::string& testo);
   std::string Descritto(const std::string& cfp, const std::string& conto);

@@ -102,6 +102,9 @@ class Primanota {
   /// changed, the other amount zeroed, the balancing amount and description of a causal that
   /// repeats).
   void RigaLasciata(std::string_view campo);
+  /// Class of the account that the row's causal was last used with, here or in the newest
+  /// movements; empty when it wasn't. A proposal for a code that several classes have.
+  [[nodiscard]] std::string ClasseDiCausale();
   /// Saves the open row after its checks; false when one stopped it.
   bool ConfermaRiga();
   /// Deletes the open row after a question.
@@ -136,6 +139,9 @@ class Primanota {
   /// All checks in their order, then number, write, announcement. True when it was written; then no
   /// record is open and NumeroConfermato() is its number.
   bool Conferma();
+  /// What the last refusal of a row or of the registration was about: a field, or the button of a
+  /// new row; empty for nothing alone.
+  [[nodiscard]] const std::string& CampoRifiutato() const;
   [[nodiscard]] std::int64_t NumeroConfermato() const;
   /// Deletes the open registration after its question.
   bool Elimina();

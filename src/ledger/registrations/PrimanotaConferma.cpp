@@ -4,6 +4,7 @@
 #include "core/records/Conferma.h"
 #include "core/records/RigheInTabella.h"
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "ledger/registrations/Primanota.h"
 #include "ledger/registrations/PrimanotaInterno.h"
 #include "ledger/registrations/TestataArticolo.h"
@@ -26,6 +27,14 @@ struct LatoTestata {
     trovata = true;
   }
 };
+
+/// By how much the sides differ, and which one lacks it.
+std::string TestoSbilancio(const TotaliPrimanota& totali, bool euro) {
+  const int decimali = euro ? 2 : 0;
+  return "Sbilancio\nin " + std::string(totali.sbilancio.Negativo() ? "dare" : "avere") +
+         " manca " + ScriviImporto(totali.sbilancio.Assoluto(), decimali) + ": dare " +
+         ScriviImporto(totali.dare, decimali) + ", avere " + ScriviImporto(totali.avere, decimali);
+}
 
 }  // namespace
 
@@ -76,8 +85,13 @@ std::int64_t Primanota::Interno::ScriviRegistrazione() {
   return numero;
 }
 
+const std::string& Primanota::CampoRifiutato() const {
+  return interno_->campoRifiutato;
+}
+
 bool Primanota::Conferma() {
   Interno& io = *interno_;
+  io.campoRifiutato.clear();
   if (io.Ferma()) return false;
   io.NormalizzaNumero();
   std::int64_t numero = 0;
@@ -88,9 +102,11 @@ bool Primanota::Conferma() {
                     .ambito = Transazione::Ambito::Tessarc,
                     .prima =
                         [&] {
+                          io.campoRifiutato = "NumDoc";
                           if (io.NumeroOccupato()) return false;
+                          io.campoRifiutato = "PNuovaRiga";
                           const bool quadra = io.totali.dare == io.totali.avere;
-                          if (!quadra) io.Avviso("Sbilancio");
+                          if (!quadra) io.Avviso(TestoSbilancio(io.totali, io.ambiente.Euro()));
                           return quadra;
                         },
                     // Another station may have taken a typed number since the first look.

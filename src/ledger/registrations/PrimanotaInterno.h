@@ -100,6 +100,7 @@ struct Primanota::Interno {
   std::int64_t numeroRecord = 0;  ///< as stored; 0 of a new registration
   std::int64_t idRecord = 0;
   std::int64_t numeroConfermato = 0;
+  std::string campoRifiutato;
   Data dataRicordata;
   fenalto::Allegati allegati;
 

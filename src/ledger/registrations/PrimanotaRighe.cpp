@@ -17,6 +17,10 @@ namespace {
 constexpr std::int64_t kPassoPosi = 100;
 constexpr int kMesiSaldo = 12 * 50;
 
+std::string Mancante(const std::string& cosa, const std::string& codice) {
+  return codice.empty() ? "scrivere " + cosa : cosa + " " + codice + " non è in archivio";
+}
+
 struct Contropartita {
   std::string cfp;
   std::string conto;
@@ -232,6 +236,22 @@ void Primanota::RigaLasciata(std::string_view campo) {
   }
 }
 
+std::string Primanota::ClasseDiCausale() {
+  constexpr std::int64_t kRecenti = 20'000;  // movements looked at, of however many there are
+  Interno& io = *interno_;
+  const std::string causale = io.riga.Testo("Causale");
+  const auto& righe = io.righe.Tutte();
+  const auto ultima = std::find_if(righe.rbegin(), righe.rend(), [&](const RigaPrimanota& riga) {
+    return UgualeTesto(riga.causale, causale);
+  });
+  if (ultima != righe.rend()) return ultima->cfp;
+  const auto ultimo = io.ambiente.Max("Num", "Movimenti", {}, io.tessarc).Intero();
+  Rs rs = io.tessarc.Recordset("SELECT TOP 1 CFP FROM Movimenti WHERE " +
+                               sql::Criterio("Num", ">", ultimo - kRecenti) + " AND " +
+                               sql::Criterio("Causale", "=", causale) + " ORDER BY Num DESC");
+  return rs.Eof() ? std::string() : NzStr(rs.Fields(0));
+}
+
 std::optional<Saldo> Primanota::VisSaldo() {
   Interno& io = *interno_;
   SaldoConto::Richiesta richiesta;
@@ -248,7 +268,9 @@ std::optional<Saldo> Primanota::VisSaldo() {
 
 bool Primanota::Interno::RigaConfermabile() {
   if (righe.PosiOccupata(riga.Leggi("Posi").Intero())) {
-    Avviso("posizione già esistente");
+    campoRifiutato = "Posi";
+    Avviso("posizione già esistente\nla prima libera in fondo è la " +
+           std::to_string(righe.ProssimaPosi(kPassoPosi)));
     return false;
   }
   const std::string causale = riga.Testo("Causale");
@@ -257,15 +279,20 @@ bool Primanota::Interno::RigaConfermabile() {
   const std::string cfp = Maiuscolo(riga.Testo("CFP"));
   const auto conto = TrovaConto(cfp, riga.Testo("Conto"));
   if (codCausale.Nullo() || !conto) {
-    Avviso("manca causale o conto");
+    campoRifiutato = codCausale.Nullo() ? "Causale" : "Conto";
+    Avviso("manca causale o conto\n" + (codCausale.Nullo()
+                                            ? Mancante("la causale", causale)
+                                            : Mancante("il conto", riga.Testo("Conto"))));
     return false;
   }
   if (cfp != "P" && conto->contoRiepilogo.empty()) {
+    campoRifiutato = "Conto";
     Avviso("sull'anagrafica del cliente/fornitore " + conto->cod +
            " non è inserito il conto riepilogativo");
     return false;
   }
   if (!riga.Leggi("ImpoDare").Importo().Zero() && !riga.Leggi("ImpoAvere").Importo().Zero()) {
+    campoRifiutato = "ImpoAvere";
     Avviso("sulla stessa riga ci sono dare e avere: azzerare uno dei due importi");
     return false;
   }
@@ -293,11 +320,13 @@ void Primanota::Interno::ConcludiRighe(std::vector<RigaPrimanota> nuove) {
 
 bool Primanota::ConfermaRiga() {
   Interno& io = *interno_;
+  io.campoRifiutato.clear();
   if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura()) return false;
   if (!io.RigaConfermabile()) return false;
   try {
     io.ConcludiRighe(io.righe.Con(io.RigaDigitata()));
   } catch (const FuoriCampo& e) {
+    io.campoRifiutato = io.riga.Leggi("ImpoDare").Importo().Zero() ? "ImpoAvere" : "ImpoDare";
     io.Avviso(std::string("totali della registrazione: ") + e.what() +
               ". Correggere l'importo della riga");
     return false;

@@ -369,7 +369,7 @@ void FinestraImporta::Interno::Importa() {
   }
   const std::string riassunto = racconto(fatto.Valore(), " importate, ", " aggiornate, ");
   esito->setText(Qs(riassunto));
-  Dialogo().Messaggio("importazione di " + titolo + " eseguita: " + riassunto);
+  Dialogo().Annuncia("importazione di " + titolo + " eseguita: " + riassunto);
 }
 
 FinestraImporta::FinestraImporta(Finestre& finestre)

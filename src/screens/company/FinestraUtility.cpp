@@ -283,6 +283,9 @@ void FinestraUtility::Interno::Conferma() {
   variazione.Conferma();
   legatura->Mostra();
   MostraAvvisi();
+  if (const auto& rifiutato = variazione.CampoRifiutato(); !rifiutato.empty()) {
+    finestra.findChild<QWidget*>(Qs(rifiutato))->setFocus(Qt::OtherFocusReason);
+  }
 }
 
 FinestraUtility::FinestraUtility(Finestre& finestre)

@@ -10,20 +10,21 @@ constexpr std::size_t kColonnaNumero = 13;
 constexpr int kPasso = 2'000;
 
 std::vector<ColonnaGriglia> Colonne() {
-  return {{QStringLiteral("Conto"), Tipo::Testo, 60},
-          {QStringLiteral("Ragsoc"), Tipo::Testo, 190},
-          {QStringLiteral("DataScad"), Tipo::Data, 90},
-          {QStringLiteral("ant"), Tipo::Booleano, 35},
-          {QStringLiteral("ImportoE"), Tipo::Importo, 90},
-          {QStringLiteral("Pagato"), Tipo::Importo, 90},
-          {QStringLiteral("Residuo"), Tipo::Importo, 90},
-          {QStringLiteral("Descrizione_scadenza"), Tipo::Testo, 145},
-          {QStringLiteral("NProt"), Tipo::Intero, 50},
-          {QStringLiteral("NFat"), Tipo::Testo, 60, 2, true},
-          {QStringLiteral("DtFat"), Tipo::Data, 90},
-          {QStringLiteral("Tipo"), Tipo::Testo, 40},
-          {QStringLiteral("Stato"), Tipo::Testo, 45},
-          {QStringLiteral("Numero"), Tipo::Intero, 60}};
+  return {
+      {QStringLiteral("Conto"), Tipo::Testo, 60},
+      {QStringLiteral("Cliente/fornitore"), Tipo::Testo, 190, 2, QStringLiteral("Ragsoc")},
+      {QStringLiteral("Scadenza"), Tipo::Data, 90, 2, QStringLiteral("DataScad")},
+      {QStringLiteral("Anticipo"), Tipo::Booleano, 35, 2, QStringLiteral("ant")},
+      {QStringLiteral("Importo"), Tipo::Importo, 90, 2, QStringLiteral("ImportoE")},
+      {QStringLiteral("Pagato"), Tipo::Importo, 90},
+      {QStringLiteral("Residuo"), Tipo::Importo, 90},
+      {QStringLiteral("Descrizione"), Tipo::Testo, 145, 2, QStringLiteral("Descrizione_scadenza")},
+      {QStringLiteral("Protocollo"), Tipo::Intero, 50, 2, QStringLiteral("NProt")},
+      {QStringLiteral("N. fattura"), Tipo::Testo, 60, 2, QStringLiteral("NFat"), true},
+      {QStringLiteral("Data fattura"), Tipo::Data, 90, 2, QStringLiteral("DtFat")},
+      {QStringLiteral("Tipo"), Tipo::Testo, 40},
+      {QStringLiteral("Stato"), Tipo::Testo, 45},
+      {QStringLiteral("Numero"), Tipo::Intero, 60}};
 }
 
 std::vector<Valore> Celle(const duedates::RigaScadenza& r) {
@@ -66,7 +67,11 @@ void GrigliaScadenze::Svuota() {
 std::int64_t GrigliaScadenze::Numero(int riga) {
   const int quale = riga < 0 ? RigaCorrente() : riga;
   if (quale < 0 || quale >= Modello().rowCount()) return 0;
-  return Modello().Riga(quale)[kColonnaNumero].Intero();
+  return NumeroDi(Modello().Riga(quale));
+}
+
+std::int64_t GrigliaScadenze::NumeroDi(const std::vector<Valore>& riga) {
+  return riga[kColonnaNumero].Intero();
 }
 
 }  // namespace fenalto::screens

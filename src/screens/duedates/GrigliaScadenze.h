@@ -32,6 +32,8 @@ class GrigliaScadenze : public Griglia {
   void Svuota();
   /// Number of the due date of a row, of the current one when -1; 0 for none.
   [[nodiscard]] std::int64_t Numero(int riga = -1);
+  /// The same from the row's values.
+  [[nodiscard]] static std::int64_t NumeroDi(const std::vector<Valore>& riga);
 
  signals:
   /// A row was double-clicked, or Enter was pressed on it.

@@ -10,6 +10,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/lists/PiedeGriglia.h"
 #include "screens/ledger/PannelloAllegati.h"
 #include "screens/ledger/RiquadroRiga.h"
 
@@ -30,9 +31,11 @@ records::DescrizioneForma FormaTesta() {
                     Mostrato("AnnoRegistrazione", Genere::Etichetta, "Anno").Accanto(),
                     Mostrato("AvvisoData", Genere::Etichetta).Accanto(),
                     Digitato("Duplicabile", "duplicabile")
+                        .Turno(1)
                         .Aiuto("la registrazione si offre come modello per quelle nuove"),
                     Digitato("DescrArtDupl", "Modello")
                         .Accanto()
+                        .Turno(1)
                         .Segnaposto("nome nell'elenco delle registrazioni duplicabili")
                         .Peso(1)},
           .stretta = true};
@@ -52,11 +55,9 @@ records::StatoCampo StatoTesta(ledger::Primanota& primanota, const std::string& 
 
 /// A total: to be read and copied, never typed into.
 CampoImporto* Totale(const char* nome, int decimali) {
-  constexpr int kCifre = 16;
   auto* campo = new CampoImporto(QString::fromLatin1(nome), nullptr, decimali);
   campo->setReadOnly(true);
   campo->setFocusPolicy(Qt::ClickFocus);
-  LargoCaratteri(campo, kCifre);
   return campo;
 }
 
@@ -73,8 +74,12 @@ PaginaRegistrazione::PaginaRegistrazione(ledger::Primanota& primanota, Finestre&
   colonna->addWidget(CreaTestata());
   colonna->addWidget(solaLettura_);
   colonna->addWidget(righe_, 1);
+  colonna->addWidget(CreaTotali());
   colonna->addWidget(riga_);
   colonna->addWidget(CreaPiede());
+  OrdinaFuochi(testa_->Ordine() +
+               QList<QWidget*>{nuovaRiga_, righe_, conferma_, elimina_, annulla_, automatiche_} +
+               testa_->Ordine(1));
   connect(automatiche_, &QCheckBox::clicked, this, [this](bool attive) {
     caso_.ContropAutomatiche(attive);
     Mostra();
@@ -84,18 +89,20 @@ PaginaRegistrazione::PaginaRegistrazione(ledger::Primanota& primanota, Finestre&
 }
 
 Griglia* PaginaRegistrazione::CreaGriglia() {
-  return new Griglia(QStringLiteral("GrigliaRighe"), QStringLiteral("Movimenti"),
-                     {{tr("Posi"), Tipo::Intero, 50},
-                      {tr("Causale"), Tipo::Testo, 60},
-                      {tr("Descr. causale"), Tipo::Testo, 130},
-                      {tr("Descrizione"), Tipo::Testo, 170},
-                      {tr("CFP"), Tipo::Testo, 40},
-                      {tr("Conto"), Tipo::Testo, 80},
-                      {tr("Descr. conto"), Tipo::Testo, 180},
-                      {tr("Dare"), Tipo::Importo, 100},
-                      {tr("Avere"), Tipo::Importo, 100},
-                      {tr("Controp."), Tipo::Testo, 80},
-                      {tr("Diversi"), Tipo::Booleano, 50}});
+  return new Griglia(
+      QStringLiteral("GrigliaRighe"), QStringLiteral("Movimenti"),
+      {{tr("Posizione"), Tipo::Intero, 50, 2, QStringLiteral("Posi")},
+       {tr("Causale"), Tipo::Testo, 60},
+       {tr("Descrizione causale"), Tipo::Testo, 130, 2,
+        QStringLiteral("Descr. causale|DescrCausale")},
+       {tr("Descrizione"), Tipo::Testo, 170},
+       {tr("C/F/P"), Tipo::Testo, 40, 2, QStringLiteral("CFP")},
+       {tr("Conto"), Tipo::Testo, 80},
+       {tr("Descrizione conto"), Tipo::Testo, 180, 2, QStringLiteral("Descr. conto|DescrConto")},
+       {tr("Dare"), Tipo::Importo, 100, 2, QStringLiteral("Dare|ImpoDare")},
+       {tr("Avere"), Tipo::Importo, 100, 2, QStringLiteral("Avere|ImpoAvere")},
+       {tr("Contropartita"), Tipo::Testo, 80, 2, QStringLiteral("Controp.|ContoControp")},
+       {tr("Diversi"), Tipo::Booleano, 50, 2, QStringLiteral("Diversi|DiversiControp")}});
 }
 
 QWidget* PaginaRegistrazione::CreaTestata() {
@@ -111,24 +118,30 @@ QWidget* PaginaRegistrazione::CreaTestata() {
   return testata;
 }
 
-QWidget* PaginaRegistrazione::CreaPiede() {
-  auto* piede = new QWidget;
-  auto* riga = new QHBoxLayout(piede);
-  riga->setContentsMargins(0, 0, 0, 0);
+QWidget* PaginaRegistrazione::CreaTotali() {
+  constexpr int kColonnaDare = 7;
   const int decimali = finestre_.Sessione().Euro() ? 2 : 0;
   totDare_ = Totale("TotDare", decimali);
   totAvere_ = Totale("TotAvere", decimali);
   sbilancio_ = Totale("Sbilancio", decimali);
+  constexpr int kCifre = 16;
+  LargoCaratteri(sbilancio_, kCifre);
+  totDare_->setAccessibleName(tr("Totale dare"));
+  totAvere_->setAccessibleName(tr("Totale avere"));
+  auto* piede = new PiedeGriglia(*righe_, tr("Totali"));
+  piede->Metti(kColonnaDare, totDare_);
+  piede->Metti(kColonnaDare + 1, totAvere_);
+  return piede;
+}
+
+QWidget* PaginaRegistrazione::CreaPiede() {
+  auto* piede = new QWidget;
+  auto* riga = new QHBoxLayout(piede);
+  riga->setContentsMargins(0, 0, 0, 0);
   automatiche_ = new QCheckBox(tr("contropartite automatiche"));
   automatiche_->setObjectName(QStringLiteral("ContropAutomatiche"));
-  const struct {
-    QString testo;
-    CampoImporto* campo;
-  } totali[] = {{tr("Dare"), totDare_}, {tr("Avere"), totAvere_}, {tr("Sbilancio"), sbilancio_}};
-  for (const auto& totale : totali) {
-    riga->addWidget(Didascalia(totale.testo, totale.campo));
-    riga->addWidget(totale.campo);
-  }
+  riga->addWidget(Didascalia(tr("Sbilancio"), sbilancio_));
+  riga->addWidget(sbilancio_);
   riga->addSpacing(12);
   riga->addWidget(automatiche_);
   riga->addStretch(1);
@@ -175,6 +188,10 @@ void PaginaRegistrazione::FocoData() {
   testa_->Controllo("Dt").setFocus();
 }
 
+QList<QList<QWidget*>> PaginaRegistrazione::OrdineTesta() const {
+  return {testa_->Ordine(), testa_->Ordine(1)};
+}
+
 // --- Rows -------------------------------------------------------------------------------------
 
 void PaginaRegistrazione::ApriRiga(int indice) {
@@ -194,6 +211,7 @@ void PaginaRegistrazione::NuovaRiga() {
 std::optional<std::int64_t> PaginaRegistrazione::ConfermaRegistrazione() {
   if (caso_.Conferma()) return caso_.NumeroConfermato();
   Mostra();
+  VaiA(caso_.CampoRifiutato());
   return std::nullopt;
 }
 

@@ -28,10 +28,12 @@ class PaginaRegistrazione : public PaginaSul<ledger::Primanota> {
   std::optional<std::int64_t> ConfermaRegistrazione() override;
   bool EliminaRegistrazione() override;
   void FocoData() override;
+  [[nodiscard]] QList<QList<QWidget*>> OrdineTesta() const override;
 
  private:
   [[nodiscard]] static Griglia* CreaGriglia();
   QWidget* CreaTestata();
+  QWidget* CreaTotali();
   QWidget* CreaPiede();
   void MostraElencoRighe();
   void MostraTotali();

@@ -97,14 +97,18 @@ QGroupBox* PaginaScelta::CreaElenco() {
        .griglia = QStringLiteral("ElencoArticoli"),
        .cerca = QStringLiteral("CercaArticoli"),
        .stato = QStringLiteral("StatoRicerca"),
-       .segnaposto = tr("numero, data, oppure conto o parte della sua descrizione"),
+       .segnaposto = tr("numero, data, importo, conto o parte di una descrizione"),
        .colonne = {{tr("Numero"), Tipo::Intero, 70},
                    {tr("Data"), Tipo::Data, 90},
-                   {tr("Dare"), Tipo::Testo, 240},
-                   {tr("Avere"), Tipo::Testo, 240}},
+                   {tr("Dare"), Tipo::Testo, 170},
+                   {tr("Avere"), Tipo::Testo, 170},
+                   {tr("Descrizione"), Tipo::Testo, 180},
+                   {tr("Importo"), Tipo::Importo, 90}},
        .testo = DiTrovate,
-       .subito = true},
+       .subito = true,
+       .ordinabile = true},
       lettore_);
+  elenco_->Griglia().Modello().Decimali(finestre_.Sessione().Euro() ? 2 : 0);
   colonna->addWidget(elenco_);
   selettore_->Segui(*elenco_);
   return riquadro;

@@ -1,5 +1,6 @@
 #include "screens/ledger/RiquadroRiga.h"
 
+#include <QComboBox>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -37,7 +38,9 @@ records::DescrizioneForma FormaRiga() {
            // A causal proposed by the program counts too when it is just passed through.
            DiCodice("Causale", "Causale", "causali", kCodice).Colonna(1).Peso(3).AnchePassando(),
            Digitato("Descrizione", "Descrizione").Colonna(2).Colonne(2).Peso(2), Classe("CFP"),
-           DiCodice("Conto", "Conto", "conti", kCodice).Colonna(1).Peso(3),
+           DiCodice("Conto", "Conto", archives::NomeFonteContiOvunque("P"), kCodice)
+               .Colonna(1)
+               .Peso(3),
            DiMoneta("ImpoDare", "Dare", kImporto).Colonna(2),
            DiMoneta("ImpoAvere", "Avere", kImporto).Colonna(3), Classe("CFPControp").In(kControp),
            DiCodice("ContoControp", "Conto", "contropartite", kCodice)
@@ -64,6 +67,9 @@ RiquadroRiga::RiquadroRiga(ledger::Primanota& primanota, Finestre& finestre, QWi
   for (auto* pulsante : {visSaldo_, conferma_, elimina_, annulla_}) piede->addWidget(pulsante);
   colonna.addLayout(piede);
   OrdinaFuochi(campi_->Ordine() + QList<QWidget*>{conferma_, elimina_, annulla_, visSaldo_});
+  auto& conto = campi_->Codice("Conto");
+  connect(&conto, &CampoCodice::AltraClasse, this, &RiquadroRiga::PrendiClasse);
+  conto.Preferita([this] { return caso_.ClasseDiCausale(); });
   connect(visSaldo_, &QPushButton::clicked, this, &RiquadroRiga::VisSaldo);
 }
 
@@ -99,7 +105,7 @@ QList<QAbstractButton*> RiquadroRiga::Pulsanti() const {
 
 records::StatoCampo RiquadroRiga::Stato(const std::string& nome) const {
   const auto& riga = caso_.Riga();
-  if (nome == "Conto") return {.fonte = archives::NomeFonteConti(riga.Testo("CFP"))};
+  if (nome == "Conto") return {.fonte = archives::NomeFonteContiOvunque(riga.Testo("CFP"))};
   if (nome == "ContoControp")
     return {.fonte = archives::NomeFonteContropartite(riga.Testo("CFPControp"))};
   if (nome != kControp) return {};
@@ -108,6 +114,14 @@ records::StatoCampo RiquadroRiga::Stato(const std::string& nome) const {
           .suggerimento = automatiche ? "la calcola il programma: togliere \"contropartite "
                                         "automatiche\" per scriverla a mano"
                                       : ""};
+}
+
+void RiquadroRiga::PrendiClasse(const QString& classe) {
+  caso_.Riga().Scrivi("CFP", Valore(classe.toStdString()));
+  RigaLasciata("CFP");
+  dynamic_cast<QComboBox&>(campi_->Controllo("CFP")).setCurrentText(classe);
+  campi_->Codice("Conto").Fonte(
+      archives::Fonte(finestre_.Sessione(), Stato("Conto").fonte.value()));
 }
 
 void RiquadroRiga::RigaLasciata(const std::string& campo) {
@@ -121,12 +135,9 @@ void RiquadroRiga::Entra() {
 }
 
 bool RiquadroRiga::ConfermaRiga(std::string& campo) {
-  if (caso_.ConfermaRiga()) return true;
-  Mostra();
-  for (const char* codice : {"Causale", "Conto"}) {
-    if (campo.empty() && !campi_->Codice(codice).Esiste()) campo = codice;
-  }
-  return false;
+  const bool confermata = caso_.ConfermaRiga();
+  campo = caso_.CampoRifiutato();
+  return confermata;
 }
 
 void RiquadroRiga::VisSaldo() {

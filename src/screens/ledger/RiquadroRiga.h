@@ -27,6 +27,8 @@ class RiquadroRiga : public RiquadroSul<ledger::Primanota> {
 
  private:
   QFrame* CreaSaldo();
+  /// The account that is being taken is of another class than the row's.
+  void PrendiClasse(const QString& classe);
   void VisSaldo();
 
   QFrame* saldo_;

@@ -15,6 +15,7 @@
 #include "screens/common/fields/Qs.h"
 #include "screens/main/DialogoAccesso.h"
 #include "screens/main/DialogoDitta.h"
+#include "screens/main/FinestraPrincipale.h"
 
 namespace fenalto::screens {
 namespace {
@@ -117,6 +118,14 @@ void DialoghiQt::Messaggio(const std::string& testo, Icona icona) {
                        sopra_);
   riquadro.setTextFormat(Qt::PlainText);
   riquadro.exec();
+}
+
+void DialoghiQt::Annuncia(const std::string& testo) {
+  const auto* principale = qobject_cast<FinestraPrincipale*>(sopra_);
+  const auto aperte =
+      principale != nullptr ? principale->FinestreAperte() : QList<FinestraFunzione*>();
+  if (aperte.isEmpty() || !aperte.last()->isVisible()) return Messaggio(testo, Icona::Informazione);
+  aperte.last()->Annuncia(Qs(testo));
 }
 
 Risposta DialoghiQt::Domanda(const std::string& testo, Bottoni bottoni, Risposta predefinita,

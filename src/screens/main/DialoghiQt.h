@@ -14,6 +14,8 @@ class DialoghiQt : public Dialoghi {
   void Sopra(QWidget* finestra) { sopra_ = finestra; }
 
   void Messaggio(const std::string& testo, Icona icona) override;
+  /// In a bar of the function window in front; a box while there is none.
+  void Annuncia(const std::string& testo) override;
   Risposta Domanda(const std::string& testo, Bottoni bottoni, Risposta predefinita,
                    const std::string& titolo, Icona icona) override;
   std::optional<std::string> Chiedi(const std::string& testo, const std::string& iniziale) override;

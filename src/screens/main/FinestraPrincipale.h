@@ -56,12 +56,12 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   [[nodiscard]] bool FunzioneDisponibile(const QString& finestra) const override;
   bool ControlloUscita(FinestraFunzione& finestra) override;
   void ChiudiFinestra(FinestraFunzione& finestra) override;
+  void PortaAvanti(FinestraFunzione& finestra) override;
 
   /// Open function windows, the one in front last.
   [[nodiscard]] QList<FinestraFunzione*> FinestreAperte() const;
   [[nodiscard]] FinestraFunzione* Aperta(const QString& finestra) const;
   [[nodiscard]] QWidget* SfondoAperto() const;
-  void PortaAvanti(FinestraFunzione& finestra);
   /// Closes all function windows without questions: records in edit are given up.
   void ChiudiTutto();
 

@@ -113,7 +113,7 @@ QWidget* FinestraUt::Interno::CreaScelta() {
   riga->addWidget(descrizioneSelettore, 1);
   riga->addWidget(nuovo);
   griglia = new Griglia(QStringLiteral("GrigliaUtenti"), QStringLiteral("Ut"),
-                        {{tr("Cod"), Tipo::Testo, 120},
+                        {{tr("Codice"), Tipo::Testo, 120, 2, QStringLiteral("Cod")},
                          {tr("Descrizione"), Tipo::Testo, 320},
                          {tr("Livello"), Tipo::Intero, 70}});
   avviso = new QLabel;
@@ -291,6 +291,7 @@ void FinestraUt::Interno::Conferma() {
   }
   if (auto esito = utenti.Salva(codiceAttuale, utente, password->text().toStdString()); !esito) {
     dialogo.Messaggio(esito.Errore().messaggio, Icona::Avviso);
+    cod->setFocus();
     return;
   }
   TornaAllaScelta();

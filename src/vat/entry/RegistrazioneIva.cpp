@@ -239,7 +239,7 @@ std::int64_t RegistrazioneIva::ProbabileNProt() {
 
 void RegistrazioneIva::Interno::AssicuraCodiceVentilazione() {
   if (ambiente.Esiste("tessarc", "CodiciIva", {{"Cod", std::string(kCodiceVentilazione)}})) return;
-  ambiente.Dialogo().Messaggio(
+  ambiente.Dialogo().Annuncia(
       "Verrà creato un codice iva 'ZCOR' che servirà al programma al momento della chiusura "
       "periodica iva");
   tessarc.Inserisci("CodiciIva", {{"Cod", std::string(kCodiceVentilazione)},

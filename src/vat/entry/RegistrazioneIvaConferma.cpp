@@ -225,8 +225,8 @@ void RegistrazioneIva::Interno::Annuncia(const Scritta& scritta) {
   testo += "\nNumero fattura: " + T("NFat");
   testo += "\nArticolo n.: " + std::to_string(scritta.numDoc);
   const std::string log = scritta.log.testo;
-  ambiente.Dialogo().Messaggio(testo);
-  if (!log.empty()) ambiente.Dialogo().Messaggio(log);
+  ambiente.Dialogo().Annuncia(testo);
+  if (!log.empty()) ambiente.Dialogo().Annuncia(log);
 }
 
 bool RegistrazioneIva::Conferma(std::string* campo) {
@@ -280,9 +280,9 @@ bool RegistrazioneIva::Elimina() {
                     .dopoErrore = records::kAncoraSulloSchermo,
                     .scrivi = elimina});
   if (!eliminata) return false;
-  io.ambiente.Dialogo().Messaggio("N.Prot.IVA " + std::to_string(io.nProtRecord) +
-                                  " - Articolo Contabile" + std::to_string(io.numeroRecord) +
-                                  " eliminato" + (log.testo.empty() ? "" : "\n" + log.testo));
+  io.ambiente.Dialogo().Annuncia("N.Prot.IVA " + std::to_string(io.nProtRecord) +
+                                 " - Articolo Contabile" + std::to_string(io.numeroRecord) +
+                                 " eliminato" + (log.testo.empty() ? "" : "\n" + log.testo));
   for (const std::string& avviso : log.avvisi) io.Avviso(avviso);
   io.ChiudiRecord();
   return true;

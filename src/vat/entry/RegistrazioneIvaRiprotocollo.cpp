@@ -105,7 +105,7 @@ bool RegistrazioneIva::Riprotocolla(std::int64_t da, std::int64_t a) {
                                                         return std::string();
                                                       }});
   if (!riuscito) return false;
-  io.ambiente.Dialogo().Messaggio(
+  io.ambiente.Dialogo().Annuncia(
       std::string("Riprotocollo eseguito") +
       (acquisti ? ": stampare il registro iva in prova per rilevare i nuovi numeri di protocollo "
                   "assegnati dal programma"

@@ -134,7 +134,7 @@ bool RegistroIvaUnico::Interno::Memorizza(const DatiStampaRegistro& dati,
                  .scrivi = scrivi});
   if (!memorizzata) return false;
   for (const std::string& avviso : log.avvisi) Avviso(avviso);
-  if (!log.testo.empty()) ambiente.Dialogo().Messaggio(log.testo);
+  if (!log.testo.empty()) ambiente.Dialogo().Annuncia(log.testo);
   return true;
 }
 
@@ -165,7 +165,7 @@ bool RegistroIvaUnico::EliminaLiquidazioni() {
                     .numerazioni = {"ARTICOLI"},
                     .ambito = Transazione::Ambito::Tessarc,
                     .scrivi = elimina});
-  if (eliminate) io.ambiente.Dialogo().Messaggio("liquidazioni iva eliminate");
+  if (eliminate) io.ambiente.Dialogo().Annuncia("liquidazioni iva eliminate");
   return eliminate;
 }
 

@@ -249,10 +249,9 @@ TEST_F(RibaTest, RifiutiNellOrdine) {
   rifiuta("NON E'STATA SELEZIONATA ALCUNA RIBA\nnella griglia 'Selezione Riba'");
   ASSERT_TRUE(riba.Cambia(riba.Righe()[0].numero));
   riba.ImpostaData({});
-  std::string campo;
-  EXPECT_FALSE(riba.Conferma(uscite, &campo));
+  EXPECT_FALSE(riba.Conferma(uscite));
   EXPECT_EQ(SoloMessaggio(), "manca la data della distinta");
-  EXPECT_EQ(campo, "DataDistinta");
+  EXPECT_EQ(riba.CampoRifiutato(), "DataDistinta");
   riba.ImpostaData(G(15, 3, 2024));
 
   dialoghi.ScegliaUscita(std::nullopt);

@@ -80,6 +80,7 @@ struct FinestraArchivio::Interno {
   QSplitter* divisione = nullptr;
   QTabWidget* scelta = nullptr;  ///< SSTab1
   QTabWidget* schede = nullptr;  ///< SSTab2
+  QString daRendere;             ///< confirmed or chosen, for a field that has opened the archive
   QWidget* lato = nullptr;       ///< SSTab2 with its notice and buttons
   PaginaSceltaArchivio* pagina = nullptr;
   QVBoxLayout* paginaRecord = nullptr;

@@ -9,6 +9,7 @@
 
 #include "screens/common/archive/ArchivioInFinestra.h"
 #include "screens/common/fields/CampoCodice.h"
+#include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 
@@ -76,8 +77,11 @@ bool FinestraArchivio::Interno::ConfermaAperto() {
 void FinestraArchivio::Interno::Conferma() {
   if (!legami->Raccogli() || !finestra.RaccogliAltro()) return;
   Rifiuto rifiuto;
-  if (archivio.Conferma(&rifiuto) || !archivio.Aperto()) {
+  const bool scritto = archivio.Conferma(&rifiuto);
+  if (scritto) daRendere = Qs(archivio.UltimoConfermato());
+  if (scritto || !archivio.Aperto()) {
     TornaAllaScelta();
+    if (scritto) pagina->Indica(daRendere);
     return;
   }
   finestra.MostraRecord();
@@ -281,6 +285,40 @@ bool FinestraArchivio::Indietro() {
   if (!interno_->lato->isEnabled()) return interno_->pagina->SvuotaRicerca();
   interno_->Lascia();
   return true;
+}
+
+bool FinestraArchivio::Invio(QWidget& campo) {
+  const auto& campi = *interno_->campi;
+  const auto ordine = campi.Ordine(0) + campi.Ordine(1) + campi.Ordine(2);
+  if (!ordine.contains(&campo)) return false;
+  if (auto* dopo = DopoInvio(ordine, campo)) {
+    dopo->setFocus(Qt::TabFocusReason);
+  } else {
+    DopoUltimoCampo();
+  }
+  return true;
+}
+
+void FinestraArchivio::DopoUltimoCampo() {
+  if (interno_->conferma->isEnabled()) FocoInVista(interno_->conferma);
+}
+
+bool FinestraArchivio::PremiConferma() {
+  if (!PerUnCampo() || interno_->archivio.Aperto()) return FinestraFunzione::PremiConferma();
+  const QString indicato = interno_->pagina->Indicato();
+  if (indicato.isEmpty()) return true;
+  interno_->daRendere = indicato;
+  ChiudiDaTastiera();
+  return true;
+}
+
+std::string FinestraArchivio::CodiceDaRendere() const {
+  return interno_->daRendere.toStdString();
+}
+
+void FinestraArchivio::RichiestaDa(const QString& campo) {
+  interno_->pagina->MostraRichiesta(
+      tr("Ctrl+Invio su un codice dell'elenco lo porta in \"%1\"; Esc ci torna").arg(campo));
 }
 
 void FinestraArchivio::Aggiorna() {

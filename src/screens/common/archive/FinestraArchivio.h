@@ -34,6 +34,13 @@ class FinestraArchivio : public FinestraFunzione {
 
  protected:
   bool eventFilter(QObject* oggetto, QEvent* evento) override;
+  bool Invio(QWidget& campo) override;
+  /// Ctrl+Enter in the choice, for a field that has opened the archive, takes the code there.
+  bool PremiConferma() override;
+  [[nodiscard]] std::string CodiceDaRendere() const override;
+  void RichiestaDa(const QString& campo) override;
+  /// Enter was pressed in the last field of a page: to `Conferma`.
+  virtual void DopoUltimoCampo();
   [[nodiscard]] archives::ArchivioCodici& Archivio();
   [[nodiscard]] QTabWidget& SchedeRecord();
   /// Layout of the first page of `SSTab2`, under the described fields.

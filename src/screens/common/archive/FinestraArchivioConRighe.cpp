@@ -22,15 +22,25 @@ void FinestraArchivioConRighe::MostraRecord() {
   righe_->Mostra();
 }
 
-bool FinestraArchivioConRighe::RaccogliAltro() {
-  if (righe_->ConfermaAperta()) return true;
+void FinestraArchivioConRighe::GiraAlleRighe() {
   auto& schede = SchedeRecord();
   for (int i = 0; i < schede.count(); ++i) {
     if (schede.widget(i) == righe_ || schede.widget(i)->isAncestorOf(righe_)) {
       schede.setCurrentIndex(i);
     }
   }
+}
+
+bool FinestraArchivioConRighe::RaccogliAltro() {
+  if (righe_->ConfermaAperta()) return true;
+  GiraAlleRighe();
   return false;
+}
+
+void FinestraArchivioConRighe::DopoUltimoCampo() {
+  if (!righe_->isVisible() && !righe_->Attese()) return FinestraArchivio::DopoUltimoCampo();
+  GiraAlleRighe();
+  righe_->Comincia();
 }
 
 bool FinestraArchivioConRighe::AltroModificato() const {

@@ -21,12 +21,15 @@ class FinestraArchivioConRighe : public FinestraArchivio {
   /// focus would read itself into a row that is gone.
   void TogliRighe();
   void MostraRecord() override;
+  void DopoUltimoCampo() override;
   /// Shows the record anew, not its rows.
   void MostraSenzaRighe() { FinestraArchivio::MostraRecord(); }
   bool RaccogliAltro() override;
   [[nodiscard]] bool AltroModificato() const override;
 
  private:
+  /// Turns to the page of the rows.
+  void GiraAlleRighe();
   RigheDelRecord* righe_ = nullptr;
 };
 

@@ -38,8 +38,8 @@ std::vector<ColonnaGriglia> ColonneGriglia(Ambiente& ambiente,
     const int larga = UgualeTesto(campo.nome, descrizione.campoDescrizione)
                           ? kDescrizione
                           : std::clamp(caratteri * kCarattere, kMinima, kMassima);
-    colonne.push_back(
-        {titolo, TipoColonna(ambiente, descrizione, campo.nome), larga, campo.decimali});
+    colonne.push_back({titolo, TipoColonna(ambiente, descrizione, campo.nome), larga,
+                       campo.decimali, Qs(campo.nome)});
   }
   return colonne;
 }
@@ -94,6 +94,7 @@ void PaginaSceltaArchivio::CreaElenco(const archives::DescrizioneArchivio& descr
                               .segnaposto = tr("codice o parte del testo"),
                               .colonne = ColonneGriglia(ambiente_, descrizione),
                               .testo = DiQuanti,
+                              .ordinabile = true,
                               .statoSotto = true,
                               .filtri = std::move(filtri)},
                              elenco_);
@@ -108,13 +109,29 @@ void PaginaSceltaArchivio::Disponi() {
   fila_ = new QGridLayout;
   fila_->addWidget(stampa_, 0, 0);
   fila_->addWidget(esporta_, 0, 1);
+  richiesta_ = new QLabel;
+  richiesta_->setObjectName(QStringLiteral("RichiestaCampo"));
+  richiesta_->setTextFormat(Qt::PlainText);
+  richiesta_->setWordWrap(true);
+  richiesta_->hide();
   auto* colonna = new QVBoxLayout(this);
+  colonna->addWidget(richiesta_);
   colonna->addLayout(scelta);
   // Below the code, since a description is as long as it likes and the page is narrow.
   colonna->addWidget(selettore_->Etichetta());
   selettore_->Etichetta()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   colonna->addWidget(lista_, 1);
   colonna->addLayout(fila_);
+}
+
+QString PaginaSceltaArchivio::Indicato() const {
+  selettore_->Risolvi();
+  return selettore_->Esiste() ? Codice() : lista_->Indicata();
+}
+
+void PaginaSceltaArchivio::MostraRichiesta(const QString& testo) {
+  richiesta_->setText(testo);
+  richiesta_->show();
 }
 
 void PaginaSceltaArchivio::MostraNuovo(bool visibile) {

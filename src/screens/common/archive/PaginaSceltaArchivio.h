@@ -32,6 +32,10 @@ class PaginaSceltaArchivio : public QWidget {
   [[nodiscard]] archives::FiltroElenco Filtro() const;
   [[nodiscard]] archives::ElencoArchivio& Elenco() { return elenco_; }
   [[nodiscard]] screens::Griglia& Griglia();
+  /// The code that is chosen here: the one typed, if the archive has it, else that of the row.
+  [[nodiscard]] QString Indicato() const;
+  /// Tells that a field waits for a code.
+  void MostraRichiesta(const QString& testo);
   /// The current row of the list, while it holds that code.
   void Indica(const QString& codice);
   /// Esc: empties the search or the filter that is being typed; false when there was none.
@@ -66,6 +70,7 @@ class PaginaSceltaArchivio : public QWidget {
   QPushButton* stampa_;
   QPushButton* esporta_;
   ElencoCercato* lista_;
+  QLabel* richiesta_;
   QGridLayout* fila_;
   QList<QAbstractButton*> pulsanti_;
 };

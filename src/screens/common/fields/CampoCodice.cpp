@@ -14,6 +14,14 @@ namespace {
 
 constexpr int kVoci = 60;  // entries listed at most
 constexpr int kVociInVista = 10;
+constexpr int kRuoloClasse = Qt::UserRole + 1;
+
+QString DiClasse(const std::string& classe) {
+  if (classe.empty()) return {};
+  return classe == "C"   ? QObject::tr("   (cliente)")
+         : classe == "F" ? QObject::tr("   (fornitore)")
+                         : QObject::tr("   (conto)");
+}
 
 }  // namespace
 
@@ -74,6 +82,18 @@ void CampoCodice::Risolvi() {
   emit Trovato(canonico);
 }
 
+void CampoCodice::Prendi(const QString& codice) {
+  if (codice.isEmpty() || isReadOnly()) return;
+  if (codice.compare(text().trimmed(), Qt::CaseInsensitive) == 0) {
+    Mostra(Valore(codice.toStdString()));
+  } else {
+    setText(codice);
+    Risolvi();
+    emit Scelto(codice);
+  }
+  selectAll();
+}
+
 void CampoCodice::Elenca(const QString& testo, bool tutto) {
   const QString cercato = testo.trimmed();
   if (cercato.isEmpty() && !tutto) {
@@ -95,9 +115,10 @@ void CampoCodice::Elenca(const QString& testo, bool tutto) {
   }
   elenco_->clear();
   for (const auto& voce : voci) {
-    auto* riga =
-        new QListWidgetItem(QString::fromStdString(voce.codice + "   " + voce.descrizione));
+    auto* riga = new QListWidgetItem(
+        QString::fromStdString(voce.codice + "   " + voce.descrizione) + DiClasse(voce.classe));
     riga->setData(Qt::UserRole, QString::fromStdString(voce.codice));
+    riga->setData(kRuoloClasse, QString::fromStdString(voce.classe));
     elenco_->addItem(riga);
   }
   const int righe = std::min(static_cast<int>(voci.size()), kVociInVista);
@@ -110,10 +131,31 @@ void CampoCodice::Elenca(const QString& testo, bool tutto) {
 void CampoCodice::PrendiScelta() {
   if (elenco_ == nullptr || elenco_->currentItem() == nullptr) return;
   const QString codice = elenco_->currentItem()->data(Qt::UserRole).toString();
+  const QString classe = elenco_->currentItem()->data(kRuoloClasse).toString();
   ChiudiElenco();
+  if (!classe.isEmpty()) emit AltraClasse(classe);
   setText(codice);
   Risolvi();
   emit Scelto(codice);
+}
+
+void CampoCodice::Interpreta() {
+  const std::string testo = text().trimmed().toStdString();
+  // Words of a description that fit one entry only stand for its code.
+  auto voci = fonte_->Cerca(testo, 2);
+  const bool propria = !voci.empty() && voci.front().classe.empty();
+  if (!propria) voci = fonte_->Altrove(testo);
+  if (voci.size() > 1 && !propria && preferita_) {
+    const std::string classe = preferita_();
+    std::erase_if(voci, [&](const archives::VoceCodice& voce) { return voce.classe != classe; });
+  }
+  const bool unica = voci.size() == 1 || (propria && voci.size() == 2 && !voci[1].classe.empty());
+  if (!unica) return;
+  const auto codice = QString::fromStdString(voci.front().codice);
+  const auto classe = QString::fromStdString(voci.front().classe);
+  if (!classe.isEmpty()) emit AltraClasse(classe);
+  setText(codice);
+  setModified(true);
 }
 
 void CampoCodice::ChiudiElenco() {
@@ -130,9 +172,7 @@ void CampoCodice::focusOutEvent(QFocusEvent* evento) {
     PrendiScelta();
   } else if (isModified() && !text().trimmed().isEmpty() &&
              !fonte_->Descrizione(text().trimmed().toStdString())) {
-    // Words of a description that fit one entry only stand for its code.
-    const auto voci = fonte_->Cerca(text().trimmed().toStdString(), 2);
-    if (voci.size() == 1) setText(QString::fromStdString(voci.front().codice));
+    Interpreta();
   }
   ChiudiElenco();
   if (!isReadOnly()) {
@@ -196,7 +236,7 @@ void CampoCodice::ApriArchivio() {
   for (auto* sopra = parentWidget(); sopra != nullptr; sopra = sopra->parentWidget()) {
     if (auto* seguace = dynamic_cast<SeguaceRinvii*>(sopra)) {
       // The window may be closed by it, and this field with it.
-      seguace->Segui(AllArchivio(archivio_, text().trimmed().toStdString()));
+      seguace->SeguiPer(AllArchivio(archivio_, text().trimmed().toStdString()), *this);
       return;
     }
   }

@@ -1,13 +1,14 @@
 // A code field (`Rt`): shows the description of its code beside it and searches while typing, by
 // code and by any part of the description.
 //
-// F2 opens the list whatever is typed, F3 (or a double click) asks for the archive behind the code.
-// Tab and Enter take the chosen entry; a text that is no code but fits one entry only becomes its
-// code.
+// F2 opens the list whatever is typed, F3 (or a double click) opens the archive behind the code,
+// and the code chosen or made there comes back into the field. Tab and Enter take the chosen entry;
+// a text that is no code but fits one entry only becomes its code.
 #pragma once
 
 #include <QLabel>
 #include <QLineEdit>
+#include <functional>
 #include <memory>
 
 #include "core/archives/FonteCodici.h"
@@ -18,11 +19,15 @@ class QListWidget;
 
 namespace fenalto::screens {
 
+class CampoCodice;
+
 /// Who goes where a reference leads: what a code field looks for above itself.
 class SeguaceRinvii {
  public:
   virtual ~SeguaceRinvii() = default;
   virtual void Segui(const Rinvio& rinvio) = 0;
+  /// The same for a code field, which gets the code that is chosen there and the focus back.
+  virtual void SeguiPer(const Rinvio& rinvio, CampoCodice& campo) = 0;
 };
 
 class CampoCodice : public QLineEdit, public CampoValore {
@@ -44,12 +49,19 @@ class CampoCodice : public QLineEdit, public CampoValore {
   [[nodiscard]] bool Esiste() const { return esiste_; }
   /// Shows the description of the code typed; raises Trovato when it exists.
   void Risolvi();
+  /// Of several classes that a code has, the one that `classe` names is meant.
+  void Preferita(std::function<std::string()> classe) { preferita_ = std::move(classe); }
+  /// Takes a code that was chosen or changed in its archive: a new one as if it had been picked in
+  /// the list, its own with its description as it is now. Nothing with an empty one.
+  void Prendi(const QString& codice);
 
  signals:
   /// The code was resolved.
   void Trovato(const QString& codice);
   /// An entry of the list was chosen.
   void Scelto(const QString& codice);
+  /// The code that is taken is of another class: the source of that class is to be given now.
+  void AltraClasse(const QString& classe);
 
  protected:
   void focusInEvent(QFocusEvent* evento) override;
@@ -64,10 +76,13 @@ class CampoCodice : public QLineEdit, public CampoValore {
   void ApriArchivio();
   void Elenca(const QString& testo, bool tutto);
   void PrendiScelta();
+  /// What is typed is no code: what it stands for, if one thing alone.
+  void Interpreta();
   void ChiudiElenco();
 
   std::shared_ptr<archives::FonteCodici> fonte_;
   std::string archivio_;  ///< table in capitals, empty for none
+  std::function<std::string()> preferita_;
   QLabel* etichetta_;
   QListWidget* elenco_ = nullptr;
   bool esiste_ = false;

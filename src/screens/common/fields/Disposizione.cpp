@@ -2,10 +2,13 @@
 
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QHash>
 #include <QPalette>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSet>
+#include <QStackedWidget>
+#include <algorithm>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -14,7 +17,6 @@ namespace {
 
 /// Letters of the main window's menus: a letter that two things have presses neither.
 constexpr QLatin1String kLettereMenu("AMRSCI");
-constexpr int kUltimaCifra = 9;
 
 /// Places of the letters that may be marked, first ones of words before the others.
 std::vector<int> Segnabili(const QString& testo) {
@@ -31,51 +33,119 @@ std::vector<int> Segnabili(const QString& testo) {
 }
 
 /// Gives letters to captions one after another; a caption for which none is left takes that of
-/// another one which can do with a different letter.
+/// others which can do with different letters. `insieme` tells whether two captions may be in sight
+/// at once: only then they need different letters.
 class Lettere {
  public:
-  explicit Lettere(std::vector<QString> testi) : testi_(std::move(testi)) {
+  using Insieme = std::function<bool(std::size_t, std::size_t)>;
+
+  Lettere(std::vector<QString> testi, Insieme insieme)
+      : testi_(std::move(testi)), insieme_(std::move(insieme)) {
     for (const QString& testo : testi_) segnabili_.push_back(Segnabili(testo));
     scelte_.assign(testi_.size(), -1);
   }
 
-  /// Place of the letter of each caption, -1 for none.
-  std::vector<int> Assegna() {
+  /// Place of the letter of each caption. Where no letter of its own is left, one that no other has
+  /// is written after the caption.
+  std::vector<int> Assegna(std::vector<QString>& testi) {
     for (std::size_t quale = 0; quale < testi_.size(); ++quale) {
       QSet<QChar> viste;
-      Trova(quale, viste);
+      if (!Trova(quale, viste)) Aggiungi(quale);
     }
+    testi = testi_;
     return scelte_;
   }
 
  private:
   [[nodiscard]] QChar Lettera(std::size_t quale, int posto) const {
-    return testi_[quale][posto].toUpper();
+    return posto < 0 ? QChar() : testi_[quale][posto].toUpper();
+  }
+
+  /// Captions in sight together with this one that have the letter.
+  [[nodiscard]] std::vector<std::size_t> ChiHa(QChar lettera, std::size_t quale) const {
+    std::vector<std::size_t> altri;
+    for (std::size_t altro = 0; altro < testi_.size(); ++altro) {
+      if (altro != quale && Lettera(altro, scelte_[altro]) == lettera && insieme_(quale, altro)) {
+        altri.push_back(altro);
+      }
+    }
+    return altri;
+  }
+
+  void Aggiungi(std::size_t quale) {
+    for (char lettera = 'Z'; lettera >= 'A'; --lettera) {
+      const QLatin1Char sua(lettera);
+      if (QString(kLettereMenu).contains(sua) || !ChiHa(sua, quale).empty()) continue;
+      testi_[quale] += QStringLiteral(" (%1)").arg(sua);
+      scelte_[quale] = static_cast<int>(testi_[quale].size()) - 2;
+      segnabili_[quale].push_back(scelte_[quale]);
+      return;
+    }
   }
 
   bool Trova(std::size_t quale, QSet<QChar>& viste) {
-    const auto prendi = [&](int posto) {
-      scelte_[quale] = posto;
-      di_[Lettera(quale, posto)] = quale;
-      return true;
-    };
     for (const int posto : segnabili_[quale]) {
-      if (!di_.contains(Lettera(quale, posto))) return prendi(posto);
+      if (!ChiHa(Lettera(quale, posto), quale).empty()) continue;
+      scelte_[quale] = posto;
+      return true;
     }
     for (const int posto : segnabili_[quale]) {
       const QChar lettera = Lettera(quale, posto);
       if (viste.contains(lettera)) continue;
       viste.insert(lettera);
-      if (Trova(di_.value(lettera), viste)) return prendi(posto);
+      const auto prima = scelte_;
+      scelte_[quale] = posto;
+      const auto altri = ChiHa(lettera, quale);
+      if (std::all_of(altri.begin(), altri.end(),
+                      [&](std::size_t altro) { return Trova(altro, viste); })) {
+        return true;
+      }
+      scelte_ = prima;
     }
     return false;
   }
 
   std::vector<QString> testi_;
+  Insieme insieme_;
   std::vector<std::vector<int>> segnabili_;
   std::vector<int> scelte_;
-  QHash<QChar, std::size_t> di_;
 };
+
+/// A caption without the mark of its letter.
+QString SenzaSegno(QString testo) {
+  for (int i = 0; i < static_cast<int>(testo.size()); ++i) {
+    if (testo[i] == QLatin1Char('&')) testo.remove(i, 1);
+  }
+  return testo;
+}
+
+void Segna(const QList<QAbstractButton*>& pulsanti, const Lettere::Insieme& insieme) {
+  std::vector<QString> testi;
+  // A letter written after a caption gives way to a better one.
+  static const QRegularExpression kAggiunta(QStringLiteral(" \\(&[A-Z]\\)$"));
+  for (const auto* pulsante : pulsanti) {
+    testi.push_back(SenzaSegno(pulsante->text().remove(kAggiunta)));
+  }
+  const std::vector<int> posti = Lettere(testi, insieme).Assegna(testi);
+  for (std::size_t i = 0; i < testi.size(); ++i) {
+    QString testo = testi[i];
+    // A letter on either side of the mark stands as it is; an ampersand of the caption is doubled.
+    for (int dove = static_cast<int>(testo.size()) - 1; dove >= 0; --dove) {
+      if (testo[dove] == QLatin1Char('&') || dove == posti[i]) testo.insert(dove, QLatin1Char('&'));
+    }
+    pulsanti[static_cast<qsizetype>(i)]->setText(testo);
+  }
+}
+
+/// Whether two controls stand on different pages of the same tabs.
+bool SuPagineDiverse(const QWidget* uno, const QWidget* altro) {
+  for (const auto* pagina = uno; pagina != nullptr; pagina = pagina->parentWidget()) {
+    const auto* pila = qobject_cast<QStackedWidget*>(pagina->parentWidget());
+    if (pila == nullptr || !pila->isAncestorOf(altro)) continue;
+    return pagina != altro && !pagina->isAncestorOf(altro);
+  }
+  return false;
+}
 
 }  // namespace
 
@@ -140,18 +210,29 @@ void OrdinaFuochi(const QList<QWidget*>& controlli) {
 }
 
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti) {
-  std::vector<QString> testi;
-  for (const auto* pulsante : pulsanti) testi.push_back(pulsante->text());
-  const std::vector<int> posti = Lettere(testi).Assegna();
-  int cifra = 0;
-  for (std::size_t i = 0; i < testi.size(); ++i) {
-    auto* pulsante = pulsanti[static_cast<qsizetype>(i)];
-    if (posti[i] >= 0) {
-      pulsante->setText(QString(testi[i]).insert(posti[i], QLatin1Char('&')));
-    } else if (testi[i].size() > 1 && cifra < kUltimaCifra) {
-      pulsante->setText(QStringLiteral("%1 (&%2)").arg(testi[i]).arg(++cifra));
-    }
+  Segna(pulsanti, [](std::size_t, std::size_t) { return true; });
+}
+
+void DistribuisciLettere(const QWidget& finestra) {
+  QList<QAbstractButton*> pulsanti;
+  for (auto* pulsante : finestra.findChildren<QPushButton*>()) {
+    const bool usato = pulsante->isEnabled() || !pulsante->shortcut().isEmpty();
+    if (usato && !pulsante->text().isEmpty()) pulsanti << pulsante;
   }
+  // What is pressed all day chooses first, jumps to other functions last.
+  const auto turno = [](const QAbstractButton* pulsante) {
+    const QString nome = pulsante->objectName();
+    const auto primi = {"Conferma", "ConfermaRiga", "Nuovo", "PNuovaRiga", "Apri", "Stampa"};
+    const auto* suo = std::find_if(primi.begin(), primi.end(),
+                                   [&](const char* primo) { return nome == QLatin1String(primo); });
+    return suo != primi.end() ? 0 : nome.startsWith(QLatin1String("FunzCor")) ? 2 : 1;
+  };
+  std::stable_sort(pulsanti.begin(), pulsanti.end(),
+                   [&](const auto* uno, const auto* altro) { return turno(uno) < turno(altro); });
+  Segna(pulsanti, [&](std::size_t uno, std::size_t altro) {
+    return !SuPagineDiverse(pulsanti[static_cast<qsizetype>(uno)],
+                            pulsanti[static_cast<qsizetype>(altro)]);
+  });
 }
 
 }  // namespace fenalto::screens

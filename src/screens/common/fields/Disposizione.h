@@ -39,7 +39,12 @@ void FocoInVista(QWidget* controllo);
 void OrdinaFuochi(const QList<QWidget*>& controlli);
 
 /// Gives each button an Alt letter of its caption that no other of the list and no menu of the main
-/// window has; when they run out, a digit after the caption.
+/// window has, or one after the caption where none of its own is left; those first in the list
+/// before the others.
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti);
+
+/// The same for all buttons of a window that can be used or have a letter already: those that are
+/// never in sight together may share one.
+void DistribuisciLettere(const QWidget& finestra);
 
 }  // namespace fenalto::screens

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kTempoTurno = 25;         // ms that a search by stretches takes between two events
 constexpr int kTrovateMassime = 2'000;  // rows that it stops at
+constexpr int kOrdinate = 20'000;       // rows that a click on a header sorts at most
 constexpr int kRilette = 5'000;         // rows read again at most to come back to a place
 
 QTimer* ColpoSolo(QObject* genitore) {
@@ -73,6 +74,7 @@ void ElencoCercato::Collega() {
     }
   };
   cerca_->installEventFilter(this);
+  griglia_->installEventFilter(this);
   connect(cerca_, &QLineEdit::textChanged, this, cambiata);
   if (filtri_ != nullptr) {
     for (auto* campo : filtri_->Campi()) campo->installEventFilter(this);
@@ -91,6 +93,10 @@ void ElencoCercato::Collega() {
   if (!forma_.ordinabile) return;
   connect(griglia_->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int sezione) {
     LeggiTutte();
+    if (!fonte_.Finita()) {
+      stato_->setText(
+          tr("le prime %1, ordinate: per le altre restringere la ricerca").arg(Lette()));
+    }
     auto* testata = griglia_->horizontalHeader();
     testata->setSortIndicatorShown(true);
     griglia_->Modello().sort(sezione, testata->sortIndicatorOrder());
@@ -125,8 +131,7 @@ void ElencoCercato::Prosegui() {
 
 void ElencoCercato::Rileggi() {
   auto& modello = griglia_->Modello();
-  const int corrente = griglia_->RigaCorrente();
-  const QString chiave = corrente >= 0 ? ChiaveDi(corrente) : QString();
+  const QString chiave = Indicata();
   const int lette = std::min(Lette(), kRilette);
   const int posto = griglia_->verticalScrollBar()->value();
   Ricarica();
@@ -141,7 +146,7 @@ void ElencoCercato::LeggiTutte() {
   auto& modello = griglia_->Modello();
   if (!modello.APagine()) return;
   QApplication::setOverrideCursor(Qt::WaitCursor);
-  while (modello.canFetchMore({})) modello.fetchMore({});
+  while (modello.canFetchMore({}) && Lette() < kOrdinate) modello.fetchMore({});
   archives::FonteElenco::Righe righe;
   for (int i = 0; i < modello.rowCount(); ++i) righe.push_back(modello.Riga(i));
   modello.Righe(std::move(righe));
@@ -162,6 +167,11 @@ void ElencoCercato::Svuota() {
   cerca_->clear();
   if (filtri_ != nullptr) filtri_->Svuota();
   attesa_->stop();
+}
+
+QString ElencoCercato::Indicata() const {
+  const int riga = griglia_->RigaCorrente();
+  return riga >= 0 ? ChiaveDi(riga) : QString();
 }
 
 void ElencoCercato::Indica(const QString& chiave) {
@@ -231,6 +241,17 @@ bool ElencoCercato::InvioInRicerca(const QObject* controllo) {
   return true;
 }
 
+bool ElencoCercato::ScritturaInLista(const QKeyEvent& tasto) {
+  const QString testo = tasto.text();
+  if (testo.isEmpty() || !testo.front().isPrint() || testo.front().isSpace() ||
+      tasto.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) {
+    return false;
+  }
+  cerca_->setFocus(Qt::ShortcutFocusReason);
+  cerca_->setText(testo);
+  return true;
+}
+
 bool ElencoCercato::eventFilter(QObject* oggetto, QEvent* evento) {
   // From the search straight into what it has found.
   if (evento->type() == QEvent::KeyPress && InRicerca(oggetto) &&
@@ -238,6 +259,9 @@ bool ElencoCercato::eventFilter(QObject* oggetto, QEvent* evento) {
     if (attesa_->isActive()) Ricarica();
     VaiAlleRighe();
     return true;
+  }
+  if (oggetto == griglia_ && evento->type() == QEvent::KeyPress) {
+    return ScritturaInLista(*static_cast<QKeyEvent*>(evento));
   }
   return QWidget::eventFilter(oggetto, evento);
 }

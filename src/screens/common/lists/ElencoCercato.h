@@ -13,6 +13,7 @@
 #include "screens/common/lists/Griglia.h"
 
 class QHBoxLayout;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QTimer;
@@ -61,6 +62,8 @@ class ElencoCercato : public QWidget {
   void Rileggi();
   /// Empties the search without reading.
   void Svuota();
+  /// Key of the current row, empty for none.
+  [[nodiscard]] QString Indicata() const;
   /// The current row of the list, while it holds that key.
   void Indica(const QString& chiave);
   /// Esc: empties the search or the filter that is being typed; false when there was none.
@@ -95,6 +98,8 @@ class ElencoCercato : public QWidget {
   void LeggiTutte();
   void MostraStato();
   void VaiAlleRighe();
+  /// What is typed in the rows goes on in the search; false for another key.
+  bool ScritturaInLista(const QKeyEvent& tasto);
   [[nodiscard]] int Lette() const;
   [[nodiscard]] QString ChiaveDi(int riga) const;
   [[nodiscard]] bool InRicerca(const QObject* controllo) const;

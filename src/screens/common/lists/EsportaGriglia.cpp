@@ -58,7 +58,7 @@ void ScriviFoglio(const reports::Foglio& foglio, const SceltaUscita& scelta, Dia
   if (const auto esito = Scrivi(foglio, scelta); !esito) {
     return dialoghi.Messaggio(esito.Errore().messaggio, Icona::Errore);
   }
-  dialoghi.Messaggio("esportato in " + scelta.file.string());
+  dialoghi.Annuncia("esportato in " + scelta.file.string());
 }
 
 }  // namespace fenalto::screens

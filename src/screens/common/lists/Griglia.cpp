@@ -6,14 +6,19 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QSettings>
 #include <algorithm>
+#include <numeric>
 
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
+#include "screens/common/lists/DelegatoGriglia.h"
 
 namespace fenalto::screens {
 namespace {
+
+constexpr int kIntornoTitolo = 12;  // pixels beside a caption
 
 bool Numerica(Tipo tipo) {
   return tipo == Tipo::Importo || tipo == Tipo::Intero || tipo == Tipo::Reale;
@@ -123,6 +128,7 @@ QVariant ModelloGriglia::headerData(int sezione, Qt::Orientation verso, int ruol
   if (verso != Qt::Horizontal) return QAbstractTableModel::headerData(sezione, verso, ruolo);
   const auto& colonna = colonne_[static_cast<std::size_t>(sezione)];
   if (ruolo == Qt::DisplayRole) return colonna.titolo;
+  if (ruolo == kRuoloChiave) return colonna.Chiave();
   if (ruolo == Qt::TextAlignmentRole) {
     return QVariant::fromValue(Qt::AlignVCenter |
                                (Numerica(colonna.tipo) ? Qt::AlignRight : Qt::AlignLeft));
@@ -135,11 +141,33 @@ void ModelloGriglia::sort(int colonna, Qt::SortOrder ordine) {
   const auto indice = static_cast<std::size_t>(colonna);
   const ColonnaGriglia& quale = colonne_[indice];
   emit layoutAboutToBeChanged();
-  std::stable_sort(righe_.begin(), righe_.end(), [&](const auto& a, const auto& b) {
-    return ordine == Qt::AscendingOrder ? Minore(a[indice], b[indice], quale)
-                                        : Minore(b[indice], a[indice], quale);
+  std::vector<int> posti(righe_.size());
+  std::iota(posti.begin(), posti.end(), 0);
+  const auto cella = [&](int riga) -> const Valore& {
+    return righe_[static_cast<std::size_t>(riga)][indice];
+  };
+  std::stable_sort(posti.begin(), posti.end(), [&](int a, int b) {
+    return ordine == Qt::AscendingOrder ? Minore(cella(a), cella(b), quale)
+                                        : Minore(cella(b), cella(a), quale);
   });
+  Riordina(posti);
   emit layoutChanged();
+}
+
+void ModelloGriglia::Riordina(const std::vector<int>& posti) {
+  std::vector<std::vector<Valore>> ordinate;
+  std::vector<int> nuovoPosto(righe_.size());
+  ordinate.reserve(righe_.size());
+  for (const int vecchio : posti) {
+    nuovoPosto[static_cast<std::size_t>(vecchio)] = static_cast<int>(ordinate.size());
+    ordinate.push_back(std::move(righe_[static_cast<std::size_t>(vecchio)]));
+  }
+  righe_ = std::move(ordinate);
+  // The current row stays the same record.
+  for (const QModelIndex& vecchio : persistentIndexList()) {
+    changePersistentIndex(
+        vecchio, index(nuovoPosto[static_cast<std::size_t>(vecchio.row())], vecchio.column()));
+  }
 }
 
 bool ModelloGriglia::canFetchMore(const QModelIndex& genitore) const {
@@ -163,6 +191,7 @@ Griglia::Griglia(const QString& nome, const QString& finestra, std::vector<Colon
       modello_(new ModelloGriglia(std::move(colonne), this)) {
   setObjectName(nome);
   setModel(modello_);
+  setItemDelegate(new DelegatoGriglia(*this));
   setSelectionBehavior(QAbstractItemView::SelectRows);
   setSelectionMode(QAbstractItemView::SingleSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -172,40 +201,110 @@ Griglia::Griglia(const QString& nome, const QString& finestra, std::vector<Colon
   setTabKeyNavigation(false);
   verticalHeader()->hide();
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-  horizontalHeader()->setStretchLastSection(true);
   horizontalHeader()->setHighlightSections(false);
-  QSettings memoria;
-  memoria.beginGroup(QStringLiteral("griglie/%1/%2").arg(finestra_, nome));
-  int indice = 0;
-  for (const auto& colonna : modello_->Colonne()) {
-    setColumnWidth(indice, memoria.value(colonna.titolo, colonna.larghezza).toInt());
-    ++indice;
-  }
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
-          [this](int sezione, int, int nuova) {
-            if (sezione == modello_->columnCount() - 1) return;
-            QSettings().setValue(
-                QStringLiteral("griglie/%1/%2/%3")
-                    .arg(finestra_, objectName(),
-                         modello_->Colonne()[static_cast<std::size_t>(sezione)].titolo),
-                nuova);
-          });
-  connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int sezione) {
-    auto* testata = horizontalHeader();
-    // Rows that come in pages keep their source's order.
-    testata->setSortIndicatorShown(!modello_->APagine());
-    modello_->sort(sezione, testata->sortIndicatorOrder());
-  });
+  RicordaLarghezze();
+  connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &Griglia::Ordina);
   // Rows shown anew keep the order that the user chose.
   connect(modello_, &QAbstractItemModel::modelReset, this, [this] {
     const auto* testata = horizontalHeader();
     if (!testata->isSortIndicatorShown()) return;
     modello_->sort(testata->sortIndicatorSection(), testata->sortIndicatorOrder());
   });
+  connect(selectionModel(), &QItemSelectionModel::currentRowChanged, viewport(),
+          qOverload<>(&QWidget::update));
   connect(this, &QTableView::clicked, this,
           [this](const QModelIndex& riga) { emit RigaScelta(riga.row()); });
   connect(this, &QTableView::doubleClicked, this,
           [this](const QModelIndex& riga) { emit RigaDoppioClic(riga.row()); });
+}
+
+void Griglia::RicordaLarghezze() {
+  const QString gruppo = QStringLiteral("griglie/%1/%2/").arg(finestra_, objectName());
+  const QSettings memoria;
+  int piuLarga = -1;
+  for (int i = 0; i < modello_->columnCount(); ++i) {
+    const auto& colonna = modello_->Colonne()[static_cast<std::size_t>(i)];
+    // A caption is never cut at first.
+    const int minima =
+        horizontalHeader()->fontMetrics().horizontalAdvance(colonna.titolo) + kIntornoTitolo;
+    setColumnWidth(
+        i, memoria.value(gruppo + colonna.Chiave(), std::max(colonna.larghezza, minima)).toInt());
+    const bool larga =
+        piuLarga < 0 ||
+        colonna.larghezza > modello_->Colonne()[static_cast<std::size_t>(piuLarga)].larghezza;
+    if (colonna.tipo == Tipo::Testo && larga) piuLarga = i;
+  }
+  Elastica(piuLarga);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this, gruppo](int sezione, int, int nuova) {
+            if (adattando_) return;
+            const auto& colonna = modello_->Colonne()[static_cast<std::size_t>(sezione)];
+            QSettings().setValue(gruppo + colonna.Chiave(), nuova);
+            if (sezione == elastica_) {
+              propriaElastica_ = nuova;
+            } else {
+              AdattaElastica();
+            }
+          });
+}
+
+void Griglia::Ordina(int colonna) {
+  auto* testata = horizontalHeader();
+  // Rows that come in pages keep their source's order.
+  testata->setSortIndicatorShown(!modello_->APagine());
+  modello_->sort(colonna, testata->sortIndicatorOrder());
+}
+
+void Griglia::Elastica(int colonna) {
+  adattando_ = true;
+  if (elastica_ >= 0) setColumnWidth(elastica_, propriaElastica_);
+  adattando_ = false;
+  elastica_ = colonna;
+  if (colonna >= 0) propriaElastica_ = columnWidth(colonna);
+  AdattaElastica();
+}
+
+void Griglia::AdattaElastica() {
+  if (elastica_ < 0) return;
+  const int altre = horizontalHeader()->length() - columnWidth(elastica_);
+  adattando_ = true;
+  setColumnWidth(elastica_, std::max(propriaElastica_ / 2, viewport()->width() - altre));
+  adattando_ = false;
+}
+
+void Griglia::focusInEvent(QFocusEvent* evento) {
+  QTableView::focusInEvent(evento);
+  // Entered by a key, the grid says where the arrows and Enter begin.
+  if (evento->reason() != Qt::MouseFocusReason && selectionModel()->selectedRows().isEmpty()) {
+    VaiARiga(std::max(0, RigaCorrente()));
+  }
+}
+
+void Griglia::resizeEvent(QResizeEvent* evento) {
+  QTableView::resizeEvent(evento);
+  AdattaElastica();
+}
+
+void Griglia::SuggerisciVuota(const QString& testo) {
+  vuota_ = testo;
+  viewport()->update();
+}
+
+void Griglia::paintEvent(QPaintEvent* evento) {
+  QTableView::paintEvent(evento);
+  if (vuota_.isEmpty() || modello_->rowCount() > 0 || !isEnabled()) return;
+  QPainter pittore(viewport());
+  pittore.setPen(palette().color(QPalette::PlaceholderText));
+  pittore.drawText(viewport()->rect(), Qt::AlignCenter, vuota_);
+}
+
+void Griglia::Segna(std::function<bool(const std::vector<Valore>&)> segnata) {
+  segnata_ = std::move(segnata);
+  viewport()->update();
+}
+
+bool Griglia::Segnata(int riga) const {
+  return segnata_ && segnata_(modello_->Riga(riga));
 }
 
 int Griglia::RigaCorrente() const {
@@ -250,24 +349,41 @@ void Griglia::contextMenuEvent(QContextMenuEvent* evento) {
   menu.exec(evento->globalPos());
 }
 
-void Griglia::Copia() const {
-  QStringList righe;
+void Griglia::Copia() {
+  while (modello_->canFetchMore({})) modello_->fetchMore({});
+  QList<int> mostrate;
   QStringList testata;
-  for (const auto& colonna : modello_->Colonne()) testata << colonna.titolo;
-  righe << testata.join(QLatin1Char('\t'));
+  for (int colonna = 0; colonna < modello_->columnCount(); ++colonna) {
+    if (isColumnHidden(colonna)) continue;
+    mostrate << colonna;
+    testata << modello_->Colonne()[static_cast<std::size_t>(colonna)].titolo;
+  }
+  QStringList righe{testata.join(QLatin1Char('\t'))};
   for (int riga = 0; riga < modello_->rowCount(); ++riga) {
     QStringList celle;
-    for (int colonna = 0; colonna < modello_->columnCount(); ++colonna) {
-      celle << modello_->index(riga, colonna).data().toString();
-    }
+    for (const int colonna : mostrate) celle << modello_->index(riga, colonna).data().toString();
     righe << celle.join(QLatin1Char('\t'));
   }
   QApplication::clipboard()->setText(righe.join(QLatin1Char('\n')));
 }
 
-void AllargaColonna(Griglia& griglia, int colonna) {
-  griglia.horizontalHeader()->setStretchLastSection(false);
-  griglia.horizontalHeader()->setSectionResizeMode(colonna, QHeaderView::Stretch);
+void Griglia::keyboardSearch(const QString& testo) {
+  const bool segue =
+      digitato_.isValid() && digitato_.elapsed() < QApplication::keyboardInputInterval();
+  cercato_ = segue ? cercato_ + testo : testo;
+  digitato_.start();
+  const int righe = modello_->rowCount();
+  // One letter goes on to the next row; more of them look again from the row that the first found.
+  const int da = std::max(0, RigaCorrente()) + (segue || RigaCorrente() < 0 ? 0 : 1);
+  for (int i = 0; i < righe; ++i) {
+    const int riga = (da + i) % righe;
+    for (int colonna = 0; colonna < modello_->columnCount(); ++colonna) {
+      const QString cella = modello_->index(riga, colonna).data().toString();
+      if (isColumnHidden(colonna) || !cella.startsWith(cercato_, Qt::CaseInsensitive)) continue;
+      VaiARiga(riga);
+      return;
+    }
+  }
 }
 
 }  // namespace fenalto::screens

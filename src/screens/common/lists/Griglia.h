@@ -1,7 +1,12 @@
 // A read-only grid: sort on headers, remembered widths, copy as text, type to search.
+//
+// The current row is seen whether the grid has the focus or not. The widest column of text takes
+// the room that the others leave, so that amounts keep their width; when there is too little room
+// the grid scrolls.
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QElapsedTimer>
 #include <QTableView>
 #include <functional>
 #include <vector>
@@ -11,12 +16,19 @@
 namespace fenalto::screens {
 
 struct ColonnaGriglia {
-  QString titolo;
+  QString titolo;  ///< for people
   Tipo tipo = Tipo::Testo;
   int larghezza = 100;  ///< pixels at first
   int decimali = 2;     ///< of amounts
+  /// Name that the grid's query gives it, several parted by a bar; the caption where there is none.
+  QString chiave = {};
   bool numeri = false;  ///< a text that is sorted as numbers are: of an invoice
+
+  [[nodiscard]] const QString& Chiave() const { return chiave.isEmpty() ? titolo : chiave; }
 };
+
+/// Role of a header under which a column tells its key.
+constexpr int kRuoloChiave = Qt::UserRole;
 
 /// Rows of values held in memory.
 class ModelloGriglia : public QAbstractTableModel {
@@ -48,6 +60,9 @@ class ModelloGriglia : public QAbstractTableModel {
   [[nodiscard]] bool APagine() const { return static_cast<bool>(pagina_); }
 
  private:
+  /// Puts the rows in the order of these places, and what points at them with them.
+  void Riordina(const std::vector<int>& posti);
+
   std::vector<ColonnaGriglia> colonne_;
   std::vector<std::vector<Valore>> righe_;
   std::function<std::vector<std::vector<Valore>>(int)> pagina_;
@@ -75,6 +90,15 @@ class Griglia : public QTableView {
   /// Index of the current row, -1 for none.
   [[nodiscard]] int RigaCorrente() const;
   void VaiARiga(int indice);
+  /// Gives a column the room that the others leave.
+  void Elastica(int colonna);
+  /// A quiet text in the middle of the grid while it has no rows.
+  void SuggerisciVuota(const QString& testo);
+  /// Rows for which `segnata` holds are shown as chosen.
+  void Segna(std::function<bool(const std::vector<Valore>& riga)> segnata);
+  [[nodiscard]] bool Segnata(int riga) const;
+  /// From the current row on, the next one with a cell that begins with what is typed.
+  void keyboardSearch(const QString& testo) override;
 
  signals:
   /// A row was clicked, or Enter was pressed on it.
@@ -86,14 +110,25 @@ class Griglia : public QTableView {
  protected:
   void keyPressEvent(QKeyEvent* evento) override;
   void contextMenuEvent(QContextMenuEvent* evento) override;
+  void focusInEvent(QFocusEvent* evento) override;
+  void resizeEvent(QResizeEvent* evento) override;
+  void paintEvent(QPaintEvent* evento) override;
 
  private:
-  void Copia() const;
+  void RicordaLarghezze();
+  void Ordina(int colonna);
+  void AdattaElastica();
+  void Copia();
+
   QString finestra_;
   ModelloGriglia* modello_;
+  std::function<bool(const std::vector<Valore>&)> segnata_;
+  QString vuota_;
+  QString cercato_;  ///< typed so far
+  QElapsedTimer digitato_;
+  int elastica_ = -1;
+  int propriaElastica_ = 0;  ///< its own width; it doesn't go below half of it
+  bool adattando_ = false;
 };
-
-/// Gives one column, in place of the last, the room that the others leave.
-void AllargaColonna(Griglia& griglia, int colonna);
 
 }  // namespace fenalto::screens

@@ -45,6 +45,10 @@ void FinestraDuePagine::ApriRecord(const Rinvio& rinvio) {
   if (const auto numero = rinvio.Numero(); numero != 0) Apri(numero);
 }
 
+bool FinestraDuePagine::Invio(QWidget& campo) {
+  return Aperta() && pagina_->Invio(campo);
+}
+
 bool FinestraDuePagine::Indietro() {
   return pagina_->AnnullaRiga() || FinestraSceltaERecord::Indietro();
 }

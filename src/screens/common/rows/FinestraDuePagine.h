@@ -22,6 +22,7 @@ class FinestraDuePagine : public FinestraSceltaERecord {
   void Aggiorna() override;
 
  protected:
+  bool Invio(QWidget& campo) override;
   /// Opens a record by number, after leaving the open one.
   virtual void Apri(std::int64_t numero) = 0;
   virtual void AggiornaScelta() = 0;

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 #include <utility>
 
 #include "screens/common/fields/CampiForma.h"
@@ -9,6 +10,7 @@
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/rows/RiquadroDiRiga.h"
 #include "screens/common/windows/Finestre.h"
+#include "screens/common/windows/Tastiera.h"
 
 namespace fenalto::screens {
 
@@ -42,7 +44,8 @@ void PaginaConRighe::Usa(Griglia* righe, int righeMinime, RiquadroDiRiga* riga) 
   righe_ = righe;
   riga_ = riga;
   righe_->Modello().Decimali(finestre_.Sessione().Euro() ? 2 : 0);
-  righe_->setToolTip(tr("clic o Invio su una riga la apre"));
+  righe_->setToolTip(tr("clic o Invio su una riga la apre; Ins: nuova riga"));
+  righe_->SuggerisciVuota(tr("Ins: nuova riga"));
   constexpr int kTestataEBordi = 2;
   righe_->setMinimumHeight(righe_->fontMetrics().height() * (righeMinime + kTestataEBordi));
   connect(righe_, &Griglia::RigaScelta, this, &PaginaConRighe::ApriRiga);
@@ -117,11 +120,49 @@ void PaginaConRighe::DopoRiga(qint64 posi) {
   }
 }
 
+bool PaginaConRighe::Invio(QWidget& campo) {
+  for (const auto& gruppo : OrdineTesta()) {
+    if (!gruppo.contains(&campo)) continue;
+    if (auto* dopo = DopoInvio(gruppo, campo)) {
+      dopo->setFocus(Qt::TabFocusReason);
+    } else {
+      VaiAlleRighe();
+    }
+    return true;
+  }
+  return false;
+}
+
+void PaginaConRighe::VaiAlleRighe() {
+  if (RigaAperta()) {
+    riga_->DaiFoco();
+  } else if (Nuova()) {
+    PremiPassando(*nuovaRiga_);
+  } else if (righe_->Modello().rowCount() == 0 && nuovaRiga_->isEnabled()) {
+    nuovaRiga_->setFocus(Qt::TabFocusReason);
+  } else {
+    righe_->setFocus(Qt::TabFocusReason);
+    righe_->VaiARiga(std::max(0, righe_->RigaCorrente()));
+  }
+}
+
 bool PaginaConRighe::AnnullaRiga() {
   if (!RigaAperta()) return false;
+  if (riga_->Digitata() && !finestre_.Sessione().Dialogo().Conferma(kLasciareRiga)) return true;
   RinunciaRiga();
   DopoRinuncia();
   return true;
+}
+
+void PaginaConRighe::VaiA(const std::string& campo) {
+  if (campo.empty()) return;
+  auto* controllo = findChild<QWidget*>(QString::fromStdString(campo));
+  if (controllo == nullptr || !controllo->isVisible() || !controllo->isEnabled()) return;
+  if (controllo == nuovaRiga_) {
+    FocoInVista(controllo);
+  } else {
+    controllo->setFocus(Qt::OtherFocusReason);
+  }
 }
 
 void PaginaConRighe::Conferma() {

@@ -40,8 +40,12 @@ class PaginaConRighe : public QWidget {
   [[nodiscard]] virtual bool Aperta() const = 0;
   /// The open registration has something that leaving it would lose.
   [[nodiscard]] virtual bool Cambiata() const = 0;
-  /// Gives the open row up; false when none is open.
+  /// Gives the open row up, after a question when something was typed in it; false when none is
+  /// open.
   bool AnnullaRiga();
+  /// Enter in a field of the head: the next one, and after the last the row that is typed next.
+  /// False for another control.
+  bool Invio(QWidget& campo);
 
  signals:
   void Confermata(qint64 numero);
@@ -68,6 +72,8 @@ class PaginaConRighe : public QWidget {
   /// False when it is still there; it is shown again.
   virtual bool EliminaRegistrazione() = 0;
   virtual void FocoData() = 0;
+  /// Fields of the head as Enter goes through them; each group leads to the rows.
+  [[nodiscard]] virtual QList<QList<QWidget*>> OrdineTesta() const = 0;
   /// A row was confirmed or deleted: its position.
   virtual void DopoRiga(qint64 posi);
   /// A row was given up.
@@ -83,6 +89,8 @@ class PaginaConRighe : public QWidget {
   void MostraRighe(std::vector<std::vector<Valore>> righe);
   void MostraRiquadro();
   void VaiAPosizione(std::int64_t posi);
+  /// Puts the focus into what a refusal names; it stays where it is when that can't take it.
+  void VaiA(const std::string& campo);
 
   Finestre& finestre_;
   Legatura* legatura_;
@@ -97,6 +105,7 @@ class PaginaConRighe : public QWidget {
  private:
   void CampoLasciato(const QString& campo, bool cambiato, Qt::FocusReason motivo);
   void Conferma();
+  void VaiAlleRighe();
 
   Data dataVista_;  ///< date whose warnings were given on leaving its field
 };

@@ -10,6 +10,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/rows/RiquadroDiRiga.h"
+#include "screens/common/windows/Tastiera.h"
 
 namespace fenalto::screens {
 
@@ -80,6 +81,9 @@ void RigheDelRecord::Disponi() {
 }
 
 void RigheDelRecord::Collega() {
+  const QString ins = tr("Ins: %1").arg(descritte_.nuova.toLower());
+  griglia_->setToolTip(tr("clic o Invio su una riga la apre; %1").arg(ins));
+  griglia_->SuggerisciVuota(ins);
   connect(griglia_, &Griglia::RigaScelta, this, &RigheDelRecord::Apri);
   connect(nuova_, &QPushButton::clicked, this, &RigheDelRecord::Nuova);
   connect(riquadro_, &RiquadroDiRiga::Confermata, this, &RigheDelRecord::MostraCambiata);
@@ -122,10 +126,22 @@ void RigheDelRecord::Nuova() {
 
 bool RigheDelRecord::Annulla() {
   if (!descritte_.inRiga()) return false;
+  if (!ApertaModificata() || finestre_.Sessione().Dialogo().Conferma(kLasciareRiga)) Lascia();
+  return true;
+}
+
+void RigheDelRecord::Lascia() {
   descritte_.annulla();
   MostraCambiata();
   nuova_->setFocus();
-  return true;
+}
+
+bool RigheDelRecord::Attese() const {
+  return descritte_.attese && !solaLettura_ && descritte_.celle().empty();
+}
+
+void RigheDelRecord::Comincia() {
+  PremiPassando(*nuova_);
 }
 
 void RigheDelRecord::Chiudi() {
@@ -144,7 +160,10 @@ bool RigheDelRecord::Modificate() const {
 bool RigheDelRecord::ConfermaAperta() {
   if (!descritte_.inRiga()) return true;
   if (ApertaModificata()) return riquadro_->Conferma();
-  if (!descritte_.rigaNuova()) return Annulla();
+  if (!descritte_.rigaNuova()) {
+    Lascia();
+    return true;
+  }
   finestre_.Sessione().Dialogo().Messaggio(descritte_.aperta, Icona::Avviso);
   return false;
 }

@@ -31,6 +31,7 @@ struct DescrizioneRighe {
   std::vector<ColonnaGriglia> colonne;
   records::DescrizioneForma forma;
   std::string primoCampo;  ///< where a new row begins
+  bool attese = false;     ///< a record without rows isn't whole: typing goes on with them
 
   std::function<Scheda&()> scheda;  ///< fields of the open row
   std::function<bool()> inRiga;
@@ -65,8 +66,13 @@ class RigheDelRecord : public QWidget {
   bool ConfermaAperta();
   /// Whether the rows or the open one hold changes.
   [[nodiscard]] bool Modificate() const;
-  /// Gives the open row up; false when there was none.
+  /// Gives the open row up, after a question when something was typed in it; false when there was
+  /// none.
   bool Annulla();
+  /// The record has no rows yet and wants some.
+  [[nodiscard]] bool Attese() const;
+  /// Begins a new row.
+  void Comincia();
   /// Forgets the rows: no record is open any more.
   void Chiudi();
 
@@ -75,6 +81,7 @@ class RigheDelRecord : public QWidget {
   void Disponi();
   void Collega();
   void MostraCambiata();
+  void Lascia();
   void Apri(int indice);
   void Nuova();
   [[nodiscard]] bool ApertaModificata() const;

@@ -58,6 +58,14 @@ void RiquadroDiRiga::Mostra() {
 void RiquadroDiRiga::Entra() {
   Mostra();
   show();
+  DaiFoco();
+}
+
+bool RiquadroDiRiga::Digitata() const {
+  return RigaAperta() && !SolaLettura() && (Riga().Modificata() || legatura_->Pendente());
+}
+
+void RiquadroDiRiga::DaiFoco() {
   const std::string primo = SolaLettura() ? std::string() : PrimoCampo();
   if (primo.empty()) {
     PrendiFoco();

@@ -24,6 +24,10 @@ namespace fenalto::screens {
 class CampiForma;
 class Legatura;
 
+/// Asked before a row with something typed in it is left.
+constexpr const char* kLasciareRiga =
+    "Nella riga ci sono modifiche non confermate.\nSi vuole lasciarla senza confermarle ?";
+
 class RiquadroDiRiga : public QGroupBox {
   Q_OBJECT
 
@@ -36,6 +40,10 @@ class RiquadroDiRiga : public QGroupBox {
   void PrendiFoco();
   /// Whether something typed isn't in the row yet.
   [[nodiscard]] bool Pendente() const;
+  /// Whether leaving the row would lose something typed.
+  [[nodiscard]] bool Digitata() const;
+  /// Puts the focus where typing begins.
+  void DaiFoco();
   /// Takes what is typed; false when it can't be read (told).
   bool Raccogli();
   /// Takes what is typed and confirms the row; false when it stays open (told).

@@ -6,12 +6,18 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTabWidget>
+#include <QTreeView>
+#include <utility>
 
+#include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/EsportaGriglia.h"
+#include "screens/common/windows/BarraAnnunci.h"
 
 namespace fenalto::screens {
 
@@ -36,12 +42,45 @@ void FinestraFunzione::ApriRecord(const Rinvio& rinvio) {
   }
 }
 
+void FinestraFunzione::Annuncia(const QString& testo) {
+  if (annunci_ == nullptr) {
+    annunci_ = new BarraAnnunci(this);
+    if (layout() != nullptr) layout()->addWidget(annunci_);
+  }
+  annunci_->Annuncia(testo);
+}
+
 void FinestraFunzione::Esporta(Griglia& griglia) {
   EsportaGriglia(griglia, Sessione(), windowTitle().toStdString());
 }
 
 void FinestraFunzione::Segui(const Rinvio& rinvio) {
   finestre_.Segui(rinvio);
+}
+
+void FinestraFunzione::SeguiPer(const Rinvio& rinvio, CampoCodice& campo) {
+  const QPointer<CampoCodice> vivo(&campo);
+  const QPointer<FinestraFunzione> questa(this);
+  auto* aperta = finestre_.Segui(rinvio);
+  if (aperta == nullptr || aperta == this || !vivo || !questa) return;
+  aperta->richiedente_ = campo.isReadOnly() ? nullptr : &campo;
+  aperta->diChiRichiede_ = this;
+  const QString nome = campo.accessibleName();
+  aperta->RichiestaDa(nome.isEmpty() ? windowTitle() : nome);
+}
+
+void FinestraFunzione::Rendi() {
+  if (!richiedente_ || !diChiRichiede_) return;
+  const std::string codice = CodiceDaRendere();
+  QMetaObject::invokeMethod(
+      diChiRichiede_.data(),
+      [finestra = diChiRichiede_, campo = richiedente_, codice = QString::fromStdString(codice)] {
+        if (!finestra || !campo || !campo->isVisibleTo(finestra) || !campo->isEnabled()) return;
+        finestra->finestre_.PortaAvanti(*finestra);
+        campo->setFocus(Qt::OtherFocusReason);
+        campo->Prendi(codice);
+      },
+      Qt::QueuedConnection);
 }
 
 bool FinestraFunzione::Premi(std::initializer_list<const char*> nomi) {
@@ -61,6 +100,7 @@ bool FinestraFunzione::Premi(std::initializer_list<const char*> nomi) {
 bool FinestraFunzione::eventFilter(QObject* oggetto, QEvent* evento) {
   auto* controllo = qobject_cast<QWidget*>(oggetto);
   if (controllo == nullptr || !isAncestorOf(controllo)) return false;
+  selezione_.Guarda(oggetto, *evento);
   if (evento->type() == QEvent::MouseButtonPress) return FocoNegato(controllo);
   if (evento->type() != QEvent::KeyPress) return false;
   return TastoPremuto(controllo, static_cast<QKeyEvent*>(evento));
@@ -76,6 +116,12 @@ bool FinestraFunzione::TastoPremuto(QWidget* controllo, const QKeyEvent* tasto) 
   const bool invio = tasto->key() == Qt::Key_Return || tasto->key() == Qt::Key_Enter;
   const bool ctrl = tasto->modifiers().testFlag(Qt::ControlModifier);
   if (invio && ctrl) return PremiConferma();
+  if (GiraPagine(*this, *tasto)) return true;
+  if (const auto* albero = qobject_cast<QTreeView*>(controllo);
+      albero != nullptr && tasto->matches(QKeySequence::Copy)) {
+    CopiaAlbero(*albero);
+    return true;
+  }
   // Before a line edit takes it as "delete the word".
   if (tasto->key() == Qt::Key_Delete && ctrl && Premi({"EliminaRiga", "Elimina"})) return true;
   if (!invio || tasto->modifiers() & ~Qt::KeypadModifier) return false;
@@ -92,7 +138,8 @@ bool FinestraFunzione::TastoPremuto(QWidget* controllo, const QKeyEvent* tasto) 
   if (qobject_cast<QAbstractItemView*>(controllo) || qobject_cast<QPlainTextEdit*>(controllo)) {
     return false;
   }
-  focusNextChild();
+  if (Invio(*controllo)) return true;
+  if (auto* dopo = DopoInvio(*this, *controllo)) dopo->setFocus(Qt::TabFocusReason);
   return true;
 }
 
@@ -105,9 +152,7 @@ void FinestraFunzione::keyPressEvent(QKeyEvent* evento) {
       Aggiorna();
       return;
     case Qt::Key_Escape:
-      if (!Indietro()) {
-        if (auto* cornice = qobject_cast<QMdiSubWindow*>(parentWidget())) cornice->close();
-      }
+      if (!Indietro()) ChiudiDaTastiera();
       return;
     default:
       break;
@@ -115,11 +160,23 @@ void FinestraFunzione::keyPressEvent(QKeyEvent* evento) {
   QWidget::keyPressEvent(evento);
 }
 
+void FinestraFunzione::ChiudiDaTastiera() {
+  if (auto* cornice = qobject_cast<QMdiSubWindow*>(parentWidget())) cornice->close();
+}
+
+void FinestraFunzione::showEvent(QShowEvent* evento) {
+  QWidget::showEvent(evento);
+  if (std::exchange(mostrata_, true)) return;
+  // Its parts have been put together: one letter may have been given twice.
+  DistribuisciLettere(*this);
+}
+
 void FinestraFunzione::closeEvent(QCloseEvent* evento) {
   if (finestre_.ControlloUscita(*this)) {
     evento->ignore();
     return;
   }
+  Rendi();
   Abbandona();
   evento->accept();
   finestre_.ChiudiFinestra(*this);

@@ -29,6 +29,7 @@ class Finestre {
   /// The question before closing or replacing a window: true when a record in it is still being
   /// edited and the closing must be refused.
   virtual bool ControlloUscita(FinestraFunzione& finestra) = 0;
+  virtual void PortaAvanti(FinestraFunzione& finestra) = 0;
   /// Housekeeping that a window calls last when it closes.
   virtual void ChiudiFinestra(FinestraFunzione& finestra) = 0;
 };

@@ -35,14 +35,14 @@ PannelloFoglia::PannelloFoglia(const QString& finestra, QWidget* genitore)
       pagine_(new QStackedWidget),
       invito_(Scritta("Invito")),
       scadenza_(new Griglia(QStringLiteral("GrigliaScadenza"), finestra,
-                            {{tr("campo"), Tipo::Testo, 130}, {tr("valore"), Tipo::Testo, 300}})),
+                            {{tr("Campo"), Tipo::Testo, 130}, {tr("Valore"), Tipo::Testo, 300}})),
       movimenti_(new Griglia(QStringLiteral("GrigliaMovimenti"), finestra,
-                             {{tr("conto"), Tipo::Testo, 75},
-                              {tr("descrizione conto"), Tipo::Testo, 165},
-                              {tr("causale"), Tipo::Testo, 55},
-                              {tr("descrizione"), Tipo::Testo, 165},
-                              {tr("dare"), Tipo::Importo, 90},
-                              {tr("avere"), Tipo::Importo, 90}})),
+                             {{tr("Conto"), Tipo::Testo, 75},
+                              {tr("Descrizione conto"), Tipo::Testo, 165},
+                              {tr("Causale"), Tipo::Testo, 55},
+                              {tr("Descrizione"), Tipo::Testo, 165},
+                              {tr("Dare"), Tipo::Importo, 90},
+                              {tr("Avere"), Tipo::Importo, 90}})),
       scritte_(Scritta("Scritte")) {
   InGrassetto(titolo_);
   invito_->setAlignment(Qt::AlignCenter);
@@ -51,8 +51,8 @@ PannelloFoglia::PannelloFoglia(const QString& finestra, QWidget* genitore)
   pagine_->addWidget(scadenza_);
   pagine_->addWidget(movimenti_);
   pagine_->addWidget(CreaDocumento());
-  AllargaColonna(*movimenti_, 3);
-  AllargaColonna(*scadenza_, 1);
+  movimenti_->Elastica(3);
+  scadenza_->Elastica(1);
   auto* colonna = new QVBoxLayout(this);
   colonna->setContentsMargins(0, 0, 0, 0);
   colonna->addWidget(titolo_);
@@ -62,26 +62,26 @@ PannelloFoglia::PannelloFoglia(const QString& finestra, QWidget* genitore)
 QWidget* PannelloFoglia::CreaDocumento() {
   constexpr int kAltezzaIva = 130;
   righe_ = new Griglia(QStringLiteral("GrigliaRighe"), finestra_,
-                       {{tr("codice"), Tipo::Testo, 65},
-                        {tr("descrizione"), Tipo::Testo, 170},
-                        {tr("um"), Tipo::Testo, 30},
-                        {tr("quantità"), Tipo::Importo, 65},
-                        {tr("prezzo"), Tipo::Importo, 65},
-                        {tr("sconti"), Tipo::Testo, 50},
-                        {tr("importo"), Tipo::Importo, 80},
-                        {tr("iva"), Tipo::Testo, 30},
-                        {tr("conto"), Tipo::Testo, 60},
-                        {tr("descrizione conto"), Tipo::Testo, 105}});
+                       {{tr("Codice"), Tipo::Testo, 65},
+                        {tr("Descrizione"), Tipo::Testo, 170},
+                        {tr("UM"), Tipo::Testo, 30},
+                        {tr("Quantità"), Tipo::Importo, 65},
+                        {tr("Prezzo"), Tipo::Importo, 65},
+                        {tr("Sconti"), Tipo::Testo, 50},
+                        {tr("Importo"), Tipo::Importo, 80},
+                        {tr("IVA"), Tipo::Testo, 30},
+                        {tr("Conto"), Tipo::Testo, 60},
+                        {tr("Descrizione conto"), Tipo::Testo, 105}});
   iva_ = new Griglia(QStringLiteral("GrigliaIva"), finestra_,
-                     {{tr("iva"), Tipo::Testo, 50},
-                      {tr("descrizione"), Tipo::Testo, 170},
-                      {tr("aliquota"), Tipo::Importo, 70},
-                      {tr("imponibile"), Tipo::Importo, 100},
-                      {tr("imposta"), Tipo::Importo, 100},
-                      {tr("totale"), Tipo::Importo, 105}});
+                     {{tr("IVA"), Tipo::Testo, 50},
+                      {tr("Descrizione"), Tipo::Testo, 170},
+                      {tr("Aliquota"), Tipo::Importo, 70},
+                      {tr("Imponibile"), Tipo::Importo, 100},
+                      {tr("Imposta"), Tipo::Importo, 100},
+                      {tr("Totale"), Tipo::Importo, 105}});
   for (Griglia* griglia : {righe_, iva_}) {
     griglia->setSortingEnabled(false);
-    AllargaColonna(*griglia, 1);
+    griglia->Elastica(1);
   }
   iva_->setMaximumHeight(kAltezzaIva);
   auto* pagina = new QWidget;

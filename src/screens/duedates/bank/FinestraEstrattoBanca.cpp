@@ -386,6 +386,7 @@ void FinestraEstrattoBanca::Interno::Accetta() {
   if (!contropartita->text().isEmpty() && !contropartita->Esiste()) {
     Sessione().Dialogo().Messaggio(
         "il conto " + contropartita->text().toStdString() + " non esiste", Icona::Avviso);
+    contropartita->setFocus(Qt::OtherFocusReason);
     return;
   }
   const duedates::PropostaBanca proposta = proposte[static_cast<std::size_t>(scelta)];

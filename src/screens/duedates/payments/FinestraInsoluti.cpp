@@ -46,13 +46,13 @@ QWidget* FinestraInsoluti::CreaRicevute() {
   auto* riquadro = new QGroupBox(tr("Ricevute presentate: doppio clic su quella insoluta"));
   auto* colonna = new QVBoxLayout(riquadro);
   ricevute_ = new Griglia(QStringLiteral("GrigliaRicevute"), Nome(),
-                          {{tr("DataScad"), Tipo::Data, 90},
-                           {tr("ImportoE"), Tipo::Importo, 100},
-                           {tr("NFat"), Tipo::Testo, 70, 2, true},
-                           {tr("DtFat"), Tipo::Data, 90},
+                          {{tr("Scadenza"), Tipo::Data, 90, 2, QStringLiteral("DataScad")},
+                           {tr("Importo"), Tipo::Importo, 100, 2, QStringLiteral("ImportoE")},
+                           {tr("N. fattura"), Tipo::Testo, 70, 2, QStringLiteral("NFat"), true},
+                           {tr("Data fattura"), Tipo::Data, 90, 2, QStringLiteral("DtFat")},
                            {tr("Banca"), Tipo::Testo, 70},
-                           {tr("Ndistinta"), Tipo::Intero, 80},
-                           {tr("DtPres"), Tipo::Data, 90},
+                           {tr("Distinta n."), Tipo::Intero, 80, 2, QStringLiteral("Ndistinta")},
+                           {tr("Presentata il"), Tipo::Data, 90, 2, QStringLiteral("DtPres")},
                            {tr("Insoluto n."), Tipo::Intero, 80},
                            {tr("Descrizione"), Tipo::Testo, 220}});
   ricevute_->setMinimumHeight(kAltezzaRicevute);

@@ -13,6 +13,8 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/fields/Qs.h"
+#include "screens/common/lists/PiedeGriglia.h"
+#include "screens/common/rows/RiquadroDiRiga.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/GrigliaScadenze.h"
 #include "screens/duedates/SceltaParte.h"
@@ -23,6 +25,7 @@ namespace {
 using Modo = duedates::PagamentiScadenzario::Modo;
 using Stato = duedates::PagamentiScadenzario::Stato;
 
+constexpr int kColonnaPagato = 6;
 constexpr int kColonnaNum = 9;  ///< of the rows, after the columns shown
 constexpr int kCaratteriParte = 40;
 
@@ -91,6 +94,9 @@ struct FinestraPagamenti::Interno {
   void EliminaRiga();
   bool AnnullaRiga();
   void Conferma();
+  void VaiAlRifiutato();
+  /// Fields of the head and of the settings as Enter goes through them.
+  [[nodiscard]] QList<QWidget*> OrdineTesta() const;
   void ApriArchivio();
   void Mostra();
   void MostraRighe();
@@ -112,6 +118,7 @@ struct FinestraPagamenti::Interno {
   SceltaParte* parte;
   GrigliaScadenze* scadenze;
   Griglia* righe;
+  CampiForma* contabili = nullptr;
   QGroupBox* riquadroRiga = nullptr;
   QLabel* quale = nullptr;
   QLabel* suggerimento;  ///< in the row's place while none is open
@@ -148,16 +155,17 @@ FinestraPagamenti::Interno::Interno(FinestraPagamenti& finestraUsata, Finestre& 
                           gestoreUsato.Sessione().Dialogo(), &finestraUsata)),
       parte(new SceltaParte(gestoreUsato, modoUsato == Modo::PiuParti ? tr("tutti") : QString())),
       scadenze(new GrigliaScadenze(finestraUsata.Nome())),
-      righe(new Griglia(QStringLiteral("GrigliaRighe"), finestraUsata.Nome(),
-                        {{tr("Conto"), Tipo::Testo, 60},
-                         {tr("Ragsoc"), Tipo::Testo, 145},
-                         {tr("NFat"), Tipo::Testo, 70, 2, true},
-                         {tr("DtFat"), Tipo::Data, 90},
-                         {tr("DataScad"), Tipo::Data, 90},
-                         {tr("Importo"), Tipo::Importo, 95},
-                         {tr("ImportoPagato"), Tipo::Importo, 105},
-                         {tr("Arrotondamento"), Tipo::Importo, 105},
-                         {tr("Saldata"), Tipo::Booleano, 60}})),
+      righe(new Griglia(
+          QStringLiteral("GrigliaRighe"), finestraUsata.Nome(),
+          {{tr("Conto"), Tipo::Testo, 60},
+           {tr("Cliente/fornitore"), Tipo::Testo, 145, 2, QStringLiteral("Ragsoc")},
+           {tr("N. fattura"), Tipo::Testo, 70, 2, QStringLiteral("NFat"), true},
+           {tr("Data fattura"), Tipo::Data, 90, 2, QStringLiteral("DtFat")},
+           {tr("Scadenza"), Tipo::Data, 90, 2, QStringLiteral("DataScad")},
+           {tr("Da saldare"), Tipo::Importo, 95, 2, QStringLiteral("Importo")},
+           {tr("Importo pagato"), Tipo::Importo, 105, 2, QStringLiteral("ImportoPagato")},
+           {tr("Arrotondamento"), Tipo::Importo, 105},
+           {tr("Saldata"), Tipo::Booleano, 60}})),
       suggerimento(new QLabel(
           tr("Doppio clic o Invio su una scadenza la mette nel pagamento; un clic su una "
              "riga la riapre.\n\nCon \"Selezione veloce\" la scadenza si salda per intero "
@@ -184,7 +192,7 @@ FinestraPagamenti::Interno::Interno(FinestraPagamenti& finestraUsata, Finestre& 
   auto* colonna = new QVBoxLayout(&finestra);
   colonna->addLayout(CreaTesta());
   auto* contabile = new QVBoxLayout;
-  Compila(FormaImpostazioni(modo == Modo::PiuParti), impostazioni, *contabile);
+  contabili = Compila(FormaImpostazioni(modo == Modo::PiuParti), impostazioni, *contabile);
   colonna->addLayout(contabile);
   colonna->addLayout(CreaRicerca());
   auto* griglie = new QSplitter(Qt::Vertical);
@@ -255,7 +263,13 @@ QWidget* FinestraPagamenti::Interno::CreaRighe() {
   auto* insieme = new QWidget;
   auto* fila = new QHBoxLayout(insieme);
   fila->setContentsMargins(0, 0, 0, 0);
-  fila->addWidget(righe, 1);
+  auto* elenco = new QVBoxLayout;
+  elenco->addWidget(righe, 1);
+  auto* piede = new PiedeGriglia(*righe, tr("Totali"));
+  piede->Metti(kColonnaPagato, totPagato);
+  piede->Metti(kColonnaPagato + 1, totArrotondamento);
+  elenco->addWidget(piede);
+  fila->addLayout(elenco, 1);
   auto* lato = new QGridLayout;
   lato->addWidget(CreaRiga(), 0, 0);
   lato->addWidget(suggerimento, 0, 0);
@@ -292,10 +306,6 @@ QLayout* FinestraPagamenti::Interno::CreaPiede() {
   fila->addWidget(conferma);
   fila->addWidget(abbandona);
   fila->addStretch(1);
-  fila->addWidget(new QLabel(tr("Totale pagato")));
-  fila->addWidget(totPagato);
-  fila->addWidget(new QLabel(tr("Totale arrotondamenti")));
-  fila->addWidget(totArrotondamento);
   return fila;
 }
 
@@ -306,6 +316,9 @@ void FinestraPagamenti::Interno::Collega() {
     if (cambiato) caso.ImpostazioneLasciata();
   });
   connect(scadenze, &GrigliaScadenze::Scelta, f, [this](qint64 numero) { Scegli(numero); });
+  scadenze->Segna([this](const std::vector<Valore>& valori) {
+    return caso.Scelta(GrigliaScadenze::NumeroDi(valori));
+  });
   connect(righe, &Griglia::RigaScelta, f, [this](int indice) { ApriRiga(indice); });
 }
 
@@ -340,7 +353,7 @@ void FinestraPagamenti::Interno::Nuovo() {
   if (!Raccogli() || gestore.ControlloUscita(finestra)) return;
   if (!caso.Nuovo()) {
     Mostra();
-    return;
+    return VaiAlRifiutato();
   }
   Cerca();
   Mostra();
@@ -397,10 +410,7 @@ void FinestraPagamenti::Interno::ApriRiga(int indice) {
 
 void FinestraPagamenti::Interno::ConfermaRiga() {
   if (!riga->Raccogli()) return;
-  if (!caso.ConfermaRiga()) {
-    riquadroRiga->findChild<QWidget*>(QStringLiteral("ImportoPagato"))->setFocus();
-    return;
-  }
+  if (!caso.ConfermaRiga()) return VaiAlRifiutato();
   Mostra();
   scadenze->setFocus();
 }
@@ -419,12 +429,30 @@ bool FinestraPagamenti::Interno::AnnullaRiga() {
 
 void FinestraPagamenti::Interno::Conferma() {
   if (!Raccogli()) return;
-  std::string campo;
-  const bool scritto = caso.Conferma(&campo);
+  const bool scritto = caso.Conferma();
   if (scritto) Cerca();
   Mostra();
-  if (!campo.empty()) finestra.findChild<QWidget*>(Qs(campo))->setFocus();
-  if (scritto) FocoInVista(nuovo);
+  if (scritto) {
+    FocoInVista(nuovo);
+  } else {
+    VaiAlRifiutato();
+  }
+}
+
+void FinestraPagamenti::Interno::VaiAlRifiutato() {
+  const QString campo = Qs(caso.CampoRifiutato());
+  auto* controllo = campo.isEmpty() ? nullptr : finestra.findChild<QWidget*>(campo);
+  if (controllo != nullptr && controllo->isVisible() && controllo->isEnabled()) {
+    controllo->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+QList<QWidget*> FinestraPagamenti::Interno::OrdineTesta() const {
+  QList<QWidget*> ordine;
+  for (const char* nome : {"CFPx", "CliFor", "Dt", "Descrizione", "DescrizioneParte"}) {
+    ordine << finestra.findChild<QWidget*>(QString::fromLatin1(nome));
+  }
+  return ordine + contabili->Ordine();
 }
 
 void FinestraPagamenti::Interno::ApriArchivio() {
@@ -446,6 +474,7 @@ void FinestraPagamenti::Interno::MostraRighe() {
 
 void FinestraPagamenti::Interno::Mostra() {
   MostraRighe();
+  scadenze->viewport()->update();
   const bool aperto = Aperto();
   const duedates::RigaScelta* inCorso = caso.RigaInCorso();
   riga->Mostra();
@@ -494,7 +523,25 @@ void FinestraPagamenti::Abbandona() {
   interno_->Mostra();
 }
 
+bool FinestraPagamenti::Invio(QWidget& campo) {
+  const auto ordine = interno_->OrdineTesta();
+  if (!ordine.contains(&campo)) return false;
+  if (auto* dopo = DopoInvio(ordine, campo)) {
+    dopo->setFocus(Qt::TabFocusReason);
+  } else if (interno_->Aperto()) {
+    interno_->scadenze->setFocus(Qt::TabFocusReason);
+  } else {
+    PremiPassando(*interno_->nuovo);
+  }
+  return true;
+}
+
 bool FinestraPagamenti::Indietro() {
+  const bool inRiga = interno_->caso.StatoCorrente() == Stato::RigaAperta;
+  if (inRiga && (interno_->caso.Digitando() || interno_->riga->Pendente()) &&
+      !Dialogo().Conferma(kLasciareRiga)) {
+    return true;
+  }
   if (interno_->AnnullaRiga()) return true;
   if (!interno_->Aperto()) return false;
   if (!Gestore().ControlloUscita(*this)) Abbandona();

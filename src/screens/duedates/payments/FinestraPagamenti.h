@@ -25,6 +25,9 @@ class FinestraPagamenti : public FinestraFunzione {
   /// "C|0001": that party.
   void ApriRecord(const Rinvio& rinvio) override;
 
+ protected:
+  bool Invio(QWidget& campo) override;
+
  private:
   struct Interno;
   std::unique_ptr<Interno> interno_;

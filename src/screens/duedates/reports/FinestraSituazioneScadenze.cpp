@@ -14,6 +14,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/lists/PiedeGriglia.h"
 #include "screens/common/reports/GraficoBarre.h"
 #include "screens/common/windows/InCorso.h"
 
@@ -62,7 +63,7 @@ struct FinestraSituazioneScadenze::Interno {
   Interno(FinestraSituazioneScadenze& finestraUsata, Finestre& gestoreUsato);
   void CreaGriglie();
   QHBoxLayout* CreaScelta();
-  QHBoxLayout* CreaTotali();
+  PiedeGriglia* CreaTotali();
   QWidget* CreaSituazione();
   QWidget* CreaScadenze();
   void Collega();
@@ -126,39 +127,40 @@ FinestraSituazioneScadenze::Interno::Interno(FinestraSituazioneScadenze& finestr
 void FinestraSituazioneScadenze::Interno::CreaGriglie() {
   parti = new Griglia(QStringLiteral("GrigliaParti"), finestra.Nome(),
                       {{tr("Conto"), Tipo::Testo, 80},
-                       {tr("Ragsoc"), Tipo::Testo, 230},
-                       {tr("n_scad"), Tipo::Intero, 60},
-                       {tr("a scadere"), Tipo::Importo, 105},
-                       {tr("fino a 30"), Tipo::Importo, 105},
-                       {tr("fino a 60"), Tipo::Importo, 105},
-                       {tr("fino a 90"), Tipo::Importo, 105},
-                       {tr("oltre"), Tipo::Importo, 105},
-                       {tr("scaduto"), Tipo::Importo, 110},
-                       {tr("totale"), Tipo::Importo, 115}});
-  AllargaColonna(*parti, 1);
+                       {tr("Cliente/fornitore"), Tipo::Testo, 230, 2, QStringLiteral("Ragsoc")},
+                       {tr("Scadenze"), Tipo::Intero, 60, 2, QStringLiteral("n_scad")},
+                       {tr("A scadere"), Tipo::Importo, 105, 2, QStringLiteral("a scadere")},
+                       {tr("Fino a 30 giorni"), Tipo::Importo, 105, 2, QStringLiteral("fino a 30")},
+                       {tr("Fino a 60"), Tipo::Importo, 105, 2, QStringLiteral("fino a 60")},
+                       {tr("Fino a 90"), Tipo::Importo, 105, 2, QStringLiteral("fino a 90")},
+                       {tr("Oltre 90"), Tipo::Importo, 105, 2, QStringLiteral("oltre")},
+                       {tr("Scaduto"), Tipo::Importo, 110, 2, QStringLiteral("scaduto")},
+                       {tr("Totale"), Tipo::Importo, 115, 2, QStringLiteral("totale")}});
+  parti->Elastica(1);
   mesi = new Griglia(QStringLiteral("GrigliaMesi"), finestra.Nome(),
-                     {{tr("mese"), Tipo::Testo, 108},
-                      {tr("n_scad"), Tipo::Intero, 50},
-                      {tr("scaduto"), Tipo::Importo, 90},
-                      {tr("a scadere"), Tipo::Importo, 90},
-                      {tr("totale"), Tipo::Importo, 90},
-                      {tr("progressivo"), Tipo::Importo, 95}});
+                     {{tr("Mese"), Tipo::Testo, 108, 2, QStringLiteral("mese")},
+                      {tr("Scadenze"), Tipo::Intero, 50, 2, QStringLiteral("n_scad")},
+                      {tr("Scaduto"), Tipo::Importo, 90, 2, QStringLiteral("scaduto")},
+                      {tr("A scadere"), Tipo::Importo, 90, 2, QStringLiteral("a scadere")},
+                      {tr("Totale"), Tipo::Importo, 90, 2, QStringLiteral("totale")},
+                      {tr("Progressivo"), Tipo::Importo, 95, 2, QStringLiteral("progressivo")}});
   // By name, April would come first.
   mesi->setSortingEnabled(false);
-  scadenze = new Griglia(QStringLiteral("GrigliaScadenze"), finestra.Nome(),
-                         {{tr("DataScad"), Tipo::Data, 90},
-                          {tr("Conto"), Tipo::Testo, 80},
-                          {tr("Ragsoc"), Tipo::Testo, 200},
-                          {tr("NFat"), Tipo::Testo, 70, 2, true},
-                          {tr("DtFat"), Tipo::Data, 90},
-                          {tr("Descrizione"), Tipo::Testo, 240},
-                          {tr("Tipo"), Tipo::Testo, 45},
-                          {tr("Stato"), Tipo::Testo, 85},
-                          {tr("Importo"), Tipo::Importo, 100},
-                          {tr("Pagato"), Tipo::Importo, 100},
-                          {tr("Residuo"), Tipo::Importo, 100},
-                          {tr("gg_ritardo"), Tipo::Intero, 80}});
-  AllargaColonna(*scadenze, 5);
+  scadenze =
+      new Griglia(QStringLiteral("GrigliaScadenze"), finestra.Nome(),
+                  {{tr("Scadenza"), Tipo::Data, 90, 2, QStringLiteral("DataScad")},
+                   {tr("Conto"), Tipo::Testo, 80},
+                   {tr("Cliente/fornitore"), Tipo::Testo, 200, 2, QStringLiteral("Ragsoc")},
+                   {tr("N. fattura"), Tipo::Testo, 70, 2, QStringLiteral("NFat"), true},
+                   {tr("Data fattura"), Tipo::Data, 90, 2, QStringLiteral("DtFat")},
+                   {tr("Descrizione"), Tipo::Testo, 240},
+                   {tr("Tipo"), Tipo::Testo, 45},
+                   {tr("Stato"), Tipo::Testo, 85},
+                   {tr("Importo"), Tipo::Importo, 100},
+                   {tr("Pagato"), Tipo::Importo, 100},
+                   {tr("Residuo"), Tipo::Importo, 100},
+                   {tr("Giorni di ritardo"), Tipo::Intero, 80, 2, QStringLiteral("gg_ritardo")}});
+  scadenze->Elastica(5);
 }
 
 QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaScelta() {
@@ -180,23 +182,18 @@ QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaScelta() {
   return riga;
 }
 
-QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaTotali() {
-  const std::array<QString, kNomiTotali.size()> nomi = {
-      tr("a scadere"), tr("scaduto fino a 30 giorni"), tr("fino a 60"), tr("fino a 90"),
-      tr("oltre"),     tr("totale scaduto"),           tr("TOTALE")};
-  auto* riga = new QHBoxLayout;
-  for (std::size_t i = 0; i < nomi.size(); ++i) {
+PiedeGriglia* FinestraSituazioneScadenze::Interno::CreaTotali() {
+  constexpr int kPrimaFascia = 3;  // column of the first
+  auto* piede = new PiedeGriglia(*parti, tr("Totali"));
+  for (std::size_t i = 0; i < kNomiTotali.size(); ++i) {
     auto* importo = totali.at(i) = new QLabel;
     importo->setObjectName(QString::fromLatin1(kNomiTotali.at(i)));
+    importo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     importo->setTextInteractionFlags(Qt::TextSelectableByMouse);
     InGrassetto(importo);
-    auto* sotto = new QVBoxLayout;
-    sotto->setSpacing(0);
-    sotto->addWidget(Didascalia(nomi.at(i), importo), 0, Qt::AlignRight);
-    sotto->addWidget(importo, 0, Qt::AlignRight);
-    riga->addLayout(sotto, 1);
+    piede->Metti(kPrimaFascia + static_cast<int>(i), importo);
   }
-  return riga;
+  return piede;
 }
 
 QWidget* FinestraSituazioneScadenze::Interno::CreaSituazione() {
@@ -207,7 +204,7 @@ QWidget* FinestraSituazioneScadenze::Interno::CreaSituazione() {
   sotto->addWidget(grafico, 1);
   auto* colonna = new QVBoxLayout(pagina);
   colonna->addWidget(parti, 3);
-  colonna->addLayout(CreaTotali());
+  colonna->addWidget(CreaTotali());
   colonna->addLayout(sotto, 2);
   grafico->setAccessibleName(tr("Scaduto e a scadere per mese"));
   parti->setToolTip(tr("doppio clic o Invio: le scadenze aperte"));

@@ -86,13 +86,13 @@ FinestraRaggruppamento::Interno::Interno(FinestraRaggruppamento& finestraUsata,
 void FinestraRaggruppamento::Interno::CreaGriglia() {
   griglia = new Griglia(QStringLiteral("GrigliaGruppi"), finestra.Nome(),
                         {{tr("Cliente"), Tipo::Testo, 80},
-                         {tr("RagSoc1"), Tipo::Testo, 280},
-                         {tr("DataScad"), Tipo::Data, 95},
-                         {tr("n_riba"), Tipo::Intero, 60},
+                         {tr("Ragione sociale"), Tipo::Testo, 280, 2, QStringLiteral("RagSoc1")},
+                         {tr("Scadenza"), Tipo::Data, 95, 2, QStringLiteral("DataScad")},
+                         {tr("Ricevute"), Tipo::Intero, 60, 2, QStringLiteral("n_riba")},
                          {tr("Importo"), Tipo::Importo, 120},
-                         {tr("Pag"), Tipo::Testo, 60},
+                         {tr("Pagamento"), Tipo::Testo, 60, 2, QStringLiteral("Pag")},
                          {tr("Riferimenti"), Tipo::Testo, 420}});
-  AllargaColonna(*griglia, kColonnaRiferimentiFatture);
+  griglia->Elastica(kColonnaRiferimentiFatture);
 }
 
 QHBoxLayout* FinestraRaggruppamento::Interno::CreaScelta() {

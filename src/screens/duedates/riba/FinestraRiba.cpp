@@ -32,21 +32,24 @@ constexpr int kColonnaRiferimenti = 6;
 class GrigliaRiba : public Griglia {
  public:
   GrigliaRiba(const QString& finestra, std::function<void(int riga)> cambia)
-      : Griglia(QStringLiteral("GrigliaRiba"), finestra,
-                {{tr("Scelta"), Tipo::Booleano, 50},
-                 {QStringLiteral("Numero"), Tipo::Intero, 65},
-                 {QStringLiteral("Cliente"), Tipo::Testo, 75},
-                 {QStringLiteral("RagSoc1"), Tipo::Testo, 230},
-                 {QStringLiteral("DataScad"), Tipo::Data, 90},
-                 {QStringLiteral("Importo"), Tipo::Importo, 100},
-                 {QStringLiteral("Descrizione-Riferimenti"), Tipo::Testo, 210},
-                 {QStringLiteral("ABI__"), Tipo::Testo, 60},
-                 {QStringLiteral("CAB__"), Tipo::Testo, 60},
-                 {QStringLiteral("NFatt"), Tipo::Testo, 70, 2, true},
-                 {QStringLiteral("Data Fatt"), Tipo::Data, 90},
-                 {QStringLiteral("pag"), Tipo::Testo, 55}}),
+      : Griglia(
+            QStringLiteral("GrigliaRiba"), finestra,
+            {{tr("Scelta"), Tipo::Booleano, 50},
+             {QStringLiteral("Numero"), Tipo::Intero, 65},
+             {QStringLiteral("Cliente"), Tipo::Testo, 75},
+             {QStringLiteral("Ragione sociale"), Tipo::Testo, 230, 2, QStringLiteral("RagSoc1")},
+             {QStringLiteral("Scadenza"), Tipo::Data, 90, 2, QStringLiteral("DataScad")},
+             {QStringLiteral("Importo"), Tipo::Importo, 100},
+             {QStringLiteral("Riferimenti"), Tipo::Testo, 210, 2,
+              QStringLiteral("Descrizione-Riferimenti")},
+             {QStringLiteral("ABI"), Tipo::Testo, 60, 2, QStringLiteral("ABI__")},
+             {QStringLiteral("CAB"), Tipo::Testo, 60, 2, QStringLiteral("CAB__")},
+             {QStringLiteral("N. fattura"), Tipo::Testo, 70, 2, QStringLiteral("NFatt"), true},
+             {QStringLiteral("Data fattura"), Tipo::Data, 90, 2, QStringLiteral("Data Fatt")},
+             {QStringLiteral("Pagamento"), Tipo::Testo, 55, 2, QStringLiteral("pag")}}),
         cambia_(std::move(cambia)) {
-    AllargaColonna(*this, kColonnaRiferimenti);
+    Elastica(kColonnaRiferimenti);
+    Segna([](const std::vector<Valore>& riga) { return riga.front().Booleano(); });
     connect(this, &Griglia::RigaDoppioClic, this, cambia_);
     connect(this, &Griglia::RigaInvio, this, cambia_);
   }
@@ -307,12 +310,13 @@ void FinestraRiba::Interno::Rileggi() {
 
 void FinestraRiba::Interno::Conferma() {
   if (!legatura->Raccogli()) return;
-  std::string campo;
-  caso.Conferma(gestore.Uscite(), &campo);
+  const bool confermata = caso.Conferma(gestore.Uscite());
   MostraRighe();
   Mostra();
-  if (campo.empty()) return;
-  if (auto* colpevole = finestra.findChild<QWidget*>(Qs(campo))) colpevole->setFocus();
+  if (confermata || caso.CampoRifiutato().empty()) return;
+  if (auto* campo = finestra.findChild<QWidget*>(Qs(caso.CampoRifiutato()))) {
+    campo->setFocus(Qt::OtherFocusReason);
+  }
 }
 
 void FinestraRiba::Interno::Mostra() {

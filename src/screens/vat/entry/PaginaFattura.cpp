@@ -59,17 +59,18 @@ PaginaFattura::PaginaFattura(vat::RegistrazioneIva& fatture, Finestre& finestre,
 }
 
 Griglia* PaginaFattura::CreaGriglia() {
-  return new Griglia(QStringLiteral("GrigliaRighe"), QStringLiteral("Fatture"),
-                     {{tr("Posi"), Tipo::Intero, 40},
-                      {tr("Conto"), Tipo::Testo, 75},
-                      {tr("Descr. conto"), Tipo::Testo, 125},
-                      {tr("Cod. iva"), Tipo::Testo, 55},
-                      {tr("Imponibile"), Tipo::Importo, 90},
-                      {tr("Iva"), Tipo::Importo, 72},
-                      {tr("Iva indetr."), Tipo::Importo, 72},
-                      {tr("Descrizione"), Tipo::Testo, 110},
-                      {tr("Categoria"), Tipo::Testo, 65},
-                      {tr("Commessa"), Tipo::Testo, 65}});
+  return new Griglia(
+      QStringLiteral("GrigliaRighe"), QStringLiteral("Fatture"),
+      {{tr("Posizione"), Tipo::Intero, 40, 2, QStringLiteral("Posi")},
+       {tr("Conto"), Tipo::Testo, 75},
+       {tr("Descrizione conto"), Tipo::Testo, 125, 2, QStringLiteral("Descr. conto|DescrConto")},
+       {tr("Codice IVA"), Tipo::Testo, 55, 2, QStringLiteral("Cod. iva|CodIva")},
+       {tr("Imponibile"), Tipo::Importo, 90},
+       {tr("IVA"), Tipo::Importo, 72, 2, QStringLiteral("Iva")},
+       {tr("IVA indetraibile"), Tipo::Importo, 72, 2, QStringLiteral("Iva indetr.|IvaInd")},
+       {tr("Descrizione"), Tipo::Testo, 110},
+       {tr("Categoria"), Tipo::Testo, 65},
+       {tr("Commessa"), Tipo::Testo, 65}});
 }
 
 QVBoxLayout* PaginaFattura::DisponiSinistra() {
@@ -110,6 +111,11 @@ void PaginaFattura::OrdineTab() {
   ordine << scadenze_ << conferma_ << elimina_ << annulla_ << testa_->Ordine(1)
          << testa_->Ordine(2);
   OrdinaFuochi(ordine);
+}
+
+QList<QList<QWidget*>> PaginaFattura::OrdineTesta() const {
+  const QList<QWidget*> controllo{contabile_->TotaleDigitato()};
+  return {testa_->Ordine() + controllo + opzioni_->Ordine(), testa_->Ordine(1), testa_->Ordine(2)};
 }
 
 bool PaginaFattura::Ripeti(QWidget* campo) {
@@ -253,17 +259,6 @@ void PaginaFattura::DopoRinuncia() {
 }
 
 // --- Registration -----------------------------------------------------------------------------
-
-void PaginaFattura::VaiA(const std::string& campo) {
-  if (campo.empty()) return;
-  auto* controllo = findChild<QWidget*>(QString::fromStdString(campo));
-  if (controllo == nullptr || !controllo->isVisible() || !controllo->isEnabled()) return;
-  if (controllo == nuovaRiga_) {
-    FocoInVista(controllo);
-  } else {
-    controllo->setFocus(Qt::OtherFocusReason);
-  }
-}
 
 std::optional<std::int64_t> PaginaFattura::ConfermaRegistrazione() {
   std::string campo;

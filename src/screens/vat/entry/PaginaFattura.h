@@ -32,6 +32,7 @@ class PaginaFattura : public PaginaSul<vat::RegistrazioneIva> {
   std::optional<std::int64_t> ConfermaRegistrazione() override;
   bool EliminaRegistrazione() override;
   void FocoData() override;
+  [[nodiscard]] QList<QList<QWidget*>> OrdineTesta() const override;
   void DopoRiga(qint64 posi) override;
   void DopoRinuncia() override;
 
@@ -49,7 +50,6 @@ class PaginaFattura : public PaginaSul<vat::RegistrazioneIva> {
   void MostraProposta();
   /// Opens the due dates of the registration.
   void VediScadenze();
-  void VaiA(const std::string& campo);
   std::string DescrittoConto(const std::string& conto);
 
   CampiForma* testa_;

@@ -44,13 +44,14 @@ PaginaElenchiIva::PaginaElenchiIva(DatiRegistroIva& dati, const QString& finestr
 QGroupBox* PaginaElenchiIva::CreaChiusure(const QString& finestra) {
   auto* riquadro =
       new QGroupBox(tr("Liquidazioni iva memorizzate del %1").arg(dati_.Sessione().Anno()));
-  griglia_ = new Griglia(QStringLiteral("GrigliaChiusure"), finestra,
-                         {{tr("descrizione"), Tipo::Testo, 420},
-                          {tr("importo"), Tipo::Importo, 130, dati_.Decimali()},
-                          {tr("periodo"), Tipo::Testo, 80},
-                          {tr("n"), Tipo::Intero, 60},
-                          {tr("anno"), Tipo::Intero, 80}});
-  AllargaColonna(*griglia_, 0);
+  griglia_ =
+      new Griglia(QStringLiteral("GrigliaChiusure"), finestra,
+                  {{tr("Descrizione"), Tipo::Testo, 420, 2, QStringLiteral("descrizione")},
+                   {tr("Importo"), Tipo::Importo, 130, dati_.Decimali(), QStringLiteral("importo")},
+                   {tr("Periodo"), Tipo::Testo, 80, 2, QStringLiteral("periodo")},
+                   {tr("Numero"), Tipo::Intero, 60, 2, QStringLiteral("n")},
+                   {tr("Anno"), Tipo::Intero, 80, 2, QStringLiteral("anno")}});
+  griglia_->Elastica(0);
   auto* mostra = Pulsante(QStringLiteral("Command3"), tr("Elenco liquidazioni"));
   auto* stampa = Pulsante(QStringLiteral("StampaElencoChiusure"), tr("Stampa elenco"));
   auto* elimina = Pulsante(QStringLiteral("Command2"),

@@ -36,13 +36,14 @@ PaginaLiquidazioneIva::PaginaLiquidazioneIva(DatiRegistroIva& dati, const QStrin
       griglia_(new Griglia(QStringLiteral("GrigliaLiquidazione"), finestra,
                            {{tr("Voce"), Tipo::Testo, 400},
                             {tr("Importo"), Tipo::Importo, 130, dati.Decimali()},
-                            {tr("Anno prec."), Tipo::Importo, 130, dati.Decimali()}})),
+                            {tr("Anno precedente"), Tipo::Importo, 130, dati.Decimali(),
+                             QStringLiteral("Anno prec.")}})),
       titolo_(new QLabel),
       risultato_(new QLabel),
       grafico_(new GraficoBarre(QStringLiteral("GraficoIva"))) {
   titolo_->setObjectName(QStringLiteral("TitoloLiquidazione"));
   titolo_->setWordWrap(true);
-  AllargaColonna(*griglia_, 0);
+  griglia_->Elastica(0);
   // The lines tell a sum from above to below.
   griglia_->horizontalHeader()->setSectionsClickable(false);
   grafico_->setAccessibleName(tr("Iva a debito e a credito per periodo dell'anno"));

@@ -100,13 +100,14 @@ QWidget* PaginaPeriodoIva::CreaPeriodo(const QString& finestra) {
   connect(conferma_, &QAbstractButton::clicked, this, &PaginaPeriodoIva::ConfermaPeriodo);
   constexpr int kLargoNumero = 90;
   constexpr int kLargoTesto = 260;
-  griglia_ = new Griglia(QStringLiteral("GrigliaRegistri"), finestra,
-                         {{tr("Registro"), Tipo::Testo, kLargoNumero},
-                          {tr("Descrizione"), Tipo::Testo, kLargoTesto},
-                          {tr("Tipo"), Tipo::Testo, kLargoNumero / 2},
-                          {tr("Da prot."), Tipo::Intero, kLargoNumero},
-                          {tr("A prot."), Tipo::Intero, kLargoNumero}});
-  AllargaColonna(*griglia_, kDescrizione);
+  griglia_ =
+      new Griglia(QStringLiteral("GrigliaRegistri"), finestra,
+                  {{tr("Registro"), Tipo::Testo, kLargoNumero},
+                   {tr("Descrizione"), Tipo::Testo, kLargoTesto},
+                   {tr("Tipo"), Tipo::Testo, kLargoNumero / 2},
+                   {tr("Da protocollo"), Tipo::Intero, kLargoNumero, 2, QStringLiteral("Da prot.")},
+                   {tr("A protocollo"), Tipo::Intero, kLargoNumero, 2, QStringLiteral("A prot.")}});
+  griglia_->Elastica(kDescrizione);
   // The editors have a frame.
   griglia_->verticalHeader()->setDefaultSectionSize(periodo_->sizeHint().height());
   // The registers stay in the order in which they are printed.
