@@ -181,6 +181,7 @@ bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
     return true;
   };
   if (!io.Tenta("conferma", lavoro)) return false;
+  io.Ricorda();
   io.Chiudi();
   // What is told after finds the context as written, and whatever it does the record is closed.
   struct AllaFine {
