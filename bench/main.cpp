@@ -12,6 +12,7 @@
 
 #include "bench/DialoghiMuti.h"
 #include "bench/GeneraDitta.h"
+#include "bench/MisuraCerca.h"
 #include "bench/MisureArchivi.h"
 #include "bench/MisureArchivio.h"
 #include "bench/MisureFatture.h"
@@ -42,6 +43,7 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
   if (fenalto::banco::Chiesto(nomi, "impostazioni")) {
     rapporti.push_back(fenalto::banco::MisuraImpostazioni(opzioni));
   }
+  if (fenalto::banco::Chiesto(nomi, "cerca")) rapporti.push_back(fenalto::banco::MisuraCerca());
   aggiungi(fenalto::banco::MisureArchivi(opzioni, nomi));
   aggiungi(fenalto::banco::MisureFatture(opzioni, nomi));
   aggiungi(fenalto::banco::MisureRegistro(opzioni, nomi));

@@ -3,6 +3,9 @@ include(GNUInstallDirs)
 install(TARGETS fenalto RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY data/schema data/modello data/ini data/fonts data/icons
         DESTINATION ${CMAKE_INSTALL_DATADIR}/fenalto)
+# The guide as the program shows it, with what it refers to.
+install(DIRECTORY docs/guida docs/immagini DESTINATION ${CMAKE_INSTALL_DATADIR}/fenalto/help)
+install(FILES docs/impostazioni.md docs/modelli.md DESTINATION ${CMAKE_INSTALL_DATADIR}/fenalto/help)
 install(FILES data/icons/fenalto.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES data/icons/fenalto.png

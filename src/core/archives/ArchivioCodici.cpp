@@ -77,6 +77,11 @@ void ArchivioCodici::Interno::Dimentica() {
   contesto.prima = record;
 }
 
+void ArchivioCodici::Interno::Ricorda() {
+  if (!descrizione.ricordato) return;
+  ambiente.Ricorda(AllArchivio(Maiuscolo(descrizione.tabella), contesto.Codice()));
+}
+
 void ArchivioCodici::Interno::Riempi() {
   if (descrizione.aperto) descrizione.aperto(contesto);
   record.Consolida();
@@ -148,6 +153,7 @@ bool ArchivioCodici::Apri(const std::string& codice) {
   io.aperto = true;
   io.riga = std::move(trovato);
   io.Riempi();
+  io.Ricorda();
   if (io.solaLettura) {
     io.Avviso(io.Nome() + ": in modifica " + preso.Errore().Descrizione() +
               "\nsi può consultare, senza cambiarne i dati");

@@ -182,6 +182,7 @@ bool ArchivioCodici::Conferma(Rifiuto* rifiuto) {
   };
   if (!io.Tenta("conferma", lavoro)) return false;
   io.confermato = io.contesto.Codice();
+  io.Ricorda();
   io.Chiudi();
   // What is told after finds the context as written, and whatever it does the record is closed.
   struct AllaFine {

@@ -25,6 +25,8 @@ struct ArchivioCodici::Interno {
   void Chiudi();
   void Dimentica();
   void Riempi();
+  /// The open record is one that the user has touched.
+  void Ricorda();
   /// Tells what was written along.
   void Racconta();
 

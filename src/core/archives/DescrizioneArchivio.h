@@ -78,6 +78,8 @@ struct DescrizioneArchivio : records::DescrizioneForma {
   bool portaCodice = false;
   std::vector<std::pair<std::string, Tipo>> campiExtra = {};  ///< fields that aren't columns
   std::vector<PulsanteArchivio> pulsanti = {};
+  /// Its records are among those that a user finds again as the last ones touched.
+  bool ricordato = false;
   /// Going to the next or previous record confirms the open one first, instead of asking.
   bool confermaPassando = false;
   /// True while records are neither added nor deleted here and keep their codes. Empty for never.

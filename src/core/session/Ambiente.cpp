@@ -123,6 +123,14 @@ Data Ambiente::DataMinima() {
   return *Data::DaGma(1, 1, kPrimoAnno);
 }
 
+void Ambiente::Ricorda(const Rinvio& record) {
+  interno_->Aperta().recenti->Aggiungi(UtenteCorrente().cod, record);
+}
+
+std::vector<Rinvio> Ambiente::Recenti() const {
+  return interno_->Aperta().recenti->Di(UtenteCorrente().cod);
+}
+
 Dialoghi& Ambiente::Dialogo() {
   return interno_->dialoghi;
 }

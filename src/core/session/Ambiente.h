@@ -13,6 +13,7 @@
 #include "core/session/Porte.h"
 #include "core/store/BasiDati.h"
 #include "core/values/Esito.h"
+#include "core/values/Rinvio.h"
 
 namespace fenalto {
 
@@ -22,6 +23,15 @@ struct Utente {
   std::string cod;
   std::string descrizione;
   int livello = 99;
+};
+
+/// How the daily backups of a company stand.
+struct StatoCopie {
+  Data ultima;           ///< the null date when there is none
+  int giorni = 0;        ///< since the last one
+  bool inCorso = false;  ///< one is being made
+  /// Older than a week, or none at all: with a backup a day something keeps it from being made.
+  [[nodiscard]] bool Vecchia() const { return !inCorso && (ultima.Nulla() || giorni > 7); }
 };
 
 struct OpzioniAmbiente {
@@ -143,6 +153,15 @@ class Ambiente {
   /// a window that opens.
   void RiguardaImpostazioni();
 
+  // --- Records
+  // --------------------------------------------------------------------------------------------
+
+  /// The user has opened or confirmed this record: it leads those touched last. Its function is
+  /// "Movimenti", "Fatture", or an archive's table in capitals.
+  void Ricorda(const Rinvio& record);
+  /// Records that this user has touched at this station, the last one first; some may be gone.
+  [[nodiscard]] std::vector<Rinvio> Recenti() const;
+
   // --- Ports
   // -------------------------------------------------------------------------------------------
 
@@ -161,6 +180,8 @@ class Ambiente {
   void AvviaCopia();
   /// Failure of the last backup, once; empty when it went well or still runs.
   std::string EsitoCopia();
+  /// How the open company's backups stand.
+  [[nodiscard]] StatoCopie Copie() const;
   /// Waits for a running backup.
   void AttendiCopia();
 

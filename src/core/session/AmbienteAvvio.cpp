@@ -87,6 +87,8 @@ Esito<std::unique_ptr<Sessione>> Ambiente::Interno::Prepara(const std::string& d
     // As the file spells it, whatever the case it was asked in.
     nuova->ditta = nuova->fileImpostazioni.stem().string();
     nuova->basi = std::move(basi).Valore();
+    nuova->recenti = std::make_unique<RecordRecenti>(
+        nuova->basi->Percorsi().tessarc.parent_path() / "Recenti", opzioni.stazione);
     if (auto scelto = ScegliAnno(*nuova, anno); !scelto) return scelto.Errore();
     const Valore utenti = nuova->basi->Tessarc().Singolo("select count(*) from Ut");
     nuova->serveAccesso = Nz(utenti).Intero() > 0;

@@ -53,6 +53,19 @@ std::string Ambiente::EsitoCopia() {
   return std::exchange(interno_->guastoCopia, {});
 }
 
+StatoCopie Ambiente::Copie() const {
+  StatoCopie stato;
+  {
+    const std::lock_guard guardia(interno_->bloccoCopia);
+    stato.inCorso = interno_->copiaInCorso;
+  }
+  const auto copie = CopieEsistenti(CartellaDitta() / "Copie");
+  if (copie.empty()) return stato;
+  stato.ultima = Data::DaIso(copie.front().filename().string()).value_or(Data());
+  stato.giorni = interno_->orologio.Oggi().Giorni() - stato.ultima.Giorni();
+  return stato;
+}
+
 void Ambiente::AttendiCopia() {
   interno_->AttendiCopia();
 }

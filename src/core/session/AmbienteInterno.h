@@ -13,6 +13,7 @@
 #include "core/session/Ambiente.h"
 #include "core/session/Ditte.h"
 #include "core/session/IndiceIni.h"
+#include "core/session/RecordRecenti.h"
 
 namespace fenalto {
 
@@ -43,6 +44,7 @@ struct Sessione {
   bool euro = true;
   bool serveAccesso = false;
   Utente utente;
+  std::unique_ptr<RecordRecenti> recenti;
 };
 
 struct Ambiente::Interno {

@@ -182,6 +182,7 @@ archives::DescrizioneArchivio ArchivioParte(const Parte& parte) {
   archivio.titolo = parte.titolo;
   archivio.tabella = parte.tabella;
   archivio.campoDescrizione = "ragsoc1";
+  archivio.ricordato = true;
   archivio.titoloNuovo = parte.titoloNuovo;
   archivio.titoloRecord = parte.titoloRecord;
   archivio.caratteriCodice = kCaratteriCodice;

@@ -142,6 +142,7 @@ bool Primanota::Apri(std::int64_t numero) {
   std::string motivo =
       preso ? std::string() : "la registrazione è in modifica da un'altra stazione";
   io.documento.Mostra(std::move(preso), std::move(motivo));
+  io.ambiente.Ricorda(AlNumero("Movimenti", numero, anno));
   return true;
 }
 

@@ -121,6 +121,7 @@ bool Primanota::Conferma() {
   io.allegati.Confermati();
   if (io.documento.Nuovo()) io.dataRicordata = io.testa.Leggi("Dt").Data();
   io.numeroConfermato = numero;
+  io.ambiente.Ricorda(AlNumero("Movimenti", numero, io.ambiente.Anno()));
   io.ChiudiRecord();
   io.ambiente.AvvisoNumero("ARTICOLO CONTABILE", numero, "annotare il numero");
   return true;

@@ -1,12 +1,14 @@
-// The box that finds any function by a few letters.
+// The box that finds any function, account, party or recent record by a few letters.
 #pragma once
 
 #include <QFrame>
 #include <functional>
+#include <memory>
 #include <vector>
 
-#include "core/values/Rinvio.h"
+#include "overview/IndiceVoci.h"
 
+class QLabel;
 class QLineEdit;
 class QListWidget;
 
@@ -16,28 +18,34 @@ class CercaFunzione : public QFrame {
   Q_OBJECT
 
  public:
-  struct Funzione {
-    QString voce;
-    QString percorso;
-    Rinvio rinvio;
-  };
+  using Indice = std::shared_ptr<overview::IndiceVoci>;
   using Seguito = std::function<void(const Rinvio&)>;
-  /// Shows the box over `finestra`; it goes by itself when a function was chosen (which `segui` is
+  /// Shows the box over `finestra`; it goes by itself when something was chosen (which `segui` is
   /// told), on Esc, or when it loses the focus.
-  static void Apri(QWidget* finestra, std::vector<Funzione> funzioni, Seguito segui);
+  static CercaFunzione* Apri(QWidget* finestra, Indice indice, Seguito segui);
+
+  /// The index has changed.
+  void Filtra();
 
  protected:
   bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
  private:
-  CercaFunzione(QWidget* finestra, std::vector<Funzione> funzioni, Seguito segui);
-  void Filtra(const QString& testo);
-  void Scegli();
+  CercaFunzione(QWidget* finestra, Indice indice, Seguito segui);
+  /// Goes where the current row leads; to the archive behind it when there is one and `archivio`.
+  void Scegli(bool archivio);
+  void Sparisci();
 
-  std::vector<Funzione> funzioni_;
+  Indice indice_;
   Seguito segui_;
   QLineEdit* testo_;
   QListWidget* elenco_;
+  QLabel* piede_;
+  struct Riga {
+    Rinvio rinvio;
+    Rinvio archivio;
+  };
+  std::vector<Riga> righe_;
 };
 
 }  // namespace fenalto::screens

@@ -9,19 +9,25 @@
 #include <QScrollBar>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 #include <algorithm>
 
+#include "overview/IndiceVoci.h"
 #include "print/FabbricaUsciteQt.h"
 #include "print/FinestraAnteprima.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/windows/Attesa.h"
-#include "screens/main/CercaFunzione.h"
+#include "screens/help/FinestraGuida.h"
 #include "screens/main/Sfondo.h"
 #include "vat/entry/FattureSospese.h"
 
 namespace fenalto::screens {
 namespace {
+
+/// Milliseconds from the last step through the years until the background comes back: whoever steps
+/// through several doesn't wait for the page of each.
+constexpr int kDopoGliAnni = 400;
 
 /// A remembered place, brought inside the area that there is now.
 QRect Dentro(const QRect& posto, const QRect& area) {
@@ -37,7 +43,8 @@ FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costrutto
     : ambiente_(ambiente),
       costruttori_(std::move(costruttori)),
       area_(new AreaFinestre(this)),
-      uscite_(new print::FabbricaUsciteQt(ambiente.Dialogo(), this)) {
+      uscite_(new print::FabbricaUsciteQt(ambiente.Dialogo(), this)),
+      indice_(std::make_shared<overview::IndiceVoci>()) {
   setObjectName(QStringLiteral("Principale"));
   setWindowTitle(QStringLiteral("Fenalto"));
   area_->setObjectName(QStringLiteral("Area"));
@@ -83,6 +90,7 @@ void FinestraPrincipale::MostraSessione() {
   cambiandoAnno_ = false;
   AggiornaStato();
   MostraVoceSospese();
+  MostraVideoCorsi();
   MostraSfondo();
 }
 
@@ -143,6 +151,7 @@ void FinestraPrincipale::CambiaAnno(int indice) {
     AggiornaStato();
   }
   cambiandoAnno_ = false;
+  RichiamaSfondo();
 }
 
 bool FinestraPrincipale::PassaAnno(int anno) {
@@ -161,6 +170,8 @@ void FinestraPrincipale::SelezioneArchivi() {
   if (ambiente_.SelezioneArchivi()) {
     ChiudiAnteprime();
     MostraSessione();
+  } else {
+    RichiamaSfondo();
   }
   for (const auto& [voce, azione] : azioni_) {
     if (QLatin1String(voce->nome) == QLatin1String("ApreRitenuteAcconto")) {
@@ -173,13 +184,24 @@ void FinestraPrincipale::SelezioneArchivi() {
 // --- Background -------------------------------------------------------------------------------
 
 void FinestraPrincipale::MostraSfondo() {
-  if (sfondo_ != nullptr) return;
-  sfondo_ = new Sfondo(area_->viewport());
+  ++richiami_;
+  if (sfondo_ != nullptr) return sfondo_->Torna();
+  sfondo_ = new Sfondo(*this, area_->viewport());
+  sfondo_->MostraVideoCorsi(!IndirizzoVideoCorsi().empty());
   connect(sfondo_, &Sfondo::GuidaRapida, this, &FinestraPrincipale::GuidaRapida);
   connect(sfondo_, &Sfondo::ManualeContabilita, this, &FinestraPrincipale::ManualeContabilita);
   connect(sfondo_, &Sfondo::VideoCorsi, this, &FinestraPrincipale::VideoCorsi);
+  connect(sfondo_, &Sfondo::Aiuto, this, [this](const QString& capitolo) { ApriGuida(capitolo); });
   sfondo_->show();
   sfondo_->lower();
+  sfondo_->Torna();
+}
+
+void FinestraPrincipale::RichiamaSfondo() {
+  const int quale = ++richiami_;
+  QTimer::singleShot(sfondo_ == nullptr ? kDopoGliAnni : 0, this, [this, quale] {
+    if (quale == richiami_ && ambiente_.DittaAperta() && FinestreAperte().isEmpty()) MostraSfondo();
+  });
 }
 
 void FinestraPrincipale::ScaricaSfondo() {
@@ -321,6 +343,7 @@ void FinestraPrincipale::ChiudiFinestra(FinestraFunzione& finestra) {
   }
   // A register may have been made or erased in it.
   MostraVoceSospese();
+  RichiamaSfondo();
 }
 
 // --- Reports ----------------------------------------------------------------------------------
@@ -340,12 +363,14 @@ void FinestraPrincipale::closeEvent(QCloseEvent* evento) {
   if (!FinestreAperte().isEmpty()) {
     ambiente_.Dialogo().Messaggio("Chiudere prima tutte le finestre", Icona::Avviso);
     evento->ignore();
+    RichiamaSfondo();
     return;
   }
   QSettings memoria;
   memoria.remove(QStringLiteral("opz"));
   memoria.setValue(QStringLiteral("finestre/Principale"), saveGeometry());
   ChiudiAnteprime();
+  guida_.reset();
   evento->accept();
   emit Chiusa();
 }

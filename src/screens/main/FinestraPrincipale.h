@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <map>
+#include <memory>
 
 #include "screens/common/windows/FinestraFunzione.h"
 #include "screens/main/MappaMenu.h"
@@ -12,15 +13,20 @@ class QAction;
 class QComboBox;
 class QLabel;
 class QMdiArea;
+class QMenu;
 class QScrollBar;
 class QToolBar;
 
+namespace fenalto::overview {
+class IndiceVoci;
+}
 namespace fenalto::print {
 class FabbricaUsciteQt;
 }
 
 namespace fenalto::screens {
 
+class FinestraGuida;
 class Sfondo;
 
 class FinestraPrincipale : public QMainWindow, public Finestre {
@@ -42,8 +48,10 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   bool PassaAnno(int anno);
   /// Menu "Selezione Archivi".
   void SelezioneArchivi();
-  /// Opens the box that finds functions by a few letters.
+  /// Opens the box that finds functions, accounts, parties and records by a few letters.
   void CercaFunzioni();
+  /// Opens the guide at the chapter of the window in hand, and there at the field in hand.
+  void AiutoContestuale();
 
   /// Opens a function as its menu entry does: right, exclusive rule, tab. Brings it to the front
   /// when it is open already. Null when it was refused or isn't built.
@@ -82,12 +90,28 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void CambiaAnno(int indice);
   void ScaricaSfondo();
   void MostraSfondo();
+  /// The user comes back to the background: at once when it is there, a moment later when it was
+  /// unloaded. Not while a function window is open.
+  void RichiamaSfondo();
   void AggiornaStato();
   /// The entry of deferred-VAT invoices is for companies that have registers for them.
   void MostraVoceSospese();
+  // Help and menus of the main window's own (FinestraPrincipaleAiuto.cpp).
+  void CreaMenuAiuto(QMenu& menu);
+  void CreaMenuFinestre(QMenu& menu);
+  void ElencaFinestre(QMenu& menu);
+  void ChiudiDavanti();
+  /// One after the other, with their questions, until one stays.
+  void ChiudiUnaPerUna();
+  void Informazioni();
+  void ApriGuida(const QString& capitolo, const QString& ancora = {}, const QString& campo = {});
+  [[nodiscard]] std::filesystem::path CartellaGuida() const;
   void GuidaRapida();
   void ManualeContabilita();
   void VideoCorsi();
+  [[nodiscard]] std::string IndirizzoVideoCorsi();
+  /// The courses are offered only while their address is set.
+  void MostraVideoCorsi();
   void ApriDocumento(const QString& nome, const std::filesystem::path& file);
   /// Null when the window, or that entry of it, isn't built.
   [[nodiscard]] const Costruttore* TrovaCostruttore(const QString& finestra, int scheda) const;
@@ -117,6 +141,12 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   QLabel* ditta_ = nullptr;
   QLabel* stato_ = nullptr;
   std::map<const VoceMenu*, QAction*> azioni_;
+  QWidget* collegamentoVideo_ = nullptr;
+  QAction* voceVideo_ = nullptr;
+  std::unique_ptr<FinestraGuida> guida_;
+  int richiami_ = 0;  ///< of the background, so far
+  std::shared_ptr<overview::IndiceVoci> indice_;
+  std::string indiceDi_;  ///< company and user whose records the index holds
   bool cambiandoAnno_ = false;
 };
 

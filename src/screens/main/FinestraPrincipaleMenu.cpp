@@ -13,7 +13,6 @@
 #include <QToolButton>
 #include <algorithm>
 
-#include "screens/main/CercaFunzione.h"
 #include "screens/main/FinestraPrincipale.h"
 
 namespace fenalto::screens {
@@ -47,9 +46,13 @@ class AlberoMenu {
   QString Etichetta(const QString& percorso, const QString& voce) {
     return ConMnemonica(voce, usate_[percorso]);
   }
-  /// Menus that hold no entry that can be chosen are disabled.
-  void SpegniVuoti() {
-    for (auto& [percorso, menu] : menu_) menu->menuAction()->setEnabled(HaVoci(*menu));
+  /// Menus that hold no entry that can be chosen aren't shown.
+  void NascondiVuoti() {
+    for (auto& [percorso, menu] : menu_) {
+      const bool voci = HaVoci(*menu);
+      menu->menuAction()->setEnabled(voci);
+      menu->menuAction()->setVisible(voci);
+    }
   }
 
  private:
@@ -85,14 +88,17 @@ void FinestraPrincipale::CreaMenu() {
     auto* menu = albero.Menu(percorso);
     auto* azione = menu->addAction(albero.Etichetta(percorso, QString::fromUtf8(voce.voce)));
     if (voce.nome[0] != '\0') azione->setObjectName(QString::fromLatin1(voce.nome));
-    azione->setVisible(!voce.nascosta);
     const QString finestra = QString::fromUtf8(voce.finestra);
-    azione->setEnabled(finestra == QLatin1String("@SelezioneArchivi") ||
-                       TrovaCostruttore(finestra, voce.scheda) != nullptr);
+    const bool disponibile = finestra == QLatin1String("@SelezioneArchivi") ||
+                             TrovaCostruttore(finestra, voce.scheda) != nullptr;
+    azione->setEnabled(disponibile);
+    azione->setVisible(disponibile && !voce.nascosta);
     connect(azione, &QAction::triggered, this, [this, &voce] { Segui(RinvioDi(voce)); });
     azioni_[&voce] = azione;
   }
-  albero.SpegniVuoti();
+  CreaMenuFinestre(*albero.Menu(tr("Finestre")));
+  CreaMenuAiuto(*albero.Menu(tr("Aiuto")));
+  albero.NascondiVuoti();
 }
 
 void FinestraPrincipale::CreaBarra() {
@@ -170,61 +176,11 @@ void FinestraPrincipale::CreaAiuti() {
       Collegamento(QStringLiteral("ManualeContabilita"), tr("manuale di contabilità"), aiuti);
   auto* video = Collegamento(QStringLiteral("VideoCorsi"), tr("video corsi"), aiuti);
   for (auto* collegamento : {guida, manuale, video}) rigaAiuti->addWidget(collegamento);
+  collegamentoVideo_ = video;
   barra_->addWidget(aiuti);
   connect(guida, &QToolButton::clicked, this, &FinestraPrincipale::GuidaRapida);
   connect(manuale, &QToolButton::clicked, this, &FinestraPrincipale::ManualeContabilita);
   connect(video, &QToolButton::clicked, this, &FinestraPrincipale::VideoCorsi);
-}
-
-void FinestraPrincipale::CercaFunzioni() {
-  std::vector<CercaFunzione::Funzione> funzioni;
-  for (const auto& voce : MappaMenu()) {
-    const auto azione = azioni_.find(&voce);
-    if (!azione->second->isEnabled() || !azione->second->isVisible()) continue;
-    QString percorso = QString::fromUtf8(voce.percorso);
-    percorso.replace(QLatin1Char('|'), QStringLiteral(" > "));
-    funzioni.push_back({QString::fromUtf8(voce.voce), percorso, RinvioDi(voce)});
-  }
-  CercaFunzione::Apri(this, std::move(funzioni), [this](const Rinvio& rinvio) { Segui(rinvio); });
-}
-
-void FinestraPrincipale::ApriDocumento(const QString& nome, const std::filesystem::path& file) {
-  std::error_code errore;
-  if (!std::filesystem::exists(file, errore) || !ambiente_.Dialogo().ApriEsterno(file.string())) {
-    ambiente_.Dialogo().Messaggio("non si può aprire " + nome.toStdString() + ": manca il file " +
-                                      file.string() + " o il programma per leggerlo",
-                                  Icona::Avviso);
-  }
-}
-
-void FinestraPrincipale::GuidaRapida() {
-  ApriDocumento(QStringLiteral("la guida rapida"),
-                ambiente_.CartellaProgramma() / "TrebHelpPdf" / "ZZGeneral-TrebHelp1.pdf");
-}
-
-void FinestraPrincipale::ManualeContabilita() {
-  const bool aprire = ambiente_.Dialogo().Conferma(
-      "Manuale dedicato alla parte contabile del programma: con dettagli utili per la maggior "
-      "parte "
-      "delle operazioni come fatture attive e passive, pagamenti, incassi, registrazione paghe e "
-      "stipendi, interessi c/c bancario, apertura e chiusura conti... \n"
-      "apro il manuale di contabilità adesso");
-  if (aprire) {
-    ApriDocumento(QStringLiteral("il manuale di contabilità"),
-                  ambiente_.CartellaProgramma() / "ManualeTessarc.CHM");
-  }
-}
-
-void FinestraPrincipale::VideoCorsi() {
-  const std::string indirizzo =
-      ambiente_.LeggiImpostazione(ambiente_.FileStazione(), "impostazioni", "IndirizzoVideoCorsi");
-  if (indirizzo.empty()) {
-    ambiente_.Dialogo().Messaggio(
-        "l'indirizzo dei video corsi non è impostato: chiave IndirizzoVideoCorsi, sezione "
-        "impostazioni, file Ini/Ini.ini");
-  } else if (!ambiente_.Dialogo().ApriEsterno(indirizzo)) {
-    ambiente_.Dialogo().Messaggio("non si può aprire " + indirizzo, Icona::Avviso);
-  }
 }
 
 }  // namespace fenalto::screens

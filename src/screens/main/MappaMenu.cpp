@@ -181,6 +181,55 @@ constexpr auto kArchivi = std::to_array<RigaArchivio>({
     {"TIPIFATTURECLI", "TipiFattureCli", 99},
 });
 
+/// What people call a function that its caption doesn't say.
+struct RigaSinonimi {
+  std::string_view finestra;
+  const char* parole;
+  int scheda = -1;  ///< of the entry, where a window has several
+};
+constexpr auto kSinonimi = std::to_array<RigaSinonimi>({
+    {"Clienti", "clienti; anagrafica clienti; nuovo cliente"},
+    {"Fornitori", "fornitori; anagrafica fornitori; nuovo fornitore"},
+    {"STClienti", "elenco clienti; rubrica clienti"},
+    {"STFornitori", "elenco fornitori; rubrica fornitori"},
+    {"Mastri", "piano dei conti"},
+    {"Conti", "piano dei conti; sottoconti; nuovo conto"},
+    {"Causali", "causali contabili"},
+    {"CodiciIva", "aliquote; esenzioni; natura iva"},
+    {"RegistriIva", "sezionali; protocolli"},
+    {"Ritenute", "ritenuta d'acconto"},
+    {"CodiciPagamento", "condizioni di pagamento; rate; tipi pagamento"},
+    {"Agenti", "rappresentanti; venditori"},
+    {"CodiciRiga", "articoli; merce; listino prodotti"},
+    {"Vettori", "corrieri; spedizionieri; trasportatori"},
+    {"Movimenti", "prima nota; registrazioni; partita doppia; stipendi; giroconto; cassa e banca"},
+    {"Fatture",
+     "fatture emesse; fatture ricevute; acquisti; vendite; corrispettivi; "
+     "nota di credito; reverse charge"},
+    {"FattureSospIva", "iva per cassa; iva differita; esigibilità"},
+    {"STBilancioVerifica", "bilancino; saldi dei conti", 0},
+    {"STBilancioVerifica", "stato patrimoniale; conto economico; utile; perdita", 1},
+    {"STBilancioVerifica", "confronto anno precedente; costi; ricavi", 2},
+    {"STRegistroIvaUnico", "liquidazione; liquidazione iva; iva del mese; F24; versamento iva"},
+    {"StGiornale", "libro giornale; stampa giornale"},
+    {"Scadenze", "partite aperte; partitario; scadenziario"},
+    {"PagamentiDaScadenzario", "incassi; pagamenti; incassare; pagare; saldo fatture"},
+    {"PagamentiDaScadenzario1Cli", "incasso cliente; pagamento fornitore; acconto"},
+    {"AccontiPrimaDiFattura", "anticipi; acconti; caparra"},
+    {"STScadenzePerConto", "scadenziario; insoluti"},
+    {"STScadenzePerData", "scadenziario; cosa scade"},
+    {"STEstrattoConto", "sollecito; lettera; situazione cliente"},
+    {"SituazioneScadenze", "scaduto; crediti; debiti; previsione incassi"},
+    {"Banche", "iban; conti correnti"},
+    {"RiBa", "ricevute bancarie; distinta; effetti; portafoglio"},
+    {"RiBaRaggruppamento", "ricevute bancarie; accorpare"},
+    {"InsolutiRiba", "insoluti; ricevute tornate"},
+    {"AbbinaEstratto", "banca; estratto conto bancario; riconciliazione; CAMT"},
+    {"@SelezioneArchivi", "cambia ditta; cambia anno; altra ditta"},
+    {"Utility", "impostazioni; dati della ditta; partita iva; opzioni", 1},
+    {"Ut", "password; permessi; accessi"},
+});
+
 /// Windows that only other windows and previews open.
 constexpr auto kSenzaVoce = std::to_array<VoceMenu>({
     {"", "", "Importa", 99},
@@ -208,6 +257,15 @@ const VoceMenu* VoceDi(const QString& finestra, int scheda) {
     if (QString::fromUtf8(voce.finestra).compare(finestra, Qt::CaseInsensitive) == 0) return &voce;
   }
   return prima;
+}
+
+const char* SinonimiDi(const VoceMenu& voce) {
+  for (const auto& riga : kSinonimi) {
+    if (riga.finestra == voce.finestra && (riga.scheda < 0 || riga.scheda == voce.scheda)) {
+      return riga.parole;
+    }
+  }
+  return "";
 }
 
 QString TestoEsclusiva(Esclusiva esclusiva) {

@@ -29,6 +29,9 @@ std::span<const VoceMenu> MappaMenu();
 /// opens, one without caption that isn't in MappaMenu. Null when there is none.
 const VoceMenu* VoceDi(const QString& finestra, int scheda = -1);
 
+/// Other words that find an entry, as clerks say them, parted by ';'; empty for most.
+const char* SinonimiDi(const VoceMenu& voce);
+
 /// Text that an exclusive function refuses with.
 QString TestoEsclusiva(Esclusiva esclusiva);
 

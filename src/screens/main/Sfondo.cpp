@@ -1,32 +1,48 @@
 #include "screens/main/Sfondo.h"
 
 #include <QEvent>
-#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
+
+#include "screens/start/PaginaIniziale.h"
 
 namespace fenalto::screens {
 namespace {
 
 constexpr int kBande = 256;
+/// The page doesn't spread over a large screen: its lines would be too long to be read.
+constexpr int kMassimaPagina = 1360;
 
 }  // namespace
 
-Sfondo::Sfondo(QWidget* genitore) : QWidget(genitore) {
+Sfondo::Sfondo(Finestre& finestre, QWidget* genitore) : QWidget(genitore) {
   setObjectName(QStringLiteral("Sfondo"));
   setGeometry(genitore->rect());
   genitore->installEventFilter(this);
+  auto* area = new QScrollArea(this);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setFocusPolicy(Qt::NoFocus);
+  auto* piano = new QWidget;
+  auto* riga = new QHBoxLayout(piano);
+  riga->setContentsMargins(0, 0, 0, 0);
+  pagina_ = new PaginaIniziale(finestre, piano);
+  pagina_->setMaximumWidth(kMassimaPagina);
+  riga->addWidget(pagina_, 1);
+  area->setWidget(piano);
+  // The bands show through.
+  piano->setAutoFillBackground(false);
+  area->viewport()->setAutoFillBackground(false);
   auto* colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(48, 40, 48, 40);
-  auto* titolo = new QLabel(QStringLiteral("Fenalto"), this);
-  QFont carattere = titolo->font();
-  carattere.setPointSizeF(carattere.pointSizeF() * 2.6);
-  carattere.setBold(true);
-  titolo->setFont(carattere);
-  colonna->addWidget(titolo);
-  colonna->addWidget(new QLabel(tr("Ctrl+K cerca una funzione con poche lettere"), this));
-  colonna->addSpacing(16);
+  colonna->setContentsMargins(0, 0, 0, 0);
+  colonna->addWidget(area);
+  CreaCollegamenti();
+  connect(pagina_, &PaginaIniziale::Aiuto, this, &Sfondo::Aiuto);
+}
+
+void Sfondo::CreaCollegamenti() {
   const struct {
     const char* nome;
     QString testo;
@@ -37,18 +53,29 @@ Sfondo::Sfondo(QWidget* genitore) : QWidget(genitore) {
       {"SfondoVideoCorsi", tr("video corsi"), &Sfondo::VideoCorsi},
   };
   for (const auto& collegamento : collegamenti) {
-    auto* pulsante = new QPushButton(collegamento.testo, this);
+    auto* pulsante = new QPushButton(collegamento.testo, pagina_);
     pulsante->setObjectName(QString::fromLatin1(collegamento.nome));
     pulsante->setFlat(true);
+    pulsante->setAutoDefault(true);
     pulsante->setCursor(Qt::PointingHandCursor);
     QFont sottolineato = pulsante->font();
     sottolineato.setUnderline(true);
     pulsante->setFont(sottolineato);
-    pulsante->setStyleSheet(QStringLiteral("text-align: left; padding: 2px 0;"));
+    pulsante->setStyleSheet(QStringLiteral("text-align: right; padding: 1px 4px;"));
     connect(pulsante, &QPushButton::clicked, this, collegamento.segnale);
-    colonna->addWidget(pulsante, 0, Qt::AlignLeft);
+    pagina_->Angolo()->addWidget(pulsante, 0, Qt::AlignRight);
+    video_ = pulsante;
   }
-  colonna->addStretch(1);
+  pagina_->Angolo()->addStretch(1);
+}
+
+void Sfondo::Torna() {
+  pagina_->Aggiorna();
+  pagina_->PrendiFoco();
+}
+
+void Sfondo::MostraVideoCorsi(bool mostra) {
+  video_->setVisible(mostra);
 }
 
 void DipingiBande(QWidget& dove) {

@@ -396,6 +396,7 @@ bool RegistrazioneIva::Apri(std::int64_t numDoc) {
   io.CalcolaTotali();
   io.testa.Scrivi("TotaleXVerifica", io.totali.Totale());
   io.documento.Mostra(std::move(preso), std::move(motivo));
+  io.ambiente.Ricorda(AlNumero("Fatture", numDoc, io.anno));
   return true;
 }
 

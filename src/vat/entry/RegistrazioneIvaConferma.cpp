@@ -251,6 +251,7 @@ bool RegistrazioneIva::Conferma(std::string* campo) {
   if (!riuscita) return false;
   io.testa.Scrivi("NProt", std::to_string(scritta.nProt));
   io.numeroConfermato = scritta.numDoc;
+  io.ambiente.Ricorda(AlNumero("Fatture", scritta.numDoc, io.anno));
   io.Ricorda();
   io.Annuncia(scritta);
   io.ChiudiRecord();

@@ -33,13 +33,21 @@ struct RegistroIvaUnico::Interno {
   // Proposals of a period.
   void AvvisaGiaChiuso();
   void ProponiIntervalli();
+  /// The ranges alone, without what is to be told of them.
+  void LeggiIntervalli();
   void AvvisaIntervallo(const IntervalloRegistro& intervallo, std::int64_t stampato);
   void AvvisaIncassi();
   void ProponiOpzioni();
+  /// What doesn't depend on the settlement before.
+  void LeggiOpzioni();
   void ProponiVentilazione();
   /// First protocol that isn't printed in definitive.
   std::int64_t PrimoDaStampare(const std::string& riva, std::int64_t ultProtSt);
   std::int64_t UltimoNelPeriodo(const std::string& riva);
+  /// One that no protocol has when the period has none.
+  std::int64_t PrimoNelPeriodo(const std::string& riva);
+  /// Condition of a register's protocols dated in the period.
+  [[nodiscard]] std::string NelPeriodo(const std::string& riva) const;
 
   // Checks.
   /// What must be right for a print; with `tutto` also what is only worth a look.

@@ -1,5 +1,6 @@
 // What a chosen period proposes, and what it warns of.
 #include <algorithm>
+#include <limits>
 
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
@@ -58,17 +59,28 @@ std::int64_t RegistroIvaUnico::Interno::PrimoDaStampare(const std::string& riva,
 }
 
 std::int64_t RegistroIvaUnico::Interno::UltimoNelPeriodo(const std::string& riva) {
-  std::string condizione = "SELECT Max(NProt) FROM ZarticoliProtocollati WHERE " +
-                           sql::Criterio("Riva", "=", riva) + " and " +
-                           sql::Criterio("Anno", "=", periodo.anno);
+  return Nz(tessarc.Singolo("SELECT Max(NProt) FROM ZarticoliProtocollati WHERE " +
+                            NelPeriodo(riva)))
+      .Intero();
+}
+
+std::int64_t RegistroIvaUnico::Interno::PrimoNelPeriodo(const std::string& riva) {
+  const Valore primo =
+      tessarc.Singolo("SELECT Min(NProt) FROM ZarticoliProtocollati WHERE " + NelPeriodo(riva));
+  return primo.Nullo() ? std::numeric_limits<std::int64_t>::max() : primo.Intero();
+}
+
+std::string RegistroIvaUnico::Interno::NelPeriodo(const std::string& riva) const {
+  std::string condizione =
+      sql::Criterio("Riva", "=", riva) + " and " + sql::Criterio("Anno", "=", periodo.anno);
   if (!periodo.Annuale()) {
     condizione += " and " + sql::Criterio("Dt", ">=", periodo.Primo()) + " and " +
                   sql::Criterio("Dt", "<=", periodo.UltimoGiorno());
   }
-  return Nz(tessarc.Singolo(condizione)).Intero();
+  return condizione;
 }
 
-void RegistroIvaUnico::Interno::ProponiIntervalli() {
+void RegistroIvaUnico::Interno::LeggiIntervalli() {
   intervalli.clear();
   for (Rs rs = tessarc.Recordset("SELECT * FROM REGISTRIIVA  ORDER BY COD"); !rs.Eof();
        rs.MoveNext()) {
@@ -84,6 +96,10 @@ void RegistroIvaUnico::Interno::ProponiIntervalli() {
     }
     intervalli.push_back(intervallo);
   }
+}
+
+void RegistroIvaUnico::Interno::ProponiIntervalli() {
+  LeggiIntervalli();
   for (const IntervalloRegistro& intervallo : intervalli) {
     if (intervallo.daIncassi) continue;
     const Valore stampato = ambiente.Cerca(
@@ -134,11 +150,15 @@ void RegistroIvaUnico::Interno::AvvisaIncassi() {
   }
 }
 
-void RegistroIvaUnico::Interno::ProponiOpzioni() {
+void RegistroIvaUnico::Interno::LeggiOpzioni() {
   opzioni.stIndirizzo = ImpostazioneAttiva(ambiente, "StIndirizzo");
   opzioni.ventilazione.riva = ambiente.Config("RivaVentil");
   opzioni.ventilazione.riva1 = ambiente.Config("RivaVentil1");
   ProponiVentilazione();
+}
+
+void RegistroIvaUnico::Interno::ProponiOpzioni() {
+  LeggiOpzioni();
   opzioni.liquidazione = ProponiLiquidazione(ambiente, periodo);
   opzioni.dtReg = periodo.UltimoGiorno();
 }

@@ -47,6 +47,19 @@ bool RegistroIvaUnico::ScegliPeriodo(const std::string& cod) {
   return true;
 }
 
+void RegistroIvaUnico::GuardaPeriodo(const PeriodoIva& periodo) {
+  Interno& io = *interno_;
+  io.periodo = periodo;
+  io.LeggiIntervalli();
+  for (IntervalloRegistro& intervallo : io.intervalli) {
+    if (intervallo.daIncassi) continue;
+    intervallo.daNProt = io.PrimoNelPeriodo(intervallo.riva);
+    intervallo.aaNProt = io.UltimoNelPeriodo(intervallo.riva);
+  }
+  io.LeggiOpzioni();
+  io.opzioni.liquidazione = PrevediLiquidazione(io.ambiente, periodo);
+}
+
 const PeriodoIva& RegistroIvaUnico::Periodo() const {
   return interno_->periodo;
 }

@@ -43,6 +43,9 @@ class RegistroIvaUnico {
   [[nodiscard]] std::vector<PeriodoIva> Periodi() const;
   /// "Conferma Periodo": warnings, proposed ranges, deferred invoices. False for an unknown period.
   bool ScegliPeriodo(const std::string& cod);
+  /// The same for a look, of a period of the session's year: nothing is told or written, and each
+  /// register's range is what its dates put into the period.
+  void GuardaPeriodo(const PeriodoIva& periodo);
   [[nodiscard]] const PeriodoIva& Periodo() const;
   /// One a register, in order of code; the user may change the ranges.
   [[nodiscard]] std::vector<IntervalloRegistro>& Intervalli();

@@ -71,6 +71,8 @@ Liquidazione CalcolaLiquidazione(const PeriodoIva& periodo,
 /// What the program proposes for a period: ProRata of the settings, the credit of `CreditoIva`, the
 /// amount below the minimum that the period before left unpaid.
 DatiLiquidazione ProponiLiquidazione(Ambiente& ambiente, const PeriodoIva& periodo);
+/// The same for a look: nothing is written, not even the row of a credit that was never kept.
+DatiLiquidazione PrevediLiquidazione(Ambiente& ambiente, const PeriodoIva& periodo);
 
 /// Accounts and causals of the giros, from the settings.
 struct DatiGiri {

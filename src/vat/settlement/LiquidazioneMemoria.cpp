@@ -22,13 +22,11 @@ Rs Chiusura(Ambiente& ambiente, int anno, const std::string& periodo) {
                                                   Chiave(anno, periodo));
 }
 
-/// The credit on hand; its row is made when it is missing.
-Importo LeggiCredito(Ambiente& ambiente) {
-  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  Rs riga = tessarc.Recordset("select CreditoIva from CreditoIva where Cod='01'");
-  if (!riga.Eof()) return riga.Fields("CreditoIva").Importo();
-  tessarc.Esegui("INSERT INTO CreditoIva ( Cod, CreditoIva ) values ('01',0)");
-  return {};
+/// The row of the credit on hand is made when it is missing.
+void PreparaCredito(Ambiente& ambiente) {
+  if (ambiente.Esiste("tessarc", "CreditoIva", {{"Cod", kCodCredito}})) return;
+  ambiente.ArchivioDi("tessarc").Esegui(
+      "INSERT INTO CreditoIva ( Cod, CreditoIva ) values ('01',0)");
 }
 
 /// What the period before left unpaid because it was below the minimum.
@@ -63,7 +61,7 @@ void ScriviCredito(Ambiente& ambiente, const Liquidazione& l, LogContabile& log)
                          ScriviImporto(l.Credito(), 2) + ".");
     return;
   }
-  LeggiCredito(ambiente);
+  PreparaCredito(ambiente);
   ambiente.ArchivioDi("tessarc").Esegui(
       "update CreditoIva set CreditoIva=" + sql::LetteraleSql(l.Credito()) + " where " +
       sql::Criterio("Cod", "=", kCodCredito));
@@ -95,12 +93,18 @@ bool Nota(const std::string& descrizione) {
 }  // namespace
 
 DatiLiquidazione ProponiLiquidazione(Ambiente& ambiente, const PeriodoIva& periodo) {
+  if (!periodo.Annuale()) PreparaCredito(ambiente);
+  return PrevediLiquidazione(ambiente, periodo);
+}
+
+DatiLiquidazione PrevediLiquidazione(Ambiente& ambiente, const PeriodoIva& periodo) {
   DatiLiquidazione dati;
   // An unreadable percentage is none: the user sees it before the print.
   if (const auto proRata = LeggiImporto(ambiente.Config("ProRata")))
     dati.proRata = proRata.Valore();
   if (periodo.Annuale()) return dati;
-  dati.creditoPrec = LeggiCredito(ambiente);
+  dati.creditoPrec =
+      Nz(ambiente.Cerca("tessarc", "CreditoIva", {{"Cod", kCodCredito}}, "CreditoIva")).Importo();
   // Printed again, a period starts from the credit it started from, not from the one it left.
   if (Rs riga = Chiusura(ambiente, periodo.anno, periodo.cod); !riga.Eof()) {
     dati.creditoPrec = riga.Fields("CreditoPrec").Importo();

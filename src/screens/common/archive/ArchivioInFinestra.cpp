@@ -199,6 +199,7 @@ void FinestraArchivio::Interno::CreaPropri() {
     const bool disponibile =
         descritto.finestra.empty() || gestore.FunzioneDisponibile(Qs(descritto.finestra));
     pulsante->setEnabled(disponibile);
+    if (!disponibile) pulsante->hide();
     if (descritto.conRecord) {
       propri << pulsante;
       if (disponibile) disponibili << pulsante;

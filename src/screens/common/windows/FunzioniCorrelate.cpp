@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPushButton>
+#include <algorithm>
 
 #include "screens/common/fields/Disposizione.h"
 
@@ -19,7 +20,11 @@ QPushButton* PulsanteFunzione(Finestre& finestre, const FunzioneCorrelata& funzi
   ASinistra(pulsante);
   const bool disponibile = finestre.FunzioneDisponibile(finestra);
   pulsante->setEnabled(disponibile);
-  if (disponibile) pulsanti << pulsante;
+  if (disponibile) {
+    pulsanti << pulsante;
+  } else {
+    pulsante->hide();
+  }
   QObject::connect(
       pulsante, &QPushButton::clicked, pulsante,
       [&finestre, rinvio = Rinvio{.funzione = funzione.finestra, .scheda = funzione.scheda}] {
@@ -34,14 +39,25 @@ QGroupBox* RiquadroCorrelate(Finestre& finestre, std::span<const FunzioneCorrela
   riquadro->setObjectName(QStringLiteral("FrameFunzCorr"));
   auto* griglia = new QGridLayout(riquadro);
   griglia->setVerticalSpacing(2);
-  int posto = 0;
+  QList<QPushButton*> mostrati;
   for (const auto& funzione : funzioni) {
+    auto* pulsante = PulsanteFunzione(finestre, funzione, pulsanti);
+    if (pulsante->isEnabled()) {
+      mostrati << pulsante;
+    } else {
+      pulsante->setParent(riquadro);
+    }
+  }
+  int posto = 0;
+  for (auto* pulsante : mostrati) {
     const int colonna = posto % perRiga;
-    const bool ultima = &funzione == &funzioni.back();
-    griglia->addWidget(PulsanteFunzione(finestre, funzione, pulsanti), posto / perRiga, colonna, 1,
-                       ultima ? perRiga - colonna : 1);
+    const bool ultimo = pulsante == mostrati.constLast();
+    // The last one may have a long caption.
+    const int larga = ultimo ? std::min(2, perRiga - colonna) : 1;
+    griglia->addWidget(pulsante, posto / perRiga, colonna, 1, larga);
     ++posto;
   }
+  if (mostrati.isEmpty()) riquadro->hide();
   return riquadro;
 }
 

@@ -19,12 +19,13 @@ struct FunzioneCorrelata {
   int scheda = -1;       ///< tab, where one window serves several entries
 };
 
-/// A button that opens the function as its menu entry does; disabled while there is none. It goes
+/// A button that opens the function as its menu entry does; not shown while there is none. It goes
 /// to the end of `pulsanti` when it can be pressed.
 QPushButton* PulsanteFunzione(Finestre& finestre, const FunzioneCorrelata& funzione,
                               QList<QAbstractButton*>& pulsanti);
 
-/// The frame `FrameFunzCorr`, with so many buttons a line; the last one takes the rest of its line.
+/// The frame `FrameFunzCorr`, with so many buttons a line; the last one takes two places if it can.
+/// Not shown when no function of them is there.
 QGroupBox* RiquadroCorrelate(Finestre& finestre, std::span<const FunzioneCorrelata> funzioni,
                              int perRiga, QList<QAbstractButton*>& pulsanti);
 

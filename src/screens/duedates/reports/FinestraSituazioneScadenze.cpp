@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 #include "core/values/FormatoImporto.h"
@@ -370,6 +371,29 @@ FinestraSituazioneScadenze::FinestraSituazioneScadenze(Finestre& finestre)
 
 FinestraSituazioneScadenze::~FinestraSituazioneScadenze() {
   hide();  // nothing is read from its fields any more
+}
+
+void FinestraSituazioneScadenze::ApriRecord(const Rinvio& rinvio) {
+  Interno& io = *interno_;
+  const int classe = io.classe->findData(Qs(rinvio.classe));
+  if (classe < 0) return;
+  // Another class is read as it is chosen.
+  if (classe == io.classe->currentIndex()) {
+    io.Carica();
+  } else {
+    io.classe->setCurrentIndex(classe);
+  }
+  if (rinvio.scheda != kScadenze || !io.tutte->isEnabled()) {
+    io.parti->setFocus();
+    return;
+  }
+  io.VediScadenze({}, {});
+  const auto prima = std::ranges::find_if(io.elencate, [&io](const auto& scadenza) {
+    return !duedates::GiorniRitardo(scadenza.dt, io.mostrata) && !scadenza.dt.Nulla();
+  });
+  if (prima != io.elencate.end()) {
+    io.scadenze->VaiARiga(static_cast<int>(prima - io.elencate.begin()));
+  }
 }
 
 void FinestraSituazioneScadenze::Aggiorna() {

@@ -15,6 +15,9 @@ class FinestraSituazioneScadenze : public FinestraFunzione {
   explicit FinestraSituazioneScadenze(Finestre& finestre);
   ~FinestraSituazioneScadenze() override;
 
+  /// Shows the class of the reference; on page 1 all its open due dates, from the first that isn't
+  /// overdue.
+  void ApriRecord(const Rinvio& rinvio) override;
   void Aggiorna() override;
   bool Indietro() override;
 
