@@ -12,7 +12,7 @@ campo RagSoc1_2 x 10 y 9 larghezza 130 punti 12 grassetto
 campo Indirizzo_localita x 10 y 14.6 larghezza 130 punti 8
 campo PIVA x 140 y 9.8 larghezza 60 destra punti 8
 campo CODFISC x 140 y 14.6 larghezza 60 destra punti 8
-campo TITOLO x 10 y 21 larghezza 100 punti 13 grassetto
+testo "LIBRO GIORNALE" x 10 y 21 punti 13 grassetto
 campo TITOLO2 x 10 y 27.8 larghezza 100 punti 9
 campo ScrittaAnnoPag x 130 y 27.6 larghezza 40 destra punti 9
 campo AnnoPag x 171 y 27.6 larghezza 29 destra punti 9 grassetto

@@ -1,4 +1,6 @@
 // Trial balance, statements and comparison on books small enough to be worked out by hand.
+#include <map>
+
 #include "core/values/Testo.h"
 #include "ledger/Stampati.h"
 #include "ledger/accounts/MovimentiConto.h"
@@ -150,11 +152,11 @@ TEST_F(BilancioTest, Confronto) {
        {" Periodo A  dal 01/01/2024 al 31/12/2024  anno 2024\n",
         " Periodo B  dal 01/01/2023 al 31/12/2023  anno 2023\n",
         " 520.007    Assicurazioni                               30,500                        "
-        "20,000                       -10,500   -34,4\n",
+        "20,000                        10,500    52,5\n",
         " 700.010    Corrispettivi                                             100,000          "
-        "              20,000        -80,000   -80,0\n",
+        "              20,000         80,000   400,0\n",
         "            UTILE (RICAVI) / PERDITA (COSTI)                           69,500          "
-        "                            -69,500  -100,0\n"}) {
+        "                             69,500\n"}) {
     EXPECT_NE(testo.find(riga), std::string::npos) << riga << testo;
   }
   ledger::MeseConfronto somma;
@@ -170,13 +172,41 @@ TEST_F(BilancioTest, Confronto) {
   EXPECT_EQ(somma.costiB.Testo() + " " + somma.ricaviB.Testo(), "20 20");
 }
 
+TEST_F(BilancioTest, ConfrontoDelRisultato) {
+  struct Caso {
+    const char *costiA, *costiB;  ///< revenues are 100 in both
+    const char *differenza, *percento;
+  };
+  // Profit grown, profit shrunk, loss grown, loss shrunk, profit become a loss, none before.
+  const Caso casi[] = {{"40", "50", "10", "20"},     {"60", "50", "-10", "-20"},
+                       {"160", "150", "-10", "-20"}, {"140", "150", "10", "20"},
+                       {"110", "90", "-20", ""},     {"90", "100", "10", ""}};
+  for (const Caso& caso : casi) {
+    Tessarc().Esegui("DELETE FROM Movimenti");
+    Tessarc().Esegui("DELETE FROM Articoli");
+    Articolo(2024, 1, G(1, 2, 2024),
+             {{"P", "520.007", I(caso.costiA)}, {"P", "700.010", I("-100")}});
+    Articolo(2023, 1, G(1, 2, 2023),
+             {{"P", "520.007", I(caso.costiB)}, {"P", "700.010", I("-100")}});
+    Verso(Destinazione::Testo);
+    ASSERT_TRUE(bilancio.StampaConfronto(Scelta()));
+    const auto pagine = uscite.Righe();
+    const std::string& ultima = pagine.back()[pagine.back().size() - 2];
+    const std::string attesa =
+        reports::Sagoma(reports::PictureImporto(" çççççççççççççç #####,#", true))
+            .Riempi(std::vector<Valore>{
+                I(caso.differenza), *caso.percento == '\0' ? Valore() : Valore(I(caso.percento))});
+    EXPECT_EQ(ultima.substr(107), attesa) << caso.costiA << " " << caso.costiB << "\n" << ultima;
+  }
+}
+
 TEST_F(BilancioTest, ScostamentoSulLatoDelConto) {
   const struct {
     const char *a, *b, *differenza, *percento;
   } casi[] = {
-      {"100", "150", "50", "50"},     {"-100", "-150", "50", "50"}, {"-100", "-50", "-50", "-50"},
-      {"100", "-50", "-150", "-150"}, {"0", "-30", "30", ""},       {"0", "0", "0", ""},
-      {"3", "4", "1", "33.3"},        {"8", "8.02", "0.02", "0.3"}, {"100", "0", "-100", "-100"}};
+      {"150", "100", "50", "50"},     {"-150", "-100", "50", "50"}, {"-50", "-100", "-50", "-50"},
+      {"-50", "100", "-150", "-150"}, {"-30", "0", "30", ""},       {"0", "0", "0", ""},
+      {"4", "3", "1", "33.3"},        {"8.02", "8", "0.02", "0.3"}, {"0", "100", "-100", "-100"}};
   for (const auto& c : casi) {
     const ledger::Scostamento s = ledger::Scosta(I(c.a), I(c.b));
     EXPECT_EQ(s.differenza.Testo(), c.differenza) << c.a << " " << c.b;
@@ -200,7 +230,7 @@ TEST_F(BilancioTest, Scelte) {
   EXPECT_EQ(codici([](ledger::SceltaBilancio&) {}),
             (Elenco{"110.001", "tot. 110", "120.001", "tot. 120", "130.001", "tot. 130", ""}));
   EXPECT_EQ(codici([](ledger::SceltaBilancio& s) { s.escludoSaldo0 = true; }),
-            (Elenco{"110.001", "tot. 110", ""}));
+            (Elenco{"110.001", "tot. 110", "", ""}));  // the note on the totals
   EXPECT_EQ(codici([](ledger::SceltaBilancio& s) { s.stampoCliFor = true; }),
             (Elenco{"110.001", "tot. 110", "120.001", "0001", "0002", "tot. 120", "130.001",
                     "tot. 130", ""}));
@@ -218,6 +248,30 @@ TEST_F(BilancioTest, Scelte) {
             7U);
   // Everything that the chart has, moved or not.
   EXPECT_GT(codici([](ledger::SceltaBilancio& s) { s.escludoNonMovimentati = false; }).size(), 20U);
+}
+
+TEST_F(BilancioTest, TotaliConContiNonStampati) {
+  // 100.020 comes back to zero: left out with its movements, which the totals hold.
+  Articolo(2024, 5, G(1, 4, 2024), {{"P", "100.020", I("5")}, {"P", "110.001", I("-5")}});
+  Articolo(2024, 6, G(2, 4, 2024), {{"P", "100.020", I("-5")}, {"P", "110.001", I("5")}});
+  ledger::SceltaBilancio scelta = Scelta();
+  const auto scritte = [&] {
+    std::string testo;
+    for (const auto& riga : bilancio.FoglioVerifica(scelta).righe) {
+      const std::string cod = riga[0].Testo();
+      if (cod.empty() || cod == "tot. 100" || cod == "tot. 110" || cod == "tot. 700") {
+        testo += riga[1].Testo() + "|";
+      }
+    }
+    return testo;
+  };
+  EXPECT_EQ(scritte(), "Cassa e valori|Banche e depositi|Ricavi di vendita|TOTALI|");
+  scelta.escludoSaldo0 = true;
+  EXPECT_EQ(scritte(),
+            "(*) Cassa e valori|Ricavi di vendita|(*) TOTALI|(*) con conti esclusi dalla stampa|");
+  scelta.soloMastri = true;
+  EXPECT_EQ(scritte(),
+            "Cassa e valori|Ricavi di vendita|(*) TOTALI|(*) con conti esclusi dalla stampa|");
 }
 
 TEST_F(BilancioTest, QuelCheNessunMastroRaccoglieStaInFondo) {
@@ -248,6 +302,32 @@ TEST_F(BilancioTest, QuelCheNessunMastroRaccoglieStaInFondo) {
             std::string::npos);
   EXPECT_NE(uscite.Testo().find("eccedenza attiva                                 73,500\n"),
             std::string::npos);
+}
+
+TEST_F(BilancioTest, ContiCheHannoCambiatoClasse) {
+  // A plain account became a summary of customers, the summary of suppliers a plain account.
+  Tessarc().Esegui("UPDATE Conti SET CFP='C' WHERE Cod='520.007'");
+  Tessarc().Esegui("DELETE FROM ContiClientiFornitori WHERE Cod='520.007'");
+  Tessarc().Esegui("UPDATE Conti SET CFP='P' WHERE Cod='400.001'");
+  ledger::SceltaBilancio scelta = Scelta();
+  scelta.stampoCliFor = true;
+  const reports::Foglio foglio = bilancio.FoglioVerifica(scelta);
+  std::map<std::string, std::string> saldi;
+  for (const auto& riga : foglio.righe) {
+    saldi[riga[0].Testo()] = riga[1].Testo() + " " + riga[6].Importo().Testo();
+  }
+  EXPECT_EQ(saldi["520.007"], "Assicurazioni 30.5");
+  EXPECT_EQ(saldi["400.001"], "Fornitori Italia -30.5");
+  EXPECT_EQ(saldi["0002"], "Fornitori 0002 dell'Oro -30.5");
+  EXPECT_FALSE(saldi.contains("tot. "));  // no account without a master
+  EXPECT_EQ(foglio.righe.back()[6].Importo(), Importo());
+  // Nor on a walk of other masters, or of one letter.
+  scelta.daMastro = scelta.aaMastro = "700";
+  EXPECT_EQ(Codici(bilancio.FoglioVerifica(scelta)),
+            (std::vector<std::string>{"700.010", "tot. 700", ""}));
+  Importo costi;
+  for (const ledger::MeseConfronto& mese : bilancio.MesiConfronto(Scelta())) costi += mese.costiA;
+  EXPECT_EQ(costi, I("30.5"));
 }
 
 TEST_F(BilancioTest, CodiciDaCercareAllaLettera) {
@@ -290,6 +370,8 @@ TEST_F(BilancioTest, ProposteERifiuti) {
             "il mastro iniziale 980 segue quello finale 100: scambiarli");
   EXPECT_EQ(rifiuto([](ledger::SceltaBilancio& s) { s.daMastro = s.aaMastro = "995"; }),
             "non c'è nessun mastro da 995 a 995");
+  EXPECT_EQ(rifiuto([](ledger::SceltaBilancio& s) { s.escludoCausale = "X9"; }),
+            "Causale da escludere: il codice X9 non esiste, sceglierne uno dall'elenco (F2)");
 }
 
 TEST_F(BilancioTest, RinunciaEInterruzione) {
@@ -323,7 +405,7 @@ TEST_F(BilancioTest, FormaGrafica) {
   EXPECT_EQ(conta("UTILE DI ESERCIZIO") + conta("ECCEDENZA ATTIVA"), 2);
   Verso(Destinazione::Pdf);
   ASSERT_TRUE(bilancio.StampaConfronto(scelta));
-  EXPECT_EQ(conta("-34,4"), 3);  // the account, its master and the costs
+  EXPECT_EQ(conta("52,5"), 3);  // the account, its master and the costs
   // A text output has no graphic form.
   Verso(Destinazione::Testo);
   ASSERT_TRUE(bilancio.StampaConfronto(scelta));

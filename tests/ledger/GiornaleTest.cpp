@@ -1,4 +1,5 @@
 // The legal journal: order, layout, amounts carried forward, the definitive print.
+#include <map>
 #include <random>
 
 #include "core/values/Testo.h"
@@ -239,6 +240,32 @@ TEST_F(GiornaleTest, Definitiva) {
   EXPECT_EQ(Segno().Data(), G(30, 6, 2024));
   EXPECT_EQ(Tessarc().Singolo("SELECT Count(*) FROM UltimaDataLibro").Intero(), 1);
   EXPECT_EQ(Tessarc().Singolo("SELECT Anno FROM UltimaDataLibro").Intero(), 2024);
+  // Days since the mark that no print had: asked, and left as it is unless the user goes on.
+  Articolo(2024, 2, G(5, 7, 2024), {{"P", "100.010", I("1"), "APEX"}});
+  Articolo(2024, 3, G(8, 7, 2024), {{"P", "100.010", I("1")}});
+  Articolo(2024, 4, G(20, 7, 2024), {{"P", "100.010", I("1")}});
+  scelta.daDt = G(8, 7, 2024);
+  scelta.aaDt = G(15, 7, 2024);
+  ASSERT_TRUE(Stampa(scelta, Destinazione::Testo, Risposta::Si));
+  EXPECT_EQ(Segno().Data(), G(15, 7, 2024)) << "a provisional opening is in no book";
+  Tessarc().Esegui("UPDATE UltimaDataLibro SET dt=#06/30/2024#");
+  for (const auto& [daDt, daArticolo] :
+       {std::pair{G(9, 7, 2024), 1}, {G(1, 7, 2024), 4}, {Data(), 4}}) {
+    scelta.daDt = daDt;
+    scelta.daArticolo = daArticolo;
+    Verso(Destinazione::Testo);
+    dialoghi.Rispondera("STAMPA DEFINITIVA ?", Risposta::Si);
+    dialoghi.Rispondera("ne resterebbero fuori", Risposta::No);
+    ASSERT_TRUE(giornale.Stampa(scelta));
+    EXPECT_EQ(UltimaDomanda().substr(0, 44), "dal 08/07/2024 al 08/07/2024 ci sono registr");
+    EXPECT_EQ(Segno().Data(), G(30, 6, 2024));
+  }
+  Verso(Destinazione::Testo);
+  dialoghi.Rispondera("STAMPA DEFINITIVA ?", Risposta::Si);
+  dialoghi.Rispondera("ne resterebbero fuori", Risposta::Si);
+  ASSERT_TRUE(giornale.Stampa(scelta));
+  EXPECT_EQ(Segno().Data(), G(15, 7, 2024));
+  Tessarc().Esegui("UPDATE UltimaDataLibro SET dt=#06/30/2024#");
   // The year after goes on; the year before isn't held by it.
   ASSERT_TRUE(ambiente.ScegliAnno(2025));
   EXPECT_EQ(giornale.Proposta().daDt, G(1, 1, 2025));
@@ -285,6 +312,31 @@ TEST_F(GiornaleTest, RifiutiRinunceEVideo) {
   EXPECT_TRUE(uscite.pagine.empty());
 }
 
+TEST_F(GiornaleTest, FormaGraficaSenzaTagli) {
+  const std::string nome = "Immobilizzazioni immateriali in corso e acconti a fornitori esteri";
+  Tessarc().Esegui("UPDATE ContiClientiFornitori SET Descrizione='" + nome +
+                   "' WHERE Cod='100.010' AND CFP='P'");
+  for (const bool compatta : {false, true}) {
+    Articolo(2024, compatta ? 2 : 1, G(1, 2, 2024),
+             {{"P", "100.010", I("5.125"), "", nome + nome}});
+    ledger::SceltaGiornale scelta = Scelta();
+    scelta.stGrafico = true;
+    scelta.stampaCompatta = compatta;
+    scelta.daArticolo = compatta ? 2 : 1;
+    ASSERT_TRUE(Stampa(scelta, Destinazione::Pdf));
+    std::map<int, std::string> colonne;  // what stands in each, from top to bottom
+    for (const auto& elemento : uscite.pagine[0].elementi) {
+      if (const auto* scritta = std::get_if<reports::Scritta>(&elemento)) {
+        colonne[scritta->x] += scritta->testo + " ";
+        EXPECT_LE(LunghezzaTesto(scritta->testo), 54U);
+      }
+    }
+    EXPECT_THAT(colonne[6200], HasSubstr(nome));
+    EXPECT_THAT(colonne[9700], HasSubstr(nome + nome));
+    EXPECT_THAT(colonne[15700], HasSubstr("5,125 "));
+  }
+}
+
 TEST_F(GiornaleTest, FormaGrafica) {
   ScriviMolti(150);
   ledger::SceltaGiornale scelta = Scelta();
@@ -301,7 +353,8 @@ TEST_F(GiornaleTest, FormaGrafica) {
   EXPECT_EQ(conta("riporto"), pagine - 1);
   EXPECT_EQ(conta("2024/5"), 1);
   EXPECT_EQ(conta("2024/" + std::to_string(4 + pagine)), 1);
-  EXPECT_EQ(conta("GIORNALE DI TESSARC'"), pagine);
+  EXPECT_EQ(conta("LIBRO GIORNALE"), pagine);
+  EXPECT_EQ(conta("GIORNALE DI TESSARC'"), 0);
   EXPECT_EQ(conta("totali   dal 01/01/2024  al 31/12/2024"), 1);
   EXPECT_EQ(conta("art. 77"), 1);
 }

@@ -296,8 +296,13 @@ TEST_F(PianoDeiContiTest, Stampe) {
       std::string::npos);
   EXPECT_TRUE(testo.ends_with("           CONTI SENZA MASTRO\nX7.001     orfano\n"));
 
+  ambiente.ScriviImpostazione("", "config", "ragsoc2", "DI ANNA E PAOLO VERDI S.N.C.");
   Verso(Destinazione::Testo);
   Premi(conti, "StampaRettifiche");
+  EXPECT_TRUE(
+      uscite.Testo().starts_with("                      EMPORIO BELLOSGUARDO DI ANNA E 15/03/24\n"
+                                 "                      PAOLO VERDI S.N.C.\n"))
+      << uscite.Testo().substr(0, 200);
   testo = uscite.Testo();
   EXPECT_NE(testo.find("| CONTI CON RETTIFICHE DI BILANCIO                                |\n"),
             std::string::npos);

@@ -26,17 +26,19 @@ TEST_F(PrimanotaConfermaTest, ControlliInOrdine) {
   pn.Testa().Scrivi("NumDoc", 1);
   ASSERT_TRUE(Scrivi(pn, {"100.010", I("5")}));
   ASSERT_TRUE(pn.PNuovaRiga());
-  for (const auto& azione : {&ledger::Primanota::Conferma, &ledger::Primanota::Elimina}) {
-    EXPECT_FALSE((pn.*azione)());
-    EXPECT_EQ(SoloMessaggio(), "confermare o annullare prima la riga");
-  }
+  EXPECT_FALSE(pn.Conferma());
+  EXPECT_EQ(SoloMessaggio(), "confermare o annullare prima la riga");
+  EXPECT_FALSE(pn.Elimina());
+  EXPECT_EQ(SoloMessaggio(), "confermare o annullare prima la riga");
   pn.AnnullaRiga();
   EXPECT_FALSE(pn.Conferma());
   EXPECT_EQ(SoloMessaggio(), "articolo già esistente: 1, 2024");
   pn.Testa().Scrivi("NumDoc", 7);
-  EXPECT_FALSE(pn.Conferma());
+  pn.Testa().Scrivi("Dt", Data());
+  std::string campo;
+  EXPECT_FALSE(pn.Conferma(&campo));
   EXPECT_EQ(SoloMessaggio(), "Sbilancio\nin avere manca 5,00: dare 5,00, avere 0,00");
-  EXPECT_EQ(pn.CampoRifiutato(), "PNuovaRiga");
+  EXPECT_EQ(campo, "PNuovaRiga");
   EXPECT_EQ(Contenuto(), prima);
   EXPECT_EQ(pn.StatoCorrente(), ledger::Primanota::Stato::Aperta);
   ASSERT_EQ(pn.Righe().size(), 1U);
@@ -45,12 +47,59 @@ TEST_F(PrimanotaConfermaTest, ControlliInOrdine) {
   EXPECT_FALSE(pn.Conferma());
   ASSERT_TRUE(Scrivi(pn, {"110.001", I("-0.0001")}));
   Messaggi();
+  EXPECT_FALSE(pn.Conferma(&campo));
+  EXPECT_EQ(SoloMessaggio() + campo, "manca la dataDt");
+  EXPECT_EQ(Contenuto(), prima);
+  pn.Testa().Scrivi("Dt", G(15, 3, 2024));
   ASSERT_TRUE(pn.Conferma());
   EXPECT_EQ(SoloMessaggio(), "ARTICOLO CONTABILE n. 7\nannotare il numero");
   EXPECT_EQ(pn.NumeroConfermato(), 7);
   EXPECT_EQ(pn.StatoCorrente(), ledger::Primanota::Stato::Inattiva);
   EXPECT_TRUE(pn.Righe().empty());
   EXPECT_EQ(NumeroRighe(7), 3);
+}
+
+TEST_F(PrimanotaConfermaTest, CodiceEliminatoMentreSiScrive) {
+  struct Caso {
+    const char *prepara, *elimina;
+    RigaDaScrivere riga;
+    const char* messaggio;
+  };
+  const Caso casi[] = {{"INSERT INTO Conti (Cod, CFP) VALUES ('X1.001', 'P')",
+                        "DELETE FROM Conti WHERE Cod='X1.001'",
+                        {"X1.001", I("-5")},
+                        "Conto: il codice X1.001"},
+                       {"INSERT INTO Clienti (Cod, Conto) VALUES ('9001', '120.001')",
+                        "DELETE FROM Clienti WHERE Cod='9001'",
+                        {"9001", I("-5"), "C"},
+                        "Conto: il codice 9001"},
+                       {"INSERT INTO Causali (Cod) VALUES ('X1')",
+                        "DELETE FROM Causali WHERE Cod='X1'",
+                        {"110.001", I("-5"), "P", "X1"},
+                        "Causale: il codice X1"}};
+  for (const Caso& caso : casi) {
+    Tessarc().Esegui(caso.prepara);
+    ledger::Primanota pn(ambiente);
+    pn.Nuovo();
+    ASSERT_TRUE(Scrivi(pn, giroconto[0]));
+    ASSERT_TRUE(Scrivi(pn, caso.riga));
+    Tessarc().Esegui(caso.elimina);
+    const std::string prima = Contenuto();
+    std::string campo;
+    EXPECT_FALSE(pn.Conferma(&campo));
+    EXPECT_EQ(SoloMessaggio(), std::string("riga in posizione 200: ") + caso.messaggio +
+                                   " non esiste, sceglierne uno dall'elenco (F2)");
+    EXPECT_EQ(campo, "GrigliaRighe");
+    EXPECT_EQ(Contenuto(), prima);
+    EXPECT_EQ(pn.Righe().size(), 2U);
+  }
+  // What stands in the books stays, and the rest of the registration can be changed.
+  const std::int64_t numero = Registra(giroconto);
+  Tessarc().Esegui("UPDATE Movimenti SET Conto='X1.001' WHERE Conto='110.001'");
+  ledger::Primanota pn(ambiente);
+  ASSERT_TRUE(pn.Apri(numero));
+  pn.Testa().Scrivi("Dt", G(16, 3, 2024));
+  EXPECT_TRUE(pn.Conferma());
 }
 
 TEST_F(PrimanotaConfermaTest, TestataDaiConti) {

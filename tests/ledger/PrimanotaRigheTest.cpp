@@ -107,35 +107,46 @@ TEST_F(PrimanotaRigheTest, ControlliInOrdine) {
     std::int64_t posi;
     const char *causale, *cfp, *conto;
     std::string messaggio;
-    const char* campo;
+    std::string campo = "Conto";
+    const char* controp = "";
+    const char* categoria = "";
   };
-  const std::string manca = "manca causale o conto\n";
+  const std::string manca = "manca causale o conto";
+  const auto ignoto = [](const std::string& campo, const std::string& codice) {
+    return campo + ": il codice " + codice + " non esiste, sceglierne uno dall'elenco (F2)";
+  };
   const std::string riepilogo =
       "sull'anagrafica del cliente/fornitore 0003 non è inserito il "
       "conto riepilogativo";
   const std::vector<Caso> casi = {
       {100, "", "P", "", "posizione già esistente\nla prima libera in fondo è la 200", "Posi"},
-      {200, "", "P", "100.010", manca + "scrivere la causale", "Causale"},
-      {200, "001", "P", "", manca + "scrivere il conto", "Conto"},
-      {200, "999", "P", "100.010", manca + "la causale 999 non è in archivio", "Causale"},
-      {200, "001", "P", "999.999", manca + "il conto 999.999 non è in archivio", "Conto"},
+      {200, "", "P", "100.010", manca + "\nscrivere la causale", "Causale"},
+      {200, "001", "P", "", manca + "\nscrivere il conto"},
+      {200, "999", "P", "100.010", manca + "\n" + ignoto("Causale", "999"), "Causale"},
+      {200, "001", "P", "999.999", manca + "\n" + ignoto("Conto", "999.999")},
       // The summary of customers is no account of rows.
-      {200, "001", "P", "120.001", manca + "il conto 120.001 non è in archivio", "Conto"},
-      {200, "001", "F", "100.010", manca + "il conto 100.010 non è in archivio", "Conto"},
-      {200, "001", "C", "0003", riepilogo, "Conto"},
-      {200, "001", "F", "0003", riepilogo, "Conto"},
+      {200, "001", "P", "120.001", manca + "\n" + ignoto("Conto", "120.001")},
+      {200, "001", "F", "100.010", manca + "\n" + ignoto("Conto", "100.010")},
+      {200, "001", "C", "0003", riepilogo, "Conto", "999.999"},
+      {200, "001", "F", "0003", riepilogo},
+      {200, "001", "P", "100.010", ignoto("Contropartita", "999.999"), "ContoControp", "999.999"},
+      {200, "001", "P", "100.010", ignoto("Categoria", "XX"), "Categoria", "", "XX"},
       {200, "001", "f", "0001", "", ""},
   };
+  pn.ContropAutomatiche(false);
   for (const Caso& caso : casi) {
     ASSERT_TRUE(pn.PNuovaRiga());
     pn.Riga().Scrivi("Posi", caso.posi);
     pn.Riga().Scrivi("Causale", caso.causale);
     pn.Riga().Scrivi("CFP", caso.cfp);
     pn.Riga().Scrivi("Conto", caso.conto);
-    EXPECT_EQ(pn.ConfermaRiga(), caso.messaggio.empty()) << caso.conto;
+    pn.Riga().Scrivi("ContoControp", caso.controp);
+    pn.Riga().Scrivi("Categoria", caso.categoria);
+    std::string campo;
+    EXPECT_EQ(pn.ConfermaRiga(&campo), caso.messaggio.empty()) << caso.conto;
+    EXPECT_EQ(campo, caso.campo) << caso.messaggio;
     EXPECT_EQ(Messaggi(), caso.messaggio.empty() ? std::vector<std::string>{}
                                                  : std::vector<std::string>{caso.messaggio});
-    EXPECT_EQ(pn.CampoRifiutato(), caso.campo) << caso.messaggio;
     pn.AnnullaRiga();
   }
   ASSERT_EQ(pn.Righe().size(), 2U);

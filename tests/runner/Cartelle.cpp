@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "core/session/CreaDitta.h"
+#include "core/session/FileIni.h"
 #include "runner/Esecutore.h"
 
 namespace fenalto::copione {
@@ -54,9 +55,12 @@ Esito<bool> Riempi(const OpzioniAmbiente& opzioni) {
   const BloccoCartella blocco(cartella);
   if (!blocco.Aperta()) return Errore{"the folder " + cartella.string() + " can't be used"};
   if (!std::filesystem::is_empty(cartella, errore)) return true;
-  return CreaDittaDaModello(
+  auto creata = CreaDittaDaModello(
       opzioni, kDitta,
       {{2000, false, false}, {2023, true, false}, {2024, true, false}, {2025, true, false}}, true);
+  if (!creata) return creata;
+  // Copioni read amounts as the pictures of the text form show them, whatever the form.
+  return FileIni::Scrivi(cartella / (std::string(kDitta) + ".ini"), "Config", "DecStampe", "3");
 }
 
 }  // namespace fenalto::copione

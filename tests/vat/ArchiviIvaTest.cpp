@@ -84,6 +84,27 @@ TEST_F(ArchiviIvaTest, ControlliDelRegistroInOrdine) {
     EXPECT_FALSE(confermato);
     EXPECT_EQ(SoloMessaggio(), caso.messaggio);
   }
+  // Codes that don't exist come last, in the order of their fields; those of a hidden frame not.
+  const Campi corrispettivi{{"Cod", "X"},
+                            {"Tipo", "02"},
+                            {"Conto", "999.999"},
+                            {"ContoCassa", "999.998"},
+                            {"ContoRicaviCorrisp", "700.010"},
+                            {"CauGiroCorrisp", "X9"},
+                            {"CodIva", "X8"}};
+  const std::tuple<const char*, const char*, const char*> ignoti[] = {
+      {"Conto", "Conto IVA: il codice 999.999", "170.001"},
+      {"ContoCassa", "Conto cassa: il codice 999.998", "100.010"},
+      {"CauGiroCorrisp", "Causale del giro: il codice X9", "037"},
+      {"CodIva", "Codice IVA proposto: il codice X8", "20"}};
+  Campi campi = corrispettivi;
+  for (const auto& [campo, messaggio, giusto] : ignoti) {
+    EXPECT_EQ(Registra(campi), campo);
+    EXPECT_EQ(SoloMessaggio(),
+              messaggio + std::string(" non esiste, sceglierne uno dall'elenco (F2)"));
+    campi.emplace_back(campo, giusto);
+  }
+  EXPECT_EQ(Contenuto(), prima);
   // A missing field is told before the code that exists.
   Registra({{"Cod", "1"}, {"Tipo", "01"}});
   EXPECT_EQ(SoloMessaggio(), "manca conto iva");

@@ -76,6 +76,11 @@ struct Caso {
 };
 
 constexpr const char* kFissa = "'APE' e 'APEX' sono predefinite e non si possono modificare";
+constexpr const char* kPredefinite = "'APE' e 'APEX' sono predefinite";
+constexpr const char* kCausaleIgnota =
+    "Causale del giro ritenuta: il codice X9 non esiste, sceglierne uno dall'elenco (F2)";
+constexpr const char* kContoIgnoto =
+    "Conto del giro ritenuta: il codice 999.999 non esiste, sceglierne uno dall'elenco (F2)";
 constexpr const char* kIva =
     "le causali con codice che inizia con un numero (da 1 a 9) sono riservate alle registrazioni "
     "iva";
@@ -112,8 +117,16 @@ TEST_F(ArchiviPiccoliTest, Rifiuti) {
       Caso("Causali", "", Elimina, "apex", {}, kFissa),
       Caso("Causali", "", Conferma, "", {{"Cod", "9A"}}, kIva, "Cod"),
       Caso("Causali", "", Conferma, "001", {{"Cod", "1"}}, kIva, "Cod"),
+      Caso("Causali", "delete from Causali where Cod='APE'", Conferma, "", {{"Cod", "ape"}},
+           kPredefinite, "Cod"),
+      Caso("Causali", "", Conferma, "001", {{"Cod", "APEX"}}, kPredefinite, "Cod"),
       Caso("Causali", "", Conferma, "", {{"Cod", "0A"}, {"Ripete", true}}, ""),
       Caso("Causali", "", Conferma, "", {{"Cod", "XA"}}, ""),
+
+      Caso("Ritenute", "", Conferma, "", {{"Cod", "X1"}, {"Causale", "X9"}}, kCausaleIgnota,
+           "Causale"),
+      Caso("Ritenute", "", Conferma, "", {{"Cod", "X1"}, {"Causale", "001"}, {"Conto", "999.999"}},
+           kContoIgnoto, "Conto"),
 
       Caso("Categorie", kFissata, Conferma, "XC", {{"Cod", "XD"}}, "categoria XC non modificabile",
            "Cod"),
@@ -261,7 +274,9 @@ TEST_F(ArchiviPiccoliTest, OgniCampoDescrittoSiTieneESiRilegge) {
       if (!archivio.Stato(campo.nome).attivo) continue;
       scritti[campo.nome] = Pieno(archivio.Record(), campo);
       if (campo.genere != records::GenereCampo::Codice) continue;
-      EXPECT_FALSE(archives::Fonte(ambiente, campo.fonte)->Cerca("", 1).empty()) << campo.fonte;
+      const auto codici = archives::Fonte(ambiente, campo.fonte)->Cerca("", 1);
+      ASSERT_FALSE(codici.empty()) << campo.fonte;
+      scritti[campo.nome] = codici.front().codice;
     }
     for (const auto& [campo, valore] : scritti) archivio.Record().Scrivi(campo, valore);
     archivio.Record().Scrivi("Cod", "X1");

@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "core/archives/ArchivioInterno.h"
+#include "core/archives/CodiciNoti.h"
 #include "core/archives/ConfrontoRecord.h"
+#include "core/archives/FonteCodici.h"
 #include "core/archives/Riferimenti.h"
 #include "core/records/Conferma.h"
 #include "core/store/TransazioneComune.h"
@@ -62,7 +64,26 @@ bool ArchivioCodici::Interno::Ammesso() {
       (!Passa(descrizione.guardieCodice) || (!descrizione.portaCodice && CodiceInUso()))) {
     return false;
   }
-  return Passa(descrizione.controlliDopoCodice);
+  if (!Passa(descrizione.controlliDopoCodice)) return false;
+  const auto ignoto = Ignoto();
+  return !ignoto || Rifiuta(ignoto->messaggio, ignoto->campo);
+}
+
+std::optional<Rifiuto> ArchivioCodici::Interno::Ignoto() {
+  // A record may name itself: it exists once it is written.
+  const auto seStesso = [this](const std::string& nome) {
+    return record.Ha(nome) && UgualeTesto(record.Testo(nome), contesto.Codice()) &&
+           std::ranges::any_of(descrizione.campi, [&](const records::CampoForma& campo) {
+             return campo.nome == nome && !campo.fonte.empty() &&
+                    UgualeTesto(DescrizioneDiFonte(campo.fonte).tabella, descrizione.tabella);
+           });
+  };
+  return CodiceIgnoto(ambiente, descrizione, record, contesto.nuovo, [&](const std::string& nome) {
+    records::StatoCampo stato =
+        descrizione.stato ? descrizione.stato(contesto, nome) : records::StatoCampo{};
+    stato.attivo = stato.attivo && !seStesso(nome);
+    return stato;
+  });
 }
 
 bool ArchivioCodici::Interno::Tiene() {
@@ -130,6 +151,7 @@ bool ArchivioCodici::Interno::Scrivi() {
     std::vector<Valore> ora;
     if (Confronta(ora) != Confronto::Uguale) return false;
   }
+  if (Ignoto()) return false;  // deleted elsewhere since the checks
   Rs& scritta = contesto.nuovo ? nuova : riga;
   for (const auto& [campo, valore] : record.Campi()) scritta.Imposta(campo, valore);
   scritta.Update();

@@ -41,13 +41,16 @@ struct ArchivioCodici::Interno {
   bool CodiceInUso();
   void RifilaCodice();
   bool Ammesso();
+  /// A code typed into the record that doesn't exist.
+  std::optional<Rifiuto> Ignoto();
   /// Takes the lock again when it was lost in a write that failed.
   bool Tiene();
   Confronto Confronta(std::vector<Valore>& ora);
   /// What was changed or deleted elsewhere is told or asked; false when the confirmation stops.
   bool Concorde();
   void DiventaNuovo();
-  /// False when the row is no longer as it was when the user last saw it: nothing was written.
+  /// False when the row is no longer as it was when the user last saw it, or a code that it names
+  /// is gone: nothing was written.
   bool Scrivi();
   void Riprendi() noexcept;
   /// Does a confirmation's work ("conferma"); what fails is told, and the record goes on.

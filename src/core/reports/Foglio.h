@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/reports/DecimaliStampe.h"
 #include "core/values/Esito.h"
 #include "core/values/Valore.h"
 
@@ -23,6 +24,8 @@ struct Foglio {
   std::vector<std::vector<Valore>> righe;
   /// Rows printed in bold (totals), by index.
   std::vector<std::size_t> totali;
+  /// How many decimals a cell of a column of two shows.
+  DecimaliStampe decimali = {};
 };
 
 /// Real .xlsx: typed numbers and dates with Italian formats, header row frozen, widths fitted. A

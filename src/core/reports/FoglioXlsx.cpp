@@ -113,7 +113,10 @@ class ScrittoreXlsx {
   void ScriviRiga(const std::vector<Valore>& valori, const Foglio& foglio, bool grassetto,
                   bool titolo) {
     for (std::size_t i = 0; i < valori.size(); ++i) {
-      const int decimali = i < foglio.colonne.size() ? foglio.colonne[i].decimali : 2;
+      int decimali = i < foglio.colonne.size() ? foglio.colonne[i].decimali : 2;
+      if (decimali == 2 && valori[i].Tipo() == Tipo::Importo) {
+        decimali = foglio.decimali.Di(valori[i].Importo());
+      }
       const std::size_t caratteri =
           ScriviCella(static_cast<lxw_col_t>(i), valori[i], decimali, grassetto, titolo);
       if (i < larghezze_.size()) larghezze_[i] = std::max(larghezze_[i], caratteri);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/reports/DecimaliStampe.h"
 #include "core/reports/PezzoSagoma.h"
 #include "core/reports/Seguito.h"
 #include "core/reports/TestoStampato.h"
@@ -47,25 +48,27 @@ void Rapporto::Tavola(Colonne colonne, const std::string& campoScritta,
 }
 
 bool Rapporto::Apri(const Cornice& cornice, std::function<void()> testata) {
-  if (!stampa_.Inizio(cornice.rapporto)) return false;
-  grafico_ = cornice.grafico && !stampa_.SoloTesto();
-  if (grafico_ && cornice.modello.empty()) {
-    stampa_.Modello(
-        ModelloStampa::DaTesto(colonne_->Modello(campoScritta_), cornice.rapporto).Valore());
-  } else if (grafico_ && !stampa_.Modello(PercorsoModello(ambiente_, cornice.modello))) {
-    return false;
+  return stampa_.Inizio(cornice.rapporto) && Appronta(cornice, std::move(testata));
+}
+
+bool Rapporto::Apri(std::unique_ptr<Uscita> uscita, const Cornice& cornice,
+                    std::function<void()> testata) {
+  stampa_.Inizio(std::move(uscita));
+  return Appronta(cornice, std::move(testata));
+}
+
+bool Rapporto::PrendiModello(const Cornice& cornice) {
+  if (!cornice.modello.empty()) {
+    return stampa_.Modello(PercorsoModello(ambiente_, cornice.modello));
   }
-  Appronta(cornice, std::move(testata));
+  stampa_.Modello(
+      ModelloStampa::DaTesto(colonne_->Modello(campoScritta_), cornice.rapporto).Valore());
   return true;
 }
 
-void Rapporto::Apri(std::unique_ptr<Uscita> uscita, const Cornice& cornice,
-                    std::function<void()> testata) {
-  stampa_.Inizio(std::move(uscita));
-  Appronta(cornice, std::move(testata));
-}
-
-void Rapporto::Appronta(const Cornice& cornice, std::function<void()> testata) {
+bool Rapporto::Appronta(const Cornice& cornice, std::function<void()> testata) {
+  grafico_ = cornice.grafico && !stampa_.SoloTesto();
+  if (grafico_ && !PrendiModello(cornice)) return false;
   stampa_.ModoTesto(!grafico_);
   if (grafico_) {
     stampa_.Dimensioni(kX + cornice.xTar);
@@ -79,6 +82,7 @@ void Rapporto::Appronta(const Cornice& cornice, std::function<void()> testata) {
     testata();
     if (riporto_ && !NienteDaRiportare()) RigaRiporto("riporto", nullptr);
   });
+  return true;
 }
 
 void Rapporto::Larghezza(std::size_t caratteri) {
@@ -92,6 +96,7 @@ void Rapporto::ApriFoglio(Foglio& foglio, const std::vector<std::vector<Valore>>
   foglio.premessa = {{"ditta ", ditta_.ragSoc1_2}, {"data stampa ", ambiente_.Ora().Oggi()}};
   foglio.premessa.insert(foglio.premessa.end(), premessa.begin(), premessa.end());
   foglio.colonne = colonne_->DelFoglio();
+  foglio.decimali = DecimaliStampe(ambiente_);
 }
 
 bool Rapporto::Fine() {

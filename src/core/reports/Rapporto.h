@@ -43,8 +43,8 @@ class Rapporto {
   /// table's is taken, without a model one is drawn from its columns. `testata` prints the heading
   /// of each page.
   bool Apri(const Cornice& cornice, std::function<void()> testata);
-  /// The same on an output given beforehand, in the text form.
-  void Apri(std::unique_ptr<Uscita> uscita, const Cornice& cornice, std::function<void()> testata);
+  /// The same on an output given beforehand.
+  bool Apri(std::unique_ptr<Uscita> uscita, const Cornice& cornice, std::function<void()> testata);
   /// Fills a sheet instead: its columns, the usual lines above them, and `premessa`.
   void ApriFoglio(Foglio& foglio, const std::vector<std::vector<Valore>>& premessa);
   /// Ends the output; false when it was cancelled or failed (told to the user).
@@ -115,7 +115,9 @@ class Rapporto {
   bool Passo();
 
  private:
-  void Appronta(const Cornice& cornice, std::function<void()> testata);
+  /// On the output that is open.
+  bool Appronta(const Cornice& cornice, std::function<void()> testata);
+  bool PrendiModello(const Cornice& cornice);
   void Stendi(const Fascia& fascia, std::vector<Valore> valori, const Rinvio& rinvio);
   /// The values of the columns shown, as the form at hand writes them.
   [[nodiscard]] std::vector<Valore> Celle(const std::vector<Valore>& celle) const;

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/reports/DecimaliStampe.h"
 #include "core/reports/PaginaTesto.h"
 #include "core/reports/Seguito.h"
 #include "core/reports/TestoStampato.h"
@@ -74,6 +75,7 @@ struct Stampa::Interno {
   int passoChiesto = kPassoUsuale;
   std::size_t larghezza = 0;
   std::optional<ModelloStampa> modello;
+  DecimaliStampe decimali;
   int spostamento = 0;
 
   void Azzera(std::unique_ptr<Uscita> nuova) {
@@ -88,6 +90,7 @@ struct Stampa::Interno {
     larghezza = 0;
     passoChiesto = kPassoUsuale;
     disposizione = {};
+    decimali = DecimaliStampe(ambiente);
   }
 
   const Sagoma& SagomaDi(std::string_view modelloRiga) {
@@ -164,7 +167,8 @@ struct Stampa::Interno {
     if (campo->formato.empty()) {
       AccodaPulito(scritta.testo, TestoStampato(valore));
     } else {
-      scritta.testo = Rifila(SagomaDi(campo->formato).Riempi({&valore, 1}));
+      scritta.testo =
+          Rifila(SagomaDi(decimali.DelModello(campo->formato, valore)).Riempi({&valore, 1}));
     }
     if (!scritta.testo.empty()) Metti(std::move(scritta));
   }

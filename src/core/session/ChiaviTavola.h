@@ -40,6 +40,9 @@ inline constexpr auto kChiaviDitta = std::to_array<ChiaveImpostazione>({
 
     {"DecP", kGruppoNumeri, G::Numero, "2", "Decimali dei prezzi, da 2 a 4."},
     {"DecQ", kGruppoNumeri, G::Numero, "2", "Decimali delle quantità, da 0 a 4."},
+    {"DecStampe", kGruppoNumeri, G::Numero, "2, il terzo se non è zero",
+     "Decimali degli importi in euro in formato grafico, nei fogli e nei riquadri dei saldi: con "
+     "«3» sempre tre, come nelle stampe di testo."},
     {"ArrotImporto", kGruppoNumeri, G::Uno, "no",
      "L'importo delle righe di documenti e ordini si arrotonda al centesimo; altrimenti si "
      "tronca."},

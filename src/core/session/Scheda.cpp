@@ -87,14 +87,20 @@ std::vector<std::pair<std::string, Valore>> Scheda::Campi() const {
   return scritti;
 }
 
+bool Scheda::Diverso(const Campo& campo) {
+  // Texts that differ in case only are the same to the store, not to who typed them.
+  if (campo.valore.Tipo() == Tipo::Testo && campo.originale.Tipo() == Tipo::Testo) {
+    return campo.valore.RifTesto() != campo.originale.RifTesto();
+  }
+  return !(campo.valore == campo.originale);
+}
+
 bool Scheda::Modificata() const {
-  return std::any_of(campi_.begin(), campi_.end(), [](const Campo& c) {
-    // Texts that differ in case only are the same to the store, not to who typed them.
-    if (c.valore.Tipo() == Tipo::Testo && c.originale.Tipo() == Tipo::Testo) {
-      return c.valore.RifTesto() != c.originale.RifTesto();
-    }
-    return !(c.valore == c.originale);
-  });
+  return std::any_of(campi_.begin(), campi_.end(), Diverso);
+}
+
+bool Scheda::Modificata(std::string_view campo) const {
+  return Diverso(Preso(campo));
 }
 
 void Scheda::Consolida() {

@@ -35,6 +35,8 @@ class Scheda {
 
   /// Whether a field differs from what it was at Svuota, Carica or Consolida.
   [[nodiscard]] bool Modificata() const;
+  /// The same of one field; throws std::out_of_range on an unknown name.
+  [[nodiscard]] bool Modificata(std::string_view campo) const;
   /// What is there now counts as not changed.
   void Consolida();
 
@@ -50,6 +52,7 @@ class Scheda {
   };
   [[nodiscard]] const Campo* Trova(std::string_view campo) const;
   [[nodiscard]] const Campo& Preso(std::string_view campo) const;
+  static bool Diverso(const Campo& campo);
   static Valore Convertito(const Campo& campo, const Valore& valore);
   std::vector<Campo> campi_;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/archives/CodiciNoti.h"
 #include "core/records/RigheInTabella.h"
 #include "core/values/Testo.h"
 
@@ -81,7 +82,7 @@ void RateCodice::Lasciato(const std::string& campo) {
   }
 }
 
-bool RateCodice::Rifiuta(const char* messaggio, const char* campo, Rifiuto* rifiuto) {
+bool RateCodice::Rifiuta(const std::string& messaggio, const char* campo, Rifiuto* rifiuto) {
   if (rifiuto != nullptr) *rifiuto = {messaggio, campo};
   ambiente_.Dialogo().Messaggio(messaggio, Icona::Avviso);
   return false;
@@ -104,6 +105,10 @@ bool RateCodice::ConfermaRiga(Rifiuto* rifiuto) {
   if (rata.giornoFisso && !rata.fineMese && !rata.dataFattura &&
       (rata.ggFisso < 1 || rata.ggFisso > 31))
     return Rifiuta("giorno fisso: valore ammesso da 1 a 31", "GGFisso", rifiuto);
+  const bool stessoTipo = !RigaNuova() && UgualeTesto(rata.tipo, righe_.Aperta()->tipo);
+  const auto ignoto =
+      archives::CodiceIgnoto(ambiente_, {"Tipo", "Tipo", "tipiPagamento"}, rata.tipo);
+  if (ignoto && !stessoTipo) return Rifiuta(ignoto->messaggio, "Tipo", rifiuto);
   righe_.Sostituisci(righe_.Con(std::move(rata)));
   return true;
 }

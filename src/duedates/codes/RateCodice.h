@@ -56,7 +56,7 @@ class RateCodice {
   void Elimina(const std::string& codice);
 
  private:
-  [[nodiscard]] bool Rifiuta(const char* messaggio, const char* campo, Rifiuto* rifiuto);
+  [[nodiscard]] bool Rifiuta(const std::string& messaggio, const char* campo, Rifiuto* rifiuto);
   [[nodiscard]] bool Esiste(const std::string& rata) const;
 
   Ambiente& ambiente_;

@@ -1,5 +1,6 @@
 #include "duedates/payments/ScadenzaDigitata.h"
 
+#include "core/archives/CodiciNoti.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::duedates {
@@ -109,6 +110,15 @@ std::optional<ScadenzaDigitata::Intoppo> ScadenzaDigitata::Rifiuto(
   }
   if (std::string rifiuto = RifiutoDecimali(ambiente_, ImportoE()); !rifiuto.empty()) {
     return Intoppo{std::move(rifiuto), "ImportoE"};
+  }
+  const std::string causale = cosa.conRegistrazione ? cosa.causale : std::string();
+  if (auto no = archives::CodiceIgnoto(ambiente_, {"", "Causale", "causali"}, causale)) {
+    return Intoppo{no->messaggio, ""};
+  }
+  const std::string banca =
+      dati_.Modificata("BancaPresentaz") ? dati_.Testo("BancaPresentaz") : std::string();
+  if (auto no = archives::CodiceIgnoto(ambiente_, {"BancaPresentaz", "Banca", "banche"}, banca)) {
+    return Intoppo{no->messaggio, no->campo};
   }
   return std::nullopt;
 }

@@ -86,7 +86,9 @@ std::optional<BancaPresentazione> LeggiBanca(Ambiente& ambiente, const std::stri
                             testo("Nome"),
                             testo("Agenzia"),
                             {testo("CodSia"), testo("Abi"), testo("CAB"), testo("ContoCorrente")},
-                            rs.Fields("NUltDistinta").Intero()};
+                            rs.Fields("NUltDistinta").Intero(),
+                            testo("paese") + testo("CinInt") + testo("Cin") + testo("Abi") +
+                                testo("CAB") + testo("ContoCorrente")};
 }
 
 Riba::Riba(Ambiente& ambiente) : ambiente_(ambiente), data_(ambiente.Ora().Oggi()) {

@@ -42,6 +42,7 @@ struct BancaPresentazione {
   std::string agenzia;
   BancaRiba conto;
   std::int64_t nUltDistinta = 0;
+  std::string iban = {};  ///< as far as it is known
   bool operator==(const BancaPresentazione&) const = default;
 };
 std::optional<BancaPresentazione> LeggiBanca(Ambiente& ambiente, const std::string& cod);
@@ -53,6 +54,13 @@ struct ImpostazioniRiba {
   std::string contropartita;   ///< `ContropartitaRiba`
   bool registrazione = false;  ///< `RegistrazioneContabileRiba`
   bool operator==(const ImpostazioniRiba&) const = default;
+};
+
+/// How the batch is printed where the output takes more than text.
+struct FormaDistinta {
+  bool grafico = false;
+  double xTar = 0;         ///< millimetres to the right
+  bool tracciato = false;  ///< with the lines of the bank's file, which the text form always has
 };
 
 struct DatiDistinta;
@@ -108,6 +116,7 @@ class Riba {
   /// The same for the user.
   [[nodiscard]] std::string TestoSegno() const;
 
+  void ImpostaForma(const FormaDistinta& forma) { forma_ = forma; }
   /// Checks, prints the batch, asks, and writes file, due dates, bank and registration: all or
   /// nothing. After success the selection is empty and the bank has its next number.
   bool Conferma(reports::FabbricaUscite& uscite);
@@ -140,6 +149,7 @@ class Riba {
   Data data_;
   std::string nomeFile_;  ///< typed; empty for the usual one
   ImpostazioniRiba impostazioni_;
+  FormaDistinta forma_;
   std::string scritto_;
   mutable std::string campoRifiutato_;
 };

@@ -249,7 +249,7 @@ void Riba::Racconta(const DatiDistinta& dati, StampaDistinta& stampa, std::int64
 
 bool Riba::Conferma(reports::FabbricaUscite& uscite) {
   DatiDistinta dati;
-  StampaDistinta stampa(ambiente_, uscite, dati);
+  StampaDistinta stampa(ambiente_, uscite, dati, forma_);
   std::int64_t numDoc = 0;
   std::optional<FileDistinta> file;
   bool rifiutata = false;
@@ -264,12 +264,11 @@ bool Riba::Conferma(reports::FabbricaUscite& uscite) {
     return rifiuto;
   };
   const std::string nonRiuscita = "conferma della distinta non riuscita: ";
-  const bool confermata =
-      records::Esegui(ambiente_, {.nonRiuscita = nonRiuscita,
-                                  .numerazioni = {"ARTICOLI"},
-                                  .prima = [&] { return Pronta(dati, stampa); },
-                                  .scrivi = scrivi,
-                                  .annulla = [&] { file.reset(); }});
+  const bool confermata = records::Esegui(ambiente_, {.nonRiuscita = nonRiuscita,
+                                                      .numerazioni = {"ARTICOLI"},
+                                                      .prima = [&] { return Pronta(dati, stampa); },
+                                                      .scrivi = scrivi,
+                                                      .annulla = [&] { file.reset(); }});
   if (rifiutata) {
     return records::Tenta(ambiente_, {nonRiuscita}, [&] {
       RileggiBanca();

@@ -7,6 +7,7 @@
 
 #include "core/reports/Rapporto.h"
 #include "core/reports/Sagoma.h"
+#include "duedates/riba/DistintaGrafica.h"
 
 namespace fenalto::duedates {
 namespace {
@@ -169,9 +170,19 @@ bool StampaDistinta::Prova() {
     dialogo.Messaggio("L'uscita scelta non è disponibile: sceglierne un'altra.", Icona::Avviso);
     return false;
   }
+  return Stendi(std::move(uscita), true, std::nullopt);
+}
+
+bool StampaDistinta::Stendi(std::unique_ptr<reports::Uscita> uscita, bool ricevute,
+                            std::optional<std::int64_t> articolo) {
+  if (forma_.grafico && !uscita->SoloTesto()) {
+    return StampaDistintaGrafica(ambiente_, uscite_, std::move(uscita), dati_, forma_,
+                                 {ricevute, articolo});
+  }
   Distinta distinta(ambiente_, uscite_, dati_);
   distinta.Apri(std::move(uscita));
-  distinta.Ricevute();
+  if (ricevute) distinta.Ricevute();
+  if (articolo) distinta.Fondo(*articolo);
   return distinta.Chiudi();
 }
 
@@ -179,11 +190,7 @@ void StampaDistinta::Definitiva(std::int64_t numDoc) {
   if (!scelta_) return;
   auto uscita = uscite_.Crea(*scelta_, kRapporto);
   if (!uscita) return;
-  Distinta distinta(ambiente_, uscite_, dati_);
-  distinta.Apri(std::move(uscita));
-  if (scelta_->destinazione != Destinazione::Stampante) distinta.Ricevute();
-  distinta.Fondo(numDoc);
-  distinta.Chiudi();
+  Stendi(std::move(uscita), scelta_->destinazione != Destinazione::Stampante, numDoc);
 }
 
 }  // namespace fenalto::duedates

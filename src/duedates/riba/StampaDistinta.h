@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,8 +30,9 @@ struct DatiDistinta {
 
 class StampaDistinta {
  public:
-  StampaDistinta(Ambiente& ambiente, reports::FabbricaUscite& uscite, const DatiDistinta& dati)
-      : ambiente_(ambiente), uscite_(uscite), dati_(dati) {}
+  StampaDistinta(Ambiente& ambiente, reports::FabbricaUscite& uscite, const DatiDistinta& dati,
+                 const FormaDistinta& forma)
+      : ambiente_(ambiente), uscite_(uscite), dati_(dati), forma_(forma) {}
 
   /// Asks where to and prints the batch, for the user to look at; false when he gave up.
   bool Prova();
@@ -42,7 +44,12 @@ class StampaDistinta {
  private:
   Ambiente& ambiente_;
   reports::FabbricaUscite& uscite_;
+  /// In the form that was chosen, as far as the output takes it.
+  bool Stendi(std::unique_ptr<reports::Uscita> uscita, bool ricevute,
+              std::optional<std::int64_t> articolo);
+
   const DatiDistinta& dati_;
+  FormaDistinta forma_;
   std::optional<SceltaUscita> scelta_;
 };
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "core/archives/CodiciNoti.h"
 #include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "core/values/FormatoImporto.h"
@@ -139,6 +140,13 @@ std::optional<Rifiuto> ArchivioScadenze::Interno::Errata() const {
     if (std::string no = RifiutoDecimali(ambiente, record.Leggi(campo).Importo()); !no.empty()) {
       return Rifiuto{std::move(no), campo};
     }
+  }
+  for (const archives::CampoDiCodice& campo :
+       {archives::CampoDiCodice{"Pagamento", "Pagamento", "pagamenti"},
+        archives::CampoDiCodice{"BancaPresentaz", "Banca", "banche"}}) {
+    if (!Cambiato(campo.campo)) continue;
+    const auto ignoto = archives::CodiceIgnoto(ambiente, campo, T(campo.campo.c_str()));
+    if (ignoto) return Rifiuto{ignoto->messaggio, ignoto->campo};
   }
   return std::nullopt;
 }

@@ -9,7 +9,9 @@
 namespace fenalto::ledger {
 namespace {
 
-constexpr const char* kPredefinite = "'APE' e 'APEX' sono predefinite e non si possono modificare";
+constexpr const char* kPredefinite = "'APE' e 'APEX' sono predefinite";
+constexpr const char* kNonModificabili =
+    "'APE' e 'APEX' sono predefinite e non si possono modificare";
 constexpr const char* kRiservate =
     "le causali con codice che inizia con un numero (da 1 a 9) sono riservate alle registrazioni "
     "iva";
@@ -24,15 +26,15 @@ bool DiRegistro(std::string_view codice) {
 }
 
 std::optional<Rifiuto> CausaleIntoccabile(archives::ContestoArchivio& contesto) {
-  if (Predefinita(contesto.codicePrima)) return Rifiuto{kPredefinite, "Cod"};
+  if (Predefinita(contesto.codicePrima)) return Rifiuto{kNonModificabili, "Cod"};
   if (DiRegistro(contesto.codicePrima)) return Rifiuto{kRiservate, "Cod"};
   return std::nullopt;
 }
 
 std::optional<Rifiuto> CodiceRiservato(archives::ContestoArchivio& contesto) {
-  if (contesto.CodiceCambiato() && DiRegistro(contesto.Codice())) {
-    return Rifiuto{kRiservate, "Cod"};
-  }
+  if (!contesto.CodiceCambiato()) return std::nullopt;
+  if (Predefinita(contesto.Codice())) return Rifiuto{kPredefinite, "Cod"};
+  if (DiRegistro(contesto.Codice())) return Rifiuto{kRiservate, "Cod"};
   return std::nullopt;
 }
 

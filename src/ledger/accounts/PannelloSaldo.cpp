@@ -1,6 +1,6 @@
 #include "ledger/accounts/PannelloSaldo.h"
 
-#include "core/reports/Sagoma.h"
+#include "core/reports/DecimaliStampe.h"
 
 namespace fenalto::ledger {
 
@@ -24,9 +24,9 @@ std::vector<std::string> RigheSaldo(Ambiente& ambiente, const std::string& cfp,
   richiesta.conto = codice;
   const Saldo saldo = saldoConto.Calcola(richiesta);
 
+  const reports::DecimaliStampe decimali(ambiente);
   const auto riga = [&](const char* sagoma, Importo importo) {
-    const Valore valore(importo);
-    return reports::Sagoma(reports::PictureImporto(sagoma, ambiente.Euro())).Riempi({&valore, 1});
+    return decimali.SulPannello(sagoma, importo, ambiente.Euro());
   };
   return {riga("s.do iniz. ççççççççççççççç", saldo.saldoIniziale),
           riga("     dare  ççççççççççççççç", saldo.totaleDare),

@@ -1,8 +1,10 @@
 // Prints of the chart: masters with their accounts, and accounts with an adjustment.
 #include <set>
 #include <string>
+#include <utility>
 
 #include "core/reports/Rapporto.h"
+#include "core/reports/TestoStampato.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/accounts/CodiceConto.h"
@@ -13,6 +15,7 @@ namespace fenalto::ledger {
 namespace {
 
 constexpr const char* kTestata = "                      $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ $$$$$$$$  ";
+constexpr std::size_t kNomeTestata = 30;
 
 constexpr const char* kColonnePiano =
     "Codice     Descrizione                 P=patrimoniale E=economico  ";
@@ -39,10 +42,14 @@ const char* Riepilogo(const std::string& cfp) {
   return "";
 }
 
-/// First line of both headings.
+/// First line of both headings, and those that a long name goes on in.
 void Testata(reports::Rapporto& rapporto, Ambiente& ambiente) {
   const std::string& nome = rapporto.Ditta().ragSoc1_2;
-  rapporto.Riga({kTestata}, {nome.empty() ? ambiente.Ditta() : nome, ambiente.Ora().Oggi()});
+  Valore data = ambiente.Ora().Oggi();
+  for (const std::string& pezzo :
+       reports::InRighe(nome.empty() ? ambiente.Ditta() : nome, kNomeTestata)) {
+    rapporto.Riga({kTestata}, {pezzo, std::exchange(data, Valore())});
+  }
 }
 
 Rinvio RinvioA(const Rs& conto) {

@@ -39,6 +39,35 @@ bool CiSonoProvvisori(Ambiente& ambiente, const SceltaGiornale& scelta) {
              .Intero() > 0;
 }
 
+/// The last day printed in definitive, of the year or of those before it; the null date for none.
+Data UltimaStampata(Ambiente& ambiente) {
+  return ambiente.ArchivioDi("tessarc")
+      .Singolo("SELECT Max(dt) FROM UltimaDataLibro WHERE " +
+               sql::Criterio("Anno", "<=", ambiente.Anno()))
+      .Data();
+}
+
+/// What is asked when the book would lack registrations made since the last mark; empty when it has
+/// them all.
+std::string DomandaSaltate(Ambiente& ambiente, const SceltaGiornale& scelta) {
+  const Data stampata = UltimaStampata(ambiente);
+  SceltaGiornale finora = scelta;
+  finora.daDt = stampata.Nulla() ? Data() : stampata.PiuGiorni(1);
+  std::string saltate = sql::Criterio("Articoli.NumDoc", "<", scelta.daArticolo);
+  if (!scelta.daDt.Nulla()) saltate += " OR " + sql::Criterio("Articoli.Dt", "<", scelta.daDt);
+  Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
+      "SELECT Min(Articoli.Dt), Max(Articoli.Dt) FROM Articoli INNER JOIN "
+      "Movimenti ON (Articoli.Anno = Movimenti.Anno) AND (Articoli.NumDoc = "
+      "Movimenti.NumDoc) WHERE " +
+      CondizionePeriodo(finora, ambiente.Anno()) + " AND (" + saltate + ") AND " +
+      sql::Criterio("Movimenti.Causale", "<>", kCausaleAperturaProvvisoria));
+  if (rs.Eof() || rs.Fields(0).Nullo()) return "";
+  return "dal " + rs.Fields(0).Data().Testo() + " al " + rs.Fields(1).Data().Testo() +
+         " ci sono registrazioni che non stanno in questa stampa né in una definitiva "
+         "precedente:\nsegnando il giornale come stampato fino al " +
+         scelta.aaDt.Testo() + " ne resterebbero fuori\nProseguo ugualmente ?";
+}
+
 /// The mark of the year only goes on: printing an earlier period again leaves it.
 void SegnaDefinitiva(Ambiente& ambiente, Data fino) {
   Archivio& archivio = ambiente.ArchivioDi("tessarc");
@@ -67,10 +96,7 @@ SceltaGiornale Giornale::Proposta() {
   const std::vector<Coppia> anno = {{"Anno", ambiente_.Anno()}};
   SceltaGiornale scelta;
   // A year without a mark of its own goes on from the years before it.
-  const Data stampata = archivio
-                            .Singolo("SELECT Max(dt) FROM UltimaDataLibro WHERE " +
-                                     sql::Criterio("Anno", "<=", ambiente_.Anno()))
-                            .Data();
+  const Data stampata = UltimaStampata(ambiente_);
   const Data prima = ambiente_.Min("Dt", "Articoli", anno, archivio).Data();
   scelta.daDt = Data::DaGma(1, 1, ambiente_.Anno()).value();
   if (!prima.Nulla()) scelta.daDt = std::min(scelta.daDt, prima);
@@ -92,7 +118,10 @@ bool Giornale::Stampa(const SceltaGiornale& scelta) {
         Icona::Avviso);
   }
   if (!StampaRigheGiornale(ambiente_, uscite_, scelta)) return false;
-  if (ambiente_.Dialogo().Conferma("STAMPA DEFINITIVA ?")) SegnaDefinitiva(ambiente_, scelta.aaDt);
+  Dialoghi& dialogo = ambiente_.Dialogo();
+  if (!dialogo.Conferma("STAMPA DEFINITIVA ?")) return true;
+  const std::string saltate = DomandaSaltate(ambiente_, scelta);
+  if (saltate.empty() || dialogo.Conferma(saltate)) SegnaDefinitiva(ambiente_, scelta.aaDt);
   return true;
 }
 

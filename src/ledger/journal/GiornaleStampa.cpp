@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 
 #include "core/reports/Rapporto.h"
@@ -45,9 +46,11 @@ constexpr std::size_t kCodiceCompatto = 6;
 constexpr std::size_t kLarghezzaCompatta = 132;
 constexpr std::size_t kTotaliCompatti = 98;
 
-/// Characters of a piece of description in the graphic form.
+/// Characters of a piece of description, and of an account's name, in the graphic form.
 constexpr std::size_t kTestoModello = 54;
 constexpr std::size_t kTestoModelloMaiuscolo = 40;
+constexpr std::size_t kNomeModello = 30;
+constexpr std::size_t kNomeModelloMaiuscolo = 22;
 
 /// A row of the journal with its head's data.
 struct RigaGiornale {
@@ -253,25 +256,41 @@ class TabulatoGiornale {
   }
 
   void RigaIntera(const RigaGiornale& riga, const Rinvio& rinvio) {
-    static const reports::Fascia kContinua{kSeguito, {"R_DESCRIZIONE"}};
-    const bool grafico = rapporto_.Grafico();
-    rapporto_.Spazio(riga.prima && !grafico ? 2 : 1);
-    if (riga.prima && !grafico) Articolo(riga, rinvio);
-    std::vector<std::string> pezzi = {
-        Unisci(Causale(riga.causale), compatta_ ? " / " : " ", riga.descrizione)};
-    if (!compatta_) {
-      pezzi = reports::InRighe(
-          pezzi.front(),
-          grafico ? reports::LargoDi(pezzi.front(), kTestoModello, kTestoModelloMaiuscolo)
-                  : kTestoLargo);
-    }
-    std::vector<Valore> valori{riga.conto, conti_.Di(riga.cfp, riga.conto), pezzi.front(),
-                               riga.dare + riga.avere};
-    if (grafico && riga.prima) valori.insert(valori.end(), {riga.dt, Riferimento(riga)});
-    Stendi(riga, valori, rinvio);
+    const std::string testo =
+        Unisci(Causale(riga.causale), compatta_ ? " / " : " ", riga.descrizione);
+    if (rapporto_.Grafico()) return RigaGrafica(riga, testo, rinvio);
+    static const reports::Fascia kContinua{kSeguito};
+    rapporto_.Spazio(riga.prima ? 2 : 1);
+    if (riga.prima) Articolo(riga, rinvio);
+    const std::vector<std::string> pezzi = reports::InRighe(testo, kTestoLargo);
+    Stendi(riga,
+           {riga.conto, conti_.Di(riga.cfp, riga.conto), pezzi.front(), riga.dare + riga.avere},
+           rinvio);
     for (std::size_t i = 1; i < pezzi.size(); ++i) {
       rapporto_.Spazio(1);
       rapporto_.Riga(kContinua, {pezzi[i]}, rinvio);
+    }
+  }
+
+  /// Neither the account's name nor the text is cut: they go on under themselves.
+  void RigaGrafica(const RigaGiornale& riga, const std::string& testo, const Rinvio& rinvio) {
+    static const reports::Fascia kContinua{"", {"R_DESCRCONTO", "R_DESCRIZIONE"}};
+    const auto pezzi = [](const std::string& intero, std::size_t largo, std::size_t maiuscolo) {
+      return reports::InRighe(intero, reports::LargoDi(intero, largo, maiuscolo));
+    };
+    std::vector<std::string> nomi =
+        pezzi(conti_.Di(riga.cfp, riga.conto), kNomeModello, kNomeModelloMaiuscolo);
+    std::vector<std::string> testi = pezzi(testo, kTestoModello, kTestoModelloMaiuscolo);
+    const std::size_t righe = std::max(nomi.size(), testi.size());
+    nomi.resize(righe);
+    testi.resize(righe);
+    rapporto_.Spazio(1);
+    std::vector<Valore> valori{riga.conto, nomi.front(), testi.front(), riga.dare + riga.avere};
+    if (riga.prima) valori.insert(valori.end(), {riga.dt, Riferimento(riga)});
+    Stendi(riga, valori, rinvio);
+    for (std::size_t i = 1; i < righe; ++i) {
+      rapporto_.Spazio(1);
+      rapporto_.Riga(kContinua, {nomi[i], testi[i]}, rinvio);
     }
   }
 

@@ -10,7 +10,7 @@ namespace fenalto::ledger {
 namespace {
 
 constexpr std::int64_t kTratto = 4'000;  // numbers gone through by one statement of a search
-constexpr std::string_view kDiversi = "DIVERSI";
+constexpr std::string_view kScrittaDiversi = "DIVERSI";
 
 void Unisci(std::string& condizione, const std::string& altra) {
   if (altra.empty()) return;
@@ -39,7 +39,7 @@ std::string DiRighe(const std::string& testo) {
 }  // namespace
 
 std::string LettoreArticoli::Descritto(const std::string& cfp, const std::string& conto) {
-  if (conto.empty() || conto == kDiversi) return conto;
+  if (conto.empty() || conto == kScrittaDiversi) return conto;
   const std::string& descrizione = descrizioni_.Di(cfp, conto);
   return descrizione.empty() ? conto : conto + "  " + descrizione;
 }
@@ -128,7 +128,7 @@ std::string LettoreArticoli::ConConto(const std::string& testo) {
   }
   const std::string cercato = PerRicerca(testo);
   constexpr std::size_t kLettereDiversi = 3;
-  if (cercato.size() >= kLettereDiversi && PerRicerca(kDiversi).starts_with(cercato)) {
+  if (cercato.size() >= kLettereDiversi && PerRicerca(kScrittaDiversi).starts_with(cercato)) {
     Unisci(condizione, "Conto='DIVERSI' OR ContoA='DIVERSI'");
   }
   return condizione;

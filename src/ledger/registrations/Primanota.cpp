@@ -49,6 +49,7 @@ void Primanota::Interno::ChiudiRecord() noexcept {
   numeroRecord = idRecord = 0;
   allegati.Scollega();
   righe.Carica({});
+  righeLette.clear();
   totali = {};
 }
 
@@ -137,6 +138,7 @@ bool Primanota::Apri(std::int64_t numero) {
   io.numeroRecord = numero;
   io.idRecord = id;
   io.righe.Carica(std::move(righe));
+  io.righeLette = io.righe.Tutte();
   io.totali = totali;
   io.contropAutomatiche = false;
   std::string motivo =

@@ -105,8 +105,9 @@ class Primanota {
   /// Class of the account that the row's causal was last used with, here or in the newest
   /// movements; empty when it wasn't. A proposal for a code that several classes have.
   [[nodiscard]] std::string ClasseDiCausale();
-  /// Saves the open row after its checks; false when one stopped it.
-  bool ConfermaRiga();
+  /// Saves the open row after its checks. False when one stopped it; `campo` receives the control
+  /// to go to.
+  bool ConfermaRiga(std::string* campo = nullptr);
   /// Deletes the open row after a question.
   bool EliminaRiga();
   /// Gives the open row up.
@@ -137,11 +138,9 @@ class Primanota {
   // --- Confirmation -----------------------------------------------------------------------------
 
   /// All checks in their order, then number, write, announcement. True when it was written; then no
-  /// record is open and NumeroConfermato() is its number.
-  bool Conferma();
-  /// What the last refusal of a row or of the registration was about: a field, or the button of a
-  /// new row; empty for nothing alone.
-  [[nodiscard]] const std::string& CampoRifiutato() const;
+  /// record is open and NumeroConfermato() is its number. When a check stopped it, `campo` receives
+  /// the control to go to.
+  bool Conferma(std::string* campo = nullptr);
   [[nodiscard]] std::int64_t NumeroConfermato() const;
   /// Deletes the open registration after its question.
   bool Elimina();

@@ -85,13 +85,33 @@ std::int64_t Primanota::Interno::ScriviRegistrazione() {
   return numero;
 }
 
-const std::string& Primanota::CampoRifiutato() const {
-  return interno_->campoRifiutato;
+std::optional<Rifiuto> Primanota::Interno::Controlla() {
+  if (NumeroOccupato()) return Rifiuto{"", "NumDoc"};
+  if (totali.dare != totali.avere) {
+    return Rifiuto{TestoSbilancio(totali, ambiente.Euro()), "PNuovaRiga"};
+  }
+  // Without one it would be in no balance and on no page of the journal.
+  if (testa.Leggi("Dt").Data().Nulla()) return Rifiuto{"manca la data", "Dt"};
+  return RigaConCodiceIgnoto();
 }
 
-bool Primanota::Conferma() {
+std::optional<Rifiuto> Primanota::Interno::RigaConCodiceIgnoto() {
+  const auto cambiata = [this](const RigaPrimanota& una) {
+    const auto letta = std::ranges::find(righeLette, una.num, &RigaPrimanota::num);
+    return letta == righeLette.end() || !StessiCodici(una, *letta);
+  };
+  for (const RigaPrimanota& una : righe.Tutte()) {
+    if (!cambiata(una)) continue;
+    if (auto ignoto = CodiceIgnotoDi(ambiente, una, !contropAutomatiche)) {
+      return Rifiuto{"riga in posizione " + std::to_string(una.posi) + ": " + ignoto->messaggio,
+                     "GrigliaRighe"};
+    }
+  }
+  return std::nullopt;
+}
+
+bool Primanota::Conferma(std::string* campo) {
   Interno& io = *interno_;
-  io.campoRifiutato.clear();
   if (io.Ferma()) return false;
   io.NormalizzaNumero();
   std::int64_t numero = 0;
@@ -100,19 +120,15 @@ bool Primanota::Conferma() {
                     .dopoErrore = records::kAncoraSulloSchermo,
                     .numerazioni = {"ARTICOLI"},
                     .ambito = Transazione::Ambito::Tessarc,
-                    .prima =
-                        [&] {
-                          io.campoRifiutato = "NumDoc";
-                          if (io.NumeroOccupato()) return false;
-                          io.campoRifiutato = "PNuovaRiga";
-                          const bool quadra = io.totali.dare == io.totali.avere;
-                          if (!quadra) io.Avviso(TestoSbilancio(io.totali, io.ambiente.Euro()));
-                          return quadra;
-                        },
+                    .prima = [&] { return !io.documento.Rifiuta(io.Controlla(), campo); },
                     // Another station may have taken a typed number since the first look.
                     .sottoBlocco = [&] { return !io.NumeroOccupato(); },
                     .scrivi =
                         [&] {
+                          // An account or a causal may have been deleted since.
+                          if (const auto ignoto = io.RigaConCodiceIgnoto()) {
+                            return ignoto->messaggio;
+                          }
                           numero = io.ScriviRegistrazione();
                           return std::string();
                         },

@@ -1,8 +1,12 @@
 // What the parts of Primanota share: the state of the open registration and of its open row.
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "core/records/Righe.h"
 #include "core/session/Allegati.h"
+#include "core/session/Rifiuto.h"
 #include "ledger/registrations/Primanota.h"
 
 namespace fenalto::ledger {
@@ -34,6 +38,13 @@ struct TotaliPrimanota {
 
 /// Sums of the rows; throws FuoriCampo.
 TotaliPrimanota SommaRighe(const std::vector<RigaPrimanota>& righe);
+
+/// The first code of a row that is in no archive; `conControp` looks at its contra-entry too.
+std::optional<Rifiuto> CodiceIgnotoDi(Ambiente& ambiente, const RigaPrimanota& riga,
+                                      bool conControp);
+
+/// Two rows name the same codes.
+bool StessiCodici(const RigaPrimanota& una, const RigaPrimanota& altra);
 
 /// An account that a row may name.
 struct VoceConto {
@@ -76,13 +87,17 @@ struct Primanota::Interno {
   void ClasseScelta(std::string_view campoClasse, std::string_view campoConto,
                     std::string& classeVista);
   std::optional<VoceConto> TrovaConto(std::string_view cfp, std::string_view cod);
-  /// Checks of ConfermaRiga; tells the one that stopped it.
-  bool RigaConfermabile();
+  /// Checks of ConfermaRiga, in order; takes codes as their archives write them.
+  std::optional<Rifiuto> RifiutoRiga();
   /// The open row as typed, with its texts.
   RigaPrimanota RigaDigitata();
 
   // --- Confirmation --------------------------------------------------------------------------
 
+  /// Checks of Conferma, in order.
+  std::optional<Rifiuto> Controlla();
+  /// A row added or changed that names a code of no archive.
+  std::optional<Rifiuto> RigaConCodiceIgnoto();
   /// In a transaction; returns the number. Throws.
   std::int64_t ScriviRegistrazione();
   std::int64_t ScriviTestata(std::int64_t numero);
@@ -92,6 +107,7 @@ struct Primanota::Interno {
   records::DocumentoAperto documento;
   Scheda& testa = documento.Testa();
   records::Righe<RigaPrimanota> righe{kCampiRiga};
+  std::vector<RigaPrimanota> righeLette;  ///< as stored
   Scheda& riga = righe.Riga();
   TotaliPrimanota totali;
 
@@ -100,7 +116,6 @@ struct Primanota::Interno {
   std::int64_t numeroRecord = 0;  ///< as stored; 0 of a new registration
   std::int64_t idRecord = 0;
   std::int64_t numeroConfermato = 0;
-  std::string campoRifiutato;
   Data dataRicordata;
   fenalto::Allegati allegati;
 

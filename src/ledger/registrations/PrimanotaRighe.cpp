@@ -1,8 +1,11 @@
 // The rows of a registration: the row frame, its rules, the automatic contra-entries.
 #include <algorithm>
 #include <array>
+#include <tuple>
 #include <utility>
 
+#include "core/archives/CodiciNoti.h"
+#include "core/archives/FonteCodici.h"
 #include "core/records/RigheInTabella.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
@@ -16,10 +19,6 @@ namespace {
 /// Step between the positions of two rows, so that one can be put between.
 constexpr std::int64_t kPassoPosi = 100;
 constexpr int kMesiSaldo = 12 * 50;
-
-std::string Mancante(const std::string& cosa, const std::string& codice) {
-  return codice.empty() ? "scrivere " + cosa : cosa + " " + codice + " non è in archivio";
-}
 
 struct Contropartita {
   std::string cfp;
@@ -75,6 +74,33 @@ bool AggiornaContropartite(std::vector<RigaPrimanota>& righe) {
 }
 
 }  // namespace
+
+std::optional<Rifiuto> CodiceIgnotoDi(Ambiente& ambiente, const RigaPrimanota& riga,
+                                      bool conControp) {
+  using archives::CodiceIgnoto;
+  if (auto no = CodiceIgnoto(ambiente, {"Causale", "Causale", "causali"}, riga.causale)) return no;
+  if (auto no = CodiceIgnoto(ambiente, {"Conto", "Conto", archives::NomeFonteConti(riga.cfp)},
+                             riga.conto)) {
+    return no;
+  }
+  // Payments of several parties stand against all of them.
+  if (conControp && !UgualeTesto(riga.contoControp, kDiversi)) {
+    if (auto no = CodiceIgnoto(
+            ambiente,
+            {"ContoControp", "Contropartita", archives::NomeFonteContropartite(riga.cfpControp)},
+            riga.contoControp)) {
+      return no;
+    }
+  }
+  return CodiceIgnoto(ambiente, {"Categoria", "Categoria", "categorie"}, riga.categoria);
+}
+
+bool StessiCodici(const RigaPrimanota& una, const RigaPrimanota& altra) {
+  const auto codici = [](const RigaPrimanota& r) {
+    return std::tie(r.causale, r.cfp, r.conto, r.cfpControp, r.contoControp, r.categoria);
+  };
+  return codici(una) == codici(altra);
+}
 
 TotaliPrimanota SommaRighe(const std::vector<RigaPrimanota>& righe) {
   TotaliPrimanota totali;
@@ -266,40 +292,41 @@ std::optional<Saldo> Primanota::VisSaldo() {
 
 // --- Saving and deleting a row -----------------------------------------------------------------
 
-bool Primanota::Interno::RigaConfermabile() {
+std::optional<Rifiuto> Primanota::Interno::RifiutoRiga() {
   if (righe.PosiOccupata(riga.Leggi("Posi").Intero())) {
-    campoRifiutato = "Posi";
-    Avviso("posizione già esistente\nla prima libera in fondo è la " +
-           std::to_string(righe.ProssimaPosi(kPassoPosi)));
-    return false;
+    return Rifiuto{"posizione già esistente\nla prima libera in fondo è la " +
+                       std::to_string(righe.ProssimaPosi(kPassoPosi)),
+                   "Posi"};
   }
-  const std::string causale = riga.Testo("Causale");
-  const Valore codCausale =
-      causale.empty() ? Valore() : ambiente.Cerca("tessarc", "CAUSALI", {{"Cod", causale}}, "Cod");
   const std::string cfp = Maiuscolo(riga.Testo("CFP"));
+  for (const auto& [campo, fonte] :
+       {std::pair{"Causale", std::string("causali")}, {"Conto", archives::NomeFonteConti(cfp)}}) {
+    const auto ignoto = archives::CodiceIgnoto(ambiente, {campo, campo, fonte}, riga.Testo(campo));
+    const std::string manca = "manca causale o conto";
+    if (ignoto) return Rifiuto{manca + "\n" + ignoto->messaggio, campo};
+    if (riga.Testo(campo).empty()) {
+      const bool causale = campo == std::string_view("Causale");
+      return Rifiuto{manca + "\nscrivere " + (causale ? "la causale" : "il conto"), campo};
+    }
+  }
   const auto conto = TrovaConto(cfp, riga.Testo("Conto"));
-  if (codCausale.Nullo() || !conto) {
-    campoRifiutato = codCausale.Nullo() ? "Causale" : "Conto";
-    Avviso("manca causale o conto\n" + (codCausale.Nullo()
-                                            ? Mancante("la causale", causale)
-                                            : Mancante("il conto", riga.Testo("Conto"))));
-    return false;
-  }
+  if (!conto) return Rifiuto{"manca causale o conto", "CFP"};
   if (cfp != "P" && conto->contoRiepilogo.empty()) {
-    campoRifiutato = "Conto";
-    Avviso("sull'anagrafica del cliente/fornitore " + conto->cod +
-           " non è inserito il conto riepilogativo");
-    return false;
+    return Rifiuto{"sull'anagrafica del cliente/fornitore " + conto->cod +
+                       " non è inserito il conto riepilogativo",
+                   "Conto"};
   }
-  if (!riga.Leggi("ImpoDare").Importo().Zero() && !riga.Leggi("ImpoAvere").Importo().Zero()) {
-    campoRifiutato = "ImpoAvere";
-    Avviso("sulla stessa riga ci sono dare e avere: azzerare uno dei due importi");
-    return false;
+  if (!riga.Leggi("ImpoAvere").Importo().Zero() && !riga.Leggi("ImpoAvere").Importo().Zero()) {
+    return Rifiuto{"sulla stessa riga ci sono dare e avere: azzerare uno dei due importi",
+                   "ImpoAvere"};
   }
-  riga.Scrivi("Causale", codCausale);
+  riga.Scrivi("Causale",
+              ambiente.Cerca("tessarc", "CAUSALI", {{"Cod", riga.Testo("Causale")}}, "Cod"));
   riga.Scrivi("CFP", cfp);
   riga.Scrivi("Conto", conto->cod);
-  return true;
+  const RigaPrimanota digitata = righe.Digitata();
+  if (!righe.RigaNuova() && StessiCodici(digitata, *righe.Aperta())) return std::nullopt;
+  return CodiceIgnotoDi(ambiente, digitata, !contropAutomatiche);
 }
 
 RigaPrimanota Primanota::Interno::RigaDigitata() {
@@ -318,18 +345,18 @@ void Primanota::Interno::ConcludiRighe(std::vector<RigaPrimanota> nuove) {
   righe.Sostituisci(std::move(nuove));
 }
 
-bool Primanota::ConfermaRiga() {
+bool Primanota::ConfermaRiga(std::string* campo) {
   Interno& io = *interno_;
-  io.campoRifiutato.clear();
   if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura()) return false;
-  if (!io.RigaConfermabile()) return false;
+  if (io.documento.Rifiuta(io.RifiutoRiga(), campo)) return false;
   try {
     io.ConcludiRighe(io.righe.Con(io.RigaDigitata()));
   } catch (const FuoriCampo& e) {
-    io.campoRifiutato = io.riga.Leggi("ImpoDare").Importo().Zero() ? "ImpoAvere" : "ImpoDare";
-    io.Avviso(std::string("totali della registrazione: ") + e.what() +
-              ". Correggere l'importo della riga");
-    return false;
+    const bool avere = io.riga.Leggi("ImpoDare").Importo().Zero();
+    return !io.documento.Rifiuta(Rifiuto{std::string("totali della registrazione: ") + e.what() +
+                                             ". Correggere l'importo della riga",
+                                         avere ? "ImpoAvere" : "ImpoDare"},
+                                 campo);
   }
   return true;
 }

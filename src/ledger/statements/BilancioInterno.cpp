@@ -51,12 +51,12 @@ bool ContoStampato(const SceltaBilancio& scelta, const ContoVisitato& conto) {
 }
 
 Scostamento Scosta(Importo a, Importo b) {
-  const Importo differenza = b - a;
+  const Importo differenza = a - b;
   Scostamento scostamento;
-  scostamento.differenza = (a.Zero() ? b : a).Negativo() ? -differenza : differenza;
-  if (!a.Zero()) {
+  scostamento.differenza = (b.Zero() ? a : b).Negativo() ? -differenza : differenza;
+  if (!b.Zero()) {
     scostamento.percento =
-        Arrotonda(differenza.Per(Importo::DaUnita(100)).Diviso(a), 1, ModoArrotonda::Vicino);
+        Arrotonda(differenza.Per(Importo::DaUnita(100)).Diviso(b), 1, ModoArrotonda::Vicino);
   }
   return scostamento;
 }

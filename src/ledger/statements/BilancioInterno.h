@@ -22,8 +22,8 @@ bool Escluso(const SceltaBilancio& scelta, const Saldi& saldi);
 /// Whether the account has a line: its own balances, or those of a party printed under it.
 bool ContoStampato(const SceltaBilancio& scelta, const ContoVisitato& conto);
 
-/// Difference of two balances on the side of the first (of the second when the first is zero):
-/// above zero when a cost or a revenue grew. `percento` is Null when the first is zero.
+/// What period A has more than period B, on the side of B (of A when B is zero): above zero when a
+/// cost or a revenue grew since. `percento` is of B, Null when B is zero.
 struct Scostamento {
   Importo differenza;
   Valore percento;

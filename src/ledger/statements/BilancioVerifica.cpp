@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/archives/CodiciNoti.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/statements/BilancioInterno.h"
@@ -60,7 +61,10 @@ std::string BilancioVerifica::Controlla(const SceltaBilancio& scelta, bool confr
     errore = "il mastro iniziale " + scelta.daMastro + " segue quello finale " + scelta.aaMastro +
              ": scambiarli";
   }
-  return errore;
+  if (!errore.empty()) return errore;
+  const auto ignota = archives::CodiceIgnoto(
+      ambiente_, {"EscludoCausale", "Causale da escludere", "causali"}, scelta.escludoCausale);
+  return ignota ? ignota->messaggio : std::string();
 }
 
 bool BilancioVerifica::Pronto(const SceltaBilancio& scelta, bool confronto) {
@@ -95,7 +99,9 @@ std::optional<Lati> LatiDeiConti(Ambiente& ambiente, SceltaBilancio scelta) {
     for (const ContoVisitato& conto : mastro.conti) {
       const std::array<bool, 2> costo = {!conto.saldi[0].Finale().Negativo(),
                                          !conto.saldi[1].Finale().Negativo()};
-      lati[piega(conto.cfp, conto.cod)] = costo;
+      for (const std::string& classe : {conto.cfp, std::string(kClassePiano)}) {
+        lati[piega(classe, conto.cod)] = costo;
+      }
       for (const ParteVisitata& parte : conto.parti) lati[piega(parte.cfp, parte.cod)] = costo;
     }
   });

@@ -50,8 +50,9 @@ class BilancioVerifica {
   [[nodiscard]] SceltaBilancio Proposta();
   /// Period B as the same days one year before period A.
   [[nodiscard]] static SceltaBilancio PeriodoPrecedente(SceltaBilancio scelta);
-  /// What is wrong with a choice (dates reversed, masters reversed); empty when nothing.
-  [[nodiscard]] static std::string Controlla(const SceltaBilancio& scelta, bool confronto);
+  /// What is wrong with a choice (dates reversed, masters reversed, a causal left out that doesn't
+  /// exist); empty when nothing.
+  [[nodiscard]] std::string Controlla(const SceltaBilancio& scelta, bool confronto);
 
   // Each asks for the output and prints; false when it was cancelled or stopped (and told).
   bool StampaVerifica(const SceltaBilancio& scelta);

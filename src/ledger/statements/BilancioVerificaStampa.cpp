@@ -5,6 +5,10 @@ namespace fenalto::ledger {
 
 namespace {
 
+/// Before the words of a total that holds accounts left out of the print.
+constexpr const char* kParziale = "(*) ";
+constexpr const char* kNotaParziale = "(*) con conti esclusi dalla stampa";
+
 struct RigaVerifica {
   std::string cod;
   std::string descrizione;
@@ -78,10 +82,11 @@ class RapportoVerifica {
   bool Scorri() {
     VisitaConti visita(ambiente_, RichiestaDi(scelta_, "", false));
     if (!visita.Visita("Bilancio di verifica", [this](const auto& m) { Mastro(m); })) return false;
-    rapporto_.Riserva(3);
+    rapporto_.Riserva(parziali_ ? 4 : 3);
     rapporto_.Filo("=");
-    Totale({"", "TOTALI", "", totali_});
+    Totale({"", (parziali_ ? kParziale : "") + std::string("TOTALI"), "", totali_});
     rapporto_.Rigo("=");
+    if (parziali_) Totale({"", kNotaParziale, "", {}});
     return rapporto_.Fine();
   }
 
@@ -89,11 +94,19 @@ class RapportoVerifica {
     const std::string lettera = LetteraDi(mastro);
     Saldo totale;
     bool stampato = false;
+    bool parziale = false;
     for (const ContoVisitato& conto : mastro.conti) {
-      totale += conto.saldi[0];
-      stampato = stampato || ContoStampato(scelta_, conto);
+      const Saldo& saldo = conto.saldi[0];
+      totale += saldo;
+      const bool suo = ContoStampato(scelta_, conto);
+      stampato = stampato || suo;
+      parziale = parziale || (!suo && !(saldo.totaleDare.Zero() && saldo.totaleAvere.Zero() &&
+                                        saldo.saldoIniziale.Zero()));
     }
     totali_ += totale;
+    // Where masters alone are asked for, only one without a line is missing.
+    if (scelta_.soloMastri && stampato) parziale = false;
+    parziali_ = parziali_ || parziale;
     if (!stampato) return;
     if (!scelta_.soloMastri) {
       bool testa = !rapporto_.SuFoglio();
@@ -107,7 +120,8 @@ class RapportoVerifica {
       });
       if (rapporto_.Grafico()) rapporto_.Filo("");
     }
-    Totale({"tot. " + mastro.cod, mastro.descrizione, lettera, totale});
+    Totale(
+        {"tot. " + mastro.cod, (parziale ? kParziale : "") + mastro.descrizione, lettera, totale});
     if (!scelta_.soloMastri) rapporto_.Stacco("-");
   }
 
@@ -119,6 +133,7 @@ class RapportoVerifica {
   reports::Tabella<RigaVerifica> tabella_;
   reports::Rapporto rapporto_;
   Saldo totali_;
+  bool parziali_ = false;  ///< some total holds accounts that aren't printed
 };
 
 }  // namespace

@@ -203,8 +203,13 @@ class RapportoConfronto {
         riga.importi[2 * p + (utile[p].Negativo() ? 0 : 1)] = utile[p].Assoluto();
     }
     riga.Scosta(utile[0], utile[1]);
-    riga.differenza = utile[1] - utile[0];
-    if (utile[0].Negativo() != utile[1].Negativo()) riga.percento = {};
+    // The result of A less that of B: below zero for a profit that shrank as for a loss that grew.
+    riga.differenza = utile[0] - utile[1];
+    if (utile[0].Negativo() != utile[1].Negativo()) {
+      riga.percento = {};
+    } else if (utile[1].Negativo() && !riga.percento.Nullo()) {
+      riga.percento = -riga.percento.Importo();
+    }
     Totale(riga);
     rapporto_.Rigo("=");
   }

@@ -14,8 +14,6 @@ namespace {
 /// Steps between two signs of life.
 constexpr std::int64_t kOgni = 50;
 
-constexpr std::string_view kPiano = "P";
-
 /// Table of the parties of a class; empty for plain accounts.
 std::string TabellaParti(const std::string& cfp) {
   if (UgualeTesto(cfp, "C")) return "Clienti";
@@ -90,27 +88,40 @@ bool VisitaConti::LeggiConti(MastroVisitato& mastro) {
     ContoVisitato conto;
     conto.cod = rs.Fields("Cod").Testo();
     conto.cfp = rs.Fields("CFP").Testo();
-    if (conto.cfp.empty()) conto.cfp = kPiano;
+    if (conto.cfp.empty()) conto.cfp = kClassePiano;
     // "10" and "10.20" may both be masters: an account belongs to the first.
     if (!Segna(conto.cfp, conto.cod)) continue;
     conto.descrizione = rs.Fields("Descrizione").Testo();
     conto.rettifica = rs.Fields("ImportoSitAziendale").Importo();
     conto.saldi = Calcola(conto.cfp, conto.cod);
-    if (!LeggiParti(conto)) return false;
+    if (Segna(std::string(kClassePiano), conto.cod)) {
+      const Saldi suoi = Calcola(std::string(kClassePiano), conto.cod);
+      for (std::size_t i = 0; i < suoi.size(); ++i) conto.saldi[i] += suoi[i];
+    }
+    for (const char* classe : {"C", "F"}) {
+      if (!LeggiParti(conto, classe)) return false;
+    }
     mastro.conti.push_back(std::move(conto));
   }
   return true;
 }
 
-bool VisitaConti::LeggiParti(ContoVisitato& conto) {
-  const std::string tabella = TabellaParti(conto.cfp);
-  if (tabella.empty()) return true;
+const std::set<std::string>& VisitaConti::Riepilogativi(const std::string& cfp) {
+  const auto [posto, nuovo] = riepilogativi_.try_emplace(cfp);
+  if (!nuovo) return posto->second;
+  Rs rs = archivio_.Recordset("SELECT Conto FROM " + TabellaParti(cfp) + " GROUP BY Conto");
+  for (; !rs.Eof(); rs.MoveNext()) posto->second.insert(SenzaMaiuscole(rs.Fields(0).Testo()));
+  return posto->second;
+}
+
+bool VisitaConti::LeggiParti(ContoVisitato& conto, const std::string& cfp) {
+  if (!Riepilogativi(cfp).contains(SenzaMaiuscole(conto.cod))) return true;
   // A customer and a supplier may bear one code.
-  const std::set<std::string>& mosse = PartiMosse(conto.cfp);
-  Rs rs = archivio_.Recordset(TestoParti(tabella, conto.cod));
+  const std::set<std::string>& mosse = PartiMosse(cfp);
+  Rs rs = archivio_.Recordset(TestoParti(TabellaParti(cfp), conto.cod));
   for (; !rs.Eof(); rs.MoveNext()) {
     if (!Avanza()) return false;
-    ParteVisitata parte{rs.Fields(0).Testo(), conto.cfp, rs.Fields(1).Testo(), {}};
+    ParteVisitata parte{rs.Fields(0).Testo(), cfp, rs.Fields(1).Testo(), {}};
     if (!mosse.contains(SenzaMaiuscole(parte.cod))) continue;
     if (!Segna(parte.cfp, parte.cod)) continue;
     parte.saldi = Calcola(parte.cfp, parte.cod);
@@ -164,7 +175,7 @@ bool VisitaConti::Manca(const ContoVisitato& mosso, const Mastri& mastri) {
                                                         {{"Cod", mosso.cod}}, "Conto"))
                                 : mosso.cod;
   Rs conto = archivio_.Recordset("SELECT * FROM CONTI WHERE " + sql::Criterio("Cod", "=", cod));
-  const bool inPiano = !conto.Eof() && UgualeTesto(conto.Fields("CFP").Testo(), mosso.cfp);
+  const bool inPiano = !conto.Eof();
   const std::string piegato = SenzaMaiuscole(cod);
   for (std::size_t i = inPiano ? piegato.find('.') : std::string::npos; i != std::string::npos;
        i = piegato.find('.', i + 1)) {

@@ -8,6 +8,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -33,11 +34,14 @@ struct ParteVisitata {
   Saldi saldi;
 };
 
+/// Class of plain accounts.
+inline constexpr std::string_view kClassePiano = "P";
+
 struct ContoVisitato {
   std::string cod;
   std::string cfp;
   std::string descrizione;
-  Saldi saldi;  ///< of a summary account, with those of its parties
+  Saldi saldi;  ///< with those of its parties, and with what was booked on it under another class
   Importo rettifica;
   std::vector<ParteVisitata> parti;  ///< when asked for
 };
@@ -61,6 +65,9 @@ struct RichiestaVisita {
 
 /// Reads the chart a master at a time.
 ///
+/// What an account was booked with while it was of another class is its own all the same: a plain
+/// account that became a summary, a summary that became plain with parties behind it.
+///
 /// What is booked on an account that no master leads to (its master or the account itself is
 /// missing, or a party has no summary account) would vanish and leave the books unbalanced: it
 /// comes last, under a master without a code. On a walk of one letter it goes with "P" unless the
@@ -77,7 +84,9 @@ class VisitaConti {
 
  private:
   bool LeggiConti(MastroVisitato& mastro);
-  bool LeggiParti(ContoVisitato& conto);
+  bool LeggiParti(ContoVisitato& conto, const std::string& cfp);
+  /// Folded codes of the accounts that the customers or suppliers name; read once.
+  const std::set<std::string>& Riepilogativi(const std::string& cfp);
   /// Folded codes of the customers or suppliers that have ever moved; read once.
   const std::set<std::string>& PartiMosse(const std::string& cfp);
   bool LeggiMancanti(MastroVisitato& mancante);
@@ -96,6 +105,7 @@ class VisitaConti {
   std::vector<SaldoConto> saldi_;
   std::set<std::pair<std::string, std::string>> visti_;
   std::map<std::string, std::set<std::string>> mosse_;
+  std::map<std::string, std::set<std::string>> riepilogativi_;
   std::unique_ptr<Avanzamento> avanzamento_;
   std::int64_t fatti_ = 0;
 };

@@ -195,8 +195,7 @@ void FinestraBilancioVerifica::StampaPagina(Stampante stampa) {
 void FinestraBilancioVerifica::EsportaPagina(Compositore foglio, bool confronto) {
   if (!Raccogli()) return;
   const SceltaBilancio scelta = Digitata();
-  if (const std::string errore = ledger::BilancioVerifica::Controlla(scelta, confronto);
-      !errore.empty()) {
+  if (const std::string errore = bilancio_.Controlla(scelta, confronto); !errore.empty()) {
     return Dialogo().Messaggio(errore, Icona::Avviso);
   }
   const auto uscita =
@@ -216,8 +215,7 @@ void FinestraBilancioVerifica::MostraGrafico() {
   // The timer may fire while a long reading lets events through: the chart comes after it.
   if (Leggendo()) return attesaGrafico_->start(kRipresaGrafico);
   const SceltaBilancio scelta = Digitata();
-  if (const std::string errore = ledger::BilancioVerifica::Controlla(scelta, true);
-      !errore.empty()) {
+  if (const std::string errore = bilancio_.Controlla(scelta, true); !errore.empty()) {
     return grafico_->MostraTesto(QString::fromStdString(errore));
   }
   std::vector<ledger::MeseConfronto> mesi;

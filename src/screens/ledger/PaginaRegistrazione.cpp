@@ -209,9 +209,10 @@ void PaginaRegistrazione::NuovaRiga() {
 // --- Registration -----------------------------------------------------------------------------
 
 std::optional<std::int64_t> PaginaRegistrazione::ConfermaRegistrazione() {
-  if (caso_.Conferma()) return caso_.NumeroConfermato();
+  std::string campo;
+  if (caso_.Conferma(&campo)) return caso_.NumeroConfermato();
   Mostra();
-  VaiA(caso_.CampoRifiutato());
+  VaiA(campo);
   return std::nullopt;
 }
 

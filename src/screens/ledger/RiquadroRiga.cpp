@@ -6,7 +6,7 @@
 #include <QPushButton>
 
 #include "core/archives/FonteCodici.h"
-#include "core/values/FormatoImporto.h"
+#include "core/reports/DecimaliStampe.h"
 #include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
@@ -135,9 +135,7 @@ void RiquadroRiga::Entra() {
 }
 
 bool RiquadroRiga::ConfermaRiga(std::string& campo) {
-  const bool confermata = caso_.ConfermaRiga();
-  campo = caso_.CampoRifiutato();
-  return confermata;
+  return caso_.ConfermaRiga(&campo);
 }
 
 void RiquadroRiga::VisSaldo() {
@@ -148,13 +146,14 @@ void RiquadroRiga::VisSaldo() {
     campi_->Controllo("Conto").setFocus();
     return;
   }
-  constexpr int kPicture = 15;
+  constexpr const char* kSagoma = "ççççççççççççççç";
   const bool euro = finestre_.Sessione().Euro();
+  const reports::DecimaliStampe decimali(finestre_.Sessione());
   const Importo valori[] = {saldo->saldoIniziale, saldo->totaleDare, saldo->totaleAvere,
                             saldo->Finale()};
   for (std::size_t i = 0; i < std::size(valori); ++i) {
     valoriSaldo_[i]->setText(
-        QString::fromStdString(PictureImporto(valori[i], kPicture, euro)).trimmed());
+        QString::fromStdString(decimali.SulPannello(kSagoma, valori[i], euro)).trimmed());
   }
 }
 

@@ -89,17 +89,22 @@ void FinestraPrincipale::MostraSessione() {
   scorrimento_->setValue(corrente);
   cambiandoAnno_ = false;
   AggiornaStato();
-  MostraVoceSospese();
+  MostraVociDellaDitta();
   MostraVideoCorsi();
   MostraSfondo();
 }
 
-void FinestraPrincipale::MostraVoceSospese() {
-  const bool usate = ambiente_.DittaAperta() && vat::FattureSospese::Usate(ambiente_);
+void FinestraPrincipale::MostraVociDellaDitta() {
+  const bool aperta = ambiente_.DittaAperta();
+  const bool sospese = aperta && vat::FattureSospese::Usate(ambiente_);
+  const bool ritenute =
+      aperta &&
+      Qs(ambiente_.Config("RITENUTAACCONTO")).compare(QLatin1String("SI"), Qt::CaseInsensitive) ==
+          0;
   for (const auto& [voce, azione] : azioni_) {
-    if (QLatin1String(voce->nome) == QLatin1String("ApreFattureSospIva")) {
-      azione->setVisible(usate);
-    }
+    const QLatin1String nome(voce->nome);
+    if (nome == QLatin1String("ApreFattureSospIva")) azione->setVisible(sospese);
+    if (nome == QLatin1String("ApreRitenuteAcconto")) azione->setVisible(ritenute);
   }
 }
 
@@ -172,12 +177,6 @@ void FinestraPrincipale::SelezioneArchivi() {
     MostraSessione();
   } else {
     RichiamaSfondo();
-  }
-  for (const auto& [voce, azione] : azioni_) {
-    if (QLatin1String(voce->nome) == QLatin1String("ApreRitenuteAcconto")) {
-      azione->setVisible(Qs(ambiente_.Config("RITENUTAACCONTO"))
-                             .compare(QLatin1String("SI"), Qt::CaseInsensitive) == 0);
-    }
   }
 }
 
@@ -342,7 +341,7 @@ void FinestraPrincipale::ChiudiFinestra(FinestraFunzione& finestra) {
     if (!massima && !cornice->isMinimized()) memoria.setValue(chiave, cornice->geometry());
   }
   // A register may have been made or erased in it.
-  MostraVoceSospese();
+  MostraVociDellaDitta();
   RichiamaSfondo();
 }
 

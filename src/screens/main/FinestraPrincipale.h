@@ -94,8 +94,8 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   /// unloaded. Not while a function window is open.
   void RichiamaSfondo();
   void AggiornaStato();
-  /// The entry of deferred-VAT invoices is for companies that have registers for them.
-  void MostraVoceSospese();
+  /// Entries for companies that need them: deferred-VAT invoices, withholdings.
+  void MostraVociDellaDitta();
   // Help and menus of the main window's own (FinestraPrincipaleAiuto.cpp).
   void CreaMenuAiuto(QMenu& menu);
   void CreaMenuFinestre(QMenu& menu);

@@ -1,6 +1,7 @@
 // The checks of a confirmation, in the order in which they stop it.
 #include <limits>
 
+#include "core/archives/CodiciNoti.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "ledger/registrations/ControlliData.h"
@@ -24,7 +25,8 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::Controlla() {
                                       &Interno::ControllaProtocolloForzato,
                                       &Interno::ControllaDoppioFornitore,
                                       &Interno::ControllaTotale,
-                                      &Interno::ControllaVariazione};
+                                      &Interno::ControllaVariazione,
+                                      &Interno::ControllaCodici};
   for (const auto controllo : kControlli) {
     if (auto rifiuto = (this->*controllo)()) return rifiuto;
   }
@@ -196,6 +198,50 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaVariazione() {
       "E'stata spuntata la casella 'nota di variazione anni precedenti'\r\nse si tratta "
       "effettivamente di nota di variazione bisogna inserire il segno meno sugli importi",
       "NVarAnPrec"};
+}
+
+/// Codes typed into the options of the head, and those of rows that were typed. A payment code that
+/// doesn't exist makes no due dates, and the log of what follows says so.
+std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodici() {
+  std::vector<archives::CampoDiCodice> campi;
+  if (documento.Nuovo() && Tipo({"04"}) && AutomaticoIntra()) {
+    campi.push_back({"RivaIntra", "Registro", "registriTipo05"});
+    if (!B("NoIntraCosto_a_Forn")) {
+      campi.push_back({"FornitoreIntra", "Fornitore", "fornitori"});
+      campi.push_back({"ContoCostiIntra", "Conto costi", "conti"});
+      campi.push_back({"CausaleIntra", "Causale", "causali"});
+    }
+  }
+  if (documento.Nuovo() && B("BollaDog")) {
+    campi.push_back({"FornitoreBollaDog", "Fornitore", "fornitori"});
+    campi.push_back({"CausaleBollaDog", "Causale", "causali"});
+  }
+  if (B("RitAcc")) {
+    for (const char* numero : {"1", "2"}) {
+      campi.push_back({std::string("CausaleRitAcc") + numero, "Causale", "causali"});
+      campi.push_back({std::string("ContoRitAcc") + numero, "Conto", "conti"});
+    }
+  }
+  for (const archives::CampoDiCodice& campo : campi) {
+    if (!documento.Nuovo() && !testa.Modificata(campo.campo)) continue;
+    if (auto ignoto = archives::CodiceIgnoto(ambiente, campo, T(campo.campo))) return ignoto;
+  }
+  if (!documento.Nuovo() && !righe.Modificate()) return std::nullopt;
+  for (const RigaIva& una : righe.Tutte()) {
+    if (auto ignoto = CodiceIgnotoDellaRiga(una)) return ignoto;
+  }
+  return std::nullopt;
+}
+
+std::optional<Rifiuto> RegistrazioneIva::Interno::CodiceIgnotoDellaRiga(const RigaIva& una) {
+  const std::pair<archives::CampoDiCodice, const std::string&> codici[] = {
+      {{"CodIva", "Codice iva", "codiciIva"}, una.codIva},
+      {{"Conto", "Conto", "contiTutti"}, una.conto},
+      {{"Categoria", "Categoria", "categorie"}, una.categoria}};
+  for (const auto& [campo, codice] : codici) {
+    if (auto ignoto = archives::CodiceIgnoto(ambiente, campo, codice)) return ignoto;
+  }
+  return std::nullopt;
 }
 
 }  // namespace fenalto::vat

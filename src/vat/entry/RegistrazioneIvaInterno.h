@@ -108,6 +108,8 @@ struct RegistrazioneIva::Interno {
   std::optional<Rifiuto> ControllaDoppioFornitore();
   std::optional<Rifiuto> ControllaTotale();
   std::optional<Rifiuto> ControllaVariazione();
+  std::optional<Rifiuto> ControllaCodici();
+  std::optional<Rifiuto> CodiceIgnotoDellaRiga(const RigaIva& riga);
 
   // --- Confirmation -----------------------------------------------------------------------------
 

@@ -194,6 +194,7 @@ bool RegistrazioneIva::ConfermaRiga(std::string* campo) {
   RigaIva fatta = io.righe.Digitata();
   fatta.tipoRiga = TipoRigaIva::Imponibile;
   fatta.cfp = "P";
+  if (io.documento.Rifiuta(io.CodiceIgnotoDellaRiga(fatta), campo)) return false;
   const std::int64_t prima = io.righe.RigaNuova() ? 0 : io.righe.Aperta()->posi;
   if (fatta.posi <= 0 || fatta.posi >= kPosiIva) {
     fatta.posi = prima != 0 ? prima : io.righe.ProssimaPosi(1);

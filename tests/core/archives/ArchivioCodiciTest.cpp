@@ -103,6 +103,49 @@ TEST_F(ArchivioCodiciTest, OrdineDeiControlli) {
   EXPECT_THAT(Righe(), ElementsAre("a=altra", "B=voce B", "C=voce C"));
 }
 
+TEST_F(ArchivioCodiciTest, CodiciDiAltriArchivi) {
+  bool visibile = true;
+  bool attivo = true;
+  archives::DescrizioneArchivio d = Categorie();
+  d.campiExtra.emplace_back("Agente", Tipo::Testo);
+  d.campi.push_back(records::DiCodice("Agente", "Venditore", "agenti").In("Vendite"));
+  d.riquadri = {{.nome = "Vendite", .titolo = ""}};
+  d.aperto = [](archives::ContestoArchivio& c) { c.scheda.Scrivi("Agente", "X0"); };
+  d.stato = [&](const archives::ContestoArchivio&, const std::string& nome) {
+    return nome == "Vendite" ? records::StatoCampo{.visibile = visibile}
+                             : records::StatoCampo{.attivo = attivo};
+  };
+  Tessarc().Inserisci("Agenti", {{"Cod", "X1"}, {"Descrizione", "Verdi"}});
+  archives::ArchivioCodici archivio(ambiente, d);
+  // What was there before stays.
+  ASSERT_TRUE(archivio.Apri("A"));
+  archivio.Record().Scrivi("Descrizione", "altra");
+  EXPECT_TRUE(Conferma(archivio));
+  struct Caso {
+    const char* agente;
+    bool visibile, attivo, nuovo, ammesso;
+  };
+  const Caso casi[] = {{"X2", true, true, false, false}, {"X0", true, true, true, false},
+                       {"x1", true, true, false, true},  {" ", true, true, false, true},
+                       {"X2", false, true, false, true}, {"X2", true, false, false, true}};
+  for (const Caso& caso : casi) {
+    if (caso.nuovo) {
+      Nuovo(archivio, "N", "nuova");
+    } else {
+      ASSERT_TRUE(archivio.Apri("B"));
+    }
+    archivio.Record().Scrivi("Agente", caso.agente);
+    visibile = caso.visibile;
+    attivo = caso.attivo;
+    EXPECT_EQ(Conferma(archivio), caso.ammesso) << caso.agente;
+    if (caso.ammesso) continue;
+    EXPECT_THAT(Messaggi(), ElementsAre(std::string("Venditore: il codice ") + caso.agente +
+                                        " non esiste, sceglierne uno dall'elenco (F2)"));
+    EXPECT_EQ(rifiuto.campo, "Agente");
+  }
+  EXPECT_THAT(Messaggi(), IsEmpty());
+}
+
 TEST_F(ArchivioCodiciTest, CodiciParticolari) {
   archives::ArchivioCodici archivio(ambiente, [this] {
     archives::DescrizioneArchivio d = Categorie();

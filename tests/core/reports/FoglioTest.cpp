@@ -97,7 +97,7 @@ E7 s 'Sì' General
 A8 s 'due\nrighe;' General
 B8 n 0 0
 C8 d datetime.datetime(2026, 12, 25, 0, 0) dd/mm/yyyy
-D8 n 0.005 #,##0.00
+D8 n 0.005 #,##0.000
 E8 s 'n.d.' General
 A9 s '+39 02' General
 B9 s '-5' General

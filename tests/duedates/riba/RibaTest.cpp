@@ -117,6 +117,45 @@ class RibaTest : public ScadenzeDiProva {
   FabbricaConEvento uscite;
 };
 
+TEST_F(RibaTest, FormaGraficaPerLaBanca) {
+  Scadenzario().Esegui("update Banche set paese='IT', CinInt='60', Cin='X' where Cod='X1'");
+  Ricevuta("0001", "1234.56", 12, "ft.12 del 31/01/24");
+  Ricevuta("0002", "870.125", 15);
+  for (const bool tracciato : {false, true}) {
+    duedates::Riba riba(ambiente);
+    Prepara(riba);
+    riba.ImpostaForma({true, 0, tracciato});
+    dialoghi.ScegliaUscita(SceltaUscita{Destinazione::Pdf, {}});
+    dialoghi.Rispondera("DISTINTA DEFINITIVA ?", tracciato ? Risposta::Si : Risposta::No);
+    EXPECT_EQ(riba.Conferma(uscite), tracciato);
+    const auto scritte = [&](std::size_t pagina) {
+      std::string testo;
+      for (const auto& elemento : uscite.pagine[pagina].elementi) {
+        if (const auto* scritta = std::get_if<reports::Scritta>(&elemento)) {
+          testo += scritta->testo + "|";
+        }
+      }
+      return testo;
+    };
+    const std::string banca = scritte(0);
+    for (const char* parte :
+         {"|DISTINTA ORDINI DI INCASSO Ri.Ba. n. 12 del 15/03/2024|", "|Banca di Prova|",
+          "|IBAN IT60 X030 6909 6061 0000 0012 345|", "|2|2.104,685|", "|ricevute n. 2|2.104,685|",
+          "|Milano MI|01234567897|ft.12 del 31/01/24|05034 11700 Banco|"}) {
+      EXPECT_THAT(banca, HasSubstr(parte)) << banca;
+    }
+    for (const char* mai : {"rib/", " IB", "SEGNALAZIONI", "MEMORIZZATE"}) {
+      EXPECT_THAT(banca, Not(HasSubstr(mai)));
+    }
+    ASSERT_EQ(uscite.pagine.size(), tracciato ? 3U : 1U) << scritte(uscite.pagine.size() - 1);
+    if (!tracciato) continue;
+    EXPECT_THAT(scritte(1),
+                HasSubstr("|CREATO ARTICOLO CONTABILE 1|MEMORIZZATE RIBA SU FILE 12.rib|"));
+    EXPECT_THAT(scritte(2), HasSubstr("|TRACCIATO DEL FILE 12.rib|"));
+    EXPECT_THAT(scritte(2), HasSubstr("| IBA1B2C03069"));
+  }
+}
+
 TEST_F(RibaTest, DefinitivaScriveFileScadenzeBancaERegistrazione) {
   const auto una = Ricevuta("0001", "1234.56", 12);
   const auto altra = Ricevuta("0002", "870", 7, "ft. 7 del 31/01/2024 e altre cose da pagare");

@@ -37,7 +37,7 @@ OpzioniGrafiche::OpzioniGrafiche(const QString& finestra, Ambiente& ambiente, Sc
   LargoCaratteri(allineamento_, kCifre);
   scheda_.Aggiungi("StGrafico", Tipo::Booleano);
   scheda_.Aggiungi("XTar", Tipo::Importo);
-  scheda_.Scrivi("StGrafico", ambiente_.Config(chiave_) == kSi);
+  scheda_.Scrivi("StGrafico", ambiente_.Config(chiave_) != kNo);
   scheda_.Scrivi("XTar", Allineamento(ambiente_.Config(chiave_ + "_XTar")));
   if (!soloGrafico) {
     grafico_ = new QCheckBox(tr("Stampa in formato grafico"));

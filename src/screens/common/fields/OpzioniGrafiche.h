@@ -15,7 +15,8 @@ namespace fenalto::screens {
 class CampoImporto;
 
 /// The fields `StGrafico` and `XTar` of a report window, kept in the company's settings under the
-/// window's name and its name followed by "_XTar". Leaving either writes its key at once.
+/// window's name and its name followed by "_XTar". Leaving either writes its key at once. Until the
+/// user chooses otherwise the form is graphic.
 class OpzioniGrafiche : public QObject {
   Q_OBJECT
 

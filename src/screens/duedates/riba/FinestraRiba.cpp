@@ -15,6 +15,7 @@
 #include "duedates/riba/Riba.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/fields/OpzioniGrafiche.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/duedates/CampiScadenza.h"
@@ -109,6 +110,7 @@ struct FinestraRiba::Interno {
   duedates::Riba caso;
   Scheda campi;
   Legatura* legatura;
+  OpzioniGrafiche* opzioni;
   GrigliaRiba* griglia;
   QLabel* numero = InEvidenza(Mostrato("NumeroDistinta"));
   QLabel* descrizione = InEvidenza(Mostrato("Descrizione"));
@@ -130,6 +132,7 @@ FinestraRiba::Interno::Interno(FinestraRiba& finestraUsata, Finestre& gestoreUsa
       caso(gestoreUsato.Sessione()),
       legatura(new Legatura([this]() -> Scheda& { return campi; },
                             gestoreUsato.Sessione().Dialogo(), &finestraUsata)),
+      opzioni(new OpzioniGrafiche(finestraUsata.Nome(), gestoreUsato.Sessione(), campi, *legatura)),
       griglia(new GrigliaRiba(finestraUsata.Nome(), [this](int riga) { Cambia(riga); })),
       sfoglia(Pulsante(QStringLiteral("Sfoglia"), tr("Sfoglia..."))),
       aggiorna(Pulsante(QStringLiteral("Aggiorna"), tr("Aggiorna"), tr("F5"))),
@@ -141,7 +144,9 @@ FinestraRiba::Interno::Interno(FinestraRiba& finestraUsata, Finestre& gestoreUsa
     campi.Aggiungi(testo, Tipo::Testo);
   }
   campi.Aggiungi("DataDistinta", Tipo::Data);
-  campi.Aggiungi("RegistrazioneContabileRiba", Tipo::Booleano);
+  for (const char* casella : {"RegistrazioneContabileRiba", "StampaTracciato"}) {
+    campi.Aggiungi(casella, Tipo::Booleano);
+  }
   auto* colonna = new QVBoxLayout(&finestra);
   colonna->addLayout(CreaDistinta());
   colonna->addWidget(CreaRegistrazione());
@@ -225,7 +230,14 @@ QWidget* FinestraRiba::Interno::CreaSelezione() {
 
 QLayout* FinestraRiba::Interno::CreaPiede() {
   auto* fila = new QHBoxLayout;
+  auto* tracciato = new QCheckBox(tr("anche il tracciato"));
+  tracciato->setObjectName(QStringLiteral("StampaTracciato"));
+  tracciato->setToolTip(tr("in fondo alla distinta, le righe del file per la banca"));
+  legatura->Lega(tracciato);
   fila->addWidget(conferma);
+  fila->addSpacing(16);
+  fila->addLayout(opzioni->Riga());
+  fila->addWidget(tracciato);
   fila->addSpacing(16);
   esito->setTextInteractionFlags(Qt::TextSelectableByMouse);
   fila->addWidget(esito, 1);
@@ -310,6 +322,8 @@ void FinestraRiba::Interno::Rileggi() {
 
 void FinestraRiba::Interno::Conferma() {
   if (!legatura->Raccogli()) return;
+  caso.ImpostaForma(
+      {opzioni->StGrafico(), opzioni->XTar(), campi.Leggi("StampaTracciato").Booleano()});
   const bool confermata = caso.Conferma(gestore.Uscite());
   MostraRighe();
   Mostra();
