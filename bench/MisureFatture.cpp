@@ -126,7 +126,9 @@ void Digita(vat::RegistrazioneIva& fatture) {
   campo("Dt", giorno);
   campo("Contox", kFornitoreFatture);
   campo("DtFat", giorno);
-  campo("NFat", "A 12");
+  // Another one each time: the same document twice is asked about.
+  static int numero = 0;
+  campo("NFat", "A " + std::to_string(++numero));
   campo("Pagamento", kPagamentoDueRate);
   for (int i = 0; i < kRigheImponibile; ++i) {
     fatture.PNuovaRiga();

@@ -21,7 +21,14 @@ class UccisioneFatturaTest : public FatturaDiProva {
   void ConfermaSenzaFine(int tubo) const {
     const auto cassa = NuovaStazione("CASSA");
     vat::RegistrazioneIva fatture(*cassa->ambiente);
-    while (Digita(fatture, ReverseCharge()) && fatture.Conferma()) {
+    FatturaDaScrivere fattura = ReverseCharge();
+    // Numbers that no process before has used.
+    std::int64_t nFat = fatture.ProbabileNumDoc();
+    const auto nuova = [&] {
+      fattura.nFat = std::to_string(nFat++);
+      return Digita(fatture, fattura);
+    };
+    while (nuova() && fatture.Conferma()) {
       const int numero = static_cast<int>(fatture.NumeroConfermato());
       if (write(tubo, &numero, sizeof numero) != sizeof numero) break;
       cassa->dialoghi.messaggi.clear();

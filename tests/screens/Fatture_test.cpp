@@ -36,6 +36,7 @@ class FinestraFattureTest : public FinestraProva {
     Clic("Nuovo");
     Scrivi("Contox", "9001");
     Scrivi("NFat", numero);
+    Scrivi("DtFat", "14/03/2024");
     RigaDi("100");
     RigaDi("50");
     Clic("Conferma");

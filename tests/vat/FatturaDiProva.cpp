@@ -74,7 +74,18 @@ bool FatturaDiProva::Digita(vat::RegistrazioneIva& fatture, const FatturaDaScriv
 
 std::int64_t FatturaDiProva::Inserisci(const FatturaDaScrivere& fattura) {
   vat::RegistrazioneIva fatture(ambiente);
-  if (!Digita(fatture, fattura) || !fatture.Conferma()) return 0;
+  if (!Digita(fatture, fattura)) return 0;
+  // The same purchase again isn't what these tests are about.
+  Scheda& testa = fatture.Testa();
+  const bool acquisto = testa.Testo("CFPx") == "F" && !testa.Testo("NFat").empty();
+  if (acquisto && ambiente.Esiste("tessarc", "ZarticoliFatture",
+                                  {{"CFP", "F"},
+                                   {"Conto", testa.Testo("Contox")},
+                                   {"NFat", testa.Testo("NFat")},
+                                   {"DtFat", testa.Leggi("DtFat")}})) {
+    dialoghi.Rispondera("di questo fornitore è già registrato", Risposta::Si);
+  }
+  if (!fatture.Conferma()) return 0;
   return fatture.NumeroConfermato();
 }
 

@@ -48,7 +48,7 @@ TEST_F(FattureControlliTest, AcquistoNellOrdine) {
   ASSERT_TRUE(f.ScegliRegistro("3"));
   ASSERT_TRUE(f.Nuovo());
   for (const auto& [campo, valore] :
-       std::vector<std::pair<const char*, Valore>>{{"Dt", Data()},
+       std::vector<std::pair<const char*, Valore>>{{"Dt", G(31, 3, 2024)},
                                                    {"DtFat", G(15, 3, 2024)},
                                                    {"NFat", "12"},
                                                    {"DtIncasso", G(1, 5, 2024)},
@@ -63,8 +63,7 @@ TEST_F(FattureControlliTest, AcquistoNellOrdine) {
   const char* ritenuta2 = "mancano dati per registrazione giro ritenuta 2";
   Percorri(
       f,
-      {{"manca la data della registrazione", "Dt", Scrive("Dt", G(31, 3, 2024))},
-       {"data registrazione contabile antecedente all'ultima data già stampata su libro giornale",
+      {{"data registrazione contabile antecedente all'ultima data già stampata su libro giornale",
         "Dt", Scrive("Dt", G(1, 4, 2024))},
        {"La data registrazione è relativa ad un periodo già stampato sul registro iva", "Dt",
         Scrive("Dt", G(2, 5, 2024))},
@@ -112,7 +111,21 @@ TEST_F(FattureControlliTest, AcquistoNellOrdine) {
         Scrive("TotaleXVerifica", I("122"))},
        {"E'stata spuntata la casella 'nota di variazione anni precedenti'\r\nse si tratta "
         "effettivamente di nota di variazione bisogna inserire il segno meno sugli importi",
-        "NVarAnPrec", Scrive("NVarAnPrec", false)}});
+        "NVarAnPrec",
+        [](vat::RegistrazioneIva& x) {
+          for (const auto& [campo, valore] :
+               std::vector<std::pair<const char*, Valore>>{{"NVarAnPrec", false},
+                                                           {"Dt", Data()},
+                                                           {"Pagamento", "ZZ"},
+                                                           {"CausaleBollaDog", "ZZ"},
+                                                           {"ContoRitAcc1", "ZZ"}}) {
+            x.Testa().Scrivi(campo, valore);
+          }
+        }},
+       {"manca la data", "Dt", Scrive("Dt", G(2, 5, 2024))},
+       {"il codice pagamento ZZ non esiste", "Pagamento", Scrive("Pagamento", "")},
+       {"la causale ZZ non esiste", "CausaleBollaDog", Scrive("CausaleBollaDog", "029")},
+       {"il conto ZZ non esiste", "ContoRitAcc1", Scrive("ContoRitAcc1", "180.010")}});
   // The document, the customs giro, one withholding.
   EXPECT_EQ(Conti().substr(0, 1), "4");
 }
@@ -121,7 +134,6 @@ TEST_F(FattureControlliTest, FatturaGiaRegistrata) {
   const FatturaDaScrivere doppia{
       .riva = "3", .parte = "0001", .righe = {{"500.001", "22", I("9")}}};
   ASSERT_NE(Inserisci(doppia), 0);
-  ASSERT_NE(Inserisci(doppia), 0) << "the search is off until it is asked for";
   vat::RegistrazioneIva f(ambiente);
   f.VerificaFatForn(true);
   ASSERT_TRUE(Digita(f, doppia));
@@ -137,10 +149,151 @@ TEST_F(FattureControlliTest, FatturaGiaRegistrata) {
   EXPECT_EQ(Tutto(), prima);
   dialoghi.Rispondera("esiste già", Risposta::Si);
   EXPECT_TRUE(f.Conferma());
-  // Another supplier, another register, a sale: no search.
-  for (const auto& [riva, parte] : std::vector<std::pair<std::string, std::string>>{
-           {"3", "0002"}, {"3V", "0001"}, {"1", "0001"}}) {
-    EXPECT_NE(Inserisci({.riva = riva, .parte = parte, .righe = doppia.righe}), 0);
+  // Another supplier, a sale, another day on another register: no search.
+  for (const auto& [riva, parte, dt] :
+       std::vector<std::tuple<std::string, std::string, Data>>{{"3", "0002", G(15, 3, 2024)},
+                                                               {"1", "0001", G(15, 3, 2024)},
+                                                               {"3V", "0001", G(16, 3, 2024)}}) {
+    ASSERT_TRUE(Digita(f, {.riva = riva, .parte = parte, .righe = doppia.righe, .dt = dt}));
+    EXPECT_TRUE(f.Conferma());
+  }
+}
+
+TEST_F(FattureControlliTest, StessoDocumentoQualunqueOpzione) {
+  const auto con = [](const char* riva, const char* nFat, Data dt) {
+    return FatturaDaScrivere{.riva = riva,
+                             .parte = "0001",
+                             .righe = {{"500.001", "22", I("9")}},
+                             .nFat = nFat,
+                             .dt = dt};
+  };
+  const Data giorno = G(15, 3, 2024);
+  ASSERT_EQ(Inserisci(con("3", "12", giorno)), 1);
+  vat::RegistrazioneIva f(ambiente);
+  f.VerificaFatForn(false);
+  for (const char* riva : {"3", "3V", "11"}) {
+    ASSERT_TRUE(Digita(f, con(riva, "12", giorno)));
+    const std::string prima = Tutto();
+    dialoghi.Rispondera(
+        "il documento n. 12 del 15/03/2024 di questo fornitore è già registrato\n"
+        "(anno 2024, registro iva 3, articolo n. 1)\nProseguo ugualmente ?",
+        Risposta::No);
+    std::string campo;
+    EXPECT_FALSE(f.Conferma(&campo));
+    EXPECT_EQ(campo, "NFat");
+    EXPECT_EQ(Tutto(), prima);
+  }
+  ASSERT_EQ(Inserisci(con("3", "13", giorno)), 2);
+  ASSERT_EQ(Inserisci(con("3", "12", G(16, 3, 2024))), 3) << "another day";
+  // A stored one asks when it becomes the same, and not for itself.
+  ASSERT_TRUE(f.Apri(2));
+  f.Testa().Scrivi("Pagamento", "");
+  EXPECT_TRUE(f.Conferma());
+  ASSERT_TRUE(f.Apri(2));
+  f.Testa().Scrivi("NFat", "12");
+  dialoghi.Rispondera("articolo n. 1)", Risposta::Si);
+  EXPECT_TRUE(f.Conferma());
+}
+
+TEST_F(FattureControlliTest, EstremiDelDocumento) {
+  struct Caso {
+    const char *riva, *nFat;
+    Data dtFat;
+    const char *domanda, *campo;
+  };
+  const Data giorno = G(14, 3, 2024);
+  const char* numero = "manca il numero del documento\nProseguo ugualmente ?";
+  const char* data = "manca la data del documento\nProseguo ugualmente ?";
+  for (const Caso& caso :
+       {Caso{"3", "", giorno, numero, "NFat"},
+        {"11", "7", {}, data, "DtFat"},
+        {"3", "", {}, "mancano il numero e la data del documento\nProseguo ugualmente ?", "NFat"},
+        {"1", "7", {}, data, "DtFat"},
+        {"1", "", giorno, "", ""},
+        {"9", "", {}, "", ""}}) {
+    SCOPED_TRACE(std::string(caso.riva) + caso.nFat + caso.domanda);
+    vat::RegistrazioneIva f(ambiente);
+    const bool corrispettivi = std::string_view(caso.riva) == "9";
+    ASSERT_TRUE(Digita(f, {.riva = caso.riva,
+                           .parte = corrispettivi ? "" : "0001",
+                           .righe = {{"700.001", "22", I("1")}}}));
+    f.Testa().Scrivi("NFat", caso.nFat);
+    f.Testa().Scrivi("DtFat", caso.dtFat);
+    if (*caso.domanda == 0) {
+      EXPECT_TRUE(f.Conferma()) << ::testing::PrintToString(Messaggi());
+      continue;
+    }
+    const std::string prima = Tutto();
+    std::string campo;
+    dialoghi.Rispondera(caso.domanda, Risposta::No);
+    EXPECT_FALSE(f.Conferma(&campo));
+    EXPECT_EQ(campo, caso.campo);
+    EXPECT_EQ(Tutto(), prima);
+    dialoghi.Rispondera(caso.domanda, Risposta::Si);
+    EXPECT_TRUE(f.Conferma());
+  }
+}
+
+TEST_F(FattureControlliTest, DataFatturaDelleVendite) {
+  vat::RegistrazioneIva f(ambiente);
+  const auto dtFat = [&] { return f.Testa().Leggi("DtFat").Data(); };
+  const auto dt = [&](Data data) {
+    f.Testa().Scrivi("Dt", data);
+    f.TestaLasciata("Dt");
+  };
+  for (const auto& [riva, proposta] :
+       {std::pair("1", true), {"6", true}, {"3", false}, {"4", false}}) {
+    SCOPED_TRACE(riva);
+    ASSERT_TRUE(f.ScegliRegistro(riva));
+    ASSERT_TRUE(f.Nuovo());
+    EXPECT_EQ(dtFat(), proposta ? G(15, 3, 2024) : Data());
+    dt(G(20, 3, 2024));
+    EXPECT_EQ(dtFat(), proposta ? G(20, 3, 2024) : Data());
+    if (std::string_view(riva) == "1") {
+      EXPECT_EQ(f.Testa().Testo("Descrizionex"), "FATT.1 Del 20/03/2024");
+    }
+    // Typed, it stays.
+    f.Testa().Scrivi("DtFat", G(1, 3, 2024));
+    dt(G(21, 3, 2024));
+    EXPECT_EQ(dtFat(), G(1, 3, 2024));
+    f.Abbandona();
+  }
+}
+
+TEST_F(FattureControlliTest, CodiciEliminatiAltrove) {
+  struct Caso {
+    const char *elimina, *messaggio, *campo;
+  };
+  for (const Caso& caso :
+       {Caso{"Conti where Cod='500.001'", "riga 1: il conto 500.001 non esiste nel piano dei conti",
+             "GrigliaRighe"},
+        {"CodiciIva where Cod='22'", "riga 1: il codice iva 22 non esiste", "GrigliaRighe"},
+        {"Causali where Cod='32'",
+         "la causale 32 del registro iva 3 non esiste: riconfermare il registro in Archivi, "
+         "Contabilità, Registri Iva",
+         "Riva"},
+        {"Conti where Cod='170.003'", "il conto iva 170.003 del registro iva 3 non esiste", "Riva"},
+        {"Pagamento where Cod='DUE'", "il codice pagamento DUE non esiste", "Pagamento"},
+        {"Fornitori where Cod='0001'", "il fornitore 0001 non esiste", "Contox"}}) {
+    SCOPED_TRACE(caso.elimina);
+    Transazione transazione(ambiente.Basi());
+    vat::RegistrazioneIva f(ambiente);
+    ASSERT_TRUE(Digita(
+        f,
+        {.riva = "3", .parte = "0001", .righe = {{"500.001", "22", I("1")}}, .pagamento = "DUE"}));
+    Tessarc().Esegui(std::string("delete * from ") + caso.elimina);
+    if (std::string_view(caso.elimina).starts_with("Conti ")) {
+      Tessarc().Esegui(
+          "delete * from ContiClientiFornitori where CFP='P' and (Cod='500.001' or "
+          "Cod='170.003')");
+    }
+    Messaggi();
+    std::string campo;
+    EXPECT_FALSE(f.Conferma(&campo));
+    EXPECT_EQ(SoloMessaggio(), caso.messaggio);
+    EXPECT_EQ(campo, caso.campo);
+    EXPECT_EQ(Conti(), "0 0 0");
+    // Rolled back, the next one begins anew.
   }
 }
 

@@ -275,7 +275,7 @@ TEST_F(FattureTest, QuelCheSegue) {
   auto dueRitenute = ritenuta;
   dueRitenute.altri.insert(
       dueRitenute.altri.end(),
-      {{"CausaleRitAcc2", "024"}, {"ContoRitAcc2", "420.011"}, {"ImportoRitAcc2", I("20")}});
+      {{"CausaleRitAcc2", "024"}, {"ContoRitAcc2", "430.003"}, {"ImportoRitAcc2", I("20")}});
   auto dogana = Acquisto("1000");
   dogana.altri = {{"BollaDog", true},
                   {"FornitoreBollaDog", "0002"},
@@ -294,7 +294,6 @@ TEST_F(FattureTest, QuelCheSegue) {
   for (const Caso& caso :
        {Caso{"senza codice", Vendita(), "1 3 0", 0},
         {"rate", pagata(Vendita(), "DUE"), "1 3 2", 0},
-        {"codice che non c'è più", pagata(Vendita(), "MAI"), "1 3 0", 0},
         {"pagata subito", pagata(Acquisto(), "MISTO"), "2 5 2", 0},
         {"corrispettivi", pagata({.riva = "2", .righe = {{"700.010", "20", I("1")}}}, "MISTO"),
          "1 2 0", 0},

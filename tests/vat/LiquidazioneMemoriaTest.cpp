@@ -115,7 +115,8 @@ TEST_F(LiquidazioneMemoriaTest, CreditoEImportoNonVersatoPassanoAlPeriodoDopo) {
   Memorizza("12", {Registro("01", 1, I("25.81"))}, {}, 2023);
   EXPECT_EQ(Chiusura("12", 2023), "0 25.81 0 25.81");
   EXPECT_EQ(Proposta("01"), "0 importo non versato periodo precedente 25.81");
-  EXPECT_EQ(Proposta("02"), "0  0");
+  // A period that is never settled loses nothing.
+  EXPECT_EQ(Proposta("02"), "0 importo non versato periodo precedente 25.81");
 
   Memorizza("01", {Registro("03", -1, I("300"))});
   EXPECT_EQ(Chiusura("01"), "0 -300 0 0");
@@ -150,7 +151,41 @@ TEST_F(LiquidazioneMemoriaTest, TrimestreDopoMese) {
   Memorizza("12", {Registro("09", 1, I("10"))}, {}, 2023);
   EXPECT_EQ(Proposta("T1"), "0 importo non versato periodo precedente 10");
   Memorizza("T4", {Registro("09", 1, I("11"))});
-  EXPECT_EQ(Proposta("01", 2025), "0 importo non versato periodo precedente 11");
+  // From 2024 on nothing is carried past the end of the year.
+  EXPECT_EQ(Proposta("01", 2025), "0  0");
+}
+
+TEST_F(LiquidazioneMemoriaTest, PeriodiMaiLiquidati) {
+  const std::string resto = " importo non versato periodo precedente ";
+  vat::DatiLiquidazione dati;
+  dati.creditoPrec = I("70");
+  Memorizza("03", {Registro("03", -1, I("300"))}, dati);
+  EXPECT_EQ(Proposta("07"), "370  0");
+  dati.creditoPrec = I("370");
+  Memorizza("07", {Registro("01", 1, I("430"))}, dati);
+  EXPECT_EQ(Chiusura("07"), "370 60 0 60");
+  EXPECT_EQ(Proposta("12"), "0" + resto + "60");
+  EXPECT_EQ(Proposta("01", 2025), "0" + resto + "60");
+  // Between two that are settled, and before them all.
+  EXPECT_EQ(Proposta("05"), "370  0");
+  EXPECT_EQ(Proposta("02"), "70  0");
+  Memorizza("12", {}, vat::ProponiLiquidazione(ambiente, Periodo("12")));
+  EXPECT_EQ(Chiusura("12"), "0 60 0 60");
+  EXPECT_EQ(Proposta("01", 2025), "0  0") << "paid, whatever the amount";
+}
+
+TEST_F(LiquidazioneMemoriaTest, CreditoDopoEliminazione) {
+  vat::ScriviCreditoIva(ambiente, I("70"));
+  EXPECT_EQ(vat::CreditoPrimaDi(ambiente, 2024), I("70")) << "nothing to erase";
+  for (const char* periodo : {"02", "03"}) {
+    Memorizza(periodo, {Registro("03", -1, I("300"))},
+              vat::ProponiLiquidazione(ambiente, Periodo(periodo)));
+  }
+  EXPECT_EQ(Credito(), "670");
+  EXPECT_EQ(vat::CreditoPrimaDi(ambiente, 2024), I("70"));
+  // What is on hand belongs to a later year.
+  Memorizza("01", {Registro("03", -1, I("5"))}, {}, 2025);
+  EXPECT_EQ(vat::CreditoPrimaDi(ambiente, 2024), I("5"));
 }
 
 TEST_F(LiquidazioneMemoriaTest, RigheConservateSeSiVuole) {
@@ -223,6 +258,35 @@ TEST_F(LiquidazioneMemoriaTest, RistampaLasciaUnaSerieDiGiri) {
                             "590.004,170.010"}));
 }
 
+TEST_F(LiquidazioneMemoriaTest, GiroDelProRata) {
+  ambiente.ScriviImpostazione({}, "config", "ContoProRata", "590.001");
+  vat::DatiLiquidazione dati;
+  dati.proRata = I("10");
+  const std::vector<vat::TotaleRegistro> registri = {
+      Registro("01", 1, I("1000")), Registro("03", -1, I("430"), I("30"), "170.003"),
+      Registro("04", 1, I("22"), {}, "900.220"), Registro("05", -1, I("11"), {}, "900.220"),
+      Registro("08A", -1, I("4"), {}, "170.003")};
+  // 400, 11 and 4 are deducted.
+  for (int volta = 0; volta < 2; ++volta) {
+    const vat::Liquidazione l = Memorizza("03", registri, dati);
+    EXPECT_EQ(l.ProRata(), I("41.5"));
+    EXPECT_EQ(-Saldi()["170.010"], l.daVersare) << "what reverse charge can't deduct included";
+    EXPECT_EQ(Saldi()["590.001"], I("41.5"));
+    EXPECT_EQ(Saldi()["900.220"], I("11")) << "moved, and owed by the registers";
+  }
+  EXPECT_THAT(log.testo, HasSubstr("Registrazione pro-rata : Articolo n. "));
+  // Without the giro to the tax authority it comes off the accounts of the registers.
+  Tessarc().Esegui("delete * from Articoli");
+  Tessarc().Esegui("delete * from Movimenti");
+  ambiente.ScriviImpostazione({}, "config", "RegistrazioneContabileErario", "0");
+  Memorizza("04", registri, dati);
+  EXPECT_EQ(Saldi()["170.003"], I("-40.4"));
+  EXPECT_EQ(Saldi()["900.220"], I("-1.1"));
+  dati.proRata = {};
+  Memorizza("04", registri, dati);
+  EXPECT_THAT(Giri(), IsEmpty());
+}
+
 TEST_F(LiquidazioneMemoriaTest, GiriCambiatiOSulGiornaleNonSiContanoDueVolte) {
   for (const char* guasto :
        {"update Movimenti set Descrizione='mia' where NumDoc=2 and Posi=2",
@@ -283,6 +347,12 @@ TEST_F(LiquidazioneMemoriaTest, MancanoDati) {
               *caso.messaggio == 0 ? "" : dati + caso.messaggio)
         << caso.nome;
   }
+  vat::DatiGiri proRata;
+  proRata.dt = G(30, 6, 2024);
+  proRata.contoProRata = "ZZ";
+  EXPECT_EQ(vat::MancanoDatiGiri(ambiente, proRata, RegistriPieni(), {}, I("1")),
+            dati + "(causale, conto del pro-rata)");
+  EXPECT_EQ(vat::MancanoDatiGiri(ambiente, proRata, RegistriPieni()), "");
   Tessarc().Esegui("update RegistriIva set CauGiroCorrisp='' where Cod='2'");
   vat::DatiGiri giri = vat::LeggiDatiGiri(ambiente);
   giri.dt = G(30, 6, 2024);

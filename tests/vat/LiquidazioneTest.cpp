@@ -3,6 +3,7 @@
 
 #include "ledger/DittaDiProva.h"
 #include "vat/LiquidazioneDiProva.h"
+#include "vat/settlement/MinimoVersamento.h"
 namespace fenalto::prova {
 namespace {
 
@@ -13,6 +14,7 @@ struct Foglio {
   std::vector<vat::TotaleRegistro> registri;
   vat::DatiLiquidazione dati;
   std::vector<std::string> righe;
+  int anno = 2024;
 };
 
 vat::DatiLiquidazione Percentuali(const char* proRata, const char* interessi) {
@@ -35,7 +37,7 @@ vat::DatiLiquidazione DatiPieni() {
 TEST(Liquidazione, Fogli) {
   const auto vendite = [](const char* iva) { return Registro("01", 1, I(iva)); };
   const std::string saldo = "IVA a debito del periodo ";
-  const std::vector<std::string> minimo = {"(importo inferiore a € 25.82)",
+  const std::vector<std::string> minimo = {"(importo non superiore a € 100.00)",
                                            "(da aggiungere al prossimo versamento)"};
   const std::vector<std::string> note = {
       "(*corrispettivi ventilati: la somma importi iva mese/trim può)",
@@ -50,18 +52,21 @@ TEST(Liquidazione, Fogli) {
           DatiPieni(),
           {"Registro 01 Prova 1000", "storno per differimento esigiblità iva VENDITE -100",
            "Registro 03 Prova -400.04", "storno per differimento esigiblità iva ACQUISTI 30",
-           "Pro-Rata 12,5% 50.01", "Registro 04 Prova 22", "Registro 05 Prova -22",
-           "Registro 08 Prova 15", "Registro 08A Prova -4", saldo + "590.97",
-           "Credito precedente 50 -", "acconto versato 20 -", "rettifica -5 -",
-           "importo non versato periodo precedente 10.5 +", "altro 1 +", "IVA DA VERSARE 537.47"}),
+           "Pro-Rata 12,5% 46.26", "Registro 04 Prova 22", "Registro 05 Prova -22",
+           "Pro-Rata 12,5% 2.75", "Registro 08 Prova 15", "Registro 08A Prova -4",
+           "Pro-Rata 12,5% 0.5", saldo + "590.47", "Credito precedente 50 -",
+           "acconto versato 20 -", "rettifica -5 -",
+           "importo non versato periodo precedente 10.5 +", "altro 1 +", "IVA DA VERSARE 536.97"}),
       Foglio("25,81", "01", {vendite("25.81")}, {},
-             {"Registro 01 Prova 25.81", saldo + "25.81", "IVA DA VERSARE 25.81", minimo[0],
-              minimo[1]}),
+             {"Registro 01 Prova 25.81", saldo + "25.81", "IVA DA VERSARE 25.81",
+              "(importo inferiore a € 25.82)", minimo[1]},
+             2023),
       Foglio("25,82", "01", {vendite("25.82")}, {},
-             {"Registro 01 Prova 25.82", saldo + "25.82", "IVA DA VERSARE 25.82"}),
+             {"Registro 01 Prova 25.82", saldo + "25.82", "IVA DA VERSARE 25.82"}, 2023),
       Foglio("gli interessi passano il minimo", "T1", {vendite("25.6")}, Percentuali("0", "1"),
              {"Registro 01 Prova 25.6", saldo + "25.6", "IVA A DEBITO 25.6", "INTERESSI 1% 0.26 +",
-              "IVA DA VERSARE 25.86"}),
+              "IVA DA VERSARE 25.86"},
+             2023),
       Foglio("trimestre", "T2", {vendite("1000.5")}, Percentuali("0", "1"),
              {"Registro 01 Prova 1000.5", saldo + "1000.5", "IVA A DEBITO 1000.5",
               "INTERESSI 1% 10.01 +", "IVA DA VERSARE 1010.51"}),
@@ -87,10 +92,41 @@ TEST(Liquidazione, Fogli) {
   };
   for (const Foglio& foglio : fogli) {
     SCOPED_TRACE(foglio.nome);
-    EXPECT_THAT(
-        InRighe(vat::CalcolaLiquidazione(Periodo(foglio.periodo), foglio.registri, foglio.dati)),
-        ElementsAreArray(foglio.righe));
+    EXPECT_THAT(InRighe(vat::CalcolaLiquidazione(Periodo(foglio.periodo, foglio.anno),
+                                                 foglio.registri, foglio.dati)),
+                ElementsAreArray(foglio.righe));
   }
+}
+
+TEST(Liquidazione, MinimoVersamento) {
+  struct Caso {
+    int anno;
+    const char *periodo, *importo;
+    bool sotto;
+  };
+  for (const Caso& caso : {Caso{2023, "01", "25.81", true},
+                           {2023, "12", "25.81", true},
+                           {2023, "T4", "25.81", true},
+                           {2023, "11", "25.82", false},
+                           {2024, "01", "100", true},
+                           {2024, "01", "100.01", false},
+                           {2024, "10", "100", true},
+                           {2024, "11", "0.01", false},
+                           {2024, "12", "50", false},
+                           {2025, "T2", "100", true},
+                           {2024, "T2", "100.01", false},
+                           {2024, "T3", "1", false},
+                           {2024, "T4", "1", false},
+                           {2025, "03", "0", false},
+                           {2025, "03", "-5", false}}) {
+    EXPECT_EQ(vat::SottoMinimo(Periodo(caso.periodo, caso.anno), I(caso.importo)), caso.sotto)
+        << caso.anno << " " << caso.periodo << " " << caso.importo;
+  }
+  // The interest counts: 99.01 and 0.99.
+  const auto l = vat::CalcolaLiquidazione(Periodo("T1"), {Registro("01", 1, I("99.01"))},
+                                          Percentuali("0", "1"));
+  EXPECT_TRUE(l.sottoMinimo);
+  EXPECT_EQ(l.daVersare, I("100"));
 }
 
 TEST(Liquidazione, PercentualiRifiutate) {

@@ -100,6 +100,36 @@ TEST_F(RegistroIvaTest, IncassateSenzaRegistro) {
               "ci sono fatture acquisti in sospensione iva incassate:\n"
               "è necessario creare un registro iva di tipo 08A");
   }
+  registro.ScegliPeriodo("T2");
+  Messaggi();
+  const auto problemi = registro.Controlla();
+  EXPECT_THAT(
+      Testi(problemi),
+      ElementsAre("? ci sono fatture vendita in sospensione iva pagate: è necessario creare "
+                  "un registro iva di tipo 08",
+                  "? Registro 1 : il numero protocollo 1 del 10/12/2023, incassato o pagato "
+                  "il 30/06/2024, resta fuori dalla liquidazione",
+                  "? ci sono fatture acquisti in sospensione iva incassate: è necessario "
+                  "creare un registro iva di tipo 08A",
+                  "? Registro 3 : il numero protocollo 1 del 10/01/2024, incassato o pagato "
+                  "il 01/04/2024, resta fuori dalla liquidazione"));
+  EXPECT_EQ(problemi[1].numDoc, 0) << "of another year";
+  EXPECT_NE(problemi[3].numDoc, 0);
+}
+
+TEST_F(RegistroIvaTest, SecondoRegistroDellaVentilazione) {
+  Scrivi({"3", 1, G(5, 3, 2024), {{"22V", I("100"), I("22")}}});
+  Scrivi({"3V", 1, G(6, 3, 2024), {{"22V", I("100"), I("22")}}});
+  Scegli("03");
+  vat::Ventilazione& v = registro.Opzioni().ventilazione;
+  EXPECT_EQ(v.aaNProt, 1);
+  v.aaNProt = 7;
+  v.riva1 = "3V";
+  registro.ProponiVentilazione(true);
+  EXPECT_EQ(v.aaNProt1, 1);
+  EXPECT_EQ(v.aaNProt, 7) << "typed";
+  registro.ProponiVentilazione(false);
+  EXPECT_EQ(v.aaNProt, 1);
 }
 
 TEST_F(RegistroIvaTest, Controlli) {
@@ -163,12 +193,12 @@ TEST_F(RegistroIvaTest, Ventilazione) {
     const vat::QuotaVentilazione& q = corrispettivi->quote[i];
     const vat::TotaleCodice& c = corrispettivi->codici[i];
     somma += q.corrispettivi;
-    righe.push_back(q.codIva + " " + q.acquisti.Testo() + " " + q.quota.Testo() + " " +
+    righe.push_back(q.codIva + " " + q.acquisti.Testo() + " " + std::to_string(q.quota) + " " +
                     q.corrispettivi.Testo() + "=" + c.imponibile.Testo() + "+" + c.iva.Testo());
   }
-  EXPECT_THAT(righe, ElementsAre("04V 104 30.9523 310.45=298.51+11.94",
-                                 "10V 110 32.738 328.36=298.51+29.85",
-                                 "22V 122 36.3095 364.19=298.52+65.67"));
+  EXPECT_THAT(righe, ElementsAre("04V 104 3095238 310.45=298.51+11.94",
+                                 "10V 110 3273810 328.36=298.51+29.85",
+                                 "22V 122 3630952 364.19=298.52+65.67"));
   EXPECT_EQ(somma, I("1003"));
   EXPECT_EQ(corrispettivi->ivaScorporata, I("107.46"));
   ASSERT_TRUE(Stampa(Risposta::No));
@@ -179,7 +209,8 @@ TEST_F(RegistroIvaTest, Ventilazione) {
                         "importo acquisti        336,000\n"
                         "Calcolo coefficienti di ripartizione\n"
                         "     %IVA       importo   % ripart.\n"
-                        "04V  4           104,000   30,95230\n"));
+                        "04V  4           104,000   30,95238\n"
+                        "10V  10          110,000   32,73810\n"));
 
   struct Caso {
     const char* riva;
@@ -254,8 +285,10 @@ TEST_F(RegistroIvaTest, DefinitivaDueVolte) {
 
   dialoghi.Rispondera("Comfarma eliminazione liquidazioni iva dell'anno 2024", Risposta::Si);
   Messaggi();
+  Tessarc().Esegui("update ChiusureIva set CreditoPrec=33 where MESETRIMESTRE='03'");
   EXPECT_TRUE(registro.EliminaLiquidazioni());
   EXPECT_EQ(SoloMessaggio(), "liquidazioni iva eliminate");
+  EXPECT_EQ(Tessarc().Singolo("SELECT CreditoIva FROM CreditoIva").Importo(), I("33"));
   EXPECT_EQ(Tessarc().Singolo("SELECT Count(*) FROM UltProtStRegIva").Intero(), 0);
   EXPECT_EQ(Tessarc().Singolo("SELECT Count(*) FROM ChiusureIva").Intero(), 0);
   Scegli("03");
@@ -334,6 +367,85 @@ TEST_F(RegistroIvaTest, DuePostazioni) {
   EXPECT_FALSE(registro.Stampa(mentre));
   EXPECT_THAT(SoloMessaggio(), HasSubstr("un'altra postazione"));
   EXPECT_EQ(Tessarc().Singolo("SELECT Count(*) FROM ChiusureIva").Intero(), 1);
+}
+
+TEST_F(RegistroIvaTest, RegistrazioniIntere) {
+  // Names, numbers and addresses that no line has room for, on two rows each.
+  Tessarc().Esegui(
+      "update ContiClientiFornitori set Descrizione='Consorzio Interprovinciale Vini, Oli e "
+      "Derivati della Valle' where CFP='C' and Cod='0001'");
+  Tessarc().Esegui(
+      "update Clienti set indirizzo='Strada Statale 16 Adriatica, chilometro 812 più 500, zona "
+      "artigianale', cap='71010', localita='San Paolo di Civitate', Prov='FG', piva='01234567897' "
+      "where Cod='0001'");
+  {
+    Transazione transazione(ambiente.Basi());
+    for (int n = 1; n <= 60; ++n) {
+      Scrivi({"1", n, G(10, 3, 2024), {{"22", I("100"), I("22")}, {"10", I("10"), I("1")}}});
+    }
+    transazione.Conferma();
+  }
+  Tessarc().Esegui("update Articoli set NFat='2024/VENDITE/' + NFat + '/BIS'");
+  Scegli("03");
+  registro.Opzioni().stIndirizzo = true;
+  ASSERT_TRUE(Stampa(Risposta::No));
+  std::size_t trovate = 0;
+  for (const auto& righe : uscite.Righe()) {
+    std::string testo;
+    for (const std::string& riga : righe) testo += riga + "\n";
+    const auto quante = [&testo](const char* cosa) {
+      std::size_t n = 0;
+      for (std::size_t da = 0; (da = testo.find(cosa, da)) != std::string::npos; ++da) ++n;
+      return n;
+    };
+    // Each page that has the beginning of a registration has its end.
+    EXPECT_EQ(quante("Consorzio"), quante("01234567897"));
+    EXPECT_EQ(quante("Consorzio"), quante("/BIS"));
+    trovate += quante("01234567897");
+  }
+  EXPECT_EQ(trovate, 60U);
+  EXPECT_GT(uscite.pagine.size(), 3U);
+}
+
+TEST_F(RegistroIvaTest, GiriSulGiornale) {
+  Scrivi({"1", 1, G(10, 3, 2024), {{"22", I("1000"), I("220")}}});
+  Tessarc().Inserisci("UltimaDataLibro", {{"Anno", 2024}, {"dt", G(30, 4, 2024)}});
+  for (const auto& [chiave, valore] : {std::pair("RegistrazioneContabileErario", "0"),
+                                       {"ContoIvaErario", "170.010"},
+                                       {"CausaleErario", "027"}}) {
+    ambiente.ScriviImpostazione({}, "config", chiave, valore);
+  }
+  const std::string avviso =
+      "data registrazione contabile antecedente all'ultima data già stampata su libro giornale";
+  Scegli("03");
+  ASSERT_TRUE(Stampa(Risposta::Si));
+  EXPECT_THAT(Messaggi(), Not(::testing::Contains(avviso))) << "nothing is registered";
+  ambiente.ScriviImpostazione({}, "config", "RegistrazioneContabileErario", "1");
+  registro.ScegliPeriodo("03");
+  Messaggi();
+  ASSERT_TRUE(Stampa(Risposta::Si));
+  EXPECT_EQ(Messaggi().front(), avviso);
+}
+
+TEST_F(RegistroIvaTest, ProRataProposto) {
+  Scrivi({"3", 1, G(10, 3, 2024), {{"22", I("1000"), I("220")}}});
+  for (const auto& [chiave, valore] : {std::pair("ProRata", "10"), {"CausaleErario", "027"}}) {
+    ambiente.ScriviImpostazione({}, "config", chiave, valore);
+  }
+  const auto articoli = [&] { return Tessarc().Singolo("select Count(*) from Articoli").Intero(); };
+  Scegli("03");
+  ASSERT_TRUE(Stampa(Risposta::Si)) << "no account, no question";
+  ambiente.ScriviImpostazione({}, "config", "ContoProRata", "590.001");
+  for (const auto& [risposta, attesi] : {std::pair(Risposta::No, 1), {Risposta::Si, 2}}) {
+    registro.ScegliPeriodo("03");
+    dialoghi.Rispondera("STAMPA DEFINITIVA ?", Risposta::Si);
+    dialoghi.Rispondera(
+        "Il pro-rata rende indetraibile IVA per 22,00.\nLa registro a costo sul conto 590.001 ?",
+        risposta);
+    Verso(Destinazione::Testo);
+    ASSERT_TRUE(registro.Stampa(uscite));
+    EXPECT_EQ(articoli(), attesi);
+  }
 }
 
 TEST_F(RegistroIvaTest, Annuale) {

@@ -117,6 +117,8 @@ inline constexpr auto kChiaviDitta = std::to_array<ChiaveImpostazione>({
     {"ContoIvaErario", kGruppoIva, G::Conto, "manca, va indicato", "Conto erario c/IVA."},
     {"ContoInteressiErario", kGruppoIva, G::Conto, "manca, va indicato",
      "Conto degli interessi sulla liquidazione trimestrale."},
+    {"ContoProRata", kGruppoIva, G::Conto, "il giro non si propone",
+     "Conto di costo dell'IVA che il pro-rata rende indetraibile."},
     {"RegistrazioneContabileErario", kGruppoIva, G::Uno, "no",
      "La stampa definitiva gira l'IVA del periodo e gli interessi al conto erario."},
     {"RegistrazioneContabileGiro", kGruppoIva, G::Uno, "no",

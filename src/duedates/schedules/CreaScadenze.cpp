@@ -139,9 +139,10 @@ bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo,
              sql::Criterio("Conto", "=", parte.conto) + "))";
   }
   std::string testo = "elim. scadenze ";
+  int quante = 0;
   Rs scadenze =
       scadenzario.Recordset("SELECT Dt, Stato, Modificata" + quali + " ORDER BY Dt, Numero");
-  for (; !scadenze.Eof(); scadenze.MoveNext()) {
+  for (; !scadenze.Eof(); scadenze.MoveNext(), ++quante) {
     if (ConfrontaTesto(scadenze.Fields("Stato").Testo(), "00") > 0 ||
         scadenze.Fields("Modificata").Booleano()) {
       AggiungiAlLog(log,
@@ -153,6 +154,7 @@ bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo,
     testo += scadenze.Fields("Dt").Data().Testo() + " ";
   }
   scadenze.mClose();
+  if (quante == 0) return true;
   scadenzario.Esegui("DELETE" + quali);
   AggiungiAlLog(log, testo);
   return true;

@@ -53,9 +53,10 @@ bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::s
                   std::vector<std::string>& avvisi);
 
 /// Deletes the due dates of a registration in the transaction that the caller holds, and adds a
-/// line to the log. When any of them has moved past state "00", or a person has written or changed
-/// it, none is deleted, and false is returned. With `parte` those of another party, which an erased
-/// registration of that number has left, aren't looked at.
+/// line to the log; where there are none the log says nothing. When any of them has moved past
+/// state "00", or a person has written or changed it, none is deleted, and false is returned. With
+/// `parte` those of another party, which an erased registration of that number has left, aren't
+/// looked at.
 bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo, std::string& log,
                             const ParteScadenze& parte = {});
 

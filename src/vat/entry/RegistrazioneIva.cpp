@@ -81,7 +81,13 @@ void RegistrazioneIva::Interno::ChiudiRecord() noexcept {
   pagamentoRecord.clear();
   parteRecord = {};
   ritenuteRecord = {};
+  doganaRecord.reset();
+  documentoRecord = {};
+  fatturaRecord.clear();
+  seguito.clear();
+  bloccati.clear();
   pagamentoProposto.clear();
+  dtFatProposta = {};
   dtIncassoRecord = {};
   descrizioneProposta.clear();
   righe.Carica({});
@@ -269,8 +275,10 @@ void RegistrazioneIva::Interno::PreparaNuova() {
     testa.Scrivi("Contox", registro.contoCassa);
     testa.Scrivi("DtFat", D("Dt"));
   }
+  ProponiDataFattura();
   if (tipo->corrispettivi || Tipo({"01"})) testa.Scrivi("NFat", std::to_string(nProt));
   PreparaOpzioni();
+  LeggiCausali();
   descrizioneProposta = DescrizioneProposta();
   testa.Scrivi("Descrizionex", descrizioneProposta);
   documento.Inizia();
@@ -311,22 +319,16 @@ Rs RegistrazioneIva::Interno::TrovaTestata(std::int64_t numDoc) const {
                            sql::Criterio("Anno", "=", ambiente.Anno()));
 }
 
-Importo RegistrazioneIva::Interno::RitenuteGirate() const {
-  Rs giro = tessarc.Recordset(
-      "select Movimenti.ImpoDare, Movimenti.ImpoAvere from Movimenti inner join Articoli on "
-      "(Movimenti.Anno = Articoli.Anno) and (Movimenti.NumDoc = Articoli.NumDoc) where " +
-      sql::Criterio("Articoli.Anno", "=", anno) + " and " +
-      sql::Criterio("Articoli.NumDoc", ">", numeroRecord) + " and " +
-      sql::Criterio("Articoli.CREATOINAUTOMATICO", "=",
-                    static_cast<int>(ledger::Origine::RitenutaAcconto)) +
-      " and Articoli.Riva='' and " + sql::Criterio("Movimenti.CFP", "=", T("CFPx")) + " and " +
-      sql::Criterio("Movimenti.Conto", "=", T("Contox")) + " and " +
-      sql::Criterio("Movimenti.Descrizione", "=", T("Descrizionex")));
-  Importo girate;
-  for (; !giro.Eof(); giro.MoveNext()) {
-    girate += giro.Fields(0).Importo() + giro.Fields(1).Importo();
+void RegistrazioneIva::Interno::LeggiGirate() {
+  ritenuteRecord = {};
+  doganaRecord.reset();
+  for (const RegistrazioneSeguita& r : TrovaSeguito(ambiente, {anno, numeroRecord})) {
+    // Off a customer's account it stands in credit.
+    if (r.genere == GenereSeguito::GiroRitenuta) {
+      ritenuteRecord += UgualeTesto(T("CFPx"), "C") ? -r.dallaParte : r.dallaParte;
+    }
+    if (r.genere == GenereSeguito::GiroDogana) doganaRecord = r.dallaParte;
   }
-  return girate;
 }
 
 void RegistrazioneIva::Interno::CaricaTesta(const Rs& record) {
@@ -345,15 +347,18 @@ void RegistrazioneIva::Interno::CaricaTesta(const Rs& record) {
   pagamentoRecord = pagamentoProposto = record.Fields("Pagamento").Testo();
   parteRecord = {record.Fields("CFP").Testo(), record.Fields("Conto").Testo()};
   dtIncassoRecord = record.Fields("DtIncasso").Data();
+  documentoRecord = {T("CFPx"), T("Contox"), pagamentoRecord};
+  fatturaRecord = EstremiFattura();
+  LeggiCausali();
   std::vector<RigaIva> lette = LeggiRigheIva(tessarc, anno, numeroRecord);
   for (const RigaIva& letta : lette) {
     if (letta.tipoRiga == TipoRigaIva::Parte) testa.Scrivi("Descrizionex", letta.descrizione);
   }
   std::erase_if(lette, [](const RigaIva& r) { return r.tipoRiga != TipoRigaIva::Imponibile; });
   righe.Carica(std::move(lette));
-  if (record.Fields("CREATOINAUTOMATICO").Intero() ==
-      static_cast<int>(ledger::Origine::RitenutaAcconto)) {
-    ritenuteRecord = RitenuteGirate();
+  const auto origine = static_cast<ledger::Origine>(record.Fields("CREATOINAUTOMATICO").Intero());
+  if (origine == ledger::Origine::RitenutaAcconto || origine == ledger::Origine::BollaDoganale) {
+    LeggiGirate();
   }
 }
 

@@ -1,4 +1,5 @@
 // Confirming and deleting a VAT registration: the numbers, the one transaction, what is told after.
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -71,6 +72,36 @@ int RegistrazioneIva::Interno::OrigineNuova() const {
   return static_cast<int>(ledger::Origine::Manuale);
 }
 
+// --- What was written with it --------------------------------------------------------------------
+
+bool RegistrazioneIva::Interno::ChiediSeguito(std::string_view cheFare) {
+  bloccati.clear();
+  seguito.clear();
+  if (documento.Nuovo()) return true;
+  std::vector<RegistrazioneSeguita> trovate = TrovaSeguito(ambiente, {anno, numeroRecord});
+  if (trovate.empty()) return true;
+  std::string testo = "Con questa registrazione sono state scritte anche:\n";
+  for (const RegistrazioneSeguita& r : trovate) {
+    testo += r.nome + (r.ferma.empty() ? "" : " (resta com'è: " + r.ferma + ")") + "\n";
+  }
+  testo += "\nSÌ = " + std::string(cheFare) +
+           " anche queste, con le loro scadenze\nNO = le lascia come sono\nANNULLA = non fa nulla";
+  const Risposta risposta =
+      ambiente.Dialogo().Domanda(testo, Bottoni::SiNoAnnulla, Risposta::Si, "", Icona::Avviso);
+  if (risposta == Risposta::Annulla) return false;
+  if (risposta == Risposta::No) return true;
+  for (const RegistrazioneSeguita& r : trovate) {
+    bloccati.push_back(ledger::BloccaArticolo(ambiente, anno, r.articolo.numDoc));
+    if (bloccati.back()) continue;
+    Avviso("la registrazione n. " + std::to_string(r.articolo.numDoc) + " è in modifica " +
+           bloccati.back().Errore().Descrizione());
+    bloccati.clear();
+    return false;
+  }
+  seguito = std::move(trovate);
+  return true;
+}
+
 // --- Writing -------------------------------------------------------------------------------------
 
 void RegistrazioneIva::Interno::ScriviTesta(Scritta& scritta) {
@@ -123,11 +154,21 @@ void RegistrazioneIva::Interno::RinumeraScadenze(const Scritta& scritta) {
               sql::Criterio("Articolo", "=", numeroRecord));
 }
 
+Importo RegistrazioneIva::Interno::DaPagare() const {
+  Importo daPagare = totali.Totale();
+  // Of a stored registration: what its giros have already taken off.
+  daPagare -= B("RitAcc") ? I("ImportoRitAcc1") + I("ImportoRitAcc2") : ritenuteRecord;
+  // The customs office is owed the VAT: the goods are paid to their supplier.
+  const bool conGiro = std::ranges::any_of(seguito, [](const RegistrazioneSeguita& r) {
+    return r.genere == GenereSeguito::GiroDogana && r.ferma.empty();
+  });
+  if (B("BollaDog") || conGiro) return daPagare - totali.imponibile;
+  return daPagare - doganaRecord.value_or(Importo());
+}
+
 void RegistrazioneIva::Interno::ScriviSeguito(Scritta& scritta) {
   if (Tipo({"02", "07", "04", "05", "09"})) return;
-  Importo daPagare = totali.Totale();
-  // Of a stored registration: what its withholding giros have already taken off.
-  daPagare -= B("RitAcc") ? I("ImportoRitAcc1") + I("ImportoRitAcc2") : ritenuteRecord;
+  const Importo daPagare = DaPagare();
   if (documento.Nuovo()) {
     CreaContabPagamento(
         ambiente,
@@ -199,6 +240,8 @@ RegistrazioneIva::Interno::Scritta RegistrazioneIva::Interno::Scrivi() {
   if (!documento.Nuovo()) RinumeraScadenze(scritta);
   ScriviSeguito(scritta);
   ScriviAutomatiche(scritta);
+  CorreggiSeguito(ambiente, seguito, {anno, scritta.numDoc}, documentoRecord, DaPagare(),
+                  scritta.log);
   if (stornoLibero) RimettiStornoSospesa(ambiente, {anno, scritta.numDoc}, scritta.log);
   return scritta;
 }
@@ -234,20 +277,30 @@ bool RegistrazioneIva::Conferma(std::string* campo) {
   if (io.Ferma()) return false;
   io.NumeroLasciato();
   Interno::Scritta scritta;
+  io.doppioAmmesso = false;
   const bool riuscita = records::Esegui(
       io.ambiente,
       {.nonRiuscita = "conferma della registrazione non riuscita: ",
        .dopoErrore = records::kAncoraSulloSchermo,
        .numerazioni = {"ARTICOLI"},
        .prima =
-           [&] { return !io.documento.Rifiuta(io.Controlla(), campo) && !io.NumeroOccupato(); },
-       // Another station may have taken a typed number since the first look.
-       .sottoBlocco = [&] { return !io.NumeroOccupato() && !io.ProtocolloOccupato(); },
+           [&] {
+             if (io.documento.Rifiuta(io.Controlla(), campo) || io.NumeroOccupato()) return false;
+             io.seguito.clear();
+             return !Modificata() || io.ChiediSeguito("corregge");
+           },
+       // Another station may have taken a typed number, or erased a code, since the first look.
+       .sottoBlocco =
+           [&] {
+             return !io.documento.Rifiuta(io.ControllaCodici(), campo) && !io.NumeroOccupato() &&
+                    !io.ProtocolloOccupato();
+           },
        .scrivi =
            [&] {
              scritta = io.Scrivi();
              return std::string();
            }});
+  io.bloccati.clear();
   if (!riuscita) return false;
   io.testa.Scrivi("NProt", std::to_string(scritta.nProt));
   io.numeroConfermato = scritta.numDoc;
@@ -265,7 +318,6 @@ std::int64_t RegistrazioneIva::NumeroConfermato() const {
 bool RegistrazioneIva::Elimina() {
   Interno& io = *interno_;
   if (io.documento.Nuovo() || io.Ferma()) return false;
-  if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione ARTICOLO CONTABILE ?")) return false;
   LogContabile log;
   const auto elimina = [&] {
     LevaStornoSospesa(io.ambiente, {io.anno, io.numeroRecord}, log);
@@ -274,12 +326,20 @@ bool RegistrazioneIva::Elimina() {
     io.tessarc.Esegui("delete * from Articoli where " + chiave);
     duedates::EliminaScadenzeFattura(io.ambiente, io.anno, io.numeroRecord, log.testo,
                                      io.parteRecord);
+    EliminaSeguito(io.ambiente, io.seguito, log);
     return std::string();
   };
   const bool eliminata = records::Esegui(
-      io.ambiente, {.nonRiuscita = "eliminazione della registrazione non riuscita: ",
-                    .dopoErrore = records::kAncoraSulloSchermo,
-                    .scrivi = elimina});
+      io.ambiente,
+      {.nonRiuscita = "eliminazione della registrazione non riuscita: ",
+       .dopoErrore = records::kAncoraSulloSchermo,
+       .prima =
+           [&] {
+             return io.ambiente.Dialogo().Conferma("Conferma eliminazione ARTICOLO CONTABILE ?") &&
+                    io.ChiediSeguito("elimina");
+           },
+       .scrivi = elimina});
+  io.bloccati.clear();
   if (!eliminata) return false;
   io.ambiente.Dialogo().Annuncia("N.Prot.IVA " + std::to_string(io.nProtRecord) +
                                  " - Articolo Contabile" + std::to_string(io.numeroRecord) +

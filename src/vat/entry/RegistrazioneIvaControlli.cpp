@@ -26,7 +26,10 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::Controlla() {
                                       &Interno::ControllaDoppioFornitore,
                                       &Interno::ControllaTotale,
                                       &Interno::ControllaVariazione,
-                                      &Interno::ControllaCodici};
+                                      &Interno::ControllaMancaData,
+                                      &Interno::ControllaCodici,
+                                      &Interno::ControllaEstremi,
+                                      &Interno::ControllaStessaFattura};
   for (const auto controllo : kControlli) {
     if (auto rifiuto = (this->*controllo)()) return rifiuto;
   }
@@ -34,7 +37,7 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::Controlla() {
 }
 
 std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaData() {
-  if (D("Dt").Nulla()) return Rifiuto{"manca la data della registrazione", "Dt"};
+  if (D("Dt").Nulla()) return std::nullopt;
   if (ledger::ControlloAnno(ambiente, D("Dt"), true)) return Rifiuto{"", "Dt"};
   // Up to the last printed date, that day included: a page of the journal is closed.
   const Data stampata = ambiente.Max("dt", "UltimaDataLibro", {}, tessarc).Data();
@@ -182,6 +185,7 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaDoppioFornitore() {
       "esiste già una registrazione di fattura con il medesimo fornitore e numero fattura\n"
       "(articolo n. " +
       std::to_string(doppia.Fields(0).Intero()) + ")\nProseguo ugualmente ?");
+  doppioAmmesso = prosegue;
   if (prosegue) return std::nullopt;
   return Rifiuto{"", "NFat"};
 }
@@ -198,39 +202,6 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaVariazione() {
       "E'stata spuntata la casella 'nota di variazione anni precedenti'\r\nse si tratta "
       "effettivamente di nota di variazione bisogna inserire il segno meno sugli importi",
       "NVarAnPrec"};
-}
-
-/// Codes typed into the options of the head, and those of rows that were typed. A payment code that
-/// doesn't exist makes no due dates, and the log of what follows says so.
-std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodici() {
-  std::vector<archives::CampoDiCodice> campi;
-  if (documento.Nuovo() && Tipo({"04"}) && AutomaticoIntra()) {
-    campi.push_back({"RivaIntra", "Registro", "registriTipo05"});
-    if (!B("NoIntraCosto_a_Forn")) {
-      campi.push_back({"FornitoreIntra", "Fornitore", "fornitori"});
-      campi.push_back({"ContoCostiIntra", "Conto costi", "conti"});
-      campi.push_back({"CausaleIntra", "Causale", "causali"});
-    }
-  }
-  if (documento.Nuovo() && B("BollaDog")) {
-    campi.push_back({"FornitoreBollaDog", "Fornitore", "fornitori"});
-    campi.push_back({"CausaleBollaDog", "Causale", "causali"});
-  }
-  if (B("RitAcc")) {
-    for (const char* numero : {"1", "2"}) {
-      campi.push_back({std::string("CausaleRitAcc") + numero, "Causale", "causali"});
-      campi.push_back({std::string("ContoRitAcc") + numero, "Conto", "conti"});
-    }
-  }
-  for (const archives::CampoDiCodice& campo : campi) {
-    if (!documento.Nuovo() && !testa.Modificata(campo.campo)) continue;
-    if (auto ignoto = archives::CodiceIgnoto(ambiente, campo, T(campo.campo))) return ignoto;
-  }
-  if (!documento.Nuovo() && !righe.Modificate()) return std::nullopt;
-  for (const RigaIva& una : righe.Tutte()) {
-    if (auto ignoto = CodiceIgnotoDellaRiga(una)) return ignoto;
-  }
-  return std::nullopt;
 }
 
 std::optional<Rifiuto> RegistrazioneIva::Interno::CodiceIgnotoDellaRiga(const RigaIva& una) {

@@ -13,6 +13,7 @@
 #include "vat/codes/TipiRegistro.h"
 #include "vat/entry/RegistrazioneIva.h"
 #include "vat/postings/RegistrazioniAutomatiche.h"
+#include "vat/postings/SeguitoFattura.h"
 
 namespace fenalto::vat {
 
@@ -54,8 +55,8 @@ struct RegistrazioneIva::Interno {
   /// The code that marks receipts to be ventilated is made the first time it is needed.
   void AssicuraCodiceVentilazione();
   void CaricaTesta(const Rs& record);
-  /// What the withholding giros of the open registration have moved from its party.
-  [[nodiscard]] Importo RitenuteGirate() const;
+  /// What the giros of the open registration have moved from its party.
+  void LeggiGirate();
 
   // --- Head -------------------------------------------------------------------------------------
 
@@ -65,6 +66,8 @@ struct RegistrazioneIva::Interno {
   void ImponiDescrizione(const std::string& testo);
   void CambiaDescrizioni(const std::string& prima, const std::string& adesso);
   void ParteScelta();
+  /// On sales the invoice's day is proposed with that of the registration until another is typed.
+  void ProponiDataFattura();
   void NumeroLasciato();
   void DataLasciata();
   /// Refuses a date in a period that is settled; says so.
@@ -91,7 +94,7 @@ struct RegistrazioneIva::Interno {
   // --- Checks
   // -------------------------------------------------------------------------------------
 
-  /// The fourteen checks of a confirmation, in their order.
+  /// The checks of a confirmation, in their order.
   std::optional<Rifiuto> Controlla();
   std::optional<Rifiuto> ControllaData();
   std::optional<Rifiuto> ControllaRegistro();
@@ -108,8 +111,22 @@ struct RegistrazioneIva::Interno {
   std::optional<Rifiuto> ControllaDoppioFornitore();
   std::optional<Rifiuto> ControllaTotale();
   std::optional<Rifiuto> ControllaVariazione();
-  std::optional<Rifiuto> ControllaCodici();
   std::optional<Rifiuto> CodiceIgnotoDellaRiga(const RigaIva& riga);
+  std::optional<Rifiuto> ControllaMancaData();
+  /// Everything that the registration names is in its archive; looked at again under the lock.
+  std::optional<Rifiuto> ControllaCodici();
+  std::optional<Rifiuto> ControllaCodiciTesta();
+  /// Those that the register has as the registration is opened: a register that was brought in
+  /// without any is registered on all the same.
+  void LeggiCausali();
+  std::optional<Rifiuto> ControllaCodiciRegistro();
+  std::optional<Rifiuto> ControllaCodiciRighe();
+  [[nodiscard]] bool EsisteConto(const std::string& conto) const;
+  std::optional<Rifiuto> ControllaEstremi();
+  std::optional<Rifiuto> ControllaStessaFattura();
+  /// Another registration of the same document on a register of a year.
+  std::optional<std::int64_t> StessaFattura(int annoCercato, const std::string& riva);
+  [[nodiscard]] std::string EstremiFattura() const;
 
   // --- Confirmation -----------------------------------------------------------------------------
 
@@ -122,6 +139,11 @@ struct RegistrazioneIva::Interno {
   [[nodiscard]] std::int64_t NProtForzato() const;
   bool NumeroOccupato();
   bool ProtocolloOccupato();
+  /// Asks what becomes of what was written with the stored registration, and takes it in edit;
+  /// false when the user gives up, or when a part of it is in edit elsewhere.
+  bool ChiediSeguito(std::string_view cheFare);
+  /// What is left of a total to be paid to the party.
+  [[nodiscard]] Importo DaPagare() const;
   /// In a transaction over both databases; throws.
   Scritta Scrivi();
   void ScriviTesta(Scritta& scritta);
@@ -141,6 +163,7 @@ struct RegistrazioneIva::Interno {
   records::Righe<RigaIva> righe;
   Scheda& riga = righe.Riga();
   RegistroScelto registro;
+  std::vector<std::string> causaliRegistro;
   const TipoRegistro* tipo = nullptr;
 
   int anno = 0;
@@ -150,13 +173,21 @@ struct RegistrazioneIva::Interno {
   std::int64_t numeroConfermato = 0;
   std::string pagamentoRecord;
   duedates::ParteScadenze parteRecord;  ///< whose due dates the stored registration has
-  Importo ritenuteRecord;         ///< moved by the withholding giros of the stored registration
+  Importo ritenuteRecord;  ///< moved by the withholding giros of the stored registration
+  std::optional<Importo> doganaRecord;  ///< moved by its customs giro, when it has one
+  DocumentoPrima documentoRecord;
   std::string pagamentoProposto;  ///< that of the party, as last put in
   Data dtIncassoRecord;
   std::string descrizioneProposta;  ///< the last one put in by the program
+  Data dtFatProposta;               ///< likewise
+  std::string fatturaRecord;        ///< number, day and party of the stored invoice, as text
+  bool doppioAmmesso = false;       ///< this confirmation has already asked about it
   Data dataAvvisata;
   std::map<std::string, Valore, std::less<>> ultimi;     ///< of the last registration confirmed
   std::map<std::string, Valore, std::less<>> ricordati;  ///< kept for the next entry
+
+  std::vector<RegistrazioneSeguita> seguito;  ///< to be corrected or erased together
+  std::vector<Esito<Blocco, Detentore>> bloccati;
 
   std::set<std::int64_t> proposte;  ///< `Posi` of rows proposed and not touched
   RigheComplete totali;

@@ -23,6 +23,9 @@ std::vector<RigaIva> SenzaProposte(std::vector<RigaIva> righe,
 
 std::pair<Importo, Importo> RegistrazioneIva::Interno::DividiIva(Importo iva,
                                                                  const std::string& codIva) const {
+  // Who receives the invoice owes the whole of it; what can be deducted is told by the register of
+  // type "05".
+  if (Tipo({"04"})) return {iva, Importo()};
   const Importo percInd =
       ambiente.Cerca("tessarc", "CodiciIva", {{"Cod", codIva}}, "PercInd").Importo();
   const Importo indetraibile = IvaIndetraibile(iva, percInd, ambiente.Euro());
@@ -164,10 +167,7 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaRiga() {
   if (!ambiente.Esiste("tessarc", "CodiciIva", {{"Cod", codIva}})) {
     return Rifiuto{"il codice iva " + codIva + " non esiste", "CodIva"};
   }
-  const bool nelPiano =
-      ambiente.Esiste("tessarc", "Conti", {{"Cod", conto}}) ||
-      ambiente.Esiste("tessarc", "ContiClientiFornitori", {{"Cod", conto}, {"CFP", "P"}});
-  if (!nelPiano) {
+  if (!EsisteConto(conto)) {
     return Rifiuto{"il conto " + conto + " non esiste nel piano dei conti", "Conto"};
   }
   const bool ventilazione = UgualeTesto(codIva, kCodiceVentilazione);

@@ -50,6 +50,13 @@ void RegistrazioneIva::Interno::AggiornaDescrizione(std::string_view domanda) {
 
 // --- Numbers and dates ---------------------------------------------------------------------------
 
+void RegistrazioneIva::Interno::ProponiDataFattura() {
+  if (!documento.Nuovo() && documento.Aperto()) return;
+  if (!Tipo({"01", "06"}) || D("DtFat") != dtFatProposta) return;
+  dtFatProposta = D("Dt");
+  testa.Scrivi("DtFat", dtFatProposta);
+}
+
 void RegistrazioneIva::Interno::NumeroLasciato() {
   const std::int64_t numero = testa.Leggi("NumDoc").Intero();
   if (numero <= 0 || numero > std::numeric_limits<std::int32_t>::max()) {
@@ -92,6 +99,12 @@ void RegistrazioneIva::Interno::DataLasciata() {
     AggiornaDescrizione(
         "E'stata modificata la data: si vuole cambiare automaticamente anche la descrizione ?");
     return;
+  }
+  const Data prima = D("DtFat");
+  ProponiDataFattura();
+  if (D("DtFat") != prima) {
+    AggiornaDescrizione(
+        "E'stata modificata la data: si vuole cambiare automaticamente anche la descrizione ?");
   }
   AvvisaDataFattura();
 }

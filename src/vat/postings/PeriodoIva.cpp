@@ -54,6 +54,17 @@ std::string PeriodoChiuso(Ambiente& ambiente, Data data) {
   return chiuso ? periodo : std::string();
 }
 
+PeriodoIva PeriodoDiChiave(int anno, const std::string& cod) {
+  PeriodoIva periodo;
+  const auto mesi = MesiDi(cod);
+  if (!mesi) return periodo;
+  periodo.cod = cod;
+  periodo.anno = anno;
+  periodo.daMese = mesi->first;
+  periodo.aaMese = mesi->second;
+  return periodo;
+}
+
 std::vector<PeriodoIva> PeriodiIva(Ambiente& ambiente, int anno) {
   const std::string elenco = IvaTrimestrale(ambiente, anno)
                                  ? "select * from Mesi where COD='Z' OR (COD>='T1' AND COD<='T4') "
@@ -61,13 +72,8 @@ std::vector<PeriodoIva> PeriodiIva(Ambiente& ambiente, int anno) {
   std::vector<PeriodoIva> periodi;
   for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset(elenco + "order by COD"); !rs.Eof();
        rs.MoveNext()) {
-    PeriodoIva periodo;
-    periodo.cod = rs.Fields("Cod").Testo();
-    const auto mesi = MesiDi(periodo.cod);
-    if (!mesi) continue;
-    periodo.anno = anno;
-    periodo.daMese = mesi->first;
-    periodo.aaMese = mesi->second;
+    PeriodoIva periodo = PeriodoDiChiave(anno, rs.Fields("Cod").Testo());
+    if (periodo.cod.empty()) continue;
     periodo.testo = rs.Fields("Descrizione").Testo();
     periodi.push_back(periodo);
   }

@@ -15,6 +15,7 @@ struct PeriodoIva {
   int aaMese = 12;
   std::string testo;  ///< as `Mesi` tells it
   [[nodiscard]] bool Annuale() const { return cod == "Z"; }
+  [[nodiscard]] bool Trimestre() const { return !Annuale() && aaMese > daMese; }
   /// The month or quarter that closes the year.
   [[nodiscard]] bool Ultimo() const { return !Annuale() && aaMese == 12; }
   [[nodiscard]] Data Primo() const;
@@ -32,6 +33,9 @@ std::string ChiavePeriodo(Data data, bool trimestrale);
 std::string PeriodoChiuso(Ambiente& ambiente, Data data);
 /// The periods that the year offers: the annual summary, then months or quarters.
 std::vector<PeriodoIva> PeriodiIva(Ambiente& ambiente, int anno);
+/// Months of a key, without its text, whatever the year settles by; an empty `cod` for a key that
+/// names no period.
+PeriodoIva PeriodoDiChiave(int anno, const std::string& cod);
 /// Period of a key; an empty `cod` when there is none.
 PeriodoIva LeggiPeriodo(Ambiente& ambiente, int anno, const std::string& cod);
 

@@ -1,59 +1,99 @@
 // The second half of a reverse-charge registration, and the giro that gives its cost to the foreign
 // supplier.
+#include <algorithm>
+#include <utility>
+
+#include "core/values/Aritmetica.h"
+#include "core/values/Testo.h"
 #include "duedates/schedules/CreaScadenze.h"
+#include "vat/postings/DatiIva.h"
 #include "vat/postings/GiroFornitore.h"
-#include "vat/postings/RegistrazioniAutomatiche.h"
+#include "vat/postings/RegistraIntraInterno.h"
 
 namespace fenalto::vat {
 namespace {
 
-constexpr int kImponibile = 3;
-constexpr int kIva = 4;
-constexpr int kParte = 5;
-
-/// What the giro of the cost needs to know of the rows copied.
-struct CopiaRighe {
-  Importo costo;  ///< debit minus credit of the taxable rows written
-  std::int64_t posiParte = 0;
-};
-
-/// A row of the register "04" on the register "05": sides swapped, causal of the other register,
-/// and on the VAT row its account. The two halves so cancel on every account.
-void CopiaRiga(Archivio& tessarc, const Rs& riga, const std::string& contoIva,
-               const std::string& causale, std::int64_t numDoc) {
-  std::vector<Coppia> campi = {{"NumDoc", numDoc},
-                               {"Causale", causale},
-                               {"ImpoDare", riga.Fields("ImpoAvere")},
-                               {"ImpoAvere", riga.Fields("ImpoDare")}};
-  for (const char* campo :
-       {"Anno", "Posi", "Descrizione", "CFP", "CodIva", "Imponibile", "Iva", "IvaInd", "CFPControp",
-        "ContoControp", "Categoria", "Commessa", "TIPORIGA"}) {
-    campi.emplace_back(campo, riga.Fields(campo));
+/// Swaps the sides, so that the two halves cancel on every account, and makes the amount greater on
+/// the side where it stands.
+void Specchia(RigaIva& riga, Importo inPiu) {
+  std::swap(riga.impoDare, riga.impoAvere);
+  if (riga.impoAvere.Zero()) {
+    riga.impoDare += inPiu;
+  } else {
+    // A credit note, shown without its sign on the side across.
+    riga.impoAvere -= inPiu;
   }
-  const bool iva = riga.Fields("TIPORIGA").Intero() == kIva;
-  campi.emplace_back("Conto", iva ? Valore(contoIva) : riga.Fields("Conto"));
-  tessarc.Inserisci("Movimenti", campi);
 }
 
-CopiaRighe CopiaTutte(Ambiente& ambiente, const std::string& chiave, const std::string& riva,
-                      std::int64_t numDoc) {
+/// What a code doesn't let deduct of the VAT of a row; that typed by hand where there is some.
+Importo Indetraibile(Ambiente& ambiente, const RigaIva& riga) {
+  if (!riga.ivaInd.Zero()) return riga.ivaInd;
+  const Importo percento =
+      Nz(ambiente.Cerca("tessarc", "CodiciIva", {{"Cod", riga.codIva}}, "PercInd")).Importo();
+  return IvaIndetraibile(riga.iva, percento, ambiente.Euro());
+}
+
+}  // namespace
+
+std::string DescrizioneGiroIntra(const std::string& nFat, Data dtFat) {
+  return "FT.INTRACEE" + nFat + "/" + dtFat.Testo();
+}
+
+RigheIntra CopiaRigheIntra(Ambiente& ambiente, const ArticoloOrigine& origine,
+                           const std::string& rivaIntra, std::int64_t numDoc) {
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
   const std::string contoIva =
-      NzStr(ambiente.Cerca("tessarc", "RegistriIva", {{"Cod", riva}}, "Conto"));
-  CopiaRighe copia;
-  for (const int tipo : {kImponibile, kIva, kParte}) {
-    const std::string causale = riva + std::to_string(tipo - kImponibile + 1);
-    for (Rs riga = tessarc.Recordset("select * from movimenti where " + chiave +
-                                     " and tiporiga=" + std::to_string(tipo) + " order by posi");
-         !riga.Eof(); riga.MoveNext()) {
-      CopiaRiga(tessarc, riga, contoIva, causale, numDoc);
-      if (tipo == kImponibile) {
-        copia.costo += riga.Fields("ImpoAvere").Importo() - riga.Fields("ImpoDare").Importo();
-      }
-      if (tipo == kParte) copia.posiParte = riga.Fields("Posi").Intero();
+      NzStr(ambiente.Cerca("tessarc", "RegistriIva", {{"Cod", rivaIntra}}, "Conto"));
+  RigheIntra copia;
+  Importo tolta;
+  // The taxable rows first: the VAT row is less by what they can't deduct.
+  std::vector<RigaIva> righe = LeggiRigheIva(tessarc, origine.anno, origine.numDoc);
+  std::ranges::stable_sort(righe, {}, &RigaIva::tipoRiga);
+  for (RigaIva& riga : righe) {
+    if (riga.tipoRiga == TipoRigaIva::Altra) continue;
+    const int cifra = static_cast<int>(riga.tipoRiga) - static_cast<int>(TipoRigaIva::Imponibile);
+    riga.numDoc = numDoc;
+    riga.causale = rivaIntra + std::to_string(cifra + 1);
+    if (riga.tipoRiga == TipoRigaIva::Imponibile) {
+      const Importo inPiu = Indetraibile(ambiente, riga) - riga.ivaInd;
+      Specchia(riga, inPiu);
+      riga.iva -= inPiu;
+      riga.ivaInd += inPiu;
+      copia.costo += riga.imponibile;
+      if (!inPiu.Zero()) copia.indetraibile[riga.conto] += inPiu;
+      tolta += inPiu;
+    } else if (riga.tipoRiga == TipoRigaIva::Iva) {
+      Specchia(riga, -tolta);
+      riga.conto = contoIva;
+    } else {
+      Specchia(riga, {});
+      copia.posiParte = riga.posi;
     }
+    ScriviRigaIva(tessarc, riga);
   }
   return copia;
+}
+
+namespace {
+
+/// What isn't deducted goes from the account of its row to that of the cost, as the cost does.
+void ScriviGiroIndetraibile(Ambiente& ambiente, const GiroFornitore& costo,
+                            const std::string& conto, Importo importo, LogContabile& log) {
+  Rs articolo = LeggiArticolo(ambiente, costo.articolo);
+  ledger::RegistrazioneDueRighe r;
+  r.anno = costo.articolo.anno;
+  r.dt = articolo.Fields("Dt").Data();
+  r.causale = costo.causale;
+  r.descrizione = costo.descrizione;
+  r.cfp = r.cfpA = r.testaCfp = r.testaCfpA = "P";
+  r.conto = r.testaConto = costo.conto;
+  r.contoA = r.testaContoA = conto;
+  r.dare = importo;
+  r.origine = costo.origine;
+  r.dtFat = articolo.Fields("DtFat").Data();
+  r.nFat = articolo.Fields("NFat").Testo();
+  log.Riga("Registraz.Costo IVA indetraibile : Articolo n. " +
+           std::to_string(ledger::ScriviDueRighe(ambiente, r)) + " EFFETTUATA");
 }
 
 }  // namespace
@@ -61,7 +101,6 @@ CopiaRighe CopiaTutte(Ambiente& ambiente, const std::string& chiave, const std::
 bool RegistraIntra(Ambiente& ambiente, const ArticoloOrigine& origine, const DatiIntra& dati,
                    LogContabile& log) {
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  const std::string chiave = ChiaveArticolo(origine);
   Rs articolo = LeggiArticolo(ambiente, origine);
   if (articolo.Eof()) {
     log.Riga("registraz.automatica intra : NON ESISTE L'ARTICOLO del registro 04");
@@ -85,7 +124,7 @@ bool RegistraIntra(Ambiente& ambiente, const ArticoloOrigine& origine, const Dat
     testa.emplace_back(campo, articolo.Fields(campo));
   }
   tessarc.Inserisci("Articoli", testa);
-  const CopiaRighe copia = CopiaTutte(ambiente, chiave, dati.rivaIntra, numDoc);
+  const RigheIntra copia = CopiaRigheIntra(ambiente, origine, dati.rivaIntra, numDoc);
   log.Riga("Registraz.IVA su registro " + dati.rivaIntra + ": N.Prot." + std::to_string(nProt) +
            " - Articolo " + std::to_string(numDoc) + " EFFETTUATA");
   if (dati.senzaGiroCosto) return true;
@@ -104,12 +143,16 @@ bool RegistraIntra(Ambiente& ambiente, const ArticoloOrigine& origine, const Dat
   giro.posi = copia.posiParte;
   giro.causale = dati.causale;
   giro.pagamento = dati.pagamento;
-  giro.descrizione = "FT.INTRACEE" + articolo.Fields("NFat").Testo() + "/" +
-                     articolo.Fields("DtFat").Data().Testo();
+  giro.descrizione =
+      DescrizioneGiroIntra(articolo.Fields("NFat").Testo(), articolo.Fields("DtFat").Data());
   giro.programma = "fattintra";
   giro.origine = ledger::Origine::ReverseCharge;
   giro.testo = "Registraz.Costo : Articolo n. ";
   ScriviGiroFornitore(ambiente, giro, log);
+  for (const auto& [conto, importo] : copia.indetraibile) {
+    if (!UgualeTesto(conto, dati.contoCosti))
+      ScriviGiroIndetraibile(ambiente, giro, conto, importo, log);
+  }
   return true;
 }
 

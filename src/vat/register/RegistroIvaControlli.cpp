@@ -1,4 +1,6 @@
 // The page of checks: what stops a print, what it asks about, and what is worth a look.
+#include <algorithm>
+
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 #include "vat/register/RegistroIvaInterno.h"
@@ -117,6 +119,28 @@ void RegistroIvaUnico::Interno::ControllaVentilazione(std::vector<ProblemaRegist
   }
 }
 
+void RegistroIvaUnico::Interno::ControllaIncassi(std::vector<ProblemaRegistro>& problemi) {
+  for (const SenzaRegistro& manca : IncassiSenzaRegistro()) {
+    std::string testo = manca.testo;
+    std::ranges::replace(testo, '\n', ' ');
+    problemi.push_back({"", 0, 0, false, testo});
+    std::size_t detti = 0;
+    for (Rs rs = tessarc.Recordset(
+             "SELECT Riva, NProt, NumDoc, Anno, Dt, DtIncasso FROM ZarticoliSospese AS Articoli "
+             "WHERE " +
+             CondizioneIncassati(ambiente, manca.tipo, periodo) + " ORDER BY Anno, Riva, NProt");
+         !rs.Eof() && ++detti <= kMassimo; rs.MoveNext()) {
+      // The page opens registrations of the selected year alone.
+      const bool delAnno = rs.Fields(3).Intero() == periodo.anno;
+      problemi.push_back(
+          {rs.Fields(0).Testo(), rs.Fields(1).Intero(), delAnno ? rs.Fields(2).Intero() : 0, false,
+           "Registro " + rs.Fields(0).Testo() + " : il numero protocollo " + rs.Fields(1).Testo() +
+               " del " + rs.Fields(4).Data().Testo() + ", incassato o pagato il " +
+               rs.Fields(5).Data().Testo() + ", resta fuori dalla liquidazione"});
+    }
+  }
+}
+
 bool RegistroIvaUnico::Interno::Superati(const std::vector<ProblemaRegistro>& problemi) {
   std::string domanda;
   std::size_t quanti = 0;
@@ -149,6 +173,7 @@ std::vector<ProblemaRegistro> RegistroIvaUnico::Controlla() {
     interno_->ControllaRegistro(intervallo, true, problemi);
   }
   interno_->ControllaVentilazione(problemi);
+  interno_->ControllaIncassi(problemi);
   return problemi;
 }
 

@@ -14,6 +14,7 @@ struct DatiStampaRegistro {
   PeriodoIva periodo;
   std::vector<TotaleRegistro> totali;
   Liquidazione liquidazione;
+  DatiGiri giri;  ///< of a definitive run
   int primaPagina = 1;
   bool definitiva = false;
   bool conLiquidazione = true;
@@ -37,10 +38,16 @@ struct RegistroIvaUnico::Interno {
   void LeggiIntervalli();
   void AvvisaIntervallo(const IntervalloRegistro& intervallo, std::int64_t stampato);
   void AvvisaIncassi();
+  /// Deferred invoices collected in the period that no register takes.
+  struct SenzaRegistro {
+    std::string tipo;  ///< of the register that would
+    std::string testo;
+  };
+  std::vector<SenzaRegistro> IncassiSenzaRegistro();
   void ProponiOpzioni();
   /// What doesn't depend on the settlement before.
   void LeggiOpzioni();
-  void ProponiVentilazione();
+  void ProponiVentilazione(bool secondo);
   /// First protocol that isn't printed in definitive.
   std::int64_t PrimoDaStampare(const std::string& riva, std::int64_t ultProtSt);
   std::int64_t UltimoNelPeriodo(const std::string& riva);
@@ -61,6 +68,8 @@ struct RegistroIvaUnico::Interno {
   void ControllaCodici(const IntervalloRegistro& intervallo,
                        std::vector<ProblemaRegistro>& problemi);
   void ControllaVentilazione(std::vector<ProblemaRegistro>& problemi);
+  /// Each such invoice, after what is told of them all.
+  void ControllaIncassi(std::vector<ProblemaRegistro>& problemi);
   /// Tells the first that stops, asks once about all that ask. True to go on.
   bool Superati(const std::vector<ProblemaRegistro>& problemi);
 
@@ -69,7 +78,7 @@ struct RegistroIvaUnico::Interno {
   std::optional<DatiStampaRegistro> Prepara();
   bool ChiediDefinitiva(DatiStampaRegistro& dati);
   int PrimaPagina();
-  DatiGiri Giri();
+  bool ChiediProRata(const DatiGiri& giri, Importo proRata);
   /// What a definitive run replaces and goes on from, and what it prints, as text: it tells whether
   /// another station touched them.
   std::string Impronta(const std::vector<TotaleRegistro>& totali);

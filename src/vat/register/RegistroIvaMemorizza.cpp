@@ -121,7 +121,7 @@ bool RegistroIvaUnico::Interno::Memorizza(const DatiStampaRegistro& dati,
                      sql::Criterio("Anno", "=", periodo.anno) + " AND " +
                      sql::Criterio("MeseTrimestre", "=", periodo.cod));
       for (const TotaleRegistro& totale : dati.totali) ScriviProtocolli(totale.intervallo);
-      MemorizzaLiquidazione(ambiente, dati.liquidazione, dati.totali, Giri(), ultimaPagina, log);
+      MemorizzaLiquidazione(ambiente, dati.liquidazione, dati.totali, dati.giri, ultimaPagina, log);
     }
     return std::string();
   };
@@ -150,6 +150,8 @@ bool RegistroIvaUnico::EliminaLiquidazioni() {
   }
   const auto elimina = [&] {
     const std::string condizione = sql::Criterio("anno", "=", anno);
+    // Printed again, the first period begins with what it began with, not with what the last left.
+    ScriviCreditoIva(io.ambiente, CreditoPrimaDi(io.ambiente, anno));
     io.tessarc.Esegui("delete * from UltProtStRegIva where " + condizione);
     io.tessarc.Esegui("delete * from ChiusureIva where " + condizione);
     io.tessarc.Esegui("DELETE * FROM CHIUSIVA WHERE " + condizione);

@@ -14,6 +14,15 @@ namespace {
 
 constexpr const char* kImpostare = "bisogna impostare la casella 'fino al n.protocollo ...'";
 
+/// What is told of deferred invoices that no register takes, by the type of the one that would.
+constexpr std::pair<const char*, const char*> kSenzaRegistro[] = {
+    {"08",
+     "ci sono fatture vendita in sospensione iva pagate:\nè necessario creare un registro iva "
+     "di tipo 08"},
+    {"08A",
+     "ci sono fatture acquisti in sospensione iva incassate:\nè necessario creare un registro "
+     "iva di tipo 08A"}};
+
 std::string NomeEDescrizione(const IntervalloRegistro& intervallo) {
   return "Registro " + intervallo.riva + " " + intervallo.descrizione + "\n";
 }
@@ -131,30 +140,28 @@ void RegistroIvaUnico::Interno::AvvisaIntervallo(const IntervalloRegistro& inter
 }
 
 void RegistroIvaUnico::Interno::AvvisaIncassi() {
-  const auto manca = [&](const char* speciale) {
-    if (ambiente.Esiste("tessarc", "RegistriIva", {{"Tipo", speciale}})) return false;
-    return tessarc
-               .Singolo("SELECT Count(*) FROM ZarticoliSospese AS Articoli WHERE " +
-                        CondizioneIncassati(ambiente, speciale, periodo))
-               .Intero() > 0;
-  };
-  if (manca("08")) {
-    Avviso(
-        "ci sono fatture vendita in sospensione iva pagate:\nè necessario creare un registro iva "
-        "di tipo 08");
+  for (const SenzaRegistro& manca : IncassiSenzaRegistro()) Avviso(manca.testo);
+}
+
+std::vector<RegistroIvaUnico::Interno::SenzaRegistro>
+RegistroIvaUnico::Interno::IncassiSenzaRegistro() {
+  std::vector<SenzaRegistro> mancanti;
+  for (const auto& [speciale, testo] : kSenzaRegistro) {
+    if (ambiente.Esiste("tessarc", "RegistriIva", {{"Tipo", speciale}})) continue;
+    const bool incassate = tessarc
+                               .Singolo("SELECT Count(*) FROM ZarticoliSospese AS Articoli WHERE " +
+                                        CondizioneIncassati(ambiente, speciale, periodo))
+                               .Intero() > 0;
+    if (incassate) mancanti.push_back({speciale, testo});
   }
-  if (manca("08A")) {
-    Avviso(
-        "ci sono fatture acquisti in sospensione iva incassate:\nè necessario creare un registro "
-        "iva di tipo 08A");
-  }
+  return mancanti;
 }
 
 void RegistroIvaUnico::Interno::LeggiOpzioni() {
   opzioni.stIndirizzo = ImpostazioneAttiva(ambiente, "StIndirizzo");
   opzioni.ventilazione.riva = ambiente.Config("RivaVentil");
   opzioni.ventilazione.riva1 = ambiente.Config("RivaVentil1");
-  ProponiVentilazione();
+  for (const bool secondo : {false, true}) ProponiVentilazione(secondo);
 }
 
 void RegistroIvaUnico::Interno::ProponiOpzioni() {
@@ -163,17 +170,17 @@ void RegistroIvaUnico::Interno::ProponiOpzioni() {
   opzioni.dtReg = periodo.UltimoGiorno();
 }
 
-void RegistroIvaUnico::Interno::ProponiVentilazione() {
-  const auto ultimo = [&](const std::string& riva) {
-    if (riva.empty()) return std::int64_t{0};
-    return Nz(tessarc.Singolo("SELECT Max(NProt) FROM ZarticoliFatture WHERE " +
-                              sql::Criterio("Riva", "=", riva) + " and " +
-                              sql::Criterio("Anno", "=", periodo.anno) + " and " +
-                              sql::Criterio("Dt", "<=", periodo.UltimoGiorno())))
-        .Intero();
-  };
-  opzioni.ventilazione.aaNProt = ultimo(opzioni.ventilazione.riva);
-  opzioni.ventilazione.aaNProt1 = ultimo(opzioni.ventilazione.riva1);
+void RegistroIvaUnico::Interno::ProponiVentilazione(bool secondo) {
+  Ventilazione& v = opzioni.ventilazione;
+  const std::string& riva = secondo ? v.riva1 : v.riva;
+  std::int64_t& fino = secondo ? v.aaNProt1 : v.aaNProt;
+  fino = 0;
+  if (riva.empty()) return;
+  fino = Nz(tessarc.Singolo("SELECT Max(NProt) FROM ZarticoliFatture WHERE " +
+                            sql::Criterio("Riva", "=", riva) + " and " +
+                            sql::Criterio("Anno", "=", periodo.anno) + " and " +
+                            sql::Criterio("Dt", "<=", periodo.UltimoGiorno())))
+             .Intero();
 }
 
 }  // namespace fenalto::vat

@@ -35,8 +35,13 @@ constexpr std::size_t kCodice = 6;
 /// The same in the graphic form.
 constexpr std::size_t kNomeModello = 36;
 constexpr std::size_t kNomeModelloMaiuscolo = 29;
-constexpr std::size_t kIvaModello = 19;
+constexpr std::size_t kIvaModello = 18;
 constexpr std::size_t kNumeroModello = 12;
+constexpr std::size_t kSeguitoModello = 140;
+constexpr std::size_t kSeguitoModelloMaiuscolo = 105;
+
+/// Lines of a registration that are kept on one page; longer ones go on to the next.
+constexpr std::size_t kInsieme = 20;
 
 /// Parties known by heart: enough for a year of most firms, little enough for any.
 constexpr std::size_t kMassimoParti = 20'000;
@@ -46,7 +51,8 @@ constexpr const char* kColonne =
     " "
     "          iva   iva indetr.         totale";
 constexpr const char* kTotale = "                          TOTALE";
-constexpr const char* kRigaQuota = "$$$$ $$$$ ##.###.###,###  ###,#####";
+constexpr const char* kRigaQuota = "$$$$ $$$$ ##.###.###,###  $$$$$$$$$";
+constexpr std::size_t kLargoQuota = 9;
 constexpr const char* kRigaAcquisti = "importo acquisti ##.###.###,###";
 
 /// Amounts of a printed line.
@@ -114,6 +120,15 @@ RigaRegistro LeggiTesta(const Rs& rs) {
 void LeggiImporti(const Rs& rs, RigaRegistro& riga) {
   riga.codIva = rs.Fields(10).Testo();
   riga.importi = {rs.Fields(11).Importo(), rs.Fields(12).Importo(), rs.Fields(13).Importo()};
+}
+
+/// "33,33333", from hundred-thousandths of a percent.
+std::string ScriviQuota(std::int64_t quota) {
+  constexpr std::size_t kDecimali = 5;
+  std::string cifre = std::to_string(quota < 0 ? -quota : quota);
+  if (cifre.size() <= kDecimali) cifre.insert(0, kDecimali + 1 - cifre.size(), '0');
+  cifre.insert(cifre.size() - kDecimali, ",");
+  return (quota < 0 ? "-" : "") + cifre;
 }
 
 /// The pieces that aren't empty, with `segno` between.
@@ -278,40 +293,54 @@ class TabulatoRegistroIva {
         incassate ? " ORDER BY Articoli.Anno, Articoli.Riva, Articoli.NProt, Movimenti.Posi"
                   : " ORDER BY Articoli.NProt, Movimenti.Posi";
     rapporto_.Riporta(reports::Riporto{totale_, [this] { return progressivo_.Celle(); }, true});
-    std::optional<RigaRegistro> riga;
+    std::vector<RigaRegistro> righe;
     Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(kColonneLette + std::string(articoli) +
                                                       kGiunzione + condizione +
                                                       " AND Movimenti.TIPORIGA=3" + ordine);
     for (; !rs.Eof() && !rapporto_.Interrotta(); rs.MoveNext()) {
-      const bool prima =
-          !riga || riga->numDoc != rs.Fields(1).Intero() || riga->anno != rs.Fields(2).Intero();
+      const bool prima = righe.empty() || righe.front().numDoc != rs.Fields(1).Intero() ||
+                         righe.front().anno != rs.Fields(2).Intero();
       if (prima) {
-        if (riga) FineArticolo(*riga, incassate);
+        Articolo(righe, incassate);
         if (!rapporto_.Passo()) return false;
-        riga = LeggiTesta(rs);
-        // The lines of a registration stay together.
-        rapporto_.Spazio(1 + (opzioni_.stIndirizzo ? 1 : 0) + (riga->ep ? 1 : 0));
       }
-      LeggiImporti(rs, *riga);
-      Stendi(*riga, prima);
+      righe.push_back(prima ? LeggiTesta(rs) : righe.front());
+      LeggiImporti(rs, righe.back());
     }
-    if (riga) FineArticolo(*riga, incassate);
+    Articolo(righe, incassate);
     Progressivi("totale del registro", progressivo_);
     rapporto_.Riporta({});
     return !rapporto_.Interrotta();
+  }
+
+  /// A registration with all its lines, which stay together; takes its rows.
+  void Articolo(std::vector<RigaRegistro>& righe, bool incassate) {
+    if (righe.empty()) return;
+    const std::vector<std::string> seguito = Seguito(righe.front(), incassate);
+    const std::size_t quante = righe.size() + seguito.size();
+    rapporto_.Spazio(static_cast<int>(std::min(quante, kInsieme)));
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+      // What names the party isn't left alone on the next page.
+      if (i + 1 == righe.size()) rapporto_.Spazio(static_cast<int>(1 + seguito.size()));
+      Stendi(righe[i], i == 0);
+    }
+    for (const std::string& riga : seguito) RigaSeguito(riga);
+    righe.clear();
+  }
+
+  /// The beginning of a party's name that the first line has room for.
+  [[nodiscard]] std::string InizioNome(const std::string& intero) const {
+    const std::size_t largo =
+        rapporto_.Grafico() ? reports::LargoDi(intero, kNomeModello, kNomeModelloMaiuscolo) : kNome;
+    return reports::InRighe(intero, largo).front();
   }
 
   void Stendi(const RigaRegistro& riga, bool prima) {
     rapporto_.Spazio(1);
     std::vector<Valore> valori(5);
     if (prima) {
-      const std::string& intero = ParteDi(riga.cfp, riga.conto).nome;
-      const std::size_t largo = rapporto_.Grafico()
-                                    ? reports::LargoDi(intero, kNomeModello, kNomeModelloMaiuscolo)
-                                    : kNome;
-      const std::string nome = reports::InRighe(intero, largo).front();
-      restoNome_ = Rifila(std::string_view(intero).substr(std::min(intero.size(), nome.size())));
-      valori = {riga.dt, riga.nProt, nome, riga.nFat, riga.dtFat};
+      valori = {riga.dt, riga.nProt, InizioNome(ParteDi(riga.cfp, riga.conto).nome), riga.nFat,
+                riga.dtFat};
     }
     valori.emplace_back(DescrizioneIva(riga.codIva));
     rapporto_.Riga(riga_, riga.importi.Dopo(std::move(valori)),
@@ -319,18 +348,30 @@ class TabulatoRegistroIva {
     progressivo_ += riga.importi;
   }
 
-  /// What follows the amounts of a registration: all that had no room beside them, and the address.
-  void FineArticolo(const RigaRegistro& testa, bool incassata) {
-    std::vector<std::string> pezzi{restoNome_, {}, {}};
+  /// What follows the amounts of a registration: all that had no room beside them, and the address,
+  /// on as many lines as they take.
+  std::vector<std::string> Seguito(const RigaRegistro& testa, bool incassata) {
+    const std::string intero = ParteDi(testa.cfp, testa.conto).nome;
+    const std::size_t inizio = std::min(intero.size(), InizioNome(intero).size());
+    std::vector<std::string> pezzi{
+        std::string(Rifila(std::string_view(intero).substr(inizio))), {}, {}};
     const std::size_t largo = rapporto_.Grafico() ? kNumeroModello : kNumero;
     if (LunghezzaTesto(testa.nFat) > largo) pezzi[1] = "documento n. " + testa.nFat;
     if (opzioni_.stIndirizzo) pezzi[2] = ParteDi(testa.cfp, testa.conto).indirizzo;
-    if (const std::string seguito = Accosta(pezzi, " - "); !seguito.empty()) Seguito(seguito);
-    if (incassata) {
-      Seguito("Fatt.con IVA ad esigibilità differita  PAGATA IL " + testa.dtIncasso.Testo());
-    } else if (testa.ep) {
-      Seguito("    ---- IVA ad esigibilità differita ----");
+    std::vector<std::string> righe;
+    if (const std::string seguito = Accosta(pezzi, " - "); !seguito.empty()) {
+      righe = reports::InRighe(
+          seguito, rapporto_.Grafico()
+                       ? reports::LargoDi(seguito, kSeguitoModello, kSeguitoModelloMaiuscolo)
+                       : kLarghezza - kRientro);
     }
+    if (incassata) {
+      righe.push_back("Fatt.con IVA ad esigibilità differita  PAGATA IL " +
+                      testa.dtIncasso.Testo());
+    } else if (testa.ep) {
+      righe.emplace_back("    ---- IVA ad esigibilità differita ----");
+    }
+    return righe;
   }
 
   const Parte& ParteDi(const std::string& cfp, const std::string& conto) {
@@ -382,7 +423,7 @@ class TabulatoRegistroIva {
   // --- Lines of text -----------------------------------------------------------------------------
 
   /// A further line of a registration.
-  void Seguito(const std::string& testo) {
+  void RigaSeguito(const std::string& testo) {
     static const reports::Fascia kSeguito{
         reports::Ripeti(" ", kRientro) + reports::Ripeti("$", kLarghezza - kRientro),
         {"R_SEGUITO"}};
@@ -463,7 +504,9 @@ class TabulatoRegistroIva {
       // Without decimals it doesn't have: "22", "4,5".
       carta.Campo(2, ScriviImporto(quota.perc, 0));
       carta.Campo(3, quota.acquisti);
-      carta.Campo(4, quota.quota);
+      const std::string quotaTesto = ScriviQuota(quota.quota);
+      carta.Campo(4, reports::Ripeti(" ", kLargoQuota - std::min(quotaTesto.size(), kLargoQuota)) +
+                         quotaTesto);
       Scrittura(carta.Formato(kRigaQuota));
     }
   }
@@ -478,7 +521,6 @@ class TabulatoRegistroIva {
   std::string sezione_;     ///< what the page is about
   bool conColonne_ = true;  ///< their captions stand under the heading
   ImportiRiga progressivo_;
-  std::string restoNome_;  ///< what the first line of the registration had no room for
   std::unordered_map<std::string, Parte> parti_;
   std::unordered_map<std::string, std::string> codici_;
 };

@@ -6,6 +6,7 @@
 #include "core/sql/Criterio.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
+#include "ledger/registrations/ControlliData.h"
 #include "vat/register/RegistroIvaInterno.h"
 #include "vat/settlement/LiquidazioneInterno.h"
 
@@ -72,8 +73,8 @@ OpzioniRegistroIva& RegistroIvaUnico::Opzioni() {
   return interno_->opzioni;
 }
 
-void RegistroIvaUnico::ProponiVentilazione() {
-  interno_->ProponiVentilazione();
+void RegistroIvaUnico::ProponiVentilazione(bool secondo) {
+  interno_->ProponiVentilazione(secondo);
 }
 
 Esito<std::vector<TotaleRegistro>> RegistroIvaUnico::Totali() {
@@ -138,10 +139,14 @@ int RegistroIvaUnico::Interno::PrimaPagina() {
   return static_cast<int>(Nz(ultima).Intero()) + 1;
 }
 
-DatiGiri RegistroIvaUnico::Interno::Giri() {
-  DatiGiri giri = LeggiDatiGiri(ambiente);
-  giri.dt = opzioni.dtReg;
-  return giri;
+/// The giro of the pro-rata is proposed once nothing is missing for it. False when it isn't wanted.
+bool RegistroIvaUnico::Interno::ChiediProRata(const DatiGiri& giri, Importo proRata) {
+  if (giri.contoProRata.empty() || proRata.Zero()) return true;
+  return ambiente.Dialogo().Domanda("Il pro-rata rende indetraibile IVA per " +
+                                        ScriviImporto(proRata, ambiente.Euro() ? 2 : 0) +
+                                        ".\nLa registro a costo sul conto " + giri.contoProRata +
+                                        " ?",
+                                    Bottoni::SiNo, Risposta::Si) == Risposta::Si;
 }
 
 /// False when the run must stop.
@@ -151,10 +156,21 @@ bool RegistroIvaUnico::Interno::ChiediDefinitiva(DatiStampaRegistro& dati) {
       periodo.Annuale() ? "MEMORIZZO I DATI PER LA DICHIAZIONE E COMUNICAZIONE ANNUALE IVA"
                         : "STAMPA DEFINITIVA ?");
   if (!dati.definitiva || periodo.Annuale()) return true;
+  dati.giri = LeggiDatiGiri(ambiente);
+  dati.giri.dt = opzioni.dtReg;
+  const Importo proRata = dati.liquidazione.ProRata();
   const std::string mancano =
-      MancanoDatiGiri(ambiente, Giri(), dati.totali, dati.liquidazione.interessi);
-  if (!mancano.empty()) Avviso(mancano);
-  return mancano.empty();
+      MancanoDatiGiri(ambiente, dati.giri, dati.totali, dati.liquidazione.interessi, proRata);
+  if (!mancano.empty()) {
+    Avviso(mancano);
+    return false;
+  }
+  if (!ChiediProRata(dati.giri, proRata)) dati.giri.contoProRata.clear();
+  const bool conProRata = !dati.giri.contoProRata.empty() && !proRata.Zero();
+  if (dati.giri.erario || dati.giri.corrispettivi || conProRata) {
+    ledger::ControlloDataGiornale(ambiente, dati.giri.dt);
+  }
+  return true;
 }
 
 bool RegistroIvaUnico::Stampa(reports::FabbricaUscite& uscite) {

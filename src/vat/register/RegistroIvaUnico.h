@@ -50,8 +50,9 @@ class RegistroIvaUnico {
   /// One a register, in order of code; the user may change the ranges.
   [[nodiscard]] std::vector<IntervalloRegistro>& Intervalli();
   [[nodiscard]] OpzioniRegistroIva& Opzioni();
-  /// Proposes the last protocols of the period for the registers that ventilation reads.
-  void ProponiVentilazione();
+  /// Proposes the last protocol of the period for the first register that ventilation reads, or for
+  /// the second: what was typed for the other stays.
+  void ProponiVentilazione(bool secondo);
 
   /// The page of checks: gaps, missing rows, dates outside the period, ZCOR, ventilation.
   [[nodiscard]] std::vector<ProblemaRegistro> Controlla();

@@ -1,6 +1,7 @@
 // Giros of a settlement: the VAT of each register to the tax authority, the interest, the VAT found
 // in the receipts.
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "core/session/ImpostazioneAttiva.h"
@@ -18,6 +19,7 @@ constexpr std::string_view kMancanoCorrispettivi =
     "mancano causale o conti per registraz. giro Iva corrispettivi";
 constexpr std::string_view kErario = "Registrazione Erario c/Iva : ";
 constexpr std::string_view kCorrispettivi = "Registrazione giro IVA ";
+constexpr std::string_view kGiroProRata = "Registrazione pro-rata : ";
 constexpr std::string_view kInteressi = "Interessi IVA";
 constexpr std::string_view kScorporo = "SCORPORO IVA CORRISP.";
 
@@ -31,9 +33,20 @@ bool Manca(Ambiente& ambiente, std::string_view tabella, const std::string& cod)
   return cod.empty() || !ambiente.Esiste("tessarc", tabella, {{"Cod", cod}});
 }
 
-/// Types 04 and 05 post their VAT on both sides of one account: nothing is left on it to be moved.
+/// Types 04 and 05 post their VAT on both sides of one account: only what isn't deducted of it is
+/// left there to be moved.
 bool PassaAllErario(std::string_view tipo) {
   return tipo != "04" && tipo != "05";
+}
+
+/// What registers of types 04 and 05 leave on their accounts, owed above zero.
+std::map<std::string, Importo> RestoReverseCharge(const std::vector<IvaRegistro>& registri) {
+  std::map<std::string, Importo> resti;
+  for (const IvaRegistro& r : registri) {
+    if (!PassaAllErario(r.tipo)) resti[r.conto] += r.segno < 0 ? -r.Dovuta() : r.Dovuta();
+  }
+  std::erase_if(resti, [](const auto& resto) { return resto.second.Zero(); });
+  return resti;
 }
 
 bool DiCorrispettivi(std::string_view tipo) {
@@ -175,8 +188,9 @@ class Scrittura {
   void Erario(Importo interessiPrima) {
     GiriPrecedenti precedenti(ambiente_, l_.periodo);
     const std::string fine = " " + PeriodoBarrato(l_.periodo);
-    precedenti.Cerca(ledger::Origine::GiroErario,
-                     [&](const RigaIva& riga, Data) { return FinisceCon(riga.descrizione, fine); });
+    precedenti.Cerca(ledger::Origine::GiroErario, [&](const RigaIva& riga, Data) {
+      return FinisceCon(riga.descrizione, fine) && !riga.descrizione.starts_with(kProRataIva);
+    });
     if (!interessiPrima.Zero()) {
       // The interest doesn't name its period: day and amount tell it.
       const Data giorno = precedenti.Giorno();
@@ -189,21 +203,39 @@ class Scrittura {
     std::vector<std::string> numeri;
     for (const IvaRegistro& r : l_.registri) {
       if (!PassaAllErario(r.tipo) || r.Dovuta().Zero()) continue;
-      const auto descrizione =
-          NzStr(ambiente_.Cerca("tessarc", "TIPIregistriiva", {{"cod", r.tipo}}, "DESCRIZIONE"));
-      ledger::RegistrazioneDueRighe giro = Nuova(ledger::Origine::GiroErario, giri_.causaleErario);
-      giro.descrizione = descrizione + fine;
-      Lati(giro, r.conto, giri_.contoErario, r.segno < 0 ? -r.Dovuta() : r.Dovuta());
-      numeri.push_back(std::to_string(ledger::ScriviDueRighe(ambiente_, giro)));
+      numeri.push_back(AllErario(r.conto, DescrizioneTipo(r.tipo) + fine,
+                                 r.segno < 0 ? -r.Dovuta() : r.Dovuta()));
+    }
+    for (const auto& [conto, resto] : RestoReverseCharge(l_.registri)) {
+      numeri.push_back(AllErario(conto, DescrizioneTipo("04") + fine, resto));
     }
     if (!l_.interessi.Zero()) {
-      ledger::RegistrazioneDueRighe giro = Nuova(ledger::Origine::GiroErario, giri_.causaleErario);
-      giro.descrizione = kInteressi;
-      Lati(giro, giri_.contoInteressi, giri_.contoErario, l_.interessi);
-      numeri.push_back(std::to_string(ledger::ScriviDueRighe(ambiente_, giro)));
+      numeri.push_back(AllErario(giri_.contoInteressi, std::string(kInteressi), l_.interessi));
     }
     if (numeri.empty()) return;
     log_.Riga(std::string(kErario) + "Articoli n. " + Unisci(numeri) + " EFFETTUATA");
+  }
+
+  /// What the pro-rata takes off is no credit: it goes to a cost, from the tax authority's account
+  /// where the VAT of the registers was moved to it, from that of the register otherwise.
+  void ProRata() {
+    const std::string descrizione = std::string(kProRataIva) + PeriodoBarrato(l_.periodo);
+    GiriPrecedenti precedenti(ambiente_, l_.periodo);
+    precedenti.Cerca(ledger::Origine::GiroErario,
+                     [&](const RigaIva& riga, Data) { return riga.descrizione == descrizione; });
+    if (!precedenti.Elimina(kGiroProRata, log_) || giri_.contoProRata.empty()) return;
+    std::map<std::string, Importo> tolta;
+    for (const IvaRegistro& r : l_.registri) {
+      tolta[giri_.erario ? giri_.contoErario : r.conto] += r.proRata;
+    }
+    for (const auto& [conto, importo] : tolta) {
+      if (importo.Zero()) continue;
+      ledger::RegistrazioneDueRighe giro = Nuova(ledger::Origine::GiroErario, giri_.causaleErario);
+      giro.descrizione = descrizione;
+      Lati(giro, giri_.contoProRata, conto, importo);
+      log_.Riga(std::string(kGiroProRata) + "Articolo n. " +
+                std::to_string(ledger::ScriviDueRighe(ambiente_, giro)) + " EFFETTUATA");
+    }
   }
 
   void Corrispettivi(const std::vector<TotaleRegistro>& registri) {
@@ -224,6 +256,18 @@ class Scrittura {
   }
 
  private:
+  [[nodiscard]] std::string DescrizioneTipo(const std::string& tipo) {
+    return NzStr(ambiente_.Cerca("tessarc", "TIPIregistriiva", {{"cod", tipo}}, "DESCRIZIONE"));
+  }
+
+  /// Moves an amount from an account to that of the tax authority; the number of the giro.
+  std::string AllErario(const std::string& conto, std::string descrizione, Importo importo) {
+    ledger::RegistrazioneDueRighe giro = Nuova(ledger::Origine::GiroErario, giri_.causaleErario);
+    giro.descrizione = std::move(descrizione);
+    Lati(giro, conto, giri_.contoErario, importo);
+    return std::to_string(ledger::ScriviDueRighe(ambiente_, giro));
+  }
+
   [[nodiscard]] ledger::RegistrazioneDueRighe Nuova(ledger::Origine origine,
                                                     const std::string& causale) const {
     ledger::RegistrazioneDueRighe r;
@@ -240,12 +284,11 @@ class Scrittura {
   LogContabile& log_;
 };
 
-/// What the giro to the tax authority lacks.
+/// What the giro to the tax authority lacks beside its causal.
 std::vector<std::string> MancaErario(Ambiente& ambiente, const DatiGiri& giri,
                                      const std::vector<TotaleRegistro>& registri,
                                      Importo interessi) {
   std::vector<std::string> manca;
-  if (Manca(ambiente, "Causali", giri.causaleErario)) manca.emplace_back("causale");
   if (Manca(ambiente, "Conti", giri.contoErario)) manca.emplace_back("conto erario c/IVA");
   if (!interessi.Zero() && Manca(ambiente, "Conti", giri.contoInteressi)) {
     manca.emplace_back("conto interessi");
@@ -271,12 +314,15 @@ DatiGiri LeggiDatiGiri(Ambiente& ambiente) {
   giri.contoErario = Rifila(ambiente.Config("ContoIvaErario"));
   giri.contoInteressi = Rifila(ambiente.Config("ContoInteressiErario"));
   giri.causaleErario = Rifila(ambiente.Config("CausaleErario"));
+  giri.contoProRata = Rifila(ambiente.Config("ContoProRata"));
   return giri;
 }
 
 std::string MancanoDatiGiri(Ambiente& ambiente, const DatiGiri& giri,
-                            const std::vector<TotaleRegistro>& registri, Importo interessi) {
-  if (!giri.erario && !giri.corrispettivi) return {};
+                            const std::vector<TotaleRegistro>& registri, Importo interessi,
+                            Importo proRata) {
+  const bool conProRata = !proRata.Zero() && !giri.contoProRata.empty();
+  if (!giri.erario && !giri.corrispettivi && !conProRata) return {};
   std::vector<std::string> manca;
   const auto& anni = ambiente.Anni();
   if (giri.dt.Nulla()) {
@@ -284,10 +330,16 @@ std::string MancanoDatiGiri(Ambiente& ambiente, const DatiGiri& giri,
   } else if (std::find(anni.begin(), anni.end(), giri.dt.Anno()) == anni.end()) {
     manca.push_back("anno " + std::to_string(giri.dt.Anno()) + " tra gli anni della ditta");
   }
+  if ((giri.erario || conProRata) && Manca(ambiente, "Causali", giri.causaleErario)) {
+    manca.emplace_back("causale");
+  }
   if (giri.erario) {
     for (std::string& m : MancaErario(ambiente, giri, registri, interessi)) {
       manca.push_back(std::move(m));
     }
+  }
+  if (conProRata && Manca(ambiente, "Conti", giri.contoProRata)) {
+    manca.emplace_back("conto del pro-rata");
   }
   if (!manca.empty()) return std::string(kMancanoDati) + "(" + Unisci(manca) + ")";
   if (!giri.corrispettivi) return {};
@@ -307,6 +359,7 @@ void RiscriviGiri(Ambiente& ambiente, const Liquidazione& liquidazione,
                   Importo interessiPrima, LogContabile& log) {
   Scrittura scrittura(ambiente, liquidazione, giri, log);
   if (giri.erario) scrittura.Erario(interessiPrima);
+  scrittura.ProRata();
   if (giri.corrispettivi) scrittura.Corrispettivi(registri);
 }
 

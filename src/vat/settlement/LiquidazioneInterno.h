@@ -9,15 +9,13 @@
 namespace fenalto::vat {
 
 inline constexpr std::string_view kTipoVentilato = "07";
-/// 25.82 euro, the least that is paid.
-inline constexpr Importo kMinimoVersamento = Importo::DaDecimillesimi(258'200);
-
-inline constexpr std::array kNoteSottoMinimo = {"importo inferiore a € 25.82",
-                                                "da aggiungere al prossimo versamento"};
 inline constexpr std::array kNoteVentilazione = {
     "*corrispettivi ventilati: la somma importi iva mese/trim può",
     " essere diversa dalla ventilazione calcolata sull'anno: ",
     " si deve quindi compensare nell'ultima liquidazione iva"};
+
+/// Text of the giro that takes the pro-rata to the costs, before the period.
+inline constexpr std::string_view kProRataIva = "Pro-rata IVA ";
 
 /// "03/2024", "T2/2024": how the descriptions of the giros name a period.
 std::string PeriodoBarrato(const PeriodoIva& periodo);

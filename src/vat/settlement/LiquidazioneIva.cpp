@@ -4,6 +4,7 @@
 #include "core/values/Aritmetica.h"
 #include "core/values/FormatoImporto.h"
 #include "vat/settlement/LiquidazioneInterno.h"
+#include "vat/settlement/MinimoVersamento.h"
 
 namespace fenalto::vat {
 
@@ -15,6 +16,11 @@ std::string Percentuale(Importo percento) {
 
 Importo Quota(Importo importo, Importo percento) {
   return Arrotonda(importo.Percento(percento), 2, ModoArrotonda::Vicino);
+}
+
+/// Registers of purchases whose VAT is deducted.
+bool ConProRata(std::string_view tipo) {
+  return tipo == "03" || tipo == "05" || tipo == "08A";
 }
 
 Importo ConSegno(Importo importo, int segno) {
@@ -33,9 +39,15 @@ class Calcolo {
   void Registro(const TotaleRegistro& totale) {
     if (totale.segno == 0) return;
     const IntervalloRegistro& i = totale.intervallo;
-    IvaRegistro r{i.riva, i.tipo, totale.conto, totale.segno, totale.Iva(),
+    IvaRegistro r{i.riva,
+                  i.tipo,
+                  totale.conto,
+                  totale.segno,
+                  totale.Iva(),
                   // What stands on 08 and 08A is collected: nothing of it is deferred any more.
-                  i.daIncassi ? Importo() : totale.IvaDifferita(), totale.ivaScorporata};
+                  i.daIncassi ? Importo() : totale.IvaDifferita(),
+                  totale.ivaScorporata,
+                  {}};
     const bool ventilato = i.tipo == kTipoVentilato && l_.periodo.Ultimo();
     ventilato_ = ventilato_ || ventilato;
     Somma("Registro " + i.riva + " " + i.descrizione + (ventilato ? "*" : ""),
@@ -45,9 +57,12 @@ class Calcolo {
                            : "storno per differimento esigiblità iva ACQUISTI",
             ConSegno(r.differita, -r.segno));
     }
-    if (i.tipo == "03" && !l_.dati.proRata.Zero()) {
-      Somma("Pro-Rata " + Percentuale(l_.dati.proRata),
-            ConSegno(Quota(r.iva, l_.dati.proRata), -r.segno));
+    // Deferred VAT meets it when it is paid, on the register of type 08A.
+    if (ConProRata(i.tipo) && !l_.dati.proRata.Zero()) {
+      r.proRata = Quota(r.Dovuta(), l_.dati.proRata);
+      if (!r.proRata.Zero() || i.tipo == "03") {
+        Somma("Pro-Rata " + Percentuale(l_.dati.proRata), ConSegno(r.proRata, -r.segno));
+      }
     }
     l_.registri.push_back(std::move(r));
   }
@@ -81,7 +96,7 @@ class Calcolo {
   void Totale(std::string descrizione, Importo importo) {
     l_.righe.push_back({std::move(descrizione), importo, false, 0, true});
   }
-  void Nota(const char* testo) { l_.righe.push_back({testo, Importo(), true}); }
+  void Nota(std::string_view testo) { l_.righe.push_back({std::string(testo), Importo(), true}); }
 
   void Somma(std::string descrizione, Importo importo) {
     Riga(std::move(descrizione), importo);
@@ -102,9 +117,10 @@ class Calcolo {
       l_.daVersare += l_.interessi;
     }
     Totale("IVA DA VERSARE", l_.daVersare);
-    l_.sottoMinimo = l_.daVersare < kMinimoVersamento;
+    l_.sottoMinimo = SottoMinimo(l_.periodo, l_.daVersare);
     if (!l_.sottoMinimo) return;
-    for (const char* nota : kNoteSottoMinimo) Nota(nota);
+    Nota(MinimoDellAnno(l_.periodo.anno).nota);
+    Nota(kDaAggiungere);
   }
 
   Liquidazione l_;
@@ -115,6 +131,12 @@ class Calcolo {
 
 Importo Liquidazione::Credito() const {
   return risultato.Negativo() ? -risultato : Importo();
+}
+
+Importo Liquidazione::ProRata() const {
+  Importo totale;
+  for (const IvaRegistro& registro : registri) totale += registro.proRata;
+  return totale;
 }
 
 std::string ErroreDatiLiquidazione(const DatiLiquidazione& dati) {

@@ -43,6 +43,7 @@ struct IvaRegistro {
   Importo iva;        ///< unsigned
   Importo differita;  ///< part of `iva` that is due only when the invoices are collected
   Importo ivaScorporata;
+  Importo proRata;  ///< of what falls due, the part that the pro-rata takes off
   /// What falls due in the period, with which its account is cleared.
   [[nodiscard]] Importo Dovuta() const { return iva - differita; }
 };
@@ -56,8 +57,9 @@ struct Liquidazione {
   Importo risultato;     ///< R of the period, without interest
   Importo interessi;
   Importo daVersare;                      ///< with interest; zero or below when nothing is owed
-  bool sottoMinimo = false;               ///< owed but below 25.82, so not paid in this period
+  bool sottoMinimo = false;               ///< owed but too little to be paid in this period
   [[nodiscard]] Importo Credito() const;  ///< carried on; zero when something is owed
+  [[nodiscard]] Importo ProRata() const;  ///< taken off by the pro-rata in all; a cost above zero
 };
 
 /// What the user must put right in the percentages; empty when they can be used.
@@ -68,8 +70,8 @@ Liquidazione CalcolaLiquidazione(const PeriodoIva& periodo,
                                  const std::vector<TotaleRegistro>& registri,
                                  const DatiLiquidazione& dati);
 
-/// What the program proposes for a period: ProRata of the settings, the credit of `CreditoIva`, the
-/// amount below the minimum that the period before left unpaid.
+/// What the program proposes for a period: ProRata of the settings; the credit and the amount too
+/// little to be paid that the last period settled before it has left, however long ago.
 DatiLiquidazione ProponiLiquidazione(Ambiente& ambiente, const PeriodoIva& periodo);
 /// The same for a look: nothing is written, not even the row of a credit that was never kept.
 DatiLiquidazione PrevediLiquidazione(Ambiente& ambiente, const PeriodoIva& periodo);
@@ -81,19 +83,28 @@ struct DatiGiri {
   std::string contoErario;
   std::string contoInteressi;
   std::string causaleErario;
-  Data dt;  ///< of the registrations
+  std::string contoProRata;  ///< cost that takes what the pro-rata takes off; empty for no giro
+  Data dt;                   ///< of the registrations
 };
 DatiGiri LeggiDatiGiri(Ambiente& ambiente);
 /// "mancano dati per registrazione contabile " and the like; empty when the giros can be written.
-/// `interessi` of the settlement, which need an account of their own.
+/// `interessi` of the settlement and `proRata`, what it takes off, need accounts of their own.
 std::string MancanoDatiGiri(Ambiente& ambiente, const DatiGiri& giri,
-                            const std::vector<TotaleRegistro>& registri, Importo interessi = {});
+                            const std::vector<TotaleRegistro>& registri, Importo interessi = {},
+                            Importo proRata = {});
 
 /// Replaces the stored settlement of the period, credit and lines, and writes the giros, in the
 /// transaction that the caller holds under the numbering lock.
 void MemorizzaLiquidazione(Ambiente& ambiente, const Liquidazione& liquidazione,
                            const std::vector<TotaleRegistro>& registri, const DatiGiri& giri,
                            int ultimaPagina, LogContabile& log);
+
+/// The credit that the first settled period of a year began with, which is on hand again once the
+/// year's settlements are erased; that on hand now when the year has none, or when a later year is
+/// settled, whose credit it is.
+Importo CreditoPrimaDi(Ambiente& ambiente, int anno);
+/// Puts a credit on hand for the next period.
+void ScriviCreditoIva(Ambiente& ambiente, Importo credito);
 
 /// "manca modello chiusura iva" when the settlement's model isn't there; to be asked before the
 /// first page. A model that can't be read is told by the print itself.

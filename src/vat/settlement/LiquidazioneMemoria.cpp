@@ -5,6 +5,7 @@
 #include "core/sql/Criterio.h"
 #include "core/values/FormatoImporto.h"
 #include "vat/settlement/LiquidazioneInterno.h"
+#include "vat/settlement/MinimoVersamento.h"
 
 namespace fenalto::vat {
 
@@ -29,42 +30,59 @@ void PreparaCredito(Ambiente& ambiente) {
       "INSERT INTO CreditoIva ( Cod, CreditoIva ) values ('01',0)");
 }
 
-/// What the period before left unpaid because it was below the minimum.
-Importo NonVersato(Ambiente& ambiente, const PeriodoIva& periodo) {
-  const Data giorno = periodo.Primo().PiuGiorni(-1);
-  const std::string prima = ChiavePeriodo(giorno, IvaTrimestrale(ambiente, giorno.Anno()));
-  Rs riga = Chiusura(ambiente, giorno.Anno(), prima);
-  if (riga.Eof()) return {};
-  const Importo importo = riga.Fields("Importo").Importo();
-  return importo > Importo() && importo < kMinimoVersamento ? importo : Importo();
+Importo LeggiCredito(Ambiente& ambiente) {
+  return Nz(ambiente.Cerca("tessarc", "CreditoIva", {{"Cod", kCodCredito}}, "CreditoIva"))
+      .Importo();
 }
 
-/// First settled period after this one, "04/2024"; empty when there is none.
-std::string GiaLiquidatoDopo(Ambiente& ambiente, const PeriodoIva& periodo) {
-  Rs riga = ambiente.ArchivioDi("tessarc").Recordset(
-      "select top 1 Anno, MESETRIMESTRE from ChiusureIva where " +
-      sql::Criterio("Anno", ">", periodo.anno) + " or (" +
-      sql::Criterio("Anno", "=", periodo.anno) + " and " +
-      sql::Criterio("MESETRIMESTRE", ">", periodo.cod) + ") order by Anno, MESETRIMESTRE");
-  if (riga.Eof()) return {};
-  return riga.Fields("MESETRIMESTRE").Testo() + "/" + riga.Fields("Anno").Testo();
+/// Settled periods before one (`<`) or after it (`>`), the nearest first; at its end there is none.
+Rs Vicina(Ambiente& ambiente, const PeriodoIva& periodo, const char* verso) {
+  const std::string ordine = *verso == '<' ? " desc" : "";
+  return ambiente.ArchivioDi("tessarc").Recordset(
+      "select top 1 * from ChiusureIva where " + sql::Criterio("Anno", verso, periodo.anno) +
+      " or (" + sql::Criterio("Anno", "=", periodo.anno) + " and " +
+      sql::Criterio("MESETRIMESTRE", verso, periodo.cod) + ") order by Anno" + ordine +
+      ", MESETRIMESTRE" + ordine);
+}
+
+/// What a period begins with. Periods that were never settled in between lose nothing.
+struct Riporto {
+  Importo credito;
+  Importo nonVersato;  ///< owed, but too little to be paid
+};
+
+Riporto RiportoDi(Ambiente& ambiente, const PeriodoIva& periodo) {
+  Riporto riporto{LeggiCredito(ambiente), {}};
+  Rs prima = Vicina(ambiente, periodo, "<");
+  Rs dopo = Vicina(ambiente, periodo, ">");
+  // The credit on hand is what the last period settled of all has left.
+  if (prima.Eof()) {
+    if (!dopo.Eof()) riporto.credito = dopo.Fields("CreditoPrec").Importo();
+    return riporto;
+  }
+  const auto anno = static_cast<int>(prima.Fields("Anno").Intero());
+  const Importo risultato = prima.Fields("Importo1").Importo();
+  if (!dopo.Eof()) riporto.credito = risultato.Negativo() ? -risultato : Importo();
+  const Importo importo = prima.Fields("Importo").Importo();
+  if (SottoMinimo(PeriodoDiChiave(anno, prima.Fields("MESETRIMESTRE").Testo()), importo)) {
+    riporto.nonVersato = importo;
+  }
+  return riporto;
 }
 
 void ScriviCredito(Ambiente& ambiente, const Liquidazione& l, LogContabile& log) {
-  const std::string dopo = GiaLiquidatoDopo(ambiente, l.periodo);
-  if (!dopo.empty()) {
+  Rs dopo = Vicina(ambiente, l.periodo, ">");
+  if (!dopo.Eof()) {
     // The credit on hand is that of the last period settled: an earlier one doesn't bring it back.
-    log.avvisi.push_back("Il periodo " + dopo +
+    log.avvisi.push_back("Il periodo " + dopo.Fields("MESETRIMESTRE").Testo() + "/" +
+                         dopo.Fields("Anno").Testo() +
                          " è già stato liquidato: il credito da riportare resta quello che c'era.\n"
                          "Ristampare in definitiva anche i periodi seguenti, con credito "
                          "precedente " +
                          ScriviImporto(l.Credito(), 2) + ".");
     return;
   }
-  PreparaCredito(ambiente);
-  ambiente.ArchivioDi("tessarc").Esegui(
-      "update CreditoIva set CreditoIva=" + sql::LetteraleSql(l.Credito()) + " where " +
-      sql::Criterio("Cod", "=", kCodCredito));
+  ScriviCreditoIva(ambiente, l.Credito());
 }
 
 void ScriviRighe(Ambiente& ambiente, const Liquidazione& l) {
@@ -87,7 +105,7 @@ bool Nota(const std::string& descrizione) {
   const auto tra = [&](const auto& note) {
     return std::find(note.begin(), note.end(), descrizione) != note.end();
   };
-  return tra(kNoteSottoMinimo) || tra(kNoteVentilazione);
+  return NotaSottoMinimo(descrizione) || tra(kNoteVentilazione);
 }
 
 }  // namespace
@@ -103,15 +121,13 @@ DatiLiquidazione PrevediLiquidazione(Ambiente& ambiente, const PeriodoIva& perio
   if (const auto proRata = LeggiImporto(ambiente.Config("ProRata")))
     dati.proRata = proRata.Valore();
   if (periodo.Annuale()) return dati;
-  dati.creditoPrec =
-      Nz(ambiente.Cerca("tessarc", "CreditoIva", {{"Cod", kCodCredito}}, "CreditoIva")).Importo();
+  const Riporto riporto = RiportoDi(ambiente, periodo);
+  dati.creditoPrec = riporto.credito;
   // Printed again, a period starts from the credit it started from, not from the one it left.
   if (Rs riga = Chiusura(ambiente, periodo.anno, periodo.cod); !riga.Eof()) {
     dati.creditoPrec = riga.Fields("CreditoPrec").Importo();
   }
-  if (const Importo resto = NonVersato(ambiente, periodo); !resto.Zero()) {
-    dati.piu[0] = {kNonVersato, resto};
-  }
+  if (!riporto.nonVersato.Zero()) dati.piu[0] = {kNonVersato, riporto.nonVersato};
   return dati;
 }
 
@@ -139,6 +155,24 @@ void MemorizzaLiquidazione(Ambiente& ambiente, const Liquidazione& liquidazione,
                    " where " + sql::Criterio("Cod", "=", registro.riva));
   }
   RiscriviGiri(ambiente, liquidazione, registri, giri, interessiPrima, log);
+}
+
+Importo CreditoPrimaDi(Ambiente& ambiente, int anno) {
+  Rs prima = ambiente.ArchivioDi("tessarc").Recordset(
+      "select top 1 CreditoPrec from ChiusureIva where " + sql::Criterio("Anno", "=", anno) +
+      " order by MESETRIMESTRE");
+  PeriodoIva fine;
+  fine.anno = anno;
+  fine.cod = "Z";
+  if (prima.Eof() || !Vicina(ambiente, fine, ">").Eof()) return LeggiCredito(ambiente);
+  return prima.Fields("CreditoPrec").Importo();
+}
+
+void ScriviCreditoIva(Ambiente& ambiente, Importo credito) {
+  PreparaCredito(ambiente);
+  ambiente.ArchivioDi("tessarc").Esegui(
+      "update CreditoIva set CreditoIva=" + sql::LetteraleSql(credito) + " where " +
+      sql::Criterio("Cod", "=", kCodCredito));
 }
 
 std::vector<RigaLiquidazione> LiquidazioneMemorizzata(Ambiente& ambiente, int anno,

@@ -45,9 +45,9 @@ struct TotaleCodice {
 struct QuotaVentilazione {
   std::string codIva;
   Importo perc;
-  Importo acquisti;       ///< taxable plus VAT
-  Importo quota;          ///< percent of the purchases total, four decimals
-  Importo corrispettivi;  ///< part of the receipts
+  Importo acquisti;        ///< taxable plus VAT
+  std::int64_t quota = 0;  ///< of the purchases total, in hundred-thousandths of a percent
+  Importo corrispettivi;   ///< part of the receipts
 };
 
 struct TotaleRegistro {

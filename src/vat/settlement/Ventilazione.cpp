@@ -27,6 +27,14 @@ Importo Proporzione(Importo intero, Importo parte, Importo totale) {
       static_cast<std::int64_t>(prodotto / static_cast<Intero128>(totale.Decimillesimi())));
 }
 
+/// `parte` of `totale` in hundred-thousandths of a percent, to the nearest, halves away from zero.
+std::int64_t QuotaAcquisti(Importo parte, Importo totale) {
+  constexpr Intero128 kCento = 100 * 100'000;
+  const auto doppio = static_cast<Intero128>(parte.Decimillesimi()) * kCento * 2;
+  const auto t = static_cast<Intero128>(totale.Decimillesimi());
+  return static_cast<std::int64_t>((doppio + (parte.Negativo() ? -t : t)) / (t * 2));
+}
+
 }  // namespace
 
 std::string ErroreVentilazione(const std::string& tipo, const std::vector<GruppoIva>& gruppi) {
@@ -73,14 +81,14 @@ Esito<std::vector<QuotaVentilazione>> LeggiAcquisti(Ambiente& ambiente, int anno
     if (!quote.empty() && UgualeTesto(quote.back().codIva, gruppo.codIva)) {
       quote.back().acquisti += acquisti;
     } else {
-      quote.push_back({gruppo.codIva, campo("Perc").Importo(), acquisti, {}, {}});
+      quote.push_back({gruppo.codIva, campo("Perc").Importo(), acquisti, 0, {}});
     }
   }
   Importo totale;
   for (const QuotaVentilazione& quota : quote) totale += quota.acquisti;
   if (quote.empty() || totale <= Importo()) return Errore{kNessuno};
   for (QuotaVentilazione& quota : quote) {
-    quota.quota = Proporzione(Importo::DaUnita(100), quota.acquisti, totale);
+    quota.quota = QuotaAcquisti(quota.acquisti, totale);
   }
   return quote;
 }

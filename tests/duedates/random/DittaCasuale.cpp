@@ -187,6 +187,8 @@ void DittaCasuale::CambiaFattura(const Mossa& mossa) {
   f.RigaLasciata("Imponibile");
   RC_ASSERT(f.ConfermaRiga());
   const Importo totale = f.TotFat();
+  const bool pagata = emessa->pagamento == "SUBITO";
+  if (pagata && f.Modificata()) dialoghi.Rispondera("sono state scritte anche", Risposta::No);
   RC_ASSERT(f.Conferma());
   const Importo prima = std::exchange(emessa->totale, totale);
   Nota("art. " + std::to_string(numDoc) + " diventa " + totale.Testo());
@@ -211,6 +213,9 @@ void DittaCasuale::EliminaFattura(const Mossa& mossa) {
   vat::RegistrazioneIva f(ambiente);
   RC_ASSERT(f.Apri(numDoc));
   dialoghi.Rispondera("Conferma eliminazione", Risposta::Si);
+  if (emessa->pagamento == "SUBITO") {
+    dialoghi.Rispondera("sono state scritte anche", Risposta::No);
+  }
   RC_ASSERT(f.Elimina());
   Nota("art. " + std::to_string(numDoc) + " eliminata");
   if (intatta) {

@@ -69,6 +69,7 @@ constexpr const char* kImpostazioni[] = {"StIndirizzo",
                                          "CausaleErario",
                                          "ContoIvaErario",
                                          "ContoInteressiErario",
+                                         "ContoProRata",
                                          "RegistrazioneContabileErario",
                                          "RegistrazioneContabileGiro",
                                          "ChiusIva"};
@@ -106,8 +107,8 @@ void DatiRegistroIva::AggiungiCampi() {
        {"RegistrazioneContabileErario", "RegistrazioneContabileGiro", "ChiusIva"}) {
     scheda.Aggiungi(nome, Tipo::Booleano);
   }
-  for (const char* nome :
-       {"CausaleErario", "ContoIvaErario", "ContoInteressiErario", "MeseTrimestre"}) {
+  for (const char* nome : {"CausaleErario", "ContoIvaErario", "ContoInteressiErario",
+                           "ContoProRata", "MeseTrimestre"}) {
     scheda.Aggiungi(nome, Tipo::Testo);
   }
 }

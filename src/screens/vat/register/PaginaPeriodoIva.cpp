@@ -56,6 +56,7 @@ records::DescrizioneForma FormaStampa() {
            codice("CausaleErario", "Causale", "causali", kGiri),
            codice("ContoIvaErario", "Conto erario c/iva", "conti", kGiri),
            codice("ContoInteressiErario", "Conto interessi", "conti", kGiri),
+           codice("ContoProRata", "Conto pro-rata", "conti", kGiri),
            records::Digitato("DtReg", "Data registrazioni").In(kGiri)},
       .riquadri = {{.nome = kStampa, .titolo = "Stampa", .largo = true},
                    {.nome = kVentilazione,
@@ -85,7 +86,7 @@ void PaginaPeriodoIva::CampoCambiato(const QString& campo) {
     if (dati_.scheda.Testo("MeseTrimestre") != dati_.registro.Periodo().cod) Sconferma();
   } else if (campo == QLatin1String("RivaVentil") || campo == QLatin1String("RivaVentil1")) {
     if (!dati_.confermato) return;
-    dati_.registro.ProponiVentilazione();
+    dati_.registro.ProponiVentilazione(campo == QLatin1String("RivaVentil1"));
     dati_.MostraOpzioni();
   }
 }

@@ -1,0 +1,398 @@
+#include "vat/postings/SeguitoFattura.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/sql/Criterio.h"
+#include "core/values/Testo.h"
+#include "duedates/schedules/CreaScadenze.h"
+#include "vat/postings/DatiIva.h"
+#include "vat/postings/RegistraIntraInterno.h"
+
+namespace fenalto::vat {
+namespace {
+
+using ledger::Origine;
+
+/// A class and an account.
+struct Conto {
+  std::string cfp;
+  std::string cod;
+  [[nodiscard]] bool E(const std::string& altraCfp, const std::string& altro) const {
+    return UgualeTesto(cfp, altraCfp) && UgualeTesto(cod, altro);
+  }
+};
+
+/// A head with what is needed to tell what it is.
+struct Testa {
+  ArticoloOrigine articolo;
+  Data dt;
+  Data dtFat;
+  std::string nFat;
+  std::string riva;
+  std::int64_t nProt = 0;
+  Origine origine = Origine::Manuale;
+  Conto dare;
+  Conto avere;
+  std::string pagamento;
+};
+
+Testa LeggiTesta(const Rs& rs) {
+  const auto testo = [&rs](const char* campo) { return rs.Fields(campo).Testo(); };
+  Testa t;
+  t.articolo = {static_cast<int>(rs.Fields("Anno").Intero()), rs.Fields("NumDoc").Intero()};
+  t.dt = rs.Fields("Dt").Data();
+  t.dtFat = rs.Fields("DtFat").Data();
+  t.nFat = testo("NFat");
+  t.riva = testo("Riva");
+  t.nProt = rs.Fields("NProt").Intero();
+  t.origine = static_cast<Origine>(rs.Fields("CREATOINAUTOMATICO").Intero());
+  t.dare = {testo("CFP"), testo("Conto")};
+  t.avere = {testo("CfpA"), testo("ContoA")};
+  t.pagamento = testo("Pagamento");
+  return t;
+}
+
+std::string DescrizioneParte(const std::vector<RigaIva>& righe) {
+  const auto parte = std::ranges::find(righe, TipoRigaIva::Parte, &RigaIva::tipoRiga);
+  return parte == righe.end() ? std::string() : parte->descrizione;
+}
+
+std::string Numero(const ArticoloOrigine& articolo) {
+  return std::to_string(articolo.numDoc);
+}
+
+/// Walks the registrations behind a document and tells those that follow from it.
+class Ricerca {
+ public:
+  Ricerca(Ambiente& ambiente, Testa documento, bool reverseCharge)
+      : ambiente_(ambiente),
+        documento_(std::move(documento)),
+        reverse_(reverseCharge),
+        descrizione_(DescrizioneParte(Righe(documento_.articolo))),
+        descrizioneIntra_(DescrizioneGiroIntra(documento_.nFat, documento_.dtFat)) {}
+
+  std::vector<RegistrazioneSeguita> Esegui() {
+    for (Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(
+             "select * from Articoli where " +
+             sql::Criterio("Anno", "=", documento_.articolo.anno) + " and " +
+             sql::Criterio("NumDoc", ">", documento_.articolo.numDoc) + " and " +
+             sql::Criterio("Dt", "=", documento_.dt) + " order by NumDoc");
+         !rs.Eof(); rs.MoveNext()) {
+      const Testa testa = LeggiTesta(rs);
+      // What comes after another document of the same kind, number and day follows from that.
+      if (Gemella(testa)) break;
+      Vedi(testa);
+    }
+    return std::move(trovate_);
+  }
+
+ private:
+  std::vector<RigaIva> Righe(const ArticoloOrigine& articolo) {
+    return LeggiRigheIva(ambiente_.ArchivioDi("tessarc"), articolo.anno, articolo.numDoc);
+  }
+
+  [[nodiscard]] bool StessaFattura(const Testa& t) const {
+    return t.dtFat == documento_.dtFat && UgualeTesto(t.nFat, documento_.nFat);
+  }
+
+  [[nodiscard]] bool Gemella(const Testa& t) const {
+    return UgualeTesto(t.riva, documento_.riva) && StessaFattura(t) &&
+           documento_.dare.E(t.dare.cfp, t.dare.cod);
+  }
+
+  void Vedi(const Testa& t) {
+    if (t.origine == Origine::ReverseCharge && !t.riva.empty()) {
+      if (StessaFattura(t) && documento_.dare.E(t.dare.cfp, t.dare.cod)) VediCopia(t);
+      return;
+    }
+    if (!t.riva.empty()) return;
+    const auto righe = Righe(t.articolo);
+    const std::string descrizione = righe.empty() ? std::string() : righe.front().descrizione;
+    const bool suo = UgualeTesto(descrizione, descrizione_);
+    const bool diIntra = reverse_ && UgualeTesto(descrizione, descrizioneIntra_);
+    const bool dellaParte =
+        documento_.dare.E(t.dare.cfp, t.dare.cod) || documento_.dare.E(t.avere.cfp, t.avere.cod);
+    switch (t.origine) {
+      case Origine::ReverseCharge:
+        if (!diIntra) return;
+        if (t.avere.cfp != "F") {
+          return Aggiungi(GenereSeguito::GiroIndetraibile, t, righe,
+                          "giro dell'iva indetraibile al costo");
+        }
+        giri_.push_back({t.avere, descrizione});
+        return Aggiungi(GenereSeguito::GiroCosto, t, righe,
+                        "giro del costo al fornitore " + t.avere.cod);
+      case Origine::BollaDoganale:
+        if (!suo || !dellaParte) return;
+        giri_.push_back({t.avere, descrizione});
+        return Aggiungi(GenereSeguito::GiroDogana, t, righe,
+                        "giro della bolla doganale al fornitore " + t.avere.cod);
+      case Origine::RitenutaAcconto:
+        if (suo && dellaParte) Aggiungi(GenereSeguito::GiroRitenuta, t, righe, "giro ritenuta");
+        return;
+      case Origine::Pagamento:
+        if (suo && dellaParte) {
+          return Aggiungi(GenereSeguito::Pagamento, t, righe, "pagamento");
+        }
+        if (DiUnGiro(t, descrizione)) {
+          Aggiungi(GenereSeguito::PagamentoGiro, t, righe, "pagamento del fornitore " + t.dare.cod);
+        }
+        return;
+      default:
+        return;
+    }
+  }
+
+  void VediCopia(const Testa& t) {
+    Aggiungi(GenereSeguito::CopiaIntra, t, {},
+             "registro iva " + t.riva + ", protocollo " + std::to_string(t.nProt));
+    const auto stampato =
+        ambiente_
+            .Max("UltProtSt", "UltProtStRegIva", {{"Anno", t.articolo.anno}, {"Riva", t.riva}},
+                 ambiente_.ArchivioDi("tessarc"))
+            .Intero();
+    if (t.nProt <= stampato) trovate_.back().ferma = "già stampata sul registro iva";
+  }
+
+  [[nodiscard]] bool DiUnGiro(const Testa& t, const std::string& descrizione) const {
+    return std::ranges::any_of(giri_, [&](const auto& giro) {
+      return giro.first.E(t.dare.cfp, t.dare.cod) && UgualeTesto(giro.second, descrizione);
+    });
+  }
+
+  void Aggiungi(GenereSeguito genere, const Testa& t, const std::vector<RigaIva>& righe,
+                const std::string& cosa) {
+    RegistrazioneSeguita r;
+    r.genere = genere;
+    r.articolo = t.articolo;
+    r.nome = "articolo n. " + Numero(t.articolo) + ": " + cosa;
+    for (const RigaIva& riga : righe) {
+      if (documento_.dare.E(riga.cfp, riga.conto)) r.dallaParte += riga.impoDare - riga.impoAvere;
+    }
+    trovate_.push_back(std::move(r));
+  }
+
+  Ambiente& ambiente_;
+  Testa documento_;
+  bool reverse_;
+  std::string descrizione_;
+  std::string descrizioneIntra_;
+  std::vector<std::pair<Conto, std::string>> giri_;  ///< supplier and text of those found
+  std::vector<RegistrazioneSeguita> trovate_;
+};
+
+/// Writes what followed from a document again, from the document as it stands now.
+class Correzione {
+ public:
+  Correzione(Ambiente& ambiente, const ArticoloOrigine& documento, const DocumentoPrima& prima,
+             Importo daPagare, LogContabile& log)
+      : ambiente_(ambiente),
+        tessarc_(ambiente.ArchivioDi("tessarc")),
+        prima_(prima),
+        daPagare_(daPagare),
+        log_(log) {
+    Rs testa = LeggiArticolo(ambiente, documento);
+    testa_ = LeggiTesta(testa);
+    const auto righe = LeggiRigheIva(tessarc_, documento.anno, documento.numDoc);
+    descrizione_ = DescrizioneParte(righe);
+    for (const RigaIva& riga : righe) {
+      if (riga.tipoRiga == TipoRigaIva::Imponibile) imponibile_ += riga.imponibile;
+    }
+  }
+
+  void Correggi(const RegistrazioneSeguita& r) {
+    switch (r.genere) {
+      case GenereSeguito::CopiaIntra:
+        return Copia(r);
+      case GenereSeguito::GiroCosto:
+      case GenereSeguito::GiroDogana: {
+        const bool dogana = r.genere == GenereSeguito::GiroDogana;
+        giro_ = dogana ? imponibile_ : intra_ ? intra_->costo : imponibile_;
+        descrizioneGiro_ = dogana ? descrizione_ : DescrizioneGiroIntra(testa_.nFat, testa_.dtFat);
+        if (DueRighe(r, descrizioneGiro_, giro_)) Scadenze(r);
+        return;
+      }
+      case GenereSeguito::GiroIndetraibile:
+        return Indetraibile(r);
+      case GenereSeguito::GiroRitenuta:
+        if (DueRighe(r, descrizione_, std::nullopt)) {
+          log_.Riga("la ritenuta dell'articolo n. " + Numero(r.articolo) +
+                    " ha l'importo di prima: controllarlo");
+        }
+        return;
+      case GenereSeguito::Pagamento:
+        return Pagamento(r);
+      case GenereSeguito::PagamentoGiro:
+        DueRighe(r, descrizioneGiro_, giro_);
+        return;
+    }
+  }
+
+ private:
+  void Copia(const RegistrazioneSeguita& r) {
+    Rs copia = LeggiArticolo(ambiente_, r.articolo);
+    const std::string riva = copia.Fields("Riva").Testo();
+    tessarc_.Esegui("delete * from Movimenti where " + ChiaveArticolo(r.articolo));
+    TestaCome(r.articolo);
+    intra_ = CopiaRigheIntra(ambiente_, testa_.articolo, riva, r.articolo.numDoc);
+    Corretta(r);
+  }
+
+  void Indetraibile(const RegistrazioneSeguita& r) {
+    const auto righe = LeggiRigheIva(tessarc_, r.articolo.anno, r.articolo.numDoc);
+    if (!intra_ || righe.size() != 2) return;
+    const auto resto = intra_->indetraibile.find(righe[1].conto);
+    if (resto == intra_->indetraibile.end()) return Elimina(r);
+    DueRighe(r, DescrizioneGiroIntra(testa_.nFat, testa_.dtFat), resto->second);
+  }
+
+  /// The code may be another now: its account and its causal, or none at all.
+  void Pagamento(const RegistrazioneSeguita& r) {
+    Rs codice = tessarc_.Recordset("select * from Pagamento where " +
+                                   sql::Criterio("Cod", "=", testa_.pagamento));
+    const bool subito = !codice.Eof() && !codice.Fields("Conto").Testo().empty() &&
+                        !codice.Fields("Causale").Testo().empty();
+    if (!subito) return Elimina(r);
+    if (!DueRighe(r, descrizione_, daPagare_)) return;
+    if (UgualeTesto(testa_.pagamento, prima_.pagamento)) return;
+    const std::string conto = sql::LetteraleSql(codice.Fields("Conto"));
+    const std::string chiave = ChiaveArticolo(r.articolo);
+    tessarc_.Esegui("update Movimenti set Causale=" + sql::LetteraleSql(codice.Fields("Causale")) +
+                    " where " + chiave);
+    for (const auto& [classe, campo] :
+         {std::pair("CFP", "Conto"), {"CFPControp", "ContoControp"}}) {
+      tessarc_.Esegui(std::string("update Movimenti set ") + campo + "=" + conto + " where " +
+                      chiave + " and " + classe + "='P'");
+    }
+    for (const auto& [classe, campo] : {std::pair("CFP", "Conto"), {"CfpA", "ContoA"}}) {
+      tessarc_.Esegui(std::string("update Articoli set ") + campo + "=" + conto + " where " +
+                      chiave + " and " + classe + "='P'");
+    }
+  }
+
+  /// Day, invoice and party of the document on a head; its rows take the day by themselves.
+  void TestaCome(const ArticoloOrigine& articolo) {
+    const std::string chiave = ChiaveArticolo(articolo);
+    tessarc_.Esegui("update Articoli set " + sql::Criterio("Dt", "=", testa_.dt) + ", " +
+                    sql::Criterio("DtFat", "=", testa_.dtFat) + ", " +
+                    sql::Criterio("NFat", "=", testa_.nFat) + " where " + chiave);
+    if (UgualeTesto(prima_.conto, testa_.dare.cod)) return;
+    for (const auto& [classe, campo] : {std::pair("CFP", "Conto"), {"CfpA", "ContoA"}}) {
+      tessarc_.Esegui(std::string("update Articoli set ") +
+                      sql::Criterio(campo, "=", testa_.dare.cod) + " where " + chiave + " and " +
+                      sql::Criterio(classe, "=", prima_.cfp) + " and " +
+                      sql::Criterio(campo, "=", prima_.conto));
+    }
+  }
+
+  /// A registration of two rows with other day, text, party, and amount when there is one. False,
+  /// with a notice, when it isn't as it was written.
+  bool DueRighe(const RegistrazioneSeguita& r, const std::string& descrizione,
+                std::optional<Importo> importo) {
+    auto righe = LeggiRigheIva(tessarc_, r.articolo.anno, r.articolo.numDoc);
+    const bool intatta = righe.size() == 2 && righe[0].impoDare == righe[1].impoAvere &&
+                         righe[0].impoAvere == righe[1].impoDare;
+    if (!intatta) {
+      log_.avvisi.push_back(r.nome + "\nè stata cambiata a mano e resta com'è: controllarla.");
+      return false;
+    }
+    TestaCome(r.articolo);
+    tessarc_.Esegui("delete * from Movimenti where " + ChiaveArticolo(r.articolo));
+    const bool primaInDare = !righe[0].impoDare.Zero();
+    for (RigaIva& riga : righe) {
+      riga.descrizione = descrizione;
+      const bool inDare = (&riga == &righe.front()) == primaInDare;
+      if (importo) (inDare ? riga.impoDare : riga.impoAvere) = *importo;
+      for (auto& [cfp, conto] : {std::pair<const std::string&, std::string&>(riga.cfp, riga.conto),
+                                 {riga.cfpControp, riga.contoControp}}) {
+        if (UgualeTesto(cfp, prima_.cfp) && UgualeTesto(conto, prima_.conto)) {
+          conto = testa_.dare.cod;
+        }
+      }
+      ScriviRigaIva(tessarc_, riga);
+    }
+    Corretta(r);
+    return true;
+  }
+
+  /// Due dates of a giro's supplier, by the payment code that they bear.
+  void Scadenze(const RegistrazioneSeguita& r) {
+    Archivio& scadenzario = ambiente_.ArchivioDi("scadenzario");
+    Rs prima = scadenzario.Recordset("select top 1 * from Scadenze where " +
+                                     sql::Criterio("Anno", "=", r.articolo.anno) + " and " +
+                                     sql::Criterio("Articolo", "=", r.articolo.numDoc));
+    if (prima.Eof()) return;
+    duedates::RichiestaScadenze nuove;
+    nuove.cfp = prima.Fields("CFP").Testo();
+    nuove.conto = prima.Fields("Conto").Testo();
+    nuove.codPag = prima.Fields("Pagamento").Testo();
+    nuove.riva = prima.Fields("Riva").Testo();
+    nuove.numProt = prima.Fields("NProt").Intero();
+    nuove.programma = prima.Fields("Programma").Testo();
+    prima.mClose();
+    nuove.data = testa_.dtFat.Nulla() ? testa_.dt : testa_.dtFat;
+    nuove.importo = giro_;
+    nuove.descrizione = descrizioneGiro_;
+    nuove.dataFat = testa_.dtFat;
+    nuove.numFat = testa_.nFat;
+    nuove.anno = r.articolo.anno;
+    nuove.articolo = r.articolo.numDoc;
+    if (duedates::EliminaScadenzeFattura(ambiente_, nuove.anno, nuove.articolo, log_.testo)) {
+      duedates::CreaScadenze(ambiente_, nuove, log_.testo, log_.avvisi);
+    }
+  }
+
+  void Elimina(const RegistrazioneSeguita& r) { EliminaSeguito(ambiente_, {r}, log_); }
+
+  void Corretta(const RegistrazioneSeguita& r) { log_.Riga("CORRETTA anche " + r.nome); }
+
+  Ambiente& ambiente_;
+  Archivio& tessarc_;
+  DocumentoPrima prima_;
+  Importo daPagare_;
+  LogContabile& log_;
+  Testa testa_;
+  std::string descrizione_;
+  Importo imponibile_;
+  std::optional<RigheIntra> intra_;
+  Importo giro_;
+  std::string descrizioneGiro_;
+};
+
+}  // namespace
+
+std::vector<RegistrazioneSeguita> TrovaSeguito(Ambiente& ambiente,
+                                               const ArticoloOrigine& documento) {
+  Rs rs = LeggiArticolo(ambiente, documento);
+  if (rs.Eof()) return {};
+  Testa testa = LeggiTesta(rs);
+  rs.mClose();
+  const auto tipo = NzStr(ambiente.Cerca("tessarc", "RegistriIva", {{"Cod", testa.riva}}, "Tipo"));
+  // The second half of a pair follows from the first.
+  if (testa.riva.empty() || tipo == "05") return {};
+  return Ricerca(ambiente, std::move(testa), tipo == "04").Esegui();
+}
+
+void CorreggiSeguito(Ambiente& ambiente, const std::vector<RegistrazioneSeguita>& seguito,
+                     const ArticoloOrigine& documento, const DocumentoPrima& prima,
+                     Importo daPagare, LogContabile& log) {
+  Correzione correzione(ambiente, documento, prima, daPagare, log);
+  for (const RegistrazioneSeguita& r : seguito) {
+    if (r.ferma.empty()) correzione.Correggi(r);
+  }
+}
+
+void EliminaSeguito(Ambiente& ambiente, const std::vector<RegistrazioneSeguita>& seguito,
+                    LogContabile& log) {
+  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
+  for (const RegistrazioneSeguita& r : seguito) {
+    if (!r.ferma.empty()) continue;
+    tessarc.Esegui("delete * from Movimenti where " + ChiaveArticolo(r.articolo));
+    tessarc.Esegui("delete * from Articoli where " + ChiaveArticolo(r.articolo));
+    log.Riga("ELIMINATA anche " + r.nome);
+    duedates::EliminaScadenzeFattura(ambiente, r.articolo.anno, r.articolo.numDoc, log.testo);
+  }
+}
+
+}  // namespace fenalto::vat

@@ -1,0 +1,44 @@
+#include "vat/settlement/MinimoVersamento.h"
+
+#include <algorithm>
+#include <array>
+
+namespace fenalto::vat {
+namespace {
+
+/// In order of year; the last that has begun holds.
+constexpr std::array kMinimi = {MinimoVersamento{0, Importo::DaDecimillesimi(258'200), false, false,
+                                                 "importo inferiore a € 25.82"},
+                                MinimoVersamento{2024, Importo::DaDecimillesimi(1'000'000), true,
+                                                 true, "importo non superiore a € 100.00"}};
+
+constexpr int kNovembre = 11;
+constexpr int kTerzoTrimestre = 9;
+
+}  // namespace
+
+const MinimoVersamento& MinimoDellAnno(int anno) {
+  const MinimoVersamento* vale = &kMinimi.front();
+  for (const MinimoVersamento& minimo : kMinimi) {
+    if (minimo.dalAnno <= anno) vale = &minimo;
+  }
+  return *vale;
+}
+
+bool SottoMinimo(const PeriodoIva& periodo, Importo daVersare) {
+  if (daVersare <= Importo()) return false;
+  const MinimoVersamento& minimo = MinimoDellAnno(periodo.anno);
+  if (minimo.nellAnno && periodo.aaMese >= (periodo.Trimestre() ? kTerzoTrimestre : kNovembre)) {
+    return false;
+  }
+  return daVersare < minimo.limite || (minimo.compreso && daVersare == minimo.limite);
+}
+
+bool NotaSottoMinimo(std::string_view descrizione) {
+  return descrizione == kDaAggiungere ||
+         std::ranges::any_of(kMinimi, [descrizione](const MinimoVersamento& minimo) {
+           return minimo.nota == descrizione;
+         });
+}
+
+}  // namespace fenalto::vat
