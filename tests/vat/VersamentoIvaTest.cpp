@@ -100,9 +100,9 @@ TEST_F(IvaInCorsoTest, LImportoFinora) {
   Scrivi({"3", 1, G(20, 2, 2024), {{"22", I("350"), I("77")}}});
   Scrivi({"1", 3, G(7, 3, 2024), {{"22", I("100"), I("22")}}});
   // January waits, and is no part of February.
-  EXPECT_EQ(Letta(), "02 18/03/2024 33 <01");
+  EXPECT_EQ(Letta(), "02 18/03/2024 33 sotto il minimo <01");
   Tessarc().Esegui("INSERT INTO CreditoIva ( Cod, CreditoIva ) values ('01',40)");
-  EXPECT_EQ(Letta(), "02 18/03/2024 33 <01");
+  EXPECT_EQ(Letta(), "02 18/03/2024 33 sotto il minimo <01");
   // January is settled: its credit counts, and what it left unpaid.
   Tessarc().Inserisci("ChiusureIva", {{"Anno", 2024}, {"MESETRIMESTRE", "01"}});
   EXPECT_EQ(Letta(), "02 18/03/2024 -7");

@@ -137,6 +137,7 @@ void InsolutoRiba::Riprendi(std::int64_t numero) {
   if (riga.Eof()) return;
   ripresa_ = numero;
   for (const char* campo : kRipresi) dati_.Scrivi(campo, riga.Fields(campo));
+  bancaRipresa_ = dati_.Testo("BancaPresentaz");
   std::string testo = "Insoluto fatt. ";
   if (const std::string fattura = riga.Fields("NFat").Testo(); !fattura.empty()) {
     testo += fattura;

@@ -115,8 +115,8 @@ std::optional<ScadenzaDigitata::Intoppo> ScadenzaDigitata::Rifiuto(
   if (auto no = archives::CodiceIgnoto(ambiente_, {"", "Causale", "causali"}, causale)) {
     return Intoppo{no->messaggio, ""};
   }
-  const std::string banca =
-      dati_.Modificata("BancaPresentaz") ? dati_.Testo("BancaPresentaz") : std::string();
+  const std::string banca = dati_.Testo("BancaPresentaz");
+  if (!dati_.Modificata("BancaPresentaz") || banca == bancaRipresa_) return std::nullopt;
   if (auto no = archives::CodiceIgnoto(ambiente_, {"BancaPresentaz", "Banca", "banche"}, banca)) {
     return Intoppo{no->messaggio, no->campo};
   }

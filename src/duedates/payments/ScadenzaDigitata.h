@@ -71,6 +71,8 @@ class ScadenzaDigitata {
   Scheda dati_;
   /// The row that is changed, as it was when it was opened; nothing for a new one.
   std::optional<Scadenza> vista_;
+  /// The bank that came with the row taken over: it isn't looked up again.
+  std::string bancaRipresa_;
 
  private:
   [[nodiscard]] std::optional<Intoppo> Rifiuto(const ScadenzaConRegistrazione& cosa) const;

@@ -316,7 +316,7 @@ std::optional<Rifiuto> Primanota::Interno::RifiutoRiga() {
                        " non è inserito il conto riepilogativo",
                    "Conto"};
   }
-  if (!riga.Leggi("ImpoAvere").Importo().Zero() && !riga.Leggi("ImpoAvere").Importo().Zero()) {
+  if (!riga.Leggi("ImpoDare").Importo().Zero() && !riga.Leggi("ImpoAvere").Importo().Zero()) {
     return Rifiuto{"sulla stessa riga ci sono dare e avere: azzerare uno dei due importi",
                    "ImpoAvere"};
   }

@@ -43,6 +43,9 @@ class AlberoMenu {
     menu_[percorso] = menu;
     return menu;
   }
+  /// A menu that has a key of its own for what it is opened for: it leaves its letter to the
+  /// windows.
+  QMenu* MenuSenzaLettera(const QString& testo) { return menu_[testo] = barra_->addMenu(testo); }
   QString Etichetta(const QString& percorso, const QString& voce) {
     return ConMnemonica(voce, usate_[percorso]);
   }
@@ -96,8 +99,8 @@ void FinestraPrincipale::CreaMenu() {
     connect(azione, &QAction::triggered, this, [this, &voce] { Segui(RinvioDi(voce)); });
     azioni_[&voce] = azione;
   }
-  CreaMenuFinestre(*albero.Menu(tr("Finestre")));
-  CreaMenuAiuto(*albero.Menu(tr("Aiuto")));
+  CreaMenuFinestre(*albero.MenuSenzaLettera(tr("Finestre")));
+  CreaMenuAiuto(*albero.MenuSenzaLettera(tr("Aiuto")));
   albero.NascondiVuoti();
 }
 

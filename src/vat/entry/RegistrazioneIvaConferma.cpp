@@ -181,7 +181,10 @@ void RegistrazioneIva::Interno::ScriviSeguito(Scritta& scritta) {
   if (T("Pagamento").empty() && pagamentoRecord.empty()) return;
   const bool aggiorna =
       ambiente.Cerca("tessarc", "Pagamento", {{"Cod", T("Pagamento")}}, "AggiornaScad").Booleano();
-  if (!aggiorna && !T("Pagamento").empty()) {
+  const bool altraParte =
+      !UgualeTesto(parteRecord.cfp, T("CFPx")) || !UgualeTesto(parteRecord.conto, T("Contox"));
+  // Those of the party that the document had aren't owed any more, whatever the code.
+  if (!aggiorna && !T("Pagamento").empty() && !altraParte) {
     const bool esistono =
         ambiente.Esiste("scadenzario", "Scadenze", {{"Anno", anno}, {"Articolo", scritta.numDoc}});
     if (esistono) {
@@ -193,7 +196,7 @@ void RegistrazioneIva::Interno::ScriviSeguito(Scritta& scritta) {
   }
   const bool libere = duedates::EliminaScadenzeFattura(ambiente, anno, scritta.numDoc,
                                                        scritta.log.testo, parteRecord);
-  if (libere && !T("Pagamento").empty()) ScriviScadenze(scritta, daPagare);
+  if (libere && aggiorna) ScriviScadenze(scritta, daPagare);
 }
 
 void RegistrazioneIva::Interno::ScriviAutomatiche(Scritta& scritta) {

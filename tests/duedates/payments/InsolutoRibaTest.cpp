@@ -9,7 +9,10 @@ namespace {
 
 class InsolutoRibaTest : public ScadenzaDigitataDiProva {
  protected:
-  InsolutoRibaTest() { Imposta("4"); }
+  InsolutoRibaTest() {
+    Imposta("4");
+    Scadenzario().Inserisci("Banche", {{"Cod", "01"}});
+  }
 
   /// A receipt of 0001 that is with the bank: state 30, in a batch.
   std::int64_t Presentata(const char* importo, int nFat, int distinta, Data dtPres,

@@ -7,6 +7,7 @@
 #include "duedates/payments/AnticipoFattura.h"
 #include "duedates/reports/ConfrontaSaldi.h"
 #include "ledger/registrations/Primanota.h"
+#include "vat/postings/SeguitoFattura.h"
 
 namespace fenalto::prova {
 namespace {
@@ -162,13 +163,22 @@ DittaCasuale::Emessa* DittaCasuale::Una(const Mossa& mossa, std::int64_t& numDoc
   return &scelta->second;
 }
 
+/// An erased document of that number may have left those of another party.
+std::string DittaCasuale::DelDocumento(std::int64_t numDoc) const {
+  return DellArticolo(numDoc) + " and (Modificata or (" + Delle(emesse_.at(numDoc).parte) + "))";
+}
+
 bool DittaCasuale::Intatta(std::int64_t numDoc) {
-  return Leggi(DellArticolo(numDoc) + " and (Stato<>'00' or Modificata)").empty();
+  return Leggi(DelDocumento(numDoc) + " and (Stato<>'00' or Modificata)").empty();
+}
+
+bool DittaCasuale::HaSeguito(std::int64_t numDoc) {
+  return !vat::TrovaSeguito(ambiente, {2024, numDoc}).empty();
 }
 
 Importo DittaCasuale::SommaScadenze(std::int64_t numDoc) {
   Importo somma;
-  for (const duedates::Scadenza& s : Leggi(DellArticolo(numDoc))) somma += Aperto(s);
+  for (const duedates::Scadenza& s : Leggi(DelDocumento(numDoc))) somma += Aperto(s);
   return somma;
 }
 
@@ -187,8 +197,8 @@ void DittaCasuale::CambiaFattura(const Mossa& mossa) {
   f.RigaLasciata("Imponibile");
   RC_ASSERT(f.ConfermaRiga());
   const Importo totale = f.TotFat();
-  const bool pagata = emessa->pagamento == "SUBITO";
-  if (pagata && f.Modificata()) dialoghi.Rispondera("sono state scritte anche", Risposta::No);
+  if (f.Modificata() && HaSeguito(numDoc))
+    dialoghi.Rispondera("sono state scritte anche", Risposta::No);
   RC_ASSERT(f.Conferma());
   const Importo prima = std::exchange(emessa->totale, totale);
   Nota("art. " + std::to_string(numDoc) + " diventa " + totale.Testo());
@@ -213,7 +223,7 @@ void DittaCasuale::EliminaFattura(const Mossa& mossa) {
   vat::RegistrazioneIva f(ambiente);
   RC_ASSERT(f.Apri(numDoc));
   dialoghi.Rispondera("Conferma eliminazione", Risposta::Si);
-  if (emessa->pagamento == "SUBITO") {
+  if (HaSeguito(numDoc)) {
     dialoghi.Rispondera("sono state scritte anche", Risposta::No);
   }
   RC_ASSERT(f.Elimina());

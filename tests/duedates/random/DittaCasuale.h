@@ -88,7 +88,10 @@ class DittaCasuale : public FatturaDiProva {
   std::optional<duedates::Scadenza> UnaDelle(const std::string& condizione, const Mossa& mossa);
   Emessa* Una(const Mossa& mossa, std::int64_t& numDoc);
   /// No due date of the registration has been paid or touched.
+  [[nodiscard]] std::string DelDocumento(std::int64_t numDoc) const;
   bool Intatta(std::int64_t numDoc);
+  /// Whether the registration of its payment is still there.
+  bool HaSeguito(std::int64_t numDoc);
   Importo SommaScadenze(std::int64_t numDoc);
   void Nota(const std::string& testo) { racconto_ += "\n  " + testo; }
 

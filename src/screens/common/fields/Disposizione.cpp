@@ -16,7 +16,7 @@ namespace fenalto::screens {
 namespace {
 
 /// Letters of the main window's menus: a letter that two things have presses neither.
-constexpr QLatin1String kLettereMenu("AMRSCIFU");
+constexpr QLatin1String kLettereMenu("AMRSCI");
 
 /// Places of the letters that may be marked, first ones of words before the others.
 std::vector<int> Segnabili(const QString& testo) {
