@@ -89,9 +89,10 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodiciRegistro() {
   }
   for (const std::string& causale : causaliRegistro) {
     if (EsisteCausale(ambiente, causale)) continue;
-    return Rifiuto{"la causale " + causale + delRegistro +
-                       ": riconfermare il registro in Archivi, Contabilità, Registri Iva",
-                   "Riva"};
+    std::string testo = "la causale " + causale;
+    testo += delRegistro;
+    testo += ": riconfermare il registro in Archivi, Contabilità, Registri Iva";
+    return Rifiuto{std::move(testo), "Riva"};
   }
   return std::nullopt;
 }

@@ -260,14 +260,19 @@ class Correzione {
     const std::string chiave = ChiaveArticolo(r.articolo);
     tessarc_.Esegui("update Movimenti set Causale=" + sql::LetteraleSql(codice.Fields("Causale")) +
                     " where " + chiave);
-    for (const auto& [classe, campo] :
-         {std::pair("CFP", "Conto"), {"CFPControp", "ContoControp"}}) {
-      tessarc_.Esegui(std::string("update Movimenti set ") + campo + "=" + conto + " where " +
-                      chiave + " and " + classe + "='P'");
-    }
-    for (const auto& [classe, campo] : {std::pair("CFP", "Conto"), {"CfpA", "ContoA"}}) {
-      tessarc_.Esegui(std::string("update Articoli set ") + campo + "=" + conto + " where " +
-                      chiave + " and " + classe + "='P'");
+    struct Colonna {
+      const char *tabella, *classe, *campo;
+    };
+    for (const auto& [tabella, classe, campo] : {Colonna{"Movimenti", "CFP", "Conto"},
+                                                 {"Movimenti", "CFPControp", "ContoControp"},
+                                                 {"Articoli", "CFP", "Conto"},
+                                                 {"Articoli", "CfpA", "ContoA"}}) {
+      std::string testo = std::string("update ") + tabella;
+      testo += std::string(" set ") + campo;
+      testo += "=" + conto;
+      testo += " where " + chiave;
+      testo += std::string(" and ") + classe;
+      tessarc_.Esegui(testo + "='P'");
     }
   }
 

@@ -40,6 +40,10 @@ OpzioniGrafiche::OpzioniGrafiche(const QString& finestra, Ambiente& ambiente, Sc
   scheda_.Scrivi("StGrafico", ambiente_.Config(chiave_) != kNo);
   scheda_.Scrivi("XTar", Allineamento(ambiente_.Config(chiave_ + "_XTar")));
   if (!soloGrafico) {
+    // What is in force stands in the file, so that whoever looks there finds it.
+    if (ambiente_.Config(chiave_).empty()) {
+      ambiente_.ScriviImpostazione({}, "config", chiave_, kSi);
+    }
     grafico_ = new QCheckBox(tr("Stampa in formato grafico"));
     grafico_->setObjectName(QStringLiteral("StGrafico"));
     grafico_->setToolTip(tr("caratteri proporzionali e riquadri, secondo il modello del tabulato"));
