@@ -142,7 +142,9 @@ class Distinta {
   void Righe(std::string_view resto, std::string_view aCapo, const std::string& segno) {
     while (!resto.empty()) {
       const auto fine = resto.find(aCapo);
-      rapporto_.RigaTesto(segno + std::string(resto.substr(0, fine)) + segno);
+      std::string riga = segno;
+      riga += resto.substr(0, fine);
+      rapporto_.RigaTesto(riga += segno);
       resto.remove_prefix(fine == std::string_view::npos ? resto.size() : fine + aCapo.size());
     }
   }
