@@ -42,8 +42,8 @@ bool Stesso(const Rinvio& a, const Rinvio& b) {
 
 }  // namespace
 
-RecordRecenti::RecordRecenti(fs::path cartella, const std::string& stazione)
-    : file_(std::move(cartella) / NomeFileStazione(stazione)) {
+RecordRecenti::RecordRecenti(const fs::path& cartella, const std::string& stazione)
+    : file_(cartella / NomeFileStazione(stazione)) {
   Leggi();
 }
 

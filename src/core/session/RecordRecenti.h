@@ -19,7 +19,7 @@ class RecordRecenti {
   static constexpr std::size_t kTenuti = 20;
 
   /// In `cartella`, which is made with the first record.
-  RecordRecenti(std::filesystem::path cartella, const std::string& stazione);
+  RecordRecenti(const std::filesystem::path& cartella, const std::string& stazione);
 
   /// The record comes first among the user's.
   void Aggiungi(const std::string& utente, const Rinvio& record);
