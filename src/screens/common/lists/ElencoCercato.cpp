@@ -65,6 +65,8 @@ void ElencoCercato::Disponi() {
   if (forma_.statoSotto) colonna->addWidget(stato_);
 }
 
+ElencoCercato::~ElencoCercato() { griglia_->Modello().Basta(); }
+
 void ElencoCercato::Collega() {
   const auto cambiata = [this] {
     if (forma_.subito) {

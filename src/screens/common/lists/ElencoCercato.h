@@ -55,6 +55,8 @@ class ElencoCercato : public QWidget {
  public:
   /// The source is read by `Ricarica`; it must live as long as the list.
   ElencoCercato(FormaElenco forma, archives::FonteElenco& fonte, QWidget* genitore = nullptr);
+  /// The grid goes after this, and still lays its rows out: it asks nothing more.
+  ~ElencoCercato() override;
 
   /// Reads again from the first row, with the same search.
   void Ricarica();

@@ -57,6 +57,8 @@ class ModelloGriglia : public QAbstractTableModel {
   /// Rows that come in pages: `pagina(da)` returns the next rows after the `da` already there, and
   /// none at the end. Sorting is then left to the source.
   void Pagine(std::function<std::vector<std::vector<Valore>>(int da)> pagina);
+  /// Asks for no further page, since what they come from goes; the rows stay.
+  void Basta() { finite_ = true; }
   [[nodiscard]] bool APagine() const { return static_cast<bool>(pagina_); }
 
  private:
