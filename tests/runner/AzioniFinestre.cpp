@@ -156,8 +156,8 @@ void VerificaChiusa(Contesto& contesto, const Comando& comando) {
 
 void Chiudi(Contesto& contesto, const Comando&) {
   auto& corrente = contesto.scena.Corrente();
-  if (auto* cornice = qobject_cast<QMdiSubWindow*>(corrente.parentWidget())) {
-    cornice->close();
+  if (const auto* funzione = qobject_cast<screens::FinestraFunzione*>(&corrente)) {
+    funzione->Cornice()->close();
   } else if (corrente.isWindow()) {
     corrente.close();
   } else {

@@ -42,6 +42,10 @@ void Programma::Crea() {
 }
 
 void Programma::Mostra() {
+  // A screen that doesn't exist has no size to fit: the window is as large as the caller wants it.
+  const QStringList lati =
+      qEnvironmentVariable("FENALTO_FINESTRA", QStringLiteral("1280x720")).split(QLatin1Char('x'));
+  app_->Principale().resize(lati.value(0).toInt(), lati.value(1).toInt());
   app_->Mostra();
   Attiva(app_->Principale());
 }

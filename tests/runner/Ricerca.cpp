@@ -21,6 +21,7 @@
 
 #include "runner/Eventi.h"
 #include "runner/Fallimento.h"
+#include "screens/common/look/ParteRara.h"
 
 namespace fenalto::copione {
 namespace {
@@ -174,6 +175,8 @@ QList<QWidget*> Ricerca::Tutti(const QString& nome) const {
 bool Ricerca::Girabile(const QWidget& controllo) const {
   for (const auto* w = &controllo; w != nullptr && w != &finestra_; w = w->parentWidget()) {
     const auto* schede = SchedeDi(*w);
+    // What is folded can be unfolded.
+    if (qobject_cast<const screens::ParteRara*>(w) != nullptr) continue;
     if (schede == nullptr) {
       if (NascostoApposta(*w)) return false;
       continue;
@@ -190,6 +193,7 @@ void Ricerca::Gira(QWidget& controllo) const {
   QList<QWidget*> pagine;  // the outermost first
   for (auto* w = &controllo; w != nullptr && w != &finestra_; w = w->parentWidget()) {
     if (SchedeDi(*w) != nullptr) pagine.prepend(w);
+    if (auto* rara = qobject_cast<screens::ParteRara*>(w)) rara->Apri(true);
   }
   for (auto* pagina : pagine) {
     auto* schede = SchedeDi(*pagina);

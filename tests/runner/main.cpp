@@ -1,5 +1,7 @@
 // fenalto-copione [--cartella DIR] [--uscita DIR] [--continua] FILE.cop ...
 //
+// FENALTO_FINESTRA=1366x768 gives the main window that size, FENALTO_TONO=scuro a dark palette.
+//
 // Exit status: 0 all held, 1 a check or an action failed, 2 a copione (or the call) can't be read.
 #include <QApplication>
 #include <QSettings>

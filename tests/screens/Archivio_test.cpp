@@ -2,6 +2,7 @@
 // list, and what it lets nobody lose.
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
@@ -195,7 +196,7 @@ TEST_F(ArchivioTest, NienteDiScrittoSiPerdeSenzaDomanda) {
   ApriCodice("XA");
   Digita("Descrizione", "a met");
   dialoghi.Rispondera("Archivio Agenti - agente XA", Risposta::No);
-  finestra->parentWidget()->close();
+  finestra->Cornice()->close();
   EXPECT_TRUE(Aperto());
   EXPECT_EQ(Testo("Descrizione"), "a met");
   dialoghi.Rispondera("modifiche non confermate", Risposta::No);

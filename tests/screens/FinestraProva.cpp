@@ -47,11 +47,12 @@ FinestraProva::~FinestraProva() {
   principale.reset();
 }
 
-std::unique_ptr<screens::FinestraPrincipale> FinestraProva::Principale(Ambiente& ambiente) {
+std::unique_ptr<screens::FinestraPrincipale> FinestraProva::Principale(Ambiente& ambiente,
+                                                                       QSize misura) {
   auto nuova =
       std::make_unique<screens::FinestraPrincipale>(ambiente, screens::Applicazione::Costruttori());
   nuova->MostraSessione();
-  nuova->resize(1366, 768);
+  if (misura.isValid()) nuova->resize(misura);
   nuova->show();
   nuova->activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(nuova.get()));

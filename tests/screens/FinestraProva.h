@@ -16,8 +16,9 @@ class FinestraProva : public DittaDiProva {
   FinestraProva();
   ~FinestraProva() override;
 
-  /// A main window of that session, shown and active.
-  static std::unique_ptr<screens::FinestraPrincipale> Principale(Ambiente& ambiente);
+  /// A main window of that session, shown and active, of that size where one is given.
+  static std::unique_ptr<screens::FinestraPrincipale> Principale(Ambiente& ambiente,
+                                                                 QSize misura = {1366, 768});
   void Apri(const QString& finestra);
 
   template <typename Controllo = QWidget>

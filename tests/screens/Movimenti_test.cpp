@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
-#include <QMdiSubWindow>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTableView>
@@ -305,26 +304,10 @@ TEST_F(MovimentiTest, LElencoSiLeggeAPagineESiCerca) {
   }
 }
 
-TEST_F(MovimentiTest, RicordaIlPostoDentroLArea) {
-  auto* cornice = finestra->parentWidget();
-  const QRect posto(40, 30, 900, 580);
-  cornice->setGeometry(posto);
-  for (int volta = 0; volta < 2; ++volta) {
-    finestra->parentWidget()->close();
-    Apri(QStringLiteral("Movimenti"));
-    EXPECT_EQ(finestra->parentWidget()->geometry(), posto);
-  }
-  finestra->parentWidget()->setGeometry(5000, -50, 5000, 580);
-  finestra->parentWidget()->close();
-  Apri(QStringLiteral("Movimenti"));
-  EXPECT_TRUE(finestra->parentWidget()->parentWidget()->rect().contains(
-      finestra->parentWidget()->geometry()));
-}
-
 TEST_F(MovimentiTest, LettereESpazio) {
   // In a main window of 1366 x 768 the window has this much, with the frame of a row open too.
   NuovaConRiga();
-  const QSize minima = finestra->parentWidget()->minimumSizeHint();
+  const QSize minima = finestra->minimumSizeHint();
   EXPECT_LE(minima.width(), 1340);
   EXPECT_LE(minima.height(), 620);
   auto* schede = Campo<QTabWidget>("SSTab1");

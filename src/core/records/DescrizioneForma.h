@@ -135,6 +135,8 @@ struct RiquadroForma {
   int colonna = 0;
   int colonne = 1;
   int righe = 0;
+  /// The check box that turns a rare frame on: the other fields are folded away while it is off.
+  std::string interruttore = {};
 };
 
 /// A page of the form after the first, which has the record's title. Frames name it.

@@ -17,6 +17,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
 #include "vat/codes/ImportaCodiciIva.h"
 
 namespace fenalto::screens {
@@ -104,7 +105,8 @@ FinestraImporta::Interno::Interno(FinestraImporta& finestraUsata, Finestre& gest
 
 void FinestraImporta::Interno::Crea() {
   auto* colonna = new QVBoxLayout(&finestra);
-  colonna->setContentsMargins(8, 8, 8, 8);
+  const int margine = Misura(Passo::Vicino);
+  colonna->setContentsMargins(margine, margine, margine, margine);
   colonna->addLayout(CreaTesta());
   colonna->addWidget(CreaGriglie(), 1);
   colonna->addLayout(CreaPiede());
@@ -120,7 +122,7 @@ QLayout* FinestraImporta::Interno::CreaTesta() {
   sfoglia = Pulsante(QStringLiteral("Sfoglia"), tr("Sfoglia..."));
   auto* riga = new QHBoxLayout;
   Affianca(*riga, tr("Archivio"), genere);
-  riga->addSpacing(12);
+  riga->addSpacing(Misura(Passo::Gruppo));
   Affianca(*riga, tr("File"), file, 1);
   riga->addWidget(sfoglia);
   return riga;
@@ -133,6 +135,7 @@ QWidget* FinestraImporta::Interno::CreaGriglie() {
                         {{tr("Colonna del file"), Tipo::Testo, 150},
                          {tr("Primi valori"), Tipo::Testo, 190},
                          {tr("Campo"), Tipo::Testo, 190}});
+  colonne->QuandoVuota(QObject::tr("scegliere il file: qui si abbinano le sue colonne"));
   colonne->setFocusPolicy(Qt::ClickFocus);
   colonne->horizontalHeader()->setSectionsClickable(false);
   errori = new Griglia(QStringLiteral("GrigliaErrori"), nome,
@@ -140,6 +143,8 @@ QWidget* FinestraImporta::Interno::CreaGriglie() {
                         {tr("Colonna"), Tipo::Testo, 160},
                         {tr("Valore"), Tipo::Testo, 200},
                         {tr("Motivo"), Tipo::Testo, 420}});
+  errori->QuandoVuota(
+      QObject::tr("nessun errore: Controlla legge il file e dice qui che cosa non va"));
   postoAnteprima = new QWidget;
   auto* disposizione = new QVBoxLayout(postoAnteprima);
   disposizione->setContentsMargins(0, 0, 0, 0);
@@ -171,7 +176,7 @@ QLayout* FinestraImporta::Interno::CreaPiede() {
   esporta = Pulsante(QStringLiteral("XlsEsp"), tr("Esporta gli errori"));
   auto* scelteFatte = new QHBoxLayout;
   scelteFatte->addWidget(aggiorna);
-  scelteFatte->addSpacing(12);
+  scelteFatte->addSpacing(Misura(Passo::Gruppo));
   scelteFatte->addWidget(escludi);
   scelteFatte->addStretch(1);
   auto* pulsanti = new QHBoxLayout;

@@ -16,6 +16,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/fields/Qs.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -60,11 +61,11 @@ FinestraUtility::Interno::Interno(FinestraUtility& finestraUsata, Finestre& gest
       conferma(
           Pulsante(QStringLiteral("Command1VariazioneDitta"), tr("Conferma"), tr("Ctrl+Invio"))),
       annulla(Pulsante(QStringLiteral("Annulla"), tr("Annulla modifiche"))) {
-  schede->setObjectName(QStringLiteral("SSTab1"));
-  schede->setDocumentMode(true);
+  PreparaSchede(*schede, QStringLiteral("SSTab1"));
   schede->addTab(CreaPagina(), tr("Modifica impostazioni Ditta"));
   auto* colonna = new QVBoxLayout(&finestra);
-  colonna->setContentsMargins(4, 4, 4, 4);
+  const int margine = Misura(Passo::Filo);
+  colonna->setContentsMargins(margine, margine, margine, margine);
   colonna->addWidget(schede);
   connect(legatura, &Legatura::Lasciato, &finestra, [this](const QString& campo, bool cambiato) {
     if (cambiato) Lasciato(campo);
@@ -81,7 +82,7 @@ QWidget* FinestraUtility::Interno::CreaPagina() {
   auto* ditta = new QLabel(Qs(gestore.Sessione().Ditta()));
   ditta->setObjectName(QStringLiteral("Ditta"));
   ditta->setTextFormat(Qt::PlainText);
-  InGrassetto(ditta);
+  InGrassetto(*ditta);
   auto* testa = new QHBoxLayout;
   testa->addWidget(new QLabel(tr("Ditta")));
   testa->addWidget(ditta, 1);
@@ -166,7 +167,7 @@ QGroupBox* FinestraUtility::Interno::CreaAnagrafica() {
 
 void FinestraUtility::Interno::AggiungiCartella(QGridLayout* griglia, const char* nome,
                                                 const QString& testo, bool file) {
-  constexpr int kLargo = 36;
+  constexpr int kLargo = 28;
   auto* campo = Testo(nome, kLargo, kLunghezzaPercorso);
   auto* scegli = Pulsante(QStringLiteral("Scegli") + QString::fromLatin1(nome), tr("Sfoglia..."));
   scegli->setFocusPolicy(Qt::ClickFocus);
@@ -226,7 +227,7 @@ QGroupBox* FinestraUtility::Interno::CreaDecimali() {
   auto* prezzi = Testo("DecP", kCifra, 5);
   auto* quantita = Testo("DecQ", kCifra, 5);
   Affianca(*riga, tr("Decimali dei prezzi (2-4)"), prezzi);
-  riga->addSpacing(16);
+  riga->addSpacing(Misura(Passo::Stacco));
   Affianca(*riga, tr("delle quantità (0-4)"), quantita);
   riga->addStretch(1);
   colonna->addLayout(riga);

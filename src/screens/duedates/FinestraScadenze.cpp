@@ -12,6 +12,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/fields/Qs.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/windows/FunzioniCorrelate.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/GrigliaScadenze.h"
@@ -90,8 +91,7 @@ QWidget* FinestraScadenze::CreaRicerca() {
   aggiungi(*seconda, numero("AnnoRic"), kCifreNumero, tr("anno"));
   anchePagate_->setObjectName(QStringLiteral("AnchePagate"));
   filtri_->Lega(anchePagate_);
-  seconda->addSpacing(8);
-  seconda->addWidget(anchePagate_);
+  prima->addWidget(anchePagate_);
   seconda->addStretch(1);
   seconda->addWidget(cerca_);
   return riquadro;
@@ -108,7 +108,7 @@ QWidget* FinestraScadenze::CreaPiede() {
   auto* saldi = PulsanteFunzione(Gestore(), kTestSaldi, pulsanti);
   fila->addWidget(trovate_, 1);
   fila->addWidget(saldi);
-  fila->addSpacing(12);
+  fila->addSpacing(Misura(Passo::Gruppo));
   Affianca(*fila, tr("Scadenza n."), selettore_);
   fila->addWidget(apri_);
   fila->addWidget(nuovo_);

@@ -11,6 +11,8 @@
 #include "core/values/FormatoImporto.h"
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/look/EtichettaElisa.h"
+#include "screens/common/look/Misure.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/GrigliaScadenze.h"
 
@@ -27,7 +29,7 @@ FinestraScadenzeModifica::FinestraScadenzeModifica(Finestre& finestre)
                           duedates::ArchivioScadenze::Uso::Documento, finestre),
       documento_(finestre.Sessione()),
       selettore_(new CampoTesto(QStringLiteral("Rt1"))),
-      descrizione_(new QLabel),
+      descrizione_(new EtichettaElisa),
       griglia_(new GrigliaScadenze(Nome())),
       totale_(new QLabel),
       anticipi_(new GrigliaScadenze(Nome(), nullptr, QStringLiteral("GrigliaAnticipi"))),
@@ -66,7 +68,7 @@ QWidget* FinestraScadenzeModifica::CreaTesta() {
   descrizione_->setTextFormat(Qt::PlainText);
   Affianca(*fila, tr("Registrazione n."), selettore_);
   fila->addWidget(apri_);
-  fila->addSpacing(12);
+  fila->addSpacing(Misura(Passo::Gruppo));
   fila->addWidget(descrizione_, 1);
   return testa;
 }
@@ -77,7 +79,7 @@ QWidget* FinestraScadenzeModifica::CreaAnticipi() {
   colonna->addWidget(
       new QLabel(tr("per scalare gli anticipi dall'importo della scaenza è necessario fare doppio "
                     "click sulla scadenza:")));
-  anticipi_->setMaximumHeight(kAltezzaAnticipi);
+  anticipi_->setMaximumHeight(Cresciuta(kAltezzaAnticipi));
   colonna->addWidget(anticipi_);
   return riquadroAnticipi_;
 }

@@ -9,6 +9,7 @@
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Tavolozza.h"
 
 namespace fenalto::screens {
 namespace {
@@ -43,6 +44,11 @@ PannelloProva::PannelloProva(Ambiente& ambiente,
       griglia_(new Griglia(QStringLiteral("GrigliaProva"), QStringLiteral("CodiciPagamento"),
                            ColonneProva(ambiente.Euro()))),
       calendario_(new QCalendarWidget) {
+  for (const auto giorno : {Qt::Saturday, Qt::Sunday}) {
+    QTextCharFormat festivo;
+    festivo.setForeground(Colore(Segno::Scaduto, palette()));
+    calendario_->setWeekdayTextFormat(giorno, festivo);
+  }
   LargoCaratteri(data_, kCaratteriData);
   LargoCaratteri(importo_, kCaratteriImporto);
   data_->Mostra(ambiente_.Ora().Oggi());

@@ -9,6 +9,7 @@
 #include <QTextTable>
 
 #include "help/TestoGuida.h"
+#include "screens/common/look/Tavolozza.h"
 
 namespace fenalto::screens {
 namespace {
@@ -17,7 +18,6 @@ constexpr int kLarghezza = 760;
 constexpr int kMargine = 18;
 constexpr int kInterlinea = 130;
 constexpr int kSpazioCella = 5;
-constexpr int kMezzaLuce = 128;
 
 /// Folded letter by letter, so that places stay what they are.
 QString PiegaLettere(const QString& testo) {
@@ -102,8 +102,10 @@ void PaginaGuida::Impagina() {
 void PaginaGuida::Segna(const QStringList& parole) {
   QList<QTextEdit::ExtraSelection> segni;
   QTextEdit::ExtraSelection segno;
-  const bool scuro = palette().color(QPalette::Base).lightness() < kMezzaLuce;
-  segno.format.setBackground(scuro ? QColor(120, 95, 10) : QColor(255, 226, 120));
+  constexpr int kVelo = 80;  // of 255
+  QColor evidenza = Colore(Segno::InScadenza, palette());
+  evidenza.setAlpha(kVelo);
+  segno.format.setBackground(evidenza);
   const QString testo = PiegaLettere(document()->toPlainText());
   for (const QString& parola : parole) {
     const QString cercata = PiegaLettere(parola);

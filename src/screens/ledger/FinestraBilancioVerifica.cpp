@@ -56,13 +56,14 @@ records::DescrizioneForma FormaBilancio() {
       .campi = {Digitato("DaDt", "dal").In(kScelta), Digitato("AaDt", "al").In(kScelta).Accanto(),
                 Digitato("Anno", "anno", kCifreAnno).In(kScelta).Accanto(),
                 Digitato("NoAnno", "tutti gli anni").In(kScelta).Accanto(),
-                codice("DaMastro", "da mastro", "mastri"), codice("AaMastro", "a mastro", "mastri"),
+                codice("DaMastro", "da mastro", "mastri"),
+                codice("AaMastro", "a mastro", "mastri").Accanto(),
                 codice("EscludoCausale", "escludo causale", "causali"),
-                Digitato("Intestaz", "intestazione").In(kScelta).Peso(1),
+                Digitato("Intestaz", "intestazione").In(kScelta).Accanto().Peso(1),
                 opzione("SoloMastri", "solo mastri"),
+                opzione("EscludoSaldo0", "escludo i conti con saldo a zero").Colonna(1),
                 opzione("StampoCliFor", "stampo clienti e fornitori"),
-                opzione("EscludoSaldo0", "escludo i conti con saldo a zero"),
-                opzione("EscludoNonMovimentati", "escludo i conti non movimentati"),
+                opzione("EscludoNonMovimentati", "escludo i conti non movimentati").Colonna(1),
                 Digitato("DaDtAP", "dal").In(kPeriodoB),
                 Digitato("AaDtAP", "al").In(kPeriodoB).Accanto(),
                 Digitato("AnnoPrec", "anno", kCifreAnno).In(kPeriodoB).Accanto(),
@@ -71,7 +72,8 @@ records::DescrizioneForma FormaBilancio() {
                     .Accanto()},
       .riquadri = {{.nome = kScelta, .titolo = "Periodo e conti", .largo = true},
                    {.nome = kOpzioni, .titolo = "Opzioni", .accanto = true},
-                   {.nome = kPeriodoB, .titolo = "Periodo B", .pagina = "Confronto"}}};
+                   {.nome = kPeriodoB, .titolo = "Periodo B", .pagina = "Confronto"}},
+      .stretta = true};
 }
 
 QString Periodo(const QString& lettera, Data da, Data a) {
@@ -109,7 +111,7 @@ FinestraBilancioVerifica::FinestraBilancioVerifica(Finestre& finestre)
 
 void FinestraBilancioVerifica::CreaPagine() {
   using ledger::BilancioVerifica;
-  schede_->setObjectName(QStringLiteral("SSTab1"));
+  PreparaSchede(*schede_, QStringLiteral("SSTab1"));
   QList<QAbstractButton*> pulsanti;
   auto* verifica =
       CreaPagina({tr("Bilancio di verifica"),
@@ -132,6 +134,7 @@ void FinestraBilancioVerifica::CreaPagine() {
   periodoB_ = new QVBoxLayout;
   confronto->insertLayout(0, periodoB_);
   confronto->addWidget(grafico_, 1);
+  MisuraDellaPagina(*schede_);
   AssegnaMnemoniche(pulsanti);
 }
 

@@ -60,6 +60,7 @@ FinestraMovimentiConto::Interno::Interno(FinestraMovimentiConto& finestraUsata,
                          {tr("Dare"), Tipo::Importo, 120, decimali},
                          {tr("Avere"), Tipo::Importo, 120, decimali},
                          {tr("Saldo"), Tipo::Importo, 130, decimali}});
+  griglia->QuandoVuota(QObject::tr("nessun movimento: scegliere un conto e premere Apri"));
   totali->setObjectName(QStringLiteral("Totali"));
   totali->setAlignment(Qt::AlignRight);
   auto* colonna = new QVBoxLayout(&finestra);

@@ -11,6 +11,8 @@
 #include "core/values/Testo.h"
 #include "ledger/accounts/PianoDeiConti.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/look/EtichettaElisa.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -63,7 +65,7 @@ FinestraVisPdc::Interno::Interno(FinestraVisPdc& finestraUsata, Finestre& gestor
     : finestra(finestraUsata),
       gestore(gestoreUsato),
       cerca(new QLineEdit),
-      stato(new QLabel),
+      stato(new EtichettaElisa),
       albero(new QTreeWidget) {
   constexpr int kLargoCodice = 130;
   constexpr int kLargoDescrizione = 380;
@@ -76,9 +78,9 @@ FinestraVisPdc::Interno::Interno(FinestraVisPdc& finestraUsata, Finestre& gestor
   albero->setHeaderLabels({tr("Codice"), tr("Descrizione"), tr("C F P"), tr("P/E")});
   albero->setUniformRowHeights(true);
   albero->setExpandsOnDoubleClick(false);
-  albero->header()->resizeSection(kCodice, kLargoCodice);
-  albero->header()->resizeSection(kDescrizione, kLargoDescrizione);
-  albero->header()->resizeSection(kClasse, kLargoLettera);
+  albero->header()->resizeSection(kCodice, Cresciuta(kLargoCodice));
+  albero->header()->resizeSection(kDescrizione, Cresciuta(kLargoDescrizione));
+  albero->header()->resizeSection(kClasse, Cresciuta(kLargoLettera));
   auto* sopra = new QHBoxLayout;
   Affianca(*sopra, tr("Cerca"), cerca, 1);
   sopra->addWidget(stato);

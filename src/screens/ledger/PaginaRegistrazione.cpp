@@ -11,6 +11,7 @@
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/lists/PiedeGriglia.h"
+#include "screens/common/look/Misure.h"
 #include "screens/ledger/PannelloAllegati.h"
 #include "screens/ledger/RiquadroRiga.h"
 
@@ -142,7 +143,7 @@ QWidget* PaginaRegistrazione::CreaPiede() {
   automatiche_->setObjectName(QStringLiteral("ContropAutomatiche"));
   riga->addWidget(Didascalia(tr("Sbilancio"), sbilancio_));
   riga->addWidget(sbilancio_);
-  riga->addSpacing(12);
+  riga->addSpacing(Misura(Passo::Gruppo));
   riga->addWidget(automatiche_);
   riga->addStretch(1);
   for (auto* pulsante : {nuovaRiga_, conferma_, elimina_, annulla_}) riga->addWidget(pulsante);

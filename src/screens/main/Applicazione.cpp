@@ -7,12 +7,13 @@
 #include <QLockFile>
 #include <QPalette>
 #include <QStandardPaths>
-#include <QStyleFactory>
 #include <QTimer>
 #include <QTranslator>
 
 #include "screens/archives/FinestraImporta.h"
 #include "screens/common/archive/FinestraArchivio.h"
+#include "screens/common/look/Icone.h"
+#include "screens/common/look/Stile.h"
 #include "screens/company/FinestraUtility.h"
 #include "screens/documents/parties/FinestraClienti.h"
 #include "screens/documents/parties/FinestraElencoParti.h"
@@ -60,6 +61,24 @@ FinestraPrincipale::Costruttore Nuova() {
 template <typename Finestra, typename Quale>
 FinestraPrincipale::Costruttore NuovaCon(const Quale& quale) {
   return [quale](Finestre& finestre) -> FinestraFunzione* { return new Finestra(quale, finestre); };
+}
+
+/// The font of the user's desktop. Without a desktop nobody has chosen one: then a family whose
+/// digits are alike in width, as where the desktop names a family that isn't there.
+void ScegliCarattere() {
+  const bool scelto = !qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP") ||
+                      !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORMTHEME");
+  const QFont sistema = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+  const auto famiglie = QFontDatabase::families();
+  if (scelto && famiglie.contains(sistema.family())) return;
+  constexpr double kPunti = 10;
+  for (const auto* famiglia : {"Liberation Sans", "DejaVu Sans"}) {
+    if (!famiglie.contains(QLatin1String(famiglia))) continue;
+    QFont carattere(QString::fromLatin1(famiglia));
+    carattere.setPointSizeF(std::max(kPunti, sistema.pointSizeF()));
+    QApplication::setFont(carattere);
+    return;
+  }
 }
 
 }  // namespace
@@ -132,13 +151,6 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
 void Applicazione::Prepara(const std::filesystem::path& cartellaDati) {
   QApplication::setApplicationName(QStringLiteral("fenalto"));
   QApplication::setOrganizationName(QStringLiteral("fenalto"));
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  // Some dark themes leave the hints of empty fields black on black.
-  QPalette suggerimenti;
-  QColor tenue = QApplication::palette().color(QPalette::Text);
-  tenue.setAlpha(140);
-  suggerimenti.setColor(QPalette::PlaceholderText, tenue);
-  QApplication::setPalette(suggerimenti);
   const auto caratteri = cartellaDati / "fonts";
   std::error_code errore;
   for (const auto& file : std::filesystem::directory_iterator(caratteri, errore)) {
@@ -146,12 +158,9 @@ void Applicazione::Prepara(const std::filesystem::path& cartellaDati) {
   }
   QFont::insertSubstitution(QStringLiteral("Arial Narrow"),
                             QStringLiteral("Liberation Sans Narrow"));
-  const auto famiglie = QFontDatabase::families();
-  for (const auto* famiglia : {"Liberation Sans", "DejaVu Sans"}) {
-    if (!famiglie.contains(QLatin1String(famiglia))) continue;
-    QApplication::setFont(QFont(QLatin1String(famiglia), 10));
-    break;
-  }
+  ScegliCarattere();
+  CartellaIcone(cartellaDati / "icons" / "azioni");
+  VestiProgramma();
   QApplication::setWindowIcon(QIcon(Qs(cartellaDati / "icons" / "fenalto.png")));
   static QTranslator traduzione;
   if (traduzione.load(QStringLiteral("qtbase_it"),

@@ -4,8 +4,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
-#include <QMdiArea>
-#include <QMdiSubWindow>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSettings>
 #include <QStatusBar>
@@ -19,6 +18,7 @@
 #include "screens/common/fields/Qs.h"
 #include "screens/common/windows/Attesa.h"
 #include "screens/help/FinestraGuida.h"
+#include "screens/main/AreaLavoro.h"
 #include "screens/main/Sfondo.h"
 #include "vat/entry/FattureSospese.h"
 
@@ -29,27 +29,16 @@ namespace {
 /// through several doesn't wait for the page of each.
 constexpr int kDopoGliAnni = 400;
 
-/// A remembered place, brought inside the area that there is now.
-QRect Dentro(const QRect& posto, const QRect& area) {
-  QRect dentro(posto.topLeft(), posto.size().boundedTo(area.size()));
-  dentro.moveLeft(std::clamp(dentro.left(), 0, area.width() - dentro.width()));
-  dentro.moveTop(std::clamp(dentro.top(), 0, area.height() - dentro.height()));
-  return dentro;
-}
-
 }  // namespace
 
 FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costruttori)
     : ambiente_(ambiente),
       costruttori_(std::move(costruttori)),
-      area_(new AreaFinestre(this)),
+      area_(new AreaLavoro(this)),
       uscite_(new print::FabbricaUsciteQt(ambiente.Dialogo(), this)),
       indice_(std::make_shared<overview::IndiceVoci>()) {
   setObjectName(QStringLiteral("Principale"));
   setWindowTitle(QStringLiteral("Fenalto"));
-  area_->setObjectName(QStringLiteral("Area"));
-  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setCentralWidget(area_);
   statusBar()->setObjectName(QStringLiteral("StatusBar1"));
   stato_ = new QLabel(this);
@@ -66,8 +55,20 @@ FinestraPrincipale::FinestraPrincipale(Ambiente& ambiente, Costruttori costrutto
     activateWindow();
     Segui(rinvio);
   });
-  resize(1280, 720);
   restoreGeometry(QSettings().value(QStringLiteral("finestre/Principale")).toByteArray());
+  StaiNelloSchermo();
+}
+
+void FinestraPrincipale::StaiNelloSchermo() {
+  constexpr QSize kPrima(1280, 720);
+  const QSize misura = testAttribute(Qt::WA_Resized) ? size() : kPrima;
+  const QRect schermo = screen()->availableGeometry();
+  resize(misura.boundedTo(schermo.size()));
+  // A place that was remembered on a screen that is smaller now, or gone.
+  if (!testAttribute(Qt::WA_Moved)) return;
+  const QPoint fine = schermo.bottomRight() - QPoint(width() - 1, height() - 1);
+  move(std::clamp(x(), schermo.left(), std::max(schermo.left(), fine.x())),
+       std::clamp(y(), schermo.top(), std::max(schermo.top(), fine.y())));
 }
 
 FinestraPrincipale::~FinestraPrincipale() {
@@ -215,11 +216,7 @@ QWidget* FinestraPrincipale::SfondoAperto() const {
 // --- Function windows -------------------------------------------------------------------------
 
 QList<FinestraFunzione*> FinestraPrincipale::FinestreAperte() const {
-  QList<FinestraFunzione*> finestre;
-  for (auto* cornice : area_->subWindowList(QMdiArea::ActivationHistoryOrder)) {
-    if (auto* finestra = qobject_cast<FinestraFunzione*>(cornice->widget())) finestre << finestra;
-  }
-  return finestre;
+  return area_->Aperte();
 }
 
 FinestraFunzione* FinestraPrincipale::Aperta(const QString& finestra) const {
@@ -245,9 +242,7 @@ const FinestraPrincipale::Costruttore* FinestraPrincipale::TrovaCostruttore(cons
 }
 
 void FinestraPrincipale::PortaAvanti(FinestraFunzione& finestra) {
-  auto* cornice = qobject_cast<QMdiSubWindow*>(finestra.parentWidget());
-  area_->setActiveSubWindow(cornice);
-  cornice->raise();
+  area_->PortaAvanti(finestra);
 }
 
 FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello, int scheda) {
@@ -262,30 +257,7 @@ FinestraFunzione* FinestraPrincipale::Carica(const QString& nome, int livello, i
   ambiente_.RiguardaImpostazioni();
   auto* finestra = (*costruttore)(*this);
   if (finestra == nullptr) return nullptr;
-  auto* cornice = area_->addSubWindow(finestra);
-  cornice->setObjectName(QStringLiteral("Cornice") + nome);
-  cornice->setAttribute(Qt::WA_DeleteOnClose);
-  cornice->setWindowIcon(windowIcon());
-  const QSettings memoria;
-  const QRect area = area_->viewport()->rect();
-  const QRect posto = memoria.value(QStringLiteral("finestre/%1").arg(nome)).toRect();
-  if (posto.isValid()) {
-    cornice->setGeometry(Dentro(posto, area));
-  } else {
-    // One beside the other there is no room for: each a little below and right of the one before.
-    constexpr int kScalino = 26;
-    const auto prima = static_cast<int>(FinestreAperte().size()) - 1;
-    const bool piccola = finestra->sizePolicy().verticalPolicy() == QSizePolicy::Maximum;
-    const QSize minima = piccola ? QSize() : QSize(1180, 640);
-    const QSize misura = cornice->sizeHint().expandedTo(minima).boundedTo(area.size());
-    cornice->setGeometry(Dentro({QPoint(kScalino, kScalino) * prima, misura}, area));
-  }
-  if (memoria.value(QStringLiteral("finestre/%1/massima").arg(nome)).toBool()) {
-    cornice->showMaximized();
-  } else {
-    cornice->show();
-  }
-  PortaAvanti(*finestra);
+  area_->Metti(*finestra);
   return finestra;
 }
 
@@ -315,9 +287,7 @@ FinestraFunzione* FinestraPrincipale::ApriFunzione(const QString& nome, int sche
 
 void FinestraPrincipale::Scarica(FinestraFunzione& finestra) {
   finestra.Abbandona();
-  auto* cornice = qobject_cast<QMdiSubWindow*>(finestra.parentWidget());
-  area_->removeSubWindow(cornice);
-  delete cornice;
+  area_->Togli(finestra);
 }
 
 void FinestraPrincipale::ChiudiTutto() {
@@ -333,13 +303,7 @@ bool FinestraPrincipale::ControlloUscita(FinestraFunzione& finestra) {
 }
 
 void FinestraPrincipale::ChiudiFinestra(FinestraFunzione& finestra) {
-  if (auto* cornice = qobject_cast<QMdiSubWindow*>(finestra.parentWidget())) {
-    QSettings memoria;
-    const QString chiave = QStringLiteral("finestre/%1").arg(finestra.Nome());
-    const bool massima = cornice->isMaximized();
-    memoria.setValue(chiave + QStringLiteral("/massima"), massima);
-    if (!massima && !cornice->isMinimized()) memoria.setValue(chiave, cornice->geometry());
-  }
+  area_->Ricorda(finestra);
   // A register may have been made or erased in it.
   MostraVociDellaDitta();
   RichiamaSfondo();

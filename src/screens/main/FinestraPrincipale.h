@@ -12,7 +12,6 @@
 class QAction;
 class QComboBox;
 class QLabel;
-class QMdiArea;
 class QMenu;
 class QScrollBar;
 class QToolBar;
@@ -26,6 +25,7 @@ class FabbricaUsciteQt;
 
 namespace fenalto::screens {
 
+class AreaLavoro;
 class FinestraGuida;
 class Sfondo;
 
@@ -70,6 +70,8 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   [[nodiscard]] QList<FinestraFunzione*> FinestreAperte() const;
   [[nodiscard]] FinestraFunzione* Aperta(const QString& finestra) const;
   [[nodiscard]] QWidget* SfondoAperto() const;
+  /// The function windows and their tabs.
+  [[nodiscard]] AreaLavoro& Area() const { return *area_; }
   /// Closes all function windows without questions: records in edit are given up.
   void ChiudiTutto();
 
@@ -81,6 +83,8 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   void closeEvent(QCloseEvent* evento) override;
 
  private:
+  /// A window that fits the screen, remembered place included.
+  void StaiNelloSchermo();
   void CreaMenu();
   void CreaBarra();
   /// Company, year and currency, in the bar.
@@ -131,7 +135,7 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
 
   Ambiente& ambiente_;
   Costruttori costruttori_;
-  QMdiArea* area_;
+  AreaLavoro* area_;
   print::FabbricaUsciteQt* uscite_;
   Sfondo* sfondo_ = nullptr;
   QToolBar* barra_ = nullptr;

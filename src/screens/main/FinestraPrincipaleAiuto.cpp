@@ -2,7 +2,6 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QUrl>
@@ -12,6 +11,7 @@
 #include "help/CapitoloDi.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/help/FinestraGuida.h"
+#include "screens/main/AreaLavoro.h"
 #include "screens/main/FinestraPrincipale.h"
 #include "screens/main/Sfondo.h"
 
@@ -81,8 +81,8 @@ void FinestraPrincipale::CreaMenuFinestre(QMenu& menu) {
   };
   auto* davanti = voce("VoceChiudi", tr("&Chiudi la finestra"), [this] { ChiudiDavanti(); });
   auto* tutte = voce("VoceChiudiTutte", tr("Chiudi &tutte"), [this] { ChiudiUnaPerUna(); });
-  auto* seguente = voce("VoceSuccessiva", tr("Finestra &successiva"),
-                        [this] { area_->activateNextSubWindow(); });
+  auto* seguente =
+      voce("VoceSuccessiva", tr("Finestra &successiva"), [this] { area_->Gira(true); });
   auto* filo = menu.addSeparator();
   filo->setObjectName(QStringLiteral("VociAperte"));
   menu.addSeparator();
@@ -108,29 +108,28 @@ void FinestraPrincipale::ElencaFinestre(QMenu& menu) {
     return azione->objectName() == QLatin1String("VociAperte");
   });
   QAction* prima = *(filo + 1);
-  const auto* davanti = area_->activeSubWindow();
+  const auto aperte = FinestreAperte();
   int numero = 0;
-  for (auto* cornice : area_->subWindowList(QMdiArea::CreationOrder)) {
-    auto* finestra = qobject_cast<FinestraFunzione*>(cornice->widget());
-    if (finestra == nullptr) continue;
+  for (auto* finestra : area_->InOrdine()) {
     constexpr int kConCifra = 9;
     const QString cifra = ++numero <= kConCifra ? QStringLiteral("&%1 ").arg(numero) : QString();
     auto* azione = new QAction(cifra + finestra->windowTitle(), &menu);
     azione->setObjectName(mia);
     azione->setCheckable(true);
-    azione->setChecked(cornice == davanti);
+    azione->setChecked(finestra == aperte.last());
     connect(azione, &QAction::triggered, finestra, [this, finestra] { PortaAvanti(*finestra); });
     menu.insertAction(prima, azione);
   }
 }
 
 void FinestraPrincipale::ChiudiDavanti() {
-  if (auto* cornice = area_->activeSubWindow()) cornice->close();
+  const auto aperte = FinestreAperte();
+  if (!aperte.isEmpty()) aperte.last()->Cornice()->close();
 }
 
 void FinestraPrincipale::ChiudiUnaPerUna() {
   auto aperte = FinestreAperte();
-  while (!aperte.isEmpty() && aperte.takeLast()->parentWidget()->close()) continue;
+  while (!aperte.isEmpty() && aperte.takeLast()->Cornice()->close()) continue;
 }
 
 void FinestraPrincipale::Informazioni() {

@@ -13,6 +13,8 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "screens/common/look/Icone.h"
+#include "screens/common/look/Misure.h"
 #include "screens/main/FinestraPrincipale.h"
 
 namespace fenalto::screens {
@@ -109,6 +111,7 @@ void FinestraPrincipale::CreaBarra() {
   barra_->setObjectName(QStringLiteral("Toolbar1"));
   barra_->setMovable(false);
   barra_->setContextMenuPolicy(Qt::PreventContextMenu);
+  barra_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   const struct {
     const char* nome;
     QString testo;
@@ -125,6 +128,7 @@ void FinestraPrincipale::CreaBarra() {
     auto* azione = barra_->addAction(pulsante.testo);
     azione->setObjectName(QStringLiteral("Barra") + QLatin1String(pulsante.nome));
     azione->setToolTip(pulsante.aiuto);
+    azione->setIcon(IconaAzione(DisegnoDi(azione->objectName())));
     connect(azione, &QAction::triggered, this, pulsante.premuto);
   }
   auto* cerca = new QAction(this);
@@ -138,17 +142,15 @@ void FinestraPrincipale::CreaBarra() {
 void FinestraPrincipale::CreaSessione() {
   auto* sessione = new QWidget(barra_);
   auto* riga = new QHBoxLayout(sessione);
-  riga->setContentsMargins(12, 0, 12, 0);
-  riga->setSpacing(6);
+  const int margine = Misura(Passo::Gruppo);
+  riga->setContentsMargins(margine, 0, margine, 0);
   ditta_ = new QLabel(sessione);
   ditta_->setObjectName(QStringLiteral("NomeDitta"));
-  QFont grassetto = ditta_->font();
-  grassetto.setBold(true);
-  ditta_->setFont(grassetto);
+  InGrassetto(*ditta_);
   anni_ = new QComboBox(sessione);
   anni_->setObjectName(QStringLiteral("Anno"));
   anni_->setToolTip(tr("Anno contabile"));
-  anni_->setMinimumWidth(78);
+  anni_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   scorrimento_ = new QScrollBar(Qt::Vertical, sessione);
   scorrimento_->setObjectName(QStringLiteral("VScroll1"));
   scorrimento_->setPageStep(1);
@@ -173,7 +175,7 @@ void FinestraPrincipale::CreaAiuti() {
   auto* aiuti = new QFrame(barra_);
   aiuti->setObjectName(QStringLiteral("Frame1"));
   auto* rigaAiuti = new QHBoxLayout(aiuti);
-  rigaAiuti->setContentsMargins(0, 0, 6, 0);
+  rigaAiuti->setContentsMargins(0, 0, Misura(Passo::Vicino), 0);
   auto* guida = Collegamento(QStringLiteral("GuidaRapida"), tr("guida rapida"), aiuti);
   auto* manuale =
       Collegamento(QStringLiteral("ManualeContabilita"), tr("manuale di contabilità"), aiuti);

@@ -1,7 +1,6 @@
 // Where references lead. A function of the menu map, or one of those that other windows open, needs
 // nothing here: it is opened as its menu entry does and given the record. An archive needs a line
 // in MappaMenu; a thing that isn't one window's own needs a line below.
-#include <QMdiSubWindow>
 #include <array>
 
 #include "screens/main/FinestraPrincipale.h"

@@ -6,6 +6,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "screens/common/look/Misure.h"
+#include "screens/common/windows/Scorrevole.h"
 #include "screens/start/PaginaIniziale.h"
 
 namespace fenalto::screens {
@@ -25,11 +27,11 @@ Sfondo::Sfondo(Finestre& finestre, QWidget* genitore) : QWidget(genitore) {
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
   area->setFocusPolicy(Qt::NoFocus);
-  auto* piano = new QWidget;
+  auto* piano = new PianoScorrevole;
   auto* riga = new QHBoxLayout(piano);
   riga->setContentsMargins(0, 0, 0, 0);
   pagina_ = new PaginaIniziale(finestre, piano);
-  pagina_->setMaximumWidth(kMassimaPagina);
+  pagina_->setMaximumWidth(Cresciuta(kMassimaPagina));
   riga->addWidget(pagina_, 1);
   area->setWidget(piano);
   // The bands show through.
@@ -66,6 +68,7 @@ void Sfondo::CreaCollegamenti() {
     pagina_->Angolo()->addWidget(pulsante, 0, Qt::AlignRight);
     video_ = pulsante;
   }
+  pagina_->Angolo()->setSpacing(0);
   pagina_->Angolo()->addStretch(1);
 }
 

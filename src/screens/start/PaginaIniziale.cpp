@@ -8,15 +8,14 @@
 
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
+#include "screens/common/look/Misure.h"
 #include "screens/start/Via.h"
 
 namespace fenalto::screens {
 namespace {
 
-constexpr int kSpazio = 12;
 constexpr std::size_t kUltimi = 10;
 constexpr int kContabilita = 99;
-constexpr double kLettereDitta = 2.2;
 
 struct ViaGrande {
   const char* nome;
@@ -40,8 +39,9 @@ PaginaIniziale::PaginaIniziale(Finestre& finestre, QWidget* genitore)
     : QWidget(genitore), finestre_(finestre), ambiente_(finestre.Sessione()) {
   setObjectName(QStringLiteral("PaginaIniziale"));
   auto* colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(2 * kSpazio, 2 * kSpazio - 4, 2 * kSpazio, 2 * kSpazio);
-  colonna->setSpacing(kSpazio);
+  const int intorno = Misura(Passo::Ampio);
+  colonna->setContentsMargins(intorno, intorno, intorno, intorno);
+  colonna->setSpacing(Misura(Passo::Gruppo));
   CreaTesta(*colonna);
   CreaVie(*colonna);
   CreaRiquadri(*colonna);
@@ -57,13 +57,10 @@ bool PaginaIniziale::Aperta(const char* funzione, int livello) const {
 void PaginaIniziale::CreaTesta(QVBoxLayout& colonna) {
   auto* riga = new QHBoxLayout;
   auto* nomi = new QVBoxLayout;
-  nomi->setSpacing(2);
+  nomi->setSpacing(Misura(Passo::Filo));
   ditta_ = new QLabel(this);
   ditta_->setObjectName(QStringLiteral("IniziaDitta"));
-  QFont carattere = ditta_->font();
-  carattere.setPointSizeF(carattere.pointSizeF() * kLettereDitta);
-  carattere.setBold(true);
-  ditta_->setFont(carattere);
+  ditta_->setFont(Carattere(Grado::Insegna));
   chi_ = new QLabel(this);
   chi_->setObjectName(QStringLiteral("IniziaChi"));
   creaDitta_ = Pulsante(QStringLiteral("CreaTuaDitta"), tr("Crea la tua ditta"));
@@ -98,7 +95,7 @@ void PaginaIniziale::MostraTesta() {
 
 void PaginaIniziale::CreaVie(QVBoxLayout& colonna) {
   auto* riga = new QHBoxLayout;
-  riga->setSpacing(kSpazio);
+  riga->setSpacing(Misura(Passo::Gruppo));
   for (const ViaGrande& una : kVie) {
     auto* via = new Via(QString::fromLatin1(una.nome), Via::Aspetto::Grande, this);
     via->Mostra(QString::fromUtf8(una.titolo), QString::fromUtf8(una.sotto));
@@ -156,7 +153,7 @@ void PaginaIniziale::CreaRiquadri(QVBoxLayout& colonna) {
     ultimi_.push_back(via);
   }
   auto* griglia = new QGridLayout;
-  griglia->setSpacing(kSpazio);
+  griglia->setSpacing(Misura(Passo::Gruppo));
   griglia->addWidget(clienti_.riquadro, 0, 0);
   griglia->addWidget(fornitori_.riquadro, 0, 1);
   griglia->addWidget(iva_, 1, 0);

@@ -126,7 +126,8 @@ void PaginaIniziale::LeggiRecenti() {
     if (i >= ultimi.size()) continue;
     rinvii_.push_back(ultimi[i].rinvio);
     ultimi_[i]->Mostra(Qs(ultimi[i].titolo), {}, Qs(ultimi[i].dettaglio));
-    ultimi_[i]->setToolTip(Qs(ultimi[i].genere + " " + ultimi[i].dettaglio));
+    ultimi_[i]->setToolTip(
+        Qs(ultimi[i].titolo + "\n" + ultimi[i].genere + " " + ultimi[i].dettaglio));
   }
   if (ultimi.empty()) {
     recenti_->Nota(tr("Qui si ritrova ciò che si è registrato o aperto per ultimo."));

@@ -1,19 +1,26 @@
 #include "screens/start/Via.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
+#include <QToolTip>
 #include <QVBoxLayout>
+
+#include "screens/common/look/Misure.h"
+#include "screens/common/look/Tavolozza.h"
 
 namespace fenalto::screens {
 namespace {
 
-constexpr int kMargine = 12;
-constexpr int kRaggio = 8;
-constexpr int kMezzaLuce = 128;
+constexpr int kRaggio = 6;
 constexpr int kSottoTitolo = 2;
-constexpr double kLettereGrandi = 1.35;
+
+/// Between an edge and the text.
+int Margine() {
+  return Misura(Passo::Gruppo);
+}
 
 QColor Mescola(const QColor& a, const QColor& b, double parte) {
   const auto misto = [parte](int da, int fino) {
@@ -31,15 +38,6 @@ void RettangoloTondo(QPainter& pittore, const QRect& dove, const QColor& fondo,
 }
 
 }  // namespace
-
-QColor ColoreTenue(const QPalette& tavolozza) {
-  return Mescola(tavolozza.color(QPalette::Text), tavolozza.color(QPalette::Base), 0.38);
-}
-
-QColor ColoreAvviso(const QPalette& tavolozza) {
-  const bool scuro = tavolozza.color(QPalette::Base).lightness() < kMezzaLuce;
-  return scuro ? QColor(255, 140, 120) : QColor(176, 32, 24);
-}
 
 Via::Via(const QString& nome, Aspetto aspetto, QWidget* genitore)
     : QAbstractButton(genitore), aspetto_(aspetto) {
@@ -67,32 +65,35 @@ void Via::Avvisa(bool avvisa) {
   update();
 }
 
-QFont Via::Carattere(bool titolo) const {
-  QFont carattere = font();
-  if (!titolo) return carattere;
-  carattere.setBold(aspetto_ == Aspetto::Grande);
-  if (aspetto_ == Aspetto::Grande) {
-    carattere.setPointSizeF(carattere.pointSizeF() * kLettereGrandi);
-  }
-  return carattere;
+QFont Via::Lettere(bool titolo) const {
+  return Carattere(titolo && aspetto_ == Aspetto::Grande ? Grado::Testata : Grado::Testo);
 }
 
 QSize Via::sizeHint() const {
-  const QFontMetrics titolo(Carattere(true));
-  const QFontMetrics sotto(Carattere(false));
+  const QFontMetrics titolo(Lettere(true));
+  const QFontMetrics sotto(Lettere(false));
   const int righe = titolo.height() + (sotto_.isEmpty() ? 0 : sotto.height() + kSottoTitolo);
-  const int margine = aspetto_ == Aspetto::Grande ? kMargine + 4
-                      : aspetto_ == Aspetto::Riga ? kMargine / 2
-                                                  : kMargine / 3;
+  const int margine = Misura(aspetto_ == Aspetto::Grande ? Passo::Stacco
+                             : aspetto_ == Aspetto::Riga ? Passo::Vicino
+                                                         : Passo::Filo);
   const int larghezza =
       std::max(titolo.horizontalAdvance(titolo_), sotto.horizontalAdvance(sotto_));
-  const int valore = valore_.isEmpty() ? 0 : titolo.horizontalAdvance(valore_) + kMargine;
-  return {larghezza + valore + 2 * kMargine, righe + 2 * margine};
+  const int valore = valore_.isEmpty() ? 0 : titolo.horizontalAdvance(valore_) + Margine();
+  return {larghezza + valore + 2 * Margine(), righe + 2 * margine};
 }
 
 QSize Via::minimumSizeHint() const {
   constexpr int kMinima = 120;
-  return {kMinima, sizeHint().height()};
+  return {Cresciuta(kMinima), sizeHint().height()};
+}
+
+bool Via::event(QEvent* evento) {
+  const bool tagliata = sizeHint().width() > width();
+  if (evento->type() == QEvent::ToolTip && toolTip().isEmpty() && tagliata) {
+    QToolTip::showText(static_cast<QHelpEvent*>(evento)->globalPos(), text(), this);
+    return true;
+  }
+  return QAbstractButton::event(evento);
 }
 
 void Via::paintEvent(QPaintEvent* /*evento*/) {
@@ -107,7 +108,8 @@ void Via::paintEvent(QPaintEvent* /*evento*/) {
                                : base;
   if (grande || sopra) RettangoloTondo(pittore, rect(), fondo, fondo);
   if (hasFocus()) {
-    const QColor anello = grande ? tavolozza.color(QPalette::Text) : accento;
+    const QColor anello =
+        grande ? tavolozza.color(QPalette::Text) : Colore(Segno::Accento, tavolozza);
     pittore.setRenderHint(QPainter::Antialiasing);
     pittore.setBrush(Qt::NoBrush);
     pittore.setPen(QPen(anello, 2));
@@ -115,29 +117,29 @@ void Via::paintEvent(QPaintEvent* /*evento*/) {
   }
   const QColor testo =
       grande ? tavolozza.color(QPalette::HighlightedText) : tavolozza.color(QPalette::Text);
-  const QColor tenue = grande ? testo : ColoreTenue(tavolozza);
-  QRect dentro = rect().adjusted(kMargine, 0, -kMargine, 0);
-  const QFontMetrics misure(Carattere(true));
+  const QColor tenue = grande ? testo : Colore(Segno::Sommesso, tavolozza);
+  QRect dentro = rect().adjusted(Margine(), 0, -Margine(), 0);
+  const QFontMetrics misure(Lettere(true));
   if (!valore_.isEmpty()) {
     const bool quieto = aspetto_ == Aspetto::Minuta;
-    QFont forte = Carattere(true);
+    QFont forte = Lettere(true);
     forte.setBold(!quieto);
     const int larghezza = QFontMetrics(forte).horizontalAdvance(valore_);
     pittore.setFont(forte);
-    pittore.setPen(avvisa_ ? ColoreAvviso(tavolozza) : quieto ? tenue : testo);
+    pittore.setPen(avvisa_ ? Colore(Segno::Scaduto, tavolozza) : quieto ? tenue : testo);
     pittore.drawText(dentro, Qt::AlignRight | Qt::AlignVCenter, valore_);
-    dentro.setRight(dentro.right() - larghezza - kMargine);
+    dentro.setRight(dentro.right() - larghezza - Margine());
   }
-  const QFontMetrics minute(Carattere(false));
+  const QFontMetrics minute(Lettere(false));
   const int alta = misure.height() + (sotto_.isEmpty() ? 0 : minute.height() + kSottoTitolo);
   int y = (height() - alta) / 2;
-  pittore.setFont(Carattere(true));
+  pittore.setFont(Lettere(true));
   pittore.setPen(testo);
   pittore.drawText(QRect(dentro.left(), y, dentro.width(), misure.height()), Qt::AlignVCenter,
                    misure.elidedText(titolo_, Qt::ElideRight, dentro.width()));
   if (sotto_.isEmpty()) return;
   y += misure.height() + kSottoTitolo;
-  pittore.setFont(Carattere(false));
+  pittore.setFont(Lettere(false));
   pittore.setPen(tenue);
   pittore.drawText(QRect(dentro.left(), y, dentro.width(), minute.height()), Qt::AlignVCenter,
                    minute.elidedText(sotto_, Qt::ElideRight, dentro.width()));
@@ -172,16 +174,15 @@ void Via::leaveEvent(QEvent* evento) {
 
 RiquadroPagina::RiquadroPagina(const QString& titolo, QWidget* genitore)
     : QFrame(genitore), colonna_(new QVBoxLayout(this)), nota_(new QLabel(this)) {
-  colonna_->setContentsMargins(4, 10, 4, 8);
+  const int lato = Misura(Passo::Filo);
+  colonna_->setContentsMargins(lato, Misura(Passo::Gruppo), lato, Misura(Passo::Vicino));
   colonna_->setSpacing(0);
   auto* intestazione = new QLabel(titolo, this);
   intestazione->setForegroundRole(QPalette::Text);
-  QFont carattere = intestazione->font();
-  carattere.setBold(true);
-  intestazione->setFont(carattere);
-  intestazione->setContentsMargins(kMargine, 0, kMargine, 4);
+  intestazione->setFont(Carattere(Grado::Titolo));
+  intestazione->setContentsMargins(Margine(), 0, Margine(), lato);
   colonna_->addWidget(intestazione);
-  nota_->setContentsMargins(kMargine, 2, kMargine, 2);
+  nota_->setContentsMargins(Margine(), kSottoTitolo, Margine(), kSottoTitolo);
   nota_->setWordWrap(true);
   nota_->hide();
   colonna_->addWidget(nota_);
@@ -195,8 +196,8 @@ void RiquadroPagina::Aggiungi(QWidget* pezzo) {
 
 void RiquadroPagina::Nota(const QString& testo, bool avvisa) {
   QPalette tavolozza = palette();
-  tavolozza.setColor(QPalette::WindowText,
-                     avvisa ? ColoreAvviso(tavolozza) : ColoreTenue(tavolozza));
+  tavolozza.setColor(QPalette::WindowText, avvisa ? Colore(Segno::Scaduto, tavolozza)
+                                                  : Colore(Segno::Sommesso, tavolozza));
   nota_->setPalette(tavolozza);
   nota_->setText(testo);
   nota_->setVisible(!testo.isEmpty());
@@ -205,7 +206,7 @@ void RiquadroPagina::Nota(const QString& testo, bool avvisa) {
 void RiquadroPagina::paintEvent(QPaintEvent* /*evento*/) {
   QPainter pittore(this);
   const QColor base = palette().color(QPalette::Base);
-  RettangoloTondo(pittore, rect(), base, Mescola(base, palette().color(QPalette::Text), 0.16));
+  RettangoloTondo(pittore, rect(), base, Colore(Segno::Divisione, palette()));
 }
 
 }  // namespace fenalto::screens

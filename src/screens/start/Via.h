@@ -1,5 +1,5 @@
 // The pieces of the start page: a way in, which is pressed by mouse or Enter, and the frames that
-// hold them. They take their colours from the palette alone.
+// hold them. They take their colours and distances from the look alone.
 #pragma once
 
 #include <QAbstractButton>
@@ -12,7 +12,8 @@ class QVBoxLayout;
 
 namespace fenalto::screens {
 
-/// A way in: a title, a line below it, and an amount or a few words on the right.
+/// A way in: a title, a line below it, and an amount or a few words on the right. Where it has no
+/// room for all of it, the text ends with an ellipsis and the tooltip tells it.
 class Via : public QAbstractButton {
   Q_OBJECT
 
@@ -32,13 +33,14 @@ class Via : public QAbstractButton {
   [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
+  bool event(QEvent* evento) override;
   void paintEvent(QPaintEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
   void enterEvent(QEnterEvent* evento) override;
   void leaveEvent(QEvent* evento) override;
 
  private:
-  [[nodiscard]] QFont Carattere(bool titolo) const;
+  [[nodiscard]] QFont Lettere(bool titolo) const;
   Aspetto aspetto_;
   QString titolo_;
   QString sotto_;
@@ -64,9 +66,5 @@ class RiquadroPagina : public QFrame {
   QVBoxLayout* colonna_;
   QLabel* nota_;
 };
-
-/// Text that is read less than the rest, and text that warns, on the palette's own background.
-QColor ColoreTenue(const QPalette& tavolozza);
-QColor ColoreAvviso(const QPalette& tavolozza);
 
 }  // namespace fenalto::screens

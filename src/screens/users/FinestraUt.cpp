@@ -12,6 +12,8 @@
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/EtichettaElisa.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -102,7 +104,7 @@ QWidget* FinestraUt::Interno::CreaScelta() {
   auto* pagina = new QWidget;
   selettore = new CampoTesto(QStringLiteral("Rt1"), nullptr, kLunghezzaCodice);
   LargoCaratteri(selettore, kCaratteri);
-  descrizioneSelettore = new QLabel;
+  descrizioneSelettore = new EtichettaElisa;
   descrizioneSelettore->setObjectName(QStringLiteral("Rt1Descrizione"));
   descrizioneSelettore->setTextFormat(Qt::PlainText);
   apri = Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel codice"));
@@ -158,7 +160,7 @@ QGridLayout* FinestraUt::Interno::DisponiUtente() {
   }
   LargoCaratteri(descrizione, kCaratteriDescrizione);
   auto* disposizione = new QGridLayout;
-  disposizione->setHorizontalSpacing(8);
+  disposizione->setHorizontalSpacing(Misura(Passo::Vicino));
   disposizione->addWidget(Didascalia(tr("Codice"), cod), 0, 0);
   disposizione->addWidget(cod, 0, 1);
   disposizione->addWidget(Didascalia(tr("Descrizione"), descrizione), 1, 0);

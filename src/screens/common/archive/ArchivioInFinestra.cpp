@@ -18,6 +18,8 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
+#include "screens/common/windows/Scorrevole.h"
 
 namespace fenalto::screens {
 namespace {
@@ -75,9 +77,11 @@ void FinestraArchivio::Interno::Disponi() {
   divisione->setChildrenCollapsible(false);
   divisione->addWidget(CreaScelta());
   divisione->addWidget(CreaRecord());
-  divisione->setStretchFactor(1, 1);
+  divisione->setStretchFactor(0, 1);
+  divisione->setStretchFactor(1, 2);
   auto* colonna = new QVBoxLayout(&finestra);
-  colonna->setContentsMargins(4, 4, 4, 4);
+  const int margine = Misura(Passo::Filo);
+  colonna->setContentsMargins(margine, margine, margine, margine);
   colonna->addWidget(divisione);
   Divisione();
 }
@@ -86,7 +90,7 @@ void FinestraArchivio::Interno::Divisione() {
   constexpr int kScelta = 420;
   constexpr int kRecord = 760;
   const QString chiave = QStringLiteral("finestre/%1/divisione").arg(finestra.Nome());
-  divisione->setSizes({kScelta, kRecord});
+  divisione->setSizes({Cresciuta(kScelta), Cresciuta(kRecord)});
   if (const auto prima = QSettings().value(chiave).toByteArray(); !prima.isEmpty()) {
     divisione->restoreState(prima);
   }
@@ -96,8 +100,7 @@ void FinestraArchivio::Interno::Divisione() {
 
 QWidget* FinestraArchivio::Interno::CreaScelta() {
   scelta = new QTabWidget;
-  scelta->setObjectName(QStringLiteral("SSTab1"));
-  scelta->setDocumentMode(true);
+  PreparaSchede(*scelta, QStringLiteral("SSTab1"));
   pagina = new PaginaSceltaArchivio(gestore.Sessione(), archivio.Descrizione());
   scelta->addTab(pagina, tr("Apri"));
   return scelta;
@@ -106,8 +109,7 @@ QWidget* FinestraArchivio::Interno::CreaScelta() {
 QWidget* FinestraArchivio::Interno::CreaRecord() {
   lato = new QWidget;
   schede = new QTabWidget;
-  schede->setObjectName(QStringLiteral("SSTab2"));
-  schede->setDocumentMode(true);
+  PreparaSchede(*schede, QStringLiteral("SSTab2"));
   schede->addTab(CreaPagina(paginaRecord), QString());
   for (const auto& descritta : archivio.Descrizione().pagine) {
     auto* altra = CreaPagina(altrePagine[descritta.nome]);
@@ -145,7 +147,7 @@ QWidget* FinestraArchivio::Interno::CreaRecord() {
 }
 
 QWidget* FinestraArchivio::Interno::CreaPagina(QVBoxLayout*& colonna) {
-  auto* contenuto = new QWidget;
+  auto* contenuto = new PianoScorrevole;
   auto* intera = new QVBoxLayout(contenuto);
   colonna = new QVBoxLayout;
   intera->addLayout(colonna);
@@ -180,12 +182,13 @@ QWidget* FinestraArchivio::Interno::CreaBarra() {
     auto* sopra = new QHBoxLayout;
     for (auto* pulsante : propri) sopra->addWidget(pulsante);
     sopra->addStretch(1);
+    sopra->addWidget(sdoppia);
     colonna->addLayout(sopra);
   }
   auto* riga = new QHBoxLayout;
   riga->addWidget(precedente);
   riga->addWidget(successivo);
-  riga->addWidget(sdoppia);
+  if (propri.isEmpty()) riga->addWidget(sdoppia);
   riga->addStretch(1);
   for (auto* pulsante : {conferma, elimina, annulla}) riga->addWidget(pulsante);
   colonna->addLayout(riga);

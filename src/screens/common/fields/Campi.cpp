@@ -4,6 +4,7 @@
 
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -140,10 +141,9 @@ void CampoData::focusInEvent(QFocusEvent* evento) {
 CampoNote::CampoNote(const QString& nome, QWidget* genitore, int lunghezza)
     : QPlainTextEdit(genitore), lunghezza_(lunghezza) {
   constexpr int kRighe = 4;
-  constexpr int kMargine = 14;  // frame and inner margin of the text
   setObjectName(nome);
   setTabChangesFocus(true);
-  setFixedHeight(fontMetrics().lineSpacing() * kRighe + kMargine);
+  setFixedHeight(fontMetrics().lineSpacing() * kRighe + 2 * Misura(Passo::Vicino));
 }
 
 void CampoNote::Mostra(const Valore& valore) {

@@ -17,14 +17,11 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/fields/Qs.h"
+#include "screens/common/look/Misure.h"
+#include "screens/common/look/ParteRara.h"
 
 namespace fenalto::screens {
 namespace {
-
-constexpr int kSpazio = 8;
-constexpr int kStacco = 4;      // more before the caption of a field on another's line
-constexpr int kTraLinee = 4;    // of a form whose lines are close together
-constexpr int kSottoBordo = 4;  // from a field's edge to its text
 
 /// "C = carico   S = scarico" beside a field, one below the other when they are many or long.
 QString Legenda(const std::vector<records::VoceScelta>& scelte) {
@@ -43,14 +40,7 @@ QString Legenda(const std::vector<records::VoceScelta>& scelte) {
 QLabel* Tenue(const QString& testo) {
   auto* etichetta = new QLabel(testo);
   etichetta->setTextFormat(Qt::PlainText);
-  QPalette tavolozza;
-  QColor colore = tavolozza.color(QPalette::WindowText);
-  constexpr int kTenue = 190;
-  colore.setAlpha(kTenue);
-  for (auto gruppo : {QPalette::Active, QPalette::Inactive}) {
-    tavolozza.setColor(gruppo, QPalette::WindowText, colore);
-  }
-  etichetta->setPalette(tavolozza);
+  etichetta->setForegroundRole(QPalette::PlaceholderText);
   return etichetta;
 }
 
@@ -104,7 +94,7 @@ QHBoxLayout& CampiForma::LineaPer(const Voce& voce, Qt::Alignment lato) {
     // The stretch that ends the line stays last.
     if (!griglia.tesa) delete griglia.linea->takeAt(griglia.linea->count() - 1);
     if (voce.didascalia != nullptr) {
-      griglia.linea->addSpacing(kStacco);
+      griglia.linea->addSpacing(Misura(Passo::Filo));
       griglia.linea->addWidget(voce.didascalia);
     }
     return *griglia.linea;
@@ -114,7 +104,7 @@ QHBoxLayout& CampiForma::LineaPer(const Voce& voce, Qt::Alignment lato) {
   griglia.colonna = 2 * griglia.ultima + 1;
   griglia.tesa = false;
   griglia.linea = new QHBoxLayout;
-  griglia.linea->setSpacing(kSpazio);
+  griglia.linea->setSpacing(Misura(Passo::Vicino));
   const int riga = griglia.righe - 1;
   const int prima = 2 * campo.colonna + (campo.alMargine ? 0 : 1);
   if (voce.didascalia != nullptr) {
@@ -131,7 +121,20 @@ void CampiForma::Contorna(Voce& voce, const QString& testo) {
   voce.contorno.push_back(etichetta);
 }
 
+bool CampiForma::DisponiInterruttore(Voce& voce) {
+  auto& griglia = *voce.griglia;
+  auto* interruttore = qobject_cast<QAbstractButton*>(voce.controllo);
+  if (griglia.rara == nullptr || interruttore == nullptr ||
+      !UgualeTesto(griglia.descritta.interruttore, voce.campo.nome)) {
+    return false;
+  }
+  griglia.sopra->insertWidget(0, interruttore);
+  connect(interruttore, &QAbstractButton::toggled, griglia.rara, &ParteRara::Apri);
+  return true;
+}
+
 void CampiForma::Disponi(Voce& voce) {
+  if (DisponiInterruttore(voce)) return;
   const auto& campo = voce.campo;
   auto& griglia = *voce.griglia;
   const bool pulsante = qobject_cast<QAbstractButton*>(voce.controllo) != nullptr;
@@ -146,7 +149,7 @@ void CampiForma::Disponi(Voce& voce) {
   if (!testo.empty()) {
     voce.didascalia = pulsante ? new QLabel(Qs(testo)) : Didascalia(Qs(testo), voce.controllo);
     voce.didascalia->setObjectName(Qs(campo.nomeDidascalia));
-    if (lato) voce.didascalia->setContentsMargins(0, kSottoBordo, 0, 0);
+    if (lato) voce.didascalia->setContentsMargins(0, Misura(Passo::Filo), 0, 0);
     voce.contorno.push_back(voce.didascalia);
   }
   voce.linea = &LineaPer(voce, lato);
@@ -185,8 +188,8 @@ CampiForma::Griglia& CampiForma::GrigliaDi(const std::string& riquadro) {
   auto nuova = std::make_unique<Griglia>();
   nuova->descritta.nome = riquadro;
   nuova->disposizione = new QGridLayout;
-  nuova->disposizione->setHorizontalSpacing(kSpazio);
-  if (forma_.stretta) nuova->disposizione->setVerticalSpacing(kTraLinee);
+  nuova->disposizione->setHorizontalSpacing(Misura(Passo::Vicino));
+  if (forma_.stretta) nuova->disposizione->setVerticalSpacing(Misura(Passo::Filo));
   if (riquadro.empty()) return *griglie_.emplace_back(std::move(nuova));
   for (const auto& descritto : forma_.riquadri) {
     if (UgualeTesto(descritto.nome, riquadro)) nuova->descritta = descritto;
@@ -194,7 +197,15 @@ CampiForma::Griglia& CampiForma::GrigliaDi(const std::string& riquadro) {
   const auto& sua = nuova->descritta;
   nuova->riquadro = new QGroupBox(Qs(sua.titolo));
   nuova->riquadro->setObjectName(Qs(riquadro));
-  nuova->riquadro->setLayout(nuova->disposizione);
+  if (sua.interruttore.empty()) {
+    nuova->riquadro->setLayout(nuova->disposizione);
+  } else {
+    nuova->rara = new ParteRara;
+    nuova->rara->setLayout(nuova->disposizione);
+    nuova->disposizione->setContentsMargins(0, 0, 0, 0);
+    nuova->sopra = new QVBoxLayout(nuova->riquadro);
+    nuova->sopra->addWidget(nuova->rara);
+  }
   if (sua.righe > 0) {
     auto& fuori = GrigliaDi({});
     fuori.disposizione->addWidget(nuova->riquadro, fuori.righe++, 2 * sua.colonna, sua.righe,
@@ -215,7 +226,7 @@ void CampiForma::TerminaGriglia(Griglia& griglia) {
 }
 
 void CampiForma::DisponiRiquadri(const Pagine& pagine) {
-  constexpr int kLarghezza = 700;  // of a row of frames, as the page is at first
+  const int larghezza = Cresciuta(700);  // of a row of frames, as the page is at first
   struct Fila {
     QHBoxLayout* disposizione = nullptr;
     int larga = 0;
@@ -230,14 +241,14 @@ void CampiForma::DisponiRiquadri(const Pagine& pagine) {
     if (riquadro.righe > 0) continue;
     auto& fila = file[riquadro.pagina];
     const int sua = griglia->riquadro->sizeHint().width();
-    const bool stretta = riquadro.largo || fila.larga + sua > kLarghezza;
+    const bool stretta = riquadro.largo || fila.larga + sua > larghezza;
     if (fila.disposizione == nullptr || (stretta && !riquadro.accanto)) {
       fila.disposizione = new QHBoxLayout;
       pagine(riquadro.pagina).addLayout(fila.disposizione);
       fila.larga = 0;
     }
     fila.disposizione->addWidget(griglia->riquadro);
-    fila.larga += riquadro.largo ? kLarghezza : sua + kSpazio;
+    fila.larga += riquadro.largo ? larghezza : sua + Misura(Passo::Vicino);
   }
 }
 

@@ -23,6 +23,7 @@ namespace fenalto::screens {
 
 class CampoCodice;
 class Legatura;
+class ParteRara;
 
 class CampiForma : public QObject {
   Q_OBJECT
@@ -68,6 +69,8 @@ class CampiForma : public QObject {
     records::RiquadroForma descritta;
     QWidget* riquadro = nullptr;
     QGridLayout* disposizione = nullptr;
+    ParteRara* rara = nullptr;     ///< what a switch folds
+    QVBoxLayout* sopra = nullptr;  ///< where that switch stands
     int righe = 0;
     int ultima = -1;               ///< pair of the grid that was filled last in the last row
     int colonna = 1;               ///< column of the last line
@@ -91,6 +94,8 @@ class CampiForma : public QObject {
   /// Binding of the record that has the field; null for what is none's.
   [[nodiscard]] Legatura* LegaturaDi(const records::CampoForma& campo) const;
   void Disponi(Voce& voce);
+  /// The switch of a rare frame: it stands over what it folds.
+  bool DisponiInterruttore(Voce& voce);
   /// The line that the field goes to; a new one stands in the grid.
   QHBoxLayout& LineaPer(const Voce& voce, Qt::Alignment lato);
   void Contorna(Voce& voce, const QString& testo);

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/look/EtichettaElisa.h"
 
 namespace fenalto::screens {
 namespace {
@@ -29,7 +30,7 @@ CampoCodice::CampoCodice(const QString& nome, std::shared_ptr<archives::FonteCod
                          bool conArchivio)
     : fonte_(std::move(fonte)),
       archivio_(conArchivio ? fonte_->Archivio() : std::string()),
-      etichetta_(new QLabel) {
+      etichetta_(new EtichettaElisa) {
   setObjectName(nome);
   setMaxLength(60);
   etichetta_->setObjectName(nome + QStringLiteral("Descrizione"));

@@ -11,6 +11,8 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/GruppoScelta.h"
 #include "screens/common/fields/Qs.h"
+#include "screens/common/look/EtichettaElisa.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -26,10 +28,9 @@ constexpr int kCaratteriImporto = 15;
 constexpr int kCaratteriCodice = 12;
 
 QLabel* CreaEtichetta(GenereCampo genere) {
-  auto* etichetta = new QLabel;
-  etichetta->setTextFormat(Qt::PlainText);
+  auto* etichetta = new EtichettaElisa;
   if (genere == GenereCampo::Titolo) {
-    InGrassetto(etichetta);
+    InGrassetto(*etichetta);
   }
   if (genere == GenereCampo::Sommessa) {
     etichetta->setForegroundRole(QPalette::PlaceholderText);

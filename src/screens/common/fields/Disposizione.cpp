@@ -7,10 +7,15 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QStackedWidget>
+#include <QTabWidget>
 #include <algorithm>
 #include <functional>
 #include <utility>
 #include <vector>
+
+#include "screens/common/look/Icone.h"
+#include "screens/common/look/Misure.h"
+#include "screens/common/look/Tavolozza.h"
 
 namespace fenalto::screens {
 namespace {
@@ -161,16 +166,9 @@ void Affianca(QBoxLayout& riga, const QString& didascalia, QWidget* campo, int p
   riga.addWidget(campo, peso);
 }
 
-void InGrassetto(QWidget* etichetta) {
-  QFont grassetto = etichetta->font();
-  grassetto.setBold(true);
-  etichetta->setFont(grassetto);
-}
-
 void LargoCaratteri(QWidget* campo, int caratteri) {
-  constexpr int kMargine = 18;  // frame and inner margin of a field
   campo->setFixedWidth(campo->fontMetrics().horizontalAdvance(QLatin1Char('0')) * caratteri +
-                       kMargine);
+                       2 * Misura(Passo::Vicino) + 2);
 }
 
 QCheckBox* Casella(const char* nome, const QString& testo) {
@@ -183,19 +181,32 @@ QPushButton* Pulsante(const QString& nome, const QString& testo, const QString& 
   auto* pulsante = new QPushButton(testo);
   pulsante->setObjectName(nome);
   pulsante->setAutoDefault(false);
+  MettiIcona(*pulsante);
   if (!tasto.isEmpty()) {
     pulsante->setToolTip(QStringLiteral("%1 (%2)").arg(testo, tasto));
   }
   return pulsante;
 }
 
+void PreparaSchede(QTabWidget& schede, const QString& nome) {
+  schede.setObjectName(nome);
+  schede.setDocumentMode(true);
+}
+
+void MisuraDellaPagina(QTabWidget& schede) {
+  const auto misura = [&schede] {
+    for (int i = 0; i < schede.count(); ++i) {
+      const auto verso = i == schede.currentIndex() ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+      schede.widget(i)->setSizePolicy(verso, verso);
+    }
+  };
+  misura();
+  QObject::connect(&schede, &QTabWidget::currentChanged, &schede, misura);
+}
+
 void ColoraErrato(QWidget* campo, bool errato) {
-  constexpr int kMezzo = 128;
   QPalette tavolozza;
-  if (errato) {
-    const bool scuro = campo->palette().color(QPalette::Base).lightness() < kMezzo;
-    tavolozza.setColor(QPalette::Text, scuro ? QColor(255, 120, 120) : QColor(190, 20, 20));
-  }
+  if (errato) tavolozza.setColor(QPalette::Text, Colore(Segno::Scaduto, campo->palette()));
   campo->setPalette(tavolozza);
 }
 

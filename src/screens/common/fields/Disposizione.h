@@ -8,6 +8,7 @@
 class QBoxLayout;
 class QCheckBox;
 class QPushButton;
+class QTabWidget;
 
 namespace fenalto::screens {
 
@@ -17,8 +18,6 @@ QLabel* Didascalia(const QString& testo, QWidget* controllo);
 /// Adds a field to a line, after its caption; the field takes the room that `peso` gives it.
 void Affianca(QBoxLayout& riga, const QString& didascalia, QWidget* campo, int peso = 0);
 
-void InGrassetto(QWidget* etichetta);
-
 /// Makes a field as wide as that many characters of its own typeface.
 void LargoCaratteri(QWidget* campo, int caratteri);
 
@@ -27,6 +26,12 @@ QPushButton* Pulsante(const QString& nome, const QString& testo, const QString& 
 
 /// A check box with its object name.
 QCheckBox* Casella(const char* nome, const QString& testo);
+
+/// The object name of tabs whose pages lie on the ground of their window.
+void PreparaSchede(QTabWidget& schede, const QString& nome);
+
+/// Lets only the page in sight say how much room the pages need.
+void MisuraDellaPagina(QTabWidget& schede);
 
 /// Shows a field's text as wrong, in a red that is read on the palette's own background, or as
 /// usual.

@@ -5,6 +5,7 @@
 #include "core/values/FormatoImporto.h"
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -57,7 +58,7 @@ QHBoxLayout* OpzioniGrafiche::Riga() {
   auto* riga = new QHBoxLayout;
   if (grafico_ != nullptr) {
     riga->addWidget(grafico_);
-    riga->addSpacing(16);
+    riga->addSpacing(Misura(Passo::Stacco));
   }
   Affianca(*riga, tr("allineamento mm"), allineamento_);
   riga->addStretch(1);

@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -18,6 +19,10 @@ QColor Tinta(QColor colore, int quanta) {
 }
 
 }  // namespace
+
+int MargineCella() {
+  return Misura(Passo::Filo) * 3 / 2;
+}
 
 DelegatoGriglia::DelegatoGriglia(Griglia& griglia)
     : QStyledItemDelegate(&griglia), griglia_(griglia) {}
@@ -45,7 +50,7 @@ void DelegatoGriglia::paint(QPainter* pittore, const QStyleOptionViewItem& opzio
   QFont carattere = sua.font;
   carattere.setBold(segnata);
   pittore->setFont(carattere);
-  const QRect dentro = cella.adjusted(kMargineCella, 0, -kMargineCella, 0);
+  const QRect dentro = cella.adjusted(MargineCella(), 0, -MargineCella(), 0);
   const QString testo =
       QFontMetrics(carattere).elidedText(sua.text, Qt::ElideRight, dentro.width());
   griglia_.style()->drawItemText(pittore, dentro, static_cast<int>(sua.displayAlignment),

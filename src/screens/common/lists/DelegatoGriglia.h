@@ -8,7 +8,8 @@ namespace fenalto::screens {
 
 class Griglia;
 
-constexpr int kMargineCella = 6;  ///< pixels on either side of a cell's text
+/// Room on either side of a cell's text, in pixels.
+int MargineCella();
 
 class DelegatoGriglia : public QStyledItemDelegate {
   Q_OBJECT

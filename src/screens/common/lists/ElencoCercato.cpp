@@ -13,6 +13,8 @@
 
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/RigaFiltri.h"
+#include "screens/common/look/EtichettaElisa.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -35,7 +37,7 @@ ElencoCercato::ElencoCercato(FormaElenco forma, archives::FonteElenco& fonte, QW
       forma_(std::move(forma)),
       fonte_(fonte),
       cerca_(new QLineEdit),
-      stato_(new QLabel),
+      stato_(new EtichettaElisa),
       griglia_(new screens::Griglia(forma_.griglia, forma_.finestra, forma_.colonne)),
       sopra_(new QHBoxLayout),
       attesa_(ColpoSolo(this)),
@@ -55,7 +57,7 @@ void ElencoCercato::Disponi() {
   Affianca(*sopra_, tr("Cerca"), cerca_, 1);
   if (!forma_.statoSotto) sopra_->addWidget(stato_);
   auto* righe = new QVBoxLayout;
-  righe->setSpacing(2);
+  righe->setSpacing(Misura(Passo::Filo));
   if (filtri_ != nullptr) righe->addWidget(filtri_);
   righe->addWidget(griglia_, 1);
   auto* colonna = new QVBoxLayout(this);

@@ -14,11 +14,10 @@
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 #include "screens/common/lists/DelegatoGriglia.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
-
-constexpr int kIntornoTitolo = 12;  // pixels beside a caption
 
 bool Numerica(Tipo tipo) {
   return tipo == Tipo::Importo || tipo == Tipo::Intero || tipo == Tipo::Reale;
@@ -127,7 +126,7 @@ QVariant ModelloGriglia::data(const QModelIndex& indice, int ruolo) const {
 QVariant ModelloGriglia::headerData(int sezione, Qt::Orientation verso, int ruolo) const {
   if (verso != Qt::Horizontal) return QAbstractTableModel::headerData(sezione, verso, ruolo);
   const auto& colonna = colonne_[static_cast<std::size_t>(sezione)];
-  if (ruolo == Qt::DisplayRole) return colonna.titolo;
+  if (ruolo == Qt::DisplayRole || ruolo == Qt::ToolTipRole) return colonna.titolo;
   if (ruolo == kRuoloChiave) return colonna.Chiave();
   if (ruolo == Qt::TextAlignmentRole) {
     return QVariant::fromValue(Qt::AlignVCenter |
@@ -200,9 +199,15 @@ Griglia::Griglia(const QString& nome, const QString& finestra, std::vector<Colon
   setShowGrid(false);
   setTabKeyNavigation(false);
   verticalHeader()->hide();
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+  verticalHeader()->setMinimumSectionSize(fontMetrics().height());
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + Misura(Passo::Vicino));
   horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setTextElideMode(Qt::ElideRight);
   RicordaLarghezze();
+  connect(modello_, &QAbstractItemModel::modelReset, this,
+          [this] { FaiPostoAiNumeri(0, modello_->rowCount() - 1); });
+  connect(modello_, &QAbstractItemModel::rowsInserted, this,
+          [this](const QModelIndex&, int prima, int ultima) { FaiPostoAiNumeri(prima, ultima); });
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &Griglia::Ordina);
   // Rows shown anew keep the order that the user chose.
   connect(modello_, &QAbstractItemModel::modelReset, this, [this] {
@@ -225,10 +230,11 @@ void Griglia::RicordaLarghezze() {
   for (int i = 0; i < modello_->columnCount(); ++i) {
     const auto& colonna = modello_->Colonne()[static_cast<std::size_t>(i)];
     // A caption is never cut at first.
-    const int minima =
-        horizontalHeader()->fontMetrics().horizontalAdvance(colonna.titolo) + kIntornoTitolo;
+    const int minima = horizontalHeader()->fontMetrics().horizontalAdvance(colonna.titolo) +
+                       2 * MargineCella() + 2;
     setColumnWidth(
-        i, memoria.value(gruppo + colonna.Chiave(), std::max(colonna.larghezza, minima)).toInt());
+        i, memoria.value(gruppo + colonna.Chiave(), std::max(Cresciuta(colonna.larghezza), minima))
+               .toInt());
     const bool larga =
         piuLarga < 0 ||
         colonna.larghezza > modello_->Colonne()[static_cast<std::size_t>(piuLarga)].larghezza;
@@ -266,9 +272,10 @@ void Griglia::Elastica(int colonna) {
 
 void Griglia::AdattaElastica() {
   if (elastica_ < 0) return;
-  const int altre = horizontalHeader()->length() - columnWidth(elastica_);
+  const int resta = viewport()->width() - (horizontalHeader()->length() - columnWidth(elastica_));
   adattando_ = true;
-  setColumnWidth(elastica_, std::max(propriaElastica_ / 2, viewport()->width() - altre));
+  // Where the grid has to scroll anyway, the column keeps its width.
+  setColumnWidth(elastica_, resta < propriaElastica_ / 2 ? propriaElastica_ : resta);
   adattando_ = false;
 }
 
@@ -285,17 +292,38 @@ void Griglia::resizeEvent(QResizeEvent* evento) {
   AdattaElastica();
 }
 
-void Griglia::SuggerisciVuota(const QString& testo) {
+void Griglia::QuandoVuota(const QString& testo) {
   vuota_ = testo;
   viewport()->update();
 }
 
 void Griglia::paintEvent(QPaintEvent* evento) {
   QTableView::paintEvent(evento);
-  if (vuota_.isEmpty() || modello_->rowCount() > 0 || !isEnabled()) return;
+  if (vuota_.isEmpty() || modello_->rowCount() > 0) return;
   QPainter pittore(viewport());
-  pittore.setPen(palette().color(QPalette::PlaceholderText));
-  pittore.drawText(viewport()->rect(), Qt::AlignCenter, vuota_);
+  pittore.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,
+                                 QPalette::PlaceholderText));
+  const int margine = Misura(Passo::Stacco);
+  pittore.drawText(viewport()->rect().adjusted(margine, margine, -margine, -margine),
+                   Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, vuota_);
+}
+
+void Griglia::FaiPostoAiNumeri(int primaRiga, int ultimaRiga) {
+  constexpr int kRighe = 300;
+  const int fine = std::min(primaRiga + kRighe, ultimaRiga + 1);
+  adattando_ = true;
+  for (int colonna = 0; colonna < modello_->columnCount(); ++colonna) {
+    if (!Numerica(modello_->Colonne()[static_cast<std::size_t>(colonna)].tipo)) continue;
+    int largo = 0;
+    for (int riga = primaRiga; riga < fine; ++riga) {
+      largo = std::max(
+          largo, fontMetrics().horizontalAdvance(modello_->index(riga, colonna).data().toString()));
+    }
+    largo += 2 * MargineCella();
+    if (largo > columnWidth(colonna)) setColumnWidth(colonna, largo);
+  }
+  adattando_ = false;
+  AdattaElastica();
 }
 
 void Griglia::Segna(std::function<bool(const std::vector<Valore>&)> segnata) {

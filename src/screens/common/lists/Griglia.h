@@ -94,8 +94,8 @@ class Griglia : public QTableView {
   void VaiARiga(int indice);
   /// Gives a column the room that the others leave.
   void Elastica(int colonna);
-  /// A quiet text in the middle of the grid while it has no rows.
-  void SuggerisciVuota(const QString& testo);
+  /// What is told in place of rows while there are none: why, and what to do next.
+  void QuandoVuota(const QString& testo);
   /// Rows for which `segnata` holds are shown as chosen.
   void Segna(std::function<bool(const std::vector<Valore>& riga)> segnata);
   [[nodiscard]] bool Segnata(int riga) const;
@@ -120,6 +120,8 @@ class Griglia : public QTableView {
   void RicordaLarghezze();
   void Ordina(int colonna);
   void AdattaElastica();
+  /// Makes columns of numbers as wide as their greatest one: half a number is a wrong one.
+  void FaiPostoAiNumeri(int primaRiga, int ultimaRiga);
   void Copia();
 
   QString finestra_;
@@ -129,8 +131,8 @@ class Griglia : public QTableView {
   QString cercato_;  ///< typed so far
   QElapsedTimer digitato_;
   int elastica_ = -1;
-  int propriaElastica_ = 0;  ///< its own width; it doesn't go below half of it
-  bool adattando_ = false;
+  int propriaElastica_ = 0;  ///< its own width; it is never squeezed below half of it
+  bool adattando_ = false;   ///< a width that changes isn't the user's
 };
 
 }  // namespace fenalto::screens

@@ -18,15 +18,13 @@ PiedeGriglia::PiedeGriglia(Griglia& griglia, const QString& titolo)
   connect(testata, &QHeaderView::sectionMoved, this, &PiedeGriglia::Allinea);
   connect(griglia.horizontalScrollBar(), &QScrollBar::valueChanged, this, &PiedeGriglia::Allinea);
   griglia.viewport()->installEventFilter(this);
-  setFixedHeight(titolo_->sizeHint().height());
 }
 
 void PiedeGriglia::Metti(int colonna, QWidget* totale) {
   totale->setParent(this);
   // As far from the column's edge as its cells.
-  if (qobject_cast<QLabel*>(totale) != nullptr) totale->setContentsMargins(0, 0, kMargineCella, 0);
+  if (qobject_cast<QLabel*>(totale) != nullptr) totale->setContentsMargins(0, 0, MargineCella(), 0);
   totali_.emplace_back(colonna, totale);
-  setFixedHeight(std::max(height(), totale->sizeHint().height()));
   Allinea();
 }
 
@@ -41,6 +39,11 @@ void PiedeGriglia::resizeEvent(QResizeEvent* evento) {
 }
 
 void PiedeGriglia::Allinea() {
+  int alto = titolo_->sizeHint().height();
+  for (const auto& [colonna, totale] : totali_) {
+    alto = std::max({alto, totale->minimumSizeHint().height(), totale->fontMetrics().height() + 1});
+  }
+  setFixedHeight(alto);
   const auto* testata = griglia_.horizontalHeader();
   const int inizio = griglia_.viewport()->mapToGlobal(QPoint()).x() - mapToGlobal(QPoint()).x();
   int primo = width();

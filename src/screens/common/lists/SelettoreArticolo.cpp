@@ -6,6 +6,7 @@
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/ElencoCercato.h"
+#include "screens/common/look/EtichettaElisa.h"
 
 namespace fenalto::screens {
 
@@ -15,7 +16,7 @@ SelettoreArticolo::SelettoreArticolo(std::function<QString(std::int64_t)> descri
       descrizione_(std::move(descrizione)),
       numero_(new CampoNumero(QStringLiteral("Rt1"))),
       apri_(Pulsante(QStringLiteral("Apri"), tr("Apri"), tr("Invio nel numero"))),
-      descritto_(new QLabel) {
+      descritto_(new EtichettaElisa) {
   constexpr int kCifre = 10;
   LargoCaratteri(numero_, kCifre);
   descritto_->setObjectName(QStringLiteral("Rt1Descrizione"));

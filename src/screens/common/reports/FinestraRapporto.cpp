@@ -6,6 +6,7 @@
 
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/EsportaGriglia.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/windows/InCorso.h"
 
 namespace fenalto::screens {
@@ -32,7 +33,8 @@ QVBoxLayout& FinestraRapporto::Compila(records::DescrizioneForma forma, Piede pi
   Compila(std::move(forma), [pagina](const std::string&) -> QVBoxLayout& { return *pagina; });
   colonna->addLayout(CreaPiede(piede));
   colonna->addStretch(1);
-  setMinimumWidth(kLarghezzaMinima);
+  // Never narrower than what stands in it, as a minimum width of the window would let it be.
+  colonna->addStrut(Cresciuta(kLarghezzaMinima));
   setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
   Mostra();
   return *pagina;

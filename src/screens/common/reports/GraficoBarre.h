@@ -38,8 +38,8 @@ class GraficoBarre : public QWidget {
   /// Shows a text instead of the bars.
   void MostraTesto(const QString& testo);
 
-  [[nodiscard]] QSize sizeHint() const override { return {900, 260}; }
-  [[nodiscard]] QSize minimumSizeHint() const override { return {320, 150}; }
+  [[nodiscard]] QSize sizeHint() const override { return {900, 150}; }
+  [[nodiscard]] QSize minimumSizeHint() const override { return {320, 110}; }
 
  protected:
   void paintEvent(QPaintEvent* evento) override;

@@ -3,6 +3,9 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "screens/common/fields/Disposizione.h"
+#include "screens/common/look/Misure.h"
+
 namespace fenalto::screens {
 namespace {
 
@@ -13,10 +16,10 @@ enum Pagina { kScelta = 0, kRecord = 1 };
 FinestraSceltaERecord::FinestraSceltaERecord(const QString& nome, const QString& titolo,
                                              Finestre& finestre)
     : FinestraFunzione(nome, titolo, finestre), schede_(new QTabWidget(this)) {
-  schede_->setObjectName(QStringLiteral("SSTab1"));
-  schede_->setDocumentMode(true);
+  PreparaSchede(*schede_, QStringLiteral("SSTab1"));
   auto* colonna = new QVBoxLayout(this);
-  colonna->setContentsMargins(4, 4, 4, 4);
+  const int margine = Misura(Passo::Filo);
+  colonna->setContentsMargins(margine, margine, margine, margine);
   colonna->addWidget(schede_);
 }
 
@@ -24,6 +27,7 @@ void FinestraSceltaERecord::Disponi(QWidget* scelta, const QString& titoloScelta
   schede_->addTab(scelta, titoloScelta);
   schede_->addTab(record, QString());
   schede_->setTabEnabled(kRecord, false);
+  MisuraDellaPagina(*schede_);
   connect(schede_, &QTabWidget::currentChanged, this, &FinestraSceltaERecord::SchedaCambiata);
 }
 

@@ -8,6 +8,7 @@
 #include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/rows/RiquadroDiRiga.h"
 #include "screens/common/windows/Finestre.h"
 #include "screens/common/windows/Tastiera.h"
@@ -20,7 +21,7 @@ PaginaConRighe::PaginaConRighe(Finestre& finestre, QWidget* genitore)
       new Legatura([this]() -> Scheda& { return Testa(); }, finestre_.Sessione().Dialogo(), this);
   solaLettura_->setObjectName(QStringLiteral("AvvisoSolaLettura"));
   solaLettura_->setTextFormat(Qt::PlainText);
-  InGrassetto(solaLettura_);
+  InGrassetto(*solaLettura_);
   nuovaRiga_ = Pulsante(QStringLiteral("PNuovaRiga"), tr("Nuova riga"), tr("Ins"));
   conferma_ = Pulsante(QStringLiteral("Conferma"), tr("Conferma"), tr("Ctrl+Invio"));
   elimina_ = Pulsante(QStringLiteral("Elimina"), tr("Elimina"), tr("Ctrl+Canc"));
@@ -45,7 +46,7 @@ void PaginaConRighe::Usa(Griglia* righe, int righeMinime, RiquadroDiRiga* riga) 
   riga_ = riga;
   righe_->Modello().Decimali(finestre_.Sessione().Euro() ? 2 : 0);
   righe_->setToolTip(tr("clic o Invio su una riga la apre; Ins: nuova riga"));
-  righe_->SuggerisciVuota(tr("Ins: nuova riga"));
+  righe_->QuandoVuota(tr("nessuna riga: Ins, o Nuova riga, per la prima"));
   constexpr int kTestataEBordi = 2;
   righe_->setMinimumHeight(righe_->fontMetrics().height() * (righeMinime + kTestataEBordi));
   connect(righe_, &Griglia::RigaScelta, this, &PaginaConRighe::ApriRiga);

@@ -9,6 +9,7 @@
 #include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/rows/RiquadroDiRiga.h"
 #include "screens/common/windows/Tastiera.h"
 
@@ -68,7 +69,7 @@ void RigheDelRecord::Disponi() {
   if (!descritte_.elenco.isEmpty()) {
     auto* intorno = new QGroupBox(descritte_.elenco);
     elenco = new QVBoxLayout(intorno);
-    griglia_->setMinimumHeight(kAltezzaGriglia);
+    griglia_->setMinimumHeight(Cresciuta(kAltezzaGriglia));
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->addWidget(intorno);
   }
@@ -83,7 +84,7 @@ void RigheDelRecord::Disponi() {
 void RigheDelRecord::Collega() {
   const QString ins = tr("Ins: %1").arg(descritte_.nuova.toLower());
   griglia_->setToolTip(tr("clic o Invio su una riga la apre; %1").arg(ins));
-  griglia_->SuggerisciVuota(ins);
+  griglia_->QuandoVuota(ins);
   connect(griglia_, &Griglia::RigaScelta, this, &RigheDelRecord::Apri);
   connect(nuova_, &QPushButton::clicked, this, &RigheDelRecord::Nuova);
   connect(riquadro_, &RiquadroDiRiga::Confermata, this, &RigheDelRecord::MostraCambiata);

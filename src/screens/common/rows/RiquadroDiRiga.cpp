@@ -7,6 +7,7 @@
 #include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 
@@ -16,7 +17,7 @@ RiquadroDiRiga::RiquadroDiRiga(Finestre& finestre, QWidget* genitore)
   legatura_ =
       new Legatura([this]() -> Scheda& { return Riga(); }, finestre_.Sessione().Dialogo(), this);
   quale_->setObjectName(QStringLiteral("L_nuova_vecchiariga"));
-  InGrassetto(quale_);
+  InGrassetto(*quale_);
   conferma_ = Pulsante(QStringLiteral("ConfermaRiga"), tr("Conferma riga"), tr("Ctrl+Invio"));
   elimina_ = Pulsante(QStringLiteral("EliminaRiga"), tr("Elimina riga"), tr("Ctrl+Canc"));
   annulla_ = Pulsante(QStringLiteral("AnnullaRiga"), tr("Abbandona riga"), tr("Esc"));
@@ -35,9 +36,8 @@ QList<QAbstractButton*> RiquadroDiRiga::Pulsanti() const {
 }
 
 QVBoxLayout& RiquadroDiRiga::Compila(records::DescrizioneForma forma) {
-  constexpr int kSpazio = 4;
   auto* colonna = new QVBoxLayout(this);
-  colonna->setSpacing(kSpazio);
+  colonna->setSpacing(Misura(Passo::Filo));
   campi_ = new CampiForma(finestre_.Sessione(), std::move(forma), {legatura_}, *colonna);
   campi_->setParent(this);
   return *colonna;

@@ -33,12 +33,14 @@ BarraAnnunci::BarraAnnunci(QWidget* genitore) : QFrame(genitore), testo_(new QLa
   setObjectName(QStringLiteral("BarraAnnunci"));
   setFrameShape(QFrame::StyledPanel);
   setAutoFillBackground(true);
-  setBackgroundRole(QPalette::ToolTipBase);
+  QPalette colori = palette();
+  colori.setColor(QPalette::Window, colori.color(QPalette::ToolTipBase));
+  colori.setColor(QPalette::WindowText, colori.color(QPalette::ToolTipText));
+  setPalette(colori);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   testo_->setObjectName(QStringLiteral("TestoAnnuncio"));
   testo_->setTextFormat(Qt::PlainText);
   testo_->setWordWrap(true);
-  testo_->setForegroundRole(QPalette::ToolTipText);
   testo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   testo_->setFocusPolicy(Qt::NoFocus);
   auto* segno = new QLabel;

@@ -18,6 +18,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/EsportaGriglia.h"
 #include "screens/common/windows/BarraAnnunci.h"
+#include "screens/common/windows/Scorrevole.h"
 
 namespace fenalto::screens {
 
@@ -27,6 +28,13 @@ FinestraFunzione::FinestraFunzione(const QString& nome, const QString& titolo, F
   setWindowTitle(titolo);
   setAttribute(Qt::WA_DeleteOnClose, false);
   qApp->installEventFilter(this);
+}
+
+QMdiSubWindow* FinestraFunzione::Cornice() const {
+  for (auto* sopra = parentWidget(); sopra != nullptr; sopra = sopra->parentWidget()) {
+    if (auto* cornice = qobject_cast<QMdiSubWindow*>(sopra)) return cornice;
+  }
+  return nullptr;
 }
 
 void FinestraFunzione::ApriScheda(int scheda) {
@@ -45,7 +53,11 @@ void FinestraFunzione::ApriRecord(const Rinvio& rinvio) {
 void FinestraFunzione::Annuncia(const QString& testo) {
   if (annunci_ == nullptr) {
     annunci_ = new BarraAnnunci(this);
-    if (layout() != nullptr) layout()->addWidget(annunci_);
+    if (auto* cornice = Cornice()) {
+      static_cast<Scorrevole*>(cornice->widget())->MettiPiede(*annunci_);
+    } else if (layout() != nullptr) {
+      layout()->addWidget(annunci_);
+    }
   }
   annunci_->Annuncia(testo);
 }
@@ -161,11 +173,12 @@ void FinestraFunzione::keyPressEvent(QKeyEvent* evento) {
 }
 
 void FinestraFunzione::ChiudiDaTastiera() {
-  if (auto* cornice = qobject_cast<QMdiSubWindow*>(parentWidget())) cornice->close();
+  if (auto* cornice = Cornice()) cornice->close();
 }
 
 void FinestraFunzione::showEvent(QShowEvent* evento) {
   QWidget::showEvent(evento);
+  RiprendiMisura(*this);
   if (std::exchange(mostrata_, true)) return;
   // Its parts have been put together: one letter may have been given twice.
   DistribuisciLettere(*this);

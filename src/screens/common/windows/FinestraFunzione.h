@@ -16,6 +16,7 @@
 
 class QAbstractButton;
 class QKeyEvent;
+class QMdiSubWindow;
 
 namespace fenalto::screens {
 
@@ -29,6 +30,8 @@ class FinestraFunzione : public QWidget, public EsportatoreGriglie, public Segua
   FinestraFunzione(const QString& nome, const QString& titolo, Finestre& finestre);
 
   [[nodiscard]] QString Nome() const { return objectName(); }
+  /// The frame that the window lies in; null while it is in none.
+  [[nodiscard]] QMdiSubWindow* Cornice() const;
   /// A record of the window is open with changes that would be lost.
   [[nodiscard]] virtual bool InModifica() const { return false; }
   /// Gives the open record and the scratch up, without a question.

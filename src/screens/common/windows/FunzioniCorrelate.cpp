@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 
@@ -38,7 +39,7 @@ QGroupBox* RiquadroCorrelate(Finestre& finestre, std::span<const FunzioneCorrela
   auto* riquadro = new QGroupBox(QObject::tr("funzioni correlate"));
   riquadro->setObjectName(QStringLiteral("FrameFunzCorr"));
   auto* griglia = new QGridLayout(riquadro);
-  griglia->setVerticalSpacing(2);
+  griglia->setVerticalSpacing(Misura(Passo::Filo));
   QList<QPushButton*> mostrati;
   for (const auto& funzione : funzioni) {
     auto* pulsante = PulsanteFunzione(finestre, funzione, pulsanti);

@@ -14,6 +14,7 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
+#include "screens/common/look/Misure.h"
 #include "screens/documents/parties/ModelloParte.h"
 #include "screens/documents/parties/PannelloFoglia.h"
 #include "screens/duedates/SceltaParte.h"
@@ -144,7 +145,7 @@ void FinestraInterrCliFor::Interno::Carica() {
   albero->header()->setStretchLastSection(false);
   albero->header()->setSectionResizeMode(0, QHeaderView::Stretch);
   albero->header()->setSectionResizeMode(1, QHeaderView::Interactive);
-  albero->header()->resizeSection(1, kLargoImporto);
+  albero->header()->resizeSection(1, Cresciuta(kLargoImporto));
   MostraCorrente();
 }
 

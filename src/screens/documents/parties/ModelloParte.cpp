@@ -7,6 +7,7 @@
 
 #include "core/values/FormatoImporto.h"
 #include "screens/common/fields/Qs.h"
+#include "screens/common/look/Tavolozza.h"
 
 namespace fenalto::screens {
 namespace {
@@ -24,7 +25,7 @@ QIcon Cartella(bool piena) {
   const QColor tratto = QApplication::palette().color(piena ? QPalette::Active : QPalette::Disabled,
                                                       QPalette::WindowText);
   pittore.setPen(tratto);
-  if (piena) pittore.setBrush(QColor(235, 180, 60));
+  if (piena) pittore.setBrush(Colore(Segno::InScadenza, QApplication::palette()));
   pittore.drawPolygon(
       QPolygonF({{1.5, 3.5}, {6.5, 3.5}, {8, 5.5}, {14.5, 5.5}, {14.5, 13.5}, {1.5, 13.5}}));
   return immagine;

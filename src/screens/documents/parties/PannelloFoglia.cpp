@@ -6,6 +6,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -44,7 +45,7 @@ PannelloFoglia::PannelloFoglia(const QString& finestra, QWidget* genitore)
                               {tr("Dare"), Tipo::Importo, 90},
                               {tr("Avere"), Tipo::Importo, 90}})),
       scritte_(Scritta("Scritte")) {
-  InGrassetto(titolo_);
+  InGrassetto(*titolo_);
   invito_->setAlignment(Qt::AlignCenter);
   for (Griglia* griglia : {scadenza_, movimenti_}) griglia->setSortingEnabled(false);
   pagine_->addWidget(invito_);
@@ -83,7 +84,7 @@ QWidget* PannelloFoglia::CreaDocumento() {
     griglia->setSortingEnabled(false);
     griglia->Elastica(1);
   }
-  iva_->setMaximumHeight(kAltezzaIva);
+  iva_->setMaximumHeight(Cresciuta(kAltezzaIva));
   auto* pagina = new QWidget;
   auto* colonna = new QVBoxLayout(pagina);
   colonna->setContentsMargins(0, 0, 0, 0);

@@ -17,6 +17,8 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/EtichettaElisa.h"
+#include "screens/common/look/Misure.h"
 
 namespace fenalto::screens {
 namespace {
@@ -127,7 +129,7 @@ QLayout* FinestraEstrattoBanca::Interno::CreaFile() {
 }
 
 QLayout* FinestraEstrattoBanca::Interno::CreaColonne() {
-  constexpr int kCaratteri = 16;
+  constexpr int kCaratteri = 7;
   auto* riga = new QHBoxLayout;
   for (const archives::CampoImporta& campo : duedates::CampiEstratto()) {
     auto* scelta = new QComboBox;
@@ -150,12 +152,13 @@ QLayout* FinestraEstrattoBanca::Interno::CreaImpostazioni() {
   auto* riga = new QHBoxLayout;
   riga->addWidget(Didascalia(tr("Conto della banca"), contropartita));
   riga->addWidget(ConDescrizione(contropartita, kCifre), 1);
-  auto* nota = new QLabel(
+  auto* nota = new EtichettaElisa;
+  nota->setText(
       tr("causali e conto arrotondamenti: quelli di «Registrazione Pagamenti» per clienti e "
          "fornitori"));
   nota->setObjectName(QStringLiteral("NotaImpostazioni"));
-  riga->addWidget(nota);
-  riga->addSpacing(12);
+  riga->addWidget(nota, 1);
+  riga->addSpacing(Misura(Passo::Gruppo));
   riga->addWidget(soloAperte);
   return riga;
 }
@@ -170,6 +173,8 @@ QWidget* FinestraEstrattoBanca::Interno::CreaGriglie() {
                        {tr("Descrizione"), Tipo::Testo, 430},
                        {tr("Stato"), Tipo::Testo, 120},
                        {tr("Proposta"), Tipo::Testo, 300}});
+  linee->QuandoVuota(
+      QObject::tr("nessuna riga: scegliere con Sfoglia il file dell'estratto conto"));
   possibili = new Griglia(QStringLiteral("GrigliaProposte"), finestra.Nome(),
                           {{tr("Codice"), Tipo::Testo, 80},
                            {tr("Cliente/fornitore"), Tipo::Testo, 230},
@@ -177,6 +182,7 @@ QWidget* FinestraEstrattoBanca::Interno::CreaGriglie() {
                            {tr("Da saldare"), Tipo::Importo, 110},
                            {tr("Arrotondamento"), Tipo::Importo, 110},
                            {tr("Perché"), Tipo::Testo, 280}});
+  possibili->QuandoVuota(QObject::tr("nessuna proposta per la riga scelta"));
   auto* sotto = new QWidget;
   auto* colonna = new QVBoxLayout(sotto);
   colonna->setContentsMargins(0, 0, 0, 0);

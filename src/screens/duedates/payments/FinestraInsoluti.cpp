@@ -10,6 +10,7 @@
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/SceltaParte.h"
 
@@ -18,7 +19,7 @@ namespace {
 
 constexpr std::size_t kMassimoRicevute = 200;
 constexpr std::size_t kColonnaNumero = 9;  ///< after the columns shown
-constexpr int kAltezzaRicevute = 130;
+constexpr int kAltezzaRicevute = 84;
 constexpr int kTutto = 100;
 constexpr const char* kEffettuata = "RegContEffettuata";
 
@@ -55,7 +56,8 @@ QWidget* FinestraInsoluti::CreaRicevute() {
                            {tr("Presentata il"), Tipo::Data, 90, 2, QStringLiteral("DtPres")},
                            {tr("Insoluto n."), Tipo::Intero, 80},
                            {tr("Descrizione"), Tipo::Testo, 220}});
-  ricevute_->setMinimumHeight(kAltezzaRicevute);
+  ricevute_->QuandoVuota(QObject::tr("nessuna ricevuta: cercarla per codice, data o importo"));
+  ricevute_->setMinimumHeight(Cresciuta(kAltezzaRicevute));
   colonna->addWidget(ricevute_);
   const auto scegli = [this](int riga) {
     if (riga < 0 || (Insoluto().Aperto() && Gestore().ControlloUscita(*this))) return;

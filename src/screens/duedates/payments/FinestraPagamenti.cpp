@@ -14,6 +14,8 @@
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/PiedeGriglia.h"
+#include "screens/common/look/EtichettaElisa.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/rows/RiquadroDiRiga.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/GrigliaScadenze.h"
@@ -33,8 +35,7 @@ QLabel* Totale(const char* nome) {
   auto* etichetta = new QLabel;
   etichetta->setObjectName(QString::fromLatin1(nome));
   etichetta->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  InGrassetto(etichetta);
-  LargoCaratteri(etichetta, kCifreImporto);
+  InGrassetto(*etichetta);
   return etichetta;
 }
 
@@ -78,6 +79,7 @@ struct FinestraPagamenti::Interno {
   QLayout* CreaTesta();
   CampiForma* Compila(records::DescrizioneForma forma, Legatura* legatura, QVBoxLayout& dove);
   QLayout* CreaRicerca();
+  QWidget* CreaGriglie();
   QWidget* CreaRighe();
   QWidget* CreaRiga();
   QLayout* CreaPiede();
@@ -123,7 +125,7 @@ struct FinestraPagamenti::Interno {
   QLabel* quale = nullptr;
   QLabel* suggerimento;  ///< in the row's place while none is open
   QCheckBox* veloce;
-  QLabel* trovate = new QLabel;
+  QLabel* trovate = new EtichettaElisa;
   QLabel* totPagato = Totale("TotPagato");
   QLabel* totArrotondamento = Totale("TotArrotondamento");
   QPushButton* nuovo;
@@ -195,11 +197,7 @@ FinestraPagamenti::Interno::Interno(FinestraPagamenti& finestraUsata, Finestre& 
   contabili = Compila(FormaImpostazioni(modo == Modo::PiuParti), impostazioni, *contabile);
   colonna->addLayout(contabile);
   colonna->addLayout(CreaRicerca());
-  auto* griglie = new QSplitter(Qt::Vertical);
-  griglie->addWidget(scadenze);
-  griglie->addWidget(CreaRighe());
-  griglie->setChildrenCollapsible(false);
-  colonna->addWidget(griglie, 1);
+  colonna->addWidget(CreaGriglie(), 1);
   colonna->addLayout(CreaPiede());
   AssegnaMnemoniche({nuovo, cerca, tutte, archivio, confermaRiga, arrotonda, eliminaRiga,
                      annullaRiga, conferma, abbandona});
@@ -259,6 +257,16 @@ QLayout* FinestraPagamenti::Interno::CreaRicerca() {
   return fila;
 }
 
+QWidget* FinestraPagamenti::Interno::CreaGriglie() {
+  auto* griglie = new QSplitter(Qt::Vertical);
+  griglie->addWidget(scadenze);
+  griglie->addWidget(CreaRighe());
+  griglie->setChildrenCollapsible(false);
+  griglie->setStretchFactor(0, 2);
+  griglie->setStretchFactor(1, 1);
+  return griglie;
+}
+
 QWidget* FinestraPagamenti::Interno::CreaRighe() {
   auto* insieme = new QWidget;
   auto* fila = new QHBoxLayout(insieme);
@@ -303,9 +311,9 @@ QWidget* FinestraPagamenti::Interno::CreaRiga() {
 
 QLayout* FinestraPagamenti::Interno::CreaPiede() {
   auto* fila = new QHBoxLayout;
+  fila->addStretch(1);
   fila->addWidget(conferma);
   fila->addWidget(abbandona);
-  fila->addStretch(1);
   return fila;
 }
 
@@ -364,11 +372,11 @@ void FinestraPagamenti::Interno::Cerca() {
   if (!filtri->Raccogli()) return;
   const auto totale = scadenze->Cerca(
       gestore.Sessione(), caso.Ricerca(ricerca.Testo("nfat"), ricerca.Leggi("dtfat").Data()));
-  trovate->setText((totale.righe == 1 ? tr("%1 scadenza aperta, da saldare %2%3")
-                                      : tr("%1 scadenze aperte, da saldare %2%3"))
-                       .arg(totale.righe)
-                       .arg(Qs(ScriviImporto(totale.Residuo(), 2)),
-                            totale.interrotta ? tr(" (ricerca interrotta)") : QString()));
+  trovate->setText(
+      (totale.righe == 1 ? tr("%1 aperta, da saldare %2%3") : tr("%1 aperte, da saldare %2%3"))
+          .arg(totale.righe)
+          .arg(Qs(ScriviImporto(totale.Residuo(), 2)),
+               totale.interrotta ? tr(" (ricerca interrotta)") : QString()));
   Mostra();
 }
 

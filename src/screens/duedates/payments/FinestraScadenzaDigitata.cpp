@@ -8,6 +8,7 @@
 #include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
+#include "screens/common/look/Misure.h"
 #include "screens/duedates/CampiScadenza.h"
 #include "screens/duedates/SceltaParte.h"
 
@@ -78,7 +79,7 @@ FinestraScadenzaDigitata::~FinestraScadenzaDigitata() {
 void FinestraScadenzaDigitata::Disponi() {
   constexpr int kLarghezzaMinima = 720;
   auto* colonna = new QVBoxLayout(this);
-  setMinimumWidth(kLarghezzaMinima);
+  colonna->addStrut(Cresciuta(kLarghezzaMinima));
   auto* testa = new QHBoxLayout;
   testa->addWidget(Didascalia(tr("Cliente/fornitore"), &parte_->Campo()));
   testa->addWidget(parte_, 1);

@@ -16,6 +16,7 @@
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/lists/PiedeGriglia.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/reports/GraficoBarre.h"
 #include "screens/common/windows/InCorso.h"
 
@@ -115,7 +116,7 @@ FinestraSituazioneScadenze::Interno::Interno(FinestraSituazioneScadenze& finestr
       tutte(Pulsante(QStringLiteral("Tutte"), tr("Tutte le scadenze"))),
       esporta(Pulsante(QStringLiteral("XlsEsp"), tr("Esporto in Excel"))) {
   CreaGriglie();
-  schede->setObjectName(QStringLiteral("SSTab1"));
+  PreparaSchede(*schede, QStringLiteral("SSTab1"));
   schede->addTab(CreaSituazione(), tr("Situazione"));
   schede->addTab(CreaScadenze(), tr("Scadenze"));
   auto* colonna = new QVBoxLayout(&finestra);
@@ -138,6 +139,7 @@ void FinestraSituazioneScadenze::Interno::CreaGriglie() {
                        {tr("Scaduto"), Tipo::Importo, 110, 2, QStringLiteral("scaduto")},
                        {tr("Totale"), Tipo::Importo, 115, 2, QStringLiteral("totale")}});
   parti->Elastica(1);
+  parti->QuandoVuota(QObject::tr("nessuna scadenza aperta nel periodo scelto"));
   mesi = new Griglia(QStringLiteral("GrigliaMesi"), finestra.Nome(),
                      {{tr("Mese"), Tipo::Testo, 108, 2, QStringLiteral("mese")},
                       {tr("Scadenze"), Tipo::Intero, 50, 2, QStringLiteral("n_scad")},
@@ -162,6 +164,7 @@ void FinestraSituazioneScadenze::Interno::CreaGriglie() {
                    {tr("Residuo"), Tipo::Importo, 100},
                    {tr("Giorni di ritardo"), Tipo::Intero, 80, 2, QStringLiteral("gg_ritardo")}});
   scadenze->Elastica(5);
+  scadenze->QuandoVuota(QObject::tr("scegliere una riga qui sopra: le sue scadenze si vedono qui"));
 }
 
 QHBoxLayout* FinestraSituazioneScadenze::Interno::CreaScelta() {
@@ -191,7 +194,7 @@ PiedeGriglia* FinestraSituazioneScadenze::Interno::CreaTotali() {
     importo->setObjectName(QString::fromLatin1(kNomiTotali.at(i)));
     importo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     importo->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    InGrassetto(importo);
+    InGrassetto(*importo);
     piede->Metti(kPrimaFascia + static_cast<int>(i), importo);
   }
   return piede;
@@ -200,7 +203,7 @@ PiedeGriglia* FinestraSituazioneScadenze::Interno::CreaTotali() {
 QWidget* FinestraSituazioneScadenze::Interno::CreaSituazione() {
   auto* pagina = new QWidget;
   auto* sotto = new QHBoxLayout;
-  mesi->setMinimumWidth(kLarghezzaMesi);
+  mesi->setMinimumWidth(Cresciuta(kLarghezzaMesi));
   sotto->addWidget(mesi);
   sotto->addWidget(grafico, 1);
   auto* colonna = new QVBoxLayout(pagina);

@@ -14,6 +14,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/windows/InCorso.h"
 
 namespace fenalto::screens {
@@ -93,13 +94,14 @@ void FinestraRaggruppamento::Interno::CreaGriglia() {
                          {tr("Pagamento"), Tipo::Testo, 60, 2, QStringLiteral("Pag")},
                          {tr("Riferimenti"), Tipo::Testo, 420}});
   griglia->Elastica(kColonnaRiferimentiFatture);
+  griglia->QuandoVuota(QObject::tr("nessuna ricevuta da raggruppare fino alla data scelta"));
 }
 
 QHBoxLayout* FinestraRaggruppamento::Interno::CreaScelta() {
   auto* riga = new QHBoxLayout;
   Affianca(*riga, tr("Scadenze dal"), da);
   Affianca(*riga, tr("al"), a);
-  riga->addSpacing(16);
+  riga->addSpacing(Misura(Passo::Stacco));
   riga->addWidget(Didascalia(tr("Cliente"), cliente));
   riga->addWidget(ConDescrizione(cliente, kCifreCodice), 1);
   return riga;

@@ -18,6 +18,8 @@
 #include "screens/common/fields/OpzioniGrafiche.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/EtichettaElisa.h"
+#include "screens/common/look/Misure.h"
 #include "screens/duedates/CampiScadenza.h"
 
 namespace fenalto::screens {
@@ -80,7 +82,7 @@ QLabel* Mostrato(const char* nome) {
 }
 
 QLabel* InEvidenza(QLabel* etichetta) {
-  InGrassetto(etichetta);
+  InGrassetto(*etichetta);
   return etichetta;
 }
 
@@ -175,7 +177,7 @@ QLayout* FinestraRiba::Interno::CreaDistinta() {
   Affianca(*prima, tr("Data distinta"), data);
   prima->addWidget(new QLabel(tr("Distinta n.")));
   prima->addWidget(numero);
-  prima->addSpacing(16);
+  prima->addSpacing(Misura(Passo::Stacco));
   prima->addWidget(descrizione, 1);
   auto* seconda = new QHBoxLayout;
   seconda->addWidget(cartella, 1);
@@ -200,7 +202,7 @@ QWidget* FinestraRiba::Interno::CreaRegistrazione() {
   fila->addWidget(crea);
   const auto aggiungi = [&](CampoCodice* campo, const QString& testo, int cifre) {
     legatura->Lega(campo);
-    fila->addSpacing(16);
+    fila->addSpacing(Misura(Passo::Stacco));
     fila->addWidget(Didascalia(testo, campo));
     fila->addWidget(ConDescrizione(campo, cifre), 1);
   };
@@ -214,11 +216,12 @@ QWidget* FinestraRiba::Interno::CreaSelezione() {
   auto* colonna = new QVBoxLayout(riquadro);
   auto* fila = new QHBoxLayout;
   for (auto* pulsante : {tutte, nessuna, aggiorna, esporta}) fila->addWidget(pulsante);
-  fila->addSpacing(16);
-  fila->addWidget(new QLabel(tr("barra spaziatrice o doppio clic: sceglie la riga, o la toglie")),
-                  1);
+  fila->addSpacing(Misura(Passo::Stacco));
+  auto* tasti = new EtichettaElisa;
+  tasti->setText(tr("barra spaziatrice o doppio clic: sceglie la riga, o la toglie"));
+  fila->addWidget(tasti, 1);
   fila->addWidget(scelte);
-  fila->addSpacing(16);
+  fila->addSpacing(Misura(Passo::Stacco));
   fila->addWidget(new QLabel(tr("Totale")));
   fila->addWidget(totale);
   totale->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -234,13 +237,12 @@ QLayout* FinestraRiba::Interno::CreaPiede() {
   tracciato->setObjectName(QStringLiteral("StampaTracciato"));
   tracciato->setToolTip(tr("in fondo alla distinta, le righe del file per la banca"));
   legatura->Lega(tracciato);
-  fila->addWidget(conferma);
-  fila->addSpacing(16);
   fila->addLayout(opzioni->Riga());
   fila->addWidget(tracciato);
-  fila->addSpacing(16);
+  fila->addSpacing(Misura(Passo::Stacco));
   esito->setTextInteractionFlags(Qt::TextSelectableByMouse);
   fila->addWidget(esito, 1);
+  fila->addWidget(conferma);
   return fila;
 }
 

@@ -95,6 +95,7 @@ void FinestraFattureSospIva::Interno::CreaGriglia() {
                          {tr("Imponibile"), Tipo::Importo, 120},
                          {tr("IVA"), Tipo::Importo, 110},
                          {tr("Incasso"), Tipo::Data, 90}});
+  griglia->QuandoVuota(QObject::tr("nessuna fattura in sospensione nel periodo scelto"));
 }
 
 QHBoxLayout* FinestraFattureSospIva::Interno::CreaFiltri() {

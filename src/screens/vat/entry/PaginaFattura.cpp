@@ -10,6 +10,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/windows/FinestraFunzione.h"
 #include "screens/vat/entry/FormaFattura.h"
 #include "screens/vat/entry/PannelloContabile.h"
@@ -100,7 +101,7 @@ QHBoxLayout* PaginaFattura::DisponiPiede() {
   riga->addWidget(aiuto);
   riga->addStretch(1);
   riga->addWidget(scadenze_);
-  riga->addSpacing(12);
+  riga->addSpacing(Misura(Passo::Gruppo));
   for (auto* pulsante : {conferma_, elimina_, annulla_}) riga->addWidget(pulsante);
   return riga;
 }

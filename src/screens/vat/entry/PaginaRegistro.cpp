@@ -19,7 +19,7 @@
 namespace fenalto::screens {
 namespace {
 
-constexpr int kCorrelatePerRiga = 6;
+constexpr int kCorrelatePerRiga = 5;
 constexpr int kCifre = 10;
 
 constexpr FunzioneCorrelata kCorrelate[] = {

@@ -9,6 +9,8 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
+#include "screens/common/look/Tavolozza.h"
 
 namespace fenalto::screens {
 namespace {
@@ -22,11 +24,9 @@ QLabel* Cifra(const char* nome) {
 }
 
 void Rosso(QLabel* etichetta, bool rosso) {
-  constexpr int kMezzo = 128;
   QPalette tavolozza;
   if (rosso) {
-    const bool scuro = etichetta->palette().color(QPalette::Window).lightness() < kMezzo;
-    tavolozza.setColor(QPalette::WindowText, scuro ? QColor(255, 120, 120) : QColor(190, 20, 20));
+    tavolozza.setColor(QPalette::WindowText, Colore(Segno::Scaduto, etichetta->palette()));
   }
   etichetta->setPalette(tavolozza);
 }
@@ -56,8 +56,8 @@ PannelloContabile::PannelloContabile(vat::RegistrazioneIva& fatture, Finestre& f
 QGroupBox* PannelloContabile::CreaTotali() {
   auto* riquadro = new QGroupBox(tr("Totali"));
   auto* griglia = new QGridLayout(riquadro);
-  griglia->setHorizontalSpacing(12);
-  griglia->setVerticalSpacing(3);
+  griglia->setHorizontalSpacing(Misura(Passo::Gruppo));
+  griglia->setVerticalSpacing(Misura(Passo::Filo));
   const struct {
     QString testo;
     QLabel* cifra;
@@ -72,8 +72,8 @@ QGroupBox* PannelloContabile::CreaTotali() {
     griglia->setColumnStretch(colonna, 1);
     ++colonna;
   }
-  InGrassetto(totFat_);
-  constexpr int kCifre = 14;
+  InGrassetto(*totFat_);
+  constexpr int kCifre = 12;
   LargoCaratteri(digitato_, kCifre);
   digitato_->setToolTip(tr("il totale scritto sul documento: si confronta con le righe"));
   griglia->addWidget(Didascalia(tr("Tot. di controllo"), digitato_), 2, 0, Qt::AlignRight);
@@ -90,11 +90,13 @@ QGroupBox* PannelloContabile::CreaScrittura() {
                             {tr("Descrizione"), Tipo::Testo, 150},
                             {tr("Dare"), Tipo::Importo, 88},
                             {tr("Avere"), Tipo::Importo, 88}});
+  scrittura_->QuandoVuota(
+      QObject::tr("la scrittura contabile si forma mentre si digitano le righe"));
   scrittura_->Modello().Decimali(decimali_);
   scrittura_->setFocusPolicy(Qt::ClickFocus);
   quadratura_ = Cifra("Quadratura");
   auto* colonna = new QVBoxLayout(riquadro);
-  colonna->setSpacing(3);
+  colonna->setSpacing(Misura(Passo::Filo));
   colonna->addWidget(scrittura_, 1);
   colonna->addWidget(quadratura_);
   return riquadro;

@@ -19,7 +19,7 @@ constexpr const char* kScorpora = "PulisciImporti";
 
 records::DescrizioneForma FormaRigaIva() {
   constexpr int kCodice = 6;
-  constexpr int kImporto = 13;
+  constexpr int kImporto = 12;
   return {.campi = {DiCodice("Conto", "Conto", "conti", 11).Peso(3),
                     DiCodice("CodIva", "Codice iva", "codiciIva", kCodice).Accanto().Peso(2),
                     Digitato("Posi", "Posizione", 5).Accanto().Turno(2),
@@ -44,10 +44,13 @@ records::DescrizioneForma FormaRigaIva() {
 RiquadroRigaIva::RiquadroRigaIva(vat::RegistrazioneIva& fatture, Finestre& finestre,
                                  QWidget* genitore)
     : RiquadroSul(fatture, finestre, genitore) {
-  Compila(FormaRigaIva());
-  campi_->Linea("IvaInd").addWidget(quale_);
+  auto& colonna = Compila(FormaRigaIva());
   const QList<QWidget*> pulsanti{conferma_, elimina_, annulla_};
-  for (auto* pulsante : pulsanti) campi_->Linea(kScorpora).addWidget(pulsante);
+  auto* sotto = new QHBoxLayout;
+  sotto->addWidget(quale_);
+  sotto->addStretch(1);
+  for (auto* pulsante : pulsanti) sotto->addWidget(pulsante);
+  colonna.addLayout(sotto);
   OrdinaFuochi(campi_->Ordine() + pulsanti + campi_->Ordine(1) + campi_->Ordine(2));
   legatura_->Rinuncia(annulla_);
   connect(&campi_->Pulsante(kScorpora), &QAbstractButton::clicked, this,

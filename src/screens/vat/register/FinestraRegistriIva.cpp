@@ -7,6 +7,7 @@
 #include "core/values/Testo.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/OpzioniGrafiche.h"
+#include "screens/common/look/Misure.h"
 #include "screens/vat/register/DatiRegistroIva.h"
 
 namespace fenalto::screens {
@@ -55,7 +56,7 @@ FinestraRegistriIva::Interno::Interno(FinestraRegistriIva& finestraUsata, Finest
   colonna->addStretch(1);
   AssegnaMnemoniche({stampa});
   constexpr int kLarghezzaMinima = 560;
-  finestra.setMinimumWidth(kLarghezzaMinima);
+  colonna->addStrut(Cresciuta(kLarghezzaMinima));
   finestra.setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
   dati.MostraOpzioni();
   MostraIntervallo();

@@ -7,6 +7,7 @@
 
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/OpzioniGrafiche.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/windows/Attesa.h"
 #include "screens/common/windows/InCorso.h"
 #include "screens/vat/register/DatiRegistroIva.h"
@@ -57,7 +58,7 @@ FinestraRegistroIva::Interno::Interno(FinestraRegistroIva& finestraUsata, Finest
       elenchi(new PaginaElenchiIva(dati, finestraUsata.Nome())),
       stampa(Pulsante(QStringLiteral("Stampa"), FinestraRegistroIva::tr("Stampa"))),
       attesa(new QTimer(&finestraUsata)) {
-  schede->setObjectName(QStringLiteral("SSTab1"));
+  PreparaSchede(*schede, QStringLiteral("SSTab1"));
   schede->addTab(periodo, tr("Periodo e registri"));
   schede->addTab(controlli, tr("Controlli"));
   schede->addTab(liquidazione, tr("Liquidazione"));
@@ -65,7 +66,8 @@ FinestraRegistroIva::Interno::Interno(FinestraRegistroIva& finestraUsata, Finest
   auto* sotto = opzioni.Riga();
   sotto->addWidget(stampa);
   auto* colonna = new QVBoxLayout(&finestra);
-  colonna->setContentsMargins(4, 4, 4, 4);
+  const int margine = Misura(Passo::Filo);
+  colonna->setContentsMargins(margine, margine, margine, margine);
   colonna->addWidget(schede, 1);
   colonna->addLayout(sotto);
   QList<QAbstractButton*> pulsanti{stampa, periodo->Conferma(), controlli->PulsanteVedi()};

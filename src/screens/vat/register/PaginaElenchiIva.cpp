@@ -52,6 +52,8 @@ QGroupBox* PaginaElenchiIva::CreaChiusure(const QString& finestra) {
                    {tr("Numero"), Tipo::Intero, 60, 2, QStringLiteral("n")},
                    {tr("Anno"), Tipo::Intero, 80, 2, QStringLiteral("anno")}});
   griglia_->Elastica(0);
+  griglia_->QuandoVuota(
+      QObject::tr("nessuna liquidazione: la memorizza la stampa definitiva del registro"));
   auto* mostra = Pulsante(QStringLiteral("Command3"), tr("Elenco liquidazioni"));
   auto* stampa = Pulsante(QStringLiteral("StampaElencoChiusure"), tr("Stampa elenco"));
   auto* elimina = Pulsante(QStringLiteral("Command2"),

@@ -10,6 +10,7 @@
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
 #include "screens/common/reports/GraficoBarre.h"
 #include "vat/settlement/ConfrontoLiquidazioni.h"
 
@@ -48,7 +49,7 @@ PaginaLiquidazioneIva::PaginaLiquidazioneIva(DatiRegistroIva& dati, const QStrin
   griglia_->horizontalHeader()->setSectionsClickable(false);
   grafico_->setAccessibleName(tr("Iva a debito e a credito per periodo dell'anno"));
   auto* colonna = new QVBoxLayout;
-  InGrassetto(risultato_);
+  InGrassetto(*risultato_);
   risultato_->setObjectName(QStringLiteral("RisultatoLiquidazione"));
   auto* sopra = new QHBoxLayout;
   sopra->addWidget(titolo_, 1);
@@ -85,7 +86,7 @@ QGroupBox* PaginaLiquidazioneIva::CreaDati() {
     const std::string nomeDescr = std::string(nome) + "Descr";
     auto* descrizione = dati_.Testo(nomeDescr.c_str(), kLunghezzaDescr);
     auto* importo = dati_.ImportoDi(nome, dati_.Decimali());
-    descrizione->setMinimumWidth(250);
+    descrizione->setMinimumWidth(Cresciuta(250));
     descrizione->setPlaceholderText(tr("descrizione"));
     descrizione->setAccessibleName(tr("descrizione"));
     importo->setAccessibleName(tr("importo"));

@@ -6,6 +6,7 @@
 
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/lists/Griglia.h"
+#include "screens/common/look/Misure.h"
 #include "vat/settlement/ConfrontoLiquidazioni.h"
 
 namespace fenalto::screens {
@@ -62,7 +63,8 @@ records::DescrizioneForma FormaStampa() {
                    {.nome = kVentilazione,
                     .titolo = "Ventilazione: acquisti destinati alla rivendita",
                     .largo = true},
-                   {.nome = kGiri, .titolo = "Con la stampa definitiva", .largo = true}}};
+                   {.nome = kGiri, .titolo = "Con la stampa definitiva", .largo = true}},
+      .stretta = true};
 }
 
 }  // namespace
@@ -71,8 +73,11 @@ PaginaPeriodoIva::PaginaPeriodoIva(DatiRegistroIva& dati, const QString& finestr
                                    QWidget* genitore)
     : QWidget(genitore), dati_(dati) {
   auto* griglia = new QGridLayout(this);
+  const int lato = Misura(Passo::Vicino);
+  griglia->setContentsMargins(lato, Misura(Passo::Filo), lato, 0);
   griglia->addWidget(CreaPeriodo(finestra), 0, 0);
   auto* destra = new QVBoxLayout;
+  destra->setSpacing(Misura(Passo::Filo));
   const CampiForma stampa(dati_.Sessione(), FormaStampa(), {&dati_.legatura}, *destra);
   destra->addStretch(1);
   griglia->addLayout(destra, 0, 1);
