@@ -291,7 +291,7 @@ Rapporto MisuraDistinta(const OpzioniAmbiente& opzioni) {
         }));
       },
       [&] {
-        Pretendi(duedates::StampaDistinta(banco.ambiente, fabbrica, dati).Prova(),
+        Pretendi(duedates::StampaDistinta(banco.ambiente, fabbrica, dati, {}).Prova(),
                  "distinta non stampata");
       },
       21);
