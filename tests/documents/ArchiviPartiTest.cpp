@@ -179,7 +179,11 @@ TEST_F(ArchiviPartiTest, NumeriFiscaliErratiSiDicono) {
       {{{"piva", "DE 123 456 789"}}, "PARTITA IVA ERRATA", "DE 123 456 789"},
       {{{"piva", "RSSMRA80A01H501U"}}, ""},
       {{{"piva", ""}}, ""},
-      {{{"piva", "IT12345678903"}}, "PARTITA IVA ERRATA"},
+      {{{"piva", "IT12345678901"}}, "PARTITA IVA ERRATA", "IT12345678901"},
+      {{{"piva", "IT12345678903"}}, "", "12345678903"},
+      {{{"piva", "it 012 345 678 97"}}, "", "01234567897"},
+      {{{"piva", "I.T. 012.345.678.97"}}, "", "01234567897"},
+      {{{"piva", "FR 12 345 678 901 23"}}, "PARTITA IVA ERRATA", "FR1234567890123"},
       {{{"piva", "DE12345"}}, "PARTITA IVA ERRATA"},
       {{{"piva", "12345678901"}},
        "PARTITA IVA ERRATA\n(oppure potrebbe trattarsi di codice fiscale o p.iva estera)"},
@@ -210,6 +214,20 @@ TEST_F(ArchiviPartiTest, NumeriFiscaliErratiSiDicono) {
     fornitori.Record().Scrivi("piva", "");
     EXPECT_TRUE(fornitori.Conferma());
   }
+}
+
+// More than the column holds isn't cut: it is told, and stays to be corrected.
+TEST_F(ArchiviPartiTest, PartitaIvaTroppoLunga) {
+  archives::ArchivioCodici fornitori = Archivio("Fornitori");
+  fornitori.Inizia();
+  Scrivi(fornitori, {{"Cod", "9000"}, {"piva", "FR 12 345 678 901 234 56"}});
+  Messaggi();
+  Rifiuto rifiuto;
+  EXPECT_FALSE(fornitori.Conferma(&rifiuto));
+  EXPECT_EQ(SoloMessaggio(), "partita IVA: FR1234567890123456 ha 18 caratteri, al massimo sono 16");
+  EXPECT_EQ(rifiuto.campo, "piva");
+  fornitori.Record().Scrivi("piva", "FR12345678901");
+  EXPECT_TRUE(fornitori.Conferma());
 }
 
 TEST_F(ArchiviPartiTest, LaPartitaIvaDiUnAltro) {

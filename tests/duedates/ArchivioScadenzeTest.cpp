@@ -89,11 +89,28 @@ TEST_F(ArchivioScadenzeTest, ControlliNelLoroOrdine) {
   EXPECT_FALSE(archivio.Conferma());
   EXPECT_EQ(SoloMessaggio(), "manca la data della scadenza");
   archivio.Record().Scrivi("Dt", G(1, 4, 2024));
+  archivio.Record().Scrivi("Riva", "ZZ");
+  std::string campo;
+  EXPECT_FALSE(archivio.Conferma(&campo));
+  EXPECT_EQ(SoloMessaggio(),
+            "Registro iva: il codice ZZ non esiste, sceglierne uno dall'elenco (F2)");
+  EXPECT_EQ(campo, "Riva");
+  archivio.Record().Scrivi("Riva", "");
   archivio.Record().Scrivi("ImportoE", I("10.005"));
   EXPECT_FALSE(archivio.Conferma());
   EXPECT_EQ(SoloMessaggio(),
             "l'importo 10,005 ha più di due decimali: gli importi sono in centesimi");
   EXPECT_EQ(Tutto(), prima);
+}
+
+// A register that a stored due date names stays, though its archive has lost it.
+TEST_F(ArchivioScadenzeTest, RegistroDiUnTempo) {
+  const auto n = Nuova("C", "0001", "100", 5);
+  Imposta(n, "Riva='ZZ'");
+  ASSERT_TRUE(archivio.Apri(n));
+  archivio.Record().Scrivi("Descrizione", "saldo");
+  EXPECT_TRUE(archivio.Conferma());
+  EXPECT_EQ(Campo(n, "Riva").Testo(), "ZZ");
 }
 
 TEST_F(ArchivioScadenzeTest, AvvisiCheNonFermano) {

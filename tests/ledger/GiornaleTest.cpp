@@ -273,6 +273,43 @@ TEST_F(GiornaleTest, Definitiva) {
   EXPECT_EQ(giornale.Proposta().daDt, G(1, 1, 2023));
 }
 
+// The last mark lies in a year before, and that year went on after it.
+TEST_F(GiornaleTest, DefinitivaConUnAnnoRimastoIndietro) {
+  Articolo(2023, 1, G(10, 11, 2023), {{"P", "100.010", I("1")}});
+  Articolo(2023, 2, G(5, 12, 2023), {{"P", "100.010", I("1"), "APEX"}});
+  Articolo(2023, 3, G(12, 12, 2023), {{"P", "100.010", I("1")}});
+  Articolo(2023, 4, G(30, 12, 2023), {{"P", "100.010", I("1")}});
+  Articolo(2024, 1, G(1, 2, 2024), {{"P", "100.010", I("1")}});
+  Tessarc().Inserisci("UltimaDataLibro", {{"Anno", 2023}, {"dt", G(30, 11, 2023)}});
+  ledger::SceltaGiornale scelta = Scelta();
+  for (const Risposta risposta : {Risposta::No, Risposta::Si}) {
+    Verso(Destinazione::Testo);
+    dialoghi.Rispondera("STAMPA DEFINITIVA ?", Risposta::Si);
+    dialoghi.Rispondera("dal 12/12/2023 al 30/12/2023 ci sono registrazioni", risposta);
+    ASSERT_TRUE(giornale.Stampa(scelta));
+    EXPECT_EQ(Segno().Data(), risposta == Risposta::Si ? G(31, 12, 2024) : G(30, 11, 2023));
+  }
+  // That year printed whole, nothing is left behind.
+  Tessarc().Esegui("DELETE * FROM UltimaDataLibro");
+  Tessarc().Inserisci("UltimaDataLibro", {{"Anno", 2023}, {"dt", G(30, 12, 2023)}});
+  ASSERT_TRUE(Stampa(scelta, Destinazione::Testo, Risposta::Si));
+  EXPECT_EQ(Segno().Data(), G(31, 12, 2024));
+}
+
+// Its movements of before bear the old class.
+TEST_F(GiornaleTest, ContoDallaClasseCambiata) {
+  Articolo(2024, 1, G(1, 2, 2024), {{"P", "100.010", I("5")}});
+  Tessarc().Esegui(
+      "UPDATE Conti SET CFP='C', Descrizione='Cassa di una volta' WHERE Cod='100.010'");
+  Tessarc().Esegui("DELETE * FROM ContiClientiFornitori WHERE CFP='P' AND Cod='100.010'");
+  ledger::SceltaGiornale scelta = Scelta();
+  ASSERT_TRUE(Stampa(scelta));
+  EXPECT_THAT(Corpo(), HasSubstr("100.010  Cassa di una volta"));
+  scelta.stGrafico = true;
+  ASSERT_TRUE(Stampa(scelta, Destinazione::Pdf));
+  EXPECT_THAT(uscite.Scritte(), ::testing::Contains("Cassa di una volta"));
+}
+
 TEST_F(GiornaleTest, LibroVuoto) {
   Articolo(2024, 1, G(1, 1, 2024), {{"P", "100.010", I("9"), "apex"}});
   ASSERT_TRUE(Stampa(Scelta()));

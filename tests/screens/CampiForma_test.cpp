@@ -145,6 +145,25 @@ TEST_F(CampiFormaTest, CaratteriDiControllo) {
   ASSERT_FALSE(campo.Letto());
   EXPECT_EQ(campo.Letto().Errore().messaggio,
             "il testo contiene il carattere di controllo U+001B: toglierlo");
+  // A mark is no text: changed beside it, the value isn't stored with the mark in it.
+  campo.setText(QStringLiteral("Bar␇Sport Uno"));
+  ASSERT_FALSE(campo.Letto());
+  EXPECT_EQ(campo.Letto().Errore().messaggio,
+            "il segno ␇ sta per il carattere di controllo U+0007: toglierlo, o sostituirlo con "
+            "quel che deve esserci");
+  campo.Mostra(Valore("Bar"));
+  campo.setText(QStringLiteral("Bar␇"));
+  EXPECT_TRUE(campo.Letto()) << "typed by somebody who wants it";
+  CampoCodice codice(QStringLiteral("Codice"), archives::FonteInMemoria({{"A", "uno\x07"}}));
+  for (const char* tenuto : {"A\x07", "A\xE8"}) {
+    codice.Mostra(Valore(tenuto));
+    EXPECT_EQ(codice.Letto().Valore().Testo(), tenuto);
+  }
+  codice.Mostra(Valore("A"));
+  EXPECT_EQ(codice.Etichetta()->text(), QStringLiteral("uno␇"));
+  codice.setText(QStringLiteral("A\x1B"));
+  EXPECT_FALSE(codice.Letto());
+  EXPECT_EQ(codice.Codice(), "");
   CampoNote note(QStringLiteral("Note"));
   note.Mostra(Valore("prima\r\nseconda\x02"));
   EXPECT_EQ(note.toPlainText(), QStringLiteral("prima\nseconda␂"));

@@ -297,6 +297,24 @@ TEST_F(FattureControlliTest, CodiciEliminatiAltrove) {
   }
 }
 
+TEST_F(FattureControlliTest, RiepilogativoFuoriDalPiano) {
+  for (const auto& [riva, tabella, parte] :
+       {std::tuple{"3", "Fornitori", "fornitore"}, {"1", "Clienti", "cliente"}}) {
+    SCOPED_TRACE(parte);
+    vat::RegistrazioneIva f(ambiente);
+    ASSERT_TRUE(Digita(f, {.riva = riva, .parte = "0001", .righe = {{"500.001", "22", I("1")}}}));
+    Tessarc().Esegui(std::string("update ") + tabella + " set Conto='499.999' where Cod='0001'");
+    Messaggi();
+    const std::string prima = Tutto();
+    std::string campo;
+    EXPECT_FALSE(f.Conferma(&campo));
+    EXPECT_EQ(SoloMessaggio(), std::string("il conto riepilogativo 499.999 del ") + parte +
+                                   " 0001 non esiste nel piano dei conti: correggere l'anagrafica");
+    EXPECT_EQ(campo, "Contox");
+    EXPECT_EQ(Tutto(), prima);
+  }
+}
+
 TEST_F(FattureControlliTest, ReverseCharge) {
   vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, {.riva = "4",

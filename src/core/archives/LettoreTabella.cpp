@@ -80,7 +80,8 @@ Esito<TabellaCsv> LeggiTabellaDaTesto(std::string_view byte) {
   if (byte.size() > kMassimoFileTesto) {
     return Errore{"il file supera i 64 MB: dividerlo in più file"};
   }
-  const std::string utf8 = ComeUtf8(byte);
+  // What is broken stays so, and is refused where it stands: guessed at, it would be stored.
+  const std::string utf8 = Utf8Guasto(byte) ? std::string(byte) : ComeUtf8(byte);
   std::string_view testo(utf8);
   if (testo.find('\0') != std::string_view::npos) {
     return Errore{
@@ -104,6 +105,10 @@ Esito<TabellaCsv> LeggiTabellaDaTesto(std::string_view byte) {
   TogliColonneVuoteInFondo(tabella);
   if (auto pari = Pareggia(tabella); !pari) return pari.Errore();
   for (std::size_t i = 0; i < tabella.nomi.size(); ++i) {
+    if (!Utf8Valido(tabella.nomi[i])) {
+      return Errore{"riga " + std::to_string(saltate + 1) + ", colonna " + std::to_string(i + 1) +
+                    ": nel nome " + DifettoTesto(tabella.nomi[i])};
+    }
     tabella.nomi[i] = std::string(Rifila(tabella.nomi[i]));
     if (tabella.nomi[i].empty()) tabella.nomi[i] = "Colonna " + std::to_string(i + 1);
   }
@@ -118,7 +123,7 @@ Esito<TabellaCsv> LeggiTabella(const std::filesystem::path& file) {
   if (std::filesystem::file_size(file, errore) > kMassimoFileTesto && !errore) {
     return Errore{"il file «" + file.string() + "» supera i 64 MB: dividerlo in più file"};
   }
-  auto testo = LeggiFileTesto(file);
+  auto testo = LeggiFileByte(file);
   if (!testo) return testo.Errore();
   return LeggiTabellaDaTesto(testo.Valore());
 }

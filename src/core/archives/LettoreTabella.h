@@ -14,6 +14,9 @@ namespace fenalto::archives {
 
 inline constexpr std::size_t kMassimoRigheTabella = 200'000;
 
+/// Bytes that are no characters in a file of UTF-8 stay in their fields, for whoever takes the
+/// field to refuse, by row and column; in a name of a column they are an error.
+///
 /// Reads a file. Every row comes back with as many fields as there are names; columns without a
 /// name are called "Colonna N", rows without any text are left out. An error says what is wrong,
 /// where, and what to do: a file that isn't there or can't be read, is empty, isn't text, has more

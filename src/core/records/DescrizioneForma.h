@@ -53,6 +53,7 @@ struct CampoForma {
   int decimali = 2;                     ///< least decimals of an amount, or kDecimaliMoneta
   std::string riquadro = {};            ///< object name of the frame it stands in, empty for none
   bool accanto = false;                 ///< on the line of the field before it
+  int digitabili = 0;                   ///< length typed, when what parts the digits is taken away
   int mostrati = 0;                     ///< width shown, when it isn't `caratteri`
   std::string suggerimento = {};        ///< tooltip
   std::string segnaposto = {};          ///< shown in the empty field
@@ -78,6 +79,7 @@ struct CampoForma {
   CampoForma&& Fermo() && { return Con(fermo, true); }
   CampoForma&& AnchePassando() && { return Con(anchePassando, true); }
   CampoForma&& Mostra(int quanti) && { return Con(mostrati, quanti); }
+  CampoForma&& Digitabili(int quanti) && { return Con(digitabili, quanti); }
   CampoForma&& Decimali(int quanti) && { return Con(decimali, quanti); }
   CampoForma&& Colonna(int quale) && { return Con(colonna, quale); }
   CampoForma&& Colonne(int quante) && { return Con(colonne, quante); }

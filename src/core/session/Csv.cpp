@@ -103,7 +103,7 @@ Esito<TabellaCsv> LeggiCsv(std::string_view testo) {
 }
 
 Esito<TabellaCsv> LeggiCsv(std::string_view testo, const OpzioniCsv& opzioni) {
-  if (!Utf8Valido(testo)) return Errore{"il testo non è in UTF-8"};
+  if (!opzioni.tollerante && !Utf8Valido(testo)) return Errore{"il testo non è in UTF-8"};
   if (testo.starts_with(kSegnoUtf8)) testo.remove_prefix(kSegnoUtf8.size());
   LettoreCsv lettore(testo, opzioni);
   TabellaCsv tabella;

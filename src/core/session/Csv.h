@@ -30,7 +30,8 @@ Esito<TabellaCsv> LeggiCsv(std::string_view testo);
 struct OpzioniCsv {
   char separatore = ';';
   /// Quotes out of place stand for themselves, names may be missing or double, and a line may have
-  /// more or fewer fields than there are names: the caller judges.
+  /// more or fewer fields than there are names, and bytes that are no characters: the caller
+  /// judges.
   bool tollerante = false;
   /// Most lines of data; 0 for any number. More are an error.
   std::size_t massimoRighe = 0;

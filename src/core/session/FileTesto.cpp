@@ -10,6 +10,7 @@
 #include <thread>
 #include <utility>
 
+#include "core/values/Lettere.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -40,6 +41,9 @@ namespace {
 
 constexpr mode_t kPermessiNuovo = 0664;
 constexpr mode_t kPermessiScrittura = 0222;
+
+constexpr unsigned char kMetaC2 = 0xC2;
+constexpr unsigned char kMetaC3 = 0xC3;
 
 /// A descriptor closed on every way out.
 class Descrittore {
@@ -99,7 +103,35 @@ std::string ComeUtf8(std::string_view byte) {
   return Utf8Valido(byte) ? std::string(byte) : DaLatin1(byte);
 }
 
+bool Utf8Guasto(std::string_view byte) noexcept {
+  const bool segnato = byte.starts_with(kSegnoUtf8);
+  std::size_t interi = 0;
+  std::size_t rotti = 0;
+  while (!byte.empty()) {
+    const lettere::Unita unita = lettere::Leggi(byte);
+    byte.remove_prefix(unita.byte);
+    if (unita.valida) {
+      if (unita.byte > 1) ++interi;
+      continue;
+    }
+    ++rotti;
+    // The first half of an accented letter, which in Latin-1 is a letter that Italian hasn't.
+    const auto primo = static_cast<unsigned char>(unita.carattere);
+    const bool meta = primo == kMetaC2 || primo == kMetaC3;
+    const bool lettera =
+        !byte.empty() && ((byte[0] >= 'A' && byte[0] <= 'Z') || (byte[0] >= 'a' && byte[0] <= 'z'));
+    if (meta && !lettera) ++interi;
+  }
+  return rotti > 0 && (segnato || interi >= rotti);
+}
+
 Esito<std::string> LeggiFileTesto(const fs::path& percorso) {
+  auto letto = LeggiFileByte(percorso);
+  if (!letto || Utf8Valido(letto.Valore())) return letto;
+  return DaLatin1(letto.Valore());
+}
+
+Esito<std::string> LeggiFileByte(const fs::path& percorso) {
   const Descrittore d(::open(percorso.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (d.N() < 0) {
     if (errno == ENOENT) return std::string();
@@ -127,7 +159,7 @@ Esito<std::string> LeggiFileTesto(const fs::path& percorso) {
     if (letti == 0) break;
     if (letti < 0 && numero != EINTR) return ErroreSu("leggere", percorso, numero);
   }
-  return Utf8Valido(testo) ? std::move(testo) : DaLatin1(testo);
+  return testo;
 }
 
 Esito<bool> ScriviFileTesto(const fs::path& percorso, std::string_view testo) {

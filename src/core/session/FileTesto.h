@@ -22,6 +22,9 @@ inline constexpr std::string_view kSegnoUtf8 = "\xEF\xBB\xBF";
 /// missing file reads as empty. The error says which file can't be read and why.
 Esito<std::string> LeggiFileTesto(const std::filesystem::path& percorso);
 
+/// The same bytes as they stand in the file.
+Esito<std::string> LeggiFileByte(const std::filesystem::path& percorso);
+
 /// Replaces the file: written beside, brought to the disk, renamed, and the folder brought to the
 /// disk. Follows a symbolic link, keeps the permissions; a file without write permission is
 /// refused though its folder would let it be replaced. Writers of one file must exclude each other
@@ -33,6 +36,10 @@ std::string MotivoDiSistema(int numero);
 
 /// The bytes as UTF-8: as they are when valid, otherwise read as Latin-1.
 std::string ComeUtf8(std::string_view byte);
+
+/// Whether bytes that aren't valid UTF-8 are meant to be: a mark stands before them, or they have
+/// as many characters of several bytes as bytes that are none. Otherwise they are Latin-1.
+bool Utf8Guasto(std::string_view byte) noexcept;
 
 /// An exclusive lock between processes and threads on the side file `.<name>.lck`; the file itself
 /// can't carry it, since it is replaced. Released on destruction.

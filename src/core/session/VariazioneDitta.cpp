@@ -47,7 +47,7 @@ constexpr auto kCampi = std::to_array<CampoVariazione>({
     {"InvertoDAinNoteCredito", "InvertoDAinNoteCredito", G::Uno},
     {"RegAutoIntraCee", "RegAutoIntraCee", G::SiNo},
     {"NoIntraCosto_a_Forn", "NoIntraCosto_a_Forn", G::Uno},
-    {"CausaleIntraCosto_a_Forn", "CausaleIntraCosto_a_Forn"},
+    {"CausaleIntraCosto_a_Forn", "CausaleIntraCosto_a_Forn", G::Causale},
     {"RegAutoBolleDoganali", "RegAutoBolleDoganali", G::SiNo},
     {"RITENUTAACCONTO", "RITENUTAACCONTO", G::SiNoMaiuscolo},
 });
@@ -113,6 +113,7 @@ std::string VariazioneDitta::DaScrivere(const CampoVariazione& campo) const {
       return valore.Booleano() ? "Si" : "No";
     case G::SiNoMaiuscolo:
       return valore.Booleano() ? "SI" : "NO";
+    case G::Causale:
     case G::Decimali:
     case G::Percorso:
       return std::string(Rifila(valore.Testo()));
@@ -127,6 +128,7 @@ std::string VariazioneDitta::Rifiuto(const CampoVariazione& campo) const {
   if (campo.genere == G::Percorso && LunghezzaTesto(testo) > kMassimoPercorso) {
     return "il percorso è più lungo di 250 caratteri";
   }
+  if (campo.genere == G::Causale) return RifiutoCausale(campo);
   if (campo.genere != G::Decimali) return {};
   const bool prezzi = std::string_view(campo.campo) == "DecP";
   const int minimo = prezzi ? kMinimoDecimaliPrezzi : 0;
@@ -135,6 +137,18 @@ std::string VariazioneDitta::Rifiuto(const CampoVariazione& campo) const {
   if (buono) return {};
   return prezzi ? "decimali prezzi: inserire valore da 2 a 4"
                 : "decimali quantità: inserire valore da 0 a 4";
+}
+
+/// Only one that was typed: the file may name a code that was erased since.
+std::string VariazioneDitta::RifiutoCausale(const CampoVariazione& campo) const {
+  const std::string codice = DaScrivere(campo);
+  const auto letta = letti_.find(campo.campo);
+  const bool stessa = letta != letti_.end() && UgualeTesto(Rifila(letta->second), codice);
+  if (codice.empty() || stessa || ambiente_.Esiste("tessarc", "Causali", {{"Cod", codice}})) {
+    return {};
+  }
+  return "causale del giro «costo a fornitore»: il codice " + codice +
+         " non esiste, sceglierne uno dall'elenco (F2)";
 }
 
 bool VariazioneDitta::CampoLasciato(std::string_view nome) {

@@ -16,7 +16,15 @@ namespace fenalto {
 struct CampoVariazione {
   const char* campo;
   const char* chiave;
-  enum class Genere { Testo, Uno, SiNo, SiNoMaiuscolo, Percorso, Decimali } genere = Genere::Testo;
+  enum class Genere {
+    Testo,
+    Uno,
+    SiNo,
+    SiNoMaiuscolo,
+    Percorso,
+    Decimali,
+    Causale
+  } genere = Genere::Testo;
   const char* vuoto = "";  ///< shown when the key is missing or empty
 };
 
@@ -50,6 +58,7 @@ class VariazioneDitta {
  private:
   [[nodiscard]] std::string DaScrivere(const CampoVariazione& campo) const;
   [[nodiscard]] std::string Rifiuto(const CampoVariazione& campo) const;
+  [[nodiscard]] std::string RifiutoCausale(const CampoVariazione& campo) const;
 
   Ambiente& ambiente_;
   Scheda dati_;

@@ -290,17 +290,37 @@ std::string Visibile(std::string_view testo) {
   return fuori += testo;
 }
 
-std::string DifettoTesto(std::string_view testo) {
-  const std::size_t i = Difetto(testo);
-  if (i == std::string_view::npos) return {};
-  const Unita unita = Leggi(testo.substr(i));
+namespace {
+
+std::string NomeDifetto(const Unita& unita) {
   std::array<char, 32> codice{};
   std::snprintf(codice.data(), codice.size(), unita.valida ? "U+%04X" : "%02X",
                 static_cast<unsigned>(unita.carattere));
-  return "il testo contiene " +
-         (unita.valida ? "il carattere di controllo " + std::string(codice.data())
-                       : "il byte " + std::string(codice.data()) + ", che non è un carattere") +
-         ": toglierlo";
+  return unita.valida ? "il carattere di controllo " + std::string(codice.data())
+                      : "il byte " + std::string(codice.data()) + ", che non è un carattere";
+}
+
+}  // namespace
+
+std::string DifettoTesto(std::string_view testo) {
+  const std::size_t i = Difetto(testo);
+  if (i == std::string_view::npos) return {};
+  return "il testo contiene " + NomeDifetto(Leggi(testo.substr(i))) + ": toglierlo";
+}
+
+std::string SegnoRimasto(std::string_view originale, std::string_view digitato) {
+  for (std::size_t i = Difetto(originale); i != std::string_view::npos; i = Difetto(originale)) {
+    originale.remove_prefix(i);
+    const Unita unita = Leggi(originale);
+    std::string segno;
+    Accoda(segno, lettere::Mostrabile(unita), true);
+    if (digitato.find(segno) != std::string_view::npos) {
+      return "il segno " + segno + " sta per " + NomeDifetto(unita) +
+             ": toglierlo, o sostituirlo con quel che deve esserci";
+    }
+    originale.remove_prefix(unita.byte);
+  }
+  return {};
 }
 
 int ConfrontaNumeri(std::string_view a, std::string_view b) {

@@ -45,6 +45,9 @@ std::string Visibile(std::string_view testo);
 /// Why a text can't be written among the data: the first control character in it (tabs and line
 /// ends aside) or byte that is no character, by its code; empty when it can.
 std::string DifettoTesto(std::string_view testo);
+/// Why a text can't take the place of `originale`, which was shown by its marks: the first of those
+/// marks that is still in it, and the character that it stands for; empty when none is.
+std::string SegnoRimasto(std::string_view originale, std::string_view digitato);
 /// Order of numbers that are written as texts: by the digits they begin with, however many, then as
 /// texts: "9", "10", "10/A".
 int ConfrontaNumeri(std::string_view a, std::string_view b);

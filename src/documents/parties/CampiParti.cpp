@@ -10,7 +10,8 @@ namespace {
 constexpr int kNome = 50;
 constexpr int kRecapito = 30;
 constexpr int kPosta = 120;
-constexpr int kFiscale = 16;
+constexpr int kFiscale = static_cast<int>(kCaratteriFiscale);
+constexpr int kFiscaleDigitato = 60;  // as it is copied, with what parts its digits
 constexpr int kScritta = 80;
 constexpr int kPercentuale = 8;
 
@@ -83,7 +84,10 @@ void Descrittore::Anagrafica() {
        Testo("localita", "Località", kNome, "", 28).Elencato().Accanto(),
        Testo("Prov", "Prov.", 4, "").Elencato().Maiuscolo().Accanto(),
        Testo("Nazione", "Nazione", kRecapito, "", 20),
-       Testo("piva", "Partita IVA", kFiscale, "").Elencato().Maiuscolo(),
+       Testo("piva", "Partita IVA", kFiscale, "")
+           .Elencato()
+           .Maiuscolo()
+           .Digitabili(kFiscaleDigitato),
        Testo("CodFisc", "Codice fiscale", kFiscale, "").Maiuscolo().Accanto(),
        Testo("telefono1", "Telefono", kRecapito, "", 20).Elencato(),
        Testo("telefono2", "altro telefono", kRecapito, "", 20).Accanto(),

@@ -66,7 +66,8 @@ bool AmmettePiva(archives::ContestoArchivio& contesto, const Parte& parte) {
 }
 
 /// A number as it is copied from a letter or a site, "123 456 789 03" or "12.345.678.903", without
-/// what parts its digits. Anything else stays as it was typed: another state's number may need it.
+/// what parts its digits and, before an Italian number, without "IT". Anything else stays as it was
+/// typed, as long as there is room for it: another state's number may need it.
 std::string SenzaSeparatori(const std::string& numero) {
   std::string stretto;
   for (std::string_view resto = numero; !resto.empty(); resto.remove_prefix(1)) {
@@ -74,9 +75,14 @@ std::string SenzaSeparatori(const std::string& numero) {
     if (!resto.empty() && resto.front() != '.') stretto += resto.front();
     if (resto.empty()) break;
   }
+  if (stretto.size() == 2 + kCifrePartitaIva && UgualeTesto(stretto.substr(0, 2), "IT") &&
+      UndiciCifreValide(std::string_view(stretto).substr(2))) {
+    return stretto.substr(2);
+  }
   const bool cifre = stretto.size() == kCifrePartitaIva &&
                      stretto.find_first_not_of("0123456789") == std::string::npos;
-  return cifre || IdFiscaleValido(stretto) ? stretto : numero;
+  const bool lungo = LunghezzaTesto(Rifila(numero)) > kCaratteriFiscale;
+  return cifre || lungo || IdFiscaleValido(stretto) ? stretto : numero;
 }
 
 void PivaLasciata(archives::ContestoArchivio& contesto, const Parte& parte) {
@@ -168,6 +174,17 @@ std::optional<Rifiuto> RiepilogativoCancellato(archives::ContestoArchivio& conte
   return Rifiuto{"il conto riepilogativo non si può cancellare esistono registrazioni", "Conto"};
 }
 
+/// Longer than its column though nothing parts its digits; one that is stored so can stay.
+std::optional<Rifiuto> PivaLunga(archives::ContestoArchivio& contesto, const Parte& /*parte*/) {
+  const std::string piva = Rifilato(contesto.scheda, "piva");
+  if (LunghezzaTesto(piva) <= kCaratteriFiscale || piva == Rifilato(contesto.prima, "piva")) {
+    return std::nullopt;
+  }
+  return Rifiuto{"partita IVA: " + piva + " ha " + std::to_string(LunghezzaTesto(piva)) +
+                     " caratteri, al massimo sono " + std::to_string(kCaratteriFiscale),
+                 "piva"};
+}
+
 /// Asked here too: a copied record comes with a number that nobody typed.
 std::optional<Rifiuto> PivaDiAltri(archives::ContestoArchivio& contesto, const Parte& parte) {
   if (AmmettePiva(contesto, parte)) return std::nullopt;
@@ -208,7 +225,7 @@ std::vector<archives::DescrizioneArchivio::Controllo> ControlliParte(const Parte
 }
 
 std::vector<archives::DescrizioneArchivio::Controllo> ControlliParteDopoCodice(const Parte& parte) {
-  return {Di(parte, RiepilogativoCancellato), Di(parte, PivaDiAltri)};
+  return {Di(parte, RiepilogativoCancellato), Di(parte, PivaLunga), Di(parte, PivaDiAltri)};
 }
 
 }  // namespace fenalto::documents

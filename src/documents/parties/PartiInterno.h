@@ -1,6 +1,7 @@
 // What makes customers different from suppliers, and the pieces of their archives.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +23,9 @@ struct Parte {
   const char* ordini;       ///< window of its orders
   [[nodiscard]] bool Clienti() const { return *classe == 'C'; }
 };
+
+/// Length of a VAT number or tax code.
+inline constexpr std::size_t kCaratteriFiscale = 16;
 
 /// Level that sees balances and accounts of a party.
 inline constexpr int kLivelloContabile = 99;

@@ -277,7 +277,8 @@ std::string AbbinamentoBanca::Rifiuto(const LineaEstratto& linea,
     return "il movimento del " + linea.data.Testo() + " è già stato registrato";
   }
   if (pagamento.causale.empty()) return "Manca causale o conti";
-  return RifiutoPagamento(ambiente_, pagamento);
+  const std::string rifiuto = RifiutoPagamento(ambiente_, pagamento);
+  return rifiuto.empty() ? RifiutoCodici(ambiente_, pagamento) : rifiuto;
 }
 
 bool AbbinamentoBanca::Accetta(const LineaEstratto& linea, const PropostaBanca& proposta,

@@ -207,9 +207,15 @@ bool PagamentiScadenzario::Conferma() {
   campoRifiutato_ = "Dt";
   if (ledger::ControlloAnno(ambiente_, pagamento.dt, true)) return false;
   campoRifiutato_.clear();
+  if (const std::string rifiuto = RifiutoCodici(ambiente_, pagamento); !rifiuto.empty()) {
+    return Avviso(rifiuto, CampoMancante());
+  }
   if (pagamento.conRegistrazione) ledger::ControlloDataGiornale(ambiente_, pagamento.dt);
   const PagamentoScritto scritto = RegistraPagamento(ambiente_, pagamento);
-  if (!scritto.scritto) return false;
+  if (!scritto.scritto) {
+    if (pagamento.conRegistrazione) campoRifiutato_ = CampoMancante();
+    return false;
+  }
   numeroConfermato_ = scritto.numDoc;
   Abbandona();
   ambiente_.Dialogo().Annuncia(TestoPagamentoScritto(scritto));

@@ -4,6 +4,7 @@
 #include <numeric>
 #include <set>
 
+#include "core/archives/CodiciNoti.h"
 #include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
@@ -175,6 +176,10 @@ void Salda(Ambiente& ambiente, const RigaPagamento& riga, Data dt) {
 /// Under the numbering lock. The refusal, or empty and `scritto` told.
 std::string Scrivi(Ambiente& ambiente, const Pagamento& pagamento,
                    const std::function<void(std::int64_t)>& altro, PagamentoScritto& scritto) {
+  // Another station may have erased a code since the first look.
+  std::string rifiuto = RifiutoPagamento(ambiente, pagamento);
+  if (rifiuto.empty()) rifiuto = RifiutoCodici(ambiente, pagamento);
+  if (!rifiuto.empty()) return rifiuto;
   // One by one, so that a due date that is there twice is found changed at its second row.
   for (const RigaPagamento& riga : pagamento.righe) {
     if (auto cambiata = ScadenzaCambiata(ambiente, riga.vista)) return *cambiata;
@@ -240,12 +245,26 @@ std::string RifiutoPagamento(Ambiente& ambiente, const Pagamento& pagamento) {
   return pagamento.conRegistrazione ? RifiutoContabile(ambiente, pagamento) : std::string();
 }
 
+std::string RifiutoCodici(Ambiente& ambiente, const Pagamento& pagamento) {
+  if (!pagamento.conRegistrazione) return {};
+  if (pagamento.causale.empty()) return "Manca causale o conti";
+  const std::pair<archives::CampoDiCodice, const std::string&> codici[] = {
+      {{"", "Causale", "causali"}, pagamento.causale},
+      {{"", "Contropartita", "conti"}, pagamento.contropartita},
+      {{"", "Conto arrotondamenti", "conti"}, pagamento.contoArrotondamenti}};
+  for (const auto& [campo, codice] : codici) {
+    if (auto ignoto = archives::CodiceIgnoto(ambiente, campo, codice)) return ignoto->messaggio;
+  }
+  return {};
+}
+
 PagamentoScritto RegistraPagamento(Ambiente& ambiente, const Pagamento& pagamento,
                                    const std::function<void(std::int64_t numDoc)>& altro) {
   PagamentoScritto scritto;
   const auto ammesso = [&] {
     std::string rifiuto = RifiutoPagamento(ambiente, pagamento);
     if (rifiuto.empty()) rifiuto = RifiutoRighe(ambiente, pagamento);
+    if (rifiuto.empty()) rifiuto = RifiutoCodici(ambiente, pagamento);
     if (!rifiuto.empty()) ambiente.Dialogo().Messaggio(rifiuto, Icona::Avviso);
     return rifiuto.empty();
   };

@@ -56,6 +56,10 @@ std::string RifiutoDecimaliRiga(const Ambiente& ambiente, const RigaPagamento& r
 /// texts are those of the window of one party.
 std::string RifiutoPagamento(Ambiente& ambiente, const Pagamento& pagamento);
 
+/// What is looked at after that: a registration has a causal, and it and the accounts exist. Names
+/// field and code; empty when all do.
+std::string RifiutoCodici(Ambiente& ambiente, const Pagamento& pagamento);
+
 struct PagamentoScritto {
   bool scritto = false;
   std::int64_t numDoc = 0;  ///< 0 without registration

@@ -1,5 +1,6 @@
 #include "duedates/payments/ScadenzaConRegistrazione.h"
 
+#include "core/archives/CodiciNoti.h"
 #include "core/records/Conferma.h"
 #include "ledger/registrations/ControlliData.h"
 #include "ledger/registrations/RegistrazioneAutomatica.h"
@@ -76,6 +77,12 @@ ScadenzaRegistrata ScriviScadenzaConRegistrazione(Ambiente& ambiente,
   const auto scrivi = [&]() -> std::string {
     if (cosa.vista) {
       if (const auto cambiata = ScadenzaCambiata(ambiente, *cosa.vista)) return *cambiata;
+    }
+    // Another station may have erased a code since the first look.
+    if (std::string rifiuto = RifiutoContabile(ambiente, cosa); !rifiuto.empty()) return rifiuto;
+    const std::string causale = cosa.conRegistrazione ? cosa.causale : std::string();
+    if (auto no = archives::CodiceIgnoto(ambiente, {"", "Causale", "causali"}, causale)) {
+      return no->messaggio;
     }
     if (cosa.conRegistrazione) scritta.numDoc = ScriviArticolo(ambiente, cosa);
     scritta.numero = ScriviScadenza(ambiente, cosa, scritta.numDoc);

@@ -11,6 +11,7 @@
 
 #include "core/reports/Uscita.h"
 #include "core/session/Ambiente.h"
+#include "core/session/Rifiuto.h"
 #include "duedates/riba/FileRiba.h"
 #include "duedates/schedules/Scadenza.h"
 
@@ -133,6 +134,7 @@ class Riba {
   RigaRiba* Trova(std::int64_t numero);
   [[nodiscard]] std::vector<Scadenza> Ordinate() const;
   [[nodiscard]] bool DatiCompleti();
+  [[nodiscard]] std::optional<Rifiuto> CodiceIgnoto() const;
   bool DatiContabili();
   DatiDistinta Prepara();
   bool Chiede(const DatiDistinta& dati);

@@ -4,6 +4,7 @@
 #include <optional>
 #include <system_error>
 
+#include "core/archives/CodiciNoti.h"
 #include "core/records/Conferma.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
@@ -99,23 +100,21 @@ bool Riba::DatiCompleti() {
   return true;
 }
 
+/// A code of the registration that its archive doesn't have.
+std::optional<Rifiuto> Riba::CodiceIgnoto() const {
+  if (!impostazioni_.registrazione) return std::nullopt;
+  auto ignoto =
+      archives::CodiceIgnoto(ambiente_, {"Causale", "Causale", "causali"}, impostazioni_.causale);
+  if (ignoto) return ignoto;
+  return archives::CodiceIgnoto(ambiente_, {"Contropartita", "Contropartita", "conti"},
+                                impostazioni_.contropartita);
+}
+
 bool Riba::DatiContabili() {
   if (!impostazioni_.registrazione) return true;
-  const std::string manca = "Mancano dati per registrazione contabile";
   if (impostazioni_.causale.empty() || impostazioni_.contropartita.empty()) {
-    return Avviso(manca, impostazioni_.causale.empty() ? "Causale" : "Contropartita");
-  }
-  if (!ambiente_.Esiste("tessarc", "Causali", {{"Cod", impostazioni_.causale}})) {
-    return Avviso(manca + "\nla causale " + impostazioni_.causale + " non è in archivio",
-                  "Causale");
-  }
-  Rs conto = ambiente_.ArchivioDi("tessarc").Recordset(
-      "select Cod from zConti where CFP='P' and " +
-      sql::Criterio("Cod", "=", impostazioni_.contropartita));
-  if (conto.Eof()) {
-    return Avviso(
-        manca + "\nil conto " + impostazioni_.contropartita + " non è nel piano dei conti",
-        "Contropartita");
+    return Avviso("Mancano dati per registrazione contabile",
+                  impostazioni_.causale.empty() ? "Causale" : "Contropartita");
   }
   if (!ambiente_.Euro()) {
     return Avviso("lo scadenzario non funziona in lire: selezionare un anno in euro");
@@ -189,6 +188,8 @@ std::int64_t Riba::Registra(const DatiDistinta& dati) {
 /// Under the numbering lock. Why nothing was written, or empty and `numDoc` told.
 std::string Riba::Scrivi(const DatiDistinta& dati, std::int64_t& numDoc) {
   Archivio& scadenzario = ambiente_.ArchivioDi("scadenzario");
+  // Another station may have erased a code since the first look.
+  if (auto ignoto = CodiceIgnoto()) return ignoto->messaggio;
   const auto banca = LeggiBanca(ambiente_, dati.banca.cod);
   if (!banca) return "la banca " + dati.banca.cod + " è stata eliminata da un'altra postazione";
   if (banca->nUltDistinta != dati.banca.nUltDistinta) {
@@ -225,6 +226,8 @@ bool Riba::Pronta(DatiDistinta& dati, StampaDistinta& stampa) {
   if (const std::string no = ImpedimentiRiba(dati.distinta, dati.file); !no.empty()) {
     return Avviso(no);
   }
+  // Before anything is on paper.
+  if (const auto ignoto = CodiceIgnoto()) return Avviso(ignoto->messaggio, ignoto->campo);
   return stampa.Prova() && Chiede(dati);
 }
 

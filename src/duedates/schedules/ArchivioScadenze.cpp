@@ -143,7 +143,8 @@ std::optional<Rifiuto> ArchivioScadenze::Interno::Errata() const {
   }
   for (const archives::CampoDiCodice& campo :
        {archives::CampoDiCodice{"Pagamento", "Pagamento", "pagamenti"},
-        archives::CampoDiCodice{"BancaPresentaz", "Banca", "banche"}}) {
+        archives::CampoDiCodice{"BancaPresentaz", "Banca", "banche"},
+        archives::CampoDiCodice{"Riva", "Registro iva", "registri"}}) {
     if (!Cambiato(campo.campo)) continue;
     const auto ignoto = archives::CodiceIgnoto(ambiente, campo, T(campo.campo.c_str()));
     if (ignoto) return Rifiuto{ignoto->messaggio, ignoto->campo};

@@ -53,7 +53,12 @@ std::map<std::string, std::string> ContiCercati(Archivio& tessarc, const std::st
 
 const std::string& DescrizioniConti::Di(const std::string& cfp, const std::string& conto) {
   auto [voce, nuova] = lette_.try_emplace(cfp + "|" + conto);
-  if (nuova) voce->second = NomeConto(ambiente_, cfp, conto);
+  if (!nuova) return voce->second;
+  voce->second = NomeConto(ambiente_, cfp, conto);
+  // An account whose class was changed stands in the chart alone, for its movements of before.
+  if (voce->second.empty() && UgualeTesto(cfp, "P")) {
+    voce->second = NzStr(ambiente_.Cerca("tessarc", "Conti", {{"Cod", conto}}, "Descrizione"));
+  }
   return voce->second;
 }
 

@@ -47,6 +47,38 @@ Data UltimaStampata(Ambiente& ambiente) {
       .Data();
 }
 
+/// The first and the last day of registrations.
+struct Giorni {
+  Data primo;
+  Data ultimo;
+  void Aggiungi(const Giorni& altri) {
+    if (altri.primo.Nulla()) return;
+    primo = primo.Nulla() ? altri.primo : std::min(primo, altri.primo);
+    ultimo = std::max(ultimo, altri.ultimo);
+  }
+};
+
+/// Days of the registrations that meet a condition and belong in a book; null dates for none.
+Giorni GiorniDi(Ambiente& ambiente, const std::string& condizione) {
+  Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
+      "SELECT Min(Articoli.Dt), Max(Articoli.Dt) FROM Articoli INNER JOIN "
+      "Movimenti ON (Articoli.Anno = Movimenti.Anno) AND (Articoli.NumDoc = "
+      "Movimenti.NumDoc) WHERE " +
+      condizione + " AND " + sql::Criterio("Movimenti.Causale", "<>", kCausaleAperturaProvvisoria));
+  if (rs.Eof() || rs.Fields(0).Nullo()) return {};
+  return {rs.Fields(0).Data(), rs.Fields(1).Data()};
+}
+
+/// Days of the years before that come after their last mark: the year's own print won't have them.
+Giorni GiorniAnniPrima(Ambiente& ambiente, Data stampata) {
+  const Data capodanno = Data::DaGma(1, 1, ambiente.Anno()).value();
+  if (stampata.Nulla() || stampata >= capodanno.PiuGiorni(-1)) return {};
+  return GiorniDi(ambiente, sql::Criterio("Articoli.Anno", ">=", stampata.Anno()) + " AND " +
+                                sql::Criterio("Articoli.Anno", "<", ambiente.Anno()) + " AND " +
+                                sql::Criterio("Articoli.Dt", ">", stampata) + " AND " +
+                                sql::Criterio("Articoli.Dt", "<", capodanno));
+}
+
 /// What is asked when the book would lack registrations made since the last mark; empty when it has
 /// them all.
 std::string DomandaSaltate(Ambiente& ambiente, const SceltaGiornale& scelta) {
@@ -55,14 +87,11 @@ std::string DomandaSaltate(Ambiente& ambiente, const SceltaGiornale& scelta) {
   finora.daDt = stampata.Nulla() ? Data() : stampata.PiuGiorni(1);
   std::string saltate = sql::Criterio("Articoli.NumDoc", "<", scelta.daArticolo);
   if (!scelta.daDt.Nulla()) saltate += " OR " + sql::Criterio("Articoli.Dt", "<", scelta.daDt);
-  Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
-      "SELECT Min(Articoli.Dt), Max(Articoli.Dt) FROM Articoli INNER JOIN "
-      "Movimenti ON (Articoli.Anno = Movimenti.Anno) AND (Articoli.NumDoc = "
-      "Movimenti.NumDoc) WHERE " +
-      CondizionePeriodo(finora, ambiente.Anno()) + " AND (" + saltate + ") AND " +
-      sql::Criterio("Movimenti.Causale", "<>", kCausaleAperturaProvvisoria));
-  if (rs.Eof() || rs.Fields(0).Nullo()) return "";
-  return "dal " + rs.Fields(0).Data().Testo() + " al " + rs.Fields(1).Data().Testo() +
+  Giorni giorni = GiorniAnniPrima(ambiente, stampata);
+  giorni.Aggiungi(
+      GiorniDi(ambiente, CondizionePeriodo(finora, ambiente.Anno()) + " AND (" + saltate + ")"));
+  if (giorni.primo.Nulla()) return "";
+  return "dal " + giorni.primo.Testo() + " al " + giorni.ultimo.Testo() +
          " ci sono registrazioni che non stanno in questa stampa né in una definitiva "
          "precedente:\nsegnando il giornale come stampato fino al " +
          scelta.aaDt.Testo() + " ne resterebbero fuori\nProseguo ugualmente ?";

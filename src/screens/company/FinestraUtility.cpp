@@ -13,6 +13,7 @@
 
 #include "core/session/VariazioneDitta.h"
 #include "screens/common/fields/Campi.h"
+#include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Legatura.h"
 #include "screens/common/fields/Qs.h"
@@ -208,10 +209,12 @@ QGroupBox* FinestraUtility::Interno::CreaContabilita() {
       Casella("RegAutoIntraCee", tr("Registro da solo le fatture intracomunitarie e in reverse "
                                     "charge anche sugli acquisti")));
   colonna->addWidget(Casella("NoIntraCosto_a_Forn", tr("... senza il giro «costo a fornitore»")));
-  auto* causale = Testo("CausaleIntraCosto_a_Forn", kCausale, 10);
+  auto* causale = new CampoCodice(QStringLiteral("CausaleIntraCosto_a_Forn"),
+                                  archives::Fonte(gestore.Sessione(), "causali"));
+  legatura->Lega(causale);
   auto* riga = new QHBoxLayout;
-  Affianca(*riga, tr("... causale del giro «costo a fornitore»"), causale);
-  riga->addStretch(1);
+  riga->addWidget(Didascalia(tr("... causale del giro «costo a fornitore»"), causale));
+  riga->addWidget(ConDescrizione(causale, kCausale), 1);
   colonna->addLayout(riga);
   colonna->addWidget(Casella("RegAutoBolleDoganali", tr("Registro da solo le bolle doganali")));
   colonna->addWidget(Casella("RITENUTAACCONTO", tr("Gestisco le ritenute d'acconto"),

@@ -49,8 +49,7 @@ std::string SceltaParte::Cfp() const {
 }
 
 std::string SceltaParte::Codice() const {
-  const auto letto = codice_->Letto();
-  return letto ? letto.Valore().Testo() : std::string();
+  return codice_->Codice();
 }
 
 bool SceltaParte::Esiste() const {

@@ -102,7 +102,7 @@ void FinestraMovimentiConto::Interno::CambiaClasse() {
 }
 
 void FinestraMovimentiConto::Interno::Carica() {
-  const auto codice = conto->Letto().Valore().Testo();
+  const std::string codice = conto->Codice();
   std::vector<std::vector<Valore>> righe;
   Importo dare;
   Importo avere;

@@ -111,9 +111,21 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodiciRighe() {
   return std::nullopt;
 }
 
+/// The party's summary account: its balance would stand under no account of the chart.
+std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaRiepilogativo() {
+  if (tipo->corrispettivi) return std::nullopt;
+  const std::string conto = NzStr(DellaParte("Conto"));
+  if (conto.empty() || EsisteConto(conto)) return std::nullopt;
+  return Rifiuto{"il conto riepilogativo " + conto +
+                     (T("CFPx") == "C" ? " del cliente " : " del fornitore ") + T("Contox") +
+                     " non esiste nel piano dei conti: correggere l'anagrafica",
+                 "Contox"};
+}
+
 std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodici() {
-  for (const auto controllo : {&Interno::ControllaParte, &Interno::ControllaCodiciTesta,
-                               &Interno::ControllaCodiciRighe, &Interno::ControllaCodiciRegistro}) {
+  for (const auto controllo :
+       {&Interno::ControllaParte, &Interno::ControllaCodiciTesta, &Interno::ControllaCodiciRighe,
+        &Interno::ControllaCodiciRegistro, &Interno::ControllaRiepilogativo}) {
     if (auto rifiuto = (this->*controllo)()) return rifiuto;
   }
   return std::nullopt;

@@ -115,6 +115,7 @@ struct RegistrazioneIva::Interno {
   std::optional<Rifiuto> ControllaMancaData();
   /// Everything that the registration names is in its archive; looked at again under the lock.
   std::optional<Rifiuto> ControllaCodici();
+  std::optional<Rifiuto> ControllaRiepilogativo();
   std::optional<Rifiuto> ControllaCodiciTesta();
   /// Those that the register has as the registration is opened: a register that was brought in
   /// without any is registered on all the same.

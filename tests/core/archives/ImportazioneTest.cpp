@@ -71,6 +71,31 @@ TEST(LettoreTabella, CioCheNonEUnaTabella) {
   EXPECT_THAT(archives::LeggiTabella("non-c-e.csv").Errore().messaggio, HasSubstr("non esiste"));
 }
 
+// UTF-8 with a byte broken isn't Windows-1252: what is broken is told where it stands.
+TEST(LettoreTabella, Utf8Guasto) {
+  struct Caso {
+    std::string testo;
+    const char* campo;  ///< as it is read
+  };
+  for (const Caso& caso : {Caso{"Cod;Città\n1;Forl\xC3;\n", "Forl\xC3"},
+                           {"Cod;Nome\n1;Forl\xC3\n", "Forl\xC3"},
+                           {"Cod;Nome\n1;5 \xC2 m\n", "5 \xC2 m"},
+                           {"\xEF\xBB\xBF"
+                            "Cod;Nome\n1;Forl\xEC\n",
+                            "Forl\xEC"},
+                           {"Cod;Nome\n1;\xABPerch\xE9\xBB \xE8 5 \x80\n", "«Perché» è 5 €"},
+                           {"Cod;Nome\n1;CAFF\xC8\xBB \xE8 gi\xE0\n", "CAFFÈ» è già"}}) {
+    SCOPED_TRACE(caso.campo);
+    const auto letta = archives::LeggiTabellaDaTesto(caso.testo);
+    ASSERT_TRUE(letta) << letta.Errore().messaggio;
+    EXPECT_EQ(letta.Valore().righe.at(0).campi.at(1), caso.campo);
+  }
+  const auto nome = archives::LeggiTabellaDaTesto("\nCod;Citt\xC3\n1;x\n");
+  ASSERT_FALSE(nome);
+  EXPECT_THAT(nome.Errore().messaggio, HasSubstr("riga 2, colonna 2: nel nome il testo contiene "
+                                                 "il byte C3, che non è un carattere"));
+}
+
 TEST(LettoreValori, ImportiSecondoLaColonna) {
   struct Caso {
     Testi colonna;
@@ -176,7 +201,8 @@ constexpr const char* kPiano =
     "990.;Senza conto;;;\n"
     "992;Senza natura;;;\n"
     "100.010;Esiste già;P;;\n"
-    "990.005;Campanello \x07;P;;\n";
+    "990.005;Campanello \x07;P;;\n"
+    "990.006;Citt\xC3;P;;\n";
 
 TEST_F(ImportazioneTest, PianoDeiContiConRigheSbagliate) {
   const auto importa = Apri("Conti", kPiano);
@@ -190,10 +216,12 @@ TEST_F(ImportazioneTest, PianoDeiContiConRigheSbagliate) {
                   "8 Descrizione: manca «Descrizione»", "8 C F P: «Z» non è ammesso: P, C, F",
                   HasSubstr("9 Conto: manca mastro o conto"),
                   HasSubstr("10 Tipo: manca Patrimoniale/Economico"),
-                  "12 Descrizione: il testo contiene il carattere di controllo U+0007: toglierlo"));
+                  "12 Descrizione: il testo contiene il carattere di controllo U+0007: toglierlo",
+                  "13 Descrizione: il testo contiene il byte C3, che non è un carattere: "
+                  "toglierlo"));
   EXPECT_EQ(controllo.nuove, 3U);
   EXPECT_EQ(controllo.saltate, 1U);
-  EXPECT_EQ(controllo.errate, 7U);
+  EXPECT_EQ(controllo.errate, 8U);
 
   const auto fermata = importa->Importa({});
   ASSERT_TRUE(fermata);

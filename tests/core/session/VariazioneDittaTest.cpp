@@ -54,7 +54,14 @@ TEST_F(VariazioneDittaTest, ValoriRifiutatiTornanoQuelliDiPrima) {
       {"DirectoryImm", lungo, "", lungo.c_str()},
       {"DirectoryImm", lungo + "y", "il percorso è più lungo di 250 caratteri", lungo.c_str()},
       {"indirizzo", lungo + "y", "", nullptr},
+      {"CausaleIntraCosto_a_Forn", "QQQ",
+       "causale del giro «costo a fornitore»: il codice QQQ non esiste, sceglierne uno "
+       "dall'elenco (F2)",
+       ""},
+      {"CausaleIntraCosto_a_Forn", "X29", "", "X29"},
+      {"CausaleIntraCosto_a_Forn", "", "", ""},
   };
+  ambiente_.ArchivioDi("tessarc").Inserisci("Causali", {{"Cod", "X29"}});
   VariazioneDitta variazione(ambiente_);
   for (const auto& caso : casi) {
     dialoghi_.messaggi.clear();
@@ -109,6 +116,19 @@ TEST_F(VariazioneDittaTest, ConfermaScriveAnnoEChiavi) {
   // The key of the name is still the one with the blank.
   EXPECT_NE(LeggiFile(ambiente_.FileImpostazioni()).find("\nragsoc1 =ROSSI & C.\n"),
             std::string::npos);
+}
+
+TEST_F(VariazioneDittaTest, CausaleCheLArchivioHaPerso) {
+  ambiente_.ScriviImpostazione({}, "config", "CausaleIntraCosto_a_Forn", "X29");
+  VariazioneDitta variazione(ambiente_);
+  variazione.Dati().Scrivi("indirizzo", "Via Nuova 1");
+  dialoghi_.Rispondera("CONFERMA VARIAZIONE DATI DITTA Rossi", Risposta::Si);
+  EXPECT_TRUE(variazione.Conferma());
+  EXPECT_EQ(ambiente_.Config("CausaleIntraCosto_a_Forn"), "X29");
+  variazione.Dati().Scrivi("CausaleIntraCosto_a_Forn", "QQQ");
+  EXPECT_FALSE(variazione.Conferma());
+  EXPECT_EQ(variazione.CampoRifiutato(), "CausaleIntraCosto_a_Forn");
+  EXPECT_EQ(ambiente_.Config("CausaleIntraCosto_a_Forn"), "X29");
 }
 
 TEST_F(VariazioneDittaTest, ConfermaNonScriveUnValoreRifiutato) {

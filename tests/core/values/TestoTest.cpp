@@ -228,6 +228,14 @@ TEST(Testo, QuelloCheNonSiVede) {
   }
 }
 
+TEST(Testo, SegniRimasti) {
+  EXPECT_EQ(SegnoRimasto("Bar", "Bar\u2407"), "");
+  EXPECT_EQ(SegnoRimasto("Bar\x07", "Bar"), "");
+  EXPECT_NE(SegnoRimasto("Bar\x07", "x\u2407").find("U+0007"), std::string::npos);
+  EXPECT_NE(SegnoRimasto("\x01 \x1B", "x\u241B").find("U+001B"), std::string::npos);
+  EXPECT_NE(SegnoRimasto("caff\xE8 e", "caff\uFFFD").find("byte E8"), std::string::npos);
+}
+
 TEST(Testo, NumeriScrittiComeTesti) {
   const std::vector<std::string> ordine = {"",
                                            "A1",

@@ -169,6 +169,9 @@ TEST_F(AbbinamentoBancaTest, AccettataUnaVoltaSola) {
   senza.causale = "";
   EXPECT_FALSE(qui.Accetta(esatta, proposte[0], senza));
   EXPECT_EQ(SoloMessaggio(), "Manca causale o conti");
+  senza.causale = "QQQ";
+  EXPECT_FALSE(qui.Accetta(esatta, proposte[0], senza));
+  EXPECT_EQ(SoloMessaggio(), "Causale: il codice QQQ non esiste, sceglierne uno dall'elenco (F2)");
   const duedates::LineaEstratto annoPrima =
       Linea("150", "bonifico Ferramenta Bianchi", G(29, 12, 2023));
   EXPECT_FALSE(qui.Accetta(annoPrima, proposte[0], Opzioni()));

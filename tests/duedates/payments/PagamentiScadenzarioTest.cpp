@@ -296,6 +296,48 @@ TEST_F(PagamentiScadenzarioTest, Conferma) {
                                       "300 002 P:580.010 0.02/0 C:0001 «incasso»"));
 }
 
+// Codes that are gone since the payment was begun: looked up again, and told with their field.
+TEST_F(PagamentiScadenzarioTest, CodiciEliminatiPrimaDellaConferma) {
+  const auto n = Nuova("C", "0001", "100", 5);
+  struct Caso {
+    const char *campo, *codice, *messaggio;
+  };
+  constexpr const char* kIgnoto = " non esiste, sceglierne uno dall'elenco (F2)";
+  for (const Modo modo : {Modo::PiuParti, Modo::SingolaParte}) {
+    const std::string numero = modo == Modo::PiuParti ? "1" : "2";
+    duedates::PagamentiScadenzario p(ambiente, modo);
+    Inizia(p, "0001");
+    ASSERT_TRUE(p.Scegli(n, true));
+    const std::string prima = Tutto();
+    for (const Caso& caso :
+         {Caso{"CausalePagScad", "QQQ", "Causale: il codice QQQ"},
+          {"CausalePagScad", "", "Manca causale o conti"},
+          {"ContropartitaPagScad", "9.9", "manca contropartita: 9.9"},
+          {"ContoArrotondamentiPagScad", "9.9", "Conto arrotondamenti: il codice 9.9"}}) {
+      SCOPED_TRACE(caso.messaggio);
+      const std::string campo = caso.campo + numero;
+      const std::string buono = p.Impostazioni().Testo(campo);
+      p.Impostazioni().Scrivi(campo, caso.codice);
+      EXPECT_FALSE(p.Conferma());
+      const std::string detto = SoloMessaggio();
+      EXPECT_TRUE(detto.starts_with(caso.messaggio)) << detto;
+      if (detto.find("il codice") != std::string::npos) {
+        EXPECT_THAT(detto, HasSubstr(kIgnoto));
+      }
+      EXPECT_EQ(p.CampoRifiutato(), campo);
+      EXPECT_EQ(Tutto(), prima);
+      p.Impostazioni().Scrivi(campo, buono);
+    }
+  }
+  duedates::PagamentiScadenzario p(ambiente, Modo::PiuParti);
+  Inizia(p);
+  ASSERT_TRUE(p.Scegli(n, true));
+  Tessarc().Esegui("delete * from Causali where Cod='002'");
+  EXPECT_FALSE(p.Conferma());
+  EXPECT_THAT(SoloMessaggio(), HasSubstr("il codice 002 non esiste"));
+  EXPECT_EQ(RigheDi(1).size(), 0U);
+}
+
 // A due date that somebody filled in with parts of a cent can still be closed.
 TEST_F(PagamentiScadenzarioTest, ResiduoConParteDiCentesimo) {
   const auto n = Nuova("C", "0001", "100.005", 5);

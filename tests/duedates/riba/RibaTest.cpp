@@ -263,7 +263,7 @@ TEST_F(RibaTest, RifiutiNellOrdine) {
   Ricevuta("0001", "100", 5);
   duedates::Riba riba(ambiente);
   const std::string prima = Mondo();
-  const auto rifiuta = [&](const char* messaggio) {
+  const auto rifiuta = [&](const std::string& messaggio) {
     EXPECT_FALSE(riba.Conferma(uscite));
     EXPECT_THAT(SoloMessaggio(), HasSubstr(messaggio));
     EXPECT_EQ(Mondo(), prima);
@@ -305,14 +305,23 @@ TEST_F(RibaTest, RifiutiNellOrdine) {
     const char *causale, *contropartita, *messaggio;
   };
   for (const Caso& caso : {Caso{"", "100.010", "Mancano dati per registrazione contabile"},
-                           Caso{"002", "", "Mancano dati per registrazione contabile"},
-                           Caso{"X77", "100.010", "la causale X77 non è in archivio"},
-                           Caso{"002", "999.999", "il conto 999.999 non è nel piano dei conti"}}) {
+                           Caso{"002", "", "Mancano dati per registrazione contabile"}}) {
     riba.Imposta({Rib().string(), caso.causale, caso.contropartita, true});
     Definitiva();
     rifiuta(caso.messaggio);
   }
-  riba.Imposta({Rib().string(), "", "", false});
+  // A code that doesn't exist is told before anything is printed or asked.
+  EXPECT_FALSE(uscite.pagine.empty());
+  uscite.pagine.clear();
+  for (const auto& [causale, contropartita, campo, codice] :
+       {std::tuple{"X77", "100.010", "Causale", "X77"},
+        {"002", "999.999", "Contropartita", "999.999"}}) {
+    riba.Imposta({Rib().string(), causale, contropartita, true});
+    rifiuta(std::string(campo) + ": il codice " + codice + " non esiste");
+    EXPECT_EQ(riba.CampoRifiutato(), campo);
+    EXPECT_TRUE(uscite.pagine.empty());
+  }
+  riba.Imposta({Rib().string(), "X77", "", false});
   EXPECT_TRUE(Conferma(riba));
   EXPECT_EQ(UltimaDistinta(), 12);
 }

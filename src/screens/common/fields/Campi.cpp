@@ -21,6 +21,9 @@ Esito<Valore> TestoMostrato::Letto(const QString& testo) const {
   if (std::string difetto = DifettoTesto(digitato); !difetto.empty()) {
     return Errore{std::move(difetto)};
   }
+  if (std::string segno = SegnoRimasto(originale, digitato); !segno.empty()) {
+    return Errore{std::move(segno)};
+  }
   return Valore(std::move(digitato));
 }
 

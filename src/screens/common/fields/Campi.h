@@ -25,7 +25,7 @@ struct TestoMostrato {
   std::string originale;
   QString mostrato;
   /// The value of a field that holds this; a text that was typed or pasted and can't be written is
-  /// an error.
+  /// an error, and so is one that was changed and still has a mark in it.
   [[nodiscard]] Esito<Valore> Letto(const QString& testo) const;
 };
 

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <algorithm>
 
+#include "core/values/Testo.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/look/EtichettaElisa.h"
 
@@ -55,18 +56,29 @@ void CampoCodice::Fonte(std::shared_ptr<archives::FonteCodici> fonte) {
 }
 
 void CampoCodice::Mostra(const Valore& valore) {
-  setText(QString::fromStdString(valore.Testo()));
+  testo_.originale = valore.Testo();
+  setText(QString::fromStdString(Visibile(testo_.originale)));
+  testo_.mostrato = text();
   mostrando_ = true;
   Risolvi();
   mostrando_ = false;
 }
 
 Esito<Valore> CampoCodice::Letto() const {
-  return Valore(text().trimmed().toStdString());
+  const bool conSegni = Visibile(testo_.originale) != testo_.originale;
+  if (conSegni && text() == testo_.mostrato) return Valore(testo_.originale);
+  return testo_.Letto(text().trimmed());
+}
+
+std::string CampoCodice::Codice() const {
+  const auto letto = Letto();
+  return letto ? letto.Valore().Testo() : std::string();
 }
 
 void CampoCodice::Risolvi() {
-  const std::string codice = text().trimmed().toStdString();
+  const auto letto = Letto();
+  const std::string codice =
+      letto ? std::string(Rifila(letto.Valore().Testo())) : text().trimmed().toStdString();
   const auto descrizione = codice.empty() ? std::nullopt : fonte_->Descrizione(codice);
   esiste_ = descrizione.has_value();
   if (!esiste_) {
@@ -76,7 +88,7 @@ void CampoCodice::Risolvi() {
                                        : tr("codice non trovato"));
     return;
   }
-  etichetta_->setText(QString::fromStdString(*descrizione));
+  etichetta_->setText(QString::fromStdString(Visibile(*descrizione)));
   if (mostrando_) return;
   const QString canonico = QString::fromStdString(fonte_->Canonico(codice));
   if (canonico != text()) setText(canonico);

@@ -45,6 +45,8 @@ class CampoCodice : public QLineEdit, public CampoValore {
   void Fonte(std::shared_ptr<archives::FonteCodici> fonte);
   void Mostra(const Valore& valore) override;
   [[nodiscard]] Esito<Valore> Letto() const override;
+  /// The code that it holds; empty for none, and for a text that can't be one.
+  [[nodiscard]] std::string Codice() const;
   /// Whether the code typed exists.
   [[nodiscard]] bool Esiste() const { return esiste_; }
   /// Shows the description of the code typed; raises Trovato when it exists.
@@ -83,6 +85,7 @@ class CampoCodice : public QLineEdit, public CampoValore {
   std::shared_ptr<archives::FonteCodici> fonte_;
   std::string archivio_;  ///< table in capitals, empty for none
   std::function<std::string()> preferita_;
+  TestoMostrato testo_;
   QLabel* etichetta_;
   QListWidget* elenco_ = nullptr;
   bool esiste_ = false;

@@ -103,8 +103,8 @@ QWidget* CreaTipizzato(Ambiente& ambiente, const records::CampoForma& campo, Tip
     case Tipo::Data:
       return largo(CampoGiorno(campo.nome.c_str(), ambiente), kCaratteriData);
     default: {
-      auto* testo =
-          new CampoTesto(nome, nullptr, campo.caratteri > 0 ? campo.caratteri : kLunghezzaTesto);
+      const int lunghezza = campo.caratteri > 0 ? campo.caratteri : kLunghezzaTesto;
+      auto* testo = new CampoTesto(nome, nullptr, std::max(campo.digitabili, lunghezza));
       testo->Maiuscole(campo.maiuscole);
       return campo.peso > 0 ? testo : largo(testo, kCaratteriTesto);
     }

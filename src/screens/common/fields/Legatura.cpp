@@ -24,6 +24,16 @@ std::string NomeDi(const QWidget* controllo) {
   return controllo->objectName().toStdString();
 }
 
+/// What is told of a text, after the caption of its field.
+std::string ConNome(const QWidget* controllo, const std::string& messaggio) {
+  const bool testo = qobject_cast<const CampoTesto*>(controllo) != nullptr ||
+                     qobject_cast<const CampoNote*>(controllo) != nullptr ||
+                     qobject_cast<const CampoCodice*>(controllo) != nullptr;
+  if (!testo) return messaggio;
+  const std::string nome = controllo->accessibleName().toStdString();
+  return (nome.empty() ? NomeDi(controllo) : nome) + ": " + messaggio;
+}
+
 QString TestoDi(const QWidget* controllo) {
   if (const auto* note = qobject_cast<const QPlainTextEdit*>(controllo)) return note->toPlainText();
   const auto* riga = qobject_cast<const QLineEdit*>(controllo);
@@ -100,7 +110,7 @@ bool Legatura::Lascia(QWidget* controllo, bool digitato, Qt::FocusReason motivo)
   Valore nuovo;
   if (auto* tipizzato = dynamic_cast<CampoValore*>(controllo)) {
     auto letto = tipizzato->Letto();
-    if (!letto) return Rifiuta(controllo, letto.Errore().messaggio);
+    if (!letto) return Rifiuta(controllo, ConNome(controllo, letto.Errore().messaggio));
     nuovo = letto.Valore();
   } else if (auto* elenco = qobject_cast<QComboBox*>(controllo)) {
     nuovo = Valore(elenco->currentText().toStdString());

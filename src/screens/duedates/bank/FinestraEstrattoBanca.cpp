@@ -379,9 +379,7 @@ void FinestraEstrattoBanca::Interno::MostraRiepilogo() {
 duedates::OpzioniAbbinamento FinestraEstrattoBanca::Interno::Opzioni(const std::string& cfp) const {
   const auto impostate =
       duedates::LeggiImpostazioni(Sessione(), duedates::FinestraPagamento::Scadenzario, cfp);
-  const auto conto = contropartita->Letto();
-  return {impostate.causale, conto ? conto.Valore().Testo() : std::string(),
-          impostate.contoArrotondamenti};
+  return {impostate.causale, contropartita->Codice(), impostate.contoArrotondamenti};
 }
 
 void FinestraEstrattoBanca::Interno::Accetta() {

@@ -153,7 +153,9 @@ std::optional<duedates::SceltaRaggruppamento> FinestraRaggruppamento::Interno::S
   if (scelta.a < scelta.da) {
     return rifiuta("la data finale viene prima di quella iniziale", a);
   }
-  scelta.conto = cliente->Letto().Valore().Testo();
+  const auto letto = cliente->Letto();
+  if (!letto) return rifiuta(letto.Errore().messaggio, cliente);
+  scelta.conto = letto.Valore().Testo();
   if (!scelta.conto.empty() && !cliente->Esiste()) {
     return rifiuta("il cliente " + scelta.conto + " non esiste", cliente);
   }
