@@ -180,7 +180,7 @@ TEST_F(ArchiviPartiTest, NumeriFiscaliErratiSiDicono) {
       {{{"piva", "RSSMRA80A01H501U"}}, ""},
       {{{"piva", ""}}, ""},
       {{{"piva", "IT12345678901"}}, "PARTITA IVA ERRATA", "IT12345678901"},
-      {{{"piva", "IT12345678903"}}, "", "12345678903"},
+      {{{"piva", "IT12345678903"}}, "PARTITA IVA ERRATA", "IT12345678903"},
       {{{"piva", "it 012 345 678 97"}}, "", "01234567897"},
       {{{"piva", "I.T. 012.345.678.97"}}, "", "01234567897"},
       {{{"piva", "FR 12 345 678 901 23"}}, "PARTITA IVA ERRATA", "FR1234567890123"},

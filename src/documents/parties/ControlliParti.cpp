@@ -67,7 +67,8 @@ bool AmmettePiva(archives::ContestoArchivio& contesto, const Parte& parte) {
 
 /// A number as it is copied from a letter or a site, "123 456 789 03" or "12.345.678.903", without
 /// what parts its digits and, before an Italian number, without "IT". Anything else stays as it was
-/// typed, as long as there is room for it: another state's number may need it.
+/// typed, as long as there is room for it: another state's number may need it. What nothing parts
+/// was typed as it stands.
 std::string SenzaSeparatori(const std::string& numero) {
   std::string stretto;
   for (std::string_view resto = numero; !resto.empty(); resto.remove_prefix(1)) {
@@ -75,6 +76,7 @@ std::string SenzaSeparatori(const std::string& numero) {
     if (!resto.empty() && resto.front() != '.') stretto += resto.front();
     if (resto.empty()) break;
   }
+  if (stretto == numero) return numero;
   if (stretto.size() == 2 + kCifrePartitaIva && UgualeTesto(stretto.substr(0, 2), "IT") &&
       UndiciCifreValide(std::string_view(stretto).substr(2))) {
     return stretto.substr(2);
