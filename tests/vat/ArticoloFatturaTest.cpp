@@ -2,6 +2,7 @@
 // being written anew and erased.
 #include "vat/FatturaDiProva.h"
 #include "vat/postings/ArticoloFattura.h"
+#include "vat/postings/SeguitoFattura.h"
 
 namespace fenalto::prova {
 namespace {
@@ -176,6 +177,7 @@ TEST_F(ArticoloFatturaTest, QuelCheSegue) {
                                    "art.1 prot.7\nCreate Scadenze: "));
   EXPECT_EQ(Scadenze()[0], "1 30/04/2024 1120 C:0001 fatture 00 1/7 7/A");
   EXPECT_EQ(Conti(), "3 7 2");
+  EXPECT_EQ(vat::TrovaSeguito(ambiente, {2024, 1}).size(), 2U) << "of another description";
   r.tipoDoc.clear();
   ASSERT_TRUE(Crea(r));
   EXPECT_THAT(Scadenze(), IsEmpty());

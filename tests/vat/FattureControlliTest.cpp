@@ -315,6 +315,49 @@ TEST_F(FattureControlliTest, RiepilogativoFuoriDalPiano) {
   }
 }
 
+TEST_F(FattureControlliTest, CodiciDiCioCheSegue) {
+  struct Caso {
+    const char *riva, *rompe, *messaggio, *campo;
+  };
+  const char* riconfermare =
+      "la causale 52 del registro iva 5 non esiste: riconfermare il registro in Archivi, "
+      "Contabilità, Registri Iva";
+  for (const Caso& caso :
+       {Caso{"1", "update Pagamento set Causale='QQQ'",
+             "la causale QQQ del codice pagamento MISTO non esiste", "Pagamento"},
+        {"3", "update Pagamento set Conto='100.999'",
+         "il conto 100.999 del codice pagamento MISTO non esiste", "Pagamento"},
+        {"4", "update Pagamento set Conto='100.999'",
+         "il conto 100.999 del codice pagamento MISTO non esiste", "PagamentoIntra"},
+        {"4", "update RegistriIva set Conto='' where Cod='5'",
+         "sul registro iva 5 manca il conto iva", "RivaIntra"},
+        {"4", "update RegistriIva set Conto='170.999' where Cod='5'",
+         "il conto iva 170.999 del registro iva 5 non esiste", "RivaIntra"},
+        {"4", "delete * from Causali where Cod='52'", riconfermare, "RivaIntra"}}) {
+    SCOPED_TRACE(caso.rompe);
+    Transazione transazione(ambiente.Basi());
+    FatturaDaScrivere fattura{.riva = caso.riva,
+                              .parte = "0001",
+                              .righe = {{"900.220", "22", I("1")}},
+                              .pagamento = "MISTO"};
+    if (fattura.riva == "4") {
+      fattura.altri = {{"CausaleIntra", "029"},
+                       {"FornitoreIntra", "0002"},
+                       {"ContoCostiIntra", "500.001"},
+                       {"PagamentoIntra", "MISTO"}};
+    }
+    vat::RegistrazioneIva f(ambiente);
+    ASSERT_TRUE(Digita(f, fattura));
+    Tessarc().Esegui(caso.rompe);
+    Messaggi();
+    std::string campo;
+    EXPECT_FALSE(f.Conferma(&campo));
+    EXPECT_EQ(SoloMessaggio(), caso.messaggio);
+    EXPECT_EQ(campo, caso.campo);
+    EXPECT_EQ(Conti(), "0 0 0");
+  }
+}
+
 TEST_F(FattureControlliTest, ReverseCharge) {
   vat::RegistrazioneIva f(ambiente);
   ASSERT_TRUE(Digita(f, {.riva = "4",

@@ -6,6 +6,7 @@ namespace fenalto::prova {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::Not;
 
 constexpr const char* kDomanda = "Con questa registrazione sono state scritte anche:";
 
@@ -243,6 +244,172 @@ TEST_F(FattureSeguitoTest, CambiataAManoOInModificaAltrove) {
   EXPECT_FALSE(Corregge(1, "300", Risposta::Si));
   EXPECT_THAT(SoloMessaggio(), HasSubstr("la registrazione n. 2 è in modifica"));
   EXPECT_EQ(Tutto(), prima);
+}
+
+TEST_F(FattureSeguitoTest, RestanoLegatiSeIlDocumentoCambiaNumeroOGiorno) {
+  struct Caso {
+    FatturaDaScrivere fattura;
+    const char* conto;
+    const char *cfp, *dopo;  ///< balance of the account once the document is 300
+  };
+  for (const Caso& caso : {Caso{Vendita(), "0001", "C", "0"},
+                           {ReverseCharge(), "0002", "F", "-300"},
+                           // 300 for the goods, the VAT for the office: by now the same party.
+                           {Dogana(), "0002", "F", "-366"}}) {
+    SCOPED_TRACE(caso.fattura.riva);
+    ASSERT_EQ(Inserisci(caso.fattura), 1);
+    const std::string quanti = Conti();
+    // Number, day and party, each with what follows left as it is.
+    std::int64_t numero = 1;
+    for (const auto& [campo, valore] : std::vector<std::pair<const char*, Valore>>{
+             {"NumDoc", 50}, {"Dt", G(20, 3, 2024)}, {"NFat", "77"}, {"Contox", "0002"}}) {
+      SCOPED_TRACE(campo);
+      vat::RegistrazioneIva f(ambiente);
+      ASSERT_TRUE(f.Apri(numero));
+      f.Testa().Scrivi(campo, valore);
+      dialoghi.Rispondera(kDomanda, Risposta::No);
+      ASSERT_TRUE(f.Conferma()) << ::testing::PrintToString(Messaggi());
+      EXPECT_THAT(UltimaDomanda(), HasSubstr(kDomanda));
+      numero = 50;
+    }
+    EXPECT_TRUE(Corregge(50, "300", Risposta::Si));
+    EXPECT_EQ(Saldo(caso.conto, caso.cfp), I(caso.dopo));
+    EXPECT_EQ(Saldo("0001", caso.cfp), Importo()) << "nothing of the party before";
+    EXPECT_TRUE(Elimina(50, Risposta::Si));
+    EXPECT_EQ(Conti().substr(0, 4), "0 0 ");
+    Scadenzario().Esegui("delete * from Scadenze");
+  }
+}
+
+TEST_F(FattureSeguitoTest, SecondaMetaRinumerata) {
+  ASSERT_EQ(Inserisci(ReverseCharge()), 1);
+  Tessarc().Esegui("update Articoli set NumDoc=90 where NumDoc=2");
+  Tessarc().Esegui("update Movimenti set NumDoc=90 where NumDoc=2");
+  EXPECT_TRUE(Corregge(1, "300", Risposta::Si));
+  EXPECT_EQ(Saldo("500.001"), I("333"));
+  EXPECT_EQ(Saldo("900.220"), I("-33"));
+}
+
+TEST_F(FattureSeguitoTest, ScrittiPrimaDelLegame) {
+  for (const FatturaDaScrivere& fattura : {Vendita(), ReverseCharge(), Dogana()}) {
+    SCOPED_TRACE(fattura.riva);
+    ASSERT_EQ(Inserisci(fattura), 1);
+    Tessarc().Esegui("update Articoli set AnnoOrigine=0, NumDocOrigine=0");
+    EXPECT_TRUE(Corregge(1, "300", Risposta::Si));
+    // Recognised once, they are known.
+    Tessarc().Esegui("update Movimenti set Descrizione='altro' where NumDoc>1");
+    EXPECT_TRUE(Elimina(1, Risposta::Si));
+    EXPECT_EQ(Conti(), "0 0 0");
+  }
+}
+
+TEST_F(FattureSeguitoTest, NumeroLiberatoNonPrendeQuelliDiPrima) {
+  ASSERT_EQ(Inserisci(Vendita()), 1);
+  EXPECT_TRUE(Elimina(1, Risposta::No));
+  auto altra = Vendita("99");
+  altra.pagamento = "DUE";
+  altra.altri = {{"NumDoc", 1}};
+  ASSERT_EQ(Inserisci(altra), 1);
+  vat::RegistrazioneIva f(ambiente);
+  Cambia(f, 1, "200");
+  EXPECT_TRUE(f.Conferma());
+  EXPECT_EQ(RigheDi(2).size(), 2U);
+  for (const char* tabella : {"Articoli", "Movimenti"}) {
+    Tessarc().Esegui(std::string("delete * from ") + tabella + " where NumDoc=1");
+  }
+  // Typed again as it was, with a payment of its own: the one left behind isn't taken for it.
+  ASSERT_EQ(Inserisci(Vendita()), 3);
+  Tessarc().Esegui("update Articoli set NumDoc=1 where NumDoc=3");
+  Tessarc().Esegui("update Movimenti set NumDoc=1 where NumDoc=3");
+  EXPECT_TRUE(Corregge(1, "300", Risposta::Si));
+  EXPECT_EQ(Saldo("100.010"), I("122") + I("366"));
+}
+
+TEST_F(FattureSeguitoTest, ScadenzePagateOPresentateSiDicono) {
+  constexpr const char* kRestano = "Ci sono scadenze già pagate o presentate";
+  auto fattura = Vendita();
+  fattura.pagamento = "DUE";
+  ASSERT_EQ(Inserisci(fattura), 1);
+  Scadenzario().Esegui("update Scadenze set Stato='10', ImportoPagatoE=10 where Numero=2");
+  const std::string prima = Tutto();
+  vat::RegistrazioneIva f(ambiente);
+  Cambia(f, 1, "200");
+  dialoghi.Rispondera(kRestano, Risposta::No);
+  EXPECT_FALSE(f.Conferma());
+  EXPECT_THAT(UltimaDomanda(), AllOf(HasSubstr("scadenza n. 2 del 31/05/2024"),
+                                     HasSubstr(": pagata in parte (stato 10)\n")));
+  EXPECT_THAT(UltimaDomanda(), Not(HasSubstr("scadenza n. 1 ")));
+  EXPECT_EQ(Tutto(), prima);
+  f.Abbandona();
+  ASSERT_TRUE(f.Apri(1));
+  f.Testa().Scrivi("Descrizionex", "a text moves none of them");
+  Messaggi();
+  EXPECT_TRUE(f.Conferma());
+  EXPECT_THAT(UltimaDomanda(), Not(HasSubstr(kRestano)));
+  const std::string corretta = Tutto();
+  ASSERT_TRUE(f.Apri(1));
+  dialoghi.Rispondera("Conferma eliminazione ARTICOLO CONTABILE ?", Risposta::Si);
+  dialoghi.Rispondera(kRestano, Risposta::No);
+  EXPECT_FALSE(f.Elimina());
+  EXPECT_EQ(Tutto(), corretta);
+  f.Abbandona();
+  // Those of the giro's supplier are told with what follows.
+  ASSERT_EQ(Inserisci(Dogana()), 2);
+  Scadenzario().Esegui("update Scadenze set Stato='25' where Conto='0002' and Articolo=3");
+  EXPECT_FALSE(Corregge(2, "2000", Risposta::Annulla));
+  EXPECT_THAT(UltimaDomanda(), AllOf(HasSubstr("articolo n. 3: giro della bolla"),
+                                     HasSubstr(": presentata (stato 25)\n")));
+}
+
+TEST_F(FattureSeguitoTest, IvaIndetraibileDigitata) {
+  // The code would deduct all of it; half is typed as not deductible.
+  vat::RegistrazioneIva f(ambiente);
+  auto fattura = ReverseCharge("22");
+  fattura.righe[0].imponibile = I("1000");
+  ASSERT_TRUE(Digita(f, fattura));
+  ASSERT_TRUE(f.ApriRiga(0));
+  for (const char* campo : {"Iva", "IvaInd"}) f.Riga().Scrivi(campo, I("110"));
+  dialoghi.Rispondera("importo IVA errato, proseguo ugualmente ?", Risposta::Si);
+  ASSERT_TRUE(f.ConfermaRiga());
+  ASSERT_TRUE(f.Conferma()) << ::testing::PrintToString(Messaggi());
+  EXPECT_EQ(Conti(), "4 10 2");
+  EXPECT_EQ(Saldo("900.220"), I("-110")) << "owed 220, deducted 110";
+  EXPECT_EQ(Saldo("500.001"), I("1110"));
+  EXPECT_EQ(Saldo("0001", "F"), Importo());
+  EXPECT_EQ(Saldo("0002", "F"), I("-1000"));
+  EXPECT_THAT(RigheDi(2)[0], HasSubstr("1000+110+110"));
+  // Deductible once more, and then not at all.
+  EXPECT_TRUE(Corregge(1, "1000", Risposta::Si));
+  EXPECT_EQ(Saldo("900.220"), Importo());
+  EXPECT_EQ(Saldo("500.001"), I("1000"));
+  ASSERT_TRUE(f.Apri(1));
+  ASSERT_TRUE(f.ApriRiga(0));
+  f.Riga().Scrivi("Iva", Importo());
+  f.Riga().Scrivi("IvaInd", I("220"));
+  dialoghi.Rispondera("importo IVA errato, proseguo ugualmente ?", Risposta::Si);
+  ASSERT_TRUE(f.ConfermaRiga());
+  dialoghi.Rispondera(kDomanda, Risposta::Si);
+  ASSERT_TRUE(f.Conferma()) << ::testing::PrintToString(Messaggi());
+  EXPECT_EQ(Saldo("900.220"), I("-220"));
+  EXPECT_EQ(Saldo("500.001"), I("1220"));
+  EXPECT_EQ(Tessarc().Singolo("select Count(*) from Movimenti where ImpoDare<0").Intero(), 0);
+}
+
+TEST_F(FattureSeguitoTest, IvaIndetraibileDiUnaNotaDiCredito) {
+  Config("InvertoDAinNoteCredito", "1");
+  vat::RegistrazioneIva f(ambiente);
+  auto fattura = ReverseCharge("22");
+  fattura.righe[0].imponibile = I("-1000");
+  ASSERT_TRUE(Digita(f, fattura));
+  ASSERT_TRUE(f.ApriRiga(0));
+  f.Riga().Scrivi("Iva", I("-60"));
+  f.Riga().Scrivi("IvaInd", I("-160"));
+  dialoghi.Rispondera("importo IVA errato, proseguo ugualmente ?", Risposta::Si);
+  ASSERT_TRUE(f.ConfermaRiga());
+  ASSERT_TRUE(f.Conferma()) << ::testing::PrintToString(Messaggi());
+  EXPECT_EQ(Saldo("900.220"), I("160")) << "220 not owed, 60 not deducted";
+  EXPECT_EQ(Saldo("500.001"), I("-1160"));
+  EXPECT_THAT(RigheDi(2), ::testing::Contains(HasSubstr("P:900.220 100/0")));
 }
 
 TEST_F(FattureSeguitoTest, GemelleOgnunaIlSuo) {

@@ -355,6 +355,7 @@ TEST_F(FattureTest, VariataRifaLeScadenze) {
             "pagate)");
   EXPECT_EQ(Scadenze()[0], "1 30/04/2024 122 C:0001 fatture 00 1/1 12");
   Scadenzario().Esegui("update Scadenze set Stato='10' where Dt=#05/31/2024#");
+  dialoghi.Rispondera("Ci sono scadenze già pagate o presentate", Risposta::Si);
   EXPECT_THAT(varia(1, "400", "DUE", 30), HasSubstr("impossibile eliminare/rettificare scadenze!"));
   EXPECT_THAT(Scadenze(), ElementsAre("30 30/04/2024 122 C:0001 fatture 00 1/1 12",
                                       "30 31/05/2024 122 C:0001 fatture 10 1/1 12"));

@@ -174,6 +174,45 @@ TEST_F(LiquidazioneMemoriaTest, PeriodiMaiLiquidati) {
   EXPECT_EQ(Proposta("01", 2025), "0  0") << "paid, whatever the amount";
 }
 
+TEST_F(LiquidazioneMemoriaTest, DalleLireAllEuro) {
+  Tessarc().Esegui("delete * from Anni where Anno<2002");
+  Tessarc().Inserisci("Anni", {{"Anno", 2000}, {"Euro", false}});
+  Tessarc().Inserisci("Anni", {{"Anno", 2001}, {"Euro", true}});
+  ambiente.ScriviImpostazione({}, "config", "RegistrazioneContabileErario", "0");
+  const auto memorizza = [&](const char* periodo, Importo importo, int anno = 2000) {
+    vat::PeriodoIva p = Periodo(periodo, anno);
+    p.euro = anno != 2000;
+    const auto l = vat::CalcolaLiquidazione(p, {Registro("01", 1, importo)},
+                                            vat::ProponiLiquidazione(ambiente, p));
+    vat::MemorizzaLiquidazione(ambiente, l, {}, {}, 0, log);
+  };
+  const auto lire = [&](const char* periodo) {
+    vat::PeriodoIva p = Periodo(periodo, 2000);
+    p.euro = false;
+    const auto d = vat::ProponiLiquidazione(ambiente, p);
+    return d.creditoPrec.Testo() + " " + d.piu[0].importo.Testo();
+  };
+  const std::string resto = " importo non versato periodo precedente ";
+  memorizza("11", I("49000"));
+  EXPECT_EQ(lire("12"), "0 49000");
+  EXPECT_EQ(Proposta("01", 2001), "0" + resto + "25.31");
+  memorizza("12", I("-269000"));
+  EXPECT_EQ(Credito(), "220000");
+  EXPECT_EQ(Proposta("01", 2001), "113.62  0");
+  memorizza("01", I("-100"), 2001);
+  EXPECT_EQ(Credito(), "213.62");
+  // Erased, the credit is back in what the last period settled counts in.
+  EXPECT_EQ(vat::CreditoPrimaDi(ambiente, 2001), I("220000"));
+  vat::ScriviCreditoIva(ambiente, vat::CreditoPrimaDi(ambiente, 2001));
+  Tessarc().Esegui("delete * from ChiusureIva where Anno=2001");
+  EXPECT_EQ(Proposta("01", 2001), "113.62  0");
+  // Paid, in its own currency.
+  memorizza("12", I("51000"));
+  EXPECT_EQ(Proposta("01", 2001).substr(0, 3), "0  ");
+  EXPECT_TRUE(vat::LeggiPeriodo(ambiente, 2001, "01").euro);
+  EXPECT_FALSE(vat::LeggiPeriodo(ambiente, 2000, "01").euro);
+}
+
 TEST_F(LiquidazioneMemoriaTest, CreditoDopoEliminazione) {
   vat::ScriviCreditoIva(ambiente, I("70"));
   EXPECT_EQ(vat::CreditoPrimaDi(ambiente, 2024), I("70")) << "nothing to erase";
@@ -285,6 +324,31 @@ TEST_F(LiquidazioneMemoriaTest, GiroDelProRata) {
   dati.proRata = {};
   Memorizza("04", registri, dati);
   EXPECT_THAT(Giri(), IsEmpty());
+}
+
+TEST_F(LiquidazioneMemoriaTest, ProRataGiaSulGiornale) {
+  ambiente.ScriviImpostazione({}, "config", "ContoProRata", "590.001");
+  ambiente.ScriviImpostazione({}, "config", "RegistrazioneContabileErario", "0");
+  vat::DatiLiquidazione dati;
+  dati.proRata = I("10");
+  const std::vector<vat::TotaleRegistro> registri = {
+      Registro("01", 1, I("1000"), {}, "170.003"), Registro("03", -1, I("400"), {}, "170.003"),
+      Registro("04", 1, I("22"), {}, "900.220"), Registro("05", -1, I("11"), {}, "900.220")};
+  Registra({{"170.003", I("-600")}, {"900.220", I("-11")}, {"100.010", I("611")}});
+  Memorizza("03", registri, dati);
+  Tessarc().Esegui("insert into UltimaDataLibro (Anno, dt) values (2024, #03/31/2024#)");
+  ambiente.ScriviImpostazione({}, "config", "RegistrazioneContabileErario", "1");
+  const vat::Liquidazione l = Memorizza("03", registri, dati);
+  EXPECT_EQ(Saldi()["170.003"], Importo());
+  EXPECT_EQ(Saldi()["900.220"], Importo());
+  EXPECT_EQ(-Saldi()["170.010"], l.daVersare);
+  EXPECT_THAT(log.testo, HasSubstr("dal conto 170.003 il pro-rata già registrato, 40,00"));
+}
+
+TEST_F(LiquidazioneMemoriaTest, IlReverseChargeDeveTuttaLIva) {
+  auto registri = std::vector{Registro("04", 1, I("110")), Registro("05", -1, I("110"))};
+  registri[0].codici[0].ivaInd = registri[1].codici[0].ivaInd = I("110");
+  EXPECT_EQ(vat::CalcolaLiquidazione(Periodo("03"), registri, {}).daVersare, I("110"));
 }
 
 TEST_F(LiquidazioneMemoriaTest, GiriCambiatiOSulGiornaleNonSiContanoDueVolte) {

@@ -122,6 +122,13 @@ TEST(Liquidazione, MinimoVersamento) {
     EXPECT_EQ(vat::SottoMinimo(Periodo(caso.periodo, caso.anno), I(caso.importo)), caso.sotto)
         << caso.anno << " " << caso.periodo << " " << caso.importo;
   }
+  // A year of lire has its own least payment.
+  vat::PeriodoIva lire = Periodo("03", 2000);
+  lire.euro = false;
+  EXPECT_TRUE(vat::SottoMinimo(lire, I("49999")));
+  EXPECT_FALSE(vat::SottoMinimo(lire, I("50000")));
+  EXPECT_THAT(InRighe(vat::CalcolaLiquidazione(lire, {Registro("01", 1, I("49999"))}, {})),
+              ::testing::Contains("(importo inferiore a lire 50.000)"));
   // The interest counts: 99.01 and 0.99.
   const auto l = vat::CalcolaLiquidazione(Periodo("T1"), {Registro("01", 1, I("99.01"))},
                                           Percentuali("0", "1"));

@@ -130,6 +130,15 @@ TEST_F(RegistroIvaTest, SecondoRegistroDellaVentilazione) {
   EXPECT_EQ(v.aaNProt, 7) << "typed";
   registro.ProponiVentilazione(false);
   EXPECT_EQ(v.aaNProt, 1);
+  // The same period once more keeps what is typed, and takes in what isn't.
+  v.aaNProt = 7;
+  Scegli("03");
+  EXPECT_EQ(v.aaNProt, 7);
+  Scegli("04");
+  EXPECT_EQ(v.aaNProt, 1) << "another period";
+  Scrivi({"3", 2, G(7, 3, 2024), {{"22V", I("100"), I("22")}}});
+  Scegli("04");
+  EXPECT_EQ(v.aaNProt, 2);
 }
 
 TEST_F(RegistroIvaTest, Controlli) {

@@ -5,6 +5,7 @@
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 #include "duedates/codes/Rate.h"
+#include "duedates/schedules/Scadenza.h"
 
 namespace fenalto::duedates {
 
@@ -99,6 +100,27 @@ class Scadenziere {
   std::vector<RataDocumento> rate_;
 };
 
+std::string DellaRegistrazione(int anno, std::int64_t articolo, const ParteScadenze& parte) {
+  std::string quali = " FROM Scadenze WHERE Anno=" + std::to_string(anno) +
+                      " AND Articolo=" + std::to_string(articolo);
+  if (UgualeTesto(parte.cfp, "C") || UgualeTesto(parte.cfp, "F")) {
+    // One that a person gave to another party is still this registration's.
+    quali += " AND (Modificata=True OR (" + sql::Criterio("CFP", "=", parte.cfp) + " AND " +
+             sql::Criterio("Conto", "=", parte.conto) + "))";
+  }
+  return quali;
+}
+
+/// Empty for one that is open and untouched.
+std::string Mossa(const Scadenza& s) {
+  if (ConfrontaTesto(s.stato, kStatoParziale) < 0) {
+    return s.importoPagatoE.Zero() ? "" : "pagata in parte";
+  }
+  if (ConfrontaTesto(s.stato, kStatoPresentabile) < 0) return "pagata in parte";
+  if (s.Aperta()) return "presentata";
+  return s.tipo == kTipoRiba ? "presentata o pagata" : "pagata";
+}
+
 void AggiungiAlLog(std::string& log, const std::string& testo) {
   if (!log.empty() && log.back() != '\n') log += '\n';
   log += testo;
@@ -128,16 +150,28 @@ bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::s
   return true;
 }
 
+std::vector<std::string> ScadenzeMosse(Ambiente& ambiente, int anno, std::int64_t articolo,
+                                       const ParteScadenze& parte) {
+  std::vector<std::string> mosse;
+  for (Rs rs = ambiente.ArchivioDi("scadenzario")
+                   .Recordset("SELECT *" + DellaRegistrazione(anno, articolo, parte) +
+                              " ORDER BY Numero");
+       !rs.Eof(); rs.MoveNext()) {
+    const Scadenza scadenza = ScadenzaDi(rs);
+    const std::string come = Mossa(scadenza);
+    if (come.empty()) continue;
+    std::string testo = NomeScadenza(ambiente, scadenza);
+    testo += ": " + come;
+    testo += " (stato " + scadenza.stato + ")";
+    mosse.push_back(std::move(testo));
+  }
+  return mosse;
+}
+
 bool EliminaScadenzeFattura(Ambiente& ambiente, int anno, std::int64_t articolo, std::string& log,
                             const ParteScadenze& parte) {
   Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");
-  std::string quali = " FROM Scadenze WHERE Anno=" + std::to_string(anno) +
-                      " AND Articolo=" + std::to_string(articolo);
-  if (UgualeTesto(parte.cfp, "C") || UgualeTesto(parte.cfp, "F")) {
-    // One that a person gave to another party is still this registration's.
-    quali += " AND (Modificata=True OR (" + sql::Criterio("CFP", "=", parte.cfp) + " AND " +
-             sql::Criterio("Conto", "=", parte.conto) + "))";
-  }
+  const std::string quali = DellaRegistrazione(anno, articolo, parte);
   std::string testo = "elim. scadenze ";
   int quante = 0;
   Rs scadenze =

@@ -52,6 +52,11 @@ struct ParteScadenze {
 bool CreaScadenze(Ambiente& ambiente, const RichiestaScadenze& richiesta, std::string& log,
                   std::vector<std::string>& avvisi);
 
+/// Due dates of a registration that are paid, in part or whole, or presented, by number: name and
+/// state of each, to be told before the registration goes or changes. `parte` as below.
+std::vector<std::string> ScadenzeMosse(Ambiente& ambiente, int anno, std::int64_t articolo,
+                                       const ParteScadenze& parte = {});
+
 /// Deletes the due dates of a registration in the transaction that the caller holds, and adds a
 /// line to the log; where there are none the log says nothing. When any of them has moved past
 /// state "00", or a person has written or changed it, none is deleted, and false is returned. With

@@ -30,7 +30,9 @@ std::int64_t ScriviRegistrazione(Ambiente& ambiente, const TestaRegistrazione& t
                                  {"ContoA", testa.contoA},
                                  {"CREATOINAUTOMATICO", static_cast<int>(testa.origine)},
                                  {"DtFat", testa.dtFat},
-                                 {"NFat", testa.nFat}});
+                                 {"NFat", testa.nFat},
+                                 {"AnnoOrigine", testa.seguitoDi.anno},
+                                 {"NumDocOrigine", testa.seguitoDi.numDoc}});
   for (const RigaRegistrazione& riga : righe) {
     tessarc.Inserisci("Movimenti",
                       {{"Anno", testa.anno},
@@ -51,7 +53,7 @@ std::int64_t ScriviRegistrazione(Ambiente& ambiente, const TestaRegistrazione& t
 
 std::int64_t ScriviDueRighe(Ambiente& ambiente, const RegistrazioneDueRighe& r) {
   const TestaRegistrazione testa{r.anno,        r.dt,      r.testaCfp, r.testaConto, r.testaCfpA,
-                                 r.testaContoA, r.origine, r.dtFat,    r.nFat};
+                                 r.testaContoA, r.origine, r.dtFat,    r.nFat,       r.seguitoDi};
   const auto riga = [&r](std::int64_t posi, const std::string& cfp, const std::string& conto,
                          Importo dare, Importo avere, const std::string& cfpA,
                          const std::string& contoA) {

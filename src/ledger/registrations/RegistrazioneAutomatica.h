@@ -31,6 +31,12 @@ enum class Origine {
 
 /// Next number of a registration of a year: the greatest plus 1.
 std::int64_t ProssimoNumDoc(Ambiente& ambiente, int anno);
+/// A registration by its key; none at number 0.
+struct ArticoloOrigine {
+  int anno = 0;
+  std::int64_t numDoc = 0;
+};
+
 /// The head of a registration: account of the debit side and of the credit side, as the source
 /// wants them ("DIVERSI" for several).
 struct TestaRegistrazione {
@@ -43,6 +49,7 @@ struct TestaRegistrazione {
   Origine origine = Origine::Manuale;
   Data dtFat = {};
   std::string nFat = {};
+  ArticoloOrigine seguitoDi = {};  ///< the document that it was written with
 };
 struct RigaRegistrazione {
   std::int64_t posi = 0;
@@ -81,6 +88,7 @@ struct RegistrazioneDueRighe {
   std::string testaContoA;
   Data dtFat;
   std::string nFat;
+  ArticoloOrigine seguitoDi;  ///< the document that it was written with
 };
 /// Writes head and rows under the next number and gives it.
 std::int64_t ScriviDueRighe(Ambiente& ambiente, const RegistrazioneDueRighe& registrazione);

@@ -82,8 +82,8 @@ void RegistrazioneIva::Interno::ChiudiRecord() noexcept {
   parteRecord = {};
   ritenuteRecord = {};
   doganaRecord.reset();
-  documentoRecord = {};
   fatturaRecord.clear();
+  scadenzeRecord.clear();
   seguito.clear();
   bloccati.clear();
   pagamentoProposto.clear();
@@ -347,7 +347,6 @@ void RegistrazioneIva::Interno::CaricaTesta(const Rs& record) {
   pagamentoRecord = pagamentoProposto = record.Fields("Pagamento").Testo();
   parteRecord = {record.Fields("CFP").Testo(), record.Fields("Conto").Testo()};
   dtIncassoRecord = record.Fields("DtIncasso").Data();
-  documentoRecord = {T("CFPx"), T("Contox"), pagamentoRecord};
   fatturaRecord = EstremiFattura();
   LeggiCausali();
   std::vector<RigaIva> lette = LeggiRigheIva(tessarc, anno, numeroRecord);
@@ -399,6 +398,7 @@ bool RegistrazioneIva::Apri(std::int64_t numDoc) {
   }
   if (!motivo.empty()) io.Avviso(motivo);
   io.CalcolaTotali();
+  io.scadenzeRecord = io.BaseScadenze();
   io.testa.Scrivi("TotaleXVerifica", io.totali.Totale());
   io.documento.Mostra(std::move(preso), std::move(motivo));
   io.ambiente.Ricorda(AlNumero("Fatture", numDoc, io.anno));

@@ -74,17 +74,36 @@ int RegistrazioneIva::Interno::OrigineNuova() const {
 
 // --- What was written with it --------------------------------------------------------------------
 
-bool RegistrazioneIva::Interno::ChiediSeguito(std::string_view cheFare) {
+std::string RegistrazioneIva::Interno::ScadenzeCheRestano(
+    const std::vector<RegistrazioneSeguita>& trovate) {
+  std::string elenco;
+  const auto aggiungi = [&](std::int64_t articolo, const duedates::ParteScadenze& parte) {
+    for (const std::string& scadenza : duedates::ScadenzeMosse(ambiente, anno, articolo, parte)) {
+      elenco += scadenza + "\n";
+    }
+  };
+  aggiungi(numeroRecord, parteRecord);
+  for (const RegistrazioneSeguita& r : trovate) {
+    if (!r.fornitore.empty()) aggiungi(r.articolo.numDoc, {"F", r.fornitore});
+  }
+  if (elenco.empty()) return elenco;
+  return "Ci sono scadenze già pagate o presentate, che restano come sono:\n" + elenco + "\n";
+}
+
+bool RegistrazioneIva::Interno::ChiediSeguito(std::string_view cheFare, bool scadenzeToccate) {
   bloccati.clear();
   seguito.clear();
   if (documento.Nuovo()) return true;
   std::vector<RegistrazioneSeguita> trovate = TrovaSeguito(ambiente, {anno, numeroRecord});
-  if (trovate.empty()) return true;
+  const std::string restano = scadenzeToccate ? ScadenzeCheRestano(trovate) : "";
+  if (trovate.empty()) {
+    return restano.empty() || ambiente.Dialogo().Conferma(restano + "Proseguo ugualmente ?");
+  }
   std::string testo = "Con questa registrazione sono state scritte anche:\n";
   for (const RegistrazioneSeguita& r : trovate) {
     testo += r.nome + (r.ferma.empty() ? "" : " (resta com'è: " + r.ferma + ")") + "\n";
   }
-  testo += "\nSÌ = " + std::string(cheFare) +
+  testo += "\n" + restano + "SÌ = " + std::string(cheFare) +
            " anche queste, con le loro scadenze\nNO = le lascia come sono\nANNULLA = non fa nulla";
   const Risposta risposta =
       ambiente.Dialogo().Domanda(testo, Bottoni::SiNoAnnulla, Risposta::Si, "", Icona::Avviso);
@@ -170,10 +189,16 @@ void RegistrazioneIva::Interno::ScriviSeguito(Scritta& scritta) {
   if (Tipo({"02", "07", "04", "05", "09"})) return;
   const Importo daPagare = DaPagare();
   if (documento.Nuovo()) {
-    CreaContabPagamento(
-        ambiente,
-        {T("CFPx"), T("Contox"), T("Pagamento"), T("Descrizionex"), daPagare, D("Dt"), anno},
-        scritta.log);
+    CreaContabPagamento(ambiente,
+                        {T("CFPx"),
+                         T("Contox"),
+                         T("Pagamento"),
+                         T("Descrizionex"),
+                         daPagare,
+                         D("Dt"),
+                         anno,
+                         {anno, scritta.numDoc}},
+                        scritta.log);
     ScriviScadenze(scritta, daPagare);
     return;
   }
@@ -243,7 +268,7 @@ RegistrazioneIva::Interno::Scritta RegistrazioneIva::Interno::Scrivi() {
   if (!documento.Nuovo()) RinumeraScadenze(scritta);
   ScriviSeguito(scritta);
   ScriviAutomatiche(scritta);
-  CorreggiSeguito(ambiente, seguito, {anno, scritta.numDoc}, documentoRecord, DaPagare(),
+  CorreggiSeguito(ambiente, seguito, {anno, scritta.numDoc}, pagamentoRecord, DaPagare(),
                   scritta.log);
   if (stornoLibero) RimettiStornoSospesa(ambiente, {anno, scritta.numDoc}, scritta.log);
   return scritta;
@@ -290,7 +315,8 @@ bool RegistrazioneIva::Conferma(std::string* campo) {
            [&] {
              if (io.documento.Rifiuta(io.Controlla(), campo) || io.NumeroOccupato()) return false;
              io.seguito.clear();
-             return !Modificata() || io.ChiediSeguito("corregge");
+             return !Modificata() ||
+                    io.ChiediSeguito("corregge", io.BaseScadenze() != io.scadenzeRecord);
            },
        // Another station may have taken a typed number, or erased a code, since the first look.
        .sottoBlocco =
@@ -339,7 +365,7 @@ bool RegistrazioneIva::Elimina() {
        .prima =
            [&] {
              return io.ambiente.Dialogo().Conferma("Conferma eliminazione ARTICOLO CONTABILE ?") &&
-                    io.ChiediSeguito("elimina");
+                    io.ChiediSeguito("elimina", true);
            },
        .scrivi = elimina});
   io.bloccati.clear();

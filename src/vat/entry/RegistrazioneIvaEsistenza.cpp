@@ -11,6 +11,9 @@ namespace {
 
 constexpr const char* kProsegue = "\nProseguo ugualmente ?";
 
+constexpr const char* kRiconfermare =
+    ": riconfermare il registro in Archivi, Contabilità, Registri Iva";
+
 /// A field of the head that holds a code, where it is looked up, and what it is called.
 struct CampoCodice {
   const char* campo;
@@ -73,6 +76,52 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodiciTesta() {
   return rifiuto;
 }
 
+std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodiciSeguito() {
+  const bool cambiato = documento.Nuovo() || !UgualeTesto(T("Pagamento"), pagamentoRecord);
+  std::optional<Rifiuto> rifiuto;
+  if (cambiato && !Tipo({"02", "07", "04", "05", "09"})) {
+    rifiuto = ControllaPagamentoSubito("Pagamento");
+  }
+  if (!documento.Nuovo()) return rifiuto;
+  if (!rifiuto && Tipo({"04"}) && AutomaticoIntra()) {
+    rifiuto = ControllaRegistroIntra();
+    if (!rifiuto && !B("NoIntraCosto_a_Forn")) rifiuto = ControllaPagamentoSubito("PagamentoIntra");
+  }
+  if (!rifiuto && B("BollaDog")) rifiuto = ControllaPagamentoSubito("PagamentoBollaDog");
+  return rifiuto;
+}
+
+std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaPagamentoSubito(const char* campo) {
+  Rs codice = tessarc.Recordset("SELECT Conto, Causale FROM Pagamento WHERE " +
+                                sql::Criterio("Cod", "=", T(campo)));
+  if (codice.Eof()) return std::nullopt;
+  const std::string conto = codice.Fields("Conto").Testo();
+  const std::string causale = codice.Fields("Causale").Testo();
+  if (conto.empty() || causale.empty()) return std::nullopt;
+  const std::string delCodice = " del codice pagamento " + T(campo) + " non esiste";
+  if (!EsisteConto(conto)) return Rifiuto{"il conto " + conto + delCodice, campo};
+  if (EsisteCausale(ambiente, causale)) return std::nullopt;
+  return Rifiuto{"la causale " + causale + delCodice, campo};
+}
+
+std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaRegistroIntra() {
+  const std::string riva = T("RivaIntra");
+  const std::string conto =
+      NzStr(ambiente.Cerca("tessarc", "RegistriIva", {{"Cod", riva}}, "Conto"));
+  if (conto.empty())
+    return Rifiuto{"sul registro iva " + riva + " manca il conto iva", "RivaIntra"};
+  const std::string delRegistro = " del registro iva " + riva + " non esiste";
+  if (!EsisteConto(conto)) return Rifiuto{"il conto iva " + conto + delRegistro, "RivaIntra"};
+  for (const char cifra : kCifre) {
+    if (EsisteCausale(ambiente, riva + cifra)) continue;
+    std::string testo = "la causale " + riva;
+    testo += cifra + delRegistro;
+    testo += kRiconfermare;
+    return Rifiuto{std::move(testo), "RivaIntra"};
+  }
+  return std::nullopt;
+}
+
 void RegistrazioneIva::Interno::LeggiCausali() {
   causaliRegistro.clear();
   for (const char cifra : kCifre) {
@@ -91,7 +140,7 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodiciRegistro() {
     if (EsisteCausale(ambiente, causale)) continue;
     std::string testo = "la causale " + causale;
     testo += delRegistro;
-    testo += ": riconfermare il registro in Archivi, Contabilità, Registri Iva";
+    testo += kRiconfermare;
     return Rifiuto{std::move(testo), "Riva"};
   }
   return std::nullopt;
@@ -125,7 +174,8 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaRiepilogativo() {
 std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodici() {
   for (const auto controllo :
        {&Interno::ControllaParte, &Interno::ControllaCodiciTesta, &Interno::ControllaCodiciRighe,
-        &Interno::ControllaCodiciRegistro, &Interno::ControllaRiepilogativo}) {
+        &Interno::ControllaCodiciRegistro, &Interno::ControllaCodiciSeguito,
+        &Interno::ControllaRiepilogativo}) {
     if (auto rifiuto = (this->*controllo)()) return rifiuto;
   }
   return std::nullopt;
@@ -135,6 +185,11 @@ std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaCodici() {
 
 std::string RegistrazioneIva::Interno::EstremiFattura() const {
   return T("Contox") + "\x1f" + T("NFat") + "\x1f" + D("DtFat").Testo();
+}
+
+std::string RegistrazioneIva::Interno::BaseScadenze() const {
+  return EstremiFattura() + "\x1f" + T("CFPx") + "\x1f" + T("Pagamento") + "\x1f" +
+         D("Dt").Testo() + "\x1f" + totali.Totale().Testo() + "\x1f" + totali.imponibile.Testo();
 }
 
 /// Number and day of a purchase and the day of a sale are needed for its due dates, its registers

@@ -117,6 +117,12 @@ struct RegistrazioneIva::Interno {
   std::optional<Rifiuto> ControllaCodici();
   std::optional<Rifiuto> ControllaRiepilogativo();
   std::optional<Rifiuto> ControllaCodiciTesta();
+  /// What the codes of the head have in their own records for what is written with it.
+  std::optional<Rifiuto> ControllaCodiciSeguito();
+  /// Account and causal of a payment code that is registered at once.
+  std::optional<Rifiuto> ControllaPagamentoSubito(const char* campo);
+  /// What the second half of a reverse charge is written with.
+  std::optional<Rifiuto> ControllaRegistroIntra();
   /// Those that the register has as the registration is opened: a register that was brought in
   /// without any is registered on all the same.
   void LeggiCausali();
@@ -128,6 +134,8 @@ struct RegistrazioneIva::Interno {
   /// Another registration of the same document on a register of a year.
   std::optional<std::int64_t> StessaFattura(int annoCercato, const std::string& riva);
   [[nodiscard]] std::string EstremiFattura() const;
+  /// What its due dates follow from, as text.
+  [[nodiscard]] std::string BaseScadenze() const;
 
   // --- Confirmation -----------------------------------------------------------------------------
 
@@ -141,8 +149,12 @@ struct RegistrazioneIva::Interno {
   bool NumeroOccupato();
   bool ProtocolloOccupato();
   /// Asks what becomes of what was written with the stored registration, and takes it in edit;
-  /// false when the user gives up, or when a part of it is in edit elsewhere.
-  bool ChiediSeguito(std::string_view cheFare);
+  /// false when the user gives up, or when a part of it is in edit elsewhere. With
+  /// `scadenzeToccate` due dates that can't follow are told.
+  bool ChiediSeguito(std::string_view cheFare, bool scadenzeToccate);
+  /// Due dates of the registration, and of what was written with it, that aren't free any more, as
+  /// the question tells them.
+  std::string ScadenzeCheRestano(const std::vector<RegistrazioneSeguita>& trovate);
   /// What is left of a total to be paid to the party.
   [[nodiscard]] Importo DaPagare() const;
   /// In a transaction over both databases; throws.
@@ -176,11 +188,11 @@ struct RegistrazioneIva::Interno {
   duedates::ParteScadenze parteRecord;  ///< whose due dates the stored registration has
   Importo ritenuteRecord;  ///< moved by the withholding giros of the stored registration
   std::optional<Importo> doganaRecord;  ///< moved by its customs giro, when it has one
-  DocumentoPrima documentoRecord;
-  std::string pagamentoProposto;  ///< that of the party, as last put in
+  std::string pagamentoProposto;        ///< that of the party, as last put in
   Data dtIncassoRecord;
   std::string descrizioneProposta;  ///< the last one put in by the program
   Data dtFatProposta;               ///< likewise
+  std::string scadenzeRecord;       ///< what the due dates of the stored document followed from
   std::string fatturaRecord;        ///< number, day and party of the stored invoice, as text
   bool doppioAmmesso = false;       ///< this confirmation has already asked about it
   Data dataAvvisata;

@@ -7,6 +7,7 @@
 #include "duedates/schedules/CreaScadenze.h"
 #include "vat/codes/TipiRegistro.h"
 #include "vat/postings/DatiIva.h"
+#include "vat/postings/SeguitoFattura.h"
 
 namespace fenalto::vat {
 namespace {
@@ -87,16 +88,28 @@ void ScriviSeguito(Ambiente& ambiente, const RichiestaArticoloFattura& richiesta
   for (const auto& ritenuta : richiesta.ritenute) daPagare -= ritenuta.importo;
   if (richiesta.nuovo && richiesta.registraPagamento) {
     CreaContabPagamento(ambiente,
-                        {std::string(cfp), richiesta.conto, richiesta.pagamento,
-                         richiesta.descrizione, daPagare, richiesta.dt, richiesta.anno},
+                        {std::string(cfp),
+                         richiesta.conto,
+                         richiesta.pagamento,
+                         richiesta.descrizione,
+                         daPagare,
+                         richiesta.dt,
+                         richiesta.anno,
+                         {richiesta.anno, numDoc}},
                         log);
   }
   if (richiesta.nuovo) {
     for (const auto& ritenuta : richiesta.ritenute) {
       if (ritenuta.importo.Zero()) continue;
       CreaGiroRitenuta(ambiente,
-                       {std::string(cfp), richiesta.conto, ritenuta.codice, ritenuta.descrizione,
-                        ritenuta.importo, richiesta.dt, richiesta.anno},
+                       {std::string(cfp),
+                        richiesta.conto,
+                        ritenuta.codice,
+                        ritenuta.descrizione,
+                        ritenuta.importo,
+                        richiesta.dt,
+                        richiesta.anno,
+                        {richiesta.anno, numDoc}},
                        log);
     }
   }
@@ -138,6 +151,8 @@ bool CreaArticoloFattura(Ambiente& ambiente, const RichiestaArticoloFattura& ric
     return false;
   }
   numDoc = richiesta.numDoc;
+  std::vector<ArticoloOrigine> legati;
+  if (!richiesta.nuovo) legati = LegatiA(ambiente, {richiesta.anno, numDoc});
   if (richiesta.nuovo) {
     numDoc = ledger::ProssimoNumDoc(ambiente, richiesta.anno);
   } else if (!EliminaContabFattura(ambiente, richiesta.anno, richiesta.riva, richiesta.nProt,
@@ -163,6 +178,7 @@ bool CreaArticoloFattura(Ambiente& ambiente, const RichiestaArticoloFattura& ric
   Archivio& tessarc = ambiente.ArchivioDi("tessarc");
   // The head first: the rows then take its date as they are written.
   ScriviTesta(tessarc, completa, numDoc, tipo->cfp);
+  LegaA(ambiente, legati, {richiesta.anno, numDoc});
   for (const auto& riga : righe) ScriviRigaIva(tessarc, riga);
   log.Riga("Effettuata contabilizzazione fattura: art." + std::to_string(numDoc) + " prot." +
            std::to_string(richiesta.nProt));

@@ -18,6 +18,7 @@ void ScriviGiroFornitore(Ambiente& ambiente, const GiroFornitore& giro, LogConta
   r.dare = giro.importo;
   r.posi1 = r.posi2 = giro.posi;
   r.origine = giro.origine;
+  r.seguitoDi = giro.documento;
   r.dtFat = articolo.Fields("DtFat").Data();
   r.nFat = articolo.Fields("NFat").Testo();
   const auto numDoc = ledger::ScriviDueRighe(ambiente, r);
@@ -31,6 +32,7 @@ void ScriviGiroFornitore(Ambiente& ambiente, const GiroFornitore& giro, LogConta
   pagamento.importo = giro.importo;
   pagamento.dt = r.dt;
   pagamento.anno = r.anno;
+  pagamento.documento = giro.documento;
   CreaContabPagamento(ambiente, pagamento, log);
 
   duedates::RichiestaScadenze scadenze;

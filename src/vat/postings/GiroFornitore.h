@@ -9,8 +9,9 @@
 namespace fenalto::vat {
 
 struct GiroFornitore {
-  ArticoloOrigine articolo;  ///< whose register, protocol and invoice the due dates bear
-  std::string cfp;           ///< debited: class and account
+  ArticoloOrigine articolo;   ///< whose register, protocol and invoice the due dates bear
+  ArticoloOrigine documento;  ///< what all this is written with
+  std::string cfp;            ///< debited: class and account
   std::string conto;
   std::string fornitore;  ///< credited
   Importo importo;

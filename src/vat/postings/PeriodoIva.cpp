@@ -40,6 +40,11 @@ bool IvaTrimestrale(Ambiente& ambiente, int anno) {
   return Nz(ambiente.Cerca("tessarc", "Anni", {{"Anno", anno}}, "IvaTrimestrale")).Booleano();
 }
 
+bool AnnoInEuro(Ambiente& ambiente, int anno) {
+  const Valore euro = ambiente.Cerca("tessarc", "Anni", {{"Anno", anno}}, "Euro");
+  return euro.Nullo() || euro.Booleano();
+}
+
 std::string ChiavePeriodo(Data data, bool trimestrale) {
   const int mese = data.Mese();
   if (trimestrale) return "T" + std::to_string((mese - 1) / kMesiTrimestre + 1);
@@ -69,11 +74,13 @@ std::vector<PeriodoIva> PeriodiIva(Ambiente& ambiente, int anno) {
   const std::string elenco = IvaTrimestrale(ambiente, anno)
                                  ? "select * from Mesi where COD='Z' OR (COD>='T1' AND COD<='T4') "
                                  : "select * from Mesi where COD='Z' OR (COD>='01' AND COD<='12') ";
+  const bool euro = AnnoInEuro(ambiente, anno);
   std::vector<PeriodoIva> periodi;
   for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset(elenco + "order by COD"); !rs.Eof();
        rs.MoveNext()) {
     PeriodoIva periodo = PeriodoDiChiave(anno, rs.Fields("Cod").Testo());
     if (periodo.cod.empty()) continue;
+    periodo.euro = euro;
     periodo.testo = rs.Fields("Descrizione").Testo();
     periodi.push_back(periodo);
   }

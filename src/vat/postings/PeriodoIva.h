@@ -13,6 +13,7 @@ struct PeriodoIva {
   int anno = 0;
   int daMese = 1;
   int aaMese = 12;
+  bool euro = true;   ///< currency of its year; lire otherwise
   std::string testo;  ///< as `Mesi` tells it
   [[nodiscard]] bool Annuale() const { return cod == "Z"; }
   [[nodiscard]] bool Trimestre() const { return !Annuale() && aaMese > daMese; }
@@ -25,6 +26,8 @@ struct PeriodoIva {
 
 /// Whether the year is settled by quarter (`IvaTrimestrale` of `Anni`).
 bool IvaTrimestrale(Ambiente& ambiente, int anno);
+/// Whether the year is kept in euro; a year that isn't the company's is taken for one.
+bool AnnoInEuro(Ambiente& ambiente, int anno);
 /// Key of the month or quarter that a date falls in.
 std::string ChiavePeriodo(Data data, bool trimestrale);
 /// Key of the period that a date falls in when its settlement is stored, empty while it is open.

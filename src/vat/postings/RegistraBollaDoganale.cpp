@@ -32,7 +32,7 @@ bool RegistraBollaDoganale(Ambiente& ambiente, const ArticoloOrigine& origine,
     giro.posi = parte.Fields("Posi").Intero();
     giro.descrizione = parte.Fields("Descrizione").Testo();
   }
-  giro.articolo = origine;
+  giro.articolo = giro.documento = origine;
   giro.cfp = articolo.Fields("CFP").Testo();
   giro.conto = articolo.Fields("Conto").Testo();
   giro.fornitore = dati.fornitore;

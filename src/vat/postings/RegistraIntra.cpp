@@ -55,15 +55,22 @@ RigheIntra CopiaRigheIntra(Ambiente& ambiente, const ArticoloOrigine& origine,
     riga.numDoc = numDoc;
     riga.causale = rivaIntra + std::to_string(cifra + 1);
     if (riga.tipoRiga == TipoRigaIva::Imponibile) {
-      const Importo inPiu = Indetraibile(ambiente, riga) - riga.ivaInd;
-      Specchia(riga, inPiu);
-      riga.iva -= inPiu;
-      riga.ivaInd += inPiu;
+      // What was typed is already among the columns; owed it is all the same.
+      const Importo indetraibile = Indetraibile(ambiente, riga);
+      Specchia(riga, indetraibile);
+      riga.iva -= indetraibile - riga.ivaInd;
+      riga.ivaInd = indetraibile;
       copia.costo += riga.imponibile;
-      if (!inPiu.Zero()) copia.indetraibile[riga.conto] += inPiu;
-      tolta += inPiu;
+      if (!indetraibile.Zero()) copia.indetraibile[riga.conto] += indetraibile;
+      tolta += indetraibile;
     } else if (riga.tipoRiga == TipoRigaIva::Iva) {
       Specchia(riga, -tolta);
+      // More isn't deducted than stands on the row: it is owed, or given back by a credit note.
+      if (riga.impoDare.Negativo() && tolta > Importo()) {
+        riga.impoAvere = -std::exchange(riga.impoDare, Importo());
+      } else if (riga.impoAvere.Negativo() && tolta < Importo()) {
+        riga.impoDare = -std::exchange(riga.impoAvere, Importo());
+      }
       riga.conto = contoIva;
     } else {
       Specchia(riga, {});
@@ -74,9 +81,6 @@ RigheIntra CopiaRigheIntra(Ambiente& ambiente, const ArticoloOrigine& origine,
   return copia;
 }
 
-namespace {
-
-/// What isn't deducted goes from the account of its row to that of the cost, as the cost does.
 void ScriviGiroIndetraibile(Ambiente& ambiente, const GiroFornitore& costo,
                             const std::string& conto, Importo importo, LogContabile& log) {
   Rs articolo = LeggiArticolo(ambiente, costo.articolo);
@@ -92,11 +96,10 @@ void ScriviGiroIndetraibile(Ambiente& ambiente, const GiroFornitore& costo,
   r.origine = costo.origine;
   r.dtFat = articolo.Fields("DtFat").Data();
   r.nFat = articolo.Fields("NFat").Testo();
+  r.seguitoDi = costo.documento;
   log.Riga("Registraz.Costo IVA indetraibile : Articolo n. " +
            std::to_string(ledger::ScriviDueRighe(ambiente, r)) + " EFFETTUATA");
 }
-
-}  // namespace
 
 bool RegistraIntra(Ambiente& ambiente, const ArticoloOrigine& origine, const DatiIntra& dati,
                    LogContabile& log) {
@@ -123,6 +126,8 @@ bool RegistraIntra(Ambiente& ambiente, const ArticoloOrigine& origine, const Dat
   for (const char* campo : {"Anno", "Dt", "Conto", "CfpA", "ContoA", "DtFat", "NFat"}) {
     testa.emplace_back(campo, articolo.Fields(campo));
   }
+  testa.emplace_back("AnnoOrigine", origine.anno);
+  testa.emplace_back("NumDocOrigine", origine.numDoc);
   tessarc.Inserisci("Articoli", testa);
   const RigheIntra copia = CopiaRigheIntra(ambiente, origine, dati.rivaIntra, numDoc);
   log.Riga("Registraz.IVA su registro " + dati.rivaIntra + ": N.Prot." + std::to_string(nProt) +
@@ -136,6 +141,7 @@ bool RegistraIntra(Ambiente& ambiente, const ArticoloOrigine& origine, const Dat
   }
   GiroFornitore giro;
   giro.articolo = {origine.anno, numDoc};
+  giro.documento = origine;
   giro.cfp = "P";
   giro.conto = dati.contoCosti;
   giro.fornitore = dati.fornitore;

@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "vat/postings/GiroFornitore.h"
 #include "vat/postings/RegistrazioniAutomatiche.h"
 
 namespace fenalto::vat {
@@ -22,6 +23,10 @@ struct RigheIntra {
 /// Source: D.P.R. 633/1972, art. 17 and 19.
 RigheIntra CopiaRigheIntra(Ambiente& ambiente, const ArticoloOrigine& origine,
                            const std::string& rivaIntra, std::int64_t numDoc);
+
+/// What isn't deducted goes from the account of its row to that of the cost, as the cost does.
+void ScriviGiroIndetraibile(Ambiente& ambiente, const GiroFornitore& costo,
+                            const std::string& conto, Importo importo, LogContabile& log);
 
 /// Description of the giro of the cost, by which it is found again.
 std::string DescrizioneGiroIntra(const std::string& nFat, Data dtFat);

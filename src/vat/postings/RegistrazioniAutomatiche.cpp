@@ -69,6 +69,7 @@ std::int64_t ScriviControConto(Ambiente& ambiente, const RichiestaControConto& r
   registrazione.causale = causale;
   registrazione.descrizione = richiesta.descrizione;
   registrazione.origine = origine;
+  registrazione.seguitoDi = richiesta.documento;
   return ledger::ScriviDueRighe(ambiente, registrazione);
 }
 
@@ -114,6 +115,7 @@ bool RegistraGiroRitenuta(Ambiente& ambiente, const ArticoloOrigine& origine,
       "select top 1 descrizione from movimenti where " + ChiaveArticolo(origine) +
       " and tiporiga=5 order by posi"));
   registrazione.origine = ledger::Origine::RitenutaAcconto;
+  registrazione.seguitoDi = origine;
   const auto numDoc = ledger::ScriviDueRighe(ambiente, registrazione);
   log.Riga("Registrazione giro ritenuta : Articolo n. " + std::to_string(numDoc) + " EFFETTUATA");
   return true;

@@ -26,6 +26,8 @@ struct LogContabile {
 /// Next protocol of a register of a year: the greatest plus 1.
 std::int64_t ProssimoNProt(Ambiente& ambiente, int anno, const std::string& riva);
 
+using ledger::ArticoloOrigine;
+
 /// A party's document and the code of `Pagamento` or `Ritenute` that gives account and causal.
 struct RichiestaControConto {
   std::string cfp;  ///< "C" or "F"
@@ -35,6 +37,7 @@ struct RichiestaControConto {
   Importo importo;
   Data dt;
   int anno = 0;
+  ArticoloOrigine documento = {};
 };
 /// The immediate payment of a document, when its payment code has account and causal; the number of
 /// the registration, 0 when nothing was written.
@@ -44,11 +47,6 @@ std::int64_t CreaContabPagamento(Ambiente& ambiente, const RichiestaControConto&
 std::int64_t CreaGiroRitenuta(Ambiente& ambiente, const RichiestaControConto& richiesta,
                               LogContabile& log);
 
-/// Which stored registration another one follows from.
-struct ArticoloOrigine {
-  int anno = 0;
-  std::int64_t numDoc = 0;
-};
 /// Condition that finds its head, or its rows.
 std::string ChiaveArticolo(const ArticoloOrigine& articolo);
 /// Its head; at the end when there is none.

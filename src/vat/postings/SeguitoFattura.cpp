@@ -14,10 +14,7 @@ namespace {
 
 using ledger::Origine;
 
-/// A class and an account.
-struct Conto {
-  std::string cfp;
-  std::string cod;
+struct Conto : ContoDiParte {
   [[nodiscard]] bool E(const std::string& altraCfp, const std::string& altro) const {
     return UgualeTesto(cfp, altraCfp) && UgualeTesto(cod, altro);
   }
@@ -47,8 +44,8 @@ Testa LeggiTesta(const Rs& rs) {
   t.riva = testo("Riva");
   t.nProt = rs.Fields("NProt").Intero();
   t.origine = static_cast<Origine>(rs.Fields("CREATOINAUTOMATICO").Intero());
-  t.dare = {testo("CFP"), testo("Conto")};
-  t.avere = {testo("CfpA"), testo("ContoA")};
+  t.dare = {{testo("CFP"), testo("Conto")}};
+  t.avere = {{testo("CfpA"), testo("ContoA")}};
   t.pagamento = testo("Pagamento");
   return t;
 }
@@ -62,7 +59,13 @@ std::string Numero(const ArticoloOrigine& articolo) {
   return std::to_string(articolo.numDoc);
 }
 
-/// Walks the registrations behind a document and tells those that follow from it.
+std::string CondizioneLegati(const ArticoloOrigine& documento) {
+  return " from ZarticoliSeguito where " + sql::Criterio("AnnoOrigine", "=", documento.anno) +
+         " and " + sql::Criterio("NumDocOrigine", "=", documento.numDoc) + " order by ID";
+}
+
+/// Finds the registrations that follow from a document: those tied to it; where there are none,
+/// among those behind it that nothing ties to any, those that look like it.
 class Ricerca {
  public:
   Ricerca(Ambiente& ambiente, Testa documento, bool reverseCharge)
@@ -73,21 +76,33 @@ class Ricerca {
         descrizioneIntra_(DescrizioneGiroIntra(documento_.nFat, documento_.dtFat)) {}
 
   std::vector<RegistrazioneSeguita> Esegui() {
-    for (Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(
-             "select * from Articoli where " +
-             sql::Criterio("Anno", "=", documento_.articolo.anno) + " and " +
-             sql::Criterio("NumDoc", ">", documento_.articolo.numDoc) + " and " +
-             sql::Criterio("Dt", "=", documento_.dt) + " order by NumDoc");
+    Archivio& tessarc = ambiente_.ArchivioDi("tessarc");
+    // As they were written, whatever their number is now: a giro before what pays it.
+    for (Rs rs = tessarc.Recordset("select *" + CondizioneLegati(documento_.articolo)); !rs.Eof();
+         rs.MoveNext()) {
+      VediLegata(LeggiTesta(rs));
+    }
+    if (trovate_.empty()) VediSimili(tessarc);
+    std::ranges::stable_sort(trovate_, {},
+                             [](const RegistrazioneSeguita& r) { return r.articolo.numDoc; });
+    return std::move(trovate_);
+  }
+
+ private:
+  void VediSimili(Archivio& tessarc) {
+    for (Rs rs = tessarc.Recordset("select * from Articoli where " +
+                                   sql::Criterio("Anno", "=", documento_.articolo.anno) + " and " +
+                                   sql::Criterio("NumDoc", ">", documento_.articolo.numDoc) +
+                                   " and " + sql::Criterio("Dt", "=", documento_.dt) +
+                                   " and NumDocOrigine=0 order by NumDoc");
          !rs.Eof(); rs.MoveNext()) {
       const Testa testa = LeggiTesta(rs);
       // What comes after another document of the same kind, number and day follows from that.
       if (Gemella(testa)) break;
       Vedi(testa);
     }
-    return std::move(trovate_);
   }
 
- private:
   std::vector<RigaIva> Righe(const ArticoloOrigine& articolo) {
     return LeggiRigheIva(ambiente_.ArchivioDi("tessarc"), articolo.anno, articolo.numDoc);
   }
@@ -101,6 +116,53 @@ class Ricerca {
            documento_.dare.E(t.dare.cfp, t.dare.cod);
   }
 
+  /// What it is follows from who wrote it: day, party and text may be the document's no more.
+  void VediLegata(const Testa& t) {
+    if (t.origine == Origine::ReverseCharge && !t.riva.empty()) return VediCopia(t);
+    const auto righe = Righe(t.articolo);
+    switch (t.origine) {
+      case Origine::ReverseCharge:
+        return VediGiroIntra(t, righe);
+      case Origine::BollaDoganale:
+        return VediGiroDogana(t, righe);
+      case Origine::RitenutaAcconto:
+      case Origine::GiroRitenuta:
+        return Aggiungi(GenereSeguito::GiroRitenuta, t, righe, "giro ritenuta", Parte(t));
+      case Origine::Pagamento:
+        return giri_.empty() && !reverse_ ? VediPagamento(t, righe) : VediPagamentoGiro(t, righe);
+      default:
+        return;
+    }
+  }
+
+  void VediGiroIntra(const Testa& t, const std::vector<RigaIva>& righe) {
+    if (t.avere.cfp != "F") {
+      return Aggiungi(GenereSeguito::GiroIndetraibile, t, righe,
+                      "giro dell'iva indetraibile al costo");
+    }
+    giri_.push_back({t.avere, Testo(righe)});
+    Aggiungi(GenereSeguito::GiroCosto, t, righe, "giro del costo al fornitore " + t.avere.cod);
+    trovate_.back().fornitore = t.avere.cod;
+  }
+  void VediGiroDogana(const Testa& t, const std::vector<RigaIva>& righe) {
+    giri_.push_back({t.avere, Testo(righe)});
+    Aggiungi(GenereSeguito::GiroDogana, t, righe,
+             "giro della bolla doganale al fornitore " + t.avere.cod, t.dare);
+    trovate_.back().fornitore = t.avere.cod;
+  }
+  void VediPagamento(const Testa& t, const std::vector<RigaIva>& righe) {
+    Aggiungi(GenereSeguito::Pagamento, t, righe, "pagamento", Parte(t));
+  }
+  void VediPagamentoGiro(const Testa& t, const std::vector<RigaIva>& righe) {
+    Aggiungi(GenereSeguito::PagamentoGiro, t, righe, "pagamento del fornitore " + t.dare.cod);
+  }
+
+  static std::string Testo(const std::vector<RigaIva>& righe) {
+    return righe.empty() ? std::string() : righe.front().descrizione;
+  }
+  /// The side that isn't an account.
+  static const Conto& Parte(const Testa& t) { return t.dare.cfp == "P" ? t.avere : t.dare; }
+
   void Vedi(const Testa& t) {
     if (t.origine == Origine::ReverseCharge && !t.riva.empty()) {
       if (StessaFattura(t) && documento_.dare.E(t.dare.cfp, t.dare.cod)) VediCopia(t);
@@ -108,36 +170,26 @@ class Ricerca {
     }
     if (!t.riva.empty()) return;
     const auto righe = Righe(t.articolo);
-    const std::string descrizione = righe.empty() ? std::string() : righe.front().descrizione;
+    const std::string descrizione = Testo(righe);
     const bool suo = UgualeTesto(descrizione, descrizione_);
     const bool diIntra = reverse_ && UgualeTesto(descrizione, descrizioneIntra_);
     const bool dellaParte =
         documento_.dare.E(t.dare.cfp, t.dare.cod) || documento_.dare.E(t.avere.cfp, t.avere.cod);
     switch (t.origine) {
       case Origine::ReverseCharge:
-        if (!diIntra) return;
-        if (t.avere.cfp != "F") {
-          return Aggiungi(GenereSeguito::GiroIndetraibile, t, righe,
-                          "giro dell'iva indetraibile al costo");
-        }
-        giri_.push_back({t.avere, descrizione});
-        return Aggiungi(GenereSeguito::GiroCosto, t, righe,
-                        "giro del costo al fornitore " + t.avere.cod);
+        if (diIntra) VediGiroIntra(t, righe);
+        return;
       case Origine::BollaDoganale:
-        if (!suo || !dellaParte) return;
-        giri_.push_back({t.avere, descrizione});
-        return Aggiungi(GenereSeguito::GiroDogana, t, righe,
-                        "giro della bolla doganale al fornitore " + t.avere.cod);
+        if (suo && dellaParte) VediGiroDogana(t, righe);
+        return;
       case Origine::RitenutaAcconto:
-        if (suo && dellaParte) Aggiungi(GenereSeguito::GiroRitenuta, t, righe, "giro ritenuta");
+        if (suo && dellaParte) {
+          Aggiungi(GenereSeguito::GiroRitenuta, t, righe, "giro ritenuta", Parte(t));
+        }
         return;
       case Origine::Pagamento:
-        if (suo && dellaParte) {
-          return Aggiungi(GenereSeguito::Pagamento, t, righe, "pagamento");
-        }
-        if (DiUnGiro(t, descrizione)) {
-          Aggiungi(GenereSeguito::PagamentoGiro, t, righe, "pagamento del fornitore " + t.dare.cod);
-        }
+        if (suo && dellaParte) return VediPagamento(t, righe);
+        if (DiUnGiro(t, descrizione)) VediPagamentoGiro(t, righe);
         return;
       default:
         return;
@@ -146,7 +198,7 @@ class Ricerca {
 
   void VediCopia(const Testa& t) {
     Aggiungi(GenereSeguito::CopiaIntra, t, {},
-             "registro iva " + t.riva + ", protocollo " + std::to_string(t.nProt));
+             "registro iva " + t.riva + ", protocollo " + std::to_string(t.nProt), t.dare);
     const auto stampato =
         ambiente_
             .Max("UltProtSt", "UltProtStRegIva", {{"Anno", t.articolo.anno}, {"Riva", t.riva}},
@@ -162,10 +214,11 @@ class Ricerca {
   }
 
   void Aggiungi(GenereSeguito genere, const Testa& t, const std::vector<RigaIva>& righe,
-                const std::string& cosa) {
+                const std::string& cosa, const ContoDiParte& parte = {}) {
     RegistrazioneSeguita r;
     r.genere = genere;
     r.articolo = t.articolo;
+    r.parte = parte;
     r.nome = "articolo n. " + Numero(t.articolo) + ": " + cosa;
     for (const RigaIva& riga : righe) {
       if (documento_.dare.E(riga.cfp, riga.conto)) r.dallaParte += riga.impoDare - riga.impoAvere;
@@ -185,11 +238,11 @@ class Ricerca {
 /// Writes what followed from a document again, from the document as it stands now.
 class Correzione {
  public:
-  Correzione(Ambiente& ambiente, const ArticoloOrigine& documento, const DocumentoPrima& prima,
+  Correzione(Ambiente& ambiente, const ArticoloOrigine& documento, std::string pagamentoPrima,
              Importo daPagare, LogContabile& log)
       : ambiente_(ambiente),
         tessarc_(ambiente.ArchivioDi("tessarc")),
-        prima_(prima),
+        pagamentoPrima_(std::move(pagamentoPrima)),
         daPagare_(daPagare),
         log_(log) {
     Rs testa = LeggiArticolo(ambiente, documento);
@@ -210,7 +263,7 @@ class Correzione {
         const bool dogana = r.genere == GenereSeguito::GiroDogana;
         giro_ = dogana ? imponibile_ : intra_ ? intra_->costo : imponibile_;
         descrizioneGiro_ = dogana ? descrizione_ : DescrizioneGiroIntra(testa_.nFat, testa_.dtFat);
-        if (DueRighe(r, descrizioneGiro_, giro_)) Scadenze(r);
+        if (DueRighe(r, descrizioneGiro_, giro_)) Scadenze(r, *giro_);
         return;
       }
       case GenereSeguito::GiroIndetraibile:
@@ -224,8 +277,28 @@ class Correzione {
       case GenereSeguito::Pagamento:
         return Pagamento(r);
       case GenereSeguito::PagamentoGiro:
-        DueRighe(r, descrizioneGiro_, giro_);
+        // Without a giro nobody knows what it pays.
+        if (giro_) DueRighe(r, descrizioneGiro_, giro_);
         return;
+    }
+  }
+
+  /// VAT that is deducted no more has no giro yet: it goes where that of the cost went.
+  void Aggiungi(const std::vector<RegistrazioneSeguita>& seguito) {
+    const auto costo =
+        std::ranges::find(seguito, GenereSeguito::GiroCosto, &RegistrazioneSeguita::genere);
+    if (!intra_ || costo == seguito.end()) return;
+    const auto righe = LeggiRigheIva(tessarc_, costo->articolo.anno, costo->articolo.numDoc);
+    if (righe.size() != 2) return;
+    GiroFornitore giro;
+    giro.articolo = giro.documento = testa_.articolo;
+    giro.conto = righe[0].conto;
+    giro.causale = righe[0].causale;
+    giro.descrizione = DescrizioneGiroIntra(testa_.nFat, testa_.dtFat);
+    giro.origine = Origine::ReverseCharge;
+    for (const auto& [conto, importo] : intra_->indetraibile) {
+      if (UgualeTesto(conto, giro.conto)) continue;
+      ScriviGiroIndetraibile(ambiente_, giro, conto, importo, log_);
     }
   }
 
@@ -234,17 +307,20 @@ class Correzione {
     Rs copia = LeggiArticolo(ambiente_, r.articolo);
     const std::string riva = copia.Fields("Riva").Testo();
     tessarc_.Esegui("delete * from Movimenti where " + ChiaveArticolo(r.articolo));
-    TestaCome(r.articolo);
+    TestaCome(r);
     intra_ = CopiaRigheIntra(ambiente_, testa_.articolo, riva, r.articolo.numDoc);
     Corretta(r);
   }
 
   void Indetraibile(const RegistrazioneSeguita& r) {
     const auto righe = LeggiRigheIva(tessarc_, r.articolo.anno, r.articolo.numDoc);
-    if (!intra_ || righe.size() != 2) return;
+    if (!intra_) return;
+    if (righe.size() != 2) return intra_->indetraibile.clear();
     const auto resto = intra_->indetraibile.find(righe[1].conto);
     if (resto == intra_->indetraibile.end()) return Elimina(r);
-    DueRighe(r, DescrizioneGiroIntra(testa_.nFat, testa_.dtFat), resto->second);
+    const Importo importo = resto->second;
+    intra_->indetraibile.erase(resto);
+    DueRighe(r, DescrizioneGiroIntra(testa_.nFat, testa_.dtFat), importo);
   }
 
   /// The code may be another now: its account and its causal, or none at all.
@@ -255,7 +331,7 @@ class Correzione {
                         !codice.Fields("Causale").Testo().empty();
     if (!subito) return Elimina(r);
     if (!DueRighe(r, descrizione_, daPagare_)) return;
-    if (UgualeTesto(testa_.pagamento, prima_.pagamento)) return;
+    if (UgualeTesto(testa_.pagamento, pagamentoPrima_)) return;
     const std::string conto = sql::LetteraleSql(codice.Fields("Conto"));
     const std::string chiave = ChiaveArticolo(r.articolo);
     tessarc_.Esegui("update Movimenti set Causale=" + sql::LetteraleSql(codice.Fields("Causale")) +
@@ -277,17 +353,17 @@ class Correzione {
   }
 
   /// Day, invoice and party of the document on a head; its rows take the day by themselves.
-  void TestaCome(const ArticoloOrigine& articolo) {
-    const std::string chiave = ChiaveArticolo(articolo);
+  void TestaCome(const RegistrazioneSeguita& r) {
+    const std::string chiave = ChiaveArticolo(r.articolo);
     tessarc_.Esegui("update Articoli set " + sql::Criterio("Dt", "=", testa_.dt) + ", " +
                     sql::Criterio("DtFat", "=", testa_.dtFat) + ", " +
                     sql::Criterio("NFat", "=", testa_.nFat) + " where " + chiave);
-    if (UgualeTesto(prima_.conto, testa_.dare.cod)) return;
+    if (r.parte.cod.empty() || UgualeTesto(r.parte.cod, testa_.dare.cod)) return;
     for (const auto& [classe, campo] : {std::pair("CFP", "Conto"), {"CfpA", "ContoA"}}) {
       tessarc_.Esegui(std::string("update Articoli set ") +
                       sql::Criterio(campo, "=", testa_.dare.cod) + " where " + chiave + " and " +
-                      sql::Criterio(classe, "=", prima_.cfp) + " and " +
-                      sql::Criterio(campo, "=", prima_.conto));
+                      sql::Criterio(classe, "=", r.parte.cfp) + " and " +
+                      sql::Criterio(campo, "=", r.parte.cod));
     }
   }
 
@@ -302,7 +378,7 @@ class Correzione {
       log_.avvisi.push_back(r.nome + "\nè stata cambiata a mano e resta com'è: controllarla.");
       return false;
     }
-    TestaCome(r.articolo);
+    TestaCome(r);
     tessarc_.Esegui("delete * from Movimenti where " + ChiaveArticolo(r.articolo));
     const bool primaInDare = !righe[0].impoDare.Zero();
     for (RigaIva& riga : righe) {
@@ -311,7 +387,7 @@ class Correzione {
       if (importo) (inDare ? riga.impoDare : riga.impoAvere) = *importo;
       for (auto& [cfp, conto] : {std::pair<const std::string&, std::string&>(riga.cfp, riga.conto),
                                  {riga.cfpControp, riga.contoControp}}) {
-        if (UgualeTesto(cfp, prima_.cfp) && UgualeTesto(conto, prima_.conto)) {
+        if (!conto.empty() && UgualeTesto(cfp, r.parte.cfp) && UgualeTesto(conto, r.parte.cod)) {
           conto = testa_.dare.cod;
         }
       }
@@ -322,7 +398,7 @@ class Correzione {
   }
 
   /// Due dates of a giro's supplier, by the payment code that they bear.
-  void Scadenze(const RegistrazioneSeguita& r) {
+  void Scadenze(const RegistrazioneSeguita& r, Importo importo) {
     Archivio& scadenzario = ambiente_.ArchivioDi("scadenzario");
     Rs prima = scadenzario.Recordset("select top 1 * from Scadenze where " +
                                      sql::Criterio("Anno", "=", r.articolo.anno) + " and " +
@@ -337,7 +413,7 @@ class Correzione {
     nuove.programma = prima.Fields("Programma").Testo();
     prima.mClose();
     nuove.data = testa_.dtFat.Nulla() ? testa_.dt : testa_.dtFat;
-    nuove.importo = giro_;
+    nuove.importo = importo;
     nuove.descrizione = descrizioneGiro_;
     nuove.dataFat = testa_.dtFat;
     nuove.numFat = testa_.nFat;
@@ -354,14 +430,14 @@ class Correzione {
 
   Ambiente& ambiente_;
   Archivio& tessarc_;
-  DocumentoPrima prima_;
+  std::string pagamentoPrima_;
   Importo daPagare_;
   LogContabile& log_;
   Testa testa_;
   std::string descrizione_;
   Importo imponibile_;
   std::optional<RigheIntra> intra_;
-  Importo giro_;
+  std::optional<Importo> giro_;
   std::string descrizioneGiro_;
 };
 
@@ -379,13 +455,41 @@ std::vector<RegistrazioneSeguita> TrovaSeguito(Ambiente& ambiente,
   return Ricerca(ambiente, std::move(testa), tipo == "04").Esegui();
 }
 
+std::vector<ArticoloOrigine> LegatiA(Ambiente& ambiente, const ArticoloOrigine& documento) {
+  std::vector<ArticoloOrigine> legati;
+  for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset("select Anno, NumDoc" +
+                                                        CondizioneLegati(documento));
+       !rs.Eof(); rs.MoveNext()) {
+    legati.push_back({static_cast<int>(rs.Fields(0).Intero()), rs.Fields(1).Intero()});
+  }
+  return legati;
+}
+
+void LegaA(Ambiente& ambiente, const std::vector<ArticoloOrigine>& legati,
+           const ArticoloOrigine& documento) {
+  for (const ArticoloOrigine& articolo : legati) {
+    ambiente.ArchivioDi("tessarc").Esegui("update Articoli set " +
+                                          sql::Criterio("AnnoOrigine", "=", documento.anno) + ", " +
+                                          sql::Criterio("NumDocOrigine", "=", documento.numDoc) +
+                                          " where " + ChiaveArticolo(articolo));
+  }
+}
+
 void CorreggiSeguito(Ambiente& ambiente, const std::vector<RegistrazioneSeguita>& seguito,
-                     const ArticoloOrigine& documento, const DocumentoPrima& prima,
+                     const ArticoloOrigine& documento, const std::string& pagamentoPrima,
                      Importo daPagare, LogContabile& log) {
-  Correzione correzione(ambiente, documento, prima, daPagare, log);
-  for (const RegistrazioneSeguita& r : seguito) {
+  // The user has seen which they are: from now on there is nothing to guess.
+  std::vector<ArticoloOrigine> legati;
+  for (const RegistrazioneSeguita& r : seguito) legati.push_back(r.articolo);
+  LegaA(ambiente, legati, documento);
+  Correzione correzione(ambiente, documento, pagamentoPrima, daPagare, log);
+  // The second half first, and a giro before what pays it: the others stand on them.
+  auto ordinato = seguito;
+  std::ranges::stable_sort(ordinato, {}, &RegistrazioneSeguita::genere);
+  for (const RegistrazioneSeguita& r : ordinato) {
     if (r.ferma.empty()) correzione.Correggi(r);
   }
+  correzione.Aggiungi(seguito);
 }
 
 void EliminaSeguito(Ambiente& ambiente, const std::vector<RegistrazioneSeguita>& seguito,

@@ -1,9 +1,10 @@
 // The registrations that were written together with a VAT document and stand in the books by
 // themselves: found again, corrected with it, erased with it.
 //
-// No column ties them to their document: they are told by who wrote them, the day, the party and
-// what they say, and they come after it. What the document doesn't keep (accounts, causals,
-// supplier, amount of a withholding) is taken from them as they stand.
+// `AnnoOrigine` and `NumDocOrigine` tie them to their document. Those written before there were
+// such columns are told by who wrote them, the day, the party and what they say, and they come
+// after it. What the document doesn't keep (accounts, causals, supplier, amount of a withholding)
+// is taken from them as they stand.
 //
 // As RegistrazioniAutomatiche.h: under the caller's numbering lock and transaction, without a word.
 #pragma once
@@ -26,31 +27,38 @@ enum class GenereSeguito {
   PagamentoGiro  ///< of the supplier of a giro
 };
 
+/// A class and an account.
+struct ContoDiParte {
+  std::string cfp;
+  std::string cod;
+};
+
 struct RegistrazioneSeguita {
   GenereSeguito genere = GenereSeguito::Pagamento;
   ArticoloOrigine articolo;
-  std::string nome;    ///< "articolo n. 12: giro della bolla doganale"
-  std::string ferma;   ///< why it can't be changed; empty when it can
-  Importo dallaParte;  ///< debit minus credit on the document's own party
+  std::string nome;       ///< "articolo n. 12: giro della bolla doganale"
+  std::string ferma;      ///< why it can't be changed; empty when it can
+  ContoDiParte parte;     ///< the document's party as it bears it; empty when it doesn't
+  std::string fornitore;  ///< of a giro: who has its due dates
+  Importo dallaParte;     ///< debit minus credit on the document's own party
 };
 
 /// What follows from a document as it is stored now, in order of number; nothing of what isn't one.
 std::vector<RegistrazioneSeguita> TrovaSeguito(Ambiente& ambiente,
                                                const ArticoloOrigine& documento);
 
-/// The document as it was before a correction.
-struct DocumentoPrima {
-  std::string cfp;
-  std::string conto;
-  std::string pagamento;
-};
+/// The registrations tied to a document, and their being tied to one: its head may be erased, which
+/// unties them, to be written anew.
+std::vector<ArticoloOrigine> LegatiA(Ambiente& ambiente, const ArticoloOrigine& documento);
+void LegaA(Ambiente& ambiente, const std::vector<ArticoloOrigine>& legati,
+           const ArticoloOrigine& documento);
 
 /// Writes what followed again, after the document (already written anew, perhaps under another
 /// number): under the same numbers, with its day, party, description and amounts. `daPagare` is
-/// what is paid at once. Withholdings keep their amount. Due dates of a giro are made anew while
-/// they are free.
+/// what is paid at once, `pagamentoPrima` the code that the document had. Withholdings keep their
+/// amount. Due dates of a giro are made anew while they are free. All is tied to the document.
 void CorreggiSeguito(Ambiente& ambiente, const std::vector<RegistrazioneSeguita>& seguito,
-                     const ArticoloOrigine& documento, const DocumentoPrima& prima,
+                     const ArticoloOrigine& documento, const std::string& pagamentoPrima,
                      Importo daPagare, LogContabile& log);
 
 /// Erases what followed, with the due dates that are free.

@@ -28,6 +28,7 @@ struct RegistroIvaUnico::Interno {
   PeriodoIva periodo;
   std::vector<IntervalloRegistro> intervalli;
   OpzioniRegistroIva opzioni;
+  Ventilazione ventilazioneProposta;  ///< its protocols as last put in
 
   void Avviso(const std::string& testo) { ambiente.Dialogo().Messaggio(testo, Icona::Avviso); }
 
@@ -48,6 +49,8 @@ struct RegistroIvaUnico::Interno {
   /// What doesn't depend on the settlement before.
   void LeggiOpzioni();
   void ProponiVentilazione(bool secondo);
+  /// Puts back what was typed over the proposals of the same period.
+  void RimettiVentilazione(const Ventilazione& digitata, const Ventilazione& proposta);
   /// First protocol that isn't printed in definitive.
   std::int64_t PrimoDaStampare(const std::string& riva, std::int64_t ultProtSt);
   std::int64_t UltimoNelPeriodo(const std::string& riva);

@@ -175,12 +175,25 @@ void RegistroIvaUnico::Interno::ProponiVentilazione(bool secondo) {
   const std::string& riva = secondo ? v.riva1 : v.riva;
   std::int64_t& fino = secondo ? v.aaNProt1 : v.aaNProt;
   fino = 0;
-  if (riva.empty()) return;
-  fino = Nz(tessarc.Singolo("SELECT Max(NProt) FROM ZarticoliFatture WHERE " +
-                            sql::Criterio("Riva", "=", riva) + " and " +
-                            sql::Criterio("Anno", "=", periodo.anno) + " and " +
-                            sql::Criterio("Dt", "<=", periodo.UltimoGiorno())))
-             .Intero();
+  if (!riva.empty()) {
+    fino = Nz(tessarc.Singolo("SELECT Max(NProt) FROM ZarticoliFatture WHERE " +
+                              sql::Criterio("Riva", "=", riva) + " and " +
+                              sql::Criterio("Anno", "=", periodo.anno) + " and " +
+                              sql::Criterio("Dt", "<=", periodo.UltimoGiorno())))
+               .Intero();
+  }
+  (secondo ? ventilazioneProposta.aaNProt1 : ventilazioneProposta.aaNProt) = fino;
+}
+
+void RegistroIvaUnico::Interno::RimettiVentilazione(const Ventilazione& digitata,
+                                                    const Ventilazione& proposta) {
+  Ventilazione& v = opzioni.ventilazione;
+  if (digitata.riva == v.riva && digitata.aaNProt != proposta.aaNProt) {
+    v.aaNProt = digitata.aaNProt;
+  }
+  if (digitata.riva1 == v.riva1 && digitata.aaNProt1 != proposta.aaNProt1) {
+    v.aaNProt1 = digitata.aaNProt1;
+  }
 }
 
 }  // namespace fenalto::vat

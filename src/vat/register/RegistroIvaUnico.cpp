@@ -40,11 +40,15 @@ bool RegistroIvaUnico::ScegliPeriodo(const std::string& cod) {
   Interno& io = *interno_;
   PeriodoIva scelto = LeggiPeriodo(io.ambiente, io.ambiente.Anno(), cod);
   if (scelto.cod.empty()) return false;
+  const bool stesso = io.periodo.anno == scelto.anno && io.periodo.cod == scelto.cod;
+  const Ventilazione digitata = io.opzioni.ventilazione;
+  const Ventilazione proposta = io.ventilazioneProposta;
   io.periodo = std::move(scelto);
   io.AvvisaGiaChiuso();
   io.ProponiIntervalli();
   io.AvvisaIncassi();
   io.ProponiOpzioni();
+  if (stesso) io.RimettiVentilazione(digitata, proposta);
   return true;
 }
 

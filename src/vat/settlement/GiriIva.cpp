@@ -6,6 +6,7 @@
 
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 #include "vat/postings/DatiIva.h"
 #include "vat/settlement/LiquidazioneInterno.h"
@@ -116,19 +117,26 @@ class GiriPrecedenti {
   /// Day of the first one found.
   [[nodiscard]] Data Giorno() const { return data_; }
 
+  /// What those that can't be erased have moved, debit less credit of each account; nothing when
+  /// they all can be, since they are then written again.
+  [[nodiscard]] std::map<std::string, Importo> MossoDaiFermi() const {
+    std::map<std::string, Importo> mosso;
+    if (Fermi().empty()) return mosso;
+    for (const Giro& giro : giri_) {
+      for (const RigaIva& riga :
+           LeggiRigheIva(ambiente_.ArchivioDi("tessarc"), giro.anno, giro.numDoc)) {
+        mosso[riga.conto] += riga.impoDare - riga.impoAvere;
+      }
+    }
+    return mosso;
+  }
+
   /// Erases them. False, with a notice and nothing erased, when one was changed by hand or stands
   /// on the printed journal: to write the giros again would then count them twice.
   bool Elimina(std::string_view nome, LogContabile& log) {
     if (giri_.empty()) return true;
     Archivio& tessarc = ambiente_.ArchivioDi("tessarc");
-    const Data giornale = ambiente_.Max("dt", "UltimaDataLibro", {}, tessarc).Data();
-    std::vector<std::string> fermi;
-    for (const Giro& giro : giri_) {
-      if (giro.dt <= giornale)
-        fermi.push_back(giro.Nome() + " (già sul libro giornale)");
-      else if (!giro.intatto)
-        fermi.push_back(giro.Nome() + " (cambiato a mano)");
-    }
+    const std::vector<std::string> fermi = Fermi();
     if (!fermi.empty()) {
       log.avvisi.push_back(std::string(nome) +
                            "i giri di una stampa precedente del periodo non si possono rifare: "
@@ -159,6 +167,19 @@ class GiriPrecedenti {
     bool intatto = false;
     [[nodiscard]] std::string Nome() const { return std::to_string(numDoc); }
   };
+
+  [[nodiscard]] std::vector<std::string> Fermi() const {
+    const Data giornale =
+        ambiente_.Max("dt", "UltimaDataLibro", {}, ambiente_.ArchivioDi("tessarc")).Data();
+    std::vector<std::string> fermi;
+    for (const Giro& giro : giri_) {
+      if (giro.dt <= giornale)
+        fermi.push_back(giro.Nome() + " (già sul libro giornale)");
+      else if (!giro.intatto)
+        fermi.push_back(giro.Nome() + " (cambiato a mano)");
+    }
+    return fermi;
+  }
 
   /// Two rows of one description, each the other's counterpart and its opposite.
   static bool Intatto(const std::vector<RigaIva>& righe) {
@@ -200,15 +221,7 @@ class Scrittura {
       });
     }
     if (!precedenti.Elimina(kErario, log_)) return;
-    std::vector<std::string> numeri;
-    for (const IvaRegistro& r : l_.registri) {
-      if (!PassaAllErario(r.tipo) || r.Dovuta().Zero()) continue;
-      numeri.push_back(AllErario(r.conto, DescrizioneTipo(r.tipo) + fine,
-                                 r.segno < 0 ? -r.Dovuta() : r.Dovuta()));
-    }
-    for (const auto& [conto, resto] : RestoReverseCharge(l_.registri)) {
-      numeri.push_back(AllErario(conto, DescrizioneTipo("04") + fine, resto));
-    }
+    std::vector<std::string> numeri = Registri(fine);
     if (!l_.interessi.Zero()) {
       numeri.push_back(AllErario(giri_.contoInteressi, std::string(kInteressi), l_.interessi));
     }
@@ -219,10 +232,8 @@ class Scrittura {
   /// What the pro-rata takes off is no credit: it goes to a cost, from the tax authority's account
   /// where the VAT of the registers was moved to it, from that of the register otherwise.
   void ProRata() {
-    const std::string descrizione = std::string(kProRataIva) + PeriodoBarrato(l_.periodo);
-    GiriPrecedenti precedenti(ambiente_, l_.periodo);
-    precedenti.Cerca(ledger::Origine::GiroErario,
-                     [&](const RigaIva& riga, Data) { return riga.descrizione == descrizione; });
+    const std::string descrizione = DescrizioneProRata();
+    GiriPrecedenti precedenti = GiriProRata();
     if (!precedenti.Elimina(kGiroProRata, log_) || giri_.contoProRata.empty()) return;
     std::map<std::string, Importo> tolta;
     for (const IvaRegistro& r : l_.registri) {
@@ -256,6 +267,43 @@ class Scrittura {
   }
 
  private:
+  [[nodiscard]] std::string DescrizioneProRata() const {
+    return std::string(kProRataIva) + PeriodoBarrato(l_.periodo);
+  }
+  [[nodiscard]] GiriPrecedenti GiriProRata() const {
+    GiriPrecedenti precedenti(ambiente_, l_.periodo);
+    precedenti.Cerca(ledger::Origine::GiroErario, [&](const RigaIva& riga, Data) {
+      return riga.descrizione == DescrizioneProRata();
+    });
+    return precedenti;
+  }
+
+  /// Clears the accounts of the registers; the numbers of the giros. What a pro-rata giro that
+  /// stays has already moved off one of them isn't moved again.
+  std::vector<std::string> Registri(const std::string& fine) {
+    std::map<std::string, Importo> mosso = GiriProRata().MossoDaiFermi();
+    std::vector<std::string> numeri;
+    const auto gira = [&](const std::string& conto, const std::string& tipo, Importo importo,
+                          bool acquisti) {
+      const Importo gia = acquisti ? std::exchange(mosso[conto], Importo()) : Importo();
+      if (!gia.Zero()) {
+        std::string testo = std::string(kErario) + "dal conto " + conto;
+        testo += " il pro-rata già registrato, " + ScriviImporto(gia.Assoluto(), 2);
+        log_.Riga(testo + ", non viene girato di nuovo");
+      }
+      if (importo == gia) return;
+      numeri.push_back(AllErario(conto, DescrizioneTipo(tipo) + fine, importo - gia));
+    };
+    for (const IvaRegistro& r : l_.registri) {
+      if (!PassaAllErario(r.tipo)) continue;
+      gira(r.conto, r.tipo, r.segno < 0 ? -r.Dovuta() : r.Dovuta(), r.segno < 0);
+    }
+    for (const auto& [conto, resto] : RestoReverseCharge(l_.registri)) {
+      gira(conto, "04", resto, true);
+    }
+    return numeri;
+  }
+
   [[nodiscard]] std::string DescrizioneTipo(const std::string& tipo) {
     return NzStr(ambiente_.Cerca("tessarc", "TIPIregistriiva", {{"cod", tipo}}, "DESCRIZIONE"));
   }

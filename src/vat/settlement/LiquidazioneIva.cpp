@@ -119,7 +119,7 @@ class Calcolo {
     Totale("IVA DA VERSARE", l_.daVersare);
     l_.sottoMinimo = SottoMinimo(l_.periodo, l_.daVersare);
     if (!l_.sottoMinimo) return;
-    Nota(MinimoDellAnno(l_.periodo.anno).nota);
+    Nota(MinimoDelPeriodo(l_.periodo).nota);
     Nota(kDaAggiungere);
   }
 

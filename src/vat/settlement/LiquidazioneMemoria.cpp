@@ -3,6 +3,7 @@
 
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
+#include "core/values/Aritmetica.h"
 #include "core/values/FormatoImporto.h"
 #include "vat/settlement/LiquidazioneInterno.h"
 #include "vat/settlement/MinimoVersamento.h"
@@ -45,7 +46,23 @@ Rs Vicina(Ambiente& ambiente, const PeriodoIva& periodo, const char* verso) {
       ", MESETRIMESTRE" + ordine);
 }
 
-/// What a period begins with. Periods that were never settled in between lose nothing.
+/// An amount of a year in the currency of another.
+Importo InValuta(Importo importo, bool euro, bool inEuro) {
+  constexpr int kCentesimi = 2;
+  if (euro == inEuro) return importo;
+  return inEuro ? LireInEuro(importo, kCentesimi) : EuroInLire(importo, true);
+}
+
+/// The period of a stored settlement.
+PeriodoIva PeriodoDi(Ambiente& ambiente, const Rs& chiusura) {
+  PeriodoIva periodo = PeriodoDiChiave(static_cast<int>(chiusura.Fields("Anno").Intero()),
+                                       chiusura.Fields("MESETRIMESTRE").Testo());
+  periodo.euro = AnnoInEuro(ambiente, static_cast<int>(chiusura.Fields("Anno").Intero()));
+  return periodo;
+}
+
+/// What a period begins with, in its own currency. Periods that were never settled in between lose
+/// nothing.
 struct Riporto {
   Importo credito;
   Importo nonVersato;  ///< owed, but too little to be paid
@@ -57,15 +74,19 @@ Riporto RiportoDi(Ambiente& ambiente, const PeriodoIva& periodo) {
   Rs dopo = Vicina(ambiente, periodo, ">");
   // The credit on hand is what the last period settled of all has left.
   if (prima.Eof()) {
-    if (!dopo.Eof()) riporto.credito = dopo.Fields("CreditoPrec").Importo();
+    if (!dopo.Eof()) {
+      riporto.credito = InValuta(dopo.Fields("CreditoPrec").Importo(),
+                                 PeriodoDi(ambiente, dopo).euro, periodo.euro);
+    }
     return riporto;
   }
-  const auto anno = static_cast<int>(prima.Fields("Anno").Intero());
+  const PeriodoIva precedente = PeriodoDi(ambiente, prima);
   const Importo risultato = prima.Fields("Importo1").Importo();
   if (!dopo.Eof()) riporto.credito = risultato.Negativo() ? -risultato : Importo();
+  riporto.credito = InValuta(riporto.credito, precedente.euro, periodo.euro);
   const Importo importo = prima.Fields("Importo").Importo();
-  if (SottoMinimo(PeriodoDiChiave(anno, prima.Fields("MESETRIMESTRE").Testo()), importo)) {
-    riporto.nonVersato = importo;
+  if (SottoMinimo(precedente, importo)) {
+    riporto.nonVersato = InValuta(importo, precedente.euro, periodo.euro);
   }
   return riporto;
 }
@@ -74,12 +95,13 @@ void ScriviCredito(Ambiente& ambiente, const Liquidazione& l, LogContabile& log)
   Rs dopo = Vicina(ambiente, l.periodo, ">");
   if (!dopo.Eof()) {
     // The credit on hand is that of the last period settled: an earlier one doesn't bring it back.
-    log.avvisi.push_back("Il periodo " + dopo.Fields("MESETRIMESTRE").Testo() + "/" +
-                         dopo.Fields("Anno").Testo() +
-                         " è già stato liquidato: il credito da riportare resta quello che c'era.\n"
-                         "Ristampare in definitiva anche i periodi seguenti, con credito "
-                         "precedente " +
-                         ScriviImporto(l.Credito(), 2) + ".");
+    log.avvisi.push_back(
+        "Il periodo " + dopo.Fields("MESETRIMESTRE").Testo() + "/" + dopo.Fields("Anno").Testo() +
+        " è già stato liquidato: il credito da riportare resta quello che c'era.\n"
+        "Ristampare in definitiva anche i periodi seguenti, con credito "
+        "precedente " +
+        ScriviImporto(InValuta(l.Credito(), l.periodo.euro, PeriodoDi(ambiente, dopo).euro), 2) +
+        ".");
     return;
   }
   ScriviCreditoIva(ambiente, l.Credito());
@@ -165,7 +187,18 @@ Importo CreditoPrimaDi(Ambiente& ambiente, int anno) {
   fine.anno = anno;
   fine.cod = "Z";
   if (prima.Eof() || !Vicina(ambiente, fine, ">").Eof()) return LeggiCredito(ambiente);
-  return prima.Fields("CreditoPrec").Importo();
+  const Importo credito = prima.Fields("CreditoPrec").Importo();
+  // The credit on hand is in the currency of the last period settled, if there is one.
+  PeriodoIva inizio;
+  inizio.anno = anno;
+  Rs rimasta = Vicina(ambiente, inizio, "<");
+  if (rimasta.Eof()) return credito;
+  const bool euro = AnnoInEuro(ambiente, anno);
+  const bool rimastaEuro = PeriodoDi(ambiente, rimasta).euro;
+  // There and back again costs a lira: what it was itself is known.
+  const Importo suo = -rimasta.Fields("Importo1").Importo();
+  if (InValuta(suo, rimastaEuro, euro) == credito) return suo;
+  return InValuta(credito, euro, rimastaEuro);
 }
 
 void ScriviCreditoIva(Ambiente& ambiente, Importo credito) {

@@ -18,10 +18,10 @@ struct MinimoVersamento {
 
 inline constexpr std::string_view kDaAggiungere = "da aggiungere al prossimo versamento";
 
-/// The rule that holds in a year.
-/// Source: D.P.R. 100/1998, art. 1(4) and D.P.R. 542/1999, art. 7 (25.82 euro); from 2024 D.Lgs.
-/// 1/2024, art. 9 (100 euro).
-const MinimoVersamento& MinimoDellAnno(int anno);
+/// The rule that holds in the year of a period, in its currency.
+/// Source: D.P.R. 100/1998, art. 1(4) and D.P.R. 542/1999, art. 7 (50.000 lire, 25.82 euro); from
+/// 2024 D.Lgs. 1/2024, art. 9 (100 euro).
+const MinimoVersamento& MinimoDelPeriodo(const PeriodoIva& periodo);
 
 /// Whether what a period owes isn't paid in it but added to the next one. What must be paid by 16
 /// December at the latest (months from November, quarters from the third on, where the debt is

@@ -165,7 +165,10 @@ class CalcoloTotali {
 }  // namespace
 
 Importo TotaleRegistro::Iva() const {
-  return SommaIva(codici);
+  Importo iva = SommaIva(codici);
+  if (!UgualeTesto(intervallo.tipo, "04")) return iva;
+  for (const TotaleCodice& codice : codici) iva += codice.ivaInd;
+  return iva;
 }
 
 Importo TotaleRegistro::IvaDifferita() const {

@@ -61,6 +61,8 @@ struct TotaleRegistro {
   Importo acquistiVentilazione;
   /// VAT found by splitting gross receipts (types 02 and 07): what the giro of receipts posts.
   Importo ivaScorporata;
+  /// On a register of type 04 all of it, whatever its rows call not deductible: reverse charge owes
+  /// the whole VAT.
   [[nodiscard]] Importo Iva() const;
   [[nodiscard]] Importo IvaDifferita() const;
 };

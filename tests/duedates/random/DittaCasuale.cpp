@@ -176,6 +176,14 @@ bool DittaCasuale::HaSeguito(std::int64_t numDoc) {
   return !vat::TrovaSeguito(ambiente, {2024, numDoc}).empty();
 }
 
+void DittaCasuale::Prosegue(std::int64_t numDoc) {
+  if (HaSeguito(numDoc)) {
+    dialoghi.Rispondera("sono state scritte anche", Risposta::No);
+  } else if (!Leggi(DelDocumento(numDoc) + " and (Stato>='10' or ImportoPagatoE<>0)").empty()) {
+    dialoghi.Rispondera("Ci sono scadenze già pagate o presentate", Risposta::Si);
+  }
+}
+
 Importo DittaCasuale::SommaScadenze(std::int64_t numDoc) {
   Importo somma;
   for (const duedates::Scadenza& s : Leggi(DelDocumento(numDoc))) somma += Aperto(s);
@@ -197,8 +205,7 @@ void DittaCasuale::CambiaFattura(const Mossa& mossa) {
   f.RigaLasciata("Imponibile");
   RC_ASSERT(f.ConfermaRiga());
   const Importo totale = f.TotFat();
-  if (f.Modificata() && HaSeguito(numDoc))
-    dialoghi.Rispondera("sono state scritte anche", Risposta::No);
+  if (f.Modificata()) Prosegue(numDoc);
   RC_ASSERT(f.Conferma());
   const Importo prima = std::exchange(emessa->totale, totale);
   Nota("art. " + std::to_string(numDoc) + " diventa " + totale.Testo());
@@ -223,9 +230,7 @@ void DittaCasuale::EliminaFattura(const Mossa& mossa) {
   vat::RegistrazioneIva f(ambiente);
   RC_ASSERT(f.Apri(numDoc));
   dialoghi.Rispondera("Conferma eliminazione", Risposta::Si);
-  if (HaSeguito(numDoc)) {
-    dialoghi.Rispondera("sono state scritte anche", Risposta::No);
-  }
+  Prosegue(numDoc);
   RC_ASSERT(f.Elimina());
   Nota("art. " + std::to_string(numDoc) + " eliminata");
   if (intatta) {

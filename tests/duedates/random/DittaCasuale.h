@@ -92,6 +92,8 @@ class DittaCasuale : public FatturaDiProva {
   bool Intatta(std::int64_t numDoc);
   /// Whether the registration of its payment is still there.
   bool HaSeguito(std::int64_t numDoc);
+  /// Answers what is asked before a document is corrected or erased: it goes on alone.
+  void Prosegue(std::int64_t numDoc);
   Importo SommaScadenze(std::int64_t numDoc);
   void Nota(const std::string& testo) { racconto_ += "\n  " + testo; }
 
