@@ -42,7 +42,7 @@ campo R_SALDO x 177 y 0.4 larghezza 22 destra formato "####.###.###,##"
 carattere "Arial Narrow" punti 8
 testo "stampato il" x 10 y 285.2
 campo DATASTAMPA x 24 y 285.2 larghezza 40
-testo "pagina" x 165 y 285.2 larghezza 12 destra
-campo Pag x 178 y 285.2 larghezza 8 destra
+testo "pagina" x 168 y 285.2 larghezza 12 destra
+campo Pag x 180.5 y 285.2 larghezza 5.5 destra
 testo "di" x 187.5 y 285.2
 campo PagTot x 191 y 285.2 larghezza 9

@@ -26,8 +26,8 @@ inizio 43
 fine 283
 riga 4.2
 campo R_COD x 11 y 0.6 larghezza 17
-campo R_RAGSOC x 29 y 0.6 larghezza 73
-campo R_LOCALITA x 103 y 0.6 larghezza 38
+campo R_RAGSOC x 29 y 0.6 larghezza 73 acapo
+campo R_LOCALITA x 103 y 0.6 larghezza 38 acapo
 campo R_PROV x 142 y 0.6 larghezza 8
 campo R_TELEFONO x 151 y 0.6 larghezza 25
 campo R_PIVA x 177 y 0.6 larghezza 22
@@ -38,7 +38,7 @@ campo R_DESCRIZIONE x 29 y 0.6 larghezza 112 corsivo
 carattere "Arial Narrow" punti 8
 testo "stampato il" x 10 y 285.2
 campo DATASTAMPA x 24 y 285.2 larghezza 40
-testo "pagina" x 165 y 285.2 larghezza 12 destra
-campo Pag x 178 y 285.2 larghezza 8 destra
+testo "pagina" x 168 y 285.2 larghezza 12 destra
+campo Pag x 180.5 y 285.2 larghezza 5.5 destra
 testo "di" x 187.5 y 285.2
 campo PagTot x 191 y 285.2 larghezza 9

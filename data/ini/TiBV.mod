@@ -27,14 +27,14 @@ inizio 43
 fine 281
 riga 4.2
 campo R_conto x 11 y 0.6 larghezza 19
-campo R_descrizione x 30 y 0.6 larghezza 72
+campo R_descrizione x 30 y 0.6 larghezza 72 acapo
 campo R_SALDOINIZIALE x 103 y 0.6 larghezza 24 destra formato "#####.###.###,##"
 campo R_DARE x 127 y 0.6 larghezza 24 destra formato "#####.###.###,##"
 campo R_AVERE x 151 y 0.6 larghezza 24 destra formato "#####.###.###,##"
 campo R_SALDO x 175 y 0.6 larghezza 24 destra formato "#####.###.###,##"
 carattere "Arial Narrow" punti 8.5 grassetto
 campo R_mastro x 11 y 0.6 larghezza 19
-campo R_descrmastro x 30 y 0.6 larghezza 72
+campo R_descrmastro x 30 y 0.6 larghezza 72 acapo
 campo R_TOTSALDOINIZIALE x 103 y 0.6 larghezza 24 destra formato "#####.###.###,##"
 campo R_TOTDARE x 127 y 0.6 larghezza 24 destra formato "#####.###.###,##"
 campo R_TOTAVERE x 151 y 0.6 larghezza 24 destra formato "#####.###.###,##"
@@ -44,7 +44,7 @@ campo R_TOTSALDO x 175 y 0.6 larghezza 24 destra formato "#####.###.###,##"
 carattere "Arial Narrow" punti 8
 testo "stampato il" x 10 y 283.2
 campo DATASTAMPA x 24 y 283.2 larghezza 40
-testo "pagina" x 165 y 283.2 larghezza 12 destra
-campo Pag x 178 y 283.2 larghezza 8 destra
+testo "pagina" x 168 y 283.2 larghezza 12 destra
+campo Pag x 180.5 y 283.2 larghezza 5.5 destra
 testo "di" x 187.5 y 283.2
 campo PagTot x 191 y 283.2 larghezza 9

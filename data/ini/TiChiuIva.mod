@@ -16,6 +16,7 @@ campo CODFISC x 140 y 14.6 larghezza 60 destra punti 8
 campo TITOLO x 10 y 21 larghezza 95 punti 11 grassetto
 campo PERIODO x 105 y 21.4 larghezza 60 punti 10
 campo AnnoPag x 165 y 21.4 larghezza 35 destra punti 10 grassetto
+campo PROVA x 150 y 26.4 larghezza 50 destra corsivo punti 9
 campo TITOLOCHIUSURA x 12 y 36.6 larghezza 186 centro punti 13 grassetto
 
 [corpo]

@@ -31,7 +31,7 @@ inizio 43
 fine 195
 riga 4.2
 campo R_conto x 11 y 0.6 larghezza 21
-campo R_descrizione x 32 y 0.6 larghezza 80
+campo R_descrizione x 32 y 0.6 larghezza 80 acapo
 campo R_COSTIA x 112 y 0.6 larghezza 30 destra formato "#####.###.###,##"
 campo R_RICAVIA x 142 y 0.6 larghezza 30 destra formato "#####.###.###,##"
 campo R_COSTIB x 172 y 0.6 larghezza 30 destra formato "#####.###.###,##"
@@ -40,7 +40,7 @@ campo R_DIFF x 232 y 0.6 larghezza 34 destra formato "#####.###.###,##"
 campo R_PERC x 266 y 0.6 larghezza 20 destra formato "#########,#"
 carattere "Arial Narrow" punti 8.5 grassetto
 campo R_mastro x 11 y 0.6 larghezza 21
-campo R_descrmastro x 32 y 0.6 larghezza 80
+campo R_descrmastro x 32 y 0.6 larghezza 80 acapo
 campo R_TOTCOSTIA x 112 y 0.6 larghezza 30 destra formato "#####.###.###,##"
 campo R_TOTRICAVIA x 142 y 0.6 larghezza 30 destra formato "#####.###.###,##"
 campo R_TOTCOSTIB x 172 y 0.6 larghezza 30 destra formato "#####.###.###,##"
@@ -52,7 +52,7 @@ campo R_TOTPERC x 266 y 0.6 larghezza 20 destra formato "#########,#"
 carattere "Arial Narrow" punti 8
 testo "stampato il" x 10 y 197.2
 campo DATASTAMPA x 24 y 197.2 larghezza 40
-testo "pagina" x 252 y 197.2 larghezza 12 destra
-campo Pag x 265 y 197.2 larghezza 8 destra
+testo "pagina" x 255 y 197.2 larghezza 12 destra
+campo Pag x 267.5 y 197.2 larghezza 5.5 destra
 testo "di" x 274.5 y 197.2
 campo PagTot x 278 y 197.2 larghezza 9

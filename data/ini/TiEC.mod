@@ -18,6 +18,7 @@ campo INDIRIZZO1 x 110 y 52.2 larghezza 85 punti 10
 campo INDIRIZZO2 x 110 y 57.2 larghezza 85 punti 10
 campo INDIRIZZO3 x 110 y 62.2 larghezza 85 punti 10
 campo INDIRIZZO4 x 110 y 67.2 larghezza 85 punti 10
+campo INDIRIZZO5 x 110 y 72.2 larghezza 85 punti 10
 campo DATASTAMPA x 15 y 42 larghezza 60 punti 10
 campo CODICE x 15 y 47 larghezza 60 punti 9
 campo TITOLO x 15 y 80 larghezza 120 punti 13 grassetto
@@ -38,17 +39,17 @@ riga 4.6
 campo R_DTSCAD x 16 y 0.6 larghezza 18
 campo R_NFAT x 34 y 0.6 larghezza 14 destra
 campo R_DTFAT x 50 y 0.6 larghezza 18
-campo R_DESCRIZIONE x 68 y 0.6 larghezza 52
+campo R_DESCRIZIONE x 68 y 0.6 larghezza 52 acapo
 campo R_GIORNI x 121 y 0.6 larghezza 12 destra
-campo R_IMPORTO x 133 y 0.6 larghezza 20 destra formato "####.###.###,##"
-campo R_PAGATO x 153.5 y 0.6 larghezza 20 destra formato "####.###.###,##"
-campo R_RESIDUO x 174 y 0.6 larghezza 20 destra formato "####.###.###,##"
+campo R_IMPORTO x 133 y 0.6 larghezza 20 destra punti 8.5 formato "####.###.###,##"
+campo R_PAGATO x 153.5 y 0.6 larghezza 20 destra punti 8.5 formato "####.###.###,##"
+campo R_RESIDUO x 174 y 0.6 larghezza 20 destra punti 8.5 formato "####.###.###,##"
 campo R_SCRITTA x 15 y 0.4 larghezza 180 punti 10
 carattere "Arial Narrow" punti 9.5 grassetto
 campo R_TITOLO x 16 y 0.5 larghezza 178
 campo R_SCRITTATOT x 68 y 0.5 larghezza 100
 campo R_TOTRESIDUO x 168 y 0.5 larghezza 26 destra formato "####.###.###,##"
-campo R_FIRMA x 75 y 0.5 larghezza 120 destra punti 10
+campo R_FIRMA x 75 y 0.5 larghezza 120 destra punti 10 acapo
 
 [piede]
 carattere "Arial Narrow" punti 8

@@ -27,12 +27,12 @@ inizio 43
 fine 266
 riga 4.5
 campo R_conto x 11 y 0.6 larghezza 22
-campo R_descrizione x 34 y 0.6 larghezza 98
+campo R_descrizione x 34 y 0.6 larghezza 98 acapo
 campo R_DARE x 133 y 0.6 larghezza 32 destra formato "#####.###.###,##"
 campo R_AVERE x 167 y 0.6 larghezza 32 destra formato "#####.###.###,##"
 carattere "Arial Narrow" punti 9 grassetto
 campo R_mastro x 11 y 0.6 larghezza 22
-campo R_descrmastro x 34 y 0.6 larghezza 98
+campo R_descrmastro x 34 y 0.6 larghezza 98 acapo
 campo R_TOTDARE x 133 y 0.6 larghezza 32 destra formato "#####.###.###,##"
 campo R_TOTAVERE x 167 y 0.6 larghezza 32 destra formato "#####.###.###,##"
 
@@ -46,7 +46,7 @@ campo SALDO x 167 y 274.6 larghezza 32 destra grassetto punti 10.5 formato "####
 carattere "Arial Narrow" punti 8
 testo "stampato il" x 10 y 283.2
 campo DATASTAMPA x 24 y 283.2 larghezza 40
-testo "pagina" x 165 y 283.2 larghezza 12 destra
-campo Pag x 178 y 283.2 larghezza 8 destra
+testo "pagina" x 168 y 283.2 larghezza 12 destra
+campo Pag x 180.5 y 283.2 larghezza 5.5 destra
 testo "di" x 187.5 y 283.2
 campo PagTot x 191 y 283.2 larghezza 9

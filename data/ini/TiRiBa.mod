@@ -20,28 +20,28 @@ testo "ricevute n." x 208 y 29.8 larghezza 30 destra punti 9
 campo NRICEVUTE x 239 y 29.5 larghezza 20 punti 10 grassetto
 testo "totale euro" x 208 y 35.8 larghezza 30 destra punti 9
 campo TOTALE x 239 y 35.5 larghezza 48 punti 10 grassetto formato "#####.###.###,##"
-testo "n." x 10 y 46.2 larghezza 9 destra grassetto
-testo "debitore" x 21 y 46.2 grassetto
-testo "località" x 101 y 46.2 grassetto
-testo "partita IVA" x 136 y 46.2 grassetto
+testo "n." x 10 y 46.2 larghezza 8 destra grassetto
+testo "debitore" x 19.5 y 46.2 grassetto
+testo "località" x 97 y 46.2 grassetto
+testo "partita IVA" x 132 y 46.2 grassetto
 testo "riferimento" x 160 y 46.2 grassetto
-testo "banca d'appoggio (ABI CAB)" x 204 y 46.2 grassetto
-testo "scadenza" x 248 y 46.2 grassetto
-testo "importo" x 264 y 46.2 larghezza 23 destra grassetto
+testo "banca d'appoggio (ABI CAB)" x 203 y 46.2 grassetto
+testo "scadenza" x 245 y 46.2 grassetto
+testo "importo" x 262 y 46.2 larghezza 25 destra grassetto
 
 [corpo]
 inizio 53
 fine 196
 riga 4.6
-campo R_NUMERO x 10 y 0.6 larghezza 9 destra
-campo R_CONTO x 21 y 0.6 larghezza 15
-campo R_DEBITORE x 37 y 0.6 larghezza 63
-campo R_LOCALITA x 101 y 0.6 larghezza 34
-campo R_PIVA x 136 y 0.6 larghezza 23
-campo R_DESCRIZIONE x 160 y 0.6 larghezza 43
-campo R_BANCA x 204 y 0.6 larghezza 43
-campo R_DTSCAD x 248 y 0.6 larghezza 16
-campo R_IMPORTO x 264 y 0.6 larghezza 23 destra formato "####.###.###,##"
+campo R_NUMERO x 10 y 0.6 larghezza 8 destra
+campo R_CONTO x 19.5 y 0.6 larghezza 14
+campo R_DEBITORE x 34 y 0.6 larghezza 62 acapo
+campo R_LOCALITA x 97 y 0.6 larghezza 34 acapo
+campo R_PIVA x 132 y 0.6 larghezza 27
+campo R_DESCRIZIONE x 160 y 0.6 larghezza 42 acapo
+campo R_BANCA x 203 y 0.6 larghezza 41 acapo
+campo R_DTSCAD x 245 y 0.6 larghezza 16
+campo R_IMPORTO x 262 y 0.6 larghezza 25 destra formato "####.###.###,##"
 campo R_SCRITTATOT x 160 y 0.6 larghezza 80 grassetto
 campo R_TOTALE x 248 y 0.6 larghezza 39 destra grassetto formato "####.###.###,##"
 campo R_FIRMA x 204 y 3 larghezza 83
@@ -50,7 +50,7 @@ campo R_FIRMA x 204 y 3 larghezza 83
 carattere "Arial Narrow" punti 8
 testo "stampato il" x 10 y 198.4
 campo DATASTAMPA x 24 y 198.4 larghezza 40
-testo "pagina" x 252 y 198.4 larghezza 12 destra
-campo Pag x 265 y 198.4 larghezza 8 destra
+testo "pagina" x 255 y 198.4 larghezza 12 destra
+campo Pag x 267.5 y 198.4 larghezza 5.5 destra
 testo "di" x 274.5 y 198.4
 campo PagTot x 278 y 198.4 larghezza 9

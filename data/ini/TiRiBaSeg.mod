@@ -25,7 +25,7 @@ campo R_TRACCIATO x 10 y 0.6 larghezza 277 carattere "Courier New" punti 9
 carattere "Arial Narrow" punti 8
 testo "stampato il" x 10 y 198.4
 campo DATASTAMPA x 24 y 198.4 larghezza 40
-testo "pagina" x 252 y 198.4 larghezza 12 destra
-campo Pag x 265 y 198.4 larghezza 8 destra
+testo "pagina" x 255 y 198.4 larghezza 12 destra
+campo Pag x 267.5 y 198.4 larghezza 5.5 destra
 testo "di" x 274.5 y 198.4
 campo PagTot x 278 y 198.4 larghezza 9

@@ -17,39 +17,39 @@ campo PERIODO x 90 y 22 larghezza 60 punti 10 grassetto
 campo AnnoPag x 150 y 22 larghezza 50 destra punti 10 grassetto
 campo DescrPagina x 10 y 27.8 larghezza 140 punti 10
 campo PROVA x 150 y 27.8 larghezza 50 destra corsivo punti 9
-testo "data reg." x 11 y 36.4 grassetto
-testo "prot." x 22.7 y 36.4 larghezza 10 destra grassetto
-testo "cliente / fornitore" x 34.2 y 36.4 grassetto
-testo "documento" x 78.2 y 36.4 grassetto
-testo "del" x 94.2 y 36.4 grassetto
-testo "codice IVA" x 107.2 y 36.4 grassetto
-testo "imponibile" x 131.8 y 36.4 larghezza 17 destra grassetto
-testo "IVA" x 149.3 y 36.4 larghezza 17 destra grassetto
-testo "IVA indetr." x 166.8 y 36.4 larghezza 15.2 destra grassetto
-testo "totale" x 182.5 y 36.4 larghezza 17 destra grassetto
+testo "data reg." x 10.5 y 36.4 grassetto
+testo "prot." x 21.5 y 36.4 larghezza 9.5 destra grassetto
+testo "cliente / fornitore" x 32.5 y 36.4 grassetto
+testo "documento" x 71.5 y 36.4 grassetto
+testo "del" x 87.3 y 36.4 grassetto
+testo "codice IVA" x 100 y 36.4 grassetto
+testo "imponibile" x 124.3 y 36.4 larghezza 18.6 destra grassetto
+testo "IVA" x 143.2 y 36.4 larghezza 18.6 destra grassetto
+testo "IVA indetr." x 162.1 y 36.4 larghezza 18.6 destra grassetto
+testo "totale" x 181 y 36.4 larghezza 18.6 destra grassetto
 
 [corpo]
 inizio 43
 fine 283
 riga 4
-campo R_dt x 11 y 0.6 larghezza 12.5
-campo R_Nprot x 23.7 y 0.6 larghezza 9 destra
-campo R_DESCRIZIONE x 34.2 y 0.6 larghezza 43.5
-campo R_NFAT x 78.2 y 0.6 larghezza 15.5
-campo R_DTFAT x 94.2 y 0.6 larghezza 12.5
-campo R_DESCRIVA x 107.2 y 0.6 larghezza 24.1
-campo R_IMPONIBILE x 131.8 y 0.6 larghezza 17 destra formato "#####.###.###,##"
-campo R_IVA x 149.3 y 0.6 larghezza 17 destra formato "#####.###.###,##"
-campo R_IVAIND x 166.8 y 0.6 larghezza 15.2 destra formato "#####.###.###,##"
-campo R_TOT x 182.5 y 0.6 larghezza 17 destra formato "#####.###.###,##"
-campo R_SEGUITO x 34.2 y 0.6 larghezza 165 punti 7.5 corsivo
+campo R_dt x 10.5 y 0.6 larghezza 12
+campo R_Nprot x 22.5 y 0.6 larghezza 8.5 destra
+campo R_DESCRIZIONE x 32.5 y 0.6 larghezza 38
+campo R_NFAT x 71.5 y 0.6 larghezza 15.2
+campo R_DTFAT x 87.3 y 0.6 larghezza 12.2
+campo R_DESCRIVA x 100 y 0.6 larghezza 24
+campo R_IMPONIBILE x 124.3 y 0.6 larghezza 18.6 destra formato "#####.###.###,##"
+campo R_IVA x 143.2 y 0.6 larghezza 18.6 destra formato "#####.###.###,##"
+campo R_IVAIND x 162.1 y 0.6 larghezza 18.6 destra formato "#####.###.###,##"
+campo R_TOT x 181 y 0.6 larghezza 18.6 destra formato "#####.###.###,##"
+campo R_SEGUITO x 32.5 y 0.6 larghezza 167 punti 7.5 corsivo
 carattere "Arial Narrow" punti 8 grassetto
 campo R_TITOLO x 11 y 0.4 larghezza 188 punti 9
-campo R_SCRITTATOT x 76.3 y 0.6 larghezza 55 destra
-campo R_TOTIMPONIBILE x 131.8 y 0.6 larghezza 17 destra formato "#####.###.###,##"
-campo R_TOTIVA x 149.3 y 0.6 larghezza 17 destra formato "#####.###.###,##"
-campo R_TOTIVAIND x 166.8 y 0.6 larghezza 15.2 destra formato "#####.###.###,##"
-campo R_TOTTOT x 182.5 y 0.6 larghezza 17 destra formato "#####.###.###,##"
+campo R_SCRITTATOT x 69 y 0.6 larghezza 55 destra
+campo R_TOTIMPONIBILE x 124.3 y 0.6 larghezza 18.6 destra formato "#####.###.###,##"
+campo R_TOTIVA x 143.2 y 0.6 larghezza 18.6 destra formato "#####.###.###,##"
+campo R_TOTIVAIND x 162.1 y 0.6 larghezza 18.6 destra formato "#####.###.###,##"
+campo R_TOTTOT x 181 y 0.6 larghezza 18.6 destra formato "#####.###.###,##"
 carattere "Courier New" punti 9
 campo R_SCRITTA x 11 y 0.4 larghezza 188
 

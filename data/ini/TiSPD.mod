@@ -32,18 +32,18 @@ fine 196
 riga 4.2
 campo R_DTSCAD x 11 y 0.6 larghezza 17
 campo R_CONTO x 28 y 0.6 larghezza 14.5
-campo R_RAGSOC x 43 y 0.6 larghezza 67
+campo R_RAGSOC x 43 y 0.6 larghezza 67 acapo
 campo R_NFAT x 111 y 0.6 larghezza 13 destra
 campo R_DTFAT x 126 y 0.6 larghezza 17
-campo R_DESCRIZIONE x 143 y 0.6 larghezza 59
+campo R_DESCRIZIONE x 143 y 0.6 larghezza 59 acapo
 campo R_TIPO x 203 y 0.6 larghezza 6
 campo R_STATO x 210 y 0.6 larghezza 15
 campo R_IMPORTO x 225 y 0.6 larghezza 20 destra formato "####.###.###,##"
 campo R_PAGATO x 245.5 y 0.6 larghezza 20 destra formato "####.###.###,##"
 campo R_RESIDUO x 266 y 0.6 larghezza 20 destra formato "####.###.###,##"
 carattere "Arial Narrow" punti 8.5 grassetto
-campo R_PARTE x 11 y 0.6 larghezza 214 punti 9.5
-campo R_SCRITTATOT x 43 y 0.6 larghezza 180
+campo R_PARTE x 11 y 0.6 larghezza 214 punti 9.5 acapo
+campo R_SCRITTATOT x 43 y 0.6 larghezza 180 acapo
 campo R_TOTIMPORTO x 225 y 0.6 larghezza 20 destra formato "####.###.###,##"
 campo R_TOTPAGATO x 245.5 y 0.6 larghezza 20 destra formato "####.###.###,##"
 campo R_TOTRESIDUO x 266 y 0.6 larghezza 20 destra formato "####.###.###,##"
@@ -52,7 +52,7 @@ campo R_TOTRESIDUO x 266 y 0.6 larghezza 20 destra formato "####.###.###,##"
 carattere "Arial Narrow" punti 8
 testo "stampato il" x 10 y 198.2
 campo DATASTAMPA x 24 y 198.2 larghezza 40
-testo "pagina" x 252 y 198.2 larghezza 12 destra
-campo Pag x 265 y 198.2 larghezza 8 destra
+testo "pagina" x 255 y 198.2 larghezza 12 destra
+campo Pag x 267.5 y 198.2 larghezza 5.5 destra
 testo "di" x 274.5 y 198.2
 campo PagTot x 278 y 198.2 larghezza 9

@@ -111,10 +111,9 @@ Pittore::Posto Pittore::Disponi(const reports::Scritta& scritta, int totale) {
       posto.testo.fill(QLatin1Char('*'), static_cast<int>(campo / asterisco));
       larga = misure.horizontalAdvance(posto.testo);
     } else {
-      while (!posto.testo.isEmpty() && larga > campo) {
-        posto.testo.chop(posto.testo.back().isLowSurrogate() ? 2 : 1);
-        larga = misure.horizontalAdvance(posto.testo);
-      }
+      // The reader sees that there is more.
+      posto.testo = misure.elidedText(posto.testo, Qt::ElideRight, campo);
+      larga = misure.horizontalAdvance(posto.testo);
     }
   }
   if (scritta.allineamento == reports::Allineamento::Destra) posto.x += campo - larga;

@@ -1,9 +1,11 @@
 // Pages to PDF, read back with the tools of the trade.
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
 #include "core/reports/DiscoPieno.h"
+#include "core/reports/MisuraTesto.h"
 #include "core/session/CartellaProva.h"
 #include "print/Campione.h"
 #include "print/UscitaPdf.h"
@@ -113,11 +115,51 @@ TEST(UscitaPdf, ScritteTagliateENumeriMai) {
   ASSERT_TRUE(uscita.Aggiungi(pagina));
   ASSERT_TRUE(uscita.Fine());
   const std::string testo = TestoPdf(file);
-  EXPECT_NE(testo.find("DescrizioneM"), std::string::npos) << testo;
+  EXPECT_NE(testo.find("DescrizioneMo…"), std::string::npos) << testo;
   EXPECT_EQ(testo.find("Conto"), std::string::npos) << testo;
   EXPECT_EQ(testo.find("123"), std::string::npos) << testo;
   EXPECT_NE(testo.find("*****"), std::string::npos) << "un numero tagliato sarebbe un altro numero";
   EXPECT_NEAR(PostoParola(file, "12,34", true), 120 / 25.4 * 72, 0.5);
+}
+
+TEST(UscitaPdf, QuelCheVaACapoSiStampaIntero) {
+  // Pages are composed without a device: what was measured then must stand on paper.
+  const std::vector<std::string> testi = {
+      "COSTRUZIONI GENERALI FRATELLI MARTINELLI & ASSOCIATI SOCIETÀ PER AZIONI",
+      "saldo fornitura materiali edili, cantiere di via Garibaldi 12 (primo lotto) n. 1.234/2024",
+      "Wwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiii"
+      "i",
+      "L'été à l'Hôtel Österreich, perché così è più bello — 100 € al mq"};
+  const CartellaProva cartella;
+  const auto file = cartella / "capo.pdf";
+  for (const bool grassetto : {false, true}) {
+    for (const char* famiglia : {"Arial Narrow", "Arial", "Courier New"}) {
+      reports::Pagina pagina{kA4, 1, {}};
+      const reports::Carattere carattere{famiglia, 850, grassetto, false};
+      std::string atteso;
+      int y = 1000;
+      for (const std::string& testo : testi) {
+        for (const std::string& riga : reports::InLarghezza(testo, 4'000, carattere)) {
+          pagina.elementi.emplace_back(reports::Scritta{
+              1000, y += 500, 4'000, reports::Allineamento::Sinistra, carattere, riga, {}});
+          atteso += riga + "\n";
+        }
+      }
+      UscitaPdf uscita(file);
+      ASSERT_TRUE(uscita.Aggiungi(pagina));
+      ASSERT_TRUE(uscita.Fine());
+      std::string letto;
+      for (const std::string& riga : Righe(TestoPdf(file))) {
+        if (const auto da = riga.find_first_not_of(" \f"); da != std::string::npos)
+          letto += riga.substr(da) + "\n";
+      }
+      EXPECT_EQ(letto, atteso) << famiglia << (grassetto ? " grassetto" : "");
+      // Nor is a line broken long before its end.
+      if (std::string_view(famiglia) == "Arial Narrow") {
+        EXPECT_LE(std::ranges::count(atteso, '\n'), grassetto ? 12 : 11) << atteso;
+      }
+    }
+  }
 }
 
 TEST(UscitaPdf, NumeroDelleUltimePagineNelSegno) {

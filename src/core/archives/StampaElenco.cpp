@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "core/archives/LetturaElenco.h"
+#include "core/reports/MisuraTesto.h"
 #include "core/reports/Rapporto.h"
 #include "core/values/Testo.h"
 
@@ -17,6 +18,8 @@ constexpr std::size_t kLarghezzaMassima = 190;
 /// A text column never takes more than this, nor is narrowed below the second.
 constexpr std::size_t kColonnaMassima = 60;
 constexpr std::size_t kColonnaMinima = 10;
+/// A caption that is longer than a column may be goes on in further lines of this width.
+constexpr std::size_t kTitoloMinimo = 24;
 /// Rows between two signs of life.
 constexpr std::int64_t kOgni = 50;
 
@@ -24,9 +27,10 @@ bool Numerico(Tipo tipo) {
   return tipo == Tipo::Intero || tipo == Tipo::Importo || tipo == Tipo::Reale;
 }
 
-/// A column's captions and widest value.
+/// A column's widest value, in characters and on paper.
 struct Misura {
   std::size_t larghezza = 0;
+  int largo = 0;
   bool numerica = false;
 };
 
@@ -58,28 +62,28 @@ class TabulatoArchivio {
         rapporto_(ambiente, uscite) {}
 
   void Esegui() {
-    const reports::Cornice cornice{"elenco " + descrizione_.finestra, descrizione_.titolo, "",
-                                   kLarghezzaMinima};
-    std::int64_t totale = 0;
-    if (!rapporto_.Apri(cornice, [this] { Testata(); }) || !Misurate(totale)) return;
-    Disponi();
+    const reports::Cornice cornice{.rapporto = "elenco " + descrizione_.finestra,
+                                   .titolo = descrizione_.titolo,
+                                   .larghezza = kLarghezzaMinima,
+                                   .grafico = true,
+                                   .prepara = [this] { return Misurate() && Disponi(); }};
+    if (!rapporto_.Apri(cornice, [this] { Testata(); })) return;
+    rapporto_.Larghezza(std::max(kLarghezzaMinima, largaRiga_));
     std::int64_t stampate = 0;
-    const bool tutte = Visita(totale, [&](const std::vector<Valore>& riga) {
-      std::vector<std::string> testi;
-      for (std::size_t c = 0; c < riga.size(); ++c) {
-        testi.push_back(MostraColonna(lettura_.Colonne()[c], riga[c]));
-      }
-      Riga(testi);
+    const bool tutte = Visita(totale_, [&](const std::vector<Valore>& riga) {
+      rapporto_.RigaTavola(Testi(riga));
       ++stampate;
     });
     if (!tutte) return;
     rapporto_.Riserva(2);
-    rapporto_.Rigo("-");
-    rapporto_.RigaTesto("numero record: " + std::to_string(stampate), true);
+    rapporto_.Filo("-");
+    rapporto_.Scritta(kScritta, "numero record: " + std::to_string(stampate), true);
     rapporto_.Fine();
   }
 
  private:
+  static constexpr const char* kScritta = "R_SCRITTATOT";
+
   bool Visita(std::int64_t totale, const std::function<void(const std::vector<Valore>&)>& su) {
     rapporto_.Avvia("Stampa " + descrizione_.titolo, totale, kOgni);
     bool avanti = true;
@@ -91,27 +95,54 @@ class TabulatoArchivio {
     return avanti && !rapporto_.Interrotta();
   }
 
-  bool Misurate(std::int64_t& totale) {
-    const auto& colonne = lettura_.Colonne();
-    for (const auto& colonna : colonne) {
-      misure_.push_back({std::max<std::size_t>(1, LunghezzaTesto(colonna.didascalia))});
+  /// What is shown of a row, by column.
+  [[nodiscard]] std::vector<Valore> Testi(const std::vector<Valore>& riga) const {
+    std::vector<Valore> testi;
+    for (std::size_t c = 0; c < riga.size(); ++c) {
+      testi.emplace_back(MostraColonna(lettura_.Colonne()[c], riga[c]));
     }
+    return testi;
+  }
+
+  bool Misurate() {
+    misure_.resize(lettura_.Colonne().size());
+    const reports::Carattere carattere = reports::CarattereTavola();
     return Visita(0, [&](const std::vector<Valore>& riga) {
-      ++totale;
+      ++totale_;
+      const std::vector<Valore> testi = Testi(riga);
       for (std::size_t c = 0; c < riga.size(); ++c) {
-        const std::size_t serve = LunghezzaTesto(MostraColonna(colonne[c], riga[c]));
-        misure_[c].larghezza = std::max(misure_[c].larghezza, serve);
-        if (Numerico(riga[c].Tipo())) misure_[c].numerica = true;
+        Misura& m = misure_[c];
+        const std::string testo = testi[c].Testo();
+        m.larghezza = std::max(m.larghezza, LunghezzaTesto(testo));
+        m.largo = std::max(m.largo, reports::LarghezzaTesto(testo, carattere));
+        if (Numerico(riga[c].Tipo())) m.numerica = true;
       }
     });
   }
 
-  void Disponi() {
-    Stringi(misure_);
-    for (const Misura& m : misure_) {
-      riga_.sagoma += (riga_.sagoma.empty() ? "" : " ") + reports::Ripeti("$", m.larghezza);
+  /// The table: the text form cuts what the page has no room for, the model has it go on below.
+  bool Disponi() {
+    const auto& colonne = lettura_.Colonne();
+    for (std::size_t c = 0; c < colonne.size(); ++c) {
+      const std::size_t titolo = LunghezzaTesto(colonne[c].didascalia);
+      misure_[c].larghezza = std::max({std::size_t{1}, misure_[c].larghezza,
+                                       titolo > kColonnaMassima ? kTitoloMinimo : titolo});
     }
-    rapporto_.Larghezza(std::max(kLarghezzaMinima, riga_.sagoma.size()));
+    Stringi(misure_);
+    std::vector<reports::Colonna> tavola;
+    for (std::size_t c = 0; c < colonne.size(); ++c) {
+      const Misura& m = misure_[c];
+      reports::Colonna colonna{colonne[c].didascalia,
+                               (c == 0 ? "" : " ") + reports::Ripeti("$", m.larghezza),
+                               "R_C" + std::to_string(c + 1)};
+      colonna.codice = m.numerica;
+      colonna.largo = std::max(1, m.largo);
+      tavola.push_back(std::move(colonna));
+    }
+    const reports::Colonne disposte(std::move(tavola));
+    largaRiga_ = disposte.Larghezza();
+    rapporto_.Tavola(disposte, kScritta);
+    return true;
   }
 
   [[nodiscard]] std::string Filtro() const {
@@ -131,25 +162,11 @@ class TabulatoArchivio {
 
   void Testata() {
     rapporto_.TestataDitta();
-    rapporto_.Vuota();
-    rapporto_.RigaTesto(descrizione_.titolo, true);
-    if (!filtro_.Vuoto()) rapporto_.RigaTesto("filtro: " + Filtro());
-    rapporto_.Vuota();
-    std::vector<std::string> titoli;
-    for (const auto& colonna : lettura_.Colonne()) titoli.push_back(colonna.didascalia);
-    Riga(titoli);
-    rapporto_.Rigo("-");
-  }
-
-  /// Numbers stand to the right of their columns.
-  void Riga(const std::vector<std::string>& testi) {
-    std::vector<Valore> valori;
-    for (std::size_t c = 0; c < testi.size(); ++c) {
-      const std::size_t largo = misure_[c].larghezza;
-      const std::size_t lungo = misure_[c].numerica ? LunghezzaTesto(testi[c]) : largo;
-      valori.emplace_back(std::string(largo - std::min(largo, lungo), ' ') + testi[c]);
-    }
-    rapporto_.Riga(riga_, std::move(valori));
+    if (!rapporto_.Grafico()) rapporto_.Vuota();
+    rapporto_.Titolo("TITOLO", descrizione_.titolo, true);
+    if (!filtro_.Vuoto()) rapporto_.Titolo("TITOLO2", "filtro: " + Filtro());
+    if (!rapporto_.Grafico()) rapporto_.Vuota();
+    rapporto_.Titoli("");
   }
 
   const DescrizioneArchivio& descrizione_;
@@ -157,7 +174,8 @@ class TabulatoArchivio {
   LetturaElenco lettura_;
   reports::Rapporto rapporto_;
   std::vector<Misura> misure_;
-  reports::Fascia riga_;
+  std::int64_t totale_ = 0;
+  std::size_t largaRiga_ = 0;
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,9 @@ struct Cornice {
   double xTar = 0;            ///< correction of the horizontal position, millimetres
   /// Amounts are of the year's currency: on a model, which shows cents, those in lire have none.
   bool lireIntere = false;
+  /// Once the output is chosen, before the first page: for a table that is known only from what it
+  /// shows. The report ends when it gives false.
+  std::function<bool()> prepara = {};
 };
 
 /// `n` times a character (a letter of a picture may take more than a byte).

@@ -4,6 +4,7 @@
 
 #include "core/reports/Cornice.h"
 #include "core/reports/PezzoSagoma.h"
+#include "core/reports/TestoStampato.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::reports {
@@ -24,18 +25,31 @@ std::size_t Colonne::Larghezza() const {
   return larghezza;
 }
 
-std::string Colonne::Titoli() const {
-  std::string riga;
+std::vector<std::string> Colonne::Titoli() const {
+  std::vector<std::vector<std::string>> titoli;
+  std::size_t quante = 1;
   for (const Colonna& c : colonne_) {
+    const std::size_t largo = LunghezzaTesto(PezzoSagoma(c.sagoma).segnaposto);
+    const bool cabe = largo == 0 || LunghezzaTesto(c.titolo) <= largo;
+    titoli.push_back(cabe ? std::vector{c.titolo} : InRighe(c.titolo, largo));
+    if (c.mostrata) quante = std::max(quante, titoli.back().size());
+  }
+  std::vector<std::string> righe(quante);
+  for (std::size_t i = 0; i < colonne_.size(); ++i) {
+    const Colonna& c = colonne_[i];
     if (!c.mostrata) continue;
     const PezzoSagoma pezzo(c.sagoma);
     const std::size_t largo = LunghezzaTesto(pezzo.segnaposto);
-    const std::string spazi = Spazi(largo - std::min(largo, LunghezzaTesto(c.titolo)));
-    riga.append(pezzo.prima);
-    riga += pezzo.Testo() && !c.codice ? c.titolo + spazi : spazi + c.titolo;
-    riga.append(pezzo.dopo);
+    titoli[i].insert(titoli[i].begin(), quante - titoli[i].size(), "");
+    for (std::size_t k = 0; k < quante; ++k) {
+      const std::string& titolo = titoli[i][k];
+      const std::string spazi = Spazi(largo - std::min(largo, LunghezzaTesto(titolo)));
+      righe[k].append(pezzo.prima);
+      righe[k] += pezzo.Testo() && !c.codice ? titolo + spazi : spazi + titolo;
+      righe[k].append(pezzo.dopo);
+    }
   }
-  return riga;
+  return righe;
 }
 
 Fascia Colonne::Riga() const {

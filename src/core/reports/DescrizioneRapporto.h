@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/reports/Foglio.h"
+#include "core/reports/Pagina.h"
 #include "core/values/Valore.h"
 
 namespace fenalto::reports {
@@ -36,7 +37,13 @@ struct Colonna {
   /// A number that is a name (of an invoice): a text, which is cut and not starred, and stands to
   /// the right as numbers do.
   bool codice = false;
+  /// Room that it wants where the model is drawn, in hundredths of a millimetre; 0 for what its
+  /// picture takes.
+  int largo = 0;
 };
+
+/// The face of a table whose model is drawn.
+[[nodiscard]] Carattere CarattereTavola(bool grassetto = false);
 
 /// Amounts of the summed columns, one a column (those of the others stay zero).
 using Somme = std::vector<Importo>;
@@ -49,8 +56,9 @@ class Colonne {
   [[nodiscard]] const std::vector<Colonna>& Tutte() const { return colonne_; }
   /// Characters of a line of the text form.
   [[nodiscard]] std::size_t Larghezza() const;
-  /// The line of captions, each over its column: to the right over numbers.
-  [[nodiscard]] std::string Titoli() const;
+  /// The lines of captions, each over its column: to the right over numbers. One that is wider than
+  /// its column begins in a line above.
+  [[nodiscard]] std::vector<std::string> Titoli() const;
   /// A row: the columns shown.
   [[nodiscard]] Fascia Riga() const;
   /// A total: a text up to the first summed column, and the sums. `campo` is the text's field.
@@ -58,7 +66,8 @@ class Colonne {
   /// The fields for totals of the columns shown.
   [[nodiscard]] std::vector<std::string> CampiTotale() const;
 
-  /// Text of a page model for the columns shown, in the proportions of the text form.
+  /// Text of a page model for the columns shown: each takes the room that it wants, and texts give
+  /// way (they go on below) where a page on its side isn't wide enough.
   [[nodiscard]] std::string Modello(const std::string& campoScritta) const;
 
   /// Of the values of all columns, those that stand in the sheet.

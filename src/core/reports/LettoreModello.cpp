@@ -223,9 +223,11 @@ bool LettoreModello::LeggiCampo(const Parole& parole) {
   campo.nome = parole[1].testo;
   if (!ControllaNome(campo.nome)) return false;
   const bool nelCorpo = zona_ == Zona::Corpo;
-  const auto letti = Attributi(
-      parole, 2, "x y larghezza sinistra centro destra carattere punti grassetto corsivo formato",
-      {"x", "larghezza"});
+  std::string ammessi =
+      "x y larghezza sinistra centro destra carattere punti grassetto corsivo formato";
+  // Only lines of the body have others below.
+  if (nelCorpo) ammessi += " acapo";
+  const auto letti = Attributi(parole, 2, ammessi, {"x", "larghezza"});
   if (!letti) return false;
   if (!nelCorpo && !letti->Ha("y")) return Sbaglia("manca «y»");
   campo.x = letti->Misura("x");
@@ -233,6 +235,7 @@ bool LettoreModello::LeggiCampo(const Parole& parole) {
   campo.larghezza = letti->Misura("larghezza");
   campo.allineamento = letti->allineamento.value_or(Allineamento::Sinistra);
   campo.carattere = letti->carattere;
+  campo.aCapo = letti->aCapo;
   if (campo.larghezza == 0) return Sbaglia("la larghezza del campo è zero");
   if (letti->formato) {
     if (Sagoma(*letti->formato).Campi() != 1) {

@@ -31,6 +31,10 @@ const CampoModello* ModelloStampa::Campo(std::string_view nome) const {
   return trovato == campi_.end() ? nullptr : &trovato->second;
 }
 
+bool ModelloStampa::VaACapo() const {
+  return std::ranges::any_of(campi_, [](const auto& c) { return c.second.aCapo; });
+}
+
 std::pair<int, int> ModelloStampa::LarghezzaCorpo() const {
   int da = formato_.larghezza;
   int a = 0;

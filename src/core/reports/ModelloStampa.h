@@ -25,6 +25,8 @@ struct CampoModello {
   int larghezza = 0;
   Allineamento allineamento = Allineamento::Sinistra;
   Carattere carattere;
+  /// A text that is too wide goes on in the lines below, instead of being cut.
+  bool aCapo = false;
   std::string formato;  ///< a number picture ("###.###.###,##"), empty for the value's own text
 };
 
@@ -39,6 +41,8 @@ class ModelloStampa {
   /// Field by name without case; null when the model has none of it (the report's value is then not
   /// printed).
   [[nodiscard]] const CampoModello* Campo(std::string_view nome) const;
+  /// Whether some field goes on in the lines below.
+  [[nodiscard]] bool VaACapo() const;
   /// Lines, boxes, texts and images that every page has.
   [[nodiscard]] const std::vector<Elemento>& Fissi() const { return fissi_; }
   /// Where the body begins and ends on a page, and the height of a body line.

@@ -68,6 +68,7 @@ bool Rapporto::PrendiModello(const Cornice& cornice) {
 
 bool Rapporto::Appronta(const Cornice& cornice, std::function<void()> testata) {
   grafico_ = cornice.grafico && !stampa_.SoloTesto();
+  if (cornice.prepara && !cornice.prepara()) return false;
   if (grafico_ && !PrendiModello(cornice)) return false;
   stampa_.ModoTesto(!grafico_);
   if (grafico_) {
@@ -140,7 +141,9 @@ void Rapporto::RigaTesto(std::string_view testo, bool grassetto) {
 
 void Rapporto::Titoli(std::string_view sopra) {
   if (!sopra.empty()) Rigo(sopra);
-  if (!Grafico()) stampa_.Riga(Mid(titoli_, 1, larghezza_));
+  for (const std::string& riga : titoli_) {
+    if (!Grafico()) stampa_.Riga(Mid(riga, 1, larghezza_));
+  }
   Rigo("-");
 }
 
@@ -166,12 +169,34 @@ void Rapporto::RigaModello(const Fascia& fascia, const std::vector<Valore>& valo
   }
 }
 
+void Rapporto::StendiModello(const Fascia& fascia, const std::vector<Valore>& valori,
+                             const Rinvio& rinvio) {
+  std::vector<std::vector<Valore>> righe{valori};
+  const std::size_t quanti = std::min(valori.size(), fascia.campi.size());
+  for (std::size_t i = 0; i < quanti && stampa_.VaACapo(); ++i) {
+    const std::string& campo = fascia.campi[i];
+    if (valori[i].Tipo() != Tipo::Testo || campo.empty() || !stampa_.VaACapo(campo)) continue;
+    const std::vector<std::string> pezzi = stampa_.InCampo(campo, valori[i].Testo());
+    if (pezzi.size() == 1) continue;
+    righe.resize(std::max(righe.size(), pezzi.size()), std::vector<Valore>(valori.size()));
+    for (std::size_t k = 0; k < pezzi.size(); ++k) righe[k][i] = pezzi[k];
+  }
+  // The lines of one row stay together.
+  if (righe.size() > 1) {
+    const int insieme = static_cast<int>(righe.size());
+    riporto_ ? Spazio(insieme) : stampa_.Riserva(insieme);
+  }
+  for (const std::vector<Valore>& riga : righe) {
+    RigaModello(fascia, riga, rinvio, stampa_.YCorrente());
+    stampa_.AvanzaRiga();
+  }
+}
+
 void Rapporto::Stendi(const Fascia& fascia, std::vector<Valore> valori, const Rinvio& rinvio) {
   if (SuFoglio()) return;
   if (Grafico()) {
-    if (fascia.campi.empty()) return;
-    RigaModello(fascia, valori, rinvio, stampa_.YCorrente());
-    return stampa_.AvanzaRiga();
+    if (!fascia.campi.empty()) StendiModello(fascia, valori, rinvio);
+    return;
   }
   stampa_.Campi(std::move(valori));
   stampa_.Riga(fascia.sagoma, rinvio, fascia.grassetto);
@@ -256,8 +281,16 @@ void Rapporto::Stacco(std::string_view carattere) {
   carattere.empty() ? Vuota() : Grafico() ? stampa_.AvanzaRiga() : Rigo(carattere);
 }
 
+std::vector<std::string> Rapporto::InCampo(std::string_view campo, const std::string& testo,
+                                           std::size_t caratteri) const {
+  return Grafico() ? stampa_.InCampo(campo, testo) : InRighe(testo, caratteri);
+}
+
 void Rapporto::Riserva(int righe) {
-  if (!SuFoglio()) stampa_.Riserva(righe);
+  if (SuFoglio()) return;
+  // What is to follow a row still does when the row takes two lines.
+  const bool inPiu = righe > 1 && Grafico() && stampa_.VaACapo();
+  stampa_.Riserva(inPiu ? righe + 1 : righe);
 }
 
 // --- Amounts carried forward ---------------------------------------------------------------------

@@ -98,6 +98,9 @@ class Rapporto {
   /// An empty line (in the text form a rule of `carattere`) between two parts; none at a page's
   /// foot.
   void Stacco(std::string_view carattere = "");
+  /// The lines in which a text stands: in a field of the model, or of so many characters.
+  [[nodiscard]] std::vector<std::string> InCampo(std::string_view campo, const std::string& testo,
+                                                 std::size_t caratteri) const;
   /// As Stampa::Riserva.
   void Riserva(int righe);
 
@@ -121,6 +124,8 @@ class Rapporto {
   void Stendi(const Fascia& fascia, std::vector<Valore> valori, const Rinvio& rinvio);
   /// The values of the columns shown, as the form at hand writes them.
   [[nodiscard]] std::vector<Valore> Celle(const std::vector<Valore>& celle) const;
+  /// A line of the model, with as many lines below it as its texts take.
+  void StendiModello(const Fascia& fascia, const std::vector<Valore>& valori, const Rinvio& rinvio);
   void RigaModello(const Fascia& fascia, const std::vector<Valore>& valori, const Rinvio& rinvio,
                    double y);
   void RigaRiporto(const char* testo, const double* y);
@@ -136,7 +141,7 @@ class Rapporto {
   bool lireIntere_ = false;
   std::string intera_;  ///< picture of a text over the whole width
   std::optional<Colonne> colonne_;
-  std::string titoli_;
+  std::vector<std::string> titoli_;
   std::string campoScritta_;
   std::string sottoFoglio_;
   Fascia riga_;

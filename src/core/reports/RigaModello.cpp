@@ -52,6 +52,10 @@ class LetturaAttributi {
       (nome == "grassetto" ? letti_.carattere.grassetto : letti_.carattere.corsivo) = true;
       return std::nullopt;
     }
+    if (nome == "acapo") {
+      letti_.aCapo = true;
+      return std::nullopt;
+    }
     if (n_ >= parole_.size()) return Errore{"dopo «" + nome + "» manca il valore"};
     const ParolaModello& valore = parole_[n_++];
     if (nome == "carattere" || nome == "formato") return Testo(nome, valore);

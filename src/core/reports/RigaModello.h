@@ -30,6 +30,7 @@ struct AttributiModello {
   std::optional<Allineamento> allineamento;
   Carattere carattere;
   std::optional<std::string> formato;
+  bool aCapo = false;
 
   [[nodiscard]] bool Ha(std::string_view nome) const { return misure.contains(nome); }
   [[nodiscard]] int Misura(std::string_view nome, int altrimenti = 0) const;

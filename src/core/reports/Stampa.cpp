@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/reports/DecimaliStampe.h"
+#include "core/reports/MisuraTesto.h"
 #include "core/reports/PaginaTesto.h"
 #include "core/reports/Seguito.h"
 #include "core/reports/TestoStampato.h"
@@ -44,6 +45,18 @@ void Sposta(Elemento& elemento, int dx) {
       elemento);
 }
 
+/// Heads and feet have no room below: what is too wide is set in smaller type, as far as it can be
+/// read.
+void Rimpicciolisci(Scritta& scritta) {
+  constexpr int kMinimoCento = 70;  // of a hundred
+  constexpr int kMinimoPunti = 650;
+  const int largo = LarghezzaTesto(scritta.testo, scritta.carattere);
+  if (largo <= scritta.larghezza) return;
+  const int corpo = scritta.carattere.corpo;
+  const int minimo = std::min(corpo, std::max(corpo * kMinimoCento / 100, kMinimoPunti));
+  scritta.carattere.corpo = std::max(corpo * (scritta.larghezza - 20) / largo, minimo);
+}
+
 bool DiCorpo(std::string_view nome) {
   constexpr std::string_view kPrefisso = "R_";
   return UgualeTesto(nome.substr(0, kPrefisso.size()), kPrefisso);
@@ -75,6 +88,7 @@ struct Stampa::Interno {
   int passoChiesto = kPassoUsuale;
   std::size_t larghezza = 0;
   std::optional<ModelloStampa> modello;
+  bool vaACapo = false;  ///< the model has fields that go on below
   DecimaliStampe decimali;
   int spostamento = 0;
 
@@ -170,6 +184,7 @@ struct Stampa::Interno {
       scritta.testo =
           Rifila(SagomaDi(decimali.DelModello(campo->formato, valore)).Riempi({&valore, 1}));
     }
+    if (!DiCorpo(nome) && !scritta.numero) Rimpicciolisci(scritta);
     if (!scritta.testo.empty()) Metti(std::move(scritta));
   }
 
@@ -247,11 +262,12 @@ bool Stampa::Modello(const std::filesystem::path& percorso) {
     interno_->ambiente.Dialogo().Messaggio(letto.Errore().messaggio, Icona::Errore);
     return false;
   }
-  interno_->modello = std::move(letto).Valore();
+  Modello(std::move(letto).Valore());
   return true;
 }
 
 void Stampa::Modello(ModelloStampa modello) {
+  interno_->vaACapo = modello.VaACapo();
   interno_->modello = std::move(modello);
 }
 
@@ -345,6 +361,23 @@ void Stampa::CampoModello(std::string_view nome, const Valore& valore, double y,
   if (s.testo) throw std::logic_error("un campo del modello in modo testo");
   s.ApriPagina();
   if (!s.interrotta) s.MettiCampo(nome, valore, DiCorpo(nome) ? InCentesimi(y) : 0, rinvio);
+}
+
+std::vector<std::string> Stampa::InCampo(std::string_view nome, std::string_view testo) const {
+  const auto& modello = interno_->modello;
+  const reports::CampoModello* campo = modello ? modello->Campo(nome) : nullptr;
+  if (campo == nullptr) return {std::string(testo)};
+  std::string pulito;
+  AccodaPulito(pulito, testo);
+  return InLarghezza(pulito, campo->larghezza, campo->carattere);
+}
+
+bool Stampa::VaACapo(std::string_view nome) const {
+  const auto& modello = interno_->modello;
+  if (!modello) return false;
+  if (nome.empty()) return interno_->vaACapo;
+  const reports::CampoModello* campo = modello->Campo(nome);
+  return campo != nullptr && campo->aCapo;
 }
 
 double Stampa::YCorrente() const {

@@ -80,6 +80,12 @@ class Stampa {
   /// that the model lacks are not printed.
   void CampoModello(std::string_view nome, const Valore& valore, double y = 0,
                     const Rinvio& rinvio = {});
+  /// The lines in which a text goes into a field of the model, broken where its width asks for it;
+  /// the text as it is where the model lacks the field.
+  [[nodiscard]] std::vector<std::string> InCampo(std::string_view nome,
+                                                 std::string_view testo) const;
+  /// Whether the model has the field go on in the lines below; without a name, whether any does.
+  [[nodiscard]] bool VaACapo(std::string_view nome = {}) const;
   /// A model's field PagTot prints the number of pages of the report by itself, where the output
   /// can know it (see kSegnoPagineTotali); every other field is the report's.
   ///

@@ -82,9 +82,4 @@ std::vector<std::string> InRighe(const std::string& testo, std::size_t larghezza
   return righe;
 }
 
-std::size_t LargoDi(const std::string& testo, std::size_t largo, std::size_t maiuscolo) {
-  const auto maiuscole = std::ranges::count_if(testo, [](char c) { return c >= 'A' && c <= 'Z'; });
-  return static_cast<std::size_t>(maiuscole) * 3 > testo.size() ? maiuscolo : largo;
-}
-
 }  // namespace fenalto::reports

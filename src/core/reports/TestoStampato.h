@@ -23,11 +23,6 @@ std::size_t AccodaPulito(std::string& riga, std::string_view testo,
 /// Pieces of at most `larghezza` characters, broken at blanks where it can; one at least.
 std::vector<std::string> InRighe(const std::string& testo, std::size_t larghezza);
 
-/// Characters of a text that a field of proportional type holds: `largo`, or `maiuscolo` when a
-/// third of it or more is capitals, which take half as much room again.
-[[nodiscard]] std::size_t LargoDi(const std::string& testo, std::size_t largo,
-                                  std::size_t maiuscolo);
-
 /// Whether the value is a number, which must not be cut.
 [[nodiscard]] bool Numerico(const Valore& valore);
 

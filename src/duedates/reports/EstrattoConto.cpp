@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include "core/reports/Rapporto.h"
-#include "core/reports/TestoStampato.h"
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
@@ -18,7 +17,6 @@ constexpr std::int64_t kOgniEstratte = 200;
 constexpr std::size_t kRientro = 64;
 /// Characters of a line of the letter.
 constexpr std::size_t kLargoTesto = 110;
-constexpr std::size_t kLargoModello = 120;
 /// The balance, the closing sentences and the signature stay together.
 constexpr int kRigheChiusura = 11;
 
@@ -178,8 +176,7 @@ class LetteraEstratto {
   }
 
   void Capoverso(const std::string& testo) {
-    const std::size_t largo = rapporto_.Grafico() ? kLargoModello : kLargoTesto;
-    for (const std::string& riga : reports::InRighe(testo, largo)) {
+    for (const std::string& riga : rapporto_.InCampo("R_SCRITTA", testo, kLargoTesto)) {
       rapporto_.Scritta("R_SCRITTA", riga);
     }
   }
@@ -256,12 +253,16 @@ class LetteraEstratto {
     rapporto_.Titolo("TITOLO", "ESTRATTO CONTO AL " + scelta_.alla.Testo());
     rapporto_.Titolo("CODICE", "codice " + prima_.conto);
     rapporto_.Titolo("SPETTLE", "Spett.le");
-    rapporto_.Titolo("NOME", destinatario_.nome);
-    // The lines of an address leave no hole where one is missing.
+    // The lines of an address leave no hole where one is missing, and a long name goes on in them.
     int quale = 0;
-    for (const std::string* riga : {&destinatario_.nome2, &destinatario_.indirizzo,
-                                    &destinatario_.localita, &destinatario_.piva}) {
-      if (!riga->empty()) rapporto_.Titolo("INDIRIZZO" + std::to_string(++quale), *riga);
+    for (const std::string* parte :
+         {&destinatario_.nome, &destinatario_.nome2, &destinatario_.indirizzo,
+          &destinatario_.localita, &destinatario_.piva}) {
+      if (parte->empty()) continue;
+      for (const std::string& riga : rapporto_.Carta().InCampo("NOME", *parte)) {
+        rapporto_.Titolo(quale == 0 ? "NOME" : "INDIRIZZO" + std::to_string(quale), riga);
+        ++quale;
+      }
     }
     rapporto_.Titolo("PREMESSA",
                      paginaLettera_ == 1

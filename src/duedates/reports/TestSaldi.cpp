@@ -6,6 +6,7 @@
 namespace fenalto::duedates {
 namespace {
 
+constexpr const char* kScritta = "R_SCRITTATOT";
 constexpr const char* kRapporto = "Controllo saldi contabili con scadenze in vita";
 
 SceltaScadenze ComeScadenze(const SceltaConfronto& scelta) {
@@ -26,12 +27,12 @@ reports::Tabella<ParteDiscorde> TabellaSaldi() {
   using P = ParteDiscorde;
   const std::string importo = "|" + reports::Ripeti("ç", 15);
   return reports::Tabella<P>(
-      {{{"", "|$$$$$$$$$$"}, &P::cod},
-       {{"", " " + reports::Ripeti("$", 35)},
+      {{{"", "|$$$$$$$$$$", "R_CONTO", "", {"codice"}}, &P::cod},
+       {{"", " " + reports::Ripeti("$", 35), "R_RAGSOC", "", {"cliente / fornitore"}},
         [](const P& p) { return p.descrizione.empty() ? "non in archivio" : p.descrizione; }},
-       {{"saldo contabile", importo}, &P::saldoContabile},
-       {{"saldo scadenze", importo}, &P::saldoScadenze},
-       {{"differenza ", importo + "|"}, &P::Differenza}});
+       {{"saldo contabile", importo, "R_SALDO"}, &P::saldoContabile},
+       {{"saldo scadenze", importo, "R_SCADENZE"}, &P::saldoScadenze},
+       {{"differenza ", importo + "|", "R_DIFFERENZA"}, &P::Differenza}});
 }
 
 }  // namespace
@@ -52,14 +53,16 @@ bool TestSaldi::Stampa(const SceltaConfronto& scelta) {
   }
   const auto tabella = TabellaSaldi();
   reports::Rapporto rapporto(ambiente_, uscite_);
-  rapporto.Tavola(tabella);
+  rapporto.Tavola(tabella, kScritta);
   const auto testata = [&] {
     rapporto.TestataDitta();
-    rapporto.Titolo("", kRapporto, true);
-    rapporto.Titolo("", Titolo() + ", " + Parti(scelta));
+    rapporto.Titolo("TITOLO", kRapporto, true);
+    rapporto.Titolo("TITOLO2", Titolo() + ", " + Parti(scelta));
     rapporto.Titoli();
   };
-  if (!rapporto.Apri({kRapporto, kRapporto}, testata)) return false;
+  if (!rapporto.Apri({.rapporto = kRapporto, .titolo = kRapporto, .grafico = true}, testata)) {
+    return false;
+  }
   bool concordi = true;
   const bool tutte = ConfrontaSaldi(ambiente_, scelta, [&](const ParteDiscorde& parte) {
     concordi = false;
@@ -67,8 +70,8 @@ bool TestSaldi::Stampa(const SceltaConfronto& scelta) {
     return !rapporto.Interrotta();
   });
   if (!tutte) return false;
-  if (concordi) rapporto.RigaTesto("nessuna differenza");
-  rapporto.Rigo("-");
+  if (concordi) rapporto.Scritta(kScritta, "nessuna differenza");
+  rapporto.Filo("-");
   return rapporto.Fine();
 }
 

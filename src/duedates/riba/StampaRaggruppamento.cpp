@@ -16,7 +16,7 @@ constexpr const char* kColonneRaggruppamento =
     "fatture                      ";
 /// References are longer than their heading.
 constexpr const char* kRiga =
-    "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$§§§§§§§§ $$$$$$$$ $$$$$$$$ççççççççççççççç  "
+    "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ §§§§§§§§ $$$$$$$$ $$$$$$$$ççççççççççççççç  "
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$";
 constexpr const char* kTotaleRaggruppamento =
     "$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$                  $$$$$$$$ççççççççççççççç  "
@@ -29,9 +29,9 @@ std::string ADestra(const std::string& numero) {
 }
 
 /// What the columns don't say of a receipt.
-std::string NoteRicevuta(const Scadenza& s) {
+std::string NoteRicevuta(const Scadenza& s, bool conNumero) {
   std::string note;
-  if (LunghezzaTesto(s.nFat) > kCaratteriFattura) note = "fatt. " + s.nFat;
+  if (conNumero && LunghezzaTesto(s.nFat) > kCaratteriFattura) note = "fatt. " + s.nFat;
   if (!s.importoPagatoE.Zero()) {
     note += std::string(note.empty() ? "" : ", ") + "residuo di scad. parziale";
   }
@@ -49,15 +49,16 @@ class TabulatoRaggruppamento {
         definitivo_(definitivo),
         rapporto_(ambiente, uscite),
         // Due dates are kept in euro, whatever the year.
-        riga_{reports::PictureImporto(kRiga, true)},
-        totale_{reports::PictureImporto(kTotaleRaggruppamento, true), {}, true} {}
+        riga_{reports::PictureImporto(kRiga, true),
+              {"R_CLIENTE", "R_NFAT", "R_DTFAT", "R_DTSCAD", "R_IMPORTO", "R_NOTE"}},
+        totale_{reports::PictureImporto(kTotaleRaggruppamento, true),
+                {"R_SCRITTATOT", "R_TOTDTSCAD", "R_TOTIMPORTO", "R_TOTNOTE"},
+                true} {}
 
   bool Esegui(const std::vector<GruppoRiba>& gruppi) {
-    if (!rapporto_.Apri(
-            {"raggruppamento Ri.Ba.", "Raggruppamento Ri.Ba.", "", kLarghezzaRaggruppamento},
-            [this] { Testata(); })) {
-      return false;
-    }
+    const reports::Cornice cornice{"raggruppamento Ri.Ba.", "Raggruppamento Ri.Ba.", "TiRiBaRag",
+                                   kLarghezzaRaggruppamento, true};
+    if (!rapporto_.Apri(cornice, [this] { Testata(); })) return false;
     rapporto_.Avvia("Stampa raggruppamento Ri.Ba.", static_cast<std::int64_t>(gruppi.size()),
                     kOgniStampate);
     for (const GruppoRiba& gruppo : gruppi) {
@@ -71,9 +72,14 @@ class TabulatoRaggruppamento {
  private:
   void Testata() {
     rapporto_.TestataDitta();
+    const std::vector<Valore> titolo{scelta_.da, scelta_.a, definitivo_ ? "DEFINITIVO" : ""};
+    if (rapporto_.Grafico()) {
+      rapporto_.Carta().Campi(titolo);
+      rapporto_.Titolo("TITOLO", rapporto_.Carta().Formato(kTitoloRaggruppamento));
+      return rapporto_.Titolo("TITOLO2", definitivo_ ? "" : "stampa di prova");
+    }
     rapporto_.Vuota();
-    rapporto_.Riga({kTitoloRaggruppamento, {}, true},
-                   {scelta_.da, scelta_.a, definitivo_ ? "DEFINITIVO" : ""});
+    rapporto_.Riga({kTitoloRaggruppamento, {}, true}, titolo);
     rapporto_.Vuota();
     rapporto_.Carta().Riga(kColonneRaggruppamento);
     rapporto_.Rigo("-");
@@ -84,7 +90,10 @@ class TabulatoRaggruppamento {
     rapporto_.Riserva(daRaggruppare ? 3 : 1);
     const std::string cliente = gruppo.conto + " " + gruppo.ragsoc;
     for (const Scadenza& s : gruppo.scadenze) {
-      rapporto_.Riga(riga_, {cliente, ADestra(s.nFat), s.dtFat, s.dt, s.Residuo(), NoteRicevuta(s)},
+      const bool grafico = rapporto_.Grafico();
+      rapporto_.Riga(riga_,
+                     {cliente, grafico ? s.nFat : ADestra(s.nFat), s.dtFat, s.dt, s.Residuo(),
+                      NoteRicevuta(s, !grafico)},
                      AllaRegistrazione(s.anno, s.articolo));
     }
     if (!daRaggruppare) return;
@@ -103,7 +112,7 @@ class TabulatoRaggruppamento {
       dopo += gruppo.DaRaggruppare() ? 1 : gruppo.scadenze.size();
     }
     rapporto_.Riserva(2);
-    rapporto_.Rigo("-");
+    rapporto_.Filo("-");
     rapporto_.Riga(totale_, {"TOTALE", Valore(), totale,
                              "scadenze " + std::to_string(prima) +
                                  ", ricevute dopo il raggruppamento " + std::to_string(dopo)});

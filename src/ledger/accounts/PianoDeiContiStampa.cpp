@@ -17,6 +17,7 @@ namespace {
 constexpr const char* kTestata = "                      $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$ $$$$$$$$  ";
 constexpr std::size_t kNomeTestata = 30;
 
+constexpr const char* kTitoloPiano = "PIANO DEI CONTI";
 constexpr const char* kColonnePiano =
     "Codice     Descrizione                 P=patrimoniale E=economico  ";
 constexpr const char* kRigaMastro = "$$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$    $        ";
@@ -28,8 +29,7 @@ constexpr const char* kTitoloRettifiche =
     "| CONTI CON RETTIFICHE DI BILANCIO                                |";
 constexpr const char* kColonneRettifiche =
     "| codice     descrizione                        |         importo |";
-constexpr const char* kRigaRettifica =
-    "| $$$$$$$$$$ $$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$$| ççççççççççççççç|";
+constexpr const char* kNomeRettifiche = "CONTI CON RETTIFICHE DI BILANCIO";
 constexpr std::size_t kLarghezzaRettifiche = 67;
 
 /// Steps between two signs of life.
@@ -42,8 +42,14 @@ const char* Riepilogo(const std::string& cfp) {
   return "";
 }
 
-/// First line of both headings, and those that a long name goes on in.
-void Testata(reports::Rapporto& rapporto, Ambiente& ambiente) {
+/// First line of both headings, and those that a long name goes on in; a model has the usual one.
+void Testata(reports::Rapporto& rapporto, Ambiente& ambiente, const std::string& titolo,
+             const std::string& sotto) {
+  if (rapporto.Grafico()) {
+    rapporto.TestataDitta();
+    rapporto.Titolo("TITOLO", titolo);
+    return rapporto.Titolo("TITOLO2", sotto);
+  }
   const std::string& nome = rapporto.Ditta().ragSoc1_2;
   Valore data = ambiente.Ora().Oggi();
   for (const std::string& pezzo :
@@ -56,6 +62,17 @@ Rinvio RinvioA(const Rs& conto) {
   return AlConto(conto.Fields("CFP").Testo(), conto.Fields("Cod").Testo());
 }
 
+reports::Tabella<Rs> TabellaRettifiche() {
+  const auto testo = [](const char* campo) {
+    return [campo](const Rs& rs) { return rs.Fields(campo).Testo(); };
+  };
+  return reports::Tabella<Rs>(
+      {{{"codice", "| $$$$$$$$$$", "R_conto"}, testo("Cod")},
+       {{"descrizione", " " + reports::Ripeti("$", 35), "R_descrizione"}, testo("Descrizione")},
+       {{"importo", "| " + reports::Ripeti("ç", 15) + "|", "R_IMPORTO"},
+        [](const Rs& rs) { return rs.Fields("ImportoSitAziendale").Importo(); }}});
+}
+
 /// The chart, a master at a time.
 class TabulatoPiano {
  public:
@@ -66,14 +83,14 @@ class TabulatoPiano {
 
   void Esegui() {
     const auto testata = [this] {
-      Testata(rapporto_, ambiente_);
-      rapporto_.Carta().Riga("PIANO DEI CONTI", {}, true);
+      Testata(rapporto_, ambiente_, kTitoloPiano, "tipo: P = patrimoniale, E = economico");
+      if (rapporto_.Grafico()) return;
+      rapporto_.Carta().Riga(kTitoloPiano, {}, true);
       rapporto_.Carta().Riga(kColonnePiano);
       rapporto_.Vuota();
     };
-    if (!rapporto_.Apri({"piano dei conti", "PIANO DEI CONTI", "", kLarghezzaPiano}, testata)) {
-      return;
-    }
+    const reports::Cornice cornice{"piano dei conti", kTitoloPiano, "TiPDC", kLarghezzaPiano, true};
+    if (!rapporto_.Apri(cornice, testata)) return;
     const auto totale = tessarc_.Singolo("SELECT Count(*) FROM Conti").Intero();
     rapporto_.Avvia("Piano dei conti", totale, kOgni);
     for (Rs rs = tessarc_.Recordset("SELECT * FROM MASTRI order by cod"); !rs.Eof();
@@ -94,7 +111,8 @@ class TabulatoPiano {
     if (!stampati_.empty()) rapporto_.Stacco();
     // The master's line never stands alone at a page's foot.
     rapporto_.Riserva(2);
-    rapporto_.Riga({kRigaMastro, {}, true}, {cod, descrizione, patrEcon});
+    rapporto_.Riga({kRigaMastro, {"R_mastro", "R_descrmastro", "R_TIPOMASTRO"}, true},
+                   {cod, descrizione, patrEcon});
   }
 
   /// The accounts of a condition that weren't printed yet: "10" and "10.20" may both be masters.
@@ -104,7 +122,7 @@ class TabulatoPiano {
       const std::string cod = rs.Fields("Cod").Testo();
       if (!stampati_.insert(SenzaMaiuscole(cod)).second) continue;
       if (!rapporto_.Passo()) return false;
-      rapporto_.Riga({kRigaConto},
+      rapporto_.Riga({kRigaConto, {"R_conto", "R_descrizione", "R_TIPO", "R_NOTE"}},
                      {cod, rs.Fields("Descrizione").Testo(), rs.Fields("PatrEcon").Testo(),
                       Riepilogo(rs.Fields("CFP").Testo())},
                      RinvioA(rs));
@@ -125,31 +143,28 @@ void StampaPianoDeiConti(Ambiente& ambiente, reports::FabbricaUscite& uscite) {
 }
 
 void StampaContiConRettifiche(Ambiente& ambiente, reports::FabbricaUscite& uscite) {
+  const auto tabella = TabellaRettifiche();
   reports::Rapporto rapporto(ambiente, uscite);
+  rapporto.Tavola(tabella);
   const std::string rigo = "|" + reports::Ripeti("-", kLarghezzaRettifiche - 2) + "|";
   const auto testata = [&] {
-    Testata(rapporto, ambiente);
+    Testata(rapporto, ambiente, kNomeRettifiche, "");
+    if (rapporto.Grafico()) return;
     rapporto.Carta().Riga(rigo);
     rapporto.Carta().Riga(kTitoloRettifiche, {}, true);
     rapporto.Carta().Riga(rigo);
     rapporto.Carta().Riga(kColonneRettifiche);
     rapporto.Carta().Riga(rigo);
   };
-  if (!rapporto.Apri(
-          {"conti con rettifiche", "CONTI CON RETTIFICHE DI BILANCIO", "", kLarghezzaRettifiche},
-          testata)) {
-    return;
-  }
-  const reports::Fascia riga = rapporto.Prepara({kRigaRettifica});
+  const reports::Cornice cornice{"conti con rettifiche", kNomeRettifiche, "", kLarghezzaRettifiche,
+                                 true};
+  if (!rapporto.Apri(cornice, testata)) return;
   for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
            "SELECT * FROM CONTI WHERE ImportoSitAziendale<>0 ORDER BY COD");
        !rs.Eof(); rs.MoveNext()) {
-    rapporto.Riga(riga,
-                  {rs.Fields("Cod").Testo(), rs.Fields("Descrizione").Testo(),
-                   rs.Fields("ImportoSitAziendale").Importo()},
-                  RinvioA(rs));
+    rapporto.RigaTavola(tabella.Celle(rs), RinvioA(rs));
   }
-  rapporto.Carta().Riga(rigo);
+  rapporto.Grafico() ? rapporto.Filo("") : rapporto.RigaTesto(rigo);
   rapporto.Fine();
 }
 

@@ -46,12 +46,6 @@ constexpr std::size_t kCodiceCompatto = 6;
 constexpr std::size_t kLarghezzaCompatta = 132;
 constexpr std::size_t kTotaliCompatti = 98;
 
-/// Characters of a piece of description, and of an account's name, in the graphic form.
-constexpr std::size_t kTestoModello = 54;
-constexpr std::size_t kTestoModelloMaiuscolo = 40;
-constexpr std::size_t kNomeModello = 30;
-constexpr std::size_t kNomeModelloMaiuscolo = 22;
-
 /// A row of the journal with its head's data.
 struct RigaGiornale {
   Data dt;
@@ -275,12 +269,9 @@ class TabulatoGiornale {
   /// Neither the account's name nor the text is cut: they go on under themselves.
   void RigaGrafica(const RigaGiornale& riga, const std::string& testo, const Rinvio& rinvio) {
     static const reports::Fascia kContinua{"", {"R_DESCRCONTO", "R_DESCRIZIONE"}};
-    const auto pezzi = [](const std::string& intero, std::size_t largo, std::size_t maiuscolo) {
-      return reports::InRighe(intero, reports::LargoDi(intero, largo, maiuscolo));
-    };
     std::vector<std::string> nomi =
-        pezzi(conti_.Di(riga.cfp, riga.conto), kNomeModello, kNomeModelloMaiuscolo);
-    std::vector<std::string> testi = pezzi(testo, kTestoModello, kTestoModelloMaiuscolo);
+        rapporto_.InCampo("R_DESCRCONTO", conti_.Di(riga.cfp, riga.conto), kTestoLargo);
+    std::vector<std::string> testi = rapporto_.InCampo("R_DESCRIZIONE", testo, kTestoLargo);
     const std::size_t righe = std::max(nomi.size(), testi.size());
     nomi.resize(righe);
     testi.resize(righe);

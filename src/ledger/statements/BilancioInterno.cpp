@@ -93,7 +93,8 @@ void TestataBilancio(reports::Rapporto& rapporto, const SceltaBilancio& scelta,
     rapporto.Carta().CampoModello("AADT", scelta.aaDt);
   }
   rapporto.Titolo("INTESTAZ", scelta.intestaz);
-  rapporto.Titolo("TITOLO", titolo, true);
+  // What a picture keeps off the edge has a place of its own in a model.
+  rapporto.Titolo("TITOLO", rapporto.Grafico() ? std::string(Rifila(titolo)) : titolo, true);
   rapporto.Titolo("TITOLO2", sotto);
 }
 

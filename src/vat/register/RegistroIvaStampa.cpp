@@ -32,13 +32,6 @@ constexpr std::size_t kRientro = 17;
 /// What stands at the right of a heading.
 constexpr std::size_t kDestra = 28;
 constexpr std::size_t kCodice = 6;
-/// The same in the graphic form.
-constexpr std::size_t kNomeModello = 36;
-constexpr std::size_t kNomeModelloMaiuscolo = 29;
-constexpr std::size_t kIvaModello = 18;
-constexpr std::size_t kNumeroModello = 12;
-constexpr std::size_t kSeguitoModello = 140;
-constexpr std::size_t kSeguitoModelloMaiuscolo = 105;
 
 /// Lines of a registration that are kept on one page; longer ones go on to the next.
 constexpr std::size_t kInsieme = 20;
@@ -330,9 +323,7 @@ class TabulatoRegistroIva {
 
   /// The beginning of a party's name that the first line has room for.
   [[nodiscard]] std::string InizioNome(const std::string& intero) const {
-    const std::size_t largo =
-        rapporto_.Grafico() ? reports::LargoDi(intero, kNomeModello, kNomeModelloMaiuscolo) : kNome;
-    return reports::InRighe(intero, largo).front();
+    return rapporto_.InCampo("R_DESCRIZIONE", intero, kNome).front();
   }
 
   void Stendi(const RigaRegistro& riga, bool prima) {
@@ -355,15 +346,12 @@ class TabulatoRegistroIva {
     const std::size_t inizio = std::min(intero.size(), InizioNome(intero).size());
     std::vector<std::string> pezzi{
         std::string(Rifila(std::string_view(intero).substr(inizio))), {}, {}};
-    const std::size_t largo = rapporto_.Grafico() ? kNumeroModello : kNumero;
-    if (LunghezzaTesto(testa.nFat) > largo) pezzi[1] = "documento n. " + testa.nFat;
+    if (rapporto_.InCampo("R_NFAT", testa.nFat, kNumero).size() > 1)
+      pezzi[1] = "documento n. " + testa.nFat;
     if (opzioni_.stIndirizzo) pezzi[2] = ParteDi(testa.cfp, testa.conto).indirizzo;
     std::vector<std::string> righe;
     if (const std::string seguito = Accosta(pezzi, " - "); !seguito.empty()) {
-      righe = reports::InRighe(
-          seguito, rapporto_.Grafico()
-                       ? reports::LargoDi(seguito, kSeguitoModello, kSeguitoModelloMaiuscolo)
-                       : kLarghezza - kRientro);
+      righe = rapporto_.InCampo("R_SEGUITO", seguito, kLarghezza - kRientro);
     }
     if (incassata) {
       righe.push_back("Fatt.con IVA ad esigibilità differita  PAGATA IL " +
@@ -381,7 +369,7 @@ class TabulatoRegistroIva {
     if (nota != parti_.end()) return nota->second;
     if (parti_.size() >= kMassimoParti) parti_.clear();
     Parte parte;
-    parte.nome = ledger::NomeConto(ambiente_, cfp, conto);
+    reports::AccodaPulito(parte.nome, ledger::NomeConto(ambiente_, cfp, conto));
     if (opzioni_.stIndirizzo) parte.indirizzo = IndirizzoDi(cfp, conto);
     return parti_.emplace(std::move(chiave), std::move(parte)).first->second;
   }
@@ -413,8 +401,7 @@ class TabulatoRegistroIva {
     std::string descrizione =
         NzStr(ambiente_.Cerca("tessarc", "CodiciIva", {{"Cod", cod}}, "Descrizione"));
     // A description that its place would cut comes behind its code, or gives place to it.
-    const std::size_t largo = rapporto_.Grafico() ? kIvaModello : kIva;
-    if (LunghezzaTesto(descrizione) > largo)
+    if (rapporto_.InCampo("R_DESCRIVA", descrizione, kIva).size() > 1)
       descrizione = rapporto_.Grafico() ? cod + " " + descrizione : cod;
     if (descrizione.empty()) descrizione = cod;
     return codici_.emplace(cod, std::move(descrizione)).first->second;

@@ -1,5 +1,6 @@
 // The settlement on paper: the last page of the register.
 #include <filesystem>
+#include <string>
 
 #include "core/reports/Cornice.h"
 #include "vat/settlement/LiquidazioneInterno.h"
@@ -75,7 +76,8 @@ void StampaLiquidazione(Ambiente& ambiente, reports::Stampa& stampa,
     return ambiente.Dialogo().Messaggio(manca, Icona::Errore);
   }
   if (!stampa.Modello(reports::PercorsoModello(ambiente, kModello))) return;
-  stampa.CampoModello("TITOLOCHIUSURA", Titolo(liquidazione.periodo));
+  stampa.CampoModello("TITOLOCHIUSURA", Titolo(liquidazione.periodo) + " " +
+                                            std::to_string(liquidazione.periodo.anno));
   for (const RigaLiquidazione& riga : liquidazione.righe) RigaGrafica(stampa, riga);
 }
 

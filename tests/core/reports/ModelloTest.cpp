@@ -118,6 +118,7 @@ TEST(Modello, Rotti) {
       {"[testata]\ncampo\n", 2, "dopo «campo» va il nome"},
       {"[testata]\ncampo Più x 1 y 1 larghezza 1\n", 2, "non è un nome di campo"},
       {"[testata]\ncampo A x 1 y 1\n", 2, "manca «larghezza»"},
+      {"[testata]\ncampo A x 1 y 1 larghezza 1 acapo\n", 2, "parola sconosciuta «acapo»"},
       {"[testata]\ncampo A x 1 larghezza 1\n", 2, "manca «y»"},
       {"[testata]\ncampo A x 1 y 1 larghezza 0\n", 2, "larghezza del campo è zero"},
       {"[testata]\ncampo A x 1 y 1 larghezza\n", 2, "dopo «larghezza» manca il valore"},

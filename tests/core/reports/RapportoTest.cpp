@@ -138,6 +138,57 @@ TEST_F(RapportoTest, IlModelloSiDisegnaDalleColonneScelte) {
   EXPECT_GT(importo->x, codice->x);
 }
 
+TEST_F(RapportoTest, UnTestoLungoVaACapoTuttoInsieme) {
+  // Four body lines and the mark.
+  std::filesystem::create_directories(p.cartella / "Ini");
+  ScriviFile(p.cartella / "Ini" / "TiLungo.mod",
+             "[corpo]\ninizio 50\nfine 100\nriga 10\ncampo R_DESCRIZIONE x 10 larghezza 60 acapo\n"
+             "campo R_IMPORTO x 80 larghezza 30 destra\n");
+  p.dialoghi.ScegliaUscita(SceltaUscita{});
+  p.fabbrica.prossima = std::make_unique<UscitaSpia>(false, p.visto);
+  Cornice cornice{"vendite", "Vendite", "TiLungo", 80, true};
+  bool preparata = false;
+  cornice.prepara = [&] { return preparata = true; };
+  ASSERT_TRUE(rapporto.Apri(cornice, [] {}));
+  EXPECT_TRUE(preparata);
+  const Fascia riga{"", {"R_DESCRIZIONE", "R_IMPORTO"}};
+  const std::string lungo =
+      "Costruzioni generali fratelli Martinelli & associati società per azioni";
+  for (int i = 1; i <= 3; ++i) rapporto.Riga(riga, {"breve", i});
+  rapporto.Riga(riga, {lungo, 4});
+  rapporto.Riga(riga, {"dopo", 5});
+  ASSERT_TRUE(rapporto.Fine());
+  ASSERT_EQ(p.visto.pagine.size(), 2U);
+  std::vector<std::string> testi;
+  std::vector<int> quote;
+  for (const Elemento& elemento : p.visto.pagine[1].elementi) {
+    if (const auto* scritta = std::get_if<Scritta>(&elemento)) {
+      testi.push_back(scritta->testo);
+      quote.push_back(scritta->y);
+    }
+  }
+  ASSERT_EQ(testi.size(), 5U) << "le due righe del nome stanno sulla stessa pagina";
+  EXPECT_EQ(testi[0] + " " + testi[2], lungo);
+  EXPECT_EQ(testi[1], "4") << "l'importo sta una volta sola, sulla prima riga";
+  EXPECT_THAT(quote, ElementsAre(5'000, 5'000, 6'000, 7'000, 7'000));
+}
+
+TEST_F(RapportoTest, UnTitoloPiuLargoDellaColonnaVaACapo) {
+  const Colonne colonne({{"n. di fattura", "$$$$$$$"},
+                         {"propone la descrizione", " $$$$$$$$$$$", "R_P"},
+                         {"importo", " #####,##"}});
+  EXPECT_THAT(colonne.Titoli(), ElementsAre("n. di   propone la           ",  //
+                                            "fattura descrizione  importo"));
+  // Drawn, the box of captions grows with them and the body begins below.
+  std::vector<Colonna> strette;
+  for (int i = 0; i < 14; ++i) {
+    strette.push_back({"propone la descrizione", "$$$", "R_C" + std::to_string(i)});
+  }
+  const auto modello = ModelloStampa::DaTesto(Colonne(strette).Modello(""), "prova").Valore();
+  EXPECT_TRUE(modello.Formato().Orizzontale());
+  EXPECT_EQ(modello.InizioCorpo(), 4'640);
+}
+
 TEST_F(RapportoTest, LePagineSiPassanoGliImporti) {
   const auto tabella = TabellaVendite(false);
   ASSERT_TRUE(Apri(tabella, false, [this] { rapporto.RigaTesto("testata"); }));

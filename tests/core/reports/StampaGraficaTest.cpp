@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/reports/AmbienteProva.h"
+#include "core/reports/MisuraTesto.h"
 
 namespace fenalto::reports {
 namespace {
@@ -117,6 +118,24 @@ TEST_F(StampaGrafica, CampiAlLoroPosto) {
   EXPECT_EQ(tratti[1].x1, 1'250);
   EXPECT_EQ(tratti[1].x2, 16'250);
   EXPECT_EQ(tratti[1].y1, 6'000);
+}
+
+TEST_F(StampaGrafica, InTestataUnNomeLungoSiScrivePiuPiccolo) {
+  const std::string lungo = "OFFICINE MECCANICHE RIUNITE DI ROSSI GIUSEPPE E BIANCHI MARIO";
+  Prepara();
+  stampa.CampoModello("DITTA", lungo);
+  RigaCorpo(lungo);
+  EXPECT_TRUE(stampa.Fine());
+  const Pagina& pagina = p.visto.pagine.at(0);
+  std::vector<const Scritta*> scritte;
+  for (const Elemento& elemento : pagina.elementi) {
+    const auto* scritta = std::get_if<Scritta>(&elemento);
+    if (scritta != nullptr && scritta->testo == lungo) scritte.push_back(scritta);
+  }
+  ASSERT_EQ(scritte.size(), 2U);
+  EXPECT_LT(scritte[0]->carattere.corpo, 1'200);
+  EXPECT_LE(LarghezzaTesto(lungo, scritte[0]->carattere), scritte[0]->larghezza);
+  EXPECT_EQ(scritte[1]->carattere.corpo, 900) << "il corpo della pagina ha una grandezza sola";
 }
 
 TEST_F(StampaGrafica, LaPaginaPienaSegue) {
