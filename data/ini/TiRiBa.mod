@@ -22,29 +22,29 @@ testo "totale euro" x 208 y 35.8 larghezza 30 destra punti 9
 campo TOTALE x 239 y 35.5 larghezza 48 punti 10 grassetto formato "#####.###.###,##"
 testo "n." x 10 y 46.2 larghezza 8 destra grassetto
 testo "debitore" x 19.5 y 46.2 grassetto
-testo "località" x 97 y 46.2 grassetto
-testo "partita IVA" x 132 y 46.2 grassetto
-testo "riferimento" x 160 y 46.2 grassetto
-testo "banca d'appoggio (ABI CAB)" x 203 y 46.2 grassetto
-testo "scadenza" x 245 y 46.2 grassetto
-testo "importo" x 262 y 46.2 larghezza 25 destra grassetto
+testo "località" x 88 y 46.2 grassetto
+testo "partita IVA" x 121 y 46.2 grassetto
+testo "riferimento" x 147.5 y 46.2 grassetto
+testo "banca d'appoggio (ABI CAB)" x 184 y 46.2 grassetto
+testo "scadenza" x 242.5 y 46.2 grassetto
+testo "importo" x 260 y 46.2 larghezza 26.5 destra grassetto
 
 [corpo]
 inizio 53
 fine 196
 riga 4.6
 campo R_NUMERO x 10 y 0.6 larghezza 8 destra
-campo R_CONTO x 19.5 y 0.6 larghezza 14
-campo R_DEBITORE x 34 y 0.6 larghezza 62 acapo
-campo R_LOCALITA x 97 y 0.6 larghezza 34 acapo
-campo R_PIVA x 132 y 0.6 larghezza 27
-campo R_DESCRIZIONE x 160 y 0.6 larghezza 42 acapo
-campo R_BANCA x 203 y 0.6 larghezza 41 acapo
-campo R_DTSCAD x 245 y 0.6 larghezza 16
-campo R_IMPORTO x 262 y 0.6 larghezza 25 destra formato "####.###.###,##"
-campo R_SCRITTATOT x 160 y 0.6 larghezza 80 grassetto
-campo R_TOTALE x 248 y 0.6 larghezza 39 destra grassetto formato "####.###.###,##"
-campo R_FIRMA x 204 y 3 larghezza 83
+campo R_CONTO x 19.5 y 0.6 larghezza 12
+campo R_DEBITORE x 32 y 0.6 larghezza 55 acapo
+campo R_LOCALITA x 88 y 0.6 larghezza 32 acapo
+campo R_PIVA x 121 y 0.6 larghezza 25.5
+campo R_DESCRIZIONE x 147.5 y 0.6 larghezza 35.5 acapo
+campo R_BANCA x 184 y 0.6 larghezza 57.5 acapo
+campo R_DTSCAD x 242.5 y 0.6 larghezza 16
+campo R_IMPORTO x 260 y 0.6 larghezza 26.5 destra formato "####.###.###,##"
+campo R_SCRITTATOT x 147.5 y 0.6 larghezza 80 grassetto
+campo R_TOTALE x 247.5 y 0.6 larghezza 39 destra grassetto formato "####.###.###,##"
+campo R_FIRMA x 184 y 3 larghezza 83
 
 [piede]
 carattere "Arial Narrow" punti 8

@@ -455,8 +455,8 @@ TEST_F(LiquidazioneMemoriaTest, Stampa) {
     }
     EXPECT_THAT(
         uscite.Scritte(),
-        IsSupersetOf({"LIQUIDAZIONE IVA  periodo 12", "2024/7", "Registro 07 Prova*", "1.050,20",
-                      "Credito precedente", "-", "25,00", "IVA DA VERSARE", "1.025,20",
+        IsSupersetOf({"LIQUIDAZIONE IVA  periodo 12 2024", "2024/7", "Registro 07 Prova*",
+                      "1.050,20", "Credito precedente", "-", "25,00", "IVA DA VERSARE", "1.025,20",
                       "*corrispettivi ventilati: la somma importi iva "
                       "mese/trim può"}));
   }

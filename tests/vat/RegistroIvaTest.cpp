@@ -493,7 +493,7 @@ TEST_F(RegistroIvaTest, DifferiteModelloEdElenchi) {
   EXPECT_THAT(uscite.Scritte(),
               ::testing::IsSupersetOf({"REGISTRO IVA UNICO", "Marzo 2024", "Anno/pag. 2024/1",
                                        "Registro 1 Fatture emesse", "totale del registro", "61,00",
-                                       "LIQUIDAZIONE IVA  Marzo"}));
+                                       "LIQUIDAZIONE IVA  Marzo 2024", "stampa di prova"}));
   // One register alone asks nothing and settles nothing.
   Verso(Destinazione::Testo);
   ASSERT_TRUE(registro.StampaSingolo(uscite, "1"));

@@ -17,10 +17,12 @@ namespace {
 constexpr std::int64_t kSinistra = 1'000;
 constexpr std::int64_t kLargoVerticale = 19'000;
 constexpr std::int64_t kLargoOrizzontale = 27'700;
+/// What keeps the columns off the ends of the box over them.
+constexpr std::int64_t kRientro = 100;
 /// A character of the text form, what keeps a column from the next, and the least that a text is
 /// narrowed to.
 constexpr std::int64_t kCarattere = 172;
-constexpr std::int64_t kStacco = 120;
+constexpr std::int64_t kStacco = 220;
 constexpr std::int64_t kMinimo = 1'500;
 /// Height of a line of captions, and of the box that holds one.
 constexpr std::int64_t kRigaTitoli = 340;
@@ -112,9 +114,10 @@ void Stendi(std::vector<PostoColonna>& posti, std::int64_t largo) {
   const std::int64_t somma = std::max<std::int64_t>(Insieme(posti), 1);
   std::int64_t finora = 0;
   for (PostoColonna& posto : posti) {
-    posto.da = finora * largo / somma;
+    posto.da = kSinistra + kRientro + finora * largo / somma;
     finora += posto.largo;
-    posto.largo = finora * largo / somma - posto.da - kStacco;
+    const std::int64_t fine = kSinistra + kRientro + finora * largo / somma;
+    posto.largo = std::max(fine - posto.da - kStacco, kStacco);
     posto.titoli =
         InLarghezza(TitoloDi(*posto.colonna), static_cast<int>(posto.largo), CarattereTavola(true));
   }
@@ -130,7 +133,7 @@ std::string TitoliDi(const std::vector<PostoColonna>& posti, std::size_t righe) 
       if (posto.titoli[i].empty()) continue;
       testo += "testo " + TraVirgolette(posto.titoli[i]) + " grassetto y ";
       testo += Mm(kCima + static_cast<std::int64_t>(riga) * kRigaTitoli);
-      testo += Posto(kSinistra + posto.da, posto.largo) + (posto.cede ? "\n" : " destra\n");
+      testo += Posto(posto.da, posto.largo) + (posto.cede ? "\n" : " destra\n");
     }
   }
   return testo;
@@ -144,19 +147,20 @@ Carattere CarattereTavola(bool grassetto) {
 
 std::string Colonne::Modello(const std::string& campoScritta) const {
   std::vector<PostoColonna> posti = Desiderati(colonne_);
-  const bool verticale = Insieme(posti) <= kLargoVerticale;
+  const bool verticale = Insieme(posti) <= kLargoVerticale - 2 * kRientro + kStacco;
   const std::int64_t largo = verticale ? kLargoVerticale : kLargoOrizzontale;
   const std::int64_t fondo = verticale ? 28'500 : 19'800;
-  Stendi(posti, largo);
+  // The gap behind the last column isn't needed.
+  Stendi(posti, largo - 2 * kRientro + kStacco);
   std::size_t righeTitoli = 1;
   std::string righe;
   std::string totali;
-  std::int64_t primaSomma = largo;
+  std::int64_t primaSomma = kSinistra + largo;
   for (const PostoColonna& posto : posti) {
     const Colonna& c = *posto.colonna;
     const PezzoSagoma pezzo(c.sagoma);
     righeTitoli = std::max(righeTitoli, posto.titoli.size());
-    std::string attributi = Posto(kSinistra + posto.da, posto.largo);
+    std::string attributi = Posto(posto.da, posto.largo);
     if (!pezzo.Testo() || c.codice) attributi += " destra";
     if (pezzo.Testo()) {
       attributi += " acapo";
@@ -172,7 +176,8 @@ std::string Colonne::Modello(const std::string& campoScritta) const {
     AggiungiCampo(totali, c.campoTotale, attributi + " grassetto");
   }
   if (!campoScritta.empty()) {
-    AggiungiCampo(totali, campoScritta, Posto(kSinistra, primaSomma) + " grassetto");
+    AggiungiCampo(totali, campoScritta,
+                  Posto(kSinistra + kRientro, primaSomma - kSinistra - kRientro) + " grassetto");
   }
   const std::int64_t inPiu = static_cast<std::int64_t>(righeTitoli - 1) * kRigaTitoli;
   const std::string destra = Mm(kSinistra + largo);

@@ -54,7 +54,11 @@ void Rimpicciolisci(Scritta& scritta) {
   if (largo <= scritta.larghezza) return;
   const int corpo = scritta.carattere.corpo;
   const int minimo = std::min(corpo, std::max(corpo * kMinimoCento / 100, kMinimoPunti));
-  scritta.carattere.corpo = std::max(corpo * (scritta.larghezza - 20) / largo, minimo);
+  const int piccolo = std::max(corpo * (scritta.larghezza - 20) / largo, minimo);
+  // On the line on which the larger type would stand: its ascent, in hundredths of a millimetre.
+  constexpr int kAscesa = 32;
+  scritta.y += (corpo - piccolo) * kAscesa / 100;
+  scritta.carattere.corpo = piccolo;
 }
 
 bool DiCorpo(std::string_view nome) {

@@ -28,6 +28,12 @@ std::string ADestra(const std::string& numero) {
   return std::string(kCaratteriFattura - LunghezzaTesto(testo), ' ') + testo;
 }
 
+/// A name that is cut says so.
+std::string InColonna(const std::string& cliente) {
+  constexpr std::size_t kNome = 37;
+  return LunghezzaTesto(cliente) <= kNome ? cliente : Mid(cliente, 1, kNome - 1) + "…";
+}
+
 /// What the columns don't say of a receipt.
 std::string NoteRicevuta(const Scadenza& s, bool conNumero) {
   std::string note;
@@ -92,8 +98,8 @@ class TabulatoRaggruppamento {
     for (const Scadenza& s : gruppo.scadenze) {
       const bool grafico = rapporto_.Grafico();
       rapporto_.Riga(riga_,
-                     {cliente, grafico ? s.nFat : ADestra(s.nFat), s.dtFat, s.dt, s.Residuo(),
-                      NoteRicevuta(s, !grafico)},
+                     {grafico ? cliente : InColonna(cliente), grafico ? s.nFat : ADestra(s.nFat),
+                      s.dtFat, s.dt, s.Residuo(), NoteRicevuta(s, !grafico)},
                      AllaRegistrazione(s.anno, s.articolo));
     }
     if (!daRaggruppare) return;

@@ -156,8 +156,11 @@ void StampaContiConRettifiche(Ambiente& ambiente, reports::FabbricaUscite& uscit
     rapporto.Carta().Riga(kColonneRettifiche);
     rapporto.Carta().Riga(rigo);
   };
-  const reports::Cornice cornice{"conti con rettifiche", kNomeRettifiche, "", kLarghezzaRettifiche,
-                                 true};
+  const reports::Cornice cornice{.rapporto = "conti con rettifiche",
+                                 .titolo = kNomeRettifiche,
+                                 .larghezza = kLarghezzaRettifiche,
+                                 .grafico = true,
+                                 .lireIntere = true};
   if (!rapporto.Apri(cornice, testata)) return;
   for (Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
            "SELECT * FROM CONTI WHERE ImportoSitAziendale<>0 ORDER BY COD");

@@ -214,6 +214,7 @@ class TabulatoRegistroIva {
   struct Parte {
     std::string nome;
     std::string indirizzo;
+    std::string codice;  ///< VAT number or tax code
   };
 
   // --- Heads -------------------------------------------------------------------------------------
@@ -339,6 +340,24 @@ class TabulatoRegistroIva {
     progressivo_ += riga.importi;
   }
 
+  [[nodiscard]] std::vector<std::string> InSeguito(const std::string& testo) const {
+    return rapporto_.InCampo("R_SEGUITO", testo, kLarghezza - kRientro);
+  }
+
+  /// Behind the last line where it fits: a tax number is never broken.
+  void AggiungiIntero(std::vector<std::string>& righe, const char* segno,
+                      const std::string& testo) const {
+    if (testo.empty()) return;
+    if (!righe.empty()) {
+      const std::string insieme = Accosta({righe.back(), testo}, segno);
+      if (InSeguito(insieme).size() == 1) {
+        righe.back() = insieme;
+        return;
+      }
+    }
+    righe.push_back(testo);
+  }
+
   /// What follows the amounts of a registration: all that had no room beside them, and the address,
   /// on as many lines as they take.
   std::vector<std::string> Seguito(const RigaRegistro& testa, bool incassata) {
@@ -351,7 +370,10 @@ class TabulatoRegistroIva {
     if (opzioni_.stIndirizzo) pezzi[2] = ParteDi(testa.cfp, testa.conto).indirizzo;
     std::vector<std::string> righe;
     if (const std::string seguito = Accosta(pezzi, " - "); !seguito.empty()) {
-      righe = rapporto_.InCampo("R_SEGUITO", seguito, kLarghezza - kRientro);
+      righe = InSeguito(seguito);
+    }
+    if (opzioni_.stIndirizzo) {
+      AggiungiIntero(righe, pezzi[2].empty() ? " - " : " ", ParteDi(testa.cfp, testa.conto).codice);
     }
     if (incassata) {
       righe.push_back("Fatt.con IVA ad esigibilità differita  PAGATA IL " +
@@ -370,29 +392,28 @@ class TabulatoRegistroIva {
     if (parti_.size() >= kMassimoParti) parti_.clear();
     Parte parte;
     reports::AccodaPulito(parte.nome, ledger::NomeConto(ambiente_, cfp, conto));
-    if (opzioni_.stIndirizzo) parte.indirizzo = IndirizzoDi(cfp, conto);
+    if (opzioni_.stIndirizzo) LeggiIndirizzo(cfp, conto, parte);
     return parti_.emplace(std::move(chiave), std::move(parte)).first->second;
   }
 
   /// Customers and suppliers have one; the cash account of receipts has none.
-  std::string IndirizzoDi(const std::string& cfp, const std::string& conto) {
+  void LeggiIndirizzo(const std::string& cfp, const std::string& conto, Parte& parte) {
     const bool cliente = UgualeTesto(cfp, "C");
-    if (!cliente && !UgualeTesto(cfp, "F")) return {};
+    if (!cliente && !UgualeTesto(cfp, "F")) return;
     Rs rs = ambiente_.ArchivioDi("tessarc").Recordset(
         std::string("SELECT ragsoc2, indirizzo, cap, localita, Prov, piva, CodFisc "
                     "FROM ") +
         (cliente ? "Clienti" : "Fornitori") + " WHERE " + sql::Criterio("Cod", "=", conto));
-    if (rs.Eof()) return {};
-    std::string codice;
+    if (rs.Eof()) return;
     if (const std::string piva = rs.Fields(5).Testo(); !piva.empty()) {
-      codice = "Partita IVA " + piva;
+      parte.codice = "Partita IVA " + piva;
     } else if (const std::string fiscale = rs.Fields(6).Testo(); !fiscale.empty()) {
-      codice = "C.F. " + fiscale;
+      parte.codice = "C.F. " + fiscale;
     }
     const std::string seconda = NzStr(ambiente_.Cerca(
         "tessarc", "ContiClientiFornitori", {{"Cod", conto}, {"CFP", cfp}}, "descrizione2"));
-    return Accosta({seconda, rs.Fields(1).Testo(), rs.Fields(2).Testo(), rs.Fields(3).Testo(),
-                    rs.Fields(4).Testo(), codice});
+    parte.indirizzo = Accosta({seconda, rs.Fields(1).Testo(), rs.Fields(2).Testo(),
+                               rs.Fields(3).Testo(), rs.Fields(4).Testo()});
   }
 
   const std::string& DescrizioneIva(const std::string& cod) {

@@ -177,7 +177,7 @@ TEST_F(RapportoTest, UnTitoloPiuLargoDellaColonnaVaACapo) {
   const Colonne colonne({{"n. di fattura", "$$$$$$$"},
                          {"propone la descrizione", " $$$$$$$$$$$", "R_P"},
                          {"importo", " #####,##"}});
-  EXPECT_THAT(colonne.Titoli(), ElementsAre("n. di   propone la           ",  //
+  EXPECT_THAT(colonne.Titoli(), ElementsAre("n. di   propone la          ",  //
                                             "fattura descrizione  importo"));
   // Drawn, the box of captions grows with them and the body begins below.
   std::vector<Colonna> strette;
