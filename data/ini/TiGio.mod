@@ -19,7 +19,7 @@ campo AnnoPag x 171 y 27.6 larghezza 29 destra punti 9 grassetto
 testo "data" x 11 y 36 grassetto
 testo "articolo" x 27 y 36 grassetto
 testo "conto" x 50 y 36 grassetto
-testo "causale e descrizione" x 97 y 36 grassetto
+testo "causale e descrizione" x 101 y 36 grassetto
 testo "dare" x 158 y 36 larghezza 20 destra grassetto
 testo "avere" x 179 y 36 larghezza 20 destra grassetto
 
@@ -30,8 +30,8 @@ riga 4
 campo R_Dt x 11 y 0.6 larghezza 15 grassetto
 campo R_nart x 27 y 0.6 larghezza 22
 campo R_conto x 50 y 0.6 larghezza 12
-campo R_DESCRCONTO x 62 y 0.6 larghezza 34
-campo R_DESCRIZIONE x 97 y 0.6 larghezza 60
+campo R_DESCRCONTO x 62 y 0.6 larghezza 38
+campo R_DESCRIZIONE x 101 y 0.6 larghezza 56
 campo R_DARE x 157 y 0.6 larghezza 21 destra formato "#####.###.###,##"
 campo R_AVERE x 178 y 0.6 larghezza 21 destra formato "#####.###.###,##"
 carattere "Arial Narrow" punti 8 grassetto

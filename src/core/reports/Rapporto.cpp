@@ -127,7 +127,8 @@ void Rapporto::TestataDitta(int pagina) {
 
 void Rapporto::Titolo(std::string_view campo, const std::string& testo, bool grassetto) {
   if (Grafico()) {
-    if (!campo.empty()) stampa_.CampoModello(campo, testo);
+    // What keeps a line of text off the edge has a place of its own in a model.
+    if (!campo.empty()) stampa_.CampoModello(campo, std::string(Rifila(testo)));
   } else if (!testo.empty()) {
     RigaTesto(testo, grassetto);
   }

@@ -93,8 +93,7 @@ void TestataBilancio(reports::Rapporto& rapporto, const SceltaBilancio& scelta,
     rapporto.Carta().CampoModello("AADT", scelta.aaDt);
   }
   rapporto.Titolo("INTESTAZ", scelta.intestaz);
-  // What a picture keeps off the edge has a place of its own in a model.
-  rapporto.Titolo("TITOLO", rapporto.Grafico() ? std::string(Rifila(titolo)) : titolo, true);
+  rapporto.Titolo("TITOLO", titolo, true);
   rapporto.Titolo("TITOLO2", sotto);
 }
 
