@@ -27,10 +27,10 @@ testo "scadenza" x 16 y 97.1 grassetto
 testo "fattura" x 34 y 97.1 larghezza 14 destra grassetto
 testo "del" x 50 y 97.1 grassetto
 testo "descrizione" x 68 y 97.1 grassetto
-testo "gg. ritardo" x 118 y 97.1 larghezza 15 destra grassetto
-testo "importo" x 133 y 97.1 larghezza 20 destra grassetto
-testo "pagato" x 153 y 97.1 larghezza 20.5 destra grassetto
-testo "residuo" x 173.5 y 97.1 larghezza 20.5 destra grassetto
+testo "gg. ritardo" x 115.5 y 97.1 larghezza 15 destra grassetto
+testo "importo" x 131.5 y 97.1 larghezza 20.6 destra grassetto
+testo "pagato" x 152.4 y 97.1 larghezza 20.6 destra grassetto
+testo "residuo" x 173.4 y 97.1 larghezza 20.6 destra grassetto
 
 [corpo]
 inizio 104
@@ -39,11 +39,11 @@ riga 4.6
 campo R_DTSCAD x 16 y 0.6 larghezza 18
 campo R_NFAT x 34 y 0.6 larghezza 14 destra
 campo R_DTFAT x 50 y 0.6 larghezza 18
-campo R_DESCRIZIONE x 68 y 0.6 larghezza 52 acapo
-campo R_GIORNI x 121 y 0.6 larghezza 12 destra
-campo R_IMPORTO x 133 y 0.6 larghezza 20 destra punti 8.5 formato "####.###.###,##"
-campo R_PAGATO x 153.5 y 0.6 larghezza 20 destra punti 8.5 formato "####.###.###,##"
-campo R_RESIDUO x 174 y 0.6 larghezza 20 destra punti 8.5 formato "####.###.###,##"
+campo R_DESCRIZIONE x 68 y 0.6 larghezza 50 acapo
+campo R_GIORNI x 118.5 y 0.6 larghezza 12 destra
+campo R_IMPORTO x 131.5 y 0.6 larghezza 20.6 destra formato "####.###.###,##"
+campo R_PAGATO x 152.4 y 0.6 larghezza 20.6 destra formato "####.###.###,##"
+campo R_RESIDUO x 173.4 y 0.6 larghezza 20.6 destra formato "####.###.###,##"
 campo R_SCRITTA x 15 y 0.4 larghezza 180 punti 10
 carattere "Arial Narrow" punti 9.5 grassetto
 campo R_TITOLO x 16 y 0.5 larghezza 178
