@@ -185,7 +185,7 @@ TEST_F(StampaScadenzeTest, OgniRigaPortaAllaRegistrazioneOAlConto) {
 }
 
 TEST_F(StampaScadenzeTest, SuPiuPagineLaParteSiRinomina) {
-  ScriviMolte("0001", 190, "1.01");
+  ScriviMolte("0001", 240, "1.01");
   Scrivi({"C", "0002", G(1, 1, 2024), "5"});
   duedates::SceltaStampaScadenze scelta = Scelta(duedates::OrdineScadenze::PerConto);
   for (const bool grafico : {false, true}) {
@@ -203,7 +203,7 @@ TEST_F(StampaScadenzeTest, SuPiuPagineLaParteSiRinomina) {
     EXPECT_EQ(quante("0001  Clienti 0001 dell'Oro  (segue)"), uscite.pagine.size() - 1) << grafico;
     EXPECT_EQ(quante("0002  Clienti 0002 dell'Oro  (segue)"), 0U) << grafico;
     if (grafico) {
-      EXPECT_THAT(testi, Contains("196,90"));
+      EXPECT_THAT(testi, Contains("247,40"));
     }
   }
   dialoghi.annullaDopo = 0;
