@@ -29,6 +29,31 @@ class TastiTest : public FinestraProva {
   int premuti = 0;
 };
 
+// What is typed after a refusal mends it, before a report as at a confirmation.
+TEST_F(TastiTest, UnRapportoRifiutatoPortaSulCampo) {
+  struct Caso {
+    const char *finestra, *campo, *testo, *messaggio, *rifiutato;
+  };
+  for (const Caso& caso :
+       {Caso{"StGiornale", "AaDt", "", "manca la data finale", "AaDt"},
+        {"StGiornale", "DaPag", "0", "le pagine si numerano da 1", "DaPag"},
+        {"STEstrattoConto", "AllaData", "", "manca la data dell'estratto conto", "AllaData"},
+        {"STScadenzePerData", "DaData", "31/12/2099", "è successiva a quella finale", "DaData"},
+        {"STClienti", "DaCod", "9", "viene dopo quello finale", "DaCod"}}) {
+    SCOPED_TRACE(caso.messaggio);
+    Apri(QString::fromLatin1(caso.finestra));
+    if (finestra->findChild<QWidget*>(QStringLiteral("AData")) != nullptr) {
+      Scrivi("AData", "01/01/2024");
+    }
+    if (finestra->findChild<QWidget*>(QStringLiteral("ACod")) != nullptr) Scrivi("ACod", "1");
+    Scrivi(caso.campo, caso.testo);
+    Clic("Stampa");
+    EXPECT_THAT(SoloMessaggio(), ::testing::HasSubstr(caso.messaggio));
+    EXPECT_EQ(Foco(), caso.rifiutato);
+    finestra->Cornice()->close();
+  }
+}
+
 TEST_F(TastiTest, UnaRegistrazioneDiTreRighe) {
   Apri(QStringLiteral("Movimenti"));
   Premi(Qt::Key_Insert);

@@ -88,7 +88,7 @@ std::string SenzaMigliaia(const std::string& nudo, char decimale) {
 
 std::string Citato(std::string_view testo) {
   constexpr std::size_t kMostrati = 40;
-  std::string citato = Mid(testo, 1, kMostrati);
+  std::string citato = Visibile(Mid(testo, 1, kMostrati));
   if (LunghezzaTesto(testo) > kMostrati) citato += "...";
   return "«" + citato + "»";
 }

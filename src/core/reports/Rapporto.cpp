@@ -341,13 +341,8 @@ bool Rapporto::Passo() {
   return ++passi_ % ogni_ != 0 || avanzamento_->Avanza(passi_);
 }
 
-std::int64_t Trovati(Ambiente& ambiente, const std::optional<std::string>& difetto,
-                     const std::function<std::int64_t()>& conta,
+std::int64_t Trovati(Ambiente& ambiente, const std::function<std::int64_t()>& conta,
                      const std::function<std::string()>& nessuno) {
-  if (difetto) {
-    ambiente.Dialogo().Messaggio(*difetto, Icona::Avviso);
-    return 0;
-  }
   const std::int64_t quanti = conta();
   if (quanti == 0) ambiente.Dialogo().Annuncia(nessuno());
   return quanti;

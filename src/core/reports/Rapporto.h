@@ -152,10 +152,9 @@ class Rapporto {
   std::int64_t ogni_ = 1;
 };
 
-/// What a report asks before it begins: nothing wrong in the choice (`difetto`), and something to
-/// show. Tells either, and gives the number found, 0 to stop.
-std::int64_t Trovati(Ambiente& ambiente, const std::optional<std::string>& difetto,
-                     const std::function<std::int64_t()>& conta,
+/// What a report asks before it begins: something to show. Tells when there is nothing, and gives
+/// the number found.
+std::int64_t Trovati(Ambiente& ambiente, const std::function<std::int64_t()>& conta,
                      const std::function<std::string()>& nessuno);
 
 }  // namespace fenalto::reports

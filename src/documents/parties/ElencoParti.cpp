@@ -206,9 +206,9 @@ class TabulatoParti {
 }  // namespace
 
 std::int64_t ElencoParti::Pronte(const SceltaElencoParti& scelta) {
+  if (Rifiuta(ambiente_, DifettoScelta(scelta.parti))) return 0;
   return reports::Trovati(
-      ambiente_, DifettoScelta(scelta.parti),
-      [&] { return LetturaParti(ambiente_, scelta.parti).Conta(); },
+      ambiente_, [&] { return LetturaParti(ambiente_, scelta.parti).Conta(); },
       [&] {
         return std::string(scelta.parti.Clienti() ? "nessun cliente" : "nessun fornitore") +
                " da stampare: " + ScrittaScelta(ambiente_, scelta.parti);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/reports/Foglio.h"
+#include "core/reports/SceltaRifiutata.h"
 #include "core/reports/Uscita.h"
 #include "documents/parties/LetturaParti.h"
 
@@ -14,7 +15,7 @@ struct SceltaElencoParti {
   double xTar = 0;
 };
 
-class ElencoParti {
+class ElencoParti : public reports::SceltaRifiutata {
  public:
   ElencoParti(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}

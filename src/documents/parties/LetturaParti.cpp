@@ -213,11 +213,11 @@ std::vector<RigaParte> RigheDettaglio(const ParteElencata& parte, std::size_t la
 
 // --- The choice ----------------------------------------------------------------------------------
 
-std::optional<std::string> DifettoScelta(const SceltaParti& s) {
+std::optional<Rifiuto> DifettoScelta(const SceltaParti& s) {
   if (s.daCod.empty() || s.aCod.empty() || ConfrontaTesto(s.daCod, s.aCod) <= 0) {
     return std::nullopt;
   }
-  return "il codice iniziale " + s.daCod + " viene dopo quello finale " + s.aCod;
+  return Rifiuto{"il codice iniziale " + s.daCod + " viene dopo quello finale " + s.aCod, "DaCod"};
 }
 
 std::string ScrittaScelta(Ambiente& ambiente, const SceltaParti& s) {

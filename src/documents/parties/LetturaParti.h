@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/session/Ambiente.h"
+#include "core/session/Rifiuto.h"
 #include "ledger/accounts/SaldoConto.h"
 
 namespace fenalto::documents {
@@ -75,7 +76,7 @@ struct RigaParte {
 std::vector<RigaParte> RigheDettaglio(const ParteElencata& parte, std::size_t larghezza);
 
 /// What is wrong in a choice, in words for the user.
-std::optional<std::string> DifettoScelta(const SceltaParti& scelta);
+std::optional<Rifiuto> DifettoScelta(const SceltaParti& scelta);
 /// The choice in words: "clienti da 0001 a 0009, agente 01 Verdi, in ordine di nome".
 std::string ScrittaScelta(Ambiente& ambiente, const SceltaParti& scelta);
 

@@ -72,7 +72,7 @@ class Lettore {
     auto letto = archives::LeggiImportoDiFile(testo, stile_);
     const Importo massimo = Importo::DaUnita(kMassimoUnita);
     if (letto && (letto.Valore() > massimo || letto.Valore() < -massimo)) {
-      return Errore{"importo fuori misura: " + testo};
+      return Errore{"importo fuori misura: " + Visibile(testo)};
     }
     return letto;
   }

@@ -323,13 +323,14 @@ SceltaEstrattoConto EstrattoConto::Proposta() {
 }
 
 bool EstrattoConto::Stampa(const SceltaEstrattoConto& scelta) {
-  std::optional<std::string> difetto = DifettoScelta(scelta.scadenze);
-  if (!difetto && scelta.alla.Nulla()) difetto = "manca la data dell'estratto conto";
+  std::optional<Rifiuto> difetto = DifettoScelta(scelta.scadenze);
+  if (!difetto && scelta.alla.Nulla()) difetto = {"manca la data dell'estratto conto", "AllaData"};
+  if (Rifiuta(ambiente_, difetto)) return false;
   // The paid ones alone make no letter.
   SceltaScadenze aperte = scelta.scadenze;
   aperte.anchePagate = false;
   const std::int64_t quante = reports::Trovati(
-      ambiente_, difetto, [&] { return ContaScadenze(ambiente_, aperte); },
+      ambiente_, [&] { return ContaScadenze(ambiente_, aperte); },
       [&] {
         return "nessun estratto conto da stampare: " + ScrittaScelta(aperte) + " di " +
                NomeClasse(aperte) + " non ce ne sono";

@@ -1,6 +1,7 @@
 // The statement of account: a letter to each customer or supplier with what is open.
 #pragma once
 
+#include "core/reports/SceltaRifiutata.h"
 #include "core/reports/Uscita.h"
 #include "duedates/reports/LetturaScadenze.h"
 
@@ -14,7 +15,7 @@ struct SceltaEstrattoConto {
   double xTar = 0;
 };
 
-class EstrattoConto {
+class EstrattoConto : public reports::SceltaRifiutata {
  public:
   EstrattoConto(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}

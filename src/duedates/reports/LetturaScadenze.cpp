@@ -125,13 +125,15 @@ Rinvio ScadenzaStampata::RinvioARegistrazione() const {
   return articolo == 0 ? AlConto(cfp, conto) : AllaRegistrazione(anno, articolo);
 }
 
-std::optional<std::string> DifettoScelta(const SceltaScadenze& s) {
+std::optional<Rifiuto> DifettoScelta(const SceltaScadenze& s) {
   if (!s.daData.Nulla() && !s.aData.Nulla() && s.daData > s.aData) {
-    return "la data iniziale " + s.daData.Testo() + " è successiva a quella finale " +
-           s.aData.Testo();
+    return Rifiuto{
+        "la data iniziale " + s.daData.Testo() + " è successiva a quella finale " + s.aData.Testo(),
+        "DaData"};
   }
   if (!s.daCliFor.empty() && !s.aCliFor.empty() && ConfrontaTesto(s.daCliFor, s.aCliFor) > 0) {
-    return "il codice iniziale " + s.daCliFor + " viene dopo quello finale " + s.aCliFor;
+    return Rifiuto{"il codice iniziale " + s.daCliFor + " viene dopo quello finale " + s.aCliFor,
+                   "DaCliFor"};
   }
   return std::nullopt;
 }

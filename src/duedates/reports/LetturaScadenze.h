@@ -8,6 +8,7 @@
 
 #include "core/reports/Pagina.h"
 #include "core/session/Ambiente.h"
+#include "core/session/Rifiuto.h"
 
 namespace fenalto::duedates {
 
@@ -57,7 +58,7 @@ struct ScadenzaStampata {
 };
 
 /// What is wrong in a choice, in words for the user.
-std::optional<std::string> DifettoScelta(const SceltaScadenze& scelta);
+std::optional<Rifiuto> DifettoScelta(const SceltaScadenze& scelta);
 /// "clienti", or "fornitori".
 std::string NomeClasse(const SceltaScadenze& scelta);
 /// The period of due dates and the range of parties, in words: "dal .. al .., clienti da .. a ..".

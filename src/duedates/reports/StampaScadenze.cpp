@@ -186,8 +186,9 @@ class RapportoScadenze {
 
 std::int64_t StampaScadenze::Pronte(const SceltaStampaScadenze& scelta) {
   const SceltaScadenze& scadenze = scelta.scadenze;
+  if (Rifiuta(ambiente_, DifettoScelta(scadenze))) return 0;
   return reports::Trovati(
-      ambiente_, DifettoScelta(scadenze), [&] { return ContaScadenze(ambiente_, scadenze); },
+      ambiente_, [&] { return ContaScadenze(ambiente_, scadenze); },
       [&] {
         return "nessuna scadenza da stampare: " + ScrittaScelta(scadenze) + " di " +
                NomeClasse(scadenze);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/reports/Foglio.h"
+#include "core/reports/SceltaRifiutata.h"
 #include "core/reports/Uscita.h"
 #include "duedates/reports/LetturaScadenze.h"
 
@@ -15,7 +16,7 @@ struct SceltaStampaScadenze {
   double xTar = 0;
 };
 
-class StampaScadenze {
+class StampaScadenze : public reports::SceltaRifiutata {
  public:
   StampaScadenze(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}

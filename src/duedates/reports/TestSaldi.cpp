@@ -47,10 +47,7 @@ bool TestSaldi::Stampa(const SceltaConfronto& scelta) {
         "lo scadenzario non funziona in lire: selezionare un anno in euro", Icona::Avviso);
     return false;
   }
-  if (const auto difetto = DifettoScelta(ComeScadenze(scelta))) {
-    ambiente_.Dialogo().Messaggio(*difetto, Icona::Avviso);
-    return false;
-  }
+  if (Rifiuta(ambiente_, DifettoScelta(ComeScadenze(scelta)))) return false;
   const auto tabella = TabellaSaldi();
   reports::Rapporto rapporto(ambiente_, uscite_);
   rapporto.Tavola(tabella, kScritta);

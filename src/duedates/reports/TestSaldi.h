@@ -1,12 +1,13 @@
 // The printed check of balances against open due dates: a line for each party that differs.
 #pragma once
 
+#include "core/reports/SceltaRifiutata.h"
 #include "core/reports/Uscita.h"
 #include "duedates/reports/ConfrontaSaldi.h"
 
 namespace fenalto::duedates {
 
-class TestSaldi {
+class TestSaldi : public reports::SceltaRifiutata {
  public:
   TestSaldi(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}

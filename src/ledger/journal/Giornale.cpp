@@ -12,14 +12,17 @@ namespace {
 
 constexpr const char* kPerArticolo = "PerArticolo";
 
-std::string ControllaScelta(const SceltaGiornale& scelta) {
-  if (scelta.aaDt.Nulla()) return "manca la data finale: indicare il periodo";
+std::optional<Rifiuto> ControllaScelta(const SceltaGiornale& scelta) {
+  if (scelta.aaDt.Nulla()) return Rifiuto{"manca la data finale: indicare il periodo", "AaDt"};
   if (scelta.daDt > scelta.aaDt) {
-    return "la data iniziale " + scelta.daDt.Testo() + " è successiva a quella finale " +
-           scelta.aaDt.Testo() + ": correggere il periodo";
+    return Rifiuto{"la data iniziale " + scelta.daDt.Testo() + " è successiva a quella finale " +
+                       scelta.aaDt.Testo() + ": correggere il periodo",
+                   "DaDt"};
   }
-  if (scelta.intesto && scelta.daPag < 1) return "le pagine si numerano da 1 in su";
-  return "";
+  if (scelta.intesto && scelta.daPag < 1) {
+    return Rifiuto{"le pagine si numerano da 1 in su", "DaPag"};
+  }
+  return std::nullopt;
 }
 
 std::string CondizionePeriodo(const SceltaGiornale& scelta, int anno) {
@@ -136,10 +139,7 @@ SceltaGiornale Giornale::Proposta() {
 }
 
 bool Giornale::Stampa(const SceltaGiornale& scelta) {
-  if (const std::string errore = ControllaScelta(scelta); !errore.empty()) {
-    ambiente_.Dialogo().Messaggio(errore, Icona::Avviso);
-    return false;
-  }
+  if (Rifiuta(ambiente_, ControllaScelta(scelta))) return false;
   ambiente_.ScriviImpostazione({}, "config", kPerArticolo, scelta.perArticolo ? "True" : "False");
   if (CiSonoProvvisori(ambiente_, scelta)) {
     ambiente_.Dialogo().Messaggio(

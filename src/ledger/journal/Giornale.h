@@ -1,6 +1,7 @@
 // The legal journal: the registrations of a period in date order, as a test or in definitive.
 #pragma once
 
+#include "core/reports/SceltaRifiutata.h"
 #include "core/reports/Uscita.h"
 #include "core/session/Ambiente.h"
 
@@ -19,7 +20,7 @@ struct SceltaGiornale {
   double xTar = 0;
 };
 
-class Giornale {
+class Giornale : public reports::SceltaRifiutata {
  public:
   Giornale(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}

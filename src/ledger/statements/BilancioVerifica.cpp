@@ -13,13 +13,18 @@ namespace fenalto::ledger {
 
 namespace {
 
-std::string ControllaDate(Data da, Data a, const std::string& quale) {
-  if (a.Nulla()) return "manca la data finale" + quale + ": indicare il periodo";
-  if (da > a) {
-    return "la data iniziale" + quale + " " + da.Testo() + " è successiva a quella finale " +
-           a.Testo() + ": correggere il periodo";
+std::optional<Rifiuto> ControllaDate(Data da, Data a, bool confronto, const std::string& periodo) {
+  const std::string quale = confronto ? " del periodo " + periodo : "";
+  const std::string fine = periodo == "B" ? "AP" : "";
+  if (a.Nulla()) {
+    return Rifiuto{"manca la data finale" + quale + ": indicare il periodo", "AaDt" + fine};
   }
-  return "";
+  if (da > a) {
+    return Rifiuto{"la data iniziale" + quale + " " + da.Testo() +
+                       " è successiva a quella finale " + a.Testo() + ": correggere il periodo",
+                   "DaDt" + fine};
+  }
+  return std::nullopt;
 }
 
 Data UnAnnoPrima(Data data) {
@@ -51,34 +56,31 @@ SceltaBilancio BilancioVerifica::PeriodoPrecedente(SceltaBilancio scelta) {
   return scelta;
 }
 
-std::string BilancioVerifica::Controlla(const SceltaBilancio& scelta, bool confronto) {
-  std::string errore = ControllaDate(scelta.daDt, scelta.aaDt, confronto ? " del periodo A" : "");
-  if (errore.empty() && confronto) {
-    errore = ControllaDate(scelta.daDtAP, scelta.aaDtAP, " del periodo B");
+std::optional<Rifiuto> BilancioVerifica::Controlla(const SceltaBilancio& scelta, bool confronto) {
+  auto rifiuto = ControllaDate(scelta.daDt, scelta.aaDt, confronto, "A");
+  if (!rifiuto && confronto) rifiuto = ControllaDate(scelta.daDtAP, scelta.aaDtAP, confronto, "B");
+  if (rifiuto) return rifiuto;
+  if (!scelta.aaMastro.empty() && ConfrontaTesto(scelta.daMastro, scelta.aaMastro) > 0) {
+    return Rifiuto{"il mastro iniziale " + scelta.daMastro + " segue quello finale " +
+                       scelta.aaMastro + ": scambiarli",
+                   "DaMastro"};
   }
-  if (errore.empty() && !scelta.aaMastro.empty() &&
-      ConfrontaTesto(scelta.daMastro, scelta.aaMastro) > 0) {
-    errore = "il mastro iniziale " + scelta.daMastro + " segue quello finale " + scelta.aaMastro +
-             ": scambiarli";
-  }
-  if (!errore.empty()) return errore;
-  const auto ignota = archives::CodiceIgnoto(
-      ambiente_, {"EscludoCausale", "Causale da escludere", "causali"}, scelta.escludoCausale);
-  return ignota ? ignota->messaggio : std::string();
+  return archives::CodiceIgnoto(ambiente_, {"EscludoCausale", "Causale da escludere", "causali"},
+                                scelta.escludoCausale);
 }
 
 bool BilancioVerifica::Pronto(const SceltaBilancio& scelta, bool confronto) {
-  std::string errore = Controlla(scelta, confronto);
-  if (errore.empty()) {
+  std::optional<Rifiuto> rifiuto = Controlla(scelta, confronto);
+  if (!rifiuto) {
     std::string sql =
         "SELECT Count(*) FROM MASTRI WHERE " + sql::Criterio("COD", ">=", scelta.daMastro);
     if (!scelta.aaMastro.empty()) sql += " AND " + sql::Criterio("COD", "<=", scelta.aaMastro);
     if (ambiente_.ArchivioDi("tessarc").Singolo(sql).Intero() == 0) {
-      errore = "non c'è nessun mastro da " + scelta.daMastro + " a " + scelta.aaMastro;
+      rifiuto = {"non c'è nessun mastro da " + scelta.daMastro + " a " + scelta.aaMastro,
+                 "DaMastro"};
     }
   }
-  if (!errore.empty()) ambiente_.Dialogo().Messaggio(errore, Icona::Avviso);
-  return errore.empty();
+  return !Rifiuta(ambiente_, rifiuto);
 }
 
 namespace {

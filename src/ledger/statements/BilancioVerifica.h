@@ -1,10 +1,12 @@
 // Trial balance, statements and the comparison of two periods: three walks of the chart.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/reports/Foglio.h"
+#include "core/reports/SceltaRifiutata.h"
 #include "core/reports/Uscita.h"
 #include "core/session/Ambiente.h"
 
@@ -41,7 +43,7 @@ struct MeseConfronto {
   Importo ricaviB;
 };
 
-class BilancioVerifica {
+class BilancioVerifica : public reports::SceltaRifiutata {
  public:
   BilancioVerifica(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}
@@ -51,8 +53,8 @@ class BilancioVerifica {
   /// Period B as the same days one year before period A.
   [[nodiscard]] static SceltaBilancio PeriodoPrecedente(SceltaBilancio scelta);
   /// What is wrong with a choice (dates reversed, masters reversed, a causal left out that doesn't
-  /// exist); empty when nothing.
-  [[nodiscard]] std::string Controlla(const SceltaBilancio& scelta, bool confronto);
+  /// exist), with its field.
+  [[nodiscard]] std::optional<Rifiuto> Controlla(const SceltaBilancio& scelta, bool confronto);
 
   // Each asks for the output and prints; false when it was cancelled or stopped (and told).
   bool StampaVerifica(const SceltaBilancio& scelta);
@@ -65,10 +67,10 @@ class BilancioVerifica {
   /// reading.
   [[nodiscard]] std::vector<MeseConfronto> MesiConfronto(const SceltaBilancio& scelta);
 
- private:
   /// Tells what is wrong with a choice; false then.
   bool Pronto(const SceltaBilancio& scelta, bool confronto);
 
+ private:
   Ambiente& ambiente_;
   reports::FabbricaUscite& uscite_;
 };

@@ -98,6 +98,7 @@ FinestraBilancioVerifica::FinestraBilancioVerifica(Finestre& finestre)
   auto* scelta = new QVBoxLayout;
   auto* colonna = new QVBoxLayout(this);
   colonna->addLayout(scelta);
+  RifiutiDi(bilancio_);
   Compila(FormaBilancio(), [this, scelta](const std::string& pagina) -> QVBoxLayout& {
     return pagina.empty() ? *scelta : *periodoB_;
   });
@@ -191,23 +192,20 @@ SceltaBilancio FinestraBilancioVerifica::Digitata() const {
 }
 
 void FinestraBilancioVerifica::StampaPagina(Stampante stampa) {
-  if (!Raccogli()) return;
-  InLettura([&] { (bilancio_.*stampa)(Digitata()); });
+  Raccolto([&] { (bilancio_.*stampa)(Digitata()); });
 }
 
 void FinestraBilancioVerifica::EsportaPagina(Compositore foglio, bool confronto) {
-  if (!Raccogli()) return;
-  const SceltaBilancio scelta = Digitata();
-  if (const std::string errore = bilancio_.Controlla(scelta, confronto); !errore.empty()) {
-    return Dialogo().Messaggio(errore, Icona::Avviso);
-  }
-  const auto uscita =
-      Dialogo().ScegliUscita(confronto ? "confronto costi e ricavi" : "bilancio di verifica", true);
-  if (!uscita) return;
-  reports::Foglio composto;
-  InLettura([&] { composto = (bilancio_.*foglio)(scelta); });
-  if (composto.colonne.empty()) return;  // stopped by the user
-  ScriviFoglio(composto, *uscita, Dialogo());
+  Raccolto([&] {
+    const SceltaBilancio scelta = Digitata();
+    if (!bilancio_.Pronto(scelta, confronto)) return;
+    const auto uscita = Dialogo().ScegliUscita(
+        confronto ? "confronto costi e ricavi" : "bilancio di verifica", true);
+    if (!uscita) return;
+    const reports::Foglio composto = (bilancio_.*foglio)(scelta);
+    if (composto.colonne.empty()) return;  // stopped by the user
+    ScriviFoglio(composto, *uscita, Dialogo());
+  });
 }
 
 void FinestraBilancioVerifica::ChiediGrafico() {
@@ -218,8 +216,8 @@ void FinestraBilancioVerifica::MostraGrafico() {
   // The timer may fire while a long reading lets events through: the chart comes after it.
   if (Leggendo()) return attesaGrafico_->start(kRipresaGrafico);
   const SceltaBilancio scelta = Digitata();
-  if (const std::string errore = bilancio_.Controlla(scelta, true); !errore.empty()) {
-    return grafico_->MostraTesto(QString::fromStdString(errore));
+  if (const auto rifiuto = bilancio_.Controlla(scelta, true)) {
+    return grafico_->MostraTesto(QString::fromStdString(rifiuto->messaggio));
   }
   std::vector<ledger::MeseConfronto> mesi;
   InLettura([&] { mesi = bilancio_.MesiConfronto(scelta); });

@@ -49,6 +49,7 @@ FinestraGiornale::FinestraGiornale(Finestre& finestre)
     : FinestraRapporto(QStringLiteral("StGiornale"), tr("Stampa Libro Giornale"), finestre),
       giornale_(finestre.Sessione(), finestre.Uscite()) {
   Proponi(kGiornale, giornale_.Proposta());
+  RifiutiDi(giornale_);
   Compila(FormaGiornale(Sessione().Anno()), Piede::Opzioni);
 }
 

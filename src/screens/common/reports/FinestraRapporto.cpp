@@ -81,7 +81,11 @@ void FinestraRapporto::InLettura(const std::function<void()>& lavoro) {
 }
 
 void FinestraRapporto::Raccolto(const std::function<void()>& lavoro) {
-  if (!leggendo_ && Raccogli()) InLettura(lavoro);
+  if (leggendo_ || !Raccogli()) return;
+  InLettura(lavoro);
+  if (caso_ != nullptr && !caso_->CampoRifiutato().empty()) {
+    campi_->DaiFoco(QString::fromStdString(caso_->CampoRifiutato()));
+  }
 }
 
 void FinestraRapporto::EsportaFoglio() {

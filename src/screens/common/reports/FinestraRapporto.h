@@ -12,6 +12,7 @@
 
 #include "core/records/CampoRiga.h"
 #include "core/reports/Foglio.h"
+#include "core/reports/SceltaRifiutata.h"
 #include "screens/common/fields/CampiForma.h"
 #include "screens/common/fields/OpzioniGrafiche.h"
 #include "screens/common/windows/FinestraFunzione.h"
@@ -53,6 +54,9 @@ class FinestraRapporto : public FinestraFunzione {
   /// Adds `StGrafico` and `XTar` to the record.
   OpzioniGrafiche& CreaOpzioni();
 
+  /// Whose refusals take the focus to their field.
+  void RifiutiDi(const reports::SceltaRifiutata& caso) { caso_ = &caso; }
+
   [[nodiscard]] Scheda& Record() { return scheda_; }
   [[nodiscard]] const Scheda& Record() const { return scheda_; }
   [[nodiscard]] const OpzioniGrafiche& Opzioni() const { return *opzioni_; }
@@ -64,6 +68,9 @@ class FinestraRapporto : public FinestraFunzione {
   [[nodiscard]] bool Leggendo() const { return leggendo_; }
   /// Does `lavoro` as a reading under way: events that come through begin no other.
   void InLettura(const std::function<void()>& lavoro);
+  /// The same with what is typed, unless something is being read; the focus goes to what was
+  /// refused.
+  void Raccolto(const std::function<void()>& lavoro);
 
   /// How a field is shown for the choice as it is now.
   [[nodiscard]] virtual records::StatoCampo Stato(const std::string& /*campo*/) { return {}; }
@@ -79,13 +86,12 @@ class FinestraRapporto : public FinestraFunzione {
   QHBoxLayout* CreaPiede(Piede piede);
   void MostraStati();
   void EsportaFoglio();
-  /// Does `lavoro` with what is typed, one at a time.
-  void Raccolto(const std::function<void()>& lavoro);
 
   Scheda scheda_;
   Legatura* legatura_;
   OpzioniGrafiche* opzioni_ = nullptr;
   std::unique_ptr<CampiForma> campi_;
+  const reports::SceltaRifiutata* caso_ = nullptr;
   bool leggendo_ = false;
 };
 

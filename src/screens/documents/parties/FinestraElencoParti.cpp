@@ -60,6 +60,7 @@ FinestraElencoParti::FinestraElencoParti(const std::string& cfp, Finestre& fines
       cfp_(cfp),
       elenco_(finestre.Sessione(), finestre.Uscite()) {
   Proponi(kParti, SceltaParti());
+  RifiutiDi(elenco_);
   Compila(FormaElencoParti(cfp), Piede::OpzioniEFoglio);
 }
 

@@ -25,6 +25,7 @@ FinestraEstrattoConto::FinestraEstrattoConto(Finestre& finestre)
                             .In(kRiquadro)
                             .Accanto()
                             .Aiuto("vuota: tutte le scadenze pagate"));
+  RifiutiDi(estratto_);
   Compila(std::move(forma), Piede::Opzioni);
 }
 

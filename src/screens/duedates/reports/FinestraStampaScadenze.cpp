@@ -31,6 +31,7 @@ FinestraStampaScadenze::FinestraStampaScadenze(duedates::OrdineScadenze ordine, 
                                           ? "totali di ogni mese in ciascun cliente/fornitore"
                                           : "totali di ogni mese")
           .AlMargine()));
+  RifiutiDi(stampa_);
   Compila(std::move(forma), Piede::OpzioniEFoglio);
 }
 

@@ -13,6 +13,7 @@ FinestraTestSaldi::FinestraTestSaldi(Finestre& finestre)
       tr("Elenca chi ha un saldo contabile dell'anno diverso da quanto gli resta aperto nello "
          "scadenzario."));
   cosa->setWordWrap(true);
+  RifiutiDi(test_);
   Compila(FormaParti("Clienti o fornitori"), Piede::SoloStampa).insertWidget(0, cosa);
 }
 
