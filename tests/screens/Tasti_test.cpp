@@ -35,9 +35,9 @@ TEST_F(TastiTest, UnRapportoRifiutatoPortaSulCampo) {
     const char *finestra, *campo, *testo, *messaggio, *rifiutato;
   };
   for (const Caso& caso :
-       {Caso{"StGiornale", "AaDt", "", "manca la data finale", "AaDt"},
+       {Caso{"StGiornale", "DaDt", "31/12/2099", "è successiva a quella finale", "DaDt"},
         {"StGiornale", "DaPag", "0", "le pagine si numerano da 1", "DaPag"},
-        {"STEstrattoConto", "AllaData", "", "manca la data dell'estratto conto", "AllaData"},
+        {"STEstrattoConto", "DaData", "31/12/2099", "è successiva a quella finale", "DaData"},
         {"STScadenzePerData", "DaData", "31/12/2099", "è successiva a quella finale", "DaData"},
         {"STClienti", "DaCod", "9", "viene dopo quello finale", "DaCod"}}) {
     SCOPED_TRACE(caso.messaggio);
