@@ -19,6 +19,9 @@ Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) 
   senzaCopie.copie = false;
   Ambiente ambiente(senzaCopie, dialoghi, orologio, caso);
   if (!ambiente.DitteTrovate().empty()) return false;
+  // The only company may have been in the making.
+  ambiente.RiprendiLavori();
+  if (!ambiente.DitteTrovate().empty()) return false;
 
   const int corrente = orologio.Oggi().Anno();
   if (auto creata =

@@ -11,6 +11,8 @@
 #include "demo/CreaDemo.h"
 #include "screens/common/lists/Griglia.h"
 #include "screens/main/Applicazione.h"
+#include "screens/main/DialogoDitta.h"
+#include "screens/main/DialogoNuovaDitta.h"
 
 namespace fenalto::prova {
 namespace {
@@ -106,6 +108,7 @@ void GiroFinestre::Fai(const QSize& misura, const Guarda& guarda) {
   principale_->resize(misura);
   Assesta();
   FuoriDalleFunzioni(guarda);
+  ScelteDiDitta(guarda);
   Annuncio(guarda);
   for (const auto& [nome, costruttore] : screens::Applicazione::Costruttori()) {
     auto* finestra = Apri(nome);
@@ -136,6 +139,22 @@ void GiroFinestre::FuoriDalleFunzioni(const Guarda& guarda) {
     cerca->close();
   } else {
     ADD_FAILURE() << "la ricerca non si apre";
+  }
+  Assesta();
+}
+
+void GiroFinestre::ScelteDiDitta(const Guarda& guarda) {
+  const std::vector<DittaTrovata> ditte = {{"Demo", true}, {"Impianti Rossi", false}};
+  screens::DialogoDitta scelta(
+      ditte, [](const std::string&, std::string&) { return std::vector<int>{kAnno - 1, kAnno}; },
+      principale_.get());
+  screens::DialogoNuovaDitta nuova(ditte, principale_.get());
+  nuova.accept();
+  for (QDialog* dialogo : {static_cast<QDialog*>(&scelta), static_cast<QDialog*>(&nuova)}) {
+    dialogo->show();
+    Assesta();
+    guarda(*dialogo, dialogo->objectName());
+    dialogo->close();
   }
   Assesta();
 }

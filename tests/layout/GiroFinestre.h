@@ -46,6 +46,7 @@ class GiroFinestre {
   /// What isn't a function's window: the start page, the guide, the box of the search.
   void FuoriDalleFunzioni(const Guarda& guarda);
   /// What is told at the foot of a window.
+  void ScelteDiDitta(const Guarda& guarda);
   void Annuncio(const Guarda& guarda);
   screens::FinestraFunzione* Apri(const QString& nome);
   void Pagine(screens::FinestraFunzione& finestra, const QString& dove, const Guarda& guarda);

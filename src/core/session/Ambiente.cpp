@@ -92,6 +92,10 @@ const fs::path& Ambiente::CartellaDati() const {
   return interno_->opzioni.cartellaDati;
 }
 
+const OpzioniAmbiente& Ambiente::Opzioni() const {
+  return interno_->opzioni;
+}
+
 fs::path Ambiente::CartellaDitta() const {
   return interno_->Aperta().basi->Percorsi().tessarc.parent_path();
 }

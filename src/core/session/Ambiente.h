@@ -17,6 +17,8 @@
 
 namespace fenalto {
 
+class Presenza;
+
 /// Rights: 99 all functions, 50 all but accounting, 30 only stock movements and supplier orders; a
 /// function that asks 0 asks none.
 struct Utente {
@@ -65,6 +67,9 @@ class Ambiente {
   /// returns false when the session couldn't start or the user gave up.
   /// `ditta` not empty is opened on its last year without the choice.
   bool Avvia(const std::string& ditta = "");
+  /// Finishes or takes back what a killed program had under way on companies' files, and empties
+  /// the bin of what is old; what was finished is told. Avvia does it first.
+  void RiprendiLavori();
   /// The same choice on a running session; false leaves the session as it was.
   bool SelezioneArchivi();
   /// Companies with a settings file in the program folder, the default first, then by name.
@@ -76,6 +81,10 @@ class Ambiente {
   /// Opens a company on `anno` (its last year when 0). On error the session is as it was before.
   Esito<bool> ApriDitta(const std::string& ditta, int anno = 0);
   void ChiudiDitta();
+  /// Opens a company for who was working, without a log-in: after it was closed for a while.
+  Esito<bool> RiapriDitta(const std::string& ditta, int anno, const Utente& utente);
+  /// The place that this session holds among those that have the company open (PresenzaDitta.h).
+  [[nodiscard]] std::shared_ptr<Presenza> PresenzaQui() const;
   [[nodiscard]] bool DittaAperta() const;
 
   // --- What the session is on --------------------------------------------------------------------
@@ -104,6 +113,8 @@ class Ambiente {
 
   [[nodiscard]] const std::filesystem::path& CartellaProgramma() const;
   [[nodiscard]] const std::filesystem::path& CartellaDati() const;
+  /// What the session was made with, its folders absolute.
+  [[nodiscard]] const OpzioniAmbiente& Opzioni() const;
   /// The folder of the open company; what a backup by hand copies.
   [[nodiscard]] std::filesystem::path CartellaDitta() const;
   [[nodiscard]] std::filesystem::path CartellaDitta(const std::string& ditta) const;

@@ -5,6 +5,9 @@
 #include <system_error>
 
 #include "core/session/AmbienteInterno.h"
+#include "core/session/CambioDitta.h"
+#include "core/session/Cestino.h"
+#include "core/session/CreaDitta.h"
 #include "core/session/Utenti.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
@@ -48,6 +51,12 @@ Esito<T> LetturaProtetta(const Azione& azione) {
   }
 }
 
+/// Locks and presence name the user from now on.
+void NominaUtente(Sessione& sessione) {
+  sessione.basi->Blocchi().Utente(sessione.utente.cod);
+  if (sessione.presenza) sessione.presenza->Utente(sessione.utente.cod);
+}
+
 }  // namespace
 
 std::vector<int> Ambiente::Interno::LeggiAnni(BasiDati& basi) {
@@ -79,13 +88,27 @@ Esito<std::unique_ptr<Sessione>> Ambiente::Interno::Prepara(const std::string& d
   apertura.cartellaSchema = opzioni.cartellaDati / "schema";
   apertura.stazione = opzioni.stazione;
   apertura.vfs = opzioni.vfs;
+  std::string senzaPosto;
+  std::shared_ptr<Presenza> presenza;
+  try {
+    // Before the databases: whoever has the company alone may be about to put others in their
+    // place.
+    auto presa = Presenza::Prendi(percorsi.Valore(), ditte.FileImpostazioni(ditta).stem().string(),
+                                  opzioni.stazione);
+    if (!presa) return presa.Errore();
+    presenza = std::move(presa).Valore();
+  } catch (const ErroreArchivio& errore) {
+    senzaPosto = errore.what();  // opening tells it better
+  }
   auto basi = BasiDati::Apri(percorsi.Valore(), apertura);
   if (!basi) return basi.Errore();
+  if (!senzaPosto.empty()) return Errore{senzaPosto};
   return LetturaProtetta<Pronta>([&]() -> Esito<Pronta> {
     auto nuova = std::make_unique<Sessione>();
     nuova->fileImpostazioni = ditte.FileImpostazioni(ditta);
     // As the file spells it, whatever the case it was asked in.
     nuova->ditta = nuova->fileImpostazioni.stem().string();
+    nuova->presenza = presenza;
     nuova->basi = std::move(basi).Valore();
     nuova->recenti = std::make_unique<RecordRecenti>(
         nuova->basi->Percorsi().tessarc.parent_path() / "Recenti", opzioni.stazione);
@@ -120,7 +143,7 @@ Esito<bool> Ambiente::Interno::Accedi(Sessione& s, const std::string& cod,
     tentativiErrati = 0;
     s.utente = {rs.Fields("Cod").Testo(), rs.Fields("Descrizione").Testo(),
                 static_cast<int>(rs.Fields("Livello").Intero())};
-    s.basi->Blocchi().Utente(s.utente.cod);
+    NominaUtente(s);
     return true;
   });
 }
@@ -163,8 +186,16 @@ bool Ambiente::Interno::Scegli(const Ambiente& ambiente) {
                          Icona::Errore);
       return false;
     }
-    const auto scelta = dialoghi.ScegliDitta(trovate, anniDi);
+    auto scelta = dialoghi.ScegliDitta(trovate, anniDi);
     if (!scelta) return false;
+    if (scelta->nuova) {
+      // From the model company: there may be nothing yet that it could be a copy of.
+      const AnnoDitta anno{scelta->anno, scelta->anno >= kPrimoInEuro, scelta->ivaTrimestrale};
+      if (auto creata = CreaDittaDaModello(opzioni, scelta->ditta, {anno}, true); !creata) {
+        dialoghi.Messaggio(creata.Errore().messaggio, Icona::Errore);
+        continue;
+      }
+    }
     auto nuova = Prepara(scelta->ditta, scelta->anno);
     if (!nuova) {
       dialoghi.Messaggio(nuova.Errore().messaggio, Icona::Errore);
@@ -181,7 +212,7 @@ void Ambiente::Interno::TieniUtente(Sessione& nuova) const {
   const bool stessa = sessione && sessione->fileImpostazioni == nuova.fileImpostazioni;
   if (!stessa || !nuova.serveAccesso || sessione->utente.cod.empty()) return;
   nuova.utente = sessione->utente;
-  nuova.basi->Blocchi().Utente(nuova.utente.cod);
+  NominaUtente(nuova);
 }
 
 bool Ambiente::Avvia(const std::string& ditta) {
@@ -194,6 +225,7 @@ bool Ambiente::Avvia(const std::string& ditta) {
                                  Icona::Errore);
     return false;
   }
+  RiprendiLavori();
   if (ditta.empty()) return interno_->Scegli(*this);
   auto nuova = interno_->Prepara(ditta, 0);
   if (!nuova) {
@@ -204,6 +236,13 @@ bool Ambiente::Avvia(const std::string& ditta) {
   interno_->Installa(std::move(nuova).Valore());
   interno_->ConsigliaServer();
   return true;
+}
+
+void Ambiente::RiprendiLavori() {
+  for (const std::string& detto : RiprendiLavoriDitte(interno_->ditte)) {
+    interno_->dialoghi.Messaggio(detto, Icona::Avviso);
+  }
+  SvuotaCestino(interno_->ditte, interno_->orologio.Oggi(), kGiorniCestino);
 }
 
 bool Ambiente::SelezioneArchivi() {
@@ -234,6 +273,22 @@ Esito<bool> Ambiente::ApriDitta(const std::string& ditta, int anno) {
   if (!nuova) return nuova.Errore();
   interno_->Installa(std::move(nuova).Valore());
   return true;
+}
+
+Esito<bool> Ambiente::RiapriDitta(const std::string& ditta, int anno, const Utente& utente) {
+  auto nuova = interno_->Prepara(ditta, anno);
+  if (!nuova) return nuova.Errore();
+  Sessione& sessione = *nuova.Valore();
+  if (sessione.serveAccesso && !utente.cod.empty()) {
+    sessione.utente = utente;
+    NominaUtente(sessione);
+  }
+  interno_->Installa(std::move(nuova).Valore());
+  return true;
+}
+
+std::shared_ptr<Presenza> Ambiente::PresenzaQui() const {
+  return interno_->Aperta().presenza;
 }
 
 void Ambiente::ChiudiDitta() {

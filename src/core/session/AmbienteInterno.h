@@ -14,6 +14,7 @@
 #include "core/session/Ditte.h"
 #include "core/session/IndiceIni.h"
 #include "core/session/RecordRecenti.h"
+#include "core/store/Presenza.h"
 
 namespace fenalto {
 
@@ -38,6 +39,8 @@ struct Sessione {
   std::string ditta;
   std::filesystem::path fileImpostazioni;
   IniLetto impostazioni;
+  /// Before the databases, so that it goes after them.
+  std::shared_ptr<Presenza> presenza;
   std::unique_ptr<BasiDati> basi;
   std::vector<int> anni;
   int anno = 0;

@@ -6,9 +6,8 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "core/session/CambioDitta.h"
 #include "core/session/Csv.h"
-#include "core/session/Ditte.h"
-#include "core/session/FileIni.h"
 #include "core/session/FileTesto.h"
 #include "core/values/Testo.h"
 
@@ -17,9 +16,6 @@ namespace fenalto {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr const char* kFileTessarc = "Cont32.mdb";
-constexpr const char* kFileScadenzario = "Scad32.mdb";
 
 /// The keys that a new company starts from; the empty ones are for whoever looks into the file.
 std::string ImpostazioniIniziali(const std::string& nome) {
@@ -49,23 +45,6 @@ std::string ImpostazioniIniziali(const std::string& nome) {
   }
   return testo;
 }
-
-/// What a failed creation takes away again.
-class Disfare {
- public:
-  Disfare() = default;
-  Disfare(const Disfare&) = delete;
-  Disfare& operator=(const Disfare&) = delete;
-  ~Disfare() {
-    std::error_code errore;
-    for (auto p = fatti_.rbegin(); p != fatti_.rend(); ++p) fs::remove_all(*p, errore);
-  }
-  void Fatto(fs::path percorso) { fatti_.push_back(std::move(percorso)); }
-  void Riuscita() { fatti_.clear(); }
-
- private:
-  std::vector<fs::path> fatti_;
-};
 
 /// What stops the creation, thrown out of the transaction.
 class Impossibile : public std::runtime_error {
@@ -113,30 +92,6 @@ void CaricaCartella(Archivio& archivio, const fs::path& cartella) {
   for (const fs::path& uno : file) CaricaTabella(archivio, uno);
 }
 
-void Riempi(const OpzioniAmbiente& opzioni, const PercorsiArchivi& percorsi,
-            const std::vector<AnnoDitta>& anni) {
-  OpzioniApertura apertura;
-  apertura.cartellaSchema = opzioni.cartellaDati / "schema";
-  apertura.stazione = opzioni.stazione;
-  apertura.vfs = opzioni.vfs;
-  if (auto creati = BasiDati::Crea(percorsi, apertura); !creati) {
-    throw Impossibile(creati.Errore().messaggio);
-  }
-  auto aperte = BasiDati::Apri(percorsi, apertura);
-  if (!aperte) throw Impossibile(aperte.Errore().messaggio);
-  BasiDati& basi = *aperte.Valore();
-  Transazione transazione(basi);
-  const fs::path modello = opzioni.cartellaDati / "modello";
-  CaricaCartella(basi.Tessarc(), modello / "tessarc");
-  CaricaCartella(basi.Scadenzario(), modello / "scadenzario");
-  for (const AnnoDitta& anno : anni) {
-    basi.Tessarc().Inserisci(
-        "Anni",
-        {{"Anno", anno.anno}, {"Euro", anno.euro}, {"IvaTrimestrale", anno.ivaTrimestrale}});
-  }
-  transazione.Conferma();
-}
-
 Esito<bool> VerificaAnni(const std::vector<AnnoDitta>& anni) {
   constexpr int kPrimo = 1900;
   constexpr int kUltimo = 2999;
@@ -155,40 +110,74 @@ Esito<bool> VerificaAnni(const std::vector<AnnoDitta>& anni) {
 
 }  // namespace
 
+void RiempiDitta(const OpzioniAmbiente& opzioni, const PercorsiArchivi& percorsi,
+                 const std::function<void(BasiDati&)>& riempi) {
+  OpzioniApertura apertura;
+  apertura.cartellaSchema = opzioni.cartellaDati / "schema";
+  apertura.stazione = opzioni.stazione;
+  apertura.vfs = opzioni.vfs;
+  if (auto creati = BasiDati::Crea(percorsi, apertura); !creati) {
+    throw Impossibile(creati.Errore().messaggio);
+  }
+  auto aperte = BasiDati::Apri(percorsi, apertura);
+  if (!aperte) throw Impossibile(aperte.Errore().messaggio);
+  BasiDati& basi = *aperte.Valore();
+  Transazione transazione(basi);
+  riempi(basi);
+  transazione.Conferma();
+}
+
+void CaricaModello(BasiDati& basi, const fs::path& cartellaDati) {
+  const fs::path modello = cartellaDati / "modello";
+  CaricaCartella(basi.Tessarc(), modello / "tessarc");
+  CaricaCartella(basi.Scadenzario(), modello / "scadenzario");
+}
+
+void ScriviAnno(BasiDati& basi, const AnnoDitta& anno) {
+  basi.Tessarc().Inserisci(
+      "Anni", {{"Anno", anno.anno}, {"Euro", anno.euro}, {"IvaTrimestrale", anno.ivaTrimestrale}});
+}
+
+Esito<DittaCreata> CreaDitta(const OpzioniAmbiente& opzioni, const NuovaDitta& nuova,
+                             const std::function<void(const PercorsiArchivi&)>& riempi) {
+  const Ditte ditte(fs::absolute(opzioni.cartellaProgramma).lexically_normal());
+  auto cantiere = CantiereDitta::Apri(ditte, nuova.nome, nuova.predefinita, nuova.adesso);
+  if (!cantiere) return cantiere.Errore();
+  try {
+    riempi(cantiere.Valore().Archivi());
+  } catch (const std::exception& errore) {
+    return Errore{std::string("errore su copia file ditta su nuova :\n") + errore.what()};
+  }
+  auto posata = cantiere.Valore().Posa(ImpostazioniIniziali(nuova.nome));
+  if (!posata) return posata.Errore();
+  return DittaCreata{PostoPer(ditte, nuova.nome).cartella, posata.Valore()};
+}
+
 Esito<bool> CreaDittaDaModello(const OpzioniAmbiente& opzioni, const std::string& nome,
                                const std::vector<AnnoDitta>& anni, bool predefinita) {
   if (auto buono = VerificaNomeDitta(nome); !buono) return buono;
   if (auto buoni = VerificaAnni(anni); !buoni) return buoni;
   const Ditte ditte(fs::absolute(opzioni.cartellaProgramma).lexically_normal());
-  const fs::path fileIni = ditte.FileImpostazioni(nome);
-  const fs::path cartella = ditte.CartellaPerRegola(nome);
-  Disfare disfare;
-  try {
-    if (fs::exists(fileIni)) {
-      return Errore{"la ditta " + nome + " esiste già (file di inizializzazione " +
-                    fileIni.string() + ")"};
-    }
-    fs::create_directories(opzioni.cartellaProgramma);
-    fs::create_directories(cartella.parent_path());
-    if (!fs::create_directory(cartella)) {
-      return Errore{"la cartella «" + cartella.string() +
-                    "» esiste già: scegliere un altro nome o spostarla"};
-    }
-    disfare.Fatto(cartella);
-    fs::create_directory(cartella / "Immagini");
-    fs::create_directory(cartella / "Documenti");
-    Riempi(opzioni, {cartella / kFileTessarc, cartella / kFileScadenzario}, anni);
-    disfare.Fatto(fileIni);
-    if (auto scritto = ScriviFileTesto(fileIni, ImpostazioniIniziali(nome)); !scritto) {
-      return scritto;
-    }
-    if (predefinita) {
-      if (auto scritto = ditte.ImpostaPredefinita(nome); !scritto) return scritto;
-    }
-  } catch (const std::exception& errore) {
-    return Errore{"la ditta " + nome + " non è stata creata: " + errore.what()};
+  const PostoDitta posto = PostoPer(ditte, nome);
+  std::error_code ignorato;
+  if (fs::exists(posto.impostazioni, ignorato)) {
+    return Errore{"la ditta " + nome + " esiste già (file di inizializzazione " +
+                  posto.impostazioni.string() + ")"};
   }
-  disfare.Riuscita();
+  if (fs::exists(posto.cartella, ignorato)) {
+    return Errore{"la cartella «" + posto.cartella.string() +
+                  "» esiste già: scegliere un altro nome o spostarla"};
+  }
+  const auto creata = CreaDitta(opzioni, {.nome = nome, .predefinita = predefinita},
+                                [&](const PercorsiArchivi& percorsi) {
+                                  RiempiDitta(opzioni, percorsi, [&](BasiDati& basi) {
+                                    CaricaModello(basi, opzioni.cartellaDati);
+                                    for (const AnnoDitta& anno : anni) ScriviAnno(basi, anno);
+                                  });
+                                });
+  if (!creata) {
+    return Errore{"la ditta " + nome + " non è stata creata: " + creata.Errore().messaggio};
+  }
   return true;
 }
 

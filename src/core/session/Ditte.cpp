@@ -1,6 +1,7 @@
 #include "core/session/Ditte.h"
 
 #include <algorithm>
+#include <array>
 #include <system_error>
 
 #include "core/session/FileIni.h"
@@ -87,7 +88,8 @@ Esito<bool> Ditte::ImpostaPredefinita(const std::string& ditta) const {
   const fs::path file = cartella_ / kFilePredefinita;
   const auto blocco = BloccoFile::Prendi(file);
   if (!blocco) return blocco.Errore();
-  return ScriviFileTesto(file, ditta + std::string(kEstensione) + "\n");
+  const std::string riga = ditta + std::string(kEstensione) + "\n";
+  return ScriviFileTesto(file, ditta.empty() ? "" : riga);
 }
 
 fs::path Ditte::FileImpostazioni(const std::string& ditta) const {
@@ -131,18 +133,39 @@ Esito<PercorsiArchivi> Ditte::Percorsi(const std::string& ditta) const {
   return percorsi;
 }
 
+bool SempliceInNomeDitta(char byte) {
+  return (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
+         (byte >= 'a' && byte <= 'z') || byte == ' ' || byte == '-' || byte == '_' ||
+         (static_cast<unsigned char>(byte) & 0x80U) != 0;
+}
+
+namespace {
+
+/// Names of folders of the program's own, and of what isn't a file to other systems that may share
+/// the folder.
+bool Riservato(std::string_view nome) {
+  constexpr std::array<std::string_view, 7> kRiservati = {"Ini", kNomeCestino, "Con",        "Prn",
+                                                          "Aux", "Nul",        "TrebHelpPdf"};
+  const auto uguale = [nome](std::string_view altro) { return UgualeTesto(nome, altro); };
+  if (std::any_of(kRiservati.begin(), kRiservati.end(), uguale)) return true;
+  constexpr std::size_t kPorta = 4;  // "COM1"
+  return nome.size() == kPorta && nome[3] >= '0' && nome[3] <= '9' &&
+         (UgualeTesto(nome.substr(0, 3), "com") || UgualeTesto(nome.substr(0, 3), "lpt"));
+}
+
+}  // namespace
+
 Esito<bool> VerificaNomeDitta(const std::string& nome) {
-  const auto semplice = [](char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == ' ' ||
-           c == '-' || c == '_' || (static_cast<unsigned char>(c) & 0x80U) != 0;
-  };
   if (nome.empty() || Rifila(nome) != nome || nome[0] == '-' || !Utf8Valido(nome) ||
-      !std::all_of(nome.begin(), nome.end(), semplice)) {
+      !DifettoTesto(nome).empty() || !std::all_of(nome.begin(), nome.end(), SempliceInNomeDitta)) {
     return Errore{"digitare un semplice nome ditta senza simboli .,/"};
   }
   if (nome.size() > kMassimoNome) {
     return Errore{"il nome della ditta è troppo lungo: al massimo " + std::to_string(kMassimoNome) +
                   " caratteri"};
+  }
+  if (Riservato(nome)) {
+    return Errore{"«" + nome + "» è un nome riservato: digitarne un altro"};
   }
   return true;
 }

@@ -11,15 +11,21 @@
 
 namespace fenalto {
 
+/// The folder beside the companies that holds what was deleted (Cestino.h).
+inline constexpr const char* kNomeCestino = "Cestino";
+
 class Ditte {
  public:
   explicit Ditte(std::filesystem::path cartellaProgramma);
+
+  /// The program folder.
+  [[nodiscard]] const std::filesystem::path& Cartella() const { return cartella_; }
 
   /// Companies with a settings file in the program folder, the default first, then by name.
   [[nodiscard]] std::vector<DittaTrovata> Trovate() const;
   /// Company named by `DittaDefault.txt`; empty when it names none that exists.
   [[nodiscard]] std::string Predefinita() const;
-  /// Makes a company the default one.
+  /// Makes a company the default one; none when empty.
   Esito<bool> ImpostaPredefinita(const std::string& ditta) const;
 
   /// The company's settings file: as it is spelled on disk when there, without case.
@@ -35,7 +41,10 @@ class Ditte {
   std::filesystem::path cartella_;
 };
 
-/// Refuses what isn't a plain name: letters, digits, blanks, `-` and `_`.
+/// Whether a character may stand in a company's name, byte by byte: letters, digits, blanks, `-`
+/// and `_`, and all that isn't ASCII.
+bool SempliceInNomeDitta(char byte);
+/// Refuses what isn't a plain name, or is one that the program or a system keeps for itself.
 Esito<bool> VerificaNomeDitta(const std::string& nome);
 
 }  // namespace fenalto

@@ -42,6 +42,9 @@ struct DittaTrovata {
 struct SceltaDitta {
   std::string ditta;
   int anno = 0;
+  /// A company to be made, with that first year.
+  bool nuova = false;
+  bool ivaTrimestrale = false;
 };
 
 class Dialoghi {

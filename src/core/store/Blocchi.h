@@ -46,6 +46,20 @@ class Blocco {
   std::unique_ptr<Tenuta> tenuta_;
 };
 
+/// A session's place among those that have a company open; given up on destruction.
+class PostoPresenza {
+ public:
+  PostoPresenza() = default;
+  virtual ~PostoPresenza() = default;
+  PostoPresenza(const PostoPresenza&) = delete;
+  PostoPresenza& operator=(const PostoPresenza&) = delete;
+
+  virtual void Utente(const std::string& utente) = 0;
+  /// Makes it the only place there is: nobody, or somebody who holds another; then it stays shared.
+  virtual std::optional<Detentore> Esclusiva() = 0;
+  virtual void Condividi() = 0;
+};
+
 /// The locks of a company's stations, as its engine has them (engine::Motore::ApriBlocchi).
 class Blocchi {
  public:
@@ -66,6 +80,9 @@ class Blocchi {
   /// Who holds the lock of a record now, if anybody.
   [[nodiscard]] virtual std::optional<Detentore> ChiTiene(std::string_view tabella,
                                                           std::string_view chiave) const = 0;
+  /// A place among those that have the company open; the holder when somebody has it alone. It
+  /// outlives this object.
+  virtual Esito<std::unique_ptr<PostoPresenza>, Detentore> Presenza() = 0;
 };
 
 /// Whether the folder lies on a network file system (NFS, SMB, ...).

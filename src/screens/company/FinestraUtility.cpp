@@ -1,317 +1,74 @@
 #include "screens/company/FinestraUtility.h"
 
-#include <QCheckBox>
-#include <QGridLayout>
-#include <QGroupBox>
-#include <QHBoxLayout>
-#include <QPalette>
-#include <QPushButton>
+#include <QLineEdit>
 #include <QTabWidget>
 #include <QVBoxLayout>
-#include <map>
-#include <tuple>
+#include <algorithm>
 
-#include "core/session/VariazioneDitta.h"
-#include "screens/common/fields/Campi.h"
-#include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
-#include "screens/common/fields/Legatura.h"
-#include "screens/common/fields/Qs.h"
 #include "screens/common/look/Misure.h"
+#include "screens/company/PaginaNuovaDitta.h"
+#include "screens/company/PaginaVariazione.h"
 
 namespace fenalto::screens {
-namespace {
-
-constexpr int kLunghezzaPercorso = 1'000;  // longer than is accepted, so that it can be refused
-
-}  // namespace
-
-struct FinestraUtility::Interno {
-  Interno(FinestraUtility& finestraUsata, Finestre& gestoreUsato);
-  QGroupBox* CreaAnagrafica();
-  QGroupBox* CreaDecimali();
-  QGroupBox* CreaDocumenti();
-  QGroupBox* CreaCartelle();
-  QGroupBox* CreaContabilita();
-  QWidget* CreaPagina();
-  CampoTesto* Testo(const char* nome, int caratteri, int lunghezza = 100);
-  QCheckBox* Casella(const char* nome, const QString& testo, const QString& aiuto = QString());
-  void AggiungiCartella(QGridLayout* griglia, const char* nome, const QString& testo, bool file);
-  void Lasciato(const QString& campo);
-  void MostraAvvisi();
-  void Annulla();
-  void Conferma();
-
-  FinestraUtility& finestra;
-  Finestre& gestore;
-  VariazioneDitta variazione;
-  Legatura* legatura;
-  QTabWidget* schede;
-  std::map<std::string, QLabel*> avvisi;
-  QPushButton* conferma;
-  QPushButton* annulla;
-};
-
-FinestraUtility::Interno::Interno(FinestraUtility& finestraUsata, Finestre& gestoreUsato)
-    : finestra(finestraUsata),
-      gestore(gestoreUsato),
-      variazione(gestoreUsato.Sessione()),
-      legatura(new Legatura([this]() -> Scheda& { return variazione.Dati(); },
-                            gestoreUsato.Sessione().Dialogo(), &finestraUsata)),
-      schede(new QTabWidget(&finestraUsata)),
-      conferma(
-          Pulsante(QStringLiteral("Command1VariazioneDitta"), tr("Conferma"), tr("Ctrl+Invio"))),
-      annulla(Pulsante(QStringLiteral("Annulla"), tr("Annulla modifiche"))) {
-  PreparaSchede(*schede, QStringLiteral("SSTab1"));
-  schede->addTab(CreaPagina(), tr("Modifica impostazioni Ditta"));
-  auto* colonna = new QVBoxLayout(&finestra);
-  const int margine = Misura(Passo::Filo);
-  colonna->setContentsMargins(margine, margine, margine, margine);
-  colonna->addWidget(schede);
-  connect(legatura, &Legatura::Lasciato, &finestra, [this](const QString& campo, bool cambiato) {
-    if (cambiato) Lasciato(campo);
-  });
-  connect(conferma, &QPushButton::clicked, &finestra, [this] { Conferma(); });
-  connect(annulla, &QPushButton::clicked, &finestra, [this] { Annulla(); });
-  AssegnaMnemoniche({conferma, annulla});
-  legatura->Mostra();
-  MostraAvvisi();
-}
-
-QWidget* FinestraUtility::Interno::CreaPagina() {
-  auto* pagina = new QWidget;
-  auto* ditta = new QLabel(Qs(gestore.Sessione().Ditta()));
-  ditta->setObjectName(QStringLiteral("Ditta"));
-  ditta->setTextFormat(Qt::PlainText);
-  InGrassetto(*ditta);
-  auto* testa = new QHBoxLayout;
-  testa->addWidget(new QLabel(tr("Ditta")));
-  testa->addWidget(ditta, 1);
-  auto* pulsanti = new QHBoxLayout;
-  pulsanti->addStretch(1);
-  pulsanti->addWidget(conferma);
-  pulsanti->addWidget(annulla);
-  auto* sinistra = new QVBoxLayout;
-  auto* destra = new QVBoxLayout;
-  // Made in the order in which Enter goes through the fields.
-  sinistra->addWidget(CreaAnagrafica());
-  sinistra->addWidget(CreaContabilita());
-  sinistra->addStretch(1);
-  destra->addWidget(CreaDecimali());
-  destra->addWidget(CreaDocumenti());
-  destra->addWidget(CreaCartelle());
-  destra->addStretch(1);
-  auto* colonne = new QHBoxLayout;
-  colonne->addLayout(sinistra);
-  colonne->addLayout(destra);
-  colonne->addStretch(1);
-  auto* colonna = new QVBoxLayout(pagina);
-  colonna->addLayout(testa);
-  colonna->addLayout(colonne);
-  colonna->addStretch(1);
-  colonna->addLayout(pulsanti);
-  return pagina;
-}
-
-CampoTesto* FinestraUtility::Interno::Testo(const char* nome, int caratteri, int lunghezza) {
-  auto* campo = new CampoTesto(QString::fromLatin1(nome), nullptr, lunghezza);
-  LargoCaratteri(campo, caratteri);
-  legatura->Lega(campo);
-  return campo;
-}
-
-QCheckBox* FinestraUtility::Interno::Casella(const char* nome, const QString& testo,
-                                             const QString& aiuto) {
-  auto* casella = new QCheckBox(testo);
-  casella->setObjectName(QString::fromLatin1(nome));
-  if (!aiuto.isEmpty()) casella->setToolTip(aiuto);
-  legatura->Lega(casella);
-  return casella;
-}
-
-QGroupBox* FinestraUtility::Interno::CreaAnagrafica() {
-  constexpr int kLargo = 42;
-  constexpr int kCodice = 18;
-  constexpr int kSigla = 5;
-  auto* riquadro = new QGroupBox(tr("Dati anagrafici"));
-  auto* griglia = new QGridLayout(riquadro);
-  int riga = 0;
-  const auto aggiungi = [&](const char* nome, const QString& testo, int caratteri) {
-    auto* campo = Testo(nome, caratteri);
-    griglia->addWidget(Didascalia(testo, campo), riga, 0);
-    auto* accanto = new QHBoxLayout;
-    accanto->addWidget(campo);
-    auto* avviso = new QLabel;
-    avviso->setObjectName(QString::fromLatin1(nome) + QStringLiteral("Avviso"));
-    ColoraErrato(avviso, true);
-    QPalette tavolozza = avviso->palette();
-    tavolozza.setColor(QPalette::WindowText, tavolozza.color(QPalette::Text));
-    avviso->setPalette(tavolozza);
-    accanto->addWidget(avviso, 1);
-    griglia->addLayout(accanto, riga++, 1);
-    avvisi[nome] = avviso;
-    return accanto;
-  };
-  aggiungi("ragsoc1", tr("Ragione sociale"), kLargo);
-  aggiungi("ragsoc2", tr("(seconda riga)"), kLargo);
-  aggiungi("indirizzo", tr("Indirizzo"), kLargo);
-  aggiungi("localita", tr("CAP, località, provincia"), kLargo);
-  auto* nazione = aggiungi("NAZIONE", tr("Nazione (sigla)"), kSigla);
-  aggiungi("piva", tr("Partita IVA"), kCodice);
-  aggiungi("codfisc", tr("Codice fiscale"), kCodice);
-  auto* telefono = Testo("tel", kCodice);
-  nazione->addStretch(1);
-  Affianca(*nazione, tr("Telefono"), telefono);
-  griglia->setColumnStretch(1, 1);
-  return riquadro;
-}
-
-void FinestraUtility::Interno::AggiungiCartella(QGridLayout* griglia, const char* nome,
-                                                const QString& testo, bool file) {
-  constexpr int kLargo = 28;
-  auto* campo = Testo(nome, kLargo, kLunghezzaPercorso);
-  auto* scegli = Pulsante(QStringLiteral("Scegli") + QString::fromLatin1(nome), tr("Sfoglia..."));
-  scegli->setFocusPolicy(Qt::ClickFocus);
-  const int riga = griglia->rowCount();
-  griglia->addWidget(Didascalia(testo, campo), riga, 0);
-  griglia->addWidget(campo, riga, 1);
-  griglia->addWidget(scegli, riga, 2);
-  const std::string titolo = testo.toStdString();
-  connect(scegli, &QPushButton::clicked, &finestra, [this, campo, titolo, file] {
-    const auto scelto =
-        gestore.Sessione().Dialogo().ScegliFile(titolo, file ? ModoFile::Apri : ModoFile::Cartella,
-                                                file ? "Immagini (*.bmp *.png *.jpg *.jpeg)" : "");
-    if (!scelto) return;
-    variazione.Dati().Scrivi(campo->objectName().toStdString(), variazione.PercorsoBreve(*scelto));
-    Lasciato(campo->objectName());
-  });
-}
-
-QGroupBox* FinestraUtility::Interno::CreaCartelle() {
-  auto* riquadro = new QGroupBox(tr("Cartelle"));
-  auto* griglia = new QGridLayout(riquadro);
-  AggiungiCartella(griglia, "DirectoryImm", tr("Immagini"), false);
-  AggiungiCartella(griglia, "DirectoryDoc", tr("Documenti"), false);
-  AggiungiCartella(griglia, "LogoOrdini", tr("Logo di ordini e offerte"), true);
-  griglia->setColumnStretch(1, 1);
-  return riquadro;
-}
-
-QGroupBox* FinestraUtility::Interno::CreaContabilita() {
-  constexpr int kCausale = 8;
-  auto* riquadro = new QGroupBox(tr("Contabilità"));
-  auto* colonna = new QVBoxLayout(riquadro);
-  colonna->addWidget(
-      Casella("IVATRIMESTRALE", tr("IVA trimestrale nell'anno %1").arg(gestore.Sessione().Anno())));
-  colonna->addWidget(Casella("InvertoDAinNoteCredito",
-                             tr("Note di credito: inverto dare e avere, senza segno meno")));
-  colonna->addWidget(
-      Casella("RegAutoIntraCee", tr("Registro da solo le fatture intracomunitarie e in reverse "
-                                    "charge anche sugli acquisti")));
-  colonna->addWidget(Casella("NoIntraCosto_a_Forn", tr("... senza il giro «costo a fornitore»")));
-  auto* causale = new CampoCodice(QStringLiteral("CausaleIntraCosto_a_Forn"),
-                                  archives::Fonte(gestore.Sessione(), "causali"));
-  legatura->Lega(causale);
-  auto* riga = new QHBoxLayout;
-  riga->addWidget(Didascalia(tr("... causale del giro «costo a fornitore»"), causale));
-  riga->addWidget(ConDescrizione(causale, kCausale), 1);
-  colonna->addLayout(riga);
-  colonna->addWidget(Casella("RegAutoBolleDoganali", tr("Registro da solo le bolle doganali")));
-  colonna->addWidget(Casella("RITENUTAACCONTO", tr("Gestisco le ritenute d'acconto"),
-                             tr("le funzioni relative compaiono dopo Selezione Archivi")));
-  return riquadro;
-}
-
-QGroupBox* FinestraUtility::Interno::CreaDecimali() {
-  constexpr int kCifra = 4;
-  auto* riquadro = new QGroupBox(tr("Decimali e prezzi"));
-  auto* colonna = new QVBoxLayout(riquadro);
-  auto* riga = new QHBoxLayout;
-  auto* prezzi = Testo("DecP", kCifra, 5);
-  auto* quantita = Testo("DecQ", kCifra, 5);
-  Affianca(*riga, tr("Decimali dei prezzi (2-4)"), prezzi);
-  riga->addSpacing(Misura(Passo::Stacco));
-  Affianca(*riga, tr("delle quantità (0-4)"), quantita);
-  riga->addStretch(1);
-  colonna->addLayout(riga);
-  const std::tuple<const char*, QString, QString> caselle[] = {
-      {"ArrotImporto", tr("Arrotondo al centesimo l'importo delle righe"),
-       tr("senza spunta i decimali oltre il secondo si troncano")},
-      {"PrezziDaOrdine", tr("In fatture e ddt non propongo prezzi e descrizione da ordini/offerte"),
-       QString()},
-      {"PrezziIvatiOrdCli", tr("Ordini clienti con prezzi ivati e scorporo"), QString()},
-      {"ListinoDdtSenzaPrezzi", tr("Applico il listino anche nei ddt senza prezzi"), QString()},
-      {"PropongoCostoDigitato",
-       tr("Propongo il «costo digitato» in carichi, ordini fornitori, commesse"), QString()},
-      {"DbCostoMedio", tr("Distinta base valorizzata al costo medio"),
-       tr("senza spunta al costo ultimo")},
-  };
-  for (const auto& [nome, testo, aiuto] : caselle) colonna->addWidget(Casella(nome, testo, aiuto));
-  return riquadro;
-}
-
-QGroupBox* FinestraUtility::Interno::CreaDocumenti() {
-  auto* riquadro = new QGroupBox(tr("Documenti e magazzino"));
-  auto* colonna = new QVBoxLayout(riquadro);
-  const std::pair<const char*, QString> caselle[] = {
-      {"CodficaCliFor", tr("Codifica automatica di clienti e fornitori (0001, 0002, ...)")},
-      {"MagObbligatorio", tr("Il codice magazzino è obbligatorio nei movimenti")},
-      {"LottoDtScad", tr("Lotti con data di scadenza")},
-      {"FornNonPrevisto", tr("Segnalo i carichi da un fornitore non previsto sul prodotto")},
-      {"BarcodeUnivoco", tr("Controllo che i codici a barre dei prodotti siano univoci")},
-  };
-  for (const auto& [nome, testo] : caselle) colonna->addWidget(Casella(nome, testo));
-  return riquadro;
-}
-
-void FinestraUtility::Interno::Lasciato(const QString& campo) {
-  const bool accettato = variazione.CampoLasciato(campo.toStdString());
-  legatura->Mostra();
-  MostraAvvisi();
-  if (accettato) return;
-  if (auto* controllo = finestra.findChild<QLineEdit*>(campo)) controllo->setFocus();
-}
-
-void FinestraUtility::Interno::MostraAvvisi() {
-  for (const auto& [campo, etichetta] : avvisi) etichetta->setText(Qs(variazione.Avviso(campo)));
-}
-
-void FinestraUtility::Interno::Annulla() {
-  variazione.Rileggi();
-  legatura->Mostra();
-  MostraAvvisi();
-}
-
-void FinestraUtility::Interno::Conferma() {
-  if (!legatura->Raccogli()) return;
-  variazione.Conferma();
-  legatura->Mostra();
-  MostraAvvisi();
-  if (const auto& rifiutato = variazione.CampoRifiutato(); !rifiutato.empty()) {
-    finestra.findChild<QWidget*>(Qs(rifiutato))->setFocus(Qt::OtherFocusReason);
-  }
-}
 
 FinestraUtility::FinestraUtility(Finestre& finestre)
     : FinestraFunzione(QStringLiteral("Utility"), tr("Modifica impostazioni Ditta"), finestre),
-      interno_(std::make_unique<Interno>(*this, finestre)) {}
+      schede_(new QTabWidget(this)),
+      // In the order of PaginaDitta::Scheda.
+      pagine_{new PaginaNuovaDitta(finestre), new PaginaVariazione(finestre)} {
+  PreparaSchede(*schede_, QStringLiteral("SSTab1"));
+  for (auto* pagina : pagine_) schede_->addTab(pagina, pagina->Titolo());
+  MisuraDellaPagina(*schede_);
+  auto* colonna = new QVBoxLayout(this);
+  const int margine = Misura(Passo::Filo);
+  colonna->setContentsMargins(margine, margine, margine, margine);
+  colonna->addWidget(schede_);
+  connect(schede_, &QTabWidget::currentChanged, this, &FinestraUtility::MostraPagina);
+  MostraPagina();
+}
 
-FinestraUtility::~FinestraUtility() = default;
+void FinestraUtility::ApriScheda(int scheda) {
+  for (auto* pagina : pagine_) {
+    if (static_cast<int>(pagina->Quale()) != scheda) continue;
+    schede_->setCurrentWidget(pagina);
+    // The first field by Tab.
+    for (QWidget* w = pagina->nextInFocusChain(); w != pagina; w = w->nextInFocusChain()) {
+      auto* campo = qobject_cast<QLineEdit*>(w);
+      if (campo == nullptr || !pagina->isAncestorOf(campo) || !campo->isEnabled() ||
+          (campo->focusPolicy() & Qt::TabFocus) == 0) {
+        continue;
+      }
+      campo->setFocus(Qt::OtherFocusReason);
+      break;
+    }
+  }
+}
+
+PaginaDitta* FinestraUtility::InVista() const {
+  return pagine_.at(static_cast<std::size_t>(schede_->currentIndex()));
+}
+
+void FinestraUtility::MostraPagina() {
+  setWindowTitle(InVista()->Titolo());
+  if (!InVista()->InModifica()) InVista()->Aggiorna();
+}
 
 bool FinestraUtility::InModifica() const {
-  return interno_->variazione.Modificata() || interno_->legatura->Pendente();
+  return std::any_of(pagine_.begin(), pagine_.end(),
+                     [](const PaginaDitta* pagina) { return pagina->InModifica(); });
 }
 
 void FinestraUtility::Abbandona() {
-  interno_->Annulla();
+  for (auto* pagina : pagine_) pagina->Abbandona();
 }
 
 bool FinestraUtility::PremiConferma() {
-  return Premi({"Command1VariazioneDitta"});
+  return Premi({InVista()->PulsanteConferma()});
 }
 
 void FinestraUtility::Aggiorna() {
-  if (!InModifica()) interno_->Annulla();
+  if (!InVista()->InModifica()) InVista()->Aggiorna();
 }
 
 }  // namespace fenalto::screens

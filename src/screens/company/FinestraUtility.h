@@ -1,29 +1,37 @@
-// The window "Modifica impostazioni Ditta": the company's data and choices.
+// The window `Utility`: companies made, changed, kept in order. Each of its pages stands by itself
+// (PaginaDitta.h) and serves one menu entry.
 #pragma once
 
-#include <memory>
+#include <vector>
 
 #include "screens/common/windows/FinestraFunzione.h"
 
+class QTabWidget;
+
 namespace fenalto::screens {
+
+class PaginaDitta;
 
 class FinestraUtility : public FinestraFunzione {
   Q_OBJECT
 
  public:
   explicit FinestraUtility(Finestre& finestre);
-  ~FinestraUtility() override;
 
   [[nodiscard]] bool InModifica() const override;
   void Abbandona() override;
   void Aggiorna() override;
+  void ApriScheda(int scheda) override;
 
  protected:
   bool PremiConferma() override;
 
  private:
-  struct Interno;
-  std::unique_ptr<Interno> interno_;
+  [[nodiscard]] PaginaDitta* InVista() const;
+  void MostraPagina();
+
+  QTabWidget* schede_;
+  std::vector<PaginaDitta*> pagine_;
 };
 
 }  // namespace fenalto::screens

@@ -93,7 +93,10 @@ Applicazione::Applicazione(OpzioniAmbiente opzioni, Dialoghi& dialoghi, Orologio
                            Caso& caso)
     : dialoghi_(dialoghi),
       ambiente_(std::make_unique<Ambiente>(std::move(opzioni), dialoghi, orologio, caso)),
-      principale_(std::make_unique<FinestraPrincipale>(*ambiente_, Costruttori())) {}
+      principale_(std::make_unique<FinestraPrincipale>(*ambiente_, Costruttori())) {
+  QObject::connect(principale_.get(), &FinestraPrincipale::FineChiesta, principale_.get(),
+                   [this] { ChiediFine(); });
+}
 
 Applicazione::~Applicazione() {
   principale_.reset();
@@ -136,6 +139,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("StRegistriIva"), Nuova<FinestraRegistriIva>()},
       {QStringLiteral("TestSaldi"), Nuova<FinestraTestSaldi>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
+      {QStringLiteral("Utility:0"), Nuova<FinestraUtility>()},
       {QStringLiteral("Utility:1"), Nuova<FinestraUtility>()},
       {QStringLiteral("VisPdc"), Nuova<FinestraVisPdc>()},
   };
@@ -188,6 +192,7 @@ bool Applicazione::Avvia(const std::string& ditta) {
 
 Esito<bool> Applicazione::AvviaSu(const std::string& ditta, int anno, const std::string& utente,
                                   const std::string& password) {
+  ambiente_->RiprendiLavori();
   if (auto aperta = ambiente_->ApriDitta(ditta, anno); !aperta) return aperta;
   if (!utente.empty()) {
     if (auto accesso = ambiente_->Accedi(utente, password); !accesso) return accesso;
@@ -214,7 +219,10 @@ void Applicazione::Mostra() {
 
 void Applicazione::ChiediFine() {
   fineChiesta_ = true;
-  QTimer::singleShot(0, principale_.get(), [this] { principale_->close(); });
+  QTimer::singleShot(0, principale_.get(), [this] {
+    principale_->ChiudiTutto();
+    principale_->close();
+  });
 }
 
 }  // namespace fenalto::screens

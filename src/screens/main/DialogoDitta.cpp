@@ -6,12 +6,15 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include "screens/main/DialogoNuovaDitta.h"
+
 namespace fenalto::screens {
 
 DialogoDitta::DialogoDitta(const std::vector<DittaTrovata>& ditte,
                            std::function<std::vector<int>(const std::string&, std::string&)> anniDi,
                            QWidget* genitore)
     : QDialog(genitore),
+      trovate_(ditte),
       anniDi_(std::move(anniDi)),
       ditte_(new QListWidget(this)),
       anni_(new QListWidget(this)),
@@ -24,11 +27,15 @@ DialogoDitta::DialogoDitta(const std::vector<DittaTrovata>& ditte,
   auto* griglia = new QGridLayout(this);
   auto* etichettaDitta = new QLabel(tr("&Ditta"), this);
   etichettaDitta->setBuddy(ditte_);
-  auto* etichettaAnno = new QLabel(tr("A&nno"), this);
+  auto* etichettaAnno = new QLabel(tr("Ann&o"), this);
   etichettaAnno->setBuddy(anni_);
   auto* bottoni = new QDialogButtonBox(this);
   apri_ = bottoni->addButton(tr("&Apri"), QDialogButtonBox::AcceptRole);
-  bottoni->addButton(tr("A&nnulla"), QDialogButtonBox::RejectRole);
+  bottoni->addButton(tr("Ann&ulla"), QDialogButtonBox::RejectRole);
+  auto* nuova = bottoni->addButton(tr("&Nuova ditta..."), QDialogButtonBox::ActionRole);
+  nuova->setObjectName(QStringLiteral("NuovaDitta"));
+  nuova->setAutoDefault(false);
+  connect(nuova, &QPushButton::clicked, this, &DialogoDitta::Nuova);
   apri_->setDefault(true);
   griglia->addWidget(etichettaDitta, 0, 0);
   griglia->addWidget(etichettaAnno, 0, 1);
@@ -72,7 +79,15 @@ void DialogoDitta::MostraAnni() {
   apri_->setEnabled(anni_->count() > 0);
 }
 
+void DialogoDitta::Nuova() {
+  DialogoNuovaDitta dialogo(trovate_, this);
+  if (dialogo.exec() != QDialog::Accepted) return;
+  nuova_ = dialogo.Scelta();
+  accept();
+}
+
 SceltaDitta DialogoDitta::Scelta() const {
+  if (nuova_) return *nuova_;
   return {ditte_->currentItem()->text().toStdString(), anni_->currentItem()->text().toInt()};
 }
 

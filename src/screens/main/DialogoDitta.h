@@ -1,8 +1,9 @@
-// The choice of company and year.
+// The choice of company and year, or of a company to be made.
 #pragma once
 
 #include <QDialog>
 #include <functional>
+#include <optional>
 
 #include "core/session/Porte.h"
 
@@ -24,11 +25,14 @@ class DialogoDitta : public QDialog {
 
  private:
   void MostraAnni();
+  void Nuova();
+  std::vector<DittaTrovata> trovate_;
   std::function<std::vector<int>(const std::string&, std::string&)> anniDi_;
   QListWidget* ditte_;
   QListWidget* anni_;
   QLabel* avviso_;
   QPushButton* apri_;
+  std::optional<SceltaDitta> nuova_;
 };
 
 }  // namespace fenalto::screens

@@ -78,6 +78,12 @@ FinestraPrincipale::~FinestraPrincipale() {
 // --- Session ----------------------------------------------------------------------------------
 
 void FinestraPrincipale::MostraSessione() {
+  SessioneCambiata();
+  MostraSfondo();
+}
+
+void FinestraPrincipale::SessioneCambiata() {
+  ChiudiAnteprime();
   cambiandoAnno_ = true;
   anni_->clear();
   int corrente = 0;
@@ -92,7 +98,6 @@ void FinestraPrincipale::MostraSessione() {
   AggiornaStato();
   MostraVociDellaDitta();
   MostraVideoCorsi();
-  MostraSfondo();
 }
 
 void FinestraPrincipale::MostraVociDellaDitta() {
@@ -174,7 +179,6 @@ void FinestraPrincipale::SelezioneArchivi() {
     return;
   }
   if (ambiente_.SelezioneArchivi()) {
-    ChiudiAnteprime();
     MostraSessione();
   } else {
     RichiamaSfondo();

@@ -65,6 +65,8 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
   bool ControlloUscita(FinestraFunzione& finestra) override;
   void ChiudiFinestra(FinestraFunzione& finestra) override;
   void PortaAvanti(FinestraFunzione& finestra) override;
+  void SessioneCambiata() override;
+  void ChiediFine() override { emit FineChiesta(); }
 
   /// Open function windows, the one in front last.
   [[nodiscard]] QList<FinestraFunzione*> FinestreAperte() const;
@@ -78,6 +80,8 @@ class FinestraPrincipale : public QMainWindow, public Finestre {
  signals:
   /// The main window was closed for good.
   void Chiusa();
+  /// A function asks that the program end.
+  void FineChiesta();
 
  protected:
   void closeEvent(QCloseEvent* evento) override;

@@ -226,7 +226,9 @@ constexpr auto kSinonimi = std::to_array<RigaSinonimi>({
     {"InsolutiRiba", "insoluti; ricevute tornate"},
     {"AbbinaEstratto", "banca; estratto conto bancario; riconciliazione; CAMT"},
     {"@SelezioneArchivi", "cambia ditta; cambia anno; altra ditta"},
-    {"Utility", "impostazioni; dati della ditta; partita iva; opzioni", 1},
+    {"Utility", "nuova azienda; creare ditta; crea la tua ditta", 0},
+    {"Utility",
+     "impostazioni; dati della ditta; partita iva; opzioni; rinomina ditta; elimina ditta", 1},
     {"Ut", "password; permessi; accessi"},
 });
 

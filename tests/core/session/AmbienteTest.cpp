@@ -126,6 +126,19 @@ TEST_F(AmbienteTest, GuastiLascianoLaSessioneComEra) {
   EXPECT_EQ(ambiente_.Ditta(), "Rossi");
 }
 
+TEST_F(AmbienteTest, UnaDittaNuovaDallaScelta) {
+  dialoghi_.ScegliaDitta(SceltaDitta{.ditta = "ROSSI", .anno = 2026, .nuova = true});
+  dialoghi_.ScegliaDitta(
+      SceltaDitta{.ditta = "Neri", .anno = 2000, .nuova = true, .ivaTrimestrale = true});
+  ASSERT_TRUE(ambiente_.Avvia());
+  EXPECT_TRUE(dialoghi_.HaDetto("la ditta ROSSI esiste già")) << "e la scelta si ripete";
+  EXPECT_EQ(ambiente_.Ditta(), "Neri");
+  EXPECT_EQ(ambiente_.Anno(), 2000);
+  EXPECT_FALSE(ambiente_.Euro());
+  EXPECT_EQ(ambiente_.Cerca("tessarc", "Anni", {{"Anno", 2000}}, "IvaTrimestrale"), Valore(true));
+  EXPECT_EQ(ambiente_.DittaPredefinita(), "Neri");
+}
+
 TEST_F(AmbienteTest, StessaDittaDiNuovo) {
   ASSERT_TRUE(ambiente_.ApriDitta("Rossi", 2001));
   dialoghi_.suScegliDitta = [](const auto& anniDi) {

@@ -32,6 +32,12 @@ class Finestre {
   virtual void PortaAvanti(FinestraFunzione& finestra) = 0;
   /// Housekeeping that a window calls last when it closes.
   virtual void ChiudiFinestra(FinestraFunzione& finestra) = 0;
+  /// The program ends as soon as the caller has returned, without questions: a company was made or
+  /// deleted, a year opened.
+  virtual void ChiediFine() = 0;
+  /// The company's data were replaced under the session: years and what hangs on them are shown
+  /// anew.
+  virtual void SessioneCambiata() = 0;
 };
 
 }  // namespace fenalto::screens

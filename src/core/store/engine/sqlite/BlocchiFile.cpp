@@ -354,6 +354,67 @@ std::optional<Detentore> BlocchiFile::ChiTiene(std::string_view tabella,
   return Interno::Chi(custode.Get(), nome);
 }
 
+// --- Presence ---------------------------------------------------------------------------------
+
+namespace {
+
+/// The shared lock of the company's own byte, on a descriptor of its own; alone it is the same lock
+/// made exclusive in one step, so that nobody comes in between.
+template <typename Interno>
+class PostoFile final : public PostoPresenza {
+ public:
+  PostoFile(int descrittore, Interno interno, std::string nome)
+      : custode_(descrittore), interno_(std::move(interno)), nome_(std::move(nome)) {}
+  ~PostoFile() override {
+    Cancella();
+    // Not left to the closing, as with any lock.
+    Blocca(custode_.Get(), ByteDi(nome_), F_UNLCK);
+  }
+  PostoFile(const PostoFile&) = delete;
+  PostoFile& operator=(const PostoFile&) = delete;
+
+  [[nodiscard]] bool Entra() { return Blocca(custode_.Get(), ByteDi(nome_), F_RDLCK); }
+  void Iscrivi() {
+    Cancella();
+    posto_ = interno_.Iscrivi(custode_.Get(), nome_);
+  }
+  void Utente(const std::string& utente) override {
+    interno_.utente = utente;
+    Iscrivi();
+  }
+  std::optional<Detentore> Esclusiva() override {
+    if (Blocca(custode_.Get(), ByteDi(nome_), F_WRLCK)) return std::nullopt;
+    return Interno::Chi(custode_.Get(), nome_);
+  }
+  void Condividi() override { Blocca(custode_.Get(), ByteDi(nome_), F_RDLCK); }
+
+ private:
+  void Cancella() {
+    const char libero = 0;
+    if (posto_ < 0) return;
+    (void)!pwrite(custode_.Get(), &libero, 1, OffsetPosto(posto_));
+    Blocca(custode_.Get(), kBytePosti + posto_, F_UNLCK);
+    posto_ = -1;
+  }
+  Custode custode_;
+  Interno interno_;
+  std::string nome_;
+  std::int64_t posto_ = -1;
+};
+
+}  // namespace
+
+Esito<std::unique_ptr<PostoPresenza>, Detentore> BlocchiFile::Presenza() {
+  const std::string nome = ChiaveDi('P', "", "");
+  auto posto = std::make_unique<PostoFile<Interno>>(interno_->Apri(), *interno_, nome);
+  if (!posto->Entra()) {
+    const Custode custode(interno_->Apri());
+    return Interno::Chi(custode.Get(), nome);
+  }
+  posto->Iscrivi();
+  return Esito<std::unique_ptr<PostoPresenza>, Detentore>(std::move(posto));
+}
+
 // --- Folders ----------------------------------------------------------------------------------
 
 bool BlocchiAffidabili(const std::filesystem::path& cartella) {

@@ -27,6 +27,7 @@ class BlocchiFile final : public Blocchi {
                                    std::chrono::milliseconds attesa) override;
   [[nodiscard]] std::optional<Detentore> ChiTiene(std::string_view tabella,
                                                   std::string_view chiave) const override;
+  Esito<std::unique_ptr<PostoPresenza>, Detentore> Presenza() override;
 
  private:
   struct Interno;
