@@ -50,6 +50,8 @@ constexpr auto kFunzioni = std::to_array<RigaFunzione>({
     {"STScadenzePerData", "15-situazione-scadenze.md"},
     {"STEstrattoConto", "15-situazione-scadenze.md"},
     {"Utility", "16-impostazioni-ditta.md"},
+    {"Utility:2", "25-utilita.md"},
+    {"Utility:3", "23-copie-di-sicurezza.md"},
     {"STBilancioVerifica", "17-bilanci.md"},
     {"StGiornale", "18-libro-giornale.md"},
     {"Importa", "20-importare.md"},
@@ -63,6 +65,10 @@ Posto CapitoloDi(std::string_view funzione) {
     if (UgualeTesto(riga.funzione, funzione)) {
       return {std::string(riga.file), std::string(riga.ancora)};
     }
+  }
+  // A page without a chapter of its own is told with its window.
+  if (const auto punto = funzione.find(':'); punto != std::string_view::npos) {
+    return CapitoloDi(funzione.substr(0, punto));
   }
   return {std::string(funzione.empty() ? "01-cominciare.md" : kArchivi), {}};
 }

@@ -75,7 +75,8 @@ TEST(Guida, LeFinestrePortanoACapitoliCheCiSono) {
   const auto guida = help::Guida::Leggi(FENALTO_GUIDA);
   for (const char* funzione :
        {"", "Sfondo", "CercaFunzione", "movimenti", "FattureSospIva", "AccontiPrimaDiFattura",
-        "AbbinaEstratto", "RiBaRaggruppamento", "InsolutiRiba", "Vettori", "Ut", "Importa"}) {
+        "AbbinaEstratto", "RiBaRaggruppamento", "InsolutiRiba", "Vettori", "Ut", "Importa",
+        "Utility:1", "Utility:2", "Utility:3"}) {
     const auto posto = help::CapitoloDi(funzione);
     const auto* capitolo = guida.Di(posto.file);
     ASSERT_NE(capitolo, nullptr) << funzione;

@@ -89,7 +89,7 @@ TEST_F(EsecuzioneTest, FallisceAllaRigaEConIlMotivo) {
       {"chiusa Principale", "is open"},
       {"titolo Pippo", "Prova"},
       {"vale Anno 2023", "shows \"2024\", not \"2023\""},
-      {"attivo ApreUtility2", "menu entry"},
+      {"attivo apreabutenti", "menu entry"},
       {"visibile ApreRitenuteAcconto", "hidden"},
       {"anno 1999", "2000, 2023, 2024, 2025"},
       {"ditta Pippo", "no company Pippo"},

@@ -120,6 +120,8 @@ class Ambiente {
   [[nodiscard]] std::filesystem::path CartellaDitta(const std::string& ditta) const;
   /// `Documenti` of the company, or the folder of the setting `DirectoryDoc`.
   [[nodiscard]] std::filesystem::path CartellaDocumenti() const;
+  /// `Immagini` of the company, or the folder of the setting `DirectoryImm`.
+  [[nodiscard]] std::filesystem::path CartellaImmagini() const;
   /// Path of the database behind `tessarc` or `scadenzario`, in any case.
   [[nodiscard]] std::filesystem::path PercorsoDb(std::string_view chiave) const;
   [[nodiscard]] std::filesystem::path FileImpostazioni() const;

@@ -4,17 +4,21 @@
 #include <utility>
 
 #include "core/session/AmbienteInterno.h"
+#include "core/session/CopieDitta.h"
 
 namespace fenalto {
 
 namespace {
 
 /// The failure's text; empty when it went well.
-std::string Copia(const PercorsiArchivi& percorsi, const std::filesystem::path& cartella,
-                  Data oggi) {
+std::string Copia(const PercorsiArchivi& percorsi, const std::filesystem::path& cartella, Data oggi,
+                  const std::string& ditta, const std::string& ora) {
   try {
     const auto esito = EseguiCopia(percorsi, cartella, oggi);
-    return esito ? std::string() : esito.Errore().messaggio;
+    if (!esito) return esito.Errore().messaggio;
+    DescriviCopia(esito.Valore(), ArchiviDellaCopia(esito.Valore(), percorsi), ditta, "giornaliera",
+                  oggi, ora);
+    return {};
   } catch (const std::exception& errore) {
     return errore.what();
   }
@@ -37,15 +41,15 @@ void Ambiente::AvviaCopia() {
   const auto cartella = CartellaDitta() / "Copie";
   if (!CopiaDovuta(cartella, oggi)) return;
   in.copiaInCorso = true;
-  in.copia = std::thread(
-      [&in, cartella, oggi, ditta = in.sessione->ditta, percorsi = in.sessione->basi->Percorsi()] {
-        const std::string guasto = Copia(percorsi, cartella, oggi);
-        const std::lock_guard guardia(in.bloccoCopia);
-        in.copiaInCorso = false;
-        in.guastoCopia = guasto.empty() ? ""
-                                        : "la copia di sicurezza della ditta «" + ditta +
-                                              "» non è riuscita: " + guasto;
-      });
+  in.copia = std::thread([&in, cartella, oggi, ora = in.orologio.Ora(), ditta = in.sessione->ditta,
+                          percorsi = in.sessione->basi->Percorsi()] {
+    const std::string guasto = Copia(percorsi, cartella, oggi, ditta, ora);
+    const std::lock_guard guardia(in.bloccoCopia);
+    in.copiaInCorso = false;
+    in.guastoCopia = guasto.empty() ? ""
+                                    : "la copia di sicurezza della ditta «" + ditta +
+                                          "» non è riuscita: " + guasto;
+  });
 }
 
 std::string Ambiente::EsitoCopia() {

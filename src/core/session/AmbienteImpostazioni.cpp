@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <system_error>
 
@@ -97,13 +98,25 @@ std::string Ambiente::Config(std::string_view chiave) {
   return LeggiImpostazione({}, kConfig, chiave);
 }
 
+namespace {
+
+/// A folder of the company, as its setting says it.
+fs::path CartellaDi(const fs::path& ditta, std::string_view impostata, const char* usuale) {
+  std::string valore(Rifila(impostata));
+  std::replace(valore.begin(), valore.end(), '\\', '/');
+  return valore.empty() ? ditta / usuale : (ditta / valore).lexically_normal();
+}
+
+}  // namespace
+
 fs::path Ambiente::CartellaDocumenti() const {
-  const fs::path ditta = CartellaDitta();
-  std::string valore(Rifila(interno_->Impostazioni({}).Valore(kConfig, "DirectoryDoc")));
-  for (char& c : valore) {
-    if (c == '\\') c = '/';
-  }
-  return valore.empty() ? ditta / "Documenti" : (ditta / valore).lexically_normal();
+  return CartellaDi(CartellaDitta(), interno_->Impostazioni({}).Valore(kConfig, "DirectoryDoc"),
+                    "Documenti");
+}
+
+fs::path Ambiente::CartellaImmagini() const {
+  return CartellaDi(CartellaDitta(), interno_->Impostazioni({}).Valore(kConfig, "DirectoryImm"),
+                    "Immagini");
 }
 
 }  // namespace fenalto

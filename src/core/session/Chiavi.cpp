@@ -49,7 +49,8 @@ constexpr auto kTabulati = std::to_array<std::string_view>({"STArticoli",
                                                             "MovimentiConto",
                                                             "RiBa",
                                                             "RicercaMovimenti",
-                                                            "Righi"});
+                                                            "Righi",
+                                                            "Utility"});
 
 bool ConClasse(std::string_view chiave, std::string_view nome) {
   if (chiave.size() != nome.size() + 1) return false;

@@ -121,6 +121,29 @@ Esito<bool> Utenti::Elimina(const std::string& cod) {
   return true;
 }
 
+Esito<bool> Utenti::CambiaPassword(const std::string& vecchia, const std::string& nuova,
+                                   const std::string& ripetuta) {
+  if (nuova.empty() || nuova != ripetuta) return Errore{"reinserire password"};
+  if (nuova.size() > kMassimaPassword) return Errore{"la password è troppo lunga"};
+  const std::string cod = ambiente_.UtenteCorrente().cod;
+  if (cod.empty()) {
+    return Errore{
+        "nessun utente è entrato con una password: gli utenti si aggiungono in "
+        "«Impostazione utenti e diritti»"};
+  }
+  // Hashing takes its time: done before the transaction holds the others up.
+  const std::string hash = Hash(nuova);
+  Transazione transazione(ambiente_.Basi(), Transazione::Ambito::Tessarc);
+  Archivio& archivio = ambiente_.ArchivioDi("tessarc");
+  const Valore attuale = archivio.Singolo("select Password from Ut" + DelCodice(cod));
+  if (attuale.Nullo() || !Verifica(attuale.Testo(), vecchia)) {
+    return Errore{"vecchia password errata"};
+  }
+  archivio.Esegui("update Ut set " + sql::Criterio("Password", "=", hash) + DelCodice(cod));
+  transazione.Conferma();
+  return true;
+}
+
 std::string Utenti::Hash(const std::string& password) {
   PreparaLibreria();
   std::array<char, crypto_pwhash_STRBYTES> hash{};

@@ -22,6 +22,10 @@ class Utenti {
   /// Removes a user; the last of level 99 can't go while others remain, and may go as the very
   /// last.
   Esito<bool> Elimina(const std::string& cod);
+  /// Changes the password of who is logged in: the two new ones must agree and the old one be
+  /// right.
+  Esito<bool> CambiaPassword(const std::string& vecchia, const std::string& nuova,
+                             const std::string& ripetuta);
 
   /// Hash of a password (argon2id) and its check.
   static std::string Hash(const std::string& password);

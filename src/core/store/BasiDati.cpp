@@ -86,6 +86,11 @@ Esito<std::unique_ptr<BasiDati>> BasiDati::Apri(const PercorsiArchivi& percorsi,
   const engine::Motore& motore = MotoreDi(percorsi);
   const auto passi = LeggiPassiCompleti(motore, opzioni.cartellaSchema);
   if (!passi) return passi.Errore();
+  const auto finito = ComeEsito<bool>([&]() -> Esito<bool> {
+    motore.FinisciCambio(BasiDi(percorsi));
+    return true;
+  });
+  if (!finito) return finito.Errore();
   if (const auto verifica = motore.Verifica(BasiDi(percorsi)); !verifica) return verifica.Errore();
   return ComeEsito<Aperte>([&]() -> Esito<Aperte> {
     auto nucleo = std::make_shared<NucleoBasi>(motore, percorsi, opzioni);

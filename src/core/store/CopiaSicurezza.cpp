@@ -34,9 +34,43 @@ void TieniUltime(const fs::path& cartella) {
   for (const fs::path& resto : resti) fs::remove_all(resto, ignorato);
 }
 
-/// Where the copies of both databases are in a folder.
-std::vector<fs::path> CopieIn(const fs::path& cartella, const PercorsiArchivi& percorsi) {
-  return {cartella / percorsi.tessarc.filename(), cartella / percorsi.scadenzario.filename()};
+/// Copies both databases into a folder that gets its name when they are whole. `superata`: another
+/// station that was quicker has made the same.
+Esito<fs::path> FaiCopia(const PercorsiArchivi& percorsi, const fs::path& cartella,
+                         const std::string& nome, bool superata) {
+  // One name a process: two stations that copy at once don't meet in one folder.
+  const fs::path lavoro =
+      cartella / ("." + nome + "-" + std::to_string(getpid()) + kEstensioneLavoro);
+  const fs::path finale = cartella / nome;
+  try {
+    fs::create_directories(cartella);
+    if (superata && fs::is_directory(finale)) return finale;
+    fs::remove_all(lavoro);
+    fs::create_directory(lavoro);
+    const PercorsiArchivi copia = ArchiviDellaCopia(lavoro, percorsi);
+    const engine::Motore& motore = MotoreDi(percorsi);
+    motore.Copia(BasiDi(percorsi), {copia.tessarc, copia.scadenzario});
+    for (const fs::path& file : {copia.tessarc, copia.scadenzario}) {
+      motore.ControllaCopia(file, true);
+      engine::Sincronizza(file);
+    }
+    engine::Sincronizza(lavoro);
+    std::error_code rinomina;
+    fs::rename(lavoro, finale, rinomina);
+    if (rinomina && superata && fs::is_directory(finale)) {
+      fs::remove_all(lavoro);
+    } else if (rinomina) {
+      throw std::runtime_error(finale.string() + " non si può creare: " + rinomina.message());
+    }
+    engine::Sincronizza(cartella);
+    return finale;
+  } catch (const std::exception& errore) {
+    std::error_code ignorato;
+    fs::remove_all(lavoro, ignorato);
+    return Errore{"La copia di sicurezza in " + finale.string() +
+                  " non è riuscita: " + errore.what() +
+                  ". I dati sono intatti; controllare lo spazio e i permessi della cartella."};
+  }
 }
 
 }  // namespace
@@ -59,48 +93,29 @@ std::vector<fs::path> CopieEsistenti(const fs::path& cartella) {
 }
 
 Esito<fs::path> EseguiCopia(const PercorsiArchivi& percorsi, const fs::path& cartella, Data oggi) {
-  // One name a process: two stations that copy at once don't meet in one folder.
-  const fs::path lavoro =
-      cartella / ("." + oggi.Iso() + "-" + std::to_string(getpid()) + kEstensioneLavoro);
-  const fs::path finale = cartella / oggi.Iso();
-  try {
-    fs::create_directories(cartella);
-    if (fs::is_directory(finale)) return finale;
-    fs::remove_all(lavoro);
-    fs::create_directory(lavoro);
-    const std::vector<fs::path> copie = CopieIn(lavoro, percorsi);
-    const engine::Motore& motore = MotoreDi(percorsi);
-    motore.Copia(BasiDi(percorsi), copie);
-    for (const fs::path& copia : copie) {
-      motore.ControllaCopia(copia, true);
-      engine::Sincronizza(copia);
-    }
-    engine::Sincronizza(lavoro);
-    std::error_code rinomina;
-    fs::rename(lavoro, finale, rinomina);
-    if (rinomina && fs::is_directory(finale)) {
-      fs::remove_all(lavoro);  // another station was quicker
-    } else if (rinomina) {
-      throw std::runtime_error(finale.string() + " non si può creare: " + rinomina.message());
-    }
-    engine::Sincronizza(cartella);
-    TieniUltime(cartella);
-    return finale;
-  } catch (const std::exception& errore) {
-    std::error_code ignorato;
-    fs::remove_all(lavoro, ignorato);
-    return Errore{"La copia di sicurezza in " + finale.string() +
-                  " non è riuscita: " + errore.what() +
-                  ". I dati sono intatti; controllare lo spazio e i permessi della cartella."};
-  }
+  auto fatta = FaiCopia(percorsi, cartella, oggi.Iso(), true);
+  if (fatta) TieniUltime(cartella);
+  return fatta;
 }
 
-Esito<bool> RipristinaCopia(const fs::path& copia, const PercorsiArchivi& percorsi) {
+Esito<fs::path> EseguiCopiaDetta(const PercorsiArchivi& percorsi, const fs::path& cartella,
+                                 const std::string& nome) {
+  return FaiCopia(percorsi, cartella, nome, false);
+}
+
+PercorsiArchivi ArchiviDellaCopia(const fs::path& copia, const PercorsiArchivi& percorsi) {
+  return {copia / percorsi.tessarc.filename(), copia / percorsi.scadenzario.filename()};
+}
+
+Esito<bool> ControllaCopia(const PercorsiArchivi& copia) {
   try {
-    MotoreDi(percorsi).Rimetti(CopieIn(copia, percorsi), BasiDi(percorsi));
+    for (const fs::path& file : {copia.tessarc, copia.scadenzario}) {
+      if (!fs::exists(file)) throw std::runtime_error("manca il file " + file.string());
+      MotoreDi(copia).ControllaCopia(file, true);
+    }
     return true;
   } catch (const std::exception& errore) {
-    return Errore{"Il ripristino da " + copia.string() + " non è riuscito: " + errore.what()};
+    return Errore{errore.what()};
   }
 }
 

@@ -30,12 +30,20 @@ bool CopiaDovuta(const std::filesystem::path& cartella, Data oggi);
 Esito<std::filesystem::path> EseguiCopia(const PercorsiArchivi& percorsi,
                                          const std::filesystem::path& cartella, Data oggi);
 
-/// Copies found, newest first.
+/// The same into `cartella/nome`, which must not exist yet, and nothing is removed.
+Esito<std::filesystem::path> EseguiCopiaDetta(const PercorsiArchivi& percorsi,
+                                              const std::filesystem::path& cartella,
+                                              const std::string& nome);
+
+/// Copies of the days found, newest first.
 std::vector<std::filesystem::path> CopieEsistenti(const std::filesystem::path& cartella);
 
-/// Puts a backup back in place of the company's databases, which must not be open anywhere; the
-/// replaced ones are kept beside it with the ending ".prima".
-Esito<bool> RipristinaCopia(const std::filesystem::path& copia, const PercorsiArchivi& percorsi);
+/// Where the two databases of a company are in a copy of it.
+PercorsiArchivi ArchiviDellaCopia(const std::filesystem::path& copia,
+                                  const PercorsiArchivi& percorsi);
+
+/// Looks at every page of both databases of a copy: whole, and of this program.
+Esito<bool> ControllaCopia(const PercorsiArchivi& copia);
 
 /// Copies one database file with the engine to `destinazione` (which must not exist) and checks the
 /// copy. Used before a schema step.

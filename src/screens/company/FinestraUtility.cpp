@@ -7,7 +7,9 @@
 
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/look/Misure.h"
+#include "screens/company/PaginaCopie.h"
 #include "screens/company/PaginaNuovaDitta.h"
+#include "screens/company/PaginaUtilita.h"
 #include "screens/company/PaginaVariazione.h"
 
 namespace fenalto::screens {
@@ -16,7 +18,8 @@ FinestraUtility::FinestraUtility(Finestre& finestre)
     : FinestraFunzione(QStringLiteral("Utility"), tr("Modifica impostazioni Ditta"), finestre),
       schede_(new QTabWidget(this)),
       // In the order of PaginaDitta::Scheda.
-      pagine_{new PaginaNuovaDitta(finestre), new PaginaVariazione(finestre)} {
+      pagine_{new PaginaNuovaDitta(finestre), new PaginaVariazione(finestre),
+              new PaginaUtilita(finestre), new PaginaCopie(finestre)} {
   PreparaSchede(*schede_, QStringLiteral("SSTab1"));
   for (auto* pagina : pagine_) schede_->addTab(pagina, pagina->Titolo());
   MisuraDellaPagina(*schede_);
@@ -47,6 +50,10 @@ void FinestraUtility::ApriScheda(int scheda) {
 
 PaginaDitta* FinestraUtility::InVista() const {
   return pagine_.at(static_cast<std::size_t>(schede_->currentIndex()));
+}
+
+QString FinestraUtility::NomePerGuida() const {
+  return QStringLiteral("%1:%2").arg(Nome()).arg(static_cast<int>(InVista()->Quale()));
 }
 
 void FinestraUtility::MostraPagina() {

@@ -18,6 +18,7 @@ class FinestraUtility : public FinestraFunzione {
  public:
   explicit FinestraUtility(Finestre& finestre);
 
+  [[nodiscard]] QString NomePerGuida() const override;
   [[nodiscard]] bool InModifica() const override;
   void Abbandona() override;
   void Aggiorna() override;

@@ -139,8 +139,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("StRegistriIva"), Nuova<FinestraRegistriIva>()},
       {QStringLiteral("TestSaldi"), Nuova<FinestraTestSaldi>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
-      {QStringLiteral("Utility:0"), Nuova<FinestraUtility>()},
-      {QStringLiteral("Utility:1"), Nuova<FinestraUtility>()},
+      {QStringLiteral("Utility"), Nuova<FinestraUtility>()},
       {QStringLiteral("VisPdc"), Nuova<FinestraVisPdc>()},
   };
   for (auto& descrizione : TuttiGliArchivi()) {

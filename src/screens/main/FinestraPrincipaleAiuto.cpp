@@ -21,7 +21,8 @@ namespace {
 /// The function in which a control stands; empty for none.
 QString FunzioneDi(const QWidget* controllo) {
   for (const auto* w = controllo; w != nullptr; w = w->parentWidget()) {
-    if (const auto* finestra = qobject_cast<const FinestraFunzione*>(w)) return finestra->Nome();
+    if (const auto* finestra = qobject_cast<const FinestraFunzione*>(w))
+      return finestra->NomePerGuida();
     if (w->objectName() == QLatin1String("CercaFunzione")) return w->objectName();
   }
   return {};
@@ -171,7 +172,7 @@ void FinestraPrincipale::AiutoContestuale() {
   QString campo = funzione.isEmpty() ? QString() : NomeCampo(controllo);
   if (funzione.isEmpty()) {
     const auto aperte = FinestreAperte();
-    funzione = aperte.isEmpty() ? QStringLiteral("Sfondo") : aperte.last()->Nome();
+    funzione = aperte.isEmpty() ? QStringLiteral("Sfondo") : aperte.last()->NomePerGuida();
   }
   const auto posto = help::CapitoloDi(funzione.toStdString());
   ApriGuida(Qs(posto.file), Qs(posto.ancora), campo);

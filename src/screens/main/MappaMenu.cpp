@@ -141,6 +141,8 @@ constexpr auto kVoci = std::to_array<VoceMenu>({
      -1, Esclusiva::ChiuderePrimaLeAltre},
     {"Impostazioni/Chiusure/Aperture", "Compattamento database ed utilità", "Utility", 99, 2,
      Esclusiva::ChiuderePrimaLeAltre, "ApreUtility2"},
+    {"Impostazioni/Chiusure/Aperture", "Copie di sicurezza", "Utility", 99, 3,
+     Esclusiva::ChiuderePrimaLeAltre, "ApreUtility3"},
     {"Impostazioni/Chiusure/Aperture", "Eliminazione Registrazioni o Anno", "NuovoEsercizio", 99, 1,
      Esclusiva::ChiuderePrimaLeAltre},
     {"Impostazioni/Chiusure/Aperture", "Abilitazione password", "@AbilitaPassword", 0, -1,
@@ -229,6 +231,8 @@ constexpr auto kSinonimi = std::to_array<RigaSinonimi>({
     {"Utility", "nuova azienda; creare ditta; crea la tua ditta", 0},
     {"Utility",
      "impostazioni; dati della ditta; partita iva; opzioni; rinomina ditta; elimina ditta", 1},
+    {"Utility", "compattare; riparare archivi; password; vidimare; pagine numerate", 2},
+    {"Utility", "backup; ripristino; salvataggio; tornare indietro; ripristinare", 3},
     {"Ut", "password; permessi; accessi"},
 });
 

@@ -149,16 +149,7 @@ bool RegistroIvaUnico::EliminaLiquidazioni() {
     return false;
   }
   const auto elimina = [&] {
-    const std::string condizione = sql::Criterio("anno", "=", anno);
-    // Printed again, the first period begins with what it began with, not with what the last left.
-    ScriviCreditoIva(io.ambiente, CreditoPrimaDi(io.ambiente, anno));
-    io.tessarc.Esegui("delete * from UltProtStRegIva where " + condizione);
-    io.tessarc.Esegui("delete * from ChiusureIva where " + condizione);
-    io.tessarc.Esegui("DELETE * FROM CHIUSIVA WHERE " + condizione);
-    // With no period left, the ranges are proposed from the beginning again.
-    if (io.tessarc.Singolo("SELECT Count(*) FROM UltProtStRegIva").Intero() == 0) {
-      io.tessarc.Esegui("UPDATE RegistriIva SET UltProtSt=0");
-    }
+    EliminaLiquidazioniDi(io.ambiente, anno);
     return std::string();
   };
   const bool eliminate = records::Esegui(

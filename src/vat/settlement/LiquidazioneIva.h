@@ -103,6 +103,10 @@ void MemorizzaLiquidazione(Ambiente& ambiente, const Liquidazione& liquidazione,
 /// year's settlements are erased; that on hand now when the year has none, or when a later year is
 /// settled, whose credit it is.
 Importo CreditoPrimaDi(Ambiente& ambiente, int anno);
+/// Erases the stored settlements of a year, in the caller's transaction under the numbering lock.
+/// Printed again, the first period begins with what it began with, not with what the last left:
+/// that credit is on hand again, and returned.
+Importo EliminaLiquidazioniDi(Ambiente& ambiente, int anno);
 /// Puts a credit on hand for the next period.
 void ScriviCreditoIva(Ambiente& ambiente, Importo credito);
 

@@ -201,6 +201,21 @@ Importo CreditoPrimaDi(Ambiente& ambiente, int anno) {
   return InValuta(credito, euro, rimastaEuro);
 }
 
+Importo EliminaLiquidazioniDi(Ambiente& ambiente, int anno) {
+  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
+  const std::string condizione = sql::Criterio("anno", "=", anno);
+  const Importo credito = CreditoPrimaDi(ambiente, anno);
+  ScriviCreditoIva(ambiente, credito);
+  tessarc.Esegui("delete * from UltProtStRegIva where " + condizione);
+  tessarc.Esegui("delete * from ChiusureIva where " + condizione);
+  tessarc.Esegui("delete * from ChiusIva where " + condizione);
+  // With no period left, the ranges are proposed from the beginning again.
+  if (tessarc.Singolo("SELECT Count(*) FROM UltProtStRegIva").Intero() == 0) {
+    tessarc.Esegui("UPDATE RegistriIva SET UltProtSt=0");
+  }
+  return credito;
+}
+
 void ScriviCreditoIva(Ambiente& ambiente, Importo credito) {
   PreparaCredito(ambiente);
   ambiente.ArchivioDi("tessarc").Esegui(

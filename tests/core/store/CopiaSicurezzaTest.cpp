@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "core/store/BasiDiProva.h"
+#include "core/store/CambioArchivi.h"
 #include "core/store/CopiaSicurezza.h"
 
 namespace fenalto {
@@ -217,7 +218,7 @@ TEST_F(CopiaSicurezzaTest, GoingBackToACopy) {
   std::ofstream(vuota / "Scad32.mdb") << "spazzatura che non è un archivio";
   EXPECT_FALSE(RipristinaCopia(vuota, percorsi));
   EXPECT_EQ(Contenuto(percorsi), "5/5 5/5");
-  EXPECT_FALSE(fs::exists(percorsi.tessarc.string() + ".nuovo"));
+  EXPECT_FALSE(fs::exists(cartella / ".cambio"));
 
   // What can't be put in place leaves both as they were.
   fs::create_directories(percorsi.scadenzario.string() + ".prima/piena");

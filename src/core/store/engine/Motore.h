@@ -56,10 +56,30 @@ class Motore {
   /// Looks at every page of a copy; `propria`: also whether it is of this program. Throws
   /// std::runtime_error.
   virtual void ControllaCopia(const std::filesystem::path& copia, bool propria) const = 0;
-  /// Puts copies in place of the databases, which nobody has open: all of them or none. What they
-  /// replace stays beside, with the ending ".prima". Throws std::exception.
-  virtual void Rimetti(const std::vector<std::filesystem::path>& copie,
-                       const std::vector<Base>& basi) const = 0;
+
+  // --- Databases made anew, to take the place of those that are there ---
+  //
+  // First they are made beside the others (Prepara, Compatta), where they can be opened and looked
+  // at; then, when nobody has the company open, Cambia puts all of them in place or none, wherever
+  // the process is killed. Where they are made stands in the order of the bases.
+
+  /// Copies that ControllaCopia has found whole. Throws std::exception.
+  virtual std::vector<std::filesystem::path> Prepara(
+      const std::vector<std::filesystem::path>& copie, const std::vector<Base>& basi) const = 0;
+  /// The databases themselves without the room that they waste: whole before, whole after, with as
+  /// many rows in each table. Throws std::exception.
+  virtual std::vector<std::filesystem::path> Compatta(const std::vector<Base>& basi) const = 0;
+  /// Throws std::exception, and then the databases are as they were. What they replace stays aside.
+  virtual void Cambia(const std::vector<Base>& basi) const = 0;
+  /// Finishes a change in whose middle a process was killed; asked before a company is opened.
+  /// Throws std::exception.
+  virtual void FinisciCambio(const std::vector<Base>& basi) const = 0;
+  /// Puts what was replaced back. Throws std::exception.
+  virtual void TornaIndietro(const std::vector<Base>& basi) const = 0;
+  /// Takes away what was made and not put in place.
+  virtual void Scarta(const std::vector<Base>& basi) const noexcept = 0;
+  /// Takes away what was replaced.
+  virtual void TogliPrima(const std::vector<Base>& basi) const noexcept = 0;
 };
 
 }  // namespace fenalto::engine

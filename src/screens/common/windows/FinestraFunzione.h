@@ -30,6 +30,8 @@ class FinestraFunzione : public QWidget, public EsportatoreGriglie, public Segua
   FinestraFunzione(const QString& nome, const QString& titolo, Finestre& finestre);
 
   [[nodiscard]] QString Nome() const { return objectName(); }
+  /// What the guide knows it by: the name, "NAME:SCHEDA" where pages have chapters of their own.
+  [[nodiscard]] virtual QString NomePerGuida() const { return Nome(); }
   /// The frame that the window lies in; null while it is in none.
   [[nodiscard]] QMdiSubWindow* Cornice() const;
   /// A record of the window is open with changes that would be lost.

@@ -2,9 +2,12 @@
 
 #include <sqlite3.h>
 
+#include <map>
 #include <stdexcept>
+#include <string>
 
 #include "core/store/engine/Disco.h"
+#include "core/store/engine/sqlite/CambioFile.h"
 #include "core/store/engine/sqlite/ConnessioneSqlite.h"
 #include "core/store/engine/sqlite/DialettoSqlite.h"
 #include "core/store/engine/sqlite/FunzioniSqlite.h"
@@ -43,18 +46,24 @@ class ConnessioneCopia {
   void Esegui(const std::string& sql) {
     if (sqlite3_exec(motore_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fallisci();
   }
-  std::string Singolo(const std::string& sql) {
+  /// First column of all rows.
+  std::vector<std::string> Tutti(const std::string& sql) {
     sqlite3_stmt* istruzione = nullptr;
     if (sqlite3_prepare_v2(motore_, sql.c_str(), -1, &istruzione, nullptr) != SQLITE_OK) Fallisci();
-    std::string valore;
-    const int esito = sqlite3_step(istruzione);
-    if (esito == SQLITE_ROW) {
+    std::vector<std::string> valori;
+    int esito = sqlite3_step(istruzione);
+    for (; esito == SQLITE_ROW; esito = sqlite3_step(istruzione)) {
       const auto* testo = sqlite3_column_text(istruzione, 0);
-      if (testo != nullptr) valore = reinterpret_cast<const char*>(testo);
+      valori.emplace_back(testo != nullptr ? reinterpret_cast<const char*>(testo) : "");
     }
     sqlite3_finalize(istruzione);
-    if (esito != SQLITE_ROW && esito != SQLITE_DONE) Fallisci();
-    return valore;
+    if (esito != SQLITE_DONE) Fallisci();
+    return valori;
+  }
+  /// First column of the first row; empty when there is none.
+  std::string Singolo(const std::string& sql) {
+    const std::vector<std::string> valori = Tutti(sql);
+    return valori.empty() ? std::string() : valori.front();
   }
   [[noreturn]] void Fallisci() const {
     throw std::runtime_error("copia di " + file_.string() + ": " + sqlite3_errmsg(motore_));
@@ -88,13 +97,52 @@ void ControllaIntegrita(const fs::path& copia) {
   }
 }
 
-struct DaRimettere {
-  fs::path copia;
-  fs::path archivio;
-  bool messoVia = false;
-  bool giornaleVia = false;
-  bool rimesso = false;
-};
+/// Rows of each table, the store's own too; by name.
+std::map<std::string, std::string> RigheDi(ConnessioneCopia& aperta) {
+  std::map<std::string, std::string> righe;
+  for (const std::string& nome : aperta.Tutti(
+           "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'")) {
+    righe[nome] = aperta.Singolo("SELECT count(*) FROM " + DialettoSqlite().Nome(nome));
+  }
+  return righe;
+}
+
+/// Pages and indexes are whole and agree; else what the engine found first.
+void ControllaTutto(ConnessioneCopia& aperta, const fs::path& file) {
+  const std::string trovato = aperta.Singolo("PRAGMA integrity_check(1)");
+  if (trovato == "ok") return;
+  throw std::runtime_error("l'archivio " + file.string() + " è danneggiato (" + trovato +
+                           "): ripristinare una copia");
+}
+
+void CompattaUno(const fs::path& archivio, const fs::path& destinazione) {
+  ConnessioneCopia origine(archivio, SQLITE_OPEN_READWRITE);
+  ControllaTutto(origine, archivio);
+  const auto prima = RigheDi(origine);
+  origine.Esegui("VACUUM INTO " + DialettoSqlite().Testo(destinazione.string()));
+  ConnessioneCopia compatto(destinazione, SQLITE_OPEN_READWRITE);
+  ControllaTutto(compatto, destinazione);
+  const auto dopo = RigheDi(compatto);
+  for (const auto& [tabella, righe] : prima) {
+    const auto trovata = dopo.find(tabella);
+    const std::string adesso = trovata == dopo.end() ? "nessuna" : trovata->second;
+    if (adesso != righe) {
+      throw std::runtime_error("la tabella " + tabella + " aveva " + righe + " righe e ne ha " +
+                               adesso);
+    }
+  }
+}
+
+/// Empties the folders in which databases are prepared; where each is to be made.
+std::vector<fs::path> PostiNuovi(const std::vector<fs::path>& archivi) {
+  TogliPreparati(archivi);
+  std::vector<fs::path> posti;
+  for (const fs::path& archivio : archivi) {
+    posti.push_back(PreparatoPer(archivio));
+    fs::create_directories(posti.back().parent_path());
+  }
+  return posti;
+}
 
 }  // namespace
 
@@ -125,44 +173,24 @@ void ControllaCopiaFile(const fs::path& copia, bool propria) {
   }
 }
 
-void RimettiFile(const std::vector<fs::path>& copie, const std::vector<Base>& basi) {
-  std::vector<DaRimettere> coppie;
-  for (std::size_t i = 0; i < basi.size(); ++i) coppie.push_back({copie[i], basi[i].luogo});
-  const auto nuovo = [](const DaRimettere& c) { return c.archivio.string() + ".nuovo"; };
-  const auto prima = [](const DaRimettere& c) { return c.archivio.string() + ".prima"; };
-  try {
-    // Everything that can fail on the copy's side is tried before anything is replaced.
-    for (const DaRimettere& c : coppie) {
-      ControllaCopiaFile(c.copia, true);
-      fs::copy_file(c.copia, nuovo(c), fs::copy_options::overwrite_existing);
-      Sincronizza(nuovo(c));
-    }
-    for (DaRimettere& c : coppie) {
-      // The journal goes with its database: the new one mustn't find it.
-      fs::remove(Giornale(prima(c)));
-      if (fs::exists(Giornale(c.archivio))) {
-        fs::rename(Giornale(c.archivio), Giornale(prima(c)));
-        c.giornaleVia = true;
-      }
-      if (!fs::exists(c.archivio)) continue;
-      fs::rename(c.archivio, prima(c));
-      c.messoVia = true;
-    }
-    for (DaRimettere& c : coppie) {
-      fs::rename(nuovo(c), c.archivio);
-      c.rimesso = true;
-    }
-    for (const DaRimettere& c : coppie) Sincronizza(fs::absolute(c.archivio).parent_path());
-  } catch (...) {
-    // Both as they were: one of each instant would be worse than either.
-    std::error_code ignorato;
-    for (const DaRimettere& c : coppie) {
-      fs::remove(c.rimesso ? c.archivio : fs::path(nuovo(c)), ignorato);
-      if (c.messoVia) fs::rename(prima(c), c.archivio, ignorato);
-      if (c.giornaleVia) fs::rename(Giornale(prima(c)), Giornale(c.archivio), ignorato);
-    }
-    throw;
+std::vector<fs::path> PreparaFile(const std::vector<fs::path>& copie,
+                                  const std::vector<fs::path>& archivi) {
+  std::vector<fs::path> posti = PostiNuovi(archivi);
+  for (std::size_t i = 0; i < copie.size(); ++i) {
+    fs::copy_file(copie[i], posti[i]);
+    fs::permissions(posti[i], fs::perms::owner_write, fs::perm_options::add);
+    Sincronizza(posti[i]);
   }
+  return posti;
+}
+
+std::vector<fs::path> CompattaFile(const std::vector<fs::path>& archivi) {
+  std::vector<fs::path> posti = PostiNuovi(archivi);
+  for (std::size_t i = 0; i < archivi.size(); ++i) {
+    CompattaUno(archivi[i], posti[i]);
+    Sincronizza(posti[i]);
+  }
+  return posti;
 }
 
 }  // namespace fenalto::engine::sqlite

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "core/store/engine/sqlite/BlocchiFile.h"
+#include "core/store/engine/sqlite/CambioFile.h"
 #include "core/store/engine/sqlite/ConnessioneSqlite.h"
 #include "core/store/engine/sqlite/CopiaSqlite.h"
 #include "core/store/engine/sqlite/DialettoSqlite.h"
@@ -46,6 +47,12 @@ Esito<bool> VerificaFile(const fs::path& file) {
                   " non si può scrivere: dare il permesso di scrittura alla cartella"};
   }
   return true;
+}
+
+std::vector<fs::path> FileDi(const std::vector<Base>& basi) {
+  std::vector<fs::path> file;
+  for (const Base& base : basi) file.push_back(base.luogo);
+  return file;
 }
 
 class MotoreFile final : public Motore {
@@ -97,8 +104,23 @@ class MotoreFile final : public Motore {
   void ControllaCopia(const fs::path& copia, bool propria) const override {
     ControllaCopiaFile(copia, propria);
   }
-  void Rimetti(const std::vector<fs::path>& copie, const std::vector<Base>& basi) const override {
-    RimettiFile(copie, basi);
+  [[nodiscard]] std::vector<fs::path> Prepara(const std::vector<fs::path>& copie,
+                                              const std::vector<Base>& basi) const override {
+    return PreparaFile(copie, FileDi(basi));
+  }
+  [[nodiscard]] std::vector<fs::path> Compatta(const std::vector<Base>& basi) const override {
+    return CompattaFile(FileDi(basi));
+  }
+  void Cambia(const std::vector<Base>& basi) const override { CambiaFile(FileDi(basi)); }
+  void FinisciCambio(const std::vector<Base>& basi) const override {
+    sqlite::FinisciCambio(FileDi(basi));
+  }
+  void TornaIndietro(const std::vector<Base>& basi) const override { RimettiPrima(FileDi(basi)); }
+  void Scarta(const std::vector<Base>& basi) const noexcept override {
+    TogliPreparati(FileDi(basi));
+  }
+  void TogliPrima(const std::vector<Base>& basi) const noexcept override {
+    sqlite::TogliPrima(FileDi(basi));
   }
 };
 
