@@ -2,6 +2,7 @@
 
 #include "core/session/CreaDitta.h"
 #include "demo/AnagraficheDemo.h"
+#include "demo/CespitiDemo.h"
 #include "demo/LibroDemo.h"
 
 namespace fenalto::demo {
@@ -38,6 +39,7 @@ Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) 
     ScriviAnagraficheDemo(ambiente, dialoghi);
     libro.PrimoAnno(corrente - 1);
     libro.SecondoAnno(corrente);
+    ScriviCespitiDemo(ambiente, dialoghi, corrente);
     transazione.Conferma();
   } catch (const ErroreArchivio& e) {
     return Errore{std::string("la ditta Demo è stata creata, ma senza registrazioni: ") + e.what()};

@@ -54,6 +54,8 @@ constexpr auto kFunzioni = std::to_array<RigaFunzione>({
     {"Utility:3", "23-copie-di-sicurezza.md"},
     {"STBilancioVerifica", "17-bilanci.md"},
     {"StGiornale", "18-libro-giornale.md"},
+    {"Cespiti", "26-cespiti.md"},
+    {"CategorieCespiti", "26-cespiti.md", "le-categorie"},
     {"Importa", "20-importare.md"},
     {"Ut", "21-utenti-e-livelli.md"},
 });

@@ -124,6 +124,8 @@ TEST_F(ModelloDitta, OgniCodiceNominatoEsiste) {
       {"Ritenute", "Conto", "Conti"},
       {"Ritenute", "Causale", "Causali"},
       {"TipiFattureCli", "CausaleMag", "CausaliMag"},
+      {"CategorieCespiti", "ContoAmm", "Conti"},
+      {"CategorieCespiti", "ContoFondo", "Conti"},
   };
   for (const auto& l : legami) {
     const std::string campo = l.campo;

@@ -31,6 +31,7 @@ constexpr auto kEsempi = std::to_array<Esempio>({
     {"InterrCliFor", "tessarc", "SELECT Min(Cod) FROM Fornitori", "F"},
     {"ScadenzeModifica", "tessarc",
      "SELECT Max(NumDoc) FROM Articoli WHERE Anno=2024 AND Riva<>''"},
+    {"Cespiti", "tessarc", "SELECT Min(NCesp) FROM Cespiti"},
     {"VisPdc", "tessarc", "SELECT Min(Cod) FROM Conti"},
 });
 

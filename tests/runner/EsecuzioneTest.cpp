@@ -81,7 +81,7 @@ TEST_F(EsecuzioneTest, FallisceAllaRigaEConIlMotivo) {
   } casi[] = {
       {"clic Pippo", "window Principale has: Aggiornamento, Anno, "},
       {"apri Pippo", "no menu entry"},
-      {"apri CategorieCespiti", "disabled"},
+      {"apri TipiRiclassificazione", "disabled"},
       {"rifiuta Movimenti", "came up"},
       {"menu Pippo", "does not exist"},
       {"finestra Movimenti", "open are: Principale"},

@@ -111,6 +111,24 @@ TEST_F(FattureTest, DescrizioneSegueFinoAChiLaTocca) {
   EXPECT_EQ(f.Testa().Testo("Descrizionex"), "FATT.15 Del 16/03/2024");
 }
 
+TEST_F(FattureTest, UnAcquistoDiBeniChiedeIlCespite) {
+  int nFat = 100;
+  const auto registra = [&](const char* conto) {
+    vat::RegistrazioneIva f(ambiente);
+    FatturaDaScrivere acquisto = Acquisto();
+    acquisto.righe = {{conto, "22", I("1000")}};
+    acquisto.nFat = std::to_string(++nFat);
+    EXPECT_TRUE(Digita(f, acquisto));
+    EXPECT_TRUE(f.Conferma());
+    return f.CespiteChiesto();
+  };
+  EXPECT_FALSE(registra("540.005"));
+  for (const bool si : {true, false}) {
+    dialoghi.Rispondera("Si vuole inserire un nuovo cespite ?", si ? Risposta::Si : Risposta::No);
+    EXPECT_EQ(registra("210.005"), si);
+  }
+}
+
 TEST_F(FattureTest, ProposteDiNumeriECorrispettivi) {
   ASSERT_NE(Inserisci(Con(Vendita(), "NProt", "41")), 0);
   vat::RegistrazioneIva f(ambiente);

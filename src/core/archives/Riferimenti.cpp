@@ -31,6 +31,8 @@ constexpr const char* kDocumenti = FENALTO_IN_QUANTO "documenti che lo usano";
 constexpr const char* kRigheDocumenti = FENALTO_IN_QUANTO "righe di documenti che lo usano";
 constexpr const char* kTipiDocumento = FENALTO_IN_QUANTO "tipi documento che lo usano";
 constexpr const char* kMovimentiMag = FENALTO_IN_QUANTO "movimenti di magazzino che lo usano";
+constexpr const char* kCespiti = FENALTO_IN_QUANTO "cespiti che lo usano";
+constexpr const char* kCategorieCespiti = FENALTO_IN_QUANTO "categorie di cespiti che lo usano";
 constexpr const char* kCausaleMag =
     "il codice non si può variare perchè esistono già movimenti magazzino con questa causale o "
     "sono previsti tipi documento";
@@ -120,6 +122,11 @@ constexpr Riferimento kTavola[] = {
     {"Fornitori", kS, "Scadenze", "Conto", "CFP='F'", kScadenze},
     {"Fornitori", kC, "FattureCli", "CliFor", "CFP='F'", kDocumenti},
     {"Fornitori", kC, "TipiFattureCli", "CliFor", "CFP='F'", kTipiDocumento},
+
+    {"CategorieCespiti", kC, "Cespiti", "Cat", "", kCespiti},
+    {"CategorieCespiti", kC, "MovCesp_r", "Cat", "", kCespiti},
+    {"Conti", kC, "CategorieCespiti", "ContoAmm", "", kCategorieCespiti},
+    {"Conti", kC, "CategorieCespiti", "ContoFondo", "", kCategorieCespiti},
 
     {"Banche", kS, "Scadenze", "BancaPresentaz", "", kScadenze},
 };

@@ -15,7 +15,8 @@
 namespace fenalto::records {
 
 /// Issued documents first: their confirmation goes on to write registrations.
-inline constexpr std::array<std::string_view, 2> kOrdineNumerazioni = {"FATTURECLI", "ARTICOLI"};
+inline constexpr std::array<std::string_view, 3> kOrdineNumerazioni = {"FATTURECLI", "ARTICOLI",
+                                                                       "CESPITI"};
 
 /// Held until destroyed.
 class Numerazioni {

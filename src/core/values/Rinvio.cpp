@@ -27,4 +27,11 @@ Rinvio AlNumero(const std::string& funzione, std::int64_t numero, int anno) {
   return {.funzione = funzione, .codice = std::to_string(numero), .anno = anno};
 }
 
+Rinvio AlNuovoCespite(int anno, std::int64_t numero) {
+  return {.funzione = "Cespiti",
+          .codice = std::to_string(numero),
+          .anno = anno,
+          .classe = kCespiteDaFattura};
+}
+
 }  // namespace fenalto

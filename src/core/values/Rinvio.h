@@ -33,4 +33,9 @@ Rinvio AllArchivio(const std::string& tabella, const std::string& codice);
 /// To a record that has a number.
 Rinvio AlNumero(const std::string& funzione, std::int64_t numero, int anno = 0);
 
+/// Class of a reference to a purchase invoice from which an asset's card is to be filled.
+inline constexpr const char* kCespiteDaFattura = "FATTURA";
+/// To a new asset, filled from a registration.
+Rinvio AlNuovoCespite(int anno, std::int64_t numero);
+
 }  // namespace fenalto

@@ -51,6 +51,7 @@ void Primanota::Interno::ChiudiRecord() noexcept {
   righe.Carica({});
   righeLette.clear();
   totali = {};
+  origine = Origine::Manuale;
 }
 
 bool Primanota::Interno::Ferma() {
@@ -201,6 +202,34 @@ void Primanota::Duplica(std::int64_t articolo, int anno) {
   io.righe.Sostituisci(std::move(righe));
   io.totali = totali;
   io.contropAutomatiche = false;
+}
+
+void Primanota::Proponi(const PropostaRegistrazione& proposta) {
+  Interno& io = *interno_;
+  Nuovo();
+  std::vector<RigaPrimanota> righe;
+  for (const RigaRegistrazione& r : proposta.righe) {
+    RigaPrimanota riga;
+    riga.posi = r.posi;
+    riga.causale = r.causale;
+    riga.descrizione = r.descrizione;
+    riga.cfp = r.cfp;
+    riga.conto = r.conto;
+    riga.impoDare = r.dare;
+    riga.impoAvere = r.avere;
+    riga.cfpControp = r.cfpControp;
+    riga.contoControp = r.contoControp;
+    io.Descrivi(riga);
+    righe.push_back(std::move(riga));
+  }
+  bool leggibili = false;
+  const TotaliPrimanota totali = TotaliLeggibili(righe, io.ambiente, leggibili);
+  if (!leggibili) return;
+  io.testa.Scrivi("Dt", proposta.dt);
+  io.righe.Sostituisci(std::move(righe));
+  io.totali = totali;
+  io.contropAutomatiche = false;
+  io.origine = proposta.origine;
 }
 
 // --- Attachments -----------------------------------------------------------------------------

@@ -15,6 +15,7 @@
 
 #include "core/records/DocumentoAperto.h"
 #include "ledger/accounts/SaldoConto.h"
+#include "ledger/registrations/RegistrazioneAutomatica.h"
 
 namespace fenalto::ledger {
 
@@ -46,6 +47,13 @@ struct ModelloPrimanota {
   std::string descrArtDupl;
   std::string conto;
   std::string contoA;
+};
+
+/// A registration that a function proposes, to be looked at and confirmed as any other.
+struct PropostaRegistrazione {
+  Data dt;
+  Origine origine = Origine::Manuale;
+  std::vector<RigaRegistrazione> righe = {};
 };
 
 /// A document attached to a registration.
@@ -127,6 +135,8 @@ class Primanota {
   [[nodiscard]] std::vector<ModelloPrimanota> Modelli();
   /// Copies a model's rows into the new registration; its contra-entries stay as they are.
   void Duplica(std::int64_t articolo, int anno);
+  /// A new registration with those rows and contra-entries; once confirmed it bears their origin.
+  void Proponi(const PropostaRegistrazione& proposta);
 
   // --- Attachments ------------------------------------------------------------------------------
 

@@ -51,17 +51,19 @@ std::int64_t Primanota::Interno::ScriviTestata(std::int64_t numero) {
     dare.Vedi(r, r.impoDare);
     avere.Vedi(r, r.impoAvere);
   }
-  const std::vector<Coppia> campi = {{"Anno", anno},
-                                     {"NumDoc", numero},
-                                     {"Dt", testa.Leggi("Dt").Data()},
-                                     {"CFP", dare.cfp},
-                                     {"Conto", dare.conto},
-                                     {"CfpA", avere.cfp},
-                                     {"ContoA", avere.conto},
-                                     {"Duplicabile", testa.Leggi("Duplicabile").Booleano()},
-                                     {"DescrArtDupl", testa.Testo("DescrArtDupl")}};
-  if (documento.Nuovo()) return tessarc.Inserisci("Articoli", campi);
-
+  std::vector<Coppia> campi = {{"Anno", anno},
+                               {"NumDoc", numero},
+                               {"Dt", testa.Leggi("Dt").Data()},
+                               {"CFP", dare.cfp},
+                               {"Conto", dare.conto},
+                               {"CfpA", avere.cfp},
+                               {"ContoA", avere.conto},
+                               {"Duplicabile", testa.Leggi("Duplicabile").Booleano()},
+                               {"DescrArtDupl", testa.Testo("DescrArtDupl")}};
+  if (documento.Nuovo()) {
+    campi.emplace_back("CREATOINAUTOMATICO", static_cast<int>(origine));
+    return tessarc.Inserisci("Articoli", campi);
+  }
   AggiornaTestata(tessarc, idRecord, numeroRecord, campi);
   return idRecord;
 }

@@ -89,6 +89,8 @@ struct Primanota::Interno {
   std::optional<VoceConto> TrovaConto(std::string_view cfp, std::string_view cod);
   /// Checks of ConfermaRiga, in order; takes codes as their archives write them.
   std::optional<Rifiuto> RifiutoRiga();
+  /// Gives a row the texts of its codes.
+  void Descrivi(RigaPrimanota& una);
   /// The open row as typed, with its texts.
   RigaPrimanota RigaDigitata();
 
@@ -112,6 +114,7 @@ struct Primanota::Interno {
   TotaliPrimanota totali;
 
   bool contropAutomatiche = true;
+  Origine origine = Origine::Manuale;  ///< of a new registration
   int anno = 0;
   std::int64_t numeroRecord = 0;  ///< as stored; 0 of a new registration
   std::int64_t idRecord = 0;

@@ -329,13 +329,16 @@ std::optional<Rifiuto> Primanota::Interno::RifiutoRiga() {
   return CodiceIgnotoDi(ambiente, digitata, !contropAutomatiche);
 }
 
+void Primanota::Interno::Descrivi(RigaPrimanota& una) {
+  una.descrCausale =
+      NzStr(ambiente.Cerca("tessarc", "CAUSALI", {{"Cod", una.causale}}, "Descrizione"));
+  una.descrConto = NzStr(ambiente.Cerca("tessarc", "CONTICLIENTIFORNITORI",
+                                        {{"Cod", una.conto}, {"CFP", una.cfp}}, "Descrizione"));
+}
+
 RigaPrimanota Primanota::Interno::RigaDigitata() {
   RigaPrimanota digitata = righe.Digitata();
-  digitata.descrCausale =
-      NzStr(ambiente.Cerca("tessarc", "CAUSALI", {{"Cod", digitata.causale}}, "Descrizione"));
-  digitata.descrConto =
-      NzStr(ambiente.Cerca("tessarc", "CONTICLIENTIFORNITORI",
-                           {{"Cod", digitata.conto}, {"CFP", digitata.cfp}}, "Descrizione"));
+  Descrivi(digitata);
   return digitata;
 }
 

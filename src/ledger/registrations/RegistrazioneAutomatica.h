@@ -26,7 +26,8 @@ enum class Origine {
   GiroCorrispettivi = 42,
   ReverseCharge = 51,
   BollaDoganale = 52,
-  RitenutaAcconto = 53
+  RitenutaAcconto = 53,
+  QuoteCespiti = 61  ///< depreciation of a year, confirmed by the user
 };
 
 /// Next number of a registration of a year: the greatest plus 1.

@@ -60,6 +60,12 @@ void FinestraMovimenti::Nuovo() {
   MostraRegistrazione();
 }
 
+void FinestraMovimenti::Proponi(const ledger::PropostaRegistrazione& proposta) {
+  if (!Lascia()) return;
+  primanota_.Proponi(proposta);
+  MostraRegistrazione();
+}
+
 void FinestraMovimenti::PrendiModello(std::int64_t articolo, int anno) {
   if (!primanota_.Nuova()) Nuovo();
   if (!primanota_.Nuova()) return;

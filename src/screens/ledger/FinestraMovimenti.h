@@ -16,6 +16,9 @@ class FinestraMovimenti : public FinestraDuePagine {
   explicit FinestraMovimenti(Finestre& finestre);
   ~FinestraMovimenti() override;
 
+  /// Begins a registration with the rows that a function proposes, after leaving the open one.
+  void Proponi(const ledger::PropostaRegistrazione& proposta);
+
  protected:
   void Apri(std::int64_t numero) override;
   void ChiudiRecord() override;

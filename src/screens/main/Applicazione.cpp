@@ -11,6 +11,7 @@
 #include <QTranslator>
 
 #include "screens/archives/FinestraImporta.h"
+#include "screens/assets/FinestraCespiti.h"
 #include "screens/common/archive/FinestraArchivio.h"
 #include "screens/common/look/Icone.h"
 #include "screens/common/look/Stile.h"
@@ -107,6 +108,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
   FinestraPrincipale::Costruttori costruttori{
       {QStringLiteral("AbbinaEstratto"), Nuova<FinestraEstrattoBanca>()},
       {QStringLiteral("AccontiPrimaDiFattura"), Nuova<FinestraAnticipi>()},
+      {QStringLiteral("Cespiti"), Nuova<FinestraCespiti>()},
       {QStringLiteral("Clienti"), Nuova<FinestraClienti>()},
       {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
       {QStringLiteral("Fatture"),

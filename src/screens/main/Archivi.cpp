@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "assets/CategorieCespiti.h"
 #include "documents/parties/ArchiviParti.h"
 #include "documents/types/ArchiviDocumenti.h"
 #include "duedates/codes/ArchiviScadenze.h"
@@ -14,9 +15,10 @@ namespace fenalto::screens {
 
 std::vector<archives::DescrizioneArchivio> TuttiGliArchivi() {
   std::vector<archives::DescrizioneArchivio> tutti;
-  for (auto stanza : {ledger::ArchiviContabili, ledger::ArchiviPianoDeiConti, vat::ArchiviIva,
-                      duedates::ArchiviScadenze, documents::ArchiviDocumenti,
-                      documents::ArchiviParti, warehouse::ArchiviMagazzino}) {
+  for (auto stanza :
+       {ledger::ArchiviContabili, ledger::ArchiviPianoDeiConti, vat::ArchiviIva,
+        duedates::ArchiviScadenze, documents::ArchiviDocumenti, documents::ArchiviParti,
+        warehouse::ArchiviMagazzino, assets::ArchiviCespiti}) {
     auto suoi = stanza();
     std::move(suoi.begin(), suoi.end(), std::back_inserter(tutti));
   }

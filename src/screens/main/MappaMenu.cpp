@@ -227,6 +227,10 @@ constexpr auto kSinonimi = std::to_array<RigaSinonimi>({
     {"RiBaRaggruppamento", "ricevute bancarie; accorpare"},
     {"InsolutiRiba", "insoluti; ricevute tornate"},
     {"AbbinaEstratto", "banca; estratto conto bancario; riconciliazione; CAMT"},
+    {"Cespiti",
+     "ammortamenti; beni ammortizzabili; immobilizzazioni; registro cespiti; quote; fondo "
+     "ammortamento; plusvalenza"},
+    {"CategorieCespiti", "aliquote di ammortamento; coefficienti ministeriali"},
     {"@SelezioneArchivi", "cambia ditta; cambia anno; altra ditta"},
     {"Utility", "nuova azienda; creare ditta; crea la tua ditta", 0},
     {"Utility",

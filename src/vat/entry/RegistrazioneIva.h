@@ -127,6 +127,8 @@ class RegistrazioneIva {
   /// control to go to when a check stopped it.
   bool Conferma(std::string* campo = nullptr);
   [[nodiscard]] std::int64_t NumeroConfermato() const;
+  /// The user wants to enter the asset that the last confirmed purchase was about.
+  [[nodiscard]] bool CespiteChiesto() const;
   /// Deletes the open registration after its question.
   bool Elimina();
   void Abbandona();

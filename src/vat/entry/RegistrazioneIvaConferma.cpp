@@ -249,6 +249,7 @@ void RegistrazioneIva::Interno::ScriviAutomatiche(Scritta& scritta) {
 RegistrazioneIva::Interno::Scritta RegistrazioneIva::Interno::Scrivi() {
   Scritta scritta;
   scritta.descrConto = ledger::NomeConto(ambiente, T("CFPx"), T("Contox"));
+  scritta.conCespite = DiCespite();
   scritta.nProt =
       NProtForzato() != 0 ? NProtForzato() : ProssimoNProt(ambiente, anno, registro.cod);
   scritta.numDoc = testa.Leggi("NumDoc").Intero();
@@ -300,8 +301,18 @@ void RegistrazioneIva::Interno::Annuncia(const Scritta& scritta) {
   if (!log.empty()) ambiente.Dialogo().Annuncia(log);
 }
 
+/// Whoever can't open the assets isn't asked.
+bool RegistrazioneIva::Interno::DiCespite() const {
+  constexpr int kLivelloCespiti = 99;
+  return documento.Nuovo() && Tipo({"03"}) && ambiente.HaDiritto(kLivelloCespiti) &&
+         std::ranges::any_of(righe.Tutte(), [this](const RigaIva& una) {
+           return ambiente.Esiste("tessarc", "Conti", {{"Cod", una.conto}, {"Cespite", true}});
+         });
+}
+
 bool RegistrazioneIva::Conferma(std::string* campo) {
   Interno& io = *interno_;
+  io.cespiteChiesto = false;
   if (io.Ferma()) return false;
   io.NumeroLasciato();
   Interno::Scritta scritta;
@@ -336,8 +347,18 @@ bool RegistrazioneIva::Conferma(std::string* campo) {
   io.ambiente.Ricorda(AlNumero("Fatture", scritta.numDoc, io.anno));
   io.Ricorda();
   io.Annuncia(scritta);
+  io.cespiteChiesto =
+      scritta.conCespite &&
+      io.ambiente.Dialogo().Domanda(
+          "E'stato utilizzato un conto relativo all'acquisto di beni ammortizzabili\n"
+          "Si vuole inserire un nuovo cespite ?",
+          Bottoni::SiNo, Risposta::Si) == Risposta::Si;
   io.ChiudiRecord();
   return true;
+}
+
+bool RegistrazioneIva::CespiteChiesto() const {
+  return interno_->cespiteChiesto;
 }
 
 std::int64_t RegistrazioneIva::NumeroConfermato() const {

@@ -143,7 +143,8 @@ struct RegistrazioneIva::Interno {
     std::int64_t numDoc = 0;
     std::int64_t nProt = 0;
     LogContabile log;
-    std::string descrConto;  ///< of the party: once written nothing is read that could fail
+    std::string descrConto;   ///< of the party: once written nothing is read that could fail
+    bool conCespite = false;  ///< a new purchase on an account of depreciable goods
   };
   [[nodiscard]] std::int64_t NProtForzato() const;
   bool NumeroOccupato();
@@ -167,6 +168,7 @@ struct RegistrazioneIva::Interno {
   void ScriviAutomatiche(Scritta& scritta);
   [[nodiscard]] int OrigineNuova() const;
   void Annuncia(const Scritta& scritta);
+  [[nodiscard]] bool DiCespite() const;
   void Ricorda();
 
   Ambiente& ambiente;
@@ -184,6 +186,7 @@ struct RegistrazioneIva::Interno {
   std::int64_t nProtRecord = 0;
   std::int64_t idRecord = 0;
   std::int64_t numeroConfermato = 0;
+  bool cespiteChiesto = false;
   std::string pagamentoRecord;
   duedates::ParteScadenze parteRecord;  ///< whose due dates the stored registration has
   Importo ritenuteRecord;  ///< moved by the withholding giros of the stored registration

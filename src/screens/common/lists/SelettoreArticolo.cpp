@@ -25,8 +25,8 @@ SelettoreArticolo::SelettoreArticolo(std::function<QString(std::int64_t)> descri
   connect(apri_, &QPushButton::clicked, this, &SelettoreArticolo::Apri);
 }
 
-void SelettoreArticolo::Disponi(QHBoxLayout& riga, int peso) {
-  riga.addWidget(Didascalia(tr("Articolo n."), numero_));
+void SelettoreArticolo::Disponi(QHBoxLayout& riga, int peso, const QString& didascalia) {
+  riga.addWidget(Didascalia(didascalia, numero_));
   riga.addWidget(numero_);
   riga.addWidget(apri_);
   riga.addWidget(descritto_, peso);

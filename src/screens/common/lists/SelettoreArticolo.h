@@ -23,7 +23,7 @@ class SelettoreArticolo : public QObject {
   SelettoreArticolo(std::function<QString(std::int64_t)> descrizione, QObject* genitore);
 
   /// Adds the controls to a row; the description takes the room that `peso` gives it.
-  void Disponi(QHBoxLayout& riga, int peso);
+  void Disponi(QHBoxLayout& riga, int peso, const QString& didascalia = tr("Articolo n."));
   /// Takes the number that is pointed at in a list; one chosen there is opened.
   void Segui(const ElencoCercato& elenco);
   /// Puts a number into the selector; 0 empties it.

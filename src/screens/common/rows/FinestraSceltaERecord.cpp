@@ -31,6 +31,14 @@ void FinestraSceltaERecord::Disponi(QWidget* scelta, const QString& titoloScelta
   connect(schede_, &QTabWidget::currentChanged, this, &FinestraSceltaERecord::SchedaCambiata);
 }
 
+void FinestraSceltaERecord::AggiungiPagina(QWidget* pagina, const QString& titolo) {
+  schede_->addTab(pagina, titolo);
+}
+
+void FinestraSceltaERecord::GiraA(QWidget* pagina) {
+  Gira(schede_->indexOf(pagina));
+}
+
 void FinestraSceltaERecord::TogliPagine() {
   hide();
   girando_ = true;

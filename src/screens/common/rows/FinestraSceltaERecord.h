@@ -32,11 +32,15 @@ class FinestraSceltaERecord : public FinestraFunzione {
 
   /// Puts the pages into the window, once both are made.
   void Disponi(QWidget* scelta, const QString& titoloScelta, QWidget* record);
+  /// A further page, which has nothing to do with the open record and can be turned to at any time.
+  void AggiungiPagina(QWidget* pagina, const QString& titolo);
   /// Deletes the pages, out of sight: to be called by a window's destructor, since they look at a
   /// use case that is about to go and nothing is to be read from them any more.
   void TogliPagine();
   /// Turns to the record that was just opened.
   void GiraAlRecord();
+  /// Turns to a further page.
+  void GiraA(QWidget* pagina);
   /// The caption of the record's page.
   void TitoloRecord(const QString& titolo);
   /// Leaves the open record after its question; false when the user stays in it.

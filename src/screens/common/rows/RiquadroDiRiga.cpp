@@ -74,8 +74,9 @@ void RiquadroDiRiga::DaiFoco() {
   }
 }
 
-void RiquadroDiRiga::CampoLasciato(const QString& campo, bool cambiato) {
+void RiquadroDiRiga::CampoLasciato(const QString& campo, bool cambiato, Qt::FocusReason motivo) {
   if (!RigaAperta() || !campi_->Conta(campo, cambiato)) return;
+  if (!cambiato && !ContaPassando(motivo)) return;
   RigaLasciata(campo.toStdString());
   MostraCampi();
 }

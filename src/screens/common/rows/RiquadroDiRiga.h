@@ -71,6 +71,8 @@ class RiquadroDiRiga : public QGroupBox {
   virtual void AnnullaRiga() = 0;
   /// A field of the row was left and what it holds counts.
   virtual void RigaLasciata(const std::string& campo) = 0;
+  /// Whether passing through a field that counts without a new value does so, left that way.
+  [[nodiscard]] virtual bool ContaPassando(Qt::FocusReason /*motivo*/) const { return true; }
   [[nodiscard]] virtual records::StatoCampo Stato(const std::string& /*nome*/) const { return {}; }
   /// The field where typing begins, empty when there is nothing left to type.
   [[nodiscard]] virtual std::string PrimoCampo() const = 0;
@@ -87,7 +89,7 @@ class RiquadroDiRiga : public QGroupBox {
   QPushButton* annulla_;
 
  private:
-  void CampoLasciato(const QString& campo, bool cambiato);
+  void CampoLasciato(const QString& campo, bool cambiato, Qt::FocusReason motivo);
   void MostraCampi();
   void Elimina();
   /// Of the open row; 0 for rows without.

@@ -45,6 +45,9 @@ void FinestraFatture::DopoRegistrazione(std::int64_t numero) {
   scelta_->Seleziona(numero);
   scelta_->Mostra();
   scelta_->FocoNuovo();
+  if (numero != 0 && fatture_.CespiteChiesto()) {
+    Gestore().Segui(AlNuovoCespite(Sessione().Anno(), numero));
+  }
 }
 
 void FinestraFatture::MostraTitolo() {

@@ -1,0 +1,2 @@
+-- Assets as a code field searches them: by their number.
+SELECT NCesp & '' AS Cod, Descrizione, NCesp FROM Cespiti
