@@ -41,6 +41,7 @@ class InMemoria : public reports::FabbricaUscite {
 /// quotas of all years but the last.
 void Genera(const OpzioniAmbiente& opzioni) {
   FaiDitta(opzioni, kDitta, kAnno, 1, [](Ambiente& ambiente) {
+    Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tessarc);
     Archivio& tessarc = ambiente.ArchivioDi("tessarc");
     constexpr int kCategorie = 30;
     for (int n = 1; n <= kQuanti; ++n) {
@@ -65,6 +66,7 @@ void Genera(const OpzioniAmbiente& opzioni) {
         riga(2 + anno - kPrimo, anno, "400", Importo::DaUnita(5));
       }
     }
+    transazione.Conferma();
   });
 }
 

@@ -16,6 +16,7 @@
 #include "bench/MisureArchivi.h"
 #include "bench/MisureArchivio.h"
 #include "bench/MisureCespiti.h"
+#include "bench/MisureChiusure.h"
 #include "bench/MisureFatture.h"
 #include "bench/MisureFinestre.h"
 #include "bench/MisureImpostazioni.h"
@@ -47,6 +48,7 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
   if (fenalto::banco::Chiesto(nomi, "cerca")) rapporti.push_back(fenalto::banco::MisuraCerca());
   aggiungi(fenalto::banco::MisureArchivi(opzioni, nomi));
   aggiungi(fenalto::banco::MisureCespiti(opzioni, nomi));
+  aggiungi(fenalto::banco::MisureChiusure(opzioni, nomi));
   aggiungi(fenalto::banco::MisureFatture(opzioni, nomi));
   aggiungi(fenalto::banco::MisureRegistro(opzioni, nomi));
   aggiungi(fenalto::banco::MisureScadenze(opzioni, nomi));

@@ -18,18 +18,15 @@ constexpr const char* kDaCompletare = "Cespiti.AmmCompl=False AND Cespiti.Dismes
 constexpr const char* kNonDismessi = "Cespiti.Dismesso=False";
 constexpr std::int64_t kOgniLetti = 200;  // assets between two signs of life
 
-/// What makes two readings of the assets of some categories tell apart: another station may have
-/// typed a row while the question stood.
-std::string Impronta(Ambiente& ambiente, const IntervalloCategorie& categorie) {
+/// What tells two readings of the assets apart: another station may have typed a row while the
+/// question stood. All rows are summed, since looking at their category takes longer.
+std::string Impronta(Ambiente& ambiente) {
   std::string impronta;
   for (const char* somme :
-       {"Count(*), Sum(NCesp), Sum(Posi), Sum(Anno), Sum(Importo), Sum(StornoFondoDismParz) FROM "
-        "MovCesp_r",
+       {"Count(*), Sum(Posi), Sum(Anno), Sum(Importo), Sum(StornoFondoDismParz) FROM MovCesp_r",
         "Count(*), Sum(NCesp), Sum(IIf(AmmCompl,1,0)), Sum(IIf(Dismesso,1,0)), Sum(CespCorr) FROM "
         "Cespiti"}) {
-    const std::string condizione = categorie.Condizione("Cat");
-    const Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
-        std::string("SELECT ") + somme + (condizione.empty() ? "" : " WHERE " + condizione));
+    const Rs rs = ambiente.ArchivioDi("tessarc").Recordset(std::string("SELECT ") + somme);
     for (std::size_t i = 0; i < rs.Colonne().size(); ++i) {
       impronta += rs.Fields(i).Testo() + "|";
     }
@@ -122,7 +119,7 @@ bool AmmortamentoAutomatico::Pronta(const SceltaAmmortamento& scelta) {
 std::optional<std::vector<VoceAmmortamento>> AmmortamentoAutomatico::Piano(
     const SceltaAmmortamento& scelta) {
   if (!Pronta(scelta)) return std::nullopt;
-  impronta_ = Impronta(ambiente_, scelta.categorie);
+  impronta_ = Impronta(ambiente_);
   std::vector<VoceAmmortamento> voci;
   const bool tutti = Scorri(ambiente_, scelta, kDaCompletare,
                             [&](const Cespite& cespite, std::span<const MovimentoCespite> righe,
@@ -148,7 +145,7 @@ std::optional<std::vector<VoceAmmortamento>> AmmortamentoAutomatico::Piano(
 std::optional<std::vector<VoceStorno>> AmmortamentoAutomatico::PianoStorno(
     const SceltaAmmortamento& scelta) {
   if (!Pronta(scelta)) return std::nullopt;
-  impronta_ = Impronta(ambiente_, scelta.categorie);
+  impronta_ = Impronta(ambiente_);
   std::vector<VoceStorno> voci;
   const bool tutti = Scorri(ambiente_, scelta, kNonDismessi,
                             [&](const Cespite& cespite, std::span<const MovimentoCespite> righe,
@@ -194,7 +191,7 @@ bool AmmortamentoAutomatico::Fai(const SceltaAmmortamento& scelta, const std::ve
   if (!stampa.Apri(scelta.stGrafico, scelta.xTar)) return false;
   std::int64_t scritti = 0;
   const auto tutte = [&] {
-    if (Impronta(ambiente_, scelta.categorie) != impronta_) {
+    if (Impronta(ambiente_) != impronta_) {
       return std::string(
           "i cespiti sono stati cambiati da un'altra stazione mentre si guardavano: ripetere");
     }

@@ -5,6 +5,7 @@
 #include "assets/LineeScheda.h"
 #include "assets/TitoloAnno.h"
 #include "core/sql/Criterio.h"
+#include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::assets {
@@ -394,10 +395,11 @@ class StampaRegistro {
   void Piede(const VoceRegistro& voce) {
     if (voce.annoVendita != 0) {
       if (rapporto_.Grafico()) {
-        rapporto_.Riga(
-            {{}, {"R_DESCRIZIONE", "R_FONDO", "R_RESIDUO"}},
-            {"Dismesso nell'anno " + std::to_string(voce.annoVendita) + " (ricavo, minus/plusval)",
-             voce.vendita, voce.plusvalenza});
+        const bool utile = voce.plusvalenza >= Importo();
+        Dettaglio("", "Dismesso nell'anno " + std::to_string(voce.annoVendita) + " per " +
+                          ScriviImporto(voce.vendita, 2) +
+                          (utile ? ", plusvalenza " : ", minusvalenza ") +
+                          ScriviImporto(voce.plusvalenza.Assoluto(), 2));
       } else {
         rapporto_.Riga({"          Dismesso nell'anno ####, #######,### minus/plusval #######,###"},
                        {voce.annoVendita, voce.vendita, voce.plusvalenza});
@@ -460,12 +462,11 @@ bool ScorriRegistro(
 }
 
 std::int64_t RegistroCespiti::Pronti(const SceltaRegistro& scelta) {
-  const auto difetto = [&]() -> std::optional<std::string> {
-    if (scelta.finoAllAnno > 0) return std::nullopt;
-    return "impostare anno";
-  };
+  std::optional<Rifiuto> difetto;
+  if (scelta.finoAllAnno <= 0) difetto = {"impostare anno", "FinoAllAnno"};
+  if (Rifiuta(ambiente_, difetto)) return 0;
   return reports::Trovati(
-      ambiente_, difetto(),
+      ambiente_,
       [&] {
         return ambiente_.ArchivioDi("tessarc")
             .Singolo("SELECT Count(*) FROM Cespiti WHERE " + Condizione(scelta))

@@ -6,6 +6,7 @@
 
 #include "assets/Cespite.h"
 #include "core/reports/Foglio.h"
+#include "core/reports/SceltaRifiutata.h"
 #include "core/reports/Uscita.h"
 
 namespace fenalto::assets {
@@ -24,7 +25,7 @@ struct SceltaRegistro {
   double xTar = 0;
 };
 
-class RegistroCespiti {
+class RegistroCespiti : public reports::SceltaRifiutata {
  public:
   RegistroCespiti(Ambiente& ambiente, reports::FabbricaUscite& uscite)
       : ambiente_(ambiente), uscite_(uscite) {}

@@ -56,6 +56,8 @@ constexpr auto kFunzioni = std::to_array<RigaFunzione>({
     {"StGiornale", "18-libro-giornale.md"},
     {"Cespiti", "26-cespiti.md"},
     {"CategorieCespiti", "26-cespiti.md", "le-categorie"},
+    {"ChiusureAperture", "27-fine-anno.md"},
+    {"NuovoEsercizio", "27-fine-anno.md", "aprire-lanno-nuovo"},
     {"Importa", "20-importare.md"},
     {"Ut", "21-utenti-e-livelli.md"},
 });

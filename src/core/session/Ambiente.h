@@ -96,6 +96,8 @@ class Ambiente {
   [[nodiscard]] const std::vector<int>& Anni() const;
   /// Selects a year of the list; an error when the company has no such year.
   Esito<bool> ScegliAnno(int anno);
+  /// The list of years as it is now; when the selected one has gone, the last of them is selected.
+  Esito<bool> RileggiAnni();
 
   // --- Users
   // ---------------------------------------------------------------------------------------
@@ -133,6 +135,8 @@ class Ambiente {
 
   [[nodiscard]] BasiDati& Basi();
   [[nodiscard]] Archivio& ArchivioDi(std::string_view chiave);
+  /// Opens the databases of another company beside those of the session.
+  [[nodiscard]] Esito<std::unique_ptr<BasiDati>> ApriAltre(const PercorsiArchivi& percorsi) const;
   /// One field of the first record that meets all pairs; Null when there is none.
   Valore Cerca(std::string_view chiave, std::string_view tabella,
                const std::vector<Coppia>& condizioni, std::string_view campoRisultato);

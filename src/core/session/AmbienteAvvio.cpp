@@ -79,15 +79,19 @@ Esito<bool> Ambiente::Interno::ScegliAnno(Sessione& sessione, int anno) {
   return true;
 }
 
+OpzioniApertura Ambiente::Interno::Apertura() const {
+  OpzioniApertura apertura;
+  apertura.cartellaSchema = opzioni.cartellaDati / "schema";
+  apertura.stazione = opzioni.stazione;
+  apertura.vfs = opzioni.vfs;
+  return apertura;
+}
+
 Esito<std::unique_ptr<Sessione>> Ambiente::Interno::Prepara(const std::string& ditta,
                                                             int anno) const {
   using Pronta = std::unique_ptr<Sessione>;
   const auto percorsi = ditte.Percorsi(ditta);
   if (!percorsi) return percorsi.Errore();
-  OpzioniApertura apertura;
-  apertura.cartellaSchema = opzioni.cartellaDati / "schema";
-  apertura.stazione = opzioni.stazione;
-  apertura.vfs = opzioni.vfs;
   std::string senzaPosto;
   std::shared_ptr<Presenza> presenza;
   try {
@@ -100,7 +104,7 @@ Esito<std::unique_ptr<Sessione>> Ambiente::Interno::Prepara(const std::string& d
   } catch (const ErroreArchivio& errore) {
     senzaPosto = errore.what();  // opening tells it better
   }
-  auto basi = BasiDati::Apri(percorsi.Valore(), apertura);
+  auto basi = BasiDati::Apri(percorsi.Valore(), Apertura());
   if (!basi) return basi.Errore();
   if (!senzaPosto.empty()) return Errore{senzaPosto};
   return LetturaProtetta<Pronta>([&]() -> Esito<Pronta> {
@@ -297,6 +301,19 @@ void Ambiente::ChiudiDitta() {
 
 Esito<bool> Ambiente::Accedi(const std::string& cod, const std::string& password) {
   return interno_->Accedi(interno_->Aperta(), cod, password);
+}
+
+Esito<bool> Ambiente::RileggiAnni() {
+  Sessione& sessione = interno_->Aperta();
+  return LetturaProtetta<bool>([&]() -> Esito<bool> {
+    const std::vector<int> anni = Interno::LeggiAnni(*sessione.basi);
+    const bool resta = std::binary_search(anni.begin(), anni.end(), sessione.anno);
+    return Interno::ScegliAnno(sessione, resta ? sessione.anno : 0);
+  });
+}
+
+Esito<std::unique_ptr<BasiDati>> Ambiente::ApriAltre(const PercorsiArchivi& percorsi) const {
+  return BasiDati::Apri(percorsi, interno_->Apertura());
 }
 
 }  // namespace fenalto

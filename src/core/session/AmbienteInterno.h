@@ -58,6 +58,8 @@ struct Ambiente::Interno {
 
   /// Opens a company without touching the session that is open.
   Esito<std::unique_ptr<Sessione>> Prepara(const std::string& ditta, int anno) const;
+  /// How this session opens databases.
+  [[nodiscard]] OpzioniApertura Apertura() const;
   /// Years of `basi`, in order.
   static std::vector<int> LeggiAnni(BasiDati& basi);
   static Esito<bool> ScegliAnno(Sessione& sessione, int anno);

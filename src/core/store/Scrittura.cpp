@@ -38,6 +38,38 @@ std::string DoveRiga(const sql::Dialetto& dialetto, std::size_t parametro) {
   return dove;
 }
 
+namespace {
+
+/// Adds the columns that mirror another table's, looked up by the key that the row is given: the
+/// trigger that keeps them true then finds nothing to change, which spares a second write of the
+/// row.
+void AggiungiSpecchi(const DatiArchivio& archivio, const TabellaArchivio& tabella,
+                     const std::vector<CampoScritto>& campi, std::string& nomi,
+                     std::string& valori) {
+  const sql::Dialetto& dialetto = archivio.Dialetto();
+  const auto& colonne = tabella.vista.colonne;
+  for (const sql::Specchio& specchio : tabella.vista.specchi) {
+    const TabellaArchivio* altra = archivio.catalogo.Completa(specchio.tabella);
+    if (altra == nullptr) continue;
+    std::string dove;
+    for (const std::string& parte : specchio.chiave) {
+      const auto campo = std::ranges::find_if(
+          campi, [&](const CampoScritto& c) { return UgualeTesto(colonne[c.first].nome, parte); });
+      if (campo == campi.end()) break;
+      dove += (dove.empty() ? " WHERE " : " AND ") + dialetto.Nome(parte) + " = ";
+      dialetto.Parametro(dove, static_cast<std::size_t>(campo - campi.begin()) + 1);
+      if (&parte != &specchio.chiave.back()) continue;
+      for (const auto& [sua, propria] : specchio.colonne) {
+        nomi += ',' + dialetto.Nome(propria);
+        valori +=
+            ",(SELECT " + dialetto.Nome(sua) + " FROM " + altra->vista.nomeMotore + dove + ")";
+      }
+    }
+  }
+}
+
+}  // namespace
+
 std::int64_t InserisciRiga(DatiArchivio& archivio, const TabellaArchivio& tabella,
                            const std::vector<CampoScritto>& campi) {
   std::vector<CampoScritto> tutti = campi;
@@ -60,6 +92,7 @@ std::int64_t InserisciRiga(DatiArchivio& archivio, const TabellaArchivio& tabell
     nomi += dialetto.Nome(colonne[tutti[i].first].nome);
     dialetto.Parametro(segnaposti, i + 1);
   }
+  AggiungiSpecchi(archivio, tabella, tutti, nomi, segnaposti);
   const std::string sql =
       "INSERT INTO " + tabella.vista.nomeMotore +
       (tutti.empty() ? " DEFAULT VALUES" : " (" + nomi + ") VALUES (" + segnaposti + ")");

@@ -16,23 +16,23 @@ std::int64_t ProssimoNumDoc(Ambiente& ambiente, int anno) {
          1;
 }
 
-std::int64_t ScriviRegistrazione(Ambiente& ambiente, const TestaRegistrazione& testa,
+std::int64_t ScriviRegistrazione(Archivio& tessarc, std::int64_t numDoc,
+                                 const TestaRegistrazione& testa,
                                  const std::vector<RigaRegistrazione>& righe) {
-  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  const std::int64_t numDoc = ProssimoNumDoc(ambiente, testa.anno);
   // The head first: the rows then take its date as they are written.
-  tessarc.Inserisci("Articoli", {{"Anno", testa.anno},
-                                 {"NumDoc", numDoc},
-                                 {"Dt", testa.dt},
-                                 {"CFP", testa.cfp},
-                                 {"Conto", testa.conto},
-                                 {"CfpA", testa.cfpA},
-                                 {"ContoA", testa.contoA},
-                                 {"CREATOINAUTOMATICO", static_cast<int>(testa.origine)},
-                                 {"DtFat", testa.dtFat},
-                                 {"NFat", testa.nFat},
-                                 {"AnnoOrigine", testa.seguitoDi.anno},
-                                 {"NumDocOrigine", testa.seguitoDi.numDoc}});
+  const std::int64_t id =
+      tessarc.Inserisci("Articoli", {{"Anno", testa.anno},
+                                     {"NumDoc", numDoc},
+                                     {"Dt", testa.dt},
+                                     {"CFP", testa.cfp},
+                                     {"Conto", testa.conto},
+                                     {"CfpA", testa.cfpA},
+                                     {"ContoA", testa.contoA},
+                                     {"CREATOINAUTOMATICO", static_cast<int>(testa.origine)},
+                                     {"DtFat", testa.dtFat},
+                                     {"NFat", testa.nFat},
+                                     {"AnnoOrigine", testa.seguitoDi.anno},
+                                     {"NumDocOrigine", testa.seguitoDi.numDoc}});
   for (const RigaRegistrazione& riga : righe) {
     tessarc.Inserisci("Movimenti",
                       {{"Anno", testa.anno},
@@ -48,6 +48,13 @@ std::int64_t ScriviRegistrazione(Ambiente& ambiente, const TestaRegistrazione& t
                        {"ContoControp", riga.contoControp},
                        {"TIPORIGA", 0}});
   }
+  return id;
+}
+
+std::int64_t ScriviRegistrazione(Ambiente& ambiente, const TestaRegistrazione& testa,
+                                 const std::vector<RigaRegistrazione>& righe) {
+  const std::int64_t numDoc = ProssimoNumDoc(ambiente, testa.anno);
+  ScriviRegistrazione(ambiente.ArchivioDi("tessarc"), numDoc, testa, righe);
   return numDoc;
 }
 

@@ -27,7 +27,11 @@ enum class Origine {
   ReverseCharge = 51,
   BollaDoganale = 52,
   RitenutaAcconto = 53,
-  QuoteCespiti = 61  ///< depreciation of a year, confirmed by the user
+  QuoteCespiti = 61,  ///< depreciation of a year, confirmed by the user
+  Chiusura = 91,
+  GiroUtile = 92,
+  Apertura = 93,
+  GiroEconomico = 94
 };
 
 /// Next number of a registration of a year: the greatest plus 1.
@@ -63,6 +67,10 @@ struct RigaRegistrazione {
   std::string cfpControp;
   std::string contoControp;
 };
+/// Writes head and rows under a number, in any company's books; the head's identity.
+std::int64_t ScriviRegistrazione(Archivio& tessarc, std::int64_t numDoc,
+                                 const TestaRegistrazione& testa,
+                                 const std::vector<RigaRegistrazione>& righe);
 /// Writes head and rows under the next number of the year and gives it.
 std::int64_t ScriviRegistrazione(Ambiente& ambiente, const TestaRegistrazione& testa,
                                  const std::vector<RigaRegistrazione>& righe);

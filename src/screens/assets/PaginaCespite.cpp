@@ -1,6 +1,6 @@
 #include "screens/assets/PaginaCespite.h"
 
-#include <QGroupBox>
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QTabWidget>
@@ -27,17 +27,16 @@ using Genere = records::GenereCampo;
 
 constexpr int kAnniPrevisti = 12;
 constexpr int kCaratteriNote = 4'000;
+constexpr int kAltezzaMinima = 60;
 
 records::DescrizioneForma FormaTestaCespite() {
   return {.campi = {Mostrato("NCesp", Genere::Etichetta, "N.Cespite"),
-                    Digitato("Codice", "Codice").Mostra(14).Accanto(),
+                    Digitato("Codice", "Codice").Mostra(12).Accanto(),
+                    Digitato("sn", "Serie n.").Mostra(14).Accanto().Aiuto("di serie o di telaio"),
                     Digitato("Usato", "usato").Accanto().Aiuto("comprato usato"),
                     Digitato("Descrizione", "Descrizione").Mostra(40).Peso(1),
                     DiCodice("Cat", "Categoria", "categorieCespiti", 8).Peso(1),
                     Digitato("Dal", "In funzione dal").Aiuto("data entrata in funzione"),
-                    Digitato("AmmCompl", "ammortamento completato").Accanto(),
-                    Digitato("Dismesso", "dismesso").Accanto(),
-                    Digitato("sn", "Serie n.").Mostra(16).Aiuto("numero di serie o di telaio"),
                     Digitato("Ubicaz", "Ubicazione").Accanto().Mostra(16).Peso(1),
                     DiCodice("CespCorr", "Cesp. di riferimento", "cespiti", 8)
                         .Peso(1)
@@ -53,11 +52,14 @@ Valore OpzioneImporto(const std::optional<Importo>& importo) {
 
 PaginaCespite::PaginaCespite(assets::Cespiti& cespiti, Finestre& finestre, QWidget* genitore)
     : PaginaSul(cespiti, finestre, genitore) {
-  constexpr int kRigheMinime = 4;
+  constexpr int kRigheMinime = 2;
   Usa(CreaGriglia(), kRigheMinime, new RiquadroCespite(caso_, finestre_));
   righe_->Modello().Decimali(2);
   solaLettura_->setText(tr("Cespite in modifica altrove: si può consultare, non cambiare."));
   auto* colonna = new QVBoxLayout(this);
+  const int margine = Misura(Passo::Filo);
+  colonna->setContentsMargins(margine, margine, margine, margine);
+  colonna->setSpacing(margine);
   colonna->addWidget(CreaTestata());
   colonna->addWidget(solaLettura_);
   colonna->addWidget(CreaScheda(), 1);
@@ -134,6 +136,10 @@ QWidget* PaginaCespite::CreaScheda() {
   note_ = new CampoNote(QStringLiteral("Note"), nullptr, kCaratteriNote);
   legatura_->Lega(note_);
   schede_->addTab(note_, tr("Note"));
+  // The page fits small screens with a row open.
+  for (auto* pagina : QList<QWidget*>{righe_, scheda_, correlati_, note_}) {
+    pagina->setMinimumHeight(Cresciuta(kAltezzaMinima));
+  }
   return schede_;
 }
 
@@ -141,6 +147,13 @@ QWidget* PaginaCespite::CreaPiede() {
   auto* piede = new QWidget;
   auto* riga = new QHBoxLayout(piede);
   riga->setContentsMargins(0, 0, 0, 0);
+  // What follows from the rows isn't typed.
+  for (auto* stato :
+       {Casella("AmmCompl", tr("ammortamento completato")), Casella("Dismesso", tr("dismesso"))}) {
+    legatura_->Lega(stato);
+    stato->setEnabled(false);
+    riga->addWidget(stato);
+  }
   riga->addStretch(1);
   for (auto* pulsante : {nuovaRiga_, conferma_, elimina_, annulla_}) riga->addWidget(pulsante);
   return piede;
@@ -158,12 +171,7 @@ void PaginaCespite::Mostra() {
   for (auto* pulsante : {nuovaRiga_, conferma_}) pulsante->setEnabled(scrivibile);
   elimina_->setEnabled(scrivibile && !caso_.Nuova());
   solaLettura_->setVisible(!scrivibile);
-  // What follows from the rows isn't typed.
-  testa_->Applica(
-      [](const std::string& nome) -> records::StatoCampo {
-        return {.attivo = nome != "AmmCompl" && nome != "Dismesso"};
-      },
-      !scrivibile);
+  testa_->Applica([](const std::string&) { return records::StatoCampo{}; }, !scrivibile);
   note_->setReadOnly(!scrivibile);
   legatura_->Mostra();
   MostraElencoRighe();

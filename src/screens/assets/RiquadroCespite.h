@@ -4,6 +4,8 @@
 #include "assets/Cespiti.h"
 #include "screens/common/rows/SulCasoUso.h"
 
+class QLabel;
+
 namespace fenalto::screens {
 
 class RiquadroCespite : public RiquadroSul<assets::Cespiti> {
@@ -20,6 +22,9 @@ class RiquadroCespite : public RiquadroSul<assets::Cespiti> {
   [[nodiscard]] bool ContaPassando(Qt::FocusReason motivo) const override {
     return motivo == Qt::TabFocusReason || motivo == Qt::BacktabFocusReason;
   }
+
+ private:
+  QLabel* aiuto_;  ///< what to type under the row's causal
 };
 
 }  // namespace fenalto::screens

@@ -37,6 +37,8 @@
 #include "screens/ledger/FinestraMovimenti.h"
 #include "screens/ledger/FinestraMovimentiConto.h"
 #include "screens/ledger/FinestraVisPdc.h"
+#include "screens/ledger/closing/FinestraChiusureAperture.h"
+#include "screens/ledger/closing/FinestraNuovoEsercizio.h"
 #include "screens/main/Archivi.h"
 #include "screens/users/FinestraUt.h"
 #include "screens/vat/entry/FinestraFatture.h"
@@ -109,6 +111,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("AbbinaEstratto"), Nuova<FinestraEstrattoBanca>()},
       {QStringLiteral("AccontiPrimaDiFattura"), Nuova<FinestraAnticipi>()},
       {QStringLiteral("Cespiti"), Nuova<FinestraCespiti>()},
+      {QStringLiteral("ChiusureAperture"), Nuova<FinestraChiusureAperture>()},
       {QStringLiteral("Clienti"), Nuova<FinestraClienti>()},
       {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
       {QStringLiteral("Fatture"),
@@ -119,6 +122,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("InterrCliFor"), Nuova<FinestraInterrCliFor>()},
       {QStringLiteral("Movimenti"), Nuova<FinestraMovimenti>()},
       {QStringLiteral("MovimentiConto"), Nuova<FinestraMovimentiConto>()},
+      {QStringLiteral("NuovoEsercizio"), Nuova<FinestraNuovoEsercizio>()},
       {QStringLiteral("PagamentiDaScadenzario"),
        NuovaCon<FinestraPagamenti>(duedates::PagamentiScadenzario::Modo::PiuParti)},
       {QStringLiteral("PagamentiDaScadenzario1Cli"),

@@ -237,6 +237,11 @@ constexpr auto kSinonimi = std::to_array<RigaSinonimi>({
      "impostazioni; dati della ditta; partita iva; opzioni; rinomina ditta; elimina ditta", 1},
     {"Utility", "compattare; riparare archivi; password; vidimare; pagine numerate", 2},
     {"Utility", "backup; ripristino; salvataggio; tornare indietro; ripristinare", 3},
+    {"ChiusureAperture",
+     "chiusura dell'anno; fine anno; apertura dei conti; giro economici; trasporto saldi; "
+     "chiusura di bilancio"},
+    {"NuovoEsercizio", "nuovo anno; nuovo esercizio; anno nuovo", 0},
+    {"NuovoEsercizio", "cancella anno; eliminare registrazioni", 1},
     {"Ut", "password; permessi; accessi"},
 });
 

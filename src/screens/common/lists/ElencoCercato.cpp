@@ -67,7 +67,9 @@ void ElencoCercato::Disponi() {
   if (forma_.statoSotto) colonna->addWidget(stato_);
 }
 
-ElencoCercato::~ElencoCercato() { griglia_->Modello().Basta(); }
+ElencoCercato::~ElencoCercato() {
+  griglia_->Modello().Basta();
+}
 
 void ElencoCercato::Collega() {
   const auto cambiata = [this] {

@@ -41,7 +41,6 @@ int Stile::pixelMetric(PixelMetric misura, const QStyleOption* opzione,
     case PM_LayoutRightMargin:
     case PM_LayoutTopMargin:
     case PM_LayoutBottomMargin:
-      return Misura(Passo::Vicino);
     case PM_LayoutHorizontalSpacing:
       return Misura(Passo::Vicino);
     case PM_LayoutVerticalSpacing:

@@ -11,6 +11,7 @@
 #include "screens/common/fields/Campi.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/Disposizione.h"
+#include "screens/common/fields/Qs.h"
 #include "screens/common/lists/ElencoCercato.h"
 #include "screens/common/lists/EsportaGriglia.h"
 #include "screens/common/lists/SelettoreArticolo.h"
