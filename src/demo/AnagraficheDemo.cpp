@@ -89,7 +89,7 @@ std::string CodiceParteDemo(std::size_t numero) {
 
 void ScriviImpostazioniDemo(Ambiente& ambiente) {
   // The blank after ragsoc1 belongs to the key.
-  const std::array<std::pair<std::string_view, std::string_view>, 37> impostazioni = {
+  const std::array<std::pair<std::string_view, std::string_view>, 10> impostazioni = {
       {{"ragsoc1 ", "EMPORIO BELLOSGUARDO S.R.L."},
        {"ragsoc2", "ferramenta e casalinghi"},
        {"indirizzo", "Via delle Botteghe 21"},
@@ -98,34 +98,7 @@ void ScriviImpostazioniDemo(Ambiente& ambiente) {
        {"codfisc", "01234567897"},
        {"NAZIONE", "IT"},
        {"RegAutoIntraCee", "Si"},
-       {"CausaleIntraCosto_a_Forn", "029"},
        {"RegAutoBolleDoganali", "Si"},
-       {"CausalePagScad1C", "002"},
-       {"ContropartitaPagScad1C", "110.001"},
-       {"ContoArrotondamentiPagScad1C", "580.010"},
-       {"CausalePagScad1F", "003"},
-       {"ContropartitaPagScad1F", "110.001"},
-       {"ContoArrotondamentiPagScad1F", "710.010"},
-       {"CausalePagScad2C", "002"},
-       {"ContropartitaPagScad2C", "110.001"},
-       {"ContoArrotondamentiPagScad2C", "580.010"},
-       {"CausalePagScad2F", "003"},
-       {"ContropartitaPagScad2F", "110.001"},
-       {"ContoArrotondamentiPagScad2F", "710.010"},
-       {"RegistrazioneContabilePagScad2C", "1"},
-       {"RegistrazioneContabilePagScad2F", "1"},
-       {"CausalePagScad3C", "002"},
-       {"ContropartitaPagScad3C", "110.001"},
-       {"CausalePagScad3F", "003"},
-       {"ContropartitaPagScad3F", "110.001"},
-       {"RegistrazioneContabilePagScad3C", "1"},
-       {"RegistrazioneContabilePagScad3F", "1"},
-       {"CausalePagScad4C", "013"},
-       {"ContropartitaPagScad4C", "125.001"},
-       {"RegistrazioneContabilePagScad4C", "1"},
-       {"CausaleRiba", "011"},
-       {"ContropartitaRiba", "125.001"},
-       {"RegistrazioneContabileRiba", "1"},
        {"RITENUTAACCONTO", "SI"}}};
   for (const auto& [chiave, valore] : impostazioni) {
     ambiente.ScriviImpostazione("", "config", chiave, valore);

@@ -25,8 +25,8 @@ Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) 
   if (!ambiente.DitteTrovate().empty()) return false;
 
   const int corrente = orologio.Oggi().Anno();
-  if (auto creata =
-          CreaDittaDaModello(opzioni, kDitta, {{corrente - 1, true}, {corrente, true}}, true);
+  if (auto creata = CreaDittaDaModello(opzioni, kDitta, {{corrente - 1, true}, {corrente, true}},
+                                       true, Partenza::DelModello);
       !creata) {
     return creata;
   }

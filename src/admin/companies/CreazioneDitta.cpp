@@ -135,11 +135,16 @@ bool CreazioneDitta::Conferma() {
   const int numero = static_cast<int>(dati_.Leggi("Anno").Intero());
   const AnnoDitta anno{numero, numero >= kPrimoInEuro, dati_.Leggi("IvaTrimestrale").Booleano()};
   const OpzioniAmbiente& opzioni = ambiente_.Opzioni();
+  const bool copia = dati_.Leggi("CopiaDitta").Booleano();
   const auto creata =
-      CreaDitta(opzioni, {.nome = nome, .predefinita = true, .adesso = Adesso(ambiente_.Ora())},
+      CreaDitta(opzioni,
+                {.nome = nome,
+                 .predefinita = true,
+                 .partenza = copia ? Partenza::Iniziali : Partenza::DelModello,
+                 .adesso = Adesso(ambiente_.Ora())},
                 [&](const PercorsiArchivi& percorsi) {
                   RiempiDitta(opzioni, percorsi, [&](BasiDati& basi) {
-                    if (dati_.Leggi("CopiaDitta").Booleano()) {
+                    if (copia) {
                       CopiaDati(ambiente_.Basi(), basi, Tenute(), opzioni.cartellaDati);
                     } else {
                       CaricaModello(basi, opzioni.cartellaDati);

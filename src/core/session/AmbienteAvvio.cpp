@@ -195,7 +195,9 @@ bool Ambiente::Interno::Scegli(const Ambiente& ambiente) {
     if (scelta->nuova) {
       // From the model company: there may be nothing yet that it could be a copy of.
       const AnnoDitta anno{scelta->anno, scelta->anno >= kPrimoInEuro, scelta->ivaTrimestrale};
-      if (auto creata = CreaDittaDaModello(opzioni, scelta->ditta, {anno}, true); !creata) {
+      if (auto creata =
+              CreaDittaDaModello(opzioni, scelta->ditta, {anno}, true, Partenza::DelModello);
+          !creata) {
         dialoghi.Messaggio(creata.Errore().messaggio, Icona::Errore);
         continue;
       }

@@ -52,25 +52,45 @@ class Impossibile : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+TabellaCsv LeggiModello(const fs::path& file) {
+  const auto testo = LeggiFileTesto(file);
+  if (!testo) throw Impossibile(testo.Errore().messaggio);
+  auto csv = LeggiCsv(testo.Valore());
+  if (!csv) throw Impossibile("«" + file.string() + "», " + csv.Errore().messaggio);
+  return std::move(csv).Valore();
+}
+
+/// The first settings with the model's codes, in the place of an empty key or below.
+std::string ConCodiciDelModello(std::string testo, const fs::path& cartellaDati) {
+  for (const auto& riga : LeggiModello(cartellaDati / "modello" / "impostazioni.csv").righe) {
+    const std::string vuota = "\n" + riga.campi.at(0) + "=\n";
+    const std::string scritta = "\n" + riga.campi.at(0) + "=" + riga.campi.at(1) + "\n";
+    const std::size_t dove = testo.find(vuota);
+    if (dove == std::string::npos) {
+      testo += scritta.substr(1);
+    } else {
+      testo.replace(dove, vuota.size(), scritta);
+    }
+  }
+  return testo;
+}
+
 void CaricaTabella(Archivio& archivio, const fs::path& file) {
   const auto guasto = [&file](const std::string& motivo) {
     return Impossibile("«" + file.string() + "», " + motivo);
   };
-  const auto testo = LeggiFileTesto(file);
-  if (!testo) throw Impossibile(testo.Errore().messaggio);
-  const auto csv = LeggiCsv(testo.Valore());
-  if (!csv) throw guasto(csv.Errore().messaggio);
+  const TabellaCsv csv = LeggiModello(file);
   const sql::TabellaCatalogo* tabella = archivio.Catalogo().Tabella(file.stem().string());
   if (tabella == nullptr) throw guasto("non c'è nessuna tabella di questo nome");
   std::vector<Coppia> campi;
   std::vector<Tipo> tipi;
-  for (const std::string& nome : csv.Valore().nomi) {
+  for (const std::string& nome : csv.nomi) {
     const sql::ColonnaCatalogo* colonna = tabella->Colonna(nome);
     if (colonna == nullptr) throw guasto("riga 1: la tabella non ha il campo «" + nome + "»");
     campi.emplace_back(nome, Valore());
     tipi.push_back(colonna->tipo);
   }
-  for (const auto& riga : csv.Valore().righe) {
+  for (const auto& riga : csv.righe) {
     for (std::size_t i = 0; i < campi.size(); ++i) {
       try {
         campi[i].second = Valore(riga.campi[i]).Come(tipi[i]);
@@ -143,18 +163,23 @@ Esito<DittaCreata> CreaDitta(const OpzioniAmbiente& opzioni, const NuovaDitta& n
   const Ditte ditte(fs::absolute(opzioni.cartellaProgramma).lexically_normal());
   auto cantiere = CantiereDitta::Apri(ditte, nuova.nome, nuova.predefinita, nuova.adesso);
   if (!cantiere) return cantiere.Errore();
+  std::string impostazioni = ImpostazioniIniziali(nuova.nome);
   try {
     riempi(cantiere.Valore().Archivi());
+    if (nuova.partenza == Partenza::DelModello) {
+      impostazioni = ConCodiciDelModello(std::move(impostazioni), opzioni.cartellaDati);
+    }
   } catch (const std::exception& errore) {
     return Errore{std::string("errore su copia file ditta su nuova :\n") + errore.what()};
   }
-  auto posata = cantiere.Valore().Posa(ImpostazioniIniziali(nuova.nome));
+  auto posata = cantiere.Valore().Posa(impostazioni);
   if (!posata) return posata.Errore();
   return DittaCreata{PostoPer(ditte, nuova.nome).cartella, posata.Valore()};
 }
 
 Esito<bool> CreaDittaDaModello(const OpzioniAmbiente& opzioni, const std::string& nome,
-                               const std::vector<AnnoDitta>& anni, bool predefinita) {
+                               const std::vector<AnnoDitta>& anni, bool predefinita,
+                               Partenza partenza) {
   if (auto buono = VerificaNomeDitta(nome); !buono) return buono;
   if (auto buoni = VerificaAnni(anni); !buoni) return buoni;
   const Ditte ditte(fs::absolute(opzioni.cartellaProgramma).lexically_normal());
@@ -168,13 +193,14 @@ Esito<bool> CreaDittaDaModello(const OpzioniAmbiente& opzioni, const std::string
     return Errore{"la cartella «" + posto.cartella.string() +
                   "» esiste già: scegliere un altro nome o spostarla"};
   }
-  const auto creata = CreaDitta(opzioni, {.nome = nome, .predefinita = predefinita},
-                                [&](const PercorsiArchivi& percorsi) {
-                                  RiempiDitta(opzioni, percorsi, [&](BasiDati& basi) {
-                                    CaricaModello(basi, opzioni.cartellaDati);
-                                    for (const AnnoDitta& anno : anni) ScriviAnno(basi, anno);
-                                  });
-                                });
+  const auto creata =
+      CreaDitta(opzioni, {.nome = nome, .predefinita = predefinita, .partenza = partenza},
+                [&](const PercorsiArchivi& percorsi) {
+                  RiempiDitta(opzioni, percorsi, [&](BasiDati& basi) {
+                    CaricaModello(basi, opzioni.cartellaDati);
+                    for (const AnnoDitta& anno : anni) ScriviAnno(basi, anno);
+                  });
+                });
   if (!creata) {
     return Errore{"la ditta " + nome + " non è stata creata: " + creata.Errore().messaggio};
   }

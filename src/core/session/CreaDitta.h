@@ -20,9 +20,16 @@ struct AnnoDitta {
   bool ivaTrimestrale = false;
 };
 
+/// What a new company's settings begin with.
+enum class Partenza {
+  Iniziali,    ///< the choices, without any code
+  DelModello,  ///< and the codes of the model company that payments, receipts and year end need
+};
+
 struct NuovaDitta {
   std::string nome;  ///< a good one (VerificaNomeDitta), that no company has
   bool predefinita = true;
+  Partenza partenza = Partenza::Iniziali;
   std::string adesso = {};  ///< "AAAA-MM-GG HH.MM", for what goes to the bin
 };
 struct DittaCreata {
@@ -45,6 +52,7 @@ void ScriviAnno(BasiDati& basi, const AnnoDitta& anno);
 /// the rows of `Anni` and the settings file; nothing is left when a step fails. The name becomes
 /// the default company when `predefinita`.
 Esito<bool> CreaDittaDaModello(const OpzioniAmbiente& opzioni, const std::string& nome,
-                               const std::vector<AnnoDitta>& anni, bool predefinita);
+                               const std::vector<AnnoDitta>& anni, bool predefinita,
+                               Partenza partenza = Partenza::Iniziali);
 
 }  // namespace fenalto

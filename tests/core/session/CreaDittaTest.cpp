@@ -67,6 +67,31 @@ TEST(CreaDitta, DalModello) {
             Valore(*Importo::DaTesto("11.5")));
 }
 
+// The codes that the settings begin with are the model's own.
+TEST(CreaDitta, ConICodiciDelModello) {
+  const CartellaProva cartella;
+  const OpzioniAmbiente opzioni = OpzioniProva(cartella.Percorso());
+  ASSERT_TRUE(
+      CreaDittaDaModello(opzioni, "Verdi", {{2026, true, false}}, true, Partenza::DelModello));
+  DialoghiFinti dialoghi;
+  OrologioFinto orologio;
+  CasoFinto caso;
+  Ambiente ambiente(opzioni, dialoghi, orologio, caso);
+  ASSERT_TRUE(ambiente.ApriDitta("Verdi"));
+  const auto csv = LeggiCsv(LeggiFile(fs::path(FENALTO_DATA) / "modello/impostazioni.csv"));
+  ASSERT_TRUE(csv);
+  for (const auto& riga : csv.Valore().righe) {
+    const std::string& chiave = riga.campi[0];
+    const std::string& codice = riga.campi[1];
+    EXPECT_EQ(ambiente.Config(chiave), codice) << chiave;
+    if (codice == "1") continue;
+    const char* tabella = codice.find('.') == std::string::npos ? "Causali" : "Conti";
+    EXPECT_TRUE(ambiente.Esiste("tessarc", tabella, {{"Cod", codice}})) << chiave;
+  }
+  const FileIni ini = FileIni::Leggi(ambiente.FileImpostazioni()).Valore();
+  EXPECT_EQ(ini.Testo().find("\nCausalePagScad1C=\n"), std::string::npos) << "written once";
+}
+
 TEST(CreaDitta, RifiutiSenzaResti) {
   const CartellaProva cartella;
   const OpzioniAmbiente opzioni = OpzioniProva(cartella.Percorso());
