@@ -105,8 +105,9 @@ void TogliNuovoAnno(Archivio& tessarc, const OperazioneAnno& o) {
   std::string importo;
   while (std::getline(righe, cod, '\t') && std::getline(righe, protocollo, '\t') &&
          std::getline(righe, importo)) {
-    tessarc.Esegui("update RegistriIva set UltProtSt=" + protocollo +
-                   ", Importochiusura=" + importo + " where " + sql::Criterio("Cod", "=", cod));
+    std::string aggiorna = "update RegistriIva set UltProtSt=" + protocollo;
+    aggiorna.append(", Importochiusura=").append(importo);
+    tessarc.Esegui(aggiorna.append(" where ").append(sql::Criterio("Cod", "=", cod)));
   }
 }
 
