@@ -155,6 +155,7 @@ TEST_F(CampiFormaTest, CaratteriDiControllo) {
   campo.setText(QStringLiteral("Bar␇"));
   EXPECT_TRUE(campo.Letto()) << "typed by somebody who wants it";
   CampoCodice codice(QStringLiteral("Codice"), archives::FonteInMemoria({{"A", "uno\x07"}}));
+  codice.Etichetta()->setParent(&pagina);
   for (const char* tenuto : {"A\x07", "A\xE8"}) {
     codice.Mostra(Valore(tenuto));
     EXPECT_EQ(codice.Letto().Valore().Testo(), tenuto);

@@ -49,6 +49,8 @@ QLabel* Tenue(const QString& testo) {
 CampiForma::CampiForma(Ambiente& ambiente, records::DescrizioneForma forma,
                        QList<Legatura*> legature, const Pagine& pagine)
     : ambiente_(ambiente), forma_(std::move(forma)), legature_(std::move(legature)) {
+  // A form that can't be built is refused before any control is made, which nobody would own.
+  for (const auto& campo : forma_.campi) static_cast<void>(LegaturaDi(campo));
   for (const auto& campo : forma_.campi) Aggiungi(campo);
   for (auto& griglia : griglie_) TerminaGriglia(*griglia);
   DisponiRiquadri(pagine);
