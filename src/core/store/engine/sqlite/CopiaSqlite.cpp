@@ -127,8 +127,9 @@ void CompattaUno(const fs::path& archivio, const fs::path& destinazione) {
     const auto trovata = dopo.find(tabella);
     const std::string adesso = trovata == dopo.end() ? "nessuna" : trovata->second;
     if (adesso != righe) {
-      throw std::runtime_error("la tabella " + tabella + " aveva " + righe + " righe e ne ha " +
-                               adesso);
+      std::string testo = "la tabella " + tabella;
+      testo.append(" aveva ").append(righe).append(" righe e ne ha ").append(adesso);
+      throw std::runtime_error(testo);
     }
   }
 }
