@@ -6,14 +6,13 @@
 #include "assets/QuotaAutomatica.h"
 #include "core/archives/CodiciNoti.h"
 #include "core/values/Testo.h"
+#include "ledger/registrations/RegistrazioneAutomatica.h"
 
 namespace fenalto::assets {
 
 namespace {
 
 const Importo kCento = Importo::DaUnita(100);
-/// `CREATOINAUTOMATICO` of a closing registration.
-constexpr int kChiusura = 91;
 
 struct AiutoDiCausale {
   std::string_view cau;
@@ -158,7 +157,10 @@ void Cespiti::Interno::ProponiQuota(const MovimentoCespite& digitata) {
 
 int Cespiti::Interno::UltimoAnnoAmmesso() const {
   const int chiuso = static_cast<int>(
-      ambiente.Max("Anno", "Articoli", {{"CREATOINAUTOMATICO", kChiusura}}, Tessarc()).Intero());
+      ambiente
+          .Max("Anno", "Articoli",
+               {{"CREATOINAUTOMATICO", static_cast<int>(ledger::Origine::Chiusura)}}, Tessarc())
+          .Intero());
   return std::max(ambiente.Anno(), chiuso + 1);
 }
 

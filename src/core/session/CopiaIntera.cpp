@@ -7,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "core/session/CambioDitta.h"
 #include "core/session/CopieDitta.h"
 #include "core/session/FileIni.h"
 #include "core/session/FileTesto.h"
@@ -79,14 +80,7 @@ std::string Impostazioni(const Ambiente& ambiente) {
 }
 
 std::string Nome(Ambiente& ambiente, const fs::path& dove) {
-  std::string ora = ambiente.Ora().Ora();
-  std::replace(ora.begin(), ora.end(), ':', '.');
-  const std::string radice = ambiente.Ditta() + " " + ambiente.Ora().Oggi().Iso() + " " + ora;
-  std::string nome = radice;
-  std::error_code errore;
-  for (int n = 2; fs::exists(dove / nome, errore); ++n)
-    nome = radice + " (" + std::to_string(n) + ")";
-  return nome;
+  return NomeLibero(dove, ambiente.Ditta() + " " + Adesso(ambiente.Ora()));
 }
 
 bool StessoDisco(const fs::path& a, const fs::path& b) {

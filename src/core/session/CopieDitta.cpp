@@ -9,6 +9,7 @@
 #include <fstream>
 #include <optional>
 
+#include "core/session/CambioDitta.h"
 #include "core/session/Ditte.h"
 #include "core/session/FileIni.h"
 #include "core/session/FileTesto.h"
@@ -59,12 +60,6 @@ std::string PerNome(std::string_view motivo) {
     nome += buono ? c : '-';
   }
   return std::string(Rifila(nome));
-}
-
-/// "10:30" as a name takes it, and back.
-std::string OraPerNome(std::string ora) {
-  std::replace(ora.begin(), ora.end(), ':', '.');
-  return ora;
 }
 
 bool DueCifre(std::string_view testo) {
@@ -226,22 +221,26 @@ fs::path CartellaCopie(const Ambiente& ambiente) {
   return ambiente.CartellaDitta() / "Copie";
 }
 
-Esito<fs::path> CopiaPrimaDi(Ambiente& ambiente, std::string_view motivo) {
-  const fs::path cartella = CartellaCopie(ambiente);
-  const Data oggi = ambiente.Ora().Oggi();
-  const std::string ora = ambiente.Ora().Ora();
-  const std::string radice =
-      oggi.Iso() + " " + OraPerNome(ora) + std::string(kPrimaDi) + PerNome(motivo);
+std::string NomeLibero(const fs::path& cartella, const std::string& radice) {
   std::string nome = radice;
   std::error_code errore;
   for (int n = 2; fs::exists(cartella / nome, errore); ++n) {
     nome = radice + " (" + std::to_string(n) + ")";
   }
+  return nome;
+}
+
+Esito<fs::path> CopiaPrimaDi(Ambiente& ambiente, std::string_view motivo) {
+  const fs::path cartella = CartellaCopie(ambiente);
+  std::string radice = Adesso(ambiente.Ora());
+  radice.append(kPrimaDi).append(PerNome(motivo));
+  const std::string nome = NomeLibero(cartella, radice);
   const PercorsiArchivi percorsi = ambiente.Basi().Percorsi();
   auto fatta = EseguiCopiaDetta(percorsi, cartella, nome);
   if (!fatta) return fatta;
   DescriviCopia(fatta.Valore(), ArchiviDellaCopia(fatta.Valore(), percorsi), ambiente.Ditta(),
-                std::string(Rifila(kPrimaDi)) + " " + std::string(motivo), oggi, ora);
+                std::string(Rifila(kPrimaDi)) + " " + std::string(motivo), ambiente.Ora().Oggi(),
+                ambiente.Ora().Ora());
   return fatta;
 }
 

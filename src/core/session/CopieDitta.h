@@ -44,6 +44,9 @@ struct CopiaDitta {
 /// The company's folder of copies.
 std::filesystem::path CartellaCopie(const Ambiente& ambiente);
 
+/// A name that nothing in a folder has: `radice`, or with " (2)" and on behind it.
+std::string NomeLibero(const std::filesystem::path& cartella, const std::string& radice);
+
 /// Makes a verified copy of both databases, named by hour and reason, outside the ten daily ones,
 /// and gives its folder. Mass operations call it first and name the folder when they are done
 /// (NominaCopia).
