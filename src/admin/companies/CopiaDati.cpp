@@ -37,11 +37,13 @@ void CopiaRighe(Archivio& da, Archivio& a, const TabellaDitta& tabella) {
   }
 }
 
-/// Empties every field that names an archive which has stayed behind.
+/// Empties every field that names an archive which has stayed behind; a row that says nothing
+/// without it stays behind too.
 void SciogliRiferimenti(BasiDati& a, const std::set<std::string>& rimasti) {
   for (const archives::Riferimento& r : archives::TavolaRiferimenti()) {
     if (!rimasti.contains(SenzaMaiuscole(r.archivio))) continue;
-    std::string sql = "update " + std::string(r.tabella) + " set " + r.campo + "=''";
+    std::string sql = r.cade ? "delete * from " + std::string(r.tabella)
+                             : "update " + std::string(r.tabella) + " set " + r.campo + "=''";
     if (*r.condizione != '\0') sql.append(" where ").append(r.condizione);
     a.PerChiave(r.chiave).Esegui(sql);
   }

@@ -22,7 +22,12 @@ constexpr const char* kSoloNome = "digitare un semplice nome ditta senza simboli
 constexpr OpzioneCopia kOpzioni[] = {{"TieniConti", SceltaDati::Conti, true},
                                      {"TieniClienti", SceltaDati::Clienti, false},
                                      {"TieniFornitori", SceltaDati::Fornitori, false},
-                                     {"TieniCespiti", SceltaDati::Cespiti, false}};
+                                     {"TieniCespiti", SceltaDati::Cespiti, false},
+                                     {"TieniProdotti", SceltaDati::Prodotti, false},
+                                     {"TieniDistinte", SceltaDati::Distinte, false},
+                                     {"TieniOrdiniCli", SceltaDati::OrdiniClienti, false},
+                                     {"TieniOrdiniFor", SceltaDati::OrdiniFornitori, false},
+                                     {"TieniCommesse", SceltaDati::Commesse, false}};
 
 /// Whether the company has a table of that kind.
 bool HaDati(Ambiente& ambiente, SceltaDati scelta) {

@@ -33,6 +33,11 @@ constexpr const char* kTipiDocumento = FENALTO_IN_QUANTO "tipi documento che lo 
 constexpr const char* kMovimentiMag = FENALTO_IN_QUANTO "movimenti di magazzino che lo usano";
 constexpr const char* kCespiti = FENALTO_IN_QUANTO "cespiti che lo usano";
 constexpr const char* kCategorieCespiti = FENALTO_IN_QUANTO "categorie di cespiti che lo usano";
+constexpr const char* kOrdini = FENALTO_IN_QUANTO "ordini che lo usano";
+constexpr const char* kCommesse = FENALTO_IN_QUANTO "commesse che lo usano";
+constexpr const char* kProdotti = FENALTO_IN_QUANTO "prodotti che lo usano";
+constexpr const char* kListini = FENALTO_IN_QUANTO "listini che lo usano";
+constexpr const char* kDistinte = FENALTO_IN_QUANTO "distinte base che lo usano";
 constexpr const char* kCausaleMag =
     "il codice non si può variare perchè esistono già movimenti magazzino con questa causale o "
     "sono previsti tipi documento";
@@ -129,6 +134,47 @@ constexpr Riferimento kTavola[] = {
     {"Conti", kC, "CategorieCespiti", "ContoFondo", "", kCategorieCespiti},
 
     {"Banche", kS, "Scadenze", "BancaPresentaz", "", kScadenze},
+
+    {"CodiciRiga", kC, "FattureCli_r", "CodiceRiga", "", kRigheDocumenti},
+    {"CodiciRiga", kC, "OrdiniCli_r", "CodiceRiga", "", kOrdini},
+    {"CodiciRiga", kC, "OrdiniFor_r", "CodiceRiga", "", kOrdini},
+    {"CodiciRiga", kC, "Listini_r", "CodiceRiga", "", kListini, true},
+    {"CodiciRiga", kC, "Commesse_r", "CodiceRiga", "", kCommesse},
+    {"CodiciRiga", kC, "Clienti", "SpRiBa", "", kClienti},
+    {"CodiciRiga", kC, "Db_r", "CodiceRiga", "", kDistinte, true},
+    {"CodiciRiga", kC, "Db_r", "Cod", "", kDistinte, true},
+    {"CodiciRiga", kC, "prodottiFor_r", "Cod", "", kProdotti, true},
+
+    {"TipiFattureCli", kC, "FattureCli", "TipoDoc", "", kDocumenti},
+    {"TipiFattureCli", kC, "FattureCli_r", "TipoDoc", "", kRigheDocumenti},
+    {"TipiFattureCli", kC, "TipiFattureCli", "TipoDocScaricoDB", "", kTipiDocumento},
+    {"TipiFattureCli", kC, "TipiFattureCli", "TipoDocTrasferimento", "", kTipiDocumento},
+    {"TipiFattureCli", kC, "FattureCli", "TipoDocOrigine", "", kDocumenti},
+    {"Listini", kC, "Listini_r", "Cod", "", kListini, true},
+    {"Listini", kC, "Clienti", "listino", "", kClienti},
+
+    {"CategorieMag", kC, "CodiciRiga", "CategoriaMag", "", kProdotti},
+    {"CategorieMag2", kC, "CodiciRiga", "CategoriaMag2", "", kProdotti},
+    {"GruppiMag", kC, "CodiciRiga", "GruppoMag", "", kProdotti},
+    {"GruppiMag2", kC, "CodiciRiga", "GruppoMag2", "", kProdotti},
+    {"CodiciIva", kC, "CodiciRiga", "CodIva", "", kProdotti},
+    {"CodiciIva", kC, "OrdiniCli_r", "CodIva", "", kOrdini},
+    {"Conti", kC, "CodiciRiga", "Conto", "", kProdotti},
+    {"Conti", kC, "OrdiniCli_r", "Conto", "", kOrdini},
+    {"Magazzini", kC, "FattureCli", "Mag", "", kDocumenti},
+    {"CausaliMag", kC, "FattureCli", "CausaleMag", "", kCausaleMag},
+    {"Pagamento", kC, "OrdiniCli", "Pagamento", "", kOrdini},
+    {"Pagamento", kC, "OrdiniFor", "Pagamento", "", kOrdini},
+    {"Agenti", kC, "OrdiniCli", "Agente", "", kOrdini},
+    {"Clienti", kC, "FattureCli_r", "CliFor", "CFP='C'", kRigheDocumenti},
+    {"Clienti", kC, "OrdiniCli", "Cliente", "", kOrdini},
+    {"Clienti", kC, "OrdiniCli_r", "CLIENTE", "", kOrdini},
+    {"Clienti", kC, "Commesse", "Cliente", "", kCommesse},
+    {"Clienti", kC, "Commesse_r", "Cliente", "", kCommesse},
+    {"Fornitori", kC, "FattureCli_r", "CliFor", "CFP='F'", kRigheDocumenti},
+    {"Fornitori", kC, "OrdiniFor", "Fornitore", "", kOrdini},
+    {"Fornitori", kC, "OrdiniFor_r", "FORNITORE", "", kOrdini},
+    {"Fornitori", kC, "prodottiFor_r", "Fornitore", "", kProdotti, true},
 };
 
 }  // namespace

@@ -21,6 +21,7 @@ struct Riferimento {
   const char* campo;
   const char* condizione;  ///< of the dialect, on the same table; empty for none
   const char* messaggio;   ///< what is told when a code is in use
+  bool cade = false;       ///< the row says nothing without the code: erased with it, not emptied
 };
 
 std::span<const Riferimento> TavolaRiferimenti();

@@ -24,6 +24,8 @@ constexpr TabellaDitta kTabelle[] = {
     {kDiTessarc, "ChiusIva", Sorte::Vuota, kAnno},
     {kDiTessarc, "CreditoIva", Sorte::Vuota},
     {kDiTessarc, "OperazioniAnno", Sorte::Vuota, kAnno},
+    // Numbers that were given once; those of lots go on when their year is gone.
+    {kDiTessarc, "Contatori", Sorte::Vuota},
     // A due date outlives the year of its invoice.
     {kDiScadenzario, "Scadenze", Sorte::Vuota},
     {kDiScadenzario, "Pagamenti_R", Sorte::Vuota},
@@ -41,6 +43,16 @@ constexpr TabellaDitta kTabelle[] = {
     {kDiTessarc, "Cespiti", Sorte::Scelta, nullptr, SceltaDati::Cespiti},
     // The years of an asset are one history, of which none can be taken out.
     {kDiTessarc, "MovCesp_r", Sorte::Scelta, nullptr, SceltaDati::Cespiti},
+    {kDiTessarc, "CodiciRiga", Sorte::Scelta, nullptr, SceltaDati::Prodotti},
+    {kDiTessarc, "prodottiFor_r", Sorte::Scelta, nullptr, SceltaDati::Prodotti},
+    {kDiTessarc, "Listini_r", Sorte::Scelta, nullptr, SceltaDati::Prodotti},
+    {kDiTessarc, "Db_r", Sorte::Scelta, nullptr, SceltaDati::Distinte},
+    {kDiTessarc, "OrdiniCli", Sorte::Scelta, nullptr, SceltaDati::OrdiniClienti},
+    {kDiTessarc, "OrdiniCli_r", Sorte::Scelta, nullptr, SceltaDati::OrdiniClienti},
+    {kDiTessarc, "OrdiniFor", Sorte::Scelta, nullptr, SceltaDati::OrdiniFornitori},
+    {kDiTessarc, "OrdiniFor_r", Sorte::Scelta, nullptr, SceltaDati::OrdiniFornitori},
+    {kDiTessarc, "Commesse", Sorte::Scelta, nullptr, SceltaDati::Commesse},
+    {kDiTessarc, "Commesse_r", Sorte::Scelta, nullptr, SceltaDati::Commesse},
 
     // Codes.
     {kDiTessarc, "Ut", Sorte::Tenuta},
@@ -66,6 +78,7 @@ constexpr TabellaDitta kTabelle[] = {
     {kDiTessarc, "Magazzini", Sorte::Tenuta},
     {kDiTessarc, "CausaliMag", Sorte::Tenuta},
     {kDiTessarc, "TipiFattureCli", Sorte::Tenuta},
+    {kDiTessarc, "Listini", Sorte::Tenuta},
     {kDiTessarc, "CategorieCespiti", Sorte::Tenuta},
     {kDiTessarc, "CausaliCespiti", Sorte::Tenuta},
     {kDiScadenzario, "Banche", Sorte::Tenuta},

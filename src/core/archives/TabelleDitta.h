@@ -16,7 +16,18 @@ enum class Sorte {
 };
 
 /// Kinds of data that the user keeps or leaves; `Nessuna` for tables that leave no choice.
-enum class SceltaDati { Nessuna, Conti, Clienti, Fornitori, Cespiti };
+enum class SceltaDati {
+  Nessuna,
+  Conti,
+  Clienti,
+  Fornitori,
+  Cespiti,
+  Prodotti,
+  Distinte,
+  OrdiniClienti,
+  OrdiniFornitori,
+  Commesse
+};
 
 struct TabellaDitta {
   const char* chiave;  ///< database: "tessarc" or "scadenzario"

@@ -29,6 +29,16 @@ QString TestoOpzione(archives::SceltaDati scelta) {
       return QObject::tr("Fornitori");
     case archives::SceltaDati::Cespiti:
       return QObject::tr("Cespiti");
+    case archives::SceltaDati::Prodotti:
+      return QObject::tr("Prodotti, con fornitori e listini");
+    case archives::SceltaDati::Distinte:
+      return QObject::tr("Distinte base");
+    case archives::SceltaDati::OrdiniClienti:
+      return QObject::tr("Ordini e offerte clienti");
+    case archives::SceltaDati::OrdiniFornitori:
+      return QObject::tr("Ordini fornitori");
+    case archives::SceltaDati::Commesse:
+      return QObject::tr("Commesse");
     case archives::SceltaDati::Nessuna:
       break;
   }

@@ -1,0 +1,2 @@
+-- Documents made together with another one.
+SELECT FattureCli.* FROM FattureCli WHERE FattureCli.NumDocOrigine<>0
