@@ -124,6 +124,15 @@ TEST_F(ModelloDitta, OgniCodiceNominatoEsiste) {
       {"Ritenute", "Conto", "Conti"},
       {"Ritenute", "Causale", "Causali"},
       {"TipiFattureCli", "CausaleMag", "CausaliMag"},
+      {"TipiFattureCli", "Mag", "Magazzini"},
+      {"TipiFattureCli", "Riva", "RegistriIva"},
+      {"TipiFattureCli", "CodIva", "CodiciIva"},
+      {"TipiFattureCli", "Conto", "Conti"},
+      {"TipiFattureCli", "Porto", "CodiciPorto"},
+      {"TipiFattureCli", "CodAspetto", "CodiciAspetto"},
+      {"TipiFattureCli", "CodiceCausaleTrasporto", "CodiciCausaliTrasporto"},
+      {"TipiFattureCli", "TipoDocScaricoDB", "TipiFattureCli"},
+      {"TipiFattureCli", "TipoDocTrasferimento", "TipiFattureCli"},
       {"CategorieCespiti", "ContoAmm", "Conti"},
       {"CategorieCespiti", "ContoFondo", "Conti"},
   };
@@ -214,6 +223,30 @@ TEST_F(ModelloDitta, CiSonoICodiciSuCuiIlProgrammaConta) {
   Nessuno("descrizione mancante", "SELECT Cod FROM Causali WHERE Descrizione = ''");
   Nessuno("causale che non carica né scarica",
           "SELECT Cod FROM CausaliMag WHERE CS NOT IN ('C','S')");
+}
+
+TEST_F(ModelloDitta, ITipiDocumentoSiTengono) {
+  const std::string senso =
+      "SELECT t.Cod FROM TipiFattureCli t LEFT JOIN CausaliMag m ON m.Cod = t.CausaleMag ";
+  Nessuno("tipo che la maschera rifiuterebbe",
+          senso +
+              "WHERE t.CFP NOT IN ('C','F') OR t.Copie = 0 OR (t.CFP <> 'C' AND (t.Fatturo OR "
+              "t.TipoStampa IN ('FATTURA','FATTACC','SCONTRINOSCARICO'))) OR (t.Mag <> '' AND "
+              "t.CausaleMag = '') OR (t.Riva <> '' AND t.TipoStampa NOT IN "
+              "('FATTURA','FATTACC'))");
+  Nessuno("fattura o scontrino che carica",
+          senso + "WHERE m.CS = 'C' AND t.TipoStampa IN ('FATTURA','FATTACC','SCONTRINOSCARICO')");
+  const std::string altro = " JOIN TipiFattureCli a ON a.Cod = t.";
+  const std::string sensoAltro = " JOIN CausaliMag n ON n.Cod = a.CausaleMag ";
+  Nessuno("scarico componenti che non è di un carico, o non scarica",
+          senso + altro + "TipoDocScaricoDB" + sensoAltro + "WHERE m.CS <> 'C' OR n.CS <> 'S'");
+  Nessuno("trasferimento che non è di uno scarico, o non carica",
+          senso + altro + "TipoDocTrasferimento" + sensoAltro +
+              "WHERE m.CS <> 'S' OR n.CS <> 'C' OR a.CFP <> t.CFP");
+  Nessuno("il prezzo di un reso, di un trasferimento o di una rettifica farebbe costo",
+          "SELECT Cod FROM TipiFattureCli WHERE CausaleMag IN ('RC','TC','RIP') AND NOT NoCosti");
+  EXPECT_THAT(base_->Colonna("SELECT Cod FROM TipiFattureCli WHERE TipoDefault"),
+              testing::ElementsAre("01"));
 }
 
 TEST_F(ModelloDitta, NonPortaRegistrazioniNePersone) {

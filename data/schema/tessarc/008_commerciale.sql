@@ -347,3 +347,9 @@ CREATE INDEX _FattureCli_r_commessa ON FattureCli_r (Commessa, PosiCommessa, CS,
 CREATE UNIQUE INDEX _FattureCli_r_lotto ON FattureCli_r (NL1) WHERE NL1 <> 0;
 CREATE INDEX _FattureCli_r_scarichi ON FattureCli_r (NL2) WHERE NL2 <> 0;
 CREATE INDEX _FattureCli_r_componenti ON FattureCli_r (NL3) WHERE NL3 <> 0;
+
+-- Stock and costs of all products of a year in order of product, and of one, without a look at the
+-- rows themselves: those of a year lie by document, all over the table.
+CREATE INDEX _FattureCli_r_magazzinoAnno ON FattureCli_r (
+  Anno, CodiceRiga, Dt, NumDoc, TipoDoc, Posi, CS, Mag, Quantita, Prezzo, Sc1, Sc2, Sc3, CausaleMag
+);

@@ -61,6 +61,14 @@ bool ArchivioCodici::Interno::SoloEsistenti() const {
   return descrizione.soloEsistenti && descrizione.soloEsistenti(ambiente);
 }
 
+bool ArchivioCodici::Interno::Iniziabile() {
+  if (SoloEsistenti()) return false;
+  const auto impedimento =
+      descrizione.impedimentoNuovo ? descrizione.impedimentoNuovo(ambiente) : std::nullopt;
+  if (impedimento) Avviso(*impedimento);
+  return !impedimento;
+}
+
 void ArchivioCodici::Interno::Chiudi() {
   aperto = solaLettura = daScrivere = false;
   riga = Rs();
@@ -70,6 +78,7 @@ void ArchivioCodici::Interno::Chiudi() {
 void ArchivioCodici::Interno::Dimentica() {
   contesto.nuovo = false;
   contesto.copia = false;
+  contesto.origine.clear();
   contesto.codicePrima.clear();
   contesto.memoria.clear();
   contesto.daDire.clear();
@@ -161,21 +170,24 @@ bool ArchivioCodici::Apri(const std::string& codice) {
   return true;
 }
 
-void ArchivioCodici::Inizia() {
+bool ArchivioCodici::Inizia() {
   Interno& io = *interno_;
-  if (io.SoloEsistenti()) return;
+  if (!io.Iniziabile()) return false;
   Abbandona();
   io.contesto.nuovo = true;
   io.aperto = true;
   io.Riempi();
+  return true;
 }
 
-void ArchivioCodici::Duplica() {
+bool ArchivioCodici::Duplica() {
   Interno& io = *interno_;
-  if (!io.aperto || io.SoloEsistenti()) return;
+  if (!io.aperto || !io.Iniziabile()) return false;
   const std::vector<Coppia> valori = io.record.Campi();
+  std::string origine = io.contesto.codicePrima;
   io.Chiudi();
   io.Dimentica();
+  io.contesto.origine = std::move(origine);
   io.contesto.nuovo = true;
   io.contesto.copia = true;
   const auto copia = [&] {
@@ -188,7 +200,9 @@ void ArchivioCodici::Duplica() {
   io.aperto = true;
   io.Riempi();
   copia();
+  if (io.descrizione.copiato) io.descrizione.copiato(io.contesto);
   io.daScrivere = true;
+  return true;
 }
 
 void ArchivioCodici::Lasciato(const std::string& campo) {

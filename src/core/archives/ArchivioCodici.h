@@ -35,10 +35,11 @@ class ArchivioCodici {
 
   /// Opens the record of that code; false when there is none (nothing is told, nothing changes).
   bool Apri(const std::string& codice);
-  void Inizia();
+  /// Begins a new record; false when none can be (told, or records are only those there are).
+  bool Inizia();
   /// The open record as a new one, without its code (or with the one that a new record is
-  /// proposed).
-  void Duplica();
+  /// proposed); false as Inizia, and then the record stays as it is.
+  bool Duplica();
   /// A field was left with a new value.
   void Lasciato(const std::string& campo);
   [[nodiscard]] records::StatoCampo Stato(const std::string& nome) const;

@@ -43,7 +43,8 @@ bool ArchivioCodici::Interno::CodiceLibero() {
 }
 
 bool ArchivioCodici::Interno::CodiceInUso() {
-  const auto uso = CodiceUsato(ambiente, descrizione.tabella, contesto.codicePrima);
+  const auto uso = CodiceUsato(ambiente, descrizione.tabella, contesto.codicePrima,
+                               descrizione.tabelleProprie);
   return uso && !Rifiuta(*uso, "Cod");
 }
 
@@ -182,6 +183,7 @@ bool ArchivioCodici::Interno::Tenta(const std::string& azione,
     try {
       return lavoro();
     } catch (const std::exception&) {
+      if (descrizione.annulla) descrizione.annulla(contesto);
       Riprendi();
       throw;
     }
@@ -240,6 +242,7 @@ bool ArchivioCodici::Elimina() {
   };
   if (!io.Tenta("eliminazione", lavoro)) return false;
   io.Chiudi();
+  if (descrizione.dopoEliminazione) descrizione.dopoEliminazione(io.contesto);
   io.Racconta();
   io.Dimentica();
   return true;

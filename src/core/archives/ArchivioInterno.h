@@ -21,6 +21,8 @@ struct ArchivioCodici::Interno {
   void Avviso(const std::string& testo, Icona icona = Icona::Avviso);
   bool RifiutaSolaLettura();
   [[nodiscard]] bool SoloEsistenti() const;
+  /// Whether a new record can be begun (told).
+  bool Iniziabile();
   /// No record is open any more; its values are still there for what is told after.
   void Chiudi();
   void Dimentica();

@@ -32,6 +32,8 @@ struct ContestoArchivio {
   Scheda prima = {};
   /// A new record that began as a copy of another.
   bool copia = false;
+  /// Code that the copied record has; empty for a record not stored.
+  std::string origine = {};
   /// Where prints go; null outside a window.
   reports::FabbricaUscite* uscite = nullptr;
   /// Goes where a reference leads; null outside a window.
@@ -82,11 +84,21 @@ struct DescrizioneArchivio : records::DescrizioneForma {
   bool ricordato = false;
   /// Going to the next or previous record confirms the open one first, instead of asking.
   bool confermaPassando = false;
+  /// Text of the button beside the selector that begins a new record as a copy of the one whose
+  /// code stands there; empty for none.
+  std::string sdoppiaDaScelta = {};
+  /// Tables of rows that are written and erased with the record: that they name its code is no use
+  /// of it.
+  std::vector<std::string> tabelleProprie = {};
   /// True while records are neither added nor deleted here and keep their codes. Empty for never.
   std::function<bool(Ambiente&)> soloEsistenti = {};
+  /// Why no new record can be begun; nothing when one can. Empty for always.
+  std::function<std::optional<std::string>(Ambiente&)> impedimentoNuovo = {};
 
   /// Fills extra fields after a record was read or a new one begun.
   Azione aperto = {};
+  /// Changes what a copy doesn't have in common with its source, after all else was copied.
+  Azione copiato = {};
   /// A field was left with a new value: proposals and warnings that follow.
   std::function<void(ContestoArchivio&, const std::string& campo)> lasciato = {};
   std::function<records::StatoCampo(const ContestoArchivio&, const std::string& nome)> stato = {};
@@ -104,8 +116,12 @@ struct DescrizioneArchivio : records::DescrizioneForma {
   /// What else is written (erased) with the record, in its transaction.
   Azione conScrittura = {};
   Azione conEliminazione = {};
+  /// Puts right what lies outside the databases, when the writing was given up.
+  Azione annulla = {};
   /// What is told after the record was written.
   Azione dopoConferma = {};
+  /// What is left to do outside the databases, after the record was erased.
+  Azione dopoEliminazione = {};
   /// The archive's own print instead of the plain list; empty for that.
   std::function<void(ContestoArchivio&)> stampa = {};
 };

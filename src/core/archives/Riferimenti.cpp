@@ -1,5 +1,7 @@
 #include "core/archives/Riferimenti.h"
 
+#include <algorithm>
+
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 
@@ -184,10 +186,18 @@ std::span<const Riferimento> TavolaRiferimenti() {
 }
 
 std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view archivio,
-                                       std::string_view codice) {
+                                       std::string_view codice,
+                                       std::span<const std::string> proprie) {
   if (codice.empty()) return std::nullopt;  // an empty field refers to nothing
   for (const Riferimento& r : kTavola) {
     if (!UgualeTesto(r.archivio, archivio)) continue;
+    // Its own rows are its own by their key alone.
+    const bool chiave = UgualeTesto(r.campo, "Cod");
+    if (chiave && std::ranges::any_of(proprie, [&](const std::string& tabella) {
+          return UgualeTesto(tabella, r.tabella);
+        })) {
+      continue;
+    }
     std::string sql = "select top 1 1 from ";
     sql.append(r.tabella).append(" where ").append(sql::Criterio(r.campo, "=", codice));
     // A code that names itself may change: the reference goes with it.

@@ -27,9 +27,10 @@ struct Riferimento {
 std::span<const Riferimento> TavolaRiferimenti();
 
 /// What to tell when the code of that archive is in use, in the order of the table; nothing when it
-/// may be changed or deleted.
+/// may be changed or deleted. Rows of the tables in `proprie` are a part of the record itself.
 std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view archivio,
-                                       std::string_view codice);
+                                       std::string_view codice,
+                                       std::span<const std::string> proprie = {});
 
 /// Puts the new code wherever the table names the old one of that archive, in the transaction that
 /// the caller holds.

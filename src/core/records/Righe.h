@@ -56,6 +56,8 @@ class Righe {
 
   [[nodiscard]] const std::vector<R>& Tutte() const { return righe_; }
   [[nodiscard]] std::span<const CampoRiga<R>> Campi() const { return campi_; }
+  /// Another one whenever the rows have become others.
+  [[nodiscard]] std::uint64_t Versione() const { return versione_; }
   /// A row was added, changed or deleted since they were loaded.
   [[nodiscard]] bool Modificate() const { return modificate_; }
   /// They are to be written although nobody touched them, or not.
@@ -72,12 +74,14 @@ class Righe {
     Numera();
     std::stable_sort(righe_.begin(), righe_.end(), ordine_);
     modificate_ = true;
+    ++versione_;
     Annulla();
   }
   /// Changes rows where they stand, so that they follow the head or each other: the open one stays
   /// open, and nothing counts as changed. `ritocca` takes them all and leaves number and order.
   template <class F>
   auto Ritocca(F ritocca) {
+    ++versione_;
     return ritocca(righe_);
   }
 
@@ -93,10 +97,11 @@ class Righe {
   /// Something was typed into the open row.
   [[nodiscard]] bool Digitando() const { return inRiga_ && riga_.Modificata(); }
 
-  /// Opens a new row that begins as `proposta`.
-  void Nuova(const R& proposta) {
+  /// Opens a new row that begins as `proposta`, with what of it the fields don't show.
+  void Nuova(R proposta) {
     Mostra(proposta);
     aperta_.reset();
+    proposta_ = std::move(proposta);
   }
   /// Opens a row by its place; false when it isn't there.
   bool Apri(std::size_t indice) {
@@ -113,7 +118,7 @@ class Righe {
   }
   /// The open row with what is typed in its fields; what the fields don't show stays as it was.
   [[nodiscard]] R Digitata() const {
-    return LeggiCampi(riga_, campi_, aperta_ ? righe_[*aperta_] : R{});
+    return LeggiCampi(riga_, campi_, aperta_ ? righe_[*aperta_] : proposta_);
   }
   /// All rows as they would be, in their order, with `riga` in the place of the open one.
   [[nodiscard]] std::vector<R> Con(R riga) const {
@@ -136,6 +141,7 @@ class Righe {
   void Annulla() {
     inRiga_ = false;
     aperta_.reset();
+    proposta_ = {};
     riga_.Svuota();
   }
 
@@ -170,9 +176,11 @@ class Righe {
   Ordine ordine_;
   std::vector<R> righe_;
   Scheda riga_;
+  R proposta_{};  ///< what a new row began as
   bool inRiga_ = false;
   std::optional<std::size_t> aperta_;  ///< place of the open row, none for a new one
   bool modificate_ = false;
+  std::uint64_t versione_ = 0;
   std::int64_t ultimoNum_ = 0;
 };
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -49,8 +50,15 @@ std::vector<Coppia> AltreColonne(const Rs& rs, const sql::TabellaCatalogo& tabel
   return altre;
 }
 
+/// "a=1 and b='x'": what meets all pairs; there must be one at least.
+std::string Condizione(const std::vector<Coppia>& chiave);
+
 /// Deletes the rows that meet all pairs; there must be one at least.
 void EliminaRighe(Archivio& archivio, std::string_view tabella, const std::vector<Coppia>& chiave);
+
+/// Writes fields into the rows that meet all pairs, and says how many there were.
+std::int64_t AggiornaRighe(Archivio& archivio, std::string_view tabella,
+                           const std::vector<Coppia>& campi, const std::vector<Coppia>& chiave);
 
 /// Adds rows under the columns of `chiave`, in their order. The head is to be written before: rows
 /// take what mirrors it as they are written.

@@ -9,6 +9,7 @@
 #include "core/session/CambioDitta.h"
 #include "core/session/Csv.h"
 #include "core/session/FileTesto.h"
+#include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
 
 namespace fenalto {
@@ -90,6 +91,8 @@ void CaricaTabella(Archivio& archivio, const fs::path& file) {
     campi.emplace_back(nome, Valore());
     tipi.push_back(colonna->tipo);
   }
+  const bool aCodice = tabella->chiave.size() == 1 && UgualeTesto(tabella->chiave[0], "Cod") &&
+                       !campi.empty() && UgualeTesto(campi[0].first, "Cod");
   for (const auto& riga : csv.righe) {
     for (std::size_t i = 0; i < campi.size(); ++i) {
       try {
@@ -98,6 +101,11 @@ void CaricaTabella(Archivio& archivio, const fs::path& file) {
         throw guasto("riga " + std::to_string(riga.linea) + ": «" + riga.campi[i] +
                      "» non va bene per il campo " + campi[i].first);
       }
+    }
+    // A code that the schema brings along is the model's to fill in.
+    if (aCodice) {
+      archivio.Esegui("DELETE * FROM " + tabella->nome + " WHERE " +
+                      sql::Criterio("Cod", "=", campi[0].second));
     }
     archivio.Inserisci(tabella->nome, campi);
   }

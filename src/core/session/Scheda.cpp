@@ -47,6 +47,13 @@ bool Scheda::Ha(std::string_view campo) const {
   return Trova(campo) != nullptr;
 }
 
+std::vector<std::string> Scheda::Nomi() const {
+  std::vector<std::string> nomi;
+  nomi.reserve(campi_.size());
+  for (const Campo& c : campi_) nomi.push_back(c.nome);
+  return nomi;
+}
+
 Tipo Scheda::TipoDi(std::string_view campo) const {
   return Preso(campo).tipo;
 }

@@ -20,6 +20,8 @@ class Scheda {
   void Aggiungi(std::string nome, Tipo tipo);
 
   [[nodiscard]] bool Ha(std::string_view campo) const;
+  /// Of all fields, as they came.
+  [[nodiscard]] std::vector<std::string> Nomi() const;
   [[nodiscard]] Tipo TipoDi(std::string_view campo) const;
   /// Value of a field; throws std::out_of_range on an unknown name.
   [[nodiscard]] const Valore& Leggi(std::string_view campo) const;

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/sql/Criterio.h"
+#include "core/records/RigheInTabella.h"
 
 namespace fenalto::ledger {
 
@@ -13,12 +13,7 @@ Esito<Blocco, Detentore> BloccaArticolo(Ambiente& ambiente, int anno, std::int64
 
 void AggiornaTestata(Archivio& tessarc, std::int64_t id, std::int64_t numero,
                      const std::vector<Coppia>& campi) {
-  std::string testo;
-  for (const auto& [campo, valore] : campi) {
-    testo +=
-        (testo.empty() ? "update Articoli set " : ",") + campo + "=" + sql::LetteraleSql(valore);
-  }
-  if (tessarc.Esegui(testo + " where " + sql::Criterio("ID", "=", id)) == 0) {
+  if (records::AggiornaRighe(tessarc, "Articoli", campi, {{"ID", id}}) == 0) {
     throw ErroreArchivio(ErroreArchivio::Causa::Mancante,
                          "la registrazione n. " + std::to_string(numero) +
                              " non c'è più: è stata eliminata mentre era aperta");

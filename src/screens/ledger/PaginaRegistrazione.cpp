@@ -12,7 +12,7 @@
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/lists/PiedeGriglia.h"
 #include "screens/common/look/Misure.h"
-#include "screens/ledger/PannelloAllegati.h"
+#include "screens/common/rows/PannelloAllegati.h"
 #include "screens/ledger/RiquadroRiga.h"
 
 namespace fenalto::screens {
@@ -69,7 +69,7 @@ PaginaRegistrazione::PaginaRegistrazione(ledger::Primanota& primanota, Finestre&
     : PaginaSul(primanota, finestre, genitore) {
   constexpr int kRigheMinime = 4;
   Usa(CreaGriglia(), kRigheMinime, new RiquadroRiga(caso_, finestre_));
-  allegati_ = new PannelloAllegati(caso_, finestre_);
+  allegati_ = new PannelloAllegati(AllegatiDi(caso_), finestre_);
   solaLettura_->setText(tr("Registrazione in modifica altrove: si può consultare, non cambiare."));
   auto* colonna = new QVBoxLayout(this);
   colonna->addWidget(CreaTestata());

@@ -20,8 +20,12 @@ archives::DescrizioneArchivio SoloDescrizione(std::string tabella, std::string t
   return archivio;
 }
 
-constexpr const char* kEsistenti =
-    "perchè esistono già movimenti magazzino con questa causale o sono previsti tipi documento";
+std::optional<Rifiuto> EsistonoMovimenti(const char* cosa, const char* campo) {
+  std::string messaggio(cosa);
+  messaggio +=
+      " perchè esistono già movimenti magazzino con questa causale o sono previsti tipi documento";
+  return Rifiuto{std::move(messaggio), campo};
+}
 
 bool InUso(archives::ContestoArchivio& contesto) {
   return archives::CodiceUsato(contesto.ambiente, "CausaliMag", contesto.codicePrima).has_value();
@@ -42,7 +46,7 @@ std::optional<Rifiuto> SensoFermo(archives::ContestoArchivio& contesto) {
   const std::string prima = NzStr(
       contesto.ambiente.Cerca("tessarc", "CausaliMag", {{"Cod", contesto.codicePrima}}, "CS"));
   if (UgualeTesto(prima, contesto.scheda.Testo("CS")) || !InUso(contesto)) return std::nullopt;
-  return Rifiuto{std::string("carico/scarico non si può variare ") + kEsistenti, "CS"};
+  return EsistonoMovimenti("carico/scarico non si può variare", "CS");
 }
 
 std::optional<Rifiuto> Esistenza(archives::ContestoArchivio& contesto) {
@@ -52,7 +56,7 @@ std::optional<Rifiuto> Esistenza(archives::ContestoArchivio& contesto) {
 
 std::optional<Rifiuto> NonEliminabile(archives::ContestoArchivio& contesto) {
   if (!InUso(contesto)) return std::nullopt;
-  return Rifiuto{std::string("non si può eliminare ") + kEsistenti, "Cod"};
+  return EsistonoMovimenti("non si può eliminare", "Cod");
 }
 
 archives::DescrizioneArchivio CausaliMag() {

@@ -92,34 +92,33 @@ std::string Orfane(Ambiente& nuova, const std::set<std::string>& rimasti) {
   return orfane;
 }
 
-/// Whether a table's rows say nothing without a kind that stayed behind.
-bool Cadute(std::string_view tabella, const std::set<std::string>& rimasti) {
-  const auto tavola = archives::TavolaRiferimenti();
-  return std::any_of(tavola.begin(), tavola.end(), [&](const archives::Riferimento& r) {
-    return r.cade && tabella == r.tabella && rimasti.contains(r.archivio);
-  });
-}
-
 TEST_F(CreazioneDittaTest, LaCopiaTieneCioCheSiSceglieENienteDiRegistrato) {
   const Contenuti origine = ContenutiDi(Cartella("Rossi"));
   const struct {
     const char* nome;
-    std::set<std::string> tolte;
+    const char* tolte[3];
+    std::set<SceltaDati> tenute;
     std::set<std::string> rimasti;
   } casi[] = {
-      {"Tutto", {}, {}},
-      {"Senza parti", {"TieniClienti", "TieniFornitori"}, {"Clienti", "Fornitori"}},
-      {"Senza prodotti", {"TieniProdotti", "TieniOrdiniFor"}, {"CodiciRiga"}},
-      {"Senza conti", {"TieniConti", "TieniFornitori"}, {"Conti", "Fornitori"}},
-      {"Nuda", {"TieniConti", "TieniClienti", "TieniFornitori"}, {"Conti", "Clienti", "Fornitori"}},
+      {"Tutto", {}, {SceltaDati::Conti, SceltaDati::Clienti, SceltaDati::Fornitori}, {}},
+      {"Senza parti",
+       {"TieniClienti", "TieniFornitori"},
+       {SceltaDati::Conti},
+       {"Clienti", "Fornitori"}},
+      {"Senza conti",
+       {"TieniConti", "TieniFornitori"},
+       {SceltaDati::Clienti},
+       {"Conti", "Fornitori"}},
+      {"Nuda",
+       {"TieniConti", "TieniClienti", "TieniFornitori"},
+       {},
+       {"Conti", "Clienti", "Fornitori"}},
   };
   for (const auto& caso : casi) {
     CreazioneDitta creazione(ambiente_);
-    std::set<SceltaDati> tenute;
-    for (const auto& opzione : creazione.Opzioni()) {
-      const bool tenuta = !caso.tolte.contains(opzione.campo);
-      creazione.Dati().Scrivi(opzione.campo, tenuta);
-      if (tenuta) tenute.insert(opzione.scelta);
+    for (const auto& opzione : creazione.Opzioni()) creazione.Dati().Scrivi(opzione.campo, true);
+    for (const char* tolta : caso.tolte) {
+      if (tolta != nullptr) creazione.Dati().Scrivi(tolta, false);
     }
     dialoghi_.Rispondera("CONFERMA CREAZIONE NUOVA DITTA", Risposta::Si);
     ASSERT_TRUE(Crea(creazione, caso.nome, 2001)) << dialoghi_.UltimoMessaggio();
@@ -134,8 +133,9 @@ TEST_F(CreazioneDittaTest, LaCopiaTieneCioCheSiSceglieENienteDiRegistrato) {
       } else if (tabella.sorte == Sorte::Vuota) {
         EXPECT_TRUE(righe.empty()) << caso.nome << ": " << tabella.tabella;
       } else if (tabella.condizione == nullptr) {
-        const bool tenuta = (tabella.sorte == Sorte::Tenuta || tenute.contains(tabella.scelta)) &&
-                            !Cadute(tabella.tabella, caso.rimasti);
+        const bool tenuta = tabella.sorte == Sorte::Tenuta ||
+                            caso.tenute.contains(tabella.scelta) ||
+                            tabella.scelta == SceltaDati::Cespiti;
         EXPECT_EQ(righe.size(), tenuta ? origine.at(base + tabella.tabella).size() : 0)
             << caso.nome << ": " << tabella.tabella;
       }
@@ -146,7 +146,7 @@ TEST_F(CreazioneDittaTest, LaCopiaTieneCioCheSiSceglieENienteDiRegistrato) {
     EXPECT_EQ(Orfane(nuova, caso.rimasti), "") << caso.nome;
     EXPECT_EQ(nuova.ArchivioDi("tessarc").Singolo("select sum(UltProtSt) from RegistriIva"),
               Valore(0));
-    const bool conti = tenute.contains(SceltaDati::Conti);
+    const bool conti = caso.tenute.contains(SceltaDati::Conti);
     EXPECT_EQ(nuova.Cerca("tessarc", "RegistriIva", {{"Cod", "2"}}, "ContoCassa").Testo(),
               conti ? "100.010" : "");
     EXPECT_EQ(nuova.Cerca("tessarc", "RegistriIva", {{"Cod", "8A"}}, "Tipo").Testo(), "08A");

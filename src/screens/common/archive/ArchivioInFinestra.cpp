@@ -103,6 +103,12 @@ QWidget* FinestraArchivio::Interno::CreaScelta() {
   PreparaSchede(*scelta, QStringLiteral("SSTab1"));
   pagina = new PaginaSceltaArchivio(gestore.Sessione(), archivio.Descrizione());
   scelta->addTab(pagina, tr("Apri"));
+  if (const auto& testo = archivio.Descrizione().sdoppiaDaScelta; !testo.empty()) {
+    sdoppiaDa = Pulsante(QStringLiteral("Sdoppia"), Qs(testo));
+    sdoppiaDa->setToolTip(tr("un codice nuovo con i dati di quello indicato sopra"));
+    pagina->AggiungiPulsante(sdoppiaDa);
+    connect(sdoppiaDa, &QPushButton::clicked, &finestra, [this] { SdoppiaDaScelta(); });
+  }
   return scelta;
 }
 

@@ -48,6 +48,8 @@ struct FinestraArchivio::Interno {
   void Apri(const QString& codice);
   void Comincia();
   void Sdoppia();
+  /// The same from the code in the selector.
+  void SdoppiaDaScelta();
   void Vicino(bool dopo);
   /// Confirms what is changed before another record comes; false when it was refused.
   bool ConfermaAperto();
@@ -91,6 +93,7 @@ struct FinestraArchivio::Interno {
   QPushButton* conferma = nullptr;
   QPushButton* elimina = nullptr;
   QPushButton* sdoppia = nullptr;
+  QPushButton* sdoppiaDa = nullptr;  ///< beside the selector, where the archive has one
   QPushButton* precedente = nullptr;
   QPushButton* successivo = nullptr;
   QPushButton* annulla = nullptr;

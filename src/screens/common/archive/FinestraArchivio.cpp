@@ -43,14 +43,22 @@ void FinestraArchivio::Interno::Apri(const QString& codice) {
 
 void FinestraArchivio::Interno::Comincia() {
   if (archivio.SoloEsistenti() || !LasciaPrecedente()) return;
-  archivio.Inizia();
-  MostraAperto();
+  if (archivio.Inizia()) MostraAperto();
 }
 
 void FinestraArchivio::Interno::Sdoppia() {
-  if (!legami->Raccogli()) return;
-  archivio.Duplica();
-  MostraAperto();
+  if (legami->Raccogli() && archivio.Duplica()) MostraAperto();
+}
+
+void FinestraArchivio::Interno::SdoppiaDaScelta() {
+  const QString codice = pagina->Codice();
+  if (codice.isEmpty() || !pagina->Esiste(codice)) {
+    finestra.Dialogo().Messaggio("indicare il codice da cui sdoppiare", Icona::Avviso);
+    pagina->Pronta();
+    return;
+  }
+  Apri(codice);
+  if (archivio.Aperto() && archivio.Duplica()) MostraAperto();
 }
 
 void FinestraArchivio::Interno::Vicino(bool dopo) {
@@ -154,6 +162,8 @@ void FinestraArchivio::Interno::MostraStato() {
   sdoppia->setVisible(!soloEsistenti);
   pagina->MostraNuovo(!soloEsistenti);
   for (auto* pulsante : {sdoppia, precedente, successivo}) pulsante->setEnabled(esistente);
+  // One of the two that do the same.
+  if (sdoppiaDa != nullptr) sdoppiaDa->setEnabled(!aperto);
   for (auto* pulsante : disponibili) {
     pulsante->setEnabled(archivio.Stato(pulsante->objectName().toStdString()).attivo);
   }
@@ -235,6 +245,10 @@ FinestraArchivio::~FinestraArchivio() {
 
 archives::ArchivioCodici& FinestraArchivio::Archivio() {
   return interno_->archivio;
+}
+
+QTabWidget& FinestraArchivio::SchedeScelta() {
+  return *interno_->scelta;
 }
 
 QTabWidget& FinestraArchivio::SchedeRecord() {

@@ -42,6 +42,8 @@ class FinestraArchivio : public FinestraFunzione {
   /// Enter was pressed in the last field of a page: to `Conferma`.
   virtual void DopoUltimoCampo();
   [[nodiscard]] archives::ArchivioCodici& Archivio();
+  /// Pages of the choice, for one of an archive's own.
+  [[nodiscard]] QTabWidget& SchedeScelta();
   [[nodiscard]] QTabWidget& SchedeRecord();
   /// Layout of the first page of `SSTab2`, under the described fields.
   [[nodiscard]] QVBoxLayout& PaginaRecord();

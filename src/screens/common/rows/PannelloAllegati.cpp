@@ -1,17 +1,19 @@
-#include "screens/ledger/PannelloAllegati.h"
+#include "screens/common/rows/PannelloAllegati.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
+#include <algorithm>
+#include <utility>
 
 #include "screens/common/fields/Disposizione.h"
 
 namespace fenalto::screens {
 
-PannelloAllegati::PannelloAllegati(ledger::Primanota& primanota, Finestre& finestre,
+PannelloAllegati::PannelloAllegati(AllegatiDelRecord allegati, Finestre& finestre,
                                    QWidget* genitore)
     : QGroupBox(tr("Allegati"), genitore),
-      primanota_(primanota),
+      allegati_(std::move(allegati)),
       finestre_(finestre),
       elenco_(new QListWidget),
       aggiungi_(Pulsante(QStringLiteral("AggiungiAllegato"), tr("Aggiungi..."))),
@@ -39,7 +41,7 @@ QList<QAbstractButton*> PannelloAllegati::Pulsanti() const {
 void PannelloAllegati::Mostra() {
   const int corrente = elenco_->currentRow();
   elenco_->clear();
-  for (const auto& allegato : primanota_.Allegati()) {
+  for (const auto& allegato : allegati_.elenco()) {
     const auto file = QString::fromStdString(allegato.file.filename().string());
     auto* voce = new QListWidgetItem(allegato.num == 0 ? tr("%1 (da confermare)").arg(file) : file);
     voce->setToolTip(QString::fromStdString(allegato.descrizione));
@@ -51,23 +53,23 @@ void PannelloAllegati::Mostra() {
 
 void PannelloAllegati::Abilita() {
   const bool scelto = elenco_->currentRow() >= 0;
-  aggiungi_->setEnabled(!primanota_.SolaLettura());
+  aggiungi_->setEnabled(!allegati_.solaLettura());
   apri_->setEnabled(scelto);
-  togli_->setEnabled(scelto && !primanota_.SolaLettura());
+  togli_->setEnabled(scelto && !allegati_.solaLettura());
 }
 
 void PannelloAllegati::Aggiungi() {
   auto& dialogo = finestre_.Sessione().Dialogo();
   const auto file = dialogo.ScegliFile("Documento da allegare", ModoFile::Apri, "Tutti i file (*)");
   if (!file) return;
-  if (auto esito = primanota_.AggiungiAllegato(*file); !esito) {
+  if (auto esito = allegati_.aggiungi(*file); !esito) {
     dialogo.Messaggio(esito.Errore().messaggio, Icona::Avviso);
   }
   Mostra();
 }
 
 void PannelloAllegati::Apri() {
-  const auto allegati = primanota_.Allegati();
+  const auto allegati = allegati_.elenco();
   const auto indice = static_cast<std::size_t>(elenco_->currentRow());
   if (indice >= allegati.size()) return;
   const std::string file = allegati[indice].file.string();
@@ -88,7 +90,7 @@ void PannelloAllegati::Togli() {
       !dialogo.Conferma("Conferma eliminazione ALLEGATO " + voce->text().toStdString() + " ?")) {
     return;
   }
-  if (auto esito = primanota_.TogliAllegato(indice); !esito) {
+  if (auto esito = allegati_.togli(indice); !esito) {
     dialogo.Messaggio(esito.Errore().messaggio, Icona::Avviso);
   }
   Mostra();
