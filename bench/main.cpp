@@ -20,6 +20,7 @@
 #include "bench/MisureFatture.h"
 #include "bench/MisureFinestre.h"
 #include "bench/MisureImpostazioni.h"
+#include "bench/MisureProdotti.h"
 #include "bench/MisureRapporti.h"
 #include "bench/MisureRegistro.h"
 #include "bench/MisureScadenze.h"
@@ -50,6 +51,7 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
   aggiungi(fenalto::banco::MisureCespiti(opzioni, nomi));
   aggiungi(fenalto::banco::MisureChiusure(opzioni, nomi));
   aggiungi(fenalto::banco::MisureFatture(opzioni, nomi));
+  aggiungi(fenalto::banco::MisureProdotti(opzioni, nomi));
   aggiungi(fenalto::banco::MisureRegistro(opzioni, nomi));
   aggiungi(fenalto::banco::MisureScadenze(opzioni, nomi));
   if (!nomi.empty() && rapporti.size() == nomi.size()) return rapporti;

@@ -41,8 +41,8 @@ std::size_t Quanti(GenereVoce genere, std::size_t perGenere) {
 }  // namespace
 
 const char* NomeGenere(GenereVoce genere) {
-  constexpr std::array<const char*, kGeneri> kNomi = {"recente", "funzione", "conto", "cliente",
-                                                      "fornitore"};
+  constexpr std::array<const char*, kGeneri> kNomi = {"recente", "funzione",  "conto",
+                                                      "cliente", "fornitore", "prodotto"};
   return kNomi.at(static_cast<std::size_t>(genere));
 }
 

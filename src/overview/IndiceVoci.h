@@ -13,8 +13,8 @@
 namespace fenalto::overview {
 
 /// What an entry is; where hits are equally good, these come in this order.
-enum class GenereVoce : std::uint8_t { Recente, Funzione, Conto, Cliente, Fornitore };
-inline constexpr std::size_t kGeneri = 5;
+enum class GenereVoce : std::uint8_t { Recente, Funzione, Conto, Cliente, Fornitore, Prodotto };
+inline constexpr std::size_t kGeneri = 6;
 /// The kind in a word, for the user: "funzione", "conto".
 const char* NomeGenere(GenereVoce genere);
 

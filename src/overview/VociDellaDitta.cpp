@@ -1,12 +1,13 @@
 #include "overview/VociDellaDitta.h"
 
+#include "core/values/PrimaLinea.h"
 #include "overview/UltimiRecord.h"
 
 namespace fenalto::overview {
 namespace {
 
 constexpr int kLivelloConti = 99;
-constexpr int kLivelloParti = 30;
+constexpr int kLivelloParti = 30;  // of products too
 
 void LeggiConti(Ambiente& ambiente, std::vector<Voce>& voci) {
   for (Rs conti = ambiente.ArchivioDi("tessarc").Recordset(
@@ -44,6 +45,22 @@ void LeggiParti(Ambiente& ambiente, bool clienti, std::vector<Voce>& voci) {
   }
 }
 
+/// Found by the barcode too; those out of use say so.
+void LeggiProdotti(Ambiente& ambiente, std::vector<Voce>& voci) {
+  for (Rs prodotti = ambiente.ArchivioDi("tessarc").Recordset(
+           "SELECT Cod, Descrizione, Barcode, FuoriUso FROM CodiciRiga");
+       !prodotti.Eof(); prodotti.MoveNext()) {
+    Voce voce;
+    voce.genere = GenereVoce::Prodotto;
+    voce.codice = prodotti.Fields(0).Testo();
+    voce.nome = PrimaLinea(prodotti.Fields(1).Testo());
+    voce.sinonimi = prodotti.Fields(2).Testo();
+    if (prodotti.Fields(3).Booleano()) voce.percorso = "fuori uso";
+    voce.rinvio = AllArchivio("CODICIRIGA", voce.codice);
+    voci.push_back(std::move(voce));
+  }
+}
+
 }  // namespace
 
 std::vector<Voce> LeggiVociDitta(Ambiente& ambiente) {
@@ -52,6 +69,7 @@ std::vector<Voce> LeggiVociDitta(Ambiente& ambiente) {
   if (ambiente.HaDiritto(kLivelloParti)) {
     LeggiParti(ambiente, true, voci);
     LeggiParti(ambiente, false, voci);
+    LeggiProdotti(ambiente, voci);
   }
   return voci;
 }

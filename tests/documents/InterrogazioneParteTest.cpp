@@ -178,6 +178,10 @@ TEST_F(InterrogazioneParteTest, IlDocumento) {
   Riga(2, 100, cod.c_str(), "500");
   documents::InterrogazioneParte parte(ambiente, "C", "0001");
   const documents::FogliaParte foglia = parte.Foglie(Ramo(parte, "xDOC"), nullptr, 1).at(0);
+  EXPECT_EQ(foglia.rinvio, (Rinvio{.funzione = "FattureCli",
+                                   .codice = std::to_string(foglia.numero),
+                                   .anno = foglia.anno,
+                                   .classe = foglia.tipoDoc}));
   const documents::DocumentoParte documento = parte.Documento(foglia);
   EXPECT_EQ(documento.titolo, "FT FATTURA  n.1 del 05/03/2024");
   ASSERT_EQ(documento.righe.size(), 3U);

@@ -26,12 +26,17 @@ struct Esempio {
 };
 constexpr auto kEsempi = std::to_array<Esempio>({
     {"Movimenti", "tessarc", "SELECT Max(NumDoc) FROM Articoli WHERE Anno=2024 AND Riva=''"},
+    {"FattureCli", "tessarc", "SELECT Max(NumDoc) FROM FattureCli WHERE Anno=2024 AND TipoDoc='01'",
+     "01"},
     {"Fatture", "tessarc", "SELECT Max(NumDoc) FROM Articoli WHERE Anno=2024 AND Riva<>''"},
     {"MovimentiConto", "tessarc", "SELECT Min(Cod) FROM Clienti", "C"},
     {"InterrCliFor", "tessarc", "SELECT Min(Cod) FROM Fornitori", "F"},
     {"ScadenzeModifica", "tessarc",
      "SELECT Max(NumDoc) FROM Articoli WHERE Anno=2024 AND Riva<>''"},
     {"Cespiti", "tessarc", "SELECT Min(NCesp) FROM Cespiti"},
+    {"VisCodiciRiga", "tessarc", "SELECT Min(Cod) FROM CodiciRiga"},
+    {"EliminazioneProdotto", "tessarc", "SELECT Min(Cod) FROM CodiciRiga"},
+    {"ProdottiMovCliFor", "tessarc", "SELECT Min(Cod) FROM Clienti", "C"},
     {"VisPdc", "tessarc", "SELECT Min(Cod) FROM Conti"},
 });
 
@@ -206,9 +211,15 @@ bool GiroFinestre::ApriUnRecord(screens::FinestraFunzione& finestra) {
   bool aperto = false;
   for (const auto& esempio : kEsempi) {
     if (finestra.Nome() != QLatin1String(esempio.finestra)) continue;
-    finestra.ApriRecord(
-        {.codice = UnCodice(esempio.statement), .anno = kAnno, .classe = esempio.classe});
+    const std::string codice = UnCodice(esempio.statement);
+    finestra.ApriRecord({.codice = codice, .anno = kAnno, .classe = esempio.classe});
     aperto = true;
+    if (!codice.empty()) continue;
+    // Nothing of the kind is stored: a new one, with a row.
+    for (const char* nome : {"Nuovo", "PNuovaRiga"}) {
+      if (auto* pulsante = PulsanteDi(finestra, nome)) pulsante->click();
+      Assesta();
+    }
   }
   for (const char* nome : kLeggono) {
     auto* pulsante = aperto ? nullptr : PulsanteDi(finestra, nome);

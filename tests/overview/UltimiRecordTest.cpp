@@ -46,6 +46,33 @@ TEST_F(UltimiRecordTest, CioCheSiApreESiConferma) {
               ElementsAre("fornitore: " + nome + ", 0001 > FORNITORI 0001", scrittaPrima));
 }
 
+// A document beside a registration of the same number, one without party, one that is gone.
+TEST_F(UltimiRecordTest, UnDocumento) {
+  const auto prima = Registra({{"100.010", I("5"), "P", "001", "affitto"}, {"700.010", I("-5")}});
+  const auto documento = [&](const char* tipo, std::int64_t numero, const char* cliFor) {
+    Metti(Tessarc(), "FattureCli", "TipoDoc", tipo, "Anno", 2024, "NumDoc", numero, "Dt",
+          G(7, 3, 2024), "CFP", "F", "CliFor", cliFor);
+  };
+  documento("10", prima, "0001");
+  documento("EI", 4, "");
+  const auto ricorda = [&](const char* tipo, std::int64_t numero) {
+    ambiente.Ricorda(
+        {.funzione = "FattureCli", .codice = std::to_string(numero), .anno = 2024, .classe = tipo});
+  };
+  ricorda("10", 999);
+  ricorda("EI", 4);
+  ricorda("10", prima);
+  const std::string nome =
+      NzStr(ambiente.Cerca("tessarc", "Fornitori", {{"Cod", "0001"}}, "ragsoc1"));
+  const std::string numero = std::to_string(prima);
+  EXPECT_THAT(
+      Ultimi(),
+      ElementsAre("documento: " + nome + ", 10 n. " + numero + " del 07/03 > FattureCli " + numero,
+                  "documento: Esistenza iniziale di magazzino, EI n. 4 del 07/03 > "
+                  "FattureCli 4",
+                  "registrazione: affitto, art. " + numero + " del 15/03 > Movimenti " + numero));
+}
+
 TEST_F(UltimiRecordTest, SenzaMemoriaLeUltimeDellAnno) {
   const auto prima = Registra({{"100.010", I("5")}, {"700.010", I("-5")}});
   const auto seconda = Registra({{"100.010", I("5")}, {"700.010", I("-5")}});

@@ -44,6 +44,8 @@ CREATE TABLE CodiciRiga (
 );
 
 CREATE INDEX _CodiciRiga_barcode ON CodiciRiga (Barcode);
+-- The search while typing goes through this, and never through the rows.
+CREATE INDEX _CodiciRiga_ricerca ON CodiciRiga (Cod, FuoriUso, Barcode, Descrizione);
 
 -- A row is a supplier of a product, with its code and cost there.
 CREATE TABLE prodottiFor_r (
@@ -60,6 +62,7 @@ CREATE TABLE prodottiFor_r (
 );
 
 CREATE INDEX _prodottiFor_r_fornitore ON prodottiFor_r (Fornitore, Cod);
+CREATE INDEX _prodottiFor_r_ricerca ON prodottiFor_r (codprfor, Cod);
 
 -- A row is a price list of customers.
 CREATE TABLE Listini (

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/sql/Criterio.h"
+#include "core/values/PrimaLinea.h"
 #include "core/values/Testo.h"
 
 namespace fenalto::archives {
@@ -19,7 +20,7 @@ class FonteTabella : public FonteCodici {
     if (codice.empty()) return std::nullopt;
     const Rs trovata = Leggi({d_.condizione, Uguale(codice)});
     if (trovata.Eof()) return std::nullopt;
-    return NzStr(trovata.Fields(1));
+    return Descritta(trovata);
   }
 
   std::string Canonico(const std::string& codice) override {
@@ -28,10 +29,22 @@ class FonteTabella : public FonteCodici {
   }
 
   std::string Archivio() const override { return d_.archivio; }
+  std::string Ricerca() const override { return d_.ricerca; }
+
+  std::string DaSegno(const std::string& testo) override {
+    if (d_.segno.empty() || testo.empty()) return {};
+    const std::string uguale = sql::Criterio(d_.segno, "=", testo);
+    for (const std::string* elencati : {&d_.elencati, &d_.condizione}) {
+      const Rs trovata = Leggi({d_.condizione, *elencati, uguale}, 1);
+      if (!trovata.Eof()) return trovata.Fields(0).Testo();
+    }
+    return {};
+  }
 
   std::vector<VoceCodice> Cerca(const std::string& testo, int massimo) override {
     if (massimo <= 0) return {};
     if (testo.empty()) return Elencate("", massimo);
+    if (!d_.anche.empty()) return CercaParole(testo, massimo);
     const std::string inizia = sql::CriterioInizia(kChiave, testo);
     const auto comincia = [cercato = PerRicerca(testo)](const VoceCodice& voce) {
       return IniziaRicerca(voce.codice, cercato);
@@ -55,6 +68,47 @@ class FonteTabella : public FonteCodici {
  private:
   static constexpr const char* kChiave = "Cod";
 
+  /// First what the text names whole, of those listed; then codes that begin with it; then those
+  /// that have its words; last what it names whole that isn't listed, which was asked for then.
+  std::vector<VoceCodice> CercaParole(const std::string& testo, int massimo) {
+    std::string intero = Uguale(testo);
+    if (!d_.segno.empty()) intero += " OR " + sql::Criterio(d_.segno, "=", testo);
+    std::vector<VoceCodice> trovate = Elencate(intero, massimo);
+    std::vector<VoceCodice> altre;
+    for (Rs righe = Leggi({d_.condizione, intero}, massimo); !righe.Eof(); righe.MoveNext()) {
+      altre.push_back({NzStr(righe.Fields(0)), Descritta(righe)});
+    }
+    Aggiungi(trovate, Elencate(sql::CriterioInizia(kChiave, testo), massimo), massimo);
+    if (trovate.size() < static_cast<std::size_t>(massimo)) {
+      std::vector<std::string> campi{kChiave, d_.descrizione};
+      campi.insert(campi.end(), d_.anche.begin(), d_.anche.end());
+      const auto sotto = [this](const std::string& parola) {
+        return std::string(kChiave) + " IN (SELECT Cod FROM " + d_.tabellaSotto + " WHERE " +
+               sql::CriterioContiene(d_.campoSotto, parola) + ")";
+      };
+      const std::string parole = d_.tabellaSotto.empty() ? sql::CriterioParole(campi, testo)
+                                                         : sql::CriterioParole(campi, testo, sotto);
+      // Those found already may be among them.
+      if (!parole.empty()) Aggiungi(trovate, Elencate(parole, massimo), massimo);
+    }
+    Aggiungi(trovate, std::move(altre), massimo);
+    return trovate;
+  }
+
+  /// Adds those that aren't there yet.
+  static void Aggiungi(std::vector<VoceCodice>& trovate, std::vector<VoceCodice> altre,
+                       int massimo) {
+    for (VoceCodice& voce : altre) {
+      if (trovate.size() >= static_cast<std::size_t>(massimo)) return;
+      const bool gia = std::ranges::any_of(
+          trovate, [&](const VoceCodice& una) { return UgualeTesto(una.codice, voce.codice); });
+      if (!gia) trovate.push_back(std::move(voce));
+    }
+  }
+
+  /// One line: what stands below the first is for paper.
+  static std::string Descritta(const Rs& riga) { return PrimaLinea(NzStr(riga.Fields(1))); }
+
   static std::string Uguale(const std::string& codice) {
     return sql::Criterio(kChiave, "=", codice);
   }
@@ -63,7 +117,7 @@ class FonteTabella : public FonteCodici {
     std::vector<VoceCodice> voci;
     for (Rs righe = Leggi({d_.condizione, d_.elencati, condizione}, massimo); !righe.Eof();
          righe.MoveNext()) {
-      voci.push_back({NzStr(righe.Fields(0)), NzStr(righe.Fields(1))});
+      voci.push_back({NzStr(righe.Fields(0)), Descritta(righe)});
     }
     return voci;
   }
@@ -222,9 +276,14 @@ const std::vector<DescrizioneFonte>& Fonti() {
       {"porti", "CodiciPorto", "CODICIPORTO"},
       // A product out of use is taken when typed, and not proposed.
       {.nome = "prodotti",
-       .tabella = "ZCODICIRIGA",
+       .tabella = "CodiciRiga",
        .archivio = "CODICIRIGA",
-       .elencati = "FuoriUso=false"},
+       .elencati = "FuoriUso=false",
+       .anche = {"Barcode"},
+       .tabellaSotto = "prodottiFor_r",
+       .campoSotto = "codprfor",
+       .segno = "Barcode",
+       .ricerca = "VisCodiciRiga"},
       {"registri", "RegistriIva", "REGISTRIIVA"},
       {"registriTipo05", "RegistriIva", "", "Tipo='05'"},
       {"riepilogativiC", "Conti", "CONTI", "CFP='C'"},

@@ -31,6 +31,10 @@ class FonteCodici {
   /// Codes outside the source that a text stands for which means nothing in it: those with that
   /// very code, else those of which it is a part; two at least when there are several.
   [[nodiscard]] virtual std::vector<VoceCodice> Altrove(const std::string& /*testo*/) { return {}; }
+  /// The code that a text stands for by another sign of its own, as a barcode; empty for none.
+  [[nodiscard]] virtual std::string DaSegno(const std::string& /*testo*/) { return {}; }
+  /// The function that searches the codes in a window of its own; empty for none.
+  [[nodiscard]] virtual std::string Ricerca() const { return {}; }
   /// The archive behind the codes, by its table in capitals; empty for none.
   [[nodiscard]] virtual std::string Archivio() const { return {}; }
 };
@@ -45,6 +49,14 @@ struct DescrizioneFonte {
   std::string descrizione = "Descrizione";  ///< column shown beside a code
   std::string elencati = {};       ///< further condition of those listed; any other can be typed
   std::string chiave = "tessarc";  ///< database
+  /// Columns that are searched by word beside code and description: with any, a text finds the
+  /// codes that have all its words, in whatever order and column.
+  std::vector<std::string> anche = {};
+  /// Table and column, keyed by `Cod`, whose words count as the code's own; none without.
+  std::string tabellaSotto = {};
+  std::string campoSotto = {};
+  std::string segno = {};    ///< column of another sign that a code is known by
+  std::string ricerca = {};  ///< function that searches in a window of its own
 };
 
 /// All sources that have a name.

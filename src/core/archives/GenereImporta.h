@@ -30,6 +30,10 @@ struct CampoImporta {
   std::string riferimento = {};            ///< table of codes that the value must be in
   std::vector<ValoreAmmesso> ammessi = {};
   std::optional<std::pair<int, int>> limiti = {};  ///< least and greatest number
+  /// Of a field of rows beside the record (a product's suppliers): their table, and the column
+  /// there. The kind writes them (conScrittura).
+  std::string accanto = {};
+  std::string colonna = {};
 };
 
 /// A line of the file, read.
@@ -39,6 +43,9 @@ struct RigaImporta {
   bool nuova = true;    ///< no such code is stored
   /// Fields that the file gives, and what a kind adds to a new record.
   std::vector<Coppia> valori = {};
+  std::vector<Coppia> accanto = {};  ///< the same of fields beside the record, by the fields' names
+  /// A code that an earlier line has: only what stands beside the record is new.
+  bool seguito = false;
 
   [[nodiscard]] bool Ha(std::string_view campo) const;
   /// Value of a field, Null when there is none.
@@ -92,6 +99,9 @@ struct GenereImporta {
   std::function<std::vector<MotivoImporta>(ContestoImporta&, RigaImporta&)> controlla = {};
   /// What else is written with a line, in the import's transaction.
   std::function<void(Ambiente&, const RigaImporta&)> conScrittura = {};
+  /// Field beside the record that makes a repeated code a further row of it; empty: no code comes
+  /// twice.
+  std::string ripetutoPer = {};
 };
 
 }  // namespace fenalto::archives

@@ -19,6 +19,13 @@ const sql::ColonnaCatalogo* ColonnaDi(Ambiente& ambiente, const std::string& tab
   return trovata == nullptr ? nullptr : trovata->Colonna(campo);
 }
 
+/// Where a field of lines that go into that table is kept.
+const sql::ColonnaCatalogo* ColonnaDi(Ambiente& ambiente, const std::string& tabella,
+                                      const CampoImporta& campo) {
+  return campo.accanto.empty() ? ColonnaDi(ambiente, tabella, campo.nome)
+                               : ColonnaDi(ambiente, campo.accanto, campo.colonna);
+}
+
 bool HaTabella(Ambiente& ambiente, const std::string& tabella) {
   return ambiente.ArchivioDi("tessarc").Catalogo().Tabella(tabella) != nullptr;
 }
@@ -70,7 +77,7 @@ Importazione::Importazione(Ambiente& ambiente, GenereImporta genere)
   for (const auto& campo : genere_.campi) {
     const bool colonna = std::any_of(
         genere_.tabelle.begin(), genere_.tabelle.end(),
-        [&](const std::string& tabella) { return ColonnaDi(ambiente_, tabella, campo.nome); });
+        [&](const std::string& tabella) { return ColonnaDi(ambiente_, tabella, campo); });
     const bool codici = campo.riferimento.empty() || HaTabella(ambiente_, campo.riferimento);
     if (colonna && codici) campi_.push_back(campo);
   }
@@ -97,7 +104,7 @@ void Importazione::Prendi(TabellaCsv tabella) {
 
 Tipo Importazione::TipoDi(const CampoImporta& campo) const {
   for (const auto& tabella : genere_.tabelle) {
-    if (const auto* colonna = ColonnaDi(ambiente_, tabella, campo.nome)) return colonna->tipo;
+    if (const auto* colonna = ColonnaDi(ambiente_, tabella, campo)) return colonna->tipo;
   }
   return Tipo::Testo;
 }
@@ -152,61 +159,81 @@ bool Importazione::Completo(Controllo& controllo) const {
   return controllo.esito.errori.empty();
 }
 
+bool Importazione::LeggiCampo(Controllo& controllo, const TabellaCsv::Riga& dati,
+                              const CampoImporta& campo, RigaImporta& riga) const {
+  const auto* colonna = ColonnaDi(ambiente_, riga.tabella, campo);
+  const auto posto = corrispondenze_->Colonna(campo.nome);
+  const std::string testo = posto ? dati.campi[*posto] : std::string();
+  const std::string nome = posto ? tabella_.nomi[*posto] : campo.didascalia;
+  const auto rifiuta = [&](std::string motivo) {
+    controllo.Errore(riga, nome, testo, std::move(motivo));
+    return false;
+  };
+  if (campo.obbligatorio && Rifila(testo).empty() && (riga.nuova || posto)) {
+    return rifiuta("manca «" + campo.didascalia + "»");
+  }
+  if (!posto || (riga.nuova && Rifila(testo).empty())) return true;
+  auto letto = LeggiValoreDiFile(testo, campo, colonna->tipo, controllo.stili[*posto]);
+  if (!letto) return rifiuta(letto.Errore().messaggio);
+  const std::string codice = letto.Valore().Testo();
+  if (!campo.riferimento.empty() && !codice.empty() &&
+      !controllo.contesto.Esiste(campo.riferimento, codice)) {
+    return rifiuta("«" + codice + "» non c'è nell'archivio " + campo.riferimento);
+  }
+  if (campo.accanto.empty()) {
+    riga.valori.emplace_back(colonna->nome, std::move(letto).Valore());
+  } else {
+    riga.accanto.emplace_back(campo.nome, std::move(letto).Valore());
+  }
+  return true;
+}
+
 /// Reads the fields of a line; how many couldn't be.
 std::size_t Importazione::LeggiCampi(Controllo& controllo, const TabellaCsv::Riga& dati,
                                      RigaImporta& riga) const {
   std::size_t errori = 0;
   for (const auto& campo : campi_) {
-    const auto* colonna = ColonnaDi(ambiente_, riga.tabella, campo.nome);
-    if (colonna == nullptr || campo.nome == "Cod") continue;
-    const auto posto = corrispondenze_->Colonna(campo.nome);
-    const std::string testo = posto ? dati.campi[*posto] : std::string();
-    const std::string nome = posto ? tabella_.nomi[*posto] : campo.didascalia;
-    const auto rifiuta = [&](std::string motivo) {
-      controllo.Errore(riga, nome, testo, std::move(motivo));
-      ++errori;
-    };
-    if (campo.obbligatorio && Rifila(testo).empty() && (riga.nuova || posto)) {
-      rifiuta("manca «" + campo.didascalia + "»");
-      continue;
-    }
-    if (!posto || (riga.nuova && Rifila(testo).empty())) continue;
-    auto letto = LeggiValoreDiFile(testo, campo, colonna->tipo, controllo.stili[*posto]);
-    if (!letto) {
-      rifiuta(letto.Errore().messaggio);
-      continue;
-    }
-    const std::string codice = letto.Valore().Testo();
-    if (!campo.riferimento.empty() && !codice.empty() &&
-        !controllo.contesto.Esiste(campo.riferimento, codice)) {
-      rifiuta("«" + codice + "» non c'è nell'archivio " + campo.riferimento);
-      continue;
-    }
-    riga.valori.emplace_back(colonna->nome, std::move(letto).Valore());
+    if (campo.nome == "Cod" || (riga.seguito && campo.accanto.empty())) continue;
+    if (ColonnaDi(ambiente_, riga.tabella, campo) == nullptr) continue;
+    if (!LeggiCampo(controllo, dati, campo, riga)) ++errori;
   }
   return errori;
 }
 
-bool Importazione::LeggiCodice(Controllo& controllo, const std::string& testo,
+bool Importazione::Seguito(Controllo& controllo, const TabellaCsv::Riga& dati, std::size_t prima,
+                           RigaImporta& riga) const {
+  const std::size_t colonna = *corrispondenze_->Colonna("Cod");
+  const auto rifiuta = [&](std::string motivo) {
+    controllo.Errore(riga, tabella_.nomi[colonna], dati.campi[colonna], std::move(motivo));
+    return false;
+  };
+  const auto per = corrispondenze_->Colonna(genere_.ripetutoPer);
+  if (!per || Rifila(dati.campi[*per]).empty()) {
+    return rifiuta("codice ripetuto: è già alla riga " + std::to_string(prima));
+  }
+  if (!controllo.contesto.Esiste(riga.tabella, riga.Testo("Cod"))) {
+    return rifiuta("il codice è alla riga " + std::to_string(prima) + ", che è sbagliata");
+  }
+  riga.seguito = true;
+  return true;
+}
+
+bool Importazione::LeggiCodice(Controllo& controllo, const TabellaCsv::Riga& dati,
                                RigaImporta& riga) const {
   const auto& campo = *std::find_if(campi_.begin(), campi_.end(),
                                     [](const CampoImporta& uno) { return uno.nome == "Cod"; });
-  const std::string nome = tabella_.nomi[*corrispondenze_->Colonna("Cod")];
+  const std::size_t colonna = *corrispondenze_->Colonna("Cod");
+  const std::string& testo = dati.campi[colonna];
   auto letto = LeggiTestoDiFile(testo, campo.lunghezza, false);
   if (!letto || letto.Valore().empty()) {
-    controllo.Errore(riga, nome, testo,
+    controllo.Errore(riga, tabella_.nomi[colonna], testo,
                      letto ? std::string("manca il codice") : letto.Errore().messaggio);
     return false;
   }
   const auto [visto, primo] =
       controllo.visti.try_emplace(riga.tabella + "|" + SenzaMaiuscole(letto.Valore()), riga.linea);
-  if (!primo) {
-    controllo.Errore(riga, nome, testo,
-                     "codice ripetuto: è già alla riga " + std::to_string(visto->second));
-    return false;
-  }
   riga.valori.emplace_back("Cod", std::move(letto).Valore());
-  return true;
+  return primo || Seguito(controllo, dati, visto->second, riga);
 }
 
 void Importazione::ControllaRiga(Controllo& controllo, const TabellaCsv::Riga& dati,
@@ -215,7 +242,7 @@ void Importazione::ControllaRiga(Controllo& controllo, const TabellaCsv::Riga& d
   RigaImporta riga;
   riga.linea = dati.linea;
   riga.tabella = tabella;
-  if (!LeggiCodice(controllo, dati.campi[*corrispondenze_->Colonna("Cod")], riga)) {
+  if (!LeggiCodice(controllo, dati, riga)) {
     ++esito.errate;
     return;
   }
@@ -237,8 +264,8 @@ void Importazione::ControllaRiga(Controllo& controllo, const TabellaCsv::Riga& d
     ++esito.errate;
     return;
   }
-  ++(riga.nuova ? esito.nuove : esito.aggiornate);
-  controllo.contesto.Accolta(riga);
+  ++(riga.seguito ? esito.seguiti : riga.nuova ? esito.nuove : esito.aggiornate);
+  if (!riga.seguito) controllo.contesto.Accolta(riga);
   controllo.buone.push_back(std::move(riga));
 }
 
@@ -276,7 +303,9 @@ EsitoImporta Importazione::Controlla(const OpzioniImporta& opzioni) {
 /// Writes one line; the error is another station that has the record in edit.
 Esito<bool> Importazione::ScriviRiga(const RigaImporta& riga) {
   Archivio& archivio = ambiente_.ArchivioDi("tessarc");
-  if (riga.nuova) {
+  if (riga.seguito) {
+    // The record was written with an earlier line.
+  } else if (riga.nuova) {
     archivio.Inserisci(riga.tabella, riga.valori);
   } else {
     const std::string codice = riga.Testo("Cod");

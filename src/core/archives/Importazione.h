@@ -38,6 +38,7 @@ struct EsitoImporta {
   std::size_t aggiornate = 0;
   std::size_t saltate = 0;  ///< codes that exist already
   std::size_t errate = 0;
+  std::size_t seguiti = 0;  ///< further lines of a code, that add to what stands beside its record
   /// At most kMassimoErrori.
   std::vector<ErroreImporta> errori = {};
   bool annullata = false;
@@ -88,9 +89,15 @@ class Importazione {
   void ControllaRighe(Controllo& controllo) const;
   void ControllaRiga(Controllo& controllo, const TabellaCsv::Riga& dati,
                      const std::string& tabella) const;
-  bool LeggiCodice(Controllo& controllo, const std::string& testo, RigaImporta& riga) const;
+  bool LeggiCodice(Controllo& controllo, const TabellaCsv::Riga& dati, RigaImporta& riga) const;
   std::size_t LeggiCampi(Controllo& controllo, const TabellaCsv::Riga& dati,
                          RigaImporta& riga) const;
+  /// One field of a line, where the file gives it; false when it is wrong (told).
+  bool LeggiCampo(Controllo& controllo, const TabellaCsv::Riga& dati, const CampoImporta& campo,
+                  RigaImporta& riga) const;
+  /// Whether a line whose code came before may go on with what stands beside the record.
+  bool Seguito(Controllo& controllo, const TabellaCsv::Riga& dati, std::size_t prima,
+               RigaImporta& riga) const;
   Esito<bool> ScriviRiga(const RigaImporta& riga);
 
   Ambiente& ambiente_;

@@ -1,6 +1,7 @@
 #include "core/archives/Riferimenti.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/sql/Criterio.h"
 #include "core/values/Testo.h"
@@ -179,6 +180,45 @@ constexpr Riferimento kTavola[] = {
     {"Fornitori", kC, "prodottiFor_r", "Fornitore", "", kProdotti, true},
 };
 
+/// " where CodiceRiga='X1' and CFP='C'"
+std::string Dove(const Riferimento& r, std::string_view codice) {
+  std::string dove = " where " + sql::Criterio(r.campo, "=", codice);
+  if (*r.condizione != '\0') dove.append(" and ").append(r.condizione);
+  return dove;
+}
+
+/// The pieces in which the rows of a reference are walked, as conditions: a year each where the
+/// table has years, so that a code of a million rows can be stopped on the way.
+std::vector<std::string> Pezzi(Archivio& archivio, const Riferimento& r, const std::string& dove) {
+  const auto* tabella = archivio.Catalogo().Tabella(r.tabella);
+  if (tabella == nullptr || tabella->Colonna("Anno") == nullptr) return {""};
+  std::vector<std::string> pezzi;
+  for (Rs anni = archivio.Recordset("select Anno from " + std::string(r.tabella) + dove +
+                                    " group by Anno");
+       !anni.Eof(); anni.MoveNext()) {
+    pezzi.push_back(" and " + sql::Criterio("Anno", "=", anni.Fields(0)));
+  }
+  return pezzi;
+}
+
+/// Does an action on all rows that name a code, in the order of the table.
+bool Percorri(Ambiente& ambiente, std::string_view archivio, std::string_view codice,
+              const PassoRiferimenti& passo,
+              const std::function<std::string(const Riferimento&)>& azione) {
+  if (codice.empty()) return true;
+  std::int64_t fatte = 0;
+  for (const Riferimento& r : kTavola) {
+    if (!UgualeTesto(r.archivio, archivio)) continue;
+    Archivio& dati = ambiente.ArchivioDi(r.chiave);
+    const std::string dove = Dove(r, codice);
+    for (const std::string& pezzo : passo ? Pezzi(dati, r, dove) : std::vector<std::string>{""}) {
+      fatte += dati.Esegui(azione(r) + dove + pezzo);
+      if (passo && !passo(fatte)) return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 std::span<const Riferimento> TavolaRiferimenti() {
@@ -198,28 +238,39 @@ std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view arch
         })) {
       continue;
     }
-    std::string sql = "select top 1 1 from ";
-    sql.append(r.tabella).append(" where ").append(sql::Criterio(r.campo, "=", codice));
+    std::string sql = "select top 1 1 from " + std::string(r.tabella) + Dove(r, codice);
     // A code that names itself may change: the reference goes with it.
     if (UgualeTesto(r.tabella, archivio)) sql += " and " + sql::Criterio("Cod", "<>", codice);
-    if (*r.condizione != '\0') sql.append(" and ").append(r.condizione);
     if (!ambiente.ArchivioDi(r.chiave).Singolo(sql).Nullo()) return r.messaggio;
   }
   return std::nullopt;
 }
 
-void PortaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view codicePrima,
-                 std::string_view codice) {
-  if (codicePrima.empty()) return;
+std::int64_t ContaRiferimenti(Ambiente& ambiente, std::string_view archivio,
+                              std::string_view codice) {
+  std::int64_t righe = 0;
   for (const Riferimento& r : kTavola) {
-    if (!UgualeTesto(r.archivio, archivio)) continue;
-    std::string sql = "update ";
-    sql.append(r.tabella).append(" set ").append(r.campo).append("=").append(
-        sql::LetteraleSql(codice));
-    sql.append(" where ").append(sql::Criterio(r.campo, "=", codicePrima));
-    if (*r.condizione != '\0') sql.append(" and ").append(r.condizione);
-    ambiente.ArchivioDi(r.chiave).Esegui(sql);
+    if (codice.empty() || !UgualeTesto(r.archivio, archivio)) continue;
+    righe += ambiente.ArchivioDi(r.chiave)
+                 .Singolo("select Count(*) from " + std::string(r.tabella) + Dove(r, codice))
+                 .Intero();
   }
+  return righe;
+}
+
+bool PortaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view codicePrima,
+                 std::string_view codice, const PassoRiferimenti& passo) {
+  return Percorri(ambiente, archivio, codicePrima, passo, [codice](const Riferimento& r) {
+    return "update " + std::string(r.tabella) + " set " + r.campo + "=" + sql::LetteraleSql(codice);
+  });
+}
+
+bool StaccaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view codice,
+                  const PassoRiferimenti& passo) {
+  return Percorri(ambiente, archivio, codice, passo, [](const Riferimento& r) {
+    return r.cade ? "delete * from " + std::string(r.tabella)
+                  : "update " + std::string(r.tabella) + " set " + r.campo + "=''";
+  });
 }
 
 }  // namespace fenalto::archives

@@ -4,6 +4,8 @@
 // know of it.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -32,9 +34,22 @@ std::optional<std::string> CodiceUsato(Ambiente& ambiente, std::string_view arch
                                        std::string_view codice,
                                        std::span<const std::string> proprie = {});
 
+/// Told after each piece of a walk over references, with the rows done so far; false stops it, and
+/// the caller rolls back.
+using PassoRiferimenti = std::function<bool(std::int64_t fatte)>;
+
+/// Rows that name the code of that archive.
+std::int64_t ContaRiferimenti(Ambiente& ambiente, std::string_view archivio,
+                              std::string_view codice);
+
 /// Puts the new code wherever the table names the old one of that archive, in the transaction that
-/// the caller holds.
-void PortaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view codicePrima,
-                 std::string_view codice);
+/// the caller holds. False when it was stopped.
+bool PortaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view codicePrima,
+                 std::string_view codice, const PassoRiferimenti& passo = {});
+
+/// Empties what names a code that goes, and erases the rows that say nothing without it, in the
+/// transaction that the caller holds. False when it was stopped.
+bool StaccaCodice(Ambiente& ambiente, std::string_view archivio, std::string_view codice,
+                  const PassoRiferimenti& passo = {});
 
 }  // namespace fenalto::archives

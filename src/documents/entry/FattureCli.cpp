@@ -107,6 +107,9 @@ void FattureCli::Interno::TestaDalTipo() {
   testa.Scrivi("Dt", oggi);
   testa.Scrivi("DataOra", oggi.Testo() + " " + ambiente.Ora().Ora());
   Descrivi("CodiceCausaleTrasporto", "CodiciCausaliTrasporto", "CausaleTrasporto");
+  if (tipo.tipoDocTrasferimento.empty()) return;
+  const auto altro = LeggiTipo(ambiente, tipo.tipoDocTrasferimento);
+  if (altro && !UgualeTesto(altro->mag, tipo.mag)) testa.Scrivi(kMagDest, altro->mag);
 }
 
 void FattureCli::Interno::AvvisaComponenti() const {
@@ -136,12 +139,9 @@ bool FattureCli::Interno::IniziaNuovo(const std::string& titolo) {
   allegati.Collega(0);
   AvvisaComponenti();
   documento.Inizia();
-  if (!tipo.cliFor.empty()) {
-    testa.Scrivi("CliFor", tipo.cliFor);
-    ParteScelta();
-    testa.Consolida();
-  }
   CalcolaTotali();
+  bozza.Nota("Tipo", tipo.cod);
+  bozza.Inizia(anno, "", testa, righe);
   return true;
 }
 
@@ -151,10 +151,6 @@ bool FattureCli::Nuovo() {
   return records::Tenta(
       io.ambiente, {"nuovo documento non riuscito: ", records::kNullaScritto},
       [&] { return io.IniziaNuovo("Nuovo documento " + io.tipo.cod + " " + io.tipo.descrizione); });
-}
-
-bool FattureCli::Riprendi() {
-  return false;
 }
 
 // --- Stored --------------------------------------------------------------------------------------
@@ -181,6 +177,7 @@ void FattureCli::Interno::CaricaTesta(const Rs& record) {
   copiateRecord = Copiate();
   LeggiCodiciPerduti();
   LeggiParte();
+  LeggiLegati();
 }
 
 void FattureCli::Interno::LeggiCodiciPerduti() {
@@ -241,6 +238,7 @@ bool FattureCli::Apri(const IdentitaDocumento& cercato) {
   }
   io.CaricaTesta(record);
   io.AvvisaComponenti();
+  io.AvvisaLegati();
   io.AvvisaContabilita();
   if (!preso) {
     motivo = "il documento " + io.tipo.cod + " n. " + std::to_string(io.numeroRecord) +
@@ -252,6 +250,10 @@ bool FattureCli::Apri(const IdentitaDocumento& cercato) {
   io.allegati.Collega(io.idRecord, io.DescrizioneAllegati(io.numeroRecord));
   io.CalcolaTotali();
   io.documento.Mostra(std::move(preso), std::move(motivo));
+  if (io.documento.Modificabile()) {
+    io.bozza.Nota("Tipo", io.tipo.cod);
+    io.bozza.Inizia(io.anno, std::to_string(io.numeroRecord), io.testa, io.righe);
+  }
   io.ambiente.Ricorda({.funzione = "FattureCli",
                        .codice = std::to_string(io.numeroRecord),
                        .anno = io.anno,
@@ -259,15 +261,12 @@ bool FattureCli::Apri(const IdentitaDocumento& cercato) {
   return true;
 }
 
-bool FattureCli::Sdoppia(const IdentitaDocumento& /*origine*/) {
-  return false;
-}
-
 void FattureCli::Abbandona() {
   interno_->ChiudiRecord();
 }
 
 void FattureCli::Interno::ChiudiRecord() noexcept {
+  bozza.Fine();
   documento.Chiudi();
   righe.Carica({});
   allegati.Scollega();
@@ -281,6 +280,10 @@ void FattureCli::Interno::ChiudiRecord() noexcept {
   perduti.clear();
   provenienza.clear();
   codiceVisto.clear();
+  componenti.clear();
+  gemello.reset();
+  bloccati.clear();
+  rifaComponenti = eliminaComponenti = false;
   somme = {};
   Dimentica();
 }

@@ -81,18 +81,18 @@ void FattureCli::Interno::ScriviTesta(Scritta& scritta) {
   }
 }
 
-void FattureCli::Interno::ScriviRighe(const Scritta& scritta) {
+void FattureCli::Interno::ScriviRighe(Scritta& scritta) {
   const IdentitaDocumento suo{tipo.cod, anno, scritta.numDoc};
   const std::vector<Coppia> copiate = Copiate();
+  scritta.righe = righe.Tutte();
   if (!documento.Nuovo() && !righe.Modificate()) {
     if (copiate != copiateRecord) RiportaTesta(ambiente, suo, copiate);
     return;
   }
-  std::vector<RigaDocumento> daScrivere = righe.Tutte();
-  if (Carico() && !EsistenzaIniziale()) NumeraLotti(ambiente, daScrivere);
+  if (Carico() && !EsistenzaIniziale()) NumeraLotti(ambiente, scritta.righe);
   // Rows left under the number of a document that is gone aren't this one's.
   TogliRighe(ambiente, suo);
-  AggiungiRighe(ambiente, suo, copiate, daScrivere);
+  AggiungiRighe(ambiente, suo, copiate, scritta.righe);
 }
 
 void FattureCli::Interno::SegnaOrdini(Scritta& scritta) {
@@ -153,6 +153,8 @@ void FattureCli::Interno::ScriviTutto(Scritta& scritta) {
   SegnaCommesse(scritta);
   ScriviTesta(scritta);
   ScriviRighe(scritta);
+  ScriviComponenti(scritta);
+  ScriviGemello(scritta);
   allegati.Scrivi(scritta.id, DescrizioneAllegati(scritta.numDoc));
 }
 
@@ -171,6 +173,7 @@ bool FattureCli::Conferma(std::string* campo) {
   Interno::Scritta scritta;
   std::vector<std::string_view> numerazioni = {"FATTURECLI"};
   if (!io.T("Riva").empty()) numerazioni.emplace_back("ARTICOLI");
+  io.bozza.InConferma(true);
   const bool riuscita = records::Esegui(
       io.ambiente, {.nonRiuscita = "conferma del documento non riuscita: ",
                     .dopoErrore = "\nNon è stato scritto nulla: il documento è ancora sullo "
@@ -185,7 +188,7 @@ bool FattureCli::Conferma(std::string* campo) {
                           io.CalcolaTotali();
                           if (io.documento.Rifiuta(io.Controlla(), campo)) return false;
                           io.RigeneraScadPag();
-                          return true;
+                          return io.ChiediLegati();
                         },
                     // Codes are looked at in the transaction, which reads them all under one lock.
                     .scrivi =
@@ -199,7 +202,12 @@ bool FattureCli::Conferma(std::string* campo) {
                           return std::string();
                         },
                     .annulla = [&] { io.allegati.Annullati(); }});
-  if (!riuscita) return false;
+  io.bozza.InConferma(false);
+  io.bloccati.clear();
+  if (!riuscita) {
+    io.Segna();
+    return false;
+  }
   io.allegati.Confermati();
   io.confermato = {io.tipo.cod, io.anno, scritta.numDoc};
   io.ambiente.Ricorda({.funzione = "FattureCli",

@@ -44,6 +44,7 @@ std::optional<Rifiuto> FattureCli::Interno::ControllaNumero() {
 
 std::optional<Rifiuto> FattureCli::Interno::ControllaAggiunti() {
   if (D("Dt").Nulla()) return Rifiuto{"manca la data", "Dt"};
+  if (auto rifiuto = ControllaLegati()) return rifiuto;
   AvvisaData();
   if (righe.Tutte().empty() &&
       !ambiente.Dialogo().Conferma("il documento non ha righe: lo confermo ugualmente ?")) {
@@ -147,6 +148,11 @@ std::optional<Rifiuto> FattureCli::Interno::ControllaCodici() {
                                           {"CliFor", DiFornitori() ? "Fornitore" : "Cliente",
                                            DiFornitori() ? "fornitori" : "clienti"},
                                           T("CliFor"));
+    if (rifiuto) return rifiuto;
+  }
+  if (cambiato(kMagDest)) {
+    auto rifiuto = archives::CodiceIgnoto(
+        ambiente, {kMagDest, "Magazzino di destinazione", "magazzini"}, T(kMagDest));
     if (rifiuto) return rifiuto;
   }
   for (const CodiceTesta& codice : kCodiciTesta) {

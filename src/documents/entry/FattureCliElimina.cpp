@@ -13,13 +13,14 @@ bool FattureCli::Interno::EliminazioneAmmessa() {
         "questo documento ha scaricato ordini, eliminandolo potrebbero crearsi discordanze con "
         "l'ordine se ci sono delle consegne a saldo dell'ordine");
   }
+  if (!ChiediEliminazioneLegati()) return false;
   for (const RigaDocumento& una : tutte) {
     if (una.nl1 == 0) continue;
     if (ambiente.Esiste("tessarc", "ZRigheDaLotto", {{"NL2", una.nl1}})) {
       Avviso("non si può eliminare esistono scarichi correlati ai lotti");
       return false;
     }
-    if (ambiente.Esiste("tessarc", "ZRigheComponenti", {{"NL3", una.nl1}})) {
+    if (ConComponenti(una.nl1)) {
       Avviso("non si può eliminare: esistono movimenti di scarico componenti correlati al lotto");
       return false;
     }
@@ -44,11 +45,13 @@ bool FattureCli::Elimina() {
        .prima = [&] { return io.EliminazioneAmmessa(); },
        .scrivi =
            [&] {
+             io.CancellaLegati();
              io.allegati.EliminaRighe();
              TogliRighe(io.ambiente, io.Identita());
              records::EliminaRighe(io.tessarc, kTestaDocumenti, io.Identita().Chiave());
              return std::string();
            }});
+  io.bloccati.clear();
   if (!eliminato) return false;
   io.allegati.EliminaFile();
   io.ambiente.Dialogo().Annuncia(io.NomeDocumento(io.numeroRecord) + " eliminato");

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/archives/CodiciNoti.h"
+#include "core/records/Bozza.h"
 #include "core/records/Righe.h"
 #include "core/records/RigheInTabella.h"
 #include "core/sql/Criterio.h"
@@ -44,6 +45,16 @@ inline constexpr std::array<CodiceTesta, 9> kCodiciTesta = {
      {"CodAspetto", "Aspetto dei beni", "aspetti"},
      {"RaCod", "Ritenuta", "ritenute"},
      {"RaCod2", "Ritenuta 2", "ritenute"}}};
+
+/// A document that was written with another one.
+struct Legato {
+  IdentitaDocumento identita;
+  OrigineDocumento origine = OrigineDocumento::Digitato;
+  Data dt;
+  std::string mag;
+  /// "21 n. 3 del 15/03/2024"
+  [[nodiscard]] std::string Nome() const;
+};
 
 struct FattureCli::Interno {
   explicit Interno(Ambiente& ambienteUsato);
@@ -184,10 +195,11 @@ struct FattureCli::Interno {
     std::int64_t id = 0;
     std::vector<std::string> avvisi;
     std::vector<std::string> annunci;
+    std::vector<RigaDocumento> righe;  ///< as they were written
   };
   void ScriviTutto(Scritta& scritta);
   void ScriviTesta(Scritta& scritta);
-  void ScriviRighe(const Scritta& scritta);
+  void ScriviRighe(Scritta& scritta);
   [[nodiscard]] std::vector<Coppia> Copiate() const;
   void SegnaOrdini(Scritta& scritta);
   void SegnaCommesse(Scritta& scritta);
@@ -196,6 +208,39 @@ struct FattureCli::Interno {
   void Annuncia(const Scritta& scritta);
   [[nodiscard]] bool EliminazioneAmmessa();
 
+  // --- Documents tied to this one ---------------------------------------------------------------
+
+  void LeggiLegati();
+  void AvvisaLegati() const;
+  /// The document that the open one was made with.
+  [[nodiscard]] IdentitaDocumento Origine() const;
+  /// The open document is the load that a transfer wrote.
+  [[nodiscard]] bool LatoCarico() const;
+  std::optional<Rifiuto> ControllaLegati();
+  /// Asks what becomes of them, and takes in edit those that change; false when the user gives up
+  /// or one of them is in edit elsewhere.
+  bool ChiediLegati();
+  bool ChiediEliminazioneLegati();
+  bool BloccaLegati(const std::vector<Legato>& quali);
+  [[nodiscard]] bool Cambiato() const;
+  [[nodiscard]] bool ConDistinta();
+  /// Components that went into that lot, those that are erased with the load aside.
+  [[nodiscard]] bool ConComponenti(std::int64_t nl1);
+  [[nodiscard]] Importo CostoComponente(const warehouse::Prodotto& componente);
+  [[nodiscard]] std::vector<RigaDocumento> RigheComponenti(
+      const std::vector<RigaDocumento>& caricate);
+  void ScriviComponenti(Scritta& scritta);
+  /// The rows of the other side as they are to be: what it has of its own stays.
+  [[nodiscard]] std::vector<RigaDocumento> RigheGemelle(const std::vector<RigaDocumento>& mie);
+  void ScriviGemello(Scritta& scritta);
+  void CancellaLegati();
+
+  // --- Copies and drafts ------------------------------------------------------------------------
+
+  void CopiaTesta(const Rs& origine);
+  /// Keeps what was typed against a killed program.
+  void Segna() noexcept;
+
   Ambiente& ambiente;
   Archivio& tessarc;
   records::DocumentoAperto documento;
@@ -203,6 +248,7 @@ struct FattureCli::Interno {
   records::Righe<RigaDocumento> righe{CampiRigaForma()};
   Scheda& riga = righe.Riga();
   fenalto::Allegati allegati;
+  records::Bozza<RigaDocumento> bozza{ambiente, "FattureCli", CampiRigaTabella()};
 
   std::vector<TipoDocumento> tipi;
   TipoDocumento tipo;  ///< of the open document, else the one chosen for the next
@@ -219,6 +265,12 @@ struct FattureCli::Interno {
   std::string magRecord;
   std::string csRecord;
   std::set<std::string, std::less<>> perduti;  ///< codes of stored rows without a record
+
+  std::vector<Legato> componenti;  ///< unloads of the components of this load
+  std::optional<Legato> gemello;   ///< the other side of this transfer
+  bool rifaComponenti = false;
+  bool eliminaComponenti = false;
+  std::vector<Esito<Blocco, Detentore>> bloccati;
 
   std::string provenienza;  ///< of the open row's values
   std::string codiceVisto;  ///< product of the open row that was last proposed for

@@ -126,11 +126,11 @@ void FattureCli::RigaLasciata(std::string_view campo) {
   if (!io.righe.InRiga() || SolaLettura()) return;
   if (UgualeTesto(campo, "CodiceRiga")) {
     if (!UgualeTesto(io.riga.Testo("CodiceRiga"), io.codiceVisto)) io.ProdottoLasciato();
-    return;
   }
   for (const char* nome : {"Quantita", "Prezzo", "Sc1", "Sc2", "Sc3"}) {
     if (UgualeTesto(campo, nome)) io.CalcolaImportoRiga(campo);
   }
+  io.Segna();
 }
 
 }  // namespace fenalto::documents

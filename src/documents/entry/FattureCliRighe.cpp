@@ -118,6 +118,7 @@ bool FattureCli::ApriRiga(std::size_t indice) {
 
 void FattureCli::AnnullaRiga() {
   interno_->righe.Annulla();
+  interno_->Segna();
 }
 
 std::string FattureCli::NotaRiga() const {
@@ -317,6 +318,7 @@ bool FattureCli::ConfermaRiga(std::string* campo) {
     io.documento.Rifiuta(Rifiuto{e.what(), "Quantita"}, campo);
     return false;
   }
+  io.Segna();
   return true;
 }
 
@@ -327,6 +329,7 @@ bool FattureCli::EliminaRiga() {
   if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura()) return false;
   if (io.righe.RigaNuova()) {
     io.righe.Annulla();
+    io.Segna();
     return true;
   }
   const RigaDocumento& aperta = *io.righe.Aperta();
@@ -344,6 +347,7 @@ bool FattureCli::EliminaRiga() {
   if (aperta.nl3 != 0) io.Avviso(kAvvisoComponenti);
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione RIGA ?")) return false;
   io.Accetta(io.righe.Senza());
+  io.Segna();
   return true;
 }
 

@@ -1,4 +1,4 @@
-// Rows that aren't typed: the one way in for sources of rows, scanners, copies of documents.
+// Rows that aren't typed: the one way in for sources of rows, and scanners.
 #include <algorithm>
 
 #include "core/session/ImpostazioneAttiva.h"
@@ -71,6 +71,7 @@ bool FattureCli::RigaDa(const ValoriRiga& valori) {
   io.ApriNuova(una);
   io.provenienza = valori.provenienza;
   io.CalcolaImportoRiga("");
+  io.Segna();
   return true;
 }
 
@@ -129,6 +130,7 @@ std::optional<Errore> FattureCli::RigheDa(const std::vector<ValoriRiga>& date) {
   std::string avvisi;
   for (const std::string& avviso : proposta.avvisi) avvisi += (avvisi.empty() ? "" : "\n") + avviso;
   if (!avvisi.empty()) io.Avviso(avvisi);
+  io.Segna();
   return std::nullopt;
 }
 
@@ -156,7 +158,5 @@ bool FattureCli::Letto(const std::string& codice, bool veloce) {
   io.CalcolaImportoRiga("Quantita");
   return ConfermaRiga();
 }
-
-// --- Copies --------------------------------------------------------------------------------------
 
 }  // namespace fenalto::documents

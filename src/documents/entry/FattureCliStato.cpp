@@ -119,6 +119,7 @@ records::StatoCampo FattureCli::StatoTesta(const std::string& nome) const {
     stato.didascalia = tipo.cs == "C" ? "Magazzino da caricare" : "Magazzino da scaricare";
   } else if (Uno(nome, {kMagDest})) {
     stato.visibile = !tipo.tipoDocTrasferimento.empty();
+    stato.didascalia = "Magazzino di destinazione";
   } else if (Uno(nome, {"ScontoCassa"})) {
     stato.attivo = !tipo.prezziIvati;
   } else if (Uno(nome, {"Fatturo", "EscludoFatAuto", "Fattura"})) {

@@ -168,6 +168,7 @@ void FattureCli::TestaLasciata(std::string_view campo) {
   if (UgualeTesto(campo, "Dt")) io.AvvisaData();
   if (UgualeTesto(campo, "Mag")) io.accanto.reset();
   io.CalcolaTotali();
+  io.Segna();
 }
 
 }  // namespace fenalto::documents

@@ -50,6 +50,18 @@ std::vector<Coppia> CampiTesta(const DocumentoDaScrivere& documento) {
   return campi;
 }
 
+/// What rows repeat from the head.
+std::vector<Coppia> Copiate(const DocumentoDaScrivere& documento) {
+  return {{"Dt", documento.dt},
+          {"CliFor", documento.cliFor},
+          {"CFP", documento.tipo.cfp},
+          {"DtDocCarico", documento.dtDocCarico},
+          {"NumDocCarico", documento.numDocCarico},
+          {"CausaleMag", documento.tipo.causaleMag},
+          {"CS", documento.tipo.cs},
+          {"Mag", documento.mag}};
+}
+
 void CompletaRighe(Ambiente& ambiente, DocumentoDaScrivere& documento) {
   constexpr std::int64_t kPasso = 100;
   const RegolaImporto regola = RegolaDi(ambiente);
@@ -88,18 +100,24 @@ std::int64_t ScriviDocumento(Ambiente& ambiente, DocumentoDaScrivere documento) 
     documento.numDoc = ProssimoNumero(ambiente, documento.tipo, documento.anno);
   }
   CompletaRighe(ambiente, documento);
-  const IdentitaDocumento identita{documento.tipo.cod, documento.anno, documento.numDoc};
   ambiente.ArchivioDi("tessarc").Inserisci(kTestaDocumenti, CampiTesta(documento));
-  AggiungiRighe(ambiente, identita,
-                {{"Dt", documento.dt},
-                 {"CliFor", documento.cliFor},
-                 {"CFP", documento.tipo.cfp},
-                 {"DtDocCarico", documento.dtDocCarico},
-                 {"NumDocCarico", documento.numDocCarico},
-                 {"CausaleMag", documento.tipo.causaleMag},
-                 {"CS", documento.tipo.cs},
-                 {"Mag", documento.mag}},
-                documento.righe);
+  AggiungiRighe(ambiente, {documento.tipo.cod, documento.anno, documento.numDoc},
+                Copiate(documento), documento.righe);
+  return documento.numDoc;
+}
+
+std::int64_t RiscriviDocumento(Ambiente& ambiente, DocumentoDaScrivere documento) {
+  const IdentitaDocumento identita{documento.tipo.cod, documento.anno, documento.numDoc};
+  CompletaRighe(ambiente, documento);
+  std::vector<Coppia> campi = documento.altriCampi;
+  for (const char* campo : {"Dt", "CliFor", "DtDocCarico", "NumDocCarico", "Mag"}) {
+    for (const Coppia& copiata : Copiate(documento)) {
+      if (copiata.first == campo) campi.push_back(copiata);
+    }
+  }
+  records::AggiornaRighe(ambiente.ArchivioDi("tessarc"), kTestaDocumenti, campi, identita.Chiave());
+  TogliRighe(ambiente, identita);
+  AggiungiRighe(ambiente, identita, Copiate(documento), documento.righe);
   return documento.numDoc;
 }
 

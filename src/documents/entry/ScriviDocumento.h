@@ -44,6 +44,9 @@ struct DocumentoDaScrivere {
 /// type proposes of the transport goes into the head unless `altriCampi` says otherwise; a row
 /// without position stands 100 after the one before, one without amount takes that of its price.
 std::int64_t ScriviDocumento(Ambiente& ambiente, DocumentoDaScrivere documento);
+/// Writes such a document over the stored one of its number: day, party, warehouse, references and
+/// rows; what else its head has stays. Gives the number.
+std::int64_t RiscriviDocumento(Ambiente& ambiente, DocumentoDaScrivere documento);
 /// The next number of a series: of the register when the type has one, else of type and year.
 std::int64_t ProssimoNumero(Ambiente& ambiente, const TipoDocumento& tipo, int anno);
 /// Erases head, rows and attachments of a document. The attachments' files stay in their folder:

@@ -178,6 +178,10 @@ FogliaParte FogliaDocumento(const Rs& riga) {
   foglia.numero = riga.Fields("NumDoc").Intero();
   foglia.testo = "n." + std::to_string(foglia.numero) + " del " + riga.Fields("Dt").Data().Testo();
   foglia.segno = {riga.Fields("Anno"), riga.Fields("NumDoc")};
+  foglia.rinvio = {.funzione = "FattureCli",
+                   .codice = std::to_string(foglia.numero),
+                   .anno = foglia.anno,
+                   .classe = foglia.tipoDoc};
   return foglia;
 }
 

@@ -61,7 +61,7 @@ struct TestaParte {
 };
 
 /// A document's rows as shown, each followed by the text of its account.
-struct RigaDocumento {
+struct RigaDocumentoParte {
   std::string codice;
   std::string descrizione;
   std::string um;
@@ -84,7 +84,7 @@ struct DocumentoParte {
   std::string titolo;
   /// Payment, notes and the like, a line each.
   std::vector<std::string> scritte;
-  std::vector<RigaDocumento> righe;
+  std::vector<RigaDocumentoParte> righe;
   std::vector<TotaleIvaDocumento> totali;
 };
 

@@ -19,6 +19,7 @@
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/look/Misure.h"
 #include "vat/codes/ImportaCodiciIva.h"
+#include "warehouse/products/ImportaProdotti.h"
 
 namespace fenalto::screens {
 namespace {
@@ -30,6 +31,7 @@ constexpr int kColonnaCampo = 2;
 std::vector<archives::GenereImporta> TuttiIGeneri() {
   auto generi = ledger::GeneriImportaContabili();
   generi.push_back(vat::GenereImportaCodiciIva());
+  generi.push_back(warehouse::GenereImportaProdotti());
   return generi;
 }
 
@@ -342,7 +344,9 @@ void FinestraImporta::Interno::Importa() {
   const auto racconto = [](const archives::EsitoImporta& e, const char* nuove,
                            const char* aggiornate) {
     return std::to_string(e.nuove) + nuove + std::to_string(e.aggiornate) + aggiornate +
-           std::to_string(e.saltate + e.errate) + " lasciate fuori";
+           std::to_string(e.saltate + e.errate) + " lasciate fuori" +
+           (e.seguiti == 0 ? std::string()
+                           : ", " + std::to_string(e.seguiti) + " righe di seguito");
   };
   if (!prima.errori.empty() && (!opzioni.escludiErrate || prima.lette == 0)) {
     Dialogo().Messaggio(
@@ -351,7 +355,7 @@ void FinestraImporta::Interno::Importa() {
         Icona::Avviso);
     return;
   }
-  if (prima.nuove + prima.aggiornate == 0) {
+  if (prima.nuove + prima.aggiornate + prima.seguiti == 0) {
     Dialogo().Messaggio("nel file non c'è nulla da importare: " + std::to_string(prima.saltate) +
                         " codici esistono già, " + std::to_string(prima.errate) +
                         " righe sono sbagliate");

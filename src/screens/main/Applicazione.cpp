@@ -16,9 +16,11 @@
 #include "screens/common/look/Icone.h"
 #include "screens/common/look/Stile.h"
 #include "screens/company/FinestraUtility.h"
+#include "screens/documents/entry/FinestraFattureCli.h"
 #include "screens/documents/parties/FinestraClienti.h"
 #include "screens/documents/parties/FinestraElencoParti.h"
 #include "screens/documents/parties/FinestraInterrCliFor.h"
+#include "screens/documents/recent/FinestraProdottiRecenti.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/duedates/FinestraScadenze.h"
 #include "screens/duedates/FinestraScadenzeModifica.h"
@@ -45,6 +47,9 @@
 #include "screens/vat/entry/FinestraFattureSospIva.h"
 #include "screens/vat/register/FinestraRegistriIva.h"
 #include "screens/vat/register/FinestraRegistroIva.h"
+#include "screens/warehouse/codes/FinestraEliminazioneProdotto.h"
+#include "screens/warehouse/codes/FinestraVisCodiciRiga.h"
+#include "screens/warehouse/products/FinestraProdotti.h"
 
 namespace fenalto::screens {
 namespace {
@@ -114,8 +119,12 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("ChiusureAperture"), Nuova<FinestraChiusureAperture>()},
       {QStringLiteral("Clienti"), Nuova<FinestraClienti>()},
       {QStringLiteral("CodiciPagamento"), Nuova<FinestraCodiciPagamento>()},
+      {QStringLiteral("CodiciRiga"), Nuova<FinestraProdotti>()},
+      {QStringLiteral("EliminazioneProdotto"), Nuova<FinestraEliminazioneProdotto>()},
       {QStringLiteral("Fatture"),
        [](Finestre& finestre) -> FinestraFunzione* { return FinestraFatture::Crea(finestre); }},
+      {QStringLiteral("FattureCli"),
+       [](Finestre& finestre) -> FinestraFunzione* { return FinestraFattureCli::Crea(finestre); }},
       {QStringLiteral("FattureSospIva"), Nuova<FinestraFattureSospIva>()},
       {QStringLiteral("Importa"), Nuova<FinestraImporta>()},
       {QStringLiteral("InsolutiRiba"), Nuova<FinestraInsoluti>()},
@@ -127,6 +136,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
        NuovaCon<FinestraPagamenti>(duedates::PagamentiScadenzario::Modo::PiuParti)},
       {QStringLiteral("PagamentiDaScadenzario1Cli"),
        NuovaCon<FinestraPagamenti>(duedates::PagamentiScadenzario::Modo::SingolaParte)},
+      {QStringLiteral("ProdottiMovCliFor"), Nuova<FinestraProdottiRecenti>()},
       {QStringLiteral("RiBa"), Nuova<FinestraRiba>()},
       {QStringLiteral("RiBaRaggruppamento"), Nuova<FinestraRaggruppamento>()},
       {QStringLiteral("STBilancioVerifica"), Nuova<FinestraBilancioVerifica>()},
@@ -146,6 +156,7 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("TestSaldi"), Nuova<FinestraTestSaldi>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
       {QStringLiteral("Utility"), Nuova<FinestraUtility>()},
+      {QStringLiteral("VisCodiciRiga"), Nuova<FinestraVisCodiciRiga>()},
       {QStringLiteral("VisPdc"), Nuova<FinestraVisPdc>()},
   };
   for (auto& descrizione : TuttiGliArchivi()) {

@@ -38,7 +38,7 @@ constexpr auto kVoci = std::to_array<VoceMenu>({
     {"Archivi", "Agenti", "Agenti", 99},
     {"Archivi", "Codici Pagamento", "CodiciPagamento", 99},
     {"Magazzino/Fatture/DDT/Ordini", "Emissione Fatture ddt e movimenti magazzino", "FattureCli",
-     50},
+     30},
     {"Magazzino/Fatture/DDT/Ordini", "Ordini Clienti/Offerte/Preventivi", "OrdiniCli", 50},
     {"Magazzino/Fatture/DDT/Ordini", "Ordini Fornitori e richieste offerta", "OrdiniFor", 30},
     {"Magazzino/Fatture/DDT/Ordini", "Commesse,Cantieri,Impianti,Riparazioni", "Commesse", 50},
@@ -205,6 +205,9 @@ constexpr auto kSinonimi = std::to_array<RigaSinonimi>({
     {"CodiciRiga", "articoli; merce; listino prodotti"},
     {"Vettori", "corrieri; spedizionieri; trasportatori"},
     {"Movimenti", "prima nota; registrazioni; partita doppia; stipendi; giroconto; cassa e banca"},
+    {"FattureCli",
+     "ddt; bolle; documento di trasporto; bolla di consegna; fattura accompagnatoria; carichi; "
+     "carico di magazzino; scarico; reso; trasferimento; movimenti di magazzino; scontrino"},
     {"Fatture",
      "fatture emesse; fatture ricevute; acquisti; vendite; corrispettivi; "
      "nota di credito; reverse charge"},
@@ -247,11 +250,14 @@ constexpr auto kSinonimi = std::to_array<RigaSinonimi>({
 
 /// Windows that only other windows and previews open.
 constexpr auto kSenzaVoce = std::to_array<VoceMenu>({
+    {"", "", "EliminazioneProdotto", 30},
     {"", "", "Importa", 99},
     {"", "", "InterrCliFor", 30},
     {"", "", "MovimentiConto", 99},
+    {"", "", "ProdottiMovCliFor", 30},
     {"", "", "ScadenzeModifica", 99},
     {"", "", "TestSaldi", 99},
+    {"", "", "VisCodiciRiga", 30},
     {"", "", "VisPdc", 99},
 });
 

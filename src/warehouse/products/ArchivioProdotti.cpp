@@ -111,6 +111,17 @@ archives::PulsanteArchivio AllaFunzione(const char* nome, const char* testo, con
       finestra};
 }
 
+/// On the choice page: the lists by supplier, bill and component.
+archives::PulsanteArchivio Ricerca() {
+  constexpr const char* kRicerca = "VisCodiciRiga";
+  return {"RicercaProdotti", "Ricerca prodotti", false,
+          [](ContestoArchivio& contesto) -> RigheRiquadro {
+            if (contesto.apri) contesto.apri({.funzione = kRicerca});
+            return {};
+          },
+          kRicerca};
+}
+
 std::vector<archives::PulsanteArchivio> PulsantiProdotto() {
   return {AllaFunzione("Etichette", "Etichette articoli", "Etichette"),
           AllaFunzione("OrdiniClienti", "situazione ordini clienti", "StOrd", 0),
@@ -122,7 +133,9 @@ std::vector<archives::PulsanteArchivio> PulsantiProdotto() {
           AllaFunzione("Statistiche", "Statistiche vendita", "StStatistiche"),
           AllaFunzione("ListiniPersonalizzati", "listini personalizzati", "Listini"),
           AllaFunzione("StampeMagazzino", "Stampe magazzino", "StProdotti", 0),
-          AllaFunzione("CambiaCodice", "Elimina o cambia codice", kEliminazione)};
+          AllaFunzione("CambiaCodice", "Elimina o cambia codice", kEliminazione),
+          Ricerca(),
+          archives::PulsanteImporta("Prodotti")};
 }
 
 }  // namespace

@@ -15,6 +15,8 @@ namespace fenalto::warehouse {
 
 /// Page of the record under whose fields the suppliers stand.
 inline constexpr const char* kPaginaFornitori = "PaginaFornitori";
+/// Page under whose fields the files of the folders and the attachments stand.
+inline constexpr const char* kPaginaFile = "PaginaFile";
 /// Frame of the cost from the bill of materials, with its choice and its button.
 inline constexpr const char* kCostoDistinta = "FrameCostoDB";
 /// Field of the choice: `kMedio` or `kUltimo`.

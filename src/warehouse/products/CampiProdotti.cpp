@@ -54,7 +54,7 @@ class DescrittoreProdotto {
     return Digitato(nome, didascalia, kPrezzo).Decimali(dP_).In(riquadro);
   }
   [[nodiscard]] static CampoForma Sconto(const char* nome, const char* riquadro) {
-    return Digitato(nome, "sconto %", kPercento).In(riquadro).Colonna(1);
+    return Digitato(nome, "sconto %", kPercento).In(riquadro).Accanto();
   }
   [[nodiscard]] CampoForma Quantita(const char* nome, const char* didascalia,
                                     const char* riquadro) const {
@@ -75,7 +75,7 @@ void DescrittoreProdotto::Anagrafica() {
              .Aiuto("non si propone più: si trova scrivendone il codice intero"),
          Digitato("Descrizione", "Descrizione")
              .Di(GenereCampo::Note)
-             .Aiuto("Maiusc+Invio va a capo; stampe ed elenchi brevi mostrano la prima riga"),
+             .Aiuto("Tab passa al campo dopo; stampe ed elenchi brevi mostrano la prima riga"),
          Digitato("um", "Unità di misura", kMisura).Elencato(),
          DiCodice("CodIva", "Codice IVA", "codiciIva", kGruppo).Accanto(),
          DiCodice("Conto", "Conto", "contropartite", 10)});
@@ -86,13 +86,13 @@ void DescrittoreProdotto::Anagrafica() {
          Prezzo("PrezzoIva", "Prezzo con Iva", kPrezziVendita),
          Digitato("DtAggPrezzi", "aggiornati il")
              .In(kPrezziVendita)
-             .Colonna(1)
+             .Accanto()
              .Turno(1)
              .Aiuto("si scrive da sé quando un prezzo cambia"),
          Digitato("Ricarico", "Ricarico %", kPercento).In(kPrezziVendita),
          Mostrato(kPrezzo5, GenereCampo::Etichetta, "Prezzo 5 (costo+%ricarico)")
              .In(kPrezziVendita)
-             .Colonna(1)});
+             .Accanto()});
 }
 
 void DescrittoreProdotto::AltriDati() {
@@ -147,7 +147,7 @@ void DescrittoreProdotto::Fornitori() {
 }
 
 void DescrittoreProdotto::File() {
-  Pagina("PaginaFile", "Immagini e documenti");
+  Pagina(kPaginaFile, "Immagini e documenti");
   Riquadro(kFile, "File associati");
   Campi({Digitato("FileImmagine", "Immagine", kNomeFile).In(kFile).Mostra(44),
          Digitato("FileDescrizione", "Documento", kNomeFile).In(kFile).Mostra(44)});

@@ -85,23 +85,25 @@ std::string Sconti(const Rs& rs) {
 std::span<const Interrogazione> InterrogazioniProdotto() {
   constexpr const char* kSaldati = "anche ordini saldati";
   static const std::array kInterrogazioni = {
-      Interrogazione{Genere::NoMovMag, "Documenti senza movimentazione magazzino", "GridNoMovMag",
-                     "RefreshNoMovMag", nullptr, nullptr, ColonneDocumento()},
-      Interrogazione{Genere::SituazioneDdt, "DDT da fatturare", "GridSituazioneDdt",
+      Interrogazione{Genere::NoMovMag, "Documenti senza movimentazione magazzino", "Senza mov.",
+                     "GridNoMovMag", "RefreshNoMovMag", nullptr, nullptr, ColonneDocumento()},
+      Interrogazione{Genere::SituazioneDdt, "DDT da fatturare", "Ddt da fatt.", "GridSituazioneDdt",
                      "RefreshSituazioneDdt", nullptr, nullptr, ColonneDocumento()},
-      Interrogazione{Genere::OrdiniCli, "Ordini clienti", "GridOrdiniCli", "RefreshOrdiniCli",
-                     kSaldati, "AncheSaldatiCli",
+      Interrogazione{Genere::OrdiniCli, "Ordini clienti", "Ord. clienti", "GridOrdiniCli",
+                     "RefreshOrdiniCli", kSaldati, "AncheSaldatiCli",
                      Concatena(Concatena(ColonneOrdine("Cliente"), ColonneEvase()),
                                ColonnePrezzo("Consegna"))},
-      Interrogazione{Genere::OrdiniFor, "Ordini fornitori", "GridOrdiniFor", "RefreshOrdiniFor",
-                     kSaldati, "AncheSaldatiFor",
+      Interrogazione{Genere::OrdiniFor, "Ordini fornitori", "Ord. fornit.", "GridOrdiniFor",
+                     "RefreshOrdiniFor", kSaldati, "AncheSaldatiFor",
                      Concatena(Concatena(ColonneOrdine("Fornitore"), ColonneEvase()),
                                ColonnePrezzo("Consegna"))},
-      Interrogazione{Genere::Offerte, "Offerte clienti", "GridOfferte", "RefreshOfferte", nullptr,
-                     nullptr, Concatena(ColonneOrdine("Cliente"), ColonnePrezzo("Valida al"))},
-      Interrogazione{Genere::OffFor, "Offerte fornitori", "GridOffFor", "RefreshOffFor", nullptr,
-                     nullptr, Concatena(ColonneOrdine("Fornitore"), ColonnePrezzo("Valida al"))},
-      Interrogazione{Genere::Commesse, "Commesse", "GridCommesse", "RefreshCommesse",
+      Interrogazione{Genere::Offerte, "Offerte clienti", "Off. clienti", "GridOfferte",
+                     "RefreshOfferte", nullptr, nullptr,
+                     Concatena(ColonneOrdine("Cliente"), ColonnePrezzo("Valida al"))},
+      Interrogazione{Genere::OffFor, "Offerte fornitori", "Off. fornit.", "GridOffFor",
+                     "RefreshOffFor", nullptr, nullptr,
+                     Concatena(ColonneOrdine("Fornitore"), ColonnePrezzo("Valida al"))},
+      Interrogazione{Genere::Commesse, "Commesse", "Commesse", "GridCommesse", "RefreshCommesse",
                      "anche materiale già utilizzato", "AncheUtilizzato", ColonneCommessa()}};
   return kInterrogazioni;
 }

@@ -32,10 +32,11 @@ struct ColonnaInterrogazione {
 struct Interrogazione {
   GenereInterrogazione genere;
   const char* titolo;
-  const char* griglia;   ///< object names
-  const char* aggiorna;  ///< of the button that reads it anew
-  const char* opzione;   ///< text of the check box that widens it; null for none
-  const char* casella;   ///< its object name
+  const char* linguetta;  ///< short
+  const char* griglia;    ///< object names
+  const char* aggiorna;   ///< of the button that reads it anew
+  const char* opzione;    ///< text of the check box that widens it; null for none
+  const char* casella;    ///< its object name
   std::vector<ColonnaInterrogazione> colonne;
 };
 

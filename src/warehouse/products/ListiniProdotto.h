@@ -41,6 +41,8 @@ class ListiniProdotto {
   [[nodiscard]] bool InRiga() const { return inRiga_; }
   /// `LListino`, `LCodPrCli`, `LPrezzo`, `LSc1`, `LSc2`, `LSc3`, `LProv`, `LDt`.
   [[nodiscard]] Scheda& Riga() { return riga_; }
+  /// Something was typed into it.
+  [[nodiscard]] bool Digitata() const { return inRiga_ && riga_.Modificata(); }
   /// Asks and opens the row of a list on which the product is.
   bool Modifica(const std::string& listino);
   /// Asks and opens a new row for a list on which it isn't, with the price that the product has now

@@ -37,6 +37,7 @@ CampoCodice::CampoCodice(const QString& nome, std::shared_ptr<archives::FonteCod
   etichetta_->setObjectName(nome + QStringLiteral("Descrizione"));
   etichetta_->setTextFormat(Qt::PlainText);
   QString aiuto = tr("F2 elenco");
+  if (!fonte_->Ricerca().empty()) aiuto += tr(", Ctrl+F2 ricerca");
   if (!archivio_.empty()) aiuto += tr(", F3 archivio");
   setToolTip(aiuto);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& testo) {
@@ -152,8 +153,17 @@ void CampoCodice::PrendiScelta() {
   emit Scelto(codice);
 }
 
+bool CampoCodice::SceltaInElenco() const {
+  return elenco_ != nullptr && elenco_->isVisible() && elenco_->currentItem() != nullptr;
+}
+
 void CampoCodice::Interpreta() {
   const std::string testo = text().trimmed().toStdString();
+  if (const std::string codice = fonte_->DaSegno(testo); !codice.empty()) {
+    setText(QString::fromStdString(codice));
+    setModified(true);
+    return;
+  }
   // Words of a description that fit one entry only stand for its code.
   auto voci = fonte_->Cerca(testo, 2);
   const bool propria = !voci.empty() && voci.front().classe.empty();
@@ -181,7 +191,7 @@ void CampoCodice::focusInEvent(QFocusEvent* evento) {
 }
 
 void CampoCodice::focusOutEvent(QFocusEvent* evento) {
-  if (elenco_ != nullptr && elenco_->isVisible() && elenco_->currentItem() != nullptr) {
+  if (SceltaInElenco()) {
     PrendiScelta();
   } else if (isModified() && !text().trimmed().isEmpty() &&
              !fonte_->Descrizione(text().trimmed().toStdString())) {
@@ -211,6 +221,12 @@ void CampoCodice::keyPressEvent(QKeyEvent* evento) {
   const bool aperto = elenco_ != nullptr && elenco_->isVisible();
   switch (evento->key()) {
     case Qt::Key_F2:
+      // What the list has no room for is searched in a window.
+      if ((aperto || evento->modifiers() & Qt::ControlModifier) && !fonte_->Ricerca().empty()) {
+        ChiudiElenco();
+        Chiedi({.funzione = fonte_->Ricerca(), .codice = text().trimmed().toStdString()});
+        return;
+      }
       Elenca(QString(), true);
       if (elenco_ != nullptr && elenco_->isVisible()) elenco_->setCurrentRow(0);
       return;
@@ -245,11 +261,14 @@ void CampoCodice::mouseDoubleClickEvent(QMouseEvent* evento) {
 }
 
 void CampoCodice::ApriArchivio() {
-  if (archivio_.empty()) return;
+  if (!archivio_.empty()) Chiedi(AllArchivio(archivio_, text().trimmed().toStdString()));
+}
+
+void CampoCodice::Chiedi(const Rinvio& rinvio) {
   for (auto* sopra = parentWidget(); sopra != nullptr; sopra = sopra->parentWidget()) {
     if (auto* seguace = dynamic_cast<SeguaceRinvii*>(sopra)) {
       // The window may be closed by it, and this field with it.
-      seguace->SeguiPer(AllArchivio(archivio_, text().trimmed().toStdString()), *this);
+      seguace->SeguiPer(rinvio, *this);
       return;
     }
   }

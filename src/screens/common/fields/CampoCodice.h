@@ -1,7 +1,8 @@
 // A code field (`Rt`): shows the description of its code beside it and searches while typing, by
 // code and by any part of the description.
 //
-// F2 opens the list whatever is typed, F3 (or a double click) opens the archive behind the code,
+// F2 opens the list whatever is typed, Ctrl+F2 (or F2 in the list) the window that searches such
+// codes where there is one, F3 (or a double click) opens the archive behind the code,
 // and the code chosen or made there comes back into the field. Tab and Enter take the chosen entry;
 // a text that is no code but fits one entry only becomes its code.
 #pragma once
@@ -47,6 +48,8 @@ class CampoCodice : public QLineEdit, public CampoValore {
   [[nodiscard]] Esito<Valore> Letto() const override;
   /// The code that it holds; empty for none, and for a text that can't be one.
   [[nodiscard]] std::string Codice() const;
+  /// Whether an entry of the open list is picked, which leaving the field takes.
+  [[nodiscard]] bool SceltaInElenco() const;
   /// Whether the code typed exists.
   [[nodiscard]] bool Esiste() const { return esiste_; }
   /// Shows the description of the code typed; raises Trovato when it exists.
@@ -76,6 +79,8 @@ class CampoCodice : public QLineEdit, public CampoValore {
  private:
   /// Opens the archive behind the code, by the window that the field stands in.
   void ApriArchivio();
+  /// Opens a window that gives a code back.
+  void Chiedi(const Rinvio& rinvio);
   void Elenca(const QString& testo, bool tutto);
   void PrendiScelta();
   /// What is typed is no code: what it stands for, if one thing alone.

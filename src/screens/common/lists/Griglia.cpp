@@ -97,8 +97,17 @@ void ModelloGriglia::Cella(int riga, int colonna, Valore valore) {
   emit dataChanged(index(riga, colonna), index(riga, colonna));
 }
 
+void ModelloGriglia::Titolo(int colonna, const QString& titolo) {
+  colonne_.at(static_cast<std::size_t>(colonna)).titolo = titolo;
+  emit headerDataChanged(Qt::Horizontal, colonna, colonna);
+}
+
 void ModelloGriglia::Decimali(int decimali) {
   for (auto& colonna : colonne_) colonna.decimali = decimali;
+}
+
+void ModelloGriglia::Decimali(int colonna, int decimali) {
+  colonne_.at(static_cast<std::size_t>(colonna)).decimali = decimali;
 }
 
 int ModelloGriglia::rowCount(const QModelIndex& genitore) const {

@@ -44,6 +44,10 @@ class ModelloGriglia : public QAbstractTableModel {
   /// Replaces one value; the rest of the grid stays as it is.
   void Cella(int riga, int colonna, Valore valore);
   void Decimali(int decimali);
+  /// Of one column.
+  void Decimali(int colonna, int decimali);
+  /// Another caption of a column; its key stays.
+  void Titolo(int colonna, const QString& titolo);
   [[nodiscard]] const std::vector<ColonnaGriglia>& Colonne() const { return colonne_; }
 
   [[nodiscard]] int rowCount(const QModelIndex& genitore = {}) const override;

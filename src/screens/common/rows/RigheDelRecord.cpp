@@ -24,11 +24,16 @@ class RigheDelRecord::Riquadro : public RiquadroDiRiga {
     auto* pulsanti = new QHBoxLayout;
     for (auto* pulsante : {conferma_, elimina_, annulla_}) pulsanti->addWidget(pulsante);
     pulsanti->addStretch(1);
+    for (const PulsanteDiRiga& altro : righe.pulsanti) pulsanti->addWidget(Crea(altro));
     Compila(righe.forma).addLayout(pulsanti);
     quale_->setParent(this);
     quale_->hide();
     // The open row can be given up from a field whose text can't be read.
     annulla_->setFocusPolicy(Qt::TabFocus);
+  }
+
+  [[nodiscard]] QList<QAbstractButton*> Pulsanti() const override {
+    return RiquadroDiRiga::Pulsanti() + altri_;
   }
 
  protected:
@@ -47,7 +52,18 @@ class RigheDelRecord::Riquadro : public RiquadroDiRiga {
   }
 
  private:
+  QPushButton* Crea(const PulsanteDiRiga& altro) {
+    auto* pulsante = Pulsante(altro.nome, altro.testo);
+    pulsante->setToolTip(altro.suggerimento);
+    connect(pulsante, &QPushButton::clicked, this, [this, &altro] {
+      if (Raccogli()) altro.azione();
+    });
+    altri_ << pulsante;
+    return pulsante;
+  }
+
   const DescrizioneRighe& righe_;
+  QList<QAbstractButton*> altri_;
 };
 
 RigheDelRecord::RigheDelRecord(DescrizioneRighe righe, Finestre& finestre, QWidget* genitore)

@@ -21,6 +21,14 @@ namespace fenalto::screens {
 
 class RiquadroDiRiga;
 
+/// A further button of the open row: what it does is taken from what is typed so far.
+struct PulsanteDiRiga {
+  QString nome;
+  QString testo;
+  QString suggerimento;
+  std::function<void()> azione;
+};
+
 /// Rows of a record and what is asked of their use case.
 struct DescrizioneRighe {
   QString memoria;      ///< under which the grid remembers its widths
@@ -51,6 +59,7 @@ struct DescrizioneRighe {
   std::function<void(const std::string& campo)> lasciato = {};
   /// A row was opened or left.
   std::function<void()> cambiata = {};
+  std::vector<PulsanteDiRiga> pulsanti = {};
 };
 
 class RigheDelRecord : public QWidget {

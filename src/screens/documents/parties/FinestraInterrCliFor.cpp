@@ -110,7 +110,7 @@ void FinestraInterrCliFor::Interno::CreaAlbero() {
   albero->setUniformRowHeights(true);
   albero->setEditTriggers(QAbstractItemView::NoEditTriggers);
   albero->setAccessibleName(tr("Tutto quello che si sa della parte"));
-  albero->setToolTip(tr("doppio clic o Invio: la scadenza, la registrazione"));
+  albero->setToolTip(tr("doppio clic o Invio: la scadenza, la registrazione, il documento"));
 }
 
 void FinestraInterrCliFor::Interno::Collega() {

@@ -152,7 +152,7 @@ void PannelloFoglia::MostraDocumento(documents::InterrogazioneParte& parte,
   scritte_->setText(scritte.join(QLatin1Char('\n')));
   scritte_->setHidden(scritte.isEmpty());
   std::vector<std::vector<Valore>> righe;
-  for (const documents::RigaDocumento& r : documento.righe) {
+  for (const documents::RigaDocumentoParte& r : documento.righe) {
     righe.push_back({r.codice, r.descrizione, r.um, SeNonZero(r.quantita), SeNonZero(r.prezzo),
                      r.sconti, SeNonZero(r.importo), r.codIva, r.conto, r.descrConto});
   }
