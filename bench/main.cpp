@@ -17,9 +17,11 @@
 #include "bench/MisureArchivio.h"
 #include "bench/MisureCespiti.h"
 #include "bench/MisureChiusure.h"
+#include "bench/MisureDocumenti.h"
 #include "bench/MisureFatture.h"
 #include "bench/MisureFinestre.h"
 #include "bench/MisureImpostazioni.h"
+#include "bench/MisureMagazzino.h"
 #include "bench/MisureProdotti.h"
 #include "bench/MisureRapporti.h"
 #include "bench/MisureRegistro.h"
@@ -50,7 +52,9 @@ std::vector<Rapporto> Misura(const fenalto::OpzioniAmbiente& opzioni,
   aggiungi(fenalto::banco::MisureArchivi(opzioni, nomi));
   aggiungi(fenalto::banco::MisureCespiti(opzioni, nomi));
   aggiungi(fenalto::banco::MisureChiusure(opzioni, nomi));
+  aggiungi(fenalto::banco::MisureDocumenti(opzioni, nomi));
   aggiungi(fenalto::banco::MisureFatture(opzioni, nomi));
+  aggiungi(fenalto::banco::MisureMagazzino(opzioni, nomi));
   aggiungi(fenalto::banco::MisureProdotti(opzioni, nomi));
   aggiungi(fenalto::banco::MisureRegistro(opzioni, nomi));
   aggiungi(fenalto::banco::MisureScadenze(opzioni, nomi));
@@ -111,6 +115,11 @@ int main(int argc, char** argv) {
     if (argomenti.size() == 3 && argomenti[0] == QLatin1String("--registro-iva")) {
       fenalto::banco::StampaRegistri(opzioni, argomenti[1].toStdString(),
                                      argomenti[2].toStdString());
+      return 0;
+    }
+    if (argomenti.size() == 3 && argomenti[0] == QLatin1String("--situazione-magazzino")) {
+      fenalto::banco::StampaSituazione(opzioni, argomenti[1].toStdString(),
+                                       argomenti[2].toStdString());
       return 0;
     }
     bool entro = true;

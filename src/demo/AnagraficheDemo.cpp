@@ -1,11 +1,10 @@
 #include "demo/AnagraficheDemo.h"
 
-#include <algorithm>
 #include <array>
 #include <span>
 
-#include "core/archives/ArchivioCodici.h"
 #include "demo/DatiDemo.h"
+#include "demo/ScrittoreArchivio.h"
 #include "documents/parties/ArchiviParti.h"
 #include "documents/types/ArchiviDocumenti.h"
 #include "duedates/codes/ArchiviScadenze.h"
@@ -23,30 +22,6 @@ std::string_view Agente(std::size_t numero) {
   return numero % 3 == 0 ? kAgentiDemo[numero / 3 % kAgentiDemo.size()].cod : std::string_view();
 }
 
-/// Writes records of an archive as its window does, checks included.
-class ScrittoreArchivio {
- public:
-  ScrittoreArchivio(Ambiente& ambiente, DialoghiMuti& dialoghi,
-                    const std::vector<archives::DescrizioneArchivio>& stanza,
-                    std::string_view tabella)
-      : dialoghi_(dialoghi),
-        archivio_(ambiente, *std::find_if(stanza.begin(), stanza.end(),
-                                          [&](const auto& d) { return d.tabella == tabella; })) {}
-
-  void Scrivi(const std::vector<std::pair<std::string_view, std::string_view>>& campi) {
-    archivio_.Inizia();
-    for (const auto& [campo, valore] : campi) archivio_.Record().Scrivi(campo, valore);
-    if (archivio_.Conferma()) return;
-    throw ErroreArchivio(ErroreArchivio::Causa::Altro,
-                         archivio_.Descrizione().titolo + ", codice " +
-                             archivio_.Record().Testo("Cod") + ": " + dialoghi_.ultimo);
-  }
-
- private:
-  DialoghiMuti& dialoghi_;
-  archives::ArchivioCodici archivio_;
-};
-
 void ScriviParti(ScrittoreArchivio archivio, std::span<const AnagraficaDemo> parti, bool clienti) {
   for (std::size_t n = 1; n <= parti.size(); ++n) {
     const AnagraficaDemo& a = parti[n - 1];
@@ -54,19 +29,18 @@ void ScriviParti(ScrittoreArchivio archivio, std::span<const AnagraficaDemo> par
     const std::string_view conto = clienti             ? kClientiItalia
                                    : a.nazione == "IT" ? kFornitoriItalia
                                                        : kFornitoriEsteri;
-    std::vector<std::pair<std::string_view, std::string_view>> campi = {
-        {"Cod", codice},
-        {"ragsoc1", a.ragsoc1},
-        {"indirizzo", a.indirizzo},
-        {"cap", a.cap},
-        {"localita", a.localita},
-        {"Prov", a.provincia},
-        {"Nazione", a.nazione},
-        {"piva", a.piva},
-        {"Conto", conto},
-        {"ContropFatture", a.controp},
-        {"CodIva", a.codIva},
-        {"Pagamento", a.pagamento}};
+    ScrittoreArchivio::Campi campi = {{"Cod", codice},
+                                      {"ragsoc1", a.ragsoc1},
+                                      {"indirizzo", a.indirizzo},
+                                      {"cap", a.cap},
+                                      {"localita", a.localita},
+                                      {"Prov", a.provincia},
+                                      {"Nazione", a.nazione},
+                                      {"piva", a.piva},
+                                      {"Conto", conto},
+                                      {"ContropFatture", a.controp},
+                                      {"CodIva", a.codIva},
+                                      {"Pagamento", a.pagamento}};
     if (clienti) {
       // Receipts are presented to the customer's own bank.
       const BancaDemo& banca = kBancheDemo[n % kBancheDemo.size()];

@@ -4,6 +4,7 @@
 #include "demo/AnagraficheDemo.h"
 #include "demo/CespitiDemo.h"
 #include "demo/LibroDemo.h"
+#include "demo/MagazzinoDemo.h"
 
 namespace fenalto::demo {
 
@@ -40,6 +41,9 @@ Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) 
     libro.PrimoAnno(corrente - 1);
     libro.SecondoAnno(corrente);
     ScriviCespitiDemo(ambiente, dialoghi, corrente);
+    MagazzinoDemo magazzino(ambiente, dialoghi, orologio.Oggi());
+    magazzino.Prodotti();
+    magazzino.Documenti(corrente - 1, corrente);
     transazione.Conferma();
   } catch (const ErroreArchivio& e) {
     return Errore{std::string("la ditta Demo è stata creata, ma senza registrazioni: ") + e.what()};

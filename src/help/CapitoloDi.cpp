@@ -61,9 +61,12 @@ constexpr auto kFunzioni = std::to_array<RigaFunzione>({
     {"StGiornale", "18-libro-giornale.md"},
     {"Cespiti", "26-cespiti.md"},
     {"CategorieCespiti", "26-cespiti.md", "le-categorie"},
+    {"TipiFattureCli", "31-tipi-di-documento.md"},
     {"CodiciRiga", "28-prodotti.md"},
     {"ChiusureAperture", "27-fine-anno.md"},
     {"NuovoEsercizio", "27-fine-anno.md", "aprire-lanno-nuovo"},
+    {"StProdotti", "30-magazzino.md", "la-situazione-di-magazzino"},
+    {"TrasportoEsistenze", "30-magazzino.md", "il-trasporto-delle-esistenze"},
     {"Importa", "20-importare.md"},
     {"Ut", "21-utenti-e-livelli.md"},
 });

@@ -1,3 +1,4 @@
+#include <map>
 
 #include "demo/CreaDemo.h"
 #include "ledger/DittaDiProva.h"
@@ -22,8 +23,13 @@ struct Demo {
     std::string testo;
     Rs rs = ambiente->ArchivioDi("tessarc").Recordset(
         "select * from Movimenti order by anno, numdoc, posi");
-    for (; !rs.Eof(); rs.MoveNext())
-      for (std::size_t i = 0; i < rs.Colonne().size(); ++i) testo += rs.Fields(i).Testo() + "|";
+    Rs merce = ambiente->ArchivioDi("tessarc").Recordset(
+        "select * from FattureCli_r order by tipodoc, anno, numdoc, posi");
+    for (Rs* righe : {&rs, &merce}) {
+      for (; !righe->Eof(); righe->MoveNext())
+        for (std::size_t i = 0; i < righe->Colonne().size(); ++i)
+          testo += righe->Fields(i).Testo() + "|";
+    }
     return testo;
   }
 
@@ -46,11 +52,11 @@ TEST_P(CreaDemoNelGiorno, DueAnniCredibili) {
   EXPECT_EQ(demo.ambiente->Config("ragsoc1 "), "EMPORIO BELLOSGUARDO S.R.L.");
   EXPECT_GE(demo.Singolo("select Count(*) from Articoli").Intero(), 230);
   EXPECT_EQ(demo.Singolo("select Count(*) from Clienti").Intero(), 25);
-  EXPECT_EQ(demo.Singolo("select Count(*) from Fornitori").Intero(), 18);
+  EXPECT_EQ(demo.Singolo("select Count(*) from Fornitori").Intero(), 19);
   EXPECT_EQ(demo.Singolo("select Count(*) from zArticoliNonIvaDupl").Intero(),
             oggi < G(28, 1, anno) ? 2 : 4);
   EXPECT_LE(demo.Singolo("select Max(Dt) from Articoli").Data(), oggi);
-  EXPECT_EQ(demo.Singolo("select Count(*) from ContiClientiFornitori where CFP<>'P'").Intero(), 43);
+  EXPECT_EQ(demo.Singolo("select Count(*) from ContiClientiFornitori where CFP<>'P'").Intero(), 44);
   // Numbers follow the dates.
   EXPECT_EQ(
       demo.Singolo("select Count(*) from Articoli as a, Articoli as b where a.Anno=b.Anno and "
@@ -147,6 +153,65 @@ TEST(CreaDemoTest, RegistriIvaScadenzeESeguito) {
                          "where m.Anno=a.Anno and m.NumDoc=a.NumDoc and "
                          "a.CREATOINAUTOMATICO=22 and m.CFP='F'")
                 .Importo());
+}
+
+/// Stock by year, product and warehouse at the end of each day; what is below zero, and since when.
+std::map<std::string, Data> SottoZero(Demo& demo) {
+  std::map<std::string, Data> sotto;
+  std::map<std::string, Importo> giacenze;
+  Rs rs = demo.ambiente->ArchivioDi("tessarc").Recordset(
+      "select Anno, Dt, CodiceRiga, Mag, Sum(IIf(CS='C', Quantita, -Quantita)) as q from "
+      "FattureCli_r group by Anno, Dt, CodiceRiga, Mag order by Anno, Dt");
+  for (; !rs.Eof(); rs.MoveNext()) {
+    const std::string dove = rs.Fields("Anno").Testo() + " " + rs.Fields("CodiceRiga").Testo() +
+                             " " + rs.Fields("Mag").Testo();
+    Importo& giacenza = giacenze[dove];
+    giacenza += rs.Fields("q").Importo();
+    if (giacenza.Negativo()) sotto.emplace(dove, rs.Fields("Dt").Data());
+  }
+  return sotto;
+}
+
+TEST(CreaDemoTest, MagazzinoDiDueAnni) {
+  for (const Data oggi : {G(24, 11, 2026), G(1, 1, 2026), G(29, 2, 2028)}) {
+    SCOPED_TRACE(oggi.Testo());
+    Demo demo(oggi);
+    EXPECT_EQ(demo.Singolo("select Count(*) from CodiciRiga").Intero(), 150);
+    EXPECT_EQ(demo.Singolo("select Count(*) from prodottiFor_r").Intero(), 150);
+    EXPECT_EQ(demo.Singolo("select Count(*) from CodiciRiga where Prezzo<=CostoDigitato").Intero(),
+              0);
+    EXPECT_LE(demo.Singolo("select Max(Dt) from FattureCli").Data(), oggi);
+    for (const char* tipo : {"EI", "01", "02", "10", "11", "12", "20", "21", "40"}) {
+      EXPECT_NE(
+          demo.Singolo(std::string("select Count(*) from FattureCli where TipoDoc='") + tipo + "'")
+              .Intero(),
+          0)
+          << tipo;
+    }
+    EXPECT_EQ(demo.Singolo("select Count(*) from FattureCli where Riva<>''").Intero(), 0);
+    // Never below zero but for three, which the document tells.
+    const auto sotto = SottoZero(demo);
+    ASSERT_EQ(sotto.size(), 3U);
+    for (const auto& [dove, quando] : sotto) EXPECT_EQ(quando, oggi) << dove;
+    EXPECT_EQ(demo.Singolo("select Count(*) from FattureCli_r as r, FattureCli as f where "
+                           "r.TipoDoc=f.TipoDoc and r.Anno=f.Anno and r.NumDoc=f.NumDoc and "
+                           "f.Varie1='Merce consegnata prima di registrarne il carico'")
+                  .Intero(),
+              3);
+    // What the first year ended with opens the second.
+    const auto totale = [&](const std::string& quale) {
+      return demo
+          .Singolo("select Sum(IIf(CS='C', Quantita, -Quantita)) from FattureCli_r where " + quale)
+          .Importo();
+    };
+    const std::string prima = std::to_string(oggi.Anno() - 1);
+    EXPECT_EQ(totale("Anno=" + prima),
+              totale("TipoDoc='EI' and Anno=" + std::to_string(oggi.Anno())));
+    // A transfer takes from one warehouse what it brings to the other.
+    EXPECT_TRUE(totale("TipoDoc='20' or TipoDoc='21'").Zero());
+    EXPECT_EQ(demo.Singolo("select Count(*) from FattureCli where TipoDoc='21'").Intero(),
+              demo.Singolo("select Count(*) from FattureCli where TipoDocOrigine='20'").Intero());
+  }
 }
 
 TEST(CreaDemoTest, SempreUgualeNelloStessoGiorno) {

@@ -175,6 +175,21 @@ TEST_F(AnniTest, EliminazioneSelettiva) {
   EXPECT_EQ(ambiente.ArchivioDi("scadenzario").Singolo("select count(*) from Scadenze").Intero(),
             0);
   EXPECT_EQ(Copie(), 2U);
+  EXPECT_THAT(Leggi("select NumDoc, Ordine from FattureCli_r"), ElementsAre("2|6"))
+      << "its order stands";
+  for (const char* ordini : {"OrdiniCli", "OrdiniFor"}) {
+    EXPECT_TRUE(elimina.Disponibile(std::string("Elim") + ordini));
+    Metti(Tessarc(), ordini, "TipoDoc", "O", "NumDoc", 6);
+    Metti(Tessarc(), (std::string(ordini) + "_r").c_str(), "TipoDoc", "O", "NumDoc", 6, "Posi", 1);
+  }
+  elimina.Dati().Scrivi("ElimScadenze", false);
+  elimina.Dati().Scrivi("ElimOrdiniCli", true);
+  dialoghi.Rispondera("Conferma eliminazione registrazioni\n(2 tra", Risposta::Si);
+  ASSERT_TRUE(elimina.EliminaScadenze());
+  EXPECT_THAT(Leggi("select 1 from OrdiniCli"), IsEmpty());
+  EXPECT_THAT(Leggi("select 1 from OrdiniCli_r"), IsEmpty());
+  EXPECT_EQ(Leggi("select 1 from OrdiniFor_r").size(), 1U);
+  EXPECT_THAT(Leggi("select NumDoc, Ordine from FattureCli_r"), ElementsAre("2|0"));
 }
 
 }  // namespace

@@ -24,6 +24,10 @@ void Riavvia(Contesto& contesto, const Comando&) {
   contesto.programma.Riavvia();
 }
 
+void Interrompi(Contesto& contesto, const Comando&) {
+  contesto.programma.Interrompi();
+}
+
 void Termina(Contesto& contesto, const Comando&) {
   contesto.programma.Termina();
 }
@@ -51,6 +55,7 @@ const std::map<std::string, Voce>& Tavola() {
       {"anno", {kAzione, Anno}},
       {"utente", {kAzione, Utente}},
       {"riavvia", {kAzione, Riavvia}},
+      {"interrompi", {kAzione, Interrompi}},
       {"termina", {kVerifica, Termina}},
       {"apri", {kAzione, Apri}},
       {"menu", {kAzione, Menu}},

@@ -69,17 +69,17 @@ struct Forma {
   std::string_view parole;
 };
 constexpr auto kForme = std::to_array<Forma>({
-    {"oggi", "d"},           {"anno", "u"},        {"utente", "pp"},      {"riavvia", ""},
-    {"termina", ""},         {"apri", "p?n"},      {"menu", "p"},         {"rifiuta", "p?n"},
-    {"finestra", "p"},       {"aperta", "p"},      {"chiusa", "p"},       {"chiudi", ""},
-    {"scrivi", "pp"},        {"digita", "pp"},     {"tasto", "pt"},       {"scegli", "pp"},
-    {"spunta", "p"},         {"togli", "p"},       {"clic", "p"},         {"pagina", "pn"},
-    {"riga", "pu"},          {"doppioclic", "pu"}, {"file", "p"},         {"messaggio", "p"},
-    {"nessunmessaggio", ""}, {"ignora", ""},       {"vale", "pp"},        {"attivo", "p"},
-    {"spento", "p"},         {"visibile", "p"},    {"nascosto", "p"},     {"titolo", "p"},
-    {"righe", "pn"},         {"cella", "pupp"},    {"esegui", "pp"},      {"imposta", "pp"},
-    {"impostazione", "pp"},  {"contiene", "pp"},   {"noncontiene", "pp"}, {"uguale", "pp"},
-    {"foto", "p"},           {"attesa", "n"},      {"includi", "p"},
+    {"oggi", "d"},      {"anno", "u"},           {"utente", "pp"},     {"riavvia", ""},
+    {"interrompi", ""}, {"termina", ""},         {"apri", "p?n"},      {"menu", "p"},
+    {"rifiuta", "p?n"}, {"finestra", "p"},       {"aperta", "p"},      {"chiusa", "p"},
+    {"chiudi", ""},     {"scrivi", "pp"},        {"digita", "pp"},     {"tasto", "pt"},
+    {"scegli", "pp"},   {"spunta", "p"},         {"togli", "p"},       {"clic", "p"},
+    {"pagina", "pn"},   {"riga", "pu"},          {"doppioclic", "pu"}, {"file", "p"},
+    {"messaggio", "p"}, {"nessunmessaggio", ""}, {"ignora", ""},       {"vale", "pp"},
+    {"attivo", "p"},    {"spento", "p"},         {"visibile", "p"},    {"nascosto", "p"},
+    {"titolo", "p"},    {"righe", "pn"},         {"cella", "pupp"},    {"esegui", "pp"},
+    {"imposta", "pp"},  {"impostazione", "pp"},  {"contiene", "pp"},   {"noncontiene", "pp"},
+    {"uguale", "pp"},   {"foto", "p"},           {"attesa", "n"},      {"includi", "p"},
 });
 
 std::string Manca(std::size_t sono, std::size_t minimo, std::size_t massimo) {

@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <algorithm>
+#include <filesystem>
 
 #include "core/values/Testo.h"
 #include "runner/Eventi.h"
@@ -102,6 +103,19 @@ void Programma::Ferma() {
 
 void Programma::Riavvia() {
   Ferma();
+  Avvia();
+}
+
+void Programma::Interrompi() {
+  // An end of one's own gives up what is open; what was kept of it is put back, as a kill leaves
+  // it.
+  const auto bozze = App().Sessione().CartellaDitta() / "Bozze";
+  const auto accanto = bozze.parent_path() / ".Bozze";
+  std::error_code errore;
+  std::filesystem::copy(bozze, accanto, std::filesystem::copy_options::recursive, errore);
+  Ferma();
+  std::filesystem::remove_all(bozze, errore);
+  std::filesystem::rename(accanto, bozze, errore);
   Avvia();
 }
 

@@ -27,6 +27,8 @@ class Programma {
   /// Ends the program: records in edit are given up, windows close without questions.
   void Ferma();
   void Riavvia();
+  /// Ends the program without giving anything up, as a killed one does, and starts it again.
+  void Interrompi();
   /// Starts again with that user logged in.
   void Accedi(const std::string& utente, const std::string& password);
   /// Opens a company (its last year when 0) as the selection dialog does.

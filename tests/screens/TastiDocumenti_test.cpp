@@ -97,7 +97,7 @@ TEST_F(TastiDocumentiTest, DieciRigheIncollate) {
   QString righe;
   for (int i = 1; i <= 10; ++i) righe += QStringLiteral("X%1\t%1\t1,5\n").arg(i);
   QApplication::clipboard()->setText(righe);
-  Campo("GrigliaRighe")->setFocus();
+  // In the product's field of a row that waits, as in the grid.
   Premi(Qt::Key_V, Qt::ControlModifier);
   ASSERT_EQ(Foco(), "InserisciIncollate");
   Premi(Qt::Key_Return);
@@ -108,19 +108,21 @@ TEST_F(TastiDocumentiTest, DieciRigheIncollate) {
 
 // What is refused on a sheet out of sight is brought into sight.
 TEST_F(TastiDocumentiTest, IlFocoVaDoveSiRipara) {
-  Comincia("01");
+  Premi(Qt::Key_Insert);
+  Clic("PNuovaRiga");
   Scrivi("CodiceRiga", "X1");
   Clic("ConfermaRiga");
   auto* schede = Campo<QTabWidget>("SSTab2");
   schede->setCurrentIndex(1);
+  Clic("Conferma");
+  EXPECT_EQ(Foco(), QStringLiteral("CliFor"));
+  EXPECT_EQ(schede->currentIndex(), 0);
+  Scrivi("CliFor", "9001");
+  schede->setCurrentIndex(1);
   Scrivi("CodiceVettore", "ZZ9");
   schede->setCurrentIndex(0);
-  Scrivi("CliFor", "");
   Clic("Conferma");
-  EXPECT_EQ(Foco(), "CliFor");
-  Scrivi("CliFor", "9001");
-  Clic("Conferma");
-  EXPECT_EQ(Foco(), "CodiceVettore") << ::testing::PrintToString(Messaggi());
+  EXPECT_EQ(Foco(), QStringLiteral("CodiceVettore")) << ::testing::PrintToString(Messaggi());
   EXPECT_EQ(schede->currentIndex(), 1);
 }
 

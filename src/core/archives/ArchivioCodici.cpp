@@ -43,6 +43,9 @@ Rs ArchivioCodici::Interno::Trova(const std::string& codice, bool conFiltro) {
 }
 
 std::string ArchivioCodici::Interno::Nome() const {
+  if (contesto.nuovo && contesto.copia && !descrizione.titoloCopia.empty()) {
+    return descrizione.titoloCopia;
+  }
   if (contesto.nuovo) return descrizione.titoloNuovo;
   return descrizione.titoloRecord + contesto.codicePrima;
 }

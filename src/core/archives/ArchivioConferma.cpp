@@ -43,8 +43,8 @@ bool ArchivioCodici::Interno::CodiceLibero() {
 }
 
 bool ArchivioCodici::Interno::CodiceInUso() {
-  const auto uso = CodiceUsato(ambiente, descrizione.tabella, contesto.codicePrima,
-                               descrizione.tabelleProprie);
+  const auto uso =
+      CodiceUsato(ambiente, descrizione.tabella, contesto.codicePrima, descrizione.tabelleProprie);
   return uso && !Rifiuta(*uso, "Cod");
 }
 
@@ -52,7 +52,7 @@ bool ArchivioCodici::Interno::Ammesso() {
   if (descrizione.compone) descrizione.compone(contesto);
   RifilaCodice();
   if (!descrizione.codiceComposto) {
-    if (contesto.Codice().empty()) return Rifiuta("inserire un codice", "Cod");
+    if (contesto.Codice().empty()) return Rifiuta(descrizione.codiceVuoto, "Cod");
     if (contesto.CodiceCambiato() &&
         LunghezzaTesto(contesto.Codice()) > static_cast<std::size_t>(descrizione.caratteriCodice)) {
       return Rifiuta("il codice può avere al più " + std::to_string(descrizione.caratteriCodice) +
@@ -226,8 +226,9 @@ bool ArchivioCodici::Elimina() {
   Interno& io = *interno_;
   if (!io.aperto || io.contesto.nuovo || io.RifiutaSolaLettura() || io.SoloEsistenti())
     return false;
-  if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione DOCUMENTO ?")) return false;
   const DescrizioneArchivio& descrizione = io.descrizione;
+  if (!io.Passa(descrizione.guardieDomanda)) return false;
+  if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione DOCUMENTO ?")) return false;
   const auto lavoro = [&] {
     if (!io.Passa(descrizione.guardieElimina) || !io.Passa(descrizione.guardieCodice) ||
         io.CodiceInUso() || !io.Tiene()) {

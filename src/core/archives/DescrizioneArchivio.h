@@ -71,10 +71,12 @@ struct DescrizioneArchivio : records::DescrizioneForma {
   std::string chiave = "tessarc";
   std::string tabella;
   std::string campoDescrizione = "Descrizione";
-  std::string titoloNuovo;      ///< "nuovo agente"
-  std::string titoloRecord;     ///< what stands before the code of an existing one: "agente "
-  std::string filtro = {};      ///< fixed condition of selector and list
-  int caratteriCodice = 10;     ///< greatest length of `Cod`
+  std::string titoloNuovo;       ///< "nuovo agente"
+  std::string titoloCopia = {};  ///< of a copy; empty for that of a new one
+  std::string titoloRecord;      ///< what stands before the code of an existing one: "agente "
+  std::string filtro = {};       ///< fixed condition of selector and list
+  int caratteriCodice = 10;      ///< greatest length of `Cod`
+  std::string codiceVuoto = "inserire un codice";  ///< told when none is typed
   bool codiceComposto = false;  ///< `Cod` isn't typed: `compone` makes it of other fields
   /// A changed code is carried to the fields that refer to it, instead of refused where in use.
   bool portaCodice = false;
@@ -111,6 +113,8 @@ struct DescrizioneArchivio : records::DescrizioneForma {
   /// On changing the code of an existing record and on deleting one, before the check of
   /// references.
   std::vector<Controllo> guardieCodice = {};
+  /// On deleting only, before the question.
+  std::vector<Controllo> guardieDomanda = {};
   /// On deleting only, after the question and before the guards of the code.
   std::vector<Controllo> guardieElimina = {};
   /// What else is written (erased) with the record, in its transaction.

@@ -120,7 +120,6 @@ void BozzaDiTesta::IniziaTesta(int anno, std::string record, const Scheda& testa
     Impronta(testo);
     base_[nome] = testo;
   }
-  noteBase_ = note_;
 }
 
 void BozzaDiTesta::Nota(std::string_view nome, const Valore& valore) {
@@ -128,9 +127,8 @@ void BozzaDiTesta::Nota(std::string_view nome, const Valore& valore) {
 }
 
 bool BozzaDiTesta::TestaDiversa(const Scheda& testa) const {
-  return note_ != noteBase_ || std::ranges::any_of(base_, [&](const auto& campo) {
-           return testa.Leggi(campo.first).Neutro() != campo.second;
-         });
+  return std::ranges::any_of(
+      base_, [&](const auto& campo) { return testa.Leggi(campo.first).Neutro() != campo.second; });
 }
 
 void BozzaDiTesta::MettiTesta(const Scheda& testa) {
@@ -196,6 +194,11 @@ std::optional<BozzaLasciata> BozzaDiTesta::Offri(const ParoleBozza& parole) {
       continue;
     }
     BozzaLasciata lasciata = DaVoci(lasciato.voci, generale->second);
+    const auto& anni = ambiente_.Anni();
+    if (std::ranges::find(anni, lasciata.anno) == anni.end()) {
+      Elimina(lasciato);  // it went with its year
+      continue;
+    }
     if (lasciata.anno != ambiente_.Anno()) {
       ambiente_.Dialogo().Annuncia("C'è " + parole.cosa + " del " + lasciata.quando +
                                    " nell'anno " + std::to_string(lasciata.anno) + ": " +

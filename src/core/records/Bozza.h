@@ -10,8 +10,9 @@
 //                         (a stored record by a key that Apri understands, in place of "")
 //   after a field was left, a row opened, confirmed, deleted, given up:
 //                         bozza.Segna(testa, righe);
-//   Conferma():           bozza.InConferma(true); records::Esegui(...); bozza.InConferma(false);
-//   record closed, for whatever reason (confirmed, deleted, given up):
+//   Conferma():           at the beginning of .scrivi: bozza.InConferma(true); where it failed:
+//                         bozza.InConferma(false);
+//   confirmed, deleted (at once, before anything is told), given up:
 //                         bozza.Fine();
 //
 //   Riprendi():           the window asks it once, when it has come up:
@@ -97,7 +98,7 @@ class BozzaDiTesta {
   /// False.
   bool NonRipresa(const std::string& perche, bool resta = false);
 
-  /// Something else that belongs to the open record's state.
+  /// Something else that belongs to the open record's state; kept along with what is typed.
   void Nota(std::string_view nome, const Valore& valore);
   /// The record is about to be written: a draft that is found so may be of one that was.
   void InConferma(bool inCorso) noexcept;
@@ -107,7 +108,7 @@ class BozzaDiTesta {
  protected:
   void IniziaTesta(int anno, std::string record, const Scheda& testa);
   void Impronta(std::string_view testo);
-  /// Whether head or notes differ from what they were at the beginning.
+  /// Whether the head differs from what it was at the beginning.
   [[nodiscard]] bool TestaDiversa(const Scheda& testa) const;
   /// Puts what every draft has and what differs in the head.
   void MettiTesta(const Scheda& testa);
@@ -135,7 +136,6 @@ class BozzaDiTesta {
   std::string quando_;
   std::uint64_t impronta_ = 0;
   CampiBozza base_;  ///< the head as the record was begun
-  CampiBozza noteBase_;
   CampiBozza note_;
 };
 

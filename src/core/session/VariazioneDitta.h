@@ -1,32 +1,14 @@
 // "Modifica impostazioni Ditta": the company's data and choices, shown, checked and written.
 #pragma once
 
-#include <functional>
-#include <map>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "core/session/Ambiente.h"
-#include "core/session/Scheda.h"
+#include "core/session/CampiImpostazioni.h"
 
 namespace fenalto {
-
-/// A field of the function: its name is the key's, without the blank that `ragsoc1 ` ends with.
-struct CampoVariazione {
-  const char* campo;
-  const char* chiave;
-  enum class Genere {
-    Testo,
-    Uno,
-    SiNo,
-    SiNoMaiuscolo,
-    Percorso,
-    Decimali,
-    Causale
-  } genere = Genere::Testo;
-  const char* vuoto = "";  ///< shown when the key is missing or empty
-};
 
 class VariazioneDitta {
  public:
@@ -37,10 +19,10 @@ class VariazioneDitta {
   explicit VariazioneDitta(Ambiente& ambiente);
 
   /// Every field that is a key, in the order in which they are written.
-  static std::span<const CampoVariazione> Campi();
+  static std::span<const CampoImpostazione> Campi();
   /// Fields by name, flags as booleans; kIvaTrimestrale among them.
-  Scheda& Dati() { return dati_; }
-  [[nodiscard]] bool Modificata() const { return dati_.Modificata(); }
+  Scheda& Dati() { return campi_.Dati(); }
+  [[nodiscard]] bool Modificata() const { return campi_.Dati().Modificata(); }
   void Rileggi();
 
   /// A field was left: a value that is refused goes back to what it was, and the refusal is told.
@@ -53,18 +35,11 @@ class VariazioneDitta {
   /// and tells. False when the user said no or something couldn't be written (it was told).
   bool Conferma();
   /// The field that stopped the last confirmation, empty for none.
-  [[nodiscard]] const std::string& CampoRifiutato() const { return campoRifiutato_; }
+  [[nodiscard]] const std::string& CampoRifiutato() const { return campi_.CampoRifiutato(); }
 
  private:
-  [[nodiscard]] std::string DaScrivere(const CampoVariazione& campo) const;
-  [[nodiscard]] std::string Rifiuto(const CampoVariazione& campo) const;
-  [[nodiscard]] std::string RifiutoCausale(const CampoVariazione& campo) const;
-
   Ambiente& ambiente_;
-  Scheda dati_;
-  std::string campoRifiutato_;
-  std::map<std::string, std::string, std::less<>> letti_;  ///< by field, as they stood in the file
-  std::map<std::string, Valore, std::less<>> accettati_;   ///< by field, the last value not refused
+  CampiImpostazioni campi_;
 };
 
 }  // namespace fenalto

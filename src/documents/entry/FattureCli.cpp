@@ -69,7 +69,13 @@ bool FattureCli::ScegliTipo(const std::string& codice) {
 }
 
 std::int64_t FattureCli::ProbabileNumDoc() {
-  return ProssimoNumero(interno_->ambiente, interno_->tipo, interno_->ambiente.Anno());
+  try {
+    return ProssimoNumero(interno_->ambiente, interno_->tipo, interno_->ambiente.Anno());
+  } catch (const ErroreArchivio& e) {
+    // A series that is at its end is told at the confirmation.
+    if (e.PerQuale() != ErroreArchivio::Causa::Altro) throw;
+    return 0;
+  }
 }
 
 // --- New -----------------------------------------------------------------------------------------
@@ -148,9 +154,17 @@ bool FattureCli::Interno::IniziaNuovo(const std::string& titolo) {
 bool FattureCli::Nuovo() {
   Interno& io = *interno_;
   Abbandona();
-  return records::Tenta(
-      io.ambiente, {"nuovo documento non riuscito: ", records::kNullaScritto},
-      [&] { return io.IniziaNuovo("Nuovo documento " + io.tipo.cod + " " + io.tipo.descrizione); });
+  const auto comincia = [&] {
+    if (!io.IniziaNuovo("Nuovo documento " + io.tipo.cod + " " + io.tipo.descrizione)) return false;
+    if (io.tipo.cliFor.empty()) return true;
+    io.testa.Scrivi("CliFor", io.tipo.cliFor);
+    io.ParteScelta();
+    io.testa.Consolida();
+    io.bozza.Inizia(io.anno, "", io.testa, io.righe);
+    return true;
+  };
+  return records::Tenta(io.ambiente, {"nuovo documento non riuscito: ", records::kNullaScritto},
+                        comincia);
 }
 
 // --- Stored --------------------------------------------------------------------------------------
@@ -289,7 +303,7 @@ void FattureCli::Interno::ChiudiRecord() noexcept {
 }
 
 void FattureCli::Interno::Dimentica() {
-  percIva.clear();
+  aliquote.clear();
   costi.clear();
   noti.clear();
   accanto.reset();

@@ -173,7 +173,6 @@ bool FattureCli::Conferma(std::string* campo) {
   Interno::Scritta scritta;
   std::vector<std::string_view> numerazioni = {"FATTURECLI"};
   if (!io.T("Riva").empty()) numerazioni.emplace_back("ARTICOLI");
-  io.bozza.InConferma(true);
   const bool riuscita = records::Esegui(
       io.ambiente, {.nonRiuscita = "conferma del documento non riuscita: ",
                     .dopoErrore = "\nNon è stato scritto nulla: il documento è ancora sullo "
@@ -198,6 +197,7 @@ bool FattureCli::Conferma(std::string* campo) {
                             if (campo != nullptr) *campo = rifiuto->campo;
                             return rifiuto->messaggio;
                           }
+                          io.bozza.InConferma(true);
                           io.ScriviTutto(scritta);
                           return std::string();
                         },

@@ -44,6 +44,9 @@ std::optional<Rifiuto> FattureCli::Interno::ControllaNumero() {
 
 std::optional<Rifiuto> FattureCli::Interno::ControllaAggiunti() {
   if (D("Dt").Nulla()) return Rifiuto{"manca la data", "Dt"};
+  if (I("ScontoCassa") > kTutto) {
+    return Rifiuto{"lo sconto non può superare il 100 per cento", "ScontoCassa"};
+  }
   if (auto rifiuto = ControllaLegati()) return rifiuto;
   AvvisaData();
   if (righe.Tutte().empty() &&

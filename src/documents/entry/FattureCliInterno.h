@@ -25,6 +25,8 @@ inline constexpr int kLivelloFatture = 50;
 inline constexpr const char* kMagDest = "MagDest";
 /// Places between the positions of two rows.
 inline constexpr std::int64_t kPassoPosi = 100;
+/// The greatest discount, percent.
+inline constexpr Importo kTutto = Importo::DaDecimillesimi(100 * Importo::kScala);
 inline constexpr const char* kAvvisoComponenti =
     "Attenzione: si tratta di un movimento automatico di scarico componenti correlato ad un carico "
     "a lotti: eliminandolo si perdono informazioni relative alla rintracciabilità";
@@ -76,6 +78,8 @@ struct FattureCli::Interno {
   [[nodiscard]] bool DiFornitori() const { return T("CFP") == "F"; }
   [[nodiscard]] bool Carico() const { return T("CS") == "C"; }
   [[nodiscard]] bool Scarico() const { return T("CS") == "S"; }
+  /// As the open document has it, else as the next one will.
+  [[nodiscard]] std::string Senso() const { return documento.Aperto() ? T("CS") : tipo.cs; }
   [[nodiscard]] bool EsistenzaIniziale() const { return UgualeTesto(tipo.cod, kEsistenzaIniziale); }
   /// FATTURA, FATTACC, and BOLLA to be invoiced: what has totals, payment, withholdings.
   [[nodiscard]] bool DaFatturare() const;
@@ -162,6 +166,7 @@ struct FattureCli::Interno {
   [[nodiscard]] Importo EsistenzaDopo(const std::string& prodotto, Importo digitata,
                                       const RigaDocumento* sostituita);
   void AvvisaEsistenza(const RigaDocumento& una);
+  void CalcolaMargine(const RigaDocumento& una, AccantoRiga& fatto);
   void AvvisaEsistenze(const std::vector<RigaDocumento>& aggiunte);
   /// Stock of a product as it would be without this document.
   [[nodiscard]] Importo EsistenzaSenza(const std::string& prodotto);
@@ -173,7 +178,11 @@ struct FattureCli::Interno {
   };
   [[nodiscard]] Somme Somma(const std::vector<RigaDocumento>& date);
   void CalcolaTotali() { somme = Somma(righe.Tutte()); }
-  [[nodiscard]] Importo PercentualeIva(const std::string& codIva);
+  struct Aliquota {
+    Importo perc;
+    Importo percInd;
+  };
+  [[nodiscard]] Aliquota AliquotaDi(const std::string& codIva);
 
   // --- Confirmation -----------------------------------------------------------------------------
 
@@ -279,7 +288,7 @@ struct FattureCli::Interno {
 
   Somme somme;
   RegolaImporto regola;
-  std::map<std::string, Importo, std::less<>> percIva;
+  std::map<std::string, Aliquota, std::less<>> aliquote;       ///< by VAT code
   std::map<std::string, warehouse::Costi, std::less<>> costi;  ///< by product
   std::set<std::string, std::less<>> noti;                     ///< codes that exist
   /// Stock and costs last shown, of a product and a warehouse.

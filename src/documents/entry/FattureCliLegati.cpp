@@ -63,6 +63,10 @@ void FattureCli::Interno::AvvisaLegati() const {
     ambiente.Dialogo().Annuncia("scarico automatico dei componenti del carico " +
                                 Estremi(Origine()));
   }
+  if (origine == OrigineDocumento::TrasportoEsistenze) {
+    ambiente.Dialogo().Annuncia(
+        "documento scritto dal trasporto delle esistenze, che lo sostituisce quando è ripetuto");
+  }
   if (!gemello) return;
   ambiente.Dialogo().Annuncia((origine == OrigineDocumento::Trasferimento
                                    ? "questo documento è l'altro lato del trasferimento "

@@ -10,13 +10,15 @@ namespace fenalto::documents {
 
 // --- Totals --------------------------------------------------------------------------------------
 
-Importo FattureCli::Interno::PercentualeIva(const std::string& codIva) {
-  const auto nota = percIva.find(codIva);
-  if (nota != percIva.end()) return nota->second;
-  const Importo perc =
-      Nz(ambiente.Cerca("tessarc", "CodiciIva", {{"Cod", codIva}}, "Perc")).Importo();
-  percIva.emplace(codIva, perc);
-  return perc;
+FattureCli::Interno::Aliquota FattureCli::Interno::AliquotaDi(const std::string& codIva) {
+  const auto nota = aliquote.find(codIva);
+  if (nota != aliquote.end()) return nota->second;
+  const Rs letta = tessarc.Recordset("select Perc, PercInd from CodiciIva where " +
+                                     sql::Criterio("Cod", "=", codIva));
+  Aliquota sua;
+  if (!letta.Eof()) sua = {letta.Fields(0).Importo(), letta.Fields(1).Importo()};
+  aliquote.emplace(codIva, sua);
+  return sua;
 }
 
 FattureCli::Interno::Somme FattureCli::Interno::Somma(const std::vector<RigaDocumento>& date) {
@@ -30,7 +32,7 @@ FattureCli::Interno::Somme FattureCli::Interno::Somma(const std::vector<RigaDocu
     const auto suo = std::ranges::find_if(
         gruppi, [&](const GruppoIva& gruppo) { return UgualeTesto(gruppo.codIva, una.codIva); });
     if (suo == gruppi.end()) {
-      gruppi.push_back({una.codIva, una.importo, PercentualeIva(una.codIva)});
+      gruppi.push_back({una.codIva, una.importo, AliquotaDi(una.codIva).perc});
     } else {
       suo->importo += una.importo;
     }
@@ -148,14 +150,22 @@ std::optional<AccantoRiga> FattureCli::Accanto() const {
     io.accanto.emplace(quale, letto);
   }
   AccantoRiga fatto = io.accanto->second;
-  if (io.Livello() && io.DiClienti()) {
-    const Importo netto = io.tipo.prezziIvati
-                              ? ScorporaImponibile(una.importo, io.PercentualeIva(una.codIva))
-                              : una.importo;
-    fatto.margine = netto - una.costo.Per(una.quantita);
-    if (!netto.Zero()) fatto.marginePerc = fatto.margine->Per(Importo::DaUnita(100)).Diviso(netto);
-  }
+  if (io.Livello() && io.DiClienti()) io.CalcolaMargine(una, fatto);
   return fatto;
+}
+
+void FattureCli::Interno::CalcolaMargine(const RigaDocumento& una, AccantoRiga& fatto) {
+  try {
+    const Importo netto = tipo.prezziIvati
+                              ? ScorporaImponibile(una.importo, AliquotaDi(una.codIva).perc)
+                              : una.importo;
+    const Importo margine = netto - una.costo.Per(una.quantita);
+    if (!netto.Zero()) fatto.marginePerc = margine.Per(Importo::DaUnita(100)).Diviso(netto);
+    fatto.margine = margine;
+  } catch (const FuoriCampo&) {
+    // Figures that can't be confirmed have no margin.
+    fatto.marginePerc.reset();
+  }
 }
 
 // --- Checks --------------------------------------------------------------------------------------
@@ -225,11 +235,7 @@ std::optional<Rifiuto> FattureCli::Interno::ControllaRiga(const RigaDocumento& u
   if (tipo.Fatturazione() && quantita && una.codIva.empty()) {
     return Rifiuto{"manca codice iva", "CodIva"};
   }
-  const bool indetraibile =
-      !una.codIva.empty() &&
-      !Nz(ambiente.Cerca("tessarc", "CodiciIva", {{"Cod", una.codIva}}, "PercInd"))
-           .Importo()
-           .Zero();
+  const bool indetraibile = !una.codIva.empty() && !AliquotaDi(una.codIva).percInd.Zero();
   if (indetraibile) {
     return Rifiuto{"non si possono utilizzare codici iva con iva indetraibile", "CodIva"};
   }
@@ -270,7 +276,6 @@ std::optional<Rifiuto> FattureCli::Interno::ControllaCodiciRiga(const RigaDocume
     if (Rifila(c.codice).empty() || Esiste(c.fonte, c.codice)) continue;
     return archives::CodiceIgnoto(ambiente, {c.campo, c.didascalia, c.fonte}, c.codice);
   }
-  constexpr Importo kTutto = Importo::DaDecimillesimi(100 * Importo::kScala);
   for (const auto& [campo, sconto] :
        {std::pair("Sc1", una.sc1), std::pair("Sc2", una.sc2), std::pair("Sc3", una.sc3)}) {
     if (sconto > kTutto) return Rifiuto{"lo sconto non può superare il 100 per cento", campo};
@@ -306,13 +311,13 @@ bool FattureCli::ConfermaRiga(std::string* campo) {
   if (!UgualeTesto(io.riga.Testo("CodiceRiga"), io.codiceVisto)) io.ProdottoLasciato();
   RigaDocumento una = io.righe.Digitata();
   if (una.posi <= 0) una.posi = io.righe.ProssimaPosi(kPassoPosi);
-  io.AvvisaEsistenza(una);
-  if (io.documento.Rifiuta(io.ControllaLotto(una), campo) ||
-      io.documento.Rifiuta(io.ControllaRiga(una), campo) ||
-      io.documento.Rifiuta(io.CompletaRiga(una), campo)) {
-    return false;
-  }
   try {
+    io.AvvisaEsistenza(una);
+    if (io.documento.Rifiuta(io.ControllaLotto(una), campo) ||
+        io.documento.Rifiuta(io.ControllaRiga(una), campo) ||
+        io.documento.Rifiuta(io.CompletaRiga(una), campo)) {
+      return false;
+    }
     io.Accetta(io.righe.Con(std::move(una)));
   } catch (const FuoriCampo& e) {
     io.documento.Rifiuta(Rifiuto{e.what(), "Quantita"}, campo);

@@ -40,7 +40,7 @@ bool FattureCli::Interno::DaFatturare() const {
 }
 
 std::string FattureCli::Interno::EtichettaMagazzino() const {
-  return Carico() ? "Magazzino da caricare" : "Magazzino da scaricare";
+  return Senso() == "C" ? "Magazzino da caricare" : "Magazzino da scaricare";
 }
 
 std::string FattureCli::Interno::NomeDocumento(std::int64_t numero) const {
@@ -106,7 +106,7 @@ records::StatoCampo FattureCli::StatoTesta(const std::string& nome) const {
   } else if (Uno(nome, {"RiquadroDestinazione"})) {
     stato.visibile = trasporto || tipo.Fattura();
   } else if (Uno(nome, {"RiquadroCarico"})) {
-    stato.visibile = tipo.cs == "C" || tipo.Movimento();
+    stato.visibile = io.Senso() == "C" || tipo.Movimento();
   } else if (Uno(nome, {"PaginaDati", "PaginaDdt", "PaginaAltri"})) {
     stato.didascalia = trasporto ? "Dati DDT" : "Altri Dati";
   } else if (Uno(nome, {"NumDoc"})) {
@@ -116,7 +116,7 @@ records::StatoCampo FattureCli::StatoTesta(const std::string& nome) const {
     stato.didascalia = tipo.cfp == "F" ? "Fornitore" : "Cliente";
   } else if (Uno(nome, {"Mag"})) {
     stato.visibile = !tipo.causaleMag.empty();
-    stato.didascalia = tipo.cs == "C" ? "Magazzino da caricare" : "Magazzino da scaricare";
+    stato.didascalia = io.EtichettaMagazzino();
   } else if (Uno(nome, {kMagDest})) {
     stato.visibile = !tipo.tipoDocTrasferimento.empty();
     stato.didascalia = "Magazzino di destinazione";
@@ -148,7 +148,7 @@ records::StatoCampo FattureCli::StatoRiga(const std::string& nome) const {
   } else if (Uno(nome, {"QuantitaA", "PrezzoA"})) {
     stato.visibile = tipo.cfp == "F";
   } else if (Uno(nome, {"Lottox", "DtScad"})) {
-    stato.visibile = tipo.cs == "C";
+    stato.visibile = io.Senso() == "C";
     if (UgualeTesto(nome, "Lottox")) {
       const std::string scritta = io.ambiente.Config("LottoN");
       stato.didascalia = scritta.empty() ? "Lotto N." : scritta;

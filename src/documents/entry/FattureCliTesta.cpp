@@ -167,7 +167,12 @@ void FattureCli::TestaLasciata(std::string_view campo) {
   if (UgualeTesto(campo, "RaCod2")) io.Descrivi("RaCod2", "Ritenute", "RaDescrizione2");
   if (UgualeTesto(campo, "Dt")) io.AvvisaData();
   if (UgualeTesto(campo, "Mag")) io.accanto.reset();
-  io.CalcolaTotali();
+  try {
+    io.CalcolaTotali();
+  } catch (const FuoriCampo& e) {
+    io.testa.Scrivi("ScontoCassa", Importo());
+    io.Avviso(e.what());
+  }
   io.Segna();
 }
 

@@ -47,6 +47,7 @@ struct RigaDocumento {
   std::int64_t nl2 = 0;
   std::int64_t nl3 = 0;
   std::vector<std::pair<std::string, Valore>> altre = {};  ///< columns that no form shows
+  bool operator==(const RigaDocumento&) const = default;
 };
 
 /// Fields of the open row, by the names of their controls.

@@ -115,7 +115,12 @@ std::int64_t RiscriviDocumento(Ambiente& ambiente, DocumentoDaScrivere documento
       if (copiata.first == campo) campi.push_back(copiata);
     }
   }
-  records::AggiornaRighe(ambiente.ArchivioDi("tessarc"), kTestaDocumenti, campi, identita.Chiave());
+  if (records::AggiornaRighe(ambiente.ArchivioDi("tessarc"), kTestaDocumenti, campi,
+                             identita.Chiave()) == 0) {
+    throw ErroreArchivio(ErroreArchivio::Causa::Mancante,
+                         "il documento " + identita.tipoDoc + " n. " +
+                             std::to_string(identita.numDoc) + ", da correggere, non c'è più");
+  }
   TogliRighe(ambiente, identita);
   AggiungiRighe(ambiente, identita, Copiate(documento), documento.righe);
   return documento.numDoc;

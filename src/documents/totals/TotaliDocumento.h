@@ -34,7 +34,7 @@ struct TotaliDocumento {
 
 struct RegolaTotali {
   bool prezziIvati = false;  ///< rows hold VAT; then no cash discount is given
-  Importo scontoCassa;       ///< percent
+  Importo scontoCassa = {};  ///< percent
   bool euro = true;
 };
 

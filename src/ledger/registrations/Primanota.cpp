@@ -46,6 +46,7 @@ Primanota::Interno::Interno(Ambiente& ambienteUsato)
 
 void Primanota::Interno::ChiudiRecord() noexcept {
   documento.Chiudi();
+  bozza.Fine();
   numeroRecord = idRecord = 0;
   allegati.Scollega();
   righe.Carica({});
@@ -105,6 +106,7 @@ void Primanota::Nuovo() {
   io.allegati.Collega(0);
   io.contropAutomatiche = true;
   io.documento.Inizia();
+  io.IniziaBozza();
 }
 
 bool Primanota::Apri(std::int64_t numero) {
@@ -145,6 +147,7 @@ bool Primanota::Apri(std::int64_t numero) {
   std::string motivo =
       preso ? std::string() : "la registrazione è in modifica da un'altra stazione";
   io.documento.Mostra(std::move(preso), std::move(motivo));
+  if (io.documento.Modificabile()) io.IniziaBozza();
   io.ambiente.Ricorda(AlNumero("Movimenti", numero, anno));
   return true;
 }
@@ -167,6 +170,7 @@ void Primanota::TestaLasciata(std::string_view campo) {
     ControlloAnno(io.ambiente, data, false, io.anno);
     ControlloDataGiornale(io.ambiente, data);
   }
+  io.Segna();
 }
 
 // --- Models ----------------------------------------------------------------------------------
@@ -202,6 +206,7 @@ void Primanota::Duplica(std::int64_t articolo, int anno) {
   io.righe.Sostituisci(std::move(righe));
   io.totali = totali;
   io.contropAutomatiche = false;
+  io.Segna();
 }
 
 void Primanota::Proponi(const PropostaRegistrazione& proposta) {
@@ -230,6 +235,7 @@ void Primanota::Proponi(const PropostaRegistrazione& proposta) {
   io.totali = totali;
   io.contropAutomatiche = false;
   io.origine = proposta.origine;
+  io.Segna();
 }
 
 // --- Attachments -----------------------------------------------------------------------------

@@ -37,6 +37,8 @@ struct RigaPrimanota {
   std::string categoria;
   std::string commessa;
   std::vector<Coppia> altre;  ///< columns that the form doesn't show
+
+  friend bool operator==(const RigaPrimanota&, const RigaPrimanota&) = default;
 };
 
 /// A model for new registrations (`zArticoliNonIvaDupl`).
@@ -84,6 +86,9 @@ class Primanota {
   /// Opens a registration of the selected year by its number, with its warnings. False when there
   /// is none of that number that isn't a VAT registration (nothing else happens).
   bool Apri(std::int64_t numero);
+  /// A registration that a stopped program left unconfirmed: open again as it was typed, after its
+  /// question. False when there is none, or it can't be gone on with (told).
+  bool Riprendi();
   /// Bound fields: `NumDoc`, `Dt`, `Anno`, `Duplicabile`, `DescrArtDupl`, and `ProbabileNumDoc`
   /// (text, not of the table).
   [[nodiscard]] Scheda& Testa();

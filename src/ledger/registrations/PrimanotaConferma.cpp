@@ -127,6 +127,7 @@ bool Primanota::Conferma(std::string* campo) {
                     .sottoBlocco = [&] { return !io.NumeroOccupato(); },
                     .scrivi =
                         [&] {
+                          io.bozza.InConferma(true);
                           // An account or a causal may have been deleted since.
                           if (const auto ignoto = io.RigaConCodiceIgnoto()) {
                             return ignoto->messaggio;
@@ -135,7 +136,11 @@ bool Primanota::Conferma(std::string* campo) {
                           return std::string();
                         },
                     .annulla = [&] { io.allegati.Annullati(); }});
-  if (!scritta) return false;
+  if (!scritta) {
+    io.bozza.InConferma(false);
+    return false;
+  }
+  io.bozza.Fine();
   io.allegati.Confermati();
   if (io.documento.Nuovo()) io.dataRicordata = io.testa.Leggi("Dt").Data();
   io.numeroConfermato = numero;

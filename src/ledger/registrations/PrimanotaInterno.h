@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/records/Bozza.h"
 #include "core/records/Righe.h"
 #include "core/session/Allegati.h"
 #include "core/session/Rifiuto.h"
@@ -65,6 +66,10 @@ struct Primanota::Interno {
   [[nodiscard]] Stato StatoCorrente() const { return documento.StatoCorrente(righe.InRiga()); }
   void Avviso(const std::string& testo) const { documento.Avviso(testo); }
 
+  /// Keeps what was typed, so that a killed program doesn't lose it.
+  void Segna();
+  void IniziaBozza();
+
   // --- Head ----------------------------------------------------------------------------------
 
   /// The registration that isn't a VAT one, of the selected year.
@@ -113,6 +118,7 @@ struct Primanota::Interno {
   Scheda& riga = righe.Riga();
   TotaliPrimanota totali;
 
+  records::Bozza<RigaPrimanota> bozza{ambiente, "Movimenti", kCampiRiga, {"ProbabileNumDoc"}};
   bool contropAutomatiche = true;
   Origine origine = Origine::Manuale;  ///< of a new registration
   int anno = 0;

@@ -182,6 +182,7 @@ Scheda& Primanota::Riga() {
 
 void Primanota::AnnullaRiga() {
   interno_->righe.Annulla();
+  interno_->Segna();
 }
 
 std::optional<VoceConto> Primanota::Interno::TrovaConto(std::string_view cfp,
@@ -260,6 +261,7 @@ void Primanota::RigaLasciata(std::string_view campo) {
       io.riga.Scrivi(altro, Importo());
     }
   }
+  io.Segna();
 }
 
 std::string Primanota::ClasseDiCausale() {
@@ -346,6 +348,7 @@ void Primanota::Interno::ConcludiRighe(std::vector<RigaPrimanota> nuove) {
   if (contropAutomatiche) AggiornaContropartite(nuove);
   totali = SommaRighe(nuove);
   righe.Sostituisci(std::move(nuove));
+  Segna();
 }
 
 bool Primanota::ConfermaRiga(std::string* campo) {
@@ -369,7 +372,7 @@ bool Primanota::EliminaRiga() {
   if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura()) return false;
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione RIGA ?")) return false;
   if (io.righe.RigaNuova()) {
-    io.righe.Annulla();
+    AnnullaRiga();
     return true;
   }
   try {
@@ -393,6 +396,7 @@ void Primanota::ContropAutomatiche(bool attive) {
     io.righe.Modificate(true);
   }
   io.contropAutomatiche = attive;
+  io.Segna();
 }
 
 }  // namespace fenalto::ledger

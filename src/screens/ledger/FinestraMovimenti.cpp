@@ -54,6 +54,13 @@ void FinestraMovimenti::Apri(std::int64_t numero) {
   }
 }
 
+bool FinestraMovimenti::Riprendi() {
+  if (!primanota_.Riprendi()) return false;
+  if (!primanota_.Nuova()) scelta_->Seleziona(primanota_.Testa().Leggi("NumDoc").Intero());
+  MostraRegistrazione();
+  return true;
+}
+
 void FinestraMovimenti::Nuovo() {
   if (!Lascia()) return;
   primanota_.Nuovo();

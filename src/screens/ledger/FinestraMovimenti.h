@@ -25,6 +25,7 @@ class FinestraMovimenti : public FinestraDuePagine {
   bool IndietroDaScelta() override;
   void FocoScelta() override;
   void AggiornaScelta() override;
+  bool Riprendi() override;
   void DopoRegistrazione(std::int64_t numero) override;
 
  private:

@@ -21,6 +21,7 @@
 #include "screens/documents/parties/FinestraElencoParti.h"
 #include "screens/documents/parties/FinestraInterrCliFor.h"
 #include "screens/documents/recent/FinestraProdottiRecenti.h"
+#include "screens/documents/types/FinestraTipiDocumento.h"
 #include "screens/duedates/FinestraCodiciPagamento.h"
 #include "screens/duedates/FinestraScadenze.h"
 #include "screens/duedates/FinestraScadenzeModifica.h"
@@ -50,6 +51,8 @@
 #include "screens/warehouse/codes/FinestraEliminazioneProdotto.h"
 #include "screens/warehouse/codes/FinestraVisCodiciRiga.h"
 #include "screens/warehouse/products/FinestraProdotti.h"
+#include "screens/warehouse/stock/FinestraStProdotti.h"
+#include "screens/warehouse/stock/FinestraTrasportoEsistenze.h"
 
 namespace fenalto::screens {
 namespace {
@@ -152,8 +155,11 @@ FinestraPrincipale::Costruttori Applicazione::Costruttori() {
       {QStringLiteral("ScadenzeModifica"), Nuova<FinestraScadenzeModifica>()},
       {QStringLiteral("SituazioneScadenze"), Nuova<FinestraSituazioneScadenze>()},
       {QStringLiteral("StGiornale"), Nuova<FinestraGiornale>()},
+      {QStringLiteral("StProdotti"), Nuova<FinestraStProdotti>()},
       {QStringLiteral("StRegistriIva"), Nuova<FinestraRegistriIva>()},
       {QStringLiteral("TestSaldi"), Nuova<FinestraTestSaldi>()},
+      {QStringLiteral("TipiFattureCli"), Nuova<FinestraTipiDocumento>()},
+      {QStringLiteral("TrasportoEsistenze"), Nuova<FinestraTrasportoEsistenze>()},
       {QStringLiteral("Ut"), Nuova<FinestraUt>()},
       {QStringLiteral("Utility"), Nuova<FinestraUtility>()},
       {QStringLiteral("VisCodiciRiga"), Nuova<FinestraVisCodiciRiga>()},

@@ -234,6 +234,9 @@ constexpr auto kSinonimi = std::to_array<RigaSinonimi>({
      "ammortamenti; beni ammortizzabili; immobilizzazioni; registro cespiti; quote; fondo "
      "ammortamento; plusvalenza"},
     {"CategorieCespiti", "aliquote di ammortamento; coefficienti ministeriali"},
+    {"TipiFattureCli",
+     "tipi documento; causali documento; impostazioni magazzino; decimali prezzi; decimali "
+     "quantità; logo; intestazione"},
     {"@SelezioneArchivi", "cambia ditta; cambia anno; altra ditta"},
     {"Utility", "nuova azienda; creare ditta; crea la tua ditta", 0},
     {"Utility",

@@ -70,13 +70,15 @@ RegistrazioneIva::Interno::Interno(Ambiente& ambienteUsato)
     : ambiente(ambienteUsato),
       tessarc(ambienteUsato.ArchivioDi("tessarc")),
       documento(ambienteUsato),
-      righe(kCampiRiga) {
+      righe(kCampiRiga),
+      bozza(ambienteUsato, "Fatture", kCampiRiga, {"ProbabileNumDoc", "ProbabileNProt"}) {
   for (const auto& [nome, genere] : kCampiTesta) testa.Aggiungi(nome, genere);
   riga.Aggiungi("Totale", Tipo::Importo);
 }
 
 void RegistrazioneIva::Interno::ChiudiRecord() noexcept {
   documento.Chiudi();
+  bozza.Fine();
   numeroRecord = nProtRecord = idRecord = 0;
   pagamentoRecord.clear();
   parteRecord = {};
@@ -282,6 +284,7 @@ void RegistrazioneIva::Interno::PreparaNuova() {
   descrizioneProposta = DescrizioneProposta();
   testa.Scrivi("Descrizionex", descrizioneProposta);
   documento.Inizia();
+  IniziaBozza();
 }
 
 bool RegistrazioneIva::Nuovo() {
@@ -401,6 +404,7 @@ bool RegistrazioneIva::Apri(std::int64_t numDoc) {
   io.scadenzeRecord = io.BaseScadenze();
   io.testa.Scrivi("TotaleXVerifica", io.totali.Totale());
   io.documento.Mostra(std::move(preso), std::move(motivo));
+  if (io.documento.Modificabile()) io.IniziaBozza();
   io.ambiente.Ricorda(AlNumero("Fatture", numDoc, io.anno));
   return true;
 }

@@ -70,6 +70,9 @@ class RegistrazioneIva {
 
   /// Begins a new registration on the register; false with its message when that can't be.
   bool Nuovo();
+  /// A registration that a stopped program left unconfirmed: open again as it was typed, on its
+  /// register, after its question. False when there is none, or it can't be gone on with (told).
+  bool Riprendi();
   /// Opens a stored one of the selected year by its article number, with its warnings; chooses its
   /// register. False when there is none (nothing else happens).
   bool Apri(std::int64_t numDoc);

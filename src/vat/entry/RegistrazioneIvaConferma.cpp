@@ -337,11 +337,16 @@ bool RegistrazioneIva::Conferma(std::string* campo) {
            },
        .scrivi =
            [&] {
+             io.bozza.InConferma(true);
              scritta = io.Scrivi();
              return std::string();
            }});
   io.bloccati.clear();
-  if (!riuscita) return false;
+  if (!riuscita) {
+    io.bozza.InConferma(false);
+    return false;
+  }
+  io.bozza.Fine();
   io.testa.Scrivi("NProt", std::to_string(scritta.nProt));
   io.numeroConfermato = scritta.numDoc;
   io.ambiente.Ricorda(AlNumero("Fatture", scritta.numDoc, io.anno));
@@ -391,6 +396,7 @@ bool RegistrazioneIva::Elimina() {
        .scrivi = elimina});
   io.bloccati.clear();
   if (!eliminata) return false;
+  io.bozza.Fine();
   io.ambiente.Dialogo().Annuncia("N.Prot.IVA " + std::to_string(io.nProtRecord) +
                                  " - Articolo Contabile" + std::to_string(io.numeroRecord) +
                                  " eliminato" + (log.testo.empty() ? "" : "\n" + log.testo));

@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include "core/records/Bozza.h"
 #include "core/records/DocumentoAperto.h"
 #include "core/records/Righe.h"
 #include "core/store/BasiDati.h"
@@ -57,6 +58,18 @@ struct RegistrazioneIva::Interno {
   void CaricaTesta(const Rs& record);
   /// What the giros of the open registration have moved from its party.
   void LeggiGirate();
+
+  // --- Draft
+  // --------------------------------------------------------------------------------------
+
+  void NotaBozza();
+  void IniziaBozza();
+  /// Keeps what was typed, so that a killed program doesn't lose it.
+  void Segna();
+  /// Opens the record of a draft; why that can't be, empty when it is open.
+  std::string ApriPerBozza(RegistrazioneIva& caso, const records::BozzaLasciata& lasciata,
+                           bool& resta);
+  void RiprendiStato(const records::BozzaLasciata& lasciata);
 
   // --- Head -------------------------------------------------------------------------------------
 
@@ -205,6 +218,7 @@ struct RegistrazioneIva::Interno {
   std::vector<RegistrazioneSeguita> seguito;  ///< to be corrected or erased together
   std::vector<Esito<Blocco, Detentore>> bloccati;
 
+  records::Bozza<RigaIva> bozza;
   std::set<std::int64_t> proposte;  ///< `Posi` of rows proposed and not touched
   RigheComplete totali;
 };

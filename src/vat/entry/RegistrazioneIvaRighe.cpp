@@ -132,6 +132,7 @@ bool RegistrazioneIva::ApriRiga(std::size_t indice) {
 
 void RegistrazioneIva::AnnullaRiga() {
   interno_->righe.Annulla();
+  interno_->Segna();
 }
 
 void RegistrazioneIva::RigaLasciata(std::string_view campo) {
@@ -139,6 +140,7 @@ void RegistrazioneIva::RigaLasciata(std::string_view campo) {
   if (!io.righe.InRiga() || SolaLettura()) return;
   const bool codice = UgualeTesto(campo, "CodIva") && !io.riga.Leggi("Imponibile").Importo().Zero();
   if (UgualeTesto(campo, "Imponibile") || codice) io.CalcolaIvaRiga();
+  io.Segna();
 }
 
 void RegistrazioneIva::PulisciImporti() {
@@ -157,6 +159,7 @@ void RegistrazioneIva::PulisciImporti() {
   io.riga.Scrivi("Imponibile", imponibile);
   io.riga.Scrivi("Iva", iva);
   io.riga.Scrivi("IvaInd", indetraibile);
+  io.Segna();
 }
 
 std::optional<Rifiuto> RegistrazioneIva::Interno::ControllaRiga() {
@@ -211,6 +214,7 @@ bool RegistrazioneIva::ConfermaRiga(std::string* campo) {
   }
   io.proposte = std::move(proposte);
   io.righe.Sostituisci(std::move(nuove));
+  io.Segna();
   return true;
 }
 
@@ -219,12 +223,13 @@ bool RegistrazioneIva::EliminaRiga() {
   if (!io.righe.InRiga() || io.documento.RifiutaSolaLettura()) return false;
   if (!io.ambiente.Dialogo().Conferma("Conferma eliminazione RIGA ?")) return false;
   if (io.righe.RigaNuova()) {
-    io.righe.Annulla();
+    AnnullaRiga();
     return true;
   }
   io.proposte.erase(io.righe.Aperta()->posi);
   io.righe.Sostituisci(io.righe.Senza());
   io.CalcolaTotali();
+  io.Segna();
   return true;
 }
 
@@ -279,6 +284,7 @@ void RegistrazioneIva::ProponiRighe() {
     righe.push_back(std::move(proposta));
   }
   io.righe.Sostituisci(std::move(righe));
+  io.Segna();
 }
 
 }  // namespace fenalto::vat

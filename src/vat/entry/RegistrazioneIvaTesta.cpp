@@ -145,6 +145,7 @@ void RegistrazioneIva::TestaLasciata(std::string_view campo) {
   }
   // The double entry bears the party and the text of the head.
   if (!io.righe.Tutte().empty()) io.CalcolaTotali();
+  io.Segna();
 }
 
 }  // namespace fenalto::vat

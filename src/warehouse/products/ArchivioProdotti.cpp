@@ -129,7 +129,7 @@ std::vector<archives::PulsanteArchivio> PulsantiProdotto() {
           AllaFunzione("EsistenzaLotti", "Esistenza suddivisa per lotti", "StLotti", 0),
           AllaFunzione("Tracciabilita", "tracciabilità lotti", "StLotti", 1),
           AllaFunzione("Distinta", "disintinta base", "DistintaBase"),
-          AllaFunzione("VariazionePrezzi", "variazione automatica prezzi", "StProdotti", 1),
+          AllaFunzione("VariazionePrezzi", "variazione automatica prezzi", "StProdotti", 2),
           AllaFunzione("Statistiche", "Statistiche vendita", "StStatistiche"),
           AllaFunzione("ListiniPersonalizzati", "listini personalizzati", "Listini"),
           AllaFunzione("StampeMagazzino", "Stampe magazzino", "StProdotti", 0),

@@ -167,7 +167,7 @@ std::string AnelloUnione(Ambiente& ambiente, const std::string& codice, const st
   return {};
 }
 
-bool EliminazioneProdotto::Apri(const std::string& codice) {
+bool EliminazioneProdotto::Apri(std::string codice) {
   codice_.clear();
   descrizione_.clear();
   fatto_.clear();

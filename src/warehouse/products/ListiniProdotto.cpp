@@ -155,7 +155,7 @@ bool ListiniProdotto::Conferma(std::string* campo) {
       ambiente_, {.nonRiuscita = "aggiornamento del listino " + riga.listino + " non riuscito: ",
                   .ambito = Transazione::Ambito::Tessarc,
                   .scrivi = [&] { return Scrivi(riga); }});
-  if (scritta) Leggi(std::string(prodotto_));
+  if (scritta) inRiga_ = false;
   return scritta;
 }
 

@@ -48,8 +48,8 @@ class ListiniProdotto {
   /// Asks and opens a new row for a list on which it isn't, with the price that the product has now
   /// on the screen. A product that isn't stored is refused (told).
   bool Aggiungi(const std::string& listino, bool prodottoNuovo, const Scheda& prodotto);
-  /// `ConfermaAggListino`: writes the row; false when it was refused (told), with the field to go
-  /// to.
+  /// `ConfermaAggListino`: writes the row, and the lists are to be read again; false when it was
+  /// refused (told), with the field to go to.
   bool Conferma(std::string* campo);
   void Annulla() { inRiga_ = false; }
 

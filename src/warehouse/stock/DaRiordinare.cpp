@@ -10,7 +10,7 @@
 namespace fenalto::warehouse {
 namespace {
 
-constexpr std::int64_t kOgni = 500;
+constexpr std::int64_t kOgniRiordino = 500;
 
 void AggiungiFornitore(SerieCodici& fornitori, VoceRiordino& voce) {
   if (!fornitori.Al(voce.prodotto)) return;
@@ -50,7 +50,7 @@ std::optional<std::vector<VoceRiordino>> DaRiordinare(Ambiente& ambiente,
       tessarc.Recordset("SELECT Cod, Descrizione, um, Scorta, QMinRiordino FROM CodiciRiga WHERE " +
                         condizione + " ORDER BY Cod");
   for (; !rs.Eof(); rs.MoveNext()) {
-    if (++visti % kOgni == 0 && !avanzamento->Avanza(visti)) return std::nullopt;
+    if (++visti % kOgniRiordino == 0 && !avanzamento->Avanza(visti)) return std::nullopt;
     VoceRiordino voce;
     voce.prodotto = rs.Fields(0).Testo();
     voce.scorta = rs.Fields(3).Importo();

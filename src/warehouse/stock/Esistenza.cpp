@@ -51,10 +51,11 @@ Rs DiUno(Archivio& tessarc, const Somme& somme, const std::string& prodotto) {
                            sql::Criterio("CodiceRiga", "=", prodotto) + " AND " + somme.dove);
 }
 
-SerieCodici DiTutti(Ambiente& ambiente, const Somme& somme) {
+/// Of all products, by code and what `poi` adds to it.
+SerieCodici DiTutti(Ambiente& ambiente, const Somme& somme, const std::string& poi = "") {
   return SerieCodici(ambiente.ArchivioDi("tessarc").Recordset(
-      "SELECT CodiceRiga, " + somme.colonne + " FROM " + somme.da + " WHERE " + somme.dove +
-      " GROUP BY CodiceRiga ORDER BY CodiceRiga"));
+      "SELECT CodiceRiga, " + somme.colonne + poi + " FROM " + somme.da + " WHERE " + somme.dove +
+      " GROUP BY CodiceRiga" + poi + " ORDER BY CodiceRiga" + poi));
 }
 
 /// The figures that follow from the sums.
@@ -100,6 +101,19 @@ Esistenza EsistenzeInSerie::Di(const std::string& prodotto) {
   figure.ordinato = resta(ordiniFor_);
   Deriva(figure);
   return figure;
+}
+
+EsistenzePerMagazzino::EsistenzePerMagazzino(Ambiente& ambiente)
+    : movimenti_(DiTutti(ambiente, Movimenti(ambiente.Anno(), {}), ", Mag")) {}
+
+std::vector<EsistenzaInMagazzino> EsistenzePerMagazzino::Di(const std::string& prodotto) {
+  std::vector<EsistenzaInMagazzino> esistenze;
+  for (; movimenti_.Al(prodotto); movimenti_.Avanti()) {
+    const Rs& riga = movimenti_.Riga();
+    esistenze.push_back(
+        {riga.Fields(3).Testo(), riga.Fields(1).Importo() - riga.Fields(2).Importo()});
+  }
+  return esistenze;
 }
 
 }  // namespace fenalto::warehouse

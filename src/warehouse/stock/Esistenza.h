@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/session/Ambiente.h"
 #include "warehouse/stock/SerieCodici.h"
@@ -41,6 +42,23 @@ class EsistenzeInSerie {
   SerieCodici ordiniCli_;
   SerieCodici commesse_;
   SerieCodici ordiniFor_;
+};
+
+/// Stock of a product in a warehouse that its rows name; "" for those that name none.
+struct EsistenzaInMagazzino {
+  std::string mag;
+  Importo esistenza;
+};
+
+/// By warehouse, for many products asked for by ascending code: those of a product come by `mag`,
+/// one for each that has moved in the session's year.
+class EsistenzePerMagazzino {
+ public:
+  explicit EsistenzePerMagazzino(Ambiente& ambiente);
+  std::vector<EsistenzaInMagazzino> Di(const std::string& prodotto);
+
+ private:
+  SerieCodici movimenti_;
 };
 
 }  // namespace fenalto::warehouse

@@ -86,7 +86,7 @@ std::string AvvisoTrasporto(Ambiente& ambiente) {
   const bool mosse = !tessarc
                           .Recordset("SELECT TOP 1 Num FROM FattureCli_r WHERE " +
                                      sql::Criterio("Anno", "=", anno - 1) +
-                                     " AND CodiceRiga<>'' AND (CS='C' OR CS='S')")
+                                     " AND CodiceRiga>'' AND (CS='C' OR CS='S')")
                           .Eof();
   if (!mosse) return "";
   return "le esistenze del " + std::to_string(anno - 1) +

@@ -166,7 +166,8 @@ Importo RigaMagazzino::PrezzoRicaricato() const {
 }
 
 std::optional<Rifiuto> DifettoScelta(const SceltaMagazzino& scelta) {
-  if (scelta.colonne.empty()) return Rifiuto{"scegliere almeno una colonna da stampare", "codice"};
+  if (scelta.colonne.empty())
+    return Rifiuto{"scegliere almeno una colonna da stampare", "Col_codice"};
   if (scelta.mesiFermi < 0)
     return Rifiuto{"i mesi senza scarichi non possono essere meno di zero", "MesiFermi"};
   if (scelta.mesiFermi > 0 && !scelta.fermiDal.Nulla()) {

@@ -2,6 +2,7 @@
 
 #include "core/reports/Rapporto.h"
 #include "core/values/FormatoImporto.h"
+#include "core/values/Testo.h"
 #include "warehouse/stock/ColonneMagazzino.h"
 
 namespace fenalto::warehouse {
@@ -60,11 +61,13 @@ class RapportoMagazzino {
       rapporto_.Titolo("TITOLO2", scritta);
       return;
     }
-    rapporto_.Riga({"SITUAZIONE MAGAZZINO anno ####, " + reports::Ripeti("$", 49) +
+    constexpr std::size_t kPostoScritta = 49;
+    rapporto_.Riga({"SITUAZIONE MAGAZZINO anno ####, " + reports::Ripeti("$", kPostoScritta) +
                         "   situazione al $$$$$$$$  ",
                     {},
                     true},
                    {ambiente_.Anno(), scritta, SituazioneAl()});
+    if (LunghezzaTesto(scritta) > kPostoScritta) rapporto_.RigaTesto(scritta);
     rapporto_.Titoli();
   }
 

@@ -1,6 +1,7 @@
 // The archive of products: what it refuses and asks, what is written with a product.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -12,6 +13,7 @@
 #include "ledger/GuastiDiProva.h"
 #include "warehouse/products/ArchivioProdotti.h"
 #include "warehouse/products/CodificaProdotti.h"
+#include "warehouse/products/FileProdotto.h"
 
 namespace fenalto::warehouse {
 namespace {
@@ -102,7 +104,9 @@ TEST_F(ArchivioProdottiTest, LaCodificaAutomaticaRifiutaCodiciDiversi) {
     const bool ammessa = caso.rifiuto.empty();
     EXPECT_EQ(ImpostaCodifica(ambiente, caso.cifre), ammessa);
     EXPECT_EQ(CifreCodifica(ambiente), ammessa ? caso.cifre : 0);
-    if (!ammessa) EXPECT_EQ(SoloMessaggio(), caso.rifiuto);
+    if (!ammessa) {
+      EXPECT_EQ(SoloMessaggio(), caso.rifiuto);
+    }
     // The same two checks stop a new product, however the setting got there.
     ambiente.ScriviImpostazione({}, "config", "CodificaProdottiAutomatica",
                                 std::to_string(caso.cifre));
@@ -388,6 +392,23 @@ TEST_F(ArchivioProdottiTest, UnProdottoInUsoSiEliminaDoveSiVedonoGliUsi) {
   EXPECT_FALSE(prodotti.Elimina());
   EXPECT_EQ(dove, (Rinvio{.funzione = "EliminazioneProdotto", .codice = "X1"}));
   EXPECT_FALSE(Campo("X1", "Cod").Nullo());
+}
+
+TEST_F(ArchivioProdottiTest, SiAssocianoSoloFileDellaCartella) {
+  namespace fs = std::filesystem;
+  const fs::path immagini = cartella.Percorso() / "figure";
+  fs::create_directories(immagini / "altre");
+  for (const char* nome : {"b.png", "A.png"}) std::ofstream(immagini / nome) << "figura";
+  std::ofstream(cartella.Percorso() / "segreto.png") << "altro";
+  EXPECT_THAT(FileDi(immagini), ElementsAre("A.png", "b.png")) << "no folders";
+  EXPECT_THAT(FileDi(immagini / "nessuna"), IsEmpty());
+  EXPECT_EQ(FileNella(immagini, "b.png"), immagini / "b.png");
+  for (const char* nome : {"", ".", "..", "altre", "../segreto.png", "..\\segreto.png", "c.png"}) {
+    EXPECT_TRUE(FileNella(immagini, nome).empty()) << nome;
+  }
+  EXPECT_TRUE(NomeFileAmmesso(dialoghi, std::string(100, 'x')));
+  EXPECT_FALSE(NomeFileAmmesso(dialoghi, std::string(101, 'x')));
+  EXPECT_EQ(SoloMessaggio(), "nome file troppo lungo");
 }
 
 TEST_F(ArchivioProdottiTest, UnoScannerTrovaIlProdotto) {

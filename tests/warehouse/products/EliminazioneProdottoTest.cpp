@@ -23,7 +23,7 @@ class EliminazioneProdottoTest : public DittaDaStampare {
   EliminazioneProdottoTest() {
     for (const auto& [cod, descrizione] :
          {std::pair{"XA", "Vite"}, std::pair{"XB", "Bullone\nzincato"}, std::pair{"XC", "Mensola"},
-          std::pair{"XD", "Scaffale"}}) {
+          std::pair{"XD", "Scaffale"}, std::pair{"XE", "Dado"}}) {
       Metti(Tessarc(), "CodiciRiga", "Cod", cod, "Descrizione", descrizione, "um", "PZ");
     }
     Metti(Tessarc(), "TipiFattureCli", "Cod", "XT", "Descrizione", "DDT di prova");
@@ -148,7 +148,7 @@ TEST_F(EliminazioneProdottoTest, UsiNelLoroOrdine) {
                           "entra nelle seguenti distinte base|0", "XC Mensola|0", "XD Scaffale|0",
                           " HA LA DISTINTA BASE|0"));
   for (const std::size_t pagina : {1U, 2U, 3U, 5U}) EXPECT_EQ(Testi("XA", pagina), tutti);
-  EXPECT_THAT(Testi("XD", 10), IsEmpty());
+  EXPECT_THAT(Testi("XE", 10), IsEmpty());
 }
 
 TEST_F(EliminazioneProdottoTest, UsiStampati) {
@@ -184,7 +184,7 @@ TEST_F(EliminazioneProdottoTest, Rifiuti) {
       {"XA", lungo, nullptr, "al massimo 18 caratteri"},
       {"XA", "X\x01", nullptr, "1"},
       {"XA", "X9", "nuovo codice X9", ""},
-      {"XA", "xd", "il codice XD esiste già", ""},
+      {"XA", "xe", "il codice XE esiste già", ""},
       // XA is made of XB, XC of XA: one of each couple would be its own component.
       {"XA", "XB", nullptr, "entrerebbero nella loro stessa distinta base"},
       {"XB", "XA", nullptr, "entrerebbero nella loro stessa distinta base"},

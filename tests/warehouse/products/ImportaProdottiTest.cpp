@@ -59,7 +59,7 @@ TEST_F(ImportaProdottiTest, ProdottiEFornitori) {
   EXPECT_THAT(Righe("select Cod, Descrizione, um, Barcode, Prezzo, Sc, CodIva, CategoriaMag, "
                     "Scorta, FuoriUso, DtAggPrezzi from CodiciRiga where Cod<'XC' and Cod>='XA' "
                     "order by Cod"),
-              ElementsAre(HasSubstr("XA|Vite\n4x40|PZ|8001|1.2345|10|22|XF|100|False|15/03/2024"),
+              ElementsAre(HasSubstr("XA|Vite\n4x40|PZ|8001|1.2345|10|22|XF|100|False|2024-03-15"),
                           HasSubstr("XB|Bullone|||0|0|||0|True|")));
   EXPECT_THAT(Fornitori("XA"), ElementsAre("1|0001|HEX|0.75|20|0", "2|0002|Z-9|0.7|0|0"));
   EXPECT_THAT(Fornitori("XB"), IsEmpty());

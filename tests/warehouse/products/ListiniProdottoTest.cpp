@@ -45,6 +45,13 @@ class ListiniProdottoTest : public prova::DittaDiProva {
     return righe;
   }
 
+  /// Short: a failure prints it.
+  std::string Foto() {
+    std::string testo;
+    for (const std::string& riga : Righe()) testo += riga + "\n";
+    return testo;
+  }
+
   Scheda prodotto;
   ListiniProdotto listini;
 };
@@ -74,11 +81,12 @@ TEST_F(ListiniProdottoTest, ModificaEAggiungeSuDomanda) {
   EXPECT_EQ(SoloMessaggio(), "lo sconto non può superare 100");
   listini.Riga().Scrivi("LSc2", I("0"));
   EXPECT_GT(prova::FallisceOgniIstruzione(
-                ambiente.Basi(), Guasto::Errore, [this] { return Contenuto(); },
+                ambiente.Basi(), Guasto::Errore, [this] { return Foto(); },
                 [this] { return listini.Conferma(nullptr); }),
             2);
   EXPECT_THAT(Righe(),
-              ElementsAre("L1 4 X1 11 0 15/03/2024", "L2 7 X9 0 0 ", "L2 8 X1 12.5 5 15/03/2024"));
+              ElementsAre("L1 4 X1 11 0 2024-03-15", "L2 7 X9 0 0 ", "L2 8 X1 12.5 5 2024-03-15"));
+  listini.Leggi("X1");
   EXPECT_TRUE(listini.Assente().empty());
 }
 

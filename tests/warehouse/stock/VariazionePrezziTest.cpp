@@ -1,5 +1,6 @@
 // The automatic change of prices: refusals in their order, what it writes, and nothing at all when
 // it fails in the middle.
+#include "ledger/GuastiDiProva.h"
 #include "warehouse/stock/MagazzinoDiProva.h"
 #include "warehouse/stock/VariazionePrezzi.h"
 
@@ -102,6 +103,22 @@ TEST_F(VariazionePrezziTest, InterrottaNonLasciaNulla) {
   dialoghi.Rispondera("Conferma aggiornamento", Risposta::Si);
   EXPECT_FALSE(variazione_.Esegui(Tutto()));
   EXPECT_EQ(Prezzi(), grande);
+}
+
+TEST_F(VariazionePrezziTest, OgniIstruzioneFallisceUnaVolta) {
+  std::size_t pronte = 0;
+  const int fallite = FallisceOgniIstruzione(
+      ambiente.Basi(), Guasto::Errore, [this] { return Prezzi(); },
+      [&] {
+        // What fails before the question leaves its answer for the next time.
+        for (; pronte < 1; ++pronte) dialoghi.Rispondera("", Risposta::Si);
+        const std::size_t chieste = dialoghi.domande.size();
+        const bool riuscita = variazione_.Esegui(Tutto());
+        pronte -= dialoghi.domande.size() - chieste;
+        return riuscita;
+      });
+  EXPECT_GT(fallite, 3);
+  EXPECT_EQ(Prezzi(), "11 3.67 0 12.2 2024-03-15 |11 3.67 0 12.2 2024-03-15 |");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The movements of a product row by row, and the panels beside it.
 #include "warehouse/stock/MagazzinoDiProva.h"
 #include "warehouse/stock/PannelloEsistenza.h"
+#include "warehouse/stock/StampaMovimenti.h"
 #include "warehouse/stock/VistaMovimenti.h"
 
 namespace fenalto::prova {
@@ -124,6 +125,35 @@ TEST_F(VistaMovimentiTest, Pannello) {
   EXPECT_THAT(warehouse::LeggiPannelloEsistenza(ambiente, "P1").list2.back(), HasSubstr("2024"));
   Metti(Tessarc(), "FattureCli", "TipoDoc", "EI", "Anno", 2025, "NumDoc", 1);
   EXPECT_EQ(warehouse::AvvisoTrasporto(ambiente), "");
+}
+
+TEST_F(VistaMovimentiTest, StampaEFoglio) {
+  Metti(Tessarc(), "OrdiniFor", "TipoDoc", "O", "NumDoc", 4, "Dt", G(2, 1, 2024), "Riferim",
+        "una conferma del fornitore");
+  Riga({.quantita = "10", .prezzo = "20", .ordine = 4});
+  warehouse::StampaMovimenti stampa(ambiente, uscite);
+  warehouse::SceltaMovimenti scelta{.filtro = {.prodotto = "P1", .mag = "01"}};
+  Riga({.cs = "S", .quantita = "4", .mag = "01", .tipo = "XS", .numero = 12, .causale = "XS"});
+  Verso(Destinazione::Testo);
+  EXPECT_TRUE(stampa.Stampa(scelta));
+  for (const char* parte : {"P1 Vite 4x30", "solo magazzino 01", "scarichi        somma\n",
+                            "XS Scarico di prova                           01   10/02/2024 XS      "
+                            "  12         0,00"}) {
+    EXPECT_THAT(uscite.Testo(), HasSubstr(parte));
+  }
+  scelta.filtro = {.prodotto = "P1", .anchePrezzi = true};
+  Verso(Destinazione::Testo);
+  EXPECT_TRUE(stampa.Stampa(scelta));
+  EXPECT_THAT(uscite.Testo(), AllOf(HasSubstr("XC Carico di prova; in conto ordine"),
+                                    HasSubstr("\n4-02/01/2024 una"), HasSubstr("20,00\n")));
+  Verso(Destinazione::Pdf);
+  scelta.stGrafico = true;
+  EXPECT_TRUE(stampa.Stampa(scelta));
+  EXPECT_THAT(uscite.Scritte(), AllOf(Contains("esistenza"), Contains("prezzo"), Contains("P1")));
+  EXPECT_EQ(stampa.Foglio(scelta).righe.size(), 3U);
+  scelta.filtro.prodotto = "ZZ";
+  EXPECT_FALSE(stampa.Stampa(scelta));
+  EXPECT_EQ(SoloMessaggio(), "digitare un codice prodotto");
 }
 
 TEST_F(VistaMovimentiTest, AndamentoDodiciMesi) {

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QPainter>
+#include <algorithm>
 
 #include "screens/common/lists/Griglia.h"
 #include "screens/common/look/Misure.h"
@@ -16,6 +17,20 @@ constexpr int kTintaSegnata = 35;
 QColor Tinta(QColor colore, int quanta) {
   colore.setAlpha(quanta);
   return colore;
+}
+
+/// Whole lines of a text as far as there is room, each cut at the edge; a mark tells that more
+/// follow.
+QString LineeIntere(const QString& testo, const QFontMetrics& misura, const QSize& spazio) {
+  QStringList linee =
+      QString(testo).replace(QChar::LineSeparator, QLatin1Char('\n')).split(QLatin1Char('\n'));
+  const qsizetype stanno = std::max(1, spazio.height() / misura.lineSpacing());
+  if (linee.size() > stanno) {
+    linee.resize(stanno);
+    linee.last() += QStringLiteral(" \u2026");
+  }
+  for (QString& linea : linee) linea = misura.elidedText(linea, Qt::ElideRight, spazio.width());
+  return linee.join(QLatin1Char('\n'));
 }
 
 }  // namespace
@@ -51,8 +66,7 @@ void DelegatoGriglia::paint(QPainter* pittore, const QStyleOptionViewItem& opzio
   carattere.setBold(segnata);
   pittore->setFont(carattere);
   const QRect dentro = cella.adjusted(MargineCella(), 0, -MargineCella(), 0);
-  const QString testo =
-      QFontMetrics(carattere).elidedText(sua.text, Qt::ElideRight, dentro.width());
+  const QString testo = LineeIntere(sua.text, QFontMetrics(carattere), dentro.size());
   griglia_.style()->drawItemText(pittore, dentro, static_cast<int>(sua.displayAlignment),
                                  sua.palette, attiva, testo,
                                  piena ? QPalette::HighlightedText : QPalette::Text);

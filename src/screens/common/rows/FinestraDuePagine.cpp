@@ -1,5 +1,7 @@
 #include "screens/common/rows/FinestraDuePagine.h"
 
+#include <utility>
+
 #include "screens/common/rows/PaginaConRighe.h"
 
 namespace fenalto::screens {
@@ -51,6 +53,18 @@ bool FinestraDuePagine::Invio(QWidget& campo) {
 
 bool FinestraDuePagine::Indietro() {
   return pagina_->AnnullaRiga() || FinestraSceltaERecord::Indietro();
+}
+
+void FinestraDuePagine::showEvent(QShowEvent* evento) {
+  FinestraSceltaERecord::showEvent(evento);
+  if (std::exchange(chiesto_, true)) return;
+  // Once it stands there, and whoever opened it for a record has opened that.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (isVisible() && !Aperta()) Riprendi();
+      },
+      Qt::QueuedConnection);
 }
 
 void FinestraDuePagine::Aggiorna() {

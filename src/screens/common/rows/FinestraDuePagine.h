@@ -22,10 +22,14 @@ class FinestraDuePagine : public FinestraSceltaERecord {
   void Aggiorna() override;
 
  protected:
+  void showEvent(QShowEvent* evento) override;
   bool Invio(QWidget& campo) override;
   /// Opens a record by number, after leaving the open one.
   virtual void Apri(std::int64_t numero) = 0;
   virtual void AggiornaScelta() = 0;
+  /// Goes on with what a stopped program left unconfirmed: asked once, when the window has come up
+  /// and nothing was opened in it. True when the record is open and shown.
+  virtual bool Riprendi() { return false; }
   /// The open record was confirmed with that number, or deleted (0): the choice is in sight again.
   virtual void DopoRegistrazione(std::int64_t numero) = 0;
   [[nodiscard]] bool Aperta() const override;
@@ -42,6 +46,7 @@ class FinestraDuePagine : public FinestraSceltaERecord {
   void TornaAllaScelta(std::int64_t numero);
 
   PaginaConRighe* pagina_ = nullptr;
+  bool chiesto_ = false;  ///< Riprendi was called
 };
 
 }  // namespace fenalto::screens

@@ -177,8 +177,9 @@ bool FinestraFattureCli::Invio(QWidget& campo) {
 }
 
 bool FinestraFattureCli::eventFilter(QObject* oggetto, QEvent* evento) {
-  if (evento->type() == QEvent::KeyPress && SulDocumento() && oggetto == &pagina_->GrigliaRighe() &&
-      static_cast<QKeyEvent*>(evento)->matches(QKeySequence::Paste)) {
+  if (evento->type() == QEvent::KeyPress && SulDocumento() &&
+      static_cast<QKeyEvent*>(evento)->matches(QKeySequence::Paste) &&
+      pagina_->SiIncollanoRighe(oggetto)) {
     pagina_->IncollaRighe();
     return true;
   }

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -152,7 +153,7 @@ QWidget* PaginaDocumento::CreaAltriDati() {
 QWidget* PaginaDocumento::CreaComandi() {
   auto* comandi = new QWidget;
   auto* riga = new QHBoxLayout(comandi);
-  riga->setContentsMargins(0, 0, 0, Misura(Passo::Filo));
+  riga->setContentsMargins(0, 0, 0, 0);
   letturaVeloce_->setToolTip(
       tr("con il lettore di codici a barre: ogni codice è subito una riga, o un pezzo in più sulla "
          "riga che lo ha"));
@@ -407,6 +408,13 @@ void PaginaDocumento::LetturaVeloce(bool attiva) {
 }
 
 // --- Rows from elsewhere ------------------------------------------------------------------------
+
+bool PaginaDocumento::SiIncollanoRighe(const QObject* dove) const {
+  if (dove == righe_) return true;
+  if (dove != &rigaDocumento_->Prodotto() || !rigaDocumento_->Intatta()) return false;
+  const QString testo = QApplication::clipboard()->text().trimmed();
+  return testo.contains(QLatin1Char('\t')) || testo.contains(QLatin1Char('\n'));
+}
 
 void PaginaDocumento::IncollaRighe() {
   if (!incollaRighe_->isEnabled() || !Raccogli()) return;

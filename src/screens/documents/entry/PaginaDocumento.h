@@ -41,7 +41,9 @@ class PaginaDocumento : public PaginaSul<documents::FattureCli> {
   void ProdottiRecenti();
   /// Esc: leaves the pasted rows; false when there were none.
   bool LasciaIncollate();
-  [[nodiscard]] Griglia& GrigliaRighe() const { return *righe_; }
+  /// Whether pasting there means rows: in the grid, and in the product's field when it is more than
+  /// a word.
+  [[nodiscard]] bool SiIncollanoRighe(const QObject* dove) const;
 
  protected:
   void ApriRiga(int indice) override;

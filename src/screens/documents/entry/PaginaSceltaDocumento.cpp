@@ -254,14 +254,13 @@ void PaginaSceltaDocumento::MostraTipo() {
 
 void PaginaSceltaDocumento::Mostra() {
   MostraTipo();
-  Filtra();
-  elenco_->Ricarica();
+  if (!Filtra()) elenco_->Rileggi();
   selettore_->Descrivi();
 }
 
 // --- The list -----------------------------------------------------------------------------------
 
-void PaginaSceltaDocumento::Filtra() {
+bool PaginaSceltaDocumento::Filtra() {
   const auto giorno = [](const CampoData* campo) {
     const auto letto = campo->Letto();
     return letto ? letto.Valore().Data() : Data();
@@ -277,7 +276,9 @@ void PaginaSceltaDocumento::Filtra() {
                                           .arg(genere_->currentText()));
   // The type is the same on every row.
   elenco_->Griglia().setColumnHidden(0, delTipo);
-  if (lettore_.Scegli({genere, tipo.cod, giorno(da_), giorno(a_)})) elenco_->Ricarica();
+  if (!lettore_.Scegli({genere, tipo.cod, giorno(da_), giorno(a_)})) return false;
+  elenco_->Ricarica();
+  return true;
 }
 
 void PaginaSceltaDocumento::MostraTotali() {

@@ -57,8 +57,8 @@ class PaginaSceltaDocumento : public QWidget {
   QGroupBox* CreaSdoppia();
   void TipoLasciato();
   void MostraTipo();
-  /// Reads the list anew when what it shows has changed.
-  void Filtra();
+  /// Reads the list anew when what it shows has changed; false when it is the same.
+  bool Filtra();
   void MostraTotali();
   void Sdoppia();
   void Esporta();

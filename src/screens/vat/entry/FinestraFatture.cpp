@@ -81,6 +81,13 @@ void FinestraFatture::Apri(std::int64_t numero) {
   }
 }
 
+bool FinestraFatture::Riprendi() {
+  const bool ripresa = fatture_.Riprendi();
+  if (!fatture_.Registro().cod.empty()) scelta_->Mostra();
+  if (ripresa) MostraRegistrazione();
+  return ripresa;
+}
+
 void FinestraFatture::Nuovo() {
   if (!Lascia()) return;
   if (fatture_.Nuovo()) {

@@ -27,6 +27,7 @@ class FinestraFatture : public FinestraDuePagine {
   void ChiudiRecord() override;
   void FocoScelta() override;
   void AggiornaScelta() override;
+  bool Riprendi() override;
   void DopoRegistrazione(std::int64_t numero) override;
 
  private:

@@ -171,7 +171,7 @@ void FinestraEliminazioneProdotto::Rinomina() {
   }
 }
 
-void FinestraEliminazioneProdotto::Fatto(const std::string& codice) {
+void FinestraEliminazioneProdotto::Fatto(std::string codice) {
   const bool archivio =
       dallArchivio_ && Gestore().FunzioneDisponibile(QStringLiteral("CodiciRiga"));
   if (archivio) {

@@ -79,18 +79,21 @@ FormaElenco PaginaProdotti::Forma(const QString& finestra) const {
                     .cerca = QStringLiteral("CercaProdotti"),
                     .stato = QStringLiteral("StatoProdotti"),
                     .segnaposto = tr("parole della descrizione, codice, codice a barre"),
-                    .colonne = {{tr("Codice"), Tipo::Testo, 120, 2, QStringLiteral("Cod")},
+                    .colonne = {{tr("Codice"), Tipo::Testo, 110, 2, QStringLiteral("Cod")},
                                 {tr("Descrizione"), Tipo::Testo, 340},
-                                {tr("U.m."), Tipo::Testo, 60, 2, QStringLiteral("um")}},
+                                {tr("U.m."), Tipo::Testo, 50, 2, QStringLiteral("um")}},
                     .testo = QuantiProdotti};
   auto& colonne = forma.colonne;
   if (quali_ == QualiProdotti::PerFornitore) {
-    colonne.push_back({tr("Fornitore"), Tipo::Testo, 80});
-    colonne.push_back({tr("Nome"), Tipo::Testo, 160, 2, QStringLiteral("ragsoc1")});
-    colonne.push_back({tr("Suo codice"), Tipo::Testo, 110, 2, QStringLiteral("codprfor")});
-    colonne.push_back({tr("Costo"), Tipo::Importo, 90, decimali, QStringLiteral("Prezzo")});
+    // Ten columns stand in a small window.
+    constexpr int kStretta = 200;
+    colonne[1].larghezza = kStretta;
+    colonne.push_back({tr("Fornitore"), Tipo::Testo, 75});
+    colonne.push_back({tr("Nome"), Tipo::Testo, 140, 2, QStringLiteral("ragsoc1")});
+    colonne.push_back({tr("Suo codice"), Tipo::Testo, 95, 2, QStringLiteral("codprfor")});
+    colonne.push_back({tr("Costo"), Tipo::Importo, 75, decimali, QStringLiteral("Prezzo")});
     for (const char* sconto : {"Sc1", "Sc2", "Sc3"}) {
-      colonne.push_back({QString::fromLatin1(sconto), Tipo::Importo, 60, 2});
+      colonne.push_back({QString::fromLatin1(sconto), Tipo::Importo, 50, 2});
     }
   } else if (quali_ != QualiProdotti::Componenti) {
     colonne.push_back({tr("Codice a barre"), Tipo::Testo, 130, 2, QStringLiteral("Barcode")});
@@ -98,7 +101,7 @@ FormaElenco PaginaProdotti::Forma(const QString& finestra) const {
   if (quali_ == QualiProdotti::Tutti) {
     colonne.push_back({tr("Prezzo 1"), Tipo::Importo, 100, decimali, QStringLiteral("Prezzo")});
   }
-  colonne.push_back({tr("Fuori uso"), Tipo::Testo, 80, 2, QStringLiteral("FuoriUso")});
+  colonne.push_back({tr("Fuori uso"), Tipo::Testo, 75, 2, QStringLiteral("FuoriUso")});
   return forma;
 }
 

@@ -4,19 +4,23 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "core/archives/FonteCodici.h"
 #include "screens/common/fields/CampoCodice.h"
 #include "screens/common/fields/CampoGiorno.h"
 #include "screens/common/fields/Disposizione.h"
 #include "screens/common/fields/Qs.h"
+#include "screens/common/look/Misure.h"
 #include "warehouse/stock/Decimali.h"
+#include "warehouse/stock/StampaMovimenti.h"
 
 namespace fenalto::screens {
 namespace {
 
 constexpr int kPaginaMovimenti = 200;
 constexpr int kColonnaEsistenza = 8;
+constexpr std::size_t kDescrizione = 1;
 constexpr std::size_t kTipo = 4;
 constexpr std::size_t kNumero = 5;
 constexpr std::size_t kAnno = 11;
@@ -76,16 +80,18 @@ PaginaMovimenti::PaginaMovimenti(Finestre& finestre, QWidget* genitore)
       tipoDoc_(FiltroCodice(finestre.Sessione(), "TipoDoc", "tipiDocumento")),
       prezzi_(Casella("AnchePrezzi", tr("anche prezzi"))),
       aggiorna_(Pulsante(QStringLiteral("PRefreshMovimenti"), tr("Aggiorna"), tr("F5"))),
+      stampa_(Pulsante(QStringLiteral("StampaMovimenti"), tr("Stampa movimenti"))),
       griglia_(new Griglia(QStringLiteral("GridTmpMovMag"), QStringLiteral("CodiciRiga"),
                            ColonneMovimenti(finestre.Sessione()))) {
   Disponi();
   connect(aggiorna_, &QPushButton::clicked, this, [this] { Leggi(prodotto_, false); });
+  connect(stampa_, &QPushButton::clicked, this, &PaginaMovimenti::Stampa);
   connect(griglia_, &Griglia::RigaDoppioClic, this, &PaginaMovimenti::ApriDocumento);
   connect(griglia_, &Griglia::RigaInvio, this, &PaginaMovimenti::ApriDocumento);
   // The text of a movement has a line for each thing that it is about.
   connect(&griglia_->Modello(), &QAbstractItemModel::rowsInserted, this,
           [this](const QModelIndex&, int prima, int ultima) {
-            for (int i = prima; i <= ultima; ++i) griglia_->resizeRowToContents(i);
+            for (int i = prima; i <= ultima; ++i) AdattaRiga(i);
           });
 }
 
@@ -101,13 +107,17 @@ void PaginaMovimenti::Disponi() {
   Affianca(*fila, tr("Da data"), daDt_);
   Affianca(*fila, tr("a data"), aaDt_);
   Affianca(*fila, tr("solo magazzino"), soloMag_);
-  Affianca(*fila, tr("solo tipo documento"), tipoDoc_);
-  fila->addWidget(prezzi_);
+  Affianca(*fila, tr("solo tipo"), tipoDoc_);
   fila->addStretch(1);
-  fila->addWidget(aggiorna_);
+  auto* sotto = new QHBoxLayout;
+  sotto->addWidget(prezzi_);
+  sotto->addStretch(1);
+  sotto->addWidget(stampa_);
+  sotto->addWidget(aggiorna_);
   auto* colonna = new QVBoxLayout(this);
   colonna->addLayout(fila);
   colonna->addWidget(griglia_, 1);
+  colonna->addLayout(sotto);
 }
 
 warehouse::FiltroMovimenti PaginaMovimenti::Filtro(bool daSola) const {
@@ -143,7 +153,21 @@ void PaginaMovimenti::Leggi(const std::string& prodotto, bool daSola) {
     }
     return righe;
   });
-  griglia_->resizeRowsToContents();
+  for (int i = 0; i < griglia_->Modello().rowCount(); ++i) AdattaRiga(i);
+}
+
+void PaginaMovimenti::AdattaRiga(int indice) {
+  const std::string testo = griglia_->Modello().Riga(indice)[kDescrizione].Testo();
+  const auto linee = 1 + static_cast<int>(std::ranges::count(testo, '\n'));
+  if (linee == 1) return;
+  griglia_->setRowHeight(indice,
+                         griglia_->fontMetrics().lineSpacing() * linee + 2 * Misura(Passo::Filo));
+}
+
+void PaginaMovimenti::Stampa() {
+  if (prodotto_.empty()) return;
+  warehouse::StampaMovimenti stampa(finestre_.Sessione(), finestre_.Uscite());
+  stampa.Stampa({.filtro = Filtro(false), .stGrafico = true});
 }
 
 void PaginaMovimenti::ApriDocumento(int indice) {

@@ -26,11 +26,15 @@ class PaginaMovimenti : public QWidget {
   /// Reads the movements of a product; by itself the first of many alone.
   void Leggi(const std::string& prodotto, bool daSola);
   [[nodiscard]] QPushButton* PulsanteAggiorna() const { return aggiorna_; }
+  [[nodiscard]] QPushButton* PulsanteStampa() const { return stampa_; }
 
  private:
   void Disponi();
   [[nodiscard]] warehouse::FiltroMovimenti Filtro(bool daSola) const;
   void ApriDocumento(int indice);
+  void Stampa();
+  /// Gives a row the height of its text.
+  void AdattaRiga(int indice);
 
   Finestre& finestre_;
   std::string prodotto_;
@@ -40,6 +44,7 @@ class PaginaMovimenti : public QWidget {
   CampoCodice* tipoDoc_;
   QCheckBox* prezzi_;
   QPushButton* aggiorna_;
+  QPushButton* stampa_;
   Griglia* griglia_;
 };
 

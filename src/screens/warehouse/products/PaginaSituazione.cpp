@@ -21,6 +21,7 @@ PaginaSituazione::PaginaSituazione(Finestre& finestre, QWidget* genitore) : QTab
   addTab(movimenti, tr("Movimenti"));
   schede_.push_back({[movimenti](const std::string& prodotto) { movimenti->Leggi(prodotto, true); },
                      movimenti->PulsanteAggiorna()});
+  stampa_ = movimenti->PulsanteStampa();
   for (const warehouse::Interrogazione& una : warehouse::InterrogazioniProdotto()) {
     auto* pagina = new PaginaInterrogazione(una, finestre);
     addTab(pagina, QString::fromUtf8(una.linguetta));
@@ -28,6 +29,7 @@ PaginaSituazione::PaginaSituazione(Finestre& finestre, QWidget* genitore) : QTab
     schede_.push_back({[pagina](const std::string& prodotto) { pagina->Leggi(prodotto); },
                        pagina->PulsanteAggiorna()});
   }
+  MisuraDellaPagina(*this);
   connect(this, &QTabWidget::currentChanged, this, &PaginaSituazione::LeggiInVista);
 }
 
@@ -65,7 +67,7 @@ bool PaginaSituazione::Aggiorna() {
 QList<QAbstractButton*> PaginaSituazione::Pulsanti() const {
   QList<QAbstractButton*> pulsanti;
   for (const Scheda& scheda : schede_) pulsanti << scheda.aggiorna;
-  return pulsanti;
+  return pulsanti << stampa_;
 }
 
 }  // namespace fenalto::screens

@@ -38,6 +38,7 @@ class PaginaSituazione : public QTabWidget {
 
   std::vector<Scheda> schede_;
   std::string prodotto_;
+  QPushButton* stampa_ = nullptr;  ///< of the movements
 };
 
 }  // namespace fenalto::screens
