@@ -7,7 +7,7 @@
 
 #include "bench/DialoghiMuti.h"
 #include "bench/GeneraDitta.h"
-#include "bench/MisureMagazzino.h"
+#include "bench/GeneraMagazzino.h"
 #include "bench/Nuda.h"
 #include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "documents/entry/FattureCli.h"
@@ -195,7 +195,7 @@ std::vector<Rapporto> MisureDocumenti(const OpzioniAmbiente& opzioni, const Nomi
   const bool conferma = Chiesto(nomi, "documento");
   const bool proposta = Chiesto(nomi, "riga-documento");
   if (!conferma && !proposta) return rapporti;
-  GeneraMagazzino(opzioni);
+  GeneraMagazzino(opzioni, kDittaMagazzino);
   DialoghiMuti dialoghi;
   OrologioDiSistema orologio;
   CasoDiSistema caso;

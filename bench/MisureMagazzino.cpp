@@ -7,103 +7,18 @@
 
 #include "bench/DialoghiMuti.h"
 #include "bench/GeneraDitta.h"
+#include "bench/GeneraMagazzino.h"
 #include "bench/Nuda.h"
+#include "bench/Programma.h"
 #include "core/store/engine/sqlite/FunzioniSqlite.h"
 #include "print/UscitaPdf.h"
 #include "warehouse/stock/StampaMagazzino.h"
 
 namespace fenalto::banco {
-
-std::string CodiceProdotto(int numero) {
-  char testo[16];
-  std::snprintf(testo, sizeof testo, "A%06d", numero);
-  return testo;
-}
-
 namespace {
 
-constexpr const char* kGrandeMag = kDittaMagazzino;
-constexpr const char* kDecimaMag = "MagazzinoDecimo";
-constexpr int kProdotti = kProdottiMagazzino;
-constexpr int kRigheMag = 1'000'000;
 constexpr int kAnnoMag = kPrimoAnno + kAnni - 1;
 constexpr int kSingoli = 2'000;
-
-/// Documents of twenty rows over three years, two warehouses; orders and jobs partly served.
-class GeneratoreMagazzino {
- public:
-  GeneratoreMagazzino(Ambiente& ambiente, int prodotti, int righe)
-      : archivio_(ambiente.ArchivioDi("tessarc")), prodotti_(prodotti), righe_(righe) {}
-
-  void Genera() {
-    for (int i = 0; i < prodotti_; ++i) {
-      archivio_.Inserisci("CodiciRiga",
-                          {{"Cod", CodiceProdotto(i)},
-                           {"Descrizione", "prodotto di prova numero " + std::to_string(i)},
-                           {"um", "NR"},
-                           {"CostoDigitato", Importo::DaDecimillesimi(100LL * sorte_.Fino(9'999))},
-                           {"Prezzo", Importo::DaDecimillesimi(150LL * sorte_.Fino(9'999))},
-                           {"Scorta", Importo::DaUnita(sorte_.Fino(20))}});
-    }
-    for (int i = 0; i < righe_; ++i) Riga(i);
-    for (int i = 0; i < righe_ / 200; ++i) Aperte(i);
-  }
-
- private:
-  void Riga(int i) {
-    constexpr int kPerDocumento = 20;
-    const int perAnno = righe_ / kAnni + 1;
-    const bool carico = sorte_.Fino(100) < 45;
-    const bool servita = i % 250 == 0;
-    archivio_.Inserisci(
-        "FattureCli_r",
-        {{"TipoDoc", carico ? "XC" : "XS"},
-         {"Anno", kPrimoAnno + i / perAnno},
-         {"NumDoc", i / kPerDocumento + 1},
-         {"Posi", i % kPerDocumento * 100 + 100},
-         {"CodiceRiga", CodiceProdotto(sorte_.Fino(prodotti_))},
-         {"Descrizione", "prodotto di prova, come lo dice il documento"},
-         {"Quantita", Importo::DaUnita(1 + sorte_.Fino(carico ? 40 : 30))},
-         {"Prezzo", Importo::DaDecimillesimi(100LL * (1 + sorte_.Fino(9'999)))},
-         {"Sc1", Importo::DaUnita(sorte_.Fino(3) * 10)},
-         {"Dt",
-          Data::DaGma(1, 1, kPrimoAnno + i / perAnno)->PiuGiorni(i % perAnno * 364LL / perAnno)},
-         {"CS", carico ? "C" : "S"},
-         {"CFP", carico ? "F" : "C"},
-         {"CausaleMag", carico ? "XC" : "XS"},
-         {"Mag", sorte_.Fino(2) == 0 ? "01" : "02"},
-         {"Ordine", servita ? 1 + i / 250 : 0},
-         {"PosiOrdine", servita ? 100 : 0}});
-  }
-  void Aperte(int i) {
-    for (const char* tabella : {"OrdiniCli_r", "OrdiniFor_r"}) {
-      archivio_.Inserisci(tabella, {{"TipoDoc", "O"},
-                                    {"NumDoc", i + 1},
-                                    {"Posi", 100},
-                                    {"CodiceRiga", CodiceProdotto(sorte_.Fino(prodotti_))},
-                                    {"Quantita", Importo::DaUnita(1 + sorte_.Fino(50))},
-                                    {"OrdineSaldato", i % 3 == 0}});
-    }
-    archivio_.Inserisci("Commesse_r", {{"NumDoc", i + 1},
-                                       {"Posi", 100},
-                                       {"CodiceRiga", CodiceProdotto(sorte_.Fino(prodotti_))},
-                                       {"Quantita", Importo::DaUnita(1 + sorte_.Fino(9))},
-                                       {"Ut", i % 2 == 0}});
-  }
-
-  Archivio& archivio_;
-  int prodotti_;
-  int righe_;
-  Sequenza sorte_{16};
-};
-
-void GeneraMagazzino(const OpzioniAmbiente& opzioni, const char* ditta, int parte) {
-  FaiDitta(opzioni, ditta, kPrimoAnno, kAnni, [parte](Ambiente& ambiente) {
-    Transazione transazione(ambiente.Basi(), Transazione::Ambito::Tessarc);
-    GeneratoreMagazzino(ambiente, kProdotti / parte, kRigheMag / parte).Genera();
-    transazione.Conferma();
-  });
-}
 
 /// What open rows ask for less what was served, of one product or grouped.
 std::string Aperte(const char* tabella, const char* chiave, const char* altro, const char* aperta) {
@@ -150,7 +65,8 @@ Rapporto MisuraEsistenza(Ambiente& ambiente, Nuda& nuda) {
   SommeNude nude(nuda);
   Sequenza sorte(7);
   std::vector<std::string> codici;
-  for (int i = 0; i < kSingoli; ++i) codici.push_back(CodiceProdotto(sorte.Fino(kProdotti)));
+  for (int i = 0; i < kSingoli; ++i)
+    codici.push_back(CodiceProdotto(sorte.Fino(kProdottiMagazzino)));
   std::int64_t letto = 0;
   Rapporto rapporto = Misura(
       "esistenza-prodotto", 1.3,
@@ -219,7 +135,7 @@ Rapporto MisuraSituazione(Ambiente& ambiente, Nuda& nuda) {
       [&] {
         for (auto* istruzione : nude) prodotti += Leggi(istruzione) == 0 ? 1 : 0;
       });
-  if (prodotti < kProdotti || valore.Zero()) throw std::runtime_error("nessun prodotto");
+  if (prodotti < kProdottiMagazzino || valore.Zero()) throw std::runtime_error("nessun prodotto");
   return rapporto;
 }
 
@@ -244,35 +160,45 @@ double MegabyteSituazione(const OpzioniAmbiente& opzioni, const char* ditta) {
 
 }  // namespace
 
-void GeneraMagazzino(const OpzioniAmbiente& opzioni) {
-  GeneraMagazzino(opzioni, kGrandeMag, 1);
-}
-
 std::vector<Rapporto> MisureMagazzino(const OpzioniAmbiente& opzioni, const Nomi& nomi) {
   std::vector<Rapporto> rapporti;
   const bool esistenza = Chiesto(nomi, "esistenza-prodotto");
   const bool situazione = Chiesto(nomi, "situazione-magazzino");
   const bool memoria = Chiesto(nomi, "situazione-memoria");
-  if (!esistenza && !situazione && !memoria) return rapporti;
-  GeneraMagazzino(opzioni, kGrandeMag, 1);
+  const bool documenti = Chiesto(nomi, "documenti-apertura");
+  const bool prodotti = Chiesto(nomi, "prodotti-apertura");
+  if (!esistenza && !situazione && !memoria && !documenti && !prodotti) return rapporti;
+  GeneraMagazzino(opzioni, kDittaMagazzino);
   if (esistenza || situazione) {
     DialoghiMuti dialoghi;
     OrologioDiSistema orologio;
     CasoDiSistema caso;
     Ambiente ambiente(opzioni, dialoghi, orologio, caso);
-    if (auto esito = ambiente.ApriDitta(kGrandeMag); !esito) {
+    if (auto esito = ambiente.ApriDitta(kDittaMagazzino); !esito) {
       throw std::runtime_error(esito.Errore().messaggio);
     }
-    Nuda nuda(opzioni.cartellaProgramma / kGrandeMag / "Cont32.mdb",
+    Nuda nuda(opzioni.cartellaProgramma / kDittaMagazzino / "Cont32.mdb",
               engine::sqlite::RegistraMotore);
     if (esistenza) rapporti.push_back(MisuraEsistenza(ambiente, nuda));
     if (situazione) rapporti.push_back(MisuraSituazione(ambiente, nuda));
   }
+  if (documenti || prodotti) {
+    constexpr int kCentesima = 100;
+    GeneraMagazzino(opzioni, kDittaMagazzinoCentesima, kCentesima);
+  }
+  if (documenti) {
+    rapporti.push_back(MisuraApertura("documenti-apertura", opzioni, QStringLiteral("FattureCli"),
+                                      kDittaMagazzino, kDittaMagazzinoCentesima));
+  }
+  if (prodotti) {
+    rapporti.push_back(MisuraApertura("prodotti-apertura", opzioni, QStringLiteral("CodiciRiga"),
+                                      kDittaMagazzino, kDittaMagazzinoCentesima));
+  }
   if (memoria) {
     constexpr int kDecima = 10;
-    GeneraMagazzino(opzioni, kDecimaMag, kDecima);
-    const double poca = MegabyteSituazione(opzioni, kDecimaMag);
-    const double tanta = MegabyteSituazione(opzioni, kGrandeMag);
+    GeneraMagazzino(opzioni, kDittaMagazzinoDecima, kDecima);
+    const double poca = MegabyteSituazione(opzioni, kDittaMagazzinoDecima);
+    const double tanta = MegabyteSituazione(opzioni, kDittaMagazzino);
     std::printf("# situazione-memoria: %.0f MB, %.0f MB\n", tanta, poca);
     rapporti.push_back({"situazione-memoria", tanta / poca, 1.3});
   }

@@ -10,13 +10,6 @@
 
 namespace fenalto::banco {
 
-/// A company of 50,000 products with 1,000,000 rows of documents over three years.
-inline constexpr const char* kDittaMagazzino = "Magazzino";
-inline constexpr int kProdottiMagazzino = 50'000;
-/// Makes it unless it is there.
-void GeneraMagazzino(const OpzioniAmbiente& opzioni);
-std::string CodiceProdotto(int numero);
-
 std::vector<Rapporto> MisureMagazzino(const OpzioniAmbiente& opzioni, const Nomi& nomi);
 
 /// Prints the warehouse report of a generated company by code into a PDF, and the memory that it

@@ -106,7 +106,7 @@ Rapporto MisuraRicerca(Ambiente& ambiente) {
     std::printf("# cerca-prodotti «%s»: %.1f ms\n", digitata, tempi.back() * 1e3);
   }
   std::printf("# cerca-prodotti: al peggio %.1f ms a lettera\n", peggiore * 1e3);
-  constexpr double kLimite = 12;
+  constexpr double kLimite = 20;
   return Misura(
       "cerca-prodotti", kLimite,
       [&] {
@@ -125,8 +125,8 @@ Rapporto MisuraRecenti(Ambiente& ambiente) {
   Nuda nuda(ambiente.PercorsoDb("tessarc"), engine::sqlite::RegistraMotore);
   auto* nudo = nuda.Prepara(
       "SELECT Dt, NumDoc, CodiceRiga, Descrizione, um, Quantita, Prezzo, Sc1, Sc2, Sc3, Num, Anno "
-      "FROM FattureCli_r WHERE CFP='C' AND CliFor='0001' AND TipoDoc='XT' ORDER BY Dt DESC LIMIT "
-      "1000");
+      "FROM FattureCli_r WHERE CFP='C' AND CliFor='0001' AND TipoDoc='XT' ORDER BY Dt DESC, "
+      "NumDoc DESC, Anno DESC, Num DESC LIMIT 1000");
   documents::ProdottiRecenti recenti(ambiente);
   recenti.Di({"XT", "C", "0001"});
   constexpr double kLimite = 3;

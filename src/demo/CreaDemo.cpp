@@ -38,11 +38,11 @@ Esito<bool> CreaDemoSeVuota(const OpzioniAmbiente& opzioni, Orologio& orologio) 
     // One for all: the first start waits for the disk once, not at every record.
     Transazione transazione(ambiente.Basi());
     ScriviAnagraficheDemo(ambiente, dialoghi);
+    MagazzinoDemo magazzino(ambiente, dialoghi, orologio.Oggi());
+    magazzino.Prodotti();
     libro.PrimoAnno(corrente - 1);
     libro.SecondoAnno(corrente);
     ScriviCespitiDemo(ambiente, dialoghi, corrente);
-    MagazzinoDemo magazzino(ambiente, dialoghi, orologio.Oggi());
-    magazzino.Prodotti();
     magazzino.Documenti(corrente - 1, corrente);
     transazione.Conferma();
   } catch (const ErroreArchivio& e) {

@@ -13,6 +13,8 @@ using ::testing::Pair;
 
 class InterrogazioneParteTest : public DittaDiProva {
  protected:
+  /// The types of document are those that a test makes.
+  InterrogazioneParteTest() { Tessarc().Esegui("DELETE * FROM TipiFattureCli"); }
   void Scadenza(const char* conto, Data dt, const char* importo, const char* pagato,
                 const char* stato, int articolo = 0) {
     Archivio& scadenzario = ambiente.ArchivioDi("scadenzario");

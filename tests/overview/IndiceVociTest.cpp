@@ -108,7 +108,19 @@ TEST_F(VociDellaDittaTest, ContiEPartiSecondoIDiritti) {
   const auto cassa = indice.Cerca("100.010", 5);
   ASSERT_FALSE(cassa.empty());
   EXPECT_EQ(cassa[0].voce->rinvio, AlConto("P", "100.010"));
-  // Parties without accounts for whoever has no right to the books.
+  // A product by a word of its first line, by its barcode, and by its code when it is out of use.
+  Metti(Tessarc(), "CodiciRiga", "Cod", "XA1", "Descrizione", "Vite svasata\nzincata", "Barcode",
+        "8001234", "FuoriUso", true);
+  indice.Imposta(IndiceVoci::Parte::Ditta, overview::LeggiVociDitta(ambiente));
+  for (const char* testo : {"svasata", "8001234", "xa1"}) {
+    const auto vite = indice.Cerca(testo, 5);
+    ASSERT_EQ(vite.size(), 1U) << testo;
+    EXPECT_EQ(vite[0].voce->nome, "Vite svasata");
+    EXPECT_EQ(vite[0].voce->percorso, "fuori uso");
+    EXPECT_EQ(vite[0].voce->rinvio, AllArchivio("CODICIRIGA", "XA1"));
+  }
+  EXPECT_THAT(indice.Cerca("zincata", 5), IsEmpty());
+  // Parties and products without accounts for whoever has no right to the books.
   Utenti::HashEconomico(true);
   ASSERT_TRUE(Utenti(ambiente).Salva("", {"capo", "", 99}, "a"));
   ASSERT_TRUE(Utenti(ambiente).Salva("", {"magazzino", "", 30}, "b"));
@@ -122,6 +134,7 @@ TEST_F(VociDellaDittaTest, ContiEPartiSecondoIDiritti) {
   ASSERT_TRUE(altra->ambiente->Accedi("magazzino", "b"));
   Utenti::HashEconomico(false);
   EXPECT_TRUE(generi().contains(GenereVoce::Cliente));
+  EXPECT_TRUE(generi().contains(GenereVoce::Prodotto));
   EXPECT_FALSE(generi().contains(GenereVoce::Conto));
 }
 

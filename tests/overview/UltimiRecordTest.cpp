@@ -73,6 +73,13 @@ TEST_F(UltimiRecordTest, UnDocumento) {
                   "registrazione: affitto, art. " + numero + " del 15/03 > Movimenti " + numero));
 }
 
+TEST_F(UltimiRecordTest, UnProdotto) {
+  Metti(Tessarc(), "CodiciRiga", "Cod", "XA", "Descrizione", "Vite\nzincata");
+  ambiente.Ricorda(AllArchivio("CODICIRIGA", "eliminato"));
+  ambiente.Ricorda(AllArchivio("CODICIRIGA", "XA"));
+  EXPECT_THAT(Ultimi(), ElementsAre("prodotto: Vite, XA > CODICIRIGA XA"));
+}
+
 TEST_F(UltimiRecordTest, SenzaMemoriaLeUltimeDellAnno) {
   const auto prima = Registra({{"100.010", I("5")}, {"700.010", I("-5")}});
   const auto seconda = Registra({{"100.010", I("5")}, {"700.010", I("-5")}});

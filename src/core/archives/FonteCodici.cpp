@@ -78,7 +78,14 @@ class FonteTabella : public FonteCodici {
     for (Rs righe = Leggi({d_.condizione, intero}, massimo); !righe.Eof(); righe.MoveNext()) {
       altre.push_back({NzStr(righe.Fields(0)), Descritta(righe)});
     }
-    Aggiungi(trovate, Elencate(sql::CriterioInizia(kChiave, testo), massimo), massimo);
+    // Within the bounds that the index knows; one that begins so but for an accent has its words.
+    const std::string fine = testo + "\xF4\x8F\xBF\xBF";
+    Aggiungi(
+        trovate,
+        Elencate(sql::Criterio(kChiave, ">=", testo) + " AND " + sql::Criterio(kChiave, "<", fine) +
+                     " AND " + sql::CriterioInizia(kChiave, testo),
+                 massimo),
+        massimo);
     if (trovate.size() < static_cast<std::size_t>(massimo)) {
       std::vector<std::string> campi{kChiave, d_.descrizione};
       campi.insert(campi.end(), d_.anche.begin(), d_.anche.end());

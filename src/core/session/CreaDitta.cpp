@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <set>
 #include <stdexcept>
 #include <system_error>
 
@@ -93,6 +94,12 @@ void CaricaTabella(Archivio& archivio, const fs::path& file) {
   }
   const bool aCodice = tabella->chiave.size() == 1 && UgualeTesto(tabella->chiave[0], "Cod") &&
                        !campi.empty() && UgualeTesto(campi[0].first, "Cod");
+  std::set<std::string> delloSchema;
+  if (aCodice) {
+    for (Rs rs = archivio.Recordset("SELECT Cod FROM " + tabella->nome); !rs.Eof(); rs.MoveNext()) {
+      delloSchema.insert(rs.Fields(0).Testo());
+    }
+  }
   for (const auto& riga : csv.righe) {
     for (std::size_t i = 0; i < campi.size(); ++i) {
       try {
@@ -102,8 +109,9 @@ void CaricaTabella(Archivio& archivio, const fs::path& file) {
                      "» non va bene per il campo " + campi[i].first);
       }
     }
-    // A code that the schema brings along is the model's to fill in.
-    if (aCodice) {
+    // A code that the schema brings along is the model's to fill in; one that the file repeats is
+    // refused by the key.
+    if (aCodice && delloSchema.erase(campi[0].second.Testo()) != 0) {
       archivio.Esegui("DELETE * FROM " + tabella->nome + " WHERE " +
                       sql::Criterio("Cod", "=", campi[0].second));
     }

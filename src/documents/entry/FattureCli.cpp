@@ -8,6 +8,21 @@
 #include "documents/entry/FattureCliInterno.h"
 
 namespace fenalto::documents {
+namespace {
+
+/// Codes in a column of a document's rows that aren't in their archive.
+std::string SenzaRecord(const std::string& colonna, const std::string& tabella,
+                        const std::string& chiave) {
+  return "select distinct FattureCli_r." + colonna + " from FattureCli_r left join " + tabella +
+         " on FattureCli_r." + colonna + "=" + tabella + ".Cod where " + tabella +
+         ".Cod is null and FattureCli_r." + colonna + "<>'' and " + chiave;
+}
+
+}  // namespace
+
+std::string CodicePerduto(const std::string& campo, const std::string& codice) {
+  return campo + "|" + SenzaMaiuscole(codice);
+}
 
 FattureCli::Interno::Interno(Ambiente& ambienteUsato)
     : ambiente(ambienteUsato),
@@ -196,18 +211,13 @@ void FattureCli::Interno::CaricaTesta(const Rs& record) {
 
 void FattureCli::Interno::LeggiCodiciPerduti() {
   perduti.clear();
-  constexpr std::array<std::pair<const char*, const char*>, 3> kCodici = {
-      {{"CodiceRiga", "CodiciRiga"}, {"CodIva", "CodiciIva"}, {"Conto", "Conti"}}};
-  for (const auto& [campo, tabella] : kCodici) {
-    const std::string colonna(campo);
-    const std::string archivio(tabella);
-    for (Rs rs = tessarc.Recordset("select distinct FattureCli_r." + colonna +
-                                   " as Codice from FattureCli_r left join " + archivio +
-                                   " on FattureCli_r." + colonna + "=" + archivio + ".Cod where " +
-                                   archivio + ".Cod is null and FattureCli_r." + colonna +
-                                   "<>'' and " + records::Condizione(Identita().Chiave()));
-         !rs.Eof(); rs.MoveNext()) {
-      perduti.insert(colonna + "|" + SenzaMaiuscole(rs.Fields("Codice").Testo()));
+  const std::string chiave = records::Condizione(Identita().Chiave());
+  for (const auto& [colonna, tabella] :
+       {std::pair("CodiceRiga", "CodiciRiga"), std::pair("CodIva", "CodiciIva"),
+        std::pair("Conto", "Conti")}) {
+    for (Rs rs = tessarc.Recordset(SenzaRecord(colonna, tabella, chiave)); !rs.Eof();
+         rs.MoveNext()) {
+      perduti.insert(CodicePerduto(colonna, rs.Fields(0).Testo()));
     }
   }
 }
@@ -257,6 +267,9 @@ bool FattureCli::Apri(const IdentitaDocumento& cercato) {
   if (!preso) {
     motivo = "il documento " + io.tipo.cod + " n. " + std::to_string(io.numeroRecord) +
              " è in modifica " + preso.Errore().Descrizione();
+  } else if (io.anno != io.ambiente.Anno()) {
+    motivo = "il documento è dell'anno " + std::to_string(io.anno) +
+             ": per correggerlo scegliere quell'anno";
   } else if (motivo.empty() && !io.T("Riva").empty()) {
     motivo = "il documento è contabilizzato sul registro iva " + io.T("Riva");
   }

@@ -155,6 +155,9 @@ class FattureCli {
 
   bool Conferma(std::string* campo = nullptr);
   [[nodiscard]] IdentitaDocumento Confermato() const;
+  /// What the last confirmation or deletion did, a line a document; whoever sells a hundred times a
+  /// day needs no notice for it.
+  [[nodiscard]] const std::vector<std::string>& Fatto() const;
   bool Elimina();
   void Abbandona();
 

@@ -9,6 +9,16 @@
 #include "duedates/schedules/TestoScadenze.h"
 
 namespace fenalto::documents {
+namespace {
+
+/// Told when what a row fulfils isn't there to be marked.
+std::string NonTrovato(const char* cosa, std::int64_t numero, std::int64_t posi,
+                       const char* segno) {
+  return std::string("attenzione : non trovo più ") + cosa + " " + std::to_string(numero) +
+         " posi " + std::to_string(posi) + "\r\nper memorizzare " + segno + "=vero";
+}
+
+}  // namespace
 
 // --- Before --------------------------------------------------------------------------------------
 
@@ -106,9 +116,7 @@ void FattureCli::Interno::SegnaOrdini(Scritta& scritta) {
         tessarc, tabella, {{"OrdineSaldato", true}},
         {{"TipoDoc", "O"}, {"NumDoc", una.ordine}, {"Posi", una.posiOrdine}});
     if (segnate != 0) continue;
-    scritta.avvisi.push_back("attenzione : non trovo più l'ordine " + std::to_string(una.ordine) +
-                             " posi " + std::to_string(una.posiOrdine) +
-                             "\r\nper memorizzare ordinesaldato=vero");
+    scritta.avvisi.push_back(NonTrovato("l'ordine", una.ordine, una.posiOrdine, "ordinesaldato"));
   }
 }
 
@@ -121,8 +129,7 @@ void FattureCli::Interno::SegnaCommesse(Scritta& scritta) {
                                {{"NumDoc", una.commessa}, {"Posi", una.posiCommessa}});
     if (segnate != 0) continue;
     scritta.avvisi.push_back(
-        "attenzione : non trovo più la commessa " + std::to_string(una.commessa) + " posi " +
-        std::to_string(una.posiCommessa) + "\r\nper memorizzare 'utilizzato'=vero");
+        NonTrovato("la commessa", una.commessa, una.posiCommessa, "'utilizzato'"));
   }
 }
 
@@ -162,9 +169,8 @@ void FattureCli::Interno::ScriviTutto(Scritta& scritta) {
 
 void FattureCli::Interno::Annuncia(const Scritta& scritta) {
   for (const std::string& avviso : scritta.avvisi) Avviso(avviso);
-  std::string testo = NomeDocumento(scritta.numDoc) + " memorizzato";
-  for (const std::string& annuncio : scritta.annunci) testo += "\n" + annuncio;
-  ambiente.Dialogo().Annuncia(testo);
+  fatto = {NomeDocumento(scritta.numDoc) + " memorizzato"};
+  fatto.insert(fatto.end(), scritta.annunci.begin(), scritta.annunci.end());
 }
 
 bool FattureCli::Conferma(std::string* campo) {
@@ -221,6 +227,10 @@ bool FattureCli::Conferma(std::string* campo) {
 
 IdentitaDocumento FattureCli::Confermato() const {
   return interno_->confermato;
+}
+
+const std::vector<std::string>& FattureCli::Fatto() const {
+  return interno_->fatto;
 }
 
 }  // namespace fenalto::documents

@@ -49,10 +49,6 @@ std::optional<Rifiuto> FattureCli::Interno::ControllaAggiunti() {
   }
   if (auto rifiuto = ControllaLegati()) return rifiuto;
   AvvisaData();
-  if (righe.Tutte().empty() &&
-      !ambiente.Dialogo().Conferma("il documento non ha righe: lo confermo ugualmente ?")) {
-    return Rifiuto{"", "PNuovaRiga"};
-  }
   return std::nullopt;
 }
 
@@ -119,8 +115,7 @@ std::optional<Rifiuto> FattureCli::Interno::ControllaCodiciDelleRighe() {
   const auto ignoto = [&](const char* campo, const char* didascalia, const char* fonte,
                           const RigaDocumento& una,
                           const std::string& codice) -> std::optional<Rifiuto> {
-    if (codice.empty() || Esiste(fonte, codice) ||
-        perduti.contains(campo + ("|" + SenzaMaiuscole(codice)))) {
+    if (codice.empty() || Esiste(fonte, codice) || perduti.contains(CodicePerduto(campo, codice))) {
       return std::nullopt;
     }
     auto rifiuto = archives::CodiceIgnoto(ambiente, {campo, didascalia, fonte}, codice);

@@ -54,7 +54,7 @@ bool FattureCli::Elimina() {
   io.bloccati.clear();
   if (!eliminato) return false;
   io.allegati.EliminaFile();
-  io.ambiente.Dialogo().Annuncia(io.NomeDocumento(io.numeroRecord) + " eliminato");
+  io.fatto = {io.NomeDocumento(io.numeroRecord) + " eliminato"};
   io.ChiudiRecord();
   return true;
 }

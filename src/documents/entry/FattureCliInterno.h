@@ -48,6 +48,9 @@ inline constexpr std::array<CodiceTesta, 9> kCodiciTesta = {
      {"RaCod", "Ritenuta", "ritenute"},
      {"RaCod2", "Ritenuta 2", "ritenute"}}};
 
+/// Name of a row's code among those without a record.
+std::string CodicePerduto(const std::string& campo, const std::string& codice);
+
 /// A document that was written with another one.
 struct Legato {
   IdentitaDocumento identita;
@@ -166,7 +169,7 @@ struct FattureCli::Interno {
   [[nodiscard]] Importo EsistenzaDopo(const std::string& prodotto, Importo digitata,
                                       const RigaDocumento* sostituita);
   void AvvisaEsistenza(const RigaDocumento& una);
-  void CalcolaMargine(const RigaDocumento& una, AccantoRiga& fatto);
+  void CalcolaMargine(const RigaDocumento& una, AccantoRiga& visto);
   void AvvisaEsistenze(const std::vector<RigaDocumento>& aggiunte);
   /// Stock of a product as it would be without this document.
   [[nodiscard]] Importo EsistenzaSenza(const std::string& prodotto);
@@ -265,6 +268,7 @@ struct FattureCli::Interno {
   std::int64_t numeroRecord = 0;
   std::int64_t idRecord = 0;
   IdentitaDocumento confermato;
+  std::vector<std::string> fatto;
   std::string titoloNuovo;
   Rs parte;
   Data dataAvvisata;

@@ -28,6 +28,26 @@ std::string Estremi(const IdentitaDocumento& documento) {
   return documento.tipoDoc + "/" + std::to_string(documento.numDoc);
 }
 
+Rifiuto TipoSparito(const std::string& codice) {
+  return {"il tipo documento " + codice + ", da scrivere insieme a questo, non esiste più", ""};
+}
+
+std::string InModifica(const Legato& documento, const Detentore& chi) {
+  return "il documento " + documento.Nome() + " è in modifica " + chi.Descrizione();
+}
+
+/// Condition on rows: of any document but that one.
+std::string NonDi(const IdentitaDocumento& documento) {
+  return " and (" + sql::Criterio("TipoDoc", "<>", documento.tipoDoc) + " or " +
+         sql::Criterio("Anno", "<>", documento.anno) + " or " +
+         sql::Criterio("NumDoc", "<>", documento.numDoc) + ")";
+}
+
+std::string ComponentiDi(const std::string& prodotto) {
+  return "select CodiceRiga, Quantita from Db_r where " + sql::Criterio("Cod", "=", prodotto) +
+         " order by Posi";
+}
+
 }  // namespace
 
 std::string Legato::Nome() const {
@@ -58,21 +78,11 @@ IdentitaDocumento FattureCli::Interno::Origine() const {
 }
 
 void FattureCli::Interno::AvvisaLegati() const {
-  const auto origine = static_cast<OrigineDocumento>(N("CREATOINAUTOMATICO"));
-  if (origine == OrigineDocumento::ScaricoComponenti) {
-    ambiente.Dialogo().Annuncia("scarico automatico dei componenti del carico " +
-                                Estremi(Origine()));
-  }
-  if (origine == OrigineDocumento::TrasportoEsistenze) {
-    ambiente.Dialogo().Annuncia(
-        "documento scritto dal trasporto delle esistenze, che lo sostituisce quando è ripetuto");
-  }
   if (!gemello) return;
-  ambiente.Dialogo().Annuncia((origine == OrigineDocumento::Trasferimento
-                                   ? "questo documento è l'altro lato del trasferimento "
-                                   : "l'altro lato di questo trasferimento è il documento ") +
-                              gemello->Nome() +
-                              ": chi corregge o elimina l'uno corregge o elimina anche l'altro");
+  ambiente.Dialogo().Annuncia(
+      (LatoCarico() ? "questo documento è l'altro lato del trasferimento "
+                    : "l'altro lato di questo trasferimento è il documento ") +
+      gemello->Nome() + ": chi corregge o elimina l'uno corregge o elimina anche l'altro");
 }
 
 bool FattureCli::Interno::LatoCarico() const {
@@ -84,8 +94,7 @@ bool FattureCli::Interno::LatoCarico() const {
 std::optional<Rifiuto> FattureCli::Interno::ControllaLegati() {
   for (const std::string& codice : {tipo.tipoDocScaricoDB, tipo.tipoDocTrasferimento}) {
     if (codice.empty() || LeggiTipo(ambiente, codice)) continue;
-    return Rifiuto{"il tipo documento " + codice + ", da scrivere insieme a questo, non esiste più",
-                   ""};
+    return TipoSparito(codice);
   }
   if (tipo.tipoDocTrasferimento.empty() || LatoCarico()) return std::nullopt;
   const std::string destinazione(Rifila(T(kMagDest)));
@@ -103,8 +112,7 @@ bool FattureCli::Interno::BloccaLegati(const std::vector<Legato>& quali) {
   for (const Legato& uno : quali) {
     bloccati.push_back(BloccaDocumento(ambiente, uno.identita));
     if (bloccati.back()) continue;
-    Avviso("il documento " + uno.Nome() + " è in modifica " +
-           bloccati.back().Errore().Descrizione());
+    Avviso(InModifica(uno, bloccati.back().Errore()));
     bloccati.clear();
     return false;
   }
@@ -179,9 +187,7 @@ bool FattureCli::Interno::ConComponenti(std::int64_t nl1) {
   std::string condizione = sql::Criterio("NL3", "=", nl1);
   if (eliminaComponenti) {
     for (const Legato& uno : componenti) {
-      condizione += " and (" + sql::Criterio("TipoDoc", "<>", uno.identita.tipoDoc) + " or " +
-                    sql::Criterio("Anno", "<>", uno.identita.anno) + " or " +
-                    sql::Criterio("NumDoc", "<>", uno.identita.numDoc) + ")";
+      condizione += NonDi(uno.identita);
     }
   }
   return !tessarc.Singolo("select 1 from ZRigheComponenti where " + condizione).Nullo();
@@ -200,10 +206,7 @@ std::vector<RigaDocumento> FattureCli::Interno::RigheComponenti(
   std::vector<RigaDocumento> scaricate;
   for (const RigaDocumento& caricata : caricate) {
     if (caricata.codiceRiga.empty() || caricata.quantita.Zero()) continue;
-    for (Rs rs =
-             tessarc.Recordset("select CodiceRiga, Quantita from Db_r where " +
-                               sql::Criterio("Cod", "=", caricata.codiceRiga) + " order by Posi");
-         !rs.Eof(); rs.MoveNext()) {
+    for (Rs rs = tessarc.Recordset(ComponentiDi(caricata.codiceRiga)); !rs.Eof(); rs.MoveNext()) {
       RigaDocumento una;
       una.posi = static_cast<std::int64_t>(scaricate.size() + 1) * kPassoPosi;
       una.codiceRiga = rs.Fields(0).Testo();

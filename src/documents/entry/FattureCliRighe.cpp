@@ -149,22 +149,22 @@ std::optional<AccantoRiga> FattureCli::Accanto() const {
     letto.costi = io.CostiDi(una.codiceRiga);
     io.accanto.emplace(quale, letto);
   }
-  AccantoRiga fatto = io.accanto->second;
-  if (io.Livello() && io.DiClienti()) io.CalcolaMargine(una, fatto);
-  return fatto;
+  AccantoRiga visto = io.accanto->second;
+  if (io.Livello() && io.DiClienti()) io.CalcolaMargine(una, visto);
+  return visto;
 }
 
-void FattureCli::Interno::CalcolaMargine(const RigaDocumento& una, AccantoRiga& fatto) {
+void FattureCli::Interno::CalcolaMargine(const RigaDocumento& una, AccantoRiga& visto) {
   try {
     const Importo netto = tipo.prezziIvati
                               ? ScorporaImponibile(una.importo, AliquotaDi(una.codIva).perc)
                               : una.importo;
     const Importo margine = netto - una.costo.Per(una.quantita);
-    if (!netto.Zero()) fatto.marginePerc = margine.Per(Importo::DaUnita(100)).Diviso(netto);
-    fatto.margine = margine;
+    if (!netto.Zero()) visto.marginePerc = margine.Per(Importo::DaUnita(100)).Diviso(netto);
+    visto.margine = margine;
   } catch (const FuoriCampo&) {
     // Figures that can't be confirmed have no margin.
-    fatto.marginePerc.reset();
+    visto.marginePerc.reset();
   }
 }
 
@@ -280,8 +280,11 @@ std::optional<Rifiuto> FattureCli::Interno::ControllaCodiciRiga(const RigaDocume
        {std::pair("Sc1", una.sc1), std::pair("Sc2", una.sc2), std::pair("Sc3", una.sc3)}) {
     if (sconto > kTutto) return Rifiuto{"lo sconto non può superare il 100 per cento", campo};
   }
-  // A delivery note becomes an invoice: what that needs is known here.
-  if (!DaFatturare() || !DiClienti() || una.quantita.Zero()) return std::nullopt;
+  // What is sold, or will be invoiced, needs both: neither is guessed.
+  if (!DiClienti() || !(DaFatturare() || tipo.Scontrino()) || una.quantita.Zero()) {
+    return std::nullopt;
+  }
+  if (una.conto.empty()) return Rifiuto{"manca conto", "Conto"};
   if (una.codIva.empty()) return Rifiuto{"manca codice iva", "CodIva"};
   return std::nullopt;
 }

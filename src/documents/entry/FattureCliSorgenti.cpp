@@ -10,6 +10,10 @@ namespace {
 
 constexpr Importo kUno = Importo::DaDecimillesimi(Importo::kScala);
 
+Errore RigaRifiutata(std::size_t quale, const std::string& codice, const std::string& perche) {
+  return {"riga " + std::to_string(quale) + " (" + codice + "): " + perche};
+}
+
 template <class T>
 void Prendi(T& membro, const std::optional<T>& dato) {
   if (dato) membro = *dato;
@@ -92,8 +96,11 @@ void FattureCli::Interno::AvvisaEsistenze(const std::vector<RigaDocumento>& aggi
   for (const auto& [chiave, voce] : quantita) {
     const Importo resta = EsistenzaSenza(voce.first) - voce.second;
     if (!resta.Negativo()) continue;
-    testo += (testo.empty() ? "" : "\n") + voce.first + ": Esistenza " + ScriviImporto(resta, 0) +
-             " negativa";
+    testo.append(testo.empty() ? "" : "\n")
+        .append(voce.first)
+        .append(": Esistenza ")
+        .append(ScriviImporto(resta, 0))
+        .append(" negativa");
   }
   if (!testo.empty()) Avviso(testo);
 }
@@ -114,8 +121,7 @@ std::optional<Errore> FattureCli::RigheDa(const std::vector<ValoriRiga>& date) {
     auto rifiuto = io.ControllaRiga(una);
     if (!rifiuto) rifiuto = io.CompletaRiga(una);
     if (rifiuto) {
-      return Errore{"riga " + std::to_string(nuove.size() + 1) + " (" + valori.codiceRiga +
-                    "): " + rifiuto->messaggio};
+      return RigaRifiutata(nuove.size() + 1, valori.codiceRiga, rifiuto->messaggio);
     }
     nuove.push_back(std::move(una));
   }
@@ -128,7 +134,9 @@ std::optional<Errore> FattureCli::RigheDa(const std::vector<ValoriRiga>& date) {
     return Errore{e.what()};
   }
   std::string avvisi;
-  for (const std::string& avviso : proposta.avvisi) avvisi += (avvisi.empty() ? "" : "\n") + avviso;
+  for (const std::string& avviso : proposta.avvisi) {
+    avvisi.append(avvisi.empty() ? "" : "\n").append(avviso);
+  }
   if (!avvisi.empty()) io.Avviso(avvisi);
   io.Segna();
   return std::nullopt;

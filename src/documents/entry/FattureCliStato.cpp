@@ -82,7 +82,7 @@ std::vector<std::string> FattureCli::InformazioniTipo() const {
   std::string altri;
   for (const TipoDocumento& altro : interno_->tipi) {
     if (UgualeTesto(altro.riva, tipo.riva) && !UgualeTesto(altro.cod, tipo.cod)) {
-      altri += (altri.empty() ? "" : ", ") + altro.cod;
+      altri.append(altri.empty() ? "" : ", ").append(altro.cod);
     }
   }
   if (!altri.empty()) {

@@ -90,7 +90,7 @@ std::vector<std::string> FattureCli::DatiParte() const {
     std::string testo;
     for (const char* campo : campi) {
       const std::string pezzo = NzStr(io.DellaParte(campo));
-      if (!pezzo.empty()) testo += (testo.empty() ? "" : " ") + pezzo;
+      if (!pezzo.empty()) testo.append(testo.empty() ? "" : " ").append(pezzo);
     }
     if (!testo.empty()) righe.push_back(testo);
   };

@@ -80,7 +80,7 @@ RigaIncollata LeggiRiga(const TabellaCsv::Riga& cruda, const CercaProdotto& cerc
     riga.errore = "non c'è un prodotto con codice o barcode " + Visibile(codice);
   }
   riga.valori.quantita = Numero(Cella(cruda, kQuantita), "quantità", riga.errore);
-  if (!riga.valori.quantita) riga.valori.quantita = Importo::DaUnita(1);
+  if (Cella(cruda, kQuantita).empty()) riga.valori.quantita = Importo::DaUnita(1);
   riga.valori.prezzo = Numero(Cella(cruda, kPrezzo), "prezzo", riga.errore);
   if (const std::string sconto = Cella(cruda, kSconto); !sconto.empty()) LeggiSconti(sconto, riga);
   for (std::size_t i = kColonne; i < cruda.campi.size() && riga.errore.empty(); ++i) {
@@ -95,6 +95,8 @@ RigaIncollata LeggiRiga(const TabellaCsv::Riga& cruda, const CercaProdotto& cerc
 
 Esito<std::vector<RigaIncollata>> LeggiIncollate(std::string_view testo,
                                                  const CercaProdotto& cerca) {
+  constexpr std::string_view kSegnoUtf8 = "\xEF\xBB\xBF";
+  if (testo.starts_with(kSegnoUtf8)) testo.remove_prefix(kSegnoUtf8.size());
   const bool tabulato = testo.find('\t') != std::string_view::npos;
   const OpzioniCsv opzioni{.separatore = tabulato ? '\t' : ';',
                            .tollerante = true,

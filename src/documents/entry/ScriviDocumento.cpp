@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::int64_t kUltimoNumero = std::numeric_limits<std::int32_t>::max();
 
-std::vector<Coppia> CampiTesta(const DocumentoDaScrivere& documento) {
+std::vector<Coppia> CampiTesta(Ambiente& ambiente, const DocumentoDaScrivere& documento) {
   const TipoDocumento& tipo = documento.tipo;
   std::vector<Coppia> campi = documento.altriCampi;
   // What `altriCampi` says isn't said again.
@@ -37,6 +37,11 @@ std::vector<Coppia> CampiTesta(const DocumentoDaScrivere& documento) {
   aggiungi("Mag", documento.mag);
   aggiungi("Fatturo", tipo.Bolla() && tipo.fatturo);
   aggiungi("CodiceCausaleTrasporto", tipo.codiceCausaleTrasporto);
+  if (!tipo.codiceCausaleTrasporto.empty()) {
+    aggiungi("CausaleTrasporto",
+             NzStr(ambiente.Cerca("tessarc", "CodiciCausaliTrasporto",
+                                  {{"Cod", tipo.codiceCausaleTrasporto}}, "Descrizione")));
+  }
   aggiungi("Trasporto", tipo.trasporto);
   aggiungi("Porto", tipo.porto);
   aggiungi("CodAspetto", tipo.codAspetto);
@@ -100,7 +105,7 @@ std::int64_t ScriviDocumento(Ambiente& ambiente, DocumentoDaScrivere documento) 
     documento.numDoc = ProssimoNumero(ambiente, documento.tipo, documento.anno);
   }
   CompletaRighe(ambiente, documento);
-  ambiente.ArchivioDi("tessarc").Inserisci(kTestaDocumenti, CampiTesta(documento));
+  ambiente.ArchivioDi("tessarc").Inserisci(kTestaDocumenti, CampiTesta(ambiente, documento));
   AggiungiRighe(ambiente, {documento.tipo.cod, documento.anno, documento.numDoc},
                 Copiate(documento), documento.righe);
   return documento.numDoc;

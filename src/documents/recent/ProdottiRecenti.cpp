@@ -14,6 +14,9 @@ constexpr int kTratto = 1'000;  ///< document rows that a reading goes through
 constexpr const char* kVoci =
     "Dt as Data,Numdoc as NDoc, CodiceRiga, Descrizione, um, Quantita, Prezzo, Sc1, Sc2, Sc3, Num, "
     "Anno";
+constexpr std::size_t kNumDoc = 1;
+constexpr std::size_t kCodice = 2;
+constexpr std::size_t kDescrizione = 3;
 constexpr std::size_t kAnno = kIdentitaRecente + 1;
 constexpr const char* kOrdine = " ORDER BY Dt DESC, Numdoc DESC, Anno DESC, Num DESC";
 
@@ -48,9 +51,16 @@ std::string Dopo(const Rs& riga) {
 std::vector<Valore> Mostrata(const Rs& riga) {
   std::vector<Valore> valori;
   for (std::size_t c = 0; c <= kIdentitaRecente; ++c) valori.push_back(riga.Fields(c));
-  constexpr std::size_t kDescrizione = 3;
   valori[kDescrizione] = PrimaLinea(NzStr(valori[kDescrizione]));
   return valori;
+}
+
+/// Whether code and description hold all words.
+bool Risponde(const Rs& riga, const std::string& codice, const std::vector<std::string>& parole) {
+  if (parole.empty()) return true;
+  const std::string dove = codice + "\n" + NzStr(riga.Fields(kDescrizione));
+  return std::ranges::all_of(parole,
+                             [&](const std::string& parola) { return InRicerca(dove, parola); });
 }
 
 }  // namespace
@@ -71,13 +81,10 @@ archives::FonteElenco::Righe ProdottiRecenti::Avanti() {
        !riga.Eof(); riga.MoveNext()) {
     // The last row read says where the next stretch begins.
     if (++lette == kTratto) oltre_ = Dopo(riga);
-    numero_ = riga.Fields("NDoc").Intero();
-    const std::string codice = riga.Fields("CodiceRiga").Testo();
+    numero_ = riga.Fields(kNumDoc).Intero();
+    const std::string codice = riga.Fields(kCodice).Testo();
     if (!visti_.insert(SenzaMaiuscole(codice)).second) continue;
-    const std::string dove = codice + "\n" + NzStr(riga.Fields("Descrizione"));
-    const bool trovata = std::ranges::all_of(
-        parole_, [&](const std::string& parola) { return InRicerca(dove, parola); });
-    if (trovata) righe.push_back(Mostrata(riga));
+    if (Risponde(riga, codice, parole_)) righe.push_back(Mostrata(riga));
   }
   finita_ = lette < kTratto;
   return righe;

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <string>
+#include <unordered_set>
 
 #include "core/archives/FonteElenco.h"
 #include "core/session/Ambiente.h"
@@ -45,9 +45,9 @@ class ProdottiRecenti : public archives::FonteElenco {
   Ambiente& ambiente_;
   SceltaRecenti scelta_;
   std::vector<std::string> parole_;
-  std::set<std::string> visti_;  ///< codes met, without case
-  std::string oltre_;            ///< condition of the rows that follow
-  std::int64_t numero_ = 0;      ///< of the document read last
+  std::unordered_set<std::string> visti_;  ///< codes met, without case
+  std::string oltre_;                      ///< condition of the rows that follow
+  std::int64_t numero_ = 0;                ///< of the document read last
   bool finita_ = true;
 };
 

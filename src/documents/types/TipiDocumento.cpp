@@ -18,7 +18,7 @@ using records::DiCodice;
 using records::Digitato;
 using records::GenereCampo;
 
-constexpr int kCaratteriTipo = 4;
+constexpr int kCaratteriTipo = 6;
 constexpr int kTitolo = 50;
 constexpr int kRigaPiede = 80;
 constexpr int kPercorso = 1'000;  // longer than is accepted, so that it can be refused

@@ -28,7 +28,8 @@ struct ViaGrande {
 constexpr ViaGrande kVie[] = {
     {"IniziaMovimenti", "Registrazioni", "primanota: tutto ciò che non ha l'IVA", "Movimenti",
      kContabilita},
-    {"IniziaFatture", "Fatture IVA", "fatture emesse e ricevute, corrispettivi", "Fatture", 0},
+    {"IniziaFatture", "Fatture IVA", "emesse, ricevute, corrispettivi", "Fatture", 0},
+    {"IniziaDocumenti", "Documenti", "ddt, carichi, magazzino", "FattureCli", 30},
     {"IniziaPagamenti", "Pagamenti e incassi", "dalle scadenze alla registrazione",
      "PagamentiDaScadenzario", kContabilita},
 };

@@ -5,7 +5,7 @@
 namespace fenalto::warehouse {
 namespace {
 
-/// What sums are taken of: source, its columns after the product, condition.
+/// What sums are taken of: source, its columns after the product, its WHERE.
 struct Somme {
   std::string da;
   std::string colonne;
@@ -16,45 +16,27 @@ struct Somme {
 Somme Movimenti(int anno, const FiltroEsistenza& filtro) {
   Somme somme{"FattureCli_r",
               "Sum(IIf(CS='C',Quantita,0)) AS Carichi, Sum(IIf(CS='S',Quantita,0)) AS Scarichi",
-              sql::Criterio("Anno", "=", anno)};
+              " WHERE " + sql::Criterio("Anno", "=", anno)};
   if (!filtro.mag.empty()) somme.dove += " AND " + sql::Criterio("Mag", "=", filtro.mag);
   if (!filtro.finoAl.Nulla()) somme.dove += " AND " + sql::Criterio("Dt", "<=", filtro.finoAl);
   return somme;
 }
 
-/// What rows ask for less what documents have served of each: beyond its quantity a row counts
-/// below zero. `serviti` is the stored query that a partial index answers.
-Somme Aperte(const std::string& tabella, const std::string& serviti, const std::string& chiave,
-             const std::string& posizione, const std::string& condizioneServiti,
-             const std::string& condizione) {
-  const std::string servita = "(SELECT Sum(" + serviti + ".Quantita) FROM " + serviti + " WHERE " +
-                              serviti + "." + chiave + "=" + tabella + ".NumDoc AND " + serviti +
-                              "." + posizione + "=" + tabella + ".Posi AND " + serviti + "." +
-                              condizioneServiti + ")";
-  return {tabella, "Sum(" + tabella + ".Quantita-Nz(" + servita + ",0)) AS Resta", condizione};
-}
+/// Rows of orders and jobs with what of each is still open: stored queries, whose conditions stay
+/// text, so that the partial indexes below them answer. A row served beyond its quantity counts
+/// below zero.
+constexpr const char* kOrdiniCli = "ZOrdiniCliAperti";
+constexpr const char* kCommesse = "ZCommesseAperte";
+constexpr const char* kOrdiniFor = "ZOrdiniForAperti";
 
-Somme OrdiniCli() {
-  return Aperte("OrdiniCli_r", "ZRigheOrdine", "Ordine", "PosiOrdine", "CFP='C'",
-                "OrdineSaldato=False AND TipoDoc='O'");
-}
-Somme Commesse() {
-  return Aperte("Commesse_r", "ZRigheCommessa", "Commessa", "PosiCommessa", "CS='S'", "Ut=False");
-}
-Somme OrdiniFor() {
-  return Aperte("OrdiniFor_r", "ZRigheOrdine", "Ordine", "PosiOrdine", "CFP='F'",
-                "OrdineSaldato=False AND TipoDoc='O'");
-}
-
-Rs DiUno(Archivio& tessarc, const Somme& somme, const std::string& prodotto) {
-  return tessarc.Recordset("SELECT " + somme.colonne + " FROM " + somme.da + " WHERE " +
-                           sql::Criterio("CodiceRiga", "=", prodotto) + " AND " + somme.dove);
+Somme Aperte(const char* vista) {
+  return {vista, "Sum(Resta) AS Aperta", ""};
 }
 
 /// Of all products, by code and what `poi` adds to it.
 SerieCodici DiTutti(Ambiente& ambiente, const Somme& somme, const std::string& poi = "") {
   return SerieCodici(ambiente.ArchivioDi("tessarc").Recordset(
-      "SELECT CodiceRiga, " + somme.colonne + poi + " FROM " + somme.da + " WHERE " + somme.dove +
+      "SELECT CodiceRiga, " + somme.colonne + poi + " FROM " + somme.da + somme.dove +
       " GROUP BY CodiceRiga" + poi + " ORDER BY CodiceRiga" + poi));
 }
 
@@ -69,24 +51,31 @@ void Deriva(Esistenza& figure) {
 
 Esistenza CalcoloEsistenza(Ambiente& ambiente, const std::string& prodotto,
                            const FiltroEsistenza& filtro) {
-  Archivio& tessarc = ambiente.ArchivioDi("tessarc");
-  Esistenza figure;
+  const std::string suo = sql::Criterio("CodiceRiga", "=", prodotto);
+  const auto aperta = [&](const char* vista) {
+    const Somme somme = Aperte(vista);
+    return ", (SELECT " + somme.colonne + " FROM " + somme.da + " WHERE " + suo + ")";
+  };
+  // One statement for all sums: each would cost more to ask for than to add up.
+  const Somme mossi = Movimenti(ambiente.Anno(), filtro);
+  const Rs rs = ambiente.ArchivioDi("tessarc").Recordset(
+      "SELECT " + mossi.colonne + aperta(kOrdiniCli) + aperta(kCommesse) + aperta(kOrdiniFor) +
+      " FROM " + mossi.da + mossi.dove + " AND " + suo);
   // Sums over nothing are Null, which reads as zero.
-  const Rs movimenti = DiUno(tessarc, Movimenti(ambiente.Anno(), filtro), prodotto);
-  figure.carichi = movimenti.Fields(0).Importo();
-  figure.scarichi = movimenti.Fields(1).Importo();
-  figure.impegnato = DiUno(tessarc, OrdiniCli(), prodotto).Fields(0).Importo() +
-                     DiUno(tessarc, Commesse(), prodotto).Fields(0).Importo();
-  figure.ordinato = DiUno(tessarc, OrdiniFor(), prodotto).Fields(0).Importo();
+  Esistenza figure;
+  figure.carichi = rs.Fields(0).Importo();
+  figure.scarichi = rs.Fields(1).Importo();
+  figure.impegnato = rs.Fields(2).Importo() + rs.Fields(3).Importo();
+  figure.ordinato = rs.Fields(4).Importo();
   Deriva(figure);
   return figure;
 }
 
 EsistenzeInSerie::EsistenzeInSerie(Ambiente& ambiente, const FiltroEsistenza& filtro)
     : movimenti_(DiTutti(ambiente, Movimenti(ambiente.Anno(), filtro))),
-      ordiniCli_(DiTutti(ambiente, OrdiniCli())),
-      commesse_(DiTutti(ambiente, Commesse())),
-      ordiniFor_(DiTutti(ambiente, OrdiniFor())) {}
+      ordiniCli_(DiTutti(ambiente, Aperte(kOrdiniCli))),
+      commesse_(DiTutti(ambiente, Aperte(kCommesse))),
+      ordiniFor_(DiTutti(ambiente, Aperte(kOrdiniFor))) {}
 
 Esistenza EsistenzeInSerie::Di(const std::string& prodotto) {
   const auto resta = [&](SerieCodici& serie) {

@@ -217,6 +217,16 @@ TEST_F(FattureCliTest, DocumentoContabilizzatoSoloDaConsultare) {
   EXPECT_FALSE(d.Elimina());
 }
 
+TEST_F(FattureCliTest, AltroAnnoSoloDaConsultare) {
+  ASSERT_EQ(Inserisci({.righe = {{"P1", I("1"), I("4")}}}), 1);
+  ASSERT_TRUE(ambiente.ScegliAnno(2025).Riuscito());
+  FattureCli d(ambiente);
+  EXPECT_FALSE(d.Apri("10", 1));
+  ASSERT_TRUE(d.Apri({"10", 2024, 1}));
+  EXPECT_THAT(SoloMessaggio(), HasSubstr("il documento è dell'anno 2024"));
+  EXPECT_FALSE(d.Conferma());
+}
+
 TEST_F(FattureCliTest, InModificaAltrove) {
   ASSERT_EQ(Inserisci({.righe = {{"P1", I("1"), I("4")}}}), 1);
   const auto cassa = NuovaStazione("CASSA");

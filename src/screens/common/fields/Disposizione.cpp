@@ -124,13 +124,16 @@ QString SenzaSegno(QString testo) {
   return testo;
 }
 
+/// The caption without its letter, marked in it or put after it.
+QString Dicitura(const QAbstractButton& pulsante) {
+  static const QRegularExpression kAggiunta(QStringLiteral(" \\(&[A-Z]\\)$"));
+  return SenzaSegno(pulsante.text().remove(kAggiunta));
+}
+
 void Segna(const QList<QAbstractButton*>& pulsanti, const Lettere::Insieme& insieme) {
   std::vector<QString> testi;
   // A letter written after a caption gives way to a better one.
-  static const QRegularExpression kAggiunta(QStringLiteral(" \\(&[A-Z]\\)$"));
-  for (const auto* pulsante : pulsanti) {
-    testi.push_back(SenzaSegno(pulsante->text().remove(kAggiunta)));
-  }
+  for (const auto* pulsante : pulsanti) testi.push_back(Dicitura(*pulsante));
   const std::vector<int> posti = Lettere(testi, insieme).Assegna(testi);
   for (std::size_t i = 0; i < testi.size(); ++i) {
     QString testo = testi[i];
@@ -220,6 +223,10 @@ void OrdinaFuochi(const QList<QWidget*>& controlli) {
   }
 }
 
+bool HaTasto(const QAbstractButton& pulsante) {
+  return pulsante.toolTip().startsWith(Dicitura(pulsante) + QStringLiteral(" ("));
+}
+
 void AssegnaMnemoniche(const QList<QAbstractButton*>& pulsanti) {
   Segna(pulsanti, [](std::size_t, std::size_t) { return true; });
 }
@@ -230,13 +237,16 @@ void DistribuisciLettere(const QWidget& finestra) {
     const bool usato = pulsante->isEnabled() || !pulsante->shortcut().isEmpty();
     if (usato && !pulsante->text().isEmpty()) pulsanti << pulsante;
   }
-  // What is pressed all day chooses first, jumps to other functions last.
+  // What is pressed all day chooses first, then jumps to other functions; a button that has a key
+  // of its own can do without.
   const auto turno = [](const QAbstractButton* pulsante) {
     const QString nome = pulsante->objectName();
     const auto primi = {"Conferma", "ConfermaRiga", "Nuovo", "PNuovaRiga", "Apri", "Stampa"};
     const auto* suo = std::find_if(primi.begin(), primi.end(),
                                    [&](const char* primo) { return nome == QLatin1String(primo); });
-    return suo != primi.end() ? 0 : nome.startsWith(QLatin1String("FunzCor")) ? 2 : 1;
+    if (suo != primi.end()) return 0;
+    if (HaTasto(*pulsante)) return 3;
+    return nome.startsWith(QLatin1String("FunzCor")) ? 2 : 1;
   };
   std::stable_sort(pulsanti.begin(), pulsanti.end(),
                    [&](const auto* uno, const auto* altro) { return turno(uno) < turno(altro); });

@@ -43,6 +43,9 @@ void FocoInVista(QWidget* controllo);
 /// Gives the focus from one to the next by Tab.
 void OrdinaFuochi(const QList<QWidget*>& controlli);
 
+/// The button has a key besides its letter, which its tooltip names.
+bool HaTasto(const QAbstractButton& pulsante);
+
 /// Gives each button an Alt letter of its caption that no other of the list and no menu of the main
 /// window has, or one after the caption where none of its own is left; those first in the list
 /// before the others.

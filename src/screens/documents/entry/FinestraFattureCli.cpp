@@ -37,9 +37,7 @@ FinestraFattureCli* FinestraFattureCli::Crea(Finestre& finestre) {
     finestre.Sessione().Dialogo().Messaggio(impedimento, Icona::Avviso);
     return nullptr;
   }
-  auto* finestra = new FinestraFattureCli(finestre);
-  if (finestra->documento_.Riprendi()) finestra->MostraDocumento();
-  return finestra;
+  return new FinestraFattureCli(finestre);
 }
 
 FinestraFattureCli::FinestraFattureCli(Finestre& finestre)
@@ -122,6 +120,13 @@ void FinestraFattureCli::ApriRecord(const Rinvio& rinvio) {
   }
   ApriDocumento(
       {rinvio.classe.empty() ? documento_.Tipo().cod : rinvio.classe, anno, rinvio.Numero()});
+}
+
+bool FinestraFattureCli::Riprendi() {
+  if (!documento_.Riprendi()) return false;
+  scelta_->Mostra();
+  MostraDocumento();
+  return true;
 }
 
 void FinestraFattureCli::Nuovo() {

@@ -16,8 +16,7 @@ class FinestraFattureCli : public FinestraDuePagine {
   explicit FinestraFattureCli(Finestre& finestre);
   ~FinestraFattureCli() override;
 
-  /// The window, or null after telling why no document can be entered in the company. A document
-  /// that a stopped program left behind is offered in it.
+  /// The window, or null after telling why no document can be entered in the company.
   static FinestraFattureCli* Crea(Finestre& finestre);
 
   void ApriRecord(const Rinvio& rinvio) override;
@@ -30,6 +29,7 @@ class FinestraFattureCli : public FinestraDuePagine {
   bool Invio(QWidget& campo) override;
 
   void Apri(std::int64_t numero) override;
+  bool Riprendi() override;
   void ChiudiRecord() override;
   bool IndietroDaScelta() override;
   void FocoScelta() override;

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "core/values/FormatoImporto.h"
 #include "screens/common/fields/Campi.h"
@@ -54,12 +55,13 @@ PaginaSceltaDocumento::PaginaSceltaDocumento(documents::FattureCli& documento, F
   auto* destra = new QVBoxLayout;
   destra->setContentsMargins(0, 0, 0, 0);
   destra->addWidget(CreaNuovo());
-  destra->addWidget(CreaSdoppia());
+  auto* sdoppia = CreaSdoppia();
+  destra->addWidget(sdoppia);
   destra->addStretch(1);
   constexpr int kLargo = 250;
   auto* lato = new QWidget;
   lato->setLayout(destra);
-  lato->setFixedWidth(Cresciuta(kLargo));
+  lato->setFixedWidth(std::max(Cresciuta(kLargo), sdoppia->minimumSizeHint().width()));
   griglia->addWidget(lato, 1, 1);
   pulsanti_ << esporta_;
   griglia->addWidget(RiquadroCorrelate(finestre_, kCorrelate, kCorrelatePerRiga, pulsanti_), 2, 0,
@@ -190,8 +192,13 @@ QGroupBox* PaginaSceltaDocumento::CreaNuovo() {
   nuovo_ = Pulsante(QStringLiteral("Nuovo"), tr("Nuovo documento"), tr("Ins"));
   pulsanti_ << nuovo_;
   auto* colonna = new QVBoxLayout(riquadro);
+  fatto_ = new QLabel;
+  fatto_->setObjectName(QStringLiteral("UltimoDocumento"));
+  fatto_->setTextFormat(Qt::PlainText);
+  fatto_->setWordWrap(true);
   colonna->addWidget(informazioni_);
   colonna->addWidget(nuovo_);
+  colonna->addWidget(fatto_);
   connect(nuovo_, &QPushButton::clicked, this, &PaginaSceltaDocumento::NuovoChiesto);
   return riquadro;
 }
@@ -250,6 +257,9 @@ void PaginaSceltaDocumento::MostraTipo() {
   QStringList righe;
   for (const std::string& riga : documento_.InformazioniTipo()) righe << Qs(riga);
   informazioni_->setText(righe.join(QLatin1Char('\n')));
+  QStringList fatto;
+  for (const std::string& riga : documento_.Fatto()) fatto << Qs(riga);
+  fatto_->setText(fatto.join(QLatin1Char('\n')));
 }
 
 void PaginaSceltaDocumento::Mostra() {

@@ -75,6 +75,7 @@ class PaginaSceltaDocumento : public QWidget {
   ElencoCercato* elenco_;
   QGroupBox* riquadroElenco_;
   QLabel* informazioni_;
+  QLabel* fatto_;  ///< what the last confirmation or deletion did
   QPushButton* nuovo_;
   CampoCodice* yTipoDoc_;
   CampoNumero* yAnno_;

@@ -59,7 +59,7 @@ FinestraProdotti::FinestraProdotti(std::shared_ptr<warehouse::ParteProdotto> par
   connect(findChild<QPushButton*>(QStringLiteral("Command1")), &QPushButton::clicked, this,
           &FinestraProdotti::AggiornaCosto);
   connect(file_, &RiquadroFile::Scelto, this, [this] { MostraRecord(); });
-  AssegnaMnemoniche(file_->Pulsanti() + situazione_->Pulsanti());
+  DistribuisciLettere(*this);
   MostraAltro();
 }
 
