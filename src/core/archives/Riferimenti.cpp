@@ -212,7 +212,9 @@ bool Percorri(Ambiente& ambiente, std::string_view archivio, std::string_view co
     Archivio& dati = ambiente.ArchivioDi(r.chiave);
     const std::string dove = Dove(r, codice);
     for (const std::string& pezzo : passo ? Pezzi(dati, r, dove) : std::vector<std::string>{""}) {
-      fatte += dati.Esegui(azione(r) + dove + pezzo);
+      std::string sql = azione(r);
+      sql.append(dove).append(pezzo);
+      fatte += dati.Esegui(sql);
       if (passo && !passo(fatte)) return false;
     }
   }

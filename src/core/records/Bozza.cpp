@@ -225,7 +225,8 @@ bool BozzaDiTesta::Concorda(const BozzaLasciata& lasciata) const {
 
 void BozzaDiTesta::RiempiTesta(const BozzaLasciata& lasciata, Scheda& testa) {
   note_ = lasciata.note;
-  for (const auto& [nome, prima] : base_) {
+  for (const auto& voce : base_) {
+    const std::string& nome = voce.first;
     if (!lasciata.record.empty() && !lasciata.testa.contains(nome)) continue;
     DaTesto(lasciata.testa, nome, testa.TipoDi(nome),
             [&](const Valore& valore) { testa.Scrivi(nome, valore); });

@@ -190,7 +190,7 @@ std::vector<VoceTrasporto> TrasportoEsistenze::DaScrivere() const {
 }
 
 std::string TrasportoEsistenze::Scrivi(const SceltaTrasporto& scelta) {
-  const std::string cambiato =
+  std::string cambiato =
       "le esistenze sono state cambiate da un'altra stazione mentre si guardavano: leggerle di "
       "nuovo";
   if (ImprontaEsistenze(ambiente_) != impronta_) return cambiato;

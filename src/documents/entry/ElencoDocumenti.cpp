@@ -111,8 +111,13 @@ std::string ElencoDocumenti::Cercato(const std::string& testo) {
   if (cercato.numero) condizione += " OR " + sql::Criterio(da + "NumDoc", "=", *cercato.numero);
   for (const auto& [classe, codici] : ledger::ContiCercati(Tessarc(), cercato.testo)) {
     if (classe == "P") continue;
-    condizione += " OR (" + sql::Criterio(da + "CFP", "=", classe) + " AND " + da + "CliFor IN (" +
-                  codici + "))";
+    condizione.append(" OR (")
+        .append(sql::Criterio(da + "CFP", "=", classe))
+        .append(" AND ")
+        .append(da)
+        .append("CliFor IN (")
+        .append(codici)
+        .append("))");
   }
   return condizione;
 }
@@ -143,12 +148,12 @@ std::vector<ElencoDocumenti::Letto> ElencoDocumenti::Leggi(const std::string& co
                                  ? da + "NumDoc DESC"
                                  : da + "Dt DESC, " + da + "TipoDoc DESC, " + da + "NumDoc DESC";
   std::vector<Letto> letti;
-  for (Rs righe = Tessarc().Recordset(
-           "SELECT TOP " + std::to_string(quanti) +
-           " TipoDoc, NumDoc, Dt, CFP, CliFor, Mag, NumDocCarico, DtDocCarico, Fatturo, Fattura, "
-           "CREATOINAUTOMATICO FROM " +
-           Da() + " WHERE " + condizione + " ORDER BY " + ordine);
-       !righe.Eof(); righe.MoveNext()) {
+  const std::string sql =
+      "SELECT TOP " + std::to_string(quanti) +
+      " TipoDoc, NumDoc, Dt, CFP, CliFor, Mag, NumDocCarico, DtDocCarico, Fatturo, Fattura, "
+      "CREATOINAUTOMATICO FROM " +
+      Da() + " WHERE " + condizione + " ORDER BY " + ordine;
+  for (Rs righe = Tessarc().Recordset(sql); !righe.Eof(); righe.MoveNext()) {
     Letto letto{.tipoDoc = righe.Fields("TipoDoc").Testo(),
                 .numDoc = righe.Fields("NumDoc").Intero(),
                 .data = righe.Fields("Dt").Data(),
