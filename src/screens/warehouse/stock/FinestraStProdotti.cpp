@@ -80,7 +80,7 @@ void FinestraStProdotti::CreaSituazione() {
   colonna.addLayout(situazione_);
   auto* stampa = Pulsante(QStringLiteral("Stampa2"), tr("Stampa"));
   auto* foglio = Pulsante(QStringLiteral("XlsEsp"), tr("Esporta in foglio"));
-  connect(stampa, &QPushButton::clicked, this, &FinestraStProdotti::Stampa2);
+  connect(stampa, &QPushButton::clicked, this, &FinestraStProdotti::StampaSituazione);
   connect(foglio, &QPushButton::clicked, this, &FinestraStProdotti::FoglioSituazione);
   auto* piede = CreaOpzioni().Riga();
   piede->addWidget(foglio);
@@ -177,7 +177,7 @@ SceltaMagazzino FinestraStProdotti::Situazione() const {
   return scelta;
 }
 
-void FinestraStProdotti::Stampa2() {
+void FinestraStProdotti::StampaSituazione() {
   RifiutiDi(stampa_);
   Raccolto([this] { stampa_.Stampa(Situazione()); });
 }

@@ -33,7 +33,7 @@ class FinestraStProdotti : public FinestraRapporto {
   void CreaPrezzi();
   [[nodiscard]] std::vector<std::string> Colonne() const;
   [[nodiscard]] warehouse::SceltaMagazzino Situazione() const;
-  void Stampa2();
+  void StampaSituazione();
   void FoglioSituazione();
   void LeggiRiordino();
   void VariaPrezzi();
