@@ -167,12 +167,14 @@ std::string AnelloUnione(Ambiente& ambiente, const std::string& codice, const st
   return {};
 }
 
-bool EliminazioneProdotto::Apri(std::string codice) {
+bool EliminazioneProdotto::Apri(const std::string& codice) {
+  // The code may be the one that is open.
+  const std::string dove = DoveCod(codice);
   codice_.clear();
   descrizione_.clear();
   fatto_.clear();
   const Rs riga = ambiente_.ArchivioDi("tessarc").Recordset(
-      std::string("select Cod, Descrizione, um from ") + kTabellaProdotti + DoveCod(codice));
+      std::string("select Cod, Descrizione, um from ") + kTabellaProdotti + dove);
   if (riga.Eof()) return false;
   codice_ = riga.Fields(0).Testo();
   descrizione_ = PrimaLinea(NzStr(riga.Fields(1)));

@@ -62,7 +62,7 @@ class EliminazioneProdotto {
       : ambiente_(ambiente), uscite_(uscite) {}
 
   /// Takes a product; false when there is none of that code.
-  bool Apri(std::string codice);
+  bool Apri(const std::string& codice);
   [[nodiscard]] bool Aperto() const { return !codice_.empty(); }
   [[nodiscard]] const std::string& Codice() const { return codice_; }
   [[nodiscard]] const std::string& Descrizione() const { return descrizione_; }

@@ -171,7 +171,8 @@ void FinestraEliminazioneProdotto::Rinomina() {
   }
 }
 
-void FinestraEliminazioneProdotto::Fatto(std::string codice) {
+void FinestraEliminazioneProdotto::Fatto(const std::string& fatto) {
+  const std::string codice = fatto;  // it may be the one that is open, and is closed here
   const bool archivio =
       dallArchivio_ && Gestore().FunzioneDisponibile(QStringLiteral("CodiciRiga"));
   if (archivio) {

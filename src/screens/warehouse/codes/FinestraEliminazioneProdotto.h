@@ -38,7 +38,7 @@ class FinestraEliminazioneProdotto : public FinestraFunzione {
   void Elimina();
   void Rinomina();
   /// What was done shows: the archive with the code that there is now, or the choice of a product.
-  void Fatto(std::string codice);
+  void Fatto(const std::string& fatto);
 
   warehouse::EliminazioneProdotto prodotto_;
   std::optional<warehouse::UsiProdotto> usi_;
