@@ -172,18 +172,19 @@ void FinestraEliminazioneProdotto::Rinomina() {
 }
 
 void FinestraEliminazioneProdotto::Fatto(const std::string& fatto) {
-  const std::string codice = fatto;  // it may be the one that is open, and is closed here
   const bool archivio =
       dallArchivio_ && Gestore().FunzioneDisponibile(QStringLiteral("CodiciRiga"));
   if (archivio) {
     Finestre& gestore = Gestore();
+    // The code may be the one that is open, and is closed here.
+    const Rinvio rinvio = AllArchivio("CODICIRIGA", fatto);
     prodotto_.Apri({});
     ChiudiDaTastiera();
-    gestore.Segui(AllArchivio("CODICIRIGA", codice));
+    gestore.Segui(rinvio);
     return;
   }
-  selettore_->setText(Qs(codice));
-  prodotto_.Apri(codice);
+  selettore_->setText(Qs(fatto));
+  prodotto_.Apri(fatto);
   selettore_->Risolvi();
   nuovo_->clear();
   MostraUsi();
