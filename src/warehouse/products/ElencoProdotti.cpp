@@ -92,7 +92,7 @@ void ElencoProdotti::Comincia(const archives::FiltroElenco& filtro) {
 
 std::string ElencoProdotti::Oltre() const {
   if (ultimo_.empty() && ultimoFornitore_.empty()) return {};
-  const std::string oltre = sql::Criterio(LetturaDi(quali_).cod, ">", ultimo_);
+  std::string oltre = sql::Criterio(LetturaDi(quali_).cod, ">", ultimo_);
   if (quali_ != QualiProdotti::PerFornitore) return oltre;
   return "(" + sql::Criterio("Fornitore", ">", ultimoFornitore_) + " OR (" +
          sql::Criterio("Fornitore", "=", ultimoFornitore_) + " AND " + oltre + "))";

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <iterator>
+#include <utility>
 
 #include "core/sql/Criterio.h"
 #include "core/values/PrimaLinea.h"
@@ -67,10 +68,13 @@ std::string Elencate(const std::vector<std::string>& nomi) {
 std::string Oltre(const std::vector<std::string>& chiavi, const std::vector<Valore>& dopo) {
   std::string oltre;
   for (std::size_t i = chiavi.size(); i-- > 0;) {
-    const std::string maggiore = sql::Criterio(chiavi[i], ">", dopo[i]);
-    oltre = oltre.empty() ? maggiore
-                          : "(" + maggiore + " OR (" + sql::Criterio(chiavi[i], "=", dopo[i]) +
-                                " AND " + oltre + "))";
+    std::string qui = sql::Criterio(chiavi[i], ">", dopo[i]);
+    if (!oltre.empty()) {
+      qui.insert(0, "(");
+      qui.append(" OR (").append(sql::Criterio(chiavi[i], "=", dopo[i]));
+      qui.append(" AND ").append(oltre).append("))");
+    }
+    oltre = std::move(qui);
   }
   return oltre;
 }
