@@ -107,7 +107,7 @@ records::StatoCampo FattureCli::StatoTesta(const std::string& nome) const {
     stato.visibile = trasporto || tipo.Fattura();
   } else if (Uno(nome, {"RiquadroCarico"})) {
     stato.visibile = io.Senso() == "C" || tipo.Movimento();
-  } else if (Uno(nome, {"PaginaDati", "PaginaDdt", "PaginaAltri"})) {
+  } else if (Uno(nome, {"PaginaDati"})) {
     stato.didascalia = trasporto ? "Dati DDT" : "Altri Dati";
   } else if (Uno(nome, {"NumDoc"})) {
     stato.attivo = io.documento.Nuovo();
@@ -129,8 +129,6 @@ records::StatoCampo FattureCli::StatoTesta(const std::string& nome) const {
     stato.visibile = tipo.Fatturazione();
   } else if (Uno(nome, {"Agente"})) {
     stato.visibile = tipo.cfp == "C";
-  } else if (Uno(nome, {"NotaEsenzione"})) {
-    stato.testo = NotaEsenzione();
   }
   return stato;
 }

@@ -6,6 +6,7 @@
 
 #include "core/session/Csv.h"
 #include "core/values/FormatoImporto.h"
+#include "core/values/PrimaLinea.h"
 #include "core/values/Testo.h"
 #include "warehouse/products/Prodotto.h"
 
@@ -124,8 +125,7 @@ Esito<std::vector<RigaIncollata>> LeggiIncollate(Ambiente& ambiente, std::string
     if (!nuovo) return posto->second;
     if (const auto codice = warehouse::TrovaProdotto(ambiente, letto)) {
       if (const auto prodotto = warehouse::LeggiProdotto(ambiente, *codice)) {
-        posto->second = {prodotto->cod, warehouse::PrimaRiga(prodotto->descrizione),
-                         prodotto->fuoriUso};
+        posto->second = {prodotto->cod, PrimaLinea(prodotto->descrizione), prodotto->fuoriUso};
       }
     }
     return posto->second;

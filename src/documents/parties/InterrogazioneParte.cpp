@@ -5,6 +5,7 @@
 #include <set>
 
 #include "core/sql/Criterio.h"
+#include "core/sql/CriterioDopo.h"
 #include "core/values/FormatoImporto.h"
 #include "core/values/Testo.h"
 #include "documents/parties/PartiInterno.h"
@@ -230,16 +231,6 @@ const GenereRamo& GenereDi(const RamoParte& ramo) {
                                [&](const GenereRamo& g) { return g.chiave == ramo.chiave; });
 }
 
-/// What comes after a leaf in the order of the columns. The first column is bounded apart, so that
-/// an index can begin there.
-std::string Dopo(const std::vector<const char*>& ordine, const std::vector<Valore>& segno,
-                 std::size_t da = 0) {
-  std::string maggiore = sql::Criterio(ordine[da], ">", segno[da]);
-  if (da + 1 == ordine.size()) return maggiore;
-  return sql::Criterio(ordine[da], ">=", segno[da]) + " AND (" + maggiore + " OR (" +
-         Dopo(ordine, segno, da + 1) + "))";
-}
-
 }  // namespace
 
 InterrogazioneParte::InterrogazioneParte(Ambiente& ambiente, std::string cfp, std::string codice)
@@ -276,7 +267,8 @@ std::vector<FogliaParte> InterrogazioneParte::Foglie(const RamoParte& ramo, cons
   const GenereRamo& genere = GenereDi(ramo);
   std::string sql = "SELECT TOP " + std::to_string(quante) + " " +
                     genere.foglie({ambiente_, cfp_, codice_}, ramo);
-  if (dopo != nullptr) sql += " AND " + Dopo(genere.ordine, dopo->segno);
+  if (dopo != nullptr)
+    sql += " AND " + sql::CriterioDopo({genere.ordine.begin(), genere.ordine.end()}, dopo->segno);
   const char* prima = " ORDER BY ";
   for (const char* colonna : genere.ordine) {
     sql += prima;

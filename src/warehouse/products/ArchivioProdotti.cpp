@@ -5,6 +5,7 @@
 #include "core/session/ImpostazioneAttiva.h"
 #include "core/sql/Criterio.h"
 #include "core/values/Aritmetica.h"
+#include "core/values/PrimaLinea.h"
 #include "core/values/Testo.h"
 #include "warehouse/products/CodificaProdotti.h"
 #include "warehouse/products/ProdottiInterno.h"
@@ -49,7 +50,7 @@ void ProdottoAperto(ContestoArchivio& contesto, ParteProdotto& parte) {
 
 /// The copy tells what it was made from, until its description is typed.
 void ProdottoCopiato(ContestoArchivio& contesto, const ParteProdotto& parte) {
-  const std::string prima = PrimaRiga(contesto.scheda.Testo("Descrizione"));
+  const std::string prima = PrimaLinea(contesto.scheda.Testo("Descrizione"));
   contesto.scheda.Scrivi(
       "Descrizione", prima + "\nnuovo da sdoppiamento prodotto " + contesto.origine + " " + prima);
   MostraPrezzo5(contesto, parte);

@@ -1,6 +1,7 @@
 #include "warehouse/products/ElencoProdotti.h"
 
 #include "core/sql/Criterio.h"
+#include "core/sql/CriterioDopo.h"
 #include "core/values/PrimaLinea.h"
 
 namespace fenalto::warehouse {
@@ -92,10 +93,9 @@ void ElencoProdotti::Comincia(const archives::FiltroElenco& filtro) {
 
 std::string ElencoProdotti::Oltre() const {
   if (ultimo_.empty() && ultimoFornitore_.empty()) return {};
-  std::string oltre = sql::Criterio(LetturaDi(quali_).cod, ">", ultimo_);
-  if (quali_ != QualiProdotti::PerFornitore) return oltre;
-  return "(" + sql::Criterio("Fornitore", ">", ultimoFornitore_) + " OR (" +
-         sql::Criterio("Fornitore", "=", ultimoFornitore_) + " AND " + oltre + "))";
+  const std::string_view cod = LetturaDi(quali_).cod;
+  if (quali_ != QualiProdotti::PerFornitore) return sql::CriterioDopo({cod}, {ultimo_});
+  return sql::CriterioDopo({"Fornitore", cod}, {ultimoFornitore_, ultimo_});
 }
 
 std::string ElencoProdotti::Istruzione() const {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/sql/Criterio.h"
+#include "core/sql/CriterioDopo.h"
 #include "core/values/Aritmetica.h"
 
 namespace fenalto::warehouse {
@@ -142,19 +143,6 @@ LettoreInterrogazione::LettoreInterrogazione(Ambiente& ambiente, Genere genere,
                                              std::string prodotto, bool tutti)
     : ambiente_(ambiente), genere_(genere), prodotto_(std::move(prodotto)), tutti_(tutti) {}
 
-/// Condition of the rows after the last one read.
-std::string LettoreInterrogazione::Dopo() const {
-  const auto& chiavi = FormaDi(genere_).chiavi;
-  std::string dopo;
-  std::string uguali;
-  for (std::size_t i = 0; i < chiavi.size(); ++i) {
-    dopo +=
-        (dopo.empty() ? "(" : " OR (") + uguali + sql::Criterio(chiavi[i], ">", ultima_[i]) + ")";
-    uguali += sql::Criterio(chiavi[i], "=", ultima_[i]) + " AND ";
-  }
-  return dopo;
-}
-
 std::vector<std::vector<Valore>> LettoreInterrogazione::Avanti() {
   std::vector<std::vector<Valore>> righe;
   if (finita_ || prodotto_.empty()) return righe;
@@ -164,7 +152,9 @@ std::vector<std::vector<Valore>> LettoreInterrogazione::Avanti() {
   if (forma.delAnno) sql += " AND " + sql::Criterio("Anno", "=", ambiente_.Anno());
   if (*forma.condizione != '\0') sql.append(" AND ").append(forma.condizione);
   if (*forma.aperte != '\0' && !tutti_) sql.append(" AND ").append(forma.aperte);
-  if (!ultima_.empty()) sql += " AND (" + Dopo() + ")";
+  if (!ultima_.empty()) {
+    sql += " AND " + sql::CriterioDopo({forma.chiavi.begin(), forma.chiavi.end()}, ultima_);
+  }
   const char* fra = " ORDER BY ";
   for (const char* chiave : forma.chiavi) {
     sql.append(fra).append(chiave);

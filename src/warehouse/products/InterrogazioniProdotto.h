@@ -57,7 +57,6 @@ class LettoreInterrogazione {
  private:
   struct Forma;
   [[nodiscard]] static const Forma& FormaDi(GenereInterrogazione genere);
-  [[nodiscard]] std::string Dopo() const;
   [[nodiscard]] Importo Evasa(const Rs& rs) const;
   [[nodiscard]] std::vector<Valore> Celle(const Rs& rs);
 

@@ -93,10 +93,6 @@ std::optional<std::string> TrovaProdotto(Ambiente& ambiente, const std::string& 
   return std::nullopt;
 }
 
-std::string PrimaRiga(const std::string& testo) {
-  return testo.substr(0, testo.find_first_of("\r\n"));
-}
-
 std::optional<FornitoreProdotto> LeggiFornitoreProdotto(Ambiente& ambiente,
                                                         const std::string& prodotto,
                                                         const std::string& fornitore) {

@@ -23,7 +23,7 @@ inline constexpr const char* kScontoTroppoAlto = "lo sconto non può superare 10
 struct Prodotto {
   std::int64_t id = 0;
   std::string cod;
-  std::string descrizione;  ///< several lines; PrimaRiga of it where there is room for one
+  std::string descrizione;  ///< several lines; PrimaLinea of it where there is room for one
   std::string descrizione1;
   std::string descrizione2;
   std::string um;
@@ -68,9 +68,6 @@ std::optional<Prodotto> LeggiProdotto(Ambiente& ambiente, const std::string& cod
 /// Code of the product that a scanner or a hand means: the one of that code, else the one of that
 /// barcode (of several the first in use, by code); nothing when there is none.
 std::optional<std::string> TrovaProdotto(Ambiente& ambiente, const std::string& letto);
-
-/// Up to the first line end.
-std::string PrimaRiga(const std::string& testo);
 
 /// A row of `prodottiFor_r`: what a supplier asks for a product.
 struct FornitoreProdotto {

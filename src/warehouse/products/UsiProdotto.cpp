@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/sql/Criterio.h"
+#include "core/sql/CriterioDopo.h"
 #include "core/values/PrimaLinea.h"
 
 namespace fenalto::warehouse {
@@ -62,21 +63,6 @@ std::string Elencate(const std::vector<std::string>& nomi) {
   std::string testo;
   for (const std::string& nome : nomi) testo += (testo.empty() ? "" : ",") + nome;
   return testo;
-}
-
-/// "(A>1 OR (A=1 AND B>2))": the rows after those keys.
-std::string Oltre(const std::vector<std::string>& chiavi, const std::vector<Valore>& dopo) {
-  std::string oltre;
-  for (std::size_t i = chiavi.size(); i-- > 0;) {
-    std::string qui = sql::Criterio(chiavi[i], ">", dopo[i]);
-    if (!oltre.empty()) {
-      qui.insert(0, "(");
-      qui.append(" OR (").append(sql::Criterio(chiavi[i], "=", dopo[i]));
-      qui.append(" AND ").append(oltre).append("))");
-    }
-    oltre = std::move(qui);
-  }
-  return oltre;
 }
 
 /// The columns read, each in the place where the keys stand in them.
@@ -159,7 +145,9 @@ std::vector<UsoProdotto> UsiProdotto::Leggi(std::size_t massimo) {
   const std::vector<std::string> chiavi = Chiavi(genere);
   std::string testo = "select top " + std::to_string(massimo) + " " + genere.voci + " from " +
                       genere.tabelle + " where " + sql::Criterio(genere.prodotto, "=", codice_);
-  if (!dopo_.empty()) testo += " and " + Oltre(chiavi, dopo_);
+  if (!dopo_.empty()) {
+    testo += " and " + sql::CriterioDopo({chiavi.begin(), chiavi.end()}, dopo_);
+  }
   testo += std::string(" GROUP BY ") + genere.voci + " ORDER BY " + Elencate(chiavi);
   std::vector<UsoProdotto> usi;
   if (passo_ == kComponente && dopo_.empty()) usi.push_back({"entra nelle seguenti distinte base"});

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/reports/Rapporto.h"
+#include "core/values/PrimaLinea.h"
 #include "warehouse/products/Prodotto.h"
 #include "warehouse/stock/Decimali.h"
 
@@ -89,7 +90,7 @@ class RapportoMovimenti {
  private:
   [[nodiscard]] std::string Titolo() const {
     return "Movimenti di magazzino del prodotto " + prodotto_.cod + " " +
-           PrimaRiga(prodotto_.descrizione);
+           PrimaLinea(prodotto_.descrizione);
   }
   [[nodiscard]] std::string Periodo() const {
     const FiltroMovimenti& f = scelta_.filtro;
@@ -118,7 +119,7 @@ class RapportoMovimenti {
     const FiltroMovimenti& f = scelta_.filtro;
     rapporto_.Titolo("TITOLO", "Movimenti di magazzino");
     rapporto_.Titolo("CODICERIGA", prodotto_.cod);
-    rapporto_.Titolo("DESCRIZIONEPRODOTTO", PrimaRiga(prodotto_.descrizione));
+    rapporto_.Titolo("DESCRIZIONEPRODOTTO", PrimaLinea(prodotto_.descrizione));
     rapporto_.Titolo("UM", prodotto_.um);
     rapporto_.Titolo("DADT", f.daDt.Testo());
     rapporto_.Titolo("AADT", f.aaDt.Testo());
